@@ -1,0 +1,81 @@
+#pragma once
+/// \file
+/// What the instrument asks of the desktop around it.
+
+#include <cstdint>
+#include <string>
+
+namespace marvolin {
+
+/// Looks of a message box.
+enum class BoxStyle : std::uint8_t {
+    Plain,     ///< one OK button
+    Critical,  ///< one OK button and the sign of an error
+    Question,  ///< OK and Cancel
+};
+
+/// A rectangle on the screen, in pixels.
+struct PixelRect {
+    std::int32_t Left = 0;
+    std::int32_t Top = 0;
+    std::int32_t Right = 0;
+    std::int32_t Bottom = 0;
+    friend bool operator==(const PixelRect&, const PixelRect&) = default;
+};
+
+/// A point on the screen, in pixels.
+struct PixelPoint {
+    std::int32_t X = 0;
+    std::int32_t Y = 0;
+    friend bool operator==(const PixelPoint&, const PixelPoint&) = default;
+};
+
+/// The two surfaces on which a ball is dragged.
+enum class Surface : std::uint8_t { Pad, Map };
+
+class Desktop {
+public:
+    virtual ~Desktop() = default;
+
+    /// Shows a message box and waits for the answer: true for OK. An empty title shows the program's name.
+    virtual bool MessageBox(const std::string& text, const std::string& title, BoxStyle style) = 0;
+    bool MessageBox(const std::string& text) { return MessageBox(text, "", BoxStyle::Plain); }
+
+    virtual void SetBusyPointer(bool busy) = 0;
+
+    /// Colour depth of the window's device.
+    virtual std::int32_t BitsPerPixel() = 0;
+    /// The desktop without its panels, in logical pixels.
+    virtual PixelRect WorkArea() = 0;
+    virtual double TwipsPerPixelX() = 0;
+    virtual double TwipsPerPixelY() = 0;
+
+    /// Where the inner area of a surface begins on the screen (`ClientToScreen` of its origin).
+    virtual PixelPoint SurfaceOrigin(Surface surface) = 0;
+    /// Puts the pointer there, where the system can.
+    virtual void SetCursorPos(PixelPoint point) = 0;
+    /// Keeps the pointer inside, where the system can.
+    virtual void ClipCursor(const PixelRect& rect) = 0;
+    /// Lets the pointer go again.
+    virtual void ReleaseCursor() = 0;
+
+    /// A new unique file in the system's temporary folder whose name starts with `prefix`; "" on failure.
+    virtual std::string TempFileName(const std::string& prefix) = 0;
+    /// Folder of the executable, without a separator at its end.
+    virtual std::string ProgramFolder() = 0;
+    /// True when this is the first running instance. Holds the claim until the process ends.
+    virtual bool ClaimInstance() = 0;
+
+    /// Tells the active form its help topic and raises the help key. Raises `RuntimeError` when the help file cannot
+    /// be opened.
+    virtual void ShowHelpTopic(std::int32_t topic) = 0;
+    /// Closes the top window with this title, if there is one.
+    virtual void CloseWindowTitled(const std::string& title) = 0;
+
+    /// Unloads the main window, which ends the program by way of the shutdown.
+    virtual void UnloadMainWindow() = 0;
+    /// Ends the program at once.
+    virtual void EndProgram() = 0;
+};
+
+}  // namespace marvolin

@@ -1,0 +1,119 @@
+#include "core/loop_views.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+
+#include "core/routines.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr std::int32_t kLongestTime = 99999;  // 1/100 s
+
+std::string PercentText(double share) {
+    std::array<char, 400> text{};
+    std::snprintf(text.data(), text.size(), "%.1f%%", share * 100);
+    return text.data();
+}
+
+void ShowTime(Session& s, TimeGroup group, double seconds, const std::string& percent) {
+    s.TimeText[static_cast<std::size_t>(group)] = TimeDigitsText(seconds);
+    s.PercentText[static_cast<std::size_t>(group)] = percent;
+    s.World.Screen.ShowTime(group);
+}
+
+std::string ShareOfSample(const LoopTrackSet& loop, std::int32_t hundredths) {
+    return loop.Length == 0 ? "<Empty>" : PercentText(hundredths / loop.Length / 100);
+}
+
+}  // namespace
+
+void PatternSetSteps(Session& s, int patternRow, int columns) {
+    s.GraphColumns[static_cast<std::size_t>(patternRow)] = static_cast<std::int16_t>(columns);
+}
+
+void PatternRefresh(Session& s, int patternRow) {
+    const int columns = s.Set[s.CurrentLoop].NSteps + 1;
+    if (s.GraphColumns[static_cast<std::size_t>(patternRow)] != columns) PatternSetSteps(s, patternRow, columns);
+    s.World.Screen.ShowPattern(patternRow);
+}
+
+void PatternsRefresh(Session& s) {
+    if (s.ActiveTab != kPatternTab) return;
+    s.StepsShown = static_cast<std::int16_t>(s.Set[s.CurrentLoop].NSteps + 1);
+    s.World.Screen.ShowSteps();
+    for (int row = 0; row < kPatternRows; ++row) PatternRefresh(s, row);
+    ShowStep(s, s.CurrentLoop);
+    TimingRefresh(s);
+    s.World.Screen.ShowPlayMode(kMasterRow);
+}
+
+void ShowStep(Session& s, Row row) {
+    if (row == s.CurrentLoop && s.ActiveTab == kPatternTab) s.World.Screen.ShowStepMarker();
+}
+
+std::string TimeDigitsText(double seconds) {
+    std::array<char, 64> text{};
+    std::snprintf(text.data(), text.size(), "%06.2f", seconds);
+    return text.data();
+}
+
+char TimeDigitChar(const std::string& text, int digit) {
+    const int place = (digit < 2 ? 6 - digit : 5 - digit) - 1;
+    return text[static_cast<std::size_t>(place)];
+}
+
+void ShowStepDuration(Session& s) {
+    LoopTrackSet& loop = s.Set[s.CurrentLoop];
+    ClampI4(loop.StepDuration, 1, kLongestTime);
+    ShowTime(s, kStepDurationGroup, loop.StepDuration / 100.0, ShareOfSample(loop, loop.StepDuration));
+}
+
+void ShowSwing(Session& s) {
+    LoopTrackSet& loop = s.Set[s.CurrentLoop];
+    ClampI4(loop.Swing, 0, kLongestTime);
+    ShowTime(s, kSwingGroup, loop.Swing / 100.0, PercentText(static_cast<double>(loop.Swing) / loop.StepDuration));
+}
+
+void ShowBeatStart(Session& s) {
+    const LoopTrackSet& loop = s.Set[s.CurrentLoop];
+    ShowTime(s, kBeatStartGroup, loop.BeatStart / 100.0, ShareOfSample(loop, loop.BeatStart));
+}
+
+void TimingRefresh(Session& s) {
+    if (s.ActiveTab != kPatternTab) return;
+    ShowStepDuration(s);
+    ShowSwing(s);
+    ShowBeatStart(s);
+}
+
+void PatternReset(Session& s, Row row, int patternRow) {
+    const PatternLimits& range = kPatternRange[static_cast<std::size_t>(patternRow)];
+    PatternBlock& block = s.Set[row].Pattern[patternRow];
+    for (int step = 0; step < kPatternSteps; ++step) block[step] = range.Default;
+    block[kPatternOffset] = range.Min;
+    s.Set[row].NSteps = 3;
+}
+
+void ResetLoopClock(Session& s, Row row) {
+    LoopTrackRun& run = s.Run[row];
+    run.FadeState = kNoFade;
+    run.Step = 0;
+    run.StepElapsed = 0;
+    run.PlayRequest = 0;
+    run.StepDue = False;
+    ShowStep(s, row);
+}
+
+void HistoryAdd(Session& s, Row row, const std::string& path) {
+    std::vector<std::string>& history = s.History[row];
+    if (std::find(history.begin(), history.end(), path) != history.end()) return;
+    history.insert(history.begin(), path);
+    const std::size_t limit = row == kSelectionRow ? 100 : 20;
+    if (history.size() > limit) history.pop_back();
+}
+
+}  // namespace marvolin

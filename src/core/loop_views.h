@@ -1,0 +1,47 @@
+#pragma once
+/// \file
+/// The views of `CurrentLoop` on the pattern tab: graphs, step marker, timing read-outs. They stand on the lowest floor
+/// since nearly every change of a LoopTrack refreshes them.
+
+#include <string>
+
+#include "core/session.h"
+
+namespace marvolin {
+
+/// Lays out the graph of `patternRow` for `columns` step columns.
+void PatternSetSteps(Session& s, int patternRow, int columns);
+/// Makes the graph of `patternRow` show the record of `CurrentLoop`.
+void PatternRefresh(Session& s, int patternRow);
+/// Shows all of the pattern tab again, if it is open: steps, graphs, marker, timing, large play mode picture.
+void PatternsRefresh(Session& s);
+/// Moves the step marker, if `row` is `CurrentLoop` and the pattern tab is open.
+void ShowStep(Session& s, Row row);
+
+/// Groups of the timing read-outs, by the order of the digits.
+enum TimeGroup : int { kStepDurationGroup = 0, kSwingGroup = 1, kBeatStartGroup = 2 };
+
+/// `seconds` as the six characters "000.00" that a group of digits shows; thousands fall away.
+std::string TimeDigitsText(double seconds);
+/// Character that digit `k` of a group shows: 0 hundredths, 1 tenths, 2 units, 3 tens, 4 hundreds of seconds.
+char TimeDigitChar(const std::string& text, int digit);
+
+/// Limits `StepDuration` of `CurrentLoop` to 1..99999 and shows it, its percentage a share of the sample.
+void ShowStepDuration(Session& s);
+/// Limits `Swing` of `CurrentLoop` to 0..99999 and shows it, its percentage a share of the step.
+void ShowSwing(Session& s);
+/// Shows `BeatStart` of `CurrentLoop`, its percentage a share of the sample.
+void ShowBeatStart(Session& s);
+/// Runs the three above, in that order, if the pattern tab is open.
+void TimingRefresh(Session& s);
+
+/// Fills a pattern row with its default, its spread with the range's minimum, and sets the row back to four steps.
+void PatternReset(Session& s, Row row, int patternRow);
+
+/// Clears fade, step and step timing of a row and shows its step again.
+void ResetLoopClock(Session& s, Row row);
+
+/// Puts a path in front of the row's history, unless it is there already; 20 entries for rows 0..3, 100 for row 4.
+void HistoryAdd(Session& s, Row row, const std::string& path);
+
+}  // namespace marvolin

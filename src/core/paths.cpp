@@ -1,0 +1,66 @@
+#include "core/paths.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "core/routines.h"
+
+namespace marvolin {
+
+namespace {
+
+bool IsSeparator(char c) { return c == '/' || c == '\\'; }
+
+bool EndsInSeparator(const std::string& path) { return !path.empty() && IsSeparator(path.back()); }
+
+}  // namespace
+
+bool FileExists(const std::string& path) {
+    std::error_code error;
+    return !path.empty() && std::filesystem::exists(std::filesystem::symlink_status(path, error));
+}
+
+bool DirExists(const std::string& path) {
+    if (path == "/") return true;
+    const std::string name = StripBackslash(path);
+    if (name.ends_with(':')) return DriveExists(name);
+    std::error_code error;
+    return !name.empty() && std::filesystem::is_directory(name, error);
+}
+
+bool DriveExists(const std::string& name) { return std::string("/").find(name) != std::string::npos; }
+
+std::string StripBackslash(const std::string& path) {
+    std::string stripped = Trim(path);
+    if (EndsInSeparator(stripped)) stripped.pop_back();
+    return stripped;
+}
+
+std::string JoinPath(const std::string& folder, const std::string& name) {
+    return EndsInSeparator(folder) ? folder + name : folder + "/" + name;
+}
+
+void SplitPath(const std::string& path, std::string& folder, std::string& name) {
+    const auto last = path.find_last_of("/\\");
+    const std::size_t length = last == std::string::npos ? 1 : last + 1;
+    const std::string whole = path;
+    folder = whole.substr(0, length);
+    name = whole.size() > length ? whole.substr(length) : "";
+}
+
+std::string LastPathPart(const std::string& path) {
+    if (path.size() >= 2 && path[path.size() - 2] == ':' && EndsInSeparator(path)) return path.substr(0, 2);
+    std::string part = path;
+    if (EndsInSeparator(part)) part.pop_back();
+    const auto last = part.find_last_of(":/\\");
+    return last == std::string::npos ? part : part.substr(last + 1);
+}
+
+std::string SampleName(const std::string& path) {
+    std::string folder;
+    std::string name;
+    SplitPath(path, folder, name);
+    return name.size() > 4 ? name.substr(0, name.size() - 4) : "";
+}
+
+}  // namespace marvolin

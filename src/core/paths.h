@@ -1,0 +1,27 @@
+#pragma once
+/// \file
+/// Paths as text. Both "/" and "\" are taken as separators; "/" is written.
+
+#include <string>
+
+namespace marvolin {
+
+/// True if a directory entry of this name exists.
+bool FileExists(const std::string& path);
+/// True if the path, without a separator at its end, is a folder. A name that ends in ":" is a drive.
+bool DirExists(const std::string& path);
+/// True if the system has a drive of this name. The only drive here is the root, "/".
+bool DriveExists(const std::string& name);
+/// `path` without blanks around it and without one separator at its end.
+std::string StripBackslash(const std::string& path);
+/// `folder` and `name` with one separator between them unless the folder ends in one.
+std::string JoinPath(const std::string& folder, const std::string& name);
+/// Splits at the last separator, which stays with the folder. A path without one splits after its first character.
+void SplitPath(const std::string& path, std::string& folder, std::string& name);
+/// The part behind the last ":" or separator, one separator at the end ignored; of a path that ends in ":" and a
+/// separator its first two characters.
+std::string LastPathPart(const std::string& path);
+/// The name part of a path without the four characters of its extension.
+std::string SampleName(const std::string& path);
+
+}  // namespace marvolin

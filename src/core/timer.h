@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+namespace marvolin {
+
+/// A periodic tick on the user-interface thread. Off when made; dropping it ends it.
+///
+/// Each tick hands over the whole milliseconds really elapsed since the tick before (or since it was switched on); the
+/// fraction is carried to the next tick, so that the sum never drifts.
+class PeriodicTimer {
+public:
+    virtual ~PeriodicTimer() = default;
+    virtual void SetInterval(std::int32_t milliseconds) = 0;
+    /// Fineness in milliseconds that the service should aim at.
+    virtual void SetResolution(std::int32_t milliseconds) = 0;
+    virtual void SetEnabled(bool enabled) = 0;
+};
+
+/// Makes timers.
+class TimerFactory {
+public:
+    using Tick = std::function<void(std::int32_t milliseconds)>;
+    virtual ~TimerFactory() = default;
+    /// Raises `RuntimeError` when the system has no timer to give.
+    virtual std::unique_ptr<PeriodicTimer> Create(Tick tick) = 0;
+};
+
+}  // namespace marvolin

@@ -1,0 +1,27 @@
+#pragma once
+/// \file
+/// Places on the sound map and the roll-off at their lowest level: the record, the ball and the call to the service.
+
+#include "core/session.h"
+
+namespace marvolin {
+
+inline constexpr int kListenerBall = 4;
+
+/// Stores the place of a ball (0..3 LoopTracks, 4 the listener) in map units; with `apply` and `Use3D` the service
+/// hears of it; with `storeBall` the twips follow; with `refresh` the ball is placed again. `quiet` is carried along
+/// and read by nothing.
+void PositionSet(Session& s, int ball, float x, float y, bool apply, bool refresh, bool quiet, bool storeBall);
+/// Places the ball from its map units; only while the 3D state is on.
+void PositionRefresh(Session& s, int ball);
+/// Gives a ball the highlighted face and the front; only while the map's tab is open.
+void PosSetHighlight(Session& s, int ball);
+
+/// Sets the listener's roll-off factor while `Use3D`. Errors: "setting roll off".
+void SetRollOff(Session& s, float value);
+/// The roll-off factor in use.
+float GetRoll(const Session& s);
+/// Makes the gauge `RollOff` show the factor in use, while `Enable3d` is on.
+void RefreshRollOff(Session& s);
+
+}  // namespace marvolin

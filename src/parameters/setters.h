@@ -1,0 +1,33 @@
+#pragma once
+/// \file
+/// The row setters and gang setters of volume, pan and frequency. Nothing else writes `Vol`, `Pan` or `Hz`.
+
+#include <string>
+
+#include "core/session.h"
+
+namespace marvolin {
+
+/// Stores one row's volume, limited in place to 0..500; with `takeHold` it is heard at once (row 5: for all rows).
+/// With `updateDisplay` the line of the sound display follows.
+void LoopVolChange(Session& s, Row row, std::int16_t& vol, bool takeHold, bool updateDisplay);
+/// Stores one row's pan, limited in place to 0..1000.
+void LoopPanChange(Session& s, Row row, std::int16_t& pan, bool takeHold);
+/// Stores one row's frequency, limited in place to 1..4000.
+void LoopHzChange(Session& s, Row row, std::int16_t& hz, bool takeHold);
+
+/// The same value for the controlled rows and row 4, for the row's band, or for the row; heard at once.
+void LoopVolChangeGang(Session& s, Row row, std::int16_t vol, bool updateDisplay);
+/// Does nothing at all while `Use3D`.
+void LoopPanChangeGang(Session& s, Row row, std::int16_t pan);
+void LoopHzChangeGang(Session& s, Row row, std::int16_t hz);
+
+/// Number of the picture, 0..63, of a knob at `value` on a scale of the given length.
+int KnobFrame(double value, double top, double bottom);
+
+/// Readouts: "Vol: 500", "Pan: Left (-100)", "Freq: 99.5%".
+std::string Vol2Text(std::int16_t vol);
+std::string Pan2Text(std::int16_t pan);
+std::string Hz2Text(std::int16_t hz);
+
+}  // namespace marvolin

@@ -1,0 +1,273 @@
+#pragma once
+/// \file
+/// The rest of the world around an instrument under test: desktop, forms, chance, timers, scripts, session files,
+/// joystick.
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <set>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "core/desktop.h"
+#include "core/errors.h"
+#include "core/input_service.h"
+#include "core/random.h"
+#include "core/script_events.h"
+#include "core/session_store.h"
+#include "core/timer.h"
+#include "core/windows.h"
+
+namespace marvolin::test {
+
+class FakeDesktop : public Desktop {
+public:
+    struct Box {
+        std::string Text;
+        std::string Title;
+        BoxStyle Style;
+    };
+    std::vector<Box> Boxes;      ///< message boxes shown, in order
+    std::deque<bool> Answers;    ///< prepared answers; true when none is left
+    std::vector<std::string> Log;  ///< everything else, in order
+    std::function<void()> WhileBoxIsOpen;  ///< what happens while a box pumps messages
+    std::int32_t Depth = 24;
+    PixelRect Area{0, 0, 1280, 770};
+    PixelPoint Origin{100, 200};
+    std::string TempFile = "/nowhere/VBN1.tmp";  ///< "" for none to be had
+    std::string Folder = "/nowhere/marvolin";
+    bool FirstInstance = true;
+    bool HelpFails = false;
+    bool Busy = false;
+
+    using Desktop::MessageBox;
+    bool MessageBox(const std::string& text, const std::string& title, BoxStyle style) override {
+        Boxes.push_back({text, title, style});
+        if (WhileBoxIsOpen) WhileBoxIsOpen();
+        if (Answers.empty()) return true;
+        const bool answer = Answers.front();
+        Answers.pop_front();
+        return answer;
+    }
+    void SetBusyPointer(bool busy) override {
+        Busy = busy;
+        Log.push_back(busy ? "busy pointer" : "default pointer");
+    }
+    std::int32_t BitsPerPixel() override { return Depth; }
+    PixelRect WorkArea() override { return Area; }
+    double TwipsPerPixelX() override { return 15; }
+    double TwipsPerPixelY() override { return 15; }
+    PixelPoint SurfaceOrigin(Surface) override { return Origin; }
+    void SetCursorPos(PixelPoint p) override {
+        Log.push_back("SetCursorPos " + std::to_string(p.X) + "," + std::to_string(p.Y));
+    }
+    void ClipCursor(const PixelRect& r) override {
+        Log.push_back("ClipCursor " + std::to_string(r.Left) + "," + std::to_string(r.Top) + "," +
+                      std::to_string(r.Right) + "," + std::to_string(r.Bottom));
+    }
+    void ReleaseCursor() override { Log.push_back("ReleaseCursor"); }
+    std::string TempFileName(const std::string& prefix) override {
+        Log.push_back("TempFileName " + prefix);
+        return TempFile;
+    }
+    std::string ProgramFolder() override { return Folder; }
+    bool ClaimInstance() override { return FirstInstance; }
+    void ShowHelpTopic(std::int32_t topic) override {
+        if (HelpFails) throw RuntimeError(53, "File not found");
+        Log.push_back("ShowHelpTopic " + std::to_string(topic));
+    }
+    void CloseWindowTitled(const std::string& title) override { Log.push_back("CloseWindowTitled " + title); }
+    void UnloadMainWindow() override { Log.push_back("UnloadMainWindow"); }
+    void EndProgram() override { Log.push_back("EndProgram"); }
+    /// Text of the last box; "" when there was none.
+    std::string LastBox() const { return Boxes.empty() ? "" : Boxes.back().Text; }
+};
+
+class FakeWindows : public Windows {
+public:
+    std::vector<std::string> Log;
+    std::set<Form> Loaded{Form::Main, Form::Browse, Form::Save, Form::Splash};
+    TwipRect MainPlace{0, 0, 15600, 11100};
+
+    void Load(Form form) override { Note("Load", form), Loaded.insert(form); }
+    void Show(Form form) override { Note("Show", form), Loaded.insert(form); }
+    void Hide(Form form) override { Note("Hide", form); }
+    void Unload(Form form) override {
+        Note("Unload", form);
+        if (Loaded.erase(form) == 0) throw RuntimeError(91, "Object variable not set");
+    }
+    void BringToFront(Form form) override { Note("BringToFront", form); }
+    TwipRect Place(Form) override { return MainPlace; }
+    void Move(Form form, double left, double top) override {
+        Note("Move", form);
+        Log.back() += " " + std::to_string(static_cast<long>(left)) + "," + std::to_string(static_cast<long>(top));
+    }
+    void AllowBrowserToClose() override { Log.push_back("AllowBrowserToClose"); }
+    void EnablePadBalls(bool enabled) override { Log.push_back(enabled ? "EnablePadBalls" : "DisablePadBalls"); }
+
+private:
+    void Note(const std::string& what, Form form) {
+        static const std::map<Form, std::string> kNames{{Form::Main, "Main"},
+                                                        {Form::Browse, "Browse"},
+                                                        {Form::Save, "Save"},
+                                                        {Form::Splash, "Splash"},
+                                                        {Form::StartUpQuery, "StartUpQuery"}};
+        Log.push_back(what + " " + kNames.at(form));
+    }
+};
+
+/// A prepared sequence of numbers in [0, 1); `Rest` when it has run out.
+class FakeRandom : public Random {
+public:
+    std::deque<double> Sequence;
+    double Rest = 0;
+    int Draws = 0;
+    bool Seeded = false;
+    double Rnd() override {
+        ++Draws;
+        if (Sequence.empty()) return Rest;
+        const double next = Sequence.front();
+        Sequence.pop_front();
+        return next;
+    }
+    void SeedFromClock() override { Seeded = true; }
+};
+
+/// Ticks by hand.
+class FakeTimers : public TimerFactory {
+public:
+    class Timer : public PeriodicTimer {
+    public:
+        Timer(FakeTimers& owner, Tick tick) : OnTick(std::move(tick)), owner_(owner) { owner_.Live.push_back(this); }
+        ~Timer() override { std::erase(owner_.Live, this); }
+        void SetInterval(std::int32_t ms) override { Interval = ms; }
+        void SetResolution(std::int32_t ms) override { Resolution = ms; }
+        void SetEnabled(bool enabled) override {
+            if (owner_.FailDisable && !enabled) throw RuntimeError(5, "Invalid procedure call");
+            Enabled = enabled;
+        }
+        Tick OnTick;
+        std::int32_t Interval = 0;
+        std::int32_t Resolution = 0;
+        bool Enabled = false;
+
+    private:
+        FakeTimers& owner_;
+    };
+    std::vector<Timer*> Live;
+    bool Fail = false;         ///< no timer is to be had
+    bool FailDisable = false;  ///< switching a timer off fails
+    std::unique_ptr<PeriodicTimer> Create(Tick tick) override {
+        if (Fail) throw RuntimeError(429, "ActiveX component can't create object");
+        return std::make_unique<Timer>(*this, std::move(tick));
+    }
+};
+
+/// Logs events; a failing script raises the prepared error.
+class FakeScripts : public ScriptEvents {
+public:
+    struct Event {
+        ScriptEvent Which;
+        std::vector<double> Arguments;
+    };
+    std::vector<Event> Events;
+    std::vector<std::string> Reports;
+    bool Fail = false;
+    std::function<void(ScriptEvent)> During;  ///< what the script's procedure does
+    void Call(ScriptEvent event, std::span<const double> arguments) override {
+        Events.push_back({event, {arguments.begin(), arguments.end()}});
+        if (During) During(event);
+        if (Fail) throw RuntimeError(1, "script error");
+    }
+    void ReportScriptError(std::string_view name) override { Reports.emplace_back(name); }
+};
+
+/// Logs saves and loads of whole sessions.
+class FakeStore : public SessionStore {
+public:
+    std::vector<std::string> Log;
+    bool Answer = true;
+    std::function<void()> OnSave;
+    std::function<void()> OnLoad;
+    bool SaveSession(Session&, const std::string& fileName, bool selectionsOnly,
+                     const clsSwitchRecord& switches) override {
+        Log.push_back("Save " + fileName + (selectionsOnly ? " selected" : " all") + Shown(switches));
+        if (OnSave) OnSave();
+        return Answer;
+    }
+    bool LoadSession(Session&, const std::string& fileName, bool setAsCurrent, const clsSwitchRecord& switches,
+                     bool adoptSwitches) override {
+        Log.push_back("Load " + fileName + (setAsCurrent ? " current" : "") + (adoptSwitches ? " adopt" : "") +
+                      Shown(switches));
+        if (OnLoad) OnLoad();
+        return Answer;
+    }
+
+private:
+    static std::string Shown(const clsSwitchRecord& switches) {
+        clsSwitchRecord all;
+        all.SetSwitch(true);
+        return switches == all ? " everything" : "";
+    }
+};
+
+/// A joystick whose state and failures a test sets.
+struct FakeJoystick {
+    std::vector<std::string> Devices{"stick"};
+    std::vector<std::int32_t> Axes{0, 4, 8, 20};
+    DIJOYSTATE State{5000, 5000, 0, 0, 0, 0, {}, {-1, -1, -1, -1}, {}};
+    std::map<std::string, std::uint32_t> Failures;  ///< operation name -> number that every such call raises
+    std::vector<std::string> Log;
+    void Note(const std::string& operation, const std::string& rest = "") {
+        Log.push_back(rest.empty() ? operation : operation + " " + rest);
+        const auto failure = Failures.find(operation);
+        if (failure != Failures.end()) throw RuntimeError(failure->second, operation + " failed");
+    }
+};
+
+class FakeInputDevice : public DirectInputDevice {
+public:
+    explicit FakeInputDevice(FakeJoystick& stick) : stick_(stick) {}
+    void SetCommonDataFormat(std::int32_t format) override { stick_.Note("SetCommonDataFormat", std::to_string(format)); }
+    void SetCooperativeLevel(std::int32_t flags) override { stick_.Note("SetCooperativeLevel", std::to_string(flags)); }
+    void GetCapabilities() override { stick_.Note("GetCapabilities"); }
+    std::vector<std::int32_t> GetDeviceObjectsEnum() override {
+        stick_.Note("GetDeviceObjectsEnum");
+        return stick_.Axes;
+    }
+    void SetProperty(const JoyPropertyRecord& r) override {
+        stick_.Note("SetProperty", std::to_string(static_cast<int>(r.Property)) + " " + std::to_string(r.Size) + " " +
+                                       std::to_string(r.Object) + " " + std::to_string(r.How) + " " +
+                                       std::to_string(r.Value) + " " + std::to_string(r.High));
+    }
+    void Acquire() override { stick_.Note("Acquire"); }
+    void Poll() override { stick_.Note("Poll"); }
+    void GetDeviceStateJoystick(DIJOYSTATE& state) override {
+        stick_.Note("GetDeviceStateJoystick");
+        state = stick_.State;
+    }
+
+private:
+    FakeJoystick& stick_;
+};
+
+class FakeInput : public DirectInput {
+public:
+    explicit FakeInput(FakeJoystick& stick) : stick_(stick) {}
+    std::vector<std::string> GetDIEnumDevices(std::int32_t deviceClass, std::int32_t flags) override {
+        stick_.Note("GetDIEnumDevices", std::to_string(deviceClass) + " " + std::to_string(flags));
+        return stick_.Devices;
+    }
+    std::unique_ptr<DirectInputDevice> CreateDevice(const std::string& guid) override {
+        stick_.Note("CreateDevice", guid);
+        return std::make_unique<FakeInputDevice>(stick_);
+    }
+
+private:
+    FakeJoystick& stick_;
+};
+
+}  // namespace marvolin::test
