@@ -49,6 +49,8 @@ public:
     virtual PixelRect WorkArea() = 0;
     virtual double TwipsPerPixelX() = 0;
     virtual double TwipsPerPixelY() = 0;
+    /// Width of `text` in the main window's font, in twips.
+    virtual std::int32_t TextWidth(const std::string& text) = 0;
 
     /// Where the inner area of a surface begins on the screen (`ClientToScreen` of its origin).
     virtual PixelPoint SurfaceOrigin(Surface surface) = 0;

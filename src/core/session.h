@@ -42,6 +42,8 @@ struct Services {
     std::function<std::unique_ptr<DirectX7>()> CreateDirectX7;
     /// Makes the root of the input service. Raises `RuntimeError` when it refuses.
     std::function<std::unique_ptr<DirectInput>()> CreateDirectInput;
+    /// Full path of what a shortcut file leads to; "" when it cannot be read or leads nowhere.
+    std::function<std::string(const std::string& path)> ResolveShortcut = nullptr;
 };
 
 /// One shared drag of a knob-like control: only one control is dragged at a time.
@@ -132,6 +134,7 @@ struct ClipBoardState {
     std::vector<LoopTrackSet> ClipStore;
     std::int16_t ClipTop = -1;                   ///< index of the last clip; -1 when empty
     std::vector<std::string> List;               ///< `ClipBoardList`, one text a clip
+    std::int16_t Selected = -1;                  ///< the chosen clip
     LoopTrackSet ClipStaging;                    ///< the record through which a clip comes in
     Table<bool, 7> Components{{true, true, true, true, true, true, true}};
 };
@@ -251,6 +254,8 @@ struct Session {
     std::vector<std::string> HistoryEntries;
     Row LoopDropTarget = 0;             ///< row on which a sample drop is to land
     Table<SampleBin, 3> Bins;
+    std::int16_t DragBin = 0;  ///< bin from which a sample was last dragged
+    std::string TreeFolder;    ///< folder that `FolderTreeview1` shows selected
     ClipBoardState Clips;
     Table<clsSwitchRecord, 2> SaveOpenSwitches;  ///< row 0 used when saving, row 1 when opening
     std::int16_t SelectionsOnlySetting = 0;      ///< "Only Save Selected Loops"

@@ -60,6 +60,8 @@ public:
     PixelRect WorkArea() override { return Area; }
     double TwipsPerPixelX() override { return 15; }
     double TwipsPerPixelY() override { return 15; }
+    /// A hundred twips a character.
+    std::int32_t TextWidth(const std::string& text) override { return static_cast<std::int32_t>(text.size() * 100); }
     PixelPoint SurfaceOrigin(Surface) override { return Origin; }
     void SetCursorPos(PixelPoint p) override {
         Log.push_back("SetCursorPos " + std::to_string(p.X) + "," + std::to_string(p.Y));

@@ -1,0 +1,23 @@
+#pragma once
+/// \file
+/// A control on its way to another: what a drop knows of the drag.
+
+#include <string>
+#include <string_view>
+
+#include "core/types.h"
+
+namespace marvolin {
+
+/// Name of a dragged question mark: a drop of it asks for help, whatever else it might mean.
+inline constexpr std::string_view kHelpDragName = "ForHelp~~";
+
+/// Name of the dragged control, its index in its array, and its tag.
+struct DragSource {
+    std::string Name;
+    Row Index = 0;
+    std::string Tag;
+    friend bool operator==(const DragSource&, const DragSource&) = default;
+};
+
+}  // namespace marvolin
