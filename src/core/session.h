@@ -223,7 +223,8 @@ struct Session {
     double ListenerY = 0;      ///< map units
     std::int16_t ListenerAngle = 0;  ///< whole degrees, 0..359
     Table<BallPoint, 5> BallPos;     ///< twips; 0..3 the LoopTracks, 4 the listener
-    std::int16_t PosHighlight = -1;  ///< the ball that wears its highlighted face
+    std::int16_t PosHighlight = -1;  ///< the ball that was highlighted last; -1 none
+    Table<bool, kLoopTracks> BallHighlighted;  ///< wears its highlighted face; two may, after the listener's turn
     std::int16_t PosMacro = 0;       ///< chosen entry of `PosMacros`
     std::int32_t WanderElapsed = 0;  ///< ms since the last wander step
     std::int16_t WanderTrack = 0;    ///< LoopTrack that the next wander step moves

@@ -11,7 +11,8 @@ enum class FadeCommand : std::uint8_t { Cancel = 0, Up = 1, Toggle = 2, Down = 3
 
 /// A command for one row; rows above 4 are left alone.
 void LoopSetFade(Session& s, Row row, FadeCommand mode);
-/// The same for a band (`band` >= 0, or the row's own when `band` is -1), for the controlled rows (row 4), or for the row.
+/// The same for a band (`band` >= 0, or the row's own when `band` is -1), for the controlled rows (row 4), or for the
+/// row.
 void LoopSetFadeGang(Session& s, Row row, FadeCommand mode, std::int16_t band);
 /// A fade to `target`, 0..500, with the same grouping; on a single row the mark on the sound display stays.
 void LoopFadeTo(Session& s, Row row, std::int16_t target, std::int16_t band);

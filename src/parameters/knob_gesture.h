@@ -6,11 +6,14 @@
 
 namespace marvolin {
 
-/// A press, move or release on a knob of `row` (0..4; `Knob::Vol` also 5). `x`, `y` in twips.
+/// A press, move or release on a knob of `row` (0..4; `Knob::Vol` also 5). `x`, `y` in twips. The right button, told on
+/// moves and the release as well, drags finely; any other coarsely. The press cancels a fade of the row; the release
+/// tells the script. The master knob ignores the press while a joystick axis is assigned to it.
 void KnobGesture(Session& s, Knob knob, Row row, Phase phase, std::int16_t button, double x, double y);
 /// Mute, centre or 100%, for the whole gang.
 void Knob_DblClick(Session& s, Knob knob, Row row);
-/// A fine step by wheel or arrow key: `units` up or down through the gang setter, with the events of a short drag.
+/// A fine step by wheel or arrow key: `units` up or down through the gang setter. It is a whole short drag: it cancels
+/// a fade and sends the change event and the last scroll event. Nothing happens while a drag is open.
 void KnobStep(Session& s, Knob knob, Row row, int units);
 /// Picture 0..63 of a row's knob.
 int KnobFrameOf(const Session& s, Knob knob, Row row);

@@ -6,7 +6,8 @@
 
 namespace marvolin {
 
-/// Volume of a loaded row, -10000..0 hundredths of a decibel. Errors: "setting volume".
+/// Volume of a loaded row, -10000..0 hundredths of a decibel. Errors: "setting volume". A product above 499, which only
+/// a pattern's random part can give, is full level.
 void MapVol(Session& s, Row row);
 /// Pan of a loaded row, -10000..10000 hundredths of a decibel; nothing while `Use3D`. Errors: "panning".
 void MapPan(Session& s, Row row);

@@ -10,11 +10,14 @@ inline constexpr int kListenerBall = 4;
 
 /// Stores the place of a ball (0..3 LoopTracks, 4 the listener) in map units; with `apply` and `Use3D` the service
 /// hears of it; with `storeBall` the twips follow; with `refresh` the ball is placed again. `quiet` is carried along
-/// and read by nothing.
+/// and read by nothing. A failure of the service rises to the gesture, and the place is then not stored.
 void PositionSet(Session& s, int ball, float x, float y, bool apply, bool refresh, bool quiet, bool storeBall);
 /// Places the ball from its map units; only while the 3D state is on.
 void PositionRefresh(Session& s, int ball);
-/// Gives a ball the highlighted face and the front; only while the map's tab is open.
+/// Left and top of a ball on the map, in twips, from its map units.
+BallPoint MapBallPlace(const Session& s, int ball);
+/// Gives a LoopTrack's ball the highlighted face and the front, in place of the one that had it, and the listener's the
+/// front; only while the map's tab is open. After the listener's turn the former LoopTrack keeps its face.
 void PosSetHighlight(Session& s, int ball);
 
 /// Sets the listener's roll-off factor while `Use3D`. Errors: "setting roll off".

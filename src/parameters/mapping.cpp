@@ -1,0 +1,111 @@
+#include "parameters/mapping.h"
+
+#include <algorithm>
+
+#include "audio/ds_error.h"
+#include "core/errors.h"
+#include "core/routines.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr std::int32_t kSilence = -10000;  // hundredths of a decibel
+constexpr std::int32_t kPanEnd = 10000;
+constexpr std::int32_t kLowestRate = 100;  // Hz
+constexpr std::int32_t kHighestRate = 100000;
+
+bool Wired(const LoopTrackSet& set) { return set.Channel <= kChannels; }
+
+bool FollowsPatterns(const LoopTrackSet& set) { return set.PlayMode > kLoop; }
+
+/// Value of a pattern at the row's step and a fresh draw of its random part, in 16 bits.
+std::int16_t PatternValue(Session& s, Row row, int patternRow) {
+    const PatternBlock& pattern = s.Set[row].Pattern[patternRow];
+    const std::int16_t value = pattern[s.Run[row].Step];
+    return AddI2(value, PatternRandom(s.World.Chance, pattern[kPatternOffset]));
+}
+
+std::int32_t Decibels(double level) {
+    if (level >= kVolFull) return 0;
+    if (level <= 0) return kSilence;
+    // A random part can lift the product between 499 and 500, where the line would cross the service's top.
+    return std::min(ToI4((499 - level) * -6), 0);
+}
+
+std::int32_t VolumeOf(Session& s, Row row) {
+    const LoopTrackSet& set = s.Set[row];
+    double level = set.Vol;
+    if (Wired(set)) level = static_cast<double>(kVolFull - s.ChannelVol[set.Channel]) * set.Vol / kVolFull;
+    level = s.Set[kMasterRow].Vol * level / kVolFull;
+    if (FollowsPatterns(set)) level = PatternValue(s, row, kVolPattern) * level / kVolFull;
+    return Decibels(level);
+}
+
+std::int32_t PanOf(Session& s, Row row) {
+    const LoopTrackSet& set = s.Set[row];
+    std::int16_t pan = set.Pan;
+    if (Wired(set)) pan = AddI2(AddI2(pan, s.ChannelPan[set.Channel]), -kPanCentre);
+    if (FollowsPatterns(set)) {
+        pan = AddI2(AddI2(pan, s.Set[row].Pattern[kPanPattern][s.Run[row].Step]), -kPanCentre);
+        pan = AddI2(pan, PatternRandom(s.World.Chance, set.Pattern[kPanPattern][kPatternOffset]));
+    }
+    if (pan >= kPanRight) return kPanEnd;
+    if (pan <= 0) return -kPanEnd;
+    if (pan == kPanCentre) return 0;
+    // The left side is one unit short of the right one; players know the instrument so.
+    return pan < kPanCentre ? (499 - pan) * -12 : (pan - kPanCentre) * 12;
+}
+
+std::int32_t RateOf(Session& s, Row row) {
+    const LoopTrackSet& set = s.Set[row];
+    double rate = set.Hz / 1000.0 * set.SampleRate;
+    if (Wired(set)) rate = s.ChannelHz[set.Channel] * rate / 1000;
+    if (FollowsPatterns(set)) rate = PatternValue(s, row, kHzPattern) * rate / 1000;
+    std::int32_t hertz = ToI4(rate);
+    ClampI4(hertz, kLowestRate, kHighestRate);
+    return hertz;
+}
+
+}  // namespace
+
+void MapVol(Session& s, Row row) {
+    if (s.Run[row].Loaded == False) return;
+    try {
+        s.Run[row].Buffer->SetVolume(VolumeOf(s, row));
+    } catch (const RuntimeError& e) {
+        ShowDSError(s, "setting volume", e.Number());
+    }
+}
+
+void MapPan(Session& s, Row row) {
+    if (s.Run[row].Loaded == False || s.Use3D) return;
+    try {
+        s.Run[row].Buffer->SetPan(PanOf(s, row));
+    } catch (const RuntimeError& e) {
+        ShowDSError(s, "panning", e.Number());
+    }
+}
+
+void MapHZ(Session& s, Row row) {
+    if (s.Run[row].Loaded == False) return;
+    try {
+        s.Run[row].Buffer->SetFrequency(RateOf(s, row));
+    } catch (const RuntimeError& e) {
+        ShowDSError(s, "setting frequency", e.Number());
+    }
+}
+
+void MapVolAll(Session& s) {
+    for (Row row = 0; row < kLoopTracks; ++row) MapVol(s, row);
+}
+
+void MapPanAll(Session& s) {
+    for (Row row = 0; row < kLoopTracks; ++row) MapPan(s, row);
+}
+
+void MapHZAll(Session& s) {
+    for (Row row = 0; row < kLoopTracks; ++row) MapHZ(s, row);
+}
+
+}  // namespace marvolin

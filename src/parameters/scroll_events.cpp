@@ -1,0 +1,55 @@
+#include "parameters/scroll_events.h"
+
+#include <memory>
+#include <string>
+
+#include "core/errors.h"
+#include "core/routines.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr std::int32_t kMostMoves = 50000;
+
+int SensitivityOf(int counter) { return counter == kKnobScroll ? 0 : 1; }
+
+}  // namespace
+
+clsScrollDelta& ScrollCounter(Session& s, int counter) {
+    auto& instance = s.ScrollDelta[counter];
+    if (!instance) {
+        instance = std::make_unique<clsScrollDelta>();
+        instance->ScrollSensitivity(s.ScrollSensitivity[SensitivityOf(counter)]);
+    }
+    return *instance;
+}
+
+void SendScriptEvent(Session& s, ScriptEvent event, std::span<const double> arguments, std::string_view name) {
+    const std::int16_t wanted = s.EventWanted[event];
+    if (wanted == 0) return;
+    s.EventWanted[event] = 0;
+    try {
+        s.World.Scripts.Call(event, arguments);
+    } catch (const RuntimeError&) {
+        s.World.Scripts.ReportScriptError(name);
+        return;
+    }
+    s.EventWanted[event] = wanted;
+}
+
+void SendScriptEvent(Session& s, ScriptEvent event, std::span<const double> arguments) {
+    SendScriptEvent(s, event, arguments, kScriptEventNames[static_cast<std::size_t>(event)]);
+}
+
+void ScrollSensitivity_Change(Session& s, int member, std::int32_t value) {
+    ClampI4(value, 1, kMostMoves);
+    s.ScrollSensitivity[member] = value;
+    for (int counter = kKnobScroll; counter <= kJoystickScroll; ++counter) {
+        if (SensitivityOf(counter) == member) ScrollCounter(s, counter).ScrollSensitivity(value);
+    }
+    s.World.Screen.ShowOptions();
+    ShowReadout(s, "Send scroll event every " + std::to_string(value) + " moves");
+}
+
+}  // namespace marvolin

@@ -1,0 +1,139 @@
+#include "parameters/wires.h"
+
+#include <cmath>
+
+#include "audio/transport.h"
+#include "core/grouping.h"
+#include "core/routines.h"
+#include "parameters/mapping.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr std::int16_t kRightColour = 1;
+constexpr std::int16_t kLeftColour = 2;
+constexpr std::int16_t kDisconnected = 4;
+constexpr std::int16_t kWires = 8;
+constexpr double kClickTwips = 5;  // a press that moved less is a click
+constexpr std::int16_t kNoLimit = 4;
+
+float Moved(const Session& s, double y) { return static_cast<float>(y) - s.Drag.DragOrigin; }
+
+/// Value of a drag that has come to `y`: one step of the value for 1 / `stepsATwip` twips, upwards more.
+std::int16_t DraggedValue(const Session& s, double y, double stepsATwip) {
+    return ToI2(ClampVar(Int(s.Drag.DragStartValue - Int(Moved(s, y)) * stepsATwip), -32000, 32000));
+}
+
+void DragWire(Session& s, Row row, double y, bool apply) {
+    LoopSetChannelGang(s, row, WireClamp(s, row, DraggedValue(s, y, 0.01)), apply);
+}
+
+void ClickWire(Session& s, Row row, double x, double width) {
+    // The flag as it was pressed: a shift of a twip or two may have changed it since.
+    const auto pressed = static_cast<std::int16_t>(s.Drag.DragStartValue);
+    if (x <= width / 3) {
+        LoopSetChannelGang(s, row, WireFlip(pressed, kLeftColour), true);
+    } else if (x >= 2 * width / 3) {
+        LoopSetChannelGang(s, row, WireFlip(pressed, kRightColour), true);
+    }
+}
+
+void PressFlag(Session& s, Row row, std::int16_t button, double y) {
+    if (button == kRightButton) {
+        LoopSetChannelGang(s, row, WireFlip(s.Set[row].Channel, kDisconnected), true);
+        return;
+    }
+    s.Drag.Dragging = True;
+    s.Drag.DragStartValue = s.Set[row].Channel;
+    s.Drag.DragOrigin = static_cast<float>(y);
+}
+
+void ReleaseFlag(Session& s, Row row, double x, double y, double width) {
+    if (s.Drag.Dragging == False) return;
+    s.Drag.Dragging = False;
+    if (std::abs(Moved(s, y)) < kClickTwips) {
+        ClickWire(s, row, x, width);
+    } else {
+        DragWire(s, row, y, true);
+    }
+}
+
+}  // namespace
+
+void LoopSetChannel(Session& s, Row row, std::int16_t& value, bool apply) {
+    ClampI2(value, 1, kWires);
+    s.Set[row].Channel = static_cast<std::uint8_t>(value);
+    s.World.Screen.ShowWire(row);
+    s.World.Screen.ShowCaption(row);
+    if (!apply) return;
+    MapVol(s, row);
+    MapPan(s, row);
+    MapHZ(s, row);
+}
+
+void LoopSetChannelGang(Session& s, Row row, std::int16_t value, bool apply) {
+    ForGang(s, row, [&](Row member) { LoopSetChannel(s, member, value, apply); });
+}
+
+std::int16_t WireFlip(std::int16_t value, std::int16_t bit) {
+    const int bits = value - 1;
+    const int flipped = (bits & bit) == bit ? bits & ~bit : bits | bit;
+    return static_cast<std::int16_t>(flipped + 1);
+}
+
+std::int16_t WireClamp(const Session& s, Row row, std::int16_t value) {
+    if (s.Set[row].Channel > kChannels) {
+        ClampI2(value, kChannels + 1, kWires);
+    } else {
+        ClampI2(value, 1, kChannels);
+    }
+    return value;
+}
+
+void ChannelFlag_Gesture(Session& s, Row row, Phase phase, std::int16_t button, double x, double y, double width) {
+    switch (phase) {
+        case Phase::Down:
+            return PressFlag(s, row, button, y);
+        case Phase::Move:
+            ShowStatus(s, "drg Wire -/+; click Flip Colour; rtclk tggle Connect");
+            if (s.Drag.Dragging != False) DragWire(s, row, y, false);
+            return;
+        case Phase::Up:
+            return ReleaseFlag(s, row, x, y, width);
+    }
+}
+
+void Limiter_Gesture(Session& s, Phase phase, double y) {
+    switch (phase) {
+        case Phase::Down:
+            s.Drag.Dragging = True;
+            s.Drag.DragStartValue = s.Limit;
+            s.Drag.DragOrigin = static_cast<float>(y);
+            return;
+        case Phase::Move:
+            ShowStatus(s, "drg -/+ to Thin to N Playing LoopTracks");
+            if (s.Drag.Dragging == False) return;
+            s.Limit = DraggedValue(s, y, 0.05);
+            ClampI2(s.Limit, 1, kNoLimit);
+            s.World.Screen.ShowLimit();
+            return;
+        case Phase::Up:
+            if (s.Drag.Dragging == False) return;
+            s.Drag.Dragging = False;
+            ThinTo(s);
+            return;
+    }
+}
+
+void ThinTo(Session& s) {
+    if (s.Limit == kNoLimit) return;
+    while (s.Limit < static_cast<std::int64_t>(s.ThinList.size())) {
+        const std::string before = s.ThinList;
+        LoopStop(s, static_cast<Row>(before.front() - 'A'));
+        // A stop that did not take the letter out would come back for ever.
+        if (s.ThinList == before) return;
+    }
+}
+
+}  // namespace marvolin
