@@ -52,6 +52,7 @@ struct DragState {
     float DragOrigin = 0;             ///< position at the press, twips
     std::int32_t DragStartValue = 0;  ///< value at the press
     std::int16_t DragPlayMode = 0;    ///< mode chosen so far in a `LoopIt` drag
+    Row DragPlayModeRow = -1;         ///< the `LoopIt` (0..5) that is being dragged; -1 none
 };
 
 /// The two needles of a `SndDisp`, on the scale 0..500.
@@ -194,6 +195,7 @@ struct Session {
     std::int16_t DragAxis = 1;          ///< 0 vertical knob drag, else horizontal
     double FadeStep = 2;                ///< `Vol` units per 10 ms, 0.04..4
     Table<SoundDisplayState, 5> SndDisp;
+    Table<bool, kRows> PanKnobOn{{true, true, true, true, true, true}};  ///< `PanKnob` of the row is enabled
 
     // Clocks and timers.
     std::unique_ptr<PeriodicTimer> LoopTimer;

@@ -1,0 +1,93 @@
+#include "audio/device.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "audio/ds_error.h"
+#include "audio/sample_loading.h"
+#include "core/loop_views.h"
+#include "core/routines.h"
+#include "parameters/position.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr std::int32_t kPriorityLevel = 2;
+constexpr std::int32_t kNormalLevel = 1;
+constexpr std::int32_t kLooping = 1;
+constexpr std::int32_t kSpeakerBits = 3;
+
+constexpr std::int16_t kBlockAlign = 32 / 8;
+constexpr WaveFormat kPrimaryFormat{1, 2, 44100, 16, kBlockAlign, kBlockAlign * 44100, 0};
+
+bool NoSoundChosen(const Session& s) { return s.Driver + 1 == static_cast<int>(s.Drivers.size()); }
+
+void OpenDevice(Session& s) {
+    s.DS = s.DX->DirectSoundCreate(s.DSEnum->GetGuid(static_cast<std::int16_t>(s.Driver + 1)));
+    // The format of the primary buffer can be changed at the priority level only.
+    s.DS->SetCooperativeLevel(kPriorityLevel);
+    s.PrimaryBuffer =
+        s.DS->CreateSoundBuffer(s.Use3D ? buffer_flags::kPrimary | buffer_flags::kControl3D : buffer_flags::kPrimary);
+    s.PrimaryBuffer->SetFormat(kPrimaryFormat);
+    s.DS->SetCooperativeLevel(kNormalLevel);
+    // Keeps the output stream alive while no sample sounds.
+    s.PrimaryBuffer->Play(kLooping);
+    s.DSReady = true;
+    if (s.Use3D) {
+        s.Listener = s.PrimaryBuffer->GetDirectSound3dListener();
+        SetRollOff(s, 1.0F);
+    } else {
+        s.Listener.reset();
+        s.RollOffValue = 0;
+    }
+    if ((s.DS->GetSpeakerConfig() & kSpeakerBits) == kSpeakerBits) s.DS->SetSpeakerConfig(kSpeakerBits);
+}
+
+}  // namespace
+
+void InitAudioDriversList(Session& s) {
+    s.DSEnum = s.DX->GetDSEnum();
+    const std::int16_t count = s.DSEnum->GetCount();
+    for (std::int16_t driver = 1; driver <= count; ++driver) s.Drivers.push_back(s.DSEnum->GetDescription(driver));
+    s.Drivers.emplace_back("No Sound");
+    s.World.Screen.ShowDrivers();
+}
+
+void cboDrivers_Click(Session& s, std::int16_t entry) {
+    s.Driver = entry;
+    s.World.Screen.ShowDrivers();
+
+    const std::string keeper = s.DeviceSwapArmed ? TempFileName(s) : "";
+    clsSwitchRecord everything;
+    everything.SetSwitch(true);
+    if (!keeper.empty()) s.World.Store.SaveSession(s, keeper, false, everything);
+    UnInitDirectSound(s);
+    InitDirectSound(s);
+    if (keeper.empty()) return;
+    s.World.Store.LoadSession(s, keeper, false, everything, false);
+    std::error_code ignored;
+    std::filesystem::remove(keeper, ignored);
+}
+
+void InitDirectSound(Session& s) {
+    s.DSReady = false;
+    if (NoSoundChosen(s)) return;
+    try {
+        OpenDevice(s);
+    } catch (const RuntimeError& e) {
+        if (!s.DSReady) s.DS.reset();
+        ShowDSError(s, "creating sound device", e.Number());
+    }
+}
+
+void UnInitDirectSound(Session& s) {
+    if (s.DSReady) {
+        for (Row row = 0; row < kLoopTracks; ++row) LoopClear(s, row);
+        s.DS.reset();
+    }
+    s.DSReady = false;
+    PatternsRefresh(s);
+}
+
+}  // namespace marvolin

@@ -1,0 +1,32 @@
+#pragma once
+/// \file
+/// The hand on `Play`, `PlayStop` and `LoopIt`. Places are in twips, within the control.
+
+#include "core/session.h"
+
+namespace marvolin {
+
+/// The right button pauses a playing row (0..4). Errors here and at the release: "stopping/playing loop".
+void Play_MouseDown(Session& s, Row row, std::int16_t button);
+/// Any button resumes a paused row; else the left one stops a playing row and plays any other. A row 0..3 that holds no
+/// sample ignores it.
+void Play_MouseUp(Session& s, Row row, std::int16_t button);
+/// Hint of `Play`.
+void Play_MouseMove(Session& s);
+
+/// A release at `y` on `PlayStop`, with any button: its top three eighths play all rows, its last three eighths stop
+/// all.
+void PlayStop_MouseUp(Session& s, double y, double height);
+/// Hint of the zone at `y`.
+void PlayStop_MouseMove(Session& s, double y, double height);
+
+/// `LoopIt` of rows 0..4, and 5 for the one of `CurrentLoop`: a drag chooses the mode, one for each 100 twips, up the
+/// next; the release sets it. A press of the right button jumps to the beginning of the sample, on the row, its band,
+/// or the controlled rows. Errors: "positioning to loop start".
+void LoopIt_Gesture(Session& s, Row row, Phase phase, std::int16_t button, double y);
+/// Sets mode Loop on the row alone.
+void LoopIt_DblClick(Session& s, Row row);
+/// Mode whose picture `LoopIt` shows: the chosen one while it is dragged, else the row's own.
+std::int16_t LoopItMode(const Session& s, Row row);
+
+}  // namespace marvolin

@@ -1,0 +1,25 @@
+#pragma once
+/// \file
+/// Making the buffer of a row: from a file, or as a duplicate of another row's.
+
+#include <string>
+
+#include "core/session.h"
+
+namespace marvolin {
+
+/// Reads `path` into a new buffer of the row. 1 when the path is "" or the service fails, else 0.
+/// Failures: "creating sound buffer, make sure WAV file is in PCM format"; the row then has no buffer.
+int LoopCreateBuffer(Session& s, Row row, const std::string& path);
+
+/// Gives the row a buffer of its own that shares the sample of row `source`. 1 when the service fails, else 0.
+/// Failures: "duplicating sound buffer"; the row then has no buffer.
+int LoopDuplicateBuffer(Session& s, Row row, Row source);
+
+/// Lets the row's buffer go; the sample lives on in its duplicates.
+void ReleaseBuffer(Session& s, Row row);
+
+/// The row's buffer. Raises `RuntimeError` 91 when the row has none.
+DirectSoundBuffer& BufferOf(Session& s, Row row);
+
+}  // namespace marvolin

@@ -1,0 +1,245 @@
+#include "audio/sample_loading.h"
+
+#include <array>
+
+#include "audio/sample_buffers.h"
+#include "audio/transport.h"
+#include "core/busy_pointer.h"
+#include "core/grouping.h"
+#include "core/loop_views.h"
+#include "core/paths.h"
+#include "core/routines.h"
+#include "parameters/position.h"
+#include "parameters/setters.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr Row kNoSource = -1;
+constexpr std::int32_t kShortestKeptStep = 6;  // 1/100 s
+
+// Lowest row that holds the file.
+Row SourceOf(const Session& s, const std::string& path) {
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        if (s.Run[row].Loaded != False && s.Set[row].FileName == path) return row;
+    }
+    return kNoSource;
+}
+
+void ResetPatterns(Session& s, Row row) {
+    for (int patternRow = 0; patternRow < kPatternRows; ++patternRow) PatternReset(s, row, patternRow);
+}
+
+void SetBeatStartToZero(Session& s, Row row) {
+    std::int32_t start = 0;
+    LoopSetBeatStart(s, row, start);
+}
+
+// Sends the three settings of the row to its buffer, by way of their setters.
+void ApplySettings(Session& s, Row row, std::int16_t hz, std::int16_t vol, std::int16_t pan, float x, float y) {
+    LoopHzChange(s, row, hz, true);
+    LoopVolChange(s, row, vol, true, true);
+    if (s.Use3D) {
+        PositionSet(s, row, x, y, true, true, false, true);
+    } else {
+        LoopPanChange(s, row, pan, true);
+    }
+}
+
+void TakeSourceSettings(Session& s, Row row, Row source) {
+    LoopTrackSet& set = s.Set[row];
+    set.SampleRate = s.Set[source].SampleRate;
+    set.Length = s.Set[source].Length;
+    // A hundredth of the source's start: the division is deliberate.
+    std::int32_t start = ToI4(s.Set[source].BeatStart / 100.0);
+    LoopSetBeatStart(s, row, start);
+    TimingRefresh(s);
+    BufferOf(s, row).SetVolume(0);
+}
+
+void ReadSampleFacts(Session& s, Row row) {
+    LoopTrackSet& set = s.Set[row];
+    DirectSoundBuffer& buffer = BufferOf(s, row);
+    set.BufferBytes = buffer.GetCaps().BufferBytes;
+    const WaveFormat format = buffer.GetFormat();
+    if (format.AvgBytesPerSec == 0) throw RuntimeError(11, "Division by zero");
+    set.Length = static_cast<double>(set.BufferBytes) / format.AvgBytesPerSec;
+    set.AvgBytesPerSec = format.AvgBytesPerSec;
+    s.World.Screen.ShowCaption(row);
+    s.World.Screen.ShowWaveform(row);
+}
+
+std::int32_t WholeSample(const LoopTrackSet& set) { return ToI4(Int(Round(set.Length, 2) * 100)); }
+
+void ResetSettings(Session& s, Row row) {
+    s.Set[row].StepDuration = WholeSample(s.Set[row]);
+    s.Set[row].Swing = 0;
+    SetBeatStartToZero(s, row);
+    ResetPatterns(s, row);
+    if (row == s.CurrentLoop) PatternsRefresh(s);
+    ApplySettings(s, row, kHzUnity, kVolFull, kPanCentre, 0, 0);
+}
+
+void KeepSettings(Session& s, Row row) {
+    LoopTrackSet& set = s.Set[row];
+    if (set.StepDuration < kShortestKeptStep) set.StepDuration = WholeSample(set);
+    ApplySettings(s, row, set.Hz, set.Vol, set.Pan, set.PositionX, set.PositionY);
+}
+
+// Makes the row fit the buffer that it was just given.
+void SetUpLoaded(Session& s, Row row, const std::string& path, Row source) {
+    if (s.Run[row].Loaded == False) EnableLoopControls(s, row, true);
+    s.Set[row].FileName = path;
+    if (source == kNoSource) {
+        s.Set[row].SampleRate = BufferOf(s, row).GetFrequency();
+        SetBeatStartToZero(s, row);
+    } else {
+        TakeSourceSettings(s, row, source);
+    }
+    s.Run[row].Loaded = True;
+    ReadSampleFacts(s, row);
+    if (s.ResetVars) {
+        ResetSettings(s, row);
+    } else {
+        KeepSettings(s, row);
+    }
+}
+
+void LeaveEmpty(Session& s, Row row) {
+    s.Set[row].FileName = "";
+    s.Run[row].Loaded = False;
+    s.World.Screen.ShowCaption(row);
+    EnableLoopControls(s, row, false);
+    PatternsRefresh(s);
+}
+
+// "name.WAV", with its extension as it is spelled on disk.
+std::string SampleFileName(const std::string& folder, const std::string& name) {
+    static constexpr std::array<const char*, 8> kSpellings{".WAV", ".wav", ".Wav", ".WAv",
+                                                           ".WaV", ".waV", ".wAv", ".wAV"};
+    for (const char* extension : kSpellings) {
+        if (FileExists(JoinPath(folder, name + extension))) return name + extension;
+    }
+    return name + kSpellings.front();
+}
+
+}  // namespace
+
+void LoopLoad(Session& s, Row row, const std::string& folder, const std::string& fileName) {
+    if (row == kSelectionRow || row == kMasterRow) return;  // they never own a sound
+    if (!s.DSReady) return;
+    if (fileName.empty()) {
+        s.World.Desk.MessageBox("No File Name!!");
+        return;
+    }
+    const std::string path = JoinPath(folder, fileName);
+    if (!FileExists(path)) {
+        s.World.Desk.MessageBox("File Doesn't Exist !!");
+        return;
+    }
+    if (s.Run[row].Loaded != False) {
+        if (s.Set[row].FileName == path) return;
+        LoopUnload(s, row);
+    }
+    const Row source = SourceOf(s, path);
+    int failed = 0;
+    {
+        const BusyPointer busy(s.World.Desk);
+        failed = source == kNoSource ? LoopCreateBuffer(s, row, path) : LoopDuplicateBuffer(s, row, source);
+    }
+    if (failed != 0) {
+        LeaveEmpty(s, row);
+        return;
+    }
+    try {
+        SetUpLoaded(s, row, path, source);
+    } catch (const RuntimeError&) {
+        ShowStatus(s, "Error setting up loaded loop");
+        return;
+    }
+    HistoryAdd(s, row, path);
+    HistoryAdd(s, kSelectionRow, path);
+    PatternsRefresh(s);
+}
+
+void LoopLoadRows(Session& s, const std::string& folder, const std::string& name, Row row, bool playAfter) {
+    if (row < 0 || row > kSelectionRow) return;
+    // Taken by value: the texts may stand in the session, and a load rewrites parts of it.
+    const std::string from = folder;
+    const std::string file = SampleFileName(folder, name);
+    const auto load = [&](Row each) { LoopLoad(s, each, from, file); };
+    const auto play = [&](Row each) { LoopPlay(s, each, true); };
+    if (row == kSelectionRow) {
+        ForControlled(s, load);
+        if (playAfter) ForControlled(s, play);
+        return;
+    }
+    PosSetHighlight(s, row);
+    if (s.Run[row].InBand != False) {
+        ForBand(s, s.Run[row].Band, load);
+        if (playAfter) ForBand(s, s.Run[row].Band, play);
+        return;
+    }
+    load(row);
+    if (playAfter) play(row);
+}
+
+void LoopUnload(Session& s, Row row) {
+    LoopTrackRun& run = s.Run[row];
+    if (run.Loaded != False) {
+        LoopStop(s, row);
+        ReleaseBuffer(s, row);
+    }
+    run.Loaded = False;
+    run.Playing = False;
+    s.Set[row].FileName = "";
+    ResetLoopClock(s, row);
+    s.World.Screen.ShowWaveform(row);
+}
+
+void LoopClear(Session& s, Row row) {
+    if (row == kSelectionRow) return;
+    LoopTrackSet& set = s.Set[row];
+    LoopTrackRun& run = s.Run[row];
+    if (run.Loaded != False) LoopUnload(s, row);
+    run.Loaded = False;
+    run.Playing = False;
+    set.FileName = "";
+    LoopSetPlayMode(s, row, kLoop, false);
+    std::int16_t hz = kHzUnity;
+    LoopHzChange(s, row, hz, true);
+    std::int16_t vol = kVolFull;
+    LoopVolChange(s, row, vol, true, true);
+    std::int16_t pan = kPanCentre;
+    if (!s.Use3D) LoopPanChange(s, row, pan, true);
+    run.Playing = False;
+    s.World.Screen.ShowPlay(row);
+    LoopSetThinnable(s, row, true);
+    EnableLoopControls(s, row, false);
+    set.StepDuration = 0;
+    set.Swing = 0;
+    SetBeatStartToZero(s, row);
+    ResetPatterns(s, row);
+    if (row == s.CurrentLoop) PatternsRefresh(s);
+    s.World.Screen.ShowCaption(row);
+}
+
+void LoopClearRows(Session& s, Row row) {
+    if (row == kSelectionRow) {
+        ForControlled(s, [&](Row each) { LoopClear(s, each); });
+    } else {
+        LoopClear(s, row);
+    }
+}
+
+void EnableLoopControls(Session& s, Row row, bool enabled) {
+    s.PanKnobOn[row] = s.Use3D || enabled;
+    s.World.Screen.ShowEnabled(row);
+}
+
+bool PanKnobEnabled(const Session& s, Row row) { return s.PanKnobOn[row]; }
+
+std::string LoopFileName(const Session& s, Row row) { return SampleName(s.Set[row].FileName); }
+
+}  // namespace marvolin

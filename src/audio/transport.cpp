@@ -1,0 +1,86 @@
+#include "audio/transport.h"
+
+#include "audio/ds_error.h"
+#include "audio/sample_buffers.h"
+#include "core/grouping.h"
+#include "core/loop_views.h"
+#include "core/routines.h"
+#include "parameters/mapping.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr std::int32_t kEndMargin = 32;  // bytes that a start leaves before the end
+constexpr std::int32_t kSounding = buffer_status::kPlaying | buffer_status::kLooping;
+
+void StartOrJump(Session& s, Row row, bool request) {
+    DirectSoundBuffer& buffer = BufferOf(s, row);
+    const bool sounding = (buffer.GetStatus() & kSounding) != 0;
+    buffer.SetCurrentPosition(StartPosition(s, row));
+    if (sounding) return;
+    buffer.Play(LoopPlayFlags(s.Set[row].PlayMode));
+    s.Run[row].Playing = True;
+    s.World.Screen.ShowPlay(row);
+    s.Run[row].PlayRequest = ToBoolean(request);
+    ThinAdd(s, row);
+}
+
+void SetPlayingOfRowFour(Session& s, bool playing) {
+    s.Run[kSelectionRow].Playing = ToBoolean(playing);
+    s.World.Screen.ShowPlay(kSelectionRow);
+}
+
+}  // namespace
+
+std::int32_t StartPosition(const Session& s, Row row) {
+    const LoopTrackSet& set = s.Set[row];
+    if (set.PlayMode != kDrum) return 0;
+    const double last = static_cast<double>(set.BufferBytes) - kEndMargin;
+    return static_cast<std::int32_t>(ClampVar(s.Run[row].BeatStartBytes, 0, last));
+}
+
+void LoopPlay(Session& s, Row row, bool request) {
+    if (row == kSelectionRow) return;
+    try {
+        if (s.Run[row].Loaded != False) StartOrJump(s, row, request);
+        if (s.Set[row].Selected == True) SetPlayingOfRowFour(s, true);
+    } catch (const RuntimeError& e) {
+        ShowDSError(s, "playing loop", e.Number());
+    }
+}
+
+void LoopStop(Session& s, Row row) {
+    if (row < 0 || row >= kLoopTracks || s.Run[row].Loaded == False) return;
+    try {
+        DirectSoundBuffer& buffer = BufferOf(s, row);
+        ResetLoopClock(s, row);
+        MapHZ(s, row);
+        if ((buffer.GetCaps().Flags & buffer_flags::kControlPan) != 0) MapPan(s, row);
+        MapVol(s, row);
+        buffer.Stop();
+        buffer.SetCurrentPosition(0);
+        s.Run[row].Playing = False;
+        s.World.Screen.ShowPlay(row);
+        LoopRefreshAny(s);
+        ThinRemove(s, row);
+    } catch (const RuntimeError& e) {
+        ShowDSError(s, "stopping loop", e.Number());
+    }
+}
+
+void LoopRefreshAny(Session& s) {
+    bool playing = false;
+    ForControlled(s, [&](Row row) { playing = playing || s.Run[row].Playing == True; });
+    SetPlayingOfRowFour(s, playing);
+}
+
+void PlayAll(Session& s) {
+    for (Row row = 0; row < kLoopTracks; ++row) LoopPlay(s, row, true);
+}
+
+void StopAll(Session& s) {
+    for (Row row = 0; row < kLoopTracks; ++row) LoopStop(s, row);
+}
+
+}  // namespace marvolin

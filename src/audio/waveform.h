@@ -1,0 +1,27 @@
+#pragma once
+/// \file
+/// The outline of a loaded sample, for the eye.
+
+#include <vector>
+
+#include "core/session.h"
+
+namespace marvolin {
+
+/// Lowest and highest sample of one column, -1..1, over all channels.
+struct WaveformColumn {
+    float Low = 0;
+    float High = 0;
+    friend bool operator==(const WaveformColumn&, const WaveformColumn&) = default;
+};
+
+/// The sample of `buffer` in `columns` columns of equal length, read in pieces and not kept. A sample shorter than
+/// `columns` frames repeats frames. PCM of 8, 16, 24 or 32 bits; any other gives no columns. Errors of the service
+/// rise.
+std::vector<WaveformColumn> WaveformPeaks(DirectSoundBuffer& buffer, int columns);
+
+/// The outline of the row's sample as it is in memory now; no columns for an empty row, or when the service does not
+/// hand it out. `Display::ShowWaveform` says when it has changed.
+std::vector<WaveformColumn> LoopWaveform(const Session& s, Row row, int columns);
+
+}  // namespace marvolin
