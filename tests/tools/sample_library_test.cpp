@@ -1,0 +1,197 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <set>
+#include <string>
+
+#include "make_samples/finishing.h"
+#include "make_samples/library.h"
+#include "make_samples/wav_writer.h"
+
+namespace marvolin::samples {
+namespace {
+
+/// The whole library, made once for all tests that look at it.
+const std::vector<Clip>& Made() {
+    static const std::vector<Clip> made = [] {
+        std::vector<Clip> clips;
+        for (const LibraryEntry& entry : Library()) clips.push_back(Make(entry));
+        return clips;
+    }();
+    return made;
+}
+
+/// Calls `look(name, clip)` for each entry.
+template <class Look>
+void ForEach(const Look& look) {
+    for (std::size_t i = 0; i < Library().size(); ++i) {
+        SCOPED_TRACE(Library()[i].name);
+        look(Library()[i], Made()[i]);
+    }
+}
+
+/// The largest step between neighbours from frame `first` to frame `last`, which go round the loop.
+double LargestStep(const Signal& signal, long first, long last) {
+    const auto frames = static_cast<long>(signal.size());
+    const auto at = [&](long i) { return signal[static_cast<std::size_t>(((i % frames) + frames) % frames)]; };
+    double largest = 0;
+    for (long i = first; i < last; ++i) largest = std::max(largest, std::fabs(at(i + 1) - at(i)));
+    return largest;
+}
+
+class SampleFolder : public testing::Test {
+protected:
+    SampleFolder() {
+        std::string name = (std::filesystem::temp_directory_path() / "samplesXXXXXX").string();
+        if (mkdtemp(name.data()) == nullptr) std::abort();
+        folder_ = name;
+    }
+    ~SampleFolder() override { std::filesystem::remove_all(folder_); }
+
+    static std::string Bytes(const std::filesystem::path& file) {
+        std::ifstream in(file, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+
+    static std::uint32_t Number(const std::string& bytes, std::size_t at, int count) {
+        std::uint32_t number = 0;
+        for (int i = count - 1; i >= 0; --i)
+            number = number << 8 | static_cast<std::uint8_t>(bytes[at + static_cast<std::size_t>(i)]);
+        return number;
+    }
+
+    std::filesystem::path folder_;
+};
+
+TEST(SampleLibrary, EveryLoopIsExactlyTwoBarsAt120Bpm) {
+    int loops = 0;
+    ForEach([&](const LibraryEntry& entry, const Clip& clip) {
+        const bool oneShot = std::string(entry.folder) == "OneShots";
+        EXPECT_EQ(clip.loops, !oneShot);
+        if (oneShot) return;
+        ++loops;
+        for (const Signal& channel : clip.channels) EXPECT_EQ(channel.size(), 176400u);
+    });
+    EXPECT_GE(loops, 20);
+}
+
+TEST(SampleLibrary, HasBeatsBassChordsTonesAndOneShotsInMonoAndStereo) {
+    std::map<std::string, int> folders;
+    std::set<std::size_t> channels;
+    std::set<std::string> names;
+    ForEach([&](const LibraryEntry& entry, const Clip& clip) {
+        ++folders[entry.folder];
+        channels.insert(clip.channels.size());
+        names.insert(entry.name);
+    });
+    for (const char* folder : {"Beats", "Bass", "Chords", "Tones", "OneShots"}) EXPECT_GE(folders[folder], 4) << folder;
+    EXPECT_EQ(folders.size(), 5u);
+    EXPECT_EQ(channels, (std::set<std::size_t>{1, 2}));
+    EXPECT_EQ(names.size(), Library().size());
+}
+
+TEST(SampleLibrary, TheLoopPointIsNoGreaterStepThanItsSurroundings) {
+    ForEach([](const LibraryEntry&, const Clip& clip) {
+        if (!clip.loops) return;
+        for (const Signal& channel : clip.channels) {
+            const auto last = static_cast<long>(channel.size()) - 1;
+            const double seam = LargestStep(channel, last, last + 1);
+            const double around =
+                std::max(LargestStep(channel, last - 400, last), LargestStep(channel, last + 1, last + 401));
+            EXPECT_LE(seam, around * 1.05);
+        }
+    });
+}
+
+TEST(SampleLibrary, SoundsPlayedOnceEndInSilence) {
+    ForEach([](const LibraryEntry&, const Clip& clip) {
+        if (clip.loops) return;
+        for (const Signal& channel : clip.channels) EXPECT_LT(std::fabs(channel.back()), 1e-3);
+    });
+}
+
+TEST(SampleLibrary, NothingPassesThreeDecibelsBelowFullScale) {
+    ForEach([](const LibraryEntry&, const Clip& clip) {
+        EXPECT_LE(Peak(clip), 0.709);
+        EXPECT_GE(Peak(clip), 0.3);
+    });
+}
+
+TEST(SampleLibrary, LoopsAreAsLoudAsEachOther) {
+    ForEach([](const LibraryEntry& entry, const Clip& clip) {
+        if (!clip.loops) return;
+        EXPECT_NEAR(Loudness(clip), entry.loudness, 0.1 * entry.loudness);
+        EXPECT_GE(entry.loudness, 0.1);
+        EXPECT_LE(entry.loudness, 0.25);
+    });
+}
+
+TEST(SampleLibrary, NoSoundHasAConstantPart) {
+    ForEach([](const LibraryEntry&, const Clip& clip) {
+        for (const Signal& channel : clip.channels) {
+            double sum = 0;
+            for (const double value : channel) sum += value;
+            EXPECT_LT(std::fabs(sum / static_cast<double>(channel.size())), 1e-4);
+        }
+    });
+}
+
+TEST(SampleLibrary, MakingItAgainGivesTheSameSamples) {
+    for (const std::size_t i : {std::size_t{1}, std::size_t{8}, std::size_t{11}, std::size_t{17}, std::size_t{26}}) {
+        SCOPED_TRACE(Library()[i].name);
+        EXPECT_EQ(ToPcm(Make(Library()[i])), ToPcm(Made()[i]));
+    }
+}
+
+TEST_F(SampleFolder, AFileIsAPlainSixteenBitWaveOfTheSamples) {
+    const Clip clip{{{0, 1, -1, 0.5}, {0.25, 2, -2, 0}}, false};
+    WriteWav(folder_ / "a.wav", clip);
+    const std::string bytes = Bytes(folder_ / "a.wav");
+    ASSERT_EQ(bytes.size(), 44u + 16u);
+    EXPECT_EQ(bytes.substr(0, 4), "RIFF");
+    EXPECT_EQ(Number(bytes, 4, 4), 52u);
+    EXPECT_EQ(bytes.substr(8, 8), "WAVEfmt ");
+    EXPECT_EQ(Number(bytes, 16, 4), 16u);
+    EXPECT_EQ(Number(bytes, 20, 2), 1u);
+    EXPECT_EQ(Number(bytes, 22, 2), 2u);
+    EXPECT_EQ(Number(bytes, 24, 4), 44100u);
+    EXPECT_EQ(Number(bytes, 28, 4), 176400u);
+    EXPECT_EQ(Number(bytes, 32, 2), 4u);
+    EXPECT_EQ(Number(bytes, 34, 2), 16u);
+    EXPECT_EQ(bytes.substr(36, 4), "data");
+    EXPECT_EQ(Number(bytes, 40, 4), 16u);
+    constexpr std::array<int, 8> kFrames = {0, 8192, 32767, 32767, -32767, -32768, 16384, 0};
+    for (std::size_t i = 0; i < kFrames.size(); ++i) {
+        EXPECT_EQ(static_cast<std::int16_t>(Number(bytes, 44 + 2 * i, 2)), kFrames[i]) << i;
+    }
+}
+
+TEST_F(SampleFolder, TheLibraryIsWrittenByFolderUnderNamesThatAPlayerReads) {
+    WriteLibrary(folder_);
+    for (const LibraryEntry& entry : Library()) {
+        EXPECT_TRUE(std::filesystem::is_regular_file(folder_ / entry.folder / (std::string(entry.name) + ".wav")))
+            << entry.name;
+    }
+    EXPECT_EQ(std::filesystem::file_size(folder_ / "Bass" / "Bass walking D.wav"), 44u + 176400u * 2);
+    EXPECT_EQ(std::filesystem::file_size(folder_ / "Beats" / "Beat 120 straight.wav"), 44u + 176400u * 4);
+}
+
+TEST_F(SampleFolder, AFileThatCannotBeWrittenIsNamedInTheError) {
+    const std::filesystem::path file = folder_ / "missing" / "a.wav";
+    try {
+        WriteWav(file, Clip{{{0}}, false});
+        FAIL() << "no error";
+    } catch (const std::runtime_error& error) {
+        EXPECT_EQ(error.what(), "cannot write " + file.string());
+    }
+}
+
+}  // namespace
+}  // namespace marvolin::samples

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "signal.h"
+
+namespace marvolin::samples {
+
+inline constexpr double kPeak = 0.7079;  ///< The loudest frame of every finished sound: -3 dBFS.
+
+/// Root mean square of all frames of all channels.
+double Loudness(const Clip& clip);
+
+/// The largest magnitude of any frame.
+double Peak(const Clip& clip);
+
+/// Makes a sound ready for its file: takes the constant part away, brings a loop to `loudness` (peaks that
+/// would pass kPeak are bent, never cut) and a sound played once to kPeak, and lets the latter end in silence.
+void Finish(Clip& clip, double loudness);
+
+}  // namespace marvolin::samples
