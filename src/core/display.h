@@ -38,7 +38,7 @@ public:
     virtual void ShowTitle() = 0;  ///< caption of the main window and the session in `StatusBar2`
 
     // Tab "Ptrn".
-    virtual void ShowSteps() = 0;                        ///< label of `NSteps` and the top of `StepReadOut`
+    virtual void ShowSteps() = 0;                        ///< label of `NSteps`, and `StepReadOutTop`
     virtual void ShowPattern(int patternRow) = 0;        ///< the whole graph
     virtual void ShowPatternColumn(int patternRow, int column) = 0;  ///< column 0 the random one, 1..32 the steps
     virtual void ShowStepMarker() = 0;

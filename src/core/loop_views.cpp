@@ -12,10 +12,12 @@ namespace marvolin {
 namespace {
 
 constexpr std::int32_t kLongestTime = 99999;  // 1/100 s
+constexpr int kTimeCharacters = 6;            // "000.00"
 
+/// A share as a percentage with one decimal, halves away from zero: 3.0 reads "300.0%".
 std::string PercentText(double share) {
     std::array<char, 400> text{};
-    std::snprintf(text.data(), text.size(), "%.1f%%", share * 100);
+    std::snprintf(text.data(), text.size(), "%.1f%%", std::round(share * 1000) / 10);
     return text.data();
 }
 
@@ -38,6 +40,10 @@ void PatternSetSteps(Session& s, int patternRow, int columns) {
 void PatternRefresh(Session& s, int patternRow) {
     const int columns = s.Set[s.CurrentLoop].NSteps + 1;
     if (s.GraphColumns[static_cast<std::size_t>(patternRow)] != columns) PatternSetSteps(s, patternRow, columns);
+    if (s.StepReadOutTop != columns) {
+        s.StepReadOutTop = static_cast<std::int16_t>(columns);
+        s.World.Screen.ShowSteps();
+    }
     s.World.Screen.ShowPattern(patternRow);
 }
 
@@ -56,9 +62,10 @@ void ShowStep(Session& s, Row row) {
 }
 
 std::string TimeDigitsText(double seconds) {
-    std::array<char, 64> text{};
-    std::snprintf(text.data(), text.size(), "%06.2f", seconds);
-    return text.data();
+    std::array<char, 400> text{};
+    const int length = std::snprintf(text.data(), text.size(), "%06.2f", seconds);
+    // The digits stand on the last six characters: what a group has no digit for falls away.
+    return text.data() + (length - kTimeCharacters);
 }
 
 char TimeDigitChar(const std::string& text, int digit) {
@@ -75,7 +82,9 @@ void ShowStepDuration(Session& s) {
 void ShowSwing(Session& s) {
     LoopTrackSet& loop = s.Set[s.CurrentLoop];
     ClampI4(loop.Swing, 0, kLongestTime);
-    ShowTime(s, kSwingGroup, loop.Swing / 100.0, PercentText(static_cast<double>(loop.Swing) / loop.StepDuration));
+    // A step of no length (a file may hold one) counts as the shortest, as `ShowStepDuration` would make it.
+    const std::int32_t step = std::max(loop.StepDuration, std::int32_t{1});
+    ShowTime(s, kSwingGroup, loop.Swing / 100.0, PercentText(static_cast<double>(loop.Swing) / step));
 }
 
 void ShowBeatStart(Session& s) {

@@ -55,6 +55,13 @@ struct DragState {
     Row DragPlayModeRow = -1;         ///< the `LoopIt` (0..5) that is being dragged; -1 none
 };
 
+/// A drag along a lane of the band editor, and the run that it has passed.
+struct BandDrag {
+    Row Lane = -1;  ///< band being drawn; -1 none
+    Row First = 0;
+    Row Last = 0;
+};
+
 /// The two needles of a `SndDisp`, on the scale 0..500.
 struct SoundDisplayState {
     std::int16_t Level = kVolFull;  ///< needle 0, along the top: the volume
@@ -187,6 +194,7 @@ struct Session {
     bool SelectionControlled = true;    ///< the selection's selector button is on
     Table<Boolean, kLoopTracks> SelectWork;  ///< the selection being built
     std::int16_t SelectDragTag = 0;     ///< button of the drag over the flags that is under way; 0 none
+    marvolin::BandDrag BandDrag;
     Row CurrentLoop = 0;                ///< LoopTrack shown by the pattern and timing views
     bool GangReady = false;             ///< row-4 operations walk the controlled rows
     bool ResetVars = true;              ///< "Reset on Load"
@@ -210,6 +218,7 @@ struct Session {
     std::int16_t PatternRandomRow = -1;  ///< pattern row whose random column is being drawn; -1 idle
     std::array<std::int16_t, kPatternRows> GraphColumns{};  ///< step columns that each graph is laid out for
     std::int16_t StepsShown = 4;         ///< number on the label `NSteps`, 1..32
+    std::int16_t StepReadOutTop = 0;     ///< top of the scale of `StepReadOut`: the steps that it is laid out for
     std::array<std::string, 3> TimeText{"000.00", "000.00", "000.00"};  ///< `ShowTime` of the three groups
     std::array<std::string, 3> PercentText;                             ///< `PercentReadOut`
 

@@ -2,24 +2,32 @@
 /// \file
 /// The tick that drives all sequencing.
 
+#include <string>
+
 #include "core/session.h"
 
 namespace marvolin {
 
-/// The tick: ends of one-shots, step timing, steps, the selection's indicator, the running clock.
-/// Errors of the service in it rise to the caller: they are not survived.
+/// The tick: ends of one-shots, step timing, steps, the selection's indicator, the running clock. `milliseconds` is the
+/// time really elapsed since the tick before.
+///
+/// A tick that arrives inside another is turned away with "Timer collision!" in the clock panel; its time is lost.
+/// Errors of the service in it rise to the caller: they are not survived, and the guard then stays set.
 void LoopTimer_Timer(Session& s, std::int32_t milliseconds);
-/// Notices that a one-shot has run out.
+/// Notices that a one-shot has run out. Errors of the service rise.
 void LoopPollEnd(Session& s, Row row);
-/// Counts towards the next step of one LoopTrack.
+/// Counts towards the next step of one LoopTrack in a clocked mode, and sets `StepDue` when it is reached.
 void StepTiming(Session& s, Row row, std::int32_t milliseconds);
-/// Carries out a step that is due.
+/// Carries out a step that is due. Errors of the service in restarting a Drum sample rise.
 void LoopStep(Session& s, Row row);
 /// Sets the five clock counters to 0.
 void ClockReset(Session& s);
-/// Takes a new tick interval, 1..100 ms, from `ResSlider`.
+/// Takes a new tick interval from `ResSlider`, limited to its 1..100 ms, and says so in the status line. Without a
+/// timer the value is only kept.
 void ResSlider_Change(Session& s, std::int16_t milliseconds);
 /// The tick interval from a file; a value outside 1..100 is ignored.
 void SetTimingRes(Session& s, std::int16_t milliseconds);
+/// "Timer Resolution: 10 ms": what `ResReadout` shows, and the hint of `ResSlider`.
+std::string TimingResText(const Session& s);
 
 }  // namespace marvolin

@@ -2,20 +2,44 @@
 /// \file
 /// Drawing, erasing and copying of patterns.
 
+#include <string_view>
+
 #include "core/session.h"
 
 namespace marvolin {
 
-/// Fills `PatternRange`-wide defaults into all rows, the digits' weights and the idle state of the pattern view.
+inline constexpr std::string_view kPatternGraphHint = "clk, drg Draw Pattern; rtdrg Copy Pattern";
+inline constexpr std::string_view kPatternsHint = "rtdrg Copy All Patterns";
+inline constexpr std::string_view kNStepsHint = "drg #Steps -/+";
+inline constexpr std::string_view kEraserHint = "drg onto Pattern to Reset Pattern";
+
+/// Share of a graph's width, from its left, that the random column takes.
+inline constexpr double kRandomColumnShare = 0.05;
+
+/// Resets the three pattern rows of rows 0..3, lays out the graphs for them and puts the pattern view at rest.
 void InitPatternTables(Session& s);
+
+/// The size of a graph, twips.
+struct GraphSize {
+    double Width = 0;
+    double Height = 0;
+};
 
 /// A press, move or release on graph `patternRow`. `x`, `y` in twips within the graph, `width`, `height` its size.
 /// A right press starts a drag, which is the window's.
 void PatternGraph_Gesture(Session& s, int patternRow, Phase phase, std::int16_t button, double x, double y,
                           double width, double height);
-/// A drop of `Eraser` on graph `patternRow`.
+/// Draws at a place of graph `patternRow`, if one of its columns is being drawn: the value goes into the graph's column
+/// and the record of `CurrentLoop`, and is shown beside the hint. Places left of the first step, or more than a column
+/// behind the last, are ignored.
+void PatternEdit(Session& s, int patternRow, std::int16_t button, double x, double y, GraphSize size);
+/// Takes the value of a graph's column into the record of `CurrentLoop`: column 0 is the random one, column n (1..33)
+/// the slot of step n, of which the 33rd is the row's spread.
+void PatternStore(Session& s, int patternRow, int column, double value);
+
+/// A drop of `Eraser` on graph `patternRow`. Only this graph is laid out and shown again.
 void EraserDrop(Session& s, int patternRow);
-/// `NSteps`: a drag sets the number of steps 1..32. `y` in twips.
+/// `NSteps`: a drag sets the number of steps 1..32. `y` in twips. The record takes it at the release.
 void NSteps_Gesture(Session& s, Phase phase, double y);
 
 /// Copies a pattern row, spread included, to the controlled rows (`from` 4), to the band of `to`, or to `to`.

@@ -1,0 +1,144 @@
+#include "sequencing/patterns.h"
+
+#include <array>
+#include <cstdlib>
+#include <string>
+
+#include "core/grouping.h"
+#include "core/loop_views.h"
+#include "core/routines.h"
+#include "parameters/setters.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr double kStepsShare = 1 - kRandomColumnShare;
+constexpr double kStepsATwip = 0.05;
+constexpr std::int16_t kNoPatternRow = -1;
+
+using ValueText = std::string (*)(std::int16_t);
+constexpr std::array<ValueText, kPatternRows> kValueTexts{Vol2Text, Hz2Text, Pan2Text};
+
+/// Value at a height of the graph. The bottom of the axis is not added: the lowest point is 0, limited to the range.
+double ValueAt(int patternRow, double y, double height) {
+    const PatternLimits& range = kPatternRange[static_cast<std::size_t>(patternRow)];
+    return ClampVar((height - y) / height * std::abs(range.Max - range.Min), range.Min, range.Max);
+}
+
+/// Number of the step column at `x`, from 1; 0 and less left of the steps.
+int ColumnAt(double x, double width, int columns) {
+    const double column = Int((x - kRandomColumnShare * width) / (kStepsShare * width / columns)) + 1;
+    return static_cast<int>(ClampVar(column, -1, 2 * kPatternSteps));
+}
+
+void Place(Session& s, int patternRow, int column, double value, const std::string& prefix) {
+    PatternStore(s, patternRow, column, value);
+    ShowReadout(s, prefix + kValueTexts[static_cast<std::size_t>(patternRow)](ToI2(value)));
+}
+
+}  // namespace
+
+void InitPatternTables(Session& s) {
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        for (int patternRow = 0; patternRow < kPatternRows; ++patternRow) PatternReset(s, row, patternRow);
+    }
+    s.PatternDrawRow = kNoPatternRow;
+    s.PatternRandomRow = kNoPatternRow;
+    s.CurrentLoop = 0;
+    s.StepsShown = static_cast<std::int16_t>(s.Set[s.CurrentLoop].NSteps + 1);
+    s.World.Screen.ShowSteps();
+    for (int patternRow = 0; patternRow < kPatternRows; ++patternRow) PatternRefresh(s, patternRow);
+}
+
+void PatternGraph_Gesture(Session& s, int patternRow, Phase phase, std::int16_t button, double x, double y,
+                          double width, double height) {
+    const GraphSize size{width, height};
+    switch (phase) {
+        case Phase::Down:
+            if (button != kLeftButton) return;
+            (x <= kRandomColumnShare * width ? s.PatternRandomRow : s.PatternDrawRow) =
+                static_cast<std::int16_t>(patternRow);
+            return;
+        case Phase::Move:
+            ShowStatus(s, kPatternGraphHint);
+            PatternEdit(s, patternRow, button, x, y, size);
+            return;
+        case Phase::Up:
+            PatternEdit(s, patternRow, button, x, y, size);
+            (s.PatternDrawRow != kNoPatternRow ? s.PatternDrawRow : s.PatternRandomRow) = kNoPatternRow;
+            return;
+    }
+}
+
+void PatternEdit(Session& s, int patternRow, std::int16_t button, double x, double y, GraphSize size) {
+    if (size.Width <= 0 || size.Height <= 0) return;
+    if (s.PatternDrawRow == patternRow && button == kLeftButton) {
+        const int columns = s.GraphColumns[static_cast<std::size_t>(patternRow)];
+        const int column = columns < 1 ? 0 : ColumnAt(x, size.Width, columns);
+        if (column < 1 || column > columns + 1) return;
+        Place(s, patternRow, column, ValueAt(patternRow, y, size.Height), "Step: " + NumberText(column) + " ");
+    } else if (s.PatternRandomRow == patternRow) {
+        Place(s, patternRow, 0, ValueAt(patternRow, y, size.Height), "Random: ");
+    }
+}
+
+void PatternStore(Session& s, int patternRow, int column, double value) {
+    const int slot = column == 0 ? kPatternOffset : column - 1;
+    s.Set[s.CurrentLoop].Pattern[patternRow][slot] = ToI2(value);
+    // The slot behind the last step of a full pattern is the spread, which the random column shows.
+    const int shown = slot == kPatternOffset ? 0 : column;
+    if (shown > s.GraphColumns[static_cast<std::size_t>(patternRow)]) return;
+    s.World.Screen.ShowPatternColumn(patternRow, shown);
+}
+
+void EraserDrop(Session& s, int patternRow) {
+    PatternReset(s, s.CurrentLoop, patternRow);
+    PatternRefresh(s, patternRow);
+}
+
+void NSteps_Gesture(Session& s, Phase phase, double y) {
+    switch (phase) {
+        case Phase::Down:
+            s.Drag.Dragging = True;
+            s.Drag.DragStartValue = s.StepsShown;
+            s.Drag.DragOrigin = static_cast<float>(y);
+            return;
+        case Phase::Move: {
+            ShowStatus(s, kNStepsHint);
+            if (s.Drag.Dragging == False) return;
+            const double steps = Int(s.Drag.DragStartValue - Int(y - s.Drag.DragOrigin) * kStepsATwip);
+            s.StepsShown = static_cast<std::int16_t>(ClampVar(steps, 1, kPatternSteps));
+            s.World.Screen.ShowSteps();
+            return;
+        }
+        case Phase::Up:
+            if (s.Drag.Dragging == False) return;
+            s.Drag.Dragging = False;
+            s.Set[s.CurrentLoop].NSteps = static_cast<std::int16_t>(s.StepsShown - 1);
+            PatternsRefresh(s);
+            return;
+    }
+}
+
+void PatternCopy(Session& s, Row from, Row to, int patternRow) {
+    const PatternBlock block = s.Set[from].Pattern[patternRow];
+    const auto put = [&](Row row) { s.Set[row].Pattern[patternRow] = block; };
+    if (from == kSelectionRow) {
+        ForControlled(s, put);
+    } else if (from == to) {
+        return;
+    } else if (s.Run[to].InBand == False) {
+        put(to);
+    } else {
+        ForBand(s, s.Run[to].Band, put);
+    }
+}
+
+void PatternCopyAll(Session& s, Row from, Row to) {
+    for (int patternRow = 0; patternRow < kPatternRows; ++patternRow) PatternCopy(s, from, to, patternRow);
+    // The members of a band or a selection keep their own number of steps.
+    s.Set[to].NSteps = s.Set[from].NSteps;
+}
+
+}  // namespace marvolin

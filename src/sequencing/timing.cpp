@@ -1,0 +1,99 @@
+#include "sequencing/timing.h"
+
+#include "audio/sample_loading.h"
+#include "audio/transport.h"
+#include "core/grouping.h"
+#include "core/loop_views.h"
+#include "core/routines.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr int kDigitsAGroup = 5;
+constexpr int kDigitGroups = 3;
+constexpr double kUnitsATwip = 0.02;
+
+void StoreTime(Session& s, int group, std::int32_t hundredths) {
+    switch (group) {
+        case kStepDurationGroup:
+            s.Set[s.CurrentLoop].StepDuration = hundredths;
+            ShowStepDuration(s);
+            return;
+        case kSwingGroup:
+            s.Set[s.CurrentLoop].Swing = hundredths;
+            ShowSwing(s);
+            return;
+        case kBeatStartGroup:
+            LoopSetBeatStart(s, s.CurrentLoop, hundredths);
+            ShowBeatStart(s);
+            return;
+        default:
+            return;
+    }
+}
+
+std::int32_t StoredTime(const Session& s, int group) {
+    const LoopTrackSet& set = s.Set[s.CurrentLoop];
+    return group == kStepDurationGroup ? set.StepDuration : group == kSwingGroup ? set.Swing : set.BeatStart;
+}
+
+void CopyElement(Session& s, Row from, Row to, int what) {
+    if (from == to) return;
+    const bool all = what == kAllTiming;
+    if (what == kCloneStepDuration || all) s.Set[to].StepDuration = s.Set[from].StepDuration;
+    if (what == kCloneBeatStart || all) {
+        std::int32_t beatStart = s.Set[from].BeatStart;
+        LoopSetBeatStart(s, to, beatStart);
+    }
+    if (what == kCloneSwing || all) s.Set[to].Swing = s.Set[from].Swing;
+}
+
+}  // namespace
+
+void TimeDigit_Gesture(Session& s, int digit, Phase phase, double y) {
+    const int group = digit / kDigitsAGroup;
+    switch (phase) {
+        case Phase::Down:
+            s.Drag.Dragging = True;
+            s.Drag.DragOrigin = static_cast<float>(y);
+            if (group < kDigitGroups) s.Drag.DragStartValue = StoredTime(s, group);
+            return;
+        case Phase::Move: {
+            ShowStatus(s, kTimeDigitHint);
+            if (s.Drag.Dragging == False) return;
+            const double units = Int((y - s.Drag.DragOrigin) * kUnitsATwip);
+            const double weight = kDigitWeight.at(static_cast<std::size_t>(digit));
+            StoreTime(s, group, ToI4(s.Drag.DragStartValue - units * weight));
+            return;
+        }
+        case Phase::Up:
+            s.Drag.Dragging = False;
+            return;
+    }
+}
+
+void PercentReadOut_DblClick(Session& s, int element) {
+    StoreTime(s, element, element == kStepDurationGroup ? ToI4(s.Set[s.CurrentLoop].Length * 100) : 0);
+}
+
+void TimingCopy(Session& s, Row from, Row to, int what) {
+    const auto copy = [&](Row row) { CopyElement(s, from, row, what); };
+    const auto startAgain = [&](Row row) {
+        if (what == kAllTiming) LoopSetPlayMode(s, row, s.Set[row].PlayMode, true);
+    };
+    if (to == kSelectionRow) {
+        ForControlled(s, copy);
+        ForControlled(s, startAgain);
+    } else if (s.Run[to].InBand == False) {
+        copy(to);
+        startAgain(to);
+    } else {
+        ForBand(s, s.Run[to].Band, [&](Row row) {
+            copy(row);
+            startAgain(row);
+        });
+    }
+}
+
+}  // namespace marvolin
