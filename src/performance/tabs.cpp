@@ -1,0 +1,16 @@
+#include "performance/tabs.h"
+
+#include "core/loop_views.h"
+
+namespace marvolin {
+
+void SetTab(Session& s, std::int16_t tab) {
+    if (tab < 0 || tab >= kTabs) return;
+    s.ActiveTab = tab;
+    s.World.Screen.ShowTab();
+    TabControl_Changed(s);
+}
+
+void TabControl_Changed(Session& s) { PatternsRefresh(s); }
+
+}  // namespace marvolin

@@ -1,0 +1,14 @@
+#pragma once
+/// \file
+/// The tabs of the main window.
+
+#include "core/session.h"
+
+namespace marvolin {
+
+/// Opens a tab of `TabControl` (a `marvolin::Tab`) and refreshes what it shows. A number outside 0..3 is ignored.
+void SetTab(Session& s, std::int16_t tab);
+/// `TabControl` has changed by itself: refreshes what the open tab shows.
+void TabControl_Changed(Session& s);
+
+}  // namespace marvolin
