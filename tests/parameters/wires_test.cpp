@@ -1,0 +1,362 @@
+#include "parameters/wires.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "audio/transport.h"
+#include "fakes/instrument.h"
+
+namespace marvolin {
+namespace {
+
+using test::Instrument;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr double kWidth = 600;
+constexpr double kLeft = 100;
+constexpr double kMiddle = 300;
+constexpr double kRight = 500;
+
+void Press(Instrument& i, Row row, std::int16_t button, double x, double y = 1000) {
+    ChannelFlag_Gesture(i.s, row, Phase::Down, button, x, y, kWidth);
+}
+void MoveTo(Instrument& i, Row row, double y) {
+    ChannelFlag_Gesture(i.s, row, Phase::Move, kLeftButton, kLeft, y, kWidth);
+}
+void Release(Instrument& i, Row row, std::int16_t button, double x, double y = 1000) {
+    ChannelFlag_Gesture(i.s, row, Phase::Up, button, x, y, kWidth);
+}
+int ClickOn(std::uint8_t channel, double x) {
+    Instrument i;
+    i.s.Set[0].Channel = channel;
+    Press(i, 0, kLeftButton, x);
+    Release(i, 0, kLeftButton, x);
+    return i.s.Set[0].Channel;
+}
+
+TEST(WireFlip, FlipsOneBitOfTheValueLessOne) {
+    struct Case {
+        std::int16_t Value, Right, Left, Connection;
+    };
+    for (const Case& c : std::vector<Case>{{1, 2, 3, 5},
+                                           {2, 1, 4, 6},
+                                           {3, 4, 1, 7},
+                                           {4, 3, 2, 8},
+                                           {5, 6, 7, 1},
+                                           {6, 5, 8, 2},
+                                           {7, 8, 5, 3},
+                                           {8, 7, 6, 4}}) {
+        EXPECT_EQ(WireFlip(c.Value, 1), c.Right) << c.Value;
+        EXPECT_EQ(WireFlip(c.Value, 2), c.Left) << c.Value;
+        EXPECT_EQ(WireFlip(c.Value, 4), c.Connection) << c.Value;
+    }
+}
+
+TEST(WireClamp, KeepsAValueInTheRowsConnectionState) {
+    Instrument i;
+    for (std::uint8_t channel = 1; channel <= 8; ++channel) {
+        i.s.Set[0].Channel = channel;
+        for (std::int16_t value = -20; value <= 20; ++value) {
+            const int wanted = channel > 4 ? std::clamp<int>(value, 5, 8) : std::clamp<int>(value, 1, 4);
+            EXPECT_EQ(WireClamp(i.s, 0, value), wanted);
+        }
+    }
+}
+
+TEST(LoopSetChannel, IsLimitedInPlaceStoredAndShown) {
+    Instrument i;
+    i.Fill(0);
+    std::int16_t value = 0;
+    LoopSetChannel(i.s, 0, value, false);
+    EXPECT_EQ(value, 1);
+    EXPECT_EQ(i.s.Set[0].Channel, 1);
+    value = 9;
+    LoopSetChannel(i.s, 0, value, false);
+    EXPECT_EQ(value, 8);
+    EXPECT_EQ(i.s.Set[0].Channel, 8);
+    EXPECT_THAT(i.Screen.Log, ElementsAre("ShowWire 0", "ShowCaption 0", "ShowWire 0", "ShowCaption 0"));
+    EXPECT_THAT(i.Sound.Log, IsEmpty());
+}
+
+TEST(LoopSetChannel, WithApplySendsVolumePanAndFrequencyInThisOrder) {
+    Instrument i;
+    i.Fill(0);
+    i.s.ChannelVol[3] = 100;
+    i.s.ChannelPan[3] = 600;
+    i.s.ChannelHz[3] = 500;
+    std::int16_t value = 3;
+    LoopSetChannel(i.s, 0, value, true);
+    EXPECT_THAT(i.Sound.Log, ElementsAre("SetVolume b0 -594", "SetPan b0 1200", "SetFrequency b0 22050"));
+}
+
+TEST(LoopSetChannelGang, ReachesTheControlledRowsTheBandOrTheRow) {
+    const auto rowsAtEight = [](const Instrument& i) {
+        std::vector<Row> rows;
+        for (Row row = 0; row < kRows; ++row) {
+            if (i.s.Set[row].Channel == 8) rows.push_back(row);
+        }
+        return rows;
+    };
+    Instrument selection;
+    selection.Select(0);
+    selection.Select(2);
+    LoopSetChannelGang(selection.s, kSelectionRow, 8, true);
+    EXPECT_THAT(rowsAtEight(selection), ElementsAre(0, 2, 4));
+    Instrument starting;
+    starting.s.GangReady = false;
+    starting.Select(0);
+    LoopSetChannelGang(starting.s, kSelectionRow, 8, true);
+    EXPECT_THAT(rowsAtEight(starting), ElementsAre(4));
+    Instrument band;
+    band.MakeBand(4, 2, 3);
+    LoopSetChannelGang(band.s, 3, 20, true);
+    EXPECT_THAT(rowsAtEight(band), ElementsAre(2, 3));
+    Instrument alone;
+    LoopSetChannelGang(alone.s, 1, 8, true);
+    EXPECT_THAT(rowsAtEight(alone), ElementsAre(1));
+}
+
+TEST(ChannelFlag, ARightClickTogglesTheConnectionAndTheSoundGoesBackToItsOwnSettings) {
+    Instrument i;
+    i.Fill(1);
+    i.s.ChannelVol[2] = 500;
+    i.s.ChannelPan[2] = 1000;
+    i.s.ChannelHz[2] = 500;
+    Press(i, 1, kRightButton, kMiddle);
+    Release(i, 1, kRightButton, kMiddle);
+    EXPECT_EQ(i.s.Set[1].Channel, 6);
+    EXPECT_EQ(i.Buffer(1).Volume, 0);
+    EXPECT_EQ(i.Buffer(1).Pan, 0);
+    EXPECT_EQ(i.Buffer(1).Frequency, 44100);
+    Press(i, 1, kRightButton, kLeft);
+    Release(i, 1, kRightButton, kLeft);
+    EXPECT_EQ(i.s.Set[1].Channel, 2);
+    EXPECT_EQ(i.Buffer(1).Volume, -10000);
+    EXPECT_EQ(i.Buffer(1).Pan, 10000);
+    EXPECT_EQ(i.Buffer(1).Frequency, 22050);
+    EXPECT_EQ(i.s.Drag.Dragging, False);
+}
+
+TEST(ChannelFlag, AClickFlipsTheColourOfTheThirdItHits) {
+    EXPECT_EQ(ClickOn(2, kLeft), 4);
+    EXPECT_EQ(ClickOn(2, kRight), 1);
+    EXPECT_EQ(ClickOn(2, kMiddle), 2);
+    EXPECT_EQ(ClickOn(6, kLeft), 8);
+    EXPECT_EQ(ClickOn(6, kRight), 5);
+}
+
+TEST(ChannelFlag, TheThirdsEndAtTheirBorders) {
+    EXPECT_EQ(ClickOn(2, 200), 4);
+    EXPECT_EQ(ClickOn(2, 200.01), 2);
+    EXPECT_EQ(ClickOn(2, 399.99), 2);
+    EXPECT_EQ(ClickOn(2, 400), 1);
+    EXPECT_EQ(ClickOn(2, 0), 4);
+    EXPECT_EQ(ClickOn(2, 600), 1);
+}
+
+TEST(ChannelFlag, AClickIsHeardAtOnceForTheWholeGang) {
+    Instrument i;
+    i.MakeBand(1, 0, 2);
+    i.Fill(0);
+    i.Fill(2);
+    Press(i, 1, kLeftButton, kLeft);
+    Release(i, 1, kLeftButton, kLeft);
+    for (Row row = 0; row < 3; ++row) EXPECT_EQ(i.s.Set[row].Channel, 4);
+    EXPECT_EQ(i.s.Set[3].Channel, 4);  // its own from the start
+    EXPECT_EQ(i.Sound.Count("SetVolume"), 2);
+}
+
+TEST(ChannelFlag, FourTwipsAreAClickFiveADrag) {
+    for (const double distance : {-4.0, 4.0}) {
+        Instrument i;
+        i.s.Set[0].Channel = 2;
+        Press(i, 0, kLeftButton, kLeft);
+        MoveTo(i, 0, 1000 + distance);
+        Release(i, 0, kLeftButton, kLeft, 1000 + distance);
+        EXPECT_EQ(i.s.Set[0].Channel, 4) << distance;
+    }
+    Instrument down;
+    down.s.Set[0].Channel = 2;
+    Press(down, 0, kLeftButton, kLeft);
+    Release(down, 0, kLeftButton, kLeft, 1005);
+    EXPECT_EQ(down.s.Set[0].Channel, 1);
+    Instrument up;
+    up.s.Set[0].Channel = 2;
+    Press(up, 0, kLeftButton, kLeft);
+    Release(up, 0, kLeftButton, kLeft, 995);
+    EXPECT_EQ(up.s.Set[0].Channel, 2);
+}
+
+TEST(ChannelFlag, ADragMovesOneChannelForAHundredTwipsUpwardsMore) {
+    struct Case {
+        double Distance;
+        int Channel;
+    };
+    // Downwards the first channel goes at once, since the sum is rounded down.
+    for (const Case& c :
+         std::vector<Case>{{0, 2}, {-99, 2}, {-100, 3}, {-199, 3}, {-200, 4}, {-900, 4}, {1, 1}, {100, 1}, {900, 1}}) {
+        Instrument i;
+        i.s.Set[0].Channel = 2;
+        Press(i, 0, kLeftButton, kLeft);
+        MoveTo(i, 0, 1000 + c.Distance);
+        EXPECT_EQ(i.s.Set[0].Channel, c.Channel) << c.Distance;
+    }
+}
+
+TEST(ChannelFlag, WhileDraggedTheFlagFollowsAndTheSoundOnlyAtTheEnd) {
+    Instrument i;
+    i.Fill(0);
+    Press(i, 0, kLeftButton, kLeft);
+    MoveTo(i, 0, 800);
+    EXPECT_EQ(i.s.Set[0].Channel, 3);
+    EXPECT_THAT(i.Sound.Log, IsEmpty());
+    Release(i, 0, kLeftButton, kLeft, 700);
+    EXPECT_EQ(i.s.Set[0].Channel, 4);
+    EXPECT_EQ(i.Sound.Count("SetVolume"), 1);
+    EXPECT_EQ(i.s.Drag.Dragging, False);
+    MoveTo(i, 0, 1000);
+    Release(i, 0, kLeftButton, kLeft, 1000);
+    EXPECT_EQ(i.s.Set[0].Channel, 4);
+}
+
+TEST(ChannelFlag, ADisconnectedFlagRunsThroughFiveToEightOnly) {
+    Instrument i;
+    i.s.Set[0].Channel = 6;
+    Press(i, 0, kLeftButton, kLeft);
+    for (double y = 3000; y >= -3000; y -= 10) {
+        MoveTo(i, 0, y);
+        ASSERT_GE(i.s.Set[0].Channel, 5);
+        ASSERT_LE(i.s.Set[0].Channel, 8);
+    }
+    EXPECT_EQ(i.s.Set[0].Channel, 8);
+    MoveTo(i, 0, 3000);
+    EXPECT_EQ(i.s.Set[0].Channel, 5);
+}
+
+TEST(ChannelFlag, AnyOtherButtonDrags) {
+    Instrument i;
+    Press(i, 0, kMiddleButton, kLeft);
+    EXPECT_NE(i.s.Drag.Dragging, False);
+    EXPECT_EQ(i.s.Set[0].Channel, 1);
+}
+
+TEST(ChannelFlag, AMoveShowsTheHint) {
+    Instrument i;
+    ChannelFlag_Gesture(i.s, 0, Phase::Move, kNoButton, 0, 0, kWidth);
+    EXPECT_EQ(i.s.StatusText, "drg Wire -/+; click Flip Colour; rtclk tggle Connect");
+    EXPECT_EQ(i.s.Set[0].Channel, 1);
+}
+
+/// Loads and starts rows in this order.
+void Start(Instrument& i, const std::vector<Row>& rows) {
+    for (const Row row : rows) {
+        if (i.s.Run[row].Loaded == False) i.Fill(row);
+        LoopPlay(i.s, row, true);
+    }
+}
+
+TEST(Limiter, ADragSetsTheNumberAndOnlyItsEndThins) {
+    Instrument i;
+    Start(i, {2, 0, 1});
+    Limiter_Gesture(i.s, Phase::Down, 1000);
+    Limiter_Gesture(i.s, Phase::Move, 1060);
+    EXPECT_EQ(i.s.Limit, 1);
+    EXPECT_EQ(i.s.ThinList, "CAB");
+    EXPECT_EQ(i.Screen.Count("ShowLimit"), 1);
+    Limiter_Gesture(i.s, Phase::Up, 1060);
+    EXPECT_EQ(i.s.ThinList, "B");
+    EXPECT_EQ(i.s.Drag.Dragging, False);
+}
+
+TEST(Limiter, MovesOneForTwentyTwipsUpwardsMoreWithinOneToFour) {
+    struct Case {
+        double Distance;
+        int Limit;
+    };
+    for (const Case& c :
+         std::vector<Case>{{0, 2}, {-19, 2}, {-20, 3}, {-40, 4}, {-400, 4}, {1, 1}, {20, 1}, {400, 1}, {900000, 1}}) {
+        Instrument i;
+        i.s.Limit = 2;
+        Limiter_Gesture(i.s, Phase::Down, 1000);
+        Limiter_Gesture(i.s, Phase::Move, 1000 + c.Distance);
+        EXPECT_EQ(i.s.Limit, c.Limit) << c.Distance;
+    }
+}
+
+TEST(Limiter, AMoveWithoutAPressOnlyShowsTheHintAndAReleaseDoesNotThin) {
+    Instrument i;
+    Start(i, {0, 1});
+    i.s.Limit = 1;
+    Limiter_Gesture(i.s, Phase::Move, 5000);
+    Limiter_Gesture(i.s, Phase::Up, 5000);
+    EXPECT_EQ(i.s.StatusText, "drg -/+ to Thin to N Playing LoopTracks");
+    EXPECT_EQ(i.s.Limit, 1);
+    EXPECT_EQ(i.s.ThinList, "AB");
+}
+
+TEST(ThinTo, StopsTheTwoOldestOfThreeAndBringsNothingBack) {
+    Instrument i;
+    Start(i, {1, 3, 0});
+    i.s.Limit = 1;
+    ThinTo(i.s);
+    EXPECT_EQ(i.s.Run[1].Playing, False);
+    EXPECT_EQ(i.s.Run[3].Playing, False);
+    EXPECT_NE(i.s.Run[0].Playing, False);
+    EXPECT_EQ(i.s.ThinList, "A");
+    i.s.Limit = 4;
+    ThinTo(i.s);
+    EXPECT_EQ(i.s.ThinList, "A");
+    EXPECT_EQ(i.s.Run[1].Playing, False);
+}
+
+TEST(ThinTo, AtFourThereIsNoLimit) {
+    Instrument i;
+    i.s.ThinList = "ABCDA";
+    ThinTo(i.s);
+    EXPECT_EQ(i.s.ThinList, "ABCDA");
+}
+
+TEST(ThinTo, EndsAtAStopThatDoesNotTakeTheLetterOut) {
+    Instrument i;
+    i.s.ThinList = "ABC";  // rows without a sample are not stopped
+    i.s.Limit = 1;
+    ThinTo(i.s);
+    EXPECT_EQ(i.s.ThinList, "ABC");
+}
+
+TEST(ThinTo, RowsThatAreNotThinnableNeitherCountNorStop) {
+    Instrument i;
+    i.s.Set[0].Thinnable = False;
+    i.s.Set[1].Thinnable = False;
+    Start(i, {0, 1, 2});
+    i.s.Limit = 1;
+    ThinTo(i.s);
+    for (Row row = 0; row < 3; ++row) EXPECT_NE(i.s.Run[row].Playing, False);
+}
+
+TEST(ThinTo, AThirdStartAtALimitOfTwoStopsTheOldestAndNotTheNewest) {
+    Instrument i;
+    i.s.Limit = 2;
+    Start(i, {2, 1, 0});
+    EXPECT_EQ(i.s.ThinList, "BA");
+    EXPECT_EQ(i.s.Run[2].Playing, False);
+    EXPECT_NE(i.s.Run[0].Playing, False);
+}
+
+TEST(ThinTo, AStartIsNeverRefused) {
+    Instrument i;
+    i.s.Limit = 1;
+    for (const Row row : {Row{0}, Row{1}, Row{2}, Row{3}, Row{0}}) {
+        Start(i, {row});
+        EXPECT_NE(i.s.Run[row].Playing, False);
+        EXPECT_EQ(i.s.ThinList, std::string(1, RowLetter(row)));
+    }
+}
+
+}  // namespace
+}  // namespace marvolin
