@@ -1,0 +1,96 @@
+#include "house/floors.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace marvolin::house {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const Tree& Sources() {
+    static const Tree sources = ReadTree(MARVOLIN_SOURCES);
+    return sources;
+}
+
+TEST(Floors, TheSourcesAreReadWhole) {
+    EXPECT_GE(Sources().size(), 20u);
+    EXPECT_TRUE(Sources().contains("core/session.h"));
+}
+
+TEST(Floors, OnlyTheWindowIncludesTheToolkitAndOnlyAdaptersTheirLibrary) {
+    EXPECT_THAT(LibrariesOutOfPlace(Sources()), IsEmpty());
+}
+
+TEST(Floors, NoFileIncludesAFloorAboveItsOwn) { EXPECT_THAT(FloorsBroken(Sources()), IsEmpty()); }
+
+TEST(Floors, EveryIncludeInQuotesIsAFileOfTheSources) { EXPECT_THAT(IncludesThatLeadNowhere(Sources()), IsEmpty()); }
+
+TEST(Floors, NoFileIncludesItselfByAnyWay) { EXPECT_THAT(Rings(Sources()), IsEmpty()); }
+
+TEST(FloorsCheck, FindsIncludesAndNothingElse) {
+    EXPECT_THAT(
+        IncludesOf("#include <vector>\n  #  include \"core/a.h\"  // why\n// #include \"core/b.h\"\nint include;\n"),
+        ElementsAre("<vector>", "\"core/a.h\""));
+}
+
+TEST(FloorsCheck, TellsAToolkitHeaderBelowTheWindow) {
+    for (const char* header : {"<QWidget>", "<QtCore/QString>", "<qtimer.h>", "\"QString\""}) {
+        const std::string text = std::string("#include ") + header + "\n";
+        EXPECT_EQ(LibrariesOutOfPlace({{"performance/mix_pad.cpp", text}}).size(), 1u) << header;
+        EXPECT_THAT(LibrariesOutOfPlace({{"window/mix_pad.cpp", text}, {"main.cpp", text}}), IsEmpty()) << header;
+    }
+}
+
+TEST(FloorsCheck, TellsALibraryHeaderOutsideItsAdapter) {
+    struct Case {
+        const char* header;
+        const char* adapter;
+    };
+    for (const Case& c : {Case{"<SDL.h>", "audio/openal_sound.cpp"}, Case{"<SDL2/SDL.h>", "performance/sdl_input.cpp"},
+                          Case{"<AL/alext.h>", "audio/openal_sound.cpp"}, Case{"<sndfile.h>", "audio/wave_file.cpp"},
+                          Case{"<liblnk.h>", "browser/shell_link.cpp"}, Case{"<lua.hpp>", "scripting/lua_script.cpp"},
+                          Case{"<lua5.4/lualib.h>", "scripting/lua_script.cpp"}}) {
+        const std::string text = std::string("#include ") + c.header + "\n";
+        EXPECT_EQ(LibrariesOutOfPlace({{"core/routines.cpp", text}}).size(), 1u) << c.header;
+        EXPECT_EQ(LibrariesOutOfPlace({{"window/frm_main.cpp", text}}).size(), 1u) << c.header;
+        EXPECT_THAT(LibrariesOutOfPlace({{c.adapter, text}}), IsEmpty()) << c.header;
+    }
+}
+
+TEST(FloorsCheck, TellsAnIncludeThatGoesUp) {
+    EXPECT_THAT(FloorsBroken({{"core/a.cpp", "#include \"audio/device.h\"\n"}}),
+                ElementsAre("core/a.cpp: audio/device.h stands above it"));
+    EXPECT_THAT(FloorsBroken({{"sequencing/a.h", "#include \"performance/mix_pad.h\"\n"}}), testing::SizeIs(1));
+    EXPECT_THAT(FloorsBroken({{"instrument/a.cpp", "#include \"window/frm_main.h\"\n"}}), testing::SizeIs(1));
+    EXPECT_THAT(FloorsBroken({{"audio/a.cpp", "#include \"parameters/mapping.h\"\n"},
+                              {"parameters/a.cpp", "#include \"audio/ds_error.h\"\n"},
+                              {"main.cpp", "#include \"window/frm_main.h\"\n"}}),
+                IsEmpty());
+}
+
+TEST(FloorsCheck, TellsAFolderWithoutAFloor) {
+    EXPECT_THAT(FloorsBroken({{"utilities/a.h", ""}}), ElementsAre("utilities/a.h: its folder has no floor"));
+}
+
+TEST(FloorsCheck, TellsAnIncludeThatLeadsNowhere) {
+    EXPECT_THAT(IncludesThatLeadNowhere({{"core/a.h", "#include \"b.h\"\n"}, {"core/b.h", "#include <vector>\n"}}),
+                ElementsAre("core/a.h: b.h is no file of the sources"));
+}
+
+TEST(FloorsCheck, TellsARingOnceWhateverItsLength) {
+    EXPECT_THAT(Rings({{"core/a.h", "#include \"core/a.h\"\n"}}), ElementsAre("core/a.h -> core/a.h"));
+    EXPECT_THAT(Rings({{"core/a.h", "#include \"core/b.h\"\n"},
+                       {"core/b.h", "#include \"core/c.h\"\n"},
+                       {"core/c.h", "#include \"core/a.h\"\n"},
+                       {"core/d.h", "#include \"core/a.h\"\n"}}),
+                ElementsAre("core/a.h -> core/b.h -> core/c.h -> core/a.h"));
+    EXPECT_THAT(Rings({{"core/a.h", "#include \"core/b.h\"\n#include \"core/c.h\"\n"},
+                       {"core/b.h", "#include \"core/c.h\"\n"},
+                       {"core/c.h", ""}}),
+                IsEmpty());
+}
+
+}  // namespace
+}  // namespace marvolin::house
