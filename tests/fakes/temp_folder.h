@@ -1,0 +1,41 @@
+#pragma once
+/// \file
+/// A folder of a test's own on the real file system, gone with the test.
+
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <system_error>
+
+namespace marvolin::test {
+
+class TempFolder {
+public:
+    TempFolder() {
+        std::string name = (std::filesystem::temp_directory_path() / "marvolin-test-XXXXXX").string();
+        path_ = ::mkdtemp(name.data());
+    }
+    ~TempFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+
+    /// Full path of the folder, without a separator at its end.
+    const std::string& Path() const { return path_; }
+    /// Full path of `name` in it.
+    std::string In(const std::string& name) const { return path_ + "/" + name; }
+    /// Makes a file of that name; its full path.
+    std::string Touch(const std::string& name, const std::string& content = "") const {
+        std::ofstream(In(name), std::ios::binary) << content;
+        return In(name);
+    }
+
+private:
+    std::string path_;
+};
+
+}  // namespace marvolin::test
