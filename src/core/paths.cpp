@@ -16,13 +16,15 @@ bool EndsInSeparator(const std::string& path) { return !path.empty() && IsSepara
 }  // namespace
 
 bool FileExists(const std::string& path) {
+    // A search finds names, and a name does not end in a separator.
+    if (path.empty() || EndsInSeparator(path)) return false;
     std::error_code error;
-    return !path.empty() && std::filesystem::exists(std::filesystem::symlink_status(path, error));
+    return std::filesystem::exists(std::filesystem::symlink_status(path, error));
 }
 
 bool DirExists(const std::string& path) {
     if (path == "/") return true;
-    const std::string name = StripBackslash(path);
+    const std::string name = EndsInSeparator(path) ? path.substr(0, path.size() - 1) : path;
     if (name.ends_with(':')) return DriveExists(name);
     std::error_code error;
     return !name.empty() && std::filesystem::is_directory(name, error);

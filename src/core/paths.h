@@ -6,7 +6,7 @@
 
 namespace marvolin {
 
-/// True if a directory entry of this name exists.
+/// True if a directory entry of this name exists: a file, a folder, or a link that leads nowhere.
 bool FileExists(const std::string& path);
 /// True if the path, without a separator at its end, is a folder. A name that ends in ":" is a drive.
 bool DirExists(const std::string& path);

@@ -134,6 +134,8 @@ std::string HourMinute(const Session& s) {
 
 std::string TempFileName(Session& s) { return s.World.Desk.TempFileName("VBN"); }
 
+void ClearProcedureFlags(Session& s) { s.ProcedureFlags.fill(0); }
+
 void ReadWorkArea(Session& s) {
     const PixelRect area = s.World.Desk.WorkArea();
     const double x = s.World.Desk.TwipsPerPixelX();

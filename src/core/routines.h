@@ -67,6 +67,9 @@ std::string HourMinute(const Session& s);
 /// A new unique file in the system's temporary folder with the prefix "VBN"; "" on failure.
 std::string TempFileName(Session& s);
 
+/// Clears the flags of the gestures of several stages, as a block.
+void ClearProcedureFlags(Session& s);
+
 /// Reads the desktop's work area into `WorkArea`, in twips.
 void ReadWorkArea(Session& s);
 

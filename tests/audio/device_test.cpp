@@ -211,7 +211,7 @@ TEST(UnInitDirectSound, OnAClosedDeviceOnlyRefreshesThePatternView) {
     i.s.ActiveTab = kPatternTab;
     UnInitDirectSound(i.s);
     EXPECT_EQ(i.s.Set[0].Vol, 10);
-    EXPECT_EQ(i.Screen.Count("ShowSteps"), 1);
+    EXPECT_EQ(i.Screen.Count("ShowPlayMode 5"), 1);
 }
 
 }  // namespace

@@ -390,10 +390,10 @@ TEST(LoopLoad, RefreshesThePatternViewWhenItsTabIsOpen) {
     i.s.ActiveTab = kPatternTab;
     i.s.CurrentLoop = 0;
     i.Load(1, "a.WAV");
-    const int ofAnother = i.Screen.Count("ShowSteps");
+    const int ofAnother = i.Screen.Count("ShowPlayMode 5");
     EXPECT_EQ(ofAnother, 1);
     i.Load(0, "a.WAV");
-    EXPECT_EQ(i.Screen.Count("ShowSteps") - ofAnother, 2);
+    EXPECT_EQ(i.Screen.Count("ShowPlayMode 5") - ofAnother, 2);
 }
 
 TEST(LoopLoadRows, AppendsTheExtensionAndLoadsTheRowAlone) {
