@@ -1,0 +1,162 @@
+#include "window/control.h"
+
+#include <QDrag>
+#include <QDragEnterEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QWheelEvent>
+
+#include "core/routines.h"
+#include "window/row_drops.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr int kNotch = 120;  // eighths of a degree of one wheel step
+
+QPointF Twips(QPointF pixels) { return pixels * kTwipsPerPixel; }
+
+}  // namespace
+
+std::int16_t ButtonNumber(Qt::MouseButton button) {
+    switch (button) {
+        case Qt::LeftButton: return kLeftButton;
+        case Qt::RightButton: return kRightButton;
+        case Qt::MiddleButton: return kMiddleButton;
+        default: return kNoButton;
+    }
+}
+
+std::int16_t ButtonMask(Qt::MouseButtons buttons) {
+    int mask = kNoButton;
+    for (Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+        if (buttons.testFlag(button)) mask |= ButtonNumber(button);
+    }
+    return static_cast<std::int16_t>(mask);
+}
+
+Control::Control(Session& session, QWidget* parent, const char* name, int controlIndex, const QString& label)
+    : QWidget(parent), s(session), index(controlIndex) {
+    setObjectName(index < 0 ? QString(name) : QString("%1_%2").arg(name).arg(index));
+    setAccessibleName(label);
+    setToolTip(label);
+    setMouseTracking(true);
+    setAttribute(Qt::WA_Hover);
+    setFocusPolicy(Qt::TabFocus);
+}
+
+void Control::TakeDropsFor(Row row) {
+    dropRow_ = row;
+    setAcceptDrops(row >= 0);
+}
+
+void Control::SetNotBuilt() {
+    setEnabled(false);
+    setToolTip(toolTip() + " (not available yet)");
+}
+
+void Control::Activate() {
+    const QPointF middle = Twips(QRectF(rect()).center());
+    Gesture(Phase::Down, kLeftButton, middle);
+    Gesture(Phase::Up, kLeftButton, middle);
+}
+
+void Control::Drop(const DragSource& source) {
+    if (dropRow_ >= 0) DropOnRow(s, dropRow_, source);
+}
+
+void Control::BeginDrag(const char* name, int sourceIndex, const QString& tag) {
+    held_ = kNoButton;  // the drag swallows the release
+    auto* drag = new QDrag(this);  // owned by the toolkit, which deletes it after the drop
+    drag->setMimeData(ToMimeData({name, static_cast<std::int16_t>(sourceIndex), tag.toStdString()}).release());
+    QPixmap picture = grab();
+    drag->setPixmap(picture.width() > 2 * 160 ? picture.copy(0, 0, 320, qMin(120, picture.height())) : picture);
+    drag->exec(Qt::CopyAction);
+    update();
+}
+
+bool Control::event(QEvent* event) {
+    // A grab that is lost ends a drag like a release at the last point.
+    const bool lost = event->type() == QEvent::UngrabMouse || event->type() == QEvent::Hide ||
+                      event->type() == QEvent::WindowDeactivate ||
+                      (event->type() == QEvent::EnabledChange && !isEnabled());
+    if (lost && Held()) EndHold();
+    return QWidget::event(event);
+}
+
+void Control::EndHold() {
+    const std::int16_t button = held_;
+    held_ = kNoButton;
+    Gesture(Phase::Up, button, Twips(last_));
+    update();
+}
+
+void Control::mousePressEvent(QMouseEvent* event) {
+    held_ = ButtonNumber(event->button());
+    last_ = event->position();
+    Gesture(Phase::Down, held_, Twips(last_));
+    update();
+}
+
+void Control::mouseMoveEvent(QMouseEvent* event) {
+    last_ = event->position();
+    const std::string_view hint = Hint(last_);
+    if (!hint.empty()) ShowStatus(s, hint);
+    Gesture(Phase::Move, ButtonMask(event->buttons()), Twips(last_));
+}
+
+void Control::mouseReleaseEvent(QMouseEvent* event) {
+    const std::int16_t button = ButtonNumber(event->button());
+    held_ = kNoButton;
+    Gesture(Phase::Up, button, Twips(event->position()));
+    update();
+}
+
+void Control::mouseDoubleClickEvent(QMouseEvent* event) {
+    held_ = ButtonNumber(event->button());
+    last_ = event->position();
+    DoubleClick(held_, Twips(last_));
+    update();
+}
+
+void Control::wheelEvent(QWheelEvent* event) {
+    wheelRest_ += event->angleDelta().y();
+    const int notches = wheelRest_ / kNotch;
+    wheelRest_ -= notches * kNotch;
+    if (notches != 0) Step(notches);
+    event->accept();
+}
+
+void Control::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Up:
+        case Qt::Key_Right: Step(1); return;
+        case Qt::Key_Down:
+        case Qt::Key_Left: Step(-1); return;
+        case Qt::Key_PageUp: Step(10); return;
+        case Qt::Key_PageDown: Step(-10); return;
+        case Qt::Key_Space:
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            if (!event->isAutoRepeat()) Activate();
+            return;
+        default: event->ignore();
+    }
+}
+
+void Control::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls() || IsDragSource(*event->mimeData())) event->acceptProposedAction();
+}
+
+void Control::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    if (const auto source = FromMimeData(*event->mimeData())) {
+        Drop(*source);
+    } else if (dropRow_ >= 0) {
+        DropFilesOnRow(s, dropRow_, FilePaths(*event->mimeData()));
+    }
+}
+
+}  // namespace marvolin

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "window/control.h"
+
+namespace marvolin {
+
+/// `Bands`: six lanes, one a band in its colour, over four columns, one a LoopTrack.
+class BandsEditor : public Control {
+public:
+    BandsEditor(Session& session, QWidget* parent);
+
+protected:
+    void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    void DoubleClick(std::int16_t button, QPointF twips) override;
+    void Activate() override {}
+    std::string_view Hint(QPointF) const override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Row LaneAt(QPointF twips) const;
+
+    Row lane_ = 0;  // lane of the press
+};
+
+}  // namespace marvolin

@@ -1,0 +1,55 @@
+#include "window/controls/fade_factor.h"
+
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+#include "parameters/fades.h"
+#include "window/hints.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr double kLow = 20;
+constexpr double kHigh = 2000;
+constexpr double kMargin = 9;  // pixels from the control's edge to the end of the scale
+constexpr int kFineStep = 20;
+
+void SetGauge(Session& s, double value) {
+    FadeFactor_Change(s, static_cast<std::int16_t>(std::lround(std::clamp(value, kLow, kHigh))));
+}
+
+}  // namespace
+
+FadeFactorControl::FadeFactorControl(Session& session, QWidget* parent)
+    : Control(session, parent, "FadeFactor", -1, "Fade speed") {}
+
+std::string_view FadeFactorControl::Hint(QPointF) const { return hints::kFadeFactor; }
+
+void FadeFactorControl::Gesture(Phase, std::int16_t button, QPointF twips) {
+    if ((button & kLeftButton) == 0) return;
+    const double share = (twips.x() / kTwipsPerPixel - kMargin) / (width() - 2 * kMargin);
+    SetGauge(s, kLow + share * (kHigh - kLow));
+}
+
+void FadeFactorControl::Step(int units) { SetGauge(s, FadeFactorGauge(s) + units * kFineStep); }
+
+void FadeFactorControl::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    const double y = height() / 2.0;
+    const double share = (FadeFactorGauge(s) - kLow) / (kHigh - kLow);
+    const double x = kMargin + share * (width() - 2 * kMargin);
+    p.setPen(QPen(theme::kLine, 1));
+    p.setBrush(theme::kSunk);
+    p.drawRoundedRect(QRectF(kMargin - 3, y - 3, width() - 2 * kMargin + 6, 6), 3, 3);
+    p.setPen(Qt::NoPen);
+    p.setBrush(theme::kAccent);
+    p.drawRoundedRect(QRectF(kMargin - 3, y - 3, x - kMargin + 3, 6), 3, 3);
+    p.setBrush(theme::kText);
+    p.setPen(QPen(hasFocus() ? theme::kAccent : theme::kWindow, hasFocus() ? 2 : 1));
+    p.drawEllipse(QPointF(x, y), 7, 7);
+}
+
+}  // namespace marvolin

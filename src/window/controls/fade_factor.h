@@ -1,0 +1,20 @@
+#pragma once
+
+#include "window/control.h"
+
+namespace marvolin {
+
+/// `FadeFactor`: the gauge of the fade speed, 20..2000.
+class FadeFactorControl : public Control {
+public:
+    FadeFactorControl(Session& session, QWidget* parent);
+
+protected:
+    void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    void Step(int units) override;
+    void Activate() override {}
+    std::string_view Hint(QPointF) const override;
+    void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace marvolin

@@ -1,0 +1,100 @@
+#include "window/controls/knob.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <array>
+#include <cmath>
+
+namespace marvolin {
+
+namespace {
+
+struct KnobLook {
+    const char* Name;
+    const char* Label;
+    const char* Text;
+};
+constexpr std::array<KnobLook, 3> kLooks{
+    {{"VolKnob", "Vol", "Volume"}, {"PanKnob", "Pan", "Pan"}, {"HzKnob", "Freq", "Frequency"}}};
+
+constexpr double kSweep = 270;       // degrees from the first picture to the last
+constexpr double kStart = 225;       // degrees of the first picture, counter-clockwise from three o'clock
+constexpr double kLastFrame = 63;
+constexpr double kRadius = 17;
+
+const KnobLook& LookOf(Knob knob) { return kLooks[static_cast<std::size_t>(knob)]; }
+
+QString RowText(Row row) {
+    if (row == kMasterRow) return "of the master";
+    if (row == kSelectionRow) return "of the selection";
+    return QString("of LoopTrack %1").arg(QChar(RowLetter(row)));
+}
+
+void DrawArc(QPainter& p, const QRectF& ring, double fromDegrees, double spanDegrees, const QColor& colour,
+             double width) {
+    p.setPen(QPen(colour, width, Qt::SolidLine, Qt::FlatCap));
+    p.setBrush(Qt::NoBrush);
+    p.drawArc(ring, static_cast<int>(std::lround(fromDegrees * 16)), static_cast<int>(std::lround(spanDegrees * 16)));
+}
+
+}  // namespace
+
+KnobControl::KnobControl(Session& session, QWidget* parent, Knob knob, Row row)
+    : Control(session, parent, LookOf(knob).Name, row, QString("%1 %2").arg(LookOf(knob).Text, RowText(row))),
+      knob_(knob),
+      row_(row) {
+    if (row != kMasterRow) TakeDropsFor(row);
+}
+
+void KnobControl::Refresh() {
+    if (KnobFrameOf(s, knob_, row_) != shown_) update();
+}
+
+void KnobControl::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::EnabledChange) update();
+    Control::changeEvent(event);
+}
+
+void KnobControl::Gesture(Phase phase, std::int16_t button, QPointF twips) {
+    KnobGesture(s, knob_, row_, phase, button, twips.x(), twips.y());
+}
+
+void KnobControl::DoubleClick(std::int16_t, QPointF) { Knob_DblClick(s, knob_, row_); }
+
+void KnobControl::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    shown_ = KnobFrameOf(s, knob_, row_);
+    const double turn = kSweep * shown_ / kLastFrame;
+    const bool labelled = row_ != kMasterRow;
+    const QPointF centre(width() / 2.0, labelled ? kRadius + 2 : height() / 2.0);
+    const QRectF ring(centre.x() - kRadius + 1.5, centre.y() - kRadius + 1.5, 2 * kRadius - 3, 2 * kRadius - 3);
+
+    const QColor colour = row_ == kMasterRow ? theme::kText : theme::RowColour(row_);
+    DrawArc(p, ring, kStart, -kSweep, theme::kLine, 3.2);
+    if (isEnabled()) {
+        // A dark row colour gets a pale edge, so that its arc is seen on the dark ground.
+        const bool dark = theme::Contrast(colour, theme::kPanel) < 3;
+        const double base = knob_ == Knob::Pan ? kStart - kSweep / 2 : kStart;
+        const double span = knob_ == Knob::Pan ? -(turn - kSweep / 2) : -turn;
+        if (dark) DrawArc(p, ring, base, span, QColor(0xb9, 0xc4, 0xe6), 5.2);
+        DrawArc(p, ring, base, span, colour, 3.2);
+    }
+    QRadialGradient face(centre - QPointF(2, 4), kRadius);
+    face.setColorAt(0, isEnabled() ? QColor(0x4a, 0x50, 0x5a) : theme::kRaised);
+    face.setColorAt(1, isEnabled() ? theme::kRaised : theme::kPanel);
+    p.setBrush(face);
+    p.setPen(hasFocus() ? QPen(theme::kAccent, 1.5) : QPen(QColor(0x17, 0x19, 0x1c), 1));
+    p.drawEllipse(centre, kRadius - 4.5, kRadius - 4.5);
+
+    const double angle = (kStart - turn) * M_PI / 180;
+    const QPointF way(std::cos(angle), -std::sin(angle));
+    p.setPen(QPen(isEnabled() ? QColor(Qt::white) : theme::kQuiet, 2.2, Qt::SolidLine, Qt::RoundCap));
+    p.drawLine(centre + way * 4.5, centre + way * (kRadius - 7));
+    if (!labelled) return;
+    p.setFont(theme::Sans(10));
+    p.setPen(theme::kQuiet);
+    p.drawText(QRectF(0, height() - 14, width(), 14), Qt::AlignHCenter | Qt::AlignBottom, LookOf(knob_).Label);
+}
+
+}  // namespace marvolin

@@ -1,0 +1,139 @@
+#include "window/controls/pattern_graph.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <algorithm>
+#include <array>
+
+#include "sequencing/patterns.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr std::array<const char*, kPatternRows> kLabels{"Volume pattern", "Frequency pattern", "Pan pattern"};
+constexpr double kPanFoot = kPanCentre;
+
+QRectF StepPlace(double width, double height, int step, int steps) {
+    const double left = kRandomColumnShare * width;
+    const double column = (width - left) / steps;
+    return {left + step * column, 0, column, height};
+}
+
+}  // namespace
+
+QColor PatternColour(int patternRow) {
+    constexpr std::array<QRgb, kPatternRows> kColours{0xff7fd18b, 0xffffa95e, 0xff8fb6ff};
+    return QColor(kColours[static_cast<std::size_t>(patternRow)]);
+}
+
+PatternGraphControl::PatternGraphControl(Session& session, QWidget* parent, int patternRow)
+    : Control(session, parent, "PatternGraph", patternRow, kLabels[static_cast<std::size_t>(patternRow)]) {
+    setFocusPolicy(Qt::NoFocus);
+    setAttribute(Qt::WA_Hover, false);
+    setToolTip({});
+    setAcceptDrops(true);
+}
+
+void PatternGraphControl::Gesture(Phase phase, std::int16_t button, QPointF twips) {
+    if (phase == Phase::Down && button == kRightButton) return BeginDrag("PatternGraph", index, "");
+    PatternGraph_Gesture(s, index, phase, button, twips.x(), twips.y(), width() * kTwipsPerPixel,
+                         height() * kTwipsPerPixel);
+}
+
+void PatternGraphControl::DoubleClick(std::int16_t button, QPointF twips) { Gesture(Phase::Down, button, twips); }
+
+void PatternGraphControl::Drop(const DragSource& source) {
+    if (source.Name == "Eraser") EraserDrop(s, index);
+}
+
+QRectF PatternGraphControl::ColumnPlace(int column) const {
+    if (column == 0) return {0, 0, kRandomColumnShare * width(), static_cast<double>(height())};
+    const int steps = std::max<int>(1, s.GraphColumns[static_cast<std::size_t>(index)]);
+    return StepPlace(width(), height(), column - 1, steps);
+}
+
+void PatternGraphControl::RefreshColumn(int column) { update(ColumnPlace(column).toAlignedRect().adjusted(-1, 0, 1, 0)); }
+
+double PatternGraphControl::HeightOf(double value) const {
+    const PatternLimits& range = kPatternRange[static_cast<std::size_t>(index)];
+    const double share = std::clamp((value - range.Min) / (range.Max - range.Min), 0.0, 1.0);
+    return height() - 1 - share * (height() - 2);
+}
+
+void PatternGraphControl::DrawColumn(QPainter& p, int column) const {
+    const PatternBlock& block = s.Set[s.CurrentLoop].Pattern[index];
+    const double value = column == 0 ? block[kPatternOffset] : block[column - 1];
+    const double foot = index == kPanPattern && column > 0 ? kPanFoot : kPatternRange[static_cast<std::size_t>(index)].Min;
+    const QRectF place = ColumnPlace(column);
+    const double gap = place.width() > 12 ? 1.5 : 0.75;
+    const double top = HeightOf(value);
+    const double base = HeightOf(foot);
+    const QColor colour = PatternColour(index);
+    QRectF bar(place.left() + gap, std::min(top, base), place.width() - 2 * gap, std::abs(base - top));
+    p.setPen(Qt::NoPen);
+    p.setBrush(column == 0 ? QBrush(colour, Qt::BDiagPattern) : QBrush(colour.darker(165)));
+    p.drawRect(bar);
+    p.setPen(QPen(colour, 2, Qt::SolidLine, Qt::FlatCap));
+    const double line = std::clamp(top, 1.0, height() - 2.0);
+    p.drawLine(QPointF(bar.left(), line), QPointF(bar.right(), line));
+}
+
+void PatternGraphControl::paintEvent(QPaintEvent* event) {
+    QPainter p(this);
+    const QRectF dirty = event->rect();
+    p.fillRect(event->rect(), theme::kSunk);
+    p.fillRect(ColumnPlace(0).intersected(dirty), theme::kRaised);
+    const int steps = std::max<int>(1, s.GraphColumns[static_cast<std::size_t>(index)]);
+    p.setPen(QPen(QColor(0x2a, 0x2e, 0x34), 1));
+    for (int quarter = 1; quarter < 4; ++quarter) {
+        const double y = height() * quarter / 4.0;
+        p.drawLine(QPointF(0, y), QPointF(width(), y));
+    }
+    for (int step = 1; step <= steps; ++step) {
+        const double x = ColumnPlace(step).left();
+        p.setPen(QPen((step - 1) % 4 == 0 ? theme::kLine : QColor(0x24, 0x27, 0x2c), 1));
+        p.drawLine(QPointF(x, 0), QPointF(x, height()));
+    }
+    p.setRenderHint(QPainter::Antialiasing);
+    for (int column = 0; column <= steps; ++column) {
+        if (ColumnPlace(column).intersects(dirty)) DrawColumn(p, column);
+    }
+    p.setPen(QPen(theme::kLine, 1));
+    p.setBrush(Qt::NoBrush);
+    p.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+}
+
+StepReadOutControl::StepReadOutControl(Session& session, QWidget* parent)
+    : Control(session, parent, "StepReadOut", -1, "Step that sounds") {
+    setFocusPolicy(Qt::NoFocus);
+    setAttribute(Qt::WA_Hover, false);
+}
+
+QRectF StepReadOutControl::MarkerPlace() const {
+    const int steps = std::max<int>(1, s.StepsShown);
+    const QRectF place = StepPlace(width(), height(), s.Run[s.CurrentLoop].Step, steps);
+    const double half = std::clamp(place.width() / 2 - 2, 3.0, 22.0);
+    return {place.center().x() - half, 2, 2 * half, height() - 4.0};
+}
+
+void StepReadOutControl::Refresh() {
+    const QRectF now = MarkerPlace();
+    if (now == shown_) return;
+    update(shown_.toAlignedRect());
+    update(now.toAlignedRect());
+}
+
+void StepReadOutControl::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(QPen(theme::kLine, 1));
+    p.setBrush(theme::kSunk);
+    p.drawRoundedRect(QRectF(kRandomColumnShare * width(), 0.5, (1 - kRandomColumnShare) * width(), height() - 1.0), 3, 3);
+    shown_ = MarkerPlace();
+    p.setPen(Qt::NoPen);
+    p.setBrush(theme::kAccent);
+    p.drawRoundedRect(shown_, 3, 3);
+}
+
+}  // namespace marvolin

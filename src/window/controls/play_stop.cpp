@@ -1,0 +1,41 @@
+#include "window/controls/play_stop.h"
+
+#include <QPainter>
+
+#include "audio/play_gestures.h"
+
+namespace marvolin {
+
+PlayStopControl::PlayStopControl(Session& session, QWidget* parent)
+    : Control(session, parent, "PlayStop", -1, "Play all (top), stop all (bottom)") {}
+
+void PlayStopControl::Gesture(Phase phase, std::int16_t, QPointF twips) {
+    const double tall = height() * kTwipsPerPixel;
+    if (phase == Phase::Move) PlayStop_MouseMove(s, twips.y(), tall);
+    if (phase == Phase::Up) PlayStop_MouseUp(s, twips.y(), tall);
+}
+
+// With the keys alone: stop all when anything sounds, play all otherwise.
+void PlayStopControl::Activate() {
+    bool sounds = false;
+    for (Row row = 0; row < kLoopTracks; ++row) sounds = sounds || s.Run[row].Playing != False;
+    const double y = sounds ? height() - 1 : 1;
+    Gesture(Phase::Up, kLeftButton, QPointF(0, y) * kTwipsPerPixel);
+}
+
+void PlayStopControl::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    theme::DrawFace(p, rect(), Face());
+    const double x = width() / 2.0;
+    const double part = height() / 8.0;
+    p.setPen(QPen(theme::kGreen, 1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    p.setBrush(theme::kGreen);
+    p.drawPolygon(QPolygonF({{x - 6, part * 1.0}, {x + 7.5, part * 2.2}, {x - 6, part * 3.4}}));
+    p.setPen(Qt::NoPen);
+    p.setBrush(theme::kRed);
+    p.drawRoundedRect(QRectF(x - 6, part * 4.9, 12, part * 2.2), 1.5, 1.5);
+    p.setPen(QPen(theme::kLine, 1));
+    p.drawLine(QPointF(6, height() / 2.0 + 0.5), QPointF(width() - 6, height() / 2.0 + 0.5));
+}
+
+}  // namespace marvolin

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "window/control.h"
+
+namespace marvolin {
+
+/// `PlayStop`: its upper part plays all LoopTracks, its lower part stops them.
+class PlayStopControl : public Control {
+public:
+    PlayStopControl(Session& session, QWidget* parent);
+
+protected:
+    void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    void Activate() override;
+    void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace marvolin

@@ -1,0 +1,30 @@
+#include "window/controls/selector_radio.h"
+
+#include <QPainter>
+
+#include "performance/selection.h"
+
+namespace marvolin {
+
+SelectorRadioButton::SelectorRadioButton(Session& session, QWidget* parent, int button)
+    : Control(session, parent, "SelectorRadio", button,
+              button == 0 ? QString("The selection is in control") : QString("Band %1 is in control").arg(button - 1)) {}
+
+std::string_view SelectorRadioButton::Hint(QPointF) const { return kSelectorRadioHint; }
+
+void SelectorRadioButton::Gesture(Phase phase, std::int16_t button, QPointF) {
+    if (phase == Phase::Down && button == kLeftButton) SelectorRadio_Click(s, index);
+}
+
+void SelectorRadioButton::DoubleClick(std::int16_t, QPointF) { SelectorRadio_DblClick(s, index); }
+
+void SelectorRadioButton::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    const bool on = index == 0 ? s.SelectionControlled : s.BandTable[index - 1].Controlled != False;
+    theme::DrawFace(p, rect(), Face(), on ? theme::kAccent : theme::kRaised, on ? theme::kAccent : theme::kLine);
+    p.setFont(theme::Sans(12, QFont::DemiBold));
+    p.setPen(on ? theme::kWindow : theme::kQuiet);
+    p.drawText(rect(), Qt::AlignCenter, index == 0 ? QString("S") : QString::number(index - 1));
+}
+
+}  // namespace marvolin

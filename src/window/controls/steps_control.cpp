@@ -1,0 +1,90 @@
+#include "window/controls/steps_control.h"
+
+#include <QPainter>
+
+#include "sequencing/patterns.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr double kTwipsAStep = 20;  // of a drag
+
+}  // namespace
+
+StepsControl::StepsControl(Session& session, QWidget* parent)
+    : Control(session, parent, "NSteps", -1, "Number of steps") {}
+
+void StepsControl::Gesture(Phase phase, std::int16_t, QPointF twips) { NSteps_Gesture(s, phase, twips.y()); }
+
+// A step is the drag that makes one step.
+void StepsControl::Step(int units) {
+    NSteps_Gesture(s, Phase::Down, 0);
+    NSteps_Gesture(s, Phase::Move, -units * kTwipsAStep);
+    NSteps_Gesture(s, Phase::Up, -units * kTwipsAStep);
+}
+
+void StepsControl::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    theme::DrawFace(p, rect(), Face());
+    p.setFont(theme::Sans(20, QFont::DemiBold));
+    p.setPen(theme::kText);
+    p.drawText(rect().adjusted(0, 2, 0, -12), Qt::AlignCenter, QString::number(s.StepsShown));
+    p.setFont(theme::Sans(10));
+    p.setPen(theme::kQuiet);
+    p.drawText(rect().adjusted(0, 0, 0, -3), Qt::AlignHCenter | Qt::AlignBottom, "steps");
+}
+
+EraserControl::EraserControl(Session& session, QWidget* parent)
+    : Control(session, parent, "Eraser", -1, "Eraser: drag it onto a pattern") {
+    setFocusPolicy(Qt::NoFocus);
+    setCursor(Qt::OpenHandCursor);
+}
+
+std::string_view EraserControl::Hint(QPointF) const { return kEraserHint; }
+
+void EraserControl::Gesture(Phase phase, std::int16_t, QPointF) {
+    if (phase == Phase::Down) BeginDrag("Eraser", 0, "");
+}
+
+void EraserControl::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    theme::DrawFace(p, rect(), Face());
+    const QPointF c = QRectF(rect()).center();
+    p.translate(c + QPointF(0, -5));
+    p.rotate(-35);
+    p.setPen(Qt::NoPen);
+    p.setBrush(QColor(0xf0, 0x8f, 0x9a));
+    p.drawRoundedRect(QRectF(-11, -5.5, 11, 11), 2, 2);
+    p.setBrush(theme::kText);
+    p.drawRect(QRectF(-3, -5.5, 14, 11));
+    p.resetTransform();
+    p.setFont(theme::Sans(10));
+    p.setPen(theme::kQuiet);
+    p.drawText(rect().adjusted(0, 0, 0, -3), Qt::AlignHCenter | Qt::AlignBottom, "eraser");
+}
+
+FrameControl::FrameControl(Session& session, QWidget* parent, const char* name, const QString& title,
+                           std::string_view hint)
+    : Control(session, parent, name, -1, title), hint_(hint) {
+    setFocusPolicy(Qt::NoFocus);
+    setAttribute(Qt::WA_Hover, false);
+    setToolTip({});
+}
+
+void FrameControl::Gesture(Phase phase, std::int16_t, QPointF) {
+    if (phase == Phase::Down) BeginDrag(objectName().toUtf8().constData(), 0, "");
+}
+
+void FrameControl::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(QPen(theme::kLine, 1));
+    p.setBrush(QColor(0x22, 0x25, 0x2a));
+    p.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 6, 6);
+    p.setFont(theme::Sans(12, QFont::DemiBold));
+    p.setPen(theme::kQuiet);
+    p.drawText(QRect(12, 5, width() - 24, 18), Qt::AlignVCenter | Qt::AlignLeft, accessibleName());
+}
+
+}  // namespace marvolin

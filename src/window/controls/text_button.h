@@ -1,0 +1,27 @@
+#pragma once
+
+#include <functional>
+
+#include "window/control.h"
+
+namespace marvolin {
+
+/// A plain button with a text.
+class TextButton : public Control {
+public:
+    TextButton(Session& session, QWidget* parent, const char* name, const QString& text, const QString& tip,
+               std::string_view hint, std::function<void()> click);
+    void SetText(const QString& text);
+
+protected:
+    void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    std::string_view Hint(QPointF) const override { return hint_; }
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString text_;
+    const std::string_view hint_;
+    const std::function<void()> click_;
+};
+
+}  // namespace marvolin

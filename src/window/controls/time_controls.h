@@ -1,0 +1,43 @@
+#pragma once
+
+#include "window/control.h"
+
+namespace marvolin {
+
+/// `TimeDigit`: one digit of a time, 0..14.
+class TimeDigitControl : public Control {
+public:
+    TimeDigitControl(Session& session, QWidget* parent, int digit);
+
+protected:
+    void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    void Step(int units) override;
+    void Activate() override {}
+    void paintEvent(QPaintEvent* event) override;
+};
+
+/// `PercentReadOut`: a time as a percentage.
+class PercentReadOutControl : public Control {
+public:
+    PercentReadOutControl(Session& session, QWidget* parent, int element);
+
+protected:
+    void Gesture(Phase, std::int16_t, QPointF) override {}
+    void DoubleClick(std::int16_t button, QPointF twips) override;
+    void Activate() override { DoubleClick(kLeftButton, {}); }
+    void paintEvent(QPaintEvent* event) override;
+};
+
+/// `CloneTime`: the label of a time, by which it is dragged to another LoopTrack.
+class CloneTimeControl : public Control {
+public:
+    CloneTimeControl(Session& session, QWidget* parent, int element);
+
+protected:
+    void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    void Activate() override {}
+    std::string_view Hint(QPointF) const override;
+    void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace marvolin

@@ -1,0 +1,22 @@
+#pragma once
+/// \file
+/// A control on its way to another, as it travels with a drag of the toolkit.
+
+#include <QMimeData>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/drag_source.h"
+
+namespace marvolin {
+
+std::unique_ptr<QMimeData> ToMimeData(const DragSource& source);
+bool IsDragSource(const QMimeData& data);
+/// The source in `data`; none when it carries no control.
+std::optional<DragSource> FromMimeData(const QMimeData& data);
+/// The local paths of the files in `data`, in their order; "" for one that is not local.
+std::vector<std::string> FilePaths(const QMimeData& data);
+
+}  // namespace marvolin

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+#include <array>
+#include <functional>
+
+#include "core/session.h"
+
+namespace marvolin {
+
+class LoopRow;
+class SelectList;
+class SelectorStrip;
+class StatusBar1;
+class StatusBar2;
+class TabControl;
+class Toolbar;
+
+/// The main window: toolbar, five rows, the strip of selectors, the tabs, two status bars.
+class FrmMain : public QWidget {
+public:
+    /// What the window does beyond its controls.
+    struct Events {
+        std::function<void()> Activate;   ///< the window became the active one
+        std::function<void()> Unload;     ///< the window is being closed
+        /// A letter "A".."Z" was let go in the window, whatever control has the keys.
+        std::function<void(char letter, bool shift, bool control, bool alt)> KeyUp;
+        std::function<double()> SoundLoad;  ///< share of real time that the sound takes
+    };
+
+    FrmMain(Session& session, Events events);
+    ~FrmMain() override;
+
+    /// Regular to Mini and back.
+    void ToggleMode();
+    /// Starts the moving line of the place that sounds while anything plays.
+    void FollowPlaying();
+    void RefreshTitle();
+    /// Opens or hides the list of the selection rules.
+    void ShowSelectList(bool open);
+
+    // Owned by the toolkit.
+    Toolbar* Bar = nullptr;
+    std::array<LoopRow*, 5> Rows{};
+    SelectorStrip* Selectors = nullptr;
+    TabControl* Tabs = nullptr;
+    StatusBar1* Status1 = nullptr;
+    StatusBar2* Status2 = nullptr;
+
+protected:
+    bool event(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+private:
+    void PlaceBars();
+    bool IsTyping() const;
+    void ShowPlaces();
+
+    Session& s;
+    Events events_;
+    QTimer places_;  // ticks while something sounds
+    QTimer load_;
+    SelectList* selectList_ = nullptr;
+};
+
+}  // namespace marvolin

@@ -1,0 +1,48 @@
+#include "window/frm_splash.h"
+
+#include <QCoreApplication>
+#include <QPainter>
+#include <cmath>
+
+#include "window/theme.h"
+
+namespace marvolin {
+
+FrmSplash::FrmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint) {
+    setObjectName("frmSplash");
+    setAccessibleName("Marvolin");
+    setFixedSize(420, 220);
+}
+
+void FrmSplash::mousePressEvent(QMouseEvent*) { hide(); }
+
+void FrmSplash::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.fillRect(rect(), theme::kWindow);
+    p.setPen(QPen(theme::kLine, 1));
+    p.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+    // Four loops, one a LoopTrack.
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        const QColor colour = theme::RowColour(row);
+        const double middle = 34 + row * 22;
+        for (int pass = theme::Contrast(colour, theme::kWindow) < 3 ? 0 : 1; pass < 2; ++pass) {
+            p.setPen(QPen(pass == 0 ? QColor(0xb9, 0xc4, 0xe6) : colour, pass == 0 ? 3.4 : 2));
+            for (int i = 0; i < 93; ++i) {
+                const double beat = std::fmod(i * (row + 2) / 46.5, 1.0);
+                const double half = 1 + 8 * std::exp(-3.2 * beat) * (0.6 + 0.4 * std::sin(i * 1.7 + row)) + (pass == 0 ? 0.7 : 0);
+                p.drawLine(QPointF(26 + i * 4, middle - half), QPointF(26 + i * 4, middle + half));
+            }
+        }
+    }
+    p.setPen(theme::kText);
+    p.setFont(theme::Sans(34, QFont::DemiBold));
+    p.drawText(QRect(24, 124, 372, 46), Qt::AlignVCenter | Qt::AlignLeft, "Marvolin");
+    p.setPen(theme::kQuiet);
+    p.setFont(theme::Sans(13));
+    p.drawText(QRect(24, 172, 372, 24), Qt::AlignVCenter | Qt::AlignLeft, "A live instrument made of loops");
+    p.setPen(theme::kAccent);
+    p.drawText(QRect(24, 172, 372, 24), Qt::AlignVCenter | Qt::AlignRight, QCoreApplication::applicationVersion());
+}
+
+}  // namespace marvolin

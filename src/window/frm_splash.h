@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QWidget>
+
+namespace marvolin {
+
+/// The splash that greets over the main window.
+class FrmSplash : public QWidget {
+public:
+    FrmSplash();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace marvolin

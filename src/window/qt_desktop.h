@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QLockFile>
+#include <QObject>
+#include <memory>
+#include <optional>
+
+#include "core/desktop.h"
+
+class QWidget;
+
+namespace marvolin {
+
+/// The desktop by way of the toolkit.
+class QtDesktop : public QObject, public Desktop {
+public:
+    QtDesktop();
+    ~QtDesktop() override;
+
+    /// The main window, over which boxes are shown. Null when it is gone.
+    void Attach(QWidget* mainWindow) { mainWindow_ = mainWindow; }
+
+    using Desktop::MessageBox;
+    bool MessageBox(const std::string& text, const std::string& title, BoxStyle style) override;
+    void SetBusyPointer(bool busy) override;
+    std::int32_t BitsPerPixel() override;
+    PixelRect WorkArea() override;
+    double TwipsPerPixelX() override;
+    double TwipsPerPixelY() override;
+    std::int32_t TextWidth(const std::string& text) override;
+    PixelPoint SurfaceOrigin(Surface surface) override;
+    void SetCursorPos(PixelPoint point) override;
+    /// Keeps the pointer inside by putting it back at each of its moves, where the system lets a program place it.
+    void ClipCursor(const PixelRect& rect) override;
+    void ReleaseCursor() override;
+    std::string TempFileName(const std::string& prefix) override;
+    std::string ProgramFolder() override;
+    bool ClaimInstance() override;
+    void ShowHelpTopic(std::int32_t topic) override;
+    void CloseWindowTitled(const std::string& title) override;
+    void UnloadMainWindow() override;
+    void EndProgram() override;
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+private:
+    QWidget* mainWindow_ = nullptr;
+    bool busy_ = false;
+    std::optional<PixelRect> cage_;
+    std::unique_ptr<QLockFile> instance_;
+};
+
+}  // namespace marvolin

@@ -1,0 +1,173 @@
+#include "window/qt_display.h"
+
+#include "window/controls/drop_down.h"
+#include "window/controls/knob.h"
+#include "window/controls/sound_display.h"
+#include "window/frm_main.h"
+#include "window/loop_row.h"
+#include "window/selector_strip.h"
+#include "window/status_bars.h"
+#include "window/tab_control.h"
+#include "window/tab_options.h"
+#include "window/tab_pattern.h"
+#include "window/toolbar.h"
+
+namespace marvolin {
+
+namespace {
+
+LoopRow* RowOf(FrmMain* form, Row row) {
+    return form == nullptr || row < 0 || row > kSelectionRow ? nullptr : form->Rows[static_cast<std::size_t>(row)];
+}
+
+void Again(Control* control) {
+    if (control != nullptr) control->Refresh();
+}
+
+}  // namespace
+
+void QtDisplay::ShowPlay(Row row) {
+    if (LoopRow* shown = RowOf(form_, row)) {
+        Again(shown->Play);
+        form_->FollowPlaying();
+    }
+}
+
+void QtDisplay::ShowPlayMode(Row row) {
+    if (LoopRow* shown = RowOf(form_, row)) Again(shown->LoopIt);
+    if (form_ != nullptr && row == kMasterRow) form_->Tabs->Pattern->RefreshPlayMode();
+}
+
+void QtDisplay::ShowKnob(Row row, Knob knob) {
+    if (LoopRow* shown = RowOf(form_, row)) shown->KnobOf(knob).Refresh();
+    if (form_ != nullptr && row == kMasterRow && knob == Knob::Vol) form_->Bar->Master->Refresh();
+}
+
+void QtDisplay::ShowCaption(Row row) {
+    if (LoopRow* shown = RowOf(form_, row)) {
+        Again(shown->Letter);
+        Again(shown->Play);
+        shown->Name->Refresh();
+    }
+}
+
+void QtDisplay::ShowEnabled(Row row) {
+    if (LoopRow* shown = RowOf(form_, row)) shown->RefreshEnabled();
+}
+
+void QtDisplay::ShowSoundDisplay(Row row) {
+    if (LoopRow* shown = RowOf(form_, row)) shown->Sound->Refresh();
+}
+
+void QtDisplay::ShowWaveform(Row row) {
+    if (LoopRow* shown = RowOf(form_, row)) shown->Sound->RefreshWaveform();
+}
+
+void QtDisplay::ShowWire(Row row) {
+    if (LoopRow* shown = RowOf(form_, row)) Again(shown->Flag);
+}
+
+void QtDisplay::ShowSelected(Row row) {
+    if (LoopRow* shown = RowOf(form_, row)) Again(shown->Selected);
+    if (LoopRow* selection = RowOf(form_, kSelectionRow)) selection->Name->Refresh();
+}
+
+void QtDisplay::ShowThumb(Row row) {
+    if (LoopRow* shown = RowOf(form_, row)) Again(shown->Thumb);
+}
+
+void QtDisplay::ShowSelector(int button) {
+    if (form_ == nullptr) return;
+    form_->Selectors->RefreshButton(button);
+    RowOf(form_, kSelectionRow)->Name->Refresh();
+}
+
+void QtDisplay::ShowBands() {
+    if (form_ != nullptr) form_->Selectors->RefreshBands();
+}
+
+void QtDisplay::ShowSelectList(bool open) {
+    if (form_ != nullptr) form_->ShowSelectList(open);
+}
+
+void QtDisplay::ShowHistoryList(bool) {}
+
+void QtDisplay::ShowStatusText() {
+    if (form_ != nullptr) form_->Status1->Refresh(StatusBar1::Panel::Hint);
+}
+
+void QtDisplay::ShowReadout() {
+    if (form_ != nullptr) form_->Status1->Refresh(StatusBar1::Panel::Readout);
+}
+
+void QtDisplay::ShowClock() {
+    if (form_ != nullptr) form_->Status1->Refresh(StatusBar1::Panel::Clock);
+}
+
+void QtDisplay::ShowLimit() {
+    if (form_ != nullptr) Again(form_->Bar->Limiter);
+}
+
+void QtDisplay::ShowFadeFactor() {
+    if (form_ != nullptr) Again(form_->Bar->FadeFactor);
+}
+
+void QtDisplay::ShowTitle() {
+    if (form_ != nullptr) form_->RefreshTitle();
+}
+
+void QtDisplay::ShowSteps() {
+    if (form_ != nullptr) form_->Tabs->Pattern->RefreshSteps();
+}
+
+void QtDisplay::ShowPattern(int patternRow) {
+    if (form_ != nullptr) form_->Tabs->Pattern->RefreshGraph(patternRow);
+}
+
+void QtDisplay::ShowPatternColumn(int patternRow, int column) {
+    if (form_ != nullptr) form_->Tabs->Pattern->RefreshColumn(patternRow, column);
+}
+
+void QtDisplay::ShowStepMarker() {
+    if (form_ != nullptr) form_->Tabs->Pattern->RefreshMarker();
+}
+
+void QtDisplay::ShowTime(int group) {
+    if (form_ != nullptr) form_->Tabs->Pattern->RefreshTime(group);
+}
+
+void QtDisplay::ShowPad() {}
+void QtDisplay::ShowPadBall() {}
+void QtDisplay::ShowTwist() {}
+void QtDisplay::ShowMapBall(int) {}
+void QtDisplay::RaiseMapBall(int) {}
+void QtDisplay::ShowMapHighlight(int) {}
+void QtDisplay::ShowListenerFace() {}
+void QtDisplay::ShowMapControls() {}
+void QtDisplay::ShowMapSize() {}
+void QtDisplay::ShowRollOff() {}
+
+void QtDisplay::ShowTab() {
+    if (form_ != nullptr) form_->Tabs->Refresh();
+}
+
+void QtDisplay::ShowDrivers() {
+    if (form_ == nullptr) return;
+    form_->Tabs->Options->RefreshDrivers();
+    form_->Status2->update();
+}
+
+void QtDisplay::ShowOptions() {
+    if (form_ != nullptr) form_->Tabs->Options->Refresh();
+}
+
+void QtDisplay::ShowJoystick() {}
+void QtDisplay::ShowQuickLoad() {}
+void QtDisplay::ShowQuickLoadList(bool) {}
+void QtDisplay::ShowSaveOpen() {}
+void QtDisplay::ShowBin(int) {}
+void QtDisplay::ShowDestinations() {}
+void QtDisplay::ShowFolderTree(bool) {}
+void QtDisplay::ShowClips() {}
+
+}  // namespace marvolin

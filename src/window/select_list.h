@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QListWidget>
+
+#include "core/session.h"
+
+namespace marvolin {
+
+/// `SlctGroup`: the list of the selection rules, hidden except while open.
+class SelectList : public QListWidget {
+public:
+    SelectList(Session& session, QWidget* parent);
+    /// Opens the list without a choice, as near to `place` as the screen allows.
+    void Open(QPoint place);
+
+protected:
+    void hideEvent(QHideEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void Choose(const QListWidgetItem* item);
+
+    Session& s;
+};
+
+}  // namespace marvolin

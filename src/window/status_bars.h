@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "core/session.h"
+
+namespace marvolin {
+
+/// `StatusBar1` of the main window: hint, readout, running clock, and the question mark.
+class StatusBar1 : public QWidget {
+public:
+    static constexpr int kHeight = 26;
+    enum class Panel : std::uint8_t { Hint, Readout, Clock, Help };
+
+    StatusBar1(Session& session, QWidget* parent);
+    /// Repaints one panel.
+    void Refresh(Panel panel) { update(PlaceOf(panel)); }
+    QRect PlaceOf(Panel panel) const;
+
+protected:
+    void mouseMoveEvent(QMouseEvent* event) override;
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Session& s;
+};
+
+/// `StatusBar2`: today, the device, the session, and the load of the sound engine.
+class StatusBar2 : public QWidget {
+public:
+    static constexpr int kHeight = 24;
+
+    /// `soundLoad` gives the share of real time, 0..1, that the sound takes; empty when nothing measures it.
+    StatusBar2(Session& session, QWidget* parent, std::function<double()> soundLoad);
+    void RefreshLoad();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString LoadText() const;
+    QString DeviceText() const;
+
+    Session& s;
+    const std::function<double()> soundLoad_;
+    QString shownLoad_;
+};
+
+}  // namespace marvolin

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QWidget>
+#include <array>
+#include <vector>
+
+#include "core/session.h"
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QSlider;
+
+namespace marvolin {
+
+class TabButton;
+
+/// The page "Optn": the sound driver, "Reset on Load", and the sub-tabs Joystick, Mouse, Scripting, Timing.
+class TabOptions : public QWidget {
+public:
+    TabOptions(Session& session, QWidget* parent);
+    /// Shows the options that the session holds.
+    void Refresh();
+    void RefreshDrivers();
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void MakeLeftSide();
+    void MakeSubTabs();
+    void MakeJoystick(QWidget* page);
+    void MakeMouse(QWidget* page);
+    void MakeScripting(QWidget* page);
+    void MakeTiming(QWidget* page);
+
+    Session& s;
+    // Owned by the toolkit.
+    QComboBox* drivers_ = nullptr;
+    QCheckBox* reset_ = nullptr;
+    QComboBox* axis_ = nullptr;
+    std::array<QSlider*, 2> sensitivity_{};
+    std::array<QLabel*, 2> sensitivityText_{};
+    QSlider* resolution_ = nullptr;
+    QLabel* resolutionText_ = nullptr;
+    std::vector<TabButton*> captions_;
+    std::array<QWidget*, 4> pages_{};
+};
+
+}  // namespace marvolin

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QWidget>
+#include <array>
+
+#include "core/session.h"
+
+namespace marvolin {
+
+class Control;
+class FrameControl;
+class PatternGraphControl;
+class StepReadOutControl;
+
+/// The page "Ptrn": patterns and timing of `CurrentLoop`.
+class TabPattern : public QWidget {
+public:
+    TabPattern(Session& session, QWidget* parent);
+
+    void RefreshPlayMode();
+    void RefreshSteps();
+    void RefreshGraph(int patternRow);
+    void RefreshColumn(int patternRow, int column);
+    void RefreshMarker();
+    void RefreshTime(int group);
+
+
+private:
+    void MakePatterns();
+    void MakeTiming();
+
+    Session& s;
+    // Owned by the toolkit.
+    FrameControl* patterns_ = nullptr;
+    FrameControl* timing_ = nullptr;
+    std::array<PatternGraphControl*, kPatternRows> graphs_{};
+    StepReadOutControl* readOut_ = nullptr;
+    Control* steps_ = nullptr;
+    Control* loopIt_ = nullptr;
+    Control* badge_ = nullptr;
+    std::array<std::array<Control*, 5>, 3> digits_{};
+    std::array<Control*, 3> percents_{};
+};
+
+}  // namespace marvolin

@@ -1,0 +1,62 @@
+#pragma once
+/// \file
+/// Colours, fonts and faces that all controls share.
+
+#include <QColor>
+#include <QFont>
+#include <QPainter>
+#include <QRectF>
+
+#include "core/types.h"
+
+class QApplication;
+
+namespace marvolin::theme {
+
+inline const QColor kWindow{0x1d, 0x1f, 0x23};
+inline const QColor kPanel{0x26, 0x29, 0x2f};
+inline const QColor kRaised{0x2e, 0x32, 0x38};
+inline const QColor kLifted{0x37, 0x3c, 0x44};
+inline const QColor kLine{0x3a, 0x3f, 0x47};
+inline const QColor kSunk{0x14, 0x16, 0x19};
+inline const QColor kText{0xe6, 0xe8, 0xeb};
+inline const QColor kQuiet{0x9a, 0xa2, 0xad};
+inline const QColor kAccent{0xff, 0xc9, 0x4d};
+inline const QColor kGreen{0x5f, 0xd0, 0x7a};
+inline const QColor kGreenGround{0x1d, 0x46, 0x2a};
+inline const QColor kAmberGround{0x4a, 0x3a, 0x16};
+inline const QColor kRed{0xe5, 0x5b, 0x50};
+
+/// Style, palette, font and stylesheet of the whole program.
+void Apply(QApplication& application);
+
+/// The interface font at `pixels`, logical.
+QFont Sans(int pixels, QFont::Weight weight = QFont::Normal);
+/// The same with digits of one width, for numbers that change.
+QFont Digits(int pixels, QFont::Weight weight = QFont::Normal);
+
+/// The model's own colour of a row, exactly.
+QColor RowColour(Row row);
+/// Relative luminance, 0 black..1 white.
+double Luminance(const QColor& colour);
+/// Ratio of contrast of two colours, 1..21.
+double Contrast(const QColor& a, const QColor& b);
+/// Black or white, whichever reads better on `ground`.
+QColor InkOn(const QColor& ground);
+/// The ground on which a row's waveform reads: dark, or pale for a dark row colour.
+QColor WaveGround(Row row);
+
+/// How a face of a control stands.
+struct FaceState {
+    bool Enabled = true;
+    bool Hover = false;
+    bool Down = false;
+    bool Focus = false;
+};
+/// A rounded face with its line, lighter under the pointer, with the accent's ring when it has the keys.
+void DrawFace(QPainter& p, const QRectF& rect, const FaceState& state, const QColor& fill = kRaised,
+              const QColor& line = kLine, double radius = 6);
+/// The ring of the focus alone.
+void DrawFocus(QPainter& p, const QRectF& rect, double radius = 6);
+
+}  // namespace marvolin::theme

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "core/session.h"
+
+namespace marvolin {
+
+class Control;
+class KnobControl;
+class TextButton;
+
+/// The bar along the top of the window.
+class Toolbar : public QWidget {
+public:
+    static constexpr int kHeight = 46;
+
+    /// `toggleMode` is what `ToTop` does.
+    Toolbar(Session& session, QWidget* parent, std::function<void()> toggleMode);
+
+    // Owned by the toolkit.
+    Control* Limiter = nullptr;
+    Control* FadeFactor = nullptr;
+    KnobControl* Master = nullptr;
+    TextButton* ToTop = nullptr;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace marvolin
