@@ -165,6 +165,11 @@ void KnobStep(Session& s, Knob knob, Row row, int units) {
     SendScroll(s, knob, row, true);
 }
 
+void DragAxisSelect_Click(Session& s, std::int16_t entry) {
+    s.DragAxis = entry;
+    s.World.Screen.ShowOptions();
+}
+
 int KnobFrameOf(const Session& s, Knob knob, Row row) {
     const KnobRules& rules = RulesOf(knob);
     return KnobFrame(ValueOf(s, knob, row), rules.Top, rules.Bottom);

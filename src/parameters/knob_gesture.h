@@ -2,6 +2,9 @@
 /// \file
 /// The hand on a knob.
 
+#include <array>
+#include <string_view>
+
 #include "core/session.h"
 
 namespace marvolin {
@@ -15,6 +18,10 @@ void Knob_DblClick(Session& s, Knob knob, Row row);
 /// A fine step by wheel or arrow key: `units` up or down through the gang setter. It is a whole short drag: it cancels
 /// a fade and sends the change event and the last scroll event. Nothing happens while a drag is open.
 void KnobStep(Session& s, Knob knob, Row row, int units);
+/// Entries of `DragAxisSelect`, by `DragAxis`.
+inline constexpr std::array<std::string_view, 2> kDragAxes{"Vertical Drag", "Horizontal Drag"};
+/// The player (or a file) chose an entry of `DragAxisSelect`: 0 vertical, anything else horizontal.
+void DragAxisSelect_Click(Session& s, std::int16_t entry);
 /// Picture 0..63 of a row's knob.
 int KnobFrameOf(const Session& s, Knob knob, Row row);
 

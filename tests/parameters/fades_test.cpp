@@ -266,6 +266,24 @@ TEST(StepFades, AFadeToThreeHundredEndsThereAndTheRowKeepsPlaying) {
     }
 }
 
+TEST(StepFades, ARisingFadeDoesNotRestartARowThatPlays) {
+    Instrument i;
+    Sounding(i, 0, 100);
+    LoopSetFade(i.s, 0, FadeCommand::Up);
+    StepFades(i.s, 40);
+    EXPECT_THAT(i.Sound.Log, ElementsAre("SetVolume b0 -2346"));
+}
+
+TEST(StepFades, ARisingFadeWithoutASampleStillTurnsTheKnob) {
+    Instrument i;
+    i.s.Set[0].Vol = 100;
+    LoopSetFade(i.s, 0, FadeCommand::Up);
+    StepFades(i.s, 40);
+    EXPECT_EQ(i.s.Set[0].Vol, 108);
+    EXPECT_EQ(i.s.Run[0].Playing, False);
+    EXPECT_THAT(i.Sound.Log, IsEmpty());
+}
+
 TEST(StepFades, AFadeToSilenceEndsInAStop) {
     Instrument i;
     Sounding(i, 0, 200);

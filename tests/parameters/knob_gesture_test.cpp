@@ -423,6 +423,19 @@ TEST(KnobStep, DoesNothingDuringADragOrOnAMasterThatTheJoystickHolds) {
     EXPECT_EQ(i.s.Set[kMasterRow].Vol, 500);
 }
 
+TEST(DragAxisSelect, ZeroDragsUpAndDownAnythingElseSideways) {
+    for (std::int16_t entry = 0; entry <= 2; ++entry) {
+        Instrument i;
+        DragAxisSelect_Click(i.s, entry);
+        EXPECT_EQ(i.Screen.Count("ShowOptions"), 1);
+        Press(i, Knob::Vol, 0);
+        KnobGesture(i.s, Knob::Vol, 0, Phase::Move, kLeftButton, 990, 1020);
+        EXPECT_EQ(i.s.Set[0].Vol, entry == 0 ? 480 : 490);
+    }
+    EXPECT_EQ(kDragAxes[0], "Vertical Drag");
+    EXPECT_EQ(kDragAxes[1], "Horizontal Drag");
+}
+
 TEST(KnobFrameOf, GoesByTheScaleOfTheKnob) {
     Instrument i;
     EXPECT_EQ(KnobFrameOf(i.s, Knob::Vol, 0), 63);

@@ -73,6 +73,24 @@ TEST(PositionSet, WithNoDeviceOpenTheListenersPlaceIsStillStored) {
     EXPECT_EQ(i.s.ListenerX, 1);
 }
 
+TEST(PositionSet, ABufferMadeWithoutThreeDimensionsHearsNothing) {
+    MapInstrument i(false);
+    i.Fill(0);
+    i.s.Use3D = true;
+    PositionSet(i.s, 0, 1, -1, true, false, false, false);
+    EXPECT_THAT(i.Sound.Log, IsEmpty());
+    EXPECT_EQ(i.s.Set[0].PositionY, -1);
+}
+
+TEST(PositionSet, AFailureOfTheServiceRisesAndThePlaceStays) {
+    MapInstrument i;
+    i.Fill(0);
+    i.Sound.Failures["SetPosition"] = sound_error::kGeneric;
+    EXPECT_THROW(PositionSet(i.s, 0, 1, 1, true, true, false, true), SoundError);
+    EXPECT_EQ(i.s.Set[0].PositionX, 0);
+    EXPECT_THAT(i.Screen.Log, IsEmpty());
+}
+
 TEST(PositionSet, StoresTheTwipsByTheHalfWidthOnBothAxes) {
     MapInstrument i;
     PositionSet(i.s, 3, 0.5F, -1.5F, false, false, false, true);
