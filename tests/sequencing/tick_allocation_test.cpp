@@ -1,32 +1,16 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <new>
-
+#include "allocation_counter.h"
 #include "fakes/instrument.h"
 #include "sequencing/loop_clock.h"
-
-namespace {
-
-long allocations = 0;
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* memory = std::malloc(size)) return memory;
-    throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace marvolin {
 namespace {
 
 TEST(TickAllocation, TheCounterSeesAnAllocation) {
-    const long before = allocations;
+    const long before = test::Allocations();
     const auto text = std::make_unique<std::string>(200, 'x');
-    EXPECT_GE(allocations, before + 2);
+    EXPECT_GE(test::Allocations(), before + 2);
 }
 
 TEST(TickAllocation, ATickInWhichNothingIsDueAllocatesNothing) {
@@ -41,9 +25,9 @@ TEST(TickAllocation, ATickInWhichNothingIsDueAllocatesNothing) {
     }
     i.s.ActiveTab = kPatternTab;
     LoopTimer_Timer(i.s, 10);  // the selection's button has followed
-    const long before = allocations;
+    const long before = test::Allocations();
     for (int tick = 0; tick < 90; ++tick) LoopTimer_Timer(i.s, 10);
-    EXPECT_EQ(allocations, before);
+    EXPECT_EQ(test::Allocations(), before);
     EXPECT_EQ(i.s.Run[kTrack].StepElapsed, 910);
 }
 
