@@ -1,0 +1,35 @@
+#include "performance/listener.h"
+
+#include <cmath>
+#include <cstdlib>
+
+#include "core/routines.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr int kCircle = 360;
+constexpr int kDegreesAFrame = 5;
+constexpr int kLastFrame = 71;
+
+}  // namespace
+
+void RotateListener(Session& s, std::int32_t angle, bool apply) {
+    if (angle < 0) angle += std::abs(ToI4(Int(angle / static_cast<double>(kCircle)) * kCircle));
+    angle %= kCircle;
+    // The device can be closed while 3D is on; then nobody listens.
+    if (apply && s.Use3D && s.Listener) {
+        const double a = angle;
+        s.Listener->SetOrientation({static_cast<float>(std::sin(a)), 0, static_cast<float>(std::cos(a))}, {0, 1, 0});
+    }
+    s.ListenerAngle = static_cast<std::int16_t>(angle);
+    s.World.Screen.ShowListenerFace();
+}
+
+int ListenerFrame(std::int16_t angle) {
+    const int frame = angle / kDegreesAFrame;
+    return frame >= kLastFrame ? 0 : frame;
+}
+
+}  // namespace marvolin

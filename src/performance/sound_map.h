@@ -1,0 +1,61 @@
+#pragma once
+/// \file
+/// The sound map: the four LoopTracks and the listener as balls on a field.
+///
+/// A place is kept in twips from the map's centre (`BallPos`) and in map units (`PositionX`, `PositionY`, `ListenerX`,
+/// `ListenerY`), which the audio service hears. Both are turned into each other by the half width, on either axis.
+/// Errors of the audio service rise to the caller.
+
+#include <string>
+
+#include "core/session.h"
+
+namespace marvolin {
+
+/// Ends of the gauge `MapSize`: 0.5 to 10.0 map units.
+inline constexpr std::int16_t kMapSizeLow = 5;
+inline constexpr std::int16_t kMapSizeHigh = 100;
+/// Ends of the gauge `RollOff`: factor 0.0 to 10.0.
+inline constexpr std::int16_t kRollOffLow = 0;
+inline constexpr std::int16_t kRollOffHigh = 100;
+
+/// Entries of the list `PosMacros`, by the numbers of `PosMacro`.
+enum PositionMacro : std::int16_t { kMacroOff, kMacroScatterAbs, kMacroScatterRel, kMacroWander, kMacroWanderJump };
+
+/// Sets up the balls, the listener and the defaults. Needs the geometry.
+void MapInit(Session& s);
+
+/// Moves a ball (0..3 LoopTracks, 4 the listener) to `x`, `y` twips, or by them without `absolute`, kept on the map, and
+/// shows the place. With `apply` it is heard. `quiet` is carried along.
+void PosMove(Session& s, double x, double y, int ball, bool absolute, bool apply, bool quiet);
+/// The same from any unit; `scale` is the edge.
+void PosScaled(Session& s, double x, double y, int ball, double scale, bool absolute, bool apply, bool quiet);
+
+/// Place of a ball in map units.
+BallPoint MapUnits(const Session& s, int ball);
+/// Left and top of a ball on the map, twips.
+BallPoint MapBallPlace(const Session& s, int ball);
+
+/// Double click on a ball: to the centre, heard at once whatever the boxes `PositionUpdate` say.
+void PosBall_DblClick(Session& s, int ball);
+/// All five balls to the centre.
+void CentreAll_Click(Session& s);
+/// Brings the listener back onto the map and to the front.
+void PosPop_Click(Session& s);
+
+/// Sets the side of the map in map units, through the gauge: 0.5..10.0.
+void SetMapSize(Session& s, double size);
+/// The gauge `MapSize` was let go at `value`, 5..100: places in map units stay, the balls move on the screen.
+void MapSize_Change(Session& s, std::int16_t value);
+/// The gauge `MapSize` moves under the hand.
+void MapSize_Moving(Session& s, std::int16_t value);
+
+/// The gauge `RollOff` moves under the hand, 0..100.
+void RollOff_Moving(Session& s, std::int16_t value);
+/// The gauge `RollOff` is let go: left button sets the factor, right button puts it back to 1.
+void RollOff_Release(Session& s, std::int16_t button, std::int16_t value);
+
+/// `tenths` / 10 in the format "##.#": no digit stands where none is needed, the point always does: ".5", "3.", "12.5".
+std::string TenthsText(std::int16_t tenths);
+
+}  // namespace marvolin
