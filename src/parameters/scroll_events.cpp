@@ -28,14 +28,16 @@ clsScrollDelta& ScrollCounter(Session& s, int counter) {
 void SendScriptEvent(Session& s, ScriptEvent event, std::span<const double> arguments, std::string_view name) {
     const std::int16_t wanted = s.EventWanted[event];
     if (wanted == 0) return;
+    const bool busy = s.ScriptBusy;
     s.EventWanted[event] = 0;
+    s.ScriptBusy = true;
     try {
         s.World.Scripts.Call(event, arguments);
+        s.EventWanted[event] = wanted;
     } catch (const RuntimeError&) {
         s.World.Scripts.ReportScriptError(name);
-        return;
     }
-    s.EventWanted[event] = wanted;
+    s.ScriptBusy = busy;
 }
 
 void SendScriptEvent(Session& s, ScriptEvent event, std::span<const double> arguments) {
