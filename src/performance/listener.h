@@ -4,8 +4,8 @@
 
 namespace marvolin {
 
-/// Sets the listener's heading, brought to 0..359 degrees. With `apply` and `Use3D` the service hears of it; the number of
-/// degrees goes into sine and cosine as it stands, so the heading that is heard is not the angle that is shown.
+/// Sets the listener's heading, brought to 0..359 degrees. With `apply` and `Use3D` the service hears of it; the number
+/// of degrees goes into sine and cosine as it stands, so the heading that is heard is not the angle that is shown.
 /// Errors of the service rise to the caller.
 void RotateListener(Session& s, std::int32_t angle, bool apply);
 

@@ -1,21 +1,14 @@
 #pragma once
 /// \file
-/// What the script hears of the sound map. A failing script is reported as "OnPosScroll", and hears no more of the event
-/// that failed.
+/// What the script hears of the sound map. A failing script is reported as "OnPosScroll", and hears no more of the
+/// event that failed.
 
 #include "core/session.h"
 
 namespace marvolin {
 
-/// Counters of `ScrollDelta` that serve the map.
-inline constexpr int kMouseCounter = 1;
-inline constexpr int kJoystickCounter = 2;
-
-/// Starts a drag for a counter at `x`, `y` map units.
-void ResetPosCounter(Session& s, int counter, double x, double y);
-
-/// Tells the script that a ball moves to `x`, `y` map units: every so many calls, or now with `force`. Nothing while the
-/// script does not want it or another of its events is running.
+/// Tells the script that a ball moves to `x`, `y` map units: every so many calls of the counter (`kMapScroll`,
+/// `kJoystickScroll`), or now with `force`. Nothing while the script does not want it or another of its events runs.
 void PosScrollEvent(Session& s, int ball, double x, double y, bool force, int counter);
 
 /// Tells the script that a ball was let go at `x`, `y` map units.

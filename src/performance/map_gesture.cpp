@@ -2,6 +2,7 @@
 
 #include "core/routines.h"
 #include "parameters/position.h"
+#include "parameters/scroll_events.h"
 #include "performance/ball_drag.h"
 #include "performance/listener.h"
 #include "performance/map_events.h"
@@ -19,8 +20,8 @@ constexpr double kDegreesATwip = 0.3;
 void TakeBall(Session& s, int ball) {
     TakePointer(s, Surface::Map, MapBallPlace(s, ball));
     const BallPoint place = MapUnits(s, ball);
-    ResetPosCounter(s, kMouseCounter, place.X, place.Y);
-    if (ball == kListenerBall) ResetPosCounter(s, kJoystickCounter, place.X, place.Y);
+    ScrollCounter(s, kMapScroll).Reset(place.X, place.Y);
+    if (ball == kListenerBall) ScrollCounter(s, kJoystickScroll).Reset(place.X, place.Y);
 }
 
 void TakeHeading(Session& s, double y) {
@@ -40,7 +41,7 @@ void Move(Session& s, int ball, std::int16_t button, double x, double y) {
     if (button == kLeftButton) {
         DragBall(s, ball, x, y, s.PositionUpdate[ball == kListenerBall ? kUpdateListener : kUpdateLoop]);
         const BallPoint place = MapUnits(s, ball);
-        PosScrollEvent(s, ball, place.X, place.Y, false, kMouseCounter);
+        PosScrollEvent(s, ball, place.X, place.Y, false, kMapScroll);
     } else if (s.Drag.Dragging != False) {
         const double angle = s.Drag.DragStartValue - Int((y - s.Drag.DragOrigin) * kDegreesATwip);
         RotateListener(s, ToI4(ClampVar(angle, -32000, 32000)), s.PositionUpdate[kUpdateRotation]);
@@ -53,7 +54,7 @@ void Up(Session& s, int ball, double x, double y) {
         DragBall(s, ball, x, y, true);
         const BallPoint place = MapUnits(s, ball);
         PosChangeEvent(s, ball, place.X, place.Y);
-        PosScrollEvent(s, ball, place.X, place.Y, true, kMouseCounter);
+        PosScrollEvent(s, ball, place.X, place.Y, true, kMapScroll);
     } else if (s.Drag.Dragging != False) {
         RotateListener(s, s.ListenerAngle, true);
         s.Drag.Dragging = False;
@@ -70,8 +71,12 @@ bool PosGesture(Session& s, Phase phase, int ball, std::int16_t button, double x
             if (ball != kListenerBall) return true;
             TakeHeading(s, y);
             return false;
-        case Phase::Move: Move(s, ball, button, x, y); return false;
-        case Phase::Up: Up(s, ball, x, y); return false;
+        case Phase::Move:
+            Move(s, ball, button, x, y);
+            return false;
+        case Phase::Up:
+            Up(s, ball, x, y);
+            return false;
     }
     return false;
 }

@@ -52,18 +52,32 @@ double Pitch(double w, double slope) { return w <= 0.5 ? 2 * (w * 1000) : (w - 0
 void StoreLevel(Session& s, int i, double w, std::int16_t padType) {
     const bool untouched = w == kUntouched;
     switch (padType) {
-        case kPitch300: s.ChannelHz[i] = untouched ? kHzUnity : ToI2(Pitch(w, 4)); break;
-        case kPitch400: s.ChannelHz[i] = untouched ? kHzUnity : ToI2(Pitch(w, 6)); break;
-        case kVolPad: s.ChannelVol[i] = untouched ? std::int16_t{0} : ToI2(w * 500); break;
-        default: s.ChannelPan[i] = untouched ? kPanCentre : ToI2(w * 1000); break;
+        case kPitch300:
+            s.ChannelHz[i] = untouched ? kHzUnity : ToI2(Pitch(w, 4));
+            break;
+        case kPitch400:
+            s.ChannelHz[i] = untouched ? kHzUnity : ToI2(Pitch(w, 6));
+            break;
+        case kVolPad:
+            s.ChannelVol[i] = untouched ? std::int16_t{0} : ToI2(w * 500);
+            break;
+        default:
+            s.ChannelPan[i] = untouched ? kPanCentre : ToI2(w * 1000);
+            break;
     }
 }
 
 void ApplyLevels(Session& s, std::int16_t padType) {
     switch (padType) {
-        case kVolPad: MapVolAll(s); break;
-        case kPanPad: MapPanAll(s); break;
-        default: MapHZAll(s); break;
+        case kVolPad:
+            MapVolAll(s);
+            break;
+        case kPanPad:
+            MapPanAll(s);
+            break;
+        default:
+            MapHZAll(s);
+            break;
     }
 }
 

@@ -14,9 +14,9 @@ void PadGeometryInit(Session& s, double innerWidth, double innerHeight);
 
 /// Turns a position into the levels of channels 1..4 under `padType`.
 ///
-/// `x`, `y` are limited in place to the pad. Without `absolute` they are a move from where the ball stands. With `apply`
-/// all LoopTracks take the new levels; with `readOut` the status line shows them. Without `twoAxes` only `x` counts: a
-/// cross-fade from the left pair of channels to the right pair. A type outside 0..4 is a `SubscriptError`.
+/// `x`, `y` are limited in place to the pad. Without `absolute` they are a move from where the ball stands. With
+/// `apply` all LoopTracks take the new levels; with `readOut` the status line shows them. Without `twoAxes` only `x`
+/// counts: a cross-fade from the left pair of channels to the right pair. A type outside 0..4 is a `SubscriptError`.
 void PadMix(Session& s, double& x, double& y, std::int16_t padType, bool absolute, bool apply, bool readOut,
             bool twoAxes);
 

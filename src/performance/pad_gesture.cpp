@@ -20,7 +20,9 @@ void PadBallGesture(Session& s, Phase phase, std::int16_t button, double x, doub
         case Phase::Down:
             if (button == kLeftButton || button == kRightButton) TakePointer(s, Surface::Pad, PadBallPlace(s));
             break;
-        case Phase::Move: MoveBall(s, button, x, y); break;
+        case Phase::Move:
+            MoveBall(s, button, x, y);
+            break;
         case Phase::Up:
             if (s.CursorFree) break;
             ReleasePointer(s);

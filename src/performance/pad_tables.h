@@ -29,10 +29,11 @@ void PadListInit(Session& s);
 /// Sets all pad types to their start values, chooses "Vol" and puts `TwistBall` in the middle. Needs the geometry.
 void PadTablesInit(Session& s);
 
-/// The player (or a session file) chose `entry` 0..3 of `PadType`: the type that is left is recentred, the new one keeps
-/// its levels until the ball moves.
+/// The player (or a session file) chose `entry` 0..3 of `PadType`: the type that is left is recentred, the new one
+/// keeps its levels until the ball moves.
 void PadType_Click(Session& s, std::int16_t entry);
-/// The player chose the curve `function` 1..3 for the current type. The ball is recentred, also by the same choice again.
+/// The player chose the curve `function` 1..3 for the current type. The ball is recentred, also by the same choice
+/// again.
 void PadFunction_Click(Session& s, std::int16_t function);
 
 /// Gives `TwistBall` the face of the type (`PadTwistFace`), or hides it.

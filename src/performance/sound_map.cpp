@@ -63,13 +63,6 @@ BallPoint MapUnits(const Session& s, int ball) {
     return {s.Set[ball].PositionX, s.Set[ball].PositionY};
 }
 
-BallPoint MapBallPlace(const Session& s, int ball) {
-    const PadGeometry& g = s.Geometry;
-    const BallPoint units = MapUnits(s, ball);
-    const double twips = g.PadHalfX / s.MapRange;
-    return {twips * units.X + g.PadHalfX - g.BallCentreX, twips * units.Y + g.PadHalfY - g.BallCentreY};
-}
-
 void PosBall_DblClick(Session& s, int ball) { PosScaled(s, 0, 0, ball, 500.0, true, true, false); }
 
 void CentreAll_Click(Session& s) {
@@ -83,9 +76,7 @@ void PosPop_Click(Session& s) {
     PosSetHighlight(s, kListenerBall);
 }
 
-void SetMapSize(Session& s, double size) {
-    MapSize_Change(s, ToI2(ClampVar(size * 10, kMapSizeLow, kMapSizeHigh)));
-}
+void SetMapSize(Session& s, double size) { MapSize_Change(s, ToI2(ClampVar(size * 10, kMapSizeLow, kMapSizeHigh))); }
 
 void MapSize_Change(Session& s, std::int16_t value) {
     ClampI2(value, kMapSizeLow, kMapSizeHigh);

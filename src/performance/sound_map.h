@@ -25,16 +25,14 @@ enum PositionMacro : std::int16_t { kMacroOff, kMacroScatterAbs, kMacroScatterRe
 /// Sets up the balls, the listener and the defaults. Needs the geometry.
 void MapInit(Session& s);
 
-/// Moves a ball (0..3 LoopTracks, 4 the listener) to `x`, `y` twips, or by them without `absolute`, kept on the map, and
-/// shows the place. With `apply` it is heard. `quiet` is carried along.
+/// Moves a ball (0..3 LoopTracks, 4 the listener) to `x`, `y` twips, or by them without `absolute`, kept on the map,
+/// and shows the place. With `apply` it is heard. `quiet` is carried along.
 void PosMove(Session& s, double x, double y, int ball, bool absolute, bool apply, bool quiet);
 /// The same from any unit; `scale` is the edge.
 void PosScaled(Session& s, double x, double y, int ball, double scale, bool absolute, bool apply, bool quiet);
 
 /// Place of a ball in map units.
 BallPoint MapUnits(const Session& s, int ball);
-/// Left and top of a ball on the map, twips.
-BallPoint MapBallPlace(const Session& s, int ball);
 
 /// Double click on a ball: to the centre, heard at once whatever the boxes `PositionUpdate` say.
 void PosBall_DblClick(Session& s, int ball);

@@ -10,9 +10,9 @@
 namespace marvolin {
 
 /// Entries of the list `SetChannel`, captioned "Wire sets:".
-inline constexpr std::array<std::string_view, 9> kWireSets{
-    "Groups of 4",    "Groups of 3",    "Groups of 2", "Alternate by 4", "Alternate by 3",
-    "Alternate by 2", "Groups of 8",    "All to 1",    "All to 0"};
+inline constexpr std::array<std::string_view, 9> kWireSets{"Groups of 4",    "Groups of 3",    "Groups of 2",
+                                                           "Alternate by 4", "Alternate by 3", "Alternate by 2",
+                                                           "Groups of 8",    "All to 1",       "All to 0"};
 
 /// Wires LoopTracks A to D as the text of an entry says, blanks around it ignored. "All to 0" comes out as "All to 1",
 /// since a wire is at least 1. Another text changes no wire. The sound of all LoopTracks is sent again in any case.

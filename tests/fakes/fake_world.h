@@ -194,6 +194,7 @@ public:
     bool Answer = true;
     std::function<void()> OnSave;
     std::function<void()> OnLoad;
+    clsSwitchRecord Loaded;  ///< switches of the last load
     bool SaveSession(Session&, const std::string& fileName, bool selectionsOnly,
                      const clsSwitchRecord& switches) override {
         Log.push_back("Save " + fileName + (selectionsOnly ? " selected" : " all") + Shown(switches));
@@ -204,6 +205,7 @@ public:
                      bool adoptSwitches) override {
         Log.push_back("Load " + fileName + (setAsCurrent ? " current" : "") + (adoptSwitches ? " adopt" : "") +
                       Shown(switches));
+        Loaded = switches;
         if (OnLoad) OnLoad();
         return Answer;
     }

@@ -1,0 +1,31 @@
+#pragma once
+/// \file
+/// Which axis of a device becomes which axis of the state record.
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace marvolin {
+
+/// Offsets of the axes in the state record.
+enum AxisOffset : std::int32_t {
+    kNoOffset = -1,
+    kOffsetX = 0,
+    kOffsetY = 4,
+    kOffsetZ = 8,
+    kOffsetRX = 12,
+    kOffsetRY = 16,
+    kOffsetRZ = 20,
+    kOffsetSlider0 = 24,
+    kOffsetSlider1 = 28,
+};
+
+/// Offset of each axis of a device of which only their number is known. Axes behind the eighth have none.
+std::vector<std::int32_t> AxisOffsetsByCount(int axes);
+
+/// Offset of each axis of a device that tells the Linux codes of its axes, in rising order (0 X, 1 Y, 2 Z, 3 RX, 4 RY,
+/// 5 RZ, 6 throttle, 7 rudder, ...). A throttle is the z axis and a rudder the twist where the device has none.
+std::vector<std::int32_t> AxisOffsetsByCodes(std::span<const int> codes);
+
+}  // namespace marvolin

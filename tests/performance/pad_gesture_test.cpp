@@ -1,0 +1,77 @@
+#include "performance/pad_gesture.h"
+
+#include <gtest/gtest.h>
+
+#include "performance/surfaces.h"
+
+namespace marvolin {
+namespace {
+
+using test::Surfaces;
+
+constexpr double kHold = 15 * 15;  ///< the point of the ball by which it is held, twips
+
+TEST(PadBallGesture, APressPutsThePointerOnTheBallAndThenConfinesItToThePad) {
+    for (const auto button : std::initializer_list<std::int16_t>{kLeftButton, kRightButton}) {
+        Surfaces i;
+        PadBallGesture(i.s, Phase::Down, button, kHold, kHold);
+        EXPECT_FALSE(i.s.CursorFree);
+        // The ball's left is (2130 - 127.5) / 15 = 133.5 pixels; the pad begins at 100, 200 and is 300 pixels wide.
+        EXPECT_THAT(i.Desk.Log, testing::ElementsAre("SetCursorPos 250,350", "ClipCursor 104,204,396,496"));
+    }
+}
+
+TEST(PadBallGesture, OtherButtonsDoNothingOnPressAndMove) {
+    Surfaces i;
+    for (const auto button : std::initializer_list<std::int16_t>{kNoButton, kMiddleButton}) {
+        PadBallGesture(i.s, Phase::Down, button, 0, 0);
+        PadBallGesture(i.s, Phase::Move, button, 900, 900);
+    }
+    EXPECT_TRUE(i.s.CursorFree);
+    EXPECT_TRUE(i.Desk.Log.empty());
+    EXPECT_EQ(i.s.PadTable[2].X, 0);
+    EXPECT_TRUE(i.Screen.Log.empty());
+}
+
+TEST(PadBallGesture, AMoveIsRelativeToTheBallAndHeardAtOnce) {
+    Surfaces i;
+    i.Fill(0);
+    PadBallGesture(i.s, Phase::Move, kLeftButton, kHold + 300, kHold - 150);
+    PadBallGesture(i.s, Phase::Move, kRightButton, kHold + 45, kHold);
+    EXPECT_EQ(i.s.PadTable[2].X, 345);
+    EXPECT_DOUBLE_EQ(i.s.PadTable[2].Y, -150);
+    EXPECT_EQ(i.Sound.Count("SetVolume b0"), 2);
+}
+
+TEST(PadBallGesture, OnAPadThatIsNotSquareTheVerticalMoveGoesByTheRatioOfTheSides) {
+    Surfaces i;
+    PadGeometryInit(i.s, 4500, 2370);
+    PadBallGesture(i.s, Phase::Move, kLeftButton, kHold + 100, kHold + 100);
+    EXPECT_EQ(i.s.PadTable[2].X, 100);
+    EXPECT_DOUBLE_EQ(i.s.PadTable[2].Y, 100 * 1065.0 / 2130.0);
+}
+
+TEST(PadBallGesture, TheFirstReleaseLetsThePointerGoAndMovesOnceMoreTheSecondDoesNothing) {
+    Surfaces i;
+    PadBallGesture(i.s, Phase::Down, kLeftButton, kHold, kHold);
+    i.Clear();
+    PadBallGesture(i.s, Phase::Up, kLeftButton, kHold + 60, kHold);
+    EXPECT_TRUE(i.s.CursorFree);
+    EXPECT_THAT(i.Desk.Log, testing::ElementsAre("ReleaseCursor"));
+    EXPECT_EQ(i.s.PadTable[2].X, 60);
+    PadBallGesture(i.s, Phase::Up, kLeftButton, kHold + 60, kHold);
+    EXPECT_THAT(i.Desk.Log, testing::ElementsAre("ReleaseCursor"));
+    EXPECT_EQ(i.s.PadTable[2].X, 60);
+}
+
+TEST(PadBallGesture, ADragBeyondTheEdgeStopsAtIt) {
+    Surfaces i;
+    PadBallGesture(i.s, Phase::Down, kLeftButton, kHold, kHold);
+    PadBallGesture(i.s, Phase::Move, kLeftButton, kHold + 99999, kHold - 99999);
+    EXPECT_EQ(i.s.PadTable[2].X, Surfaces::kHalf);
+    EXPECT_EQ(i.s.PadTable[2].Y, -Surfaces::kHalf);
+    EXPECT_EQ(i.s.StatusText, "W: 293, WB: 500, BW: 293, B: 0, ");
+}
+
+}  // namespace
+}  // namespace marvolin

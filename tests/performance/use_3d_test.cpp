@@ -1,0 +1,107 @@
+#include "performance/use_3d.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "audio/device.h"
+#include "performance/surfaces.h"
+
+namespace marvolin {
+namespace {
+
+using test::Surfaces;
+
+struct Opened : Surfaces {
+    Opened() {
+        InitAudioDriversList(s);
+        s.Driver = 0;
+        InitDirectSound(s);
+        Clear();
+    }
+};
+
+TEST(Use3D, SwitchingTakesTheDeviceDownAndUpAndEnablesTheMap) {
+    Opened i;
+    i.Fill(0);
+    SetUse3D(i.s, true);
+    EXPECT_TRUE(GetUse3D(i.s));
+    EXPECT_TRUE(i.s.MapEnabled);
+    EXPECT_TRUE(i.s.DSReady);
+    EXPECT_TRUE(i.s.Listener);
+    EXPECT_EQ(i.s.RollOffValue, 1.0F);
+    EXPECT_EQ(i.s.Run[0].Loaded, False);
+    EXPECT_EQ(i.Sound.Count("Release device"), 1);
+    EXPECT_EQ(i.Sound.Count("CreateSoundBuffer 17"), 1);
+    EXPECT_EQ(i.Screen.Count("ShowMapControls"), 1);
+    for (int ball = 0; ball < 5; ++ball) EXPECT_EQ(i.Screen.Count("ShowMapBall " + std::to_string(ball)), 1);
+    i.Clear();
+    SetUse3D(i.s, false);
+    EXPECT_FALSE(i.s.MapEnabled);
+    EXPECT_FALSE(i.s.Listener);
+    EXPECT_EQ(i.s.RollOffValue, 0.0F);
+    EXPECT_EQ(i.Sound.Count("CreateSoundBuffer 1"), 1);
+    EXPECT_EQ(i.Screen.Count("ShowMapBall 0"), 0);
+}
+
+TEST(Use3D, TheStateThatStandsAlreadyChangesNothing) {
+    Opened i;
+    SetUse3D(i.s, false);
+    EXPECT_TRUE(i.Sound.Log.empty());
+    EXPECT_TRUE(i.Screen.Log.empty());
+}
+
+TEST(Use3D, TheBoxSavesTheSessionSwitchesLoadsItBackAndDeletesTheFile) {
+    Opened i;
+    const std::filesystem::path file = std::filesystem::path(testing::TempDir()) / "VBN_use_3d.tmp";
+    std::ofstream(file) << "x";
+    i.Desk.TempFile = file.string();
+    bool sawOff = false;
+    bool sawOn = false;
+    i.Store.OnSave = [&] { sawOff = !i.s.Use3D; };
+    i.Store.OnLoad = [&] {
+        sawOn = i.s.Use3D && std::filesystem::exists(file);
+        i.s.PadTypeIndex = 0;
+        i.s.PadTable[2].TwistIcon = 4;
+    };
+    i.s.PadTable[2].TwistIcon = 3;
+    Enable3d_Click(i.s, true);
+    ASSERT_EQ(i.Store.Log.size(), 2u);
+    EXPECT_EQ(i.Store.Log[0], "Save " + file.string() + " all everything");
+    EXPECT_EQ(i.Store.Log[1], "Load " + file.string());
+    // All but the state of 3D itself, which would undo the change.
+    clsSwitchRecord expected;
+    expected.SetSwitch(true);
+    expected.Put(Element::ThreeD, false);
+    EXPECT_EQ(i.Store.Loaded, expected);
+    EXPECT_TRUE(sawOff);
+    EXPECT_TRUE(sawOn);
+    EXPECT_FALSE(std::filesystem::exists(file));
+    EXPECT_EQ(i.s.PadTypeIndex, 2);
+    EXPECT_EQ(i.s.PadTable[2].TwistIcon, 3);
+    EXPECT_GE(i.Screen.Count("ShowTwist"), 1);
+    EXPECT_TRUE(i.s.Use3D);
+}
+
+TEST(Use3D, WithoutATemporaryFileTheSwitchIsMadeAndNothingIsSaved) {
+    Opened i;
+    i.Desk.TempFile = "";
+    Enable3d_Click(i.s, true);
+    EXPECT_TRUE(i.s.Use3D);
+    EXPECT_TRUE(i.Store.Log.empty());
+}
+
+TEST(Use3D, TheClickOfTheBoxIsHeldBackWhileItIsSet) {
+    Opened i;
+    i.s.Enable3dHeld = true;
+    Enable3d_Click(i.s, true);
+    EXPECT_FALSE(i.s.Use3D);
+    EXPECT_TRUE(i.Desk.Log.empty());
+    MapEnable(i.s, true);
+    EXPECT_FALSE(i.s.Enable3dHeld);
+    EXPECT_TRUE(i.s.MapEnabled);
+}
+
+}  // namespace
+}  // namespace marvolin
