@@ -1,0 +1,94 @@
+/// \file
+/// What a move of the mix pad and a poll of the joystick cost, in a world that does nothing.
+
+#include <benchmark/benchmark.h>
+
+#include "fakes/instrument.h"
+#include "performance/joystick.h"
+#include "performance/joystick_setup.h"
+#include "performance/mix_pad.h"
+#include "performance/pad_gesture.h"
+#include "performance/pad_tables.h"
+
+namespace marvolin {
+namespace {
+
+/// A window that keeps no log of what the pad shows.
+struct QuietDisplay : test::FakeDisplay {
+    void ShowStatusText() override {}
+    void ShowPadBall() override {}
+};
+
+/// A buffer that only takes its values.
+struct QuietBuffer : test::FakeSound::Buffer {
+    using Buffer::Buffer;
+    void SetVolume(std::int32_t hundredths) override { Volume = hundredths; }
+    void SetFrequency(std::int32_t hertz) override { Frequency = hertz; }
+};
+
+/// A joystick that rests.
+struct QuietStick : test::FakeInputDevice {
+    explicit QuietStick(test::FakeJoystick& stick) : FakeInputDevice(stick) {}
+    void Poll() override {}
+    void GetDeviceStateJoystick(DIJOYSTATE& state) override { state = Rest; }
+    DIJOYSTATE Rest{5000, 5000, 0, 0, 0, 0, {}, {-1, -1, -1, -1}, {}};
+};
+
+struct Bench : test::Instrument {
+    QuietDisplay Quiet;
+    Session q{Services{Quiet, Desk, Forms, Chance, Timers, Scripts, Store, s.World.CreateDirectX7,
+                       s.World.CreateDirectInput}};
+
+    Bench() {
+        PadGeometryInit(q, 4500, 4500);
+        PadTablesInit(q);
+        q.PadTable[2].Function = 1;
+    }
+    void FillAll() {
+        for (Row row = 0; row < kLoopTracks; ++row) {
+            auto sample = std::make_shared<test::FakeSample>();
+            q.Run[row].Buffer = std::make_unique<QuietBuffer>(Sound, row, buffer_flags::kSample, std::move(sample));
+            q.Run[row].Loaded = True;
+            q.Set[row].SampleRate = 44100;
+        }
+    }
+};
+
+void PadMixWithReadout(benchmark::State& state) {
+    Bench b;
+    double at = 0;
+    for (auto _ : state) {
+        at = at > 2000 ? -2000 : at + 37;
+        double x = at;
+        double y = -at / 2;
+        PadMix(b.q, x, y, static_cast<std::int16_t>(state.range(0)), true, false, true, true);
+        benchmark::DoNotOptimize(b.q.StatusText.data());
+    }
+}
+BENCHMARK(PadMixWithReadout)->DenseRange(0, 3)->ArgName("type");
+
+void PadDragWithFourLoopTracks(benchmark::State& state) {
+    Bench b;
+    b.FillAll();
+    double move = 45;
+    for (auto _ : state) {
+        if (b.q.PadTable[2].X > 2000 || b.q.PadTable[2].X < -2000) move = -move;
+        PadBallGesture(b.q, Phase::Move, kLeftButton, 225 + move, 225 - move);
+    }
+}
+BENCHMARK(PadDragWithFourLoopTracks);
+
+void PollThatChangesNothing(benchmark::State& state) {
+    Bench b;
+    InitDirectInput(b.q);
+    b.q.JoyDevice = std::make_unique<QuietStick>(b.Stick);
+    JoyTimer_Timer(b.q);
+    for (auto _ : state) {
+        JoyTimer_Timer(b.q);
+        benchmark::DoNotOptimize(b.q.Joy.LastX);
+    }
+}
+BENCHMARK(PollThatChangesNothing);
+
+}  // namespace
+}  // namespace marvolin
