@@ -1,0 +1,41 @@
+#pragma once
+/// \file
+/// Reading of PCM WAV files.
+
+#include <sndfile.h>
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+
+#include "core/sound_service.h"
+
+namespace marvolin {
+
+/// A WAV file open for one reading from its first frame to its last.
+/// Taken: RIFF/WAVE with a plain or an extensible header, PCM of 8, 16, 24 or 32 bits, one or two channels,
+/// 100..1000000 Hz, at least one whole frame, and a data chunk that lies wholly in the file.
+class WaveFile {
+public:
+    /// `path` is taken as bytes. `SoundError` `kGeneric`: no regular file that can be read; `kBadFormat`: nothing of
+    /// the kind above; `kOutOfMemory`: more sample bytes than a position can count.
+    explicit WaveFile(const std::string& path);
+
+    const WaveFormat& Format() const { return format_; }
+    /// Bytes of the whole frames.
+    std::int32_t Bytes() const { return bytes_; }
+    /// The next bytes as they stand in the file; `frames` is a whole number of frames.
+    /// `SoundError` `kGeneric` when the file ends before or cannot be read on.
+    void Read(std::span<std::uint8_t> frames);
+
+private:
+    struct Close {
+        void operator()(SNDFILE* file) const { sf_close(file); }
+    };
+    WaveFormat format_;
+    std::int32_t bytes_ = 0;
+    std::unique_ptr<SNDFILE, Close> file_;
+};
+
+}  // namespace marvolin
