@@ -67,6 +67,20 @@ TEST_F(SoundAdapter, EachFrameIsHeardFromTheFirstOn) {
     ExpectRamp(Render(2000), 0, 2000, 0);
 }
 
+TEST_F(SoundAdapter, ALoudSumIsCutOffAndNothingElseGetsSofter) {
+    auto first = LoadLevels(30000, 1000);
+    auto second = LoadLevels(30000, 2000);
+    first->Play(1);
+    second->Play(1);
+    const Heard heard = Render(4096);
+    for (const std::size_t at : {std::size_t{0}, std::size_t{300}, std::size_t{4000}}) {
+        EXPECT_EQ(heard.Left[at], 32767);
+        EXPECT_NEAR(heard.Right[at], 3000, kStep);
+    }
+    second->Stop();
+    EXPECT_NEAR(Render(512).Left[0], 30000, kStep);
+}
+
 TEST_F(SoundAdapter, AStartIsHeardWithinOnePeriod) {
     auto buffer = LoadLevels(20000, 20000);
     Render(100);
