@@ -1,0 +1,223 @@
+#include "core/record_stream.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cerrno>
+#include <cstring>
+#include <limits>
+
+#include "core/errors.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr std::size_t kBufferBytes = 1 << 16;
+
+struct FileErrorText {
+    int SystemError;
+    std::uint32_t Number;
+    const char* Description;
+};
+
+constexpr std::array<FileErrorText, 15> kFileErrors{{{ENOENT, 53, "File not found"},
+                                                     {ENOTDIR, 76, "Path not found"},
+                                                     {EACCES, 70, "Permission denied"},
+                                                     {EPERM, 70, "Permission denied"},
+                                                     {EROFS, 70, "Permission denied"},
+                                                     {ETXTBSY, 70, "Permission denied"},
+                                                     {ENOSPC, 61, "Disk full"},
+                                                     {EDQUOT, 61, "Disk full"},
+                                                     {EFBIG, 61, "Disk full"},
+                                                     {EISDIR, 75, "Path/File access error"},
+                                                     {ENAMETOOLONG, 52, "Bad file name or number"},
+                                                     {EMFILE, 67, "Too many files"},
+                                                     {ENFILE, 67, "Too many files"},
+                                                     {EEXIST, 58, "File already exists"},
+                                                     {EIO, 57, "Device I/O error"}}};
+
+enum TypeCode : std::int16_t {
+    kIntegerCode = 2,
+    kLongCode = 3,
+    kDoubleCode = 5,
+    kStringCode = 8,
+    kBooleanCode = 11,
+};
+
+[[noreturn]] void RaisePastEnd() { throw RuntimeError(62, "Input past end of file"); }
+[[noreturn]] void RaiseBadLength() { throw RuntimeError(59, "Bad record length"); }
+
+}  // namespace
+
+void RaiseFileError(int systemError) {
+    const auto* found = std::find_if(kFileErrors.begin(), kFileErrors.end(),
+                                     [&](const FileErrorText& row) { return row.SystemError == systemError; });
+    if (found == kFileErrors.end()) throw RuntimeError(75, "Path/File access error");
+    throw RuntimeError(found->Number, found->Description);
+}
+
+RecordWriter::RecordWriter(const std::string& path)
+    : file_(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0666)) {
+    if (file_ < 0) RaiseFileError(errno);
+    buffer_.reserve(kBufferBytes);
+}
+
+RecordWriter::~RecordWriter() {
+    if (file_ < 0) return;
+    // Reached only on the way out of a failure: what can still be written stays beside the older file.
+    try {
+        Flush();
+    } catch (const RuntimeError&) {
+        buffer_.clear();
+    }
+    ::close(file_);
+}
+
+void RecordWriter::Flush() {
+    std::size_t done = 0;
+    while (done < buffer_.size()) {
+        const ssize_t written = ::write(file_, buffer_.data() + done, buffer_.size() - done);
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) RaiseFileError(errno);
+        done += static_cast<std::size_t>(written);
+    }
+    buffer_.clear();
+}
+
+void RecordWriter::Put(std::uint64_t bits, std::size_t bytes) {
+    for (std::size_t i = 0; i < bytes; ++i) buffer_.push_back(static_cast<char>(bits >> (8 * i) & 0xFF));
+    if (buffer_.size() >= kBufferBytes) Flush();
+}
+
+void RecordWriter::PutByte(std::uint8_t value) { Put(value, 1); }
+void RecordWriter::PutInteger(std::int16_t value) { Put(static_cast<std::uint16_t>(value), 2); }
+void RecordWriter::PutLong(std::int32_t value) { Put(static_cast<std::uint32_t>(value), 4); }
+void RecordWriter::PutSingle(float value) { Put(std::bit_cast<std::uint32_t>(value), 4); }
+void RecordWriter::PutDouble(double value) { Put(std::bit_cast<std::uint64_t>(value), 8); }
+
+void RecordWriter::PutString(std::string_view text) {
+    if (text.size() > static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max())) throw OverflowError();
+    PutInteger(static_cast<std::int16_t>(text.size()));
+    buffer_.insert(buffer_.end(), text.begin(), text.end());
+    if (buffer_.size() >= kBufferBytes) Flush();
+}
+
+void RecordWriter::PutTagged(const TaggedValue& value) {
+    if (const auto* integer = std::get_if<std::int16_t>(&value)) {
+        PutInteger(kIntegerCode);
+        PutInteger(*integer);
+    } else if (const auto* whole = std::get_if<std::int32_t>(&value)) {
+        PutInteger(kLongCode);
+        PutLong(*whole);
+    } else if (const auto* real = std::get_if<double>(&value)) {
+        PutInteger(kDoubleCode);
+        PutDouble(*real);
+    } else if (const auto* text = std::get_if<std::string>(&value)) {
+        PutInteger(kStringCode);
+        PutString(*text);
+    } else {
+        PutInteger(kBooleanCode);
+        PutInteger(std::get<TaggedBoolean>(value).Value);
+    }
+}
+
+void RecordWriter::Close() {
+    Flush();
+    const int file = file_;
+    file_ = -1;
+    if (::close(file) != 0) RaiseFileError(errno);
+}
+
+RecordReader::RecordReader(const std::string& path) : file_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
+    if (file_ < 0) RaiseFileError(errno);
+    struct stat state {};
+    // A pipe or a device would block or never end.
+    if (::fstat(file_, &state) != 0 || !S_ISREG(state.st_mode)) {
+        ::close(file_);
+        throw RuntimeError(75, "Path/File access error");
+    }
+    left_ = static_cast<std::uint64_t>(state.st_size);
+}
+
+RecordReader::~RecordReader() { ::close(file_); }
+
+void RecordReader::Get(void* target, std::size_t bytes) {
+    if (bytes > left_) RaisePastEnd();
+    auto* out = static_cast<char*>(target);
+    std::size_t wanted = bytes;
+    while (wanted > 0) {
+        if (at_ == buffer_.size()) {
+            buffer_.resize(kBufferBytes);
+            ssize_t got = ::read(file_, buffer_.data(), kBufferBytes);
+            while (got < 0 && errno == EINTR) got = ::read(file_, buffer_.data(), kBufferBytes);
+            if (got < 0) RaiseFileError(errno);
+            // The file has become shorter since it was opened.
+            if (got == 0) RaisePastEnd();
+            buffer_.resize(static_cast<std::size_t>(got));
+            at_ = 0;
+        }
+        const std::size_t part = std::min(wanted, buffer_.size() - at_);
+        std::memcpy(out, buffer_.data() + at_, part);
+        at_ += part;
+        out += part;
+        wanted -= part;
+    }
+    left_ -= bytes;
+}
+
+std::uint64_t RecordReader::GetBits(std::size_t bytes) {
+    std::array<std::uint8_t, 8> raw{};
+    Get(raw.data(), bytes);
+    std::uint64_t bits = 0;
+    for (std::size_t i = 0; i < bytes; ++i) bits |= static_cast<std::uint64_t>(raw[i]) << (8 * i);
+    return bits;
+}
+
+std::uint8_t RecordReader::GetByte() { return static_cast<std::uint8_t>(GetBits(1)); }
+std::int16_t RecordReader::GetInteger() { return static_cast<std::int16_t>(GetBits(2)); }
+std::int32_t RecordReader::GetLong() { return static_cast<std::int32_t>(GetBits(4)); }
+float RecordReader::GetSingle() { return std::bit_cast<float>(static_cast<std::uint32_t>(GetBits(4))); }
+double RecordReader::GetDouble() { return std::bit_cast<double>(GetBits(8)); }
+
+std::string RecordReader::GetString() {
+    const std::int16_t length = GetInteger();
+    if (length < 0) RaiseBadLength();
+    return GetBytes(static_cast<std::size_t>(length));
+}
+
+std::string RecordReader::GetBytes(std::size_t count) {
+    if (count > left_) RaisePastEnd();
+    std::string text(count, '\0');
+    Get(text.data(), count);
+    return text;
+}
+
+TaggedValue RecordReader::GetTagged() {
+    switch (GetInteger()) {
+        case kIntegerCode:
+            return GetInteger();
+        case kLongCode:
+            return GetLong();
+        case kDoubleCode:
+            return GetDouble();
+        case kStringCode:
+            return GetString();
+        case kBooleanCode:
+            return TaggedBoolean{GetInteger()};
+        default:
+            throw RuntimeError(13, "Type mismatch");
+    }
+}
+
+std::int32_t RecordReader::CheckedCount(std::int32_t count, std::size_t itemBytes) const {
+    if (count < 0) RaiseBadLength();
+    if (static_cast<std::uint64_t>(count) * itemBytes > left_) RaisePastEnd();
+    return count;
+}
+
+}  // namespace marvolin

@@ -1,0 +1,86 @@
+#pragma once
+/// \file
+/// Binary records in a file, written and read strictly in sequence: little-endian, without padding.
+///
+/// Failures are `RuntimeError`s with a number and a description for the player: "Disk full" (61), "Permission denied"
+/// (70), "Path not found" (76), "File not found" (53), "Input past end of file" (62), ...
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/tagged_value.h"
+
+namespace marvolin {
+
+/// The error of a file operation that ended with this `errno`.
+[[noreturn]] void RaiseFileError(int systemError);
+
+/// Writes a new file, or one that is emptied first.
+class RecordWriter {
+public:
+    explicit RecordWriter(const std::string& path);
+    ~RecordWriter();
+    RecordWriter(const RecordWriter&) = delete;
+    RecordWriter& operator=(const RecordWriter&) = delete;
+
+    void PutByte(std::uint8_t value);
+    void PutInteger(std::int16_t value);
+    void PutLong(std::int32_t value);
+    void PutSingle(float value);
+    void PutDouble(double value);
+    void PutBoolean(bool value) { PutInteger(ToBoolean(value)); }
+    /// Integer with the number of bytes, then the bytes. More than 32767 raise `OverflowError`.
+    void PutString(std::string_view text);
+    /// Type code, then the value.
+    void PutTagged(const TaggedValue& value);
+    void PutTagged(std::string_view text) { PutTagged(TaggedValue(std::string(text))); }
+    /// Ends the file. Until then a failure of the disk may still be to come.
+    void Close();
+
+private:
+    void Put(std::uint64_t bits, std::size_t bytes);
+    void Flush();
+    int file_ = -1;
+    std::vector<char> buffer_;
+};
+
+/// Reads a file as untrusted bytes: no length or count is believed beyond what is left of the file.
+class RecordReader {
+public:
+    /// Only a plain file opens; anything else is "Path/File access error" (75).
+    explicit RecordReader(const std::string& path);
+    ~RecordReader();
+    RecordReader(const RecordReader&) = delete;
+    RecordReader& operator=(const RecordReader&) = delete;
+
+    std::uint8_t GetByte();
+    std::int16_t GetInteger();
+    std::int32_t GetLong();
+    float GetSingle();
+    double GetDouble();
+    /// A negative length is "Bad record length" (59).
+    std::string GetString();
+    /// The bytes of a string whose length was read already.
+    std::string GetBytes(std::size_t count);
+    /// An unknown type code is "Type mismatch" (13).
+    TaggedValue GetTagged();
+    /// A count of items of which each takes at least `itemBytes`: "Bad record length" when it is negative, "Input past
+    /// end of file" when what is left of the file cannot hold so many.
+    std::int32_t CheckedCount(std::int32_t count, std::size_t itemBytes) const;
+    /// Bytes not yet read.
+    std::uint64_t Left() const { return left_; }
+
+private:
+    void Get(void* target, std::size_t bytes);
+    std::uint64_t GetBits(std::size_t bytes);
+    int file_ = -1;
+    std::uint64_t left_ = 0;
+    std::vector<char> buffer_;
+    std::size_t at_ = 0;
+};
+
+}  // namespace marvolin

@@ -1,0 +1,81 @@
+#pragma once
+/// \file
+/// Files of a test, byte by byte.
+
+#include <unistd.h>
+
+#include <bit>
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace marvolin::test {
+
+/// A folder of its own for a test, gone when it ends.
+class TempFolder {
+public:
+    TempFolder() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "marvolinXXXXXX").string();
+        if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
+        path_ = pattern;
+    }
+    ~TempFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+    const std::string& Path() const { return path_; }
+    std::string operator/(const std::string& name) const { return path_ + "/" + name; }
+
+private:
+    std::string path_;
+};
+
+inline void WriteBytes(const std::string& path, std::string_view bytes) {
+    // A new file: emptying an old one makes some file systems wait for the disk.
+    std::filesystem::remove(path);
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    if (!file) throw std::runtime_error("cannot write " + path);
+}
+
+inline std::string ReadBytes(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+/// Bytes put together from the description of a format, without the program's own writer.
+class Bytes {
+public:
+    Bytes& Raw(std::string_view bytes) {
+        text_.append(bytes);
+        return *this;
+    }
+    Bytes& U8(unsigned value) { return Little(value, 1); }
+    Bytes& I16(int value) { return Little(static_cast<std::uint16_t>(value), 2); }
+    Bytes& I32(std::int64_t value) { return Little(static_cast<std::uint32_t>(value), 4); }
+    Bytes& F32(float value) { return Little(std::bit_cast<std::uint32_t>(value), 4); }
+    Bytes& F64(double value) { return Little(std::bit_cast<std::uint64_t>(value), 8); }
+    Bytes& Text(std::string_view text) { return I16(static_cast<int>(text.size())).Raw(text); }
+    Bytes& TagText(std::string_view text) { return I16(8).Text(text); }
+    Bytes& TagI16(int value) { return I16(2).I16(value); }
+    Bytes& TagI32(std::int64_t value) { return I16(3).I32(value); }
+    Bytes& TagF64(double value) { return I16(5).F64(value); }
+    Bytes& TagBool(bool value) { return I16(11).I16(value ? -1 : 0); }
+    const std::string& Str() const { return text_; }
+
+private:
+    Bytes& Little(std::uint64_t value, int bytes) {
+        for (int i = 0; i < bytes; ++i) text_.push_back(static_cast<char>(value >> (8 * i) & 0xFF));
+        return *this;
+    }
+    std::string text_;
+};
+
+}  // namespace marvolin::test
