@@ -1,0 +1,92 @@
+#include "browser/bin_gestures.h"
+
+#include "audio/sample_loading.h"
+#include "audio/transport.h"
+#include "browser/destinations.h"
+#include "browser/sample_bins.h"
+#include "core/paths.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr int kBinCount = static_cast<int>(decltype(Session::Bins)::size());
+
+bool HasRow(const SampleBin& bin, int row) { return row >= 0 && static_cast<std::size_t>(row) < bin.Rows.size(); }
+
+bool InRightMargin(double x, double width) { return x >= width * 2 / 3; }
+
+void HideTree(Session& s) { s.World.Screen.ShowFolderTree(false); }
+
+void TakeFolder(Session& s, int bin, const std::string& folder) {
+    SetPickDir(s, bin, folder);
+    UpdatePickFile(s, bin);
+}
+
+}  // namespace
+
+std::optional<BinSample> SampleAt(const Session& s, int bin, int row) {
+    if (bin < 0 || bin >= kBinCount || !HasRow(s.Bins[bin], row)) return std::nullopt;
+    const BinRow& picked = s.Bins[bin].Rows[static_cast<std::size_t>(row)];
+    if (picked.Target.empty()) return BinSample{s.Bins[bin].Folder, picked.Name};
+    BinSample sample;
+    std::string name;
+    SplitPath(picked.Target, sample.Folder, name);
+    sample.Name = SampleName(picked.Target);
+    return sample;
+}
+
+bool BinDragsAt(const Session& s, int bin, double x, double width) {
+    return s.Bins[bin].Destination == kDragDestination || InRightMargin(x, width);
+}
+
+std::optional<DragSource> PickFile_MouseDown(Session& s, int bin, std::int16_t button, int row, double x,
+                                             double width) {
+    SampleBin& picks = s.Bins[bin];
+    if (picks.Rows.empty()) {
+        PickDir_Click(s, bin);
+        return std::nullopt;
+    }
+    if (!HasRow(picks, row)) return std::nullopt;
+    const bool dragOnly = picks.Destination == kDragDestination;
+    if (dragOnly ? button != kLeftButton && button != kRightButton : !InRightMargin(x, width)) return std::nullopt;
+    s.DragBin = static_cast<std::int16_t>(bin);
+    picks.Selected = static_cast<std::int16_t>(row);
+    s.World.Screen.ShowBin(bin);
+    HideTree(s);
+    return DragSource{"PickFile", static_cast<Row>(bin), ""};
+}
+
+void PickFile_MouseUp(Session& s, int bin, std::int16_t button, int row) {
+    SampleBin& picks = s.Bins[bin];
+    const std::optional<BinSample> sample = SampleAt(s, bin, row);
+    if (!sample || picks.Destination == kDragDestination) return;
+    if (button != kLeftButton && button != kRightButton) return;
+    picks.Selected = static_cast<std::int16_t>(row);
+    s.World.Screen.ShowBin(bin);
+    HideTree(s);
+    if (button == kLeftButton) {
+        LoopLoadRows(s, sample->Folder, sample->Name, picks.Destination, picks.ClickPlay == 1);
+        s.World.Screen.ShowDestinations();
+    } else {
+        TogglePlay(s, picks.Destination);
+    }
+}
+
+void PickDir_Click(Session& s, int bin) {
+    s.TreeFolder = s.Bins[bin].Folder;
+    s.World.Screen.ShowFolderTree(true);
+}
+
+void PickDir_DragDrop(Session& s, int bin, const DragSource& source) {
+    if (source.Name != "PickDir" || source.Index < 0 || source.Index >= kBinCount || source.Index == bin) return;
+    TakeFolder(s, bin, std::string(s.Bins[source.Index].Folder));
+}
+
+void PickDir_DropFolder(Session& s, int bin, const std::string& folder) { TakeFolder(s, bin, folder); }
+
+void FolderTree_MouseUp(Session& s, std::int16_t button) {
+    if (button == kRightButton) HideTree(s);
+}
+
+}  // namespace marvolin

@@ -1,0 +1,138 @@
+#include "browser/sample_bins.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <system_error>
+
+#include "browser/clipboard.h"
+#include "browser/destinations.h"
+#include "core/name_order.h"
+#include "core/paths.h"
+
+namespace marvolin {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kBinCount = static_cast<int>(decltype(Session::Bins)::size());
+constexpr std::size_t kCaptionLength = 10;
+constexpr std::int32_t kColumnMargin = 100;  // twips
+constexpr std::string_view kSampleEnding = ".WAV";
+constexpr std::string_view kShortcutEnding = ".WAV.LNK";
+constexpr std::uintmax_t kKilobyte = 1024;
+
+/// The first `count` characters, none of them cut in two.
+std::string FirstCharacters(const std::string& text, std::size_t count) {
+    std::size_t at = 0;
+    while (at < text.size()) {
+        const bool begins = (static_cast<unsigned char>(text[at]) & 0xC0) != 0x80;
+        if (begins && count-- == 0) break;
+        ++at;
+    }
+    return text.substr(0, at);
+}
+
+/// Size of a file in kilobytes as a text; "" when it is no file.
+std::string SizeText(const fs::path& file) {
+    std::error_code error;
+    const std::uintmax_t bytes = fs::file_size(file, error);
+    return error ? "" : std::to_string(bytes / kKilobyte);
+}
+
+void AddSample(std::vector<BinRow>& rows, const fs::directory_entry& entry, const std::string& name) {
+    const std::string size = SizeText(entry.path());
+    if (!size.empty()) rows.push_back({name.substr(0, name.size() - kSampleEnding.size()), size, ""});
+}
+
+void AddShortcut(const Session& s, std::vector<BinRow>& rows, const fs::directory_entry& entry,
+                 const std::string& name) {
+    if (!s.World.ResolveShortcut) return;
+    const std::string target = s.World.ResolveShortcut(entry.path().string());
+    if (!EndsInIgnoringCase(target, kSampleEnding)) return;
+    const std::string size = SizeText(target);
+    if (!size.empty()) rows.push_back({name.substr(0, name.size() - kShortcutEnding.size()), size, target});
+}
+
+std::vector<BinRow> ScanFolder(const Session& s, const std::string& folder) {
+    std::vector<BinRow> rows;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        const std::string name = entry->path().filename().string();
+        if (EndsInIgnoringCase(name, kSampleEnding)) {
+            AddSample(rows, *entry, name);
+        } else if (EndsInIgnoringCase(name, kShortcutEnding)) {
+            AddShortcut(s, rows, *entry, name);
+        }
+    }
+    std::sort(rows.begin(), rows.end(), [](const BinRow& a, const BinRow& b) { return NameBefore(a.Name, b.Name); });
+    return rows;
+}
+
+std::vector<std::string> FoldersIn(const std::string& folder) {
+    std::vector<std::string> names;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        std::error_code ignored;
+        if (entry->is_directory(ignored)) names.push_back(entry->path().filename().string());
+    }
+    std::sort(names.begin(), names.end(), NameBefore);
+    return names;
+}
+
+std::array<std::string, kBinCount> StartFolders(Session& s) {
+    const std::string program = s.World.Desk.ProgramFolder();
+    const std::string samples = JoinPath(program, "Samples");
+    const std::vector<std::string> folders = FoldersIn(samples);
+    std::array<std::string, kBinCount> start;
+    for (std::size_t bin = 0; bin < start.size(); ++bin) {
+        start[bin] = bin < folders.size() ? JoinPath(samples, folders[bin]) : DirExists(samples) ? samples : program;
+    }
+    return start;
+}
+
+}  // namespace
+
+void InitPicks(Session& s) {
+    InitClipBoard(s);
+    const std::array<std::string, kBinCount> folders = StartFolders(s);
+    for (int bin = 0; bin < kBinCount; ++bin) {
+        SetPickDir(s, bin, folders[static_cast<std::size_t>(bin)]);
+        s.Bins[bin].ClickPlay = 1;
+        UpdatePickFile(s, bin);
+    }
+    ChooseDestination(s, 0, kAllDrag);
+}
+
+void UpdatePickFile(Session& s, int bin) {
+    if (bin < 0 || bin >= kBinCount) return;
+    SampleBin& picks = s.Bins[bin];
+    if (!DirExists(StripBackslash(picks.Folder))) SetPickDir(s, bin, s.World.Desk.ProgramFolder());
+    picks.Rows = ScanFolder(s, StripBackslash(picks.Folder));
+    picks.Selected = -1;
+    std::int32_t widest = 0;
+    for (const BinRow& row : picks.Rows) widest = std::max(widest, s.World.Desk.TextWidth(row.Name));
+    picks.FirstColumn = widest + kColumnMargin;
+    s.World.Screen.ShowBin(bin);
+}
+
+void SetPickDirCaption(Session& s, int bin, const std::string& path) {
+    s.Bins[bin].Caption = FirstCharacters(LastPathPart(path), kCaptionLength);
+}
+
+void SetPickDir(Session& s, int bin, const std::string& path) {
+    SetPickDirCaption(s, bin, path);
+    s.Bins[bin].Folder = path;
+}
+
+std::string BinHint(const Session& s, int bin, int row) {
+    const SampleBin& picks = s.Bins[bin];
+    if (row < 0 || static_cast<std::size_t>(row) >= picks.Rows.size()) return "";
+    const BinRow& sample = picks.Rows[static_cast<std::size_t>(row)];
+    const bool dragOnly = picks.Destination == kDragDestination;
+    return sample.Name + " (" + sample.Size + "k) " +
+           (dragOnly ? "drg to Target" : "clk Ld->Dest; rtclk Stp/Ply Dest; rt margin drg to Target");
+}
+
+}  // namespace marvolin

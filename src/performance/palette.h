@@ -1,0 +1,39 @@
+#pragma once
+/// \file
+/// The button `DropDown` and the list it opens: the samples that a LoopTrack has held.
+
+#include <optional>
+#include <string_view>
+
+#include "core/drag_source.h"
+#include "core/session.h"
+
+namespace marvolin {
+
+inline constexpr std::string_view kDropDownDragHint = "drg Copy Sample to LoopTrack, or Copy LoopTrack to Clipboard";
+inline constexpr std::string_view kDropDownClickHint = "clk Open Palette & History";
+
+/// The fixed entries of `HistoryList`; the samples stand behind them.
+enum HistoryEntry : std::int16_t { kHistoryClose = 0, kHistoryEmpty = 1, kHistoryReverse = 2, kHistorySamples = 3 };
+
+/// True when a press at `y` (twips from the button's top) begins a drag: its upper eight pixels. Below them it opens
+/// the list.
+bool DropDownDragsAt(Session& s, double y);
+/// Hint over the button at `y`.
+std::string_view DropDownHint(Session& s, double y);
+/// A press on `DropDown` of `row`: what a drag begins with, if one begins.
+std::optional<DragSource> DropDown_MouseDown(Session& s, Row row, double y);
+/// A release at `y`: opens the list of `row` when it was a click.
+void DropDown_MouseUp(Session& s, Row row, double y);
+
+/// A press on an entry of the list: "<Close>" hides it, any other begins a drag.
+std::optional<DragSource> HistoryList_MouseDown(Session& s, std::int16_t entry);
+/// The chosen entry was dropped on `LoopDropTarget` (on the list itself: the row that opened it). The list is hidden.
+void HistoryList_DragDrop(Session& s);
+/// Hides the list, and no more.
+void HistoryList_LostFocus(Session& s);
+
+/// Whether a dropped sample is played: the box `ClickPlay` of a bin, or else `PlayOnLoad`.
+bool DropPlays(const Session& s, std::int16_t bin);
+
+}  // namespace marvolin

@@ -1,0 +1,89 @@
+#include "persistence/load_saved_loop.h"
+
+#include <cmath>
+
+#include "audio/sample_loading.h"
+#include "audio/transport.h"
+#include "core/paths.h"
+#include "core/routines.h"
+#include "parameters/position.h"
+#include "parameters/setters.h"
+#include "parameters/wires.h"
+
+namespace marvolin {
+
+namespace {
+
+void LoadSample(Session& s, const SavedLoop& saved, bool forPackage, const std::string& openPath) {
+    std::string folder;
+    std::string name;
+    SplitPath(saved.Set.FileName, folder, name);
+    if (forPackage) folder = openPath;
+    if (!folder.empty()) folder.pop_back();
+    LoopLoad(s, saved.Index, folder, name);
+    LoopSetThinnable(s, saved.Index, saved.Set.Thinnable != False);
+    const std::int16_t mode = saved.Set.PlayMode;
+    if (mode >= kOneShot && mode <= kDrum) LoopSetPlayMode(s, saved.Index, mode, true);
+}
+
+void RestorePlace(Session& s, const SavedLoop& saved, const clsSwitchRecord& loadSwitch) {
+    const LoopTrackSet& set = saved.Set;
+    if (s.Use3D) {
+        if (!loadSwitch.Get(Element::Position)) return;
+        if (!std::isfinite(set.PositionX) || !std::isfinite(set.PositionY)) return;
+        PositionSet(s, saved.Index, set.PositionX, set.PositionY, true, true, false, true);
+        return;
+    }
+    if (loadSwitch.Get(Element::Pan)) {
+        std::int16_t pan = set.Pan;
+        LoopPanChange(s, saved.Index, pan, true);
+    }
+    if (loadSwitch.Get(Element::PanPattern)) s.Set[saved.Index].Pattern[kPanPattern] = set.Pattern[kPanPattern];
+}
+
+// Timing travels with the patterns, not with the sample.
+void RestoreTiming(Session& s, const SavedLoop& saved) {
+    LoopTrackSet& target = s.Set[saved.Index];
+    target.NSteps = saved.Set.NSteps;
+    ClampI2(target.NSteps, 0, kPatternSteps - 1);
+    std::int32_t beatStart = saved.Set.BeatStart;
+    LoopSetBeatStart(s, saved.Index, beatStart);
+    target.Swing = saved.Set.Swing;
+    target.StepDuration = saved.Set.StepDuration;
+}
+
+}  // namespace
+
+bool LoadSavedLoop(Session& s, const SavedLoop& saved, const clsSwitchRecord& loadSwitch, std::int16_t newUse3D,
+                   bool forPackage, const std::string& openPath) {
+    if (saved.Index >= kLoopTracks) return false;
+    const LoopTrackSet& set = saved.Set;
+    LoopTrackSet& target = s.Set[saved.Index];
+    bool loaded = false;
+    if (loadSwitch.Get(Element::LoopTrack) && !set.FileName.empty()) {
+        LoadSample(s, saved, forPackage, openPath);
+        loaded = true;
+    }
+    if (loadSwitch.Get(Element::Freq)) {
+        std::int16_t hz = set.Hz;
+        LoopHzChange(s, saved.Index, hz, true);
+    }
+    if (loadSwitch.Get(Element::FreqPattern)) target.Pattern[kHzPattern] = set.Pattern[kHzPattern];
+    if (loadSwitch.Get(Element::Vol)) {
+        std::int16_t vol = set.Vol;
+        LoopVolChange(s, saved.Index, vol, true, true);
+    }
+    if (loadSwitch.Get(Element::VolPattern)) target.Pattern[kVolPattern] = set.Pattern[kVolPattern];
+    if ((newUse3D != False) == s.Use3D) RestorePlace(s, saved, loadSwitch);
+    if (loadSwitch.Get(Element::VolPattern) || loadSwitch.Get(Element::FreqPattern) ||
+        loadSwitch.Get(Element::PanPattern)) {
+        RestoreTiming(s, saved);
+    }
+    if (loadSwitch.Get(Element::CrossFader)) {
+        std::int16_t channel = set.Channel;
+        LoopSetChannel(s, saved.Index, channel, true);
+    }
+    return loaded;
+}
+
+}  // namespace marvolin

@@ -1,0 +1,33 @@
+#pragma once
+/// \file
+/// The fixed words of session files.
+
+#include <cstdint>
+#include <string_view>
+
+namespace marvolin {
+
+inline constexpr std::string_view kHeaderText = "Marvolin File Format (C) K. Venner, 2000 v0.5f";
+inline constexpr std::int16_t kHeaderNumber = 12;
+
+inline constexpr std::string_view kSettingsTag = "Settings";
+inline constexpr std::string_view kBandsTag = "Bands";
+inline constexpr std::string_view kThreeDTag = "ThreeD";
+inline constexpr std::string_view kPickListsTag = "PickLists";
+inline constexpr std::string_view kLoopsTag = "LoopsV1";
+inline constexpr std::string_view kHistoryTag = "History";
+inline constexpr std::string_view kClipBoardTag = "ClipBoard";
+inline constexpr std::string_view kEndTag = "END";
+
+inline constexpr std::string_view kSessionExtension = ".mvn";
+inline constexpr std::string_view kPackageExtension = ".mvp";
+
+/// Records of bins in a file; only the first three have a bin.
+inline constexpr int kBinRecords = 9;
+/// Bins of the browser.
+inline constexpr int kBins = 3;
+
+/// True for a package: a session with copies of its samples beside it. Only the spelling ".mvp" counts.
+inline bool IsPackage(std::string_view fileName) { return fileName.ends_with(kPackageExtension); }
+
+}  // namespace marvolin

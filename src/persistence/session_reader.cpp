@@ -1,0 +1,198 @@
+#include "persistence/session_reader.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "audio/sample_loading.h"
+#include "audio/transport.h"
+#include "browser/clipboard.h"
+#include "browser/destinations.h"
+#include "browser/sample_bins.h"
+#include "core/errors.h"
+#include "core/loop_views.h"
+#include "core/paths.h"
+#include "core/record_stream.h"
+#include "core/routines.h"
+#include "parameters/position.h"
+#include "performance/sound_map.h"
+#include "performance/use_3d.h"
+#include "persistence/load_saved_loop.h"
+#include "persistence/session_format.h"
+#include "persistence/settings_section.h"
+#include "persistence/switch_record_file.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr std::int16_t kFirstCodedDestination = 255;
+constexpr std::int16_t kDestinationCode = 252;
+constexpr std::int16_t kPlainDestinations = 6;
+constexpr std::size_t kSmallestHistoryBlock = 4;
+constexpr std::size_t kSmallestTaggedValue = 4;
+
+/// One load: what was asked for, and what the file says of itself.
+struct Loading {
+    const clsSwitchRecord& Switches;
+    clsSwitchRecord FileSwitches;
+    bool ForPackage = false;
+    std::string Folder;  ///< of the file, with its separator
+
+    bool Asked(Element element) const { return Switches.Get(element); }
+};
+
+/// The file says that it is none of ours.
+struct FormatError {};
+
+void ReadHeader(RecordReader& file) {
+    if (file.GetInteger() != static_cast<std::int16_t>(kHeaderText.size())) throw FormatError();
+    if (file.GetBytes(kHeaderText.size()) != kHeaderText) throw FormatError();
+    if (file.GetInteger() != kHeaderNumber) throw FormatError();
+}
+
+void ReadSettings(Session& s, RecordReader& file, const Loading& load) {
+    const KeyedTable table = ReadDictionary(file);
+    if (load.Asked(Element::General)) ApplySettings(s, table);
+}
+
+// Bands are written but never taken back.
+void ReadBands(Session&, RecordReader& file, const Loading&) {
+    for (int field = 0; field < kBands * 4; ++field) file.GetInteger();
+}
+
+void ReadThreeD(Session& s, RecordReader& file, const Loading& load) {
+    const bool use3D = file.GetInteger() != False;
+    const float rollOff = file.GetSingle();
+    const double mapSize = file.GetDouble();
+    if (!load.Asked(Element::ThreeD)) return;
+    SetUse3D(s, use3D);
+    // What the gauges could not show does not reach the sound.
+    if (std::isfinite(rollOff)) SetRollOff(s, static_cast<float>(ClampVar(rollOff, 0, 10)));
+    if (std::isfinite(mapSize)) SetMapSize(s, mapSize);
+}
+
+void RestoreBin(Session& s, int bin, const std::string& folder, std::int16_t destination, bool clickPlay) {
+    SetPickDir(s, bin, folder);
+    UpdatePickFile(s, bin);
+    if (destination >= kFirstCodedDestination) {
+        ChooseDestination(s, bin, static_cast<std::int16_t>(destination - kDestinationCode));
+    } else if (destination < kPlainDestinations) {
+        ChooseDestination(s, bin, destination);
+    }
+    s.Bins[bin].ClickPlay = clickPlay ? 1 : 0;
+    s.World.Screen.ShowBin(bin);
+}
+
+void ReadPickLists(Session& s, RecordReader& file, const Loading& load) {
+    for (int record = 0; record < kBinRecords; ++record) {
+        const std::string folder = file.GetString();
+        const std::int16_t destination = file.GetInteger();
+        const bool clickPlay = file.GetInteger() != False;
+        // A package's folders point at the machine on which it was made.
+        if (record >= kBins || !load.Asked(Element::PickLists) || load.ForPackage) continue;
+        RestoreBin(s, record, folder, destination, clickPlay);
+    }
+}
+
+void ReadLoops(Session& s, RecordReader& file, const Loading& load) {
+    Table<bool, kLoopTracks> playingInFile;
+    Table<bool, kLoopTracks> loadedFromFile;
+    const std::int16_t blocks = file.GetInteger();
+    const std::int16_t use3D = file.GetInteger();
+    file.CheckedCount(blocks, kSmallestLoopBlock);
+    clsSwitchRecord effective;
+    clsSwitchRecord::AndSwitch(load.Switches, load.FileSwitches, effective);
+    for (std::int16_t i = 0; i < blocks; ++i) {
+        const SavedLoop saved = ReadSavedLoop(file);
+        if (saved.Index >= kLoopTracks) continue;
+        playingInFile[saved.Index] = saved.WasPlaying != False;
+        loadedFromFile[saved.Index] = LoadSavedLoop(s, saved, effective, use3D, load.ForPackage, load.Folder);
+    }
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        if (s.EmptyBlankSetting == 1 && !loadedFromFile[row]) LoopClear(s, row);
+    }
+    if (!effective.Get(Element::PlayState)) return;
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        if (playingInFile[row] && loadedFromFile[row]) LoopPlay(s, row, true);
+    }
+}
+
+void ReadHistory(Session& s, RecordReader& file, const Loading& load) {
+    const std::int16_t blocks = file.GetInteger();
+    file.CheckedCount(blocks, kSmallestHistoryBlock);
+    for (std::int16_t i = 0; i < blocks; ++i) {
+        const std::int16_t index = file.GetInteger();
+        const std::int32_t entries = file.CheckedCount(file.GetInteger(), kSmallestTaggedValue);
+        const bool apply = index < kLoopTracks && load.Asked(Element::HistoryLists);
+        if (apply) s.History[index].clear();
+        for (std::int32_t entry = 0; entry < entries; ++entry) {
+            const TaggedValue path = file.GetTagged();
+            if (apply) s.History[index].push_back(AsText(path));
+        }
+    }
+}
+
+void ReadClips(Session& s, RecordReader& file, const Loading& load) {
+    ReadClipBoard(s, file, load.Asked(Element::ClipBoard));
+}
+
+struct SectionReader {
+    std::string_view Tag;
+    void (*Read)(Session& s, RecordReader& file, const Loading& load);
+};
+
+constexpr std::array<SectionReader, 7> kSections{{{kSettingsTag, ReadSettings},
+                                                  {kBandsTag, ReadBands},
+                                                  {kThreeDTag, ReadThreeD},
+                                                  {kPickListsTag, ReadPickLists},
+                                                  {kLoopsTag, ReadLoops},
+                                                  {kHistoryTag, ReadHistory},
+                                                  {kClipBoardTag, ReadClips}}};
+
+// Sections have no length: a value that is no known tag is passed over, and the next one is read.
+void ReadSections(Session& s, RecordReader& file, const Loading& load) {
+    for (;;) {
+        const TaggedValue value = file.GetTagged();
+        const auto* tag = std::get_if<std::string>(&value);
+        if (tag == nullptr) continue;
+        if (*tag == kEndTag) return;
+        const auto* section =
+            std::find_if(kSections.begin(), kSections.end(), [&](const SectionReader& row) { return row.Tag == *tag; });
+        if (section != kSections.end()) section->Read(s, file, load);
+    }
+}
+
+void MakeCurrent(Session& s, const std::string& fileName) {
+    SplitPath(fileName, s.CurrentFolder, s.CurrentFile);
+    s.Title = "marvolin-" + s.CurrentFile;
+    s.World.Screen.ShowTitle();
+}
+
+}  // namespace
+
+bool LoadSession(Session& s, const std::string& fileName, bool setAsCurrent, const clsSwitchRecord& switches,
+                 bool adoptSwitches) {
+    if (!FileExists(fileName)) return false;
+    Loading load{switches, {}, IsPackage(fileName), ""};
+    std::string name;
+    SplitPath(fileName, load.Folder, name);
+    try {
+        RecordReader file(fileName);
+        ReadHeader(file);
+        GetIt(load.FileSwitches, file);
+        ReadSections(s, file, load);
+    } catch (const FormatError&) {
+        s.World.Desk.MessageBox("File Format Error on Open in " + fileName, "", BoxStyle::Critical);
+        return false;
+    } catch (const RuntimeError& e) {
+        s.World.Desk.MessageBox(std::string("Error Opening ") + e.what());
+        return false;
+    }
+    if (adoptSwitches) s.SaveOpenSwitches[0] = load.FileSwitches;
+    if (setAsCurrent) MakeCurrent(s, fileName);
+    PatternsRefresh(s);
+    return true;
+}
+
+}  // namespace marvolin

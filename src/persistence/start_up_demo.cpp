@@ -1,0 +1,108 @@
+#include "persistence/start_up_demo.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "core/errors.h"
+#include "core/paths.h"
+#include "parameters/fades.h"
+#include "persistence/quick_load.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr const char* kDemoFile = "startup.mvp";
+constexpr const char* kDisabledDemoFile = "disabledstartup.mvp";
+constexpr const char* kPreferencesFile = "preferences.mvn";
+
+std::string InProgramFolder(Session& s, const char* name) { return JoinPath(s.World.Desk.ProgramFolder(), name); }
+
+bool LoadEverything(Session& s, const std::string& path) {
+    clsSwitchRecord all;
+    all.SetSwitch(true);
+    return s.World.Store.LoadSession(s, path, false, all, false);
+}
+
+void StartDemo(Session& s) {
+    s.DemoStep = 1;
+    s.StartUpDemoCountDown = s.World.Timers.Create([&s](std::int32_t) { StartUpDemoCountDown_Timer(s); });
+    s.StartUpDemoCountDown->SetInterval(3000);
+    s.StartUpDemoCountDown->SetEnabled(true);
+}
+
+void NextStage(Session& s, Row fading, std::int32_t milliseconds) {
+    LoopSetFade(s, fading, FadeCommand::Down);
+    ++s.DemoStep;
+    s.StartUpDemoCountDown->SetInterval(milliseconds);
+    s.StartUpDemoCountDown->SetEnabled(true);
+}
+
+void UnloadSplash(Session& s) {
+    try {
+        s.World.Forms.Unload(Form::Splash);
+    } catch (const RuntimeError&) {
+        // The player has closed it already.
+        return;
+    }
+}
+
+}  // namespace
+
+void LoadStartUpContent(Session& s) {
+    const std::string demo = InProgramFolder(s, kDemoFile);
+    const std::string preferences = InProgramFolder(s, kPreferencesFile);
+    if (FileExists(demo)) {
+        if (!LoadEverything(s, demo)) return;
+        UpdateQuickLoad(s);
+        StartDemo(s);
+    } else if (FileExists(preferences)) {
+        LoadEverything(s, preferences);
+        UpdateQuickLoad(s);
+    }
+}
+
+void StartUpDemoCountDown_Timer(Session& s) {
+    switch (s.DemoStep) {
+        case 1:
+            UnloadSplash(s);
+            s.World.Forms.BringToFront(Form::Main);
+            NextStage(s, 1, 2000);
+            return;
+        case 2:
+            NextStage(s, 2, 4000);
+            return;
+        case 3:
+            LoopSetFade(s, 3, FadeCommand::Down);
+            s.DemoStep = 4;
+            s.StartUpDemoCountDown->SetEnabled(false);
+            s.StartUpDemoCountDown.reset();
+            s.World.Forms.Show(Form::StartUpQuery);
+            return;
+        default:
+            return;
+    }
+}
+
+void StartUpQuery_Activate(Session& s) {
+    try {
+        s.World.Desk.ShowHelpTopic(kStartUpQueryTopic);
+        s.HelpShown = true;
+    } catch (const RuntimeError& e) {
+        s.World.Desk.MessageBox(std::string("Error trying to open help file, ") + e.what());
+    }
+}
+
+void cmdYes_Click(Session& s) { s.World.Forms.Unload(Form::StartUpQuery); }
+
+void cmdNo_Click(Session& s) {
+    std::error_code ignored;
+    const std::string disabled = InProgramFolder(s, kDisabledDemoFile);
+    if (FileExists(disabled)) std::filesystem::remove(disabled, ignored);
+    std::filesystem::rename(InProgramFolder(s, kDemoFile), disabled, ignored);
+    s.World.Desk.MessageBox(
+        "To re-enable the startup demo, change the name disabledstartup.mvp in your marvolin directory to startup.mvp");
+    s.World.Forms.Unload(Form::StartUpQuery);
+}
+
+}  // namespace marvolin

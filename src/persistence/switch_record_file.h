@@ -1,0 +1,15 @@
+#pragma once
+/// \file
+/// The switch table of a session file.
+
+#include "core/record_stream.h"
+#include "core/switch_record.h"
+
+namespace marvolin {
+
+/// Writes the sixteen switches under their names.
+void PutIt(const clsSwitchRecord& switches, RecordWriter& file);
+/// Reads a switch table; a switch that the table does not name, or that is no truth value, is off.
+void GetIt(clsSwitchRecord& switches, RecordReader& file);
+
+}  // namespace marvolin

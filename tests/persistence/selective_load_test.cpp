@@ -1,0 +1,173 @@
+#include <gtest/gtest.h>
+
+#include "persistence/golden.h"
+#include "persistence/set_instrument.h"
+
+namespace marvolin {
+namespace {
+
+using namespace test;
+
+/// What a load may change, one text an element.
+std::array<std::string, kElements> Picture(const Session& s) {
+    std::array<std::string, kElements> picture;
+    const auto put = [&](Element element, const auto&... parts) {
+        std::string& text = picture[static_cast<std::size_t>(element)];
+        ((text += std::to_string(parts) + ";"), ...);
+    };
+    const auto pattern = [&](Element element, const PatternBlock& block) {
+        for (const std::int16_t value : block) put(element, value);
+    };
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        const LoopTrackSet& set = s.Set[row];
+        picture[0] += set.FileName + ";";
+        put(Element::LoopTrack, set.Thinnable, set.PlayMode);
+        put(Element::Freq, set.Hz);
+        pattern(Element::FreqPattern, set.Pattern[kHzPattern]);
+        put(Element::Vol, set.Vol);
+        pattern(Element::VolPattern, set.Pattern[kVolPattern]);
+        put(Element::Pan, set.Pan);
+        pattern(Element::PanPattern, set.Pattern[kPanPattern]);
+        put(Element::Position, set.PositionX, set.PositionY);
+        put(Element::CrossFader, set.Channel);
+        put(Element::PlayState, s.Run[row].Playing);
+        picture[static_cast<std::size_t>(Element::HistoryLists)] += std::to_string(s.History[row].size());
+    }
+    for (const SampleBin& bin : s.Bins) {
+        picture[static_cast<std::size_t>(Element::PickLists)] += bin.Folder + std::to_string(bin.Destination);
+    }
+    put(Element::General, s.Limit, s.ResetVars, s.Driver, s.Joy.Factor[0], s.FadeStep, s.ActiveTab, s.DragAxis);
+    put(Element::General, s.TimingRes, s.PadTable[1].Function);
+    put(Element::ThreeD, s.Use3D, s.MapRange);
+    for (const Band& band : s.BandTable) put(Element::Bands, band.First, band.Last, band.Controlled);
+    put(Element::ClipBoard, s.Clips.ClipTop);
+    return picture;
+}
+
+/// An instrument that already holds the samples of the file, with "Reset on Load" off.
+void Prepare(SetInstrument& i) {
+    i.s.ResetVars = false;
+    i.s.Use3D = false;
+}
+
+TEST(SelectiveLoad, EachOfTheSixteenSwitchesAloneChangesOnlyItsElement) {
+    for (int k = 0; k < kElements; ++k) {
+        const auto element = static_cast<Element>(k);
+        SCOPED_TRACE(kElementNames[static_cast<std::size_t>(k)]);
+        SetInstrument i;
+        Prepare(i);
+        const auto before = Picture(i.s);
+        ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path()), Only(element))) << i.Desk.LastBox();
+        const auto after = Picture(i.s);
+        // Bands never come back; places need 3D; the play state needs a sample that the load brings.
+        const bool changes = element != Element::Bands && element != Element::Position && element != Element::PlayState;
+        for (std::size_t other = 0; other < before.size(); ++other) {
+            // A sample that is loaded enters the history of its row.
+            const bool historyOfLoad =
+                element == Element::LoopTrack && static_cast<Element>(other) == Element::HistoryLists;
+            if (historyOfLoad) continue;
+            const bool expected = changes && other == static_cast<std::size_t>(k);
+            EXPECT_EQ(before[other] != after[other], expected) << kElementNames[other];
+        }
+    }
+}
+
+TEST(SelectiveLoad, PositionAloneChangesOnlyThePlacesWith3DOn) {
+    SetInstrument i;
+    i.s.Use3D = true;
+    Bytes b;
+    PutHeader(b);
+    PutSwitches(b);
+    PutLoops(b, {GoldenLoop{}}, true);
+    const auto before = Picture(i.s);
+    ASSERT_TRUE(i.LoadBytes(b.TagText("END").Str(), Only(Element::Position)));
+    const auto after = Picture(i.s);
+    for (std::size_t other = 0; other < before.size(); ++other) {
+        EXPECT_EQ(before[other] != after[other], static_cast<Element>(other) == Element::Position)
+            << kElementNames[other];
+    }
+}
+
+TEST(SelectiveLoad, ThePlayStateStartsWhatTheLoadBrought) {
+    SetInstrument i;
+    clsSwitchRecord switches = Only(Element::LoopTrack);
+    ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path()), switches));
+    EXPECT_EQ(i.s.Run[0].Playing, False);
+    switches.Put(Element::PlayState, true);
+    ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path()), switches));
+    EXPECT_NE(i.s.Run[0].Playing, False);
+}
+
+TEST(SelectiveLoad, AnElementOfALoopTrackThatTheFileWasSavedWithoutIsNotAppliedThoughAskedFor) {
+    for (const Element element :
+         {Element::LoopTrack, Element::Freq, Element::FreqPattern, Element::Vol, Element::VolPattern, Element::Pan,
+          Element::PanPattern, Element::CrossFader, Element::PlayState}) {
+        const auto k = static_cast<std::size_t>(element);
+        SCOPED_TRACE(kElementNames[k]);
+        SetInstrument i;
+        Prepare(i);
+        const auto before = Picture(i.s);
+        ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path(), std::string(kElementNames[k]))));
+        const auto after = Picture(i.s);
+        EXPECT_EQ(before[k], after[k]);
+        if (element != Element::Freq) {
+            EXPECT_NE(before[1], after[1]);
+        }
+    }
+}
+
+TEST(SelectiveLoad, AnElementOfALoopTrackThatIsNotAskedForIsNotAppliedThoughTheFileHoldsIt) {
+    for (const Element element :
+         {Element::LoopTrack, Element::Freq, Element::FreqPattern, Element::Vol, Element::VolPattern, Element::Pan,
+          Element::PanPattern, Element::CrossFader, Element::PlayState}) {
+        const auto k = static_cast<std::size_t>(element);
+        SCOPED_TRACE(kElementNames[k]);
+        SetInstrument i;
+        Prepare(i);
+        const auto before = Picture(i.s);
+        ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path()), AllBut(element)));
+        EXPECT_EQ(before[k], Picture(i.s)[k]);
+    }
+}
+
+TEST(SelectiveLoad, ForTheOtherSectionsOnlyTheRequestCounts) {
+    for (const Element element :
+         {Element::General, Element::ThreeD, Element::PickLists, Element::HistoryLists, Element::ClipBoard}) {
+        const auto k = static_cast<std::size_t>(element);
+        SCOPED_TRACE(kElementNames[k]);
+        SetInstrument i;
+        const auto before = Picture(i.s);
+        ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path(), "all"), Only(element)));
+        EXPECT_NE(before[k], Picture(i.s)[k]);
+    }
+}
+
+TEST(SelectiveLoad, TimingTravelsWithAnyPatternAndWithNothingElse) {
+    for (int k = 0; k < kElements; ++k) {
+        const auto element = static_cast<Element>(k);
+        SCOPED_TRACE(kElementNames[static_cast<std::size_t>(k)]);
+        SetInstrument i;
+        Prepare(i);
+        i.s.Set[1].StepDuration = 999;
+        ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path()), Only(element)));
+        const bool timing =
+            element == Element::FreqPattern || element == Element::VolPattern || element == Element::PanPattern;
+        EXPECT_EQ(i.s.Set[1].StepDuration, timing ? 25 : 999);
+        EXPECT_EQ(i.s.Set[1].Swing, timing ? 3 : 0);
+        EXPECT_EQ(i.s.Set[1].NSteps, timing ? 7 : 3);
+    }
+}
+
+TEST(AndSwitch, IsTheAndOfBothWays) {
+    clsSwitchRecord result;
+    clsSwitchRecord::AndSwitch(Only(Element::Vol), All(), result);
+    EXPECT_EQ(result, Only(Element::Vol));
+    clsSwitchRecord::AndSwitch(All(), Only(Element::Pan), result);
+    EXPECT_EQ(result, Only(Element::Pan));
+    clsSwitchRecord::AndSwitch(AllBut(Element::Pan), Only(Element::Pan), result);
+    EXPECT_EQ(result, clsSwitchRecord{});
+    EXPECT_TRUE(result.SaveLoopComponent());
+}
+
+}  // namespace
+}  // namespace marvolin

@@ -1,0 +1,354 @@
+#include "persistence/session_reader.h"
+
+#include <gtest/gtest.h>
+
+#include "persistence/golden.h"
+#include "persistence/set_instrument.h"
+
+namespace marvolin {
+namespace {
+
+using namespace test;
+
+std::string FileOf(const std::function<void(Bytes&)>& sections, const std::string& off = "") {
+    Bytes b;
+    PutHeader(b);
+    PutSwitches(b, off);
+    sections(b);
+    return b.TagText("END").Str();
+}
+
+TEST(LoadSession, AGoldenSessionWrittenByteByByteIsRead) {
+    SetInstrument i;
+    ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path()))) << i.Desk.LastBox();
+    const LoopTrackSet& a = i.s.Set[0];
+    EXPECT_EQ(a.FileName, i.Folder / "a.wav");
+    EXPECT_EQ(a.Hz, 1234);
+    EXPECT_EQ(a.Vol, 321);
+    EXPECT_EQ(a.Pan, 654);
+    EXPECT_EQ(a.Thinnable, False);
+    EXPECT_EQ(a.StepDuration, 25);
+    EXPECT_EQ(a.Swing, 3);
+    EXPECT_EQ(a.BeatStart, 50);
+    EXPECT_EQ(a.PlayMode, kTrack);
+    EXPECT_EQ(a.NSteps, 7);
+    EXPECT_EQ(a.Channel, 4);
+    for (int row = 0; row < 3; ++row) {
+        for (int k = 0; k < 33; ++k) EXPECT_EQ(a.Pattern[row][k], 100 + 100 * row + k);
+    }
+    EXPECT_EQ(i.s.Set[1].FileName, "");
+    EXPECT_EQ(i.s.Set[1].Hz, 1235);
+    EXPECT_NE(i.s.Run[0].Playing, False);
+    EXPECT_EQ(i.s.Run[1].Playing, False);
+    EXPECT_EQ(i.s.Run[2].Playing, False);
+    EXPECT_NE(i.s.Run[3].Playing, False);
+    EXPECT_EQ(i.s.Limit, 3);
+    EXPECT_FALSE(i.s.ResetVars);
+    EXPECT_EQ(i.s.Driver, 1);
+    EXPECT_EQ(i.s.Joy.Factor[1], 700);
+    EXPECT_EQ(i.s.Joy.Relative[0], True);
+    EXPECT_EQ(i.s.Joy.Relative[1], False);
+    EXPECT_EQ(i.s.Joy.Button[0], 0) << "without a joystick its assignments stay";
+    EXPECT_EQ(i.s.PadTable[1].Function, 2);
+    EXPECT_EQ(i.s.FadeStep, 0.5);
+    EXPECT_EQ(i.s.ActiveTab, kPatternTab);
+    EXPECT_EQ(i.s.DragAxis, 0);
+    EXPECT_FALSE(i.s.PositionUpdate[0]);
+    EXPECT_TRUE(i.s.PositionUpdate[2]);
+    EXPECT_EQ(i.s.TimingRes, 20);
+    EXPECT_EQ(i.s.MapRange, 2.0);
+    EXPECT_EQ(i.s.Bins[0].Folder, i.Folder.Path());
+    EXPECT_EQ(i.s.Bins[0].Destination, 2);
+    EXPECT_EQ(i.s.Bins[1].Destination, 4);
+    EXPECT_EQ(i.s.Bins[1].ClickPlay, 0);
+    EXPECT_EQ(i.s.Bins[2].Destination, 5);
+    EXPECT_EQ(i.s.Bins[2].Rows.size(), 5U);
+    EXPECT_EQ(i.s.History[0], (std::vector<std::string>{"/h/new.wav", "/h/old.wav"}));
+    EXPECT_TRUE(i.s.History[3].empty());
+    EXPECT_EQ(i.s.Clips.List, std::vector<std::string>{"clip"});
+    EXPECT_TRUE(i.Desk.Boxes.empty());
+}
+
+TEST(LoadSession, ALoadNeverChangesTheBands) {
+    SetInstrument i;
+    const auto before = i.s.BandTable;
+    ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path())));
+    EXPECT_EQ(i.s.BandTable, before);
+}
+
+TEST(LoadSession, TheOrderOfTheSectionsDoesNotMatter) {
+    SetInstrument i;
+    GoldenLoop loop;
+    loop.FileName = i.Folder / "a.wav";
+    ASSERT_TRUE(i.LoadBytes(FileOf([&](Bytes& b) {
+        PutClips(b, {loop});
+        PutBands(b);
+        PutLoops(b, {loop});
+        PutHistory(b);
+        PutSettings(b);
+    })));
+    EXPECT_EQ(i.s.Set[0].Hz, 1234);
+    EXPECT_EQ(i.s.Limit, 3);
+    EXPECT_EQ(i.s.History[0].size(), 2U);
+}
+
+TEST(LoadSession, AValueThatIsNoKnownTagIsPassedOver) {
+    SetInstrument i;
+    ASSERT_TRUE(i.LoadBytes(FileOf([&](Bytes& b) {
+        b.TagText("Settingsx").TagI16(3).TagF64(0.5).TagBool(true).TagI32(7);
+        PutHistory(b);
+    })));
+    EXPECT_EQ(i.s.History[0].size(), 2U);
+}
+
+TEST(LoadSession, AMissingFileIsFalseWithoutAWord) {
+    SetInstrument i;
+    EXPECT_FALSE(i.Load("none.mvn"));
+    EXPECT_TRUE(i.Desk.Boxes.empty());
+}
+
+TEST(LoadSession, AFileWhoseNumberIsNot12IsRefusedThoughItsTextIsRight) {
+    SetInstrument i;
+    for (const int number : {11, 13, 0, -1}) {
+        Bytes b;
+        PutHeader(b, number);
+        PutSwitches(b);
+        EXPECT_FALSE(i.LoadBytes(b.TagText("END").Str()));
+        ASSERT_FALSE(i.Desk.Boxes.empty());
+        EXPECT_EQ(i.Desk.LastBox(), "File Format Error on Open in " + (i.Folder / "given.mvn"));
+        EXPECT_EQ(i.Desk.Boxes.back().Style, BoxStyle::Critical);
+    }
+}
+
+TEST(LoadSession, AnotherTextIsAFormatErrorAndChangesNothing) {
+    SetInstrument i;
+    std::string bytes = GoldenSession(i.Folder.Path());
+    bytes[10] = 'x';
+    EXPECT_FALSE(i.LoadBytes(bytes));
+    EXPECT_EQ(i.Desk.LastBox(), "File Format Error on Open in " + (i.Folder / "given.mvn"));
+    EXPECT_EQ(i.s.Set[0].Hz, 1000);
+    EXPECT_FALSE(i.LoadBytes("RIFF, or anything else that is longer than a header and no session at all"));
+    EXPECT_EQ(i.Desk.LastBox(), "File Format Error on Open in " + (i.Folder / "given.mvn"));
+}
+
+TEST(LoadSession, AFileWithoutAnEndFailsAndKeepsWhatWasAppliedButNotTitleAndSwitches) {
+    SetInstrument i;
+    i.s.SaveOpenSwitches[0] = All();
+    std::string bytes = GoldenSession(i.Folder.Path(), "Vol");
+    bytes.resize(bytes.size() - 7);
+    WriteBytes(i.Folder / "cut.mvn", bytes);
+    EXPECT_FALSE(LoadSession(i.s, i.Folder / "cut.mvn", true, All(), true));
+    EXPECT_EQ(i.Desk.LastBox(), "Error Opening Input past end of file");
+    EXPECT_EQ(i.s.Set[0].Hz, 1234);
+    EXPECT_EQ(i.s.Title, "marvolin");
+    EXPECT_EQ(i.s.CurrentFile, "");
+    EXPECT_EQ(i.s.SaveOpenSwitches[0], All());
+}
+
+TEST(LoadSession, SetAsCurrentMakesTheTitleAndAdoptSwitchesTheNextSave) {
+    SetInstrument i;
+    WriteBytes(i.Folder / "live.mvn", GoldenSession(i.Folder.Path(), "Vol"));
+    ASSERT_TRUE(LoadSession(i.s, i.Folder / "live.mvn", true, All(), true));
+    EXPECT_EQ(i.s.Title, "marvolin-live.mvn");
+    EXPECT_EQ(i.s.CurrentFolder, i.Folder.Path() + "/");
+    EXPECT_EQ(i.s.CurrentFile, "live.mvn");
+    EXPECT_EQ(i.s.SaveOpenSwitches[0], AllBut(Element::Vol));
+    EXPECT_EQ(i.Screen.Count("ShowTitle"), 1);
+}
+
+TEST(LoadSession, ASampleThatIsGoneIsNoFailureOfTheSession) {
+    SetInstrument i;
+    std::filesystem::remove(i.Folder / "a.wav");
+    EXPECT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path())));
+    ASSERT_EQ(i.Desk.Boxes.size(), 1U);
+    EXPECT_EQ(i.Desk.LastBox(), "File Doesn't Exist !!");
+    EXPECT_EQ(i.s.Run[0].Loaded, False);
+    EXPECT_NE(i.s.Run[3].Loaded, False);
+}
+
+TEST(LoadSession, AnEmptyFileNameLeavesTheLoopTrackUnlessEmptyBlankClearsIt) {
+    SetInstrument i;
+    i.Fill(1, "/samples/mine.WAV");
+    ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path())));
+    EXPECT_EQ(i.s.Set[1].FileName, "/samples/mine.WAV");
+    EXPECT_NE(i.s.Run[1].Loaded, False);
+    i.s.EmptyBlankSetting = 1;
+    ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path())));
+    EXPECT_EQ(i.s.Set[1].FileName, "");
+    EXPECT_EQ(i.s.Run[1].Loaded, False);
+    EXPECT_NE(i.s.Run[0].Loaded, False);
+}
+
+TEST(LoadSession, APackageMovedToAnotherFolderKeepsWorking) {
+    SetInstrument i;
+    TempFolder moved;
+    for (const char* name : {"a.wav", "c.wav", "d.wav"}) WriteBytes(moved / name, "x");
+    WriteBytes(moved / "set.mvp", GoldenSession("C:\\somewhere\\else"));
+    ASSERT_TRUE(LoadSession(i.s, moved / "set.mvp", false, All(), false));
+    EXPECT_TRUE(i.Desk.Boxes.empty());
+    EXPECT_EQ(i.s.Set[0].FileName, moved.Path() + "/a.wav");
+    EXPECT_EQ(i.s.Set[3].FileName, moved.Path() + "/d.wav");
+}
+
+TEST(LoadSession, OnlyLowerCaseMvpIsAPackage) {
+    SetInstrument i;
+    WriteBytes(i.Folder / "set.MVP", GoldenSession("/nowhere"));
+    ASSERT_TRUE(i.Load("set.MVP"));
+    EXPECT_EQ(i.s.Run[0].Loaded, False);
+    EXPECT_EQ(i.Desk.LastBox(), "File Doesn't Exist !!");
+}
+
+TEST(LoadSession, APackageNeverRestoresTheFoldersOfTheBins) {
+    SetInstrument i;
+    i.s.Bins[0].Folder = "/mine";
+    WriteBytes(i.Folder / "set.mvp", GoldenSession(i.Folder.Path()));
+    ASSERT_TRUE(i.Load("set.mvp"));
+    EXPECT_EQ(i.s.Bins[0].Folder, "/mine");
+    EXPECT_EQ(i.s.Bins[0].Destination, 5);
+}
+
+TEST(LoadSession, ABinWhoseFolderIsGoneFallsBackToTheProgramsFolder) {
+    SetInstrument i;
+    ASSERT_TRUE(i.LoadBytes(FileOf([](Bytes& b) { PutPickLists(b, {"/nowhere/1", "/nowhere/2", "/nowhere/3"}); })));
+    EXPECT_EQ(i.s.Bins[0].Folder, i.Folder.Path());
+}
+
+struct DestinationCase {
+    int Stored;
+    int Destination;  ///< of bin 0, which starts at 1
+};
+class LoadSessionDestination : public ::testing::TestWithParam<DestinationCase> {};
+TEST_P(LoadSessionDestination, IsDecoded) {
+    SetInstrument i;
+    i.s.Bins[0].Destination = 1;
+    ASSERT_TRUE(i.LoadBytes(FileOf([&](Bytes& b) {
+        b.TagText("PickLists").Text(i.Folder.Path()).I16(GetParam().Stored).I16(-1);
+        for (int record = 1; record < 9; ++record) b.Text(i.Folder.Path()).I16(100).I16(0);
+    })));
+    EXPECT_EQ(i.s.Bins[0].Destination, GetParam().Destination);
+}
+INSTANTIATE_TEST_SUITE_P(LoadSession, LoadSessionDestination,
+                         ::testing::Values(DestinationCase{0, 0}, DestinationCase{3, 3}, DestinationCase{5, 5},
+                                           DestinationCase{6, 1}, DestinationCase{254, 1}, DestinationCase{255, 3},
+                                           DestinationCase{256, 4}, DestinationCase{257, 5}, DestinationCase{261, 1},
+                                           DestinationCase{32767, 1}, DestinationCase{-1, 1},
+                                           DestinationCase{-32768, 1}));
+
+TEST(LoadSession, HistoryOfASlotAbove3IsReadAndDropped) {
+    SetInstrument i;
+    i.s.History[4] = {"/kept.wav"};
+    ASSERT_TRUE(i.LoadBytes(FileOf([](Bytes& b) {
+        b.TagText("History").I16(2).I16(4).I16(1).TagText("/x.wav").I16(2).I16(1).TagText("/y.wav");
+    })));
+    EXPECT_EQ(i.s.History[4], std::vector<std::string>{"/kept.wav"});
+    EXPECT_EQ(i.s.History[2], std::vector<std::string>{"/y.wav"});
+}
+
+TEST(LoadSession, ABlockOfASlotAbove3IsReadAndDropped) {
+    SetInstrument i;
+    GoldenLoop far;
+    far.Index = 4;
+    GoldenLoop near;
+    near.Index = 2;
+    ASSERT_TRUE(i.LoadBytes(FileOf([&](Bytes& b) { PutLoops(b, {far, near}); })));
+    EXPECT_EQ(i.s.Set[4].Hz, 1000);
+    EXPECT_EQ(i.s.Set[2].Hz, 1234);
+}
+
+TEST(LoadSession, ASwitchTableWithFewerKeysLoadsWithTheMissingOnesOff) {
+    SetInstrument i;
+    Bytes b;
+    PutHeader(b);
+    b.TagI32(2).TagText("Freq").TagBool(true).TagText("Unknown").TagBool(true);
+    PutLoops(b, {GoldenLoop{}});
+    WriteBytes(i.Folder / "old.mvn", b.TagText("END").Str());
+    ASSERT_TRUE(LoadSession(i.s, i.Folder / "old.mvn", false, All(), true));
+    EXPECT_EQ(i.s.SaveOpenSwitches[0], Only(Element::Freq));
+    EXPECT_EQ(i.s.Set[0].Hz, 1234);
+    EXPECT_EQ(i.s.Set[0].Vol, 500);
+}
+
+TEST(LoadSession, SettingsOfAnOlderVersionLeaveTheOthersAsTheyAre) {
+    SetInstrument i;
+    i.s.TimingRes = 33;
+    ASSERT_TRUE(i.LoadBytes(FileOf([](Bytes& b) { b.TagText("Settings").TagI32(1).TagText("Limit").TagText("2"); })));
+    EXPECT_EQ(i.s.Limit, 2);
+    EXPECT_EQ(i.s.TimingRes, 33);
+}
+
+TEST(LoadSession, TheLimitOfAFileThinsAtOnce) {
+    SetInstrument i;
+    for (Row row = 0; row < 3; ++row) {
+        i.Fill(row);
+        LoopPlay(i.s, row, true);
+    }
+    ASSERT_TRUE(i.LoadBytes(FileOf([](Bytes& b) { b.TagText("Settings").TagI32(1).TagText("Limit").TagText("1"); })));
+    EXPECT_EQ(i.s.Run[0].Playing, False);
+    EXPECT_EQ(i.s.Run[1].Playing, False);
+    EXPECT_NE(i.s.Run[2].Playing, False);
+}
+
+TEST(LoadSession, TheDriverIsIgnoredOnAMachineWithAnotherNumberOfDrivers) {
+    SetInstrument i;
+    i.s.Drivers.push_back("another");
+    ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path())));
+    EXPECT_EQ(i.s.Driver, 0);
+}
+
+TEST(LoadSession, TheDriverIsOnlyShownAndNoDeviceIsOpened) {
+    SetInstrument i;
+    ASSERT_TRUE(i.LoadBytes(FileOf([](Bytes& b) { PutSettings(b); })));
+    EXPECT_EQ(i.s.Driver, 1);
+    EXPECT_EQ(i.Sound.Count("DirectSoundCreate"), 0);
+}
+
+TEST(LoadSession, JoystickAssignmentsAreTakenWhileAJoystickIsInUse) {
+    SetInstrument i;
+    i.s.JoyEnabled = true;
+    ASSERT_TRUE(i.LoadBytes(FileOf([](Bytes& b) { PutSettings(b); })));
+    EXPECT_EQ(i.s.Joy.Button[0], 1);
+    EXPECT_EQ(i.s.Joy.Button[4], 5);
+    EXPECT_EQ(i.s.Joy.Axis[0], 4);
+    EXPECT_EQ(i.s.Joy.Axis[1], 5);
+    EXPECT_FALSE(i.s.Joy.Refreshing);
+}
+
+TEST(LoadSession, ThreeDIsSwitchedBeforeTheLoopTracksCome) {
+    SetInstrument i;
+    GoldenLoop loop;
+    loop.FileName = i.Folder / "a.wav";
+    ASSERT_TRUE(i.LoadBytes(FileOf([&](Bytes& b) {
+        PutThreeD(b, true);
+        PutLoops(b, {loop}, true);
+    })));
+    EXPECT_TRUE(i.s.Use3D);
+    EXPECT_EQ(i.s.RollOffValue, 2.5F);
+    EXPECT_EQ(i.s.Set[0].PositionX, 0.25F);
+    EXPECT_EQ(i.s.Set[0].PositionY, -0.5F);
+    EXPECT_EQ(i.s.Set[0].Pan, 500);
+}
+
+TEST(LoadSession, ABlockSavedIn3DAndOpenedWith3DOffRestoresNeitherPanNorPositionButAllElse) {
+    SetInstrument i;
+    ASSERT_TRUE(i.LoadBytes(FileOf([](Bytes& b) { PutLoops(b, {GoldenLoop{}}, true); })));
+    EXPECT_EQ(i.s.Set[0].Pan, 500);
+    EXPECT_EQ(i.s.Set[0].Pattern[kPanPattern][0], 500);
+    EXPECT_EQ(i.s.Set[0].PositionX, 0);
+    EXPECT_EQ(i.s.Set[0].Vol, 321);
+    EXPECT_EQ(i.s.Set[0].Channel, 6);
+    EXPECT_EQ(i.s.Set[0].NSteps, 7);
+}
+
+TEST(LoadSession, WithNoneEverySectionIsReadAndNothingIsApplied) {
+    SetInstrument i;
+    WriteBytes(i.Folder / "x.mvn", GoldenSession(i.Folder.Path()));
+    const std::string before = (i.Save("before.mvn"), ReadBytes(i.Folder / "before.mvn"));
+    ASSERT_TRUE(LoadSession(i.s, i.Folder / "x.mvn", true, clsSwitchRecord{}, true));
+    const std::string after = (i.Save("after.mvn"), ReadBytes(i.Folder / "after.mvn"));
+    EXPECT_EQ(before, after);
+    EXPECT_EQ(i.s.Title, "marvolin-x.mvn");
+    EXPECT_EQ(i.s.SaveOpenSwitches[0], All());
+}
+
+}  // namespace
+}  // namespace marvolin
