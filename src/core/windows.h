@@ -25,7 +25,7 @@ public:
     virtual void Load(Form form) = 0;
     virtual void Show(Form form) = 0;
     virtual void Hide(Form form) = 0;
-    /// Closes the form for good. Raises `RuntimeError` when it was never loaded.
+    /// Closes the form for good. Raises `RuntimeError` 91 when it was never loaded.
     virtual void Unload(Form form) = 0;
     virtual void BringToFront(Form form) = 0;
     /// Frame of the form on the screen.

@@ -82,7 +82,11 @@ public:
         Log.push_back("ShowHelpTopic " + std::to_string(topic));
     }
     void CloseWindowTitled(const std::string& title) override { Log.push_back("CloseWindowTitled " + title); }
-    void UnloadMainWindow() override { Log.push_back("UnloadMainWindow"); }
+    std::function<void()> OnUnload;  ///< what the window does when it is unloaded
+    void UnloadMainWindow() override {
+        Log.push_back("UnloadMainWindow");
+        if (OnUnload) OnUnload();
+    }
     void EndProgram() override { Log.push_back("EndProgram"); }
     /// Text of the last box; "" when there was none.
     std::string LastBox() const { return Boxes.empty() ? "" : Boxes.back().Text; }
@@ -93,16 +97,24 @@ public:
     std::vector<std::string> Log;
     std::set<Form> Loaded{Form::Main, Form::Browse, Form::Save, Form::Splash};
     TwipRect MainPlace{0, 0, 15600, 11100};
+    std::map<Form, TwipRect> OtherPlaces;  ///< of the forms that stand elsewhere than the main one
+    bool HideFails = false;
 
     void Load(Form form) override { Note("Load", form), Loaded.insert(form); }
     void Show(Form form) override { Note("Show", form), Loaded.insert(form); }
-    void Hide(Form form) override { Note("Hide", form); }
+    void Hide(Form form) override {
+        Note("Hide", form);
+        if (HideFails) throw RuntimeError(5, "Invalid procedure call");
+    }
     void Unload(Form form) override {
         Note("Unload", form);
         if (Loaded.erase(form) == 0) throw RuntimeError(91, "Object variable not set");
     }
     void BringToFront(Form form) override { Note("BringToFront", form); }
-    TwipRect Place(Form) override { return MainPlace; }
+    TwipRect Place(Form form) override {
+        const auto other = OtherPlaces.find(form);
+        return other == OtherPlaces.end() ? MainPlace : other->second;
+    }
     void Move(Form form, double left, double top) override {
         Note("Move", form);
         Log.back() += " " + std::to_string(static_cast<long>(left)) + "," + std::to_string(static_cast<long>(top));

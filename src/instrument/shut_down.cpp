@@ -1,0 +1,99 @@
+#include "instrument/shut_down.h"
+
+#include <array>
+#include <string>
+
+#include "audio/device.h"
+#include "core/help.h"
+#include "core/routines.h"
+
+namespace marvolin {
+
+namespace {
+
+void HideWindow(Session& s) { s.World.Forms.Hide(Form::Main); }
+void TellUnloading(Session& s) { ShowStatus(s, "Unloading..."); }
+
+void Disable(const std::unique_ptr<PeriodicTimer>& timer) {
+    if (timer) timer->SetEnabled(false);
+}
+void DisableLoopTimer(Session& s) { Disable(s.LoopTimer); }
+void DropLoopTimer(Session& s) { s.LoopTimer.reset(); }
+void DisableFadeTimer(Session& s) { Disable(s.FadeTimer); }
+void DropFadeTimer(Session& s) { s.FadeTimer.reset(); }
+void DisableJoyTimer(Session& s) {
+    if (s.JoyEnabled) Disable(s.JoyTimer);
+}
+void DropJoyTimer(Session& s) {
+    if (s.JoyEnabled) s.JoyTimer.reset();
+}
+void DropDemoTimer(Session& s) { s.StartUpDemoCountDown.reset(); }
+void StopScriptTimer(Session& s) { Disable(s.ScriptTimer); }
+void DropScriptTimer(Session& s) { s.ScriptTimer.reset(); }
+
+void ReleaseDirectX(Session& s) { s.DX.reset(); }
+
+// A form that was never made, or that has gone already, is none to unload.
+void UnloadIfLoaded(Session& s, Form form) {
+    constexpr std::uint32_t kNotLoaded = 91;
+    try {
+        s.World.Forms.Unload(form);
+    } catch (const RuntimeError& e) {
+        if (e.Number() != kNotLoaded) throw;
+    }
+}
+void UnloadSave(Session& s) { UnloadIfLoaded(s, Form::Save); }
+void LetBrowserClose(Session& s) { s.World.Forms.AllowBrowserToClose(); }
+void UnloadBrowser(Session& s) { UnloadIfLoaded(s, Form::Browse); }
+void UnloadSplash(Session& s) { UnloadIfLoaded(s, Form::Splash); }
+void UnloadStartUpQuery(Session& s) { s.World.Forms.Unload(Form::StartUpQuery); }
+
+enum class OnError : std::uint8_t { Tell, Ignore };
+
+struct Step {
+    const char* context;
+    void (*action)(Session& s);
+    OnError onError = OnError::Tell;
+};
+
+constexpr std::array<Step, 20> kShutDown{{
+    {"", HideWindow},
+    {"", TellUnloading},
+    {"disabling loop timer", DisableLoopTimer},
+    {"disabling loop timer", DropLoopTimer},
+    {"disabling fade timer", DisableFadeTimer},
+    {"disabling fade timer", DropFadeTimer},
+    {"disabling joystick timer", DisableJoyTimer},
+    {"disabling joystick timer", DropJoyTimer},
+    {"disabling start up demo counter", DropDemoTimer, OnError::Ignore},
+    {"clearing procedure flags", ClearProcedureFlags},
+    {"cleaning up help", CloseHelp},
+    {"deleting script timer", StopScriptTimer},
+    {"deleting script timer", DropScriptTimer},
+    {"uninitializing DSound", UnInitDirectSound},
+    {"uninitializing DSound", ReleaseDirectX},
+    {"uninitializing DSound", UnloadSave},
+    {"unloading forms", LetBrowserClose},
+    {"unloading forms", UnloadBrowser},
+    {"unloading forms", UnloadSplash},
+    {"unloading forms", UnloadStartUpQuery, OnError::Ignore},
+}};
+
+void TellError(Session& s, const Step& step, const RuntimeError& e) {
+    s.World.Desk.MessageBox(std::string("Shutdown error while ") + step.context + "; " + e.what() + " #" +
+                            std::to_string(e.Number()));
+}
+
+}  // namespace
+
+void FormQueryUnload(Session& s) {
+    for (const Step& step : kShutDown) {
+        try {
+            step.action(s);
+        } catch (const RuntimeError& e) {
+            if (step.onError == OnError::Tell) TellError(s, step, e);
+        }
+    }
+}
+
+}  // namespace marvolin

@@ -1,0 +1,115 @@
+#include "instrument/start_up.h"
+
+#include <cmath>
+#include <string>
+
+#include "audio/device.h"
+#include "core/busy_pointer.h"
+#include "core/paths.h"
+#include "core/routines.h"
+#include "performance/joystick_setup.h"
+#include "sequencing/patterns.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr double kMarginRight = 100;  // twips between the main window and the end of the work area
+
+void WarnOfFewColours(Session& s) {
+    if (std::ldexp(1.0, s.World.Desk.BitsPerPixel()) > kFewColours) return;
+    s.World.Desk.MessageBox(
+        "For proper viewing Marvolin requires more than 256 colours. Please set a higher colour depth (use the Display "
+        "applet in control panel).)");
+}
+
+void OpenFirstDevice(Session& s) {
+    s.DeviceSwapArmed = false;
+    cboDrivers_Click(s, 0);
+    s.DeviceSwapArmed = true;
+}
+
+// At the right end of the work area, half way down. Where the window now stands.
+TwipRect PlaceMainWindow(Session& s) {
+    TwipRect main = s.World.Forms.Place(Form::Main);
+    main.Left = s.WorkArea.Right - main.Width - kMarginRight;
+    main.Top = s.WorkArea.Top + (s.WorkArea.Bottom - s.WorkArea.Top - main.Height) / 2;
+    s.World.Forms.Move(Form::Main, main.Left, main.Top);
+    return main;
+}
+
+// At the left end of the work area, its top in line with the main window's.
+void OpenBrowser(Session& s, const TwipRect& main) {
+    s.World.Forms.Show(Form::Browse);
+    s.World.Forms.Move(Form::Browse, s.WorkArea.Left, main.Top);
+}
+
+void ShowSplash(Session& s, const TwipRect& main) {
+    const TwipRect splash = s.World.Forms.Place(Form::Splash);
+    s.World.Forms.Move(Form::Splash, main.Left + (main.Width - splash.Width) / 2,
+                       main.Top + (main.Height - splash.Height) / 2);
+    s.World.Forms.Show(Form::Splash);
+}
+
+}  // namespace
+
+bool RunMain(Session& s, const StartUpHooks& hooks) {
+    if (hooks.CheckComponents && !hooks.CheckComponents()) return false;
+    try {
+        if (!s.World.Desk.ClaimInstance()) return false;
+        s.World.Forms.Load(Form::Splash);
+        if (!CreateDirectX(s)) return false;
+        s.World.Forms.Load(Form::Main);
+        return FormLoad(s, hooks);
+    } catch (const RuntimeError& e) {
+        s.World.Desk.MessageBox(std::string("Error loading main: ") + e.what());
+        return false;
+    }
+}
+
+bool CreateDirectX(Session& s) {
+    try {
+        s.DX = s.World.CreateDirectX7();
+        return true;
+    } catch (const RuntimeError&) {
+        s.World.Desk.MessageBox(
+            "Error initializing DirectX. Requires DirectX 7.0a or higher, available at https://openal-soft.org",
+            "DirectX Missing", BoxStyle::Critical);
+        return false;
+    }
+}
+
+bool FormLoad(Session& s, const StartUpHooks& hooks) {
+    WarnOfFewColours(s);
+    s.World.Forms.EnablePadBalls(false);
+    s.World.Chance.SeedFromClock();
+    {
+        const BusyPointer busy(s.World.Desk);
+        InitAudioDriversList(s);
+        OpenFirstDevice(s);
+        if (!InitMainForm(s, hooks)) return false;
+        InitPatternTables(s);
+        InitDirectInput(s);
+        // A joystick service that refuses has unloaded the main window, and with it the session is shut down.
+        if (!s.DX) return false;
+        s.FirstActivate = true;
+        s.World.Forms.Show(Form::Main);
+    }
+    ShowStatus(s, "Ready.");
+    return true;
+}
+
+void FormActivate(Session& s, const StartUpHooks& hooks) {
+    if (!s.FirstActivate) return;
+    s.HelpShown = false;
+    s.HelpFile = JoinPath(s.World.Desk.ProgramFolder(), "Help/marvolin.chm");
+    ReadWorkArea(s);
+    s.FirstActivate = false;
+    s.World.Forms.EnablePadBalls(true);
+    const TwipRect main = PlaceMainWindow(s);
+    OpenBrowser(s, main);
+    ShowSplash(s, main);
+    if (hooks.LoadStartUpContent) hooks.LoadStartUpContent(s);
+}
+
+}  // namespace marvolin

@@ -1,0 +1,368 @@
+#include "instrument/start_up.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <ctime>
+
+#include "audio/sample_loading.h"
+#include "core/routines.h"
+#include "fakes/instrument.h"
+#include "instrument/shut_down.h"
+#include "performance/mix_pad.h"
+
+namespace marvolin {
+namespace {
+
+using test::Instrument;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+/// A program that has not started yet; `Order` notes what the hooks saw.
+struct Program : Instrument {
+    std::vector<std::string> Order;
+    StartUpHooks Hooks;
+    Program() {
+        s.DX.reset();
+        s.DS.reset();
+        s.DSReady = false;
+        s.GangReady = false;
+        Sound.Log.clear();
+        Forms.Loaded.clear();
+        Hooks.CheckComponents = [this] { return Note("CheckComponents"), true; };
+        Hooks.InitPicks = [this](Session&) { Note("InitPicks"); };
+        Hooks.InitPadGeometry = [this](Session& session) {
+            Note("InitPadGeometry"), PadGeometryInit(session, 9000, 4500);
+        };
+        Hooks.UpdateQuickLoad = [this](Session&) { Note("UpdateQuickLoad"); };
+        Hooks.LoadStartUpContent = [this](Session&) { Note("LoadStartUpContent"); };
+    }
+    void Note(const std::string& what) { Order.push_back(what); }
+    bool Start() { return RunMain(s, Hooks); }
+};
+
+TEST(RunMain, BringsTheProgramUpInOrder) {
+    Program i;
+    EXPECT_TRUE(i.Start());
+    EXPECT_THAT(i.Order, ElementsAre("CheckComponents", "InitPicks", "InitPadGeometry", "UpdateQuickLoad"));
+    EXPECT_THAT(i.Forms.Log, ElementsAre("Load Splash", "Load Main", "DisablePadBalls", "Show Main"));
+    EXPECT_EQ(i.Sound.Log.front(), "GetGuid 1");
+    EXPECT_EQ(i.Stick.Log.front(), "GetDIEnumDevices 4 1");
+    EXPECT_TRUE(i.Desk.Boxes.empty());
+    EXPECT_EQ(i.s.StatusText, "Ready.");
+    EXPECT_THAT(i.Desk.Log, ElementsAre("busy pointer", "default pointer"));
+    EXPECT_TRUE(i.s.FirstActivate);
+    EXPECT_TRUE(i.Chance.Seeded);
+}
+
+TEST(RunMain, AMissingComponentEndsItBeforeAnythingElse) {
+    Program i;
+    i.Hooks.CheckComponents = [] { return false; };
+    EXPECT_FALSE(i.Start());
+    EXPECT_THAT(i.Forms.Log, IsEmpty());
+    EXPECT_TRUE(i.Desk.Boxes.empty());
+}
+
+TEST(RunMain, ASecondStartExitsSilently) {
+    Program i;
+    i.Desk.FirstInstance = false;
+    EXPECT_FALSE(i.Start());
+    EXPECT_THAT(i.Forms.Log, IsEmpty());
+    EXPECT_TRUE(i.Desk.Boxes.empty());
+    EXPECT_EQ(i.s.DX, nullptr);
+}
+
+TEST(RunMain, AMissingAudioServiceIsToldAndEndsIt) {
+    Program i;
+    i.s.World.CreateDirectX7 = []() -> std::unique_ptr<DirectX7> { throw RuntimeError(429, "no such object"); };
+    EXPECT_FALSE(i.Start());
+    ASSERT_EQ(i.Desk.Boxes.size(), 1U);
+    EXPECT_EQ(i.Desk.Boxes[0].Title, "DirectX Missing");
+    EXPECT_THAT(i.Desk.LastBox(), ::testing::StartsWith("Error initializing DirectX. Requires DirectX 7.0a or higher, "
+                                                        "available at "));
+    EXPECT_THAT(i.Forms.Log, ElementsAre("Load Splash"));
+}
+
+TEST(RunMain, AnErrorIsToldWithItsDescription) {
+    Program i;
+    i.Hooks.InitPicks = [](Session&) { throw RuntimeError(75, "Path/File access error"); };
+    EXPECT_FALSE(i.Start());
+    EXPECT_EQ(i.Desk.LastBox(), "Error loading main: Path/File access error");
+    EXPECT_FALSE(i.Desk.Busy);
+}
+
+TEST(RunMain, AnErrorOfTheComponentCheckIsNotItsOwn) {
+    Program i;
+    i.Hooks.CheckComponents = []() -> bool { throw RuntimeError(1, "x"); };
+    EXPECT_THROW(i.Start(), RuntimeError);
+    EXPECT_TRUE(i.Desk.Boxes.empty());
+}
+
+TEST(FormLoad, ADisplayOfExactlyEightBitsGetsTheWarningOneOfSixteenDoesNot) {
+    for (const auto& [bits, warned] :
+         {std::pair{1, true}, {4, true}, {8, true}, {9, false}, {16, false}, {32, false}}) {
+        Program i;
+        i.Desk.Depth = bits;
+        EXPECT_TRUE(i.Start());
+        EXPECT_EQ(i.Desk.Boxes.size(), warned ? 1U : 0U) << bits;
+        if (warned) {
+            EXPECT_EQ(i.Desk.LastBox(),
+                      "For proper viewing Marvolin requires more than 256 colours. Please set a higher colour depth "
+                      "(use the Display applet in control panel).)");
+        }
+    }
+}
+
+TEST(FormLoad, OpensTheFirstDeviceWithoutSavingASession) {
+    Program i;
+    i.Start();
+    EXPECT_EQ(i.s.Driver, 0);
+    EXPECT_TRUE(i.s.DSReady);
+    EXPECT_TRUE(i.s.DeviceSwapArmed);
+    EXPECT_THAT(i.Store.Log, IsEmpty());
+}
+
+TEST(FormLoad, ADeviceThatRefusesDoesNotStopTheRest) {
+    Program i;
+    i.Sound.Failures["DirectSoundCreate"] = sound_error::kNoDriver;
+    EXPECT_TRUE(i.Start());
+    EXPECT_EQ(i.Desk.LastBox(), "Error creating sound device: No sound driver is available for use.");
+    EXPECT_FALSE(i.s.DSReady);
+    EXPECT_NE(i.s.LoopTimer, nullptr);
+    EXPECT_TRUE(i.s.JoyEnabled);
+    EXPECT_TRUE(i.s.FirstActivate);
+    EXPECT_THAT(i.Forms.Log, Contains("Show Main"));
+}
+
+TEST(FormLoad, WithoutAJoystickItGoesOnWithoutItsTimer) {
+    Program i;
+    i.Stick.Devices.clear();
+    EXPECT_TRUE(i.Start());
+    EXPECT_FALSE(i.s.JoyEnabled);
+    EXPECT_EQ(i.s.JoyTimer, nullptr);
+    EXPECT_TRUE(i.Desk.Boxes.empty());
+}
+
+TEST(FormLoad, AJoystickServiceThatRefusesEndsTheProgram) {
+    Program i;
+    i.s.World.CreateDirectInput = []() -> std::unique_ptr<DirectInput> { throw RuntimeError(429, "none"); };
+    i.Desk.OnUnload = [&] { FormQueryUnload(i.s); };
+    EXPECT_FALSE(i.Start());
+    EXPECT_EQ(i.Desk.LastBox(), "Error initializing DirectInput.");
+    EXPECT_THAT(i.Desk.Log, Contains("UnloadMainWindow"));
+    EXPECT_TRUE(i.Timers.Live.empty());
+    EXPECT_EQ(std::count(i.Forms.Log.begin(), i.Forms.Log.end(), "Show Main"), 0);
+    EXPECT_FALSE(i.s.FirstActivate);
+}
+
+TEST(InitMainForm, WithoutTimersItTellsAndEndsTheProgramAtOnce) {
+    Program i;
+    i.Timers.Fail = true;
+    EXPECT_FALSE(i.Start());
+    EXPECT_EQ(i.Desk.LastBox(), "Error initializing timer objects. Make sure Marvolin was properly installed.");
+    EXPECT_THAT(i.Desk.Log, Contains("EndProgram"));
+    EXPECT_THAT(i.Order, ElementsAre("CheckComponents", "InitPicks"));
+    EXPECT_THAT(i.Stick.Log, IsEmpty());
+}
+
+TEST(InitMainForm, MakesTheTwoTimersAndSwitchesThemOn) {
+    Program i;
+    i.Stick.Devices.clear();
+    i.Start();
+    ASSERT_EQ(i.Timers.Live.size(), 2U);
+    EXPECT_EQ(i.Timers.Live[0]->Interval, 10);
+    EXPECT_EQ(i.Timers.Live[0]->Resolution, 10);
+    EXPECT_TRUE(i.Timers.Live[0]->Enabled);
+    EXPECT_EQ(i.Timers.Live[1]->Interval, 40);
+    EXPECT_TRUE(i.Timers.Live[1]->Enabled);
+    EXPECT_FALSE(i.s.LoopTimerBusy);
+    i.Timers.Live[0]->OnTick(1000);
+    EXPECT_EQ(i.s.Clock.ClockSeconds, 1);
+    i.Fill(0);
+    i.s.Run[0].FadeState = kFalling;
+    i.s.Run[0].FadeValue = 500;
+    i.Timers.Live[1]->OnTick(40);
+    EXPECT_EQ(i.s.Set[0].Vol, 492);
+}
+
+TEST(InitMainForm, SetsTheModelToItsDefaults) {
+    Program i;
+    // As left by another life.
+    Session& s = i.s;
+    for (Row row = 0; row < kRows; ++row) {
+        LoopTrackSet& set = s.Set[row];
+        set.Hz = 7;
+        set.Vol = 7;
+        set.Pan = 7;
+        set.PlayMode = kDrum;
+        set.Selected = True;
+        set.Thinnable = False;
+        set.Length = 3;
+        set.BeatStart = 9;
+        set.StepDuration = 77;
+        set.Channel = 8;
+        set.NSteps = 30;
+        s.Run[row].Playing = True;
+        s.Run[row].Paused = True;
+        s.Run[row].FadeState = kRising;
+        s.BandTable[row] = {1, 2, 3, True};
+    }
+    s.ActiveTab = kOptionTab;
+    s.SelectionControlled = false;
+    s.ResetVars = false;
+    s.ProcedureFlags.fill(1);
+    s.PositionUpdate = Table<bool, 3>{{false, false, true}};
+    s.DragAxis = 0;
+    s.ScrollSensitivity = Table<std::int32_t, 2>{{9, 9}};
+    s.CurrentLoop = 3;
+    s.Clock.ClockHours = 5;
+    s.TimingRes = 90;
+    for (int channel = 0; channel <= kChannels; ++channel) s.ChannelVol[channel] = s.ChannelPan[channel] = 1;
+    EXPECT_TRUE(i.Start());
+
+    for (Row row = 0; row <= kSelectionRow; ++row) {
+        SCOPED_TRACE(row);
+        const LoopTrackSet& set = s.Set[row];
+        EXPECT_EQ(set.Hz, 1000);
+        EXPECT_EQ(set.Vol, 500);
+        EXPECT_EQ(set.Pan, 500);
+        EXPECT_EQ(set.PlayMode, kLoop);
+        EXPECT_EQ(set.Selected, False);
+        EXPECT_EQ(set.Length, 0);
+        EXPECT_EQ(set.BeatStart, 0);
+        EXPECT_EQ(s.Run[row].Loaded, False);
+        EXPECT_EQ(s.Run[row].Playing, False);
+        EXPECT_EQ(s.Run[row].Paused, False);
+        EXPECT_EQ(s.Run[row].FadeState, kNoFade);
+        if (row == kSelectionRow) continue;
+        EXPECT_EQ(set.Thinnable, True);
+        EXPECT_EQ(set.StepDuration, 1);
+        EXPECT_EQ(set.Channel, row + 1);
+        EXPECT_EQ(set.NSteps, 3);
+        EXPECT_EQ(set.Pattern[kHzPattern][kPatternOffset], 1);
+        EXPECT_FALSE(PanKnobEnabled(s, row));
+        EXPECT_GE(i.Screen.Count("ShowCaption " + std::to_string(row)), 1);
+    }
+    EXPECT_TRUE(PanKnobEnabled(s, kSelectionRow));
+    EXPECT_EQ(s.Set[kMasterRow].Vol, 500);
+    EXPECT_EQ(s.BandTable[0], (Band{0, 3, 0, False}));
+    for (Row band = 1; band < kBands; ++band) EXPECT_EQ(s.BandTable[band], (Band{5, 3, 0, False}));
+    EXPECT_EQ(s.ActiveTab, kMixPadTab);
+    EXPECT_TRUE(s.SelectionControlled);
+    EXPECT_TRUE(s.ResetVars);
+    EXPECT_TRUE(s.GangReady);
+    EXPECT_FALSE(s.Use3D);
+    EXPECT_THAT(s.ProcedureFlags, ::testing::Each(0));
+    EXPECT_EQ(s.PositionUpdate, (Table<bool, 3>{{true, true, false}}));
+    EXPECT_EQ(s.DragAxis, 1);
+    EXPECT_EQ(s.ScrollSensitivity, (Table<std::int32_t, 2>{{1, 4}}));
+    EXPECT_EQ(s.CurrentLoop, 0);
+    EXPECT_EQ(s.Clock.ClockHours, 0);
+    EXPECT_EQ(s.TimingRes, 10);
+    EXPECT_EQ(s.ChannelVol[4], 0);
+    EXPECT_EQ(s.ChannelPan[0], 500);
+    EXPECT_EQ(s.ChannelHz[1], 1000);
+    EXPECT_EQ(s.CurrentFolder, "/nowhere/marvolin/");
+    clsSwitchRecord all;
+    all.SetSwitch(true);
+    EXPECT_EQ(s.SaveOpenSwitches[0], all);
+    EXPECT_EQ(s.SaveOpenSwitches[1], all);
+}
+
+TEST(InitMainForm, TheGangIsReadyOnceTheRowsAreSet) {
+    Program i;
+    bool readyAtQuickLoad = false;
+    i.Hooks.UpdateQuickLoad = [&](Session& s) { readyAtQuickLoad = s.GangReady; };
+    i.Start();
+    EXPECT_TRUE(readyAtQuickLoad);
+}
+
+TEST(InitMainForm, MakesTheLabelOfToday) {
+    const auto today = [] {
+        const std::time_t now = std::time(nullptr);
+        std::tm local{};
+        localtime_r(&now, &local);
+        return TodayText(local.tm_mon + 1, local.tm_mday);
+    };
+    Program i;
+    const std::string before = today();
+    i.Start();
+    EXPECT_THAT(i.s.TodayLabel, ::testing::AnyOf(before, today()));
+}
+
+TEST(FormActivate, DoesItsWorkOnceInOrder) {
+    Program i;
+    i.Start();
+    i.Forms.Log.clear();
+    i.Order.clear();
+    i.Desk.Area = {0, 0, 1280, 770};
+    i.Forms.OtherPlaces[Form::Splash] = {0, 0, 5600, 3100};
+    i.s.HelpShown = true;
+    FormActivate(i.s, i.Hooks);
+    EXPECT_FALSE(i.s.HelpShown);
+    EXPECT_EQ(i.s.HelpFile, "/nowhere/marvolin/Help/marvolin.chm");
+    EXPECT_EQ(i.s.WorkArea.Right, 19200);
+    // 19200 - 15600 - 100 and (11550 - 11100) / 2; the splash in its middle
+    EXPECT_THAT(i.Forms.Log, ElementsAre("EnablePadBalls", "Move Main 3500,225", "Show Browse", "Move Browse 0,225",
+                                         "Move Splash 8500,4225", "Show Splash"));
+    EXPECT_THAT(i.Order, ElementsAre("LoadStartUpContent"));
+    FormActivate(i.s, i.Hooks);
+    EXPECT_EQ(i.Order.size(), 1U);
+    EXPECT_FALSE(i.s.FirstActivate);
+}
+
+TEST(FormActivate, TheWorkAreaNeedNotBeginAtTheCorner) {
+    Program i;
+    i.Start();
+    i.Forms.Log.clear();
+    i.Desk.Area = {100, 40, 1380, 840};
+    FormActivate(i.s, i.Hooks);
+    EXPECT_THAT(i.Forms.Log, Contains("Move Main 5000,1050"));
+    EXPECT_THAT(i.Forms.Log, Contains("Move Browse 1500,1050"));
+}
+
+TEST(FormActivate, WithNoStartUpContentTheInstrumentStartsEmptyWithItsDefaults) {
+    Program i;
+    i.Hooks.LoadStartUpContent = nullptr;
+    i.Start();
+    FormActivate(i.s, i.Hooks);
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        EXPECT_EQ(i.s.Run[row].Loaded, False);
+        EXPECT_EQ(i.s.Set[row].FileName, "");
+        EXPECT_EQ(i.s.Set[row].Vol, 500);
+    }
+    EXPECT_THAT(i.Store.Log, IsEmpty());
+    EXPECT_EQ(i.s.StartUpDemoCountDown, nullptr);
+    EXPECT_TRUE(i.Desk.Boxes.empty());
+}
+
+TEST(FormActivate, AMissingHelpFileIsNoErrorAtTheStart) {
+    Program i;
+    i.Desk.HelpFails = true;
+    i.Start();
+    FormActivate(i.s, i.Hooks);
+    EXPECT_FALSE(i.s.HelpFile.empty());
+    EXPECT_TRUE(i.Desk.Boxes.empty());
+}
+
+TEST(FormActivate, BeforeTheMainWindowIsLoadedDoesNothing) {
+    Program i;
+    FormActivate(i.s, i.Hooks);
+    EXPECT_THAT(i.Order, IsEmpty());
+    EXPECT_THAT(i.Forms.Log, IsEmpty());
+}
+
+TEST(StartAndEnd, TwoInstrumentsLiveInOneProcess) {
+    Program one;
+    Program two;
+    EXPECT_TRUE(one.Start());
+    EXPECT_TRUE(two.Start());
+    FormQueryUnload(one.s);
+    EXPECT_EQ(one.s.DX, nullptr);
+    EXPECT_TRUE(two.s.DSReady);
+    EXPECT_TRUE(one.Desk.Boxes.empty());
+}
+
+}  // namespace
+}  // namespace marvolin
