@@ -3,6 +3,7 @@
 
 #include "audio/sample_loading.h"
 #include "audio/transport.h"
+#include "browser/sample_bins.h"
 #include "core/loop_views.h"
 #include "core/paths.h"
 #include "core/routines.h"
@@ -13,6 +14,7 @@
 #include "performance/scatter.h"
 #include "performance/sound_map.h"
 #include "performance/tabs.h"
+#include "persistence/quick_load.h"
 #include "sequencing/loop_clock.h"
 
 namespace marvolin {
@@ -116,7 +118,7 @@ std::string Today() {
 bool InitMainForm(Session& s, const StartUpHooks& hooks) {
     ResetOptions(s);
     SpreadChannels(s);
-    if (hooks.InitPicks) hooks.InitPicks(s);
+    InitPicks(s);
     s.GangReady = false;
     ResetBands(s);
     for (Row row = 0; row <= kSelectionRow; ++row) ResetRow(s, row);
@@ -145,7 +147,7 @@ bool InitMainForm(Session& s, const StartUpHooks& hooks) {
     TabControl_Changed(s);
     s.TodayLabel = Today();
     for (clsSwitchRecord& switches : s.SaveOpenSwitches) switches.SetSwitch(true);
-    if (hooks.UpdateQuickLoad) hooks.UpdateQuickLoad(s);
+    UpdateQuickLoad(s);
     return true;
 }
 

@@ -8,6 +8,7 @@
 #include "core/paths.h"
 #include "core/routines.h"
 #include "performance/joystick_setup.h"
+#include "persistence/start_up_demo.h"
 #include "sequencing/patterns.h"
 
 namespace marvolin {
@@ -99,7 +100,7 @@ bool FormLoad(Session& s, const StartUpHooks& hooks) {
     return true;
 }
 
-void FormActivate(Session& s, const StartUpHooks& hooks) {
+void FormActivate(Session& s) {
     if (!s.FirstActivate) return;
     s.HelpShown = false;
     s.HelpFile = JoinPath(s.World.Desk.ProgramFolder(), "Help/marvolin.chm");
@@ -109,7 +110,7 @@ void FormActivate(Session& s, const StartUpHooks& hooks) {
     const TwipRect main = PlaceMainWindow(s);
     OpenBrowser(s, main);
     ShowSplash(s, main);
-    if (hooks.LoadStartUpContent) hooks.LoadStartUpContent(s);
+    LoadStartUpContent(s);
 }
 
 }  // namespace marvolin

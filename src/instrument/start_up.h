@@ -8,14 +8,10 @@
 
 namespace marvolin {
 
-/// Steps of the start whose code is not part of the libraries below, or is the window's. Each keeps its place; one that
-/// is not set is passed over. A step that gets a header below is called directly and leaves this list.
+/// Steps of the start that are not the model's own. Each keeps its place; one that is not set is passed over.
 struct StartUpHooks {
-    std::function<bool()> CheckComponents;             ///< false: a part is missing, and the program ends
-    std::function<void(Session&)> InitPicks;           ///< `frmBrowse` builds its sample bins
-    std::function<void(Session&)> InitPadGeometry;     ///< `PadGeometryInit` with the sizes of the laid out window
-    std::function<void(Session&)> UpdateQuickLoad;     ///< lists the sessions of the current folder
-    std::function<void(Session&)> LoadStartUpContent;  ///< the start-up package, or else the preferences
+    std::function<bool()> CheckComponents;          ///< false: a part is missing, and the program ends
+    std::function<void(Session&)> InitPadGeometry;  ///< `PadGeometryInit` with the sizes of the laid out window
 };
 
 /// Largest number of colours that gets the warning.
@@ -38,6 +34,6 @@ bool FormLoad(Session& s, const StartUpHooks& hooks);
 bool InitMainForm(Session& s, const StartUpHooks& hooks);
 
 /// `Form_Activate` of the main window: places the windows and loads the start-up content, once.
-void FormActivate(Session& s, const StartUpHooks& hooks);
+void FormActivate(Session& s);
 
 }  // namespace marvolin

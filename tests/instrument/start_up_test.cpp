@@ -8,6 +8,7 @@
 #include "audio/sample_loading.h"
 #include "core/routines.h"
 #include "fakes/instrument.h"
+#include "fakes/temp_folder.h"
 #include "instrument/shut_down.h"
 #include "performance/mix_pad.h"
 
@@ -31,12 +32,9 @@ struct Program : Instrument {
         Sound.Log.clear();
         Forms.Loaded.clear();
         Hooks.CheckComponents = [this] { return Note("CheckComponents"), true; };
-        Hooks.InitPicks = [this](Session&) { Note("InitPicks"); };
         Hooks.InitPadGeometry = [this](Session& session) {
             Note("InitPadGeometry"), PadGeometryInit(session, 9000, 4500);
         };
-        Hooks.UpdateQuickLoad = [this](Session&) { Note("UpdateQuickLoad"); };
-        Hooks.LoadStartUpContent = [this](Session&) { Note("LoadStartUpContent"); };
     }
     void Note(const std::string& what) { Order.push_back(what); }
     bool Start() { return RunMain(s, Hooks); }
@@ -45,7 +43,7 @@ struct Program : Instrument {
 TEST(RunMain, BringsTheProgramUpInOrder) {
     Program i;
     EXPECT_TRUE(i.Start());
-    EXPECT_THAT(i.Order, ElementsAre("CheckComponents", "InitPicks", "InitPadGeometry", "UpdateQuickLoad"));
+    EXPECT_THAT(i.Order, ElementsAre("CheckComponents", "InitPadGeometry"));
     EXPECT_THAT(i.Forms.Log, ElementsAre("Load Splash", "Load Main", "DisablePadBalls", "Show Main"));
     EXPECT_EQ(i.Sound.Log.front(), "GetGuid 1");
     EXPECT_EQ(i.Stick.Log.front(), "GetDIEnumDevices 4 1");
@@ -86,7 +84,7 @@ TEST(RunMain, AMissingAudioServiceIsToldAndEndsIt) {
 
 TEST(RunMain, AnErrorIsToldWithItsDescription) {
     Program i;
-    i.Hooks.InitPicks = [](Session&) { throw RuntimeError(75, "Path/File access error"); };
+    i.Hooks.InitPadGeometry = [](Session&) { throw RuntimeError(75, "Path/File access error"); };
     EXPECT_FALSE(i.Start());
     EXPECT_EQ(i.Desk.LastBox(), "Error loading main: Path/File access error");
     EXPECT_FALSE(i.Desk.Busy);
@@ -162,7 +160,7 @@ TEST(InitMainForm, WithoutTimersItTellsAndEndsTheProgramAtOnce) {
     EXPECT_FALSE(i.Start());
     EXPECT_EQ(i.Desk.LastBox(), "Error initializing timer objects. Make sure Marvolin was properly installed.");
     EXPECT_THAT(i.Desk.Log, Contains("EndProgram"));
-    EXPECT_THAT(i.Order, ElementsAre("CheckComponents", "InitPicks"));
+    EXPECT_THAT(i.Order, ElementsAre("CheckComponents"));
     EXPECT_THAT(i.Stick.Log, IsEmpty());
 }
 
@@ -272,10 +270,10 @@ TEST(InitMainForm, SetsTheModelToItsDefaults) {
 
 TEST(InitMainForm, TheGangIsReadyOnceTheRowsAreSet) {
     Program i;
-    bool readyAtQuickLoad = false;
-    i.Hooks.UpdateQuickLoad = [&](Session& s) { readyAtQuickLoad = s.GangReady; };
+    bool ready = false;
+    i.Hooks.InitPadGeometry = [&](Session& s) { ready = s.GangReady; };
     i.Start();
-    EXPECT_TRUE(readyAtQuickLoad);
+    EXPECT_TRUE(ready);
 }
 
 TEST(InitMainForm, MakesTheLabelOfToday) {
@@ -299,16 +297,16 @@ TEST(FormActivate, DoesItsWorkOnceInOrder) {
     i.Desk.Area = {0, 0, 1280, 770};
     i.Forms.OtherPlaces[Form::Splash] = {0, 0, 5600, 3100};
     i.s.HelpShown = true;
-    FormActivate(i.s, i.Hooks);
+    FormActivate(i.s);
     EXPECT_FALSE(i.s.HelpShown);
     EXPECT_EQ(i.s.HelpFile, "/nowhere/marvolin/Help/marvolin.chm");
     EXPECT_EQ(i.s.WorkArea.Right, 19200);
     // 19200 - 15600 - 100 and (11550 - 11100) / 2; the splash in its middle
     EXPECT_THAT(i.Forms.Log, ElementsAre("EnablePadBalls", "Move Main 3500,225", "Show Browse", "Move Browse 0,225",
                                          "Move Splash 8500,4225", "Show Splash"));
-    EXPECT_THAT(i.Order, ElementsAre("LoadStartUpContent"));
-    FormActivate(i.s, i.Hooks);
-    EXPECT_EQ(i.Order.size(), 1U);
+    i.Forms.Log.clear();
+    FormActivate(i.s);
+    EXPECT_THAT(i.Forms.Log, IsEmpty());
     EXPECT_FALSE(i.s.FirstActivate);
 }
 
@@ -317,16 +315,15 @@ TEST(FormActivate, TheWorkAreaNeedNotBeginAtTheCorner) {
     i.Start();
     i.Forms.Log.clear();
     i.Desk.Area = {100, 40, 1380, 840};
-    FormActivate(i.s, i.Hooks);
+    FormActivate(i.s);
     EXPECT_THAT(i.Forms.Log, Contains("Move Main 5000,1050"));
     EXPECT_THAT(i.Forms.Log, Contains("Move Browse 1500,1050"));
 }
 
 TEST(FormActivate, WithNoStartUpContentTheInstrumentStartsEmptyWithItsDefaults) {
     Program i;
-    i.Hooks.LoadStartUpContent = nullptr;
     i.Start();
-    FormActivate(i.s, i.Hooks);
+    FormActivate(i.s);
     for (Row row = 0; row < kLoopTracks; ++row) {
         EXPECT_EQ(i.s.Run[row].Loaded, False);
         EXPECT_EQ(i.s.Set[row].FileName, "");
@@ -337,18 +334,41 @@ TEST(FormActivate, WithNoStartUpContentTheInstrumentStartsEmptyWithItsDefaults) 
     EXPECT_TRUE(i.Desk.Boxes.empty());
 }
 
+TEST(FormActivate, LoadsTheStartUpPackageAndStartsItsCountDownOrElseThePreferences) {
+    const test::TempFolder folder;
+    folder.Touch("preferences.mvn");
+    Program preferences;
+    preferences.Desk.Folder = folder.Path();
+    preferences.Start();
+    FormActivate(preferences.s);
+    EXPECT_THAT(preferences.Store.Log, ElementsAre("Load " + folder.In("preferences.mvn") + " everything"));
+    EXPECT_EQ(preferences.s.StartUpDemoCountDown, nullptr);
+    EXPECT_EQ(preferences.s.DemoStep, 0);
+
+    folder.Touch("startup.mvp");
+    Program demo;
+    demo.Desk.Folder = folder.Path();
+    demo.Start();
+    FormActivate(demo.s);
+    EXPECT_THAT(demo.Store.Log, ElementsAre("Load " + folder.In("startup.mvp") + " everything"));
+    EXPECT_EQ(demo.s.DemoStep, 1);
+    ASSERT_NE(demo.s.StartUpDemoCountDown, nullptr);
+    EXPECT_EQ(demo.Timers.Live.back()->Interval, 3000);
+    EXPECT_TRUE(demo.Timers.Live.back()->Enabled);
+}
+
 TEST(FormActivate, AMissingHelpFileIsNoErrorAtTheStart) {
     Program i;
     i.Desk.HelpFails = true;
     i.Start();
-    FormActivate(i.s, i.Hooks);
+    FormActivate(i.s);
     EXPECT_FALSE(i.s.HelpFile.empty());
     EXPECT_TRUE(i.Desk.Boxes.empty());
 }
 
 TEST(FormActivate, BeforeTheMainWindowIsLoadedDoesNothing) {
     Program i;
-    FormActivate(i.s, i.Hooks);
+    FormActivate(i.s);
     EXPECT_THAT(i.Order, IsEmpty());
     EXPECT_THAT(i.Forms.Log, IsEmpty());
 }
