@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "sound_file.h"
+
+namespace marvolin::stage {
+
+/// Levels are hundredths of a decibel below full scale, times are milliseconds. Silence is kSilence.
+inline constexpr int kSilence = -10000;
+
+/// Loudness (root mean square) of a part of one side, in hundredths of a decibel; no frames are silence.
+int Level(const std::vector<std::int16_t>& side, std::size_t from, std::size_t to);
+
+/// A stretch of time in ms, the end not included.
+struct Stretch {
+    std::int64_t from = 0;
+    std::int64_t to = 0;
+    friend bool operator==(const Stretch&, const Stretch&) = default;
+};
+
+/// Where the sound is louder than `threshold` on either side. It is looked at in windows of 10 ms; silences
+/// shorter than `gap` ms are passed over.
+std::vector<Stretch> Sounding(const Captured& sound, int threshold, int gap);
+
+/// Where a sound begins anew: places in ms at which the level rises by at least `rise` within 20 ms and passes
+/// `threshold`. Two of them are at least `apart` ms apart.
+std::vector<std::int64_t> Onsets(const Captured& sound, int threshold, int rise, int apart);
+
+}  // namespace marvolin::stage

@@ -1,0 +1,87 @@
+// Tells about captured sound in whole numbers, for scripts: times in ms from the start of the file, levels in
+// hundredths of a decibel below full scale (silence is -10000).
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <thread>
+
+#include "hearing.h"
+
+namespace {
+
+using namespace marvolin::stage;
+
+constexpr const char* kUsage =
+    "usage: listen now FILE                     length so far\n"
+    "       listen level FILE FROM TO           level left and right\n"
+    "       listen sounding FILE FROM TO        stretches that sound, one a line\n"
+    "       listen onsets FILE FROM TO [APART]  places where a sound begins anew, one a line\n"
+    "       listen until FILE MS TIMEOUT        waits until the file is that long\n";
+
+constexpr int kThreshold = -5000;  // below it nothing is heard
+constexpr int kGap = 120;          // ms; a shorter silence is part of the sound
+constexpr int kRise = 600;
+constexpr int kApart = 80;
+
+std::size_t FrameOf(long ms) { return static_cast<std::size_t>(std::max(0L, ms)) * 441 / 10; }
+
+/// The part of the file from..to ms.
+Captured Part(const char* file, long from, long to) {
+    Captured sound = ReadCaptured(file, FrameOf(from));
+    const std::size_t frames = std::min(sound.Frames(), FrameOf(to) - std::min(FrameOf(to), FrameOf(from)));
+    sound.left.resize(frames);
+    sound.right.resize(frames);
+    return sound;
+}
+
+long LengthMs(const char* file) {
+    std::error_code none;
+    const auto size = std::filesystem::file_size(file, none);
+    return none || size < 44 ? 0 : static_cast<long>((size - 44) / 4 * 10 / 441);
+}
+
+bool Until(const char* file, long ms, long timeout) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeout);
+    while (LengthMs(file) < ms) {
+        if (std::chrono::steady_clock::now() > end) return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    return true;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::string task = argc > 2 ? argv[1] : "";
+    const auto number = [&](int i) { return i < argc ? std::atol(argv[i]) : 0L; };
+    if (task == "now" && argc == 3) {
+        std::printf("%ld\n", LengthMs(argv[2]));
+        return 0;
+    }
+    if (task == "until" && argc == 5) return Until(argv[2], number(3), number(4)) ? 0 : 1;
+    if (argc < 5) {
+        std::fputs(kUsage, stderr);
+        return 2;
+    }
+    const long from = number(3);
+    const Captured sound = Part(argv[2], from, number(4));
+    if (task == "level" && argc == 5) {
+        std::printf("%d %d\n", Level(sound.left, 0, sound.Frames()), Level(sound.right, 0, sound.Frames()));
+    } else if (task == "sounding" && argc == 5) {
+        for (const Stretch& s : Sounding(sound, kThreshold, kGap)) {
+            std::printf("%ld %ld\n", static_cast<long>(s.from) + from, static_cast<long>(s.to) + from);
+        }
+    } else if (task == "onsets" && argc <= 6) {
+        const int apart = argc == 6 ? static_cast<int>(number(5)) : kApart;
+        for (const std::int64_t at : Onsets(sound, kThreshold, kRise, apart))
+            std::printf("%ld\n", static_cast<long>(at) + from);
+    } else {
+        std::fputs(kUsage, stderr);
+        return 2;
+    }
+    return 0;
+}
