@@ -31,7 +31,7 @@ const Library kLibraries[] = {
     {"SDL", R"([<"](SDL.*)[>"])", R"(audio/(openal|sdl)_.*|performance/sdl_input\.(h|cpp))"},
     {"OpenAL", R"([<"](AL/.*|al\.h|alc\.h|alext\.h)[>"])", R"(audio/openal_.*)"},
     {"libsndfile", R"([<"]sndfile.*[>"])", R"(audio/wave_file\.(h|cpp))"},
-    {"liblnk", R"([<"]liblnk.*[>"])", R"(browser/shell_link\.cpp)"},
+    {"liblnk", R"([<"]liblnk.*[>"])", R"(browser/lnk_shortcut\.(h|cpp))"},
     {"Lua", R"([<"](lua.*|lauxlib\.h)[>"])", R"(scripting/lua_script\.(h|cpp))"},
 };
 

@@ -50,7 +50,7 @@ TEST(FloorsCheck, TellsALibraryHeaderOutsideItsAdapter) {
     };
     for (const Case& c : {Case{"<SDL.h>", "audio/openal_sound.cpp"}, Case{"<SDL2/SDL.h>", "performance/sdl_input.cpp"},
                           Case{"<AL/alext.h>", "audio/openal_sound.cpp"}, Case{"<sndfile.h>", "audio/wave_file.cpp"},
-                          Case{"<liblnk.h>", "browser/shell_link.cpp"}, Case{"<lua.hpp>", "scripting/lua_script.cpp"},
+                          Case{"<liblnk.h>", "browser/lnk_shortcut.cpp"}, Case{"<lua.hpp>", "scripting/lua_script.cpp"},
                           Case{"<lua5.4/lualib.h>", "scripting/lua_script.cpp"}}) {
         const std::string text = std::string("#include ") + c.header + "\n";
         EXPECT_EQ(LibrariesOutOfPlace({{"core/routines.cpp", text}}).size(), 1u) << c.header;

@@ -1,0 +1,40 @@
+# Packages of Debian and Ubuntu, and how to get them. To be sourced.
+
+# What the program is built from.
+packages_program=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libsdl2-dev libopenal-dev
+  libsndfile1-dev liblnk-dev libx11-dev fonts-dejavu-core)
+# What a run on a machine without a display needs besides.
+packages_stage=(xvfb openbox xdotool imagemagick)
+# What the tests need besides.
+packages_tests=("${packages_stage[@]}" libgtest-dev libgmock-dev ccache alsa-utils)
+
+package_missing() {
+  ! dpkg-query -W -f '${db:Status-Status}\n' "$1" 2>/dev/null | grep -qx installed
+}
+
+# install_packages NAME...: installs those that are missing, as root or through sudo. On a system without apt it
+# names them and ends.
+install_packages() {
+  if ! command -v apt-get >/dev/null; then
+    echo "This system has no apt-get. Marvolin is built from what these Debian packages hold:" >&2
+    echo "  $*" >&2
+    exit 1
+  fi
+  local missing=() name
+  for name in "$@"; do
+    if package_missing "$name"; then missing+=("$name"); fi
+  done
+  [[ ${#missing[@]} -eq 0 ]] && return 0
+  local as_root=()
+  if [[ $(id -u) -ne 0 ]]; then
+    if ! command -v sudo >/dev/null; then
+      echo "These packages are missing, and neither root nor sudo is at hand to install them:" >&2
+      echo "  ${missing[*]}" >&2
+      exit 1
+    fi
+    as_root=(sudo)
+  fi
+  echo "Installing: ${missing[*]}"
+  "${as_root[@]}" apt-get update -qq
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}

@@ -1,0 +1,118 @@
+# A stage for the program: a display without a screen, a window manager, a sound card that writes to a file. To be
+# sourced; needs STAGE_TOOLS, the folder of record_sound, drop_files and listen.
+#
+#   stage_open FOLDER [WIDTHxHEIGHT]   puts the display up; all files of the play go to FOLDER
+#   stage_start PROGRAM                starts the program and waits for its window: sets WINDOW
+#   stage_quit                         closes the window as a player does and waits for the end: gives its status
+#   stage_close                        takes everything down; runs by itself when the script ends
+#
+# Nothing here waits blindly: until_true asks again until a time is over.
+
+STAGE_PIDS=()
+WINDOW=
+SOUND=
+
+# until_true SECONDS COMMAND...: 0 as soon as the command succeeds, 1 when the time is over.
+until_true() {
+  local end=$((${EPOCHREALTIME/[.,]/} + $1 * 1000000))
+  shift
+  until "$@"; do
+    [[ ${EPOCHREALTIME/[.,]/} -lt $end ]] || return 1
+    sleep 0.02
+  done
+}
+
+stage_open() {
+  STAGE=$1
+  local size=${2:-1280x800}
+  mkdir -p "$STAGE/home" "$STAGE/tmp" "$STAGE/runtime"
+  chmod 700 "$STAGE/runtime"
+  trap stage_close EXIT
+  # Nothing of the player's own desk reaches the stage, and the stage leaves nothing there.
+  export HOME="$STAGE/home" TMPDIR="$STAGE/tmp" XDG_RUNTIME_DIR="$STAGE/runtime"
+  export XDG_CONFIG_HOME="$STAGE/home/.config" XDG_CACHE_HOME="$STAGE/home/.cache"
+  unset WAYLAND_DISPLAY XDG_SESSION_TYPE QT_QPA_PLATFORM QT_SCALE_FACTOR
+
+  mkfifo "$STAGE/display"
+  Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp 3<>"$STAGE/display" 2>"$STAGE/xvfb.log" &
+  STAGE_PIDS+=($!)
+  local number
+  exec 4<>"$STAGE/display"
+  if ! read -r -t 20 number <&4; then
+    echo "no display: $(cat "$STAGE/xvfb.log")" >&2
+    return 1
+  fi
+  exec 4<&-
+  export DISPLAY=:$number
+  openbox --sm-disable 2>"$STAGE/openbox.log" &
+  STAGE_PIDS+=($!)
+  until_true 20 stage_managed || { echo "no window manager" >&2; return 1; }
+
+  SOUND=$STAGE/sound.wav
+  "$STAGE_TOOLS/record_sound" "$STAGE/card" "$SOUND" &
+  RECORDER=$!
+  STAGE_PIDS+=("$RECORDER")
+  until_true 10 test -p "$STAGE/card" -a -s "$SOUND"
+}
+
+stage_managed() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
+
+stage_start() {
+  # The card takes the sound at its own pace, so the program's driver need not wait besides.
+  SDL_AUDIODRIVER=disk SDL_DISKAUDIOFILE="$STAGE/card" SDL_DISKAUDIODELAY=0 "$1" >"$STAGE/program.log" 2>&1 &
+  PROGRAM=$!
+  STAGE_PIDS+=("$PROGRAM")
+  until_true 30 stage_window || { echo "the window did not come: $(cat "$STAGE/program.log")" >&2; return 1; }
+  xdotool windowactivate --sync "$WINDOW"
+}
+
+# The main window, once it is to be seen.
+stage_window() {
+  WINDOW=$(xdotool search --onlyvisible --pid "$PROGRAM" --name '^Marvolin' 2>/dev/null | head -n 1)
+  [[ -n $WINDOW ]]
+}
+
+stage_gone() { ! kill -0 "$PROGRAM" 2>/dev/null; }
+
+stage_quit() {
+  xdotool windowactivate --sync "$WINDOW" key --clearmodifiers alt+F4
+  until_true 20 stage_gone || { echo "the program does not end" >&2; return 1; }
+  wait "$PROGRAM"
+}
+
+# Ends the recording, so that the file is whole.
+stage_end_sound() {
+  kill "$RECORDER"
+  wait "$RECORDER"
+}
+
+stage_close() {
+  local i
+  for ((i = ${#STAGE_PIDS[@]} - 1; i >= 0; i--)); do
+    kill "${STAGE_PIDS[i]}" 2>/dev/null || true
+    wait "${STAGE_PIDS[i]}" 2>/dev/null || true
+  done
+  STAGE_PIDS=()
+}
+
+# A picture of the whole screen, or of the window, as PNG.
+stage_picture() { import -window "${2:-root}" "$1"; }
+
+# Left upper corner of the window on the screen: "X Y".
+stage_corner() {
+  local X Y
+  eval "$(xdotool getwindowgeometry --shell "$WINDOW" | grep -E '^[XY]=[-0-9]+$')"
+  echo "$X $Y"
+}
+
+# drop_at X Y FILE...: drops files at a place of the window.
+drop_at() {
+  local corner
+  read -ra corner <<<"$(stage_corner)"
+  local x=$((corner[0] + $1)) y=$((corner[1] + $2))
+  shift 2
+  "$STAGE_TOOLS/drop_files" "$x" "$y" "$@"
+}
+
+# click_at X Y [BUTTON]: a click at a place of the window.
+click_at() { xdotool mousemove --sync --window "$WINDOW" "$1" "$2" click "${3:-1}"; }
