@@ -4,7 +4,7 @@
 packages_program=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libsdl2-dev libopenal-dev
   libsndfile1-dev liblnk-dev libx11-dev fonts-dejavu-core)
 # What a run on a machine without a display needs besides.
-packages_stage=(xvfb openbox xdotool imagemagick)
+packages_stage=(xvfb openbox xdotool imagemagick x11-utils)
 # What the tests need besides.
 packages_tests=("${packages_stage[@]}" libgtest-dev libgmock-dev ccache alsa-utils)
 

@@ -44,9 +44,10 @@ stage_open() {
   fi
   exec 4<&-
   export DISPLAY=:$number
-  openbox --sm-disable 2>"$STAGE/openbox.log" &
+  # A window that is shown while the window manager still starts would be lost: it tells when it is ready.
+  openbox --sm-disable --startup "touch $STAGE/managed" >"$STAGE/openbox.log" 2>&1 &
   STAGE_PIDS+=($!)
-  until_true 20 stage_managed || { echo "no window manager" >&2; return 1; }
+  until_true 20 test -e "$STAGE/managed" || { echo "no window manager: $(cat "$STAGE/openbox.log")" >&2; return 1; }
 
   SOUND=$STAGE/sound.wav
   "$STAGE_TOOLS/record_sound" "$STAGE/card" "$SOUND" &
@@ -54,8 +55,6 @@ stage_open() {
   STAGE_PIDS+=("$RECORDER")
   until_true 10 test -p "$STAGE/card" -a -s "$SOUND"
 }
-
-stage_managed() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
 
 stage_start() {
   # The card takes the sound at its own pace, so the program's driver need not wait besides.
@@ -89,7 +88,7 @@ stage_end_sound() {
 stage_close() {
   local i
   for ((i = ${#STAGE_PIDS[@]} - 1; i >= 0; i--)); do
-    kill "${STAGE_PIDS[i]}" 2>/dev/null || true
+    kill -KILL "${STAGE_PIDS[i]}" 2>/dev/null || true
     wait "${STAGE_PIDS[i]}" 2>/dev/null || true
   done
   STAGE_PIDS=()
@@ -100,9 +99,7 @@ stage_picture() { import -window "${2:-root}" "$1"; }
 
 # Left upper corner of the window on the screen: "X Y".
 stage_corner() {
-  local X Y
-  eval "$(xdotool getwindowgeometry --shell "$WINDOW" | grep -E '^[XY]=[-0-9]+$')"
-  echo "$X $Y"
+  xwininfo -id "$WINDOW" | sed -n 's/^ *Absolute upper-left [XY]: *//p' | paste -sd ' '
 }
 
 # drop_at X Y FILE...: drops files at a place of the window.
@@ -115,4 +112,4 @@ drop_at() {
 }
 
 # click_at X Y [BUTTON]: a click at a place of the window.
-click_at() { xdotool mousemove --sync --window "$WINDOW" "$1" "$2" click "${3:-1}"; }
+click_at() { xdotool mousemove --window "$WINDOW" "$1" "$2" click "${3:-1}"; }
