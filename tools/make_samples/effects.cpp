@@ -10,11 +10,11 @@ namespace {
 
 using Frame = std::array<double, 2>;
 
-/// Runs `effect` over the frames of the clip and writes what it gives; a loop turns three times and only the
+/// Runs `effect` over the frames of the clip and writes what it gives; a loop turns twice and only the
 /// last turn is kept. `time` is the time within the loop.
 void Run(Clip& clip, const std::function<Frame(Frame in, double time)>& effect) {
     const bool stereo = clip.channels.size() == 2;
-    const int turns = clip.loops ? 3 : 1;
+    const int turns = clip.loops ? 2 : 1;
     const Clip source = clip;
     for (int turn = 0; turn < turns; ++turn) {
         for (std::size_t i = 0; i < source.Frames(); ++i) {
