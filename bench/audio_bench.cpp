@@ -12,7 +12,7 @@
 namespace marvolin {
 namespace {
 
-constexpr std::int64_t kBytes = 100'000'000;
+constexpr std::int64_t kBytes = 24 * 4'166'666;  // 100 MB, whole frames of every format
 
 /// An instrument whose row 0 holds 100 MB of 16-bit stereo, 24-bit stereo, ...
 void Fill(test::Instrument& i, std::int16_t channels, std::int16_t bits) {

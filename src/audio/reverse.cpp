@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <array>
 #include <cstring>
 #include <memory>
 #include <new>
@@ -13,50 +15,62 @@ namespace marvolin {
 namespace {
 
 constexpr std::size_t kLargestFrame = 129;
+constexpr std::int64_t kPieceBytes = 96 * 1024;  // whole frames of any size that PCM has, and at home in the cache
 
-// `size` swaps of frames from both ends inwards. A size known when compiled makes each a pair of register moves.
+// Writes the frames of `from` behind `to` in reverse order. A size known when compiled makes each a register move.
 template <std::size_t size>
-void SwapFrames(std::uint8_t* low, std::uint8_t* high, std::int64_t pairs) {
-    std::uint8_t first[size];
-    std::uint8_t second[size];
-    for (; pairs > 0; --pairs, low += size, high -= size) {
-        std::memcpy(first, low, size);
-        std::memcpy(second, high, size);
-        std::memcpy(low, second, size);
-        std::memcpy(high, first, size);
-    }
+void CopyReversed(const std::uint8_t* from, std::uint8_t* __restrict to, std::int64_t frames) {
+    from += (frames - 1) * static_cast<std::int64_t>(size);
+    for (; frames > 0; --frames, from -= size, to += size) std::memcpy(to, from, size);
 }
 
-void SwapFramesOfAnySize(std::uint8_t* low, std::uint8_t* high, std::int64_t pairs, std::size_t size) {
-    if (size > kLargestFrame) throw SubscriptError();
-    std::uint8_t scratch[kLargestFrame];
-    for (; pairs > 0; --pairs, low += size, high -= size) {
-        std::memcpy(scratch, low, size);
-        std::memmove(low, high, size);
-        std::memcpy(high, scratch, size);
-    }
-}
+using FrameCopier = void (*)(const std::uint8_t* from, std::uint8_t* to, std::int64_t frames);
 
-void ReverseFrames(std::uint8_t* bytes, std::int32_t count, std::int32_t frameSize) {
-    if (frameSize <= 0) throw RuntimeError(11, "Division by zero");
-    const auto pairs = static_cast<std::int64_t>(Int(Round(static_cast<double>(count) / frameSize) / 2));
-    if (pairs == 0) return;
-    std::uint8_t* high = bytes + (count - frameSize);
+FrameCopier CopierFor(std::int32_t frameSize) {
     switch (frameSize) {
         case 1:
-            return SwapFrames<1>(bytes, high, pairs);
+            return CopyReversed<1>;
         case 2:
-            return SwapFrames<2>(bytes, high, pairs);
+            return CopyReversed<2>;
         case 3:
-            return SwapFrames<3>(bytes, high, pairs);
+            return CopyReversed<3>;
         case 4:
-            return SwapFrames<4>(bytes, high, pairs);
+            return CopyReversed<4>;
         case 6:
-            return SwapFrames<6>(bytes, high, pairs);
+            return CopyReversed<6>;
         case 8:
-            return SwapFrames<8>(bytes, high, pairs);
+            return CopyReversed<8>;
         default:
-            return SwapFramesOfAnySize(bytes, high, pairs, static_cast<std::size_t>(frameSize));
+            return nullptr;
+    }
+}
+
+// Frame by frame from both ends inwards, as many pairs as there are; what is left of a frame at the end takes part.
+void SwapFrames(std::uint8_t* bytes, std::int32_t count, std::int32_t size) {
+    if (size <= 0) throw RuntimeError(11, "Division by zero");
+    if (static_cast<std::size_t>(size) > kLargestFrame) throw SubscriptError();
+    std::uint8_t scratch[kLargestFrame];
+    std::uint8_t* low = bytes;
+    std::uint8_t* high = bytes + (count - size);
+    const auto frame = static_cast<std::size_t>(size);
+    for (double pairs = Int(Round(static_cast<double>(count) / size) / 2); pairs > 0; --pairs) {
+        std::memcpy(scratch, low, frame);
+        std::memmove(low, high, frame);
+        std::memcpy(high, scratch, frame);
+        low += size;
+        high -= size;
+    }
+}
+
+// Whole frames: read in pieces, each of which is laid down reversed while it is in the cache.
+void ReadReversed(DirectSoundBuffer& buffer, std::uint8_t* bytes, std::int64_t count, std::int32_t size,
+                  FrameCopier copy) {
+    std::array<std::uint8_t, kPieceBytes> piece;
+    for (std::int64_t at = 0; at < count;) {
+        const std::int64_t length = std::min(kPieceBytes, count - at);
+        buffer.ReadBuffer(static_cast<std::int32_t>(at), {piece.data(), static_cast<std::size_t>(length)});
+        at += length;
+        copy(piece.data(), bytes + (count - at), length / size);
     }
 }
 
@@ -66,8 +80,14 @@ void ReverseSample(Session& s, Row row) {
     const auto size = static_cast<std::size_t>(count);
     const auto bytes = std::make_unique_for_overwrite<std::uint8_t[]>(size + 1);
     const WaveFormat format = buffer.GetFormat();
-    buffer.ReadBuffer(0, {bytes.get(), size});
-    ReverseFrames(bytes.get(), count, ToI4(Int(format.Channels * format.BitsPerSample / 8.0)));
+    const std::int32_t frameSize = ToI4(Int(format.Channels * format.BitsPerSample / 8.0));
+    const FrameCopier copy = CopierFor(frameSize);
+    if (copy != nullptr && count % frameSize == 0) {
+        ReadReversed(buffer, bytes.get(), count, frameSize, copy);
+    } else {
+        buffer.ReadBuffer(0, {bytes.get(), size});
+        SwapFrames(bytes.get(), count, frameSize);
+    }
     buffer.WriteBuffer(0, {bytes.get(), size});
 }
 
