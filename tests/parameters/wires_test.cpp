@@ -329,6 +329,14 @@ TEST(ThinTo, EndsAtAStopThatDoesNotTakeTheLetterOut) {
     EXPECT_EQ(i.s.ThinList, "ABC");
 }
 
+TEST(ThinTo, ANumberBelowZeroEmptiesTheListAndEnds) {
+    Instrument i;
+    Start(i, {0, 1});
+    i.s.Limit = -1;
+    ThinTo(i.s);
+    EXPECT_EQ(i.s.ThinList, "");
+}
+
 TEST(ThinTo, RowsThatAreNotThinnableNeitherCountNorStop) {
     Instrument i;
     i.s.Set[0].Thinnable = False;
