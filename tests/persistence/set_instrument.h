@@ -41,6 +41,8 @@ struct SetInstrument : Instrument {
         s.DSEnum = s.DX->GetDSEnum();
         PadGeometryInit(s, 4500, 4500);
         PadTablesInit(s);
+        s.StatusText.clear();
+        Screen.Log.clear();
     }
     bool Save(const std::string& name, const clsSwitchRecord& switches = All(), bool selectionsOnly = false) {
         return SaveSession(s, Folder / name, selectionsOnly, switches);

@@ -1,0 +1,224 @@
+#include "persistence/save_open.h"
+
+#include <gtest/gtest.h>
+
+#include "persistence/quick_load.h"
+#include "persistence/session_file_store.h"
+#include "persistence/set_instrument.h"
+#include "persistence/snapshot.h"
+
+namespace marvolin {
+namespace {
+
+using namespace test;
+
+const ElementPreset& Preset(std::string_view text) {
+    for (const ElementPreset& preset : kElementPresets) {
+        if (preset.Text == text) return preset;
+    }
+    throw std::runtime_error("no such preset");
+}
+
+struct PresetCase {
+    const char* Text;
+    const char* Rows;  ///< one character a row of `Elements`, 1 selected
+};
+class SaveOpenPreset : public ::testing::TestWithParam<PresetCase> {};
+TEST_P(SaveOpenPreset, SelectsItsRowsInItsListAlone) {
+    for (int list = 0; list < 2; ++list) {
+        SaveOpenChoices choices;
+        for (auto& rows : choices.Elements) rows.fill(true);
+        ChoosePreset(choices, list, Preset(GetParam().Text));
+        std::string rows;
+        for (const bool on : choices.Elements[static_cast<std::size_t>(list)]) rows += on ? '1' : '0';
+        EXPECT_EQ(rows, GetParam().Rows);
+        for (const bool on : choices.Elements[static_cast<std::size_t>(1 - list)]) EXPECT_TRUE(on);
+    }
+}
+INSTANTIATE_TEST_SUITE_P(SaveOpen, SaveOpenPreset,
+                         ::testing::Values(PresetCase{"All", "1111111111111111"},
+                                           PresetCase{"None", "0000000000000000"},
+                                           PresetCase{"Loop", "1111111110000000"},
+                                           PresetCase{"Jamming", "0000000001111111"},
+                                           PresetCase{"3d", "0000000010000001"}));
+
+TEST(SaveOpen, TheListsShowTheElementsInTheirOwnOrder) {
+    constexpr std::array<std::string_view, 16> kTexts{"Sample, Play Mode, Thinnable",
+                                                      "Play State",
+                                                      "Pitch",
+                                                      "Pitch Pattern",
+                                                      "Volume",
+                                                      "Volume Pattern",
+                                                      "Pan",
+                                                      "Pan Pattern",
+                                                      "3d Position",
+                                                      "Wiring",
+                                                      "Bands",
+                                                      "Browse Folders & Destinations",
+                                                      "ClipBoard",
+                                                      "History Lists",
+                                                      "General settings",
+                                                      "3d Enabled"};
+    for (std::size_t row = 0; row < kTexts.size(); ++row) EXPECT_EQ(kElementRows[row].Text, kTexts[row]);
+}
+
+TEST(SaveOpen, EveryRowIsFilledFromItsSwitchAndTakenBackIntoIt) {
+    for (const ElementRow& row : kElementRows) {
+        SCOPED_TRACE(row.Text);
+        SetInstrument i;
+        i.s.SaveOpenSwitches[1] = Only(row.Switch);
+        SaveOpenChoices choices = CurrentChoices(i.s);
+        EXPECT_EQ(std::count(choices.Elements[0].begin(), choices.Elements[0].end(), true), 0);
+        EXPECT_EQ(std::count(choices.Elements[1].begin(), choices.Elements[1].end(), true), 1);
+        std::swap(choices.Elements[0], choices.Elements[1]);
+        TakeBack(i.s, choices);
+        EXPECT_EQ(i.s.SaveOpenSwitches[0], Only(row.Switch));
+        EXPECT_EQ(i.s.SaveOpenSwitches[1], clsSwitchRecord{});
+    }
+}
+
+TEST(SaveOpen, TheTitleNamesTheFile) {
+    SetInstrument i;
+    OpenSaveOpen(i.s, "");
+    EXPECT_EQ(SaveOpenTitle(i.s), "Save/Open");
+    OpenSaveOpen(i.s, "live.mvn");
+    EXPECT_EQ(SaveOpenTitle(i.s), "Save/Open-live.mvn");
+    EXPECT_EQ(i.Forms.Log, (std::vector<std::string>{"Show Save", "Show Save"}));
+}
+
+TEST(SaveOpen, SaveTakesTheChoicesBackSavesAndCloses) {
+    SetInstrument i;
+    OpenSaveOpen(i.s, "live.mvn");
+    SaveOpenChoices choices;
+    choices.Elements[0].fill(true);
+    choices.SelectionsOnly = true;
+    choices.EmptyBlank = true;
+    choices.Session = "Gig";
+    SaveIt_Click(i.s, choices);
+    EXPECT_EQ(i.Store.Log, std::vector<std::string>{"Save " + (i.Folder / "live.mvn") + " selected everything"});
+    EXPECT_EQ(i.s.EmptyBlankSetting, 1);
+    EXPECT_EQ(i.s.SessionName, "Gig");
+    EXPECT_EQ(i.Forms.Log.back(), "Hide Save");
+    EXPECT_EQ(i.Screen.Count("ShowQuickLoad"), 1);
+}
+
+TEST(SaveOpen, ReloadClosesLoadsAndEnablesSave) {
+    SetInstrument i;
+    OpenSaveOpen(i.s, "live.mvn");
+    SaveOpenChoices choices;
+    choices.Elements[1].fill(true);
+    i.Store.OnLoad = [&] { EXPECT_EQ(i.Forms.Log.back(), "Hide Save"); };
+    Reload_Click(i.s, choices);
+    EXPECT_EQ(i.Store.Log, std::vector<std::string>{"Load " + (i.Folder / "live.mvn") + " current adopt everything"});
+    EXPECT_TRUE(i.s.SaveItEnabled);
+    EXPECT_EQ(i.Screen.Count("ShowQuickLoad"), 1);
+}
+
+TEST(SaveOpen, AReloadThatFailsEnablesNothing) {
+    SetInstrument i;
+    i.Store.Answer = false;
+    Reload_Click(i.s, {});
+    EXPECT_FALSE(i.s.SaveItEnabled);
+    EXPECT_EQ(i.Screen.Count("ShowQuickLoad"), 0);
+}
+
+TEST(SaveOpen, AChosenFileTakesFolderAndNameOver) {
+    SetInstrument i;
+    SaveItAs_Chosen(i.s, {}, "/other/new.mvp");
+    EXPECT_EQ(i.Store.Log, std::vector<std::string>{"Save /other/new.mvp all"});
+    EXPECT_EQ(i.s.CurrentFolder, "/other/");
+    EXPECT_EQ(i.s.DialogueFile, "new.mvp");
+    EXPECT_EQ(i.s.Title, "marvolin-new.mvp");
+    OpenIt_Chosen(i.s, {}, "/third/old.mvn");
+    EXPECT_EQ(i.Store.Log.back(), "Load /third/old.mvn current adopt");
+    EXPECT_EQ(i.s.CurrentFolder, "/third/");
+    EXPECT_TRUE(i.s.SaveItEnabled);
+}
+
+TEST(SaveOpen, OpeningAFileChangesTheSaveListAsWell) {
+    SetInstrument i;
+    ASSERT_TRUE(i.Save("x.mvn", Only(Element::Vol)));
+    SessionFileStore store;
+    ASSERT_TRUE(store.LoadSession(i.s, i.Folder / "x.mvn", true, clsSwitchRecord{}, true));
+    EXPECT_EQ(CurrentChoices(i.s).Elements[0], ([] {
+                  std::array<bool, kElements> rows{};
+                  rows[4] = true;
+                  return rows;
+              }()));
+}
+
+TEST(QuickLoad, ListsTheSessionsOfTheFolderInDirectoryOrderAndNoPackages) {
+    SetInstrument i;
+    for (const char* name : {"b.mvn", "a.MVN", "p.mvp", "b.mvn~", "c.mvn.txt"}) WriteBytes(i.Folder / name, "");
+    std::filesystem::create_directory(i.Folder / "d.mvn");
+    UpdateQuickLoad(i.s);
+    std::vector<std::string> expected{"<Close>"};
+    for (const auto& entry : std::filesystem::directory_iterator(i.Folder.Path())) {
+        const std::string name = entry.path().filename().string();
+        if (name == "b.mvn" || name == "a.MVN") expected.push_back(name.substr(0, 1));
+    }
+    EXPECT_EQ(expected.size(), 3U);
+    EXPECT_EQ(i.s.QuickLoadRows, expected);
+    EXPECT_TRUE(i.s.QuickLoadEnabled);
+}
+
+TEST(QuickLoad, AFolderWithoutSessionsGivesCloseAloneEnabled) {
+    SetInstrument i;
+    UpdateQuickLoad(i.s);
+    EXPECT_EQ(i.s.QuickLoadRows, std::vector<std::string>{"<Close>"});
+    EXPECT_TRUE(i.s.QuickLoadEnabled);
+}
+
+TEST(QuickLoad, AFolderThatIsGoneGivesCloseAloneDisabled) {
+    SetInstrument i;
+    i.s.CurrentFolder = "/nowhere/at/all/";
+    UpdateQuickLoad(i.s);
+    EXPECT_EQ(i.s.QuickLoadRows, std::vector<std::string>{"<Close>"});
+    EXPECT_FALSE(i.s.QuickLoadEnabled);
+}
+
+TEST(QuickLoad, PickingCloseOnlyHidesTheList) {
+    SetInstrument i;
+    QuickLoadPop_MouseUp(i.s, kLeftButton);
+    QuickLoad_Click(i.s, "<Close>");
+    EXPECT_TRUE(i.Store.Log.empty());
+    EXPECT_TRUE(i.Forms.Log.empty());
+    EXPECT_EQ(i.Screen.Log, (std::vector<std::string>{"ShowQuickLoadList open", "ShowQuickLoadList hide"}));
+}
+
+TEST(QuickLoad, TheLeftButtonLoadsAtOnceAndAnyOtherOpensTheDialogue) {
+    SetInstrument i;
+    i.s.SaveOpenSwitches[1] = All();
+    QuickLoadPop_MouseUp(i.s, kLeftButton);
+    QuickLoad_Click(i.s, "live");
+    EXPECT_EQ(i.Store.Log, std::vector<std::string>{"Load " + (i.Folder / "live.mvn") + " current adopt everything"});
+    QuickLoadPop_MouseUp(i.s, kRightButton);
+    QuickLoad_Click(i.s, "live");
+    EXPECT_EQ(i.Store.Log.size(), 1U);
+    EXPECT_EQ(i.s.DialogueFile, "live.mvn");
+    EXPECT_EQ(i.Forms.Log, std::vector<std::string>{"Show Save"});
+    QuickLoad_LostFocus(i.s);
+    EXPECT_EQ(i.Screen.Log.back(), "ShowQuickLoadList hide");
+}
+
+TEST(Snapshot, TakesTheNextFreeNumberUnderTheSessionsName) {
+    SetInstrument i;
+    i.s.SaveOpenSwitches[0] = All();
+    EXPECT_EQ(SnapshotName(i.s), "Snapshot 001.mvn");
+    i.s.SessionName = " Live/Set ";
+    WriteBytes(i.Folder / "Live-Set 001.mvn", "");
+    SnapShot_MouseUp(i.s);
+    EXPECT_EQ(i.Store.Log, std::vector<std::string>{"Save " + (i.Folder / "Live-Set 002.mvn") + " all everything"});
+    EXPECT_EQ(i.s.StatusText, "Live-Set 002.mvn");
+    EXPECT_EQ(i.Screen.Count("ShowQuickLoad"), 1);
+}
+
+TEST(Snapshot, AFailedSaveSaysNoName) {
+    SetInstrument i;
+    i.Store.Answer = false;
+    SnapShot_MouseUp(i.s);
+    EXPECT_EQ(i.s.StatusText, "");
+}
+
+}  // namespace
+}  // namespace marvolin

@@ -1,0 +1,129 @@
+#include "persistence/start_up_demo.h"
+
+#include <gtest/gtest.h>
+
+#include "persistence/set_instrument.h"
+
+namespace marvolin {
+namespace {
+
+using namespace test;
+
+/// A tick of the countdown; the timer may be dropped in it.
+void Tick(SetInstrument& i) {
+    const auto tick = i.Timers.Live.at(0)->OnTick;
+    tick(3000);
+}
+
+TEST(StartUpDemo, WithBothFilesPresentOnlyTheDemoLoads) {
+    SetInstrument i;
+    WriteBytes(i.Folder / "startup.mvp", "");
+    WriteBytes(i.Folder / "preferences.mvn", "");
+    LoadStartUpContent(i.s);
+    EXPECT_EQ(i.Store.Log, std::vector<std::string>{"Load " + (i.Folder / "startup.mvp") + " everything"});
+    EXPECT_EQ(i.s.DemoStep, 1);
+    ASSERT_EQ(i.Timers.Live.size(), 1U);
+    EXPECT_EQ(i.Timers.Live[0]->Interval, 3000);
+    EXPECT_TRUE(i.Timers.Live[0]->Enabled);
+    EXPECT_EQ(i.Screen.Count("ShowQuickLoad"), 1);
+}
+
+TEST(StartUpDemo, AFailedDemoStartsNoneAndThePreferencesStayUnread) {
+    SetInstrument i;
+    WriteBytes(i.Folder / "startup.mvp", "");
+    WriteBytes(i.Folder / "preferences.mvn", "");
+    i.Store.Answer = false;
+    LoadStartUpContent(i.s);
+    EXPECT_EQ(i.Store.Log.size(), 1U);
+    EXPECT_EQ(i.s.DemoStep, 0);
+    EXPECT_TRUE(i.Timers.Live.empty());
+}
+
+TEST(StartUpDemo, WithoutADemoThePreferencesLoad) {
+    SetInstrument i;
+    WriteBytes(i.Folder / "preferences.mvn", "");
+    LoadStartUpContent(i.s);
+    EXPECT_EQ(i.Store.Log, std::vector<std::string>{"Load " + (i.Folder / "preferences.mvn") + " everything"});
+    EXPECT_EQ(i.s.DemoStep, 0);
+    EXPECT_EQ(i.Screen.Count("ShowQuickLoad"), 1);
+}
+
+TEST(StartUpDemo, WithNeitherFileTheInstrumentStartsEmpty) {
+    SetInstrument i;
+    LoadStartUpContent(i.s);
+    EXPECT_TRUE(i.Store.Log.empty());
+}
+
+TEST(StartUpDemo, BCAndDFadeOneAfterTheOtherAndThenTheQuestionComes) {
+    SetInstrument i;
+    WriteBytes(i.Folder / "startup.mvp", "");
+    LoadStartUpContent(i.s);
+    Tick(i);
+    EXPECT_EQ(i.Forms.Log, (std::vector<std::string>{"Unload Splash", "BringToFront Main"}));
+    EXPECT_EQ(i.s.Run[1].FadeState, kFalling);
+    EXPECT_EQ(i.s.DemoStep, 2);
+    EXPECT_EQ(i.Timers.Live.at(0)->Interval, 2000);
+    Tick(i);
+    EXPECT_EQ(i.s.Run[2].FadeState, kFalling);
+    EXPECT_EQ(i.s.DemoStep, 3);
+    EXPECT_EQ(i.Timers.Live.at(0)->Interval, 4000);
+    EXPECT_EQ(i.s.Run[3].FadeState, kNoFade);
+    Tick(i);
+    EXPECT_EQ(i.s.Run[3].FadeState, kFalling);
+    EXPECT_EQ(i.s.Run[0].FadeState, kNoFade);
+    EXPECT_EQ(i.s.DemoStep, 4);
+    EXPECT_TRUE(i.Timers.Live.empty());
+    EXPECT_EQ(i.Forms.Log.back(), "Show StartUpQuery");
+}
+
+TEST(StartUpDemo, ASplashThatIsGoneDoesNotStopTheDemo) {
+    SetInstrument i;
+    WriteBytes(i.Folder / "startup.mvp", "");
+    LoadStartUpContent(i.s);
+    i.Forms.Loaded.erase(Form::Splash);
+    Tick(i);
+    EXPECT_EQ(i.s.DemoStep, 2);
+}
+
+TEST(StartUpQuery, NoRenamesTheDemoAwayAndTellsHowToGetItBack) {
+    SetInstrument i;
+    i.Forms.Loaded.insert(Form::StartUpQuery);
+    WriteBytes(i.Folder / "startup.mvp", "demo");
+    WriteBytes(i.Folder / "disabledstartup.mvp", "older");
+    cmdNo_Click(i.s);
+    EXPECT_FALSE(std::filesystem::exists(i.Folder / "startup.mvp"));
+    EXPECT_EQ(ReadBytes(i.Folder / "disabledstartup.mvp"), "demo");
+    EXPECT_EQ(i.Desk.LastBox(),
+              "To re-enable the startup demo, change the name disabledstartup.mvp in your marvolin directory to "
+              "startup.mvp");
+    EXPECT_EQ(i.Forms.Log.back(), "Unload StartUpQuery");
+}
+
+TEST(StartUpQuery, NoWithoutADemoIgnoresTheErrors) {
+    SetInstrument i;
+    i.Forms.Loaded.insert(Form::StartUpQuery);
+    cmdNo_Click(i.s);
+    EXPECT_EQ(i.Desk.Boxes.size(), 1U);
+}
+
+TEST(StartUpQuery, YesChangesNothing) {
+    SetInstrument i;
+    i.Forms.Loaded.insert(Form::StartUpQuery);
+    WriteBytes(i.Folder / "startup.mvp", "demo");
+    cmdYes_Click(i.s);
+    EXPECT_TRUE(std::filesystem::exists(i.Folder / "startup.mvp"));
+    EXPECT_TRUE(i.Desk.Boxes.empty());
+}
+
+TEST(StartUpQuery, BringsUpItsHelpPageAndNotesIt) {
+    SetInstrument i;
+    StartUpQuery_Activate(i.s);
+    EXPECT_EQ(i.Desk.Log.back(), "ShowHelpTopic " + std::to_string(kStartUpQueryTopic));
+    EXPECT_TRUE(i.s.HelpShown);
+    i.Desk.HelpFails = true;
+    StartUpQuery_Activate(i.s);
+    EXPECT_EQ(i.Desk.LastBox(), "Error trying to open help file, File not found");
+}
+
+}  // namespace
+}  // namespace marvolin
