@@ -6,6 +6,7 @@
 
 namespace marvolin {
 
+/// Number of the listener's ball, behind those of the LoopTracks.
 inline constexpr int kListenerBall = 4;
 
 /// Stores the place of a ball (0..3 LoopTracks, 4 the listener) in map units; with `apply` and `Use3D` the service

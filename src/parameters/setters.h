@@ -16,10 +16,11 @@ void LoopPanChange(Session& s, Row row, std::int16_t& pan, bool takeHold);
 /// Stores one row's frequency, limited in place to 1..4000.
 void LoopHzChange(Session& s, Row row, std::int16_t& hz, bool takeHold);
 
-/// The same value for the controlled rows and row 4, for the row's band, or for the row; heard at once.
+/// The same volume, 0..500, for the controlled rows and row 4, for the row's band, or for the row; heard at once.
 void LoopVolChangeGang(Session& s, Row row, std::int16_t vol, bool updateDisplay);
-/// Does nothing at all while `Use3D`.
+/// The same grouping for the pan, 0..1000; does nothing at all while `Use3D`.
 void LoopPanChangeGang(Session& s, Row row, std::int16_t pan);
+/// The same grouping for the frequency, 1..4000; heard at once.
 void LoopHzChangeGang(Session& s, Row row, std::int16_t hz);
 
 /// Number of the picture, 0..63, of a knob at `value` on a scale of the given length.

@@ -128,7 +128,7 @@ void Limiter_Gesture(Session& s, Phase phase, double y) {
 
 void ThinTo(Session& s) {
     if (s.Limit == kNoLimit) return;
-    while (s.Limit < static_cast<std::int64_t>(s.ThinList.size())) {
+    while (!s.ThinList.empty() && s.Limit < static_cast<std::int64_t>(s.ThinList.size())) {
         const std::string before = s.ThinList;
         LoopStop(s, static_cast<Row>(before.front() - 'A'));
         // A stop that did not take the letter out would come back for ever.

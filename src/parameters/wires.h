@@ -21,7 +21,7 @@ void ChannelFlag_Gesture(Session& s, Row row, Phase phase, std::int16_t button, 
 
 /// `Limiter`: a drag sets the limit 1..4, its end thins.
 void Limiter_Gesture(Session& s, Phase phase, double y);
-/// Stops the oldest until the limit holds.
+/// Stops the oldest until the limit holds; at 4 there is none.
 void ThinTo(Session& s);
 
 }  // namespace marvolin

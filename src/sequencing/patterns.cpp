@@ -84,6 +84,8 @@ void PatternEdit(Session& s, int patternRow, std::int16_t button, double x, doub
 }
 
 void PatternStore(Session& s, int patternRow, int column, double value) {
+    // A file may hold more steps than a pattern has slots, and the graph is then laid out for them.
+    if (column < 0 || column > kPatternOffset + 1) return;
     const int slot = column == 0 ? kPatternOffset : column - 1;
     s.Set[s.CurrentLoop].Pattern[patternRow][slot] = ToI2(value);
     // The slot behind the last step of a full pattern is the spread, which the random column shows.

@@ -8,6 +8,7 @@
 
 namespace marvolin {
 
+/// Hints of the graphs, of the frame around them, of the number of steps and of the eraser.
 inline constexpr std::string_view kPatternGraphHint = "clk, drg Draw Pattern; rtdrg Copy Pattern";
 inline constexpr std::string_view kPatternsHint = "rtdrg Copy All Patterns";
 inline constexpr std::string_view kNStepsHint = "drg #Steps -/+";
@@ -34,7 +35,7 @@ void PatternGraph_Gesture(Session& s, int patternRow, Phase phase, std::int16_t 
 /// behind the last, are ignored.
 void PatternEdit(Session& s, int patternRow, std::int16_t button, double x, double y, GraphSize size);
 /// Takes the value of a graph's column into the record of `CurrentLoop`: column 0 is the random one, column n (1..33)
-/// the slot of step n, of which the 33rd is the row's spread.
+/// the slot of step n, of which the 33rd is the row's spread. Any other column is ignored.
 void PatternStore(Session& s, int patternRow, int column, double value);
 
 /// A drop of `Eraser` on graph `patternRow`. Only this graph is laid out and shown again.

@@ -13,6 +13,7 @@ namespace marvolin {
 inline constexpr std::array<double, 20> kDigitWeight{1, 10, 100, 1000, 10000, 1, 10, 100, 1000, 10000,
                                                      1, 10, 100, 1000, 10000, 1, 10, 100, 1000, 10000};
 
+/// Hints of the digits, of the labels and the frame that are dragged off to copy, and of the tab that copies all.
 inline constexpr std::string_view kTimeDigitHint = "drg Digits -/+";
 inline constexpr std::string_view kCloneTimeHint = "rtdrg Copy Timing Element";
 inline constexpr std::string_view kAllTimingHint = "rtdrg Copy All Timing Elements";

@@ -243,6 +243,29 @@ TEST(KnobDblClick, OnARowInABandMutesOrRestoresTheWholeBandWhateverTheOthersWere
     for (Row row = 0; row < 3; ++row) EXPECT_EQ(i.s.Set[row].Vol, 500);
 }
 
+TEST(KnobDblClick, CentreAndRateReachTheWholeBandAndAreHeard) {
+    Instrument i;
+    i.MakeBand(1, 0, 1);
+    for (const Row row : {Row{0}, Row{1}}) {
+        i.Fill(row);
+        i.s.Set[row].Pan = 100;
+        i.s.Set[row].Hz = 100;
+    }
+    i.Sound.Log.clear();
+    Knob_DblClick(i.s, Knob::Pan, 1);
+    Knob_DblClick(i.s, Knob::Hz, 1);
+    EXPECT_THAT(i.Sound.Log,
+                ElementsAre("SetPan b0 0", "SetPan b1 0", "SetFrequency b0 44100", "SetFrequency b1 44100"));
+}
+
+TEST(KnobDblClick, WithThreeDimensionsThePanIsNotCentred) {
+    Instrument i;
+    i.s.Use3D = true;
+    i.s.Set[0].Pan = 100;
+    Knob_DblClick(i.s, Knob::Pan, 0);
+    EXPECT_EQ(i.s.Set[0].Pan, 100);
+}
+
 TEST(KnobDblClick, ClosesAnOpenDragAtTheZeroPointAndOtherwiseSendsNoEvent) {
     Instrument i;
     i.s.DragAxis = kVertical;

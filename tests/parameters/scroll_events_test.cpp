@@ -111,6 +111,7 @@ TEST(ScrollSensitivity, TheFirstOptionServesTheKnobsTheSecondBothCountersOfTheMa
     ScrollSensitivity_Change(i.s, 0, 4);
     EXPECT_FALSE(Passes(ScrollCounter(i.s, kKnobScroll), 0));
     EXPECT_TRUE(Passes(ScrollCounter(i.s, kMapScroll), 0));
+    EXPECT_EQ(i.Screen.Count("ShowOptions"), 2);
     EXPECT_EQ(i.s.ScrollSensitivity[0], 4);
     EXPECT_EQ(i.s.ScrollSensitivity[1], 2);
 }
@@ -140,6 +141,23 @@ TEST(ScriptEvents, AnEventIsNotWantedWhileItRuns) {
     ASSERT_EQ(i.Scripts.Events.size(), 1U);
     EXPECT_THAT(i.Scripts.Events[0].Arguments, ElementsAre(1, 2));
     EXPECT_EQ(i.s.EventWanted[ScriptEvent::OnVolChange], -1);
+}
+
+TEST(ScriptEvents, AnEventInFlightCountsAsBusyAndLeavesTheFlagAsItWas) {
+    for (const bool busy : {false, true}) {
+        for (const bool fail : {false, true}) {
+            SCOPED_TRACE(::testing::Message() << busy << fail);
+            Instrument i;
+            i.s.ScriptBusy = busy;
+            i.s.EventWanted[ScriptEvent::OnVolChange] = -1;
+            i.Scripts.Fail = fail;
+            bool during = false;
+            i.Scripts.During = [&](ScriptEvent) { during = i.s.ScriptBusy; };
+            SendScriptEvent(i.s, ScriptEvent::OnVolChange, std::array{1.0, 2.0});
+            EXPECT_TRUE(during);
+            EXPECT_EQ(i.s.ScriptBusy, busy);
+        }
+    }
 }
 
 TEST(ScriptEvents, AFailingEventIsReportedByNameAndIsSilentFromThenOn) {

@@ -160,15 +160,25 @@ TEST(ChannelFlag, TheThirdsEndAtTheirBorders) {
 }
 
 TEST(ChannelFlag, AClickIsHeardAtOnceForTheWholeGang) {
-    Instrument i;
-    i.MakeBand(1, 0, 2);
-    i.Fill(0);
-    i.Fill(2);
-    Press(i, 1, kLeftButton, kLeft);
-    Release(i, 1, kLeftButton, kLeft);
-    for (Row row = 0; row < 3; ++row) EXPECT_EQ(i.s.Set[row].Channel, 4);
-    EXPECT_EQ(i.s.Set[3].Channel, 4);  // its own from the start
-    EXPECT_EQ(i.Sound.Count("SetVolume"), 2);
+    struct Case {
+        std::int16_t Button;
+        double X;
+        int Channel;  ///< from 2
+    };
+    for (const Case& c :
+         std::vector<Case>{{kLeftButton, kLeft, 4}, {kLeftButton, kRight, 1}, {kRightButton, kLeft, 6}}) {
+        SCOPED_TRACE(c.Channel);
+        Instrument i;
+        i.MakeBand(1, 0, 2);
+        i.Fill(0);
+        i.Fill(2);
+        i.s.Set[3].Channel = 3;
+        Press(i, 1, c.Button, c.X);
+        Release(i, 1, c.Button, c.X);
+        for (Row row = 0; row < 3; ++row) EXPECT_EQ(i.s.Set[row].Channel, c.Channel);
+        EXPECT_EQ(i.s.Set[3].Channel, 3);
+        EXPECT_EQ(i.Sound.Count("SetVolume"), 2);
+    }
 }
 
 TEST(ChannelFlag, FourTwipsAreAClickFiveADrag) {
@@ -286,6 +296,13 @@ TEST(Limiter, MovesOneForTwentyTwipsUpwardsMoreWithinOneToFour) {
         Limiter_Gesture(i.s, Phase::Move, 1000 + c.Distance);
         EXPECT_EQ(i.s.Limit, c.Limit) << c.Distance;
     }
+    for (std::int16_t limit = 1; limit <= 4; ++limit) {
+        Instrument i;
+        i.s.Limit = limit;
+        Limiter_Gesture(i.s, Phase::Down, 1000);
+        Limiter_Gesture(i.s, Phase::Move, 1000);
+        EXPECT_EQ(i.s.Limit, limit);
+    }
 }
 
 TEST(Limiter, AMoveWithoutAPressOnlyShowsTheHintAndAReleaseDoesNotThin) {
@@ -327,6 +344,14 @@ TEST(ThinTo, EndsAtAStopThatDoesNotTakeTheLetterOut) {
     i.s.Limit = 1;
     ThinTo(i.s);
     EXPECT_EQ(i.s.ThinList, "ABC");
+}
+
+TEST(ThinTo, ANumberBelowZeroEmptiesTheListAndEnds) {
+    Instrument i;
+    Start(i, {0, 1});
+    i.s.Limit = -1;
+    ThinTo(i.s);
+    EXPECT_EQ(i.s.ThinList, "");
 }
 
 TEST(ThinTo, RowsThatAreNotThinnableNeitherCountNorStop) {

@@ -153,6 +153,17 @@ TEST_F(LoopClock, AStoppedRowCountsNothing) {
     EXPECT_EQ(run.StepElapsed, 0);
 }
 
+TEST_F(LoopClock, AStepThatFellDueOnARowThatNoLongerPlaysIsNotTaken) {
+    LoopTrackRun& run = Sounding(0, kTrack, 10);
+    i.Sound.Log.clear();
+    run.Playing = False;
+    run.StepDue = True;
+    LoopStep(i.s, 0);
+    EXPECT_EQ(run.Step, 0);
+    EXPECT_EQ(run.StepDue, True);
+    EXPECT_THAT(i.Sound.Log, IsEmpty());
+}
+
 TEST_F(LoopClock, LoweringNStepsBelowTheCurrentStepIsHarmlessTheNextStepWraps) {
     LoopTrackRun& run = Sounding(0, kTrack, 10);
     i.s.Set[0].NSteps = 31;
@@ -323,6 +334,16 @@ TEST_F(LoopClock, APausedOneShotIsNotPolled) {
     run.Paused = True;
     LoopTimer_Timer(i.s, 10);
     EXPECT_EQ(run.Playing, True);
+}
+
+TEST_F(LoopClock, AOneShotThatDoesNotPlayIsNotPolled) {
+    LoopTrackRun& run = Sounding(0, kOneShot);
+    run.Playing = False;
+    i.Buffer(0).Status = 0;
+    i.Sound.LogQueries = true;
+    LoopPollEnd(i.s, 0);
+    EXPECT_EQ(i.Sound.Count("GetStatus"), 0);
+    EXPECT_EQ(i.Screen.Count("ShowPlay 0"), 0);
 }
 
 TEST_F(LoopClock, TheOtherModesNeverEndByThemselves) {

@@ -220,6 +220,19 @@ TEST_F(PatternDrawing, AGraphThatWasNotLaidOutAgainKeepsItsColumns) {
     EXPECT_EQ(Block(kVolPattern)[7], 250);
 }
 
+TEST_F(PatternDrawing, StepsBeyondTheSlotsOfAPatternAreIgnored) {
+    i.s.Set[0].NSteps = 32000;  // a file may hold it
+    for (int row = 0; row < kPatternRows; ++row) PatternRefresh(i.s, row);
+    const LoopTrackSet before = i.s.Set[0];
+    Gesture(kVolPattern, Phase::Down, 1990, 500);
+    EXPECT_NO_THROW(Gesture(kVolPattern, Phase::Move, 1990, 500));
+    EXPECT_NO_THROW(PatternStore(i.s, kVolPattern, 34, 250));
+    EXPECT_NO_THROW(PatternStore(i.s, kVolPattern, -1, 250));
+    EXPECT_EQ(i.s.Set[0], before);
+    PatternStore(i.s, kVolPattern, 33, 250);
+    EXPECT_EQ(Block(kVolPattern)[kPatternOffset], 250);
+}
+
 TEST_F(PatternDrawing, AGraphWithoutSizeOrColumnsIsNotDrawnOn) {
     const LoopTrackSet before = i.s.Set[0];
     Gesture(kVolPattern, Phase::Down, 600, 500);

@@ -35,6 +35,16 @@ TEST(InitPatternTables, ResetsTheLoopTracksAndPutsTheViewAtRest) {
     EXPECT_EQ(i.s.CurrentLoop, 0);
     EXPECT_THAT(i.s.GraphColumns, ElementsAre(4, 4, 4));
     EXPECT_EQ(i.s.StepReadOutTop, 4);
+    for (int p = 0; p < kPatternRows; ++p) EXPECT_EQ(i.Screen.Count("ShowPattern " + std::to_string(p)), 1);
+}
+
+TEST(InitPatternTables, ShowsTheLabelEvenWhenTheMarkersScaleStandsAlready) {
+    Instrument i;
+    i.s.StepsShown = 9;
+    i.s.StepReadOutTop = 4;
+    InitPatternTables(i.s);
+    EXPECT_EQ(i.s.StepsShown, 4);
+    EXPECT_EQ(i.Screen.Count("ShowSteps"), 1);
 }
 
 class NSteps : public testing::Test {
@@ -84,6 +94,22 @@ TEST_F(NSteps, AMoveWithoutAPressOnlyHints) {
     EXPECT_EQ(i.s.StepsShown, 10);
     NSteps_Gesture(i.s, Phase::Up, 100);
     EXPECT_EQ(i.Screen.Count("ShowPattern 0"), 0);
+}
+
+TEST_F(NSteps, EachMoveShowsTheLabel) {
+    NSteps_Gesture(i.s, Phase::Down, 0);
+    for (int move = 1; move <= 3; ++move) {
+        NSteps_Gesture(i.s, Phase::Move, -20 * move);
+        EXPECT_EQ(i.Screen.Count("ShowSteps"), move);
+    }
+}
+
+TEST_F(NSteps, ADragCountsFromTheNumberShownEvenWhenAnEraserHasLeftItOld) {
+    EraserDrop(i.s, kVolPattern);
+    ASSERT_EQ(i.s.Set[0].NSteps, 3);
+    NSteps_Gesture(i.s, Phase::Down, 0);
+    NSteps_Gesture(i.s, Phase::Move, -20);
+    EXPECT_EQ(i.s.StepsShown, 11);
 }
 
 TEST_F(NSteps, TheCurrentStepIsNotChanged) {

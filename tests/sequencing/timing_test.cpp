@@ -110,6 +110,15 @@ TEST_F(TimeDigit, TheSwingPercentageStaysOldAfterAChangeOfTheStep) {
     EXPECT_EQ(i.s.PercentText[kSwingGroup], "50.0%");
 }
 
+TEST_F(TimeDigit, ADragShowsItsOwnElementOnly) {
+    for (int group = 0; group < 3; ++group) {
+        i.Screen.Log.clear();
+        Drag(5 * group, -50);
+        EXPECT_THAT(i.Screen.Log, ElementsAre("ShowStatusText", "ShowTime " + std::to_string(group)));
+        i.s.StatusText = "";
+    }
+}
+
 TEST_F(TimeDigit, ADragActsOnTheCurrentLoopAlone) {
     i.Select(0);
     i.Select(1);
@@ -209,8 +218,10 @@ TEST_F(TimingCopies, AStartCopiedFromALongSampleToAShortOneIsTheShortSamplesLeng
 
 TEST_F(TimingCopies, ADropOnTheCurrentLoopItselfChangesNothing) {
     const LoopTrackSet before = i.s.Set[0];
+    i.s.Run[0].BeatStartBytes = 7;  // not even worked out again
     for (const int what : {0, 1, 2}) TimingCopy(i.s, 0, 0, what);
     EXPECT_EQ(i.s.Set[0], before);
+    EXPECT_EQ(i.s.Run[0].BeatStartBytes, 7);
     EXPECT_THAT(i.Sound.Log, IsEmpty());
     EXPECT_THAT(i.Screen.Log, IsEmpty());
 }
