@@ -2,7 +2,7 @@
 
 # What the program is built from.
 packages_program=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libsdl2-dev libopenal-dev
-  libsndfile1-dev liblnk-dev libx11-dev fonts-dejavu-core)
+  libsndfile1-dev liblnk-dev libx11-dev fonts-inter)
 # What a run on a machine without a display needs besides.
 packages_stage=(xvfb openbox xdotool imagemagick x11-utils)
 # What the tests need besides.

@@ -170,9 +170,9 @@ TEST(SampleParts, FinishingBendsPeaksAndKeepsTheLoudness) {
     Clip clip{{Signal(kLoopFrames, 0.0)}, true};
     for (std::size_t i = 0; i < kLoopFrames; ++i)
         clip.channels[0][i] = 0.3 + (i % 100 == 0 ? 5 : std::sin(0.05 * static_cast<double>(i)));
-    Finish(clip, 0.2);
-    EXPECT_LE(Peak(clip), 0.709);
-    EXPECT_NEAR(Loudness(clip), 0.2, 0.01);
+    Finish(clip, 0.1);
+    EXPECT_LE(Peak(clip), 0.36);
+    EXPECT_NEAR(Loudness(clip), 0.1, 0.01);
 }
 
 TEST(SampleParts, FinishingBringsASoundPlayedOnceToItsPeak) {

@@ -23,12 +23,12 @@ void TakeConstantAway(Clip& clip) {
     }
 }
 
-/// Plain up to the knee, then bent so that it nears kPeak and never passes it.
+/// Plain up to the knee, then bent so that it nears kLoopPeak and never passes it.
 double Bend(double value) {
-    constexpr double kKnee = 0.45;
+    constexpr double kKnee = 0.19;
     const double size = std::fabs(value);
     if (size <= kKnee) return value;
-    const double room = kPeak - kKnee;
+    const double room = kLoopPeak - kKnee;
     return std::copysign(kKnee + room * std::tanh((size - kKnee) / room), value);
 }
 

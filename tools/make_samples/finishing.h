@@ -4,7 +4,8 @@
 
 namespace marvolin::samples {
 
-inline constexpr double kPeak = 0.7079;  ///< The loudest frame of every finished sound: -3 dBFS.
+inline constexpr double kPeak = 0.7079;    ///< The loudest frame of a sound that is played once: -3 dBFS.
+inline constexpr double kLoopPeak = 0.35; ///< No frame of a loop is louder: four of them sound together.
 
 /// Root mean square of all frames of all channels.
 double Loudness(const Clip& clip);
@@ -13,7 +14,7 @@ double Loudness(const Clip& clip);
 double Peak(const Clip& clip);
 
 /// Makes a sound ready for its file: takes the constant part away, brings a loop to `loudness` (peaks that
-/// would pass kPeak are bent, never cut) and a sound played once to kPeak, and lets the latter end in silence.
+/// would pass kLoopPeak are bent, never cut) and a sound played once to kPeak, and lets the latter end in silence.
 void Finish(Clip& clip, double loudness);
 
 }  // namespace marvolin::samples

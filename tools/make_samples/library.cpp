@@ -9,8 +9,9 @@
 namespace marvolin::samples {
 namespace {
 
-constexpr double kLoudness = 0.14;
-constexpr double kBassLoudness = 0.2;  // the ear hears less of what is low
+// Four loops at full volume fit together below full scale.
+constexpr double kLoudness = 0.088;
+constexpr double kBassLoudness = 0.12;  // the ear hears less of what is low
 
 constexpr LibraryEntry kLibrary[] = {
     {"Beats", "Beat 120 straight", BeatStraight, kLoudness},
