@@ -1,0 +1,122 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "stage.h"
+
+namespace marvolin {
+namespace {
+
+using test::Stage;
+
+/// A folder of its own with some files, gone at the end.
+class Folder {
+public:
+    Folder() : path_(std::filesystem::temp_directory_path() / std::filesystem::path(::testing::UnitTest::GetInstance()->current_test_info()->name())) {
+        std::filesystem::create_directories(path_);
+    }
+    ~Folder() { std::filesystem::remove_all(path_); }
+    std::string Put(const std::string& name) {
+        std::ofstream(path_ / name) << "sample";
+        return (path_ / name).string();
+    }
+
+private:
+    std::filesystem::path path_;
+};
+
+TEST(FileDrop, AWavFileLoadsIntoTheRowWhereverItFalls) {
+    Stage stage;
+    Folder folder;
+    const std::string one = folder.Put("one.wav");
+    const std::string two = folder.Put("two.WAV");
+    stage.DropFiles("SndDisp_1", {one});
+    EXPECT_EQ(stage.s.Run[1].Loaded, True);
+    stage.DropFiles("LoopRow_2", {two});
+    EXPECT_EQ(stage.s.Run[2].Loaded, True);
+    EXPECT_EQ(stage.s.Run[0].Loaded, False);
+    EXPECT_TRUE(stage.Desk.Boxes.empty());
+    EXPECT_FALSE(stage.Desk.Busy);
+}
+
+TEST(FileDrop, OntoTheSelectionRowLoadsIntoTheControlledRows) {
+    Stage stage;
+    Folder folder;
+    stage.s.Set[0].Selected = True;
+    stage.s.Set[3].Selected = True;
+    stage.DropFiles("DropDown_4", {folder.Put("one.wav")});
+    EXPECT_EQ(stage.s.Run[0].Loaded, True);
+    EXPECT_EQ(stage.s.Run[1].Loaded, False);
+    EXPECT_EQ(stage.s.Run[3].Loaded, True);
+}
+
+TEST(FileDrop, SeveralFilesFillTheRowsBelow) {
+    Stage stage;
+    Folder folder;
+    stage.DropFiles("Letr_2", {folder.Put("a.wav"), folder.Put("b.wav"), folder.Put("c.wav")});
+    EXPECT_EQ(stage.s.Run[1].Loaded, False);
+    EXPECT_EQ(stage.s.Run[2].Loaded, True);
+    EXPECT_EQ(stage.s.Run[3].Loaded, True);
+    EXPECT_EQ(std::filesystem::path(stage.s.Set[3].FileName).stem(), "b");
+}
+
+TEST(FileDrop, AFileThatIsNoWavGetsTheLoadersMessage) {
+    Stage stage;
+    Folder folder;
+    stage.Sound.Failures["CreateSoundBufferFromFile"] = sound_error::kBadFormat;
+    stage.DropFiles("LoopRow_0", {folder.Put("readme.txt")});
+    EXPECT_EQ(stage.s.Run[0].Loaded, False);
+    ASSERT_EQ(stage.Desk.Boxes.size(), 1U);
+    EXPECT_NE(stage.Desk.LastBox().find("The specified wave format is not supported."), std::string::npos);
+    EXPECT_FALSE(stage.Desk.Busy);
+}
+
+TEST(FileDrop, AFileThatHasVanishedIsTold) {
+    Stage stage;
+    stage.DropFiles("LoopRow_0", {"/nowhere/gone.wav"});
+    EXPECT_EQ(stage.Desk.LastBox(), "File Doesn't Exist !!");
+}
+
+TEST(FileDrop, PlaysAfterwardsWhenThatIsWanted) {
+    Stage stage;
+    Folder folder;
+    stage.s.PlayOnLoad = true;
+    stage.DropFiles("LoopRow_0", {folder.Put("one.wav")});
+    EXPECT_EQ(stage.s.Run[0].Playing, True);
+}
+
+TEST(ControlDrop, PatternsAndTimingAreCopiedToTheRow) {
+    Stage stage;
+    stage.s.Set[0].Pattern[kHzPattern][2] = 1234;
+    stage.s.Set[0].Pattern[kVolPattern][1] = 77;
+    stage.s.Set[0].StepDuration = 45;
+    stage.s.Set[0].Swing = 6;
+    stage.s.Set[0].NSteps = 9;
+    stage.DropControl("Letr_1", {"PatternGraph", kHzPattern, ""});
+    EXPECT_EQ(stage.s.Set[1].Pattern[kHzPattern][2], 1234);
+    EXPECT_EQ(stage.s.Set[1].Pattern[kVolPattern][1], 500);
+    stage.DropControl("SndDisp_2", {"CloneTime", 2, ""});
+    EXPECT_EQ(stage.s.Set[2].Swing, 6);
+    EXPECT_EQ(stage.s.Set[2].StepDuration, 1);
+    stage.DropControl("LoopRow_2", {"AllTiming", 0, ""});
+    EXPECT_EQ(stage.s.Set[2].StepDuration, 45);
+    stage.DropControl("Play_3", {"Patterns", 0, ""});
+    EXPECT_EQ(stage.s.Set[3].NSteps, 9);
+    EXPECT_EQ(stage.s.Set[3].Pattern[kVolPattern][1], 77);
+    EXPECT_EQ(stage.s.Set[3].StepDuration, 1);
+    stage.DropControl("VolKnob_3", {"TabControl", 0, ""});
+    EXPECT_EQ(stage.s.Set[3].StepDuration, 45);
+}
+
+TEST(DragSource, TravelsAsMimeData) {
+    const DragSource source{"PosBall", 3, "Dropper~~3"};
+    EXPECT_EQ(FromMimeData(*ToMimeData(source)), source);
+    QMimeData other;
+    other.setText("PosBall");
+    EXPECT_FALSE(IsDragSource(other));
+    EXPECT_EQ(FromMimeData(other), std::nullopt);
+}
+
+}  // namespace
+}  // namespace marvolin

@@ -1,0 +1,85 @@
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QSlider>
+#include <QTest>
+
+#include "stage.h"
+
+namespace marvolin {
+namespace {
+
+using test::Stage;
+
+struct OptionStage : Stage {
+    OptionStage() {
+        s.ActiveTab = kOptionTab;
+        Screen.ShowTab();
+        Screen.ShowDrivers();
+    }
+    template <typename Widget>
+    Widget& Find(const char* name) {
+        return *Form->findChild<Widget*>(name);
+    }
+};
+
+TEST(Options, ListTheDriversAndOpenTheChosenOne) {
+    OptionStage stage;
+    auto& drivers = stage.Find<QComboBox>("cboDrivers");
+    ASSERT_EQ(drivers.count(), 3);
+    EXPECT_EQ(drivers.itemText(2), "No Sound");
+    drivers.setFocus();
+    QTest::keyClick(&drivers, Qt::Key_Down);
+    QTest::keyClick(&drivers, Qt::Key_Down);
+    EXPECT_EQ(stage.s.Driver, 2);
+    EXPECT_FALSE(stage.s.DSReady);
+}
+
+TEST(Options, ResetOnLoadIsTheSessionsFlag) {
+    OptionStage stage;
+    stage.Click("ResetVars", {8, 12});
+    EXPECT_FALSE(stage.s.ResetVars);
+    stage.s.ResetVars = true;
+    stage.Screen.ShowOptions();
+    EXPECT_TRUE(stage.Find<QCheckBox>("ResetVars").isChecked());
+}
+
+TEST(Options, TheSubTabsOpenTheirPages) {
+    OptionStage stage;
+    for (int tab = 0; tab < 4; ++tab) {
+        stage.Click(("OptionSubTab_" + std::to_string(tab)).c_str());
+        EXPECT_EQ(stage.s.ActiveSubTab, tab);
+        EXPECT_TRUE(stage.At(("OptionSubPage_" + std::to_string(tab)).c_str())->isVisible());
+    }
+}
+
+TEST(Options, TheDragAxisIsChosen) {
+    OptionStage stage;
+    stage.Click("OptionSubTab_1");
+    auto& axis = stage.Find<QComboBox>("DragAxisSelect");
+    EXPECT_EQ(axis.currentIndex(), 1);
+    axis.setFocus();
+    QTest::keyClick(&axis, Qt::Key_Up);
+    EXPECT_EQ(stage.s.DragAxis, 0);
+}
+
+TEST(Options, TheClocksIntervalIsSetAndShown) {
+    OptionStage stage;
+    stage.Find<QSlider>("ResSlider").setValue(25);
+    EXPECT_EQ(stage.s.TimingRes, 25);
+    EXPECT_EQ(stage.Find<QLabel>("ResReadout").text(), "Timer Resolution: 25 ms");
+    EXPECT_EQ(stage.s.StatusText, "Timer Resolution: 25 ms");
+}
+
+TEST(Options, TheSensitivityOfTheScriptEventsIsSet) {
+    OptionStage stage;
+    stage.Find<QSlider>("ScrollSensitivity_1").setValue(9);
+    EXPECT_EQ(stage.s.ScrollSensitivity[1], 9);
+    EXPECT_EQ(stage.s.ScrollSensitivity[0], 1);
+    EXPECT_EQ(stage.s.StatusText, "Send scroll event every 9 moves");
+}
+
+}  // namespace
+}  // namespace marvolin

@@ -1,0 +1,111 @@
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+#include "core/loop_views.h"
+#include "sequencing/loop_clock.h"
+#include "stage.h"
+
+namespace marvolin {
+namespace {
+
+using test::PaintWatch;
+using test::Stage;
+using Names = std::vector<std::string>;
+
+TEST(Repaint, AKnobPaintsItselfAlone) {
+    Stage stage;
+    stage.s.Set[2].Vol = 100;
+    PaintWatch watch;
+    stage.Screen.ShowKnob(2, Knob::Vol);
+    stage.Settle();
+    EXPECT_EQ(watch.Names(), Names{"VolKnob_2"});
+}
+
+TEST(Repaint, AKnobWhosePictureStaysIsNotPainted) {
+    Stage stage;
+    stage.s.Set[2].Vol = 300;
+    stage.Screen.ShowKnob(2, Knob::Vol);
+    stage.Settle();
+    stage.s.Set[2].Vol = 301;
+    PaintWatch watch;
+    stage.Screen.ShowKnob(2, Knob::Vol);
+    stage.Settle();
+    EXPECT_EQ(watch.Names(), Names{});
+}
+
+TEST(Repaint, AStatusTextPaintsItsPanelAlone) {
+    Stage stage;
+    stage.s.StatusText = "Ready.";
+    PaintWatch watch;
+    stage.Screen.ShowStatusText();
+    stage.Settle();
+    EXPECT_EQ(watch.Names(), Names{"StatusBar1"});
+    EXPECT_LT(watch.Painted["StatusBar1"].boundingRect().right(), 680);
+}
+
+TEST(Repaint, ThePlaceThatSoundsPaintsTwoNarrowStripsAndNothingElse) {
+    Stage stage;
+    auto& buffer = stage.Fill(1);
+    stage.Click("Play_1");
+    stage.Settle();
+    PaintWatch watch;
+    buffer.SetCurrentPosition(88200);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return watch.Painted.contains("SndDisp_1"); }, 2000));
+    EXPECT_EQ(watch.Names(), Names{"SndDisp_1"});
+    int area = 0;
+    for (const QRect& strip : watch.Painted["SndDisp_1"]) area += strip.width() * strip.height();
+    EXPECT_LE(area, 3 * 6 * stage.At("SndDisp_1")->height());
+}
+
+TEST(Repaint, NothingIsPaintedWhileNothingSounds) {
+    Stage stage;
+    stage.Fill(1);
+    stage.Click("Play_1");
+    stage.Click("Play_1");
+    stage.Settle();
+    PaintWatch watch;
+    for (int tick = 0; tick < 50; ++tick) LoopTimer_Timer(stage.s, 10);
+    stage.Settle();
+    EXPECT_EQ(watch.Names(), Names{});
+}
+
+TEST(Repaint, AStepMovesTheMarkerAlone) {
+    Stage stage;
+    stage.s.ActiveTab = kPatternTab;
+    stage.Screen.ShowTab();
+    PatternsRefresh(stage.s);
+    stage.Settle();
+    stage.s.Run[0].Step = 2;
+    PaintWatch watch;
+    ShowStep(stage.s, 0);
+    stage.Settle();
+    EXPECT_EQ(watch.Names(), Names{"StepReadOut"});
+    EXPECT_LT(watch.Painted["StepReadOut"].rectCount(), 4);
+}
+
+TEST(Repaint, ADrawnColumnPaintsItsColumnAlone) {
+    Stage stage;
+    stage.s.ActiveTab = kPatternTab;
+    stage.Screen.ShowTab();
+    PatternsRefresh(stage.s);
+    stage.Settle();
+    PaintWatch watch;
+    stage.Screen.ShowPatternColumn(1, 2);
+    stage.Settle();
+    EXPECT_EQ(watch.Names(), Names{"PatternGraph_1"});
+    const int width = stage.At("PatternGraph_1")->width();
+    EXPECT_LT(watch.Painted["PatternGraph_1"].boundingRect().width(), width / 4 + 8);
+}
+
+TEST(Repaint, WhatIsHiddenIsNotPainted) {
+    Stage stage;
+    PaintWatch watch;
+    stage.Screen.ShowPattern(0);
+    stage.Screen.ShowTime(1);
+    stage.Settle();
+    EXPECT_EQ(watch.Names(), Names{});
+}
+
+}  // namespace
+}  // namespace marvolin

@@ -1,0 +1,95 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QListWidget>
+#include <QTest>
+
+#include "stage.h"
+
+namespace marvolin {
+namespace {
+
+using test::Stage;
+
+TEST(Selected, ADragOverTheFlagsSelectsThem) {
+    Stage stage;
+    const QPointF start = stage.Middle("Selected_0");
+    stage.Press("Selected_0", start);
+    stage.Move("Selected_1", stage.Middle("Selected_1"));
+    stage.Move("Selected_2", stage.Middle("Selected_2"));
+    stage.Release("Selected_2", stage.Middle("Selected_2"));
+    EXPECT_EQ(stage.s.Set[0].Selected, True);
+    EXPECT_EQ(stage.s.Set[1].Selected, True);
+    EXPECT_EQ(stage.s.Set[2].Selected, True);
+    EXPECT_EQ(stage.s.Set[3].Selected, False);
+    stage.Move("Selected_3", stage.Middle("Selected_3"));
+    EXPECT_EQ(stage.s.Set[3].Selected, False);
+}
+
+TEST(Selected, ARightDragDeselectsEachFlagThatItCrosses) {
+    Stage stage;
+    for (Row row = 0; row < kLoopTracks; ++row) stage.s.Set[row].Selected = True;
+    stage.Press("Selected_3", stage.Middle("Selected_3"), Qt::RightButton);
+    stage.Move("Selected_2", stage.Middle("Selected_2"));
+    stage.Release("Selected_2", stage.Middle("Selected_2"), Qt::RightButton);
+    EXPECT_EQ(stage.s.Set[3].Selected, False);
+    EXPECT_EQ(stage.s.Set[2].Selected, False);
+    EXPECT_EQ(stage.s.Set[1].Selected, True);
+}
+
+TEST(SelectPopUp, OpensTheRulesAndAppliesTheChosenOne) {
+    Stage stage;
+    stage.Fill(2);
+    auto* list = stage.Form->findChild<QListWidget*>("SlctGroup");
+    ASSERT_NE(list, nullptr);
+    EXPECT_FALSE(list->isVisible());
+    stage.Click("SelectPopUp");
+    EXPECT_TRUE(list->isVisible());
+    EXPECT_EQ(list->count(), 16);
+    EXPECT_EQ(list->currentRow(), -1);
+    const QListWidgetItem* filled = list->findItems("Filled", Qt::MatchExactly).at(0);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(filled).center());
+    EXPECT_EQ(stage.s.Set[2].Selected, True);
+    EXPECT_EQ(stage.s.Set[0].Selected, False);
+    EXPECT_FALSE(list->isVisible());
+}
+
+TEST(SelectorRadio, AClickTogglesAndADoubleClickIsExclusive) {
+    Stage stage;
+    stage.Click("SelectorRadio_0");
+    EXPECT_FALSE(stage.s.SelectionControlled);
+    stage.Click("SelectorRadio_2");
+    EXPECT_EQ(stage.s.BandTable[1].Controlled, True);
+    stage.DoubleClick("SelectorRadio_3");
+    EXPECT_EQ(stage.s.BandTable[1].Controlled, False);
+    EXPECT_EQ(stage.s.BandTable[2].Controlled, True);
+    EXPECT_FALSE(stage.s.SelectionControlled);
+}
+
+TEST(BandsControl, ADragOverALaneMakesABand) {
+    Stage stage;
+    const QSizeF size = stage.At("Bands")->size();
+    const double lane = size.height() / 6;
+    const double column = size.width() / 4;
+    stage.Press("Bands", {column * 1.5, lane * 2.5});
+    stage.Move("Bands", {column * 2.5, lane * 2.5});
+    stage.Release("Bands", {column * 2.5, lane * 2.5});
+    EXPECT_EQ(stage.s.BandTable[2].First, 1);
+    EXPECT_EQ(stage.s.BandTable[2].Last, 2);
+    EXPECT_EQ(stage.s.Run[1].InBand, True);
+    EXPECT_EQ(stage.s.Run[2].Band, 2);
+}
+
+TEST(Thumb, AClickChoosesTheLoopTrackADoubleClickOpensItsPattern) {
+    Stage stage;
+    stage.Click("Thumb_2");
+    EXPECT_EQ(stage.s.CurrentLoop, 2);
+    EXPECT_EQ(stage.s.ActiveTab, kMixPadTab);
+    stage.DoubleClick("Thumb_1");
+    EXPECT_EQ(stage.s.CurrentLoop, 1);
+    EXPECT_EQ(stage.s.ActiveTab, kPatternTab);
+    EXPECT_TRUE(stage.At("PatternPage")->isVisible());
+}
+
+}  // namespace
+}  // namespace marvolin

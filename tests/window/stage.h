@@ -1,0 +1,87 @@
+#pragma once
+/// \file
+/// The main window over a session in a world of fakes, and a hand that plays on it with real events.
+
+#include <QMimeData>
+#include <QPointF>
+#include <QRegion>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/session.h"
+#include "fakes/fake_sound.h"
+#include "fakes/fake_world.h"
+#include "window/drag_source.h"
+#include "window/frm_main.h"
+#include "window/qt_display.h"
+
+namespace marvolin::test {
+
+class Stage {
+public:
+    Stage();
+    ~Stage();
+
+    /// The control of this object name; fails the test when there is none.
+    QWidget* At(const char* name);
+    /// A place in the window, from one in the control.
+    QPoint InWindow(const char* name, QPointF place);
+    QPointF Middle(const char* name);
+
+    void Press(const char* name, QPointF place, Qt::MouseButton button = Qt::LeftButton);
+    void Move(const char* name, QPointF place);
+    void Release(const char* name, QPointF place, Qt::MouseButton button = Qt::LeftButton);
+    void Click(const char* name, QPointF place, Qt::MouseButton button = Qt::LeftButton);
+    void Click(const char* name, Qt::MouseButton button = Qt::LeftButton) { Click(name, Middle(name), button); }
+    void DoubleClick(const char* name);
+    /// Presses in the middle, moves by `way` pixels, and lets go there.
+    void Drag(const char* name, QPointF way, Qt::MouseButton button = Qt::LeftButton);
+    void Wheel(const char* name, int notches);
+
+    /// Drops a control, or files, on the control of this name.
+    void DropControl(const char* name, const DragSource& source);
+    void DropFiles(const char* name, const std::vector<std::string>& paths);
+
+    /// Puts a sample into a row: one second, 44100 Hz, 16 bit, stereo.
+    FakeSound::Buffer& Fill(Row row);
+    /// Paints all that waits to be painted.
+    void Settle();
+
+    FakeSound Sound;
+    QtDisplay Screen;
+    FakeDesktop Desk;
+    FakeWindows Forms;
+    FakeRandom Chance;
+    FakeTimers Timers;
+    FakeScripts Scripts;
+    FakeStore Store;
+    FakeJoystick Stick;
+    Session s{Services{Screen, Desk, Forms, Chance, Timers, Scripts, Store,
+                       [this] { return std::make_unique<FakeDirectX>(Sound); },
+                       [this] { return std::make_unique<FakeInput>(Stick); }}};
+    std::vector<std::string> Keys;  ///< letters let go, with "+shift", "+control", "+alt"
+    int Activations = 0;
+    int Unloads = 0;
+    std::unique_ptr<FrmMain> Form;
+
+private:
+    void DropData(const char* name, std::unique_ptr<QMimeData> data);
+};
+
+/// Regions painted while it lives, by object name.
+class PaintWatch : public QObject {
+public:
+    PaintWatch();
+    ~PaintWatch() override;
+    std::map<std::string, QRegion> Painted;
+    /// Names of the painted controls, without those of plain surfaces.
+    std::vector<std::string> Names() const;
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+};
+
+}  // namespace marvolin::test
