@@ -8,6 +8,7 @@
 #include <QWheelEvent>
 
 #include "core/routines.h"
+#include "performance/dropper.h"
 #include "window/row_drops.h"
 
 namespace marvolin {
@@ -64,13 +65,13 @@ void Control::Activate() {
 }
 
 void Control::Drop(const DragSource& source) {
-    if (dropRow_ >= 0) DropOnRow(s, dropRow_, source);
+    if (dropRow_ >= 0) LoopDragDrop(s, dropRow_, source);
 }
 
-void Control::BeginDrag(const char* name, int sourceIndex, const QString& tag) {
+void Control::BeginDrag(const DragSource& source) {
     held_ = kNoButton;  // the drag swallows the release
     auto* drag = new QDrag(this);  // owned by the toolkit, which deletes it after the drop
-    drag->setMimeData(ToMimeData({name, static_cast<std::int16_t>(sourceIndex), tag.toStdString()}).release());
+    drag->setMimeData(ToMimeData(source).release());
     QPixmap picture = grab();
     drag->setPixmap(picture.width() > 2 * 160 ? picture.copy(0, 0, 320, qMin(120, picture.height())) : picture);
     drag->exec(Qt::CopyAction);

@@ -44,8 +44,8 @@ protected:
     /// A drop of another control.
     virtual void Drop(const DragSource& source);
 
-    /// Starts the drag of this control with this tag; returns when it has ended.
-    void BeginDrag(const char* name, int sourceIndex, const QString& tag);
+    /// Starts a drag of this control; returns when it has ended.
+    void BeginDrag(const DragSource& source);
     bool Held() const { return held_ != kNoButton; }
     theme::FaceState Face() const { return {isEnabled(), underMouse(), Held(), hasFocus()}; }
 

@@ -8,8 +8,10 @@
 #include <QPlainTextEdit>
 #include <QTextEdit>
 
+#include "window/controls/drop_down.h"
 #include "window/controls/sound_display.h"
 #include "window/controls/text_button.h"
+#include "window/history_list.h"
 #include "window/loop_row.h"
 #include "window/select_list.h"
 #include "window/selector_strip.h"
@@ -55,6 +57,7 @@ FrmMain::FrmMain(Session& session, Events events) : s(session), events_(std::mov
     Status1 = new StatusBar1(s, this);
     Status2 = new StatusBar2(s, this, events_.SoundLoad);
     selectList_ = new SelectList(s, this);
+    historyList_ = new HistoryList(s, this);
     PlaceBars();
     setFocus();  // no control wears the ring until the player reaches for the keys
 
@@ -107,6 +110,12 @@ void FrmMain::ShowSelectList(bool open) {
     if (!open) return selectList_->hide();
     const LoopRow& row = *Rows[kSelectionRow];
     selectList_->Open(row.mapToGlobal(QPoint(12, LoopRow::kHeight)));
+}
+
+void FrmMain::ShowHistoryList(bool open) {
+    if (!open) return historyList_->hide();
+    const QWidget& button = *Rows[static_cast<std::size_t>(s.HistoryRow)]->Name;
+    historyList_->Open(QRect(button.mapTo(this, QPoint(0, 0)), button.size()));
 }
 
 void FrmMain::ShowPlaces() {

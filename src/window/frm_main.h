@@ -9,6 +9,7 @@
 
 namespace marvolin {
 
+class HistoryList;
 class LoopRow;
 class SelectList;
 class SelectorStrip;
@@ -39,6 +40,8 @@ public:
     void RefreshTitle();
     /// Opens or hides the list of the selection rules.
     void ShowSelectList(bool open);
+    /// Opens or hides the palette at the row that opened it.
+    void ShowHistoryList(bool open);
 
     // Owned by the toolkit.
     Toolbar* Bar = nullptr;
@@ -62,6 +65,7 @@ private:
     Events events_;
     QTimer places_;  // ticks while something sounds
     QTimer load_;
+    HistoryList* historyList_ = nullptr;
     SelectList* selectList_ = nullptr;
 };
 

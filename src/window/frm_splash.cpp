@@ -2,17 +2,27 @@
 
 #include <QCoreApplication>
 #include <QPainter>
+#include <QTimer>
 #include <cmath>
 
 #include "window/theme.h"
 
 namespace marvolin {
 
+namespace {
+
+constexpr int kShownFor = 2500;  // ms
+
+}  // namespace
+
 FrmSplash::FrmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint) {
     setObjectName("frmSplash");
     setAccessibleName("Marvolin");
+    setAttribute(Qt::WA_ShowWithoutActivating);
     setFixedSize(420, 220);
 }
+
+void FrmSplash::showEvent(QShowEvent*) { QTimer::singleShot(kShownFor, this, &QWidget::hide); }
 
 void FrmSplash::mousePressEvent(QMouseEvent*) { hide(); }
 

@@ -13,11 +13,6 @@ inline constexpr std::string_view kQuickLoad = "clk Open QuickLoad Dropdown";
 inline constexpr std::string_view kToTop = "clk Toggle Mini/Regular Window";
 inline constexpr std::string_view kFadeFactor = "set Fade Speed";
 inline constexpr std::string_view kLimiter = "drg -/+ to Thin to N Playing LoopTracks";
-inline constexpr std::string_view kDropDownGrip = "drg Copy Sample to LoopTrack, or Copy LoopTrack to Clipboard";
-inline constexpr std::string_view kDropDownOpen = "clk Open Palette & History";
-inline constexpr std::string_view kSndDisp =
-    "clk/drg along top: Vol Jump; clk/drg along bottom: Vol Fade; rtclk Fade";
-inline constexpr std::string_view kLetr = "drg Start Dropper Op; rtdrg Start Fade Drg & Drop; dblclk Toggle Thinnable";
 inline constexpr std::string_view kHelpPanel = "drg Question Mark to Control for Help";
 
 }  // namespace marvolin::hints

@@ -5,6 +5,7 @@
 #include <QPainter>
 
 #include "audio/sample_loading.h"
+#include "performance/dropper.h"
 #include "performance/selection.h"
 #include "window/controls/channel_flag.h"
 #include "window/controls/drop_down.h"
@@ -70,7 +71,7 @@ void LoopRow::dragEnterEvent(QDragEnterEvent* event) {
 void LoopRow::dropEvent(QDropEvent* event) {
     event->acceptProposedAction();
     if (const auto source = FromMimeData(*event->mimeData())) {
-        DropOnRow(s, row_, *source);
+        LoopDragDrop(s, row_, *source);
     } else {
         DropFilesOnRow(s, row_, FilePaths(*event->mimeData()));
     }

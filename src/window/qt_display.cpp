@@ -90,7 +90,10 @@ void QtDisplay::ShowSelectList(bool open) {
     if (form_ != nullptr) form_->ShowSelectList(open);
 }
 
-void QtDisplay::ShowHistoryList(bool) {}
+void QtDisplay::ShowHistoryList(bool open) {
+    if (form_ != nullptr) form_->ShowHistoryList(open);
+}
+
 
 void QtDisplay::ShowStatusText() {
     if (form_ != nullptr) form_->Status1->Refresh(StatusBar1::Panel::Hint);

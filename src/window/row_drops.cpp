@@ -2,12 +2,10 @@
 
 #include "audio/sample_loading.h"
 #include "audio/transport.h"
+#include "core/busy_pointer.h"
 #include "core/grouping.h"
-#include "core/loop_views.h"
 #include "core/paths.h"
 #include "core/routines.h"
-#include "sequencing/patterns.h"
-#include "sequencing/timing.h"
 
 namespace marvolin {
 
@@ -40,33 +38,14 @@ void DropFile(Session& s, Row row, const std::string& path) {
 
 }  // namespace
 
-void DropOnRow(Session& s, Row row, const DragSource& source) {
-    if (source.Name == "CloneTime") {
-        TimingCopy(s, s.CurrentLoop, row, source.Index);
-    } else if (source.Name == "AllTiming") {
-        TimingCopy(s, s.CurrentLoop, row, kAllTiming);
-    } else if (source.Name == "PatternGraph") {
-        PatternCopy(s, s.CurrentLoop, row, source.Index);
-    } else if (source.Name == "Patterns") {
-        PatternCopyAll(s, s.CurrentLoop, row);
-    } else if (source.Name == "TabControl") {
-        PatternCopyAll(s, s.CurrentLoop, row);
-        TimingCopy(s, s.CurrentLoop, row, kAllTiming);
-    } else {
-        return;
-    }
-    PatternsRefresh(s);
-}
-
 void DropFilesOnRow(Session& s, Row row, const std::vector<std::string>& paths) {
-    s.World.Desk.SetBusyPointer(true);
+    const BusyPointer busy(s.World.Desk);
     Row target = row;
     for (const std::string& path : paths) {
         if (target != row && target >= kLoopTracks) break;
         DropFile(s, target, path);
         ++target;
     }
-    s.World.Desk.SetBusyPointer(false);
 }
 
 }  // namespace marvolin

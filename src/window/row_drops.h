@@ -1,17 +1,13 @@
 #pragma once
 /// \file
-/// What a drop on a LoopTrack row means.
+/// What a drop of files on a LoopTrack row means.
 
 #include <string>
 #include <vector>
 
 #include "core/session.h"
-#include "window/drag_source.h"
 
 namespace marvolin {
-
-/// A control dropped on `row`: patterns and timing are copied from `CurrentLoop`.
-void DropOnRow(Session& s, Row row, const DragSource& source);
 
 /// Files dropped from a file manager on `row`: the first loads there (row 4: into the controlled rows; a row in a band:
 /// into the band), the others into the rows below, as far as there are rows. A file that is no WAV gets the message of

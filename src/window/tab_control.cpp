@@ -27,7 +27,7 @@ TabButton::TabButton(Session& session, QWidget* parent, const char* name, int ta
 void TabButton::Gesture(Phase phase, std::int16_t button, QPointF) {
     if (phase == Phase::Down && button == kLeftButton) choose_(s, static_cast<std::int16_t>(index));
     if (phase == Phase::Down && button == kRightButton && active_ == kPatternTab && choose_ == SetTab) {
-        BeginDrag("TabControl", 0, "");
+        BeginDrag({"TabControl", 0, ""});
     }
 }
 
@@ -73,7 +73,7 @@ void TabControl::Refresh() {
 }
 
 void TabControl::Gesture(Phase phase, std::int16_t button, QPointF) {
-    if (phase == Phase::Down && button == kRightButton && s.ActiveTab == kPatternTab) BeginDrag("TabControl", 0, "");
+    if (phase == Phase::Down && button == kRightButton && s.ActiveTab == kPatternTab) BeginDrag({"TabControl", 0, ""});
 }
 
 std::string_view TabControl::Hint(QPointF) const {

@@ -9,6 +9,9 @@
 
 #include "core/loop_track.h"
 
+// The pictures of a static library are there only when asked for, and that from outside any namespace.
+static void AskForPictures() { Q_INIT_RESOURCE(pictures); }
+
 namespace marvolin::theme {
 
 namespace {
@@ -79,6 +82,7 @@ QPushButton:focus { border-color: #ffc94d; }
 }  // namespace
 
 void Apply(QApplication& application) {
+    AskForPictures();
     application.setStyle(QStyleFactory::create("Fusion"));
     application.setPalette(DarkPalette());
     application.setFont(Sans(13));

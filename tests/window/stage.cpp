@@ -15,6 +15,7 @@ namespace marvolin::test {
 Stage::Stage() {
     s.DX = std::make_unique<FakeDirectX>(Sound);
     s.DS = s.DX->DirectSoundCreate("guid1");
+    s.DSEnum = s.DX->GetDSEnum();
     s.DSReady = true;
     s.GangReady = true;
     s.Drivers = {"Primary Sound Driver", "Second Device", "No Sound"};

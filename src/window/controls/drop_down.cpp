@@ -4,7 +4,7 @@
 
 #include "audio/sample_loading.h"
 #include "core/grouping.h"
-#include "window/hints.h"
+#include "performance/palette.h"
 
 namespace marvolin {
 
@@ -31,11 +31,15 @@ void DropDownControl::Refresh() {
 }
 
 std::string_view DropDownControl::Hint(QPointF place) const {
-    return place.y() <= kGrip ? hints::kDropDownGrip : hints::kDropDownOpen;
+    return DropDownHint(s, place.y() * kTwipsPerPixel);
 }
 
 void DropDownControl::Gesture(Phase phase, std::int16_t, QPointF twips) {
-    if (phase == Phase::Down && twips.y() <= kGrip * kTwipsPerPixel) BeginDrag("DropDown", row_, "");
+    if (phase == Phase::Down) {
+        if (const auto source = DropDown_MouseDown(s, row_, twips.y())) BeginDrag(*source);
+    } else if (phase == Phase::Up && QRectF(rect()).contains(twips / kTwipsPerPixel)) {
+        DropDown_MouseUp(s, row_, twips.y());
+    }
 }
 
 QString DropDownControl::Text() const {

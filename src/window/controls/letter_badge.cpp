@@ -2,8 +2,6 @@
 
 #include <QPainter>
 
-#include "audio/transport.h"
-#include "window/hints.h"
 
 namespace marvolin {
 
@@ -14,12 +12,15 @@ LetterBadge::LetterBadge(Session& session, QWidget* parent, Row row)
     TakeDropsFor(row);
 }
 
-std::string_view LetterBadge::Hint(QPointF) const { return hints::kLetr; }
+std::string_view LetterBadge::Hint(QPointF) const { return kLetrHint; }
 
-void LetterBadge::Gesture(Phase, std::int16_t, QPointF) {}
+void LetterBadge::Gesture(Phase phase, std::int16_t button, QPointF) {
+    if (phase != Phase::Down) return;
+    if (const auto source = Letr_MouseDown(s, row_, button)) BeginDrag(*source);
+}
 
 void LetterBadge::DoubleClick(std::int16_t, QPointF) {
-    if (row_ != kSelectionRow) LoopSetThinnable(s, row_, s.Set[row_].Thinnable == False);
+    Letr_DblClick(s, row_);
     update();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "performance/dropper.h"
 #include "window/control.h"
 
 namespace marvolin {
@@ -10,8 +11,10 @@ public:
     LetterBadge(Session& session, QWidget* parent, Row row);
 
 protected:
+    void Drop(const DragSource& source) override { Letr_DragDrop(s, row_, source); }
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void DoubleClick(std::int16_t button, QPointF twips) override;
+    void Activate() override { DoubleClick(kLeftButton, {}); }
     std::string_view Hint(QPointF) const override;
     void paintEvent(QPaintEvent* event) override;
 

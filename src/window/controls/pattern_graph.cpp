@@ -36,7 +36,7 @@ PatternGraphControl::PatternGraphControl(Session& session, QWidget* parent, int 
 }
 
 void PatternGraphControl::Gesture(Phase phase, std::int16_t button, QPointF twips) {
-    if (phase == Phase::Down && button == kRightButton) return BeginDrag("PatternGraph", index, "");
+    if (phase == Phase::Down && button == kRightButton) return BeginDrag({"PatternGraph", static_cast<Row>(index), ""});
     PatternGraph_Gesture(s, index, phase, button, twips.x(), twips.y(), width() * kTwipsPerPixel,
                          height() * kTwipsPerPixel);
 }

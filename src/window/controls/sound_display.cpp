@@ -1,10 +1,11 @@
 #include "window/controls/sound_display.h"
 
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
 #include "core/errors.h"
-#include "window/hints.h"
+#include "performance/sound_display.h"
 
 namespace marvolin {
 
@@ -27,7 +28,29 @@ SoundDisplay::SoundDisplay(Session& session, QWidget* parent, Row row)
     TakeDropsFor(row);
 }
 
-std::string_view SoundDisplay::Hint(QPointF) const { return hints::kSndDisp; }
+std::string_view SoundDisplay::Hint(QPointF) const { return kSndDispHint; }
+
+// The upper half holds the needle of the level, the lower one that of the target.
+void SoundDisplay::Gesture(Phase phase, std::int16_t button, QPointF twips) {
+    switch (phase) {
+        case Phase::Down:
+            SndDisp_MouseDown(s, row_, button);
+            if (button != kLeftButton) return;
+            needle_ = twips.y() < height() * kTwipsPerPixel / 2 ? kLevelNeedle : kTargetNeedle;
+            return SndDisp_Moving(s, row_, needle_, LevelAt(twips));
+        case Phase::Move: return SndDisp_Moving(s, row_, needle_, LevelAt(twips));
+        case Phase::Up:
+            SndDisp_Change(s, row_, needle_, LevelAt(twips));
+            needle_ = kNoNeedle;
+            return;
+    }
+}
+
+std::int16_t SoundDisplay::LevelAt(QPointF twips) const {
+    const QRectF inner = Inner();
+    const double share = (twips.x() / kTwipsPerPixel - inner.left()) / inner.width();
+    return static_cast<std::int16_t>(std::lround(std::clamp(share, 0.0, 1.0) * kScale));
+}
 
 QRectF SoundDisplay::Inner() const { return QRectF(rect()).adjusted(kEnds, 2, -kEnds, -2); }
 

@@ -18,11 +18,14 @@ public:
     void RefreshPlace();
 
 protected:
+    void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    void Activate() override {}
     std::string_view Hint(QPointF) const override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    std::int16_t LevelAt(QPointF twips) const;
     QRectF Inner() const;
     double PlaceX() const;
     /// A pale ground when the wave of a dark row stands on it.
@@ -32,6 +35,7 @@ private:
     void DrawNeedle(QPainter& p, double level, bool top) const;
 
     const Row row_;
+    std::int16_t needle_ = -1;  // the needle in the hand; -1 none
     bool waveStale_ = true;
     std::vector<WaveformColumn> peaks_;  // a picture of the sample, made when first painted
     double shownX_ = -1;           // where the line of the place stands on the screen; -1 nowhere

@@ -44,7 +44,7 @@ EraserControl::EraserControl(Session& session, QWidget* parent)
 std::string_view EraserControl::Hint(QPointF) const { return kEraserHint; }
 
 void EraserControl::Gesture(Phase phase, std::int16_t, QPointF) {
-    if (phase == Phase::Down) BeginDrag("Eraser", 0, "");
+    if (phase == Phase::Down) BeginDrag({"Eraser", 0, ""});
 }
 
 void EraserControl::paintEvent(QPaintEvent*) {
@@ -73,7 +73,7 @@ FrameControl::FrameControl(Session& session, QWidget* parent, const char* name, 
 }
 
 void FrameControl::Gesture(Phase phase, std::int16_t, QPointF) {
-    if (phase == Phase::Down) BeginDrag(objectName().toUtf8().constData(), 0, "");
+    if (phase == Phase::Down) BeginDrag({objectName().toStdString(), 0, ""});
 }
 
 void FrameControl::paintEvent(QPaintEvent*) {

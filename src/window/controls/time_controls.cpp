@@ -87,7 +87,7 @@ CloneTimeControl::CloneTimeControl(Session& session, QWidget* parent, int elemen
 std::string_view CloneTimeControl::Hint(QPointF) const { return kCloneTimeHint; }
 
 void CloneTimeControl::Gesture(Phase phase, std::int16_t, QPointF) {
-    if (phase == Phase::Down) BeginDrag("CloneTime", index, "");
+    if (phase == Phase::Down) BeginDrag({"CloneTime", static_cast<Row>(index), ""});
 }
 
 void CloneTimeControl::paintEvent(QPaintEvent*) {

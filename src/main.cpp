@@ -1,0 +1,47 @@
+#include "audio/openal_sound.h"
+#include "browser/lnk_shortcut.h"
+#include "browser/sample_bins.h"
+#include "instrument/keyboard.h"
+#include "instrument/shut_down.h"
+#include "instrument/start_up.h"
+#include "performance/mix_pad.h"
+#include "performance/sdl_input.h"
+#include "persistence/quick_load.h"
+#include "persistence/session_file_store.h"
+#include "persistence/start_up_demo.h"
+#include "window/application.h"
+#include "window/mersenne_random.h"
+#include "window/no_scripts.h"
+#include "window/qt_desktop.h"
+#include "window/qt_display.h"
+#include "window/qt_timer.h"
+#include "window/qt_windows.h"
+#include "window/tab_mix_pad.h"
+
+using namespace marvolin;
+
+int main(int argc, char** argv) {
+    Application application(argc, argv);
+    QtDesktop desktop;
+    QtDisplay display;
+    QtWindows windows(display, desktop);
+    QtTimers timers;
+    MersenneRandom chance;
+    NoScripts scripts;
+    SessionFileStore store;
+    Session session{Services{display, desktop, windows, chance, timers, scripts, store, CreateOpenAlSound, CreateSdlInput,
+                             ResolveLnkShortcut}};
+
+    const StartUpHooks hooks{nullptr, InitPicks,
+                             [](Session& s) { PadGeometryInit(s, TabMixPad::InnerWidth(), TabMixPad::InnerHeight()); },
+                             UpdateQuickLoad, LoadStartUpContent};
+    windows.Attach(session, {[&] { FormActivate(session, hooks); },
+                             [&] { FormQueryUnload(session); },
+                             [&](char letter, bool shift, bool control, bool alt) {
+                                 Form_KeyUp(session, letter,
+                                            (shift ? kShiftKey : 0) | (control ? kCtrlKey : 0) | (alt ? kAltKey : 0));
+                             },
+                             [&] { return session.DX ? OpenAlSoundLoad(*session.DX) / 100 : 0.0; }});
+    if (!RunMain(session, hooks) || windows.Ended()) return 0;
+    return application.exec();
+}
