@@ -22,12 +22,11 @@ SelectList::SelectList(Session& session, QWidget* parent) : QListWidget(parent),
 }
 
 void SelectList::Open(QPoint place) {
-    clearSelection();
-    setCurrentItem(nullptr);
     const QRect area = screen()->availableGeometry();
     move(qBound(area.left(), place.x(), area.right() - width()), qBound(area.top(), place.y(), area.bottom() - height()));
     show();
     setFocus();
+    setCurrentItem(nullptr);  // the focus has chosen the first entry
 }
 
 void SelectList::Choose(const QListWidgetItem* item) {

@@ -27,7 +27,7 @@ struct PatternStage : Stage {
 
 TEST(PatternGraph, ADragDrawsEachColumnThatItPasses) {
     PatternStage stage;
-    stage.Press("PatternGraph_0", {stage.Column(1, 4), stage.Height / 2});
+    stage.Press("PatternGraph_0", {stage.Column(1, 4), 2});
     EXPECT_EQ(stage.Block(kVolPattern)[0], 500);
     for (int column = 1; column <= 4; ++column) stage.Move("PatternGraph_0", {stage.Column(column, 4), stage.Height / 2});
     stage.Release("PatternGraph_0", {stage.Column(4, 4), stage.Height - 1});
@@ -92,7 +92,7 @@ TEST(NSteps, TheWheelIsOneStep) {
 TEST(TimeDigit, ADragUpwardsCarriesThroughTheWholeNumber) {
     PatternStage stage;
     stage.s.Set[0].StepDuration = 95;
-    stage.Drag("TimeDigit_1", {0, -4});
+    stage.Drag("TimeDigit_1", {0, -3});
     EXPECT_EQ(stage.s.Set[0].StepDuration, 105);
     EXPECT_EQ(stage.s.TimeText[0], "001.05");
     stage.Drag("TimeDigit_5", {0, -10});

@@ -91,5 +91,76 @@ TEST(Thumb, AClickChoosesTheLoopTrackADoubleClickOpensItsPattern) {
     EXPECT_TRUE(stage.At("PatternPage")->isVisible());
 }
 
+TEST(SndDisp, ADragAlongTheTopIsHeardAsItGoes) {
+    Stage stage;
+    stage.Fill(1);
+    const double width = stage.At("SndDisp_1")->width();
+    stage.Press("SndDisp_1", {width / 2, 6});
+    EXPECT_NEAR(stage.s.Set[1].Vol, 250, 2);
+    stage.Move("SndDisp_1", {width / 4, 6});
+    EXPECT_LT(stage.s.Set[1].Vol, 130);
+    stage.Release("SndDisp_1", {width - 1, 6});
+    EXPECT_EQ(stage.s.Set[1].Vol, 500);
+    EXPECT_EQ(stage.s.Run[1].FadeState, kNoFade);
+}
+
+TEST(SndDisp, AClickAlongTheBottomFadesThere) {
+    Stage stage;
+    stage.Fill(1);
+    const QSizeF size = stage.At("SndDisp_1")->size();
+    stage.Click("SndDisp_1", {size.width() / 2, size.height() - 6});
+    EXPECT_EQ(stage.s.Set[1].Vol, 500);
+    EXPECT_EQ(stage.s.Run[1].FadeState, kFalling);
+    EXPECT_NEAR(stage.s.Run[1].FadeTarget, 250, 2);
+    EXPECT_EQ(stage.s.Run[1].FadeToMark, True);
+}
+
+TEST(SndDisp, ARightClickTogglesTheFade) {
+    Stage stage;
+    stage.Fill(1);
+    stage.Click("SndDisp_1", {30, 30}, Qt::RightButton);
+    EXPECT_EQ(stage.s.Run[1].FadeState, kFalling);
+    EXPECT_EQ(stage.s.Run[1].FadeTarget, 0);
+}
+
+TEST(DropDown, AClickOpensThePaletteAndAnEntryIsChosenByAClick) {
+    Stage stage;
+    stage.Fill(0);
+    auto* list = stage.Form->findChild<QListWidget*>("HistoryList");
+    ASSERT_NE(list, nullptr);
+    stage.Click("DropDown_0");
+    ASSERT_TRUE(list->isVisible());
+    EXPECT_EQ(list->item(1)->text(), "<Empty Looptrack>");
+    EXPECT_TRUE(stage.Form->rect().contains(list->geometry()));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(1)).center());
+    EXPECT_EQ(stage.s.Run[0].Loaded, False);
+    EXPECT_FALSE(list->isVisible());
+}
+
+TEST(DropDown, CloseOnlyClosesThePalette) {
+    Stage stage;
+    stage.Fill(3);
+    auto* list = stage.Form->findChild<QListWidget*>("HistoryList");
+    stage.Click("DropDown_3");
+    ASSERT_TRUE(list->isVisible());
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(0)).center());
+    EXPECT_FALSE(list->isVisible());
+    EXPECT_EQ(stage.s.Run[3].Loaded, True);
+}
+
+TEST(Letr, TheDropperTakesTheSettingsOfTheRowItFallsOn) {
+    Stage stage;
+    stage.s.Set[2].Vol = 123;
+    stage.s.Set[2].Pan = 800;
+    stage.DropControl("Letr_2", {"Letr", 0, "Dropper~~0"});
+    EXPECT_EQ(stage.s.Set[0].Vol, 123);
+    EXPECT_EQ(stage.s.Set[0].Pan, 800);
+    stage.s.Set[2].Pan = 100;
+    stage.s.Set[2].Vol = 99;
+    stage.DropControl("SndDisp_2", {"Letr", 0, "Dropper~~0"});
+    EXPECT_EQ(stage.s.Set[0].Vol, 99);
+    EXPECT_EQ(stage.s.Set[0].Pan, 800);
+}
+
 }  // namespace
 }  // namespace marvolin

@@ -30,6 +30,9 @@ Stage::Stage() {
     Screen.Attach(Form.get());
     Form->show();
     Settle();
+    // The pointer starts where it touches no control.
+    QTest::mouseMove(Form->windowHandle(), QPoint(4, Form->height() - 4));
+    Settle();
     Sound.Log.clear();
 }
 

@@ -72,6 +72,7 @@ TEST(PlayButton, HasADifferentPictureForStoppedPlayingAndPaused) {
     const QImage playing = stage.At("Play_0")->grab().toImage();
     stage.Press("Play_0", {10, 10}, Qt::RightButton);
     const QImage paused = stage.At("Play_0")->grab().toImage();
+    stage.Release("Play_0", {10, 10}, Qt::RightButton);
     EXPECT_NE(stopped, playing);
     EXPECT_NE(playing, paused);
     EXPECT_NE(stopped, paused);
