@@ -1,14 +1,11 @@
 #include "audio/openal_sound.h"
 #include "browser/lnk_shortcut.h"
-#include "browser/sample_bins.h"
 #include "instrument/keyboard.h"
 #include "instrument/shut_down.h"
 #include "instrument/start_up.h"
 #include "performance/mix_pad.h"
 #include "performance/sdl_input.h"
-#include "persistence/quick_load.h"
 #include "persistence/session_file_store.h"
-#include "persistence/start_up_demo.h"
 #include "window/application.h"
 #include "window/mersenne_random.h"
 #include "window/no_scripts.h"
@@ -29,14 +26,12 @@ int main(int argc, char** argv) {
     MersenneRandom chance;
     NoScripts scripts;
     SessionFileStore store;
-    Session session{Services{display, desktop, windows, chance, timers, scripts, store, CreateOpenAlSound, CreateSdlInput,
-                             ResolveLnkShortcut}};
+    Session session{Services{display, desktop, windows, chance, timers, scripts, store, CreateOpenAlSound,
+                             CreateSdlInput, ResolveLnkShortcut}};
 
-    const StartUpHooks hooks{nullptr, InitPicks,
-                             [](Session& s) { PadGeometryInit(s, TabMixPad::InnerWidth(), TabMixPad::InnerHeight()); },
-                             UpdateQuickLoad, LoadStartUpContent};
-    windows.Attach(session, {[&] { FormActivate(session, hooks); },
-                             [&] { FormQueryUnload(session); },
+    const StartUpHooks hooks{nullptr,
+                             [](Session& s) { PadGeometryInit(s, TabMixPad::InnerWidth(), TabMixPad::InnerHeight()); }};
+    windows.Attach(session, {[&] { FormActivate(session); }, [&] { FormQueryUnload(session); },
                              [&](char letter, bool shift, bool control, bool alt) {
                                  Form_KeyUp(session, letter,
                                             (shift ? kShiftKey : 0) | (control ? kCtrlKey : 0) | (alt ? kAltKey : 0));

@@ -23,10 +23,14 @@ QPointF Twips(QPointF pixels) { return pixels * kTwipsPerPixel; }
 
 std::int16_t ButtonNumber(Qt::MouseButton button) {
     switch (button) {
-        case Qt::LeftButton: return kLeftButton;
-        case Qt::RightButton: return kRightButton;
-        case Qt::MiddleButton: return kMiddleButton;
-        default: return kNoButton;
+        case Qt::LeftButton:
+            return kLeftButton;
+        case Qt::RightButton:
+            return kRightButton;
+        case Qt::MiddleButton:
+            return kMiddleButton;
+        default:
+            return kNoButton;
     }
 }
 
@@ -69,7 +73,7 @@ void Control::Drop(const DragSource& source) {
 }
 
 void Control::BeginDrag(const DragSource& source) {
-    held_ = kNoButton;  // the drag swallows the release
+    held_ = kNoButton;             // the drag swallows the release
     auto* drag = new QDrag(this);  // owned by the toolkit, which deletes it after the drop
     drag->setMimeData(ToMimeData(source).release());
     QPixmap picture = grab();
@@ -133,17 +137,26 @@ void Control::wheelEvent(QWheelEvent* event) {
 void Control::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Up:
-        case Qt::Key_Right: Step(1); return;
+        case Qt::Key_Right:
+            Step(1);
+            return;
         case Qt::Key_Down:
-        case Qt::Key_Left: Step(-1); return;
-        case Qt::Key_PageUp: Step(10); return;
-        case Qt::Key_PageDown: Step(-10); return;
+        case Qt::Key_Left:
+            Step(-1);
+            return;
+        case Qt::Key_PageUp:
+            Step(10);
+            return;
+        case Qt::Key_PageDown:
+            Step(-10);
+            return;
         case Qt::Key_Space:
         case Qt::Key_Return:
         case Qt::Key_Enter:
             if (!event->isAutoRepeat()) Activate();
             return;
-        default: event->ignore();
+        default:
+            event->ignore();
     }
 }
 

@@ -63,8 +63,8 @@ private:
     void EndHold();
 
     std::int16_t held_ = kNoButton;
-    QPointF last_;        // where the pointer was last while held
-    int wheelRest_ = 0;   // eighths of a degree short of a notch
+    QPointF last_;       // where the pointer was last while held
+    int wheelRest_ = 0;  // eighths of a degree short of a notch
     Row dropRow_ = -1;
 };
 

@@ -23,8 +23,8 @@ class FrmMain : public QWidget {
 public:
     /// What the window does beyond its controls.
     struct Events {
-        std::function<void()> Activate;   ///< the window became the active one
-        std::function<void()> Unload;     ///< the window is being closed
+        std::function<void()> Activate;  ///< the window became the active one
+        std::function<void()> Unload;    ///< the window is being closed
         /// A letter "A".."Z" was let go in the window, whatever control has the keys.
         std::function<void(char letter, bool shift, bool control, bool alt)> KeyUp;
         std::function<double()> SoundLoad;  ///< share of real time that the sound takes

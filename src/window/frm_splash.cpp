@@ -40,7 +40,8 @@ void FrmSplash::paintEvent(QPaintEvent*) {
             p.setPen(QPen(pass == 0 ? QColor(0xb9, 0xc4, 0xe6) : colour, pass == 0 ? 3.4 : 2));
             for (int i = 0; i < 93; ++i) {
                 const double beat = std::fmod(i * (row + 2) / 46.5, 1.0);
-                const double half = 1 + 8 * std::exp(-3.2 * beat) * (0.6 + 0.4 * std::sin(i * 1.7 + row)) + (pass == 0 ? 0.7 : 0);
+                const double half =
+                    1 + 8 * std::exp(-3.2 * beat) * (0.6 + 0.4 * std::sin(i * 1.7 + row)) + (pass == 0 ? 0.7 : 0);
                 p.drawLine(QPointF(26 + i * 4, middle - half), QPointF(26 + i * 4, middle + half));
             }
         }

@@ -1,7 +1,7 @@
 #pragma once
 /// \file
-/// Hints of the status line that no gesture procedure shows itself. "clk" is a click, "dblclk" a double click, "rtclk" a
-/// right click, "drg" and "rtdrg" a drag with the left or the right button.
+/// Hints of the status line that no gesture procedure shows itself. "clk" is a click, "dblclk" a double click, "rtclk"
+/// a right click, "drg" and "rtdrg" a drag with the left or the right button.
 
 #include <string_view>
 

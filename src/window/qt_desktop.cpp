@@ -22,9 +22,12 @@ constexpr std::uint32_t kFileNotFound = 53;
 
 QMessageBox::Icon IconOf(BoxStyle style) {
     switch (style) {
-        case BoxStyle::Critical: return QMessageBox::Critical;
-        case BoxStyle::Question: return QMessageBox::Question;
-        case BoxStyle::Plain: break;
+        case BoxStyle::Critical:
+            return QMessageBox::Critical;
+        case BoxStyle::Question:
+            return QMessageBox::Question;
+        case BoxStyle::Plain:
+            break;
     }
     return QMessageBox::NoIcon;
 }
@@ -98,7 +101,8 @@ void QtDesktop::ReleaseCursor() {
 bool QtDesktop::eventFilter(QObject*, QEvent* event) {
     if (event->type() != QEvent::MouseMove || !cage_) return false;
     const QPoint place = QCursor::pos();
-    const QPoint inside(qBound(cage_->Left, place.x(), cage_->Right - 1), qBound(cage_->Top, place.y(), cage_->Bottom - 1));
+    const QPoint inside(qBound(cage_->Left, place.x(), cage_->Right - 1),
+                        qBound(cage_->Top, place.y(), cage_->Bottom - 1));
     if (inside != place) QCursor::setPos(inside);
     return false;
 }

@@ -94,7 +94,6 @@ void QtDisplay::ShowHistoryList(bool open) {
     if (form_ != nullptr) form_->ShowHistoryList(open);
 }
 
-
 void QtDisplay::ShowStatusText() {
     if (form_ != nullptr) form_->Status1->Refresh(StatusBar1::Panel::Hint);
 }

@@ -31,9 +31,12 @@ void QtWindows::Attach(Session& session, FrmMain::Events events) {
 
 QWidget* QtWindows::WidgetOf(Form form) const {
     switch (form) {
-        case Form::Main: return main_.get();
-        case Form::Splash: return splash_.get();
-        default: return nullptr;
+        case Form::Main:
+            return main_.get();
+        case Form::Splash:
+            return splash_.get();
+        default:
+            return nullptr;
     }
 }
 

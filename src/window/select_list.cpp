@@ -23,7 +23,8 @@ SelectList::SelectList(Session& session, QWidget* parent) : QListWidget(parent),
 
 void SelectList::Open(QPoint place) {
     const QRect area = screen()->availableGeometry();
-    move(qBound(area.left(), place.x(), area.right() - width()), qBound(area.top(), place.y(), area.bottom() - height()));
+    move(qBound(area.left(), place.x(), area.right() - width()),
+         qBound(area.top(), place.y(), area.bottom() - height()));
     show();
     setFocus();
     setCurrentItem(nullptr);  // the focus has chosen the first entry

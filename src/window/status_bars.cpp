@@ -18,7 +18,8 @@ constexpr QRect kLoadPlace{884, 0, 148, StatusBar2::kHeight};
 
 void DrawPanel(QPainter& p, const QRect& place, const QString& text, const QColor& ink) {
     p.setPen(ink);
-    p.drawText(place, Qt::AlignVCenter | Qt::AlignLeft, p.fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
+    p.drawText(place, Qt::AlignVCenter | Qt::AlignLeft,
+               p.fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
 }
 
 }  // namespace
@@ -31,10 +32,14 @@ StatusBar1::StatusBar1(Session& session, QWidget* parent) : QWidget(parent), s(s
 
 QRect StatusBar1::PlaceOf(Panel panel) const {
     switch (panel) {
-        case Panel::Hint: return {12, 0, 660, kHeight};
-        case Panel::Readout: return {684, 0, 216, kHeight};
-        case Panel::Clock: return {908, 0, 84, kHeight};
-        case Panel::Help: return {1000, 2, 32, kHeight - 4};
+        case Panel::Hint:
+            return {12, 0, 660, kHeight};
+        case Panel::Readout:
+            return {684, 0, 216, kHeight};
+        case Panel::Clock:
+            return {908, 0, 84, kHeight};
+        case Panel::Help:
+            return {1000, 2, 32, kHeight - 4};
     }
     return {};
 }
@@ -66,7 +71,8 @@ void StatusBar1::paintEvent(QPaintEvent*) {
     p.setFont(theme::Digits(13));
     const std::string& clock = s.Clock.Panel;
     if (clock.find(':') == std::string::npos && !clock.empty()) p.setFont(theme::Sans(11));
-    DrawPanel(p, PlaceOf(Panel::Clock), clock.empty() ? QString("00:00:00") : QString::fromStdString(clock), theme::kText);
+    DrawPanel(p, PlaceOf(Panel::Clock), clock.empty() ? QString("00:00:00") : QString::fromStdString(clock),
+              theme::kText);
     const QRect help = PlaceOf(Panel::Help);
     theme::DrawFace(p, help, {});
     p.setFont(theme::Sans(14, QFont::Bold));

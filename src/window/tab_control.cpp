@@ -54,8 +54,8 @@ TabControl::TabControl(Session& session, QWidget* parent) : Control(session, par
     setToolTip({});
     setFocusPolicy(Qt::NoFocus);
     for (int tab = 0; tab < kTabs; ++tab) {
-        auto* caption = new TabButton(s, this, "Tab", tab, kCaptions[static_cast<std::size_t>(tab)], s.ActiveTab,
-                                      SetTab);
+        auto* caption =
+            new TabButton(s, this, "Tab", tab, kCaptions[static_cast<std::size_t>(tab)], s.ActiveTab, SetTab);
         caption->setToolTip({});
         caption->setGeometry(tab * (kCaptionWidth + 2), 0, kCaptionWidth, kCaptionHeight);
         captions_.push_back(caption);

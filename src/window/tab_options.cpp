@@ -95,9 +95,7 @@ void TabOptions::MakeSubTabs() {
     MakeTiming(pages_[3]);
 }
 
-void TabOptions::MakeJoystick(QWidget* page) {
-    Caption(page, "The joystick is not available yet", {20, 20, 400, 20});
-}
+void TabOptions::MakeJoystick(QWidget* page) { Caption(page, "The joystick is not available yet", {20, 20, 400, 20}); }
 
 void TabOptions::MakeMouse(QWidget* page) {
     Caption(page, "Knobs follow a drag", {20, 18, 240, 18});
@@ -123,8 +121,9 @@ void TabOptions::MakeScripting(QWidget* page) {
     for (int member = 0; member < 2; ++member) {
         const int top = 18 + member * 84;
         Caption(page, kTexts[static_cast<std::size_t>(member)], {20, top, 120, 18});
-        auto* slider = Gauge(page, "ScrollSensitivity", QString("Moves an event of the %1").arg(kTexts[static_cast<std::size_t>(member)]),
-                             1, 50, {20, top + 20, 360, 26});
+        auto* slider = Gauge(page, "ScrollSensitivity",
+                             QString("Moves an event of the %1").arg(kTexts[static_cast<std::size_t>(member)]), 1, 50,
+                             {20, top + 20, 360, 26});
         slider->setObjectName(QString("ScrollSensitivity_%1").arg(member));
         connect(slider, &QSlider::valueChanged, this, [this, member](int value) {
             ScrollSensitivity_Change(s, member, value);

@@ -1,6 +1,5 @@
 #include "window/tab_pattern.h"
 
-
 #include "core/loop_views.h"
 #include "sequencing/patterns.h"
 #include "sequencing/timing.h"
@@ -25,9 +24,8 @@ struct TimePlace {
     int Group;
     int Clone;
 };
-constexpr std::array<TimePlace, 3> kTimes{{{kStepDurationGroup, kCloneStepDuration},
-                                           {kSwingGroup, kCloneSwing},
-                                           {kBeatStartGroup, kCloneBeatStart}}};
+constexpr std::array<TimePlace, 3> kTimes{
+    {{kStepDurationGroup, kCloneStepDuration}, {kSwingGroup, kCloneSwing}, {kBeatStartGroup, kCloneBeatStart}}};
 
 }  // namespace
 

@@ -24,7 +24,6 @@ public:
     void RefreshMarker();
     void RefreshTime(int group);
 
-
 private:
     void MakePatterns();
     void MakeTiming();

@@ -81,7 +81,8 @@ TEST(QtDesktop, KnowsTheScreen) {
     EXPECT_GT(area.Right, area.Left);
     EXPECT_EQ(desk.TwipsPerPixelX(), 15);
     EXPECT_GT(desk.TextWidth("a longer text"), desk.TextWidth("a text"));
-    EXPECT_EQ(std::filesystem::path(desk.ProgramFolder()), std::filesystem::path(QCoreApplication::applicationDirPath().toStdString()));
+    EXPECT_EQ(std::filesystem::path(desk.ProgramFolder()),
+              std::filesystem::path(QCoreApplication::applicationDirPath().toStdString()));
 }
 
 }  // namespace

@@ -13,7 +13,9 @@ using test::Stage;
 /// A folder of its own with some files, gone at the end.
 class Folder {
 public:
-    Folder() : path_(std::filesystem::temp_directory_path() / std::filesystem::path(::testing::UnitTest::GetInstance()->current_test_info()->name())) {
+    Folder()
+        : path_(std::filesystem::temp_directory_path() /
+                std::filesystem::path(::testing::UnitTest::GetInstance()->current_test_info()->name())) {
         std::filesystem::create_directories(path_);
     }
     ~Folder() { std::filesystem::remove_all(path_); }

@@ -46,7 +46,8 @@ TEST(Keyboard, NoControlEatsALetter) {
 
 TEST(Keyboard, OtherKeysAreNoLetters) {
     Stage stage;
-    for (int key : {Qt::Key_1, Qt::Key_F1, Qt::Key_Escape, Qt::Key_Shift}) QTest::keyClick(stage.Form.get(), static_cast<Qt::Key>(key));
+    for (int key : {Qt::Key_1, Qt::Key_F1, Qt::Key_Escape, Qt::Key_Shift})
+        QTest::keyClick(stage.Form.get(), static_cast<Qt::Key>(key));
     EXPECT_TRUE(stage.Keys.empty());
 }
 

@@ -29,7 +29,8 @@ TEST(PatternGraph, ADragDrawsEachColumnThatItPasses) {
     PatternStage stage;
     stage.Press("PatternGraph_0", {stage.Column(1, 4), 2});
     EXPECT_EQ(stage.Block(kVolPattern)[0], 500);
-    for (int column = 1; column <= 4; ++column) stage.Move("PatternGraph_0", {stage.Column(column, 4), stage.Height / 2});
+    for (int column = 1; column <= 4; ++column)
+        stage.Move("PatternGraph_0", {stage.Column(column, 4), stage.Height / 2});
     stage.Release("PatternGraph_0", {stage.Column(4, 4), stage.Height - 1});
     for (int step = 0; step < 3; ++step) EXPECT_NEAR(stage.Block(kVolPattern)[step], 250, 8);
     EXPECT_LT(stage.Block(kVolPattern)[3], 20);

@@ -52,7 +52,9 @@ void BandsEditor::paintEvent(QPaintEvent*) {
         const QColor colour = theme::RowColour(band);
         p.setPen(theme::Contrast(colour, theme::kSunk) < 3 ? QPen(QColor(0xb9, 0xc4, 0xe6), 1) : QPen(Qt::NoPen));
         p.setBrush(colour);
-        p.drawRoundedRect(QRectF(run.First * column + 2, band * lane + 0.8, (run.Last - run.First + 1) * column - 4, lane - 1.6), 1.5, 1.5);
+        p.drawRoundedRect(
+            QRectF(run.First * column + 2, band * lane + 0.8, (run.Last - run.First + 1) * column - 4, lane - 1.6), 1.5,
+            1.5);
     }
 }
 

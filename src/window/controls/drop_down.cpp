@@ -30,9 +30,7 @@ void DropDownControl::Refresh() {
     update();
 }
 
-std::string_view DropDownControl::Hint(QPointF place) const {
-    return DropDownHint(s, place.y() * kTwipsPerPixel);
-}
+std::string_view DropDownControl::Hint(QPointF place) const { return DropDownHint(s, place.y() * kTwipsPerPixel); }
 
 void DropDownControl::Gesture(Phase phase, std::int16_t, QPointF twips) {
     if (phase == Phase::Down) {
@@ -61,7 +59,8 @@ void DropDownControl::paintEvent(QPaintEvent*) {
     p.setFont(theme::Sans(13));
     p.setPen(name.isEmpty() || row_ == kSelectionRow ? theme::kQuiet : theme::kText);
     const QString shown = name.isEmpty() ? QString("empty") : name;
-    p.drawText(text, Qt::AlignVCenter | Qt::AlignLeft, p.fontMetrics().elidedText(shown, Qt::ElideMiddle, static_cast<int>(text.width())));
+    p.drawText(text, Qt::AlignVCenter | Qt::AlignLeft,
+               p.fontMetrics().elidedText(shown, Qt::ElideMiddle, static_cast<int>(text.width())));
     p.setPen(Qt::NoPen);
     p.setBrush(theme::kQuiet);
     const QPointF tip(width() - 14, text.center().y() + 3);

@@ -17,8 +17,8 @@ struct KnobLook {
 constexpr std::array<KnobLook, 3> kLooks{
     {{"VolKnob", "Vol", "Volume"}, {"PanKnob", "Pan", "Pan"}, {"HzKnob", "Freq", "Frequency"}}};
 
-constexpr double kSweep = 270;       // degrees from the first picture to the last
-constexpr double kStart = 225;       // degrees of the first picture, counter-clockwise from three o'clock
+constexpr double kSweep = 270;  // degrees from the first picture to the last
+constexpr double kStart = 225;  // degrees of the first picture, counter-clockwise from three o'clock
 constexpr double kLastFrame = 63;
 constexpr double kRadius = 17;
 

@@ -2,7 +2,6 @@
 
 #include <QPainter>
 
-
 namespace marvolin {
 
 LetterBadge::LetterBadge(Session& session, QWidget* parent, Row row)

@@ -46,11 +46,16 @@ void DrawDrum(QPainter& p) {
 
 void DrawMode(QPainter& p, std::int16_t mode) {
     switch (mode) {
-        case kOneShot: return DrawOneShot(p);
-        case kLoop: return DrawLoop(p);
-        case kTrack: return DrawTrack(p);
-        case kDrum: return DrawDrum(p);
-        default: return;
+        case kOneShot:
+            return DrawOneShot(p);
+        case kLoop:
+            return DrawLoop(p);
+        case kTrack:
+            return DrawTrack(p);
+        case kDrum:
+            return DrawDrum(p);
+        default:
+            return;
     }
 }
 
@@ -75,7 +80,8 @@ void LoopItControl::DoubleClick(std::int16_t, QPointF) { LoopIt_DblClick(s, row_
 
 void LoopItControl::Step(int units) {
     const Row row = row_ == kMasterRow ? s.CurrentLoop : row_;
-    LoopSetPlayModeRows(s, row, std::clamp<std::int16_t>(static_cast<std::int16_t>(s.Set[row].PlayMode + units), kOneShot, kDrum));
+    LoopSetPlayModeRows(
+        s, row, std::clamp<std::int16_t>(static_cast<std::int16_t>(s.Set[row].PlayMode + units), kOneShot, kDrum));
 }
 
 void LoopItControl::paintEvent(QPaintEvent*) {

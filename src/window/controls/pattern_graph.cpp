@@ -53,7 +53,9 @@ QRectF PatternGraphControl::ColumnPlace(int column) const {
     return StepPlace(width(), height(), column - 1, steps);
 }
 
-void PatternGraphControl::RefreshColumn(int column) { update(ColumnPlace(column).toAlignedRect().adjusted(-1, 0, 1, 0)); }
+void PatternGraphControl::RefreshColumn(int column) {
+    update(ColumnPlace(column).toAlignedRect().adjusted(-1, 0, 1, 0));
+}
 
 double PatternGraphControl::HeightOf(double value) const {
     const PatternLimits& range = kPatternRange[static_cast<std::size_t>(index)];
@@ -64,7 +66,8 @@ double PatternGraphControl::HeightOf(double value) const {
 void PatternGraphControl::DrawColumn(QPainter& p, int column) const {
     const PatternBlock& block = s.Set[s.CurrentLoop].Pattern[index];
     const double value = column == 0 ? block[kPatternOffset] : block[column - 1];
-    const double foot = index == kPanPattern && column > 0 ? kPanFoot : kPatternRange[static_cast<std::size_t>(index)].Min;
+    const double foot =
+        index == kPanPattern && column > 0 ? kPanFoot : kPatternRange[static_cast<std::size_t>(index)].Min;
     const QRectF place = ColumnPlace(column);
     const double gap = place.width() > 12 ? 1.5 : 0.75;
     const double top = HeightOf(value);
@@ -129,7 +132,8 @@ void StepReadOutControl::paintEvent(QPaintEvent*) {
     p.setRenderHint(QPainter::Antialiasing);
     p.setPen(QPen(theme::kLine, 1));
     p.setBrush(theme::kSunk);
-    p.drawRoundedRect(QRectF(kRandomColumnShare * width(), 0.5, (1 - kRandomColumnShare) * width(), height() - 1.0), 3, 3);
+    p.drawRoundedRect(QRectF(kRandomColumnShare * width(), 0.5, (1 - kRandomColumnShare) * width(), height() - 1.0), 3,
+                      3);
     shown_ = MarkerPlace();
     p.setPen(Qt::NoPen);
     p.setBrush(theme::kAccent);

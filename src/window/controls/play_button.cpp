@@ -10,7 +10,8 @@ namespace marvolin {
 namespace {
 
 QString LabelOf(Row row) {
-    return row == kSelectionRow ? QString("Play the selection") : QString("Play LoopTrack %1").arg(QChar(RowLetter(row)));
+    return row == kSelectionRow ? QString("Play the selection")
+                                : QString("Play LoopTrack %1").arg(QChar(RowLetter(row)));
 }
 
 }  // namespace
@@ -22,9 +23,12 @@ PlayButton::PlayButton(Session& session, QWidget* parent, Row row)
 
 void PlayButton::Gesture(Phase phase, std::int16_t button, QPointF) {
     switch (phase) {
-        case Phase::Down: return Play_MouseDown(s, row_, button);
-        case Phase::Move: return Play_MouseMove(s);
-        case Phase::Up: return Play_MouseUp(s, row_, button);
+        case Phase::Down:
+            return Play_MouseDown(s, row_, button);
+        case Phase::Move:
+            return Play_MouseMove(s);
+        case Phase::Up:
+            return Play_MouseUp(s, row_, button);
     }
 }
 

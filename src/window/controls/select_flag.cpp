@@ -15,7 +15,8 @@ std::string_view SelectFlag::Hint(QPointF) const { return kSelectedHint; }
 // The drag passes over the flags of the other rows, which are found below the pointer.
 void SelectFlag::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     switch (phase) {
-        case Phase::Down: return Selected_MouseDown(s, row_, button);
+        case Phase::Down:
+            return Selected_MouseDown(s, row_, button);
         case Phase::Move: {
             if (!Held()) return;
             const QPoint place = mapTo(window(), (twips / kTwipsPerPixel).toPoint());
@@ -23,7 +24,8 @@ void SelectFlag::Gesture(Phase phase, std::int16_t button, QPointF twips) {
             if (passed != nullptr) Selected_DragOver(s, passed->row_);
             return;
         }
-        case Phase::Up: return Selected_DragEnd(s);
+        case Phase::Up:
+            return Selected_DragEnd(s);
     }
 }
 
@@ -37,7 +39,8 @@ void SelectFlag::paintEvent(QPaintEvent*) {
     const QPointF c = QRectF(rect()).center();
     const QRectF box(c.x() - 8.5, c.y() - 8.5, 17, 17);
     p.setPen(QPen(on ? (theme::Contrast(colour, theme::kPanel) < 3 ? QColor(0xb9, 0xc4, 0xe6) : colour)
-                     : QColor(0x7d, 0x85, 0x90), 1.4));
+                     : QColor(0x7d, 0x85, 0x90),
+                  1.4));
     p.setBrush(on ? colour : theme::kSunk);
     p.drawRoundedRect(box, 4, 4);
     if (on) {

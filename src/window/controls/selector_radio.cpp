@@ -8,7 +8,8 @@ namespace marvolin {
 
 SelectorRadioButton::SelectorRadioButton(Session& session, QWidget* parent, int button)
     : Control(session, parent, "SelectorRadio", button,
-              button == 0 ? QString("The selection is in control") : QString("Band %1 is in control").arg(button - 1)) {}
+              button == 0 ? QString("The selection is in control") : QString("Band %1 is in control").arg(button - 1)) {
+}
 
 std::string_view SelectorRadioButton::Hint(QPointF) const { return kSelectorRadioHint; }
 

@@ -38,7 +38,8 @@ void SoundDisplay::Gesture(Phase phase, std::int16_t button, QPointF twips) {
             if (button != kLeftButton) return;
             needle_ = twips.y() < height() * kTwipsPerPixel / 2 ? kLevelNeedle : kTargetNeedle;
             return SndDisp_Moving(s, row_, needle_, LevelAt(twips));
-        case Phase::Move: return SndDisp_Moving(s, row_, needle_, LevelAt(twips));
+        case Phase::Move:
+            return SndDisp_Moving(s, row_, needle_, LevelAt(twips));
         case Phase::Up:
             SndDisp_Change(s, row_, needle_, LevelAt(twips));
             needle_ = kNoNeedle;
@@ -116,7 +117,8 @@ void SoundDisplay::DrawNeedle(QPainter& p, double level, bool top) const {
     const double x = inner.left() + level / kScale * inner.width();
     const double edge = top ? 1 : height() - 1;
     const double tip = top ? edge + 8 : edge - 8;
-    const QColor ink = top ? (pale ? QColor(0x1d, 0x1f, 0x23) : QColor(Qt::white)) : (pale ? QColor(0x8a, 0x4b, 0x00) : theme::kAccent);
+    const QColor ink = top ? (pale ? QColor(0x1d, 0x1f, 0x23) : QColor(Qt::white))
+                           : (pale ? QColor(0x8a, 0x4b, 0x00) : theme::kAccent);
     p.setPen(QPen(ink, 1));
     p.drawLine(QPointF(x, tip), QPointF(x, height() / 2.0));
     p.setPen(QPen(pale ? QColor(Qt::white) : QColor(0x14, 0x16, 0x19), 1));

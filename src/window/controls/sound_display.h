@@ -38,7 +38,7 @@ private:
     std::int16_t needle_ = -1;  // the needle in the hand; -1 none
     bool waveStale_ = true;
     std::vector<WaveformColumn> peaks_;  // a picture of the sample, made when first painted
-    double shownX_ = -1;           // where the line of the place stands on the screen; -1 nowhere
+    double shownX_ = -1;                 // where the line of the place stands on the screen; -1 nowhere
 };
 
 }  // namespace marvolin

@@ -15,10 +15,9 @@ constexpr double kTwipsAUnit = 50;  // of a drag
 constexpr std::array<const char*, 3> kGroupNames{"Step Duration", "Swing", "Sample Start"};
 constexpr std::array<const char*, kDigitsAGroup> kDigitNames{"hundredths", "tenths", "seconds", "tens of seconds",
                                                              "hundreds of seconds"};
-constexpr std::array<const char*, 3> kPercentTips{
-    "Step Duration as Percentage of Sample Length; dblclk to set to %100",
-    "Swing as Percentage of Step Duration; dblclk to set to %0",
-    "Sample Start as Percentage of Sample Length; dblclk to set to %0"};
+constexpr std::array<const char*, 3> kPercentTips{"Step Duration as Percentage of Sample Length; dblclk to set to %100",
+                                                  "Swing as Percentage of Step Duration; dblclk to set to %0",
+                                                  "Sample Start as Percentage of Sample Length; dblclk to set to %0"};
 
 struct CloneText {
     const char* Text;
@@ -95,10 +94,12 @@ void CloneTimeControl::paintEvent(QPaintEvent*) {
     p.setRenderHint(QPainter::Antialiasing);
     p.setPen(Qt::NoPen);
     p.setBrush(underMouse() ? theme::kText : theme::kQuiet);
-    for (int dot = 0; dot < 6; ++dot) p.drawEllipse(QPointF(3.5 + (dot % 2) * 4, height() / 2.0 - 4 + (dot / 2) * 4), 1, 1);
+    for (int dot = 0; dot < 6; ++dot)
+        p.drawEllipse(QPointF(3.5 + (dot % 2) * 4, height() / 2.0 - 4 + (dot / 2) * 4), 1, 1);
     p.setFont(theme::Sans(12));
     p.setPen(underMouse() ? theme::kText : theme::kQuiet);
-    p.drawText(rect().adjusted(15, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft, kClones[static_cast<std::size_t>(index)].Text);
+    p.drawText(rect().adjusted(15, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
+               kClones[static_cast<std::size_t>(index)].Text);
 }
 
 }  // namespace marvolin
