@@ -121,6 +121,7 @@ TEST_F(PatternDrawing, PastTheRightEdgeByLessThanAColumnTheValueGoesToTheSlotAft
     EXPECT_EQ(Block(kVolPattern)[3], 500);
     EXPECT_EQ(Block(kVolPattern)[4], 250);
     EXPECT_EQ(i.s.ReadoutText, "Step: 5 Vol: 250");
+    EXPECT_EQ(i.Screen.Count("ShowPatternColumn"), 0) << "the graph has no such column";
     i.Screen.Log.clear();
     Gesture(kVolPattern, Phase::Move, 2000 + 475, 100);  // a whole column further: ignored
     EXPECT_EQ(Block(kVolPattern)[5], 500);
@@ -192,6 +193,15 @@ TEST_F(PatternDrawing, AStepDragDrawsWithTheLeftButtonOnly) {
     Gesture(kVolPattern, Phase::Down, 600, 500);
     Gesture(kVolPattern, Phase::Move, 600, 100, kLeftButton | kRightButton);
     EXPECT_EQ(Block(kVolPattern)[1], 500);
+}
+
+TEST_F(PatternDrawing, AReleaseEndsTheStepsFirstAndTheRandomColumnOnlyWithoutThem) {
+    i.s.PatternDrawRow = i.s.PatternRandomRow = kVolPattern;
+    Gesture(kVolPattern, Phase::Up, 600, 500);
+    EXPECT_EQ(i.s.PatternDrawRow, -1);
+    EXPECT_EQ(i.s.PatternRandomRow, kVolPattern);
+    Gesture(kVolPattern, Phase::Up, 600, 500);
+    EXPECT_EQ(i.s.PatternRandomRow, -1);
 }
 
 TEST_F(PatternDrawing, AnotherGraphIsNotDrawnOn) {
