@@ -73,6 +73,11 @@ QSlider::handle:horizontal { width: 14px; height: 14px; margin: -5px 0; border-r
   border: 1px solid #14161a; }
 QSlider::handle:horizontal:focus { background: #ffffff; border: 2px solid #ffc94d; }
 QSlider::handle:horizontal:disabled { background: #6c7480; }
+QListWidget { background: #2e3238; color: #e6e8eb; border: 1px solid #4a505a; border-radius: 4px; outline: none;
+  padding: 3px; }
+QListWidget::item { padding: 2px 8px; border-radius: 3px; }
+QListWidget::item:hover { background: #414750; }
+QListWidget::item:selected { background: #ffc94d; color: #1d1f23; }
 QMessageBox { background: #26292f; }
 QPushButton { background: #2e3238; color: #e6e8eb; border: 1px solid #4a505a; border-radius: 5px; padding: 5px 18px; }
 QPushButton:hover { background: #373c44; }
