@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <new>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "audio/transport.h"
@@ -20,8 +21,9 @@ constexpr std::int16_t kLastClip = 2000;
 bool HasClip(const Session& s, std::int16_t clip) { return clip >= 0 && clip <= s.Clips.ClipTop; }
 
 std::string ClipText(const LoopTrackSet& clip, std::ptrdiff_t others) {
-    const std::string name = SampleName(clip.FileName);
-    return others == 0 ? name : "(" + std::to_string(others + 1) + ") " + name;
+    std::string text;
+    if (others > 0) text.append(1, '(').append(std::to_string(others + 1)).append(") ");
+    return text + SampleName(clip.FileName);
 }
 
 clsSwitchRecord ComponentSwitches(const Session& s) {
@@ -53,16 +55,20 @@ void RefreshRow(Session& s, Row row) {
     for (const Knob knob : {Knob::Vol, Knob::Pan, Knob::Hz}) s.World.Screen.ShowKnob(row, knob);
 }
 
-/// Adds `ClipStaging`, without showing the list. False when the clip was refused, with the reason shown.
-bool AddStagedClip(Session& s) {
+/// Clips of the store that hold the sample of `ClipStaging`.
+std::ptrdiff_t ClipsOfStagedSample(const Session& s) {
+    return std::count_if(s.Clips.ClipStore.begin(), s.Clips.ClipStore.end(),
+                         [&](const LoopTrackSet& clip) { return clip.FileName == s.Clips.ClipStaging.FileName; });
+}
+
+/// Adds `ClipStaging`, of whose sample the store holds `others` clips, without showing the list. False when the clip
+/// was refused, with the reason shown.
+bool AddStagedClip(Session& s, std::ptrdiff_t others) {
     ClipBoardState& clips = s.Clips;
     if (clips.ClipTop >= kLastClip) {
         s.World.Desk.MessageBox("Too many LoopTracks on ClipBoard.");
         return false;
     }
-    const auto others = std::count_if(clips.ClipStore.begin(), clips.ClipStore.end(), [&](const LoopTrackSet& clip) {
-        return clip.FileName == clips.ClipStaging.FileName;
-    });
     try {
         clips.List.push_back(ClipText(clips.ClipStaging, others));
         clips.ClipStore.push_back(clips.ClipStaging);
@@ -93,7 +99,7 @@ void InitClipBoard(Session& s) {
 }
 
 bool AddNewClip(Session& s) {
-    const bool added = AddStagedClip(s);
+    const bool added = AddStagedClip(s, ClipsOfStagedSample(s));
     if (added) s.World.Screen.ShowClips();
     return added;
 }
@@ -160,11 +166,14 @@ void WriteClipBoard(const Session& s, RecordWriter& file) {
 
 void ReadClipBoard(Session& s, RecordReader& file, bool loadIt) {
     const std::int32_t clips = file.CheckedCount(file.GetInteger(), kSmallestLoopRecord);
+    // A whole clipboard comes at once: its samples are counted along, not searched for again with each clip.
+    std::unordered_map<std::string, std::ptrdiff_t> counts;
+    for (const LoopTrackSet& clip : s.Clips.ClipStore) ++counts[clip.FileName];
     // Once a clip was refused, the others of the file would be too, each with a message of its own.
     bool adding = loadIt;
     for (std::int32_t clip = 0; clip < clips; ++clip) {
         s.Clips.ClipStaging = ReadLoopTrackSet(file);
-        if (adding) adding = AddStagedClip(s);
+        if (adding) adding = AddStagedClip(s, counts[s.Clips.ClipStaging.FileName]++);
     }
     if (loadIt && clips > 0) s.World.Screen.ShowClips();
 }

@@ -6,6 +6,8 @@
 #include <liblnk.h>
 
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <system_error>
 #include <vector>
 
@@ -18,6 +20,54 @@ constexpr std::uintmax_t kLargestShortcut = 1 << 20;
 
 using SizeOf = int (*)(liblnk_file_t*, size_t*, liblnk_error_t**);
 using TextOf = int (*)(liblnk_file_t*, std::uint8_t*, size_t, liblnk_error_t**);
+
+/// The bytes of a file, as far as a walk over its blocks has come.
+class Walk {
+public:
+    explicit Walk(const std::vector<std::uint8_t>& bytes) : bytes_(bytes) {}
+    bool Has(std::uint64_t count) const { return count <= bytes_.size() - at_; }
+    /// Passes over `count` bytes; false when the file has not so many.
+    bool Skip(std::uint64_t count) {
+        if (!Has(count)) return false;
+        at_ += static_cast<std::size_t>(count);
+        return true;
+    }
+    /// The next number of 2 or 4 bytes, without passing it; 0 behind the end.
+    std::uint64_t Peek(std::size_t width) const {
+        std::uint64_t value = 0;
+        for (std::size_t i = 0; i < width && Has(width); ++i) value |= std::uint64_t{bytes_[at_ + i]} << (8 * i);
+        return value;
+    }
+
+private:
+    const std::vector<std::uint8_t>& bytes_;
+    std::size_t at_ = 0;
+};
+
+/// True when no block of the shortcut claims more than the file holds. The library would reserve what a block claims.
+bool BlocksFit(const std::vector<std::uint8_t>& bytes) {
+    constexpr std::size_t kHeader = 76;
+    constexpr std::size_t kFlagsAt = 20;
+    Walk walk(bytes);
+    if (!walk.Skip(kFlagsAt)) return false;
+    const std::uint64_t flags = walk.Peek(4);
+    if (!walk.Skip(kHeader - kFlagsAt)) return false;
+    if ((flags & 0x1) != 0 && !walk.Skip(2 + walk.Peek(2))) return false;
+    if ((flags & 0x2) != 0 && !(walk.Peek(4) >= 4 && walk.Skip(walk.Peek(4)))) return false;
+    const std::uint64_t character = (flags & 0x80) != 0 ? 2 : 1;
+    for (const std::uint64_t text : {0x4U, 0x8U, 0x10U, 0x20U, 0x40U}) {
+        if ((flags & text) != 0 && !walk.Skip(2 + character * walk.Peek(2))) return false;
+    }
+    while (walk.Peek(4) >= 4) {
+        if (!walk.Skip(walk.Peek(4))) return false;
+    }
+    return true;
+}
+
+std::vector<std::uint8_t> BytesOf(const std::string& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
 
 /// One text of an open shortcut; "" when it has none.
 std::string Text(liblnk_file_t* link, SizeOf sizeOf, TextOf textOf) {
@@ -34,7 +84,7 @@ std::string Text(liblnk_file_t* link, SizeOf sizeOf, TextOf textOf) {
 bool ReadShortcut(const std::string& file, ShortcutPaths& paths) {
     std::error_code error;
     const std::uintmax_t bytes = std::filesystem::file_size(file, error);
-    if (error || bytes > kLargestShortcut) return false;
+    if (error || bytes > kLargestShortcut || !BlocksFit(BytesOf(file))) return false;
     liblnk_file_t* link = nullptr;
     if (liblnk_file_initialize(&link, nullptr) != 1) return false;
     const bool open = liblnk_file_open(link, file.c_str(), LIBLNK_OPEN_READ, nullptr) == 1;

@@ -172,7 +172,14 @@ void RecordReader::Get(void* target, std::size_t bytes) {
 
 std::uint64_t RecordReader::GetBits(std::size_t bytes) {
     std::array<std::uint8_t, 8> raw{};
-    Get(raw.data(), bytes);
+    // Nearly always the value lies whole in the buffer, which never holds more than the file.
+    if (bytes <= buffer_.size() - at_ && bytes <= left_) {
+        std::memcpy(raw.data(), buffer_.data() + at_, bytes);
+        at_ += bytes;
+        left_ -= bytes;
+    } else {
+        Get(raw.data(), bytes);
+    }
     std::uint64_t bits = 0;
     for (std::size_t i = 0; i < bytes; ++i) bits |= static_cast<std::uint64_t>(raw[i]) << (8 * i);
     return bits;

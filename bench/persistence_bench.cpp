@@ -1,0 +1,136 @@
+/// \file
+/// What saving and loading a large session, growing the clipboard and scanning a bin cost, beside the plain file
+/// operations.
+
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <vector>
+
+#include "browser/clipboard.h"
+#include "browser/sample_bins.h"
+#include "fakes/file_bytes.h"
+#include "fakes/instrument.h"
+#include "performance/mix_pad.h"
+#include "performance/pad_tables.h"
+#include "persistence/session_reader.h"
+#include "persistence/session_writer.h"
+
+namespace marvolin {
+namespace {
+
+constexpr int kFullClipBoard = 2001;
+constexpr int kManyFiles = 10000;
+
+clsSwitchRecord All() {
+    clsSwitchRecord switches;
+    switches.SetSwitch(true);
+    return switches;
+}
+
+/// A session with a full clipboard and full histories.
+struct Large : test::Instrument {
+    test::TempFolder Folder;
+    std::string File = Folder / "large.mvn";
+
+    Large() {
+        PadGeometryInit(s, 4500, 4500);
+        PadTablesInit(s);
+        for (SampleBin& bin : s.Bins) bin.Folder = Folder.Path();
+        for (Row row = 0; row < kLoopTracks; ++row) {
+            for (int k = 0; k < 20; ++k)
+                s.History[row].push_back("/music/samples/history" + std::to_string(k) + ".wav");
+        }
+        FillClips(kFullClipBoard);
+    }
+    void FillClips(int count) {
+        InitClipBoard(s);
+        for (int clip = 0; clip < count; ++clip) {
+            s.Clips.ClipStaging.FileName = "/music/samples/a sample " + std::to_string(clip) + ".wav";
+            AddNewClip(s);
+        }
+    }
+};
+
+void Count(benchmark::State& state, const std::string& file) {
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(std::filesystem::file_size(file)));
+}
+
+void SaveLarge(benchmark::State& state) {
+    Large b;
+    const clsSwitchRecord all = All();
+    for (auto _ : state) {
+        if (!SaveSession(b.s, b.File, false, all)) state.SkipWithError("not saved");
+    }
+    Count(state, b.File);
+}
+BENCHMARK(SaveLarge)->Unit(benchmark::kMillisecond);
+
+/// The same bytes in one write, with the same rename before it.
+void WritePlainly(benchmark::State& state) {
+    Large b;
+    SaveSession(b.s, b.File, false, All());
+    const std::string bytes = test::ReadBytes(b.File);
+    for (auto _ : state) {
+        std::filesystem::rename(b.File, b.File + "~");
+        const int file = ::open(b.File.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
+        if (::write(file, bytes.data(), bytes.size()) < 0) state.SkipWithError("not written");
+        ::close(file);
+    }
+    Count(state, b.File);
+}
+BENCHMARK(WritePlainly)->Unit(benchmark::kMillisecond);
+
+void LoadLarge(benchmark::State& state) {
+    Large b;
+    const clsSwitchRecord all = All();
+    SaveSession(b.s, b.File, false, all);
+    for (auto _ : state) {
+        state.PauseTiming();
+        InitClipBoard(b.s);
+        b.Screen.Log.clear();
+        state.ResumeTiming();
+        if (!LoadSession(b.s, b.File, false, all, false)) state.SkipWithError("not loaded");
+    }
+    Count(state, b.File);
+}
+BENCHMARK(LoadLarge)->Unit(benchmark::kMillisecond);
+
+void ReadPlainly(benchmark::State& state) {
+    Large b;
+    SaveSession(b.s, b.File, false, All());
+    std::vector<char> bytes(std::filesystem::file_size(b.File));
+    for (auto _ : state) {
+        const int file = ::open(b.File.c_str(), O_RDONLY);
+        if (::read(file, bytes.data(), bytes.size()) < 0) state.SkipWithError("not read");
+        ::close(file);
+        benchmark::DoNotOptimize(bytes.data());
+    }
+    Count(state, b.File);
+}
+BENCHMARK(ReadPlainly)->Unit(benchmark::kMillisecond);
+
+void AddThe2001stClip(benchmark::State& state) {
+    Large b;
+    for (auto _ : state) {
+        state.PauseTiming();
+        DeleteClip(b.s, kFullClipBoard - 1);
+        b.s.Clips.ClipStore.shrink_to_fit();
+        b.Screen.Log.clear();
+        state.ResumeTiming();
+        AddNewClip(b.s);
+    }
+}
+BENCHMARK(AddThe2001stClip)->Unit(benchmark::kMicrosecond);
+
+void RescanTenThousandFiles(benchmark::State& state) {
+    Large b;
+    for (int k = 0; k < kManyFiles; ++k) test::WriteBytes(b.Folder / ("Sample " + std::to_string(k) + ".wav"), "RIFF");
+    for (auto _ : state) UpdatePickFile(b.s, 0);
+    if (b.s.Bins[0].Rows.size() != kManyFiles) state.SkipWithError("files missing");
+}
+BENCHMARK(RescanTenThousandFiles)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace marvolin
