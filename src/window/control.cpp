@@ -1,5 +1,6 @@
 #include "window/control.h"
 
+#include <QApplication>
 #include <QDrag>
 #include <QDragEnterEvent>
 #include <QKeyEvent>
@@ -9,6 +10,7 @@
 
 #include "core/routines.h"
 #include "performance/dropper.h"
+#include "window/hint_window.h"
 #include "window/row_drops.h"
 
 namespace marvolin {
@@ -73,6 +75,7 @@ void Control::Drop(const DragSource& source) {
 }
 
 void Control::BeginDrag(const DragSource& source) {
+    armed_.reset();
     held_ = kNoButton;             // the drag swallows the release
     auto* drag = new QDrag(this);  // owned by the toolkit, which deletes it after the drop
     drag->setMimeData(ToMimeData(source).release());
@@ -94,35 +97,55 @@ bool Control::event(QEvent* event) {
 void Control::EndHold() {
     const std::int16_t button = held_;
     held_ = kNoButton;
-    Gesture(Phase::Up, button, Twips(last_));
+    Gesture(Phase::Up, button, Twips(mapFromGlobal(last_)));
     update();
 }
 
 void Control::mousePressEvent(QMouseEvent* event) {
     held_ = ButtonNumber(event->button());
-    last_ = event->position();
-    Gesture(Phase::Down, held_, Twips(last_));
+    last_ = press_ = event->globalPosition();
+    armed_.reset();
+    Gesture(Phase::Down, held_, Twips(event->position()));
     update();
 }
 
 void Control::mouseMoveEvent(QMouseEvent* event) {
-    last_ = event->position();
-    const std::string_view hint = Hint(last_);
-    if (!hint.empty()) ShowStatus(s, hint);
-    Gesture(Phase::Move, ButtonMask(event->buttons()), Twips(last_));
+    last_ = event->globalPosition();
+    if (armed_ && Held() && (last_ - press_).manhattanLength() >= QApplication::startDragDistance()) {
+        const DragSource source = *armed_;
+        armed_.reset();
+        return BeginDrag(source);
+    }
+    ShowHint(Hint(event->position()));
+    Gesture(Phase::Move, ButtonMask(event->buttons()), Twips(event->position()));
+}
+
+void Control::ShowHint(std::string_view hint) {
+    if (hint.empty()) return;
+    if (auto* form = dynamic_cast<HintWindow*>(window())) {
+        form->ShowHint(hint);
+    } else {
+        ShowStatus(s, hint);
+    }
 }
 
 void Control::mouseReleaseEvent(QMouseEvent* event) {
     const std::int16_t button = ButtonNumber(event->button());
     held_ = kNoButton;
+    if (armed_) {
+        const DragSource source = *armed_;
+        armed_.reset();
+        Drop(source);
+    }
     Gesture(Phase::Up, button, Twips(event->position()));
     update();
 }
 
 void Control::mouseDoubleClickEvent(QMouseEvent* event) {
     held_ = ButtonNumber(event->button());
-    last_ = event->position();
-    DoubleClick(held_, Twips(last_));
+    last_ = press_ = event->globalPosition();
+    armed_.reset();
+    DoubleClick(held_, Twips(event->position()));
     update();
 }
 

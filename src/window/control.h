@@ -5,6 +5,7 @@
 
 #include <QWidget>
 #include <cstdint>
+#include <optional>
 
 #include "core/session.h"
 #include "window/drag_source.h"
@@ -44,6 +45,9 @@ protected:
     /// A drop of another control.
     virtual void Drop(const DragSource& source);
 
+    /// Lets the held pointer become a drag of `source` once it has moved; let go where it was pressed, the source is
+    /// dropped on the control itself.
+    void ArmDrag(DragSource source) { armed_ = std::move(source); }
     /// Starts a drag of this control; returns when it has ended.
     void BeginDrag(const DragSource& source);
     bool Held() const { return held_ != kNoButton; }
@@ -61,9 +65,12 @@ protected:
 
 private:
     void EndHold();
+    void ShowHint(std::string_view hint);
 
     std::int16_t held_ = kNoButton;
-    QPointF last_;       // where the pointer was last while held
+    QPointF last_;       // where the pointer was last, on the screen: a control may move under it
+    std::optional<DragSource> armed_;  // the drag that the held pointer may become
+    QPointF press_;                    // where it was pressed, on the screen
     int wheelRest_ = 0;  // eighths of a degree short of a notch
     Row dropRow_ = -1;
 };

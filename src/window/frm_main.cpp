@@ -8,15 +8,21 @@
 #include <QPlainTextEdit>
 #include <QTextEdit>
 
+#include "persistence/quick_load.h"
 #include "window/controls/drop_down.h"
+#include "window/controls/map_surface.h"
+#include "window/controls/pad_surface.h"
 #include "window/controls/sound_display.h"
 #include "window/controls/text_button.h"
 #include "window/history_list.h"
 #include "window/loop_row.h"
+#include "window/popup_list.h"
 #include "window/select_list.h"
 #include "window/selector_strip.h"
 #include "window/status_bars.h"
 #include "window/tab_control.h"
+#include "window/tab_map.h"
+#include "window/tab_mix_pad.h"
 #include "window/toolbar.h"
 
 namespace marvolin {
@@ -58,6 +64,9 @@ FrmMain::FrmMain(Session& session, Events events) : s(session), events_(std::mov
     Status2 = new StatusBar2(s, this, events_.SoundLoad);
     selectList_ = new SelectList(s, this);
     historyList_ = new HistoryList(s, this);
+    quickLoad_ = new PopupList(this, "QuickLoad", "Sessions of the current folder");
+    quickLoad_->OnChoose = [this](const QString& row) { QuickLoad_Click(s, row.toStdString()); };
+    quickLoad_->OnHide = [this] { QuickLoad_LostFocus(s); };
     PlaceBars();
     setFocus();  // no control wears the ring until the player reaches for the keys
 
@@ -110,6 +119,21 @@ void FrmMain::ShowSelectList(bool open) {
     if (!open) return selectList_->hide();
     const LoopRow& row = *Rows[kSelectionRow];
     selectList_->Open(row.mapToGlobal(QPoint(12, LoopRow::kHeight)));
+}
+
+void FrmMain::EnableBalls(bool enabled) {
+    Tabs->MixPad->Pad->setEnabled(enabled);
+    Tabs->Map->Map->setEnabled(enabled);
+}
+
+void FrmMain::RefreshQuickLoad() { quickLoad_->setEnabled(s.QuickLoadEnabled); }
+
+void FrmMain::ShowQuickLoad(bool open) {
+    if (!open) return quickLoad_->hide();
+    QStringList rows;
+    for (const std::string& row : s.QuickLoadRows) rows << QString::fromStdString(row);
+    const QWidget* at = Bar->QuickLoadPop;
+    quickLoad_->Open(rows, QRect(at->mapToGlobal(QPoint(0, 0)), at->size()));
 }
 
 void FrmMain::ShowHistoryList(bool open) {

@@ -11,6 +11,7 @@ namespace marvolin {
 
 class HistoryList;
 class LoopRow;
+class PopupList;
 class SelectList;
 class SelectorStrip;
 class StatusBar1;
@@ -38,6 +39,12 @@ public:
     /// Starts the moving line of the place that sounds while anything plays.
     void FollowPlaying();
     void RefreshTitle();
+    /// Makes the balls of pad and map answer the pointer, or not.
+    void EnableBalls(bool enabled);
+    /// The list of sessions can be opened, or not.
+    void RefreshQuickLoad();
+    /// Opens or hides the list of sessions at its button.
+    void ShowQuickLoad(bool open);
     /// Opens or hides the list of the selection rules.
     void ShowSelectList(bool open);
     /// Opens or hides the palette at the row that opened it.
@@ -65,6 +72,7 @@ private:
     Events events_;
     QTimer places_;  // ticks while something sounds
     QTimer load_;
+    PopupList* quickLoad_ = nullptr;
     HistoryList* historyList_ = nullptr;
     SelectList* selectList_ = nullptr;
 };

@@ -27,21 +27,21 @@ LoopRow::LoopRow(Session& session, QWidget* parent, Row row) : QWidget(parent), 
     setAcceptDrops(true);
     MakeLeftSide();
     Play = new PlayButton(s, this, row);
-    Play->setGeometry(114, 8, 36, 36);
+    Play->setGeometry(114, 7, 36, 36);
     LoopIt = new LoopItControl(s, this, row);
-    LoopIt->setGeometry(154, 8, 36, 36);
+    LoopIt->setGeometry(154, 7, 36, 36);
     Name = new DropDownControl(s, this, row);
-    Name->setGeometry(196, 7, 150, 38);
+    Name->setGeometry(196, 6, 150, 38);
     Sound = new SoundDisplay(s, this, row);
-    Sound->setGeometry(352, 4, 432, 44);
+    Sound->setGeometry(352, 3, 432, 44);
     Vol = new KnobControl(s, this, Knob::Vol, row);
-    Vol->setGeometry(792, 1, 48, 50);
+    Vol->setGeometry(792, 0, 48, 50);
     Pan = new KnobControl(s, this, Knob::Pan, row);
-    Pan->setGeometry(842, 1, 48, 50);
+    Pan->setGeometry(842, 0, 48, 50);
     Hz = new KnobControl(s, this, Knob::Hz, row);
-    Hz->setGeometry(892, 1, 48, 50);
+    Hz->setGeometry(892, 0, 48, 50);
     Flag = new ChannelFlagControl(s, this, row);
-    Flag->setGeometry(950, 10, 64, 32);
+    Flag->setGeometry(950, 9, 64, 32);
     RefreshEnabled();
 }
 
@@ -49,15 +49,15 @@ void LoopRow::MakeLeftSide() {
     if (row_ == kSelectionRow) {
         auto* popUp = new TextButton(s, this, "SelectPopUp", "Select", "Selection tools", kSelectPopUpHint,
                                      [this] { SelectPopUp_Click(s); });
-        popUp->setGeometry(12, 9, 60, 34);
+        popUp->setGeometry(12, 8, 60, 34);
     } else {
         Selected = new SelectFlag(s, this, row_);
-        Selected->setGeometry(10, 12, 26, 28);
+        Selected->setGeometry(10, 11, 26, 28);
         Thumb = new ThumbControl(s, this, row_);
-        Thumb->setGeometry(38, 9, 34, 34);
+        Thumb->setGeometry(38, 8, 34, 34);
     }
     Letter = new LetterBadge(s, this, row_);
-    Letter->setGeometry(78, 10, 31, 32);
+    Letter->setGeometry(78, 9, 31, 32);
 }
 
 KnobControl& LoopRow::KnobOf(Knob knob) const { return knob == Knob::Vol ? *Vol : knob == Knob::Pan ? *Pan : *Hz; }

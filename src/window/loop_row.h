@@ -14,7 +14,7 @@ class SoundDisplay;
 /// One row of the window: LoopTracks A..D, or the selection row.
 class LoopRow : public QWidget {
 public:
-    static constexpr int kHeight = 52;
+    static constexpr int kHeight = 50;
 
     LoopRow(Session& session, QWidget* parent, Row row);
 

@@ -12,6 +12,7 @@
 
 #include "core/errors.h"
 #include "core/types.h"
+#include "window/controls/surface.h"
 #include "window/theme.h"
 
 namespace marvolin {
@@ -79,10 +80,12 @@ std::int32_t QtDesktop::TextWidth(const std::string& text) {
 }
 
 PixelPoint QtDesktop::SurfaceOrigin(Surface surface) {
-    const QWidget* widget =
-        mainWindow_ == nullptr ? nullptr : mainWindow_->findChild<QWidget*>(surface == Surface::Pad ? "Pad" : "Map");
-    if (widget == nullptr) return {};
-    const QPoint origin = widget->mapToGlobal(QPoint(0, 0));
+    const auto* field =
+        mainWindow_ == nullptr
+            ? nullptr
+            : dynamic_cast<BallSurface*>(mainWindow_->findChild<QWidget*>(surface == Surface::Pad ? "Pad" : "Map"));
+    if (field == nullptr) return {};
+    const QPoint origin = field->Origin();
     return {origin.x(), origin.y()};
 }
 

@@ -1,13 +1,21 @@
 #include "window/qt_display.h"
 
+#include "parameters/position.h"
 #include "window/controls/drop_down.h"
 #include "window/controls/knob.h"
 #include "window/controls/sound_display.h"
+#include "window/browse_bins.h"
+#include "window/browse_clips.h"
+#include "window/folder_tree.h"
+#include "window/frm_browse.h"
 #include "window/frm_main.h"
+#include "window/frm_save.h"
 #include "window/loop_row.h"
 #include "window/selector_strip.h"
 #include "window/status_bars.h"
 #include "window/tab_control.h"
+#include "window/tab_map.h"
+#include "window/tab_mix_pad.h"
 #include "window/tab_options.h"
 #include "window/tab_pattern.h"
 #include "window/toolbar.h"
@@ -138,16 +146,48 @@ void QtDisplay::ShowTime(int group) {
     if (form_ != nullptr) form_->Tabs->Pattern->RefreshTime(group);
 }
 
-void QtDisplay::ShowPad() {}
-void QtDisplay::ShowPadBall() {}
-void QtDisplay::ShowTwist() {}
-void QtDisplay::ShowMapBall(int) {}
-void QtDisplay::RaiseMapBall(int) {}
-void QtDisplay::ShowMapHighlight(int) {}
-void QtDisplay::ShowListenerFace() {}
-void QtDisplay::ShowMapControls() {}
-void QtDisplay::ShowMapSize() {}
-void QtDisplay::ShowRollOff() {}
+void QtDisplay::ShowPad() {
+    if (form_ != nullptr) form_->Tabs->MixPad->Refresh();
+}
+
+void QtDisplay::ShowPadBall() {
+    if (form_ != nullptr) form_->Tabs->MixPad->RefreshBall();
+}
+
+void QtDisplay::ShowTwist() {
+    if (form_ != nullptr) form_->Tabs->MixPad->RefreshTwist();
+}
+
+void QtDisplay::ShowMapBall(int ball) {
+    if (form_ != nullptr) form_->Tabs->Map->RefreshBall(ball);
+}
+
+void QtDisplay::RaiseMapBall(int ball) {
+    if (form_ != nullptr) form_->Tabs->Map->RaiseBall(ball);
+}
+
+void QtDisplay::ShowMapHighlight(int ball) {
+    if (form_ != nullptr) form_->Tabs->Map->RefreshBall(ball);
+}
+
+void QtDisplay::ShowListenerFace() {
+    if (form_ != nullptr) form_->Tabs->Map->RefreshBall(kListenerBall);
+}
+
+void QtDisplay::ShowMapControls() {
+    if (form_ == nullptr) return;
+    form_->Tabs->Map->Refresh();
+    form_->Tabs->Options->Refresh();
+}
+
+void QtDisplay::ShowMapSize() {
+    if (form_ != nullptr) form_->Tabs->Map->RefreshSize();
+}
+
+void QtDisplay::ShowRollOff() {
+    if (form_ != nullptr) form_->Tabs->Map->RefreshRollOff();
+}
+
 
 void QtDisplay::ShowTab() {
     if (form_ != nullptr) form_->Tabs->Refresh();
@@ -163,13 +203,40 @@ void QtDisplay::ShowOptions() {
     if (form_ != nullptr) form_->Tabs->Options->Refresh();
 }
 
-void QtDisplay::ShowJoystick() {}
-void QtDisplay::ShowQuickLoad() {}
-void QtDisplay::ShowQuickLoadList(bool) {}
-void QtDisplay::ShowSaveOpen() {}
-void QtDisplay::ShowBin(int) {}
-void QtDisplay::ShowDestinations() {}
-void QtDisplay::ShowFolderTree(bool) {}
-void QtDisplay::ShowClips() {}
+void QtDisplay::ShowJoystick() {
+    if (form_ == nullptr) return;
+    form_->Tabs->Options->RefreshJoystick();
+    form_->Tabs->MixPad->RefreshJoystick();
+    form_->Tabs->Map->RefreshJoystick();
+}
+
+void QtDisplay::ShowQuickLoad() {
+    if (form_ != nullptr) form_->RefreshQuickLoad();
+}
+
+void QtDisplay::ShowQuickLoadList(bool open) {
+    if (form_ != nullptr) form_->ShowQuickLoad(open);
+}
+
+void QtDisplay::ShowSaveOpen() {
+    if (save_ != nullptr) save_->Refresh();
+}
+
+void QtDisplay::ShowBin(int bin) {
+    if (browse_ != nullptr) browse_->Bins->RefreshBin(bin);
+}
+
+void QtDisplay::ShowDestinations() {
+    if (browse_ != nullptr) browse_->Bins->RefreshDestinations();
+}
+
+void QtDisplay::ShowFolderTree(bool open) {
+    if (browse_ != nullptr) browse_->Bins->Tree->Open(open);
+}
+
+void QtDisplay::ShowClips() {
+    if (browse_ != nullptr) browse_->Clips->Refresh();
+}
+
 
 }  // namespace marvolin

@@ -4,12 +4,16 @@
 
 namespace marvolin {
 
+class FrmBrowse;
 class FrmMain;
+class FrmSave;
 
 /// Shows what changed on the forms, as far as they are there.
 class QtDisplay : public Display {
 public:
     void Attach(FrmMain* form) { form_ = form; }
+    void Attach(FrmBrowse* form) { browse_ = form; }
+    void Attach(FrmSave* form) { save_ = form; }
 
     void ShowPlay(Row row) override;
     void ShowPlayMode(Row row) override;
@@ -65,6 +69,8 @@ public:
 
 private:
     FrmMain* form_ = nullptr;
+    FrmBrowse* browse_ = nullptr;
+    FrmSave* save_ = nullptr;
 };
 
 }  // namespace marvolin

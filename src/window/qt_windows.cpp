@@ -3,7 +3,10 @@
 #include <QApplication>
 
 #include "core/errors.h"
+#include "window/frm_browse.h"
+#include "window/frm_save.h"
 #include "window/frm_splash.h"
+#include "window/frm_start_up_query.h"
 #include "window/qt_desktop.h"
 #include "window/qt_display.h"
 
@@ -20,7 +23,9 @@ int Pixels(double twips) { return static_cast<int>(twips / kTwipsPerPixel); }
 QtWindows::QtWindows(QtDisplay& display, QtDesktop& desktop) : display_(display), desktop_(desktop) {}
 
 QtWindows::~QtWindows() {
-    display_.Attach(nullptr);
+    display_.Attach(static_cast<FrmMain*>(nullptr));
+    display_.Attach(static_cast<FrmBrowse*>(nullptr));
+    display_.Attach(static_cast<FrmSave*>(nullptr));
     desktop_.Attach(nullptr);
 }
 
@@ -33,11 +38,16 @@ QWidget* QtWindows::WidgetOf(Form form) const {
     switch (form) {
         case Form::Main:
             return main_.get();
+        case Form::Browse:
+            return browse_.get();
+        case Form::Save:
+            return save_.get();
         case Form::Splash:
             return splash_.get();
-        default:
-            return nullptr;
+        case Form::StartUpQuery:
+            return query_.get();
     }
+    return nullptr;
 }
 
 void QtWindows::Load(Form form) {
@@ -54,10 +64,20 @@ void QtWindows::Load(Form form) {
         desktop_.Attach(main_.get());
     }
     if (form == Form::Splash && !splash_) splash_ = std::make_unique<FrmSplash>();
+    if (form == Form::StartUpQuery && !query_) query_ = std::make_unique<FrmStartUpQuery>(*session_);
+    if (form == Form::Browse && !browse_) {
+        browse_ = std::make_unique<FrmBrowse>(*session_);
+        display_.Attach(browse_.get());
+    }
+    if (form == Form::Save && !save_) {
+        save_ = std::make_unique<FrmSave>(*session_);
+        display_.Attach(save_.get());
+    }
 }
 
 void QtWindows::Show(Form form) {
     Load(form);
+    if (form == Form::Save) return save_->Open();
     if (QWidget* widget = WidgetOf(form)) widget->show();
 }
 
@@ -68,6 +88,19 @@ void QtWindows::Hide(Form form) {
 void QtWindows::Unload(Form form) {
     if (loaded_.erase(form) == 0) throw RuntimeError(kNoObject, "Object variable or With block variable not set");
     if (form == Form::Splash) splash_.reset();
+    if (form == Form::StartUpQuery && query_) {
+        query_->hide();
+        query_.release()->deleteLater();  // it may be in the middle of a click
+    }
+    if (form == Form::Save && save_) {
+        display_.Attach(static_cast<FrmSave*>(nullptr));
+        save_.reset();
+    }
+    if (form == Form::Browse && browse_) {
+        browse_->close();
+        display_.Attach(static_cast<FrmBrowse*>(nullptr));
+        browse_.reset();
+    }
     if (form == Form::Main && main_) main_->close();
 }
 
@@ -90,7 +123,12 @@ void QtWindows::Move(Form form, double left, double top) {
     if (QWidget* widget = WidgetOf(form)) widget->move(Pixels(left), Pixels(top));
 }
 
-void QtWindows::AllowBrowserToClose() {}
-void QtWindows::EnablePadBalls(bool) {}
+void QtWindows::AllowBrowserToClose() {
+    if (browse_) browse_->AllowClose();
+}
+
+void QtWindows::EnablePadBalls(bool enabled) {
+    if (main_) main_->EnableBalls(enabled);
+}
 
 }  // namespace marvolin

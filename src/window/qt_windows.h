@@ -9,7 +9,10 @@
 
 namespace marvolin {
 
+class FrmBrowse;
+class FrmSave;
 class FrmSplash;
+class FrmStartUpQuery;
 class QtDesktop;
 class QtDisplay;
 
@@ -44,6 +47,9 @@ private:
     FrmMain::Events events_;
     std::unique_ptr<FrmMain> main_;
     std::unique_ptr<FrmSplash> splash_;
+    std::unique_ptr<FrmBrowse> browse_;
+    std::unique_ptr<FrmSave> save_;
+    std::unique_ptr<FrmStartUpQuery> query_;
     std::set<Form> loaded_{Form::Main, Form::Browse, Form::Save, Form::Splash};
     bool ended_ = false;
 };

@@ -10,7 +10,7 @@ namespace marvolin {
 /// `StatusBar1` of the main window: hint, readout, running clock, and the question mark.
 class StatusBar1 : public QWidget {
 public:
-    static constexpr int kHeight = 26;
+    static constexpr int kHeight = 24;
     enum class Panel : std::uint8_t { Hint, Readout, Clock, Help };
 
     StatusBar1(Session& session, QWidget* parent);
@@ -30,7 +30,7 @@ private:
 /// `StatusBar2`: today, the device, the session, and the load of the sound engine.
 class StatusBar2 : public QWidget {
 public:
-    static constexpr int kHeight = 24;
+    static constexpr int kHeight = 22;
 
     /// `soundLoad` gives the share of real time, 0..1, that the sound takes; empty when nothing measures it.
     StatusBar2(Session& session, QWidget* parent, std::function<double()> soundLoad);

@@ -34,7 +34,7 @@ private:
 /// `TabControl`: "Mix Pad", "3d Map", "Ptrn", "Optn".
 class TabControl : public Control {
 public:
-    static constexpr int kHeight = 320;
+    static constexpr int kHeight = 344;
 
     TabControl(Session& session, QWidget* parent);
     /// Shows the page that the session names.

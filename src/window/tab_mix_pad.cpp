@@ -1,27 +1,95 @@
 #include "window/tab_mix_pad.h"
 
-#include <QPainter>
+#include <algorithm>
 
-#include "window/theme.h"
+#include "performance/joystick_setup.h"
+#include "performance/pad_tables.h"
+#include "performance/wire_sets.h"
+#include "window/choice.h"
+#include "window/controls/channel_levels.h"
+#include "window/controls/pad_surface.h"
+#include "window/hints.h"
 
 namespace marvolin {
 
-TabMixPad::TabMixPad(Session& session, QWidget* parent) : QWidget(parent), s(session) {
-    setObjectName("MixPadPage");
-    setEnabled(false);
-    setToolTip("The mix pad is not available yet");
+namespace {
+
+constexpr int kMiddle = 352;
+constexpr int kRight = 640;
+
+template <typename Texts>
+QStringList Strings(const Texts& texts) {
+    QStringList strings;
+    for (std::string_view text : texts) strings << QString::fromUtf8(text.data(), static_cast<int>(text.size()));
+    return strings;
 }
 
-void TabMixPad::paintEvent(QPaintEvent*) {
-    QPainter p(this);
-    p.setRenderHint(QPainter::Antialiasing);
-    const QRectF ground(16, 10, 274, 274);
-    p.setPen(QPen(theme::kLine, 1, Qt::DashLine));
-    p.setBrush(theme::kWindow);
-    p.drawRoundedRect(ground, 6, 6);
-    p.setPen(theme::kQuiet);
-    p.setFont(theme::Sans(13));
-    p.drawText(ground, Qt::AlignCenter, "The mix pad\nis not available yet");
+int CurveEntry(std::int16_t function) {
+    const auto found = std::find_if(kPadCurves.begin(), kPadCurves.end(),
+                                    [&](const PadCurve& curve) { return curve.Function == function; });
+    return found == kPadCurves.end() ? -1 : static_cast<int>(found - kPadCurves.begin());
+}
+
+}  // namespace
+
+TabMixPad::TabMixPad(Session& session, QWidget* parent) : QWidget(parent), s(session) {
+    setObjectName("MixPadPage");
+    Pad = new PadSurface(s, this);
+    Pad->move(14, 10);
+
+    MakeLabel(this, "Pad type", {kMiddle, 8, 220, 18});
+    type_ = new ChoiceList(s, this, "PadType", "Pad type: what the ball moves", hints::kPadType,
+                           [this](int entry) { PadType_Click(s, static_cast<std::int16_t>(entry)); });
+    type_->addItems(Strings(kPadTypeTexts));
+    type_->setGeometry(kMiddle, 28, 220, 30);
+
+    MakeLabel(this, "Fade function", {kMiddle, 68, 220, 18});
+    function_ = new ChoiceList(s, this, "PadFunction", "Fade function: where the ball begins to work",
+                               hints::kPadFunction, [this](int entry) {
+                                   PadFunction_Click(s, kPadCurves[static_cast<std::size_t>(entry)].Function);
+                               });
+    for (const PadCurve& curve : kPadCurves) function_->addItem(QString::fromUtf8(curve.Text.data()));
+    function_->setGeometry(kMiddle, 88, 220, 30);
+
+    MakeLabel(this, "Wire sets:", {kMiddle, 128, 220, 18});
+    wires_ = new ChoiceList(s, this, "SetChannel", "Wire sets: wires all LoopTracks at once", hints::kSetChannel,
+                            [this](int entry) { SetChannel_Click(s, static_cast<std::int16_t>(entry)); });
+    wires_->addItems(Strings(kWireSets));
+    wires_->setGeometry(kMiddle, 148, 220, 30);
+
+    relative_ = new ChoiceBox(s, this, "JoyRelative_0", "Relative JStick Movement (Pad)", {},
+                              [this](bool on) { SetJoyRelative(s, 0, on); });
+    relative_->setGeometry(kMiddle, 194, 250, 24);
+
+    levels_ = new ChannelLevels(s, this);
+    levels_->setGeometry(kRight, 8, 368, 170);
+    twist_ = new TwistLine(s, this);
+    twist_->setGeometry(kMiddle, 256, 656, 50);
+    Refresh();
+    RefreshJoystick();
+}
+
+void TabMixPad::Refresh() {
+    type_->Show(s.PadTypeIndex < static_cast<int>(kPadTypeTexts.size()) ? s.PadTypeIndex : -1);
+    function_->Show(CurveEntry(s.PadTable[s.PadTypeIndex].Function));
+    wires_->Show(s.SetChannelChoice);
+    Pad->update();
+    Pad->Ball->update();
+    RefreshBall();
+    RefreshTwist();
+}
+
+void TabMixPad::RefreshBall() {
+    Pad->Ball->Refresh();
+    levels_->update();
+}
+
+void TabMixPad::RefreshTwist() { twist_->update(); }
+
+void TabMixPad::RefreshJoystick() {
+    relative_->Show(s.Joy.Relative[0] != False);
+    relative_->setEnabled(s.JoyEnabled);
+    relative_->setToolTip(s.JoyEnabled ? "" : "No joystick was found at the start");
 }
 
 }  // namespace marvolin

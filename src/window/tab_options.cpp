@@ -10,9 +10,12 @@
 
 #include "audio/device.h"
 #include "core/routines.h"
+#include "parameters/knob_gesture.h"
 #include "parameters/scroll_events.h"
 #include "sequencing/loop_clock.h"
+#include "window/choice.h"
 #include "window/controls/text_button.h"
+#include "window/options_joystick.h"
 #include "window/tab_control.h"
 #include "window/theme.h"
 
@@ -21,7 +24,7 @@ namespace marvolin {
 namespace {
 
 constexpr std::array<const char*, 4> kSubTabs{"Joystick", "Mouse", "Scripting", "Timing"};
-constexpr QRect kSubPage{372, 40, 640, 246};
+constexpr QRect kSubPage{306, 40, 704, 266};
 
 void Name(QWidget* widget, const char* name, const QString& label) {
     widget->setObjectName(name);
@@ -66,15 +69,15 @@ void TabOptions::MakeLeftSide() {
     Caption(this, "Sound driver", {20, 14, 200, 18});
     drivers_ = new QComboBox(this);
     Name(drivers_, "cboDrivers", "Sound driver");
-    drivers_->setGeometry(20, 36, 320, 30);
+    drivers_->setGeometry(20, 36, 266, 30);
     connect(drivers_, &QComboBox::activated, this,
             [this](int entry) { cboDrivers_Click(s, static_cast<std::int16_t>(entry)); });
     reset_ = new QCheckBox("Reset on Load", this);
     Name(reset_, "ResetVars", "Loading a sample resets the settings of its LoopTrack");
-    reset_->setGeometry(20, 84, 320, 26);
+    reset_->setGeometry(20, 84, 266, 26);
     connect(reset_, &QCheckBox::clicked, this, [this](bool on) { s.ResetVars = on; });
     auto* help = new TextButton(s, this, "OptionHelp", "Help", "Help on the options", {}, nullptr);
-    help->setGeometry(20, 250, 84, 30);
+    help->setGeometry(20, 270, 84, 30);
 }
 
 void TabOptions::MakeSubTabs() {
@@ -95,24 +98,28 @@ void TabOptions::MakeSubTabs() {
     MakeTiming(pages_[3]);
 }
 
-void TabOptions::MakeJoystick(QWidget* page) { Caption(page, "The joystick is not available yet", {20, 20, 400, 20}); }
+void TabOptions::MakeJoystick(QWidget* page) {
+    joystick_ = new OptionsJoystick(s, page);
+    joystick_->setGeometry(page->rect());
+}
+
+void TabOptions::RefreshJoystick() { joystick_->Refresh(); }
 
 void TabOptions::MakeMouse(QWidget* page) {
     Caption(page, "Knobs follow a drag", {20, 18, 240, 18});
-    axis_ = new QComboBox(page);
-    Name(axis_, "DragAxisSelect", "Direction in which knobs are dragged");
-    axis_->addItems({"up and down", "left and right"});
+    axis_ = new ChoiceList(s, page, "DragAxisSelect", "Direction in which knobs are dragged", {},
+                           [this](int entry) { DragAxisSelect_Click(s, static_cast<std::int16_t>(entry)); });
+    for (std::string_view text : kDragAxes) axis_->addItem(QString::fromUtf8(text.data()));
     axis_->setGeometry(20, 40, 240, 30);
-    connect(axis_, &QComboBox::activated, this, [this](int entry) { s.DragAxis = static_cast<std::int16_t>(entry); });
-    Caption(page, "While dragged on the map, the sound follows", {300, 18, 320, 18});
-    constexpr std::array<const char*, 3> kTexts{"the listener", "a LoopTrack", "the listener's heading"};
+    Caption(page, "Update 3d position while moving:", {300, 18, 320, 18});
+    constexpr std::array<const char*, 3> kTexts{"Listener", "Loop", "Listener Rotation"};
     for (int member = 0; member < 3; ++member) {
-        auto* box = new QCheckBox(kTexts[static_cast<std::size_t>(member)], page);
-        Name(box, "PositionUpdate", QString("%1 (not available yet)").arg(kTexts[static_cast<std::size_t>(member)]));
-        box->setObjectName(QString("PositionUpdate_%1").arg(member));
-        box->setChecked(s.PositionUpdate[member]);
-        box->setEnabled(false);
+        auto* box = new ChoiceBox(s, page, QString("PositionUpdate_%1").arg(member),
+                                  kTexts[static_cast<std::size_t>(member)], {},
+                                  [this, member](bool on) { s.PositionUpdate[member] = on; });
+        box->setToolTip("On: the sound follows the drag. Off: it follows when the drag ends.");
         box->setGeometry(300, 40 + member * 30, 300, 26);
+        update_[static_cast<std::size_t>(member)] = box;
     }
 }
 
@@ -168,7 +175,10 @@ bool TabOptions::eventFilter(QObject* object, QEvent* event) {
 
 void TabOptions::Refresh() {
     reset_->setChecked(s.ResetVars);
-    axis_->setCurrentIndex(s.DragAxis == 0 ? 0 : 1);
+    axis_->Show(s.DragAxis == 0 ? 0 : 1);
+    for (int member = 0; member < 3; ++member) {
+        update_[static_cast<std::size_t>(member)]->Show(s.PositionUpdate[member]);
+    }
     const QSignalBlocker quietResolution(resolution_);
     resolution_->setValue(s.TimingRes);
     resolutionText_->setText(QString::fromStdString(TimingResText(s)));

@@ -13,6 +13,9 @@ class QSlider;
 
 namespace marvolin {
 
+class ChoiceBox;
+class ChoiceList;
+class OptionsJoystick;
 class TabButton;
 
 /// The page "Optn": the sound driver, "Reset on Load", and the sub-tabs Joystick, Mouse, Scripting, Timing.
@@ -22,6 +25,7 @@ public:
     /// Shows the options that the session holds.
     void Refresh();
     void RefreshDrivers();
+    void RefreshJoystick();
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
@@ -39,7 +43,9 @@ private:
     // Owned by the toolkit.
     QComboBox* drivers_ = nullptr;
     QCheckBox* reset_ = nullptr;
-    QComboBox* axis_ = nullptr;
+    ChoiceList* axis_ = nullptr;
+    std::array<ChoiceBox*, 3> update_{};
+    OptionsJoystick* joystick_ = nullptr;
     std::array<QSlider*, 2> sensitivity_{};
     std::array<QLabel*, 2> sensitivityText_{};
     QSlider* resolution_ = nullptr;

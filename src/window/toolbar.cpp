@@ -2,6 +2,9 @@
 
 #include <QPainter>
 
+#include "persistence/element_lists.h"
+#include "persistence/quick_load.h"
+#include "persistence/snapshot.h"
 #include "window/controls/fade_factor.h"
 #include "window/controls/knob.h"
 #include "window/controls/limiter.h"
@@ -25,25 +28,25 @@ void DrawLabel(QPainter& p, int right, const QString& text) {
 
 Toolbar::Toolbar(Session& s, QWidget* parent, std::function<void()> toggleMode) : QWidget(parent) {
     setObjectName("Toolbar");
-    struct Place {
-        const char* Name;
-        const char* Text;
-        const char* Tip;
-        std::string_view Hint;
-        int Left;
-        int Width;
+    const auto add = [&](const char* name, const char* text, const char* tip, std::string_view hint, QRect place,
+                         std::function<void()> click) {
+        auto* button = new TextButton(s, this, name, text, tip, hint, std::move(click));
+        button->setGeometry(place);
+        return button;
     };
-    constexpr Place kButtons[] = {
-        {"Browse", "Browse", "Open the browser", hints::kBrowse, 8, 72},
-        {"SaveOpen", "Save/Open", "Save and open sessions", hints::kSaveOpen, 85, 90},
-        {"QuickLoadPop", "QuickLoad", "Sessions of the current folder", hints::kQuickLoad, 180, 88},
-        {"SnapShot", "Snapshot", "Save a snapshot of the session", {}, 273, 86},
-        {"Scripts", "Scripts", "Scripts", {}, 364, 70},
-    };
-    for (const Place& b : kButtons) {
-        auto* button = new TextButton(s, this, b.Name, b.Text, b.Tip, b.Hint, nullptr);
-        button->setGeometry(b.Left, kButtonTop, b.Width, kButtonHeight);
-    }
+    const auto at = [](int left, int width) { return QRect(left, kButtonTop, width, kButtonHeight); };
+    add("Browse", "Browse", "Open the browser", hints::kBrowse, at(8, 72), [&s] {
+        s.World.Forms.Show(Form::Browse);
+        s.World.Forms.BringToFront(Form::Browse);
+    });
+    add("SaveOpen", "Save/Open", "Save and open sessions", hints::kSaveOpen, at(85, 90),
+        [&s] { OpenSaveOpen(s, s.CurrentFile); });
+    QuickLoadPop = add("QuickLoadPop", "QuickLoad", "Sessions of the current folder", hints::kQuickLoad, at(180, 88),
+                       [&s] { QuickLoadPop_MouseUp(s, kLeftButton); });
+    QuickLoadPop->OnRightClick([&s] { QuickLoadPop_MouseUp(s, kRightButton); });
+    add("SnapShot", "Snapshot", "Save a snapshot of the session", hints::kSnapShot, at(273, 86),
+        [&s] { SnapShot_MouseUp(s); });
+    add("Scripts", "Scripts", "Open Scripting", {}, at(364, 70), nullptr);
     auto* playStop = new PlayStopControl(s, this);
     playStop->setGeometry(446, 2, 46, 42);
     Limiter = new LimiterControl(s, this);

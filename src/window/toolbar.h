@@ -24,6 +24,7 @@ public:
     Control* FadeFactor = nullptr;
     KnobControl* Master = nullptr;
     TextButton* ToTop = nullptr;
+    TextButton* QuickLoadPop = nullptr;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

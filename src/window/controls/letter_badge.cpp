@@ -15,7 +15,7 @@ std::string_view LetterBadge::Hint(QPointF) const { return kLetrHint; }
 
 void LetterBadge::Gesture(Phase phase, std::int16_t button, QPointF) {
     if (phase != Phase::Down) return;
-    if (const auto source = Letr_MouseDown(s, row_, button)) BeginDrag(*source);
+    if (const auto source = Letr_MouseDown(s, row_, button)) ArmDrag(*source);
 }
 
 void LetterBadge::DoubleClick(std::int16_t, QPointF) {

@@ -17,7 +17,9 @@ void TextButton::SetText(const QString& text) {
 
 void TextButton::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     const bool inside = QRectF(rect()).contains(twips / kTwipsPerPixel);
-    if (phase == Phase::Up && button == kLeftButton && inside) click_();
+    if (phase != Phase::Up || !inside) return;
+    if (button == kLeftButton) click_();
+    if (button == kRightButton && rightClick_) rightClick_();
 }
 
 void TextButton::paintEvent(QPaintEvent*) {

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QWidget>
+#include <array>
+
+#include "core/session.h"
+
+namespace marvolin {
+
+class BinList;
+class ChoiceBox;
+class ChoiceList;
+class FolderTree;
+class PickDir;
+
+/// The page "1-3" of the browser: three sample bins, and the folder tree on demand.
+class BrowseBins : public QWidget {
+public:
+    BrowseBins(Session& session, QWidget* parent);
+    /// Folder, samples and colour of a bin.
+    void RefreshBin(int bin);
+    /// The rows and choices of the destination lists.
+    void RefreshDestinations();
+    FolderTree* Tree = nullptr;  // owned by the toolkit
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    Session& s;
+    std::array<PickDir*, 3> folders_{};
+    std::array<ChoiceList*, 3> destinations_{};
+    std::array<ChoiceBox*, 3> plays_{};
+    std::array<BinList*, 3> lists_{};
+};
+
+}  // namespace marvolin

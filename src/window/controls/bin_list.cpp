@@ -1,0 +1,171 @@
+#include "window/controls/bin_list.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+
+#include "browser/bin_gestures.h"
+#include "browser/destinations.h"
+#include "browser/sample_bins.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr int kRowHeight = 22;
+constexpr int kBar = 10;         // width of a scroll bar
+constexpr int kSizeColumn = 54;  // pixels
+constexpr int kNotchRows = 3;
+constexpr int kNotch = 120;      // eighths of a degree of one wheel step
+const QColor kInk(0x1d, 0x1f, 0x23);
+const QColor kFaint(0x4c, 0x50, 0x58);
+
+}  // namespace
+
+BinList::BinList(Session& session, QWidget* parent, int bin)
+    : Control(session, parent, "PickFile", bin, QString("Samples of bin %1").arg(bin + 1)),
+      rows_(new QScrollBar(Qt::Vertical, this)),
+      columns_(new QScrollBar(Qt::Horizontal, this)) {
+    setToolTip({});
+    setFocusPolicy(Qt::StrongFocus);
+    for (QScrollBar* bar : {rows_, columns_}) {
+        bar->setFocusPolicy(Qt::NoFocus);
+        connect(bar, &QScrollBar::valueChanged, this, [this] { update(); });
+    }
+}
+
+int BinList::RowCount() const { return static_cast<int>(s.Bins[index].Rows.size()); }
+
+int BinList::Page() const { return std::max(1, (height() - 2 - (columns_->isVisibleTo(this) ? kBar : 0)) / kRowHeight); }
+
+double BinList::ListWidth() const { return width() - (rows_->isVisibleTo(this) ? kBar : 0); }
+
+void BinList::PlaceBars() {
+    rows_->setVisible(RowCount() * kRowHeight > height() - 2);
+    rows_->setGeometry(width() - kBar - 1, 1, kBar, height() - 2);
+    const int wide = s.Bins[index].FirstColumn + kSizeColumn;
+    const int over = std::max(0, wide - static_cast<int>(ListWidth()));
+    columns_->setVisible(over > 0 && RowCount() > 0);
+    columns_->setGeometry(1, height() - kBar - 1, static_cast<int>(ListWidth()) - 1, kBar);
+    columns_->setRange(0, over);
+    columns_->setPageStep(static_cast<int>(ListWidth()));
+    rows_->setRange(0, std::max(0, RowCount() - Page()));
+    rows_->setPageStep(Page());
+}
+
+void BinList::Refresh() {
+    PlaceBars();
+    update();
+}
+
+void BinList::resizeEvent(QResizeEvent*) { PlaceBars(); }
+
+int BinList::RowAt(double y) const {
+    const int row = static_cast<int>(std::floor((y - 1) / kRowHeight)) + rows_->value();
+    return y >= 1 && row >= 0 && row < RowCount() ? row : -1;
+}
+
+void BinList::Gesture(Phase phase, std::int16_t button, QPointF twips) {
+    const QPointF at = twips / kTwipsPerPixel;
+    const int row = RowAt(at.y());
+    if (phase == Phase::Down) {
+        if (const auto source = PickFile_MouseDown(s, index, button, row, at.x(), ListWidth())) {
+            BeginDrag(*source);
+        }
+    } else if (phase == Phase::Up) {
+        if (QRectF(rect()).contains(at)) PickFile_MouseUp(s, index, button, row);
+    } else {
+        if (row != hovered_) update();
+        hovered_ = row;
+        setCursor(row >= 0 && BinDragsAt(s, index, at.x(), ListWidth()) ? Qt::OpenHandCursor : Qt::ArrowCursor);
+    }
+}
+
+void BinList::leaveEvent(QEvent* event) {
+    hovered_ = -1;
+    update();
+    Control::leaveEvent(event);
+}
+
+std::string_view BinList::Hint(QPointF place) const {
+    hint_ = BinHint(s, index, RowAt(place.y()));
+    return hint_;
+}
+
+void BinList::Select(int row) {
+    if (RowCount() == 0) return;
+    const int chosen = std::clamp(row, 0, RowCount() - 1);
+    s.Bins[index].Selected = static_cast<std::int16_t>(chosen);
+    if (chosen < rows_->value()) rows_->setValue(chosen);
+    if (chosen >= rows_->value() + Page()) rows_->setValue(chosen - Page() + 1);
+    update();
+}
+
+void BinList::Step(int units) { Select(s.Bins[index].Selected - units); }
+
+void BinList::Activate() { PickFile_MouseUp(s, index, kLeftButton, s.Bins[index].Selected); }
+
+void BinList::keyPressEvent(QKeyEvent* event) {
+    const int here = s.Bins[index].Selected;
+    switch (event->key()) {
+        case Qt::Key_Home: return Select(0);
+        case Qt::Key_End: return Select(RowCount() - 1);
+        case Qt::Key_PageUp: return Select(here - Page());
+        case Qt::Key_PageDown: return Select(here + Page());
+        default: Control::keyPressEvent(event);
+    }
+}
+
+void BinList::wheelEvent(QWheelEvent* event) {
+    rows_->setValue(rows_->value() - event->angleDelta().y() * kNotchRows / kNotch);
+    event->accept();
+}
+
+void BinList::PaintRow(QPainter& p, int row) const {
+    const BinRow& shown = s.Bins[index].Rows[static_cast<std::size_t>(row)];
+    const double y = 1 + (row - rows_->value()) * kRowHeight;
+    const QRectF line(1, y, ListWidth() - 1, kRowHeight);
+    if (row == s.Bins[index].Selected) {
+        p.fillRect(line, theme::kAccent);
+    } else if (row == hovered_) {
+        p.fillRect(line, QColor(255, 255, 255, 110));
+    }
+    const double left = 8 - columns_->value();
+    const double nameWidth = std::max<double>(s.Bins[index].FirstColumn, ListWidth() - kSizeColumn) - 12;
+    p.setPen(kInk);
+    p.setFont(theme::Sans(13));
+    p.drawText(QRectF(left, y, nameWidth, kRowHeight), Qt::AlignVCenter | Qt::AlignLeft,
+               QString::fromStdString(shown.Name));
+    p.setPen(kFaint);
+    p.setFont(theme::Digits(11));
+    p.drawText(QRectF(left + nameWidth, y, kSizeColumn - 8, kRowHeight), Qt::AlignVCenter | Qt::AlignRight,
+               QString::fromStdString(shown.Size));
+}
+
+void BinList::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    const Colour back = BinColour(s, index);
+    p.setPen(QPen(hasFocus() ? theme::kAccent : theme::kLine, 1));
+    p.setBrush(QColor(back.Red, back.Green, back.Blue));
+    p.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+    p.setClipRect(rect().adjusted(1, 1, -1, -1));
+    if (RowCount() == 0) {
+        p.setPen(kFaint);
+        p.setFont(theme::Sans(12));
+        p.drawText(rect().adjusted(12, 0, -12, 0), Qt::AlignCenter | Qt::TextWordWrap,
+                   "No samples in this folder.\nClick to choose another one.");
+        return;
+    }
+    const int last = std::min(RowCount(), rows_->value() + Page() + 2);
+    for (int row = rows_->value(); row < last; ++row) PaintRow(p, row);
+    if (s.Bins[index].Destination == kDragDestination) return;
+    // The right margin, from which samples are dragged.
+    p.setPen(QPen(QColor(0, 0, 0, 40), 1, Qt::DotLine));
+    const double margin = ListWidth() * 2 / 3;
+    p.drawLine(QPointF(margin, 1), QPointF(margin, height() - 1));
+}
+
+}  // namespace marvolin

@@ -1,0 +1,111 @@
+#include "window/controls/clip_list.h"
+
+#include <QDrag>
+#include <QDragEnterEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "browser/clipboard.h"
+#include "window/hint_window.h"
+
+namespace marvolin {
+
+ClipList::ClipList(Session& session, QWidget* parent) : QListWidget(parent), s(session) {
+    setObjectName("ClipBoardList");
+    setAccessibleName("Clipboard of LoopTracks");
+    setAcceptDrops(true);
+    setMouseTracking(true);
+    setFont(theme::Sans(13));
+    setUniformItemSizes(true);
+    Refresh();
+}
+
+void ClipList::Refresh() {
+    const int chosen = currentRow();
+    const auto rows = static_cast<int>(s.Clips.List.size());
+    while (count() > rows) delete takeItem(count() - 1);
+    for (int row = 0; row < rows; ++row) {
+        const QString text = QString::fromStdString(s.Clips.List[static_cast<std::size_t>(row)]);
+        if (row >= count()) {
+            addItem(text);
+        } else if (item(row)->text() != text) {
+            item(row)->setText(text);
+        }
+    }
+    setCurrentRow(qMin(chosen, rows - 1));
+    viewport()->update();
+}
+
+void ClipList::mousePressEvent(QMouseEvent* event) {
+    const QListWidgetItem* pressed = itemAt(event->position().toPoint());
+    if (pressed == nullptr) return;
+    const int clip = row(pressed);
+    setCurrentRow(clip);
+    const DragSource source =
+        ClipBoardList_MouseDown(s, static_cast<std::int16_t>(clip), ButtonNumber(event->button()));
+    auto* drag = new QDrag(this);  // owned by the toolkit, which deletes it after the drop
+    drag->setMimeData(ToMimeData(source).release());
+    const QRect shown = visualItemRect(pressed);
+    drag->setPixmap(viewport()->grab(shown.intersected(QRect(0, shown.top(), 180, shown.height()))));
+    drag->exec(Qt::CopyAction);
+}
+
+void ClipList::mouseMoveEvent(QMouseEvent*) {
+    if (auto* form = dynamic_cast<HintWindow*>(window())) form->ShowHint(kClipBoardHint);
+}
+
+void ClipList::dragEnterEvent(QDragEnterEvent* event) {
+    if (IsDragSource(*event->mimeData())) event->acceptProposedAction();
+}
+
+void ClipList::dragMoveEvent(QDragMoveEvent* event) { event->acceptProposedAction(); }
+
+void ClipList::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    if (const auto source = FromMimeData(*event->mimeData())) ClipBoardList_DragDrop(s, *source);
+}
+
+void ClipList::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Delete && currentRow() >= 0) {
+        DeleteClip(s, static_cast<std::int16_t>(currentRow()));
+        return;
+    }
+    QListWidget::keyPressEvent(event);
+}
+
+void ClipList::paintEvent(QPaintEvent* event) {
+    QListWidget::paintEvent(event);
+    if (count() > 0) return;
+    QPainter p(viewport());
+    p.setFont(theme::Sans(13));
+    p.setPen(theme::kQuiet);
+    p.drawText(viewport()->rect().adjusted(20, 0, -20, 0), Qt::AlignCenter | Qt::TextWordWrap,
+               "Drag LoopTracks here by the dotted grip of their names.");
+}
+
+Trash::Trash(Session& session, QWidget* parent) : Control(session, parent, "Trash", -1, "Trash for clips") {
+    setAcceptDrops(true);
+    setFocusPolicy(Qt::NoFocus);
+}
+
+std::string_view Trash::Hint(QPointF) const { return kTrashHint; }
+
+void Trash::Drop(const DragSource& source) { Trash_DragDrop(s, source); }
+
+void Trash::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    theme::DrawFace(p, rect(), Face(), theme::kPanel);
+    p.setPen(QPen(theme::kQuiet, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    p.setBrush(Qt::NoBrush);
+    const QPointF c = QRectF(rect()).center() - QPointF(0, 6);
+    p.drawLine(c + QPointF(-11, -9), c + QPointF(11, -9));
+    p.drawLine(c + QPointF(-3, -12), c + QPointF(3, -12));
+    p.drawPolyline(QPolygonF{c + QPointF(-8, -9), c + QPointF(-6.5, 12), c + QPointF(6.5, 12), c + QPointF(8, -9)});
+    for (double x : {-3.0, 0.0, 3.0}) p.drawLine(c + QPointF(x, -4), c + QPointF(x * 0.9, 8));
+    p.setFont(theme::Sans(11));
+    p.drawText(rect().adjusted(0, 0, 0, -5), Qt::AlignHCenter | Qt::AlignBottom, "Trash");
+}
+
+}  // namespace marvolin

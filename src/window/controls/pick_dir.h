@@ -1,0 +1,26 @@
+#pragma once
+
+#include "window/control.h"
+
+namespace marvolin {
+
+/// `PickDir`: the folder of a bin. It takes the folder of another button, and folders of the tree.
+class PickDir : public Control {
+public:
+    PickDir(Session& session, QWidget* parent, int bin);
+    void Refresh() override;
+
+protected:
+    void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    std::string_view Hint(QPointF place) const override;
+    void Drop(const DragSource& source) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QPointF press_;
+    bool pressed_ = false;
+};
+
+}  // namespace marvolin

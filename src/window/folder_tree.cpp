@@ -1,0 +1,61 @@
+#include "window/folder_tree.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+#include "browser/bin_gestures.h"
+#include "browser/sample_bins.h"
+#include "window/control.h"
+#include "window/hint_window.h"
+
+namespace marvolin {
+
+FolderTree::FolderTree(Session& session, QWidget* parent) : QTreeView(parent), s(session) {
+    setObjectName("FolderTreeview1");
+    setAccessibleName("Folders");
+    folders_.setFilter(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Drives);
+    setModel(&folders_);
+    for (int column = 1; column < folders_.columnCount(); ++column) hideColumn(column);
+    header()->hide();
+    setDragEnabled(true);
+    setDragDropMode(QAbstractItemView::DragOnly);
+    setMouseTracking(true);
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    hide();
+}
+
+void FolderTree::Open(bool open) {
+    if (!open) return hide();
+    if (folders_.rootPath().isEmpty() || folders_.rootPath() == ".") {
+        setRootIndex(folders_.setRootPath("/"));
+    }
+    const QModelIndex folder = folders_.index(QString::fromStdString(s.TreeFolder));
+    setCurrentIndex(folder);
+    show();
+    raise();
+    setFocus();
+    expand(folder.parent());
+    scrollTo(folder, QAbstractItemView::PositionAtCenter);
+}
+
+void FolderTree::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) QTreeView::mousePressEvent(event);
+}
+
+void FolderTree::mouseReleaseEvent(QMouseEvent* event) {
+    QTreeView::mouseReleaseEvent(event);
+    FolderTree_MouseUp(s, ButtonNumber(event->button()));
+}
+
+void FolderTree::mouseMoveEvent(QMouseEvent* event) {
+    if (auto* form = dynamic_cast<HintWindow*>(window())) form->ShowHint(kFolderTreeHint);
+    QTreeView::mouseMoveEvent(event);
+}
+
+void FolderTree::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) return FolderTree_MouseUp(s, kRightButton);
+    QTreeView::keyPressEvent(event);
+}
+
+}  // namespace marvolin

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QFileSystemModel>
+#include <QTreeView>
+
+#include "core/session.h"
+
+namespace marvolin {
+
+/// `FolderTreeview1`: the folders of the machine. One is dragged onto a bin's folder button; a right click closes it.
+class FolderTree : public QTreeView {
+public:
+    FolderTree(Session& session, QWidget* parent);
+    /// Shows the tree with `TreeFolder` selected, or hides it.
+    void Open(bool open);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    Session& s;
+    QFileSystemModel folders_;
+};
+
+}  // namespace marvolin

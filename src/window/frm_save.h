@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QWidget>
+#include <array>
+
+#include "persistence/element_lists.h"
+
+namespace marvolin {
+
+class ChoiceList;
+
+/// `frmSave`: what to save and what to open, element by element. Its boxes hold what the player has chosen and not yet
+/// taken over.
+class FrmSave : public QWidget {
+public:
+    explicit FrmSave(Session& session);
+    /// Shows the choices of the session and the dialogue's file again.
+    void Refresh();
+    /// Opens the dialogue, in front of the others.
+    void Open();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    QWidget* MakeList(int list);
+    QWidget* MakeOptions();
+    QWidget* MakeButtons();
+    SaveOpenChoices Choices() const;
+    void Preset(int list, int entry);
+    void AskFile(bool save);
+
+    Session& s;
+    std::array<std::array<QCheckBox*, kElements>, 2> elements_{};
+    QCheckBox* selectionsOnly_ = nullptr;
+    QCheckBox* emptyBlank_ = nullptr;
+    QLineEdit* session_ = nullptr;
+    QPushButton* saveIt_ = nullptr;
+    QPushButton* reload_ = nullptr;
+};
+
+}  // namespace marvolin

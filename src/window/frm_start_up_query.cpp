@@ -1,0 +1,44 @@
+#include "window/frm_start_up_query.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QShowEvent>
+#include <QVBoxLayout>
+
+#include "persistence/start_up_demo.h"
+#include "window/theme.h"
+
+namespace marvolin {
+
+FrmStartUpQuery::FrmStartUpQuery(Session& session) : s(session) {
+    setObjectName("frmStartUpQuery");
+    setWindowFlag(Qt::Dialog);
+    setWindowTitle(kStartUpQueryTitle);
+    auto* label = new QLabel(kStartUpQueryText);
+    label->setFont(theme::Sans(14));
+    auto* yes = new QPushButton("Yes");
+    yes->setObjectName("cmdYes");
+    connect(yes, &QPushButton::clicked, this, [this] { cmdYes_Click(s); });
+    auto* no = new QPushButton("No");
+    no->setObjectName("cmdNo");
+    connect(no, &QPushButton::clicked, this, [this] { cmdNo_Click(s); });
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(yes);
+    buttons->addWidget(no);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(24, 20, 24, 18);
+    column->setSpacing(18);
+    column->addWidget(label);
+    column->addLayout(buttons);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    yes->setFocus();
+}
+
+void FrmStartUpQuery::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (!event->spontaneous()) StartUpQuery_Activate(s);
+}
+
+}  // namespace marvolin
