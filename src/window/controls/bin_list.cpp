@@ -40,12 +40,14 @@ int BinList::RowCount() const { return static_cast<int>(s.Bins[index].Rows.size(
 
 int BinList::Page() const { return std::max(1, (height() - 2 - (columns_->isVisibleTo(this) ? kBar : 0)) / kRowHeight); }
 
+double BinList::NameWidth() const { return s.Bins[index].FirstColumn / kTwipsPerPixel; }
+
 double BinList::ListWidth() const { return width() - (rows_->isVisibleTo(this) ? kBar : 0); }
 
 void BinList::PlaceBars() {
     rows_->setVisible(RowCount() * kRowHeight > height() - 2);
     rows_->setGeometry(width() - kBar - 1, 1, kBar, height() - 2);
-    const int wide = s.Bins[index].FirstColumn + kSizeColumn;
+    const int wide = static_cast<int>(NameWidth()) + kSizeColumn;
     const int over = std::max(0, wide - static_cast<int>(ListWidth()));
     columns_->setVisible(over > 0 && RowCount() > 0);
     columns_->setGeometry(1, height() - kBar - 1, static_cast<int>(ListWidth()) - 1, kBar);
@@ -133,7 +135,7 @@ void BinList::PaintRow(QPainter& p, int row) const {
         p.fillRect(line, QColor(255, 255, 255, 110));
     }
     const double left = 8 - columns_->value();
-    const double nameWidth = std::max<double>(s.Bins[index].FirstColumn, ListWidth() - kSizeColumn) - 12;
+    const double nameWidth = std::max(NameWidth(), ListWidth() - kSizeColumn) - 12;
     p.setPen(kInk);
     p.setFont(theme::Sans(13));
     p.drawText(QRectF(left, y, nameWidth, kRowHeight), Qt::AlignVCenter | Qt::AlignLeft,

@@ -27,6 +27,7 @@ private:
     int RowCount() const;
     int RowAt(double y) const;
     int Page() const;
+    double NameWidth() const;
     double ListWidth() const;
     void PlaceBars();
     void Select(int row);
