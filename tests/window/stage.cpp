@@ -36,7 +36,7 @@ Stage::Stage() {
     Sound.Log.clear();
 }
 
-Stage::~Stage() { Screen.Attach(nullptr); }
+Stage::~Stage() { Screen.Attach(static_cast<FrmMain*>(nullptr)); }
 
 QWidget* Stage::At(const char* name) {
     auto* widget = Form->findChild<QWidget*>(name);
