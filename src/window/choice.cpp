@@ -56,8 +56,8 @@ void ChoiceList::enterEvent(QEnterEvent* event) {
     QComboBox::enterEvent(event);
 }
 
-ChoiceBox::ChoiceBox(Session& session, QWidget* parent, const QString& name, const QString& text,
-                     std::string_view hint, std::function<void(bool)> choose)
+ChoiceBox::ChoiceBox(Session& session, QWidget* parent, const QString& name, const QString& text, std::string_view hint,
+                     std::function<void(bool)> choose)
     : QCheckBox(text, parent), s(session), hint_(hint) {
     setObjectName(name);
     setAccessibleName(text);

@@ -68,10 +68,10 @@ private:
     void ShowHint(std::string_view hint);
 
     std::int16_t held_ = kNoButton;
-    QPointF last_;       // where the pointer was last, on the screen: a control may move under it
+    QPointF last_;                     // where the pointer was last, on the screen: a control may move under it
     std::optional<DragSource> armed_;  // the drag that the held pointer may become
     QPointF press_;                    // where it was pressed, on the screen
-    int wheelRest_ = 0;  // eighths of a degree short of a notch
+    int wheelRest_ = 0;                // eighths of a degree short of a notch
     Row dropRow_ = -1;
 };
 

@@ -65,7 +65,8 @@ QWidget* FrmSave::MakeList(int list) {
     column->addWidget(preset);
     auto* frame = new QFrame;
     frame->setObjectName(QString("Elements_%1").arg(list));
-    frame->setStyleSheet(QString("#Elements_%1 { background: #14161a; border: 1px solid #3a3f47; border-radius: 5px; }").arg(list));
+    frame->setStyleSheet(
+        QString("#Elements_%1 { background: #14161a; border: 1px solid #3a3f47; border-radius: 5px; }").arg(list));
     auto* rows = new QVBoxLayout(frame);
     rows->setContentsMargins(10, 8, 24, 8);
     rows->setSpacing(4);

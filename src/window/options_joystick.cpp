@@ -41,9 +41,9 @@ void OptionsJoystick::MakeLists() {
         const auto action = static_cast<std::size_t>(i);
         const int y = kTop + i * kPitch;
         MakeLabel(this, Text(kJoyActions[action]), {14, y + 4, 100, 22});
-        buttons_[action] = new ChoiceList(s, this, QString("JButton_%1").arg(i),
-                                          QString("Button of \"%1\"").arg(Text(kJoyActions[action])), {},
-                                          [this, i](int entry) { JButton_Click(s, i, static_cast<std::int16_t>(entry)); });
+        buttons_[action] = new ChoiceList(
+            s, this, QString("JButton_%1").arg(i), QString("Button of \"%1\"").arg(Text(kJoyActions[action])), {},
+            [this, i](int entry) { JButton_Click(s, i, static_cast<std::int16_t>(entry)); });
         buttons_[action]->setGeometry(116, y, 92, 28);
     }
     MakeLabel(this, "Axes", {kColumn + 16, 8, 200, 18});

@@ -1,11 +1,11 @@
 #include "window/qt_display.h"
 
 #include "parameters/position.h"
+#include "window/browse_bins.h"
+#include "window/browse_clips.h"
 #include "window/controls/drop_down.h"
 #include "window/controls/knob.h"
 #include "window/controls/sound_display.h"
-#include "window/browse_bins.h"
-#include "window/browse_clips.h"
 #include "window/folder_tree.h"
 #include "window/frm_browse.h"
 #include "window/frm_main.h"
@@ -188,7 +188,6 @@ void QtDisplay::ShowRollOff() {
     if (form_ != nullptr) form_->Tabs->Map->RefreshRollOff();
 }
 
-
 void QtDisplay::ShowTab() {
     if (form_ != nullptr) form_->Tabs->Refresh();
 }
@@ -237,6 +236,5 @@ void QtDisplay::ShowFolderTree(bool open) {
 void QtDisplay::ShowClips() {
     if (browse_ != nullptr) browse_->Clips->Refresh();
 }
-
 
 }  // namespace marvolin

@@ -35,7 +35,8 @@ TabMap::TabMap(Session& session, QWidget* parent) : QWidget(parent), s(session) 
 }
 
 void TabMap::MakeSide() {
-    enable_ = new ChoiceBox(s, this, "Enable3d", "3D sound", hints::kEnable3d, [this](bool on) { Enable3d_Click(s, on); });
+    enable_ =
+        new ChoiceBox(s, this, "Enable3d", "3D sound", hints::kEnable3d, [this](bool on) { Enable3d_Click(s, on); });
     enable_->setToolTip("Places sounds around the listener; pan rests while it is on");
     enable_->setGeometry(kMiddle, 14, 280, 26);
 
@@ -49,27 +50,28 @@ void TabMap::MakeSide() {
     size_->setGeometry(kMiddle - 8, 76, 312, 26);
 
     MakeLabel(this, "Roll off", {kMiddle, 114, 200, 18});
-    rollOff_ = new Gauge(s, this, "RollOff", -1, "Roll off: how fast sounds fade with their distance",
-                         {kRollOffLow, kRollOffHigh, 1, [this] { return static_cast<int>(s.RollOff); },
-                          [this] { return Shown(s.RollOff / 10.0); },
-                          [this](int value) { RollOff_Moving(s, static_cast<std::int16_t>(value)); },
-                          [this](std::int16_t button, int value) {
-                              RollOff_Release(s, button, static_cast<std::int16_t>(value));
-                          },
-                          [this] { ShowStatus(s, hints::kRollOff); }});
+    rollOff_ = new Gauge(
+        s, this, "RollOff", -1, "Roll off: how fast sounds fade with their distance",
+        {kRollOffLow, kRollOffHigh, 1, [this] { return static_cast<int>(s.RollOff); },
+         [this] { return Shown(s.RollOff / 10.0); },
+         [this](int value) { RollOff_Moving(s, static_cast<std::int16_t>(value)); },
+         [this](std::int16_t button, int value) { RollOff_Release(s, button, static_cast<std::int16_t>(value)); },
+         [this] { ShowStatus(s, hints::kRollOff); }});
     rollOff_->setGeometry(kMiddle - 8, 134, 312, 26);
 
     MakeLabel(this, "Positions", {kMiddle, 172, 200, 18});
-    macros_ = new ChoiceList(s, this, "PosMacros", "Positions: scatter the sounds, or let them wander",
-                             hints::kPosMacros, [this](int entry) { PosMacros_Click(s, static_cast<std::int16_t>(entry)); });
+    macros_ =
+        new ChoiceList(s, this, "PosMacros", "Positions: scatter the sounds, or let them wander", hints::kPosMacros,
+                       [this](int entry) { PosMacros_Click(s, static_cast<std::int16_t>(entry)); });
     for (std::string_view text : kPosMacros) macros_->addItem(QString::fromUtf8(text.data()));
     macros_->setGeometry(kMiddle, 192, 220, 30);
 
     centre_ = new TextButton(s, this, "CentreAll", "Centre all", "All balls to the centre", hints::kCentreAll,
                              [this] { CentreAll_Click(s); });
     centre_->setGeometry(kMiddle, 234, 106, 30);
-    front_ = new TextButton(s, this, "PosPop", "Find listener", "Brings the listener back onto the map and to the front",
-                            hints::kPosPop, [this] { PosPop_Click(s); });
+    front_ =
+        new TextButton(s, this, "PosPop", "Find listener", "Brings the listener back onto the map and to the front",
+                       hints::kPosPop, [this] { PosPop_Click(s); });
     front_->setGeometry(kMiddle + 114, 234, 106, 30);
 
     relative_ = new ChoiceBox(s, this, "JoyRelative_1", "Relative JStick Movement (Map)", {},

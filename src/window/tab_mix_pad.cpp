@@ -44,10 +44,9 @@ TabMixPad::TabMixPad(Session& session, QWidget* parent) : QWidget(parent), s(ses
     type_->setGeometry(kMiddle, 28, 220, 30);
 
     MakeLabel(this, "Fade function", {kMiddle, 68, 220, 18});
-    function_ = new ChoiceList(s, this, "PadFunction", "Fade function: where the ball begins to work",
-                               hints::kPadFunction, [this](int entry) {
-                                   PadFunction_Click(s, kPadCurves[static_cast<std::size_t>(entry)].Function);
-                               });
+    function_ = new ChoiceList(
+        s, this, "PadFunction", "Fade function: where the ball begins to work", hints::kPadFunction,
+        [this](int entry) { PadFunction_Click(s, kPadCurves[static_cast<std::size_t>(entry)].Function); });
     for (const PadCurve& curve : kPadCurves) function_->addItem(QString::fromUtf8(curve.Text.data()));
     function_->setGeometry(kMiddle, 88, 220, 30);
 

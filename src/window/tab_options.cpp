@@ -114,9 +114,9 @@ void TabOptions::MakeMouse(QWidget* page) {
     Caption(page, "Update 3d position while moving:", {300, 18, 320, 18});
     constexpr std::array<const char*, 3> kTexts{"Listener", "Loop", "Listener Rotation"};
     for (int member = 0; member < 3; ++member) {
-        auto* box = new ChoiceBox(s, page, QString("PositionUpdate_%1").arg(member),
-                                  kTexts[static_cast<std::size_t>(member)], {},
-                                  [this, member](bool on) { s.PositionUpdate[member] = on; });
+        auto* box =
+            new ChoiceBox(s, page, QString("PositionUpdate_%1").arg(member), kTexts[static_cast<std::size_t>(member)],
+                          {}, [this, member](bool on) { s.PositionUpdate[member] = on; });
         box->setToolTip("On: the sound follows the drag. Off: it follows when the drag ends.");
         box->setGeometry(300, 40 + member * 30, 300, 26);
         update_[static_cast<std::size_t>(member)] = box;

@@ -6,12 +6,12 @@ namespace marvolin {
 
 /// A ball that is dragged over pad or map. It stands where the session says.
 ///
-/// While a ball is held its gesture gets the pointer relative to the point by which it is held, so that the ball follows
-/// whether the system let the pointer be put there or not.
+/// While a ball is held its gesture gets the pointer relative to the point by which it is held, so that the ball
+/// follows whether the system let the pointer be put there or not.
 class Ball : public Control {
 public:
-    static constexpr int kSize = 16;    ///< of the ball, logical pixels
-    static constexpr int kMargin = 4;   ///< around it, for its shadow and ring
+    static constexpr int kSize = 16;   ///< of the ball, logical pixels
+    static constexpr int kMargin = 4;  ///< around it, for its shadow and ring
 
     Ball(Session& session, QWidget* parent, const char* name, int index, const QString& label);
     /// Puts the ball where the session says.

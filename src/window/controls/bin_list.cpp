@@ -18,7 +18,7 @@ constexpr int kRowHeight = 22;
 constexpr int kBar = 10;         // width of a scroll bar
 constexpr int kSizeColumn = 54;  // pixels
 constexpr int kNotchRows = 3;
-constexpr int kNotch = 120;      // eighths of a degree of one wheel step
+constexpr int kNotch = 120;  // eighths of a degree of one wheel step
 const QColor kInk(0x1d, 0x1f, 0x23);
 const QColor kFaint(0x4c, 0x50, 0x58);
 
@@ -38,7 +38,9 @@ BinList::BinList(Session& session, QWidget* parent, int bin)
 
 int BinList::RowCount() const { return static_cast<int>(s.Bins[index].Rows.size()); }
 
-int BinList::Page() const { return std::max(1, (height() - 2 - (columns_->isVisibleTo(this) ? kBar : 0)) / kRowHeight); }
+int BinList::Page() const {
+    return std::max(1, (height() - 2 - (columns_->isVisibleTo(this) ? kBar : 0)) / kRowHeight);
+}
 
 double BinList::NameWidth() const { return s.Bins[index].FirstColumn / kTwipsPerPixel; }
 
@@ -112,11 +114,16 @@ void BinList::Activate() { PickFile_MouseUp(s, index, kLeftButton, s.Bins[index]
 void BinList::keyPressEvent(QKeyEvent* event) {
     const int here = s.Bins[index].Selected;
     switch (event->key()) {
-        case Qt::Key_Home: return Select(0);
-        case Qt::Key_End: return Select(RowCount() - 1);
-        case Qt::Key_PageUp: return Select(here - Page());
-        case Qt::Key_PageDown: return Select(here + Page());
-        default: Control::keyPressEvent(event);
+        case Qt::Key_Home:
+            return Select(0);
+        case Qt::Key_End:
+            return Select(RowCount() - 1);
+        case Qt::Key_PageUp:
+            return Select(here - Page());
+        case Qt::Key_PageDown:
+            return Select(here + Page());
+        default:
+            Control::keyPressEvent(event);
     }
 }
 

@@ -15,9 +15,9 @@ namespace marvolin {
 namespace {
 
 constexpr std::array<const char*, kChannels> kNames{"W", "WB", "BW", "B"};
-constexpr int kLine = 34;      // pixels from bar to bar
+constexpr int kLine = 34;  // pixels from bar to bar
 constexpr int kBarLeft = 84;
-constexpr int kNumber = 62;    // width of the numbers
+constexpr int kNumber = 62;  // width of the numbers
 
 /// A channel's level as a bar from `From` to `To` of its length, and as the number that the readout tells.
 struct Level {

@@ -61,8 +61,7 @@ void Gauge::paintEvent(QPaintEvent*) {
     p.drawEllipse(QPointF(x, y), 7, 7);
     p.setFont(theme::Digits(12));
     p.setPen(isEnabled() ? theme::kText : theme::kQuiet);
-    p.drawText(QRectF(width() - kTextWidth, 0, kTextWidth, height()), Qt::AlignRight | Qt::AlignVCenter,
-               rules_.Text());
+    p.drawText(QRectF(width() - kTextWidth, 0, kTextWidth, height()), Qt::AlignRight | Qt::AlignVCenter, rules_.Text());
 }
 
 }  // namespace marvolin

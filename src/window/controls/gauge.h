@@ -10,12 +10,12 @@ namespace marvolin {
 struct GaugeRules {
     int Low = 0;
     int High = 100;
-    int FineStep = 1;                       ///< of the wheel and the arrow keys
-    std::function<int()> Value;             ///< where it stands
-    std::function<QString()> Text;          ///< what stands behind it
-    std::function<void(int)> Moving;        ///< the hand moves it
+    int FineStep = 1;                                             ///< of the wheel and the arrow keys
+    std::function<int()> Value;                                   ///< where it stands
+    std::function<QString()> Text;                                ///< what stands behind it
+    std::function<void(int)> Moving;                              ///< the hand moves it
     std::function<void(std::int16_t button, int value)> Release;  ///< the hand lets it go
-    std::function<void()> Hover;            ///< the pointer passes over it
+    std::function<void()> Hover;                                  ///< the pointer passes over it
 };
 
 /// A horizontal gauge that is dragged, as `MapSize` and `RollOff`.

@@ -24,8 +24,7 @@ QString LabelOf(int ball) {
 
 }  // namespace
 
-PosBall::PosBall(Session& session, QWidget* parent, int ball)
-    : Ball(session, parent, "PosBall", ball, LabelOf(ball)) {
+PosBall::PosBall(Session& session, QWidget* parent, int ball) : Ball(session, parent, "PosBall", ball, LabelOf(ball)) {
     if (ball != kListenerBall) TakeDropsFor(static_cast<Row>(ball));
 }
 

@@ -22,7 +22,8 @@ QColor FieldColour(const Session& s) {
     return {back.Red, back.Green, back.Blue};
 }
 
-/// The face of the ball tells the pad type, for those who do not see its colour: notes, a wedge, an arrow to both sides.
+/// The face of the ball tells the pad type, for those who do not see its colour: notes, a wedge, an arrow to both
+/// sides.
 void DrawBallFace(QPainter& p, const QPointF& c, int face) {
     p.setPen(QPen(Qt::white, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     switch (face) {
