@@ -1,12 +1,9 @@
 #include "audio/device.h"
 
-#include <filesystem>
-#include <system_error>
-
 #include "audio/ds_error.h"
 #include "audio/sample_loading.h"
 #include "core/loop_views.h"
-#include "core/routines.h"
+#include "core/session_keeping.h"
 #include "parameters/position.h"
 
 namespace marvolin {
@@ -58,16 +55,14 @@ void cboDrivers_Click(Session& s, std::int16_t entry) {
     s.Driver = entry;
     s.World.Screen.ShowDrivers();
 
-    const std::string keeper = s.DeviceSwapArmed ? TempFileName(s) : "";
+    const auto reopen = [&s] {
+        UnInitDirectSound(s);
+        InitDirectSound(s);
+    };
+    if (!s.DeviceSwapArmed) return reopen();
     clsSwitchRecord everything;
     everything.SetSwitch(true);
-    if (!keeper.empty()) s.World.Store.SaveSession(s, keeper, false, everything);
-    UnInitDirectSound(s);
-    InitDirectSound(s);
-    if (keeper.empty()) return;
-    s.World.Store.LoadSession(s, keeper, false, everything, false);
-    std::error_code ignored;
-    std::filesystem::remove(keeper, ignored);
+    KeepSessionAcross(s, everything, reopen);
 }
 
 void InitDirectSound(Session& s) {

@@ -1,10 +1,7 @@
 #include "performance/use_3d.h"
 
-#include <filesystem>
-#include <system_error>
-
 #include "audio/device.h"
-#include "core/routines.h"
+#include "core/session_keeping.h"
 #include "parameters/position.h"
 #include "performance/pad_tables.h"
 
@@ -25,18 +22,11 @@ void Enable3d_Click(Session& s, bool on) {
     if (s.Enable3dHeld) return;
     const std::int16_t padType = s.PadTypeIndex;
     const std::int16_t twistIcon = s.PadTable[padType].TwistIcon;
-    clsSwitchRecord switches;
-    switches.SetSwitch(true);
-    const std::string file = TempFileName(s);
-    if (!file.empty()) s.World.Store.SaveSession(s, file, false, switches);
-    SetUse3D(s, on);
-    if (!file.empty()) {
-        // The file holds the state that is being left; taken back, it would undo the change.
-        switches.Put(Element::ThreeD, false);
-        s.World.Store.LoadSession(s, file, false, switches, false);
-        std::error_code ignored;
-        std::filesystem::remove(file, ignored);
-    }
+    // The file holds the state that is being left; taken back, it would undo the change.
+    clsSwitchRecord taken;
+    taken.SetSwitch(true);
+    taken.Put(Element::ThreeD, false);
+    KeepSessionAcross(s, taken, [&s, on] { SetUse3D(s, on); });
     s.PadTypeIndex = padType;
     s.PadTable[padType].TwistIcon = twistIcon;
     PadTwistShow(s, padType);
