@@ -1,12 +1,12 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <memory>
 #include <new>
 
 #include "audio/ds_error.h"
 #include "audio/sample_buffers.h"
 #include "audio/sample_loading.h"
+#include "audio/scratch_bytes.h"
 #include "core/busy_pointer.h"
 #include "core/routines.h"
 
@@ -24,12 +24,25 @@ void CopyReversed(const std::uint8_t* from, std::uint8_t* __restrict to, std::in
     for (; frames > 0; --frames, from -= size, to += size) std::memcpy(to, from, size);
 }
 
+// Single bytes go eight at a time.
+void CopyBytesReversed(const std::uint8_t* from, std::uint8_t* __restrict to, std::int64_t bytes) {
+    constexpr auto kWord = static_cast<std::int64_t>(sizeof(std::uint64_t));
+    from += bytes;
+    for (; bytes >= kWord; bytes -= kWord, to += kWord) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, from -= kWord, sizeof word);
+        word = __builtin_bswap64(word);
+        std::memcpy(to, &word, sizeof word);
+    }
+    while (bytes-- > 0) *to++ = *--from;
+}
+
 using FrameCopier = void (*)(const std::uint8_t* from, std::uint8_t* to, std::int64_t frames);
 
 FrameCopier CopierFor(std::int32_t frameSize) {
     switch (frameSize) {
         case 1:
-            return CopyReversed<1>;
+            return CopyBytesReversed;
         case 2:
             return CopyReversed<2>;
         case 3:
@@ -78,7 +91,7 @@ void ReverseSample(Session& s, Row row) {
     DirectSoundBuffer& buffer = BufferOf(s, row);
     const std::int32_t count = s.Set[row].BufferBytes;
     const auto size = static_cast<std::size_t>(count);
-    const auto bytes = std::make_unique_for_overwrite<std::uint8_t[]>(size + 1);
+    const auto bytes = MakeScratchBytes(size + 1);
     const WaveFormat format = buffer.GetFormat();
     const std::int32_t frameSize = ToI4(Int(format.Channels * format.BitsPerSample / 8.0));
     const FrameCopier copy = CopierFor(frameSize);

@@ -57,22 +57,25 @@ TEST(LoopReverse, ASampleWithAnOddNumberOfFramesKeepsItsMiddleFrame) {
 
 TEST(LoopReverse, ALongSampleIsReversedAcrossAllItsPieces) {
     for (const std::int16_t bits : std::initializer_list<std::int16_t>{8, 16, 24, 32}) {
-        Instrument i;
-        const int size = 2 * bits / 8;
-        const std::size_t frames = 100'003;
-        FillBytes(i, static_cast<int>(frames) * size, 2, bits);
-        auto& bytes = i.Buffer(0).Sample->Bytes;
-        for (std::size_t at = 0; at < bytes.size(); ++at) bytes[at] = static_cast<std::uint8_t>(at * 2654435761U >> 13);
-        const auto before = bytes;
-        LoopReverse(i.s, 0);
-        const auto frame = static_cast<std::size_t>(size);
-        std::size_t wrong = 0;
-        for (std::size_t at = 0; at < bytes.size(); ++at) {
-            const std::size_t from = (frames - 1 - at / frame) * frame + at % frame;
-            if (bytes[at] != before[from]) ++wrong;
+        for (const std::int16_t channels : std::initializer_list<std::int16_t>{1, 2}) {
+            Instrument i;
+            const int size = channels * bits / 8;
+            const std::size_t frames = 600'003;
+            FillBytes(i, static_cast<int>(frames) * size, channels, bits);
+            auto& bytes = i.Buffer(0).Sample->Bytes;
+            for (std::size_t at = 0; at < bytes.size(); ++at)
+                bytes[at] = static_cast<std::uint8_t>(at * 2654435761U >> 13);
+            const auto before = bytes;
+            LoopReverse(i.s, 0);
+            const auto frame = static_cast<std::size_t>(size);
+            std::size_t wrong = 0;
+            for (std::size_t at = 0; at < bytes.size(); ++at) {
+                const std::size_t from = (frames - 1 - at / frame) * frame + at % frame;
+                if (bytes[at] != before[from]) ++wrong;
+            }
+            EXPECT_EQ(wrong, 0U) << bits << " x " << channels;
+            EXPECT_NE(bytes, before);
         }
-        EXPECT_EQ(wrong, 0U) << bits;
-        EXPECT_NE(bytes, before);
     }
 }
 
