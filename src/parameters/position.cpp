@@ -39,6 +39,19 @@ void PositionSet(Session& s, int ball, float x, float y, bool apply, bool refres
     if (refresh) PositionRefresh(s, ball);
 }
 
+bool TryPositionSet(Session& s, int ball, float x, float y, bool apply, bool refresh, bool quiet, bool storeBall) {
+    try {
+        PositionSet(s, ball, x, y, apply, refresh, quiet, storeBall);
+        return true;
+    } catch (const SoundError& e) {
+        // A wander goes off ("Off" is entry 0): its next step would open a box over this one.
+        s.PosMacro = 0;
+        s.World.Screen.ShowMapControls();
+        ShowDSError(s, "placing sound", e.Number());
+        return false;
+    }
+}
+
 void PositionRefresh(Session& s, int ball) {
     if (s.Use3D) s.World.Screen.ShowMapBall(ball);
 }

@@ -11,8 +11,11 @@ inline constexpr int kListenerBall = 4;
 
 /// Stores the place of a ball (0..3 LoopTracks, 4 the listener) in map units; with `apply` and `Use3D` the service
 /// hears of it; with `storeBall` the twips follow; with `refresh` the ball is placed again. `quiet` is carried along
-/// and read by nothing. A failure of the service rises to the gesture, and the place is then not stored.
+/// and read by nothing. A failure of the service rises, and the place is then not stored.
 void PositionSet(Session& s, int ball, float x, float y, bool apply, bool refresh, bool quiet, bool storeBall);
+/// The same for a gesture, a wander or a file. False when the service refuses, which is told as "placing sound"; the
+/// ball then stays where it was, and a wander goes off.
+bool TryPositionSet(Session& s, int ball, float x, float y, bool apply, bool refresh, bool quiet, bool storeBall);
 /// Places the ball from its map units; only while the 3D state is on.
 void PositionRefresh(Session& s, int ball);
 /// Left and top of a ball on the map, in twips, from its map units.

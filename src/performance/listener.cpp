@@ -3,6 +3,8 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "audio/ds_error.h"
+#include "core/errors.h"
 #include "core/routines.h"
 
 namespace marvolin {
@@ -20,8 +22,14 @@ void RotateListener(Session& s, std::int32_t angle, bool apply) {
     angle %= kCircle;
     // The device can be closed while 3D is on; then nobody listens.
     if (apply && s.Use3D && s.Listener) {
-        const double a = angle;
-        s.Listener->SetOrientation({static_cast<float>(std::sin(a)), 0, static_cast<float>(std::cos(a))}, {0, 1, 0});
+        try {
+            const double a = angle;
+            s.Listener->SetOrientation({static_cast<float>(std::sin(a)), 0, static_cast<float>(std::cos(a))},
+                                       {0, 1, 0});
+        } catch (const SoundError& e) {
+            ShowDSError(s, "turning listener", e.Number());
+            return;
+        }
     }
     s.ListenerAngle = static_cast<std::int16_t>(angle);
     s.World.Screen.ShowListenerFace();

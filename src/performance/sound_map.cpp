@@ -26,7 +26,7 @@ void ShowPosition(Session& s, int ball) {
 
 void MapInit(Session& s) {
     s.CursorFree = true;
-    PositionSet(s, kListenerBall, 0, 0, true, true, false, true);
+    TryPositionSet(s, kListenerBall, 0, 0, true, true, false, true);
     for (int ball = kListenerBall; ball >= 0; --ball) {
         s.World.Screen.RaiseMapBall(ball);
         s.World.Screen.ShowMapBall(ball);
@@ -40,17 +40,16 @@ void MapInit(Session& s) {
 
 void PosMove(Session& s, double x, double y, int ball, bool absolute, bool apply, bool quiet) {
     const PadGeometry& g = s.Geometry;
-    BallPoint& place = s.BallPos[ball];
     if (!absolute) {
-        x += place.X;
-        y += place.Y;
+        x += s.BallPos[ball].X;
+        y += s.BallPos[ball].Y;
     }
     ClampR8(y, -g.PadHalfY, g.PadHalfY);
     ClampR8(x, -g.PadHalfX, g.PadHalfX);
-    place = {x, y};
     const auto mapY = static_cast<float>(y / g.PadHalfX * s.MapRange);
     const auto mapX = static_cast<float>(x / g.PadHalfX * s.MapRange);
-    PositionSet(s, ball, mapX, mapY, apply, true, quiet, false);
+    if (!TryPositionSet(s, ball, mapX, mapY, apply, true, quiet, false)) return;
+    s.BallPos[ball] = {x, y};
     ShowPosition(s, ball);
 }
 

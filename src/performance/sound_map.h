@@ -26,7 +26,8 @@ enum PositionMacro : std::int16_t { kMacroOff, kMacroScatterAbs, kMacroScatterRe
 void MapInit(Session& s);
 
 /// Moves a ball (0..3 LoopTracks, 4 the listener) to `x`, `y` twips, or by them without `absolute`, kept on the map,
-/// and shows the place. With `apply` it is heard. `quiet` is carried along.
+/// and shows the place. With `apply` it is heard. `quiet` is carried along. When the service refuses ("placing sound")
+/// the ball stays, and a wander ends, lest its next step opened a box over the first.
 void PosMove(Session& s, double x, double y, int ball, bool absolute, bool apply, bool quiet);
 /// The same from any unit; `scale` is the edge.
 void PosScaled(Session& s, double x, double y, int ball, double scale, bool absolute, bool apply, bool quiet);

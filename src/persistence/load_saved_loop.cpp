@@ -31,7 +31,7 @@ void RestorePlace(Session& s, const SavedLoop& saved, const clsSwitchRecord& loa
     if (s.Use3D) {
         if (!loadSwitch.Get(Element::Position)) return;
         if (!std::isfinite(set.PositionX) || !std::isfinite(set.PositionY)) return;
-        PositionSet(s, saved.Index, set.PositionX, set.PositionY, true, true, false, true);
+        TryPositionSet(s, saved.Index, set.PositionX, set.PositionY, true, true, false, true);
         return;
     }
     if (loadSwitch.Get(Element::Pan)) {

@@ -6,6 +6,7 @@
 
 #include "parameters/position.h"
 #include "performance/listener.h"
+#include "performance/scatter.h"
 #include "performance/surfaces.h"
 
 namespace marvolin {
@@ -244,6 +245,56 @@ TEST(RollOff, ARefusalIsShownAndThePlayerGoesOn) {
     i.Sound.Failures["SetRolloffFactor"] = sound_error::kInvalidArgument;
     RollOff_Release(i.s, kLeftButton, 20);
     EXPECT_EQ(i.Desk.LastBox(), "Error setting roll off: An invalid parameter was passed to the returning function.");
+}
+
+TEST(SoundMap, ARefusedPlaceIsToldAndTheBallStays) {
+    Surfaces i;
+    i.Use3D();
+    i.Fill(1);
+    PosMove(i.s, 710, 710, 1, true, true, false);
+    PosMove(i.s, 355, 355, kListenerBall, true, true, false);
+    i.Sound.Failures["SetPosition"] = sound_error::kGeneric;
+    i.Sound.Failures["SetListenerPosition"] = sound_error::kGeneric;
+    i.Clear();
+    for (const int ball : {1, kListenerBall}) {
+        PosMove(i.s, 100, 100, ball, false, true, false);
+        EXPECT_EQ(i.Desk.LastBox(),
+                  "Error placing sound: An undetermined error occurred inside the DirectSound subsystem.");
+    }
+    EXPECT_EQ(i.Desk.Boxes.size(), 2U);
+    EXPECT_FLOAT_EQ(i.s.Set[1].PositionX, 0.5F);
+    EXPECT_EQ(i.s.BallPos[1].X, 710);
+    EXPECT_FLOAT_EQ(static_cast<float>(i.s.ListenerX), 0.25F);
+    EXPECT_EQ(i.s.BallPos[kListenerBall].X, 355);
+    EXPECT_EQ(i.s.StatusText, "");
+}
+
+TEST(SoundMap, ARefusedPlaceEndsAWanderBeforeItsBoxOpens) {
+    Surfaces i;
+    i.Use3D();
+    for (Row row = 0; row < kLoopTracks; ++row) i.Fill(row);
+    PosMacros_Click(i.s, kMacroWander);
+    i.Sound.Failures["SetPosition"] = sound_error::kGeneric;
+    i.Clear();
+    i.Desk.WhileBoxIsOpen = [&] { WanderStep(i.s, 1000); };
+    WanderStep(i.s, 100);
+    EXPECT_EQ(i.Desk.Boxes.size(), 1U);
+    EXPECT_EQ(i.s.PosMacro, kMacroOff);
+    EXPECT_EQ(i.Screen.Count("ShowMapControls"), 1);
+}
+
+TEST(Listener, ARefusedHeadingIsToldAndTheOldOneStays) {
+    Surfaces i;
+    i.Use3D();
+    RotateListener(i.s, 40, true);
+    i.Sound.Failures["SetOrientation"] = sound_error::kInvalidArgument;
+    i.Clear();
+    RotateListener(i.s, 90, true);
+    EXPECT_EQ(i.Desk.LastBox(), "Error turning listener: An invalid parameter was passed to the returning function.");
+    EXPECT_EQ(i.s.ListenerAngle, 40);
+    EXPECT_EQ(i.Screen.Count("ShowListenerFace"), 0);
+    RotateListener(i.s, 90, false);
+    EXPECT_EQ(i.s.ListenerAngle, 90);
 }
 
 TEST(Listener, RotatingByMinusTenGives350AndBy720Gives0) {

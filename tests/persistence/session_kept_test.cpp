@@ -80,5 +80,23 @@ TEST(SessionKept, NoSoundTakesTheSamplesAwayAndLeavesTheClips) {
     EXPECT_THAT(i.s.Clips.List, ElementsAre("a", "b", "(2) a"));
 }
 
+TEST(SessionKept, ARefusedPlaceIsToldAndTheRestOfTheSetComesBack) {
+    Played i;
+    Enable3d_Click(i.s, true);
+    LoopStop(i.s, 2);
+    i.s.Set[2].PositionX = 0.5F;
+    ASSERT_TRUE(i.Save("x.mvn"));
+    i.Sound.Failures["SetPosition"] = sound_error::kGeneric;
+    std::int16_t vol = 1;
+    LoopVolChange(i.s, 2, vol, true, true);
+    i.s.Set[2].Pattern[kVolPattern][5] = 0;
+    EXPECT_TRUE(i.Load("x.mvn", test::AllBut(Element::LoopTrack)));
+    ASSERT_EQ(i.Desk.Boxes.size(), 2U);  // of rows 0 and 2
+    EXPECT_EQ(i.Desk.LastBox(),
+              "Error placing sound: An undetermined error occurred inside the DirectSound subsystem.");
+    EXPECT_EQ(i.s.Set[2].Vol, 321);
+    EXPECT_EQ(i.s.Set[2].Pattern[kVolPattern][5], 77);
+}
+
 }  // namespace
 }  // namespace marvolin
