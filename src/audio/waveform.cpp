@@ -63,17 +63,18 @@ WaveformColumn ColumnOf(const Range& range) {
 
 }  // namespace
 
-std::vector<WaveformColumn> WaveformPeaks(DirectSoundBuffer& buffer, int columns) {
+std::vector<WaveformColumn> WaveformPeaks(DirectSoundBuffer& buffer, int columns, int from, std::int64_t most) {
     const WaveFormat format = buffer.GetFormat();
     const Widener widen = WidenerFor(format.BitsPerSample);
     const std::int64_t frameBytes = std::int64_t{format.Channels} * format.BitsPerSample / 8;
-    if (widen == nullptr || frameBytes <= 0 || columns <= 0) return {};
+    if (widen == nullptr || frameBytes <= 0) return {};
     const std::int64_t frames = buffer.GetCaps().BufferBytes / frameBytes;
     if (frames == 0) return {};
 
-    std::vector<WaveformColumn> peaks(static_cast<std::size_t>(columns));
+    std::vector<WaveformColumn> peaks;
     std::vector<std::uint8_t> piece(static_cast<std::size_t>(kPieceBytes / frameBytes * frameBytes));
-    for (std::int64_t column = 0; column < columns; ++column) {
+    std::int64_t read = 0;
+    for (std::int64_t column = from; column < columns && (peaks.empty() || read < most); ++column) {
         const std::int64_t first = column * frames / columns;
         const std::int64_t end = std::max((column + 1) * frames / columns, first + 1) * frameBytes;
         Range range;
@@ -83,17 +84,18 @@ std::vector<WaveformColumn> WaveformPeaks(DirectSoundBuffer& buffer, int columns
             buffer.ReadBuffer(static_cast<std::int32_t>(at), part);
             widen(range, part);
             at += size;
+            read += size;
         }
-        peaks[static_cast<std::size_t>(column)] = ColumnOf(range);
+        peaks.push_back(ColumnOf(range));
     }
     return peaks;
 }
 
-std::vector<WaveformColumn> LoopWaveform(const Session& s, Row row, int columns) {
+std::vector<WaveformColumn> LoopWaveform(const Session& s, Row row, int columns, int from, std::int64_t most) {
     const LoopTrackRun& run = s.Run[row];
     if (run.Loaded == False || run.Buffer == nullptr) return {};
     try {
-        return WaveformPeaks(*run.Buffer, columns);
+        return WaveformPeaks(*run.Buffer, columns, from, most);
     } catch (const SoundError&) {
         return {};  // a picture is not worth a message
     }

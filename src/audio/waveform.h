@@ -2,6 +2,7 @@
 /// \file
 /// The outline of a loaded sample, for the eye.
 
+#include <cstdint>
 #include <vector>
 
 #include "core/session.h"
@@ -15,13 +16,17 @@ struct WaveformColumn {
     friend bool operator==(const WaveformColumn&, const WaveformColumn&) = default;
 };
 
-/// The sample of `buffer` in `columns` columns of equal length, read in pieces and not kept. A sample shorter than
-/// `columns` frames repeats frames. PCM of 8, 16, 24 or 32 bits; any other gives no columns. Errors of the service
-/// rise.
-std::vector<WaveformColumn> WaveformPeaks(DirectSoundBuffer& buffer, int columns);
+/// No end of bytes: the whole outline at once.
+inline constexpr std::int64_t kWholeWaveform = INT64_MAX;
 
-/// The outline of the row's sample as it is in memory now; no columns for an empty row, or when the service does not
-/// hand it out. `Display::ShowWaveform` says when it has changed.
-std::vector<WaveformColumn> LoopWaveform(const Session& s, Row row, int columns);
+/// The sample of `buffer` in `columns` columns of equal length, read in pieces and not kept: those from column `from`
+/// on, at least one, and no further one once `most` bytes have been read. A sample shorter than `columns` frames
+/// repeats frames. PCM of 8, 16, 24 or 32 bits; any other gives no columns. Errors of the service rise.
+std::vector<WaveformColumn> WaveformPeaks(DirectSoundBuffer& buffer, int columns, int from, std::int64_t most);
+
+/// The outline of the row's sample as it is in memory now, as `WaveformPeaks` makes it; no columns for an empty row, or
+/// when the service does not hand it out. `Display::ShowWaveform` says when it has changed.
+std::vector<WaveformColumn> LoopWaveform(const Session& s, Row row, int columns, int from = 0,
+                                         std::int64_t most = kWholeWaveform);
 
 }  // namespace marvolin

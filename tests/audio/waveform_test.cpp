@@ -61,6 +61,26 @@ TEST(Waveform, ALongSampleIsReadInPiecesWithoutLosingAPeak) {
     EXPECT_EQ(columns[1], (WaveformColumn{0, 0}));
 }
 
+TEST(Waveform, AnOutlineMadeInSharesIsTheOneMadeAtOnce) {
+    Instrument i;
+    std::vector<std::uint8_t> bytes(1'000'003);
+    for (std::size_t at = 0; at < bytes.size(); ++at) bytes[at] = static_cast<std::uint8_t>(at * 2654435761U >> 20);
+    FillWith(i, 1, 8, bytes);
+    const auto whole = LoopWaveform(i.s, 0, 100);
+    ASSERT_EQ(whole.size(), 100U);
+    std::vector<WaveformColumn> grown;
+    for (int shares = 1; grown.size() < whole.size(); ++shares) {
+        ASSERT_LE(shares, 15);
+        const auto more = LoopWaveform(i.s, 0, 100, static_cast<int>(grown.size()), 70'000);
+        // Seven columns hold 70000 bytes, and one more would begin beyond them.
+        EXPECT_LE(more.size(), 8U);
+        grown.insert(grown.end(), more.begin(), more.end());
+    }
+    EXPECT_EQ(grown, whole);
+    EXPECT_EQ(LoopWaveform(i.s, 0, 100, 40, 0).size(), 1U);
+    EXPECT_THAT(LoopWaveform(i.s, 0, 100, 100), IsEmpty());
+}
+
 TEST(Waveform, NothingToSeeGivesNoColumns) {
     Instrument i;
     EXPECT_THAT(LoopWaveform(i.s, 0, 10), IsEmpty());

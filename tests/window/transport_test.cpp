@@ -187,5 +187,28 @@ TEST(SndDisp, DrawsTheWaveAndTheNeedles) {
     EXPECT_NE(filled, moved);
 }
 
+TEST(SndDisp, ALongSampleIsDrawnAShareAtATimeUpToItsEnd) {
+    Stage stage;
+    test::FakeSample loud;
+    loud.Bytes.resize(40'000'000);
+    for (std::size_t i = 1; i < loud.Bytes.size(); i += 2) loud.Bytes[i] = i % 4 == 1 ? 0x60 : 0xA0;
+    stage.Sound.Samples["/samples/one.WAV"] = loud;
+    stage.Fill(1);
+    stage.Settle();
+    QWidget* display = stage.At("SndDisp_1");
+    const QColor wave(41, 253, 255);
+    stage.Screen.ShowWaveform(1);
+    const QImage first = display->grab().toImage();
+    EXPECT_EQ(first.pixelColor(40, 15), wave);
+    EXPECT_NE(first.pixelColor(display->width() - 20, 15), wave);
+    // The display itself asks for the paintings that are still to come.
+    test::PaintWatch watch;
+    for (int share = 2; share <= 5; ++share) {
+        ASSERT_TRUE(QTest::qWaitFor([&] { return watch.Painted.contains("SndDisp_1"); }, 2000)) << share;
+        watch.Painted.clear();
+    }
+    EXPECT_EQ(display->grab().toImage().pixelColor(display->width() - 20, 15), wave);
+}
+
 }  // namespace
 }  // namespace marvolin

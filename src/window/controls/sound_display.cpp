@@ -1,6 +1,7 @@
 #include "window/controls/sound_display.h"
 
 #include <QPainter>
+#include <QTimer>
 #include <algorithm>
 #include <cmath>
 
@@ -12,8 +13,9 @@ namespace marvolin {
 namespace {
 
 constexpr double kScale = kVolFull;
-constexpr double kEnds = 7;    // pixels between the control's edge and the ends of the needles' scale
-constexpr double kNeedle = 6;  // half the width of a needle's head
+constexpr double kEnds = 7;  // pixels between the control's edge and the ends of the needles' scale
+constexpr std::int64_t kBytesAPainting = 8 << 20;  // a few milliseconds' worth
+constexpr double kNeedle = 6;                      // half the width of a needle's head
 
 QString LabelOf(Row row) {
     return row == kSelectionRow ? QString("Level of the selection")
@@ -53,14 +55,17 @@ std::int16_t SoundDisplay::LevelAt(QPointF twips) const {
     return static_cast<std::int16_t>(std::lround(std::clamp(share, 0.0, 1.0) * kScale));
 }
 
+int SoundDisplay::Columns() const { return static_cast<int>(Inner().width()); }
+
 QRectF SoundDisplay::Inner() const { return QRectF(rect()).adjusted(kEnds, 2, -kEnds, -2); }
 
 void SoundDisplay::RefreshWaveform() {
+    peaks_.clear();
     waveStale_ = true;
     update();
 }
 
-void SoundDisplay::resizeEvent(QResizeEvent*) { waveStale_ = true; }
+void SoundDisplay::resizeEvent(QResizeEvent*) { RefreshWaveform(); }
 
 double SoundDisplay::PlaceX() const {
     if (row_ >= kLoopTracks) return -1;
@@ -85,10 +90,15 @@ void SoundDisplay::RefreshPlace() {
 
 QColor SoundDisplay::Ground() const { return peaks_.empty() ? theme::kSunk : theme::WaveGround(row_); }
 
+// A long sample is looked through a share at a time, so that the clock of the steps is not held up: the wave grows from
+// the left with each painting, of which the next is asked for here.
 void SoundDisplay::MakePeaks() {
     if (!waveStale_) return;
-    waveStale_ = false;
-    peaks_ = LoopWaveform(s, row_, static_cast<int>(Inner().width()));
+    const int columns = Columns();
+    const auto more = LoopWaveform(s, row_, columns, static_cast<int>(peaks_.size()), kBytesAPainting);
+    peaks_.insert(peaks_.end(), more.begin(), more.end());
+    waveStale_ = !more.empty() && static_cast<int>(peaks_.size()) < columns;
+    if (waveStale_) QTimer::singleShot(0, this, qOverload<>(&QWidget::update));
 }
 
 void SoundDisplay::DrawWave(QPainter& p) const {

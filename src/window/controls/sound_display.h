@@ -27,6 +27,7 @@ protected:
 private:
     std::int16_t LevelAt(QPointF twips) const;
     QRectF Inner() const;
+    int Columns() const;
     double PlaceX() const;
     /// A pale ground when the wave of a dark row stands on it.
     QColor Ground() const;
@@ -35,9 +36,9 @@ private:
     void DrawNeedle(QPainter& p, double level, bool top) const;
 
     const Row row_;
-    std::int16_t needle_ = -1;  // the needle in the hand; -1 none
-    bool waveStale_ = true;
-    std::vector<WaveformColumn> peaks_;  // a picture of the sample, made when first painted
+    std::int16_t needle_ = -1;           // the needle in the hand; -1 none
+    bool waveStale_ = true;              // columns are missing
+    std::vector<WaveformColumn> peaks_;  // a picture of the sample, made as it is painted
     double shownX_ = -1;                 // where the line of the place stands on the screen; -1 nowhere
 };
 
