@@ -111,7 +111,10 @@ bool QtDesktop::eventFilter(QObject*, QEvent* event) {
 }
 
 std::string QtDesktop::TempFileName(const std::string& prefix) {
-    QTemporaryFile file(QDir(QDir::tempPath()).filePath(QString::fromStdString(prefix) + "XXXXXX.tmp"));
+    // A folder that does not exist has the empty name, which would stand for the current folder.
+    const QString folder = QDir::tempPath();
+    if (folder.isEmpty()) return "";
+    QTemporaryFile file(QDir(folder).filePath(QString::fromStdString(prefix) + "XXXXXX.tmp"));
     file.setAutoRemove(false);
     return file.open() ? QDir::toNativeSeparators(file.fileName()).toStdString() : "";
 }

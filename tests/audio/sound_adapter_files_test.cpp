@@ -208,6 +208,23 @@ TEST_F(SoundAdapterFiles, NamesAreBytes) {
     }
 }
 
+TEST_F(SoundAdapterFiles, ALongEveningOfLoadsUsesNothingUp) {
+    const std::string path = folder_.Write("good.wav", WaveBytes(Good()));
+    const std::string bad = folder_.Write("bad.wav", Bytes(100, 1));
+    std::unique_ptr<DirectSoundBuffer> kept = device_->CreateSoundBufferFromFile(path, buffer_flags::kSample);
+    // Far more than the mixer has voices; each load takes the place of a sample that sounds.
+    for (int load = 0; load < 1000; ++load) {
+        auto next = load % 3 == 0 ? device_->DuplicateSoundBuffer(*kept)
+                                  : device_->CreateSoundBufferFromFile(
+                                        path, load % 3 == 1 ? buffer_flags::kSample : buffer_flags::kSample3D);
+        next->Play(1);
+        if (load % 10 == 0) next->WriteBuffer(0, Bytes(4, 0));
+        kept = std::move(next);
+        ASSERT_EQ(Refusal(bad), sound_error::kBadFormat) << load;
+    }
+    EXPECT_NE(kept->GetStatus(), 0);
+}
+
 TEST_F(SoundAdapterFiles, TheFileMayGoOnceItIsLoaded) {
     const std::string path = folder_.Write("gone.wav", WaveBytes(Good()));
     auto buffer = device_->CreateSoundBufferFromFile(path, buffer_flags::kSample);

@@ -27,6 +27,18 @@ TEST(QtDesktop, TemporaryFilesAreUniqueAndInTheSystemsFolder) {
     std::filesystem::remove(two);
 }
 
+TEST(QtDesktop, WithoutAFolderForTemporaryFilesThereIsNoName) {
+    QtDesktop desk;
+    const QByteArray before = qgetenv("TMPDIR");
+    qputenv("TMPDIR", "/nowhere/at/all");
+    EXPECT_EQ(desk.TempFileName("VBN"), "");
+    if (before.isNull()) {
+        qunsetenv("TMPDIR");
+    } else {
+        qputenv("TMPDIR", before);
+    }
+}
+
 TEST(QtDesktop, OnlyTheFirstInstanceHasTheClaim) {
     QTemporaryDir folder;
     const QByteArray before = qgetenv("XDG_RUNTIME_DIR");
