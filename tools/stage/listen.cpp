@@ -18,6 +18,7 @@ using namespace marvolin::stage;
 constexpr const char* kUsage =
     "usage: listen now FILE                     length so far\n"
     "       listen level FILE FROM TO           level left and right\n"
+    "       listen levels FILE FROM TO STEP     the louder side's level of each STEP ms, one a line\n"
     "       listen sounding FILE FROM TO        stretches that sound, one a line\n"
     "       listen onsets FILE FROM TO [APART]  places where a sound begins anew, one a line\n"
     "       listen until FILE MS TIMEOUT        waits until the file is that long\n";
@@ -71,6 +72,11 @@ int main(int argc, char** argv) {
     const Captured sound = Part(argv[2], from, number(4));
     if (task == "level" && argc == 5) {
         std::printf("%d %d\n", Level(sound.left, 0, sound.Frames()), Level(sound.right, 0, sound.Frames()));
+    } else if (task == "levels" && argc == 6 && number(5) > 0) {
+        const std::size_t step = FrameOf(number(5));
+        for (std::size_t at = 0; at + step <= sound.Frames(); at += step) {
+            std::printf("%d\n", std::max(Level(sound.left, at, at + step), Level(sound.right, at, at + step)));
+        }
     } else if (task == "sounding" && argc == 5) {
         for (const Stretch& s : Sounding(sound, kThreshold, kGap)) {
             std::printf("%ld %ld\n", static_cast<long>(s.from) + from, static_cast<long>(s.to) + from);

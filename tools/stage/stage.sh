@@ -3,6 +3,7 @@
 #
 #   stage_open FOLDER [WIDTHxHEIGHT]   puts the display up; all files of the play go to FOLDER
 #   stage_start PROGRAM                starts the program and waits for its window: sets WINDOW
+#   stage_clear                        takes the splash away
 #   stage_quit                         closes the window as a player does and waits for the end: gives its status
 #   stage_close                        takes everything down; runs by itself when the script ends
 #
@@ -65,16 +66,45 @@ stage_start() {
   xdotool windowactivate --sync "$WINDOW"
 }
 
-# The main window, once it is to be seen.
+# The main window, once it is to be seen: the plain window among those of the program.
 stage_window() {
-  WINDOW=$(xdotool search --onlyvisible --pid "$PROGRAM" --name '^Marvolin' 2>/dev/null | head -n 1)
-  [[ -n $WINDOW ]]
+  local window
+  for window in $(stage_windows); do
+    if xprop -id "$window" _NET_WM_WINDOW_TYPE 2>/dev/null | grep -q '= _NET_WM_WINDOW_TYPE_NORMAL$' &&
+      [[ $(xdotool getwindowname "$window" 2>/dev/null) == [Mm]arvolin* ]]; then
+      WINDOW=$window
+      return 0
+    fi
+  done
+  return 1
+}
+
+stage_windows() { xdotool search --onlyvisible --pid "$PROGRAM" 2>/dev/null; }
+
+# The splash, while it is to be seen.
+stage_splash() {
+  local window
+  for window in $(stage_windows); do
+    if xprop -id "$window" _NET_WM_WINDOW_TYPE 2>/dev/null | grep -q TYPE_SPLASH; then
+      SPLASH=$window
+      return 0
+    fi
+  done
+  return 1
+}
+stage_no_splash() { ! stage_splash; }
+
+# Takes the splash away with a click, as a player does who does not care to wait.
+stage_clear() {
+  until_true 5 stage_splash || { echo "the splash did not come" >&2; return 1; }
+  xdotool mousemove --window "$SPLASH" 20 20 click 1
+  until_true 5 stage_no_splash || { echo "the splash does not go" >&2; return 1; }
 }
 
 stage_gone() { ! kill -0 "$PROGRAM" 2>/dev/null; }
 
 stage_quit() {
-  xdotool windowactivate --sync "$WINDOW" key --clearmodifiers alt+F4
+  xdotool windowactivate --sync "$WINDOW" key alt+F4
   until_true 20 stage_gone || { echo "the program does not end" >&2; return 1; }
   wait "$PROGRAM"
 }

@@ -1,0 +1,173 @@
+# Hands, ears and eyes for a scenario on the stage. To be sourced by a scenario that was started with
+#   SCENARIO PROGRAM TOOLS PRINT_PLACES FOLDER
+# It opens the stage and starts the program. Pictures, the sound and the logs stay in FOLDER.
+set -euo pipefail
+
+PROGRAM_FILE=$1
+STAGE_TOOLS=$2
+PRINT_PLACES=$3
+FOLDER=$4
+source "$(dirname "${BASH_SOURCE[0]}")/../../tools/stage/stage.sh"
+
+LISTEN=$STAGE_TOOLS/listen
+SAMPLES=/usr/share/sounds/alsa
+FAILURES=0
+declare -A PLACE
+
+# --- hands ---
+
+# Reads where the controls stand; the window's layout is fixed.
+read_places() {
+  local name rest
+  while read -r name rest; do PLACE[$name]=$rest; done < <("$PRINT_PLACES" 2>/dev/null)
+  [[ -n ${PLACE[Play_0]:-} ]]
+}
+
+# at NAME [X Y]: a place in the window "X Y" from one in the control, its middle if none is given.
+at() {
+  local x y w h
+  read -r x y w h <<<"${PLACE[$1]:?no control $1}"
+  echo $((x + ${2:-w / 2})) $((y + ${3:-h / 2}))
+}
+
+pointer() { xdotool mousemove --window "$WINDOW" "$@"; }
+
+# Takes the pointer away from all controls.
+park() { pointer 300 718; }
+
+# click NAME [BUTTON [X Y]]
+click() {
+  # shellcheck disable=SC2046
+  xdotool mousemove --window "$WINDOW" $(at "$1" ${3:+"$3" "$4"}) click "${2:-1}"
+}
+
+# press NAME BUTTON, and release BUTTON where the pointer is.
+press() {
+  # shellcheck disable=SC2046
+  xdotool mousemove --window "$WINDOW" $(at "$1") mousedown "$2"
+}
+release() { xdotool mouseup "$1"; }
+
+double_click() {
+  # shellcheck disable=SC2046
+  xdotool mousemove --window "$WINDOW" $(at "$1") click --repeat 2 --delay 40 1
+}
+
+# drag NAME DX DY [BUTTON [X Y]]: presses, goes there in four moves, lets go.
+drag() {
+  local x y i moves=()
+  read -r x y <<<"$(at "$1" ${5:+"$5" "$6"})"
+  for i in 1 2 3 4; do moves+=(mousemove --window "$WINDOW" $((x + $2 * i / 4)) $((y + $3 * i / 4)) sleep 0.01); done
+  xdotool mousemove --window "$WINDOW" "$x" "$y" mousedown "${4:-1}" "${moves[@]}" mouseup "${4:-1}"
+}
+
+key() { xdotool key "$1"; }
+
+# drop NAME FILE...: files from a file manager onto a control.
+drop() {
+  local place
+  read -ra place <<<"$(at "$1")"
+  shift
+  drop_at "${place[@]}" "$@"
+}
+
+# --- ears ---
+
+now() { "$LISTEN" now "$SOUND"; }
+
+# wait_ms MS: until that much more sound has been recorded.
+wait_ms() {
+  local begin
+  begin=$(now)
+  "$LISTEN" until "$SOUND" $((begin + $1)) $(($1 * 5 + 5000))
+}
+
+# loud FROM TO: the louder side's level.
+loud() {
+  local left right
+  read -r left right <<<"$("$LISTEN" level "$SOUND" "$1" "$2")"
+  echo $((left > right ? left : right))
+}
+
+# The last 60 ms are heard; at least so much was recorded since FROM.
+sounds_since() {
+  local end
+  end=$(now)
+  [[ $end -ge $(($1 + 60)) && $(loud $((end - 60)) "$end") -gt -5500 ]]
+}
+
+# Nothing at all in the last 300 ms, all of them since FROM.
+silent_since() {
+  local end
+  end=$(now)
+  [[ $end -ge $(($1 + 300)) && $(loud $((end - 300)) "$end") -le -9000 ]]
+}
+
+# from TO the stretch sounds without a gap (longer than 120 ms).
+sounds_throughout() { [[ $("$LISTEN" sounding "$SOUND" "$1" "$2" | wc -l) -eq 1 && $(sounding_ms "$1" "$2") -ge $(($2 - $1 - 130)) ]]; }
+
+# How many ms of a stretch sound.
+sounding_ms() {
+  local from to sum=0
+  while read -r from to; do sum=$((sum + to - from)); done < <("$LISTEN" sounding "$SOUND" "$1" "$2")
+  echo "$sum"
+}
+
+# --- eyes ---
+
+# face NAME: what a control looks like, as a signature. Take the pointer away first.
+face() {
+  local x y w h
+  read -r x y w h <<<"${PLACE[$1]}"
+  import -window "$WINDOW" -crop "${w}x$h+$x+$y" +repage rgb:- | sha1sum
+}
+looks_like() { [[ $(face "$1") == "$2" ]]; }
+looks_unlike() { [[ $(face "$1") != "$2" ]]; }
+
+# --- judgement ---
+
+# expect WORDS COMMAND...: the command succeeds within five seconds.
+expect() {
+  local words=$1
+  shift
+  if until_true 5 "$@"; then
+    echo "  ok    $words"
+  else
+    echo "  FAIL  $words: $*"
+    FAILURES=$((FAILURES + 1))
+    picture "failure $FAILURES"
+  fi
+}
+
+# between WORDS VALUE LOW HIGH
+between() {
+  if [[ $2 -ge $3 && $2 -le $4 ]]; then
+    echo "  ok    $1: $2"
+  else
+    echo "  FAIL  $1: $2, not in $3..$4"
+    FAILURES=$((FAILURES + 1))
+  fi
+}
+
+picture() { import -window "$WINDOW" "$FOLDER/$1.png"; }
+
+# The program ends when its window is closed, and the whole recording stays in FOLDER.
+finish() {
+  if stage_quit; then
+    echo "  ok    the program ends with its window"
+  else
+    echo "  FAIL  the program ends with its window"
+    FAILURES=$((FAILURES + 1))
+  fi
+  stage_end_sound
+  cp "$SOUND" "$FOLDER/sound.wav"
+  cp "$STAGE/program.log" "$FOLDER/program.log"
+  [[ $FAILURES -eq 0 ]] || { echo "$FAILURES expectations failed"; exit 1; }
+}
+
+rm -rf "$FOLDER"
+mkdir -p "$FOLDER"
+stage_open "$FOLDER/stage"
+read_places
+stage_start "$PROGRAM_FILE"
+stage_clear

@@ -1,0 +1,38 @@
+// Prints where each control of the main window stands, one a line: "name x y width height", in pixels from the
+// window's inner corner. The window's layout is fixed, so these are the places in the running program too; the tab of a
+// control must be open for it to be there.
+
+#include <QApplication>
+#include <cstdio>
+
+#include "fakes/fake_sound.h"
+#include "fakes/fake_world.h"
+#include "window/frm_main.h"
+#include "window/qt_display.h"
+#include "window/theme.h"
+
+using namespace marvolin;
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    theme::Apply(application);
+
+    QtDisplay display;
+    test::FakeDesktop desktop;
+    test::FakeWindows windows;
+    test::FakeRandom chance;
+    test::FakeTimers timers;
+    test::FakeScripts scripts;
+    test::FakeStore store;
+    Session session{Services{display, desktop, windows, chance, timers, scripts, store, nullptr, nullptr}};
+    FrmMain form(session, {});
+    form.show();
+    for (const QWidget* control : form.findChildren<QWidget*>()) {
+        if (control->objectName().isEmpty() || control->window() != &form) continue;
+        const QPoint corner = control->mapTo(&form, QPoint(0, 0));
+        std::printf("%s %d %d %d %d\n", qPrintable(control->objectName()), corner.x(), corner.y(), control->width(),
+                    control->height());
+    }
+    return 0;
+}
