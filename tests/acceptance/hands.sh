@@ -61,7 +61,14 @@ drag() {
   xdotool mousemove --window "$WINDOW" "$x" "$y" mousedown "${4:-1}" "${moves[@]}" mouseup "${4:-1}"
 }
 
-key() { xdotool key "$1"; }
+# key LETTER [MODIFIER]: the modifier is held until the letter has been let go.
+key() {
+  if [[ $# -eq 1 ]]; then
+    xdotool key "$1"
+  else
+    xdotool keydown "$2" key "$1" keyup "$2"
+  fi
+}
 
 # drop NAME FILE...: files from a file manager onto a control.
 drop() {

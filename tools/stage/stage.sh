@@ -71,7 +71,7 @@ stage_window() {
   local window
   for window in $(stage_windows); do
     if xprop -id "$window" _NET_WM_WINDOW_TYPE 2>/dev/null | grep -q '= _NET_WM_WINDOW_TYPE_NORMAL$' &&
-      [[ $(xdotool getwindowname "$window" 2>/dev/null) == [Mm]arvolin* ]]; then
+      [[ $(xdotool getwindowname "$window" 2>/dev/null) =~ ^marvolin(-|$) ]]; then
       WINDOW=$window
       return 0
     fi
@@ -99,6 +99,7 @@ stage_clear() {
   until_true 5 stage_splash || { echo "the splash did not come" >&2; return 1; }
   xdotool mousemove --window "$SPLASH" 20 20 click 1
   until_true 5 stage_no_splash || { echo "the splash does not go" >&2; return 1; }
+  xdotool windowactivate --sync "$WINDOW"
 }
 
 stage_gone() { ! kill -0 "$PROGRAM" 2>/dev/null; }

@@ -1,0 +1,166 @@
+#!/usr/bin/env bash
+# LoopTracks are shaped while they sound: a drawn volume pattern is heard stepping, Drum restarts at each step, fades
+# start and stop, flags change their wire. Levels and times are taken from the captured sound.
+source "$(dirname "${BASH_SOURCE[0]}")/hands.sh"
+
+park
+drop SndDisp_0 "$SAMPLES/Noise.wav"
+drop SndDisp_1 "$SAMPLES/Rear_Left.wav"
+drop SndDisp_2 "$SAMPLES/Noise.wav"
+click Thumb_0
+click Tab_2
+picture "patterns of A"
+
+echo "Track: a drawn volume pattern"
+# Tenths of a second down by nine: 1.41 s becomes 0.51 s (50 twips a unit).
+drag TimeDigit_1 0 30
+step_ms=510
+read -r _ _ graph_width graph_height <<<"${PLACE[PatternGraph_0]}"
+# Four steps; the first twentieth of the graph is the random column. One stroke per column, each at its height.
+heights=(0 38 20 58)
+levels=()
+empty_graph=$(face PatternGraph_0)
+for step in 0 1 2 3; do
+  x=$((graph_width / 20 + (graph_width - graph_width / 20) * (2 * step + 1) / 8))
+  click PatternGraph_0 1 "$x" "${heights[step]}"
+  value=$(((graph_height - heights[step]) * 500 / graph_height))
+  # 6 hundredths of a decibel for each unit that the value is short of 499.
+  levels+=($((value >= 500 ? 0 : (value - 499) * 6)))
+done
+park
+expect "the drawn bars are seen" looks_unlike PatternGraph_0 "$empty_graph"
+picture "drawn pattern"
+
+begin=$(now)
+key a
+expect "Loop plays the sample" sounds_since "$begin"
+begin=$(now)
+wait_ms 1000
+full=$(loud "$begin" $((begin + 1000)))
+echo "        the plain level is $full, the steps are to be lower by ${levels[*]}"
+drag LoopIt_0 0 -7
+park
+expect "the step marker moves" looks_unlike StepReadOut "$(face StepReadOut)"
+begin=$(now)
+wait_ms 5000
+"$LISTEN" levels "$SOUND" "$begin" $((begin + 5000)) 30 >"$FOLDER/steps.txt"
+
+# Which step each 30 ms belong to by their level, told where it changes: "step length". A change is believed when two in
+# a row tell it; what lies between two levels belongs to the step before.
+runs=$(awk -v full="$full" -v levels="${levels[*]}" '
+  BEGIN { split(levels, level, " ") }
+  {
+    found = 0
+    for (step = 1; step <= 4; step++) {
+      off = $1 - full - level[step]
+      if (off < 220 && off > -220) found = step
+    }
+    if (found && found == last && found != now) {
+      if (now) print now - 1, (NR - 1 - begin) * 30
+      now = found
+      begin = NR - 1
+    }
+    last = found
+  }
+  END { print now - 1, (NR - begin) * 30 }' "$FOLDER/steps.txt")
+order=$(cut -d ' ' -f 1 <<<"$runs" | tr -d '\n')
+echo "        steps heard: $order"
+between "number of steps heard" ${#order} 10 11
+expect "they come in the order of the pattern" eval '[[ 012301230123012 == *'"$order"'* ]]'
+# The first and the last are cut by the window of listening.
+for length in $(sed '1d;$d' <<<"$runs" | cut -d ' ' -f 2); do
+  between "ms of a step" "$length" $((step_ms - 40)) $((step_ms + 40))
+done
+begin=$(now)
+key a
+expect "the key stops the LoopTrack" silent_since "$begin"
+
+echo "Drum: the sample starts anew at each step"
+click Thumb_1
+park
+picture "patterns of B"
+drag TimeDigit_1 0 20 # Rear_Left lasts 1.31 s; 6 tenths less are 0.71 s: its first word and a silence
+drag LoopIt_1 0 -14
+park
+picture "Drum"
+begin=$(now)
+key b
+expect "Drum sounds" sounds_since "$begin"
+wait_ms 4600
+mapfile -t starts < <("$LISTEN" sounding "$SOUND" "$begin" $((begin + 4500)) | cut -d ' ' -f 1)
+between "starts of the sample in 4.5 s" ${#starts[@]} 6 7
+for ((i = 1; i < ${#starts[@]}; i++)); do
+  between "ms from start to start" $((starts[i] - starts[i - 1])) 690 740
+done
+begin=$(now)
+key b
+expect "the key stops Drum" silent_since "$begin"
+
+echo "Fades"
+begin=$(now)
+key c
+expect "the third LoopTrack plays" sounds_since "$begin"
+park
+knob=$(face VolKnob_2)
+playing=$(face Play_2)
+begin=$(now)
+key c ctrl
+expect "a fade down ends in silence" silent_since $((begin + 1500))
+heard=$("$LISTEN" levels "$SOUND" "$begin" "$(now)" 10 | awk '$1 > -9000 { last = NR } END { print last * 10 }')
+between "ms from the key to the end of the fade" "$heard" 2400 2850
+falling=($(loud $((begin + 100)) $((begin + 400))) $(loud $((begin + 900)) $((begin + 1200))) $(loud $((begin + 1700)) $((begin + 2000))))
+between "level lost in the first part of the fade" $((falling[0] - falling[1])) 600 1300
+between "level lost in the second part" $((falling[1] - falling[2])) 600 1300
+expect "the faded LoopTrack has stopped" looks_unlike Play_2 "$playing"
+expect "its knob has turned" looks_unlike VolKnob_2 "$knob"
+picture "faded down"
+begin=$(now)
+key c shift
+expect "a fade up starts the LoopTrack" sounds_since "$begin"
+expect "it looks playing" looks_like Play_2 "$playing"
+expect "its knob comes back to full" looks_like VolKnob_2 "$knob"
+wait_ms 400
+rising=($(loud $((begin + 500)) $((begin + 800))) $(loud $((begin + 1300)) $((begin + 1600))))
+between "level won by the fade" $((rising[1] - rising[0])) 600 1300
+end=$(now)
+between "level at the end against the plain level" $(($(loud $((end - 300)) "$end") - full)) -150 150
+
+echo "Wires"
+# The ball goes to the corner of the channel W; what hangs on the wire of the opposite channel is silent there.
+click Tab_0
+drag Pad -135 -135
+park
+picture "ball at W"
+wire=$(face ChannelFlag_2)
+read -r _ _ flag_width _ <<<"${PLACE[ChannelFlag_2]}"
+begin=$(now)
+expect "the LoopTrack on the wire BW is silent" silent_since "$begin"
+expect "and plays on" looks_like Play_2 "$playing"
+begin=$(now)
+click ChannelFlag_2 1 $((flag_width / 6)) 16
+expect "a click on the left part switches it to the wire W: it is heard" sounds_since "$begin"
+park
+expect "the flag shows it" looks_unlike ChannelFlag_2 "$wire"
+wait_ms 300
+end=$(now)
+between "level on the wire W against the plain level" $(($(loud $((end - 200)) "$end") - full)) -150 150
+begin=$(now)
+click ChannelFlag_2 1 $((flag_width / 6)) 16
+expect "another click switches it back: it is silent" silent_since "$begin"
+park
+expect "the flag is as it was" looks_like ChannelFlag_2 "$wire"
+begin=$(now)
+click ChannelFlag_2 3
+expect "a right click disconnects the wire: it is heard" sounds_since "$begin"
+park
+picture "disconnected"
+begin=$(now)
+click ChannelFlag_2 1 $((flag_width / 2)) 16
+click ChannelFlag_2 3
+expect "the middle does nothing, and a right click connects it again" silent_since "$begin"
+park
+expect "the flag is as it was at first" looks_like ChannelFlag_2 "$wire"
+begin=$(now)
+click PlayStop 1 23 36
+expect "stop all shows it as stopped" looks_unlike Play_2 "$playing"
+finish
