@@ -58,6 +58,7 @@ void cboDrivers_Click(Session& s, std::int16_t entry) {
     const auto reopen = [&s] {
         UnInitDirectSound(s);
         InitDirectSound(s);
+        ListenerRestore(s);
     };
     if (!s.DeviceSwapArmed) return reopen();
     clsSwitchRecord everything;

@@ -8,9 +8,12 @@
 
 namespace marvolin {
 
-void KeepSessionAcross(Session& s, const clsSwitchRecord& taken, const std::function<void()>& change) {
+bool KeepSessionAcross(Session& s, const clsSwitchRecord& taken, const std::function<void()>& change) {
     const std::string file = TempFileName(s);
-    if (file.empty()) return change();
+    if (file.empty()) {
+        change();
+        return false;
+    }
     clsSwitchRecord everything;
     everything.SetSwitch(true);
     s.World.Store.SaveSession(s, file, false, everything);
@@ -22,6 +25,7 @@ void KeepSessionAcross(Session& s, const clsSwitchRecord& taken, const std::func
     s.World.Screen.ShowClips();
     std::error_code ignored;
     std::filesystem::remove(file, ignored);
+    return true;
 }
 
 }  // namespace marvolin

@@ -1,5 +1,7 @@
 #include "parameters/position.h"
 
+#include <cmath>
+
 #include "audio/ds_error.h"
 #include "core/errors.h"
 #include "core/routines.h"
@@ -49,6 +51,23 @@ bool TryPositionSet(Session& s, int ball, float x, float y, bool apply, bool ref
         s.World.Screen.ShowMapControls();
         ShowDSError(s, "placing sound", e.Number());
         return false;
+    }
+}
+
+void SendHeading(Session& s, std::int32_t degrees) {
+    // The device can be closed while 3D is on; then nobody listens.
+    if (!s.Use3D || !s.Listener) return;
+    const double a = degrees;
+    s.Listener->SetOrientation({static_cast<float>(std::sin(a)), 0, static_cast<float>(std::cos(a))}, {0, 1, 0});
+}
+
+void ListenerRestore(Session& s) {
+    TryPositionSet(s, kListenerBall, static_cast<float>(s.ListenerX), static_cast<float>(s.ListenerY), true, false,
+                   false, false);
+    try {
+        SendHeading(s, s.ListenerAngle);
+    } catch (const SoundError& e) {
+        ShowDSError(s, "turning listener", e.Number());
     }
 }
 

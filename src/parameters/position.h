@@ -16,6 +16,12 @@ void PositionSet(Session& s, int ball, float x, float y, bool apply, bool refres
 /// The same for a gesture, a wander or a file. False when the service refuses, which is told as "placing sound"; the
 /// ball then stays where it was, and a wander goes off.
 bool TryPositionSet(Session& s, int ball, float x, float y, bool apply, bool refresh, bool quiet, bool storeBall);
+/// Tells the service the listener's heading while 3D sound is in use; the number of degrees goes into sine and cosine
+/// as it stands. A failure of the service rises.
+void SendHeading(Session& s, std::int32_t degrees);
+/// Tells the listener of a device that was opened just now where its ball stands and whither it looks. Errors: "placing
+/// sound", "turning listener".
+void ListenerRestore(Session& s);
 /// Places the ball from its map units; only while the 3D state is on.
 void PositionRefresh(Session& s, int ball);
 /// Left and top of a ball on the map, in twips, from its map units.

@@ -123,7 +123,8 @@ void Stick(Session& s) {
 void Centre(Session& s) {
     if (s.ActiveTab == kMixPadTab) {
         PadRecentre(s);
-    } else {
+    } else if (s.ActiveTab == kMapTab) {
+        // A script that heard of the stick may have gone to another tab.
         PosScaled(s, 0, 0, kListenerBall, 500.0, true, true, false);
     }
 }

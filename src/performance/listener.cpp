@@ -1,11 +1,11 @@
 #include "performance/listener.h"
 
-#include <cmath>
 #include <cstdlib>
 
 #include "audio/ds_error.h"
 #include "core/errors.h"
 #include "core/routines.h"
+#include "parameters/position.h"
 
 namespace marvolin {
 
@@ -20,16 +20,11 @@ constexpr int kLastFrame = 71;
 void RotateListener(Session& s, std::int32_t angle, bool apply) {
     if (angle < 0) angle += std::abs(ToI4(Int(angle / static_cast<double>(kCircle)) * kCircle));
     angle %= kCircle;
-    // The device can be closed while 3D is on; then nobody listens.
-    if (apply && s.Use3D && s.Listener) {
-        try {
-            const double a = angle;
-            s.Listener->SetOrientation({static_cast<float>(std::sin(a)), 0, static_cast<float>(std::cos(a))},
-                                       {0, 1, 0});
-        } catch (const SoundError& e) {
-            ShowDSError(s, "turning listener", e.Number());
-            return;
-        }
+    try {
+        if (apply) SendHeading(s, angle);
+    } catch (const SoundError& e) {
+        ShowDSError(s, "turning listener", e.Number());
+        return;
     }
     s.ListenerAngle = static_cast<std::int16_t>(angle);
     s.World.Screen.ShowListenerFace();
