@@ -1,14 +1,17 @@
 /// \file
-/// What a move of the mix pad and a poll of the joystick cost, in a world that does nothing.
+/// What a move of the mix pad and a poll of the joystick cost: in a world that does nothing, and heard by the real
+/// audio service.
 
 #include <benchmark/benchmark.h>
 
 #include "fakes/instrument.h"
+#include "performance/heard_rig.h"
 #include "performance/joystick.h"
 #include "performance/joystick_setup.h"
 #include "performance/mix_pad.h"
 #include "performance/pad_gesture.h"
 #include "performance/pad_tables.h"
+#include "performance/wire_sets.h"
 
 namespace marvolin {
 namespace {
@@ -77,6 +80,39 @@ void PadDragWithFourLoopTracks(benchmark::State& state) {
     }
 }
 BENCHMARK(PadDragWithFourLoopTracks);
+
+/// A pad drag at 125 moves a second and the sound between its moves; with `range(0)` 0 the sound alone. Four stereo
+/// LoopTracks sound, under the pad type `range(1)`. "core_percent" is the share of a core that drag and sound take.
+void HeardPadDrag(benchmark::State& state) {
+    constexpr int kRate = 44100;
+    constexpr int kMoves = 125;
+    constexpr int kFrames = 352;  // between two moves
+    test::HeardInstrument i;
+    std::vector<std::int32_t> noise;
+    std::uint32_t seed = 1;
+    for (int n = 0; n < 2 * kRate; ++n) {
+        seed = seed * 1664525U + 1013904223U;
+        noise.push_back(static_cast<std::int32_t>(seed >> 19) - 4096);
+    }
+    for (Row row = 0; row < kLoopTracks; ++row) i.Sound(row, noise, 2);
+    SetChannel_Click(i.s, 3);
+    PadType_Click(i.s, static_cast<std::int16_t>(state.range(1)));
+    PadFunction_Click(i.s, 1);
+    std::vector<std::int16_t> out(2 * kFrames);
+    double move = 45;
+    for (auto _ : state) {
+        if (state.range(0) != 0) {
+            const double x = i.s.PadTable[i.s.PadTypeIndex].X;
+            if (x > 2000 || x < -2000) move = -move;
+            PadBallGesture(i.s, Phase::Move, kLeftButton, 225 + move, 225 - move);
+        }
+        i.Renderer.Render(out.data(), kFrames);
+        i.Screen.Log.clear();
+    }
+    state.counters["core_percent"] = benchmark::Counter(static_cast<double>(state.iterations()) / kMoves / 100,
+                                                        benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+}
+BENCHMARK(HeardPadDrag)->ArgNames({"drag", "type"})->Args({0, 2})->Args({1, 2})->Args({1, 0})->Args({1, 3});
 
 void PollThatChangesNothing(benchmark::State& state) {
     Bench b;
