@@ -63,7 +63,7 @@ stage_start() {
   PROGRAM=$!
   STAGE_PIDS+=("$PROGRAM")
   until_true 30 stage_window || { echo "the window did not come: $(cat "$STAGE/program.log")" >&2; return 1; }
-  xdotool windowactivate --sync "$WINDOW"
+  xdotool windowactivate --sync "$WINDOW" 2>/dev/null
 }
 
 # The main window, once it is to be seen: the plain window among those of the program.
@@ -73,6 +73,18 @@ stage_window() {
     if xprop -id "$window" _NET_WM_WINDOW_TYPE 2>/dev/null | grep -q '= _NET_WM_WINDOW_TYPE_NORMAL$' &&
       [[ $(xdotool getwindowname "$window" 2>/dev/null) =~ ^marvolin(-|$) ]]; then
       WINDOW=$window
+      return 0
+    fi
+  done
+  return 1
+}
+
+# The browser beside it: sets BROWSER.
+stage_browser() {
+  local window
+  for window in $(stage_windows); do
+    if [[ $(xdotool getwindowname "$window" 2>/dev/null) == "marvolin browser" ]]; then
+      BROWSER=$window
       return 0
     fi
   done
@@ -99,13 +111,13 @@ stage_clear() {
   until_true 5 stage_splash || { echo "the splash did not come" >&2; return 1; }
   xdotool mousemove --window "$SPLASH" 20 20 click 1
   until_true 5 stage_no_splash || { echo "the splash does not go" >&2; return 1; }
-  xdotool windowactivate --sync "$WINDOW"
+  xdotool windowactivate --sync "$WINDOW" 2>/dev/null
 }
 
 stage_gone() { ! kill -0 "$PROGRAM" 2>/dev/null; }
 
 stage_quit() {
-  xdotool windowactivate --sync "$WINDOW" key alt+F4
+  xdotool windowactivate --sync "$WINDOW" key alt+F4 2>/dev/null
   until_true 20 stage_gone || { echo "the program does not end" >&2; return 1; }
   wait "$PROGRAM"
 }
