@@ -219,6 +219,21 @@ TEST(JoyCentre, OnTheMapTheListenerIsPutOnTheCentre) {
     EXPECT_EQ(i.Sound.Count("SetListenerPosition 0.000000,0.000000,0.000000"), 1);
 }
 
+TEST(JoyCentre, LeavesTheListenerWhenAScriptThatHeardOfTheStickGoesToAnotherTab) {
+    Flown i;
+    i.Use3D();
+    i.s.ActiveTab = kMapTab;
+    i.s.EventWanted[ScriptEvent::OnPositionScroll] = 1;
+    i.Scripts.During = [&](ScriptEvent) { i.s.ActiveTab = kPatternTab; };
+    i.Stick.State.buttons[2] = 0x80;
+    for (int push = 1; push < 100 && i.Scripts.Events.empty(); ++push) {
+        i.s.ActiveTab = kMapTab;
+        i.Push(5000 + 40 * push, 5000);
+    }
+    ASSERT_EQ(i.s.ActiveTab, kPatternTab);
+    EXPECT_GT(i.s.ListenerX, 0);
+}
+
 TEST(JoyHat, ChoosesThePadTypeFromNorthToSouthEast) {
     Flown i;
     for (const auto& [angle, type] : {std::pair{13500, 3}, {9000, 2}, {4500, 1}, {0, 0}, {4700, 1}, {2250, 0}}) {
