@@ -167,6 +167,18 @@ TEST(PosEvents, ADragSendsItsScrollsAndAtItsEndTheChangeAndOneMoreScroll) {
     EXPECT_THAT(i.Scripts.Events[2].Arguments, testing::ElementsAre(3, 1, -0.5, 0.5, -0.5));
 }
 
+TEST(PosEvents, TheEndOfADragIsSentHoweverFewMovesPassedTheCounter) {
+    Scripted i;
+    i.s.ScrollSensitivity[1] = 100;
+    PosGesture(i.s, Phase::Down, 2, kLeftButton, kHold, kHold);
+    PosGesture(i.s, Phase::Move, 2, kLeftButton, kHold + 710, kHold);
+    EXPECT_TRUE(i.Scripts.Events.empty());
+    PosGesture(i.s, Phase::Up, 2, kLeftButton, kHold, kHold);
+    ASSERT_EQ(i.Scripts.Events.size(), 2u);
+    EXPECT_EQ(i.Scripts.Events[0].Which, ScriptEvent::OnPositionChange);
+    EXPECT_EQ(i.Scripts.Events[1].Which, ScriptEvent::OnPositionScroll);
+}
+
 TEST(PosEvents, TheListenerIsNumberFive) {
     Scripted i;
     PosScrollEvent(i.s, kListenerBall, 0.25, 0.5, false, kJoystickScroll);

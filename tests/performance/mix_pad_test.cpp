@@ -98,6 +98,18 @@ TEST(PadMix, PitchJumpsFromUnityDownToNearNothingAsTheBallCrossesTheThreshold) {
     }
 }
 
+TEST(PadMix, OnTheThresholdItselfAChannelIsUntouched) {
+    Surfaces i;
+    // Of this size the middle of a side is on the threshold to the last bit.
+    PadGeometryInit(i.s, 4470, 4470);
+    ASSERT_EQ(2115 / i.s.Geometry.PadDiagonal, i.s.Geometry.SideCentre);
+    Mix(i, 0, 3, 0, -2115);
+    EXPECT_EQ(i.s.ChannelHz[1], 1000);
+    EXPECT_EQ(i.s.ChannelHz[2], 1000);
+    Mix(i, 0, 2, 0, 0);
+    EXPECT_EQ(i.s.ChannelHz[1], 1000);
+}
+
 TEST(PadMix, PitchPadsRunFromNothingOnTheCornerToThreeOrFourTimesOnTheOppositeOne) {
     Surfaces i;
     Mix(i, 0, 1, -kHalf, -kHalf);
