@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "audio/transport.h"
+#include "core/errors.h"
 #include "core/loop_views.h"
 #include "core/paths.h"
 #include "persistence/load_saved_loop.h"
@@ -171,9 +172,18 @@ void ReadClipBoard(Session& s, RecordReader& file, bool loadIt) {
     for (const LoopTrackSet& clip : s.Clips.ClipStore) ++counts[clip.FileName];
     // Once a clip was refused, the others of the file would be too, each with a message of its own.
     bool adding = loadIt;
-    for (std::int32_t clip = 0; clip < clips; ++clip) {
-        s.Clips.ClipStaging = ReadLoopTrackSet(file);
-        if (adding) adding = AddStagedClip(s, counts[s.Clips.ClipStaging.FileName]++);
+    const auto read = [&] {
+        for (std::int32_t clip = 0; clip < clips; ++clip) {
+            s.Clips.ClipStaging = ReadLoopTrackSet(file);
+            if (adding) adding = AddStagedClip(s, counts[s.Clips.ClipStaging.FileName]++);
+        }
+    };
+    try {
+        read();
+    } catch (const RuntimeError&) {
+        // What came before the damage stays, so it is shown as well.
+        s.World.Screen.ShowClips();
+        throw;
     }
     if (loadIt && clips > 0) s.World.Screen.ShowClips();
 }

@@ -229,6 +229,20 @@ TEST(HostileSession, AMapSizeOrRollOffThatIsNoNumberIsLeftAlone) {
     }
 }
 
+TEST(HostileSession, ClipsBeforeTheDamageStayAndAreShown) {
+    Victim v;
+    Bytes b;
+    PutHead(b);
+    PutClips(b, std::vector<GoldenLoop>(3));
+    std::string bytes = b.Str();
+    // The last clip claims a longer name than the file holds.
+    bytes.replace(bytes.size() - 255, 2, Bytes().I16(30000).Str());
+    v.Screen.Log.clear();
+    ASSERT_FALSE(v.LoadHostile(bytes));
+    EXPECT_EQ(v.s.Clips.ClipTop, 1);
+    EXPECT_EQ(v.Screen.Count("ShowClips"), 1);
+}
+
 TEST(HostileSession, AFullClipBoardIsToldOnceAndTheFileStaysInStep) {
     Victim v;
     Bytes b;
