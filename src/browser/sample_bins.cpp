@@ -4,6 +4,7 @@
 #include <array>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 #include "browser/clipboard.h"
 #include "browser/destinations.h"
@@ -70,6 +71,14 @@ std::vector<BinRow> ScanFolder(const Session& s, const std::string& folder) {
     return rows;
 }
 
+/// Place of `wanted` among `rows`; -1 when it is not there.
+std::int16_t PlaceOf(const std::vector<BinRow>& rows, const BinRow& wanted) {
+    const auto found = std::find_if(rows.begin(), rows.end(), [&](const BinRow& row) {
+        return row.Name == wanted.Name && row.Target == wanted.Target;
+    });
+    return found == rows.end() ? std::int16_t{-1} : static_cast<std::int16_t>(found - rows.begin());
+}
+
 std::vector<std::string> FoldersIn(const std::string& folder) {
     std::vector<std::string> names;
     std::error_code error;
@@ -109,8 +118,11 @@ void UpdatePickFile(Session& s, int bin) {
     if (bin < 0 || bin >= kBinCount) return;
     SampleBin& picks = s.Bins[bin];
     if (!DirExists(StripBackslash(picks.Folder))) SetPickDir(s, bin, s.World.Desk.ProgramFolder());
-    picks.Rows = ScanFolder(s, StripBackslash(picks.Folder));
-    picks.Selected = -1;
+    std::vector<BinRow> rows = ScanFolder(s, StripBackslash(picks.Folder));
+    // A rescan of the same folder may come between the press on a sample and its drop: the sample stays the chosen one.
+    const bool chosen = picks.Selected >= 0 && static_cast<std::size_t>(picks.Selected) < picks.Rows.size();
+    picks.Selected = chosen ? PlaceOf(rows, picks.Rows[static_cast<std::size_t>(picks.Selected)]) : std::int16_t{-1};
+    picks.Rows = std::move(rows);
     std::int32_t widest = 0;
     for (const BinRow& row : picks.Rows) widest = std::max(widest, s.World.Desk.TextWidth(row.Name));
     picks.FirstColumn = widest + kColumnMargin;
@@ -124,6 +136,7 @@ void SetPickDirCaption(Session& s, int bin, const std::string& path) {
 void SetPickDir(Session& s, int bin, const std::string& path) {
     SetPickDirCaption(s, bin, path);
     s.Bins[bin].Folder = path;
+    s.Bins[bin].Selected = -1;
 }
 
 std::string BinHint(const Session& s, int bin, int row) {

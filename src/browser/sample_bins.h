@@ -18,12 +18,13 @@ inline constexpr std::string_view kFolderTreeHint = "drg Folder to Sample Bin; r
 void InitPicks(Session& s);
 
 /// Rescans a bin: the WAV files of its folder and the shortcuts to such files, by name. A folder that is gone gives way
-/// to the program's folder. A `bin` outside 0..2 is ignored.
+/// to the program's folder. A sample that was selected and is still there stays selected. A `bin` outside 0..2 is
+/// ignored.
 void UpdatePickFile(Session& s, int bin);
 
 /// Caption of `PickDir`: the first 10 characters of the folder's last name.
 void SetPickDirCaption(Session& s, int bin, const std::string& path);
-/// Makes `path` the bin's folder, caption and tool tip, without a rescan.
+/// Makes `path` the bin's folder, caption and tool tip, without a rescan; no sample is selected then.
 void SetPickDir(Session& s, int bin, const std::string& path);
 
 /// Hint over a sample: name and size, and what the mouse does here. "" for a row that is not there.

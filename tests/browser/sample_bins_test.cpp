@@ -102,6 +102,23 @@ TEST(UpdatePickFile, AFolderThatHasGoneAwayFallsBackToTheProgramsFolder) {
     UpdatePickFile(b.s, -1);
 }
 
+TEST(UpdatePickFile, TheChosenSampleStaysChosenOverARescanAndNotOverAnotherFolder) {
+    Browser b;
+    TempFolder other;
+    WriteBytes(other / "two.wav", "");
+    b.FillBin(kDragDestination);
+    ASSERT_TRUE(PickFile_MouseDown(b.s, 0, kLeftButton, 1, 10, 300));
+    WriteBytes(b.Folder / "new.wav", "");
+    UpdatePickFile(b.s, 0);
+    EXPECT_EQ(b.s.Bins[0].Selected, 2);
+    std::filesystem::remove(b.Folder / "two.WAV");
+    UpdatePickFile(b.s, 0);
+    EXPECT_EQ(b.s.Bins[0].Selected, -1);
+    ASSERT_TRUE(PickFile_MouseDown(b.s, 0, kLeftButton, 1, 10, 300));
+    PickDir_DropFolder(b.s, 0, other.Path());
+    EXPECT_EQ(b.s.Bins[0].Selected, -1);
+}
+
 TEST(UpdatePickFile, TenThousandFilesAreListedInOrder) {
     Browser b;
     for (int i = 0; i < 10000; ++i) WriteBytes(b.Folder / (std::to_string(i) + ".wav"), "");
