@@ -14,12 +14,18 @@ namespace marvolin {
 
 namespace {
 
-void LoadSample(Session& s, const SavedLoop& saved, bool forPackage, const std::string& openPath) {
-    std::string folder;
-    std::string name;
+/// Where the sample of a stored LoopTrack is looked for.
+void SplitSample(const SavedLoop& saved, bool forPackage, const std::string& openPath, std::string& folder,
+                 std::string& name) {
     SplitPath(saved.Set.FileName, folder, name);
     if (forPackage) folder = openPath;
     if (!folder.empty()) folder.pop_back();
+}
+
+void LoadSample(Session& s, const SavedLoop& saved, bool forPackage, const std::string& openPath) {
+    std::string folder;
+    std::string name;
+    SplitSample(saved, forPackage, openPath, folder, name);
     LoopLoad(s, saved.Index, folder, name);
     LoopSetThinnable(s, saved.Index, saved.Set.Thinnable != False);
     const std::int16_t mode = saved.Set.PlayMode;
@@ -84,6 +90,13 @@ bool LoadSavedLoop(Session& s, const SavedLoop& saved, const clsSwitchRecord& lo
         LoopSetChannel(s, saved.Index, channel, true);
     }
     return loaded;
+}
+
+bool HoldsSavedSample(const Session& s, const SavedLoop& saved, bool forPackage, const std::string& openPath) {
+    std::string folder;
+    std::string name;
+    SplitSample(saved, forPackage, openPath, folder, name);
+    return s.Run[saved.Index].Loaded != False && s.Set[saved.Index].FileName == JoinPath(folder, name);
 }
 
 }  // namespace marvolin

@@ -18,4 +18,8 @@ namespace marvolin {
 bool LoadSavedLoop(Session& s, const SavedLoop& saved, const clsSwitchRecord& loadSwitch, std::int16_t newUse3D,
                    bool forPackage, const std::string& openPath);
 
+/// True when the slot of `saved` (0..3) holds the sample that it was stored with: after a load that found no sample, it
+/// may still hold the one of before.
+bool HoldsSavedSample(const Session& s, const SavedLoop& saved, bool forPackage, const std::string& openPath);
+
 }  // namespace marvolin

@@ -107,7 +107,9 @@ void ReadLoops(Session& s, RecordReader& file, const Loading& load) {
         const SavedLoop saved = ReadSavedLoop(file);
         if (saved.Index >= kLoopTracks) continue;
         playingInFile[saved.Index] = saved.WasPlaying != False;
-        loadedFromFile[saved.Index] = LoadSavedLoop(s, saved, effective, use3D, load.ForPackage, load.Folder);
+        // A sample that could not be loaded does not count: neither is the one of before started in its place.
+        loadedFromFile[saved.Index] = LoadSavedLoop(s, saved, effective, use3D, load.ForPackage, load.Folder) &&
+                                      HoldsSavedSample(s, saved, load.ForPackage, load.Folder);
     }
     for (Row row = 0; row < kLoopTracks; ++row) {
         if (s.EmptyBlankSetting == 1 && !loadedFromFile[row]) LoopClear(s, row);

@@ -166,6 +166,20 @@ TEST(LoadSession, ASampleThatIsGoneIsNoFailureOfTheSession) {
     EXPECT_NE(i.s.Run[3].Loaded, False);
 }
 
+TEST(LoadSession, ASampleThatCannotBeLoadedLeavesTheOneOfBeforeSilentOrTheLoopTrackBlank) {
+    for (const std::int16_t emptyBlank : {0, 1}) {
+        SCOPED_TRACE(emptyBlank);
+        SetInstrument i;
+        i.s.EmptyBlankSetting = emptyBlank;
+        i.Fill(0, "/samples/mine.WAV");
+        std::filesystem::remove(i.Folder / "a.wav");
+        ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path())));
+        EXPECT_EQ(i.s.Set[0].FileName, emptyBlank == 1 ? "" : "/samples/mine.WAV");
+        EXPECT_EQ(i.s.Run[0].Playing, False);
+        EXPECT_NE(i.s.Run[3].Playing, False);
+    }
+}
+
 TEST(LoadSession, AnEmptyFileNameLeavesTheLoopTrackUnlessEmptyBlankClearsIt) {
     SetInstrument i;
     i.Fill(1, "/samples/mine.WAV");
