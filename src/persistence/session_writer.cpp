@@ -30,7 +30,7 @@ std::unique_ptr<RecordWriter> CreateFile(const std::string& fileName) {
     std::error_code error;
     bool kept = false;
     if (FileExists(fileName)) {
-        if (fs::is_directory(fileName)) throw RuntimeError(75, "Path/File access error");
+        if (fs::is_directory(fileName, error)) throw RuntimeError(75, "Path/File access error");
         // An empty file holds no set: it is a name that was only reserved.
         const bool empty = fs::is_regular_file(fileName, error) && fs::file_size(fileName, error) == 0;
         if (!empty) {
