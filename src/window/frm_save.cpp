@@ -175,14 +175,7 @@ void FrmSave::AskFile(bool save) {
     connect(&dialogue, &QFileDialog::filterSelected, &dialogue,
             [&dialogue](const QString& filter) { dialogue.setDefaultSuffix(SuffixOf(filter)); });
     if (!s.CurrentFolder.empty()) dialogue.setDirectory(QString::fromStdString(s.CurrentFolder));
-    if (!s.CurrentFile.empty()) {
-        const QString file = QString::fromStdString(s.CurrentFile);
-        if (file.endsWith(".mvp")) {
-            dialogue.selectNameFilter(NameFilters().last());
-            dialogue.setDefaultSuffix("mvp");
-        }
-        dialogue.selectFile(file);
-    }
+    if (!s.CurrentFile.empty()) dialogue.selectFile(QString::fromStdString(s.CurrentFile));
     if (dialogue.exec() != QDialog::Accepted || dialogue.selectedFiles().isEmpty()) return;
     const std::string path = dialogue.selectedFiles().first().toStdString();
     if (save) {
