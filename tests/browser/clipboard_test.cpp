@@ -133,6 +133,19 @@ TEST(CopyIt, PutsAWholeClipOnALoopTrackAndPlaysItWhenTold) {
     EXPECT_EQ(c.s.Set[0].Hz, 1000);
 }
 
+TEST(CopyIt, ALoadedSampleShowsItsRowAgain) {
+    Clips c;
+    c.AddWild();
+    c.Screen.Log.clear();
+    for (bool& box : c.s.Clips.Components) box = false;
+    CopyIt(c.s, 2, 0, true);
+    EXPECT_EQ(c.Screen.Count("ShowWire 2"), 0);
+    EXPECT_EQ(c.s.Run[2].Playing, False);
+    c.s.Clips.Components[0] = true;
+    CopyIt(c.s, 2, 0, false);
+    EXPECT_EQ(c.Screen.Count("ShowWire 2"), 1);
+}
+
 TEST(CopyIt, EachBoxTurnsItsOwnElementsOff) {
     for (int box = 0; box < 7; ++box) {
         SCOPED_TRACE(kComponentTexts[static_cast<std::size_t>(box)]);

@@ -238,6 +238,16 @@ TEST(BinGestures, ADragOnlyBinDragsByLeftOrRightAndAClickDoesNotLoad) {
     EXPECT_EQ(b.s.Run[0].Loaded, False);
 }
 
+TEST(BinGestures, ADragRemembersItsBinAndHidesTheTree) {
+    Browser b;
+    WriteBytes(b.Folder / "one.wav", "");
+    UpdatePickFile(b.s, 2);
+    PickDir_Click(b.s, 2);
+    ASSERT_TRUE(PickFile_MouseDown(b.s, 2, kLeftButton, 0, 10, 300));
+    EXPECT_EQ(b.s.DragBin, 2);
+    EXPECT_EQ(b.Screen.Count("ShowFolderTree hide"), 1);
+}
+
 TEST(BinGestures, TheRightThirdDragsByAnyButtonAndAPressBesideARowDoesNot) {
     Browser b;
     b.FillBin(0);

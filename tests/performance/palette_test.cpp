@@ -89,6 +89,17 @@ TEST(HistoryList, CloseDroppedOnALoopTrackOnlyClosesTheList) {
     EXPECT_EQ(p.Screen.Count("ShowHistoryList hide"), 1);
 }
 
+TEST(HistoryList, ADropBringsTheBallOfItsTargetToTheFrontButNotForRowFour) {
+    Palette p;
+    p.s.ActiveTab = kMapTab;
+    p.Open(1);
+    HistoryList_MouseDown(p.s, kHistoryEmpty);
+    LoopDragDrop(p.s, 2, {"HistoryList", 1, ""});
+    EXPECT_EQ(p.s.PosHighlight, 2);
+    LoopDragDrop(p.s, kSelectionRow, {"HistoryList", 1, ""});
+    EXPECT_EQ(p.s.PosHighlight, 2);
+}
+
 TEST(HistoryList, EmptyAndReverseActOnTheTarget) {
     Palette p;
     p.Fill(2, p.Folder / "new.wav");

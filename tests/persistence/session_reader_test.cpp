@@ -302,6 +302,22 @@ TEST(LoadSession, TheLimitOfAFileThinsAtOnce) {
     EXPECT_NE(i.s.Run[2].Playing, False);
 }
 
+TEST(LoadSession, SettingsRunTheHandlerOfThePadTypeSoThatThePadIsCentred) {
+    SetInstrument i;
+    i.s.TwistPosition = 7;
+    ASSERT_TRUE(i.LoadBytes(FileOf([](Bytes& b) { PutSettings(b); })));
+    EXPECT_EQ(i.s.TwistPosition, 0);
+    EXPECT_EQ(i.s.Joy.Relative[0], True);
+    EXPECT_GE(i.Screen.Count("ShowPad"), 1);
+}
+
+TEST(LoadSession, TheViewsOfTheCurrentLoopTrackAreShownAgainAtTheEnd) {
+    SetInstrument i;
+    i.s.ActiveTab = kPatternTab;
+    ASSERT_TRUE(i.LoadBytes(FileOf([](Bytes& b) { PutLoops(b, {GoldenLoop{}}); }), Only(Element::FreqPattern)));
+    EXPECT_EQ(i.s.StepsShown, 8);
+}
+
 TEST(LoadSession, TheDriverIsIgnoredOnAMachineWithAnotherNumberOfDrivers) {
     SetInstrument i;
     i.s.Drivers.push_back("another");

@@ -233,6 +233,21 @@ TEST(SaveSession, InAReadOnlyFolderTheOldFileStaysAsItWas) {
     EXPECT_EQ(ReadBytes(folder + "/x.mvn"), "before");
 }
 
+TEST(SaveSession, WhenNoNewFileCanBeMadeTheOldOneKeepsItsName) {
+    SetInstrument i;
+    WriteBytes(i.Folder / "x.mvn", "before");
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
+    const rlimit none{0, before.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    const bool saved = i.Save("x.mvn");
+    ::setrlimit(RLIMIT_NOFILE, &before);
+    EXPECT_FALSE(saved);
+    EXPECT_EQ(i.Desk.LastBox(), "Error Creating File: " + (i.Folder / "x.mvn"));
+    EXPECT_EQ(ReadBytes(i.Folder / "x.mvn"), "before");
+    EXPECT_FALSE(std::filesystem::exists(i.Folder / "x.mvn~"));
+}
+
 TEST(SaveSession, AFullDiskLeavesThePartialFileAndTheSetOfBefore) {
     SetInstrument i;
     WriteBytes(i.Folder / "x.mvn", "before");
