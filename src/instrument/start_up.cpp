@@ -96,6 +96,7 @@ bool FormLoad(Session& s, const StartUpHooks& hooks) {
         s.FirstActivate = true;
         s.World.Forms.Show(Form::Main);
     }
+    ShowReadout(s, "");  // what the setting of the defaults has left there
     ShowStatus(s, "Ready.");
     return true;
 }

@@ -71,7 +71,7 @@ QWidget* FrmSave::MakeList(int list) {
     rows->setContentsMargins(10, 8, 24, 8);
     rows->setSpacing(4);
     for (int i = 0; i < kElements; ++i) {
-        auto* element = new QCheckBox(Text(kElementRows[static_cast<std::size_t>(i)].Text));
+        auto* element = new QCheckBox(Text(kElementRows[static_cast<std::size_t>(i)].Text).replace("&", "&&"));
         element->setObjectName(QString("Elements_%1_%2").arg(list).arg(i));
         rows->addWidget(element);
         elements_[row][static_cast<std::size_t>(i)] = element;

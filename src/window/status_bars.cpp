@@ -74,9 +74,11 @@ void StatusBar1::paintEvent(QPaintEvent*) {
     DrawPanel(p, PlaceOf(Panel::Clock), clock.empty() ? QString("00:00:00") : QString::fromStdString(clock),
               theme::kText);
     const QRect help = PlaceOf(Panel::Help);
-    theme::DrawFace(p, help, {});
+    theme::FaceState resting;
+    resting.Enabled = false;
+    theme::DrawFace(p, help, resting);
     p.setFont(theme::Sans(14, QFont::Bold));
-    p.setPen(theme::kAccent);
+    p.setPen(theme::kQuiet);
     p.drawText(help, Qt::AlignCenter, "?");
 }
 

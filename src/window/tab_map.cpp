@@ -139,11 +139,13 @@ void TabMap::paintEvent(QPaintEvent*) {
         if (listener) text += QString("   %1°").arg(s.ListenerAngle);
         p.drawText(QRect(kRight + 30, y, 270, 18), Qt::AlignLeft | Qt::AlignVCenter, text);
     }
-    if (s.MapEnabled) return;
     p.setFont(theme::Sans(12));
     p.setPen(theme::kQuiet);
-    p.drawText(QRect(kRight, 200, 300, 60), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,
-               "Switch 3D sound on to place the LoopTracks around the listener.");
+    p.drawText(QRect(kRight, 200, 300, 90), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,
+               s.MapEnabled
+                   ? "Drag the letters to where their LoopTracks shall sound, and the listener L to where they are "
+                     "heard. A right drag turns the listener, a double click puts a ball on the centre."
+                   : "Switch 3D sound on to place the LoopTracks around the listener.");
 }
 
 }  // namespace marvolin

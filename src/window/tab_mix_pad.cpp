@@ -54,6 +54,7 @@ TabMixPad::TabMixPad(Session& session, QWidget* parent) : QWidget(parent), s(ses
     wires_ = new ChoiceList(s, this, "SetChannel", "Wire sets: wires all LoopTracks at once", hints::kSetChannel,
                             [this](int entry) { SetChannel_Click(s, static_cast<std::int16_t>(entry)); });
     wires_->addItems(Strings(kWireSets));
+    wires_->setPlaceholderText("Choose");
     wires_->setGeometry(kMiddle, 148, 220, 30);
 
     relative_ = new ChoiceBox(s, this, "JoyRelative_0", "Relative JStick Movement (Pad)", {},

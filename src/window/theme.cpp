@@ -82,6 +82,32 @@ QMessageBox { background: #26292f; }
 QPushButton { background: #2e3238; color: #e6e8eb; border: 1px solid #4a505a; border-radius: 5px; padding: 5px 18px; }
 QPushButton:hover { background: #373c44; }
 QPushButton:focus { border-color: #ffc94d; }
+QPushButton:disabled { color: #9aa2ad; background: #26292f; border-color: #3a3f47; }
+QLineEdit { background: #14161a; color: #e6e8eb; border: 1px solid #4a505a; border-radius: 5px; padding: 4px 6px;
+  selection-background-color: #ffc94d; selection-color: #1d1f23; }
+QLineEdit:focus { border-color: #ffc94d; }
+QTabBar::tab { background: #1d1f23; color: #9aa2ad; border: 1px solid #3a3f47; border-bottom: none;
+  border-top-left-radius: 6px; border-top-right-radius: 6px; padding: 5px 20px; margin-right: 2px; }
+QTabBar::tab:hover { background: #2e3238; }
+QTabBar::tab:selected { background: #26292f; color: #e6e8eb; font-weight: 600; }
+QTabBar::tab:focus { color: #ffc94d; }
+QTreeView, QListView { border: 1px solid #3a3f47; outline: none; }
+QTreeView::item, QFileDialog QListView::item { padding: 2px; }
+QTreeView::item:selected, QFileDialog QListView::item:selected { background: #ffc94d; color: #1d1f23; }
+QHeaderView::section { background: #2e3238; color: #e6e8eb; border: none; border-right: 1px solid #3a3f47;
+  padding: 4px 6px; }
+QToolButton { background: #e6e8eb; border: 1px solid #4a505a; border-radius: 4px; padding: 2px; }
+QToolButton:hover { background: #ffffff; }
+QToolButton:disabled { background: #9aa2ad; }
+QScrollBar { background: #1d1f23; border: none; }
+QScrollBar:vertical { width: 10px; }
+QScrollBar:horizontal { height: 10px; }
+QScrollBar::handle { background: #6c7480; border-radius: 3px; margin: 2px; }
+QScrollBar::handle:vertical { min-height: 24px; }
+QScrollBar::handle:horizontal { min-width: 24px; }
+QScrollBar::handle:hover { background: #9aa2ad; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
+QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
 )";
 
 }  // namespace

@@ -24,6 +24,10 @@ protected:
     virtual void BallGesture(Phase phase, std::int16_t button, double x, double y) = 0;
 
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    /// Takes hold of a ball that has moved from `before` (its old corner on the surface) since the pointer was read.
+    void HoldMoved(std::int16_t button, QPointF twips, QPoint before) {
+        Gesture(Phase::Down, button, twips + QPointF(before - pos()) * kTwipsPerPixel);
+    }
     QRectF BallFace() const { return QRectF(kMargin, kMargin, kSize, kSize); }
 
 private:

@@ -32,6 +32,7 @@ BinList::BinList(Session& session, QWidget* parent, int bin)
     setFocusPolicy(Qt::StrongFocus);
     for (QScrollBar* bar : {rows_, columns_}) {
         bar->setFocusPolicy(Qt::NoFocus);
+        bar->setStyleSheet("QScrollBar { background: #b4b8b1; } QScrollBar::handle { background: #4c5058; }");
         connect(bar, &QScrollBar::valueChanged, this, [this] { update(); });
     }
 }

@@ -40,8 +40,9 @@ void PosBall::BallGesture(Phase phase, std::int16_t button, double x, double y) 
 }
 
 void PosBall::DoubleClick(std::int16_t button, QPointF twips) {
+    const QPoint before = pos();
     PosBall_DblClick(s, index);
-    if (button == kLeftButton) Gesture(Phase::Down, button, twips);
+    if (button == kLeftButton) HoldMoved(button, twips, before);
 }
 
 void PosBall::Activate() { PosBall_DblClick(s, index); }

@@ -61,8 +61,9 @@ void PadBall::BallGesture(Phase phase, std::int16_t button, double x, double y) 
 }
 
 void PadBall::DoubleClick(std::int16_t button, QPointF twips) {
+    const QPoint before = pos();
     PadBall_DblClick(s);
-    Gesture(Phase::Down, button, twips);
+    HoldMoved(button, twips, before);
 }
 
 void PadBall::Step(int units) { PadMove(s, 0, -units * kKeyStep * kTwipsPerPixel, s.Geometry.PadHalfX, false, true); }

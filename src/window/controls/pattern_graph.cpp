@@ -64,6 +64,7 @@ double PatternGraphControl::HeightOf(double value) const {
 }
 
 void PatternGraphControl::DrawColumn(QPainter& p, int column) const {
+    if (column > kPatternSteps) return;  // a graph laid out for more columns than a pattern has steps
     const PatternBlock& block = s.Set[s.CurrentLoop].Pattern[index];
     const double value = column == 0 ? block[kPatternOffset] : block[column - 1];
     const double foot =

@@ -1,0 +1,194 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "hand.h"
+#include "parameters/position.h"
+#include "performance/mix_pad.h"
+#include "performance/sound_map.h"
+#include "performance/tabs.h"
+#include "performance/use_3d.h"
+#include "stage.h"
+#include "window/tab_mix_pad.h"
+
+namespace marvolin {
+namespace {
+
+constexpr int kListener = 4;
+
+struct Map : test::Stage {
+    Map() {
+        PadGeometryInit(s, TabMixPad::InnerWidth(), TabMixPad::InnerHeight());
+        s.Use3D = true;
+        MapInit(s);
+        MapEnable(s, true);
+        SetTab(s, 1);
+        // Apart from each other, so that each can be taken.
+        for (int ball = 0; ball <= kListener; ++ball) {
+            PositionSet(s, ball, static_cast<float>(0.5 * (ball - 2)), 0.75F, false, true, true, true);
+        }
+        Settle();
+        Sound.Log.clear();
+    }
+    static std::string Name(int ball) { return "PosBall_" + std::to_string(ball); }
+    QPoint Ball(int ball) { return InWindow(Name(ball).c_str(), Middle(Name(ball).c_str())); }
+    void Press(int ball, Qt::MouseButton button = Qt::LeftButton) {
+        start_ = Ball(ball);
+        QTest::mousePress(Form->windowHandle(), button, {}, start_);
+    }
+    void MoveBy(QPoint way) { QTest::mouseMove(Form->windowHandle(), start_ + way); }
+    void ReleaseAt(QPoint way, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseRelease(Form->windowHandle(), button, {}, start_ + way);
+    }
+    void FillWith3D(Row row) {
+        s.Run[row].Buffer = s.DS->CreateSoundBufferFromFile("/samples/one.WAV", buffer_flags::kSample3D);
+        s.Run[row].Buffer3D = s.Run[row].Buffer->GetDirectSound3dBuffer();
+        s.Run[row].Loaded = True;
+        Sound.Log.clear();
+    }
+    bool Sent(const std::string& call) {
+        return std::any_of(Sound.Log.begin(), Sound.Log.end(),
+                           [&](const std::string& line) { return line.find(call) != std::string::npos; });
+    }
+
+private:
+    QPoint start_;
+};
+
+TEST(SoundMap, WithThreeDOffTheBallsRest) {
+    Map map;
+    MapEnable(map.s, false);
+    for (const char* name : {"PosBall_0", "PosBall_4", "MapSize", "RollOff", "CentreAll"}) {
+        EXPECT_FALSE(map.At(name)->isEnabled()) << name;
+    }
+    const float before = map.s.Set[0].PositionX;
+    map.Press(0);
+    map.MoveBy({20, 0});
+    map.ReleaseAt({20, 0});
+    EXPECT_EQ(map.s.Set[0].PositionX, before);
+    MapEnable(map.s, true);
+    EXPECT_TRUE(map.At("PosBall_0")->isEnabled());
+}
+
+TEST(SoundMap, BallsStandWhereTheirMapUnitsSay) {
+    Map map;
+    const QPoint centre = map.InWindow("Map", map.Middle("Map"));
+    PositionSet(map.s, 1, 0.75F, -1.5F, false, true, true, true);
+    EXPECT_NEAR((map.Ball(1) - centre).x(), 71, 1);
+    EXPECT_NEAR((map.Ball(1) - centre).y(), -142, 1);
+}
+
+TEST(SoundMap, TheSoundFollowsADragAtOnceOrAtItsEnd) {
+    for (bool atOnce : {true, false}) {
+        SCOPED_TRACE(atOnce);
+        Map map;
+        map.FillWith3D(0);
+        map.s.PositionUpdate[1] = atOnce;
+        map.Press(0);
+        map.MoveBy({71, -71});
+        EXPECT_NEAR(map.s.Set[0].PositionX, -1 + 0.75, 0.001);
+        EXPECT_NEAR(map.s.Set[0].PositionY, 0, 0.001);
+        EXPECT_EQ(map.Sent("SetPosition"), atOnce);
+        map.Sound.Log.clear();
+        map.ReleaseAt({71, -71});
+        EXPECT_TRUE(map.Sent("SetPosition"));
+        EXPECT_TRUE(map.s.CursorFree);
+    }
+}
+
+TEST(SoundMap, TheListenerFollowsItsOwnBox) {
+    Map map;
+    map.s.PositionUpdate[0] = false;
+    map.Press(kListener);
+    map.MoveBy({-71, 0});
+    map.ReleaseAt({-71, 0});
+    EXPECT_NEAR(map.s.ListenerX, 1 - 0.75, 0.001);
+}
+
+TEST(SoundMap, ARightDragTurnsTheListenerThreeDegreesForTenTwips) {
+    Map map;
+    const QPoint before = map.Ball(kListener);
+    map.Press(kListener, Qt::RightButton);
+    map.MoveBy({0, -10});
+    EXPECT_EQ(map.s.ListenerAngle, 45);
+    map.MoveBy({0, 10});
+    EXPECT_EQ(map.s.ListenerAngle, 315);
+    map.ReleaseAt({0, 10}, Qt::RightButton);
+    EXPECT_EQ(map.s.ListenerAngle, 315);
+    EXPECT_EQ(map.s.Drag.Dragging, False);
+    EXPECT_EQ(map.Ball(kListener), before);
+}
+
+TEST(SoundMap, ARightClickOnALoopTracksBallFadesIt) {
+    Map map;
+    map.Fill(0);
+    map.s.Run[0].Playing = True;
+    const std::int16_t before = map.s.Run[0].FadeState;
+    map.Press(0, Qt::RightButton);
+    map.ReleaseAt({0, 0}, Qt::RightButton);
+    EXPECT_NE(map.s.Run[0].FadeState, before);
+}
+
+TEST(SoundMap, ADoubleClickCentresABallWhateverTheBoxesSay) {
+    Map map;
+    map.FillWith3D(3);
+    map.s.PositionUpdate[1] = false;
+    map.DoubleClick("PosBall_3");
+    EXPECT_EQ(map.s.Set[3].PositionX, 0);
+    EXPECT_EQ(map.s.Set[3].PositionY, 0);
+    EXPECT_TRUE(map.Sent("SetPosition"));
+}
+
+TEST(SoundMap, TheSizeGaugeMovesTheBallsAndNotTheSounds) {
+    Map map;
+    const QPoint before = map.Ball(0);
+    const double y = map.Middle("MapSize").y();
+    map.Click("MapSize", {228, y});
+    EXPECT_EQ(map.s.MapSize, 100);
+    EXPECT_DOUBLE_EQ(map.s.MapRange, 5);
+    EXPECT_EQ(map.s.Set[0].PositionX, -1);
+    EXPECT_NE(map.Ball(0), before);
+}
+
+TEST(SoundMap, TheRollOffGaugeTakesItsValueOnReleaseAndResetsOnARightClick) {
+    Map map;
+    const double y = map.Middle("RollOff").y();
+    map.Click("RollOff", {119, y});
+    EXPECT_EQ(map.s.RollOff, 50);
+    EXPECT_FLOAT_EQ(GetRoll(map.s), 5);
+    map.Click("RollOff", {119, y}, Qt::RightButton);
+    EXPECT_EQ(map.s.RollOff, 10);
+    EXPECT_FLOAT_EQ(GetRoll(map.s), 1);
+    EXPECT_EQ(map.s.StatusText, "RollOff =1");
+}
+
+TEST(SoundMap, ScatterAndWanderAreChosenFromTheirList) {
+    Map map;
+    auto& macros = *dynamic_cast<QComboBox*>(map.At("PosMacros"));
+    for (int entry : {3, 4, 0}) {
+        test::Choose(macros, entry);
+        EXPECT_EQ(map.s.PosMacro, entry);
+    }
+    map.Screen.ShowMapControls();
+    EXPECT_EQ(macros.currentText(), "Off");
+}
+
+TEST(SoundMap, CentreAllPutsEveryBallOnTheCentre) {
+    Map map;
+    map.Click("CentreAll");
+    for (Row row = 0; row < kLoopTracks; ++row) EXPECT_EQ(map.s.Set[row].PositionX, 0);
+    EXPECT_EQ(map.s.ListenerX, 0);
+}
+
+TEST(SoundMap, TheListenerIsBroughtBackOntoTheMap) {
+    Map map;
+    map.s.ListenerX = 100;
+    map.s.ListenerY = -100;
+    map.Click("PosPop");
+    EXPECT_EQ(map.s.ListenerX, 1.5);
+    EXPECT_EQ(map.s.ListenerY, -1.5);
+    EXPECT_EQ(map.At("Map")->children().last(), map.At("PosBall_4"));
+}
+
+}  // namespace
+}  // namespace marvolin
