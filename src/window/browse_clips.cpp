@@ -30,14 +30,14 @@ BrowseClips::BrowseClips(Session& session, QWidget* parent) : QWidget(parent), s
         const std::string_view text = kComponentTexts[static_cast<std::size_t>(i)];
         auto* box = new ChoiceBox(s, side_, QString("Components_%1").arg(i), QString::fromUtf8(text.data()), {},
                                   [this, i](bool on) { s.Clips.Components[i] = on; });
-        box->setGeometry(8, 52 + i * 26, kSide - 16, 24);
+        box->setGeometry(8, 66 + i * 26, kSide - 16, 24);
         components_[static_cast<std::size_t>(i)] = box;
     }
     auto* trash = new Trash(s, side_);
-    trash->setGeometry(0, 248, 92, 62);
+    trash->setGeometry(0, 260, 92, 62);
     auto* clear = new TextButton(s, side_, "ClearClip", "Clear all", "Removes all clips, after a question", {},
                                  [this] { ClearClip_Click(s); });
-    clear->setGeometry(104, 264, 92, 30);
+    clear->setGeometry(104, 276, 92, 30);
     Refresh();
 }
 

@@ -22,6 +22,10 @@ FolderTree::FolderTree(Session& session, QWidget* parent) : QTreeView(parent), s
     setDragDropMode(QAbstractItemView::DragOnly);
     setMouseTracking(true);
     setContextMenuPolicy(Qt::PreventContextMenu);
+    // Folders come one after the other from behind: what was asked for is brought into view as they come.
+    connect(&folders_, &QFileSystemModel::directoryLoaded, this, [this] {
+        if (settling_) ShowFolder();
+    });
     hide();
 }
 
@@ -30,16 +34,22 @@ void FolderTree::Open(bool open) {
     if (folders_.rootPath().isEmpty() || folders_.rootPath() == ".") {
         setRootIndex(folders_.setRootPath("/"));
     }
-    const QModelIndex folder = folders_.index(QString::fromStdString(s.TreeFolder));
-    setCurrentIndex(folder);
+    settling_ = true;
     show();
     raise();
     setFocus();
-    expand(folder.parent());
+    ShowFolder();
+}
+
+void FolderTree::ShowFolder() {
+    const QModelIndex folder = folders_.index(QString::fromStdString(s.TreeFolder));
+    setCurrentIndex(folder);
+    for (QModelIndex above = folder.parent(); above.isValid(); above = above.parent()) expand(above);
     scrollTo(folder, QAbstractItemView::PositionAtCenter);
 }
 
 void FolderTree::mousePressEvent(QMouseEvent* event) {
+    settling_ = false;  // from now on the player looks for a folder
     if (event->button() == Qt::LeftButton) QTreeView::mousePressEvent(event);
 }
 
@@ -55,6 +65,7 @@ void FolderTree::mouseMoveEvent(QMouseEvent* event) {
 
 void FolderTree::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape) return FolderTree_MouseUp(s, kRightButton);
+    settling_ = false;
     QTreeView::keyPressEvent(event);
 }
 

@@ -21,7 +21,10 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void ShowFolder();
+
     Session& s;
+    bool settling_ = false;  // the tree has been opened and not yet been touched
     QFileSystemModel folders_;
 };
 

@@ -139,6 +139,18 @@ TEST(Browser, AClickOnTheFolderOpensTheTreeAndARightClickClosesIt) {
     EXPECT_FALSE(browser.Window.Bins->Tree->isVisible());
 }
 
+TEST(Browser, TheTreeOpensAtTheFolderOfTheBin) {
+    Browser browser;
+    QTest::mouseClick(&browser.Part("PickDir_0"), Qt::LeftButton);
+    const QTreeView& tree = *browser.Window.Bins->Tree;
+    const QString folder = QString::fromStdString(browser.Folder.filename().string());
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        const QRect row = tree.visualRect(tree.currentIndex());
+        return tree.currentIndex().data().toString() == folder && !row.isEmpty() &&
+               tree.viewport()->rect().intersects(row);
+    }));
+}
+
 TEST(Browser, ALoadHidesTheTree) {
     Browser browser;
     SetFileDestination(browser.s, 0, 0);

@@ -35,6 +35,9 @@ inline std::optional<DragSource> DragOf(QWidget& from, const std::function<void(
     });
     catcher.start(0);
     gesture();
+    // A drag that ended by itself is there until the loop of events runs again.
+    const auto* over = from.findChild<QDrag*>();
+    if (!seen && over != nullptr) seen = FromMimeData(*over->mimeData());
     QCoreApplication::processEvents();
     return seen;
 }

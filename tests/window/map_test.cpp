@@ -129,6 +129,19 @@ TEST(SoundMap, ARightClickOnALoopTracksBallFadesIt) {
     EXPECT_NE(map.s.Run[0].FadeState, before);
 }
 
+TEST(SoundMap, ARightDragOfALoopTracksBallIsTheFadeDrag) {
+    Map map;
+    const auto source = test::DragOf(*map.At("PosBall_2"), [&] {
+        QTest::mousePress(map.At("PosBall_2"), Qt::RightButton);
+        const QPointF far(60, 12);
+        QMouseEvent move(QEvent::MouseMove, far, map.At("PosBall_2")->mapToGlobal(far), Qt::NoButton, Qt::RightButton,
+                         {});
+        QApplication::sendEvent(map.At("PosBall_2"), &move);
+    });
+    EXPECT_EQ(source, (DragSource{"PosBall", 2, "4"}));
+    QTest::mouseRelease(map.At("PosBall_2"), Qt::RightButton);
+}
+
 TEST(SoundMap, ADoubleClickCentresABallWhateverTheBoxesSay) {
     Map map;
     map.FillWith3D(3);
