@@ -44,7 +44,13 @@ void FolderTree::Open(bool open) {
 void FolderTree::ShowFolder() {
     const QModelIndex folder = folders_.index(QString::fromStdString(s.TreeFolder));
     setCurrentIndex(folder);
-    for (QModelIndex above = folder.parent(); above.isValid(); above = above.parent()) expand(above);
+    // From the top, as a folder whose parent is closed is not opened but only noted.
+    QModelIndexList path;
+    for (QModelIndex above = folder.parent(); above.isValid(); above = above.parent()) path.prepend(above);
+    for (const QModelIndex& above : path) {
+        if (folders_.canFetchMore(above)) folders_.fetchMore(above);
+        expand(above);
+    }
     scrollTo(folder, QAbstractItemView::PositionAtCenter);
 }
 

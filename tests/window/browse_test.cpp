@@ -141,9 +141,12 @@ TEST(Browser, AClickOnTheFolderOpensTheTreeAndARightClickClosesIt) {
 
 TEST(Browser, TheTreeOpensAtTheFolderOfTheBin) {
     Browser browser;
+    const fs::path deep = browser.Folder / "a" / "b" / "c" / "deep";
+    fs::create_directories(deep);
+    SetPickDir(browser.s, 0, deep.string());
     QTest::mouseClick(&browser.Part("PickDir_0"), Qt::LeftButton);
     const QTreeView& tree = *browser.Window.Bins->Tree;
-    const QString folder = QString::fromStdString(browser.Folder.filename().string());
+    const QString folder = QString::fromStdString(deep.filename().string());
     EXPECT_TRUE(QTest::qWaitFor([&] {
         const QRect row = tree.visualRect(tree.currentIndex());
         return tree.currentIndex().data().toString() == folder && !row.isEmpty() &&
