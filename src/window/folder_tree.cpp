@@ -22,10 +22,14 @@ FolderTree::FolderTree(Session& session, QWidget* parent) : QTreeView(parent), s
     setDragDropMode(QAbstractItemView::DragOnly);
     setMouseTracking(true);
     setContextMenuPolicy(Qt::PreventContextMenu);
-    // Folders come one after the other from behind: what was asked for is brought into view as they come.
-    connect(&folders_, &QFileSystemModel::directoryLoaded, this, [this] {
-        if (settling_) ShowFolder();
-    });
+    // Folders come one after the other from behind, and are put in order later still: what was asked for is brought
+    // into view each time, until the player takes over.
+    const auto settle = [this] {
+        if (settling_ && isVisible()) ShowFolder();
+    };
+    connect(&folders_, &QFileSystemModel::directoryLoaded, this, settle, Qt::QueuedConnection);
+    connect(&folders_, &QFileSystemModel::rowsInserted, this, settle, Qt::QueuedConnection);
+    connect(&folders_, &QFileSystemModel::layoutChanged, this, settle, Qt::QueuedConnection);
     hide();
 }
 
