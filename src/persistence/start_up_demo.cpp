@@ -85,6 +85,8 @@ void StartUpDemoCountDown_Timer(Session& s) {
 }
 
 void StartUpQuery_Activate(Session& s) {
+    // A question that nobody asked for does not complain about missing help.
+    if (!FileExists(s.HelpFile)) return;
     try {
         s.World.Desk.ShowHelpTopic(kStartUpQueryTopic);
         s.HelpShown = true;

@@ -19,7 +19,7 @@ void LoadStartUpContent(Session& s);
 /// The tick of the demo's countdown, one of three stages.
 void StartUpDemoCountDown_Timer(Session& s);
 
-/// `frmStartUpQuery` comes up: shows its help page.
+/// `frmStartUpQuery` comes up: shows its help page. Without a help file there is none to show, and nothing is said.
 void StartUpQuery_Activate(Session& s);
 void cmdYes_Click(Session& s);
 /// Renames the demo away, so that it does not come again.

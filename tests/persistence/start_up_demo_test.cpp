@@ -115,8 +115,19 @@ TEST(StartUpQuery, YesChangesNothing) {
     EXPECT_TRUE(i.Desk.Boxes.empty());
 }
 
+TEST(StartUpQuery, WithoutAHelpFileItRaisesNothing) {
+    SetInstrument i;
+    i.s.HelpFile = i.Folder / "marvolin.chm";
+    i.Desk.HelpFails = true;
+    StartUpQuery_Activate(i.s);
+    EXPECT_TRUE(i.Desk.Boxes.empty());
+    EXPECT_FALSE(i.s.HelpShown);
+}
+
 TEST(StartUpQuery, BringsUpItsHelpPageAndNotesIt) {
     SetInstrument i;
+    i.s.HelpFile = i.Folder / "marvolin.chm";
+    WriteBytes(i.Folder / "marvolin.chm", "");
     StartUpQuery_Activate(i.s);
     EXPECT_EQ(i.Desk.Log.back(), "ShowHelpTopic " + std::to_string(kStartUpQueryTopic));
     EXPECT_TRUE(i.s.HelpShown);
