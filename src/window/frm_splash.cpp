@@ -11,7 +11,7 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kShownFor = 2500;  // ms
+constexpr int kShownFor = 3000;  // ms; the demo takes it away after the same time
 
 }  // namespace
 
@@ -24,7 +24,10 @@ FrmSplash::FrmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindow
 
 void FrmSplash::showEvent(QShowEvent*) { QTimer::singleShot(kShownFor, this, &QWidget::hide); }
 
-void FrmSplash::mousePressEvent(QMouseEvent*) { hide(); }
+void FrmSplash::mousePressEvent(QMouseEvent*) {}
+
+// Not at the press: the window below would get the release.
+void FrmSplash::mouseReleaseEvent(QMouseEvent*) { hide(); }
 
 void FrmSplash::paintEvent(QPaintEvent*) {
     QPainter p(this);

@@ -1,6 +1,7 @@
 #include "window/frm_start_up_query.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QShowEvent>
@@ -39,6 +40,14 @@ FrmStartUpQuery::FrmStartUpQuery(Session& session) : s(session) {
 void FrmStartUpQuery::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     if (!event->spontaneous()) StartUpQuery_Activate(s);
+}
+
+// Outside a dialogue of the toolkit only the space bar presses a button.
+void FrmStartUpQuery::keyPressEvent(QKeyEvent* event) {
+    auto* button = qobject_cast<QPushButton*>(focusWidget());
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter || button == nullptr) return QWidget::keyPressEvent(event);
+    button->click();
 }
 
 }  // namespace marvolin

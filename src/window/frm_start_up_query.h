@@ -6,13 +6,15 @@
 
 namespace marvolin {
 
-/// `frmStartUpQuery`: whether the demo is to play at the next start too.
+/// `frmStartUpQuery`: whether the demo is to play at the next start too. The return key presses the button that has the
+/// focus, at first "Yes".
 class FrmStartUpQuery : public QWidget {
 public:
     explicit FrmStartUpQuery(Session& session);
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     Session& s;

@@ -176,5 +176,6 @@ rm -rf "$FOLDER"
 mkdir -p "$FOLDER"
 stage_open "$FOLDER/stage"
 read_places
-stage_start "$PROGRAM_FILE"
+stage_install "$PROGRAM_FILE" "$FOLDER/marvolin"
+stage_start "$FOLDER/marvolin/$(basename "$PROGRAM_FILE")"
 stage_clear

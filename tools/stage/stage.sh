@@ -2,6 +2,7 @@
 # sourced; needs STAGE_TOOLS, the folder of record_sound, drop_files and listen.
 #
 #   stage_open FOLDER [WIDTHxHEIGHT]   puts the display up; all files of the play go to FOLDER
+#   stage_install PROGRAM FOLDER       lays out a folder of the play's own with the program and its samples, without a demo
 #   stage_start PROGRAM                starts the program and waits for its window: sets WINDOW
 #   stage_clear                        takes the splash away
 #   stage_quit                         closes the window as a player does and waits for the end: gives its status
@@ -57,6 +58,13 @@ stage_open() {
   until_true 10 test -p "$STAGE/card" -a -s "$SOUND"
 }
 
+# Start-up files that others have put beside the program do not reach the play, nor does the play reach them.
+stage_install() {
+  mkdir -p "$2"
+  ln "$1" "$2/" 2>/dev/null || cp "$1" "$2/"
+  cp -r "$(dirname "$1")/Samples" "$2/"
+}
+
 stage_start() {
   # The card takes the sound at its own pace, so the program's driver need not wait besides.
   SDL_AUDIODRIVER=disk SDL_DISKAUDIOFILE="$STAGE/card" SDL_DISKAUDIODELAY=0 "$1" >"$STAGE/program.log" 2>&1 &
@@ -104,6 +112,18 @@ stage_splash() {
   done
   return 1
 }
+# stage_named NAME: a window of the program with this title, once it is to be seen: sets NAMED.
+stage_named() {
+  local window
+  for window in $(stage_windows); do
+    if [[ $(xdotool getwindowname "$window" 2>/dev/null) == "$1" ]]; then
+      NAMED=$window
+      return 0
+    fi
+  done
+  return 1
+}
+stage_not_named() { ! stage_named "$1"; }
 stage_no_splash() { ! stage_splash; }
 
 # Takes the splash away with a click, as a player does who does not care to wait.
