@@ -1,6 +1,7 @@
 #include "window/qt_windows.h"
 
 #include <QApplication>
+#include <QWindow>
 
 #include "core/errors.h"
 #include "window/frm_browse.h"
@@ -78,7 +79,14 @@ void QtWindows::Load(Form form) {
 void QtWindows::Show(Form form) {
     Load(form);
     if (form == Form::Save) return save_->Open();
-    if (QWidget* widget = WidgetOf(form)) widget->show();
+    QWidget* widget = WidgetOf(form);
+    if (widget == nullptr) return;
+    // Small windows about the main one stay in front of it.
+    if ((form == Form::Splash || form == Form::StartUpQuery) && main_ && main_->windowHandle() != nullptr) {
+        widget->winId();
+        widget->windowHandle()->setTransientParent(main_->windowHandle());
+    }
+    widget->show();
 }
 
 void QtWindows::Hide(Form form) {

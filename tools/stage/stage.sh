@@ -87,18 +87,6 @@ stage_window() {
   return 1
 }
 
-# The browser beside it: sets BROWSER.
-stage_browser() {
-  local window
-  for window in $(stage_windows); do
-    if [[ $(xdotool getwindowname "$window" 2>/dev/null) == "marvolin browser" ]]; then
-      BROWSER=$window
-      return 0
-    fi
-  done
-  return 1
-}
-
 stage_windows() { xdotool search --onlyvisible --pid "$PROGRAM" 2>/dev/null; }
 
 # The splash, while it is to be seen.
