@@ -15,7 +15,7 @@ constexpr int kShownFor = 3000;  // ms; the demo takes it away after the same ti
 
 }  // namespace
 
-FrmSplash::FrmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint) {
+FrmSplash::FrmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus) {
     setObjectName("frmSplash");
     setAccessibleName("Marvolin");
     setAttribute(Qt::WA_ShowWithoutActivating);
