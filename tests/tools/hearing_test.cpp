@@ -40,6 +40,15 @@ TEST(Hearing, LevelIsTheLoudnessInHundredthsOfADecibel) {
     EXPECT_NEAR(Level(sound.right, 0, 44100), -2301, 2);
 }
 
+TEST(Hearing, ToneLevelIsTheLoudnessOfOneToneAlone) {
+    Captured sound = Silence(1000);
+    AddTone(sound.left, 0, 1000, 0.1);
+    EXPECT_NEAR(ToneLevel(sound.left, 4410, 11025, 1000), -2301, 5);
+    EXPECT_LT(ToneLevel(sound.left, 4410, 11025, 1100), -8500);
+    EXPECT_EQ(ToneLevel(sound.right, 0, 4410, 1000), kSilence);
+    EXPECT_EQ(ToneLevel(sound.left, 44100, 48510, 1000), kSilence);
+}
+
 TEST(Hearing, NothingIsSilence) {
     const Captured sound = Silence(100);
     EXPECT_EQ(Level(sound.left, 0, 4410), kSilence);

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <complex>
+#include <numbers>
 
 namespace marvolin::stage {
 namespace {
@@ -26,6 +28,23 @@ int Level(const std::vector<std::int16_t>& side, std::size_t from, std::size_t t
     double sum = 0;
     for (std::size_t i = from; i < to; ++i) sum += static_cast<double>(side[i]) * side[i];
     const double mean = std::sqrt(sum / static_cast<double>(to - from)) / kFullScale;
+    if (mean < 1e-5) return kSilence;
+    return static_cast<int>(std::lround(2000 * std::log10(mean)));
+}
+
+int ToneLevel(const std::vector<std::int16_t>& side, std::size_t from, std::size_t to, double hz) {
+    to = std::min(to, side.size());
+    if (from >= to) return kSilence;
+    const double count = static_cast<double>(to - from);
+    const double turn = 2 * std::numbers::pi * hz / 44100;
+    std::complex<double> sum;
+    for (std::size_t i = from; i < to; ++i) {
+        const double n = static_cast<double>(i - from);
+        // Faded in and out, so that the ends of the part do not sound as tones of their own.
+        const double fade = 1 - std::cos(2 * std::numbers::pi * n / count);
+        sum += std::polar(fade * side[i], -turn * n);
+    }
+    const double mean = std::abs(sum) * std::numbers::sqrt2 / count / kFullScale;
     if (mean < 1e-5) return kSilence;
     return static_cast<int>(std::lround(2000 * std::log10(mean)));
 }

@@ -13,6 +13,9 @@ inline constexpr int kSilence = -10000;
 /// Loudness (root mean square) of a part of one side, in hundredths of a decibel; no frames are silence.
 int Level(const std::vector<std::int16_t>& side, std::size_t from, std::size_t to);
 
+/// Loudness of one pure tone within a part of one side; what else sounds there, some ten Hz beside it, is not heard.
+int ToneLevel(const std::vector<std::int16_t>& side, std::size_t from, std::size_t to, double hz);
+
 /// A stretch of time in ms, the end not included.
 struct Stretch {
     std::int64_t from = 0;

@@ -19,6 +19,7 @@ constexpr const char* kUsage =
     "usage: listen now FILE                     length so far\n"
     "       listen level FILE FROM TO           level left and right\n"
     "       listen levels FILE FROM TO STEP     the louder side's level of each STEP ms, one a line\n"
+    "       listen tones FILE FROM TO HZ...     the louder side's level of each pure tone\n"
     "       listen sounding FILE FROM TO        stretches that sound, one a line\n"
     "       listen onsets FILE FROM TO [APART]  places where a sound begins anew, one a line\n"
     "       listen until FILE MS TIMEOUT        waits until the file is that long\n";
@@ -76,6 +77,14 @@ int main(int argc, char** argv) {
         const std::size_t step = FrameOf(number(5));
         for (std::size_t at = 0; at + step <= sound.Frames(); at += step) {
             std::printf("%d\n", std::max(Level(sound.left, at, at + step), Level(sound.right, at, at + step)));
+        }
+    } else if (task == "tones" && argc > 5) {
+        for (int i = 5; i < argc; ++i) {
+            const double hz = static_cast<double>(number(i));
+            std::printf(
+                "%d%c",
+                std::max(ToneLevel(sound.left, 0, sound.Frames(), hz), ToneLevel(sound.right, 0, sound.Frames(), hz)),
+                i + 1 < argc ? ' ' : '\n');
         }
     } else if (task == "sounding" && argc == 5) {
         for (const Stretch& s : Sounding(sound, kThreshold, kGap)) {
