@@ -45,7 +45,8 @@ void Ball::Gesture(Phase phase, std::int16_t button, QPointF twips) {
         // Not held by a left drag: the turn of a listener reads plain distances on the screen. A button that is still
         // down after the grab was lost drags nothing.
         const bool lost = phase == Phase::Move && !Held();
-        BallGesture(phase, lost ? kNoButton : button, pointer.x() * kTwipsPerPixel, pointer.y() * kTwipsPerPixel);
+        BallGesture(phase, lost ? static_cast<std::int16_t>(kNoButton) : button, pointer.x() * kTwipsPerPixel,
+                    pointer.y() * kTwipsPerPixel);
         return;
     }
     const QPointF held = (pointer - Corner() - grip_ + QPointF(kHeldAt, kHeldAt)) * kTwipsPerPixel;
