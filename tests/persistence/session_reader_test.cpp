@@ -167,10 +167,10 @@ TEST(LoadSession, ASampleThatIsGoneIsNoFailureOfTheSession) {
 }
 
 TEST(LoadSession, ASampleThatCannotBeLoadedLeavesTheOneOfBeforeSilentOrTheLoopTrackBlank) {
-    for (const std::int16_t emptyBlank : {0, 1}) {
+    for (const int emptyBlank : {0, 1}) {
         SCOPED_TRACE(emptyBlank);
         SetInstrument i;
-        i.s.EmptyBlankSetting = emptyBlank;
+        i.s.EmptyBlankSetting = static_cast<std::int16_t>(emptyBlank);
         i.Fill(0, "/samples/mine.WAV");
         std::filesystem::remove(i.Folder / "a.wav");
         ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path())));
