@@ -6,6 +6,7 @@
 
 #include "browser/destinations.h"
 #include "browser/sample_bins.h"
+#include "fakes/temp_folder.h"
 #include "hand.h"
 #include "stage.h"
 #include "window/browse_bins.h"
@@ -32,15 +33,13 @@ struct Browser : test::Stage {
         Settle();
         Sound.Log.clear();
     }
-    ~Browser() {
-        Screen.Attach(static_cast<FrmBrowse*>(nullptr));
-        fs::remove_all(Folder);
-    }
+    ~Browser() { Screen.Attach(static_cast<FrmBrowse*>(nullptr)); }
     QWidget& Part(const char* name) { return *Window.findChild<QWidget*>(name); }
     static QPoint RowAt(int row) { return {30, 12 + row * 22}; }
     QImage Bar() { return Part("BrowseStatusBar1").grab().toImage(); }
 
-    fs::path Folder = fs::temp_directory_path() / "marvolin browse test";
+    test::TempFolder Own;  // of this test alone: others run at the same time
+    fs::path Folder = fs::path(Own.Path()) / "marvolin browse test";
     FrmBrowse Window{s};
 };
 
