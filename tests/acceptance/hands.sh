@@ -1,6 +1,7 @@
 # Hands, ears and eyes for a scenario on the stage. To be sourced by a scenario that was started with
 #   SCENARIO PROGRAM TOOLS PRINT_PLACES FOLDER
-# It opens the stage and starts the program. Pictures, the sound and the logs stay in FOLDER.
+# It opens the stage, lays out the program in FOLDER/marvolin and starts it without the splash. Pictures, the sound and
+# the logs stay in FOLDER. A scenario may set STAGE_SIZE, and NOT_STARTED=1 to start the program (start) by itself.
 set -euo pipefail
 
 PROGRAM_FILE=$1
@@ -39,6 +40,13 @@ park() { pointer 300 718; }
 click() {
   # shellcheck disable=SC2046
   xdotool mousemove --window "$WINDOW" $(at "$1" ${3:+"$3" "$4"}) click "${2:-1}"
+}
+
+# in_window WINDOW COMMAND...: what the hand does, in another window of the program; see print_places for the names there.
+in_window() {
+  local WINDOW=$1
+  shift
+  "$@"
 }
 
 # press NAME BUTTON, and release BUTTON where the pointer is.
@@ -158,6 +166,12 @@ between() {
 
 picture() { import -window "$WINDOW" "$FOLDER/$1.png"; }
 
+# Starts the program and takes the splash away.
+start() {
+  stage_start "$FOLDER/marvolin/$(basename "$PROGRAM_FILE")"
+  stage_clear
+}
+
 # The program ends when its window is closed, and the whole recording stays in FOLDER.
 finish() {
   if stage_quit; then
@@ -174,8 +188,7 @@ finish() {
 
 rm -rf "$FOLDER"
 mkdir -p "$FOLDER"
-stage_open "$FOLDER/stage"
+stage_open "$FOLDER/stage" "${STAGE_SIZE:-1280x800}"
 read_places
 stage_install "$PROGRAM_FILE" "$FOLDER/marvolin"
-stage_start "$FOLDER/marvolin/$(basename "$PROGRAM_FILE")"
-stage_clear
+[[ -n ${NOT_STARTED:-} ]] || start

@@ -1,17 +1,34 @@
 // Prints where each control of the main window stands, one a line: "name x y width height", in pixels from the
-// window's inner corner. The window's layout is fixed, so these are the places in the running program too; the tab of a
-// control must be open for it to be there.
+// window's inner corner; then those of the browser as "browse/name" and of the Save/Open dialogue as "save/name". The
+// window's layout is fixed, so these are the places in the running program too; the tab of a control must be open for
+// it to be there.
 
 #include <QApplication>
 #include <cstdio>
 
 #include "fakes/fake_sound.h"
 #include "fakes/fake_world.h"
+#include "window/frm_browse.h"
 #include "window/frm_main.h"
+#include "window/frm_save.h"
 #include "window/qt_display.h"
 #include "window/theme.h"
 
 using namespace marvolin;
+
+namespace {
+
+void PrintControls(QWidget& form, const char* prefix) {
+    form.show();
+    for (const QWidget* control : form.findChildren<QWidget*>()) {
+        if (control->objectName().isEmpty() || control->window() != &form) continue;
+        const QPoint corner = control->mapTo(&form, QPoint(0, 0));
+        std::printf("%s%s %d %d %d %d\n", prefix, qPrintable(control->objectName()), corner.x(), corner.y(),
+                    control->width(), control->height());
+    }
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -27,12 +44,10 @@ int main(int argc, char** argv) {
     test::FakeStore store;
     Session session{Services{display, desktop, windows, chance, timers, scripts, store, nullptr, nullptr}};
     FrmMain form(session, {});
-    form.show();
-    for (const QWidget* control : form.findChildren<QWidget*>()) {
-        if (control->objectName().isEmpty() || control->window() != &form) continue;
-        const QPoint corner = control->mapTo(&form, QPoint(0, 0));
-        std::printf("%s %d %d %d %d\n", qPrintable(control->objectName()), corner.x(), corner.y(), control->width(),
-                    control->height());
-    }
+    PrintControls(form, "");
+    FrmBrowse browse(session);
+    PrintControls(browse, "browse/");
+    FrmSave save(session);
+    PrintControls(save, "save/");
     return 0;
 }
