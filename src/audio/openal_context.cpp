@@ -13,6 +13,9 @@ namespace marvolin {
 
 namespace {
 
+/// Enough for a hundred buffers, of four sources each.
+constexpr ALCint kSources = 512;
+
 /// How sharp a resampler is, by its name: the order of a sinc filter; the others stand below all of these.
 int Sharpness(std::string_view name) {
     if (name.find("Sinc") != std::string_view::npos) {
@@ -43,12 +46,14 @@ OpenAlContext::OpenAlContext(std::shared_ptr<LoadMeter> meter)
     : meter_(std::move(meter)), owner_(std::this_thread::get_id()), device_(alcLoopbackOpenDeviceSOFT(nullptr)) {
     if (device_ == nullptr) throw SoundError(sound_error::kNoDriver);
     // The limiter would delay the sound by a look-ahead and make volumes inexact where the sum is loud.
-    const std::array<ALCint, 11> attributes{ALC_FREQUENCY,
+    const std::array<ALCint, 13> attributes{ALC_FREQUENCY,
                                             kOutputRate,
                                             ALC_FORMAT_CHANNELS_SOFT,
                                             ALC_STEREO_SOFT,
                                             ALC_FORMAT_TYPE_SOFT,
                                             ALC_SHORT_SOFT,
+                                            ALC_MONO_SOURCES,
+                                            kSources,
                                             ALC_HRTF_SOFT,
                                             ALC_FALSE,
                                             ALC_OUTPUT_LIMITER_SOFT,
@@ -80,6 +85,7 @@ void OpenAlContext::Render_rt(std::int16_t* out, int frames) noexcept {
         {
             const std::lock_guard<std::mutex> guard(rendering_);
             alcRenderSamplesSOFT(device_, out, now);
+            ++periods_;
         }
         meter_->Add_rt(std::chrono::duration<double>(Clock::now() - begin).count(),
                        static_cast<double>(now) / kOutputRate);

@@ -34,6 +34,9 @@ public:
     /// Renders the next `frames` stereo frames of 16 bits.
     void Render_rt(std::int16_t* out, int frames) noexcept;
 
+    /// How many periods have been rendered. Asked while rendering is held off.
+    std::uint64_t Periods() const { return periods_; }
+
     /// Number of the sharpest resampler.
     ALint Resampler() const { return resampler_; }
 
@@ -54,6 +57,7 @@ private:
     ALint resampler_ = 0;
     float rolloff_ = 1;
     std::vector<ALuint> spatial_;
+    std::uint64_t periods_ = 0;
     std::mutex rendering_;  ///< held while a period is rendered, and by `OpenAlCall`
 };
 
