@@ -122,7 +122,9 @@ stage_clear() {
   xdotool windowactivate --sync "$WINDOW" 2>/dev/null
 }
 
-stage_gone() { ! kill -0 "$PROGRAM" 2>/dev/null; }
+# stage_runs PID: a process that this script started still runs. Once it has ended its number may be another's.
+stage_runs() { [[ " $(jobs -pr | paste -sd ' ') " == *" $1 "* ]]; }
+stage_gone() { ! stage_runs "$PROGRAM"; }
 
 stage_quit() {
   xdotool windowactivate --sync "$WINDOW" key alt+F4 2>/dev/null
@@ -132,14 +134,14 @@ stage_quit() {
 
 # Ends the recording, so that the file is whole.
 stage_end_sound() {
-  kill "$RECORDER"
+  ! stage_runs "$RECORDER" || kill "$RECORDER"
   wait "$RECORDER"
 }
 
 stage_close() {
   local i
   for ((i = ${#STAGE_PIDS[@]} - 1; i >= 0; i--)); do
-    kill -KILL "${STAGE_PIDS[i]}" 2>/dev/null || true
+    ! stage_runs "${STAGE_PIDS[i]}" || kill -KILL "${STAGE_PIDS[i]}" 2>/dev/null || true
     wait "${STAGE_PIDS[i]}" 2>/dev/null || true
   done
   STAGE_PIDS=()
