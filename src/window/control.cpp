@@ -1,6 +1,7 @@
 #include "window/control.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QDrag>
 #include <QDragEnterEvent>
 #include <QKeyEvent>
@@ -82,6 +83,11 @@ void Control::BeginDrag(const DragSource& source) {
     QPixmap picture = grab();
     drag->setPixmap(picture.width() > 2 * 160 ? picture.copy(0, 0, 320, qMin(120, picture.height())) : picture);
     drag->exec(Qt::CopyAction);
+    // The drag may have swallowed the leaving as well.
+    if (underMouse() && !rect().contains(mapFromGlobal(QCursor::pos()))) {
+        QEvent left(QEvent::Leave);
+        QCoreApplication::sendEvent(this, &left);
+    }
     update();
 }
 
