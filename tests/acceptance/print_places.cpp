@@ -4,6 +4,7 @@
 // it to be there.
 
 #include <QApplication>
+#include <QStackedWidget>
 #include <cstdio>
 
 #include "fakes/fake_sound.h"
@@ -20,6 +21,10 @@ namespace {
 
 void PrintControls(QWidget& form, const char* prefix) {
     form.show();
+    // A page is laid out when it is shown for the first time.
+    for (auto* pages : form.findChildren<QStackedWidget*>()) {
+        for (int page = pages->count() - 1; page >= 0; --page) pages->setCurrentIndex(page);
+    }
     for (const QWidget* control : form.findChildren<QWidget*>()) {
         if (control->objectName().isEmpty() || control->window() != &form) continue;
         const QPoint corner = control->mapTo(&form, QPoint(0, 0));

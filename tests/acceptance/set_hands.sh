@@ -1,0 +1,186 @@
+# Hands for scenarios that build a set out of the browser's bins, save it and open it again. To be sourced instead of
+# hands.sh, and started like a scenario.
+STAGE_SIZE=1920x1000
+source "$(dirname "${BASH_SOURCE[0]}")/hands.sh"
+
+HOME_FOLDER=$FOLDER/marvolin
+is_there() { [[ -s $1 ]]; }
+title_is() { [[ $(xdotool getwindowname "$WINDOW") == "$1" ]]; }
+
+# --- the browser ---
+
+# find_browser: sets BROWSER.
+find_browser() {
+  stage_named "marvolin browser" || return 1
+  BROWSER=$NAMED
+}
+ROW_HEIGHT=22
+# bin_row ROW: how far down in its list a sample is.
+bin_row() { echo $((ROW_HEIGHT * $1 + 12)); }
+# bin_click BIN ROW: a click on a sample of a bin.
+bin_click() { in_window "$BROWSER" click "browse/PickFile_$1" 1 40 "$(bin_row "$2")"; }
+
+# destination BIN STEPS: opens the list of destinations and takes the one so many rows further down.
+destination() {
+  local i keys=()
+  for ((i = 0; i < $2; ++i)); do keys+=(Down); done
+  in_window "$BROWSER" click "browse/FileDestination_$1"
+  xdotool key "${keys[@]}" Return
+}
+
+# on_screen NAME [X Y]: a place in a control of the main window or of the browser, on the screen.
+on_screen() {
+  local corner place
+  if [[ $1 == browse/* ]]; then
+    read -ra corner <<<"$(in_window "$BROWSER" stage_corner)"
+  else
+    read -ra corner <<<"$(stage_corner)"
+  fi
+  read -ra place <<<"$(at "$@")"
+  echo $((corner[0] + place[0])) $((corner[1] + place[1]))
+}
+# carry BUTTON "FROM [X Y]" "TO [X Y]": drags from one control to another, in whichever windows they are.
+carry() {
+  local from to i moves=()
+  # shellcheck disable=SC2086
+  read -ra from <<<"$(on_screen $2)"
+  # shellcheck disable=SC2086
+  read -ra to <<<"$(on_screen $3)"
+  for i in 1 2 3 4 5 6 7 8; do
+    moves+=(mousemove $((from[0] + (to[0] - from[0]) * i / 8)) $((from[1] + (to[1] - from[1]) * i / 8)) sleep 0.03)
+  done
+  xdotool mousemove "${from[@]}" mousedown "$1" "${moves[@]}" mouseup "$1"
+}
+
+# --- the main window ---
+
+# mode_to ROW MODES: drags the mode picture up (or down, negative) by so many modes: 100 twips each.
+mode_to() { drag "LoopIt_$1" 0 $((-7 * $2)); }
+stop_all() {
+  local begin
+  begin=$(now)
+  click PlayStop 1 23 36
+  expect "stop all is silent" silent_since "$begin"
+}
+
+# --- what a set looks and sounds like ---
+
+declare -A LOOK
+# remember NAME...: what these controls look like. Nothing plays meanwhile, as the time runs then.
+remember() {
+  local name
+  park
+  for name in "$@"; do LOOK[$name]=$(face "$name"); done
+}
+looks_the_same() {
+  local name
+  differs=
+  for name in "$@"; do
+    looks_like "$name" "${LOOK[$name]}" || differs+=" $name"
+  done
+  [[ -z $differs ]]
+}
+# compare WORDS NAME...
+compare() {
+  local words=$1
+  shift
+  park
+  expect "$words: $# controls look as before" looks_the_same "$@"
+  [[ -z $differs ]] || echo "        they differ:$differs"
+}
+
+# listen_to_rows ROW...: plays each alone and keeps in HEARD[row] the levels of the left and the right side, in the
+# middle of each of the first four seconds.
+declare -A HEARD BEFORE
+LOWEST=-5000 # what is quieter counts as silence
+listen_to_rows() {
+  local row begin second
+  for row in "$@"; do
+    begin=$(now)
+    click "Play_$row"
+    until_true 5 sounds_since "$begin" || echo "        LoopTrack $row is not heard"
+    begin=$("$LISTEN" sounding "$SOUND" "$begin" "$(now)" | head -n 1 | cut -d ' ' -f 1)
+    "$LISTEN" until "$SOUND" $((begin + 3900)) 30000
+    HEARD[$row]=
+    for second in 0 1 2 3; do
+      HEARD[$row]+=" $("$LISTEN" level "$SOUND" $((begin + second * 1000 + 150)) $((begin + second * 1000 + 850)))"
+    done
+    begin=$(now)
+    click PlayStop 1 23 36
+    until_true 5 silent_since "$begin" || echo "        LoopTrack $row does not stop"
+    echo "        LoopTrack $row:${HEARD[$row]}"
+  done
+}
+# hear_before ROW...: what is compared with later.
+hear_before() {
+  local row
+  listen_to_rows "$@"
+  for row in "$@"; do BEFORE[$row]=${HEARD[$row]}; done
+}
+# hear_the_same WORDS ROW...: it sounds as it did then.
+hear_the_same() {
+  local words=$1 row i now was off most
+  shift
+  listen_to_rows "$@"
+  for row in "$@"; do
+    read -ra was <<<"${BEFORE[$row]}"
+    read -ra now <<<"${HEARD[$row]}"
+    most=0
+    for i in "${!was[@]}"; do
+      off=$(((was[i] > LOWEST ? was[i] : LOWEST) - (now[i] > LOWEST ? now[i] : LOWEST)))
+      off=${off#-}
+      [[ $off -le $most ]] || most=$off
+    done
+    between "$words: LoopTrack $row sounds as before, within" "$most" 0 150
+  done
+}
+
+# --- files ---
+
+# The Save/Open dialogue, whatever file it speaks of: sets SAVE.
+stage_save() {
+  local window
+  for window in $(stage_windows); do
+    if [[ $(xdotool getwindowname "$window" 2>/dev/null) == Save/Open* ]]; then
+      SAVE=$window
+      return 0
+    fi
+  done
+  return 1
+}
+# file_dialogue BUTTON TITLE FILE: opens Save/Open and there the file dialogue, and types the name of a file.
+file_dialogue() {
+  click SaveOpen
+  expect "Save/Open comes for $(basename "$3")" stage_save
+  in_window "$SAVE" click "save/$1"
+  expect "the file dialogue comes" stage_named "$2"
+  xdotool windowactivate --sync "$NAMED" type --delay 15 "$3"
+  xdotool key Return
+}
+# save_as NAME: into the folder that the dialogue starts in.
+save_as() {
+  file_dialogue SaveItAs "Save As" "$1"
+  expect "$1 is a file" is_there "$HOME_FOLDER/$1"
+  expect "the file dialogue goes" stage_not_named "Save As"
+}
+
+# The open list of QuickLoad, beside the windows that were there before: sets LIST.
+list_beside() {
+  local window
+  for window in $(stage_windows); do
+    if [[ $1 != *" $window "* ]]; then
+      LIST=$window
+      return 0
+    fi
+  done
+  return 1
+}
+# quick_load BUTTON: opens the list with that button and clicks its second row, that of the only session.
+quick_load() {
+  local windows height
+  windows=" $(stage_windows | paste -sd ' ') "
+  click QuickLoadPop "$1"
+  expect "the list opens" list_beside "$windows"
+  height=$(xwininfo -id "$LIST" | sed -n 's/^ *Height: //p')
+  xdotool mousemove --window "$LIST" 30 $((height * 3 / 4)) click 1
+}
