@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "core/errors.h"
 #include "performance/surfaces.h"
 
@@ -178,6 +180,21 @@ TEST(JoyShowAssignments, ShowsRestoredAssignmentsAndFallsToNoneWhereTheDeviceHas
     EXPECT_THAT(List(i.s.Joy.Button), ElementsAre(7, 6, 8, 8, 8));
     EXPECT_THAT(List(i.s.Joy.AxisChoice), ElementsAre(2, 2));
     EXPECT_FALSE(i.s.Joy.Refreshing);
+}
+
+TEST(Joystick, EveryChangeOfASettingIsShown) {
+    Surfaces i;
+    InitDirectInput(i.s);
+    const auto shows = [&](const std::function<void()>& change) {
+        i.Clear();
+        change();
+        return i.Screen.Count("ShowJoystick");
+    };
+    EXPECT_EQ(shows([&] { JButton_Click(i.s, 3, 2); }), 1);
+    EXPECT_EQ(shows([&] { JAxis_Click(i.s, 0, 1); }), 1);
+    EXPECT_EQ(shows([&] { JoyShowAssignments(i.s); }), 1);
+    EXPECT_EQ(shows([&] { SetJoyFactor(i.s, 0, 200); }), 1);
+    EXPECT_EQ(shows([&] { SetJoyRelative(i.s, 1, false); }), 1);
 }
 
 TEST(JoyAxis, NamesAndCodesAreATableInBothDirections) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "performance/joystick_setup.h"
 #include "performance/surfaces.h"
 
@@ -101,6 +103,71 @@ TEST(JoyPoll, NoFurtherPollComesInWhileTheBoxOfAnErrorIsOpen) {
     i.Desk.WhileBoxIsOpen = [&] { i.Poll(); };
     i.Poll();
     EXPECT_EQ(i.Desk.Boxes.size(), 1u);
+}
+
+TEST(JoyPoll, AnotherRefusalOfThePollIsShownAndEndsTheProgram) {
+    Flown i;
+    i.Stick.Failures["Poll"] = 77;
+    i.Poll();
+    ASSERT_EQ(i.Desk.Boxes.size(), 1u);
+    EXPECT_THAT(i.Desk.LastBox(), testing::EndsWith(" in joystick handler 77"));
+    EXPECT_THAT(i.Desk.Log, ElementsAre("EndProgram"));
+}
+
+TEST(JoyPoll, TheStickActsBeforeTheCentreButtonAndBothUnderThePadTypeThatTheHatLeaves) {
+    Flown i;
+    SetJoyRelative(i.s, 0, false);
+    i.s.ChannelPan[1] = 123;
+    i.Stick.State.buttons[2] = 1;
+    i.Stick.State.POV[0] = 13500;
+    i.Push(9000, 9000);
+    EXPECT_EQ(i.s.PadTypeIndex, 3);
+    EXPECT_EQ(i.s.PadTable[2].X, 0);
+    // Under the new type nothing has acted yet.
+    EXPECT_EQ(i.Pad().X, 0);
+    EXPECT_EQ(i.s.ChannelPan[1], 123);
+    i.Stick.State.buttons[2] = 0;
+    i.Poll();
+    EXPECT_EQ(i.Pad().X, kHalf);
+    // Stick and centre button alone: the button has the last word.
+    i.Stick.State.buttons[2] = 1;
+    i.Push(8000, 8000);
+    EXPECT_EQ(i.Pad().X, 0);
+}
+
+TEST(JoyPoll, TheHatComesBeforeTheMasterVolumeAndThatBeforeTheToggle) {
+    Flown i;
+    i.Press(5, true);
+    i.Screen.Log.clear();
+    i.Stick.State.z = 4000;
+    i.Stick.State.buttons[5] = 0;
+    i.Hat(31500);
+    // The box is that of the tab to which the hat has gone.
+    EXPECT_NE(i.s.Joy.Relative[0], False);
+    EXPECT_EQ(i.s.Joy.Relative[1], False);
+    const auto place = [&](const char* entry) { return std::ranges::find(i.Screen.Log, entry) - i.Screen.Log.begin(); };
+    EXPECT_LT(place("ShowTab"), place("ShowKnob 5 Vol"));
+    EXPECT_LT(place("ShowKnob 5 Vol"), place("ShowJoystick"));
+    EXPECT_LT(place("ShowJoystick"), std::ssize(i.Screen.Log));
+}
+
+TEST(JoyStick, IsHeardAtOnceOnThePad) {
+    Flown i;
+    i.Fill(0);
+    i.Push(9000, 9000);
+    EXPECT_EQ(i.Sound.Count("SetVolume b0"), 1);
+}
+
+TEST(JoyStick, EachAxisIsClampedAndActsAlone) {
+    Flown i;
+    i.Push(5000, 10000);
+    EXPECT_EQ(i.Pad().X, 0);
+    EXPECT_DOUBLE_EQ(i.Pad().Y, kHalf / 2);
+    i.Push(5000, 0);
+    EXPECT_NEAR(i.Pad().Y, 0, 1e-9);
+    i.Push(0, 0);
+    EXPECT_DOUBLE_EQ(i.Pad().X, -kHalf / 2);
+    EXPECT_DOUBLE_EQ(i.Pad().Y, -kHalf / 2);
 }
 
 TEST(JoyStick, AtTheStopInAbsoluteModeTheEdgeIsReachedTwoThirdsOfTheWayOut) {
@@ -297,6 +364,15 @@ TEST(JoyMaster, TheHighEndOfTheAxisIsSilenceAndOnlyAChangeActs) {
     i.s.Set[kMasterRow].Vol = 123;
     i.Poll();
     EXPECT_EQ(i.s.Set[kMasterRow].Vol, 123);
+}
+
+TEST(JoyMaster, IsHeardAndShown) {
+    Flown i;
+    i.Fill(0);
+    i.Stick.State.z = 5000;
+    i.Poll();
+    EXPECT_EQ(i.Sound.Count("SetVolume b0"), 1);
+    EXPECT_EQ(i.Screen.Count("ShowKnob 5 Vol"), 1);
 }
 
 TEST(JoyMaster, FollowsTheAxisThatIsAssigned) {

@@ -86,6 +86,19 @@ TEST(PosGesture, ASecondReleaseDoesNothing) {
     EXPECT_TRUE(i.Desk.Log.empty());
 }
 
+TEST(PosGesture, ThePointerIsFreeBeforeTheLastMoveIsMade) {
+    Surfaces i;
+    i.Use3D();
+    i.Fill(1);
+    PosGesture(i.s, Phase::Down, 1, kLeftButton, kHold, kHold);
+    // A service that refuses opens a box, which the player must be able to answer.
+    i.Sound.Failures["SetPosition"] = sound_error::kGeneric;
+    std::vector<bool> free;
+    i.Desk.WhileBoxIsOpen = [&] { free.push_back(i.s.CursorFree && i.Desk.Log.back() == "ReleaseCursor"); };
+    PosGesture(i.s, Phase::Up, 1, kLeftButton, kHold, kHold);
+    EXPECT_THAT(free, testing::ElementsAre(true));
+}
+
 TEST(PosGesture, ARightPressOnALoopTrackStartsTheFadeDragOfTheWindow) {
     Surfaces i;
     for (int ball = 0; ball < 4; ++ball) EXPECT_TRUE(PosGesture(i.s, Phase::Down, ball, kRightButton, 0, 0));

@@ -64,6 +64,18 @@ TEST(PadBallGesture, TheFirstReleaseLetsThePointerGoAndMovesOnceMoreTheSecondDoe
     EXPECT_EQ(i.s.PadTable[2].X, 60);
 }
 
+TEST(PadBallGesture, ThePointerIsFreeBeforeTheLastMoveIsMade) {
+    Surfaces i;
+    i.Fill(0);
+    PadBallGesture(i.s, Phase::Down, kLeftButton, kHold, kHold);
+    // A service that refuses opens a box, which the player must be able to answer.
+    i.Sound.Failures["SetVolume"] = sound_error::kGeneric;
+    std::vector<bool> free;
+    i.Desk.WhileBoxIsOpen = [&] { free.push_back(i.s.CursorFree && i.Desk.Log.back() == "ReleaseCursor"); };
+    PadBallGesture(i.s, Phase::Up, kLeftButton, kHold, kHold);
+    EXPECT_THAT(free, testing::ElementsAre(true));
+}
+
 TEST(PadBallGesture, ADragBeyondTheEdgeStopsAtIt) {
     Surfaces i;
     PadBallGesture(i.s, Phase::Down, kLeftButton, kHold, kHold);

@@ -30,6 +30,16 @@ TEST(Scatter, AbsoluteDrawsXThenYOnTheHalfWidthForEachLoopTrackInOrder) {
     EXPECT_EQ(i.s.BallPos[4].X, 0);
 }
 
+TEST(Scatter, BothWaysAreHeardAtOnce) {
+    Surfaces i;
+    i.Use3D();
+    i.Fill(2);
+    ScatterAbsolute(i.s);
+    EXPECT_EQ(i.Sound.Count("SetPosition b0"), 1);
+    ScatterRel(i.s);
+    EXPECT_EQ(i.Sound.Count("SetPosition b0"), 2);
+}
+
 TEST(Scatter, OnAMapThatIsNotSquareYIsScaledAndClamped) {
     Surfaces i;
     PadGeometryInit(i.s, 4500, 2370);
@@ -181,6 +191,20 @@ TEST(FadeTimer, MovesTheFadesAndThenWanders) {
     FadeTimer_Timer(i.s, 100);
     EXPECT_EQ(i.s.Set[0].Vol, 480);
     EXPECT_GT(i.s.Set[0].PositionX, 0);
+}
+
+TEST(FadeTimer, TheFadesComeFirst) {
+    Surfaces i;
+    i.Use3D();
+    i.Fill(0);
+    i.s.Run[0].Playing = True;
+    i.s.Run[0].FadeState = kFalling;
+    i.s.Run[0].FadeValue = 500;
+    i.s.Run[0].FadeTarget = 0;
+    PosMacros_Click(i.s, 3);
+    FadeTimer_Timer(i.s, 100);
+    EXPECT_THAT(i.Sound.Log,
+                testing::ElementsAre(testing::StartsWith("SetVolume b0"), testing::StartsWith("SetPosition b0")));
 }
 
 }  // namespace

@@ -58,6 +58,16 @@ TEST(SoundMap, AMoveIsStoredInTwipsAndInMapUnitsAndShownCutToTwoDecimals) {
     EXPECT_EQ(i.s.StatusText, "0, 0");
 }
 
+TEST(SoundMap, APlaceIsCutInThePrecisionInWhichItIsKept) {
+    Surfaces i;
+    // 0.7 and 1.1 are no whole hundredths in double precision, but they are in single.
+    PosScaled(i.s, 0.7, 1.1, 0, 1.5, true, true, false);
+    EXPECT_EQ(i.s.StatusText, "0.7, 1.1");
+    // A hair to the left of the middle is a hundredth to the left; no zero has a sign.
+    PosMove(i.s, -0.1, -0.0, 0, true, true, false);
+    EXPECT_EQ(i.s.StatusText, "-0.01, 0");
+}
+
 TEST(SoundMap, TheListenerMovesInItsOwnPlace) {
     Surfaces i;
     PosMove(i.s, -2130, 1065, kListenerBall, true, true, false);
@@ -132,6 +142,22 @@ TEST(SoundMap, CentreAllPutsAllFiveBallsInTheMiddle) {
         EXPECT_EQ(i.s.BallPos[ball].X, 0);
         EXPECT_EQ(MapUnits(i.s, ball).Y, 0);
     }
+}
+
+TEST(SoundMap, CentreAllIsHeardFromTheFirstLoopTrackToTheListener) {
+    Surfaces i;
+    i.Use3D();
+    i.s.PositionUpdate = Table<bool, 3>{{{false, false, false}}};
+    i.Fill(1);
+    CentreAll_Click(i.s);
+    EXPECT_THAT(i.Sound.Log, testing::ElementsAre("SetPosition b0 0.000000,0.000000,0.000000",
+                                                  "SetListenerPosition 0.000000,0.000000,0.000000"));
+    std::vector<std::string> shown;
+    for (const std::string& entry : i.Screen.Log) {
+        if (entry.starts_with("ShowMapBall")) shown.push_back(entry);
+    }
+    EXPECT_THAT(shown, testing::ElementsAre("ShowMapBall 0", "ShowMapBall 1", "ShowMapBall 2", "ShowMapBall 3",
+                                            "ShowMapBall 4"));
 }
 
 TEST(SoundMap, PosPopBringsTheListenerBackOntoTheMapAndToTheFront) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -101,6 +102,14 @@ TEST(Use3D, TheClickOfTheBoxIsHeldBackWhileItIsSet) {
     MapEnable(i.s, true);
     EXPECT_FALSE(i.s.Enable3dHeld);
     EXPECT_TRUE(i.s.MapEnabled);
+}
+
+TEST(Use3D, TheControlsAreEnabledBeforeTheBallsArePlaced) {
+    Opened i;
+    SetUse3D(i.s, true);
+    const auto place = [&](const char* entry) { return std::ranges::find(i.Screen.Log, entry) - i.Screen.Log.begin(); };
+    EXPECT_LT(place("ShowMapControls"), place("ShowMapBall 0"));
+    EXPECT_LT(place("ShowMapBall 0"), place("ShowMapBall 4"));
 }
 
 }  // namespace
