@@ -91,9 +91,8 @@ void MapSize_Change(Session& s, std::int16_t value) {
 }
 
 void MapSize_Moving(Session& s, std::int16_t value) {
-    ClampI2(value, kMapSizeLow, kMapSizeHigh);
-    s.MapSize = value;
-    const std::string side = TenthsText(value);
+    MapSize_Change(s, value);
+    const std::string side = TenthsText(s.MapSize);
     ShowStatus(s, side + " x " + side);
 }
 

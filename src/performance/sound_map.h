@@ -44,9 +44,9 @@ void PosPop_Click(Session& s);
 
 /// Sets the side of the map in map units, through the gauge: 0.5..10.0.
 void SetMapSize(Session& s, double size);
-/// The gauge `MapSize` was let go at `value`, 5..100: places in map units stay, the balls move on the screen.
+/// The gauge `MapSize` has changed to `value`, 5..100: places in map units stay, the balls move on the screen.
 void MapSize_Change(Session& s, std::int16_t value);
-/// The gauge `MapSize` moves under the hand.
+/// The gauge `MapSize` moves under the hand: the balls follow, and the side is shown.
 void MapSize_Moving(Session& s, std::int16_t value);
 
 /// The gauge `RollOff` moves under the hand, 0..100.

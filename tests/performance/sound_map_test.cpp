@@ -22,6 +22,8 @@ TEST(SoundMap, TheStartPutsTheListenerInTheMiddleAndRaisesTheBallsFromTheListene
     i.s.ListenerAngle = 90;
     i.s.CursorFree = false;
     i.s.RollOffValue = 0;
+    i.s.MapRange = 4;
+    i.s.MapSize = 80;
     i.Clear();
     MapInit(i.s);
     EXPECT_TRUE(i.s.CursorFree);
@@ -215,12 +217,23 @@ TEST(MapSize, IsLimitedToTheGauge) {
     EXPECT_EQ(i.s.MapSize, 5);
 }
 
-TEST(MapSize, ShowsTheSideTwiceWhileTheGaugeMovesAndChangesNothingElse) {
+TEST(MapSize, WhileTheGaugeMovesTheBallsFollowAndTheSideIsShownTwice) {
     Surfaces i;
+    i.Use3D();
+    PosMove(i.s, 1065, 0, 0, true, true, false);
+    i.Clear();
     MapSize_Moving(i.s, 42);
     EXPECT_EQ(i.s.StatusText, "4.2 x 4.2");
-    EXPECT_EQ(i.s.MapRange, 1.5);
+    EXPECT_EQ(i.s.MapRange, 2.1);
     EXPECT_EQ(i.s.MapSize, 42);
+    EXPECT_EQ(i.Screen.Count("ShowMapBall 0"), 1);
+    EXPECT_EQ(i.Screen.Count("ShowMapSize"), 1);
+    EXPECT_FLOAT_EQ(i.s.Set[0].PositionX, 0.75F);
+    MapSize_Moving(i.s, 5);
+    EXPECT_EQ(i.s.StatusText, ".5 x .5");
+    MapSize_Moving(i.s, 400);
+    EXPECT_EQ(i.s.StatusText, "10. x 10.");
+    EXPECT_EQ(i.s.MapRange, 5);
 }
 
 TEST(TenthsText, ShowsNoDigitThatIsNotNeededAndAlwaysThePoint) {
@@ -262,6 +275,12 @@ TEST(RollOff, ShowsTheFactorWhileTheGaugeMoves) {
     EXPECT_EQ(i.s.StatusText, ".5");
     RollOff_Moving(i.s, 20);
     EXPECT_EQ(i.s.StatusText, "2.");
+    EXPECT_EQ(i.s.RollOff, 20);
+    EXPECT_EQ(i.s.RollOffValue, 1.0F);
+    RollOff_Moving(i.s, 400);
+    EXPECT_EQ(i.s.StatusText, "10.");
+    RollOff_Moving(i.s, -1);
+    EXPECT_EQ(i.s.StatusText, ".");
     EXPECT_TRUE(i.Sound.Log.empty());
 }
 
