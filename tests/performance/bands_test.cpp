@@ -152,6 +152,14 @@ TEST_F(Bands, ADoubleClickEmptiesTheLane) {
     EXPECT_EQ(i.s.BandTable[0].First, 5);
 }
 
+TEST_F(Bands, AfterADoubleClickTheHeldPointerDrawsNoMore) {
+    Bands_Gesture(i.s, 2, 1, Phase::Down);
+    Bands_DblClick(i.s, 2);
+    Bands_Gesture(i.s, 2, 3, Phase::Move);
+    Bands_Gesture(i.s, 2, 3, Phase::Up);
+    EXPECT_EQ(Members(2), "");
+}
+
 TEST_F(Bands, TheLatestLaneTakesALoopTrackAndTheBandThatItLeavesKeepsTheLongerRest) {
     struct Case {
         BandRun Old, New;

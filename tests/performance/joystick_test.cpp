@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "parameters/position.h"
 #include "performance/joystick_setup.h"
 #include "performance/surfaces.h"
 
@@ -229,6 +230,21 @@ TEST(JoyStick, OnTheMapItMovesTheListenerByTheBoxOfTheMap) {
     SetJoyRelative(i.s, 1, true);
     i.Push(7000, 5000);
     EXPECT_DOUBLE_EQ(i.s.BallPos[4].X, 0.625 * kHalf);
+}
+
+TEST(JoyStick, OnTheMapAChangeOfThePadTypeLetsTheRestingStickActOnce) {
+    Flown i;
+    i.Use3D();
+    i.s.ActiveTab = kMapTab;
+    SetJoyRelative(i.s, 1, false);
+    i.Push(6000, 5000);
+    PosMove(i.s, 0, 0, kListenerBall, true, true, false);
+    PadType_Click(i.s, 3);
+    i.Poll();
+    EXPECT_DOUBLE_EQ(i.s.BallPos[4].X, 0.375 * kHalf);
+    PosMove(i.s, 0, 0, kListenerBall, true, true, false);
+    i.Poll();
+    EXPECT_EQ(i.s.BallPos[4].X, 0);
 }
 
 TEST(JoyStick, OnTheMapWithout3DAndOnTheOtherTabsStickAndCentreDoNothingAndTheRestStillActs) {

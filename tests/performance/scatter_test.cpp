@@ -30,6 +30,14 @@ TEST(Scatter, AbsoluteDrawsXThenYOnTheHalfWidthForEachLoopTrackInOrder) {
     EXPECT_EQ(i.s.BallPos[4].X, 0);
 }
 
+TEST(Scatter, AHalfWidthThatIsNoWholeNumberIsCut) {
+    Surfaces i;
+    i.s.Geometry.PadHalfX = i.s.Geometry.PadHalfY = 2130.75;
+    i.Chance.Sequence = {0.0, 0.0};
+    ScatterAbsoluteSound(i.s, 0);
+    EXPECT_EQ(i.s.BallPos[0].X, -2130);
+}
+
 TEST(Scatter, BothWaysAreHeardAtOnce) {
     Surfaces i;
     i.Use3D();

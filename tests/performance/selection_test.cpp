@@ -331,8 +331,11 @@ TEST_F(Selectors, ADoubleClickPutsOneInControlAndTakesItFromTheSixOthers) {
     for (int button = 0; button <= 6; ++button) {
         SCOPED_TRACE(button);
         SelectorRadio_Click(i.s, (button + 3) % 7);
+        i.Screen.Log.clear();
         SelectorRadio_DblClick(i.s, button);
         EXPECT_THAT(Lit(), ElementsAre(button));
+        EXPECT_EQ(i.s.ReadoutText, std::to_string(button));
+        for (int each = 0; each <= 6; ++each) EXPECT_EQ(i.Screen.Count("ShowSelector " + std::to_string(each)), 1);
     }
 }
 
