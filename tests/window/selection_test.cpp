@@ -37,6 +37,45 @@ TEST(Selected, ARightDragDeselectsEachFlagThatItCrosses) {
     EXPECT_EQ(stage.s.Set[1].Selected, True);
 }
 
+TEST(Selected, AFastDragLeapsOverNoFlag) {
+    for (const bool moves : {true, false}) {
+        SCOPED_TRACE(moves);
+        Stage stage;
+        stage.Press("Selected_0", stage.Middle("Selected_0"));
+        if (moves) stage.Move("Selected_3", stage.Middle("Selected_3"));
+        stage.Release("Selected_3", stage.Middle("Selected_3"));
+        for (Row row = 0; row < kLoopTracks; ++row) EXPECT_EQ(stage.s.Set[row].Selected, True) << row;
+    }
+}
+
+TEST(Selected, ADragBesideTheFlagsPassesNone) {
+    Stage stage;
+    stage.Press("Selected_0", stage.Middle("Selected_0"));
+    stage.Move("SndDisp_0", stage.Middle("SndDisp_0"));
+    stage.Move("SndDisp_3", stage.Middle("SndDisp_3"));
+    stage.Move("Selected_3", stage.Middle("Selected_3"));
+    stage.Release("Selected_3", stage.Middle("Selected_3"));
+    EXPECT_EQ(stage.s.Set[0].Selected, True);
+    EXPECT_EQ(stage.s.Set[1].Selected, False);
+    EXPECT_EQ(stage.s.Set[2].Selected, False);
+    EXPECT_EQ(stage.s.Set[3].Selected, True);
+}
+
+TEST(SelectionTools, SayTheirHints) {
+    Stage stage;
+    const std::vector<std::pair<const char*, const char*>> hints{
+        {"Selected_2", "drg Select LoopTracks; rtdrg Deselect LoopTracks (drg over to select/deselect)"},
+        {"SelectPopUp", "clk Open Selection Tool Dropdown"},
+        {"SelectorRadio_0", "clk Toggle Control of Selection/Band; dblclk Control Selection/Band"},
+        {"Thumb_1", "clk Select Pattern/LoopTrack Position; dblclk Open Pattern"},
+        {"SelectorRadio_6", "clk Toggle Control of Selection/Band; dblclk Control Selection/Band"},
+        {"Bands", "drg Band over LoopTracks; clk Add/Remove; dblclk Empty"}};
+    for (const auto& [name, hint] : hints) {
+        stage.Move(name, stage.Middle(name));
+        EXPECT_EQ(stage.s.StatusText, hint) << name;
+    }
+}
+
 TEST(SelectPopUp, OpensTheRulesAndAppliesTheChosenOne) {
     Stage stage;
     stage.Fill(2);

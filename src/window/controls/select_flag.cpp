@@ -6,27 +6,43 @@
 
 namespace marvolin {
 
+namespace {
+
+constexpr int kStride = 8;  // pixels, less than a flag is wide and tall
+
+}  // namespace
+
 SelectFlag::SelectFlag(Session& session, QWidget* parent, Row row)
     : Control(session, parent, "Selected", row, QString("LoopTrack %1 is selected").arg(QChar(RowLetter(row)))),
       row_(row) {}
 
 std::string_view SelectFlag::Hint(QPointF) const { return kSelectedHint; }
 
-// The drag passes over the flags of the other rows, which are found below the pointer.
 void SelectFlag::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     switch (phase) {
         case Phase::Down:
+            last_ = mapTo(window(), (twips / kTwipsPerPixel).toPoint());
             return Selected_MouseDown(s, row_, button);
-        case Phase::Move: {
-            if (!Held()) return;
-            const QPoint place = mapTo(window(), (twips / kTwipsPerPixel).toPoint());
-            const auto* passed = dynamic_cast<SelectFlag*>(window()->childAt(place));
-            if (passed != nullptr) Selected_DragOver(s, passed->row_);
+        case Phase::Move:
+            if (Held()) Pass(twips);
             return;
-        }
         case Phase::Up:
+            Pass(twips);
             return Selected_DragEnd(s);
     }
+}
+
+// The drag passes over the flags of the other rows, which are found below the pointer. A fast hand leaps over more than
+// a flag from one move to the next: those on the way count as well.
+void SelectFlag::Pass(QPointF twips) {
+    const QPoint place = mapTo(window(), (twips / kTwipsPerPixel).toPoint());
+    const QPoint way = place - last_;
+    const int steps = way.manhattanLength() / kStride + 1;
+    for (int step = 1; step <= steps; ++step) {
+        const auto* passed = dynamic_cast<SelectFlag*>(window()->childAt(last_ + way * step / steps));
+        if (passed != nullptr) Selected_DragOver(s, passed->row_);
+    }
+    last_ = place;
 }
 
 void SelectFlag::Activate() { SelectToggle(s, row_); }

@@ -16,7 +16,10 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void Pass(QPointF twips);
+
     const Row row_;
+    QPoint last_;  // where the drag was last, in the window
 };
 
 }  // namespace marvolin
