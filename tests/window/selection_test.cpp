@@ -11,6 +11,10 @@ namespace {
 
 using test::Stage;
 
+void DoubleClick(Stage& stage, const char* name, QPointF place, Qt::MouseButton button) {
+    QTest::mouseDClick(stage.Form->windowHandle(), button, {}, stage.InWindow(name, place));
+}
+
 TEST(Selected, ADragOverTheFlagsSelectsThem) {
     Stage stage;
     const QPointF start = stage.Middle("Selected_0");
@@ -105,6 +109,16 @@ TEST(SelectorRadio, AClickTogglesAndADoubleClickIsExclusive) {
     EXPECT_FALSE(stage.s.SelectionControlled);
 }
 
+TEST(SelectorRadio, OnlyTheLeftButtonWorks) {
+    Stage stage;
+    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+        stage.Click("SelectorRadio_0", button);
+        DoubleClick(stage, "SelectorRadio_3", stage.Middle("SelectorRadio_3"), button);
+    }
+    EXPECT_TRUE(stage.s.SelectionControlled);
+    EXPECT_EQ(stage.s.BandTable[2].Controlled, False);
+}
+
 TEST(BandsControl, ADragOverALaneMakesABand) {
     Stage stage;
     const QSizeF size = stage.At("Bands")->size();
@@ -119,6 +133,38 @@ TEST(BandsControl, ADragOverALaneMakesABand) {
     EXPECT_EQ(stage.s.Run[2].Band, 2);
 }
 
+TEST(BandsControl, AClickAddsADoubleClickEmptiesAndTheOtherButtonsDoNothing) {
+    Stage stage;
+    const QSizeF size = stage.At("Bands")->size();
+    const QPointF place(size.width() / 8 * 5, size.height() / 12 * 9);
+    stage.Click("Bands", place);
+    EXPECT_EQ(stage.s.BandTable[4].First, 2);
+    EXPECT_EQ(stage.s.BandTable[4].Last, 2);
+    stage.Click("Bands", {size.width() / 8, place.y()});
+    EXPECT_EQ(stage.s.BandTable[4].First, 0);
+    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+        stage.Click("Bands", place, button);
+        DoubleClick(stage, "Bands", place, button);
+    }
+    EXPECT_EQ(stage.s.BandTable[4].First, 0);
+    EXPECT_EQ(stage.s.BandTable[4].Last, 2);
+    DoubleClick(stage, "Bands", place, Qt::LeftButton);
+    EXPECT_EQ(stage.s.BandTable[4].First, 5);
+    EXPECT_EQ(stage.s.Run[0].InBand, False);
+}
+
+TEST(BandsControl, AnotherButtonInMidDragDoesNotEndIt) {
+    Stage stage;
+    const QSizeF size = stage.At("Bands")->size();
+    const double y = size.height() / 12;
+    stage.Press("Bands", {size.width() / 8, y});
+    stage.Press("Bands", {size.width() / 8, y}, Qt::RightButton);
+    stage.Release("Bands", {size.width() / 8, y}, Qt::RightButton);
+    EXPECT_EQ(stage.s.Run[0].InBand, False);
+    stage.Release("Bands", {size.width() / 8, y});
+    EXPECT_EQ(stage.s.Run[0].InBand, True);
+}
+
 TEST(Thumb, AClickChoosesTheLoopTrackADoubleClickOpensItsPattern) {
     Stage stage;
     stage.Click("Thumb_2");
@@ -128,6 +174,17 @@ TEST(Thumb, AClickChoosesTheLoopTrackADoubleClickOpensItsPattern) {
     EXPECT_EQ(stage.s.CurrentLoop, 1);
     EXPECT_EQ(stage.s.ActiveTab, kPatternTab);
     EXPECT_TRUE(stage.At("PatternPage")->isVisible());
+}
+
+TEST(Thumb, AClickIsOneOfTheLeftButtonThatEndsOnIt) {
+    Stage stage;
+    stage.Click("Thumb_2", Qt::RightButton);
+    stage.Click("Thumb_2", Qt::MiddleButton);
+    stage.Press("Thumb_2", stage.Middle("Thumb_2"));
+    stage.Release("Thumb_0", stage.Middle("Thumb_0"));
+    DoubleClick(stage, "Thumb_2", stage.Middle("Thumb_2"), Qt::RightButton);
+    EXPECT_EQ(stage.s.CurrentLoop, 0);
+    EXPECT_EQ(stage.s.ActiveTab, kMixPadTab);
 }
 
 TEST(SndDisp, ADragAlongTheTopIsHeardAsItGoes) {

@@ -22,13 +22,15 @@ Row BandsEditor::LaneAt(QPointF twips) const {
 
 void BandsEditor::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     if (phase == Phase::Down && button == kLeftButton) lane_ = LaneAt(twips);
-    if (phase == Phase::Down && button != kLeftButton) return;
+    if (phase != Phase::Move && button != kLeftButton) return;
     if (phase == Phase::Move && !Held()) return;
     const double column = std::floor(twips.x() / kTwipsPerPixel / (width() / static_cast<double>(kLoopTracks)));
     Bands_Gesture(s, lane_, static_cast<int>(std::clamp(column, -1.0, static_cast<double>(kLoopTracks))), phase);
 }
 
-void BandsEditor::DoubleClick(std::int16_t, QPointF twips) { Bands_DblClick(s, LaneAt(twips)); }
+void BandsEditor::DoubleClick(std::int16_t button, QPointF twips) {
+    if (button == kLeftButton) Bands_DblClick(s, LaneAt(twips));
+}
 
 void BandsEditor::paintEvent(QPaintEvent*) {
     QPainter p(this);

@@ -17,7 +17,9 @@ void SelectorRadioButton::Gesture(Phase phase, std::int16_t button, QPointF) {
     if (phase == Phase::Down && button == kLeftButton) SelectorRadio_Click(s, index);
 }
 
-void SelectorRadioButton::DoubleClick(std::int16_t, QPointF) { SelectorRadio_DblClick(s, index); }
+void SelectorRadioButton::DoubleClick(std::int16_t button, QPointF) {
+    if (button == kLeftButton) SelectorRadio_DblClick(s, index);
+}
 
 void SelectorRadioButton::paintEvent(QPaintEvent*) {
     QPainter p(this);

@@ -20,11 +20,14 @@ ThumbControl::ThumbControl(Session& session, QWidget* parent, Row row)
 
 std::string_view ThumbControl::Hint(QPointF) const { return kThumbHint; }
 
-void ThumbControl::Gesture(Phase phase, std::int16_t, QPointF) {
-    if (phase == Phase::Up) Thumb_Click(s, row_);
+void ThumbControl::Gesture(Phase phase, std::int16_t button, QPointF twips) {
+    const bool inside = QRectF(rect()).contains(twips / kTwipsPerPixel);
+    if (phase == Phase::Up && button == kLeftButton && inside) Thumb_Click(s, row_);
 }
 
-void ThumbControl::DoubleClick(std::int16_t, QPointF) { Thumb_DblClick(s, row_); }
+void ThumbControl::DoubleClick(std::int16_t button, QPointF) {
+    if (button == kLeftButton) Thumb_DblClick(s, row_);
+}
 
 void ThumbControl::paintEvent(QPaintEvent*) {
     QPainter p(this);
