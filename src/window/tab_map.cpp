@@ -45,7 +45,9 @@ void TabMap::MakeSide() {
                       {kMapSizeLow, kMapSizeHigh, 1, [this] { return static_cast<int>(s.MapSize); },
                        [this] { return Shown(s.MapSize / 10.0) + " x " + Shown(s.MapSize / 10.0); },
                        [this](int value) { MapSize_Moving(s, static_cast<std::int16_t>(value)); },
-                       [this](std::int16_t, int value) { MapSize_Change(s, static_cast<std::int16_t>(value)); },
+                       [this](std::int16_t button, int value) {
+                           if (button == kLeftButton) MapSize_Change(s, static_cast<std::int16_t>(value));
+                       },
                        [this] { ShowStatus(s, hints::kMapSize); }});
     size_->setGeometry(kMiddle - 8, 76, 312, 26);
 
