@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <limits>
 
 #include "core/record_stream.h"
 #include "persistence/golden.h"
+#include "persistence/heap.h"
 #include "persistence/set_instrument.h"
 #include "sequencing/loop_clock.h"
 
@@ -17,14 +17,18 @@ bool ToldWords(const std::string& box) {
     return box.starts_with("Error Opening ") || box.starts_with("File Format Error on Open in ");
 }
 
-/// One instrument for many loads; what boxes it showed is looked at after each.
+constexpr std::size_t kMostMemory = 64 << 20;
+
+/// One instrument for many loads; what boxes it showed and what memory it took is looked at after each.
 struct Victim : SetInstrument {
     bool LoadHostile(const std::string& bytes) {
         Desk.Boxes.clear();
         Sound.Log.clear();
         Screen.Log.clear();
         s.Clips = {};
+        ResetHeapPeak();
         const bool loaded = LoadBytes(bytes);
+        EXPECT_LE(HeapPeak(), kMostMemory);
         if (!loaded) {
             EXPECT_FALSE(Desk.Boxes.empty());
             if (!Desk.Boxes.empty()) {
@@ -94,6 +98,19 @@ TEST(HostileSession, CountsThatTheFileDoesNotHold) {
     }
 }
 
+TEST(HostileSession, AThousandNestedClaimsOfMuchMemoryTakeNone) {
+    Victim v;
+    Bytes b;
+    PutHead(b);
+    // Each history that the file holds claims as many entries as an Integer counts.
+    b.TagText("History").I16(1000);
+    for (int block = 0; block < 1000; ++block) b.I16(block % 4).I16(32767);
+    ASSERT_FALSE(v.LoadHostile(b.Str()));
+    ResetHeapPeak();
+    const std::vector<char> held(kMostMemory + 1);
+    EXPECT_GT(HeapPeak(), kMostMemory) << "the measure itself";
+}
+
 TEST(HostileSession, StringsOfNegativeOrHugeLengthAndWrongTypes) {
     Victim v;
     for (const int length : {-1, -32768, 32767}) {
@@ -118,6 +135,15 @@ TEST(HostileSession, AnIndexBelowNullIsASubscriptOutOfRange) {
     PutHead(b);
     PutLoops(b, {loop});
     EXPECT_FALSE(v.LoadHostile(b.TagText("END").Str()));
+    EXPECT_EQ(v.Desk.LastBox(), "Error Opening Subscript out of range");
+}
+
+TEST(HostileSession, AHistoryBelowTheFirstRowIsASubscriptOutOfRange) {
+    Victim v;
+    Bytes b;
+    PutHead(b);
+    b.TagText("History").I16(1).I16(-1).I16(1).TagText("/x.wav").TagText("END");
+    EXPECT_FALSE(v.LoadHostile(b.Str()));
     EXPECT_EQ(v.Desk.LastBox(), "Error Opening Subscript out of range");
 }
 
@@ -226,6 +252,13 @@ TEST(HostileSession, AMapSizeOrRollOffThatIsNoNumberIsLeftAlone) {
         EXPECT_GE(v.s.MapRange, 0.25);
         EXPECT_LE(v.s.MapRange, 5.0);
         EXPECT_TRUE(v.s.RollOffValue >= 0 && v.s.RollOffValue <= 10);
+    }
+    for (const float rollOff : {-3.0F, 50.0F}) {
+        Bytes b;
+        PutHead(b);
+        b.TagText("ThreeD").I16(-1).F32(rollOff).F64(3).TagText("END");
+        ASSERT_TRUE(v.LoadHostile(b.Str()));
+        EXPECT_EQ(v.s.RollOffValue, rollOff < 0 ? 0.0F : 10.0F);
     }
 }
 

@@ -135,6 +135,69 @@ TEST(SaveOpen, AChosenFileTakesFolderAndNameOver) {
     EXPECT_TRUE(i.s.SaveItEnabled);
 }
 
+TEST(SaveOpen, SaveSavesBeforeTheDialogueCloses) {
+    SetInstrument i;
+    OpenSaveOpen(i.s, "live.mvn");
+    i.Store.OnSave = [&] { EXPECT_EQ(i.Forms.Log.back(), "Show Save"); };
+    SaveIt_Click(i.s, {});
+    EXPECT_EQ(i.Store.Log.size(), 1U);
+    EXPECT_EQ(i.Forms.Log.back(), "Hide Save");
+}
+
+TEST(SaveOpen, SaveAsTakesTheChoicesBackClosesAndThenSaves) {
+    SetInstrument i;
+    OpenSaveOpen(i.s, "");
+    i.Screen.Log.clear();
+    SaveOpenChoices choices;
+    choices.Elements[0].fill(true);
+    choices.SelectionsOnly = true;
+    choices.Session = "Gig";
+    i.Store.OnSave = [&] {
+        EXPECT_EQ(i.Forms.Log.back(), "Hide Save");
+        EXPECT_EQ(i.s.SessionName, "Gig");
+        EXPECT_FALSE(i.s.SaveItEnabled);
+    };
+    SaveItAs_Chosen(i.s, choices, "/other/new.mvn");
+    EXPECT_EQ(i.Store.Log, std::vector<std::string>{"Save /other/new.mvn selected everything"});
+    EXPECT_TRUE(i.s.SaveItEnabled);
+    EXPECT_EQ(i.Screen.Log, (std::vector<std::string>{"ShowTitle", "ShowSaveOpen", "ShowQuickLoad"}));
+}
+
+TEST(SaveOpen, ASaveAsThatFailsEnablesNothingAndKeepsTheTitle) {
+    SetInstrument i;
+    i.Store.Answer = false;
+    SaveItAs_Chosen(i.s, {}, "/other/new.mvn");
+    EXPECT_FALSE(i.s.SaveItEnabled);
+    EXPECT_EQ(i.s.Title, "marvolin");
+    EXPECT_EQ(i.Screen.Count("ShowQuickLoad"), 0);
+    EXPECT_EQ(i.Forms.Log.back(), "Hide Save");
+}
+
+TEST(SaveOpen, OpenTakesTheChoicesBackClosesAndThenLoads) {
+    SetInstrument i;
+    OpenSaveOpen(i.s, "");
+    i.Screen.Log.clear();
+    SaveOpenChoices choices;
+    choices.Elements[1].fill(true);
+    choices.EmptyBlank = true;
+    i.Store.OnLoad = [&] {
+        EXPECT_EQ(i.Forms.Log.back(), "Hide Save");
+        EXPECT_EQ(i.s.EmptyBlankSetting, 1);
+    };
+    OpenIt_Chosen(i.s, choices, "/other/old.mvp");
+    EXPECT_EQ(i.Store.Log, std::vector<std::string>{"Load /other/old.mvp current adopt everything"});
+    EXPECT_TRUE(i.s.SaveItEnabled);
+    EXPECT_EQ(i.Screen.Log, (std::vector<std::string>{"ShowSaveOpen", "ShowQuickLoad"}));
+}
+
+TEST(SaveOpen, AnOpenThatFailsEnablesNothing) {
+    SetInstrument i;
+    i.Store.Answer = false;
+    OpenIt_Chosen(i.s, {}, "/other/old.mvn");
+    EXPECT_FALSE(i.s.SaveItEnabled);
+    EXPECT_EQ(i.Screen.Count("ShowQuickLoad"), 0);
+}
+
 TEST(SaveOpen, OpeningAFileChangesTheSaveListAsWell) {
     SetInstrument i;
     ASSERT_TRUE(i.Save("x.mvn", Only(Element::Vol)));
@@ -197,6 +260,10 @@ TEST(QuickLoad, TheLeftButtonLoadsAtOnceAndAnyOtherOpensTheDialogue) {
     EXPECT_EQ(i.Store.Log.size(), 1U);
     EXPECT_EQ(i.s.DialogueFile, "live.mvn");
     EXPECT_EQ(i.Forms.Log, std::vector<std::string>{"Show Save"});
+    QuickLoadPop_MouseUp(i.s, kMiddleButton);
+    QuickLoad_Click(i.s, "late");
+    EXPECT_EQ(i.Store.Log.size(), 1U);
+    EXPECT_EQ(i.s.DialogueFile, "late.mvn");
     QuickLoad_LostFocus(i.s);
     EXPECT_EQ(i.Screen.Log.back(), "ShowQuickLoadList hide");
 }

@@ -130,6 +130,26 @@ TEST(SelectiveLoad, AnElementOfALoopTrackThatIsNotAskedForIsNotAppliedThoughTheF
     }
 }
 
+TEST(SelectiveLoad, APlaceComesOnlyWhenItIsAskedForAndTheFileHoldsIt) {
+    struct Case {
+        clsSwitchRecord Asked;
+        const char* Off;  ///< switch of the file that is off
+        bool Comes;
+    };
+    for (const Case& one : {Case{All(), "", true}, Case{All(), "Position", false},
+                            Case{AllBut(Element::Position), "", false}}) {
+        SetInstrument i;
+        i.s.Use3D = true;
+        Bytes b;
+        PutHeader(b);
+        PutSwitches(b, one.Off);
+        PutLoops(b, {GoldenLoop{}}, true);
+        ASSERT_TRUE(i.LoadBytes(b.TagText("END").Str(), one.Asked));
+        EXPECT_EQ(i.s.Set[0].PositionX, one.Comes ? 0.25F : 0.0F);
+        EXPECT_EQ(i.s.Set[0].Vol, 321);
+    }
+}
+
 TEST(SelectiveLoad, ForTheOtherSectionsOnlyTheRequestCounts) {
     for (const Element element :
          {Element::General, Element::ThreeD, Element::PickLists, Element::HistoryLists, Element::ClipBoard}) {

@@ -156,6 +156,17 @@ TEST(LoadSession, SetAsCurrentMakesTheTitleAndAdoptSwitchesTheNextSave) {
     EXPECT_EQ(i.Screen.Count("ShowTitle"), 1);
 }
 
+TEST(LoadSession, WithoutSetAsCurrentAndAdoptSwitchesTitleFileAndTheNextSaveStay) {
+    SetInstrument i;
+    const std::string folder = i.s.CurrentFolder;
+    ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path())));
+    EXPECT_EQ(i.s.Title, "marvolin");
+    EXPECT_EQ(i.s.CurrentFolder, folder);
+    EXPECT_EQ(i.s.CurrentFile, "");
+    EXPECT_EQ(i.s.SaveOpenSwitches[0], clsSwitchRecord{});
+    EXPECT_EQ(i.Screen.Count("ShowTitle"), 0);
+}
+
 TEST(LoadSession, ASampleThatIsGoneIsNoFailureOfTheSession) {
     SetInstrument i;
     std::filesystem::remove(i.Folder / "a.wav");
@@ -300,6 +311,56 @@ TEST(LoadSession, TheLimitOfAFileThinsAtOnce) {
     EXPECT_EQ(i.s.Run[0].Playing, False);
     EXPECT_EQ(i.s.Run[1].Playing, False);
     EXPECT_NE(i.s.Run[2].Playing, False);
+}
+
+TEST(LoadSession, EachControlWhoseSettingCameIsShownAgain) {
+    SetInstrument i;
+    ASSERT_TRUE(i.LoadBytes(FileOf([](Bytes& b) { PutSettings(b); })));
+    for (const char* shown :
+         {"ShowLimit", "ShowDrivers", "ShowOptions", "ShowJoystick", "ShowMapControls", "ShowFadeFactor", "ShowTab"}) {
+        EXPECT_GE(i.Screen.Count(shown), 1) << shown;
+    }
+}
+
+TEST(LoadSession, ABinIsShownWithItsFolderAndOnceMoreWithItsAutoPlay) {
+    SetInstrument i;
+    i.s.Bins[1].ClickPlay = 1;
+    ASSERT_TRUE(i.LoadBytes(FileOf([&](Bytes& b) {
+        b.TagText("PickLists");
+        for (int record = 0; record < 9; ++record) b.Text(i.Folder.Path()).I16(100).I16(0);
+    })));
+    EXPECT_EQ(i.s.Bins[1].ClickPlay, 0);
+    EXPECT_EQ(i.Screen.Count("ShowBin 1"), 2);
+}
+
+TEST(LoadSession, TheSettingsOfALoopTrackThatSoundsAreHeardAtOnce) {
+    struct Case {
+        Element Switch;
+        const char* Call;
+    };
+    for (const Case& one : {Case{Element::Freq, "SetFrequency"}, Case{Element::Vol, "SetVolume"},
+                            Case{Element::Pan, "SetPan"}, Case{Element::CrossFader, "SetVolume"}}) {
+        SCOPED_TRACE(one.Call);
+        SetInstrument i;
+        i.s.ChannelVol[3] = 100;
+        i.Fill(0);
+        GoldenLoop loop;
+        loop.Channel = 3;
+        const std::string bytes = FileOf([&](Bytes& b) { PutLoops(b, {loop}); });
+        i.Sound.Log.clear();
+        ASSERT_TRUE(i.LoadBytes(bytes, Only(one.Switch)));
+        EXPECT_GE(i.Sound.Count(one.Call), 1);
+    }
+}
+
+TEST(LoadSession, OpeningTheSameSessionTwiceDoublesTheClipsTheSecondSetNumbered) {
+    SetInstrument i;
+    const std::string bytes = GoldenSession(i.Folder.Path());
+    ASSERT_TRUE(i.LoadBytes(bytes));
+    ASSERT_TRUE(i.LoadBytes(bytes));
+    EXPECT_EQ(i.s.Clips.List, (std::vector<std::string>{"clip", "(2) clip"}));
+    ASSERT_TRUE(i.LoadBytes(bytes, AllBut(Element::ClipBoard)));
+    EXPECT_EQ(i.s.Clips.ClipTop, 1);
 }
 
 TEST(LoadSession, SettingsRunTheHandlerOfThePadTypeSoThatThePadIsCentred) {
