@@ -35,6 +35,12 @@ std::string FirstCharacters(const std::string& text, std::size_t count) {
     return text.substr(0, at);
 }
 
+/// A folder as it is searched: without a separator at its end, unless it is the root.
+std::string SearchFolder(const std::string& folder) {
+    const bool ends = folder.size() > 1 && (folder.ends_with('/') || folder.ends_with('\\'));
+    return ends ? folder.substr(0, folder.size() - 1) : folder;
+}
+
 /// Size of a file in kilobytes as a text; "" when it is no file.
 std::string SizeText(const fs::path& file) {
     std::error_code error;
@@ -117,8 +123,8 @@ void InitPicks(Session& s) {
 void UpdatePickFile(Session& s, int bin) {
     if (bin < 0 || bin >= kBinCount) return;
     SampleBin& picks = s.Bins[bin];
-    if (!DirExists(StripBackslash(picks.Folder))) SetPickDir(s, bin, s.World.Desk.ProgramFolder());
-    std::vector<BinRow> rows = ScanFolder(s, StripBackslash(picks.Folder));
+    if (!DirExists(SearchFolder(picks.Folder))) SetPickDir(s, bin, s.World.Desk.ProgramFolder());
+    std::vector<BinRow> rows = ScanFolder(s, SearchFolder(picks.Folder));
     // A rescan of the same folder may come between the press on a sample and its drop: the sample stays the chosen one.
     const bool chosen = picks.Selected >= 0 && static_cast<std::size_t>(picks.Selected) < picks.Rows.size();
     picks.Selected = chosen ? PlaceOf(rows, picks.Rows[static_cast<std::size_t>(picks.Selected)]) : std::int16_t{-1};
@@ -130,7 +136,8 @@ void UpdatePickFile(Session& s, int bin) {
 }
 
 void SetPickDirCaption(Session& s, int bin, const std::string& path) {
-    s.Bins[bin].Caption = FirstCharacters(LastPathPart(path), kCaptionLength);
+    const std::string name = LastPathPart(path);
+    s.Bins[bin].Caption = FirstCharacters(name.empty() ? path : name, kCaptionLength);
 }
 
 void SetPickDir(Session& s, int bin, const std::string& path) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "browser/bin_gestures.h"
+#include "browser/clipboard.h"
 #include "browser/destinations.h"
 #include "fakes/file_bytes.h"
 #include "fakes/instrument.h"
@@ -105,7 +106,7 @@ TEST(UpdatePickFile, AFolderThatHasGoneAwayFallsBackToTheProgramsFolder) {
 TEST(UpdatePickFile, TheChosenSampleStaysChosenOverARescanAndNotOverAnotherFolder) {
     Browser b;
     TempFolder other;
-    WriteBytes(other / "two.wav", "");
+    WriteBytes(other / "one.wav", "");
     b.FillBin(kDragDestination);
     ASSERT_TRUE(PickFile_MouseDown(b.s, 0, kLeftButton, 1, 10, 300));
     WriteBytes(b.Folder / "new.wav", "");
@@ -116,7 +117,31 @@ TEST(UpdatePickFile, TheChosenSampleStaysChosenOverARescanAndNotOverAnotherFolde
     EXPECT_EQ(b.s.Bins[0].Selected, -1);
     ASSERT_TRUE(PickFile_MouseDown(b.s, 0, kLeftButton, 1, 10, 300));
     PickDir_DropFolder(b.s, 0, other.Path());
+    EXPECT_EQ(b.Names(), std::vector<std::string>{"one"}) << "the name that was chosen, of another sample";
     EXPECT_EQ(b.s.Bins[0].Selected, -1);
+}
+
+TEST(UpdatePickFile, ShowsTheBin) {
+    Browser b;
+    b.Screen.Log.clear();
+    UpdatePickFile(b.s, 1);
+    EXPECT_EQ(b.Screen.Log, std::vector<std::string>{"ShowBin 1"});
+}
+
+TEST(UpdatePickFile, AFolderWhoseNameBeginsAndEndsInBlanksAndTheRootAreFolders) {
+    Browser b;
+    std::filesystem::create_directory(b.Folder / " loops ");
+    WriteBytes(b.Folder / " loops /x.wav", "");
+    for (const char* end : {"", "/"}) {
+        SetPickDir(b.s, 0, b.Folder / (" loops " + std::string(end)));
+        UpdatePickFile(b.s, 0);
+        EXPECT_EQ(b.Names(), std::vector<std::string>{"x"});
+        EXPECT_EQ(b.s.Bins[0].Caption, " loops ");
+    }
+    SetPickDir(b.s, 0, "/");
+    UpdatePickFile(b.s, 0);
+    EXPECT_EQ(b.s.Bins[0].Folder, "/");
+    EXPECT_EQ(b.s.Bins[0].Caption, "/");
 }
 
 TEST(UpdatePickFile, TenThousandFilesAreListedInOrder) {
@@ -141,7 +166,12 @@ TEST(InitPicks, StartsTheBinsOnTheFoldersOfTheLibraryInDragDropWithAutoPlay) {
     for (const char* name : {"Samples/Bass 2", "Samples/bass 10", "Samples/Drums", "Samples/Tones"}) {
         std::filesystem::create_directories(b.Folder / name);
     }
+    WriteBytes(b.Folder / "Samples/Drums/kick.wav", "");
+    for (SampleBin& bin : b.s.Bins) bin.ClickPlay = 0;
+    b.s.Clips.ClipStaging.FileName = "/a/left.wav";
+    AddNewClip(b.s);
     InitPicks(b.s);
+    EXPECT_EQ(b.Names(2), std::vector<std::string>{"kick"});
     EXPECT_EQ(b.s.Bins[0].Folder, b.Folder / "Samples/Bass 2");
     EXPECT_EQ(b.s.Bins[1].Folder, b.Folder / "Samples/bass 10");
     EXPECT_EQ(b.s.Bins[2].Folder, b.Folder / "Samples/Drums");
@@ -180,7 +210,9 @@ TEST(Destinations, TheCommandsSetAllBinsAndAreNeverAState) {
     ChooseDestination(b.s, 0, kAllDrag);
     EXPECT_EQ(destinations(), (std::array<int, 3>{5, 5, 5}));
     EXPECT_EQ(BinColour(b.s, 1), (Colour{227, 232, 223}));
+    b.Screen.Log.clear();
     ChooseDestination(b.s, 1, 3);
+    EXPECT_EQ(b.Screen.Log, (std::vector<std::string>{"ShowDestinations", "ShowBin 1"}));
     EXPECT_EQ(destinations(), (std::array<int, 3>{5, 3, 5}));
     EXPECT_EQ(BinColour(b.s, 1), (Colour{200, 203, 198}));
     ChooseDestination(b.s, 1, 9);
@@ -195,6 +227,7 @@ TEST(BinGestures, ALeftClickLoadsIntoTheDestinationAndPlaysWithAutoPlay) {
     PickFile_MouseUp(b.s, 0, kLeftButton, 1);
     EXPECT_EQ(b.s.Set[1].FileName, b.Folder / "two.WAV");
     EXPECT_NE(b.s.Run[1].Playing, False);
+    EXPECT_EQ(b.s.Bins[0].Selected, 1);
     EXPECT_EQ(b.Screen.Count("ShowFolderTree hide"), 1);
     b.s.Bins[0].ClickPlay = 0;
     b.s.Bins[0].Destination = 2;
@@ -211,6 +244,21 @@ TEST(BinGestures, ARightClickTogglesTheDestination) {
     EXPECT_NE(b.s.Run[1].Playing, False);
     PickFile_MouseUp(b.s, 0, kRightButton, 0);
     EXPECT_EQ(b.s.Run[1].Playing, False);
+    EXPECT_EQ(b.Screen.Count("ShowFolderTree hide"), 2);
+    PickFile_MouseUp(b.s, 0, kMiddleButton, 0);
+    EXPECT_EQ(b.s.Run[1].Playing, False);
+}
+
+TEST(BinGestures, ARightClickInAGangBinTogglesTheSelection) {
+    Browser b;
+    b.FillBin(kGangDestination);
+    for (const Row row : {Row{0}, Row{1}, Row{3}}) b.Fill(row);
+    b.Select(0);
+    b.Select(3);
+    PickFile_MouseUp(b.s, 0, kRightButton, 0);
+    EXPECT_NE(b.s.Run[0].Playing, False);
+    EXPECT_EQ(b.s.Run[1].Playing, False);
+    EXPECT_NE(b.s.Run[3].Playing, False);
 }
 
 TEST(BinGestures, TheGangDestinationLoadsIntoTheSelection) {
