@@ -119,7 +119,9 @@ void CopyIt(Session& s, Row dest, std::int16_t clipIndex, bool playItNow) {
     SavedLoop staging;
     staging.Index = dest;
     staging.Set = s.Clips.ClipStore[static_cast<std::size_t>(clipIndex)];
-    const bool loaded = LoadSavedLoop(s, staging, ComponentSwitches(s), ToBoolean(s.Use3D), false, "");
+    // A sample that has gone away leaves the one of before, which nobody asked to start.
+    const bool loaded = LoadSavedLoop(s, staging, ComponentSwitches(s), ToBoolean(s.Use3D), false, "") &&
+                        HoldsSavedSample(s, staging, false, "");
     if (loaded) {
         RefreshRow(s, dest);
         if (playItNow) LoopPlay(s, dest, true);

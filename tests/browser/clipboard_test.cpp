@@ -39,6 +39,7 @@ TEST(ClipBoard, ThreeClipsOfOneSampleAreNumbered) {
     Clips c;
     for (int k = 0; k < 3; ++k) c.Add("/a/Drum.wav");
     c.Add("/b/Drum.wav");
+    EXPECT_EQ(c.Screen.Count("ShowClips"), 4);
     EXPECT_EQ(c.s.Clips.List, (std::vector<std::string>{"Drum", "(2) Drum", "(3) Drum", "Drum"}));
     EXPECT_EQ(c.s.Clips.ClipTop, 3);
 }
@@ -46,8 +47,12 @@ TEST(ClipBoard, ThreeClipsOfOneSampleAreNumbered) {
 TEST(ClipBoard, DeletingMovesTheLaterClipsDownAndKeepsTheirTexts) {
     Clips c;
     for (int k = 0; k < 3; ++k) c.Add("/a/Drum.wav");
+    c.s.Clips.Selected = 0;
+    c.Screen.Log.clear();
     DeleteClip(c.s, 0);
     EXPECT_EQ(c.s.Clips.List, (std::vector<std::string>{"(2) Drum", "(3) Drum"}));
+    EXPECT_EQ(c.s.Clips.Selected, -1) << "the next clip has not been chosen";
+    EXPECT_EQ(c.Screen.Count("ShowClips"), 1);
     DeleteClip(c.s, 5);
     DeleteClip(c.s, -1);
     DeleteClip(c.s, 0);
@@ -112,8 +117,11 @@ TEST(ClipBoard, ClearAllAsksFirst) {
     EXPECT_EQ(c.Desk.LastBox(), "Clear all items from clipboard?");
     EXPECT_EQ(c.Desk.Boxes[0].Title, "Clear?");
     EXPECT_EQ(c.Desk.Boxes[0].Style, BoxStyle::Question);
+    c.Screen.Log.clear();
     ClearClip_Click(c.s);
     EXPECT_EQ(c.s.Clips.ClipTop, -1);
+    EXPECT_TRUE(c.s.Clips.List.empty());
+    EXPECT_EQ(c.Screen.Count("ShowClips"), 1);
 }
 
 TEST(CopyIt, PutsAWholeClipOnALoopTrackAndPlaysItWhenTold) {
@@ -185,6 +193,26 @@ TEST(CopyIt, AClipWhoseSampleHasGoneFailsLikeAnyMissingSample) {
     EXPECT_EQ(c.s.Run[2].Playing, False);
 }
 
+TEST(CopyIt, AMissingSampleDoesNotStartTheOneThatIsThere) {
+    Clips c;
+    c.AddWild();
+    std::filesystem::remove(c.Sample);
+    c.Fill(2, "/samples/mine.WAV");
+    CopyIt(c.s, 2, 0, true);
+    EXPECT_EQ(c.s.Set[2].FileName, "/samples/mine.WAV");
+    EXPECT_EQ(c.s.Run[2].Playing, False);
+}
+
+TEST(CopyIt, ThePatternsOfTheLoopTrackInFrontAreShownAgain) {
+    Clips c;
+    c.AddWild();
+    c.s.ActiveTab = kPatternTab;
+    c.s.Clips.Components[0] = false;
+    c.s.CurrentLoop = 2;
+    CopyIt(c.s, 2, 0, false);
+    EXPECT_EQ(c.s.StepsShown, 10);
+}
+
 TEST(DropClip, ALeftDragCopiesAllWhateverTheBoxesSayAndARightDragByTheBoxes) {
     Clips c;
     c.AddWild();
@@ -207,7 +235,9 @@ TEST(ClipFile, OpeningTheSameClipsTwiceDoublesThemNumbered) {
     WriteClipBoard(c.s, out);
     out.Close();
     RecordReader in(c.Folder / "clips");
+    c.Screen.Log.clear();
     ReadClipBoard(c.s, in, true);
+    EXPECT_EQ(c.Screen.Count("ShowClips"), 1);
     EXPECT_EQ(c.s.Clips.List, (std::vector<std::string>{"x", "y", "(2) x", "(2) y"}));
     RecordReader again(c.Folder / "clips");
     ReadClipBoard(c.s, again, false);
