@@ -1,12 +1,14 @@
 /// \file
 /// Any bytes as a session file, and as a package.
 
+#include <stdlib.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 
 #include "fakes/instrument.h"
@@ -17,24 +19,47 @@
 
 namespace {
 
-/// A plain file in memory that holds the input.
+/// A folder of the process's own, gone at its end.
+struct OwnFolder {
+    std::filesystem::path Path;
+    OwnFolder() {
+        std::string name = (std::filesystem::temp_directory_path() / "marvolin-fuzz-XXXXXX").string();
+        if (::mkdtemp(name.data()) == nullptr) std::abort();
+        Path = name;
+    }
+    ~OwnFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(Path, ignored);
+    }
+    OwnFolder(const OwnFolder&) = delete;
+    OwnFolder& operator=(const OwnFolder&) = delete;
+};
+
+/// A plain file in memory that holds the input, under a name of its own.
 class MemoryFile {
 public:
-    MemoryFile(const std::uint8_t* data, std::size_t size) : file_(::memfd_create("fuzz", 0)) {
+    MemoryFile(const std::uint8_t* data, std::size_t size, const std::string& name)
+        : file_(::memfd_create("fuzz", 0)) {
+        static const OwnFolder folder;
         if (file_ < 0 || ::write(file_, data, size) != static_cast<ssize_t>(size)) std::abort();
+        link_ = folder.Path / name;
+        std::filesystem::create_symlink("/proc/self/fd/" + std::to_string(file_), link_);
     }
-    ~MemoryFile() { ::close(file_); }
+    ~MemoryFile() {
+        std::error_code ignored;
+        std::filesystem::remove(link_, ignored);
+        ::close(file_);
+    }
     MemoryFile(const MemoryFile&) = delete;
     MemoryFile& operator=(const MemoryFile&) = delete;
-    std::string Path() const { return "/proc/self/fd/" + std::to_string(file_); }
+    std::string Path() const { return link_.string(); }
 
 private:
     int file_;
+    std::filesystem::path link_;
 };
 
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void LoadAndPlay(const std::string& path) {
     marvolin::test::Instrument i;
     i.s.DSEnum = i.s.DX->GetDSEnum();
     i.s.Drivers = {"Primary Sound Driver", "Second Device", "No Sound"};
@@ -45,8 +70,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     marvolin::PadTablesInit(i.s);
     marvolin::clsSwitchRecord switches;
     switches.SetSwitch(true);
-    const MemoryFile file(data, size);
-    const bool loaded = marvolin::LoadSession(i.s, file.Path(), true, switches, true);
+    const bool loaded = marvolin::LoadSession(i.s, path, true, switches, true);
     // A load that fails says so, and one that succeeds leaves an instrument that plays on.
     if (!loaded && i.Desk.Boxes.empty()) std::abort();
     for (marvolin::Row row = 0; row < marvolin::kLoopTracks; ++row) {
@@ -56,5 +80,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         i.s.Set[row].PlayMode = marvolin::kDrum;
     }
     for (int tick = 0; tick < 40; ++tick) marvolin::LoopTimer_Timer(i.s, 1000);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    for (const char* name : {"fuzz.mvn", "fuzz.mvp"}) {
+        const MemoryFile file(data, size, name);
+        LoadAndPlay(file.Path());
+    }
     return 0;
 }
