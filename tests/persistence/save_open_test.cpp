@@ -253,6 +253,7 @@ TEST(QuickLoad, TheLeftButtonLoadsAtOnceAndAnyOtherOpensTheDialogue) {
     SetInstrument i;
     i.s.SaveOpenSwitches[1] = All();
     QuickLoadPop_MouseUp(i.s, kLeftButton);
+    i.Store.OnLoad = [&] { EXPECT_EQ(i.Screen.Log.back(), "ShowQuickLoadList hide") << "before a load has words"; };
     QuickLoad_Click(i.s, "live");
     EXPECT_EQ(i.Store.Log, std::vector<std::string>{"Load " + (i.Folder / "live.mvn") + " current adopt everything"});
     QuickLoadPop_MouseUp(i.s, kRightButton);
