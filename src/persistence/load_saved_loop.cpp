@@ -28,6 +28,7 @@ void LoadSample(Session& s, const SavedLoop& saved, bool forPackage, const std::
     SplitSample(saved, forPackage, openPath, folder, name);
     LoopLoad(s, saved.Index, folder, name);
     LoopSetThinnable(s, saved.Index, saved.Set.Thinnable != False);
+    s.World.Screen.ShowCaption(saved.Index);
     const std::int16_t mode = saved.Set.PlayMode;
     if (mode >= kOneShot && mode <= kDrum) LoopSetPlayMode(s, saved.Index, mode, true);
 }

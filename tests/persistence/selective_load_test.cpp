@@ -88,6 +88,17 @@ TEST(SelectiveLoad, PositionAloneChangesOnlyThePlacesWith3DOn) {
     }
 }
 
+TEST(SelectiveLoad, ALetterShowsThatItsLoopTrackIsNoLongerThinnableThoughTheSampleIsThereAlready) {
+    SetInstrument i;
+    const std::string bytes = GoldenSession(i.Folder.Path());
+    ASSERT_TRUE(i.LoadBytes(bytes));
+    i.s.Set[0].Thinnable = True;
+    i.Screen.Log.clear();
+    ASSERT_TRUE(i.LoadBytes(bytes, Only(Element::LoopTrack)));
+    EXPECT_EQ(i.s.Set[0].Thinnable, False);
+    EXPECT_EQ(i.Screen.Count("ShowCaption 0"), 1);
+}
+
 TEST(SelectiveLoad, ThePlayStateStartsWhatTheLoadBrought) {
     SetInstrument i;
     clsSwitchRecord switches = Only(Element::LoopTrack);
