@@ -16,6 +16,13 @@ constexpr int kMost = 420;
 
 }  // namespace
 
+bool HideOnPressBeside(QWidget& popup, const QEvent& event) {
+    if (event.type() != QEvent::MouseButtonPress) return false;
+    if (popup.rect().contains(static_cast<const QMouseEvent&>(event).position().toPoint())) return false;
+    popup.hide();
+    return true;
+}
+
 PopupList::PopupList(QWidget* parent, const char* name, const QString& label) : QListWidget(parent) {
     setObjectName(name);
     setAccessibleName(label);
@@ -39,8 +46,9 @@ void PopupList::Open(const QStringList& rows, const QRect& at) {
     setFocus();
 }
 
+bool PopupList::event(QEvent* event) { return HideOnPressBeside(*this, *event) || QListWidget::event(event); }
+
 void PopupList::mousePressEvent(QMouseEvent* event) {
-    if (!rect().contains(event->position().toPoint())) return hide();
     const QModelIndex pressed = indexAt(event->position().toPoint());
     pressed_ = pressed.isValid();
     if (pressed_) setCurrentRow(pressed.row());

@@ -5,6 +5,9 @@
 
 namespace marvolin {
 
+/// Hides `popup` when `event` is a press beside it: a list passes those on to nobody, so it would stay open for good.
+bool HideOnPressBeside(QWidget& popup, const QEvent& event);
+
 /// A list that drops open at a control and goes away when the hand goes elsewhere.
 class PopupList : public QListWidget {
 public:
@@ -16,6 +19,7 @@ public:
     std::function<void()> OnHide;                      ///< the list went away
 
 protected:
+    bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

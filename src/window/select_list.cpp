@@ -4,6 +4,7 @@
 #include <QScreen>
 
 #include "performance/selection.h"
+#include "window/popup_list.h"
 #include "window/theme.h"
 
 namespace marvolin {
@@ -29,6 +30,8 @@ void SelectList::Open(QPoint place) {
     setFocus();
     setCurrentItem(nullptr);  // the focus has chosen the first entry
 }
+
+bool SelectList::event(QEvent* event) { return HideOnPressBeside(*this, *event) || QListWidget::event(event); }
 
 void SelectList::Choose(const QListWidgetItem* item) {
     if (item != nullptr) SlctGroup_Click(s, item->text().toStdString());

@@ -14,6 +14,7 @@ public:
     void Open(QPoint place);
 
 protected:
+    bool event(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 

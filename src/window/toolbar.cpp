@@ -43,7 +43,7 @@ Toolbar::Toolbar(Session& s, QWidget* parent, std::function<void()> toggleMode) 
         [&s] { OpenSaveOpen(s, s.CurrentFile); });
     QuickLoadPop = add("QuickLoadPop", "QuickLoad", "Sessions of the current folder", hints::kQuickLoad, at(180, 88),
                        [&s] { QuickLoadPop_MouseUp(s, kLeftButton); });
-    QuickLoadPop->OnRightClick([&s] { QuickLoadPop_MouseUp(s, kRightButton); });
+    QuickLoadPop->OnOtherClick([&s](std::int16_t button) { QuickLoadPop_MouseUp(s, button); });
     add("SnapShot", "Snapshot", "Save a snapshot of the session", hints::kSnapShot, at(273, 86),
         [&s] { SnapShot_MouseUp(s); });
     add("Scripts", "Scripts", "Open Scripting", {}, at(364, 70), nullptr);

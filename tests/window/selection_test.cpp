@@ -80,6 +80,15 @@ TEST(SelectionTools, SayTheirHints) {
     }
 }
 
+TEST(SelectPopUp, APressBesideTheRulesClosesThem) {
+    Stage stage;
+    auto* list = stage.Form->findChild<QListWidget*>("SlctGroup");
+    stage.Click("SelectPopUp");
+    ASSERT_TRUE(list->isVisible());
+    QTest::mouseClick(list->windowHandle(), Qt::LeftButton, {}, {list->width() + 20, 20});
+    EXPECT_FALSE(list->isVisible());
+}
+
 TEST(SelectPopUp, OpensTheRulesAndAppliesTheChosenOne) {
     Stage stage;
     stage.Fill(2);

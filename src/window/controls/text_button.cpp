@@ -18,8 +18,8 @@ void TextButton::SetText(const QString& text) {
 void TextButton::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     const bool inside = QRectF(rect()).contains(twips / kTwipsPerPixel);
     if (phase != Phase::Up || !inside) return;
-    if (button == kLeftButton) click_();
-    if (button == kRightButton && rightClick_) rightClick_();
+    if (button == kLeftButton) return click_();
+    if (otherClick_) otherClick_(button);
 }
 
 void TextButton::paintEvent(QPaintEvent*) {

@@ -12,8 +12,8 @@ public:
     TextButton(Session& session, QWidget* parent, const char* name, const QString& text, const QString& tip,
                std::string_view hint, std::function<void()> click);
     void SetText(const QString& text);
-    /// What a click with the right button does, where it does anything.
-    void OnRightClick(std::function<void()> click) { rightClick_ = std::move(click); }
+    /// What a click with any other button than the left one does, where it does anything.
+    void OnOtherClick(std::function<void(std::int16_t button)> click) { otherClick_ = std::move(click); }
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
@@ -24,7 +24,7 @@ private:
     QString text_;
     const std::string_view hint_;
     const std::function<void()> click_;
-    std::function<void()> rightClick_;
+    std::function<void(std::int16_t button)> otherClick_;
 };
 
 }  // namespace marvolin
