@@ -1,47 +1,20 @@
 #include <gtest/gtest.h>
 
-#include <QUrl>
-#include <filesystem>
-#include <fstream>
+#include <QFileSystemModel>
+#include <QLabel>
+#include <QScrollBar>
+#include <array>
 
 #include "browser/destinations.h"
-#include "browser/sample_bins.h"
-#include "fakes/temp_folder.h"
-#include "hand.h"
-#include "stage.h"
-#include "window/browse_bins.h"
+#include "browser_stage.h"
 #include "window/folder_tree.h"
-#include "window/frm_browse.h"
 
 namespace marvolin {
 namespace {
 
 namespace fs = std::filesystem;
 
-struct Browser : test::Stage {
-    Browser() {
-        fs::create_directories(Folder);
-        for (const char* name : {"one.wav", "two.WAV", "three.wav"}) std::ofstream(Folder / name) << "sample";
-        for (int bin = 0; bin < 3; ++bin) {
-            SetPickDir(s, bin, Folder.string());
-            UpdatePickFile(s, bin);
-        }
-        Window.show();
-        Screen.Attach(&Window);
-        Window.Bins->RefreshDestinations();
-        for (int bin = 0; bin < 3; ++bin) Window.Bins->RefreshBin(bin);
-        Settle();
-        Sound.Log.clear();
-    }
-    ~Browser() { Screen.Attach(static_cast<FrmBrowse*>(nullptr)); }
-    QWidget& Part(const char* name) { return *Window.findChild<QWidget*>(name); }
-    static QPoint RowAt(int row) { return {30, 12 + row * 22}; }
-    QImage Bar() { return Part("BrowseStatusBar1").grab().toImage(); }
-
-    test::TempFolder Own;  // of this test alone: others run at the same time
-    fs::path Folder = fs::path(Own.Path()) / "marvolin browse test";
-    FrmBrowse Window{s};
-};
+using test::Browser;
 
 TEST(Browser, AClickLoadsIntoTheDestinationAndPlaysWhenAutoPlayIsOn) {
     Browser browser;
@@ -174,35 +147,199 @@ TEST(Browser, AFolderGoesFromButtonToButtonAndFromAFileManager) {
     const fs::path other = browser.Folder / "inner";
     fs::create_directories(other);
     std::ofstream(other / "deep.wav") << "sample";
-    const auto drop = [&](const char* name, std::unique_ptr<QMimeData> data) {
-        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, data.get(), Qt::LeftButton, {});
-        QApplication::sendEvent(&browser.Part(name), &enter);
-        EXPECT_TRUE(enter.isAccepted());
-        QDropEvent event(QPointF(5, 5), Qt::CopyAction, data.get(), Qt::LeftButton, {});
-        QApplication::sendEvent(&browser.Part(name), &event);
-    };
-    auto urls = std::make_unique<QMimeData>();
-    urls->setUrls({QUrl::fromLocalFile(QString::fromStdString(other.string()))});
-    drop("PickDir_0", std::move(urls));
+    EXPECT_TRUE(browser.DropFolder("PickDir_0", other));
     EXPECT_EQ(browser.s.Bins[0].Folder, other.string());
     ASSERT_EQ(browser.s.Bins[0].Rows.size(), 1U);
     EXPECT_EQ(browser.s.Bins[0].Rows[0].Name, "deep");
-    drop("PickDir_2", ToMimeData({"PickDir", 0, ""}));
+    EXPECT_TRUE(browser.DropOn("PickDir_2", {"PickDir", 0, ""}));
     EXPECT_EQ(browser.s.Bins[2].Folder, other.string());
     EXPECT_EQ(browser.Part("PickDir_2").toolTip().toStdString(), other.string());
     EXPECT_EQ(browser.s.Bins[1].Folder, browser.Folder.string());
 }
 
-TEST(Browser, HintsGoToItsOwnBar) {
+TEST(Browser, HintsGoToItsOwnBarAndNameTheSampleUnderThePointer) {
     Browser browser;
-    const QImage before = browser.Bar();
+    SetFileDestination(browser.s, 0, 1);
     const std::string main = browser.s.StatusText;
-    const QPointF place = Browser::RowAt(0);
-    QMouseEvent move(QEvent::MouseMove, place, browser.Part("PickFile_0").mapToGlobal(place), Qt::NoButton, {}, {});
-    QApplication::sendEvent(&browser.Part("PickFile_0"), &move);
-    browser.Settle();
-    EXPECT_NE(browser.Bar(), before);
+    QWidget& list = browser.Part("PickFile_0");
+    browser.Hover(list, Browser::RowAt(0));
+    EXPECT_TRUE(browser.Shows("one (0k) clk Ld->Dest; rtclk Stp/Ply Dest; rt margin drg to Target"));
+    browser.Hover(list, Browser::RowAt(2));
+    EXPECT_TRUE(browser.Shows("two (0k) clk Ld->Dest; rtclk Stp/Ply Dest; rt margin drg to Target"));
+    SetFileDestination(browser.s, 0, kDragDestination);
+    browser.Hover(list, Browser::RowAt(1));
+    EXPECT_TRUE(browser.Shows("three (0k) drg to Target"));
+    browser.Hover(browser.Part("PickDir_1"), {5, 5});
+    EXPECT_TRUE(browser.Shows("clk Open FolderExplorer"));
+    browser.Hover(browser.Part("FileDestination_2"), {5, 5});
+    EXPECT_TRUE(browser.Shows("slct Destination for Sounds"));
+    browser.ClickOn("PickDir_0");
+    browser.Hover(*browser.Window.Bins->Tree->viewport(), {5, 5});
+    EXPECT_TRUE(browser.Shows("drg Folder to Sample Bin; rtclk to Close"));
     EXPECT_EQ(browser.s.StatusText, main);
+}
+
+TEST(Browser, ThePointerShowsWhereAPressWouldBeginADrag) {
+    Browser browser;
+    SetFileDestination(browser.s, 0, 2);
+    QWidget& list = browser.Part("PickFile_0");
+    const double margin = list.width() * 2 / 3.0;
+    const auto shape = [&](QPointF place) {
+        browser.Hover(list, place);
+        return list.cursor().shape();
+    };
+    EXPECT_EQ(shape({margin - 2, 12}), Qt::ArrowCursor);
+    EXPECT_EQ(shape({margin + 2, 12}), Qt::OpenHandCursor);
+    EXPECT_EQ(shape({margin + 2, 12 + 3 * 22}), Qt::ArrowCursor);  // below the last row
+    SetFileDestination(browser.s, 0, kDragDestination);
+    EXPECT_EQ(shape({30, 34}), Qt::OpenHandCursor);
+    EXPECT_EQ(shape({30, 12 + 3 * 22}), Qt::ArrowCursor);
+}
+
+TEST(Browser, EachBinHasItsOwnFolderListAndDestination) {
+    Browser browser;
+    for (std::int16_t bin = 0; bin < 3; ++bin) {
+        const auto folder = browser.Folder / ("bin " + std::to_string(bin));
+        std::filesystem::create_directories(folder);
+        std::ofstream(folder / ("sample " + std::to_string(bin) + ".wav")) << "sample";
+        const std::string number = std::to_string(bin);
+        EXPECT_TRUE(browser.DropFolder(("PickDir_" + number).c_str(), folder));
+        auto& list = dynamic_cast<QComboBox&>(browser.Part(("FileDestination_" + number).c_str()));
+        test::Choose(list, 3 - bin);
+    }
+    for (int bin = 0; bin < 3; ++bin) {
+        const std::string number = std::to_string(bin);
+        browser.ClickOn(("PickFile_" + number).c_str(), Browser::RowAt(0));
+        EXPECT_EQ(browser.s.Set[3 - bin].FileName,
+                  (browser.Folder / ("bin " + number) / ("sample " + number + ".wav")));
+    }
+}
+
+TEST(Browser, TheGangLoadsIntoTheLoopTracksInControl) {
+    Browser browser;
+    browser.Click("Selected_0");
+    browser.Click("Selected_2");
+    auto& list = dynamic_cast<QComboBox&>(browser.Part("FileDestination_0"));
+    EXPECT_EQ(list.itemText(4), "> Gang");
+    test::Choose(list, 4);
+    browser.ClickOn("PickFile_0", Browser::RowAt(1));
+    for (Row row = 0; row < 4; ++row) {
+        EXPECT_EQ(browser.s.Run[row].Loaded, row % 2 == 0 ? True : False) << row;
+        EXPECT_EQ(browser.s.Run[row].Playing, row % 2 == 0 ? True : False) << row;
+    }
+    browser.ClickOn("PickFile_0", Browser::RowAt(1), Qt::RightButton);
+    EXPECT_EQ(browser.s.Run[0].Playing, False);
+    EXPECT_EQ(browser.s.Run[2].Playing, False);
+}
+
+TEST(Browser, TheGroundOfAListShowsWhetherItsSamplesAreOnlyDragged) {
+    Browser browser;
+    const auto ground = [&](const char* name) {
+        browser.Settle();
+        return browser.Part(name).grab().toImage().pixelColor(20, 12 + 5 * 22);
+    };
+    SetFileDestination(browser.s, 0, 1);
+    SetFileDestination(browser.s, 1, kDragDestination);
+    EXPECT_EQ(ground("PickFile_0"), QColor(200, 203, 198));
+    EXPECT_EQ(ground("PickFile_1"), QColor(227, 232, 223));
+    test::Choose(dynamic_cast<QComboBox&>(browser.Part("FileDestination_1")), 4);
+    EXPECT_EQ(ground("PickFile_1"), QColor(200, 203, 198));
+}
+
+TEST(Browser, AnyButtonDragsInTheRightMarginAndThenLoadsNothing) {
+    Browser browser;
+    SetFileDestination(browser.s, 0, 0);
+    QWidget& list = browser.Part("PickFile_0");
+    const QPoint margin{list.width() - 20, 12 + 22};
+    for (Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+        browser.ClickOn("PickDir_0");
+        browser.s.Bins[0].Selected = -1;
+        const auto source = test::DragOf(list, [&] {
+            QTest::mousePress(&list, button, {}, margin);
+            QTest::mouseRelease(&list, button, {}, margin);
+        });
+        EXPECT_EQ(source, (DragSource{"PickFile", 0, ""})) << button;
+        EXPECT_EQ(browser.s.Bins[0].Selected, 1) << button;
+        EXPECT_FALSE(browser.Window.Bins->Tree->isVisible()) << button;
+    }
+    SetFileDestination(browser.s, 0, kDragDestination);
+    const auto middle = test::DragOf(list, [&] { QTest::mouseClick(&list, Qt::MiddleButton, {}, {30, 34}); });
+    EXPECT_EQ(middle, std::nullopt);
+}
+
+TEST(Browser, AScrolledListLoadsTheRowUnderThePointer) {
+    Browser browser;
+    for (int i = 0; i < 60; ++i) std::ofstream(browser.Folder / ("x" + std::to_string(i) + ".wav")) << "sample";
+    UpdatePickFile(browser.s, 0);
+    SetFileDestination(browser.s, 0, 0);
+    QWidget& list = browser.Part("PickFile_0");
+    list.findChildren<QScrollBar*>().first()->setValue(10);
+    browser.ClickOn("PickFile_0", Browser::RowAt(2));
+    EXPECT_EQ(browser.s.Bins[0].Selected, 12);
+    EXPECT_EQ(std::filesystem::path(browser.s.Set[0].FileName).stem(), browser.s.Bins[0].Rows[12].Name);
+}
+
+TEST(Browser, ADragBecomesTheBinsButtonOrItsFolderAndNothingElse) {
+    Browser browser;
+    QWidget& button = browser.Part("PickDir_1");
+    const auto source = test::DragOf(button, [&] {
+        QTest::mousePress(&button, Qt::LeftButton, {}, {10, 10});
+        QMouseEvent move(QEvent::MouseMove, QPointF(60, 10), button.mapToGlobal(QPointF(60, 10)), Qt::NoButton,
+                         Qt::LeftButton, {});
+        QApplication::sendEvent(&button, &move);
+    });
+    EXPECT_EQ(source, (DragSource{"PickDir", 1, ""}));
+    EXPECT_FALSE(browser.Window.Bins->Tree->isVisible());
+    const std::string before = browser.s.Bins[0].Folder;
+    browser.s.Bins[0].Selected = 1;
+    browser.DropOn("PickDir_0", {"PickFile", 0, ""});
+    browser.DropOn("PickDir_0", {"Letr", 2, "4"});
+    EXPECT_EQ(browser.s.Bins[0].Folder, before);
+}
+
+TEST(Browser, AFolderOfTheTreeDroppedOnAButtonBecomesTheBins) {
+    Browser browser;
+    const auto inner = browser.Folder / "a folder with a long name";
+    std::filesystem::create_directories(inner);
+    std::ofstream(inner / "deep.wav") << "sample";
+    browser.ClickOn("PickDir_2");
+    FolderTree& tree = *browser.Window.Bins->Tree;
+    auto& folders = dynamic_cast<QFileSystemModel&>(*tree.model());
+    const QModelIndex index = folders.index(QString::fromStdString(inner.string()));
+    ASSERT_TRUE(index.isValid());
+    EXPECT_TRUE(tree.dragEnabled());
+    EXPECT_TRUE(browser.DropOn(browser.Part("PickDir_2"), std::unique_ptr<QMimeData>(folders.mimeData({index}))));
+    EXPECT_EQ(browser.s.Bins[2].Folder, inner.string());
+    EXPECT_EQ(browser.s.Bins[2].Caption, "a folder w");
+    EXPECT_EQ(browser.Part("PickDir_2").toolTip().toStdString(), inner.string());
+    ASSERT_EQ(browser.s.Bins[2].Rows.size(), 1U);
+    EXPECT_EQ(browser.s.Bins[2].Rows[0].Name, "deep");
+    EXPECT_EQ(browser.s.Bins[0].Folder, browser.Folder.string());
+}
+
+TEST(Browser, HasFourTabsOfWhichTwoHoldNoBins) {
+    Browser browser;
+    const auto& tabs = dynamic_cast<QTabBar&>(browser.Part("Sstab"));
+    QStringList captions;
+    for (int tab = 0; tab < tabs.count(); ++tab) captions << tabs.tabText(tab);
+    EXPECT_EQ(captions, (QStringList{"1-3", "4-6", "7-9", "ClipBrd"}));
+    for (int tab = 0; tab < 4; ++tab) {
+        browser.OpenTab(tab);
+        EXPECT_EQ(browser.Part("PickFile_0").isVisible(), tab == 0) << tab;
+        EXPECT_EQ(browser.Part("ClipBoardList").isVisible(), tab == 3) << tab;
+    }
+}
+
+TEST(Browser, AChangeInAFolderShowsAtTheNextVisit) {
+    Browser browser;
+    std::ofstream(browser.Folder / "four.wav") << "sample";
+    browser.OpenTab(3);
+    browser.OpenTab(0);
+    EXPECT_EQ(browser.s.Bins[0].Rows.size(), 4U);
+    std::ofstream(browser.Folder / "five.wav") << "sample";
+    browser.Window.close();
+    browser.Window.show();
+    EXPECT_EQ(browser.s.Bins[1].Rows.size(), 5U);
 }
 
 TEST(Browser, ClosingOnlyHidesUntilTheProgramEnds) {

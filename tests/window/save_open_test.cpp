@@ -2,11 +2,13 @@
 
 #include <QCheckBox>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <algorithm>
 
+#include "fakes/temp_folder.h"
 #include "hand.h"
 #include "persistence/element_lists.h"
 #include "stage.h"
@@ -129,6 +131,170 @@ TEST(SaveOpen, ACancelledFileDialogueChangesNothing) {
     EXPECT_TRUE(dialogue.Window.isVisible());
 }
 
+TEST(SaveOpen, HasItsLabelsListsBoxesAndButtons) {
+    Dialogue dialogue;
+    QStringList labels;
+    for (const QLabel* label : dialogue.Window.findChildren<QLabel*>()) labels << label->text();
+    for (const char* text : {"Elements to save:", "Elements to open:", "Session Name (for SnapShots)"}) {
+        EXPECT_TRUE(labels.contains(text)) << text;
+    }
+    EXPECT_EQ(dialogue.Box("SelectionsOnly").text(), "Only Save Selected Loops");
+    EXPECT_EQ(dialogue.Box("EmptyBlank").text(), "Empty Blank Loops on Open");
+    const std::vector<std::pair<const char*, const char*>> buttons{
+        {"OpenIt", "Open"}, {"SaveIt", "Save"}, {"SaveItAs", "Save As"}, {"Reload", "Reload"}};
+    for (const auto& [name, text] : buttons) {
+        EXPECT_EQ(dialogue.Window.findChild<QPushButton*>(name)->text(), text);
+    }
+    for (int list : {0, 1}) {
+        QStringList presets;
+        for (int i = 0; i < dialogue.Preset(list).count(); ++i) presets << dialogue.Preset(list).itemText(i);
+        EXPECT_EQ(presets, (QStringList{"All", "None", "Loop", "Jamming", "3d"}));
+    }
+}
+
+TEST(SaveOpen, ATickInEitherListIsTakenBackIntoItsOwnSwitch) {
+    using E = marvolin::Element;
+    const std::vector<E> order{E::LoopTrack, E::PlayState,    E::Freq,     E::FreqPattern, E::Vol,   E::VolPattern,
+                               E::Pan,       E::PanPattern,   E::Position, E::CrossFader,  E::Bands, E::PickLists,
+                               E::ClipBoard, E::HistoryLists, E::General,  E::ThreeD};
+    Dialogue dialogue;
+    for (std::size_t list : {0U, 1U}) {
+        for (int i = 0; i < 16; ++i) {
+            SCOPED_TRACE(i);
+            for (int each : {0, 1}) test::Choose(dialogue.Preset(each), 1);
+            QTest::mouseClick(&dialogue.Element(static_cast<int>(list), i), Qt::LeftButton, {}, {10, 8});
+            dialogue.Press("SaveIt");
+            for (int other = 0; other < 16; ++other) {
+                const E element = order[static_cast<std::size_t>(other)];
+                EXPECT_EQ(dialogue.s.SaveOpenSwitches[list].Get(element), other == i) << other;
+                EXPECT_FALSE(dialogue.s.SaveOpenSwitches[1 - list].Get(element)) << other;
+            }
+        }
+    }
+}
+
+TEST(SaveOpen, OpensWithWhatTheSessionHolds) {
+    Dialogue dialogue;
+    dialogue.s.SaveOpenSwitches[0].SetSwitch(true);
+    dialogue.s.SaveOpenSwitches[0].Put(marvolin::Element::Bands, false);
+    dialogue.s.SaveOpenSwitches[1].SetSwitch(false);
+    dialogue.s.SaveOpenSwitches[1].Put(marvolin::Element::CrossFader, true);
+    dialogue.s.SelectionsOnlySetting = 1;
+    dialogue.s.EmptyBlankSetting = 1;
+    dialogue.s.SessionName = "Night";
+    dialogue.Window.Open();
+    for (int i = 0; i < 16; ++i) {
+        EXPECT_EQ(dialogue.Element(0, i).isChecked(), i != 10) << i;
+        EXPECT_EQ(dialogue.Element(1, i).isChecked(), i == 9) << i;
+    }
+    EXPECT_TRUE(dialogue.Box("SelectionsOnly").isChecked());
+    EXPECT_TRUE(dialogue.Box("EmptyBlank").isChecked());
+    EXPECT_EQ(dialogue.Window.findChild<QLineEdit*>("Session")->text(), "Night");
+}
+
+TEST(SaveOpen, ClosingItOtherwiseTakesNothingBack) {
+    Dialogue dialogue;
+    const clsSwitchRecord before = dialogue.s.SaveOpenSwitches[0];
+    test::Choose(dialogue.Preset(0), 4);
+    dialogue.Box("EmptyBlank").click();
+    QTest::keyClick(&dialogue.Window, Qt::Key_Escape);
+    EXPECT_FALSE(dialogue.Window.isVisible());
+    EXPECT_EQ(dialogue.s.SaveOpenSwitches[0], before);
+    EXPECT_EQ(dialogue.s.EmptyBlankSetting, 0);
+    EXPECT_TRUE(dialogue.Store.Log.empty());
+}
+
+TEST(SaveOpen, TheFileDialoguesOfferSessionsAndPackagesWhereTheLastOneWas) {
+    test::TempFolder folder;
+    folder.Touch("set.mvn");
+    Dialogue dialogue;
+    dialogue.s.CurrentFolder = folder.Path() + "/";
+    for (const char* button : {"OpenIt", "SaveItAs"}) {
+        SCOPED_TRACE(button);
+        int seen = 0;
+        QTimer hand;
+        hand.callOnTimeout([&] {
+            auto* asked = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
+            if (asked == nullptr) return;
+            ++seen;
+            const bool save = std::string_view(button) == "SaveItAs";
+            EXPECT_EQ(asked->nameFilters(), (QStringList{"marvolin File (*.mvn)", "marvolin Package (*.mvp)"}));
+            EXPECT_EQ(asked->selectedNameFilter(), "marvolin File (*.mvn)");
+            EXPECT_EQ(asked->directory().absolutePath().toStdString(), folder.Path());
+            EXPECT_EQ(asked->selectedFiles().value(0).toStdString(), folder.In("set.mvn"));
+            EXPECT_EQ(asked->acceptMode(), save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+            EXPECT_EQ(asked->fileMode(), save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+            EXPECT_FALSE(asked->testOption(QFileDialog::DontConfirmOverwrite));
+            asked->reject();
+        });
+        hand.start(0);
+        dialogue.Press(button);
+        EXPECT_EQ(seen, 1);
+    }
+}
+
+TEST(SaveOpen, OpenLoadsTheChosenFileWithTheSecondListAndSaveIsOnAfterwards) {
+    test::TempFolder folder;
+    const std::string file = folder.Touch("other.mvp");
+    Dialogue dialogue;
+    dialogue.s.SaveItEnabled = false;
+    dialogue.Window.Open();
+    test::Choose(dialogue.Preset(1), 4);
+    dialogue.Answer("OpenIt", QString::fromStdString(file));
+    EXPECT_TRUE(Has(dialogue.Store.Log, "Load " + file + " current adopt"));
+    EXPECT_EQ(dialogue.Store.Loaded, dialogue.s.SaveOpenSwitches[1]);
+    EXPECT_TRUE(dialogue.Store.Loaded.Get(marvolin::Element::Position));
+    EXPECT_FALSE(dialogue.Store.Loaded.Get(marvolin::Element::Vol));
+    EXPECT_EQ(dialogue.s.CurrentFolder, folder.Path() + "/");
+    EXPECT_EQ(dialogue.s.CurrentFile, "other.mvp");
+    EXPECT_TRUE(dialogue.Window.findChild<QPushButton*>("SaveIt")->isEnabled());
+}
+
+TEST(SaveOpen, AFailedOpenLeavesSaveOff) {
+    test::TempFolder folder;
+    Dialogue dialogue;
+    dialogue.s.SaveItEnabled = false;
+    dialogue.Window.Open();
+    dialogue.Store.Answer = false;
+    dialogue.Answer("OpenIt", QString::fromStdString(folder.Touch("other.mvn")));
+    EXPECT_EQ(dialogue.Store.Log.size(), 1U);
+    dialogue.Window.Open();
+    EXPECT_FALSE(dialogue.Window.findChild<QPushButton*>("SaveIt")->isEnabled());
+}
+
+TEST(SaveOpen, WhatAnOpenedFileHoldsIsTickedForTheNextSave) {
+    Dialogue dialogue;
+    dialogue.s.SaveOpenSwitches[0].SetSwitch(true);
+    dialogue.Window.Open();
+    dialogue.Store.OnLoad = [&] {
+        dialogue.s.SaveOpenSwitches[0].SetSwitch(false);
+        dialogue.s.SaveOpenSwitches[0].Put(marvolin::Element::Vol, true);
+    };
+    dialogue.Press("Reload");
+    dialogue.Window.Open();
+    for (int i = 0; i < 16; ++i) EXPECT_EQ(dialogue.Element(0, i).isChecked(), i == 4) << i;
+}
+
+TEST(SaveOpen, ASavedNameGetsTheEndingOfTheFilterThatWasChosen) {
+    test::TempFolder folder;
+    Dialogue dialogue;
+    dialogue.s.CurrentFolder = folder.Path() + "/";
+    dialogue.s.CurrentFile.clear();
+    QTimer hand;
+    hand.callOnTimeout([&] {
+        auto* asked = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (asked == nullptr) return;
+        test::Choose(*asked->findChild<QComboBox*>("fileTypeCombo"), 1);
+        auto* name = asked->findChild<QLineEdit*>("fileNameEdit");
+        name->clear();
+        QTest::keyClicks(name, "pack");
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    hand.start(0);
+    dialogue.Press("SaveItAs");
+    EXPECT_TRUE(Has(dialogue.Store.Log, "Save " + folder.In("pack.mvp") + " all"));
+}
+
 struct Quick : test::Stage {
     Quick() {
         s.CurrentFolder = "/tmp/";
@@ -166,6 +332,49 @@ TEST(QuickLoad, CloseOnlyHidesTheList) {
     quick.Take(0);
     EXPECT_TRUE(quick.Store.Log.empty());
     EXPECT_FALSE(quick.List().isVisible());
+}
+
+TEST(QuickLoad, ShowsItsRowsInTheirOrderWithTheFirstOneChosen) {
+    Quick quick;
+    quick.s.QuickLoadRows = {"<Close>", "zebra", "ant"};
+    quick.Open(Qt::LeftButton);
+    QStringList rows;
+    for (int row = 0; row < quick.List().count(); ++row) rows << quick.List().item(row)->text();
+    EXPECT_EQ(rows, (QStringList{"<Close>", "zebra", "ant"}));
+    EXPECT_EQ(quick.List().currentRow(), 0);
+    quick.Take(2);
+    quick.Open(Qt::LeftButton);
+    EXPECT_EQ(quick.List().currentRow(), 0);
+}
+
+TEST(QuickLoad, AnyOtherButtonOpensTheDialogueToo) {
+    Quick quick;
+    quick.Open(Qt::MiddleButton);
+    quick.Take(1);
+    EXPECT_TRUE(quick.Store.Log.empty());
+    EXPECT_EQ(quick.s.DialogueFile, "night.mvn");
+    EXPECT_TRUE(Has(quick.Forms.Log, "Show Save"));
+}
+
+TEST(QuickLoad, TheSecondListSaysWhatItLoads) {
+    Quick quick;
+    quick.s.SaveOpenSwitches[1].SetSwitch(false);
+    quick.s.SaveOpenSwitches[1].Put(marvolin::Element::Pan, true);
+    quick.Open(Qt::LeftButton);
+    quick.Take(1);
+    EXPECT_EQ(quick.Store.Loaded, quick.s.SaveOpenSwitches[1]);
+}
+
+TEST(QuickLoad, APressBesideTheListAndTheEscapeKeyHideIt) {
+    Quick quick;
+    quick.Open(Qt::LeftButton);
+    QTest::mouseClick(quick.List().windowHandle(), Qt::LeftButton, {}, {-30, 30});
+    EXPECT_FALSE(quick.List().isVisible());
+    quick.Open(Qt::RightButton);
+    QTest::keyClick(&quick.List(), Qt::Key_Escape);
+    EXPECT_FALSE(quick.List().isVisible());
+    EXPECT_TRUE(quick.Store.Log.empty());
+    EXPECT_TRUE(quick.s.DialogueFile.empty());
 }
 
 TEST(StartUpQuery, AsksAndClosesOnYes) {

@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <QLabel>
 #include <QPushButton>
 #include <QTest>
+#include <algorithm>
 
+#include "fakes/temp_folder.h"
 #include "persistence/start_up_demo.h"
 #include "window/frm_splash.h"
 #include "window/frm_start_up_query.h"
@@ -26,10 +29,25 @@ TEST(StartUpQueryForm, AsksWithItsTitleTextAndButtons) {
     Stage stage;
     FrmStartUpQuery query(stage.s);
     EXPECT_EQ(query.windowTitle(), "Startup Demo");
+    ASSERT_NE(query.findChild<QLabel*>(), nullptr);
+    EXPECT_EQ(query.findChild<QLabel*>()->text(), "Show this startup demo next time?");
     ASSERT_NE(query.findChild<QPushButton*>("cmdYes"), nullptr);
     ASSERT_NE(query.findChild<QPushButton*>("cmdNo"), nullptr);
     EXPECT_EQ(query.findChild<QPushButton*>("cmdYes")->text(), "Yes");
     EXPECT_EQ(query.findChild<QPushButton*>("cmdNo")->text(), "No");
+}
+
+TEST(StartUpQueryForm, BringsUpItsHelpPageWhenItComes) {
+    Stage stage;
+    TempFolder folder;
+    stage.s.HelpFile = folder.Touch("help");
+    FrmStartUpQuery query(stage.s);
+    EXPECT_FALSE(stage.s.HelpShown);
+    query.show();
+    EXPECT_TRUE(stage.s.HelpShown);
+    EXPECT_EQ(
+        std::count(stage.Desk.Log.begin(), stage.Desk.Log.end(), "ShowHelpTopic " + std::to_string(kStartUpQueryTopic)),
+        1);
 }
 
 TEST(StartUpQueryForm, TheReturnKeyPressesTheButtonThatHasTheFocusAtFirstYes) {
