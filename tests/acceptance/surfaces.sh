@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # The performer's surfaces under four LoopTracks that sound: the ball of the mix pad cross-fades them, flags select them
-# by drags, the selection's knob carries the selected ones, the selector's buttons choose what is in control.
+# by drags, the selection's knob carries the selected ones, the selector's buttons choose what is in control, double
+# clicks put the balls of pad and map on the centre.
 # Each LoopTrack plays a tone of its own, so that its level can be told from the captured sound.
 source "$(dirname "${BASH_SOURCE[0]}")/hands.sh"
 
@@ -39,6 +40,7 @@ hear "centre"
 PLAIN=("${LEVELS[@]}")
 for row in 0 1 2 3; do between "tone $row is heard" "${PLAIN[row]}" -3500 -1000; done
 picture "mix pad, centre"
+CENTRED=$(face Pad)
 
 echo "Mix pad"
 # The centre of the pad, and how far the ball is pulled: beyond the corners, where it stops.
@@ -98,6 +100,30 @@ release 1
 park
 hear "let go in the centre"
 for row in 0 1 2 3; do level "let go in the centre" "$row" 0; done
+
+echo "Double clicks on the ball of the pad"
+# twice NAME DX DY [BUTTON]: a double click so far from the middle of the control. Its first press puts the pointer
+# elsewhere on the ball.
+twice() {
+  local x y
+  read -r x y <<<"$(at "$1")"
+  xdotool mousemove --window "$WINDOW" $((x + $2)) $((y + $3)) click --repeat 2 --delay 40 "${4:-1}"
+  park
+}
+# The ball has been let go about the centre; from there it is pulled into corner 0 and centred.
+for button in 1 3; do
+  press Pad 1
+  pull -$REACH -$REACH
+  release 1
+  park
+  hear "in the corner"
+  between "in the corner: tone 2 is silent" "${LEVELS[2]}" -10000 -8000
+  twice Pad -142 -142 $button
+  expect "button $button: the ball is on the centre" looks_like Pad "$CENTRED"
+  hear "double click of button $button"
+  for row in 0 1 2 3; do level "double click of button $button" "$row" 0; done
+done
+picture "mix pad, centred"
 
 echo "Selection"
 off=()
@@ -186,6 +212,22 @@ expect "switching 3D on changes the map" looks_unlike Map "$map"
 picture "3d map"
 begin=$(now)
 expect "it sounds in 3D" sounds_since "$begin"
+
+echo "Double clicks on the balls of the map"
+# All balls are on the centre: that of the first LoopTrack on top, then the listener.
+for ball in 0 4; do
+  [[ $ball == 0 ]] || click PosPop
+  park
+  picture "3d map, ball $ball"
+  centred=$(face Map)
+  drag Map 68 -52
+  park
+  expect "ball $ball is dragged" looks_unlike Map "$centred"
+  picture "3d map, ball $ball dragged"
+  # A press puts the pointer beside the middle of the ball, by 8 pixels.
+  twice Map 60 -60
+  expect "a double click puts ball $ball on the centre" looks_like Map "$centred"
+done
 click Tab_0
 park
 picture "mix pad"

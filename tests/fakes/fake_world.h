@@ -30,9 +30,9 @@ public:
         std::string Title;
         BoxStyle Style;
     };
-    std::vector<Box> Boxes;      ///< message boxes shown, in order
-    std::deque<bool> Answers;    ///< prepared answers; true when none is left
-    std::vector<std::string> Log;  ///< everything else, in order
+    std::vector<Box> Boxes;                ///< message boxes shown, in order
+    std::deque<bool> Answers;              ///< prepared answers; true when none is left
+    std::vector<std::string> Log;          ///< everything else, in order
     std::function<void()> WhileBoxIsOpen;  ///< what happens while a box pumps messages
     std::int32_t Depth = 24;
     PixelRect Area{0, 0, 1280, 770};
@@ -42,6 +42,7 @@ public:
     bool FirstInstance = true;
     bool HelpFails = false;
     bool Busy = false;
+    std::function<void(PixelPoint)> PutPointer;  ///< what else happens when the pointer is put somewhere
 
     using Desktop::MessageBox;
     bool MessageBox(const std::string& text, const std::string& title, BoxStyle style) override {
@@ -65,6 +66,7 @@ public:
     PixelPoint SurfaceOrigin(Surface) override { return Origin; }
     void SetCursorPos(PixelPoint p) override {
         Log.push_back("SetCursorPos " + std::to_string(p.X) + "," + std::to_string(p.Y));
+        if (PutPointer) PutPointer(p);
     }
     void ClipCursor(const PixelRect& r) override {
         Log.push_back("ClipCursor " + std::to_string(r.Left) + "," + std::to_string(r.Top) + "," +
@@ -247,7 +249,9 @@ struct FakeJoystick {
 class FakeInputDevice : public DirectInputDevice {
 public:
     explicit FakeInputDevice(FakeJoystick& stick) : stick_(stick) {}
-    void SetCommonDataFormat(std::int32_t format) override { stick_.Note("SetCommonDataFormat", std::to_string(format)); }
+    void SetCommonDataFormat(std::int32_t format) override {
+        stick_.Note("SetCommonDataFormat", std::to_string(format));
+    }
     void SetCooperativeLevel(std::int32_t flags) override { stick_.Note("SetCooperativeLevel", std::to_string(flags)); }
     void GetCapabilities() override { stick_.Note("GetCapabilities"); }
     std::vector<std::int32_t> GetDeviceObjectsEnum() override {

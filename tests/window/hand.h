@@ -5,12 +5,15 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QCursor>
 #include <QDrag>
 #include <QTimer>
 #include <QtTest/QTest>
 #include <functional>
 #include <optional>
 
+#include "fakes/fake_world.h"
+#include "window/controls/surface.h"
 #include "window/drag_source.h"
 
 namespace marvolin::test {
@@ -20,6 +23,23 @@ inline void Choose(QComboBox& list, int entry) {
     list.showPopup();
     list.view()->setCurrentIndex(list.model()->index(entry, 0));
     QTest::keyClick(list.view(), Qt::Key_Return);
+}
+
+/// A click of a quick and steady hand, `after` milliseconds from its last event. It lets go where the press has put the
+/// pointer, if it did.
+inline void QuickClick(QWindow& window, QPoint place, Qt::MouseButton button = Qt::LeftButton, int after = 60) {
+    const QPoint before = QCursor::pos();
+    QTest::mousePress(&window, button, {}, place, after);
+    const QPoint now = QCursor::pos();
+    QTest::mouseRelease(&window, button, {}, now == before ? place : window.mapFromGlobal(now));
+    QTest::lastMouseTimestamp -= QTest::mouseDoubleClickInterval;  // each release is followed by a long rest
+}
+
+/// From now on the desktop really puts the pointer where a drag on this surface wants it.
+inline void LetPointerBePut(FakeDesktop& desk, const BallSurface& surface) {
+    const QPoint origin = surface.Origin();
+    desk.Origin = {origin.x(), origin.y()};
+    desk.PutPointer = [](PixelPoint place) { QCursor::setPos(place.X, place.Y); };
 }
 
 /// The control on its way in a drag that `gesture` begins at `from`; none when it begins none. The drag is called off.

@@ -9,6 +9,8 @@
 #include "performance/tabs.h"
 #include "performance/use_3d.h"
 #include "stage.h"
+#include "window/controls/map_surface.h"
+#include "window/tab_map.h"
 #include "window/tab_mix_pad.h"
 
 namespace marvolin {
@@ -39,6 +41,17 @@ struct Map : test::Stage {
     void MoveBy(QPoint way) { QTest::mouseMove(Form->windowHandle(), start_ + way); }
     void ReleaseAt(QPoint way, Qt::MouseButton button = Qt::LeftButton) {
         QTest::mouseRelease(Form->windowHandle(), button, {}, start_ + way);
+    }
+    QWindow& Window() { return *Form->windowHandle(); }
+    QPoint Pointer() { return Form->mapFromGlobal(QCursor::pos()); }
+    QPointF Place(int ball) {
+        const BallPoint place = MapUnits(s, ball);
+        return {place.X, place.Y};
+    }
+    /// The map has the pointer put on the ball, by a press that is far enough from there to tell the two places apart.
+    QPoint PutByPress(int ball) {
+        test::LetPointerBePut(Desk, *dynamic_cast<TabMap*>(At("MapPage"))->Map);
+        return Ball(ball) - QPoint(7, 7);
     }
     void FillWith3D(Row row) {
         s.Run[row].Buffer = s.DS->CreateSoundBufferFromFile("/samples/one.WAV", buffer_flags::kSample3D);
@@ -150,6 +163,96 @@ TEST(SoundMap, ADoubleClickCentresABallWhateverTheBoxesSay) {
     EXPECT_EQ(map.s.Set[3].PositionX, 0);
     EXPECT_EQ(map.s.Set[3].PositionY, 0);
     EXPECT_TRUE(map.Sent("SetPosition"));
+}
+
+TEST(SoundMap, TwoPressesThatThePutPointerKeepsApartAreADoubleClick) {
+    for (int ball = 0; ball <= kListener; ++ball) {
+        SCOPED_TRACE(ball);
+        Map map;
+        const QPointF before = map.Place(ball);
+        const QPoint press = map.PutByPress(ball);
+        test::QuickClick(map.Window(), press);
+        EXPECT_EQ(map.Place(ball), before);
+        const QPoint put = map.Pointer();
+        ASSERT_GT((put - press).manhattanLength(), 10);
+        QTest::mousePress(&map.Window(), Qt::LeftButton, {}, put, 60);
+        EXPECT_EQ(map.Place(ball), QPointF(0, 0));
+        QTest::mouseMove(&map.Window(), put + QPoint(2, 1));
+        QTest::mouseRelease(&map.Window(), Qt::LeftButton, {}, put + QPoint(20, 1));
+        EXPECT_EQ(map.Place(ball), QPointF(0, 0));
+        EXPECT_TRUE(map.s.CursorFree);
+    }
+}
+
+TEST(SoundMap, ADoubleClickOfAllEventsAtOnceCentresEachBallForGood) {
+    for (int ball = 0; ball <= kListener; ++ball) {
+        for (bool put : {false, true}) {
+            SCOPED_TRACE(testing::Message() << ball << ", " << put);
+            Map map;
+            const QPoint place = put ? map.PutByPress(ball) : map.Ball(ball);
+            QTest::mouseDClick(&map.Window(), Qt::LeftButton, {}, place);
+            EXPECT_EQ(map.Place(ball), QPointF(0, 0));
+            EXPECT_TRUE(map.s.CursorFree);
+        }
+    }
+}
+
+TEST(SoundMap, AClickWhoseReleaseStillTellsTheOldPlaceMovesNoBall) {
+    for (int ball = 0; ball <= kListener; ++ball) {
+        SCOPED_TRACE(ball);
+        Map map;
+        const QPointF before = map.Place(ball);
+        const QPoint press = map.PutByPress(ball);
+        QTest::mouseClick(&map.Window(), Qt::LeftButton, {}, press);
+        ASSERT_GT((map.Pointer() - press).manhattanLength(), 10);
+        EXPECT_EQ(map.Place(ball), before);
+    }
+}
+
+TEST(SoundMap, PressesThatAreNoDoubleClickLeaveTheBalls) {
+    struct Case {
+        const char* Words;
+        Qt::MouseButton First;
+        Qt::MouseButton Second;
+        int After;
+    };
+    for (const Case& at :
+         {Case{"a slow second press", Qt::LeftButton, Qt::LeftButton, QApplication::doubleClickInterval()},
+          Case{"right and left", Qt::RightButton, Qt::LeftButton, 60},
+          Case{"left and right", Qt::LeftButton, Qt::RightButton, 60},
+          Case{"the right button", Qt::RightButton, Qt::RightButton, 60},
+          Case{"the middle button", Qt::MiddleButton, Qt::MiddleButton, 60}}) {
+        for (int ball : {2, kListener}) {
+            SCOPED_TRACE(testing::Message() << at.Words << ", " << ball);
+            Map map;
+            const QPointF before = map.Place(ball);
+            test::QuickClick(map.Window(), map.Ball(ball), at.First);
+            test::QuickClick(map.Window(), map.Ball(ball), at.Second, at.After);
+            EXPECT_EQ(map.Place(ball), before);
+            EXPECT_TRUE(map.s.CursorFree);
+            EXPECT_EQ(map.s.Drag.Dragging, False);
+        }
+    }
+}
+
+TEST(SoundMap, AClickOnAnotherBallIsNoFirstHalfOfADoubleClick) {
+    Map map;
+    const QPointF before = map.Place(1);
+    test::QuickClick(map.Window(), map.Ball(0));
+    test::QuickClick(map.Window(), map.Ball(1));
+    EXPECT_EQ(map.Place(1), before);
+}
+
+TEST(SoundMap, TwoQuickRightClicksFadeALoopTrackTwice) {
+    Map map;
+    map.Fill(2);
+    map.s.Run[2].Playing = True;
+    std::vector<std::int16_t> states;
+    for (int click = 0; click < 2; ++click) {
+        test::QuickClick(map.Window(), map.Ball(2), Qt::RightButton);
+        states.push_back(map.s.Run[2].FadeState);
+    }
+    EXPECT_EQ(states, (std::vector<std::int16_t>{kFalling, kRising}));
 }
 
 TEST(SoundMap, TheSizeGaugeMovesTheBallsAndNotTheSounds) {

@@ -4,6 +4,7 @@
 #include "performance/mix_pad.h"
 #include "performance/pad_tables.h"
 #include "stage.h"
+#include "window/controls/pad_surface.h"
 #include "window/tab_mix_pad.h"
 
 namespace marvolin {
@@ -26,6 +27,15 @@ struct Pad : test::Stage {
         QTest::mouseMove(Form->windowHandle(), start + way);
         QTest::mouseRelease(Form->windowHandle(), button, {}, start + way);
     }
+    /// The pad has the pointer put on the ball, by a press that is far enough from there to tell the two places apart.
+    QPoint PutByPress() {
+        test::LetPointerBePut(Desk, *dynamic_cast<TabMixPad*>(At("MixPadPage"))->Pad);
+        return Ball() - QPoint(7, 7);
+    }
+    QWindow& Window() { return *Form->windowHandle(); }
+    QPoint Pointer() { return Form->mapFromGlobal(QCursor::pos()); }
+    QPointF Place() { return {Record().X, Record().Y}; }
+    void StandAt(double x, double y) { PadMove(s, x, y, s.Geometry.PadHalfX, true, true); }
     QComboBox& List(const char* name) { return *dynamic_cast<QComboBox*>(At(name)); }
     QPoint Centre() { return InWindow("Pad", Middle("Pad")); }
     PadRecord& Record() { return s.PadTable[s.PadTypeIndex]; }
@@ -94,6 +104,160 @@ TEST(MixPad, ADoubleClickOnTheBallCentresIt) {
     EXPECT_EQ(pad.s.ChannelVol[3], 0);
     EXPECT_EQ(pad.s.StatusText, "W: 500, WB: 500, BW: 500, B: 500, ");
     EXPECT_TRUE(pad.s.CursorFree);
+}
+
+TEST(MixPad, TwoPressesThatThePutPointerKeepsApartAreADoubleClickOfEitherButton) {
+    for (Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
+        SCOPED_TRACE(button);
+        Pad pad;
+        pad.StandAt(900, -600);
+        const QPoint press = pad.PutByPress();
+        test::QuickClick(pad.Window(), press, button);
+        EXPECT_EQ(pad.Place(), QPointF(900, -600));
+        const QPoint put = pad.Pointer();
+        ASSERT_GT((put - press).manhattanLength(), 10);
+        test::QuickClick(pad.Window(), put, button);
+        EXPECT_EQ(pad.Place(), QPointF(0, 0));
+        EXPECT_EQ(pad.s.StatusText, "W: 500, WB: 500, BW: 500, B: 500, ");
+        EXPECT_TRUE(pad.s.CursorFree);
+    }
+}
+
+TEST(MixPad, ADoubleClickActsOnceAndTheNextPressTakesTheBall) {
+    Pad pad;
+    pad.Fill(0);
+    pad.StandAt(900, -600);
+    pad.Sound.Log.clear();
+    const QPoint ball = pad.Ball();
+    test::QuickClick(pad.Window(), ball);
+    const auto clicked = pad.Sound.Log.size();
+    QTest::mousePress(&pad.Window(), Qt::LeftButton, {}, ball, 60);
+    EXPECT_EQ(pad.Place(), QPointF(0, 0));
+    EXPECT_EQ(pad.Sound.Log.size(), clicked + 1);
+    EXPECT_TRUE(pad.s.CursorFree);
+    QTest::mouseRelease(&pad.Window(), Qt::LeftButton, {}, ball);
+    EXPECT_EQ(pad.Sound.Log.size(), clicked + 1);
+    QTest::lastMouseTimestamp -= QTest::mouseDoubleClickInterval;
+    QTest::mousePress(&pad.Window(), Qt::LeftButton, {}, pad.Ball(), 60);
+    EXPECT_FALSE(pad.s.CursorFree);
+    QTest::mouseRelease(&pad.Window(), Qt::LeftButton, {}, pad.Ball());
+}
+
+TEST(MixPad, TheCentredBallStaysWhateverTheHandDoesUntilItLetsGo) {
+    for (bool put : {false, true}) {
+        SCOPED_TRACE(put);
+        Pad pad;
+        pad.StandAt(900, -600);
+        const QPoint place = put ? pad.PutByPress() : pad.Ball();
+        // All three presses and releases wait before the first is read.
+        QTest::mouseDClick(&pad.Window(), Qt::LeftButton, {}, place);
+        EXPECT_EQ(pad.Place(), QPointF(0, 0));
+        EXPECT_TRUE(pad.s.CursorFree);
+        test::QuickClick(pad.Window(), pad.Ball());
+        const QPoint centre = pad.Ball();
+        QTest::mousePress(&pad.Window(), Qt::LeftButton, {}, centre, 60);
+        QTest::mouseMove(&pad.Window(), centre + QPoint(30, 30));
+        QTest::mouseRelease(&pad.Window(), Qt::LeftButton, {}, centre + QPoint(40, 40));
+        EXPECT_EQ(pad.Place(), QPointF(0, 0));
+        // After that a move without a button is none of a drag either.
+        QTest::mouseMove(&pad.Window(), pad.Ball() + QPoint(3, 3));
+        EXPECT_EQ(pad.Place(), QPointF(0, 0));
+        pad.Desk.PutPointer = nullptr;
+        pad.Drag({20, 0});
+        EXPECT_EQ(pad.Place(), QPointF(300, 0));
+    }
+}
+
+TEST(MixPad, PressesThatAreNoDoubleClickLeaveTheBall) {
+    struct Case {
+        const char* Words;
+        Qt::MouseButton First;
+        Qt::MouseButton Second;
+        int After;
+    };
+    for (const Case& at :
+         {Case{"a slow second press", Qt::LeftButton, Qt::LeftButton, QApplication::doubleClickInterval()},
+          Case{"another button", Qt::LeftButton, Qt::RightButton, 60},
+          Case{"the other way", Qt::RightButton, Qt::LeftButton, 60},
+          Case{"the middle button", Qt::MiddleButton, Qt::MiddleButton, 60}}) {
+        for (bool put : {false, true}) {
+            SCOPED_TRACE(testing::Message() << at.Words << ", " << put);
+            Pad pad;
+            pad.StandAt(900, -600);
+            const QPoint place = put ? pad.PutByPress() : pad.Ball();
+            test::QuickClick(pad.Window(), place, at.First);
+            const bool moved = put && at.First != Qt::MiddleButton;
+            test::QuickClick(pad.Window(), moved ? pad.Pointer() : place, at.Second, at.After);
+            EXPECT_EQ(pad.Place(), QPointF(900, -600));
+            EXPECT_TRUE(pad.s.CursorFree);
+        }
+    }
+}
+
+TEST(MixPad, ADragBetweenTwoPressesMakesThemNoDoubleClick) {
+    for (int way : {3, 8}) {
+        SCOPED_TRACE(way);
+        Pad pad;
+        const QPoint ball = pad.Ball();
+        QTest::mousePress(&pad.Window(), Qt::LeftButton, {}, ball);
+        QTest::mouseMove(&pad.Window(), ball + QPoint(way, 0));
+        QTest::mouseMove(&pad.Window(), ball + QPoint(1, 0));
+        QTest::mouseRelease(&pad.Window(), Qt::LeftButton, {}, ball + QPoint(1, 0));
+        QTest::lastMouseTimestamp -= QTest::mouseDoubleClickInterval;
+        test::QuickClick(pad.Window(), ball + QPoint(1, 0));
+        EXPECT_EQ(pad.Place(), QPointF(way == 3 ? 0 : 15, 0));
+    }
+}
+
+TEST(MixPad, AClickWhoseReleaseStillTellsTheOldPlaceDoesNotMoveTheBall) {
+    Pad pad;
+    pad.StandAt(900, -600);
+    const QPoint press = pad.PutByPress();
+    QTest::mouseClick(&pad.Window(), Qt::LeftButton, {}, press);
+    ASSERT_GT((pad.Pointer() - press).manhattanLength(), 10);
+    EXPECT_EQ(pad.Place(), QPointF(900, -600));
+}
+
+TEST(MixPad, ADragCountsFromWhereThePointerWasPut) {
+    Pad pad;
+    const QPoint press = pad.PutByPress();
+    QTest::mousePress(&pad.Window(), Qt::LeftButton, {}, press);
+    const QPoint put = pad.Pointer();
+    QTest::mouseMove(&pad.Window(), put + QPoint(10, -5));
+    EXPECT_EQ(pad.Place(), QPointF(150, -75));
+    QTest::mouseRelease(&pad.Window(), Qt::LeftButton, {}, put + QPoint(20, -10));
+    EXPECT_EQ(pad.Place(), QPointF(300, -150));
+}
+
+/// Loses the first move of the pointer: the system tells only the last of some that wait.
+struct MoveLoser : QObject {
+    bool eventFilter(QObject*, QEvent* event) override { return event->type() == QEvent::MouseMove && Lost++ == 0; }
+    int Lost = 0;
+};
+
+TEST(MixPad, AHandThatIsQuickerThanTheNewsOfThePutPointerReachesTheCorner) {
+    Pad pad;
+    const QPoint press = pad.PutByPress();
+    MoveLoser loser;
+    pad.Window().installEventFilter(&loser);
+    QTest::mousePress(&pad.Window(), Qt::LeftButton, {}, press);
+    ASSERT_EQ(loser.Lost, 1);
+    const QPoint put = pad.Pointer();
+    QCursor::setPos(pad.Window().mapToGlobal(press - QPoint(20, 20)));
+    pad.Settle();
+    EXPECT_EQ(pad.Place(), QPointF(press - QPoint(20, 20) - put) * kTwipsPerPixel);
+    QTest::mouseRelease(&pad.Window(), Qt::LeftButton, {}, press - QPoint(20, 20));
+    EXPECT_EQ(pad.Place(), QPointF(press - QPoint(20, 20) - put) * kTwipsPerPixel);
+}
+
+TEST(MixPad, ADragThatThePutPointerMissesFollowsTheHand) {
+    Pad pad;
+    const QPoint press = pad.PutByPress();
+    pad.Desk.PutPointer = [](PixelPoint) {};
+    QTest::mousePress(&pad.Window(), Qt::LeftButton, {}, press);
+    QTest::mouseMove(&pad.Window(), press + QPoint(10, -5));
+    QTest::mouseRelease(&pad.Window(), Qt::LeftButton, {}, press + QPoint(20, -10));
+    EXPECT_EQ(pad.Place(), QPointF(300, -150));
 }
 
 TEST(MixPad, AGrabThatIsLostFreesThePointer) {

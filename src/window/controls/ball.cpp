@@ -1,6 +1,9 @@
 #include "window/controls/ball.h"
 
+#include <QApplication>
 #include <QCursor>
+#include <QMouseEvent>
+#include <QStyleHints>
 #include <cmath>
 
 #include "window/controls/surface.h"
@@ -10,6 +13,10 @@ namespace marvolin {
 namespace {
 
 constexpr double kHeldAt = 15;  // pixels from the ball's corner to the point by which a gesture takes it
+
+double Distance(QPointF a, QPointF b) { return (a - b).manhattanLength(); }
+/// The same place: on a scaled display a pointer stands between whole pixels.
+bool Near(QPointF a, QPointF b) { return Distance(a, b) < 2; }
 
 }  // namespace
 
@@ -31,14 +38,63 @@ void Ball::Refresh() {
          static_cast<int>(std::ceil(place.Y / kTwipsPerPixel)) + BallSurface::kInset - kMargin);
 }
 
+bool Ball::IsSecondPress(const QMouseEvent& event) {
+    const Press now{ButtonNumber(event.button()), event.timestamp()};
+    const bool second = now.Button == first_.Button && now.Time >= first_.Time &&
+                        now.Time - first_.Time < static_cast<std::uint64_t>(QApplication::doubleClickInterval());
+    first_ = second ? Press{} : now;
+    return second && CentresBy(now.Button);
+}
+
+void Ball::mousePressEvent(QMouseEvent* event) {
+    if (IsSecondPress(*event)) {
+        Control::mouseDoubleClickEvent(event);
+    } else {
+        Control::mousePressEvent(event);
+    }
+}
+
+// What the toolkit takes for a double click may have had its first press elsewhere, or a drag in between.
+void Ball::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
+
+void Ball::DoubleClick(std::int16_t, QPointF) {
+    centred_ = true;
+    Centre();
+}
+
+/// The gesture may put the pointer elsewhere; where it could not, the hand counts from where it pressed.
+void Ball::Take(QPointF pointer) {
+    taken_ = Corner();
+    from_ = seen_ = pointer;
+    put_.reset();
+    const QPointF now = QCursor::pos();
+    const bool moved = !s.CursorFree && Distance(now, taken_ + QPointF(kHeldAt, kHeldAt)) < kSize;
+    if (moved && now != pointer) put_ = now;
+}
+
+/// Moves and releases from before the pointer was put still tell its old place. They go on from the place before; one
+/// that is nearer to where it was put, or tells where the pointer stands now, comes after that.
+QPointF Ball::WayOfTheHand(QPointF pointer) {
+    if (put_ && (Near(pointer, QCursor::pos()) || Distance(pointer, *put_) < Distance(pointer, seen_))) {
+        from_ = Near(pointer, *put_) ? pointer : *put_;
+        put_.reset();
+    }
+    seen_ = pointer;
+    const QPointF way = pointer - from_;
+    const int still = QGuiApplication::styleHints()->mouseDoubleClickDistance();
+    if (std::abs(way.x()) > still || std::abs(way.y()) > still) first_ = {};
+    return way;
+}
+
 void Ball::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     const QPointF pointer = mapToGlobal(twips / kTwipsPerPixel);
     if (phase == Phase::Down) {
+        centred_ = false;
         BallGesture(phase, button, kHeldAt * kTwipsPerPixel, pointer.y() * kTwipsPerPixel);
-        // The gesture may have put the pointer elsewhere; where it could not, the pointer is where it was pressed.
-        const QPointF now = QCursor::pos();
-        const bool moved = !s.CursorFree && (now - Corner()).manhattanLength() < 3 * kSize;
-        grip_ = (moved ? now : pointer) - Corner();
+        return Take(pointer);
+    }
+    if (centred_) {
+        centred_ = phase == Phase::Move && Held();
         return;
     }
     if (s.CursorFree) {
@@ -49,7 +105,7 @@ void Ball::Gesture(Phase phase, std::int16_t button, QPointF twips) {
                     pointer.y() * kTwipsPerPixel);
         return;
     }
-    const QPointF held = (pointer - Corner() - grip_ + QPointF(kHeldAt, kHeldAt)) * kTwipsPerPixel;
+    const QPointF held = (WayOfTheHand(pointer) + taken_ - Corner() + QPointF(kHeldAt, kHeldAt)) * kTwipsPerPixel;
     BallGesture(phase, button, held.x(), held.y());
 }
 

@@ -39,13 +39,10 @@ void PosBall::BallGesture(Phase phase, std::int16_t button, double x, double y) 
     if (phase == Phase::Up) unsetCursor();
 }
 
-void PosBall::DoubleClick(std::int16_t button, QPointF twips) {
-    const QPoint before = pos();
-    PosBall_DblClick(s, index);
-    if (button == kLeftButton) HoldMoved(button, twips, before);
-}
+// Two right clicks are two fades, or two turns of the listener.
+bool PosBall::CentresBy(std::int16_t button) const { return button == kLeftButton; }
 
-void PosBall::Activate() { PosBall_DblClick(s, index); }
+void PosBall::Centre() { PosBall_DblClick(s, index); }
 
 void PosBall::keyPressEvent(QKeyEvent* event) {
     const int right = event->key() == Qt::Key_Right ? 1 : event->key() == Qt::Key_Left ? -1 : 0;

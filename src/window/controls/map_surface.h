@@ -15,8 +15,8 @@ public:
 protected:
     BallPoint Place() const override;
     void BallGesture(Phase phase, std::int16_t button, double x, double y) override;
-    void DoubleClick(std::int16_t button, QPointF twips) override;
-    void Activate() override;
+    bool CentresBy(std::int16_t button) const override;
+    void Centre() override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 

@@ -60,15 +60,11 @@ void PadBall::BallGesture(Phase phase, std::int16_t button, double x, double y) 
     if (phase == Phase::Up) unsetCursor();
 }
 
-void PadBall::DoubleClick(std::int16_t button, QPointF twips) {
-    const QPoint before = pos();
-    PadBall_DblClick(s);
-    HoldMoved(button, twips, before);
-}
+bool PadBall::CentresBy(std::int16_t button) const { return button == kLeftButton || button == kRightButton; }
+
+void PadBall::Centre() { PadBall_DblClick(s); }
 
 void PadBall::Step(int units) { PadMove(s, 0, -units * kKeyStep * kTwipsPerPixel, s.Geometry.PadHalfX, false, true); }
-
-void PadBall::Activate() { PadBall_DblClick(s); }
 
 void PadBall::keyPressEvent(QKeyEvent* event) {
     const int units = event->key() == Qt::Key_Right ? 1 : event->key() == Qt::Key_Left ? -1 : 0;

@@ -13,9 +13,9 @@ public:
 protected:
     BallPoint Place() const override;
     void BallGesture(Phase phase, std::int16_t button, double x, double y) override;
-    void DoubleClick(std::int16_t button, QPointF twips) override;
+    bool CentresBy(std::int16_t button) const override;
+    void Centre() override;
     void Step(int units) override;
-    void Activate() override;
     void keyPressEvent(QKeyEvent* event) override;
     std::string_view Hint(QPointF place) const override;
     void paintEvent(QPaintEvent* event) override;
