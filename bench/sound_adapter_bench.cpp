@@ -40,7 +40,7 @@ struct Bed {
         Path = Folder.Write("noise.wav", test::WaveBytes(wave));
     }
     std::unique_ptr<DirectSoundBuffer> Load() { return Device->CreateSoundBufferFromFile(Path, buffer_flags::kSample); }
-    test::TempFolder Folder;
+    test::SampleFolder Folder;
     std::string Path;
     LoopbackRenderer Renderer;
     std::unique_ptr<DirectX7> Root = Renderer.Root();

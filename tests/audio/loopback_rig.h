@@ -90,7 +90,7 @@ protected:
         }
     }
 
-    TempFolder folder_;
+    SampleFolder folder_;
     int files_ = 0;
     LoopbackRenderer renderer_;
     std::unique_ptr<DirectX7> root_;

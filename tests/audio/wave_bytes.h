@@ -74,18 +74,18 @@ inline Bytes Pcm(const std::vector<std::int32_t>& numbers, int bits) {
 }
 
 /// A folder of its own that is gone at the end.
-class TempFolder {
+class SampleFolder {
 public:
-    TempFolder() {
+    SampleFolder() {
         std::string name = (std::filesystem::temp_directory_path() / "soundXXXXXX").string();
         path_ = mkdtemp(name.data());
     }
-    ~TempFolder() {
+    ~SampleFolder() {
         std::error_code ignored;
         std::filesystem::remove_all(path_, ignored);
     }
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
+    SampleFolder(const SampleFolder&) = delete;
+    SampleFolder& operator=(const SampleFolder&) = delete;
     std::string Path(const std::string& name) const { return (path_ / name).string(); }
     std::string Write(const std::string& name, const Bytes& bytes) const {
         std::ofstream file(Path(name), std::ios::binary);

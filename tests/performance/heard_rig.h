@@ -30,7 +30,7 @@ struct Sides {
 
 struct HeardInstrument {
     LoopbackRenderer Renderer;
-    TempFolder Folder;
+    SampleFolder Folder;
     FakeDisplay Screen;
     FakeDesktop Desk;
     FakeWindows Forms;
