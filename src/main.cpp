@@ -36,7 +36,8 @@ int main(int argc, char** argv) {
                                  Form_KeyUp(session, letter,
                                             (shift ? kShiftKey : 0) | (control ? kCtrlKey : 0) | (alt ? kAltKey : 0));
                              },
-                             [&] { return session.DX ? OpenAlSoundLoad(*session.DX) / 100 : 0.0; }});
+                             [&] { return session.DX ? OpenAlSoundLoad(*session.DX) / 100 : 0.0; },
+                             [&] { return session.DX != nullptr && OpenAlSoundGone(*session.DX); }});
     if (!RunMain(session, hooks) || windows.Ended()) return 0;
     return application.exec();
 }

@@ -19,6 +19,8 @@ public:
 
     /// Gone when the device is.
     std::weak_ptr<const void> Life() const { return alive_; }
+    /// Whether its output was pulled out while it was open.
+    bool Gone() const { return output_ != nullptr && output_->Gone(); }
 
     void SetCooperativeLevel(std::int32_t level) override;
     std::unique_ptr<DirectSoundBuffer> CreateSoundBuffer(std::int32_t flags) override;

@@ -39,10 +39,11 @@ private:
     std::vector<Driver> drivers_;
 };
 
-/// A root whose devices report the time that they take.
+/// A root whose devices report the time that they take, and whether they are still there.
 class MeteredRoot : public DirectX7 {
 public:
     double Load() const { return open_.expired() ? 0 : meter_->Percent(); }
+    bool Gone() const { return !open_.expired() && device_->Gone(); }
 
 protected:
     std::shared_ptr<OpenAlContext> OpenContext() {
@@ -51,12 +52,14 @@ protected:
     }
     std::unique_ptr<DirectSound> Opened(std::shared_ptr<OpenAlContext> context, std::unique_ptr<SdlOutput> output) {
         auto device = std::make_unique<OpenAlDevice>(std::move(context), std::move(output));
+        device_ = device.get();
         open_ = device->Life();
         return device;
     }
 
 private:
     std::shared_ptr<LoadMeter> meter_ = std::make_shared<LoadMeter>();
+    const OpenAlDevice* device_ = nullptr;  // there as long as `open_` is
     std::weak_ptr<const void> open_;
 };
 
@@ -118,6 +121,11 @@ std::unique_ptr<DirectX7> CreateOpenAlSound() {
 double OpenAlSoundLoad(const DirectX7& service) {
     const auto* root = dynamic_cast<const MeteredRoot*>(&service);
     return root == nullptr ? 0 : root->Load();
+}
+
+bool OpenAlSoundGone(const DirectX7& service) {
+    const auto* root = dynamic_cast<const MeteredRoot*>(&service);
+    return root != nullptr && root->Gone();
 }
 
 LoopbackRenderer::LoopbackRenderer() : slot_(std::make_shared<Slot>()) {}

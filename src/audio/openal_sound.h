@@ -20,6 +20,10 @@ std::unique_ptr<DirectX7> CreateOpenAlSound();
 /// second. 0 without a device, and for any other service.
 double OpenAlSoundLoad(const DirectX7& service);
 
+/// Whether the service's open device was pulled out. Its sounds go on unheard until another is opened.
+/// False without a device, and for any other service.
+bool OpenAlSoundGone(const DirectX7& service);
+
 /// A service without an output: the sound of its device is fetched by hand, for tests, bench programs and for writing
 /// it to a file. It renders as the program's service does.
 class LoopbackRenderer {

@@ -39,6 +39,9 @@ public:
     SdlOutput(const SdlOutput&) = delete;
     SdlOutput& operator=(const SdlOutput&) = delete;
 
+    /// Whether SDL has let go of the device, as it does when that was pulled out.
+    bool Gone() const { return SDL_GetAudioDeviceStatus(device_) == SDL_AUDIO_STOPPED; }
+
 private:
     SDL_AudioDeviceID device_;
 };

@@ -8,6 +8,7 @@
 #include <QPlainTextEdit>
 #include <QTextEdit>
 
+#include "core/routines.h"
 #include "persistence/quick_load.h"
 #include "window/controls/drop_down.h"
 #include "window/controls/map_surface.h"
@@ -73,7 +74,7 @@ FrmMain::FrmMain(Session& session, Events events) : s(session), events_(std::mov
     places_.setInterval(kPlacePeriod);
     places_.callOnTimeout(this, [this] { ShowPlaces(); });
     load_.setInterval(kLoadPeriod);
-    load_.callOnTimeout(this, [this] { Status2->RefreshLoad(); });
+    load_.callOnTimeout(this, [this] { WatchSound(); });
     if (events_.SoundLoad) load_.start();
     qApp->installEventFilter(this);
 }
@@ -108,6 +109,14 @@ void FrmMain::FollowPlaying() {
         places_.stop();
         ShowPlaces();
     }
+}
+
+void FrmMain::WatchSound() {
+    const bool gone = events_.SoundGone && events_.SoundGone();
+    if (gone && !soundGone_) ShowStatus(s, "The sound device is gone. Choose one on the tab Optn.");
+    soundGone_ = gone;
+    Status2->ShowGone(gone);
+    Status2->RefreshLoad();
 }
 
 void FrmMain::RefreshTitle() {

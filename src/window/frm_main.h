@@ -29,6 +29,7 @@ public:
         /// A letter "A".."Z" was let go in the window, whatever control has the keys.
         std::function<void(char letter, bool shift, bool control, bool alt)> KeyUp;
         std::function<double()> SoundLoad;  ///< share of real time that the sound takes
+        std::function<bool()> SoundGone;    ///< whether the open sound device was pulled out
     };
 
     FrmMain(Session& session, Events events);
@@ -39,6 +40,8 @@ public:
     /// Starts the moving line of the place that sounds while anything plays.
     void FollowPlaying();
     void RefreshTitle();
+    /// Shows the load of the sound, and tells when the device has gone; asked every other second.
+    void WatchSound();
     /// Makes the balls of pad and map answer the pointer, or not.
     void EnableBalls(bool enabled);
     /// The list of sessions can be opened, or not.
@@ -72,6 +75,7 @@ private:
     Events events_;
     QTimer places_;  // ticks while something sounds
     QTimer load_;
+    bool soundGone_ = false;
     PopupList* quickLoad_ = nullptr;
     HistoryList* historyList_ = nullptr;
     SelectList* selectList_ = nullptr;

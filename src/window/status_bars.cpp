@@ -96,11 +96,18 @@ QString StatusBar2::LoadText() const {
 QString StatusBar2::DeviceText() const {
     if (s.Driver < 0 || s.Driver >= static_cast<std::int16_t>(s.Drivers.size())) return "No Sound";
     const QString name = QString::fromStdString(s.Drivers[static_cast<std::size_t>(s.Driver)]);
+    if (s.DSReady && gone_) return name + " is gone: choose a sound driver on the tab Optn";
     return s.DSReady ? name + ", 44100 Hz, 256 frames" : QString("No Sound");
 }
 
 void StatusBar2::RefreshLoad() {
     if (LoadText() != shownLoad_) update(kLoadPlace);
+}
+
+void StatusBar2::ShowGone(bool gone) {
+    if (gone == gone_) return;
+    gone_ = gone;
+    update();
 }
 
 void StatusBar2::paintEvent(QPaintEvent*) {
@@ -109,7 +116,7 @@ void StatusBar2::paintEvent(QPaintEvent*) {
     p.setFont(theme::Sans(12));
     shownLoad_ = LoadText();
     DrawPanel(p, QRect(12, 0, 72, kHeight), QString::fromStdString(s.TodayLabel), theme::kQuiet);
-    DrawPanel(p, QRect(90, 0, 580, kHeight), DeviceText(), theme::kQuiet);
+    DrawPanel(p, QRect(90, 0, 580, kHeight), DeviceText(), gone_ ? theme::kRed : theme::kQuiet);
     DrawPanel(p, QRect(684, 0, 190, kHeight), QString::fromStdString(s.CurrentFile), theme::kQuiet);
     p.setPen(theme::kQuiet);
     p.drawText(kLoadPlace, Qt::AlignVCenter | Qt::AlignRight, shownLoad_);

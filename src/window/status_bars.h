@@ -35,17 +35,21 @@ public:
     /// `soundLoad` gives the share of real time, 0..1, that the sound takes; empty when nothing measures it.
     StatusBar2(Session& session, QWidget* parent, std::function<double()> soundLoad);
     void RefreshLoad();
+    /// Shows, in red, that the device has gone, or that it has not.
+    void ShowGone(bool gone);
+    /// What stands for the device.
+    QString DeviceText() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
     QString LoadText() const;
-    QString DeviceText() const;
 
     Session& s;
     const std::function<double()> soundLoad_;
     QString shownLoad_;
+    bool gone_ = false;
 };
 
 }  // namespace marvolin

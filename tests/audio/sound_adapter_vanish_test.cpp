@@ -30,8 +30,10 @@ TEST(SoundAdapterVanish, ASampleSoundsOnUnheardAndEveryCallIsTaken) {
         auto buffer = device->CreateSoundBufferFromFile(WriteTone(folder), buffer_flags::kSample);
         buffer->Play(1);
         ASSERT_TRUE(output.Heard());
+        EXPECT_FALSE(OpenAlSoundGone(*root));
 
         output.Vanish();
+        ASSERT_TRUE(Eventually([&] { return OpenAlSoundGone(*root); }));
         ASSERT_TRUE(GetsOn(*buffer));
         output.Listen();
         ASSERT_TRUE(GetsOn(*buffer));
@@ -68,11 +70,16 @@ TEST(SoundAdapterVanish, TheNextDeviceIsHeardWhetherTheGoneOneWasClosedBeforeOrN
             ASSERT_TRUE(output.Heard());
             output.Vanish();
             ASSERT_TRUE(GetsOn(*lost));
-            if (closed) gone.reset();
+            ASSERT_TRUE(Eventually([&] { return OpenAlSoundGone(*root); }));
+            if (closed) {
+                gone.reset();
+                EXPECT_FALSE(OpenAlSoundGone(*root)) << "there is no device";
+            }
 
             output.PlugIn();
             auto device = root->DirectSoundCreate("");
             auto buffer = device->CreateSoundBufferFromFile(WriteTone(folder), buffer_flags::kSample);
+            EXPECT_FALSE(OpenAlSoundGone(*root));
             buffer->Play(1);
             EXPECT_TRUE(output.Heard());
             output.Vanish();

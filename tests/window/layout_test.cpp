@@ -4,6 +4,7 @@
 
 #include "stage.h"
 #include "window/control.h"
+#include "window/status_bars.h"
 #include "window/theme.h"
 
 namespace marvolin {
@@ -147,6 +148,33 @@ TEST(StatusBars, ShowHintReadoutAndClock) {
     EXPECT_NE(before, hint);
     EXPECT_NE(hint, readout);
     EXPECT_NE(readout, clock);
+}
+
+TEST(StatusBars, ADeviceThatHasGoneIsToldOnceAndStaysShownUntilAnotherIsThere) {
+    Stage stage;
+    stage.Form->WatchSound();
+    EXPECT_EQ(stage.Form->Status2->DeviceText(), "Primary Sound Driver, 44100 Hz, 256 frames");
+    const QImage before = stage.At("StatusBar2")->grab().toImage();
+
+    stage.s.StatusText.clear();
+    stage.SoundGone = true;
+    stage.Form->WatchSound();
+    EXPECT_EQ(stage.s.StatusText, "The sound device is gone. Choose one on the tab Optn.");
+    EXPECT_EQ(stage.Form->Status2->DeviceText(),
+              "Primary Sound Driver is gone: choose a sound driver on the tab Optn");
+    EXPECT_NE(stage.At("StatusBar2")->grab().toImage(), before);
+    stage.s.StatusText = "Stopped.";
+    stage.Form->WatchSound();
+    EXPECT_EQ(stage.s.StatusText, "Stopped.");
+
+    stage.SoundGone = false;
+    stage.Form->WatchSound();
+    EXPECT_EQ(stage.At("StatusBar2")->grab().toImage(), before);
+    stage.SoundGone = true;
+    stage.Form->WatchSound();
+    EXPECT_EQ(stage.s.StatusText, "The sound device is gone. Choose one on the tab Optn.");
+    stage.s.DSReady = false;
+    EXPECT_EQ(stage.Form->Status2->DeviceText(), "No Sound");
 }
 
 TEST(StatusBars, TheQuestionMarkSaysItsHint) {

@@ -26,7 +26,7 @@ Stage::Stage() {
                                Keys.push_back(std::string(1, letter) + (shift ? "+shift" : "") +
                                               (control ? "+control" : "") + (alt ? "+alt" : ""));
                            },
-                           nullptr});
+                           nullptr, [this] { return SoundGone; }});
     Screen.Attach(Form.get());
     Form->show();
     Settle();

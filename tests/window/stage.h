@@ -65,6 +65,7 @@ public:
     std::vector<std::string> Keys;  ///< letters let go, with "+shift", "+control", "+alt"
     int Activations = 0;
     int Unloads = 0;
+    bool SoundGone = false;  ///< what the window hears of the device when it asks
     std::unique_ptr<FrmMain> Form;
 
 private:
