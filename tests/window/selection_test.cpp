@@ -106,6 +106,23 @@ TEST(SelectPopUp, OpensTheRulesAndAppliesTheChosenOne) {
     EXPECT_FALSE(list->isVisible());
 }
 
+TEST(SelectPopUp, TheKeysChooseAndEscapeChoosesNothing) {
+    Stage stage;
+    auto* list = stage.Form->findChild<QListWidget*>("SlctGroup");
+    stage.Click("SelectPopUp");
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Escape);
+    EXPECT_FALSE(list->isVisible());
+    EXPECT_EQ(stage.s.Set[0].Selected, False);
+    stage.Click("SelectPopUp");
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_EQ(stage.s.Set[0].Selected, False);
+    list->setCurrentRow(0);
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_EQ(stage.s.Set[0].Selected, True);
+    EXPECT_FALSE(list->isVisible());
+}
+
 TEST(SelectorRadio, AClickTogglesAndADoubleClickIsExclusive) {
     Stage stage;
     stage.Click("SelectorRadio_0");

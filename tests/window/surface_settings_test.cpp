@@ -4,49 +4,17 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QSlider>
 #include <array>
 
 #include "hand.h"
-#include "performance/joystick_setup.h"
-#include "performance/mix_pad.h"
-#include "performance/pad_tables.h"
-#include "performance/sound_map.h"
-#include "performance/tabs.h"
-#include "performance/use_3d.h"
-#include "stage.h"
-#include "window/tab_mix_pad.h"
+#include "settings_stage.h"
 
 namespace marvolin {
 namespace {
 
-struct Settings : test::Stage {
-    explicit Settings(bool stick = true) {
-        PadGeometryInit(s, TabMixPad::InnerWidth(), TabMixPad::InnerHeight());
-        PadListInit(s);
-        PadTablesInit(s);
-        MapInit(s);
-        if (!stick) Stick.Devices.clear();
-        InitDirectInput(s);
-        Settle();
-    }
-    void OpenMap() {
-        s.Use3D = true;
-        MapEnable(s, true);
-        SetTab(s, kMapTab);
-        Settle();
-    }
-    void OpenJoystick() {
-        SetTab(s, kOptionTab);
-        auto& page = *At("JoystickPage");
-        for (int tab = 0; tab < 4 && !page.isVisible(); ++tab) Click(("OptionSubTab_" + std::to_string(tab)).c_str());
-        ASSERT_TRUE(page.isVisible());
-    }
-    template <typename Widget>
-    Widget& Find(const std::string& name) {
-        return *Form->findChild<Widget*>(QString::fromStdString(name));
-    }
-};
+using test::Settings;
 
 QStringList Texts(const QComboBox& list) {
     QStringList texts;
@@ -200,6 +168,18 @@ TEST(PadLists, HoldTheirEntriesInOrder) {
                            "Alternate by 2", "Groups of 8", "All to 1", "All to 0"}));
     EXPECT_EQ(stage.Find<QComboBox>("PadType").currentText(), "Vol");
     EXPECT_EQ(stage.Find<QComboBox>("PadFunction").currentText(), "Fde aftr Centr");
+}
+
+TEST(JoystickTab, SaysThatNoJoystickWasFound) {
+    for (const bool stick : {true, false}) {
+        Settings stage(stick);
+        stage.OpenJoystick();
+        bool told = false;
+        for (const QLabel* label : stage.At("JoystickPage")->findChildren<QLabel*>()) {
+            told = told || (label->isVisible() && label->text().startsWith("No joystick was found"));
+        }
+        EXPECT_NE(told, stick);
+    }
 }
 
 }  // namespace

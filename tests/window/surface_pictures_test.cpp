@@ -1,0 +1,148 @@
+// What pad, map and selection look like, and that they are painted again when something changes elsewhere.
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <functional>
+
+#include "hand.h"
+#include "parameters/position.h"
+#include "performance/bands.h"
+#include "performance/listener.h"
+#include "performance/scatter.h"
+#include "performance/selection.h"
+#include "settings_stage.h"
+
+namespace marvolin {
+namespace {
+
+using test::Settings;
+
+/// What the window looks like at a control.
+QImage Picture(Settings& stage, const char* name) {
+    stage.Settle();
+    return stage.Form->grab({stage.InWindow(name, {}), stage.At(name)->size()}).toImage();
+}
+
+TEST(PadPictures, EachTypeHasItsColourItsBallAndItsTwist) {
+    Settings stage;
+    std::vector<QImage> balls;
+    for (std::int16_t type = 0; type < 4; ++type) {
+        SCOPED_TRACE(type);
+        PadType_Click(stage.s, type);
+        const QImage pad = Picture(stage, "Pad");
+        const Colour back = stage.s.PadTable[type].BackColor;
+        // Away from the lines, the wires and the ball.
+        EXPECT_EQ(pad.pixelColor(100, 30), QColor(back.Red, back.Green, back.Blue));
+        balls.push_back(pad.copy(146, 146, 8, 8));
+        for (std::size_t other = 0; other + 1 < balls.size(); ++other) EXPECT_NE(balls[other], balls.back()) << other;
+    }
+    const QImage pan = Picture(stage, "TwistIndicator");
+    PadType_Click(stage.s, 2);
+    const QImage vol = Picture(stage, "TwistIndicator");
+    PadType_Click(stage.s, 0);
+    const QImage pitch = Picture(stage, "TwistIndicator");
+    EXPECT_NE(pan, vol);
+    EXPECT_NE(vol, pitch);
+    stage.s.PadTable[0].TwistIcon = kNoTwistIcon;
+    PadTwistShow(stage.s, 0);
+    const QImage hidden = Picture(stage, "TwistIndicator");
+    EXPECT_NE(pitch, hidden);
+    EXPECT_NE(pitch.pixel(pitch.width() / 2 - 7, 14), hidden.pixel(hidden.width() / 2 - 7, 14));
+}
+
+TEST(PadPictures, TheFieldShowsTheCurve) {
+    Settings stage;
+    std::vector<QImage> fields;
+    for (const PadCurve& curve : kPadCurves) {
+        PadFunction_Click(stage.s, curve.Function);
+        fields.push_back(Picture(stage, "Pad"));
+    }
+    EXPECT_NE(fields[0], fields[1]);
+    EXPECT_NE(fields[1], fields[2]);
+    EXPECT_NE(fields[0], fields[2]);
+}
+
+TEST(MapPictures, TheListenerTurnsInStepsOfFiveDegrees) {
+    Settings stage;
+    stage.OpenMap();
+    PosMove(stage.s, 900, 900, kListenerBall, true, false, false);
+    RotateListener(stage.s, 0, false);
+    const QImage ahead = Picture(stage, "PosBall_4");
+    RotateListener(stage.s, 4, false);
+    EXPECT_EQ(Picture(stage, "PosBall_4"), ahead);
+    RotateListener(stage.s, 5, false);
+    EXPECT_NE(Picture(stage, "PosBall_4"), ahead);
+    RotateListener(stage.s, 357, false);
+    EXPECT_EQ(Picture(stage, "PosBall_4"), ahead);
+}
+
+TEST(MapPictures, TheHighlightedBallIsInFrontAndGivesItsFaceToTheNext) {
+    Settings stage;
+    stage.OpenMap();
+    for (int ball = 0; ball < 2; ++ball) PosMove(stage.s, 900.0 - 600 * ball, 900, ball, true, false, false);
+    const QImage plain = Picture(stage, "PosBall_0");
+    const auto front = [&] { return stage.At("Map")->children().last()->objectName(); };
+    PosSetHighlight(stage.s, 0);
+    EXPECT_NE(Picture(stage, "PosBall_0"), plain);
+    EXPECT_EQ(front(), "PosBall_0");
+    PosSetHighlight(stage.s, 1);
+    EXPECT_EQ(Picture(stage, "PosBall_0"), plain);
+    EXPECT_EQ(front(), "PosBall_1");
+    stage.Click("PosPop");
+    EXPECT_EQ(front(), "PosBall_4");
+}
+
+TEST(MapPictures, AWanderThatIsEndedShowsInTheList) {
+    Settings stage;
+    stage.OpenMap();
+    auto& macros = stage.Find<QComboBox>("PosMacros");
+    test::Choose(macros, kMacroWander);
+    EXPECT_EQ(stage.s.PosMacro, kMacroWander);
+    stage.s.PosMacro = kMacroOff;
+    stage.Screen.ShowMapControls();
+    EXPECT_EQ(macros.currentText(), "Off");
+}
+
+/// Whether a change has this control painted again, and gives it another picture.
+bool Repainted(Settings& stage, const char* name, const std::function<void()>& change) {
+    const QImage before = Picture(stage, name);
+    test::PaintWatch watch;
+    change();
+    stage.Settle();
+    return watch.Painted.contains(name) && Picture(stage, name) != before;
+}
+
+TEST(SelectionPictures, EachIsPaintedAgainWhenItsValueChangesElsewhere) {
+    Settings stage;
+    for (int button = 0; button <= kBands; ++button) {
+        const std::string name = "SelectorRadio_" + std::to_string(button);
+        const auto row = static_cast<Row>(button == 0 ? kBands : button - 1);
+        EXPECT_TRUE(Repainted(stage, name.c_str(), [&] { SetSelector(stage.s, row, button != 0); })) << button;
+    }
+    EXPECT_TRUE(Repainted(stage, "Bands", [&] { SetBand(stage.s, 3, {1, 2}); }));
+    for (const char* name : {"Selected_0", "Selected_3"}) {
+        EXPECT_TRUE(Repainted(stage, name, [&] { SelectGroup(stage.s, "Toggle"); })) << name;
+    }
+    EXPECT_TRUE(Repainted(stage, "Thumb_2", [&] { SetCurrentLoop(stage.s, 2, false); }));
+    EXPECT_TRUE(Repainted(stage, "Thumb_2", [&] { SetCurrentLoop(stage.s, 1, false); }));
+}
+
+TEST(SurfacePictures, EachIsPaintedAgainWhenItsValueChangesElsewhere) {
+    Settings stage;
+    EXPECT_TRUE(Repainted(stage, "Pad", [&] { PadType_Click(stage.s, 3); }));
+    EXPECT_TRUE(Repainted(stage, "PadBall", [&] { PadType_Click(stage.s, 0); }));
+    EXPECT_TRUE(Repainted(stage, "TwistIndicator", [&] { PadType_Click(stage.s, 2); }));
+    EXPECT_TRUE(Repainted(stage, "ChannelLevels", [&] { PadMove(stage.s, 300, 200, 500, true, true); }));
+    stage.OpenMap();
+    for (int ball = 0; ball < 3; ++ball) PosMove(stage.s, 900.0 - 600 * ball, 900, ball, true, false, false);
+    PosMove(stage.s, -900, -900, kListenerBall, true, false, false);
+    EXPECT_TRUE(Repainted(stage, "PosBall_4", [&] { RotateListener(stage.s, 90, false); }));
+    EXPECT_TRUE(Repainted(stage, "PosBall_2", [&] { PosSetHighlight(stage.s, 2); }));
+    EXPECT_TRUE(Repainted(stage, "PosBall_2", [&] { PosSetHighlight(stage.s, 1); }));
+    EXPECT_TRUE(Repainted(stage, "MapSize", [&] { SetMapSize(stage.s, 6); }));
+    EXPECT_TRUE(Repainted(stage, "RollOff", [&] { SetRollOff(stage.s, 3); }));
+}
+
+}  // namespace
+}  // namespace marvolin
