@@ -67,7 +67,6 @@ void PickFile_MouseUp(Session& s, int bin, std::int16_t button, int row) {
     HideTree(s);
     if (button == kLeftButton) {
         LoopLoadRows(s, sample->Folder, sample->Name, picks.Destination, picks.ClickPlay == 1);
-        s.World.Screen.ShowDestinations();
     } else {
         TogglePlay(s, picks.Destination);
     }

@@ -17,7 +17,7 @@ public:
     virtual void ShowPlay(Row row) = 0;          ///< picture of `Play`: stopped, playing, paused
     virtual void ShowPlayMode(Row row) = 0;      ///< picture of `LoopIt`; row 5 is the large one on the pattern tab
     virtual void ShowKnob(Row row, Knob knob) = 0;
-    virtual void ShowCaption(Row row) = 0;       ///< letter, sample name and tool tip, thinnable or not
+    virtual void ShowCaption(Row row) = 0;       ///< letter, sample name wherever it stands, tool tip, thinnable or not
     virtual void ShowEnabled(Row row) = 0;       ///< enabled state of the row's controls
     virtual void ShowSoundDisplay(Row row) = 0;  ///< the two needles of `SndDisp`
     virtual void ShowWaveform(Row row) = 0;      ///< the sample of the row is another one, or reads otherwise

@@ -87,7 +87,6 @@ void DropFromBin(Session& s, Row row, const DragSource& source) {
     const std::optional<BinSample> sample = SampleAt(s, source.Index, s.Bins[source.Index].Selected);
     if (!sample) return;
     LoopLoadRows(s, sample->Folder, sample->Name, row, DropPlays(s, source.Index));
-    s.World.Screen.ShowDestinations();
 }
 
 void DropSample(Session& s, Row row, const DragSource& source) {

@@ -57,6 +57,8 @@ void QtDisplay::ShowCaption(Row row) {
         Again(shown->Play);
         shown->Name->Refresh();
     }
+    // The destinations of the bins are the LoopTracks by the names of their samples.
+    if (browse_ != nullptr && row < kLoopTracks) browse_->Bins->RefreshDestinations();
 }
 
 void QtDisplay::ShowEnabled(Row row) {
