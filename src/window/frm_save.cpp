@@ -1,6 +1,8 @@
 #include "window/frm_save.h"
 
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QFrame>
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -26,6 +28,27 @@ QStringList NameFilters() {
 }
 
 QString SuffixOf(const QString& filter) { return filter.contains("*.mvp") ? "mvp" : "mvn"; }
+
+/// A file dialogue that ends only with a file whose folder there is.
+class SessionFileDialogue : public QFileDialog {
+public:
+    SessionFileDialogue(Session& session, QWidget* parent, const QString& caption)
+        : QFileDialog(parent, caption), s(session) {}
+
+protected:
+    void accept() override {
+        const QStringList files = selectedFiles();
+        const QString folder = files.isEmpty() ? QString() : QFileInfo(files.first()).absolutePath();
+        if (acceptMode() == AcceptSave && !folder.isEmpty() && !QDir(folder).exists()) {
+            s.World.Desk.MessageBox("There is no folder " + folder.toStdString());
+            return;
+        }
+        QFileDialog::accept();
+    }
+
+private:
+    Session& s;
+};
 
 QLabel* Caption(const QString& text) {
     auto* label = new QLabel(text);
@@ -165,7 +188,7 @@ void FrmSave::Open() {
 }
 
 void FrmSave::AskFile(bool save) {
-    QFileDialog dialogue(this, save ? "Save As" : "Open");
+    SessionFileDialogue dialogue(s, this, save ? "Save As" : "Open");
     dialogue.setObjectName(save ? "SaveFileDialogue" : "OpenFileDialogue");
     dialogue.setOption(QFileDialog::DontUseNativeDialog);
     dialogue.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);

@@ -1,0 +1,110 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <QtTest/QTest>
+
+#include "fakes/temp_folder.h"
+#include "persistence/save_open.h"
+#include "stage.h"
+#include "window/frm_save.h"
+
+namespace marvolin {
+namespace {
+
+/// The Save/Open dialogue on a folder of its own that holds the session "set.mvn" and the package "set.mvp".
+struct Dialogue : test::Stage {
+    Dialogue() {
+        Folder.Touch("set.mvn");
+        Folder.Touch("set.mvp");
+        s.CurrentFolder = Folder.Path() + "/";
+        s.CurrentFile = "set.mvn";
+        Screen.Attach(&Window);
+        Window.Open();
+    }
+    ~Dialogue() { Screen.Attach(static_cast<FrmSave*>(nullptr)); }
+    /// Presses the button `opener`; `answer` is run once in the file dialogue, which is called off when it leaves it
+    /// open.
+    void Ask(const char* opener, const std::function<void(QFileDialog&)>& answer) {
+        QTimer hand;
+        bool answered = false;
+        hand.callOnTimeout([&] {
+            auto* asked = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
+            if (asked == nullptr || answered) return;
+            answered = true;
+            answer(*asked);
+            if (asked->isVisible()) asked->reject();
+        });
+        hand.start(0);
+        QTest::mouseClick(Window.findChild<QPushButton*>(opener), Qt::LeftButton);
+        EXPECT_TRUE(answered);
+    }
+    static void Accept(QFileDialog& asked, const std::string& name) {
+        asked.findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(name));
+        static_cast<QDialog&>(asked).accept();
+    }
+    test::TempFolder Folder;
+    FrmSave Window{s};
+};
+
+TEST(FileDialogue, StartsInTheCurrentFolderAtTheCurrentFileWithTheFirstFilter) {
+    Dialogue dialogue;
+    for (const char* opener : {"OpenIt", "SaveItAs"}) {
+        dialogue.Ask(opener, [&](QFileDialog& asked) {
+            EXPECT_EQ(asked.directory().absolutePath().toStdString(), dialogue.Folder.Path());
+            EXPECT_EQ(asked.findChild<QLineEdit*>("fileNameEdit")->text(), "set.mvn");
+            EXPECT_EQ(asked.nameFilters(), (QStringList{"marvolin File (*.mvn)", "marvolin Package (*.mvp)"}));
+            EXPECT_EQ(asked.selectedNameFilter(), "marvolin File (*.mvn)");
+        });
+    }
+    EXPECT_EQ(kFileFilter, "marvolin File (*.mvn)|*.mvn|marvolin Package (*.mvp)|*.mvp");
+}
+
+TEST(FileDialogue, OpensOnlyAFileThatExists) {
+    Dialogue dialogue;
+    dialogue.Ask("OpenIt", [&](QFileDialog& asked) {
+        EXPECT_EQ(asked.acceptMode(), QFileDialog::AcceptOpen);
+        EXPECT_EQ(asked.fileMode(), QFileDialog::ExistingFile);
+    });
+    EXPECT_TRUE(dialogue.Store.Log.empty());
+}
+
+TEST(FileDialogue, OpensWhatWasTyped) {
+    Dialogue dialogue;
+    dialogue.s.CurrentFile.clear();  // what is chosen from the start counts until a hand has written
+    dialogue.Ask("OpenIt", [&](QFileDialog& asked) { Dialogue::Accept(asked, dialogue.Folder.Path() + "/set.mvp"); });
+    EXPECT_EQ(dialogue.Store.Log,
+              std::vector<std::string>{"Load " + (dialogue.Folder.Path() + "/set.mvp") + " current adopt"});
+}
+
+TEST(FileDialogue, SavesOnlyIntoAFolderThatExistsAndAsksBeforeItOverwrites) {
+    Dialogue dialogue;
+    dialogue.s.CurrentFile.clear();
+    dialogue.Ask("SaveItAs", [&](QFileDialog& asked) {
+        EXPECT_EQ(asked.acceptMode(), QFileDialog::AcceptSave);
+        EXPECT_FALSE(asked.testOption(QFileDialog::DontConfirmOverwrite));
+        Dialogue::Accept(asked, dialogue.Folder.Path() + "/gone/set.mvn");
+        EXPECT_TRUE(asked.isVisible());
+    });
+    EXPECT_EQ(dialogue.Desk.LastBox(), "There is no folder " + dialogue.Folder.Path() + "/gone");
+    EXPECT_TRUE(dialogue.Store.Log.empty());
+    EXPECT_EQ(dialogue.s.CurrentFolder, dialogue.Folder.Path() + "/");
+    EXPECT_TRUE(dialogue.Window.isVisible());
+}
+
+TEST(FileDialogue, AFileOfTheOtherFilterGetsItsEnding) {
+    Dialogue dialogue;
+    dialogue.s.CurrentFile.clear();
+    dialogue.Ask("SaveItAs", [&](QFileDialog& asked) {
+        asked.selectNameFilter("marvolin Package (*.mvp)");
+        emit asked.filterSelected("marvolin Package (*.mvp)");
+        Dialogue::Accept(asked, "night");
+    });
+    EXPECT_EQ(dialogue.s.CurrentFile, "night.mvp");
+}
+
+}  // namespace
+}  // namespace marvolin
