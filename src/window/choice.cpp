@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 
 #include "core/routines.h"
 #include "window/hint_window.h"
@@ -29,6 +30,7 @@ ChoiceList::ChoiceList(Session& session, QWidget* parent, const QString& name, c
     setAccessibleName(label);
     setToolTip(label);
     setMouseTracking(true);
+    setItemDelegate(new QStyledItemDelegate(this));  // rows as high as the stylesheet says
     connect(this, &QComboBox::activated, this, [choose = std::move(choose)](int entry) { choose(entry); });
 }
 

@@ -59,6 +59,7 @@ FrmBrowse::FrmBrowse(Session& session) : s(session) {
     column->addWidget(status_);
     connect(tabs_, &QTabBar::currentChanged, this, [this](int tab) {
         pages_->setCurrentIndex(tab);
+        ShowHint("");  // the last one spoke of another page
         if (tab == kBinTab) Rescan();
     });
 }

@@ -5,17 +5,22 @@
 #include <QFileInfo>
 #include <QFrame>
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QTreeView>
 #include <QVBoxLayout>
 
 #include "persistence/save_open.h"
 #include "window/choice.h"
+#include "window/dialogue_style.h"
 #include "window/theme.h"
 
 namespace marvolin {
 
 namespace {
+
+constexpr QSize kFileDialogue(760, 460);
 
 QString Text(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
 
@@ -188,11 +193,18 @@ void FrmSave::Open() {
 }
 
 void FrmSave::AskFile(bool save) {
+    FilePictures pictures;  // outlives the dialogue
     SessionFileDialogue dialogue(s, this, save ? "Save As" : "Open");
     dialogue.setObjectName(save ? "SaveFileDialogue" : "OpenFileDialogue");
     dialogue.setOption(QFileDialog::DontUseNativeDialog);
     dialogue.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialogue.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialogue.setIconProvider(&pictures);
+    dialogue.resize(kFileDialogue);
+    if (auto* files = dialogue.findChild<QTreeView*>("treeView")) {
+        files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        files->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    }
     dialogue.setNameFilters(NameFilters());
     dialogue.setDefaultSuffix(SuffixOf(NameFilters().first()));
     connect(&dialogue, &QFileDialog::filterSelected, &dialogue,

@@ -3,11 +3,11 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QPalette>
-#include <QStyleFactory>
 #include <algorithm>
 #include <cmath>
 
 #include "core/loop_track.h"
+#include "window/dialogue_style.h"
 
 // The pictures of a static library are there only when asked for, and that from outside any namespace.
 static void AskForPictures() { Q_INIT_RESOURCE(pictures); }
@@ -50,6 +50,7 @@ QPalette DarkPalette() {
 constexpr const char* kSheet = R"(
 QToolTip { background: #2e3238; color: #e6e8eb; border: 1px solid #4a505a; padding: 3px 5px; }
 QComboBox { background: #2e3238; color: #e6e8eb; border: 1px solid #3a3f47; border-radius: 5px; padding: 3px 8px; }
+QComboBox { combobox-popup: 0; }
 QComboBox:hover { background: #373c44; }
 QComboBox:focus { border-color: #ffc94d; }
 QComboBox:disabled { color: #9aa2ad; background: #26292f; }
@@ -57,6 +58,8 @@ QComboBox::drop-down { border: none; width: 22px; }
 QComboBox::down-arrow { image: url(:/marvolin/down.svg); width: 11px; height: 7px; }
 QComboBox QAbstractItemView { background: #2e3238; color: #e6e8eb; border: 1px solid #4a505a; outline: none;
   selection-background-color: #ffc94d; selection-color: #1d1f23; padding: 3px; }
+QComboBox QAbstractItemView::item { min-height: 24px; padding: 0 6px; border-radius: 3px; }
+QComboBox QAbstractItemView::item:selected { background: #ffc94d; color: #1d1f23; }
 QCheckBox, QRadioButton { color: #e6e8eb; spacing: 8px; background: transparent; }
 QCheckBox:disabled, QRadioButton:disabled { color: #9aa2ad; }
 QCheckBox::indicator, QRadioButton::indicator { width: 15px; height: 15px; border: 1px solid #6c7480;
@@ -96,9 +99,10 @@ QTreeView::item, QFileDialog QListView::item { padding: 2px; }
 QTreeView::item:selected, QFileDialog QListView::item:selected { background: #ffc94d; color: #1d1f23; }
 QHeaderView::section { background: #2e3238; color: #e6e8eb; border: none; border-right: 1px solid #3a3f47;
   padding: 4px 6px; }
-QToolButton { background: #e6e8eb; border: 1px solid #4a505a; border-radius: 4px; padding: 2px; }
-QToolButton:hover { background: #ffffff; }
-QToolButton:disabled { background: #9aa2ad; }
+QToolButton { background: #2e3238; border: 1px solid #4a505a; border-radius: 4px; padding: 3px; }
+QToolButton:hover { background: #414750; }
+QToolButton:disabled { background: #26292f; border-color: #3a3f47; }
+QToolButton:focus { border-color: #ffc94d; }
 QScrollBar { background: #1d1f23; border: none; }
 QScrollBar:vertical { width: 10px; }
 QScrollBar:horizontal { height: 10px; }
@@ -114,7 +118,7 @@ QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
 
 void Apply(QApplication& application) {
     AskForPictures();
-    application.setStyle(QStyleFactory::create("Fusion"));
+    application.setStyle(new DialogueStyle);  // owned by the toolkit
     application.setPalette(DarkPalette());
     application.setFont(Sans(13));
     application.setStyleSheet(kSheet);
