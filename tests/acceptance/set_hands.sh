@@ -1,6 +1,6 @@
 # Hands for scenarios that build a set out of the browser's bins, save it and open it again. To be sourced instead of
 # hands.sh, and started like a scenario.
-STAGE_SIZE=1920x1000
+STAGE_SIZE=${STAGE_SIZE:-1920x1000}
 source "$(dirname "${BASH_SOURCE[0]}")/hands.sh"
 
 HOME_FOLDER=$FOLDER/marvolin
