@@ -320,6 +320,9 @@ TEST(LoadSession, EachControlWhoseSettingCameIsShownAgain) {
          {"ShowLimit", "ShowDrivers", "ShowOptions", "ShowJoystick", "ShowMapControls", "ShowFadeFactor", "ShowTab"}) {
         EXPECT_GE(i.Screen.Count(shown), 1) << shown;
     }
+    SetInstrument few;
+    ASSERT_TRUE(few.LoadBytes(FileOf([](Bytes& b) { b.TagText("Settings").TagI32(1).TagText("Restore").TagI16(0); })));
+    EXPECT_EQ(few.Screen.Count("ShowOptions"), 1);
 }
 
 TEST(LoadSession, ABinIsShownWithItsFolderAndOnceMoreWithItsAutoPlay) {
