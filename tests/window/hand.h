@@ -35,8 +35,11 @@ inline void QuickClick(QWindow& window, QPoint place, Qt::MouseButton button = Q
     QTest::lastMouseTimestamp -= QTest::mouseDoubleClickInterval;  // each release is followed by a long rest
 }
 
-/// From now on the desktop really puts the pointer where a drag on this surface wants it.
-inline void LetPointerBePut(FakeDesktop& desk, const BallSurface& surface) {
+/// The pointer stands at `from` on the screen, and from now on the desktop really puts it where a drag on this surface
+/// wants it.
+inline void LetPointerBePut(FakeDesktop& desk, const BallSurface& surface, QPoint from) {
+    QCursor::setPos(from);
+    QCoreApplication::processEvents();
     const QPoint origin = surface.Origin();
     desk.Origin = {origin.x(), origin.y()};
     desk.PutPointer = [](PixelPoint place) { QCursor::setPos(place.X, place.Y); };

@@ -50,8 +50,9 @@ struct Map : test::Stage {
     }
     /// The map has the pointer put on the ball, by a press that is far enough from there to tell the two places apart.
     QPoint PutByPress(int ball) {
-        test::LetPointerBePut(Desk, *dynamic_cast<TabMap*>(At("MapPage"))->Map);
-        return Ball(ball) - QPoint(7, 7);
+        const QPoint press = Ball(ball) - QPoint(7, 7);
+        test::LetPointerBePut(Desk, *dynamic_cast<TabMap*>(At("MapPage"))->Map, Form->mapToGlobal(press));
+        return press;
     }
     void FillWith3D(Row row) {
         s.Run[row].Buffer = s.DS->CreateSoundBufferFromFile("/samples/one.WAV", buffer_flags::kSample3D);

@@ -29,8 +29,9 @@ struct Pad : test::Stage {
     }
     /// The pad has the pointer put on the ball, by a press that is far enough from there to tell the two places apart.
     QPoint PutByPress() {
-        test::LetPointerBePut(Desk, *dynamic_cast<TabMixPad*>(At("MixPadPage"))->Pad);
-        return Ball() - QPoint(7, 7);
+        const QPoint press = Ball() - QPoint(7, 7);
+        test::LetPointerBePut(Desk, *dynamic_cast<TabMixPad*>(At("MixPadPage"))->Pad, Form->mapToGlobal(press));
+        return press;
     }
     QWindow& Window() { return *Form->windowHandle(); }
     QPoint Pointer() { return Form->mapFromGlobal(QCursor::pos()); }
@@ -229,9 +230,12 @@ TEST(MixPad, ADragCountsFromWhereThePointerWasPut) {
     EXPECT_EQ(pad.Place(), QPointF(300, -150));
 }
 
-/// Loses the first move of the pointer: the system tells only the last of some that wait.
+/// Loses the first move of the held pointer: the system tells only the last of some that wait.
 struct MoveLoser : QObject {
-    bool eventFilter(QObject*, QEvent* event) override { return event->type() == QEvent::MouseMove && Lost++ == 0; }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::MouseMove) return false;
+        return static_cast<QMouseEvent*>(event)->buttons() != Qt::NoButton && Lost++ == 0;
+    }
     int Lost = 0;
 };
 
@@ -248,6 +252,20 @@ TEST(MixPad, AHandThatIsQuickerThanTheNewsOfThePutPointerReachesTheCorner) {
     EXPECT_EQ(pad.Place(), QPointF(press - QPoint(20, 20) - put) * kTwipsPerPixel);
     QTest::mouseRelease(&pad.Window(), Qt::LeftButton, {}, press - QPoint(20, 20));
     EXPECT_EQ(pad.Place(), QPointF(press - QPoint(20, 20) - put) * kTwipsPerPixel);
+}
+
+TEST(MixPad, AMoveThatThePointerHasAlreadyLeftCountsFromWhereItWasPut) {
+    Pad pad;
+    const QPoint press = pad.PutByPress();
+    MoveLoser loser;
+    pad.Window().installEventFilter(&loser);
+    QTest::mousePress(&pad.Window(), Qt::LeftButton, {}, press);
+    ASSERT_EQ(loser.Lost, 1);
+    const QPoint put = pad.Pointer();
+    QTest::mouseMove(&pad.Window(), put + QPoint(3, 1));  // the pointer itself stands elsewhere
+    EXPECT_EQ(pad.Place(), QPointF(45, 15));
+    QTest::mouseRelease(&pad.Window(), Qt::LeftButton, {}, put + QPoint(30, 10));
+    EXPECT_EQ(pad.Place(), QPointF(450, 150));
 }
 
 TEST(MixPad, ADragThatThePutPointerMissesFollowsTheHand) {
