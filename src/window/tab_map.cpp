@@ -113,7 +113,6 @@ void TabMap::RefreshRollOff() { rollOff_->Refresh(); }
 
 void TabMap::RefreshJoystick() {
     relative_->Show(s.Joy.Relative[1] != False);
-    relative_->setEnabled(s.JoyEnabled);
     relative_->setToolTip(s.JoyEnabled ? "" : "No joystick was found at the start");
 }
 

@@ -88,7 +88,6 @@ void TabMixPad::RefreshTwist() { twist_->update(); }
 
 void TabMixPad::RefreshJoystick() {
     relative_->Show(s.Joy.Relative[0] != False);
-    relative_->setEnabled(s.JoyEnabled);
     relative_->setToolTip(s.JoyEnabled ? "" : "No joystick was found at the start");
 }
 

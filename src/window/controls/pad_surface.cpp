@@ -56,7 +56,7 @@ BallPoint PadBall::Place() const { return PadBallPlace(s); }
 
 void PadBall::BallGesture(Phase phase, std::int16_t button, double x, double y) {
     PadBallGesture(s, phase, button, x, y);
-    if (phase == Phase::Down) setCursor(Qt::BlankCursor);
+    if (phase == Phase::Down && !s.CursorFree) setCursor(Qt::BlankCursor);
     if (phase == Phase::Up) unsetCursor();
 }
 
