@@ -21,6 +21,9 @@ namespace {
 constexpr int kMiddle = 352;
 constexpr int kRight = 700;
 
+/// As the status line shows it.
+double Cut(double mapUnits) { return Int(mapUnits * 100) / 100; }
+
 QString Shown(double value) { return QString::fromStdString(NumberText(value)); }
 
 }  // namespace
@@ -28,7 +31,7 @@ QString Shown(double value) { return QString::fromStdString(NumberText(value)); 
 TabMap::TabMap(Session& session, QWidget* parent) : QWidget(parent), s(session) {
     setObjectName("MapPage");
     Map = new MapSurface(s, this);
-    Map->move(14, 10);
+    Map->move(14 - BallSurface::kFrame, 10 - BallSurface::kFrame);
     MakeSide();
     Refresh();
     RefreshJoystick();
@@ -136,7 +139,7 @@ void TabMap::paintEvent(QPaintEvent*) {
         const BallPoint place = MapUnits(s, ball);
         p.setFont(theme::Digits(12));
         p.setPen(s.MapEnabled ? theme::kText : theme::kQuiet);
-        QString text = QString("%1, %2").arg(place.X, 6, 'f', 2).arg(place.Y, 6, 'f', 2);
+        QString text = QString("%1, %2").arg(Cut(place.X), 6, 'f', 2).arg(Cut(place.Y), 6, 'f', 2);
         if (listener) text += QString("   %1°").arg(s.ListenerAngle);
         p.drawText(QRect(kRight + 30, y, 270, 18), Qt::AlignLeft | Qt::AlignVCenter, text);
     }

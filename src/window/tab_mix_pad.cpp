@@ -35,7 +35,7 @@ int CurveEntry(std::int16_t function) {
 TabMixPad::TabMixPad(Session& session, QWidget* parent) : QWidget(parent), s(session) {
     setObjectName("MixPadPage");
     Pad = new PadSurface(s, this);
-    Pad->move(14, 10);
+    Pad->move(14 - BallSurface::kFrame, 10 - BallSurface::kFrame);
 
     MakeLabel(this, "Pad type", {kMiddle, 8, 220, 18});
     type_ = new ChoiceList(s, this, "PadType", "Pad type: what the ball moves", hints::kPadType,
@@ -64,7 +64,7 @@ TabMixPad::TabMixPad(Session& session, QWidget* parent) : QWidget(parent), s(ses
     levels_ = new ChannelLevels(s, this);
     levels_->setGeometry(kRight, 8, 368, 170);
     twist_ = new TwistLine(s, this);
-    twist_->setGeometry(kMiddle, 256, 656, 50);
+    twist_->setGeometry(kMiddle, 254, 656, 54);
     Refresh();
     RefreshJoystick();
 }

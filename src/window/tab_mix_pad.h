@@ -19,8 +19,8 @@ public:
     TabMixPad(Session& session, QWidget* parent);
 
     /// Inner size of pad and map, twips.
-    static double InnerWidth() { return BallSurface::kSide * kTwipsPerPixel; }
-    static double InnerHeight() { return BallSurface::kSide * kTwipsPerPixel; }
+    static double InnerWidth() { return BallSurface::kInner * kTwipsPerPixel; }
+    static double InnerHeight() { return BallSurface::kInner * kTwipsPerPixel; }
 
     /// Type, curve, wire set and what depends on them.
     void Refresh();

@@ -56,6 +56,7 @@ QComboBox:focus { border-color: #ffc94d; }
 QComboBox:disabled { color: #9aa2ad; background: #26292f; }
 QComboBox::drop-down { border: none; width: 22px; }
 QComboBox::down-arrow { image: url(:/marvolin/down.svg); width: 11px; height: 7px; }
+QComboBox::down-arrow:disabled { image: url(:/marvolin/down_off.svg); }
 QComboBox QAbstractItemView { background: #2e3238; color: #e6e8eb; border: 1px solid #4a505a; outline: none;
   selection-background-color: #ffc94d; selection-color: #1d1f23; padding: 3px; }
 QComboBox QAbstractItemView::item { min-height: 24px; padding: 0 6px; border-radius: 3px; }

@@ -92,6 +92,17 @@ TEST(SoundMap, BallsStandWhereTheirMapUnitsSay) {
     EXPECT_NEAR((map.Ball(1) - centre).y(), -142, 1);
 }
 
+TEST(SoundMap, PlacesAreCutAsInTheStatusLine) {
+    Map map;
+    const auto places = [&](float x) {
+        PositionSet(map.s, 1, x, 0.5F, false, true, true, true);
+        return map.At("MapPage")->grab(QRect(700, 30, 300, 140)).toImage();
+    };
+    const QImage shown = places(0.8712F);
+    EXPECT_EQ(places(0.8767F), shown);
+    EXPECT_NE(places(0.8812F), shown);
+}
+
 TEST(SoundMap, TheSoundFollowsADragAtOnceOrAtItsEnd) {
     for (bool atOnce : {true, false}) {
         SCOPED_TRACE(atOnce);

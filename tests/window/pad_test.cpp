@@ -54,6 +54,8 @@ TEST(MixPad, TheBallIsDraggedToEachCornerWithEitherButtonAndStopsThere) {
             const QPoint ball = pad.Ball() - pad.Centre();
             EXPECT_NEAR(ball.x(), way.x() > 0 ? 142 : -142, 1);
             EXPECT_NEAR(ball.y(), way.y() > 0 ? 142 : -142, 1);
+            // With its ring it is seen whole.
+            EXPECT_TRUE(pad.At("Pad")->rect().contains(pad.At("PadBall")->geometry().adjusted(2, 2, -2, -2)));
         }
     }
 }

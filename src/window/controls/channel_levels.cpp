@@ -19,10 +19,12 @@ constexpr int kLine = 34;  // pixels from bar to bar
 constexpr int kBarLeft = 84;
 constexpr int kNumber = 62;  // width of the numbers
 
-/// A channel's level as a bar from `From` to `To` of its length, and as the number that the readout tells.
+/// A channel's level as a bar from `From` to `To` of its length, and as the number that the readout tells. `Plain` is
+/// where the channel leaves its LoopTracks as they are.
 struct Level {
     double From;
     double To;
+    double Plain;
     QString Text;
 };
 
@@ -30,17 +32,17 @@ Level LevelOf(const Session& s, int channel) {
     switch (s.PadTypeIndex) {
         case 2: {
             const int left = kVolFull - s.ChannelVol[channel];
-            return {0, left / 500.0, QString::number(left)};
+            return {0, left / 500.0, 1, QString::number(left)};
         }
         case 3: {
             const int pan = s.ChannelPan[channel] - kPanCentre;
             const double at = s.ChannelPan[channel] / 1000.0;
-            return {std::min(0.5, at), std::max(0.5, at), (pan > 0 ? "+" : "") + QString::number(pan)};
+            return {std::min(0.5, at), std::max(0.5, at), 0.5, (pan > 0 ? "+" : "") + QString::number(pan)};
         }
         default: {
             const double top = s.PadTypeIndex == 0 ? 3000.0 : 4000.0;
             const std::int16_t hz = s.ChannelHz[channel];
-            return {0, hz / top, QString::fromStdString(NumberText(hz / 10.0)) + "%"};
+            return {0, hz / top, kHzUnity / top, QString::fromStdString(NumberText(hz / 10.0)) + "%"};
         }
     }
 }
@@ -77,6 +79,12 @@ void ChannelLevels::paintEvent(QPaintEvent*) {
         const double from = std::clamp(level.From, 0.0, 1.0) * length;
         const double to = std::clamp(level.To, 0.0, 1.0) * length;
         if (to > from) p.drawRoundedRect(QRectF(kBarLeft + from + 1, y + 4.5, to - from - 1, 10), 3, 3);
+        if (level.Plain < 1) {
+            const double at = kBarLeft + level.Plain * length;
+            p.setPen(QPen(theme::kQuiet, 1));
+            p.drawLine(QPointF(at, y + 0.5), QPointF(at, y + 3));
+            p.drawLine(QPointF(at, y + 16), QPointF(at, y + 18.5));
+        }
         p.setFont(theme::Digits(12));
         p.setPen(theme::kText);
         p.drawText(QRectF(width() - kNumber, y, kNumber, 19), Qt::AlignRight | Qt::AlignVCenter, level.Text);
@@ -92,7 +100,7 @@ void TwistLine::paintEvent(QPaintEvent*) {
     const int face = PadTwistFace(s, s.PadTypeIndex);
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
-    const double y = 14;
+    const double y = 18;
     const double scale = width() / std::max(1.0, 2 * s.Geometry.PadHalfX + s.Geometry.BallSizeX);
     p.setPen(QPen(theme::kLine, 3, Qt::SolidLine, Qt::RoundCap));
     p.drawLine(QPointF(44, y), QPointF(width() - 44, y));

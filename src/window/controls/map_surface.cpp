@@ -121,7 +121,7 @@ void MapSurface::paintEvent(QPaintEvent*) {
     p.drawLine(c - QPointF(0, half), c + QPointF(0, half));
     p.setFont(theme::Sans(11));
     p.setPen(theme::kQuiet);
-    p.drawText(QRectF(0, kSide - 20, kSide - 10, 16), Qt::AlignRight | Qt::AlignVCenter,
+    p.drawText(QRectF(0, kSide - 23, kSide - 13, 16), Qt::AlignRight | Qt::AlignVCenter,
                QString("edge %1").arg(QString::fromStdString(NumberText(Round(s.MapRange, 2)))));
 }
 

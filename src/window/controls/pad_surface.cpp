@@ -122,12 +122,13 @@ void PadSurface::paintEvent(QPaintEvent*) {
     p.setClipping(false);
 
     // Channels 1 to 4 stand at top left, top right, bottom right, bottom left.
-    const double far = kSide - 44;
-    const double low = kSide - 32;
-    DrawWire(p, QRectF(14, 14, 30, 18), 0);
-    DrawWire(p, QRectF(far, 14, 30, 18), 1);
+    const double near = kFrame + 14;
+    const double far = kSide - near - 30;
+    const double low = kSide - near - 18;
+    DrawWire(p, QRectF(near, near, 30, 18), 0);
+    DrawWire(p, QRectF(far, near, 30, 18), 1);
     DrawWire(p, QRectF(far, low, 30, 18), 2);
-    DrawWire(p, QRectF(14, low, 30, 18), 3);
+    DrawWire(p, QRectF(near, low, 30, 18), 3);
 }
 
 }  // namespace marvolin

@@ -9,9 +9,11 @@ namespace marvolin {
 /// The square on which balls are dragged: `Pad` or `Map`. Both have the same size.
 class BallSurface : public QWidget {
 public:
-    static constexpr int kSide = 300;  ///< inner size, logical pixels
+    static constexpr int kInner = 300;  ///< inner size, logical pixels
+    static constexpr int kFrame = 3;    ///< around it: a ball at the edge is seen whole
+    static constexpr int kSide = kInner + 2 * kFrame;
     /// A ball's place counts from here: its centre travels from this corner to as far from the opposite edges.
-    static constexpr int kInset = 8;
+    static constexpr int kInset = 8 + kFrame;
 
     BallSurface(Session& session, QWidget* parent, const char* name);
     /// The corner from which places count, on the screen.
