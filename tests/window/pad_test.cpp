@@ -256,6 +256,21 @@ TEST(MixPad, AHandThatIsQuickerThanTheNewsOfThePutPointerReachesTheCorner) {
     EXPECT_EQ(pad.Place(), QPointF(press - QPoint(20, 20) - put) * kTwipsPerPixel);
 }
 
+TEST(MixPad, AHandThatGoesOnAtOnceFromThePutPointerReachesTheCorner) {
+    Pad pad;
+    const QPoint press = pad.PutByPress();
+    const QPoint on(-70, -55);
+    QPoint put;
+    pad.Desk.PutPointer = [&](PixelPoint place) {
+        put = pad.Form->mapFromGlobal(QPoint(place.X, place.Y));
+        QCursor::setPos(QPoint(place.X, place.Y) + on);
+    };
+    QTest::mousePress(&pad.Window(), Qt::LeftButton, {}, press);
+    EXPECT_EQ(pad.Place(), QPointF(on) * kTwipsPerPixel);
+    QTest::mouseRelease(&pad.Window(), Qt::LeftButton, {}, put + 2 * on);
+    EXPECT_EQ(pad.Place(), QPointF(2 * on) * kTwipsPerPixel);
+}
+
 TEST(MixPad, AMoveThatThePointerHasAlreadyLeftCountsFromWhereItWasPut) {
     Pad pad;
     const QPoint press = pad.PutByPress();

@@ -13,6 +13,7 @@ namespace marvolin {
 namespace {
 
 constexpr double kHeldAt = 15;  // pixels from the ball's corner to the point by which a gesture takes it
+constexpr double kPutAt = 16;   // and to where it puts the pointer
 
 double Distance(QPointF a, QPointF b) { return (a - b).manhattanLength(); }
 /// The same place: on a scaled display a pointer stands between whole pixels.
@@ -62,14 +63,17 @@ void Ball::DoubleClick(std::int16_t, QPointF) {
     Centre();
 }
 
-/// The gesture may put the pointer elsewhere; where it could not, the hand counts from where it pressed.
-void Ball::Take(QPointF pointer) {
+/// Where the gesture could put the pointer, the hand counts from there; else from where it pressed. `before` is where
+/// the pointer stood before the gesture.
+void Ball::Take(QPointF pointer, QPointF before) {
     taken_ = Corner();
     from_ = seen_ = pointer;
     put_.reset();
     const QPointF now = QCursor::pos();
-    const bool moved = !s.CursorFree && Distance(now, taken_ + QPointF(kHeldAt, kHeldAt)) < kSize;
-    if (moved && now != pointer) put_ = now;
+    if (s.CursorFree || now == before) return;
+    // A quick hand may already have gone on from there.
+    const QPointF aim(std::nearbyint(taken_.x() + kPutAt), std::nearbyint(taken_.y() + kPutAt));
+    put_ = Near(now, aim) ? now : aim;
 }
 
 /// Moves and releases from before the pointer was put still tell its old place. They go on from the place before; one
@@ -90,8 +94,9 @@ void Ball::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     const QPointF pointer = mapToGlobal(twips / kTwipsPerPixel);
     if (phase == Phase::Down) {
         centred_ = false;
+        const QPointF before = QCursor::pos();
         BallGesture(phase, button, kHeldAt * kTwipsPerPixel, pointer.y() * kTwipsPerPixel);
-        return Take(pointer);
+        return Take(pointer, before);
     }
     if (centred_) {
         centred_ = phase == Phase::Move && Held();

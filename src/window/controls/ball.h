@@ -49,7 +49,7 @@ private:
 
     QPointF Corner() const;
     bool IsSecondPress(const QMouseEvent& event);
-    void Take(QPointF pointer);
+    void Take(QPointF pointer, QPointF before);
     QPointF WayOfTheHand(QPointF pointer);
 
     Press first_;           // the press that another one may make a double click
