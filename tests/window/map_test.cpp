@@ -255,6 +255,30 @@ TEST(SoundMap, AClickOnAnotherBallIsNoFirstHalfOfADoubleClick) {
     EXPECT_EQ(map.Place(1), before);
 }
 
+TEST(SoundMap, ADoubleClickOnABallThatIsHalfUnderAnotherCentresTheOneThatWasClicked) {
+    Map map;
+    map.At("PosBall_3")->raise();
+    const QPointF upper = map.Place(3);
+    const double step = 10 / 142.0 * map.s.MapRange;
+    PositionSet(map.s, 2, static_cast<float>(upper.x() - step), static_cast<float>(upper.y() - step), false, true, true,
+                true);
+    const QPoint press = map.PutByPress(2);
+    test::QuickClick(map.Window(), press);
+    const QPoint put = map.Pointer();
+    ASSERT_EQ(map.Form->childAt(put), map.At("PosBall_3"));
+    test::QuickClick(map.Window(), put);
+    EXPECT_EQ(map.Place(2), QPointF(0, 0));
+    EXPECT_EQ(map.Place(3), upper);
+    EXPECT_TRUE(map.s.CursorFree);
+    // Elsewhere on the upper ball it is a press of that ball's own.
+    PositionSet(map.s, 2, static_cast<float>(upper.x() - step), static_cast<float>(upper.y() - step), false, true, true,
+                true);
+    test::QuickClick(map.Window(), press);
+    test::QuickClick(map.Window(), map.Pointer() + QPoint(4, 4));
+    EXPECT_NE(map.Place(2), QPointF(0, 0));
+    EXPECT_EQ(map.Place(3), upper);
+}
+
 TEST(SoundMap, TwoQuickRightClicksFadeALoopTrackTwice) {
     Map map;
     map.Fill(2);

@@ -295,6 +295,17 @@ TEST(MixPad, ADragThatThePutPointerMissesFollowsTheHand) {
     EXPECT_EQ(pad.Place(), QPointF(300, -150));
 }
 
+TEST(MixPad, OnlyAHeldBallHidesThePointer) {
+    Pad pad;
+    for (Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+        SCOPED_TRACE(button);
+        QTest::mousePress(&pad.Window(), button, {}, pad.Ball());
+        EXPECT_EQ(pad.At("PadBall")->cursor().shape() == Qt::BlankCursor, button != Qt::MiddleButton);
+        QTest::mouseRelease(&pad.Window(), button, {}, pad.Ball());
+        EXPECT_NE(pad.At("PadBall")->cursor().shape(), Qt::BlankCursor);
+    }
+}
+
 TEST(MixPad, AGrabThatIsLostFreesThePointer) {
     Pad pad;
     const QPoint start = pad.Ball();

@@ -39,16 +39,27 @@ void Ball::Refresh() {
          static_cast<int>(std::ceil(place.Y / kTwipsPerPixel)) + BallSurface::kInset - kMargin);
 }
 
-bool Ball::IsSecondPress(const QMouseEvent& event) {
-    const Press now{ButtonNumber(event.button()), event.timestamp()};
-    const bool second = now.Button == first_.Button && now.Time >= first_.Time &&
-                        now.Time - first_.Time < static_cast<std::uint64_t>(QApplication::doubleClickInterval());
-    first_ = second ? Press{} : now;
-    return second && CentresBy(now.Button);
+bool Ball::BeganWith(const Press& now) const {
+    return now.Button == first_.Button && now.Time >= first_.Time &&
+           now.Time - first_.Time < static_cast<std::uint64_t>(QApplication::doubleClickInterval());
+}
+
+/// The ball that was clicked where this press comes: the pointer may have been put under the ball of another.
+Ball& Ball::Clicked(const Press& now, QPointF pointer) {
+    for (QObject* child : parentWidget()->children()) {
+        auto* other = dynamic_cast<Ball*>(child);
+        if (other != nullptr && other != this && other->BeganWith(now) && Near(other->seen_, pointer)) return *other;
+    }
+    return *this;
 }
 
 void Ball::mousePressEvent(QMouseEvent* event) {
-    if (IsSecondPress(*event)) {
+    const Press now{ButtonNumber(event->button()), event->timestamp()};
+    Ball& ball = Clicked(now, event->globalPosition());
+    const bool second = ball.BeganWith(now);
+    ball.first_ = second ? Press{} : now;
+    if (second && CentresBy(now.Button)) {
+        clicked_ = &ball;
         Control::mouseDoubleClickEvent(event);
     } else {
         Control::mousePressEvent(event);
@@ -60,7 +71,7 @@ void Ball::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
 
 void Ball::DoubleClick(std::int16_t, QPointF) {
     centred_ = true;
-    Centre();
+    clicked_->Centre();
 }
 
 /// Where the gesture could put the pointer, the hand counts from there; else from where it pressed. `before` is where

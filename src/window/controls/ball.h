@@ -48,12 +48,14 @@ private:
     };
 
     QPointF Corner() const;
-    bool IsSecondPress(const QMouseEvent& event);
+    bool BeganWith(const Press& now) const;
+    Ball& Clicked(const Press& now, QPointF pointer);
     void Take(QPointF pointer, QPointF before);
     QPointF WayOfTheHand(QPointF pointer);
 
     Press first_;           // the press that another one may make a double click
     bool centred_ = false;  // the held button is that of a double click
+    Ball* clicked_ = this;  // on this ball
     // Of the drag; places are on the screen, in pixels.
     QPointF taken_;               // the ball's corner when it was taken
     QPointF from_;                // the hand counts from here
