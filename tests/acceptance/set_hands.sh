@@ -131,7 +131,7 @@ hear_the_same() {
       off=${off#-}
       [[ $off -le $most ]] || most=$off
     done
-    between "$words: LoopTrack $row sounds as before, within" "$most" 0 150
+    between "$words: LoopTrack $row sounds as before, within" "$most" 0 200
   done
 }
 

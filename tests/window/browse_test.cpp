@@ -209,6 +209,8 @@ TEST(Browser, EachBinHasItsOwnFolderListAndDestination) {
     }
     for (int bin = 0; bin < 3; ++bin) {
         const std::string number = std::to_string(bin);
+        browser.ClickOn(("PickDir_" + number).c_str(), {10, 10});
+        EXPECT_EQ(browser.s.TreeFolder, browser.s.Bins[bin].Folder);
         browser.ClickOn(("PickFile_" + number).c_str(), Browser::RowAt(0));
         EXPECT_EQ(browser.s.Set[3 - bin].FileName,
                   (browser.Folder / ("bin " + number) / ("sample " + number + ".wav")));

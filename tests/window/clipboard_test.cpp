@@ -71,7 +71,7 @@ TEST(ClipBoardPage, TheNameOfALoadedLoopTrackDroppedOnTheListBecomesAClip) {
     EXPECT_TRUE(clips.DropOnList({"DropDown", 1, ""}));
     EXPECT_TRUE(clips.DropOnList({"DropDown", 1, ""}));
     EXPECT_TRUE(clips.DropOnList({"DropDown", 0, ""}));  // holds nothing
-    EXPECT_EQ(clips.Rows(), (QStringList{"one", "(2) one"}));
+    ASSERT_EQ(clips.Rows(), (QStringList{"one", "(2) one"}));
     EXPECT_EQ(clips.s.Clips.ClipStore[1].Vol, 123);
 }
 
@@ -165,6 +165,7 @@ TEST(ClipBoardPage, AClipOnTheSelectionRowDoesNothing) {
     clips.DropOnList({"DropDown", 0, ""});
     clips.Click("Selected_2");
     const auto drag = clips.DragOfClip(0, Qt::LeftButton);
+    ASSERT_TRUE(drag.has_value());
     clips.DropControl("DropDown_4", *drag);
     EXPECT_EQ(clips.s.Run[2].Loaded, False);
     EXPECT_NE(clips.s.Set[4].Vol, 123);
