@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kBinCount = 3;
 constexpr int kEdge = 10;
-constexpr int kHead = 78;  // height of what stands over a list
+constexpr int kHead = 106;  // height of what stands over a list
 
 QString Text(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
 
@@ -41,9 +41,9 @@ void BrowseBins::resizeEvent(QResizeEvent*) {
     for (int bin = 0; bin < kBinCount; ++bin) {
         const auto i = static_cast<std::size_t>(bin);
         const int left = kEdge + bin * (wide + kEdge);
-        folders_[i]->setGeometry(left, 8, wide - 96, 30);
-        plays_[i]->setGeometry(left + wide - 88, 8, 88, 30);
-        destinations_[i]->setGeometry(left, 43, wide, 28);
+        folders_[i]->setGeometry(left, 8, wide, 30);
+        plays_[i]->setGeometry(left, 73, wide, 28);
+        destinations_[i]->setGeometry(left, 43, plays_[i]->width(), 28);
         lists_[i]->setGeometry(left, kHead, wide, height() - kHead - kEdge);
     }
     const int treeTop = kHead + (height() - kHead) / 3;

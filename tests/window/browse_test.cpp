@@ -234,6 +234,21 @@ TEST(Browser, TheGangLoadsIntoTheLoopTracksInControl) {
     EXPECT_EQ(browser.s.Run[2].Playing, False);
 }
 
+TEST(Browser, ADestinationListIsAsWideAsTheBoxAutoPlayAndBothStandOverTheList) {
+    Browser b;
+    for (const char bin : {'0', '1', '2'}) {
+        const auto place = [&](std::string name) { return b.Part((name + "_" + bin).c_str()).geometry(); };
+        const QRect folder = place("PickDir");
+        const QRect destination = place("FileDestination");
+        const QRect play = place("ClickPlay");
+        const QRect list = place("PickFile");
+        EXPECT_EQ(destination.width(), play.width());
+        EXPECT_LT(folder.bottom(), destination.top());
+        EXPECT_LT(destination.bottom(), play.top());
+        EXPECT_LT(play.bottom(), list.top());
+    }
+}
+
 TEST(Browser, TheGroundOfAListShowsWhetherItsSamplesAreOnlyDragged) {
     Browser browser;
     const auto ground = [&](const char* name) {
