@@ -66,7 +66,11 @@ FrmMain::FrmMain(Session& session, Events events) : s(session), events_(std::mov
     selectList_ = new SelectList(s, this);
     historyList_ = new HistoryList(s, this);
     quickLoad_ = new PopupList(this, "QuickLoad", "Sessions of the current folder");
-    quickLoad_->OnChoose = [this](const QString& row) { QuickLoad_Click(s, row.toStdString()); };
+    quickLoad_->OnChoose = [this](int row) {
+        // By number, as a name in another encoding does not come back from what is shown of it.
+        const auto i = static_cast<std::size_t>(row);
+        if (i < s.QuickLoadRows.size()) QuickLoad_Click(s, s.QuickLoadRows[i]);
+    };
     quickLoad_->OnHide = [this] { QuickLoad_LostFocus(s); };
     PlaceBars();
     setFocus();  // no control wears the ring until the player reaches for the keys

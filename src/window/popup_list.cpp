@@ -64,12 +64,12 @@ void PopupList::mouseReleaseEvent(QMouseEvent* event) {
     const bool chosen = pressed_;
     pressed_ = false;
     const QModelIndex released = indexAt(event->position().toPoint());
-    if (chosen && released.isValid() && OnChoose) OnChoose(item(released.row())->text());
+    if (chosen && released.isValid() && OnChoose) OnChoose(released.row());
 }
 
 void PopupList::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        if (OnChoose && currentItem() != nullptr) OnChoose(currentItem()->text());
+        if (OnChoose && currentItem() != nullptr) OnChoose(currentRow());
         return;
     }
     if (event->key() == Qt::Key_Escape) return hide();

@@ -15,8 +15,8 @@ public:
     /// Opens with `rows` below `at` (a rectangle on the screen), or above it where the screen ends.
     void Open(const QStringList& rows, const QRect& at);
 
-    std::function<void(const QString& row)> OnChoose;  ///< a row was clicked, or chosen by key
-    std::function<void()> OnHide;                      ///< the list went away
+    std::function<void(int row)> OnChoose;  ///< a row, from 0, was clicked, or chosen by key
+    std::function<void()> OnHide;           ///< the list went away
 
 protected:
     bool event(QEvent* event) override;

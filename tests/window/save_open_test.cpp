@@ -347,6 +347,14 @@ TEST(QuickLoad, ShowsItsRowsInTheirOrderWithTheFirstOneChosen) {
     EXPECT_EQ(quick.List().currentRow(), 0);
 }
 
+TEST(QuickLoad, ANameInAnotherEncodingIsLoadedAllTheSame) {
+    Quick quick;
+    quick.s.QuickLoadRows = {"<Close>", "caf\xE9"};
+    quick.Open(Qt::LeftButton);
+    quick.Take(1);
+    EXPECT_TRUE(Has(quick.Store.Log, "Load /tmp/caf\xE9.mvn current adopt"));
+}
+
 TEST(QuickLoad, AnyOtherButtonOpensTheDialogueToo) {
     Quick quick;
     quick.Open(Qt::MiddleButton);
