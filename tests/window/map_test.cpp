@@ -279,6 +279,24 @@ TEST(SoundMap, ADoubleClickOnABallThatIsHalfUnderAnotherCentresTheOneThatWasClic
     EXPECT_EQ(map.Place(3), upper);
 }
 
+TEST(SoundMap, ATapThatIsOverBeforeThePointerIsPutUnderAnotherBallIsTheFirstHalfOfADoubleClickToo) {
+    Map map;
+    map.At("PosBall_3")->raise();
+    const QPointF upper = map.Place(3);
+    const double step = 10 / 142.0 * map.s.MapRange;
+    PositionSet(map.s, 2, static_cast<float>(upper.x() - step), static_cast<float>(upper.y() - step), false, true, true,
+                true);
+    const QPoint press = map.PutByPress(2);
+    QTest::mouseClick(&map.Window(), Qt::LeftButton, {}, press);  // the release tells the old place
+    QTest::lastMouseTimestamp -= QTest::mouseDoubleClickInterval;
+    const QPoint put = map.Pointer();
+    ASSERT_EQ(map.Form->childAt(put), map.At("PosBall_3"));
+    test::QuickClick(map.Window(), put);
+    EXPECT_EQ(map.Place(2), QPointF(0, 0));
+    EXPECT_EQ(map.Place(3), upper);
+    EXPECT_TRUE(map.s.CursorFree);
+}
+
 TEST(SoundMap, TwoQuickRightClicksFadeALoopTrackTwice) {
     Map map;
     map.Fill(2);

@@ -46,9 +46,13 @@ bool Ball::BeganWith(const Press& now) const {
 
 /// The ball that was clicked where this press comes: the pointer may have been put under the ball of another.
 Ball& Ball::Clicked(const Press& now, QPointF pointer) {
+    // A tap may have been over before the pointer was put: then the ball has not seen it there.
+    const auto left = [&](const Ball& ball) {
+        return Near(ball.seen_, pointer) || (ball.put_ && Near(*ball.put_, pointer));
+    };
     for (QObject* child : parentWidget()->children()) {
         auto* other = dynamic_cast<Ball*>(child);
-        if (other != nullptr && other != this && other->BeganWith(now) && Near(other->seen_, pointer)) return *other;
+        if (other != nullptr && other != this && other->BeganWith(now) && left(*other)) return *other;
     }
     return *this;
 }
