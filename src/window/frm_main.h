@@ -40,7 +40,8 @@ public:
     /// Starts the moving line of the place that sounds while anything plays.
     void FollowPlaying();
     void RefreshTitle();
-    /// Shows the load of the sound, and tells when the device has gone; asked every other second.
+    /// Shows the load of the sound, and tells when the device has gone; asked every other second, and when another one
+    /// is chosen.
     void WatchSound();
     /// Makes the balls of pad and map answer the pointer, or not.
     void EnableBalls(bool enabled);

@@ -197,6 +197,7 @@ void QtDisplay::ShowTab() {
 void QtDisplay::ShowDrivers() {
     if (form_ == nullptr) return;
     form_->Tabs->Options->RefreshDrivers();
+    form_->WatchSound();  // the device that is named now need not be the one that had gone
     form_->Status2->update();
 }
 

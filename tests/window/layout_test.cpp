@@ -177,6 +177,16 @@ TEST(StatusBars, ADeviceThatHasGoneIsToldOnceAndStaysShownUntilAnotherIsThere) {
     EXPECT_EQ(stage.Form->Status2->DeviceText(), "No Sound");
 }
 
+TEST(StatusBars, TheDeviceThatIsChosenForAGoneOneIsNotCalledGone) {
+    Stage stage;
+    stage.SoundGone = true;
+    stage.Form->WatchSound();
+    stage.SoundGone = false;
+    stage.s.Driver = 1;
+    stage.Screen.ShowDrivers();
+    EXPECT_EQ(stage.Form->Status2->DeviceText(), "Second Device, 44100 Hz, 256 frames");
+}
+
 TEST(StatusBars, TheQuestionMarkSaysItsHint) {
     Stage stage;
     stage.Move("StatusBar1", {1015, 12});
