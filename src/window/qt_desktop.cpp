@@ -38,8 +38,14 @@ QMessageBox::Icon IconOf(BoxStyle style) {
 QtDesktop::QtDesktop() = default;
 QtDesktop::~QtDesktop() { ReleaseCursor(); }
 
+// A box of the main window would raise that one over a dialogue that is open, and leave it there.
+QWidget* QtDesktop::BoxParent() const {
+    if (QWidget* dialogue = QApplication::activeModalWidget()) return dialogue;
+    return mainWindow_ != nullptr && mainWindow_->isVisible() ? mainWindow_ : nullptr;
+}
+
 bool QtDesktop::MessageBox(const std::string& text, const std::string& title, BoxStyle style) {
-    QMessageBox box(mainWindow_ != nullptr && mainWindow_->isVisible() ? mainWindow_ : nullptr);
+    QMessageBox box(BoxParent());
     box.setObjectName("MessageBox");
     box.setWindowTitle(title.empty() ? QString("marvolin") : QString::fromStdString(title));
     box.setTextFormat(Qt::PlainText);

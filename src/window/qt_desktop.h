@@ -17,7 +17,7 @@ public:
     QtDesktop();
     ~QtDesktop() override;
 
-    /// The main window, over which boxes are shown. Null when it is gone.
+    /// The main window, over which boxes are shown unless a dialogue waits over it. Null when it is gone.
     void Attach(QWidget* mainWindow) { mainWindow_ = mainWindow; }
 
     using Desktop::MessageBox;
@@ -45,6 +45,8 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
+    QWidget* BoxParent() const;
+
     QWidget* mainWindow_ = nullptr;
     bool busy_ = false;
     std::optional<PixelRect> cage_;

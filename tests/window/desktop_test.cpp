@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QMessageBox>
 #include <QPushButton>
@@ -84,6 +85,32 @@ TEST(QtDesktop, ABoxShowsItsTextPlainAndTakesTheAnswer) {
     answer(QMessageBox::Cancel);
     EXPECT_FALSE(desk.MessageBox("Sure?", "Question", BoxStyle::Question));
     EXPECT_EQ(title, "Question");
+}
+
+TEST(QtDesktop, ABoxIsShownOverTheDialogueThatIsOpenAndElseOverTheMainWindow) {
+    QtDesktop desk;
+    QWidget main;
+    main.show();
+    desk.Attach(&main);
+    QWidget* over = nullptr;
+    const auto show = [&] {
+        QTimer::singleShot(0, [&over] {
+            auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            over = box->parentWidget();
+            box->button(QMessageBox::Ok)->click();
+        });
+        desk.MessageBox("There is no such folder", "", BoxStyle::Plain);
+    };
+    show();
+    EXPECT_EQ(over, &main);
+    QDialog dialogue(&main);
+    QTimer::singleShot(0, [&] {
+        show();
+        dialogue.accept();
+    });
+    dialogue.exec();
+    EXPECT_EQ(over, &dialogue);
 }
 
 TEST(QtDesktop, KnowsTheScreen) {
