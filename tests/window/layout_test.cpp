@@ -160,8 +160,7 @@ TEST(StatusBars, ADeviceThatHasGoneIsToldOnceAndStaysShownUntilAnotherIsThere) {
     stage.SoundGone = true;
     stage.Form->WatchSound();
     EXPECT_EQ(stage.s.StatusText, "The sound device is gone. Choose one on the tab Optn.");
-    EXPECT_EQ(stage.Form->Status2->DeviceText(),
-              "Primary Sound Driver is gone: choose a sound driver on the tab Optn");
+    EXPECT_EQ(stage.Form->Status2->DeviceText(), "Primary Sound Driver is gone: choose a sound driver on the tab Optn");
     EXPECT_NE(stage.At("StatusBar2")->grab().toImage(), before);
     stage.s.StatusText = "Stopped.";
     stage.Form->WatchSound();
