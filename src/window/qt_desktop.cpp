@@ -38,9 +38,12 @@ QMessageBox::Icon IconOf(BoxStyle style) {
 QtDesktop::QtDesktop() = default;
 QtDesktop::~QtDesktop() { ReleaseCursor(); }
 
-// A box of the main window would raise that one over a dialogue that is open, and leave it there.
+// A box of the main window would raise that one over the window at which the player works, and leave it there. Only
+// windows that last are taken: a box goes with its parent.
 QWidget* QtDesktop::BoxParent() const {
     if (QWidget* dialogue = QApplication::activeModalWidget()) return dialogue;
+    QWidget* active = QApplication::activeWindow();
+    if (active != nullptr && (active->objectName() == "frmSave" || active->objectName() == "frmBrowse")) return active;
     return mainWindow_ != nullptr && mainWindow_->isVisible() ? mainWindow_ : nullptr;
 }
 

@@ -17,7 +17,8 @@ public:
     QtDesktop();
     ~QtDesktop() override;
 
-    /// The main window, over which boxes are shown unless a dialogue waits over it. Null when it is gone.
+    /// The main window, over which boxes are shown unless the player is at a dialogue or at the browser. Null when it
+    /// is gone.
     void Attach(QWidget* mainWindow) { mainWindow_ = mainWindow; }
 
     using Desktop::MessageBox;

@@ -87,7 +87,7 @@ TEST(QtDesktop, ABoxShowsItsTextPlainAndTakesTheAnswer) {
     EXPECT_EQ(title, "Question");
 }
 
-TEST(QtDesktop, ABoxIsShownOverTheDialogueThatIsOpenAndElseOverTheMainWindow) {
+TEST(QtDesktop, ABoxIsShownOverTheDialogueOrFormAtWhichThePlayerIsAndElseOverTheMainWindow) {
     QtDesktop desk;
     QWidget main;
     main.show();
@@ -111,6 +111,16 @@ TEST(QtDesktop, ABoxIsShownOverTheDialogueThatIsOpenAndElseOverTheMainWindow) {
     });
     dialogue.exec();
     EXPECT_EQ(over, &dialogue);
+    for (const char* name : {"frmSave", "frmBrowse", "frmSplash"}) {
+        QWidget window;
+        window.setObjectName(name);
+        window.show();
+        window.activateWindow();
+        QCoreApplication::processEvents();
+        ASSERT_EQ(QApplication::activeWindow(), &window);
+        show();
+        EXPECT_EQ(over, std::string(name) == "frmSplash" ? &main : &window) << name;
+    }
 }
 
 TEST(QtDesktop, KnowsTheScreen) {
