@@ -95,21 +95,27 @@ void QtWindows::Hide(Form form) {
 
 void QtWindows::Unload(Form form) {
     if (loaded_.erase(form) == 0) throw RuntimeError(kNoObject, "Object variable or With block variable not set");
-    if (form == Form::Splash) splash_.reset();
+    if (form == Form::Splash) Retire(std::move(splash_));
     if (form == Form::StartUpQuery && query_) {
         query_->hide();
         query_.release()->deleteLater();  // it may be in the middle of a click
     }
     if (form == Form::Save && save_) {
         display_.Attach(static_cast<FrmSave*>(nullptr));
-        save_.reset();
+        Retire(std::move(save_));
     }
     if (form == Form::Browse && browse_) {
         browse_->close();
         display_.Attach(static_cast<FrmBrowse*>(nullptr));
-        browse_.reset();
+        Retire(std::move(browse_));
     }
     if (form == Form::Main && main_) main_->close();
+}
+
+void QtWindows::Retire(std::unique_ptr<QWidget> form) {
+    if (!form) return;
+    form->hide();
+    unloaded_.push_back(std::move(form));
 }
 
 void QtWindows::BringToFront(Form form) {

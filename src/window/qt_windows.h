@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <set>
+#include <vector>
 
 #include "core/windows.h"
 #include "window/frm_main.h"
@@ -40,6 +41,7 @@ public:
 
 private:
     QWidget* WidgetOf(Form form) const;
+    void Retire(std::unique_ptr<QWidget> form);
 
     QtDisplay& display_;
     QtDesktop& desktop_;
@@ -50,6 +52,8 @@ private:
     std::unique_ptr<FrmBrowse> browse_;
     std::unique_ptr<FrmSave> save_;
     std::unique_ptr<FrmStartUpQuery> query_;
+    /// Unloaded forms. The hand may still be in the middle of a drag from one, so they go with the windows themselves.
+    std::vector<std::unique_ptr<QWidget>> unloaded_;
     std::set<Form> loaded_{Form::Main, Form::Browse, Form::Save, Form::Splash};
     bool ended_ = false;
 };

@@ -1,0 +1,89 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QPointer>
+#include <QtTest/QTest>
+
+#include "stage.h"
+#include "window/qt_desktop.h"
+#include "window/qt_windows.h"
+
+namespace marvolin {
+namespace {
+
+/// Unloads a form in the middle of a press on one of its controls, as the end of the program does while the hand drags.
+class UnloadAtPress : public QObject {
+public:
+    UnloadAtPress(QtWindows& windows, Form form) : windows_(windows), form_(form) {}
+    int Presses = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::MouseButtonPress) return false;
+        ++Presses;
+        windows_.Unload(form_);
+        return false;
+    }
+
+private:
+    QtWindows& windows_;
+    Form form_;
+};
+
+QWidget* Shown(const char* name) {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == name && window->isVisible()) return window;
+    }
+    return nullptr;
+}
+
+TEST(Windows, AFormThatIsUnloadedInTheMiddleOfAGestureOnItOutlivesTheGesture) {
+    struct Case {
+        Form Which;
+        const char* Window;
+        const char* Pressed;  // "" the window itself
+    };
+    for (const Case& one : {Case{Form::Browse, "frmBrowse", "PickFile_0"}, Case{Form::Save, "frmSave", "SaveIt"},
+                            Case{Form::Splash, "frmSplash", ""}}) {
+        SCOPED_TRACE(one.Window);
+        test::Stage stage;
+        QtDisplay display;
+        QtDesktop desktop;
+        QPointer<QWidget> pressed;
+        {
+            QtWindows windows(display, desktop);
+            windows.Attach(stage.s, {});
+            windows.Show(one.Which);
+            QWidget* window = Shown(one.Window);
+            ASSERT_NE(window, nullptr);
+            pressed = *one.Pressed == 0 ? window : window->findChild<QWidget*>(one.Pressed);
+            ASSERT_NE(pressed, nullptr);
+            UnloadAtPress unload(windows, one.Which);
+            pressed->installEventFilter(&unload);
+            QTest::mousePress(pressed, Qt::LeftButton, {}, QPoint(12, 8));
+            EXPECT_EQ(unload.Presses, 1);
+            ASSERT_NE(pressed, nullptr);
+            EXPECT_FALSE(pressed->isVisible());
+            EXPECT_EQ(Shown(one.Window), nullptr);
+        }
+        EXPECT_EQ(pressed, nullptr);  // it goes with the windows
+    }
+}
+
+TEST(Windows, AFormThatWasUnloadedCanBeShownAgain) {
+    test::Stage stage;
+    QtDisplay display;
+    QtDesktop desktop;
+    QtWindows windows(display, desktop);
+    windows.Attach(stage.s, {});
+    for (int i = 0; i < 2; ++i) {
+        windows.Show(Form::Browse);
+        EXPECT_NE(Shown("frmBrowse"), nullptr);
+        windows.AllowBrowserToClose();
+        windows.Unload(Form::Browse);
+        EXPECT_EQ(Shown("frmBrowse"), nullptr);
+    }
+}
+
+}  // namespace
+}  // namespace marvolin
