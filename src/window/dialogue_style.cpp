@@ -152,4 +152,11 @@ QIcon FilePictures::icon(const QFileInfo& file) const {
     return IconOf(file.isRoot() ? Glyph::Computer : file.isDir() ? Glyph::Folder : Glyph::File);
 }
 
+QString FilePictures::type(const QFileInfo& file) const {
+    if (file.isRoot()) return "Drive";
+    if (file.isDir()) return "Folder";
+    const QString ending = file.suffix();
+    return ending.isEmpty() ? QString("File") : ending.toUpper() + " File";
+}
+
 }  // namespace marvolin

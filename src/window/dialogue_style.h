@@ -16,11 +16,13 @@ public:
     QIcon standardIcon(StandardPixmap picture, const QStyleOption* option, const QWidget* widget) const override;
 };
 
-/// Pictures of folders and files in the file dialogue.
+/// Pictures of folders and files, and what they are called. Looks at names alone: the toolkit's own provider reads into
+/// each file that changes, on the thread of the window.
 class FilePictures : public QAbstractFileIconProvider {
 public:
     QIcon icon(IconType type) const override;
     QIcon icon(const QFileInfo& file) const override;
+    QString type(const QFileInfo& file) const override;
 };
 
 }  // namespace marvolin

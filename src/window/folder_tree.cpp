@@ -15,6 +15,7 @@ FolderTree::FolderTree(Session& session, QWidget* parent) : QTreeView(parent), s
     setObjectName("FolderTreeview1");
     setAccessibleName("Folders");
     folders_.setFilter(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Drives);
+    folders_.setIconProvider(&pictures_);
     setModel(&folders_);
     for (int column = 1; column < folders_.columnCount(); ++column) hideColumn(column);
     header()->hide();

@@ -4,6 +4,7 @@
 #include <QTreeView>
 
 #include "core/session.h"
+#include "window/dialogue_style.h"
 
 namespace marvolin {
 
@@ -25,6 +26,7 @@ private:
 
     Session& s;
     bool settling_ = false;  // the tree has been opened and not yet been touched
+    FilePictures pictures_;  // outlives the folders
     QFileSystemModel folders_;
 };
 

@@ -7,6 +7,7 @@
 
 #include "browser/destinations.h"
 #include "browser_stage.h"
+#include "window/dialogue_style.h"
 #include "window/folder_tree.h"
 
 namespace marvolin {
@@ -332,6 +333,22 @@ TEST(Browser, AFolderOfTheTreeDroppedOnAButtonBecomesTheBins) {
     ASSERT_EQ(browser.s.Bins[2].Rows.size(), 1U);
     EXPECT_EQ(browser.s.Bins[2].Rows[0].Name, "deep");
     EXPECT_EQ(browser.s.Bins[0].Folder, browser.Folder.string());
+}
+
+TEST(Browser, TheTreeNamesAndPaintsWhatChangesByItsNameAloneAndDoesNotReadIntoIt) {
+    Browser browser;
+    std::ofstream(browser.Folder / "nameless") << "RIFF....WAVEfmt ";
+    browser.ClickOn("PickDir_2");
+    auto& folders = dynamic_cast<QFileSystemModel&>(*browser.Window.Bins->Tree->model());
+    QAbstractFileIconProvider& pictures = *folders.iconProvider();
+    const auto type = [&](const std::filesystem::path& path) {
+        return pictures.type(QFileInfo(QString::fromStdString(path.string())));
+    };
+    EXPECT_EQ(type(browser.Folder / "nameless"), "File");
+    EXPECT_EQ(type(browser.Folder / "one.wav"), "WAV File");
+    EXPECT_EQ(type(browser.Folder), "Folder");
+    EXPECT_EQ(type("/"), "Drive");
+    EXPECT_NE(dynamic_cast<FilePictures*>(&pictures), nullptr);
 }
 
 TEST(Browser, HasFourTabsOfWhichTwoHoldNoBins) {
