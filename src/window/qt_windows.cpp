@@ -58,7 +58,8 @@ void QtWindows::Load(Form form) {
         events.Unload = [this] {
             ended_ = true;
             if (events_.Unload) events_.Unload();
-            QCoreApplication::quit();
+            // Not quit(), which any window could refuse: the program would stay on, unseen.
+            QCoreApplication::exit();
         };
         main_ = std::make_unique<FrmMain>(*session_, std::move(events));
         display_.Attach(main_.get());

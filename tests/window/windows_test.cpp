@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QPointer>
+#include <QTimer>
 #include <QtTest/QTest>
 
 #include "stage.h"
@@ -83,6 +85,29 @@ TEST(Windows, AFormThatWasUnloadedCanBeShownAgain) {
         windows.Unload(Form::Browse);
         EXPECT_EQ(Shown("frmBrowse"), nullptr);
     }
+}
+
+TEST(Windows, ClosingTheMainWindowEndsTheProgramAlthoughAnotherWindowRefusesToClose) {
+    struct Stubborn : QWidget {
+        void closeEvent(QCloseEvent* event) override { event->ignore(); }
+    };
+    test::Stage stage;
+    QtDisplay display;
+    QtDesktop desktop;
+    QtWindows windows(display, desktop);
+    windows.Attach(stage.s, {});
+    windows.Show(Form::Main);
+    Stubborn other;
+    other.show();
+    bool late = false;
+    QTimer::singleShot(0, windows.Main(), [&] { windows.Main()->close(); });
+    QTimer::singleShot(5000, &other, [&] {
+        late = true;
+        QCoreApplication::exit();
+    });
+    QApplication::exec();
+    EXPECT_TRUE(windows.Ended());
+    EXPECT_FALSE(late);
 }
 
 }  // namespace
