@@ -2,15 +2,13 @@
 /// \file
 /// WAV files written byte by byte, right ones and wrong ones.
 
-#include <unistd.h>
-
 #include <cstdint>
-#include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "fakes/temp_folder.h"
 
 namespace marvolin::test {
 
@@ -73,20 +71,11 @@ inline Bytes Pcm(const std::vector<std::int32_t>& numbers, int bits) {
     return bytes;
 }
 
-/// A folder of its own that is gone at the end.
+/// A folder of its own for samples, gone at the end.
 class SampleFolder {
 public:
-    SampleFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "soundXXXXXX").string();
-        path_ = mkdtemp(name.data());
-    }
-    ~SampleFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    SampleFolder(const SampleFolder&) = delete;
-    SampleFolder& operator=(const SampleFolder&) = delete;
-    std::string Path(const std::string& name) const { return (path_ / name).string(); }
+    /// Full path of `name` in it; of the folder with a separator at its end, when that is empty.
+    std::string Path(const std::string& name) const { return folder_.In(name); }
     std::string Write(const std::string& name, const Bytes& bytes) const {
         std::ofstream file(Path(name), std::ios::binary);
         file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
@@ -94,7 +83,7 @@ public:
     }
 
 private:
-    std::filesystem::path path_;
+    TempFolder folder_;
 };
 
 }  // namespace marvolin::test

@@ -2,11 +2,8 @@
 /// \file
 /// Files of a test, byte by byte.
 
-#include <unistd.h>
-
 #include <bit>
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -14,28 +11,9 @@
 #include <string>
 #include <string_view>
 
+#include "fakes/temp_folder.h"
+
 namespace marvolin::test {
-
-/// A folder of its own for a test, gone when it ends.
-class TempFolder {
-public:
-    TempFolder() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "marvolinXXXXXX").string();
-        if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
-        path_ = pattern;
-    }
-    ~TempFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
-    const std::string& Path() const { return path_; }
-    std::string operator/(const std::string& name) const { return path_ + "/" + name; }
-
-private:
-    std::string path_;
-};
 
 inline void WriteBytes(const std::string& path, std::string_view bytes) {
     // A new file: emptying an old one makes some file systems wait for the disk.

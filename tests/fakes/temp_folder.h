@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <stdexcept>
 #include <string>
 #include <system_error>
 
@@ -15,7 +16,8 @@ class TempFolder {
 public:
     TempFolder() {
         std::string name = (std::filesystem::temp_directory_path() / "marvolin-test-XXXXXX").string();
-        path_ = ::mkdtemp(name.data());
+        if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
+        path_ = name;
     }
     ~TempFolder() {
         std::error_code ignored;
@@ -28,6 +30,7 @@ public:
     const std::string& Path() const { return path_; }
     /// Full path of `name` in it.
     std::string In(const std::string& name) const { return path_ + "/" + name; }
+    std::string operator/(const std::string& name) const { return In(name); }
     /// Makes a file of that name; its full path.
     std::string Touch(const std::string& name, const std::string& content = "") const {
         std::ofstream(In(name), std::ios::binary) << content;

@@ -1,16 +1,15 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <map>
 #include <set>
 #include <string>
 
+#include "fakes/temp_folder.h"
 #include "make_samples/finishing.h"
 #include "make_samples/library.h"
 #include "make_samples/wav_writer.h"
@@ -48,13 +47,6 @@ double LargestStep(const Signal& signal, long first, long last) {
 
 class SampleFolder : public testing::Test {
 protected:
-    SampleFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "samplesXXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) std::abort();
-        folder_ = name;
-    }
-    ~SampleFolder() override { std::filesystem::remove_all(folder_); }
-
     static std::string Bytes(const std::filesystem::path& file) {
         std::ifstream in(file, std::ios::binary);
         return {std::istreambuf_iterator<char>(in), {}};
@@ -67,7 +59,8 @@ protected:
         return number;
     }
 
-    std::filesystem::path folder_;
+    marvolin::test::TempFolder own_;
+    std::filesystem::path folder_ = own_.Path();
 };
 
 TEST(SampleLibrary, EveryLoopIsExactlyTwoBarsAt120Bpm) {
