@@ -20,24 +20,24 @@
 #include <thread>
 #include <vector>
 
-#include "audio/openal_sound.h"
+#include "audio/openal/sound.h"
 #include "audio/sample_loading.h"
 #include "audio/transport.h"
 #include "core/paths.h"
 #include "core/session.h"
 #include "instrument/shut_down.h"
 #include "instrument/start_up.h"
-#include "performance/mix_pad.h"
+#include "performance/pad/mix_pad.h"
 #include "persistence/session_file_store.h"
-#include "window/application.h"
 #include "window/controls/knob.h"
-#include "window/mersenne_random.h"
-#include "window/no_scripts.h"
-#include "window/qt_desktop.h"
-#include "window/qt_display.h"
-#include "window/qt_timer.h"
-#include "window/qt_windows.h"
-#include "window/tab_mix_pad.h"
+#include "window/tabs/tab_mix_pad.h"
+#include "window/toolkit/application.h"
+#include "window/toolkit/mersenne_random.h"
+#include "window/toolkit/no_scripts.h"
+#include "window/toolkit/qt_desktop.h"
+#include "window/toolkit/qt_display.h"
+#include "window/toolkit/qt_timer.h"
+#include "window/toolkit/qt_windows.h"
 
 using namespace marvolin;
 using Clock = std::chrono::steady_clock;

@@ -6,12 +6,12 @@
 
 #include "fakes/instrument.h"
 #include "performance/heard_rig.h"
-#include "performance/joystick.h"
-#include "performance/joystick_setup.h"
-#include "performance/mix_pad.h"
-#include "performance/pad_gesture.h"
-#include "performance/pad_tables.h"
-#include "performance/wire_sets.h"
+#include "performance/joystick/joystick.h"
+#include "performance/joystick/joystick_setup.h"
+#include "performance/pad/mix_pad.h"
+#include "performance/pad/pad_gesture.h"
+#include "performance/pad/pad_tables.h"
+#include "performance/pad/wire_sets.h"
 
 namespace marvolin {
 namespace {

@@ -12,8 +12,8 @@
 #include <string>
 
 #include "fakes/instrument.h"
-#include "performance/mix_pad.h"
-#include "performance/pad_tables.h"
+#include "performance/pad/mix_pad.h"
+#include "performance/pad/pad_tables.h"
 #include "persistence/session_reader.h"
 #include "sequencing/loop_clock.h"
 
@@ -38,8 +38,7 @@ struct OwnFolder {
 /// A plain file in memory that holds the input, under a name of its own.
 class MemoryFile {
 public:
-    MemoryFile(const std::uint8_t* data, std::size_t size, const std::string& name)
-        : file_(::memfd_create("fuzz", 0)) {
+    MemoryFile(const std::uint8_t* data, std::size_t size, const std::string& name) : file_(::memfd_create("fuzz", 0)) {
         static const OwnFolder folder;
         if (file_ < 0 || ::write(file_, data, size) != static_cast<ssize_t>(size)) std::abort();
         link_ = folder.Path / name;

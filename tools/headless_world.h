@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
-#include "audio/openal_sound.h"
+#include "audio/openal/sound.h"
 #include "core/session.h"
 #include "instrument/start_up.h"
-#include "performance/mix_pad.h"
+#include "performance/pad/mix_pad.h"
 #include "persistence/session_file_store.h"
 
 namespace marvolin::headless {

@@ -7,7 +7,7 @@
 #include "core/busy_pointer.h"
 #include "core/paths.h"
 #include "core/routines.h"
-#include "performance/joystick_setup.h"
+#include "performance/joystick/joystick_setup.h"
 #include "persistence/start_up_demo.h"
 #include "sequencing/patterns.h"
 

@@ -9,8 +9,8 @@
 #include "core/routines.h"
 #include "parameters/fades.h"
 #include "parameters/wires.h"
-#include "performance/joystick_setup.h"
-#include "performance/pad_tables.h"
+#include "performance/joystick/joystick_setup.h"
+#include "performance/pad/pad_tables.h"
 #include "performance/tabs.h"
 #include "sequencing/loop_clock.h"
 

@@ -9,11 +9,11 @@
 
 #include "fakes/fake_sound.h"
 #include "fakes/fake_world.h"
-#include "window/frm_browse.h"
-#include "window/frm_main.h"
-#include "window/frm_save.h"
-#include "window/qt_display.h"
-#include "window/theme.h"
+#include "window/forms/frm_browse.h"
+#include "window/forms/frm_main.h"
+#include "window/forms/frm_save.h"
+#include "window/toolkit/qt_display.h"
+#include "window/toolkit/theme.h"
 
 using namespace marvolin;
 

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "audio/openal_sound.h"
+#include "audio/openal/sound.h"
 #include "audio/wave_bytes.h"
 #include "core/errors.h"
 

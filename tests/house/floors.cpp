@@ -28,9 +28,9 @@ struct Library {
 
 const Library kLibraries[] = {
     {"Qt", R"([<"](Q[A-Za-z0-9_/.]*|qt[a-z0-9_/.]*)[>"])", R"(window/.*|main\.cpp)"},
-    {"SDL", R"([<"](SDL.*)[>"])", R"(audio/(openal|sdl)_.*|performance/sdl_input\.(h|cpp))"},
-    {"OpenAL", R"([<"](AL/.*|al\.h|alc\.h|alext\.h)[>"])", R"(audio/openal_.*)"},
-    {"libsndfile", R"([<"]sndfile.*[>"])", R"(audio/wave_file\.(h|cpp))"},
+    {"SDL", R"([<"](SDL.*)[>"])", R"(audio/openal/.*|performance/joystick/sdl_input\.(h|cpp))"},
+    {"OpenAL", R"([<"](AL/.*|al\.h|alc\.h|alext\.h)[>"])", R"(audio/openal/.*)"},
+    {"libsndfile", R"([<"]sndfile.*[>"])", R"(audio/openal/wave_file\.(h|cpp))"},
     {"liblnk", R"([<"]liblnk.*[>"])", R"(browser/lnk_shortcut\.(h|cpp))"},
     {"Lua", R"([<"](lua.*|lauxlib\.h)[>"])", R"(scripting/lua_script\.(h|cpp))"},
 };

@@ -38,8 +38,9 @@ TEST(FloorsCheck, FindsIncludesAndNothingElse) {
 TEST(FloorsCheck, TellsAToolkitHeaderBelowTheWindow) {
     for (const char* header : {"<QWidget>", "<QtCore/QString>", "<qtimer.h>", "\"QString\""}) {
         const std::string text = std::string("#include ") + header + "\n";
-        EXPECT_EQ(LibrariesOutOfPlace({{"performance/mix_pad.cpp", text}}).size(), 1u) << header;
-        EXPECT_THAT(LibrariesOutOfPlace({{"window/mix_pad.cpp", text}, {"main.cpp", text}}), IsEmpty()) << header;
+        EXPECT_EQ(LibrariesOutOfPlace({{"performance/pad/mix_pad.cpp", text}}).size(), 1u) << header;
+        EXPECT_THAT(LibrariesOutOfPlace({{"window/tabs/tab_mix_pad.cpp", text}, {"main.cpp", text}}), IsEmpty())
+            << header;
     }
 }
 
@@ -48,13 +49,14 @@ TEST(FloorsCheck, TellsALibraryHeaderOutsideItsAdapter) {
         const char* header;
         const char* adapter;
     };
-    for (const Case& c : {Case{"<SDL.h>", "audio/openal_sound.cpp"}, Case{"<SDL2/SDL.h>", "performance/sdl_input.cpp"},
-                          Case{"<AL/alext.h>", "audio/openal_sound.cpp"}, Case{"<sndfile.h>", "audio/wave_file.cpp"},
-                          Case{"<liblnk.h>", "browser/lnk_shortcut.cpp"}, Case{"<lua.hpp>", "scripting/lua_script.cpp"},
-                          Case{"<lua5.4/lualib.h>", "scripting/lua_script.cpp"}}) {
+    for (const Case& c :
+         {Case{"<SDL.h>", "audio/openal/sound.cpp"}, Case{"<SDL2/SDL.h>", "performance/joystick/sdl_input.cpp"},
+          Case{"<AL/alext.h>", "audio/openal/sound.cpp"}, Case{"<sndfile.h>", "audio/openal/wave_file.cpp"},
+          Case{"<liblnk.h>", "browser/lnk_shortcut.cpp"}, Case{"<lua.hpp>", "scripting/lua_script.cpp"},
+          Case{"<lua5.4/lualib.h>", "scripting/lua_script.cpp"}}) {
         const std::string text = std::string("#include ") + c.header + "\n";
         EXPECT_EQ(LibrariesOutOfPlace({{"core/routines.cpp", text}}).size(), 1u) << c.header;
-        EXPECT_EQ(LibrariesOutOfPlace({{"window/frm_main.cpp", text}}).size(), 1u) << c.header;
+        EXPECT_EQ(LibrariesOutOfPlace({{"window/forms/frm_main.cpp", text}}).size(), 1u) << c.header;
         EXPECT_THAT(LibrariesOutOfPlace({{c.adapter, text}}), IsEmpty()) << c.header;
     }
 }
@@ -62,11 +64,11 @@ TEST(FloorsCheck, TellsALibraryHeaderOutsideItsAdapter) {
 TEST(FloorsCheck, TellsAnIncludeThatGoesUp) {
     EXPECT_THAT(FloorsBroken({{"core/a.cpp", "#include \"audio/device.h\"\n"}}),
                 ElementsAre("core/a.cpp: audio/device.h stands above it"));
-    EXPECT_THAT(FloorsBroken({{"sequencing/a.h", "#include \"performance/mix_pad.h\"\n"}}), testing::SizeIs(1));
-    EXPECT_THAT(FloorsBroken({{"instrument/a.cpp", "#include \"window/frm_main.h\"\n"}}), testing::SizeIs(1));
+    EXPECT_THAT(FloorsBroken({{"sequencing/a.h", "#include \"performance/pad/mix_pad.h\"\n"}}), testing::SizeIs(1));
+    EXPECT_THAT(FloorsBroken({{"instrument/a.cpp", "#include \"window/forms/frm_main.h\"\n"}}), testing::SizeIs(1));
     EXPECT_THAT(FloorsBroken({{"audio/a.cpp", "#include \"parameters/mapping.h\"\n"},
                               {"parameters/a.cpp", "#include \"audio/ds_error.h\"\n"},
-                              {"main.cpp", "#include \"window/frm_main.h\"\n"}}),
+                              {"main.cpp", "#include \"window/forms/frm_main.h\"\n"}}),
                 IsEmpty());
 }
 

@@ -10,7 +10,7 @@
 #include "fakes/instrument.h"
 #include "fakes/temp_folder.h"
 #include "instrument/shut_down.h"
-#include "performance/mix_pad.h"
+#include "performance/pad/mix_pad.h"
 
 namespace marvolin {
 namespace {

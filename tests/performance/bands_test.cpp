@@ -1,4 +1,4 @@
-#include "performance/bands.h"
+#include "performance/selection/bands.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "fakes/instrument.h"
-#include "performance/selection.h"
+#include "performance/selection/selection.h"
 #include "performance/tabs.h"
 
 namespace marvolin {

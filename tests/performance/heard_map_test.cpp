@@ -9,8 +9,8 @@
 #include "parameters/position.h"
 #include "parameters/setters.h"
 #include "performance/heard_rig.h"
-#include "performance/listener.h"
-#include "performance/use_3d.h"
+#include "performance/map/listener.h"
+#include "performance/map/use_3d.h"
 
 namespace marvolin {
 namespace {

@@ -8,8 +8,8 @@
 #include <numbers>
 
 #include "performance/heard_rig.h"
-#include "performance/pad_gesture.h"
-#include "performance/wire_sets.h"
+#include "performance/pad/pad_gesture.h"
+#include "performance/pad/wire_sets.h"
 
 namespace marvolin {
 namespace {

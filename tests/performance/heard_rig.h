@@ -9,15 +9,15 @@
 #include <vector>
 
 #include "audio/device.h"
-#include "audio/openal_sound.h"
+#include "audio/openal/sound.h"
 #include "audio/sample_loading.h"
 #include "audio/transport.h"
 #include "audio/wave_bytes.h"
 #include "fakes/fake_display.h"
 #include "fakes/fake_world.h"
-#include "performance/mix_pad.h"
-#include "performance/pad_tables.h"
-#include "performance/sound_map.h"
+#include "performance/map/sound_map.h"
+#include "performance/pad/mix_pad.h"
+#include "performance/pad/pad_tables.h"
 #include "persistence/session_file_store.h"
 
 namespace marvolin::test {

@@ -1,4 +1,4 @@
-#include "performance/joystick_axes.h"
+#include "performance/joystick/joystick_axes.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "performance/joystick_setup.h"
+#include "performance/joystick/joystick_setup.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
-#include "performance/joystick.h"
+#include "performance/joystick/joystick.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
 #include "parameters/position.h"
-#include "performance/joystick_setup.h"
+#include "performance/joystick/joystick_setup.h"
 #include "performance/surfaces.h"
 
 namespace marvolin {

@@ -1,10 +1,10 @@
-#include "performance/map_gesture.h"
+#include "performance/map/map_gesture.h"
 
 #include <gtest/gtest.h>
 
 #include "parameters/position.h"
 #include "parameters/scroll_events.h"
-#include "performance/map_events.h"
+#include "performance/map/map_events.h"
 #include "performance/surfaces.h"
 
 namespace marvolin {

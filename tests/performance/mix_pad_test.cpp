@@ -1,11 +1,11 @@
-#include "performance/mix_pad.h"
+#include "performance/pad/mix_pad.h"
 
 #include <gtest/gtest.h>
 
 #include <cfenv>
 #include <cmath>
 
-#include "performance/pad_tables.h"
+#include "performance/pad/pad_tables.h"
 #include "performance/surfaces.h"
 
 namespace marvolin {

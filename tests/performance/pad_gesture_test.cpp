@@ -1,4 +1,4 @@
-#include "performance/pad_gesture.h"
+#include "performance/pad/pad_gesture.h"
 
 #include <gtest/gtest.h>
 

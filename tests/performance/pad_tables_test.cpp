@@ -1,4 +1,4 @@
-#include "performance/pad_tables.h"
+#include "performance/pad/pad_tables.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "performance/scatter.h"
+#include "performance/map/scatter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
-#include "performance/sdl_input.h"
+#include "performance/joystick/sdl_input.h"
 
 #define SDL_MAIN_HANDLED
 #include <SDL.h>
 #include <gtest/gtest.h>
 
 #include "core/errors.h"
-#include "performance/joystick.h"
-#include "performance/joystick_setup.h"
+#include "performance/joystick/joystick.h"
+#include "performance/joystick/joystick_setup.h"
 #include "performance/surfaces.h"
 
 namespace marvolin {

@@ -1,4 +1,4 @@
-#include "performance/selection.h"
+#include "performance/selection/selection.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,12 +1,12 @@
-#include "performance/sound_map.h"
+#include "performance/map/sound_map.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 
 #include "parameters/position.h"
-#include "performance/listener.h"
-#include "performance/scatter.h"
+#include "performance/map/listener.h"
+#include "performance/map/scatter.h"
 #include "performance/surfaces.h"
 
 namespace marvolin {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "fakes/instrument.h"
-#include "performance/mix_pad.h"
-#include "performance/pad_tables.h"
-#include "performance/sound_map.h"
+#include "performance/map/sound_map.h"
+#include "performance/pad/mix_pad.h"
+#include "performance/pad/pad_tables.h"
 
 namespace marvolin::test {
 

@@ -1,4 +1,4 @@
-#include "performance/use_3d.h"
+#include "performance/map/use_3d.h"
 
 #include <gtest/gtest.h>
 

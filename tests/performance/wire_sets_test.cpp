@@ -1,4 +1,4 @@
-#include "performance/wire_sets.h"
+#include "performance/pad/wire_sets.h"
 
 #include <gtest/gtest.h>
 

@@ -9,7 +9,7 @@
 #include "audio/sample_loading.h"
 #include "browser/clipboard.h"
 #include "parameters/setters.h"
-#include "performance/use_3d.h"
+#include "performance/map/use_3d.h"
 #include "persistence/set_instrument.h"
 
 namespace marvolin {

@@ -6,8 +6,8 @@
 #include "core/routines.h"
 #include "fakes/file_bytes.h"
 #include "fakes/instrument.h"
-#include "performance/mix_pad.h"
-#include "performance/pad_tables.h"
+#include "performance/pad/mix_pad.h"
+#include "performance/pad/pad_tables.h"
 #include "persistence/session_reader.h"
 #include "persistence/session_writer.h"
 

@@ -7,8 +7,8 @@
 
 #include "browser/destinations.h"
 #include "browser_stage.h"
-#include "window/dialogue_style.h"
-#include "window/folder_tree.h"
+#include "window/controls/folder_tree.h"
+#include "window/toolkit/dialogue_style.h"
 
 namespace marvolin {
 namespace {

@@ -16,8 +16,8 @@
 #include "fakes/temp_folder.h"
 #include "hand.h"
 #include "stage.h"
-#include "window/browse_bins.h"
-#include "window/frm_browse.h"
+#include "window/forms/browse_bins.h"
+#include "window/forms/frm_browse.h"
 
 namespace marvolin::test {
 

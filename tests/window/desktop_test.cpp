@@ -11,7 +11,7 @@
 #include <filesystem>
 
 #include "core/errors.h"
-#include "window/qt_desktop.h"
+#include "window/toolkit/qt_desktop.h"
 
 namespace marvolin {
 namespace {

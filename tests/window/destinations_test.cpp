@@ -5,8 +5,8 @@
 #include "audio/sample_loading.h"
 #include "fakes/temp_folder.h"
 #include "stage.h"
-#include "window/browse_bins.h"
-#include "window/frm_browse.h"
+#include "window/forms/browse_bins.h"
+#include "window/forms/frm_browse.h"
 
 namespace marvolin {
 namespace {

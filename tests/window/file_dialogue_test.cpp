@@ -10,7 +10,7 @@
 #include "fakes/temp_folder.h"
 #include "persistence/save_open.h"
 #include "stage.h"
-#include "window/frm_save.h"
+#include "window/forms/frm_save.h"
 
 namespace marvolin {
 namespace {

@@ -13,8 +13,8 @@
 #include <optional>
 
 #include "fakes/fake_world.h"
-#include "window/controls/surface.h"
-#include "window/drag_source.h"
+#include "window/surfaces/surface.h"
+#include "window/toolkit/drag_source.h"
 
 namespace marvolin::test {
 

@@ -3,9 +3,9 @@
 #include <set>
 
 #include "stage.h"
-#include "window/control.h"
-#include "window/status_bars.h"
-#include "window/theme.h"
+#include "window/controls/control.h"
+#include "window/forms/status_bars.h"
+#include "window/toolkit/theme.h"
 
 namespace marvolin {
 namespace {

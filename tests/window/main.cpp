@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "window/theme.h"
+#include "window/toolkit/theme.h"
 
 // The window's tests need no screen.
 int main(int argc, char** argv) {

@@ -4,14 +4,14 @@
 
 #include "hand.h"
 #include "parameters/position.h"
-#include "performance/mix_pad.h"
-#include "performance/sound_map.h"
+#include "performance/map/sound_map.h"
+#include "performance/map/use_3d.h"
+#include "performance/pad/mix_pad.h"
 #include "performance/tabs.h"
-#include "performance/use_3d.h"
 #include "stage.h"
-#include "window/controls/map_surface.h"
-#include "window/tab_map.h"
-#include "window/tab_mix_pad.h"
+#include "window/surfaces/map_surface.h"
+#include "window/tabs/tab_map.h"
+#include "window/tabs/tab_mix_pad.h"
 
 namespace marvolin {
 namespace {

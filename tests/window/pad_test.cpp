@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
 #include "hand.h"
-#include "performance/mix_pad.h"
-#include "performance/pad_tables.h"
+#include "performance/pad/mix_pad.h"
+#include "performance/pad/pad_tables.h"
 #include "stage.h"
-#include "window/controls/pad_surface.h"
-#include "window/tab_mix_pad.h"
+#include "window/surfaces/pad_surface.h"
+#include "window/tabs/tab_mix_pad.h"
 
 namespace marvolin {
 namespace {

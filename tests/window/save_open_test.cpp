@@ -12,8 +12,8 @@
 #include "hand.h"
 #include "persistence/element_lists.h"
 #include "stage.h"
-#include "window/frm_save.h"
-#include "window/frm_start_up_query.h"
+#include "window/forms/frm_save.h"
+#include "window/forms/frm_start_up_query.h"
 
 namespace marvolin {
 namespace {

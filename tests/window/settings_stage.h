@@ -5,14 +5,14 @@
 #include <QString>
 #include <string>
 
-#include "performance/joystick_setup.h"
-#include "performance/mix_pad.h"
-#include "performance/pad_tables.h"
-#include "performance/sound_map.h"
+#include "performance/joystick/joystick_setup.h"
+#include "performance/map/sound_map.h"
+#include "performance/map/use_3d.h"
+#include "performance/pad/mix_pad.h"
+#include "performance/pad/pad_tables.h"
 #include "performance/tabs.h"
-#include "performance/use_3d.h"
 #include "stage.h"
-#include "window/tab_mix_pad.h"
+#include "window/tabs/tab_mix_pad.h"
 
 namespace marvolin::test {
 

@@ -14,9 +14,9 @@
 #include "core/session.h"
 #include "fakes/fake_sound.h"
 #include "fakes/fake_world.h"
-#include "window/drag_source.h"
-#include "window/frm_main.h"
-#include "window/qt_display.h"
+#include "window/forms/frm_main.h"
+#include "window/toolkit/drag_source.h"
+#include "window/toolkit/qt_display.h"
 
 namespace marvolin::test {
 

@@ -7,8 +7,8 @@
 
 #include "fakes/temp_folder.h"
 #include "persistence/start_up_demo.h"
-#include "window/frm_splash.h"
-#include "window/frm_start_up_query.h"
+#include "window/forms/frm_splash.h"
+#include "window/forms/frm_start_up_query.h"
 #include "window/stage.h"
 
 namespace marvolin {

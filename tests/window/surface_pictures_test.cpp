@@ -7,10 +7,10 @@
 
 #include "hand.h"
 #include "parameters/position.h"
-#include "performance/bands.h"
-#include "performance/listener.h"
-#include "performance/scatter.h"
-#include "performance/selection.h"
+#include "performance/map/listener.h"
+#include "performance/map/scatter.h"
+#include "performance/selection/bands.h"
+#include "performance/selection/selection.h"
 #include "settings_stage.h"
 
 namespace marvolin {

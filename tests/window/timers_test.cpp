@@ -4,8 +4,8 @@
 #include <QElapsedTimer>
 #include <QTest>
 
-#include "window/mersenne_random.h"
-#include "window/qt_timer.h"
+#include "window/toolkit/mersenne_random.h"
+#include "window/toolkit/qt_timer.h"
 
 namespace marvolin {
 namespace {

@@ -7,8 +7,8 @@
 #include <QtTest/QTest>
 
 #include "stage.h"
-#include "window/qt_desktop.h"
-#include "window/qt_windows.h"
+#include "window/toolkit/qt_desktop.h"
+#include "window/toolkit/qt_windows.h"
 
 namespace marvolin {
 namespace {

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "performance/bands.h"
+#include "performance/selection/bands.h"
 
 namespace marvolin {
 

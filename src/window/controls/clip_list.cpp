@@ -8,7 +8,7 @@
 #include <QPainter>
 
 #include "browser/clipboard.h"
-#include "window/hint_window.h"
+#include "window/toolkit/hint_window.h"
 
 namespace marvolin {
 

@@ -2,7 +2,7 @@
 
 #include <QListWidget>
 
-#include "window/control.h"
+#include "window/controls/control.h"
 
 namespace marvolin {
 

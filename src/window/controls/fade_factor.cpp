@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "parameters/fades.h"
-#include "window/hints.h"
+#include "window/controls/hints.h"
 
 namespace marvolin {
 

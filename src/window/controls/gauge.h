@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "window/control.h"
+#include "window/controls/control.h"
 
 namespace marvolin {
 

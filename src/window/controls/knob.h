@@ -1,7 +1,7 @@
 #pragma once
 
 #include "parameters/knob_gesture.h"
-#include "window/control.h"
+#include "window/controls/control.h"
 
 namespace marvolin {
 

@@ -3,7 +3,7 @@
 #include <QPainter>
 
 #include "parameters/wires.h"
-#include "window/hints.h"
+#include "window/controls/hints.h"
 
 namespace marvolin {
 

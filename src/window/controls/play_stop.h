@@ -1,6 +1,6 @@
 #pragma once
 
-#include "window/control.h"
+#include "window/controls/control.h"
 
 namespace marvolin {
 

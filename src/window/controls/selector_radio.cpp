@@ -2,7 +2,7 @@
 
 #include <QPainter>
 
-#include "performance/selection.h"
+#include "performance/selection/selection.h"
 
 namespace marvolin {
 

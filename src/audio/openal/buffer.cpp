@@ -1,0 +1,109 @@
+#include "audio/openal/buffer.h"
+
+#include <algorithm>
+
+#include "audio/openal/space.h"
+#include "core/errors.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr std::int32_t kLowestFrequency = 100;
+constexpr std::int32_t kHighestFrequency = 100000;
+constexpr std::int32_t kQuietest = -10000;
+constexpr std::int32_t kFarthestPan = 10000;
+
+void Require(bool condition, std::uint32_t number = sound_error::kInvalidArgument) {
+    if (!condition) throw SoundError(number);
+}
+
+}  // namespace
+
+OpenAlBuffer::OpenAlBuffer(const std::shared_ptr<OpenAlContext>& context, const std::string& path, std::int32_t flags)
+    : flags_(flags) {
+    const bool spatial = Can(buffer_flags::kControl3D);
+    Require(!spatial || !Can(buffer_flags::kControlPan));
+    Require(!Can(buffer_flags::kPrimary));
+    voice_ = std::make_shared<OpenAlVoice>(context, std::make_shared<SampleMemory>(context, path, spatial), spatial);
+}
+
+OpenAlBuffer::OpenAlBuffer(const std::shared_ptr<OpenAlContext>& context, const OpenAlBuffer& source)
+    : flags_(source.flags_) {
+    const OpenAlVoice& original = *source.voice_;
+    const bool spatial = Can(buffer_flags::kControl3D);
+    voice_ = std::make_shared<OpenAlVoice>(context, original.Sample(), spatial);
+    voice_->SetVolumeAndPan(original.Volume(), original.Pan());
+    voice_->SetFrequency(original.Frequency());
+    if (!spatial) return;
+    voice_->SetDistances(original.MinDistance(), original.MaxDistance());
+    voice_->SetPosition(original.Position());
+}
+
+BufferCaps OpenAlBuffer::GetCaps() { return {flags_, Sample().Bytes()}; }
+WaveFormat OpenAlBuffer::GetFormat() { return Sample().Format(); }
+void OpenAlBuffer::SetFormat(const WaveFormat&) { throw SoundError(sound_error::kInvalidCall); }
+std::int32_t OpenAlBuffer::GetFrequency() { return voice_->Frequency(); }
+
+void OpenAlBuffer::SetFrequency(std::int32_t hertz) {
+    Require(Can(buffer_flags::kControlFrequency), sound_error::kControlUnavailable);
+    Require(hertz >= kLowestFrequency && hertz <= kHighestFrequency);
+    voice_->SetFrequency(hertz);
+}
+
+std::int32_t OpenAlBuffer::GetStatus() {
+    if (!voice_->Playing()) return 0;
+    return buffer_status::kPlaying | (voice_->Looping() ? buffer_status::kLooping : 0);
+}
+
+std::int32_t OpenAlBuffer::GetCurrentPosition() { return voice_->Cursor() * Sample().Format().BlockAlign; }
+
+void OpenAlBuffer::SetCurrentPosition(std::int32_t bytes) {
+    Require(bytes >= 0 && bytes < Sample().Bytes());
+    voice_->SetCursor(bytes / Sample().Format().BlockAlign);
+}
+
+void OpenAlBuffer::Play(std::int32_t flags) {
+    Require(flags == 0 || flags == 1);
+    voice_->Play(flags != 0);
+}
+
+void OpenAlBuffer::Stop() { voice_->Stop(); }
+
+void OpenAlBuffer::SetVolume(std::int32_t hundredths) {
+    Require(Can(buffer_flags::kControlVolume), sound_error::kControlUnavailable);
+    Require(hundredths >= kQuietest && hundredths <= 0);
+    voice_->SetVolumeAndPan(hundredths, voice_->Pan());
+}
+
+void OpenAlBuffer::SetPan(std::int32_t hundredths) {
+    Require(Can(buffer_flags::kControlPan), sound_error::kControlUnavailable);
+    Require(hundredths >= -kFarthestPan && hundredths <= kFarthestPan);
+    voice_->SetVolumeAndPan(voice_->Volume(), hundredths);
+}
+
+std::size_t OpenAlBuffer::Share(std::int32_t start, std::size_t wanted) const {
+    Require(start >= 0 && start <= Sample().Bytes());
+    return std::min(wanted, static_cast<std::size_t>(Sample().Bytes() - start));
+}
+
+void OpenAlBuffer::ReadBuffer(std::int32_t start, std::span<std::uint8_t> data) {
+    const std::size_t count = Share(start, data.size());
+    const auto bytes = Sample().Data().subspan(static_cast<std::size_t>(start), count);
+    std::copy(bytes.begin(), bytes.end(), data.begin());
+}
+
+void OpenAlBuffer::WriteBuffer(std::int32_t start, std::span<const std::uint8_t> data) {
+    Sample().Write(start, data.first(Share(start, data.size())));
+}
+
+std::unique_ptr<DirectSound3DBuffer> OpenAlBuffer::GetDirectSound3dBuffer() {
+    Require(Can(buffer_flags::kControl3D), sound_error::kNoInterface);
+    return std::make_unique<OpenAl3DBuffer>(voice_);
+}
+
+std::unique_ptr<DirectSound3DListener> OpenAlBuffer::GetDirectSound3dListener() {
+    throw SoundError(sound_error::kNoInterface);
+}
+
+}  // namespace marvolin

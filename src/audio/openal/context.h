@@ -1,0 +1,82 @@
+#pragma once
+/// \file
+/// The mixer: a loopback device of OpenAL that renders when it is asked to.
+
+#ifndef AL_ALEXT_PROTOTYPES
+#define AL_ALEXT_PROTOTYPES
+#endif
+#include <AL/al.h>
+#include <AL/alc.h>
+#include <AL/alext.h>
+
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+#include "audio/openal/load_meter.h"
+
+namespace marvolin {
+
+inline constexpr int kOutputRate = 44100;  ///< Hz
+inline constexpr int kPeriodFrames = 256;  ///< stereo frames rendered at a time
+
+/// One mixer. It belongs to the thread that made it; only `Render_rt` may be called from another one.
+class OpenAlContext {
+public:
+    /// `SoundError` `kNoDriver` when the library opens no device, `kOutOfMemory` when it has no memory for one.
+    explicit OpenAlContext(std::shared_ptr<LoadMeter> meter);
+    ~OpenAlContext();
+    OpenAlContext(const OpenAlContext&) = delete;
+    OpenAlContext& operator=(const OpenAlContext&) = delete;
+
+    /// Renders the next `frames` stereo frames of 16 bits.
+    void Render_rt(std::int16_t* out, int frames) noexcept;
+
+    /// How many periods have been rendered. Asked while rendering is held off.
+    std::uint64_t Periods() const { return periods_; }
+
+    /// Number of the sharpest resampler.
+    ALint Resampler() const { return resampler_; }
+
+    /// Roll-off of all spatial sources, those to come included.
+    void SetRolloff(float factor);
+    /// Makes a source follow the roll-off.
+    void AddSpatialSource(ALuint source);
+    void RemoveSpatialSource(ALuint source);
+
+private:
+    friend class OpenAlCall;
+    friend class OpenAlSetting;
+
+    std::shared_ptr<LoadMeter> meter_;
+    std::thread::id owner_;
+    ALCdevice* device_ = nullptr;
+    ALCcontext* context_ = nullptr;
+    ALint resampler_ = 0;
+    float rolloff_ = 1;
+    std::vector<ALuint> spatial_;
+    std::uint64_t periods_ = 0;
+    std::mutex rendering_;  ///< held while a period is rendered, and by `OpenAlCall`
+};
+
+/// While it lives the mixer is the one to which calls of OpenAL go. Rendering goes on meanwhile.
+class OpenAlSetting {
+public:
+    explicit OpenAlSetting(OpenAlContext& context);
+    /// Raises what OpenAL has found wrong since the beginning: `kOutOfMemory`, `kInvalidArgument` or `kGeneric`.
+    void Check() const;
+};
+
+/// The same, with rendering held off, so that all calls made meanwhile are heard from the same frame on.
+/// Nothing long may be done while one lives.
+class OpenAlCall : public OpenAlSetting {
+public:
+    explicit OpenAlCall(OpenAlContext& context) : OpenAlSetting(context), guard_(context.rendering_) {}
+
+private:
+    std::lock_guard<std::mutex> guard_;
+};
+
+}  // namespace marvolin

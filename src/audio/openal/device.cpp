@@ -1,0 +1,45 @@
+#include "audio/openal/device.h"
+
+#include "audio/openal/buffer.h"
+#include "audio/openal/primary.h"
+#include "core/errors.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr std::int32_t kStereoSpeakers = 4;
+constexpr std::int32_t kLowestLevel = 1;
+constexpr std::int32_t kHighestLevel = 4;
+
+}  // namespace
+
+OpenAlDevice::OpenAlDevice(std::shared_ptr<OpenAlContext> context, std::unique_ptr<SdlOutput> output)
+    : context_(std::move(context)),
+      output_(std::move(output)),
+      level_(std::make_shared<std::int32_t>(kLowestLevel)),
+      alive_(std::make_shared<char>()),
+      speakers_(kStereoSpeakers) {}
+
+void OpenAlDevice::SetCooperativeLevel(std::int32_t level) {
+    if (level < kLowestLevel || level > kHighestLevel) throw SoundError(sound_error::kInvalidArgument);
+    *level_ = level;
+}
+
+std::unique_ptr<DirectSoundBuffer> OpenAlDevice::CreateSoundBuffer(std::int32_t flags) {
+    if ((flags & buffer_flags::kPrimary) == 0) throw SoundError(sound_error::kInvalidArgument);
+    return std::make_unique<OpenAlPrimaryBuffer>(context_, level_, flags);
+}
+
+std::unique_ptr<DirectSoundBuffer> OpenAlDevice::CreateSoundBufferFromFile(const std::string& path,
+                                                                           std::int32_t flags) {
+    return std::make_unique<OpenAlBuffer>(context_, path, flags);
+}
+
+std::unique_ptr<DirectSoundBuffer> OpenAlDevice::DuplicateSoundBuffer(DirectSoundBuffer& source) {
+    const auto* original = dynamic_cast<const OpenAlBuffer*>(&source);
+    if (original == nullptr || !original->BelongsTo(*context_)) throw SoundError(sound_error::kInvalidCall);
+    return std::make_unique<OpenAlBuffer>(context_, *original);
+}
+
+}  // namespace marvolin

@@ -1,0 +1,118 @@
+#include "audio/openal/sample.h"
+
+#include <algorithm>
+#include <limits>
+#include <new>
+
+#include "audio/openal/sample_planes.h"
+#include "audio/openal/wave_file.h"
+#include "core/errors.h"
+
+namespace marvolin {
+
+namespace {
+
+ALenum AlFormat(PlaneNumber number) {
+    switch (number) {
+        case PlaneNumber::Unsigned8:
+            return AL_FORMAT_MONO8;
+        case PlaneNumber::Signed16:
+            return AL_FORMAT_MONO16;
+        default:
+            return AL_FORMAT_MONO_FLOAT32;
+    }
+}
+
+Plane PlaneAt(std::size_t index, bool spatial) {
+    if (spatial) return Plane::Mixed;
+    return index == 0 ? Plane::Left : Plane::Right;
+}
+
+}  // namespace
+
+PlaneBuffers::PlaneBuffers(std::shared_ptr<OpenAlContext> context, const WaveFormat& format, std::int32_t frames,
+                           bool spatial)
+    : context_(std::move(context)), format_(format), spatial_(spatial) {
+    const std::int32_t bytes = PlaneNumberBytes(PlaneNumberOf(format_, PlaneAt(0, spatial_)));
+    if (frames > std::numeric_limits<ALsizei>::max() / bytes) throw SoundError(sound_error::kOutOfMemory);
+    plane_.resize(static_cast<std::size_t>(kPieceBytes / format_.BlockAlign * bytes));
+    names_.resize(format_.Channels == 2 && !spatial_ ? 2 : 1);
+    const OpenAlSetting setting(*context_);
+    alGenBuffers(static_cast<ALsizei>(names_.size()), names_.data());
+    setting.Check();
+    try {
+        for (std::size_t i = 0; i < names_.size(); ++i) {
+            const ALenum number = AlFormat(PlaneNumberOf(format_, PlaneAt(i, spatial_)));
+            alBufferData(names_[i], number, nullptr, frames * bytes, format_.SamplesPerSec);
+            setting.Check();
+        }
+    } catch (const SoundError&) {
+        Release();
+        throw;
+    }
+}
+
+PlaneBuffers::~PlaneBuffers() { Release(); }
+
+void PlaneBuffers::Release() {
+    const OpenAlSetting setting(*context_);
+    alDeleteBuffers(static_cast<ALsizei>(names_.size()), names_.data());
+}
+
+void PlaneBuffers::Put(std::int32_t first, std::span<const std::uint8_t> frames) {
+    const OpenAlSetting setting(*context_);
+    const auto count = static_cast<std::int32_t>(frames.size()) / format_.BlockAlign;
+    for (std::size_t i = 0; i < names_.size(); ++i) {
+        const Plane plane = PlaneAt(i, spatial_);
+        const PlaneNumber number = PlaneNumberOf(format_, plane);
+        const std::int32_t bytes = PlaneNumberBytes(number);
+        ExtractPlane(format_, plane, frames, plane_.data());
+        alBufferSubDataSOFT(names_[i], AlFormat(number), plane_.data(), first * bytes, count * bytes);
+    }
+    setting.Check();
+}
+
+SampleMemory::SampleMemory(std::shared_ptr<OpenAlContext> context, const std::string& path, bool spatial)
+    : context_(std::move(context)), spatial_(spatial) {
+    WaveFile file(path);
+    format_ = file.Format();
+    bytes_ = file.Bytes();
+    try {
+        data_ = std::make_unique_for_overwrite<std::uint8_t[]>(static_cast<std::size_t>(bytes_));
+        planes_ = std::make_unique<PlaneBuffers>(context_, format_, bytes_ / format_.BlockAlign, spatial_);
+    } catch (const std::bad_alloc&) {
+        throw SoundError(sound_error::kOutOfMemory);
+    }
+    // Piece by piece, so that the bytes just read are still near when the channels are taken out of them.
+    for (std::int32_t at = 0; at < bytes_; at += PlaneBuffers::kPieceBytes) {
+        const std::int32_t size = std::min(PlaneBuffers::kPieceBytes, bytes_ - at);
+        const std::span<std::uint8_t> piece(data_.get() + at, static_cast<std::size_t>(size));
+        file.Read(piece);
+        planes_->Put(at / format_.BlockAlign, piece);
+    }
+}
+
+void SampleMemory::Write(std::int32_t start, std::span<const std::uint8_t> data) {
+    if (data.empty()) return;
+    // OpenAL replaces no buffer that is in use, so new ones are filled beside the old and change places with them.
+    std::unique_ptr<PlaneBuffers> planes;
+    try {
+        planes = std::make_unique<PlaneBuffers>(context_, format_, bytes_ / format_.BlockAlign, spatial_);
+    } catch (const std::bad_alloc&) {
+        throw SoundError(sound_error::kOutOfMemory);
+    }
+    std::copy(data.begin(), data.end(), data_.get() + start);
+    for (std::int32_t at = 0; at < bytes_; at += PlaneBuffers::kPieceBytes) {
+        const std::int32_t size = std::min(PlaneBuffers::kPieceBytes, bytes_ - at);
+        planes->Put(at / format_.BlockAlign,
+                    Data().subspan(static_cast<std::size_t>(at), static_cast<std::size_t>(size)));
+    }
+    {
+        const OpenAlCall call(*context_);
+        for (SampleUser* user : users_) user->Rebind(*planes);
+        call.Check();
+    }
+    planes_.swap(planes);
+}
+
+}  // namespace marvolin

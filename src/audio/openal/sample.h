@@ -1,0 +1,77 @@
+#pragma once
+/// \file
+/// The memory of a sample, shared by a buffer and its duplicates.
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "audio/openal/context.h"
+#include "core/sound_service.h"
+
+namespace marvolin {
+
+/// The channels of a sample as OpenAL holds them: two of its buffers, or twice the same one.
+class PlaneBuffers {
+public:
+    /// Room for `frames` frames; what they sound like is not yet said. `spatial`: one mixed channel.
+    PlaneBuffers(std::shared_ptr<OpenAlContext> context, const WaveFormat& format, std::int32_t frames, bool spatial);
+    ~PlaneBuffers();
+    PlaneBuffers(const PlaneBuffers&) = delete;
+    PlaneBuffers& operator=(const PlaneBuffers&) = delete;
+
+    /// Puts whole frames, at most `kPieceBytes` bytes of them, from frame `first` on.
+    void Put(std::int32_t first, std::span<const std::uint8_t> frames);
+    ALuint Left() const { return names_.front(); }
+    ALuint Right() const { return names_.back(); }
+
+    static constexpr std::int32_t kPieceBytes = 96 * 1024;  ///< divisible by every frame size
+
+private:
+    void Release();
+    std::shared_ptr<OpenAlContext> context_;
+    WaveFormat format_;
+    bool spatial_;
+    std::vector<ALuint> names_;
+    std::vector<std::uint8_t> plane_;  ///< scratch for one piece of one channel
+};
+
+/// One who plays a sample and must take over its new buffers when it was written to.
+class SampleUser {
+public:
+    virtual ~SampleUser() = default;
+    /// Called with rendering held off.
+    virtual void Rebind(const PlaneBuffers& planes) = 0;
+};
+
+/// The bytes of a sample as they stand in the file, and what OpenAL plays of them.
+class SampleMemory {
+public:
+    /// Reads a file wholly; the errors are those of `WaveFile`, and `kOutOfMemory`.
+    SampleMemory(std::shared_ptr<OpenAlContext> context, const std::string& path, bool spatial);
+
+    const WaveFormat& Format() const { return format_; }
+    std::int32_t Bytes() const { return bytes_; }
+    std::span<const std::uint8_t> Data() const { return {data_.get(), static_cast<std::size_t>(bytes_)}; }
+    const PlaneBuffers& Planes() const { return *planes_; }
+
+    /// Writes into the sample from byte `start` on and lets every user sound the new bytes, all from the same frame
+    /// on. `start` and the size of `data` lie in the sample. On failure nothing has changed.
+    void Write(std::int32_t start, std::span<const std::uint8_t> data);
+
+    void AddUser(SampleUser& user) { users_.push_back(&user); }
+    void RemoveUser(SampleUser& user) { std::erase(users_, &user); }
+
+private:
+    std::shared_ptr<OpenAlContext> context_;
+    WaveFormat format_;
+    std::int32_t bytes_ = 0;
+    bool spatial_;
+    std::unique_ptr<std::uint8_t[]> data_;
+    std::unique_ptr<PlaneBuffers> planes_;
+    std::vector<SampleUser*> users_;
+};
+
+}  // namespace marvolin

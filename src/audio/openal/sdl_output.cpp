@@ -1,0 +1,52 @@
+#include "audio/openal/sdl_output.h"
+
+#include "core/errors.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr int kFrameBytes = 4;
+
+void SDLCALL FillPeriod_rt(void* context, Uint8* stream, int bytes) noexcept {
+    static_cast<OpenAlContext*>(context)->Render_rt(reinterpret_cast<std::int16_t*>(stream), bytes / kFrameBytes);
+}
+
+}  // namespace
+
+SdlAudio::SdlAudio() {
+    // SDL's own handlers would take the terminal's interrupt away from the program.
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+    up_ = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
+    // A negative count: the devices cannot be told apart, but the default one can be opened.
+    hasOutput_ = up_ && SDL_GetNumAudioDevices(0) != 0;
+}
+
+SdlAudio::~SdlAudio() {
+    if (up_) SDL_QuitSubSystem(SDL_INIT_AUDIO);
+}
+
+std::vector<std::string> SdlAudio::OutputNames() const {
+    std::vector<std::string> names;
+    const int count = up_ ? SDL_GetNumAudioDevices(0) : 0;
+    for (int i = 0; i < count; ++i)
+        if (const char* name = SDL_GetAudioDeviceName(i, 0)) names.emplace_back(name);
+    return names;
+}
+
+SdlOutput::SdlOutput(const std::string& name, OpenAlContext& context) {
+    SDL_AudioSpec wanted{};
+    wanted.freq = kOutputRate;
+    wanted.format = AUDIO_S16SYS;
+    wanted.channels = 2;
+    wanted.samples = kPeriodFrames;
+    wanted.callback = FillPeriod_rt;
+    wanted.userdata = &context;
+    device_ = SDL_OpenAudioDevice(name.empty() ? nullptr : name.c_str(), 0, &wanted, nullptr, 0);
+    if (device_ == 0) throw SoundError(sound_error::kNoDriver);
+    SDL_PauseAudioDevice(device_, 0);
+}
+
+SdlOutput::~SdlOutput() { SDL_CloseAudioDevice(device_); }
+
+}  // namespace marvolin

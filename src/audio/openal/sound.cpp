@@ -1,0 +1,148 @@
+#include "audio/openal/sound.h"
+
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "audio/openal/device.h"
+#include "audio/openal/load_meter.h"
+#include "audio/openal/sdl_output.h"
+#include "core/errors.h"
+
+namespace marvolin {
+
+namespace {
+
+struct Driver {
+    std::string Guid;
+    std::string Description;
+};
+
+const Driver kPrimaryDriver{"", "Primary Sound Driver"};
+
+/// A list of drivers as it was when it was asked for.
+class DriverList final : public DSEnum {
+public:
+    explicit DriverList(std::vector<Driver> drivers) : drivers_(std::move(drivers)) {}
+    std::int16_t GetCount() override { return static_cast<std::int16_t>(drivers_.size()); }
+    std::string GetGuid(std::int16_t index) override { return At(index).Guid; }
+    std::string GetDescription(std::int16_t index) override { return At(index).Description; }
+
+private:
+    const Driver& At(std::int16_t index) const {
+        if (index < 1 || index > static_cast<std::int16_t>(drivers_.size()))
+            throw SoundError(sound_error::kInvalidArgument);
+        return drivers_[static_cast<std::size_t>(index - 1)];
+    }
+    std::vector<Driver> drivers_;
+};
+
+/// A root whose devices report the time that they take, and whether they are still there.
+class MeteredRoot : public DirectX7 {
+public:
+    double Load() const { return open_.expired() ? 0 : meter_->Percent(); }
+    bool Gone() const { return !open_.expired() && device_->Gone(); }
+
+protected:
+    std::shared_ptr<OpenAlContext> OpenContext() {
+        meter_->Reset();
+        return std::make_shared<OpenAlContext>(meter_);
+    }
+    std::unique_ptr<DirectSound> Opened(std::shared_ptr<OpenAlContext> context, std::unique_ptr<SdlOutput> output) {
+        auto device = std::make_unique<OpenAlDevice>(std::move(context), std::move(output));
+        device_ = device.get();
+        open_ = device->Life();
+        return device;
+    }
+
+private:
+    std::shared_ptr<LoadMeter> meter_ = std::make_shared<LoadMeter>();
+    const OpenAlDevice* device_ = nullptr;  // there as long as `open_` is
+    std::weak_ptr<const void> open_;
+};
+
+class SdlRoot final : public MeteredRoot {
+public:
+    std::unique_ptr<DSEnum> GetDSEnum() override {
+        std::vector<Driver> drivers;
+        if (audio_.HasOutput()) {
+            drivers.push_back(kPrimaryDriver);
+            for (const std::string& name : audio_.OutputNames()) drivers.push_back({name, name});
+        }
+        return std::make_unique<DriverList>(std::move(drivers));
+    }
+    std::unique_ptr<DirectSound> DirectSoundCreate(const std::string& guid) override {
+        if (!audio_.HasOutput()) throw SoundError(sound_error::kNoDriver);
+        auto context = OpenContext();
+        auto output = std::make_unique<SdlOutput>(guid, *context);
+        return Opened(std::move(context), std::move(output));
+    }
+
+private:
+    SdlAudio audio_;
+};
+
+}  // namespace
+
+/// The mixer that is rendered by hand.
+struct LoopbackRenderer::Slot {
+    std::weak_ptr<OpenAlContext> Context;
+};
+
+namespace {
+
+class LoopbackRoot final : public MeteredRoot {
+public:
+    explicit LoopbackRoot(std::function<void(std::shared_ptr<OpenAlContext>)> opened) : opened_(std::move(opened)) {}
+    std::unique_ptr<DSEnum> GetDSEnum() override {
+        return std::make_unique<DriverList>(std::vector<Driver>{kPrimaryDriver});
+    }
+    std::unique_ptr<DirectSound> DirectSoundCreate(const std::string& guid) override {
+        if (guid != kPrimaryDriver.Guid) throw SoundError(sound_error::kNoDriver);
+        auto context = OpenContext();
+        opened_(context);
+        return Opened(std::move(context), nullptr);
+    }
+
+private:
+    std::function<void(std::shared_ptr<OpenAlContext>)> opened_;
+};
+
+}  // namespace
+
+std::unique_ptr<DirectX7> CreateOpenAlSound() {
+    if (alcIsExtensionPresent(nullptr, "ALC_SOFT_loopback") != ALC_TRUE)
+        throw RuntimeError(sound_error::kNoDriver, "OpenAL has no loopback device");
+    return std::make_unique<SdlRoot>();
+}
+
+double OpenAlSoundLoad(const DirectX7& service) {
+    const auto* root = dynamic_cast<const MeteredRoot*>(&service);
+    return root == nullptr ? 0 : root->Load();
+}
+
+bool OpenAlSoundGone(const DirectX7& service) {
+    const auto* root = dynamic_cast<const MeteredRoot*>(&service);
+    return root != nullptr && root->Gone();
+}
+
+LoopbackRenderer::LoopbackRenderer() : slot_(std::make_shared<Slot>()) {}
+LoopbackRenderer::~LoopbackRenderer() = default;
+LoopbackRenderer::LoopbackRenderer(LoopbackRenderer&&) noexcept = default;
+LoopbackRenderer& LoopbackRenderer::operator=(LoopbackRenderer&&) noexcept = default;
+
+std::unique_ptr<DirectX7> LoopbackRenderer::Root() {
+    return std::make_unique<LoopbackRoot>(
+        [slot = slot_](std::shared_ptr<OpenAlContext> context) { slot->Context = std::move(context); });
+}
+
+void LoopbackRenderer::Render(std::int16_t* frames, int count) {
+    if (const auto context = slot_->Context.lock())
+        context->Render_rt(frames, count);
+    else
+        std::fill_n(frames, 2 * static_cast<std::size_t>(std::max(count, 0)), std::int16_t{0});
+}
+
+}  // namespace marvolin

@@ -1,0 +1,68 @@
+#include "audio/openal/space.h"
+
+#include <array>
+#include <cmath>
+
+#include "core/errors.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr float kMostRolloff = 10;
+
+void Require(bool condition) {
+    if (!condition) throw SoundError(sound_error::kInvalidArgument);
+}
+
+bool Finite(const Vector3& v) { return std::isfinite(v.X) && std::isfinite(v.Y) && std::isfinite(v.Z); }
+bool IsDirection(const Vector3& v) { return Finite(v) && (v.X != 0 || v.Y != 0 || v.Z != 0); }
+
+}  // namespace
+
+std::shared_ptr<OpenAlVoice> OpenAl3DBuffer::Voice() const {
+    std::shared_ptr<OpenAlVoice> voice = voice_.lock();
+    if (!voice) throw SoundError(sound_error::kUninitialised);
+    return voice;
+}
+
+void OpenAl3DBuffer::SetMinDistance(float distance) {
+    Require(std::isfinite(distance) && distance > 0);
+    const auto voice = Voice();
+    voice->SetDistances(distance, voice->MaxDistance());
+}
+
+void OpenAl3DBuffer::SetMaxDistance(float distance) {
+    Require(std::isfinite(distance) && distance > 0);
+    const auto voice = Voice();
+    voice->SetDistances(voice->MinDistance(), distance);
+}
+
+void OpenAl3DBuffer::SetPosition(const Vector3& position) {
+    Require(Finite(position));
+    Voice()->SetPosition(position);
+}
+
+Vector3 OpenAl3DBuffer::GetPosition() { return Voice()->Position(); }
+
+void OpenAlListener::SetRolloffFactor(float factor) {
+    Require(factor >= 0 && factor <= kMostRolloff);
+    context_->SetRolloff(factor);
+}
+
+void OpenAlListener::SetPosition(const Vector3& position) {
+    Require(Finite(position));
+    const OpenAlCall call(*context_);
+    alListener3f(AL_POSITION, position.X, position.Y, -position.Z);
+    call.Check();
+}
+
+void OpenAlListener::SetOrientation(const Vector3& front, const Vector3& top) {
+    Require(IsDirection(front) && IsDirection(top));
+    const std::array<ALfloat, 6> directions{front.X, front.Y, -front.Z, top.X, top.Y, -top.Z};
+    const OpenAlCall call(*context_);
+    alListenerfv(AL_ORIENTATION, directions.data());
+    call.Check();
+}
+
+}  // namespace marvolin

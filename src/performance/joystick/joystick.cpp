@@ -1,0 +1,191 @@
+#include "performance/joystick/joystick.h"
+
+#include <string>
+
+#include "core/errors.h"
+#include "core/routines.h"
+#include "parameters/position.h"
+#include "parameters/scroll_events.h"
+#include "parameters/setters.h"
+#include "performance/joystick/joystick_setup.h"
+#include "performance/map/map_events.h"
+#include "performance/map/sound_map.h"
+#include "performance/pad/mix_pad.h"
+#include "performance/pad/pad_tables.h"
+#include "performance/tabs.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr std::int32_t kStickLow = 1000;
+constexpr std::int32_t kStickCentre = 5000;
+constexpr std::int32_t kStickHigh = 9000;
+constexpr double kStickScale = 4000.0;
+constexpr std::int32_t kCentred = -1;
+constexpr std::int32_t kNorthWest = 31500;
+constexpr double kHatStep = 4500;
+
+/// What a poll reads off the state record, by the assignments.
+struct Snapshot {
+    bool Move = false;
+    bool Centre = false;
+    bool Toggle = false;
+    std::int32_t Master = 0;
+};
+
+bool IsLost(std::uint32_t number) { return number == input_error::kNotAcquired || number == input_error::kInputLost; }
+
+/// Acquires the device again; one that is still away is no matter.
+void AcquireAgain(Session& s) {
+    try {
+        s.JoyDevice->Acquire();
+    } catch (const RuntimeError&) {
+    }
+}
+
+/// Fills the state record. False when the device is away.
+bool ReadState(Session& s) {
+    try {
+        s.JoyDevice->Poll();
+    } catch (const RuntimeError& e) {
+        if (!IsLost(e.Number())) throw;
+        AcquireAgain(s);
+        return false;
+    }
+    try {
+        s.JoyDevice->GetDeviceStateJoystick(s.Joy.State);
+    } catch (const RuntimeError& e) {
+        // Any other refusal leaves the record as it was, and the poll goes on with it.
+        if (!IsLost(e.Number())) return true;
+        AcquireAgain(s);
+        return false;
+    }
+    return true;
+}
+
+bool Pressed(const Session& s, JoyAction action) {
+    const std::int16_t button = s.Joy.Button[action];
+    const auto& buttons = s.Joy.State.buttons;
+    if (button < 0 || static_cast<std::size_t>(button) >= buttons.size()) throw SubscriptError();
+    return buttons[static_cast<std::size_t>(button)] != 0;
+}
+
+std::int32_t AxisValue(const DIJOYSTATE& state, std::int16_t code) {
+    switch (code) {
+        case kAxisZ:
+            return state.z;
+        case kAxisRX:
+            return state.rx;
+        case kAxisRY:
+            return state.ry;
+        case kAxisRZ:
+            return state.rz;
+        default:
+            return 0;
+    }
+}
+
+Snapshot Read(const Session& s) {
+    Snapshot now;
+    now.Move = Pressed(s, kJoyMove);
+    now.Centre = Pressed(s, kJoyCentre);
+    now.Toggle = Pressed(s, kJoyToggle);
+    now.Master = AxisValue(s.Joy.State, s.Joy.Axis[kMasterAxis]);
+    return now;
+}
+
+/// The stick and the centre button act on the pad, and on the map while it sounds.
+bool StickActs(const Session& s) { return s.ActiveTab == kMixPadTab || (s.ActiveTab == kMapTab && s.Use3D); }
+
+void Stick(Session& s) {
+    JoystickState& joy = s.Joy;
+    if (joy.State.x == joy.LastX && joy.State.y == joy.LastY && joy.LastPadType == s.PadTypeIndex) return;
+    std::int32_t x = joy.State.x;
+    std::int32_t y = joy.State.y;
+    ClampI4(x, kStickLow, kStickHigh);
+    ClampI4(y, kStickLow, kStickHigh);
+    const bool relative = joy.Relative[s.ActiveTab] != False;
+    const double factor = joy.Factor[relative ? 0 : 1] / 1000.0;
+    const double moveX = (x - kStickCentre) * factor;
+    const double moveY = (y - kStickCentre) * factor;
+    if (s.ActiveTab == kMixPadTab) {
+        PadMove(s, moveX, moveY, kStickScale, !relative, true);
+    } else {
+        PosScaled(s, moveX, moveY, kListenerBall, kStickScale, !relative, true, true);
+        PosScrollEvent(s, kListenerBall, s.ListenerX, s.ListenerY, false, kJoystickScroll);
+    }
+    joy.LastPadType = s.PadTypeIndex;
+    joy.LastX = joy.State.x;
+    joy.LastY = joy.State.y;
+}
+
+void Centre(Session& s) {
+    if (s.ActiveTab == kMixPadTab) {
+        PadRecentre(s);
+    } else if (s.ActiveTab == kMapTab) {
+        // A script that heard of the stick may have gone to another tab.
+        PosScaled(s, 0, 0, kListenerBall, 500.0, true, true, false);
+    }
+}
+
+void Hat(Session& s) {
+    const std::int32_t pov = s.Joy.State.POV[0];
+    if (pov == kCentred || pov == s.Joy.LastPov) return;
+    if (pov == kNorthWest) {
+        const auto next = static_cast<std::int16_t>(s.ActiveTab + 1);
+        SetTab(s, next > kTabs - 1 ? std::int16_t{0} : next);
+    } else {
+        const std::int16_t entry = ToI2(pov / kHatStep);
+        if (s.ActiveTab == kMixPadTab && entry >= 0 && static_cast<std::size_t>(entry) < kPadTypeTexts.size()) {
+            PadType_Click(s, entry);
+        }
+    }
+    s.Joy.LastPov = pov;
+}
+
+void Master(Session& s, std::int32_t value) {
+    if (s.Joy.Axis[kMasterAxis] == kAxisNone || value == s.Joy.LastMaster) return;
+    std::int16_t vol = ToI2(500 - value / 20.0);
+    LoopVolChange(s, kMasterRow, vol, true, true);
+    s.Joy.LastMaster = value;
+}
+
+void Toggle(Session& s, bool pressed) {
+    if (pressed) {
+        s.Joy.ToggleHeld = true;
+    } else if (s.Joy.ToggleHeld) {
+        s.Joy.ToggleHeld = false;
+        // The other tabs have no such box.
+        if (s.ActiveTab > kMapTab) return;
+        SetJoyRelative(s, s.ActiveTab, s.Joy.Relative[s.ActiveTab] == False);
+    }
+}
+
+void Poll(Session& s) {
+    if (!ReadState(s)) return;
+    const Snapshot now = Read(s);
+    if (StickActs(s)) {
+        Stick(s);
+        if (now.Centre) Centre(s);
+    }
+    if (!now.Move) Hat(s);
+    Master(s, now.Master);
+    Toggle(s, now.Toggle);
+}
+
+}  // namespace
+
+void JoyTimer_Timer(Session& s) {
+    if (!s.JoyEnabled || !s.JoyDevice) return;
+    try {
+        Poll(s);
+    } catch (const RuntimeError& e) {
+        // No further poll may come in while the box is open.
+        s.JoyEnabled = false;
+        s.World.Desk.MessageBox(std::string(e.what()) + " in joystick handler " + std::to_string(e.Number()));
+        s.World.Desk.EndProgram();
+    }
+}
+
+}  // namespace marvolin

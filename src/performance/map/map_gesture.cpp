@@ -1,0 +1,84 @@
+#include "performance/map/map_gesture.h"
+
+#include "core/routines.h"
+#include "parameters/position.h"
+#include "parameters/scroll_events.h"
+#include "performance/ball_drag.h"
+#include "performance/map/listener.h"
+#include "performance/map/map_events.h"
+#include "performance/map/sound_map.h"
+
+namespace marvolin {
+
+namespace {
+
+/// Boxes "Update 3d position while moving:".
+enum UpdateBox { kUpdateListener = 0, kUpdateLoop = 1, kUpdateRotation = 2 };
+
+constexpr double kDegreesATwip = 0.3;
+
+void TakeBall(Session& s, int ball) {
+    TakePointer(s, Surface::Map, MapBallPlace(s, ball));
+    const BallPoint place = MapUnits(s, ball);
+    ScrollCounter(s, kMapScroll).Reset(place.X, place.Y);
+    if (ball == kListenerBall) ScrollCounter(s, kJoystickScroll).Reset(place.X, place.Y);
+}
+
+void TakeHeading(Session& s, double y) {
+    s.Drag.DragOrigin = static_cast<float>(y);
+    s.Drag.DragStartValue = s.ListenerAngle;
+    s.Drag.Dragging = True;
+}
+
+void DragBall(Session& s, int ball, double x, double y, bool apply) {
+    const BallPoint move = BallMove(s, x, y);
+    PosScaled(s, move.X, move.Y, ball, s.Geometry.PadHalfX, false, apply, true);
+}
+
+void Move(Session& s, int ball, std::int16_t button, double x, double y) {
+    ShowStatus(s, ball == kListenerBall ? "drag to Location; rtdrg Rotate; dblclk Centre"
+                                        : "drg to Location; dblclk Centre; rtclk Fade");
+    if (button == kLeftButton) {
+        DragBall(s, ball, x, y, s.PositionUpdate[ball == kListenerBall ? kUpdateListener : kUpdateLoop]);
+        const BallPoint place = MapUnits(s, ball);
+        PosScrollEvent(s, ball, place.X, place.Y, false, kMapScroll);
+    } else if (s.Drag.Dragging != False) {
+        const double angle = s.Drag.DragStartValue - Int((y - s.Drag.DragOrigin) * kDegreesATwip);
+        RotateListener(s, ToI4(ClampVar(angle, -32000, 32000)), s.PositionUpdate[kUpdateRotation]);
+    }
+}
+
+void Up(Session& s, int ball, double x, double y) {
+    if (!s.CursorFree) {
+        ReleasePointer(s);
+        DragBall(s, ball, x, y, true);
+        const BallPoint place = MapUnits(s, ball);
+        PosChangeEvent(s, ball, place.X, place.Y);
+        PosScrollEvent(s, ball, place.X, place.Y, true, kMapScroll);
+    } else if (s.Drag.Dragging != False) {
+        RotateListener(s, s.ListenerAngle, true);
+        s.Drag.Dragging = False;
+    }
+}
+
+}  // namespace
+
+bool PosGesture(Session& s, Phase phase, int ball, std::int16_t button, double x, double y) {
+    switch (phase) {
+        case Phase::Down:
+            if (button == kLeftButton) TakeBall(s, ball);
+            if (button != kRightButton) return false;
+            if (ball != kListenerBall) return true;
+            TakeHeading(s, y);
+            return false;
+        case Phase::Move:
+            Move(s, ball, button, x, y);
+            return false;
+        case Phase::Up:
+            Up(s, ball, x, y);
+            return false;
+    }
+    return false;
+}
+
+}  // namespace marvolin

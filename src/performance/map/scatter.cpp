@@ -1,0 +1,76 @@
+#include "performance/map/scatter.h"
+
+#include "core/routines.h"
+#include "parameters/fades.h"
+#include "performance/map/sound_map.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr std::int32_t kWanderMs = 100;
+constexpr std::int32_t kWanderJumpMs = 500;
+
+/// One coordinate after a small step.
+double SmallStep(Session& s, double from) {
+    const double step = RandomPlusMinus(s.World.Chance, s.MapRange / 50);
+    const double to = from + step;
+    // Only the positive edge turns a step back; the negative one is left to the clamp of the move.
+    return to > s.MapRange ? from - step : to;
+}
+
+}  // namespace
+
+void ScatterAbsoluteSound(Session& s, int ball) {
+    const std::int32_t n = ToI4(Int(s.Geometry.PadHalfX));
+    const double x = RandomAround(s.World.Chance, n);
+    const double y = RandomAround(s.World.Chance, n);
+    PosScaled(s, x, y, ball, s.Geometry.PadHalfX, true, true, false);
+}
+
+void ScatterAbsolute(Session& s) {
+    for (Row ball = 0; ball < kLoopTracks; ++ball) ScatterAbsoluteSound(s, ball);
+}
+
+void ScatterRelSound(Session& s, int ball) {
+    const double x = SmallStep(s, s.Set[ball].PositionX);
+    const double y = SmallStep(s, s.Set[ball].PositionY);
+    PosScaled(s, x, y, ball, s.MapRange, true, true, false);
+}
+
+void ScatterRel(Session& s) {
+    for (Row ball = 0; ball < kLoopTracks; ++ball) ScatterRelSound(s, ball);
+}
+
+void PosMacros_Click(Session& s, std::int16_t entry) {
+    if (entry == s.PosMacro) return;
+    if (entry == kMacroScatterAbs) {
+        ScatterAbsolute(s);
+    } else if (entry == kMacroScatterRel) {
+        ScatterRel(s);
+    } else {
+        s.WanderElapsed = 0;
+    }
+    s.PosMacro = entry;
+}
+
+void WanderStep(Session& s, std::int32_t milliseconds) {
+    if (s.PosMacro <= kMacroScatterRel) return;
+    s.WanderElapsed += milliseconds;
+    const bool small = s.PosMacro == kMacroWander;
+    if (s.WanderElapsed < (small ? kWanderMs : kWanderJumpMs)) return;
+    if (small) {
+        ScatterRelSound(s, s.WanderTrack);
+    } else {
+        ScatterAbsoluteSound(s, s.WanderTrack);
+    }
+    if (++s.WanderTrack >= kLoopTracks) s.WanderTrack = 0;
+    s.WanderElapsed = 0;
+}
+
+void FadeTimer_Timer(Session& s, std::int32_t milliseconds) {
+    StepFades(s, milliseconds);
+    WanderStep(s, milliseconds);
+}
+
+}  // namespace marvolin

@@ -1,0 +1,126 @@
+#include "performance/map/sound_map.h"
+
+#include "core/routines.h"
+#include "parameters/position.h"
+#include "performance/map/listener.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr int kBalls = 5;
+
+/// The same value cut to two decimals, never as a minus zero.
+std::string TwoDecimals(double hundredfold) { return NumberText(Int(hundredfold) / 100 + 0.0); }
+
+void ShowPosition(Session& s, int ball) {
+    if (ball == kListenerBall) {
+        ShowStatus(s, TwoDecimals(s.ListenerX * 100) + ", " + TwoDecimals(s.ListenerY * 100));
+    } else {
+        // In single precision, as the places of the LoopTracks are: 0.7 then shows as 0.7.
+        ShowStatus(s, TwoDecimals(s.Set[ball].PositionX * 100.0F) + ", " + TwoDecimals(s.Set[ball].PositionY * 100.0F));
+    }
+}
+
+}  // namespace
+
+void MapInit(Session& s) {
+    s.CursorFree = true;
+    TryPositionSet(s, kListenerBall, 0, 0, true, true, false, true);
+    for (int ball = kListenerBall; ball >= 0; --ball) {
+        s.World.Screen.RaiseMapBall(ball);
+        s.World.Screen.ShowMapBall(ball);
+    }
+    SetMapSize(s, 3.0);
+    s.RollOffValue = 1.0F;
+    RefreshRollOff(s);
+    s.ListenerAngle = 0;
+    RotateListener(s, 0, true);
+}
+
+void PosMove(Session& s, double x, double y, int ball, bool absolute, bool apply, bool quiet) {
+    const PadGeometry& g = s.Geometry;
+    if (!absolute) {
+        x += s.BallPos[ball].X;
+        y += s.BallPos[ball].Y;
+    }
+    ClampR8(y, -g.PadHalfY, g.PadHalfY);
+    ClampR8(x, -g.PadHalfX, g.PadHalfX);
+    const auto mapY = static_cast<float>(y / g.PadHalfX * s.MapRange);
+    const auto mapX = static_cast<float>(x / g.PadHalfX * s.MapRange);
+    if (!TryPositionSet(s, ball, mapX, mapY, apply, true, quiet, false)) return;
+    s.BallPos[ball] = {x, y};
+    ShowPosition(s, ball);
+}
+
+void PosScaled(Session& s, double x, double y, int ball, double scale, bool absolute, bool apply, bool quiet) {
+    PosMove(s, s.Geometry.PadHalfX * x / scale, s.Geometry.PadHalfY * y / scale, ball, absolute, apply, quiet);
+}
+
+BallPoint MapUnits(const Session& s, int ball) {
+    if (ball == kListenerBall) return {s.ListenerX, s.ListenerY};
+    return {s.Set[ball].PositionX, s.Set[ball].PositionY};
+}
+
+void PosBall_DblClick(Session& s, int ball) { PosScaled(s, 0, 0, ball, 500.0, true, true, false); }
+
+void CentreAll_Click(Session& s) {
+    for (int ball = 0; ball < kBalls; ++ball) PosScaled(s, 0, 0, ball, s.Geometry.PadHalfX, true, true, false);
+}
+
+void PosPop_Click(Session& s) {
+    ClampR8(s.ListenerX, -s.MapRange, s.MapRange);
+    ClampR8(s.ListenerY, -s.MapRange, s.MapRange);
+    PositionRefresh(s, kListenerBall);
+    PosSetHighlight(s, kListenerBall);
+}
+
+void SetMapSize(Session& s, double size) { MapSize_Change(s, ToI2(ClampVar(size * 10, kMapSizeLow, kMapSizeHigh))); }
+
+void MapSize_Change(Session& s, std::int16_t value) {
+    ClampI2(value, kMapSizeLow, kMapSizeHigh);
+    s.MapSize = value;
+    s.MapRange = value / 10.0 / 2;
+    const double twips = s.Geometry.PadHalfX / s.MapRange;
+    for (int ball = 0; ball < kBalls; ++ball) {
+        PositionRefresh(s, ball);
+        // For the listener this is the place of row 4, not the listener's: its next relative move starts there.
+        s.BallPos[ball] = {twips * s.Set[ball].PositionX, twips * s.Set[ball].PositionY};
+    }
+    s.World.Screen.ShowMapSize();
+}
+
+void MapSize_Moving(Session& s, std::int16_t value) {
+    MapSize_Change(s, value);
+    const std::string side = TenthsText(s.MapSize);
+    ShowStatus(s, side + " x " + side);
+}
+
+void RollOff_Moving(Session& s, std::int16_t value) {
+    ClampI2(value, kRollOffLow, kRollOffHigh);
+    s.RollOff = value;
+    ShowStatus(s, TenthsText(value));
+}
+
+void RollOff_Release(Session& s, std::int16_t button, std::int16_t value) {
+    if (button == kLeftButton) {
+        ClampI2(value, kRollOffLow, kRollOffHigh);
+        s.RollOff = value;
+        SetRollOff(s, static_cast<float>(value / 10.0));
+    } else if (button == kRightButton) {
+        s.RollOff = 10;
+        s.World.Screen.ShowRollOff();
+        ShowStatus(s, "RollOff =1");
+        SetRollOff(s, 1.0F);
+    }
+}
+
+std::string TenthsText(std::int16_t tenths) {
+    std::string text;
+    if (tenths >= 10) text = std::to_string(tenths / 10);
+    text += '.';
+    if (tenths % 10 != 0) text += std::to_string(tenths % 10);
+    return text;
+}
+
+}  // namespace marvolin

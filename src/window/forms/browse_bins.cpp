@@ -1,0 +1,71 @@
+#include "window/forms/browse_bins.h"
+
+#include "browser/destinations.h"
+#include "browser/sample_bins.h"
+#include "window/controls/bin_list.h"
+#include "window/controls/choice.h"
+#include "window/controls/folder_tree.h"
+#include "window/controls/pick_dir.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr int kBinCount = 3;
+constexpr int kEdge = 10;
+constexpr int kHead = 106;  // height of what stands over a list
+
+QString Text(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
+
+}  // namespace
+
+BrowseBins::BrowseBins(Session& session, QWidget* parent) : QWidget(parent), s(session) {
+    for (int bin = 0; bin < kBinCount; ++bin) {
+        const auto i = static_cast<std::size_t>(bin);
+        folders_[i] = new PickDir(s, this, bin);
+        destinations_[i] = new ChoiceList(
+            s, this, QString("FileDestination_%1").arg(bin), QString("Destination of bin %1").arg(bin + 1),
+            kDestinationHint, [this, bin](int entry) { ChooseDestination(s, bin, static_cast<std::int16_t>(entry)); });
+        plays_[i] = new ChoiceBox(s, this, QString("ClickPlay_%1").arg(bin), Text(kClickPlayText), {},
+                                  [this, bin](bool on) { s.Bins[bin].ClickPlay = on ? 1 : 0; });
+        plays_[i]->setToolTip("Starts the LoopTrack after loading into it");
+        lists_[i] = new BinList(s, this, bin);
+    }
+    Tree = new FolderTree(s, this);
+    for (int bin = 0; bin < kBinCount; ++bin) RefreshBin(bin);
+    RefreshDestinations();
+}
+
+void BrowseBins::resizeEvent(QResizeEvent*) {
+    const int wide = (width() - kEdge * (kBinCount + 1)) / kBinCount;
+    for (int bin = 0; bin < kBinCount; ++bin) {
+        const auto i = static_cast<std::size_t>(bin);
+        const int left = kEdge + bin * (wide + kEdge);
+        folders_[i]->setGeometry(left, 8, wide, 30);
+        plays_[i]->setGeometry(left, 73, wide, 28);
+        destinations_[i]->setGeometry(left, 43, plays_[i]->width(), 28);
+        lists_[i]->setGeometry(left, kHead, wide, height() - kHead - kEdge);
+    }
+    const int treeTop = kHead + (height() - kHead) / 3;
+    Tree->setGeometry(kEdge, treeTop, width() - 2 * kEdge, height() - treeTop - kEdge);
+}
+
+void BrowseBins::RefreshBin(int bin) {
+    const auto i = static_cast<std::size_t>(bin);
+    folders_[i]->Refresh();
+    lists_[i]->Refresh();
+    plays_[i]->Show(s.Bins[bin].ClickPlay == 1);
+}
+
+void BrowseBins::RefreshDestinations() {
+    QStringList entries;
+    for (const std::string& text : DestinationTexts(s)) entries << QString::fromStdString(text);
+    for (int bin = 0; bin < kBinCount; ++bin) {
+        const auto i = static_cast<std::size_t>(bin);
+        destinations_[i]->SetEntries(entries);
+        destinations_[i]->Show(s.Bins[bin].Destination);
+        lists_[i]->update();
+    }
+}
+
+}  // namespace marvolin

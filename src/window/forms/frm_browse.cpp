@@ -1,0 +1,114 @@
+#include "window/forms/frm_browse.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include "browser/sample_bins.h"
+#include "window/forms/browse_bins.h"
+#include "window/forms/browse_clips.h"
+#include "window/toolkit/theme.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr int kWidth = 780;
+constexpr int kHeight = 520;
+constexpr int kBinTab = 0;
+
+QWidget* EmptyPage(const char* text) {
+    auto* page = new QLabel(text);
+    page->setAlignment(Qt::AlignCenter);
+    page->setFont(theme::Sans(13));
+    page->setStyleSheet("color: #9aa2ad;");
+    return page;
+}
+
+}  // namespace
+
+FrmBrowse::FrmBrowse(Session& session) : s(session) {
+    setObjectName("frmBrowse");
+    setWindowTitle("marvolin browser");
+    setMinimumSize(620, 420);
+    resize(kWidth, kHeight);
+    tabs_ = new QTabBar;
+    tabs_->setObjectName("Sstab");
+    tabs_->setDrawBase(false);
+    tabs_->setFocusPolicy(Qt::TabFocus);
+    pages_ = new QStackedWidget;
+    pages_->setObjectName("BrowsePages");
+    Bins = new BrowseBins(s, nullptr);
+    Clips = new BrowseClips(s, nullptr);
+    const auto add = [this](const char* caption, QWidget* page) {
+        tabs_->addTab(caption);
+        pages_->addWidget(page);
+    };
+    add("1-3", Bins);
+    add("4-6", EmptyPage("There are no bins on this tab."));
+    add("7-9", EmptyPage("There are no bins on this tab."));
+    add("ClipBrd", Clips);
+    status_ = new BrowseStatus(this);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(8, 8, 8, 0);
+    column->setSpacing(0);
+    column->addWidget(tabs_);
+    column->addWidget(pages_, 1);
+    column->addSpacing(4);
+    column->addWidget(status_);
+    connect(tabs_, &QTabBar::currentChanged, this, [this](int tab) {
+        pages_->setCurrentIndex(tab);
+        ShowHint("");  // the last one spoke of another page
+        if (tab == kBinTab) Rescan();
+    });
+}
+
+void FrmBrowse::ShowHint(std::string_view hint) {
+    status_->Show(QString::fromUtf8(hint.data(), static_cast<qsizetype>(hint.size())));
+}
+
+void FrmBrowse::Rescan() {
+    for (int bin = 0; bin < static_cast<int>(decltype(s.Bins)::size()); ++bin) UpdatePickFile(s, bin);
+}
+
+// A change in a folder shows at the next visit.
+void FrmBrowse::showEvent(QShowEvent* event) {
+    if (!event->spontaneous()) Rescan();
+    QWidget::showEvent(event);
+}
+
+void FrmBrowse::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) Rescan();
+    QWidget::changeEvent(event);
+}
+
+void FrmBrowse::closeEvent(QCloseEvent* event) {
+    if (mayClose_) {
+        event->accept();
+        return;
+    }
+    event->ignore();
+    hide();
+}
+
+BrowseStatus::BrowseStatus(QWidget* parent) : QWidget(parent) {
+    setObjectName("BrowseStatusBar1");
+    setFixedHeight(26);
+}
+
+void BrowseStatus::Show(const QString& text) {
+    if (text_ == text) return;
+    text_ = text;
+    update();
+}
+
+void BrowseStatus::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setFont(theme::Sans(12));
+    p.setPen(theme::kText);
+    p.drawText(rect().adjusted(4, 0, -4, 0), Qt::AlignVCenter | Qt::AlignLeft,
+               p.fontMetrics().elidedText(text_, Qt::ElideRight, width() - 8));
+}
+
+}  // namespace marvolin

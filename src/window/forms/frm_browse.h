@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QWidget>
+
+#include "core/session.h"
+#include "window/toolkit/hint_window.h"
+
+namespace marvolin {
+
+class BrowseBins;
+class BrowseClips;
+class BrowseStatus;
+
+/// `frmBrowse`: the sample bins and the clipboard. Closing it only hides it, until the program ends.
+class FrmBrowse : public QWidget, public HintWindow {
+public:
+    explicit FrmBrowse(Session& session);
+    void ShowHint(std::string_view hint) override;
+    /// The next close is a real one.
+    void AllowClose() { mayClose_ = true; }
+
+    BrowseBins* Bins = nullptr;    // owned by the toolkit
+    BrowseClips* Clips = nullptr;  // owned by the toolkit
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void Rescan();
+
+    Session& s;
+    QTabBar* tabs_ = nullptr;
+    QStackedWidget* pages_ = nullptr;
+    BrowseStatus* status_ = nullptr;
+    bool mayClose_ = false;
+};
+
+/// `StatusBar1` of the browser.
+class BrowseStatus : public QWidget {
+public:
+    explicit BrowseStatus(QWidget* parent);
+    void Show(const QString& text);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString text_;
+};
+
+}  // namespace marvolin

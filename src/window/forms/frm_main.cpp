@@ -1,0 +1,202 @@
+#include "window/forms/frm_main.h"
+
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTextEdit>
+
+#include "core/routines.h"
+#include "persistence/quick_load.h"
+#include "window/controls/text_button.h"
+#include "window/forms/selector_strip.h"
+#include "window/forms/status_bars.h"
+#include "window/forms/toolbar.h"
+#include "window/popups/history_list.h"
+#include "window/popups/popup_list.h"
+#include "window/popups/select_list.h"
+#include "window/rows/drop_down.h"
+#include "window/rows/loop_row.h"
+#include "window/rows/sound_display.h"
+#include "window/surfaces/map_surface.h"
+#include "window/surfaces/pad_surface.h"
+#include "window/tabs/tab_control.h"
+#include "window/tabs/tab_map.h"
+#include "window/tabs/tab_mix_pad.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr int kWidth = 1040;
+constexpr int kEdge = 8;
+constexpr int kRowPitch = LoopRow::kHeight + 2;
+constexpr int kRowsTop = Toolbar::kHeight;
+constexpr int kStripTop = kRowsTop + 5 * kRowPitch;
+constexpr int kTabsTop = kStripTop + SelectorStrip::kHeight + 4;
+constexpr int kBarsHeight = StatusBar1::kHeight + StatusBar2::kHeight;
+constexpr int kRegularHeight = kTabsTop + TabControl::kHeight + 6 + kBarsHeight;
+constexpr int kMiniHeight = kStripTop + 2 + kBarsHeight;
+static_assert(kRegularHeight <= 740);
+
+constexpr int kPlacePeriod = 33;   // ms
+constexpr int kLoadPeriod = 2000;  // ms
+
+}  // namespace
+
+FrmMain::FrmMain(Session& session, Events events) : s(session), events_(std::move(events)) {
+    setObjectName("frmMain");
+    setWindowTitle(QString::fromStdString(s.Title));
+    setFocusPolicy(Qt::ClickFocus);
+    Bar = new Toolbar(s, this, [this] { ToggleMode(); });
+    Bar->setGeometry(0, 0, kWidth, Toolbar::kHeight);
+    for (Row row = 0; row <= kSelectionRow; ++row) {
+        auto* made = new LoopRow(s, this, row);
+        made->setGeometry(kEdge, kRowsTop + row * kRowPitch, kWidth - 2 * kEdge, LoopRow::kHeight);
+        Rows[static_cast<std::size_t>(row)] = made;
+    }
+    Selectors = new SelectorStrip(s, this);
+    Selectors->setGeometry(kEdge, kStripTop, kWidth - 2 * kEdge, SelectorStrip::kHeight);
+    Tabs = new TabControl(s, this);
+    Tabs->setGeometry(kEdge, kTabsTop, kWidth - 2 * kEdge, TabControl::kHeight);
+    Status1 = new StatusBar1(s, this);
+    Status2 = new StatusBar2(s, this, events_.SoundLoad);
+    selectList_ = new SelectList(s, this);
+    historyList_ = new HistoryList(s, this);
+    quickLoad_ = new PopupList(this, "QuickLoad", "Sessions of the current folder");
+    quickLoad_->OnChoose = [this](int row) {
+        // By number, as a name in another encoding does not come back from what is shown of it.
+        const auto i = static_cast<std::size_t>(row);
+        if (i < s.QuickLoadRows.size()) QuickLoad_Click(s, s.QuickLoadRows[i]);
+    };
+    quickLoad_->OnHide = [this] { QuickLoad_LostFocus(s); };
+    PlaceBars();
+    setFocus();  // no control wears the ring until the player reaches for the keys
+
+    places_.setInterval(kPlacePeriod);
+    places_.callOnTimeout(this, [this] { ShowPlaces(); });
+    load_.setInterval(kLoadPeriod);
+    load_.callOnTimeout(this, [this] { WatchSound(); });
+    if (events_.SoundLoad) load_.start();
+    qApp->installEventFilter(this);
+}
+
+FrmMain::~FrmMain() { qApp->removeEventFilter(this); }
+
+void FrmMain::PlaceBars() {
+    const int height = s.MiniMode ? kMiniHeight : kRegularHeight;
+    Selectors->setVisible(!s.MiniMode);
+    Tabs->setVisible(!s.MiniMode);
+    setFixedSize(kWidth, height);
+    Status1->setGeometry(0, height - kBarsHeight, kWidth, StatusBar1::kHeight);
+    Status2->setGeometry(0, height - StatusBar2::kHeight, kWidth, StatusBar2::kHeight);
+    Bar->ToTop->SetText(s.MiniMode ? "Regular" : "Mini");
+}
+
+void FrmMain::ToggleMode() {
+    s.MiniMode = !s.MiniMode;
+    const QPoint place = pos();
+    const bool shown = isVisible();
+    PlaceBars();
+    setWindowFlag(Qt::WindowStaysOnTopHint, s.MiniMode);
+    move(place);
+    if (shown) show();
+}
+
+void FrmMain::FollowPlaying() {
+    bool playing = false;
+    for (Row row = 0; row < kLoopTracks; ++row) playing = playing || s.Run[row].Playing != False;
+    if (playing && !places_.isActive()) places_.start();
+    if (!playing) {
+        places_.stop();
+        ShowPlaces();
+    }
+}
+
+void FrmMain::WatchSound() {
+    const bool gone = events_.SoundGone && events_.SoundGone();
+    if (gone && !soundGone_) ShowStatus(s, "The sound device is gone. Choose one on the tab Optn.");
+    soundGone_ = gone;
+    Status2->ShowGone(gone);
+    Status2->RefreshLoad();
+}
+
+void FrmMain::RefreshTitle() {
+    setWindowTitle(QString::fromStdString(s.Title));
+    Status2->update();
+}
+
+void FrmMain::ShowSelectList(bool open) {
+    if (!open) return selectList_->hide();
+    const LoopRow& row = *Rows[kSelectionRow];
+    selectList_->Open(row.mapToGlobal(QPoint(12, LoopRow::kHeight)));
+}
+
+void FrmMain::EnableBalls(bool enabled) {
+    Tabs->MixPad->Pad->setEnabled(enabled);
+    Tabs->Map->Map->setEnabled(enabled);
+}
+
+void FrmMain::RefreshQuickLoad() { quickLoad_->setEnabled(s.QuickLoadEnabled); }
+
+void FrmMain::ShowQuickLoad(bool open) {
+    if (!open) return quickLoad_->hide();
+    QStringList rows;
+    for (const std::string& row : s.QuickLoadRows) rows << QString::fromStdString(row);
+    const QWidget* at = Bar->QuickLoadPop;
+    quickLoad_->Open(rows, QRect(at->mapToGlobal(QPoint(0, 0)), at->size()));
+}
+
+void FrmMain::ShowHistoryList(bool open) {
+    if (!open) return historyList_->hide();
+    const QWidget& button = *Rows[static_cast<std::size_t>(s.HistoryRow)]->Name;
+    historyList_->Open(QRect(button.mapTo(this, QPoint(0, 0)), button.size()));
+}
+
+void FrmMain::ShowPlaces() {
+    for (Row row = 0; row < kLoopTracks; ++row) Rows[static_cast<std::size_t>(row)]->Sound->RefreshPlace();
+}
+
+bool FrmMain::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate && events_.Activate) {
+        const bool done = QWidget::event(event);
+        events_.Activate();
+        return done;
+    }
+    return QWidget::event(event);
+}
+
+void FrmMain::closeEvent(QCloseEvent* event) {
+    places_.stop();
+    load_.stop();
+    if (events_.Unload) events_.Unload();
+    event->accept();
+}
+
+bool FrmMain::IsTyping() const {
+    QWidget* focus = QApplication::focusWidget();
+    return dynamic_cast<QLineEdit*>(focus) != nullptr || dynamic_cast<QAbstractSpinBox*>(focus) != nullptr ||
+           dynamic_cast<QTextEdit*>(focus) != nullptr || dynamic_cast<QPlainTextEdit*>(focus) != nullptr;
+}
+
+// Letters belong to the instrument whatever control of the main window has the keys: they are taken before a list could
+// jump to an entry that begins with them.
+bool FrmMain::eventFilter(QObject* object, QEvent* event) {
+    const bool press = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    if (!press && event->type() != QEvent::KeyRelease) return false;
+    auto* widget = dynamic_cast<QWidget*>(object);
+    if (widget == nullptr || widget->window() != this) return false;
+    auto* key = static_cast<QKeyEvent*>(event);
+    if (key->key() < Qt::Key_A || key->key() > Qt::Key_Z || IsTyping()) return false;
+    if (event->type() == QEvent::KeyRelease && !key->isAutoRepeat() && events_.KeyUp) {
+        const Qt::KeyboardModifiers held = key->modifiers();
+        events_.KeyUp(static_cast<char>(key->key()), held.testFlag(Qt::ShiftModifier),
+                      held.testFlag(Qt::ControlModifier), held.testFlag(Qt::AltModifier));
+    }
+    event->accept();
+    return true;
+}
+
+}  // namespace marvolin

@@ -1,0 +1,45 @@
+#include "window/forms/selector_strip.h"
+
+#include <QPainter>
+
+#include "window/controls/bands_editor.h"
+#include "window/controls/selector_radio.h"
+#include "window/toolkit/theme.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr int kFirstButton = 78;
+constexpr QRect kBandsPlace{384, 2, 260, 30};
+
+}  // namespace
+
+SelectorStrip::SelectorStrip(Session& session, QWidget* parent) : QWidget(parent), s(session) {
+    setObjectName("SelectorStrip");
+    for (int button = 0; button <= kBands; ++button) {
+        auto* made = new SelectorRadioButton(s, this, button);
+        made->setGeometry(kFirstButton + button * 32, 5, 28, 24);
+        buttons_[static_cast<std::size_t>(button)] = made;
+    }
+    bands_ = new BandsEditor(s, this);
+    bands_->setGeometry(kBandsPlace);
+}
+
+void SelectorStrip::RefreshButton(int button) { buttons_[static_cast<std::size_t>(button)]->Refresh(); }
+
+void SelectorStrip::RefreshBands() { bands_->Refresh(); }
+
+void SelectorStrip::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(Qt::NoPen);
+    p.setBrush(theme::kPanel);
+    p.drawRoundedRect(rect(), 5, 5);
+    p.setFont(theme::Sans(12));
+    p.setPen(theme::kQuiet);
+    p.drawText(QRect(16, 0, 60, kHeight), Qt::AlignVCenter | Qt::AlignLeft, "Control");
+    p.drawText(QRect(330, 0, 50, kHeight), Qt::AlignVCenter | Qt::AlignLeft, "Bands");
+}
+
+}  // namespace marvolin

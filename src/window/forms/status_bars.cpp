@@ -1,0 +1,125 @@
+#include "window/forms/status_bars.h"
+
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <cmath>
+
+#include "core/routines.h"
+#include "window/controls/hints.h"
+#include "window/toolkit/theme.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr QRect kLoadPlace{884, 0, 148, StatusBar2::kHeight};
+
+void DrawPanel(QPainter& p, const QRect& place, const QString& text, const QColor& ink) {
+    p.setPen(ink);
+    p.drawText(place, Qt::AlignVCenter | Qt::AlignLeft,
+               p.fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
+}
+
+}  // namespace
+
+StatusBar1::StatusBar1(Session& session, QWidget* parent) : QWidget(parent), s(session) {
+    setObjectName("StatusBar1");
+    setAccessibleName("Hints");
+    setMouseTracking(true);
+}
+
+QRect StatusBar1::PlaceOf(Panel panel) const {
+    switch (panel) {
+        case Panel::Hint:
+            return {12, 0, 660, kHeight};
+        case Panel::Readout:
+            return {684, 0, 216, kHeight};
+        case Panel::Clock:
+            return {908, 0, 84, kHeight};
+        case Panel::Help:
+            return {1000, 2, 32, kHeight - 4};
+    }
+    return {};
+}
+
+void StatusBar1::mouseMoveEvent(QMouseEvent* event) {
+    if (PlaceOf(Panel::Help).contains(event->pos())) ShowStatus(s, hints::kHelpPanel);
+}
+
+bool StatusBar1::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        auto* help = static_cast<QHelpEvent*>(event);
+        if (PlaceOf(Panel::Help).contains(help->pos())) {
+            QToolTip::showText(help->globalPos(), "Drag and drop onto a control to get help on it", this);
+        } else {
+            QToolTip::hideText();
+        }
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+void StatusBar1::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.fillRect(rect(), QColor(0x17, 0x19, 0x1c));
+    p.setFont(theme::Sans(13));
+    DrawPanel(p, PlaceOf(Panel::Hint), QString::fromStdString(s.StatusText), theme::kText);
+    DrawPanel(p, PlaceOf(Panel::Readout), QString::fromStdString(s.ReadoutText), theme::kAccent);
+    p.setFont(theme::Digits(13));
+    const std::string& clock = s.Clock.Panel;
+    if (clock.find(':') == std::string::npos && !clock.empty()) p.setFont(theme::Sans(11));
+    DrawPanel(p, PlaceOf(Panel::Clock), clock.empty() ? QString("00:00:00") : QString::fromStdString(clock),
+              theme::kText);
+    const QRect help = PlaceOf(Panel::Help);
+    theme::FaceState resting;
+    resting.Enabled = false;
+    theme::DrawFace(p, help, resting);
+    p.setFont(theme::Sans(14, QFont::Bold));
+    p.setPen(theme::kQuiet);
+    p.drawText(help, Qt::AlignCenter, "?");
+}
+
+StatusBar2::StatusBar2(Session& session, QWidget* parent, std::function<double()> soundLoad)
+    : QWidget(parent), s(session), soundLoad_(std::move(soundLoad)) {
+    setObjectName("StatusBar2");
+    setAccessibleName("Session and device");
+}
+
+QString StatusBar2::LoadText() const {
+    if (!s.DSReady || !soundLoad_) return {};
+    return QString("sound %1 %").arg(std::lround(soundLoad_() * 100));
+}
+
+QString StatusBar2::DeviceText() const {
+    if (s.Driver < 0 || s.Driver >= static_cast<std::int16_t>(s.Drivers.size())) return "No Sound";
+    const QString name = QString::fromStdString(s.Drivers[static_cast<std::size_t>(s.Driver)]);
+    if (s.DSReady && gone_) return name + " is gone: choose a sound driver on the tab Optn";
+    return s.DSReady ? name + ", 44100 Hz, 256 frames" : QString("No Sound");
+}
+
+void StatusBar2::RefreshLoad() {
+    if (LoadText() != shownLoad_) update(kLoadPlace);
+}
+
+void StatusBar2::ShowGone(bool gone) {
+    if (gone == gone_) return;
+    gone_ = gone;
+    update();
+}
+
+void StatusBar2::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.fillRect(rect(), QColor(0x13, 0x15, 0x17));
+    p.setFont(theme::Sans(12));
+    shownLoad_ = LoadText();
+    DrawPanel(p, QRect(12, 0, 72, kHeight), QString::fromStdString(s.TodayLabel), theme::kQuiet);
+    DrawPanel(p, QRect(90, 0, 580, kHeight), DeviceText(), gone_ ? theme::kRed : theme::kQuiet);
+    DrawPanel(p, QRect(684, 0, 190, kHeight), QString::fromStdString(s.CurrentFile), theme::kQuiet);
+    p.setPen(theme::kQuiet);
+    p.drawText(kLoadPlace, Qt::AlignVCenter | Qt::AlignRight, shownLoad_);
+}
+
+}  // namespace marvolin

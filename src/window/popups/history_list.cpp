@@ -1,0 +1,80 @@
+#include "window/popups/history_list.h"
+
+#include <QApplication>
+#include <QDrag>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <algorithm>
+
+#include "performance/palette.h"
+#include "window/toolkit/drag_source.h"
+#include "window/toolkit/theme.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr int kWidth = 230;
+constexpr int kMostRows = 14;
+
+}  // namespace
+
+HistoryList::HistoryList(Session& session, QWidget* parent) : QListWidget(parent), s(session) {
+    setObjectName("HistoryList");
+    setAccessibleName("Palette and history");
+    setFont(theme::Sans(13));
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTextElideMode(Qt::ElideMiddle);
+    hide();
+}
+
+void HistoryList::Open(const QRect& button) {
+    clear();
+    for (const std::string& entry : s.HistoryEntries) addItem(QString::fromStdString(entry));
+    const int height = std::min(count(), kMostRows) * sizeHintForRow(0) + 10;
+    const bool below = button.bottom() + 2 + height <= parentWidget()->height();
+    setGeometry(button.left(), below ? button.bottom() + 2 : std::max(0, button.top() - 2 - height), kWidth, height);
+    raise();
+    show();
+    setFocus();
+}
+
+void HistoryList::mousePressEvent(QMouseEvent* event) {
+    QListWidget::mousePressEvent(event);
+    origin_ = event->pos();
+    const int entry = row(itemAt(origin_));
+    pressed_ = HistoryList_MouseDown(s, static_cast<std::int16_t>(entry)).has_value();
+}
+
+void HistoryList::mouseMoveEvent(QMouseEvent* event) {
+    if (!pressed_ || (event->pos() - origin_).manhattanLength() < QApplication::startDragDistance()) return;
+    pressed_ = false;
+    StartEntryDrag();
+}
+
+void HistoryList::StartEntryDrag() {
+    dragging_ = true;
+    auto* drag = new QDrag(this);  // owned by the toolkit
+    drag->setMimeData(ToMimeData({"HistoryList", s.HistoryRow, ""}).release());
+    drag->exec(Qt::CopyAction);
+    dragging_ = false;
+}
+
+// A press that does not move is a drop on the list itself.
+void HistoryList::mouseReleaseEvent(QMouseEvent*) {
+    if (pressed_) HistoryList_DragDrop(s);
+    pressed_ = false;
+}
+
+void HistoryList::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) return HistoryList_LostFocus(s);
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) return QListWidget::keyPressEvent(event);
+    if (HistoryList_MouseDown(s, static_cast<std::int16_t>(currentRow()))) HistoryList_DragDrop(s);
+}
+
+void HistoryList::focusOutEvent(QFocusEvent* event) {
+    QListWidget::focusOutEvent(event);
+    if (!dragging_ && isVisible()) HistoryList_LostFocus(s);
+}
+
+}  // namespace marvolin

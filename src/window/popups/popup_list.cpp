@@ -1,0 +1,84 @@
+#include "window/popups/popup_list.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScreen>
+
+#include "window/toolkit/theme.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr int kMostRows = 14;
+constexpr int kLeast = 150;  // pixels
+constexpr int kMost = 420;
+
+}  // namespace
+
+bool HideOnPressBeside(QWidget& popup, const QEvent& event) {
+    if (event.type() != QEvent::MouseButtonPress) return false;
+    if (popup.rect().contains(static_cast<const QMouseEvent&>(event).position().toPoint())) return false;
+    popup.hide();
+    return true;
+}
+
+PopupList::PopupList(QWidget* parent, const char* name, const QString& label) : QListWidget(parent) {
+    setObjectName(name);
+    setAccessibleName(label);
+    setWindowFlags(Qt::Popup);
+    setFont(theme::Sans(13));
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setMouseTracking(true);
+}
+
+void PopupList::Open(const QStringList& rows, const QRect& at) {
+    clear();
+    addItems(rows);
+    setCurrentRow(0);
+    const int wide = qBound(kLeast, sizeHintForColumn(0) + 40, kMost);
+    const int high = qMin(count(), kMostRows) * sizeHintForRow(0) + 12;
+    resize(wide, high);
+    const QRect area = screen()->availableGeometry();
+    const int top = at.bottom() + high > area.bottom() ? at.top() - high : at.bottom() + 1;
+    move(qBound(area.left(), at.left(), area.right() - wide), qMax(area.top(), top));
+    show();
+    setFocus();
+}
+
+bool PopupList::event(QEvent* event) { return HideOnPressBeside(*this, *event) || QListWidget::event(event); }
+
+void PopupList::mousePressEvent(QMouseEvent* event) {
+    const QModelIndex pressed = indexAt(event->position().toPoint());
+    pressed_ = pressed.isValid();
+    if (pressed_) setCurrentRow(pressed.row());
+}
+
+void PopupList::mouseMoveEvent(QMouseEvent* event) {
+    const QModelIndex under = indexAt(event->position().toPoint());
+    if (under.isValid()) setCurrentRow(under.row());
+}
+
+void PopupList::mouseReleaseEvent(QMouseEvent* event) {
+    // The release of the click that opened the list is none of the list's.
+    const bool chosen = pressed_;
+    pressed_ = false;
+    const QModelIndex released = indexAt(event->position().toPoint());
+    if (chosen && released.isValid() && OnChoose) OnChoose(released.row());
+}
+
+void PopupList::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        if (OnChoose && currentItem() != nullptr) OnChoose(currentRow());
+        return;
+    }
+    if (event->key() == Qt::Key_Escape) return hide();
+    QListWidget::keyPressEvent(event);
+}
+
+void PopupList::hideEvent(QHideEvent* event) {
+    QListWidget::hideEvent(event);
+    if (OnHide) OnHide();
+}
+
+}  // namespace marvolin

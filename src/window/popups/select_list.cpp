@@ -1,0 +1,51 @@
+#include "window/popups/select_list.h"
+
+#include <QKeyEvent>
+#include <QScreen>
+
+#include "performance/selection/selection.h"
+#include "window/popups/popup_list.h"
+#include "window/toolkit/theme.h"
+
+namespace marvolin {
+
+SelectList::SelectList(Session& session, QWidget* parent) : QListWidget(parent), s(session) {
+    setObjectName("SlctGroup");
+    setAccessibleName("Selection rules");
+    setWindowFlags(Qt::Popup);
+    setFont(theme::Sans(13));
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    for (const SelectRule& rule : kSelectRules) {
+        addItem(QString::fromUtf8(rule.Text.data(), static_cast<qsizetype>(rule.Text.size())));
+    }
+    setFixedSize(130, count() * sizeHintForRow(0) + 10);
+    connect(this, &QListWidget::itemClicked, this, [this](const QListWidgetItem* item) { Choose(item); });
+}
+
+void SelectList::Open(QPoint place) {
+    const QRect area = screen()->availableGeometry();
+    move(qBound(area.left(), place.x(), area.right() - width()),
+         qBound(area.top(), place.y(), area.bottom() - height()));
+    show();
+    setFocus();
+    setCurrentItem(nullptr);  // the focus has chosen the first entry
+}
+
+bool SelectList::event(QEvent* event) { return HideOnPressBeside(*this, *event) || QListWidget::event(event); }
+
+void SelectList::Choose(const QListWidgetItem* item) {
+    if (item != nullptr) SlctGroup_Click(s, item->text().toStdString());
+}
+
+void SelectList::hideEvent(QHideEvent* event) {
+    QListWidget::hideEvent(event);
+    SlctGroup_LostFocus(s);
+}
+
+void SelectList::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return Choose(currentItem());
+    if (event->key() == Qt::Key_Escape) return hide();
+    QListWidget::keyPressEvent(event);
+}
+
+}  // namespace marvolin

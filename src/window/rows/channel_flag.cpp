@@ -1,0 +1,67 @@
+#include "window/rows/channel_flag.h"
+
+#include <QPainter>
+
+#include "parameters/wires.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr int kRightBlack = 1;
+constexpr int kLeftBlack = 2;
+constexpr int kDisconnected = 4;
+
+}  // namespace
+
+void DrawWire(QPainter& p, const QRectF& rect, int picture) {
+    p.setRenderHint(QPainter::Antialiasing);
+    const bool off = (picture & kDisconnected) != 0;
+    const double half = rect.width() / 2;
+    const QColor white = off ? QColor(0x8b, 0x92, 0x9c) : QColor(0xf4, 0xf5, 0xf7);
+    const QColor black(0x0a, 0x0b, 0x0d);
+    p.setPen(QPen(QColor(0x6c, 0x74, 0x80), 1));
+    p.setBrush((picture & kLeftBlack) != 0 ? black : white);
+    p.drawRoundedRect(QRectF(rect.left() + 0.5, rect.top() + 0.5, half - 1, rect.height() - 1), 2.5, 2.5);
+    p.setBrush((picture & kRightBlack) != 0 ? black : white);
+    p.drawRoundedRect(QRectF(rect.left() + half + 0.5, rect.top() + 0.5, half - 1, rect.height() - 1), 2.5, 2.5);
+    if (!off) return;
+    const QPointF from = rect.bottomLeft() + QPointF(5, -4);
+    const QPointF to = rect.topRight() + QPointF(-5, 4);
+    p.setPen(QPen(theme::kWindow, 5, Qt::SolidLine, Qt::RoundCap));
+    p.drawLine(from, to);
+    p.setPen(QPen(theme::kRed, 2.6, Qt::SolidLine, Qt::RoundCap));
+    p.drawLine(from, to);
+}
+
+ChannelFlagControl::ChannelFlagControl(Session& session, QWidget* parent, Row row)
+    : Control(session, parent, "ChannelFlag", row,
+              row == kSelectionRow ? QString("Wire of the selection")
+                                   : QString("Wire of LoopTrack %1").arg(QChar(RowLetter(row)))),
+      row_(row) {
+    TakeDropsFor(row);
+}
+
+void ChannelFlagControl::Gesture(Phase phase, std::int16_t button, QPointF twips) {
+    ChannelFlag_Gesture(s, row_, phase, button, twips.x(), twips.y(), width() * kTwipsPerPixel);
+}
+
+void ChannelFlagControl::Step(int units) {
+    const std::int16_t value = WireClamp(s, row_, static_cast<std::int16_t>(s.Set[row_].Channel + units));
+    LoopSetChannelGang(s, row_, value, true);
+}
+
+void ChannelFlagControl::Activate() { Gesture(Phase::Down, kRightButton, {}); }
+
+void ChannelFlagControl::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(QPen(underMouse() ? theme::kQuiet : theme::kLine, 1));
+    p.setBrush(theme::kSunk);
+    p.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 5, 5);
+    const int channel = s.Set[row_].Channel < 1 ? 1 : s.Set[row_].Channel;
+    DrawWire(p, QRectF(rect()).adjusted(3, 3, -3, -3), channel - 1);
+    if (hasFocus()) theme::DrawFocus(p, rect(), 5);
+}
+
+}  // namespace marvolin

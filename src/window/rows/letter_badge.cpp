@@ -1,0 +1,48 @@
+#include "window/rows/letter_badge.h"
+
+#include <QPainter>
+
+namespace marvolin {
+
+LetterBadge::LetterBadge(Session& session, QWidget* parent, Row row)
+    : Control(session, parent, "Letr", row,
+              row == kSelectionRow ? QString("Selection, Z") : QString("LoopTrack %1").arg(QChar(RowLetter(row)))),
+      row_(row) {
+    TakeDropsFor(row);
+}
+
+std::string_view LetterBadge::Hint(QPointF) const { return kLetrHint; }
+
+void LetterBadge::Gesture(Phase phase, std::int16_t button, QPointF) {
+    if (phase != Phase::Down) return;
+    if (const auto source = Letr_MouseDown(s, row_, button)) ArmDrag(*source);
+}
+
+void LetterBadge::DoubleClick(std::int16_t, QPointF) {
+    Letr_DblClick(s, row_);
+    update();
+}
+
+void LetterBadge::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    const QColor ground = theme::RowColour(row_);
+    const QRectF badge = QRectF(rect()).adjusted(2, 2, -2, -2);
+    p.setPen(Qt::NoPen);
+    p.setBrush(underMouse() ? ground.lighter(112) : ground);
+    p.drawRoundedRect(badge, 5, 5);
+    p.setPen(theme::InkOn(ground));
+    p.setFont(theme::Sans(18, QFont::Bold));
+    p.drawText(badge, Qt::AlignCenter, QString(QChar(RowLetter(row_))));
+    if (row_ < kLoopTracks && s.Set[row_].Thinnable == False) {
+        p.setBrush(Qt::NoBrush);
+        p.setPen(QPen(Qt::white, 1.6));
+        p.drawRoundedRect(QRectF(rect()).adjusted(0.8, 0.8, -0.8, -0.8), 6, 6);
+        p.setBrush(Qt::white);
+        p.setPen(QPen(theme::kWindow, 1));
+        p.drawEllipse(QPointF(width() - 4.5, 4.5), 3.5, 3.5);
+    }
+    if (hasFocus()) theme::DrawFocus(p, rect(), 6);
+}
+
+}  // namespace marvolin

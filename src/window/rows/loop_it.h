@@ -1,0 +1,22 @@
+#pragma once
+
+#include "window/controls/control.h"
+
+namespace marvolin {
+
+/// `LoopIt`: the picture of a row's play mode; row 5 is the large one, which stands for `CurrentLoop`.
+class LoopItControl : public Control {
+public:
+    LoopItControl(Session& session, QWidget* parent, Row row);
+
+protected:
+    void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    void DoubleClick(std::int16_t button, QPointF twips) override;
+    void Step(int units) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    const Row row_;
+};
+
+}  // namespace marvolin

@@ -1,0 +1,64 @@
+#include "window/rows/play_button.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include "audio/play_gestures.h"
+
+namespace marvolin {
+
+namespace {
+
+QString LabelOf(Row row) {
+    return row == kSelectionRow ? QString("Play the selection")
+                                : QString("Play LoopTrack %1").arg(QChar(RowLetter(row)));
+}
+
+}  // namespace
+
+PlayButton::PlayButton(Session& session, QWidget* parent, Row row)
+    : Control(session, parent, "Play", row, LabelOf(row)), row_(row) {
+    TakeDropsFor(row);
+}
+
+void PlayButton::Gesture(Phase phase, std::int16_t button, QPointF) {
+    switch (phase) {
+        case Phase::Down:
+            return Play_MouseDown(s, row_, button);
+        case Phase::Move:
+            return Play_MouseMove(s);
+        case Phase::Up:
+            return Play_MouseUp(s, row_, button);
+    }
+}
+
+void PlayButton::Activate() { Gesture(Phase::Up, kLeftButton, {}); }
+
+void PlayButton::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    const bool playing = s.Run[row_].Playing != False;
+    const bool paused = s.Run[row_].Paused != False;
+    const bool ready = row_ == kSelectionRow || s.Run[row_].Loaded != False;
+    QColor ground = theme::kRaised;
+    QColor line = theme::kLine;
+    QColor ink = ready ? theme::kText : QColor(0x6c, 0x74, 0x80);
+    if (paused) {
+        ground = theme::kAmberGround;
+        line = ink = theme::kAccent;
+    } else if (playing) {
+        ground = theme::kGreenGround;
+        line = ink = theme::kGreen;
+    }
+    theme::DrawFace(p, rect(), Face(), ground, line);
+    const QPointF c = QRectF(rect()).center();
+    p.setPen(QPen(ink, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    p.setBrush(ink);
+    if (paused) {
+        p.drawRoundedRect(QRectF(c.x() - 6.5, c.y() - 7, 4, 14), 1, 1);
+        p.drawRoundedRect(QRectF(c.x() + 2.5, c.y() - 7, 4, 14), 1, 1);
+    } else {
+        p.drawPolygon(QPolygonF({c + QPointF(-5, -7), c + QPointF(8, 0), c + QPointF(-5, 7)}));
+    }
+}
+
+}  // namespace marvolin

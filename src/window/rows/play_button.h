@@ -1,0 +1,21 @@
+#pragma once
+
+#include "window/controls/control.h"
+
+namespace marvolin {
+
+/// `Play` of rows 0..4, in its pictures stopped, playing and paused.
+class PlayButton : public Control {
+public:
+    PlayButton(Session& session, QWidget* parent, Row row);
+
+protected:
+    void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    void Activate() override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    const Row row_;
+};
+
+}  // namespace marvolin

@@ -1,0 +1,157 @@
+#include "window/rows/sound_display.h"
+
+#include <QPainter>
+#include <QTimer>
+#include <algorithm>
+#include <cmath>
+
+#include "core/errors.h"
+#include "performance/sound_display.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr double kScale = kVolFull;
+constexpr double kEnds = 7;  // pixels between the control's edge and the ends of the needles' scale
+constexpr std::int64_t kBytesAPainting = 8 << 20;  // a few milliseconds' worth
+constexpr double kNeedle = 6;                      // half the width of a needle's head
+
+QString LabelOf(Row row) {
+    return row == kSelectionRow ? QString("Level of the selection")
+                                : QString("Sound of LoopTrack %1").arg(QChar(RowLetter(row)));
+}
+
+}  // namespace
+
+SoundDisplay::SoundDisplay(Session& session, QWidget* parent, Row row)
+    : Control(session, parent, "SndDisp", row, LabelOf(row)), row_(row) {
+    setFocusPolicy(Qt::NoFocus);
+    TakeDropsFor(row);
+}
+
+std::string_view SoundDisplay::Hint(QPointF) const { return kSndDispHint; }
+
+// The upper half holds the needle of the level, the lower one that of the target.
+void SoundDisplay::Gesture(Phase phase, std::int16_t button, QPointF twips) {
+    switch (phase) {
+        case Phase::Down:
+            SndDisp_MouseDown(s, row_, button);
+            if (button != kLeftButton) return;
+            needle_ = twips.y() < height() * kTwipsPerPixel / 2 ? kLevelNeedle : kTargetNeedle;
+            return SndDisp_Moving(s, row_, needle_, LevelAt(twips));
+        case Phase::Move:
+            return SndDisp_Moving(s, row_, needle_, LevelAt(twips));
+        case Phase::Up:
+            SndDisp_Change(s, row_, needle_, LevelAt(twips));
+            needle_ = kNoNeedle;
+            return;
+    }
+}
+
+std::int16_t SoundDisplay::LevelAt(QPointF twips) const {
+    const QRectF inner = Inner();
+    const double share = (twips.x() / kTwipsPerPixel - inner.left()) / inner.width();
+    return static_cast<std::int16_t>(std::lround(std::clamp(share, 0.0, 1.0) * kScale));
+}
+
+int SoundDisplay::Columns() const { return static_cast<int>(Inner().width()); }
+
+QRectF SoundDisplay::Inner() const { return QRectF(rect()).adjusted(kEnds, 2, -kEnds, -2); }
+
+void SoundDisplay::RefreshWaveform() {
+    peaks_.clear();
+    waveStale_ = true;
+    update();
+}
+
+void SoundDisplay::resizeEvent(QResizeEvent*) { RefreshWaveform(); }
+
+double SoundDisplay::PlaceX() const {
+    if (row_ >= kLoopTracks) return -1;
+    const LoopTrackRun& run = s.Run[row_];
+    const std::int32_t bytes = s.Set[row_].BufferBytes;
+    if (run.Playing == False || !run.Buffer || bytes <= 0) return -1;
+    try {
+        const double share = run.Buffer->GetCurrentPosition() / static_cast<double>(bytes);
+        return Inner().left() + share * Inner().width();
+    } catch (const SoundError&) {
+        return -1;  // a line for the eye is worth no message
+    }
+}
+
+void SoundDisplay::RefreshPlace() {
+    const double x = PlaceX();
+    if (std::abs(x - shownX_) < 0.5 / devicePixelRatioF()) return;
+    for (const double at : {shownX_, x}) {
+        if (at >= 0) update(QRect(static_cast<int>(at) - 2, 0, 5, height()));
+    }
+}
+
+QColor SoundDisplay::Ground() const { return peaks_.empty() ? theme::kSunk : theme::WaveGround(row_); }
+
+// A long sample is looked through a share at a time, so that the clock of the steps is not held up: the wave grows from
+// the left with each painting, of which the next is asked for here.
+void SoundDisplay::MakePeaks() {
+    if (!waveStale_) return;
+    const int columns = Columns();
+    const auto more = LoopWaveform(s, row_, columns, static_cast<int>(peaks_.size()), kBytesAPainting);
+    peaks_.insert(peaks_.end(), more.begin(), more.end());
+    waveStale_ = !more.empty() && static_cast<int>(peaks_.size()) < columns;
+    if (waveStale_) QTimer::singleShot(0, this, qOverload<>(&QWidget::update));
+}
+
+void SoundDisplay::DrawWave(QPainter& p) const {
+    const QRectF inner = Inner();
+    const double middle = inner.center().y();
+    const double half = inner.height() / 2 - 3;
+    if (peaks_.empty()) {
+        p.setPen(QPen(theme::kLine, 1));
+        p.drawLine(QPointF(inner.left(), middle), QPointF(inner.right(), middle));
+        return;
+    }
+    QPolygonF outline;
+    double x = inner.left();
+    for (const WaveformColumn& peak : peaks_) outline << QPointF(x++, middle - std::max(0.5, peak.High * half));
+    for (auto peak = peaks_.rbegin(); peak != peaks_.rend(); ++peak) {
+        outline << QPointF(--x, middle - std::min(-0.5, peak->Low * half));
+    }
+    p.setPen(Qt::NoPen);
+    p.setBrush(theme::RowColour(row_));
+    p.drawPolygon(outline);
+}
+
+void SoundDisplay::DrawNeedle(QPainter& p, double level, bool top) const {
+    const QRectF inner = Inner();
+    const bool pale = theme::Luminance(Ground()) > 0.3;
+    const double x = inner.left() + level / kScale * inner.width();
+    const double edge = top ? 1 : height() - 1;
+    const double tip = top ? edge + 8 : edge - 8;
+    const QColor ink = top ? (pale ? QColor(0x1d, 0x1f, 0x23) : QColor(Qt::white))
+                           : (pale ? QColor(0x8a, 0x4b, 0x00) : theme::kAccent);
+    p.setPen(QPen(ink, 1));
+    p.drawLine(QPointF(x, tip), QPointF(x, height() / 2.0));
+    p.setPen(QPen(pale ? QColor(Qt::white) : QColor(0x14, 0x16, 0x19), 1));
+    p.setBrush(ink);
+    p.drawPolygon(QPolygonF({{x - kNeedle, edge}, {x + kNeedle, edge}, {x, tip + (top ? 1 : -1)}}));
+}
+
+void SoundDisplay::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    MakePeaks();
+    const QColor ground = Ground();
+    p.setPen(QPen(theme::kLine, 1));
+    p.setBrush(ground);
+    p.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 5, 5);
+    DrawWave(p);
+    const SoundDisplayState& state = s.SndDisp[row_];
+    DrawNeedle(p, state.Line, false);
+    DrawNeedle(p, state.Level, true);
+    shownX_ = PlaceX();
+    if (shownX_ < 0) return;
+    p.setPen(QPen(theme::InkOn(ground), 1.6));
+    p.drawLine(QPointF(shownX_, 2), QPointF(shownX_, height() - 2));
+}
+
+}  // namespace marvolin

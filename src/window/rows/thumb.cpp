@@ -1,0 +1,56 @@
+#include "window/rows/thumb.h"
+
+#include <QPainter>
+#include <array>
+
+#include "performance/selection/selection.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr std::array<double, 9> kStrokes{4, 9, 15, 7, 18, 12, 20, 9, 5};  // heights, pixels
+
+}  // namespace
+
+ThumbControl::ThumbControl(Session& session, QWidget* parent, Row row)
+    : Control(session, parent, "Thumb", row,
+              QString("Show LoopTrack %1 on the pattern tab").arg(QChar(RowLetter(row)))),
+      row_(row) {}
+
+std::string_view ThumbControl::Hint(QPointF) const { return kThumbHint; }
+
+void ThumbControl::Gesture(Phase phase, std::int16_t button, QPointF twips) {
+    const bool inside = QRectF(rect()).contains(twips / kTwipsPerPixel);
+    if (phase == Phase::Up && button == kLeftButton && inside) Thumb_Click(s, row_);
+}
+
+void ThumbControl::DoubleClick(std::int16_t button, QPointF) {
+    if (button == kLeftButton) Thumb_DblClick(s, row_);
+}
+
+void ThumbControl::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    const bool current = s.CurrentLoop == row_;
+    const QColor colour = theme::RowColour(row_);
+    const bool dark = theme::Contrast(colour, theme::kRaised) < 3;
+    theme::DrawFace(p, rect(), Face(), current ? theme::kLifted : theme::kRaised);
+    if (current) {
+        p.setPen(QPen(dark ? QColor(0xb9, 0xc4, 0xe6) : colour, 2));
+        p.setBrush(Qt::NoBrush);
+        p.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 6, 6);
+    }
+    const QPointF c = QRectF(rect()).center();
+    for (int pass = dark ? 0 : 1; pass < 2; ++pass) {
+        p.setPen(QPen(pass == 0 ? QColor(0xb9, 0xc4, 0xe6) : colour, pass == 0 ? 3.4 : 2, Qt::SolidLine, Qt::FlatCap));
+        double x = c.x() - 12;
+        for (const double height : kStrokes) {
+            const double half = height / 2 + (pass == 0 ? 0.7 : 0);
+            p.drawLine(QPointF(x, c.y() - half), QPointF(x, c.y() + half));
+            x += 3;
+        }
+    }
+    if (hasFocus()) theme::DrawFocus(p, rect(), 6);
+}
+
+}  // namespace marvolin

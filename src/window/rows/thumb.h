@@ -1,0 +1,22 @@
+#pragma once
+
+#include "window/controls/control.h"
+
+namespace marvolin {
+
+/// `Thumb`: the picture button of a LoopTrack, highlighted on the one that the pattern tab shows.
+class ThumbControl : public Control {
+public:
+    ThumbControl(Session& session, QWidget* parent, Row row);
+
+protected:
+    void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    void DoubleClick(std::int16_t button, QPointF twips) override;
+    std::string_view Hint(QPointF) const override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    const Row row_;
+};
+
+}  // namespace marvolin

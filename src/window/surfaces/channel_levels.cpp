@@ -1,0 +1,125 @@
+#include "window/surfaces/channel_levels.h"
+
+#include <QPainter>
+#include <algorithm>
+#include <array>
+
+#include "core/routines.h"
+#include "performance/pad/mix_pad.h"
+#include "performance/pad/pad_tables.h"
+#include "window/rows/channel_flag.h"
+#include "window/toolkit/theme.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr std::array<const char*, kChannels> kNames{"W", "WB", "BW", "B"};
+constexpr int kLine = 34;  // pixels from bar to bar
+constexpr int kBarLeft = 84;
+constexpr int kNumber = 62;  // width of the numbers
+
+/// A channel's level as a bar from `From` to `To` of its length, and as the number that the readout tells. `Plain` is
+/// where the channel leaves its LoopTracks as they are.
+struct Level {
+    double From;
+    double To;
+    double Plain;
+    QString Text;
+};
+
+Level LevelOf(const Session& s, int channel) {
+    switch (s.PadTypeIndex) {
+        case 2: {
+            const int left = kVolFull - s.ChannelVol[channel];
+            return {0, left / 500.0, 1, QString::number(left)};
+        }
+        case 3: {
+            const int pan = s.ChannelPan[channel] - kPanCentre;
+            const double at = s.ChannelPan[channel] / 1000.0;
+            return {std::min(0.5, at), std::max(0.5, at), 0.5, (pan > 0 ? "+" : "") + QString::number(pan)};
+        }
+        default: {
+            const double top = s.PadTypeIndex == 0 ? 3000.0 : 4000.0;
+            const std::int16_t hz = s.ChannelHz[channel];
+            return {0, hz / top, kHzUnity / top, QString::fromStdString(NumberText(hz / 10.0)) + "%"};
+        }
+    }
+}
+
+}  // namespace
+
+ChannelLevels::ChannelLevels(Session& session, QWidget* parent) : QWidget(parent), s(session) {
+    setObjectName("ChannelLevels");
+    setAccessibleName("Levels of the channels");
+}
+
+void ChannelLevels::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    const Colour back = s.PadTable[s.PadTypeIndex].BackColor;
+    const QColor colour(back.Red, back.Green, back.Blue);
+    p.setFont(theme::Sans(12));
+    p.setPen(theme::kQuiet);
+    p.drawText(QRect(0, 0, width(), 18), Qt::AlignLeft | Qt::AlignVCenter, "Channels");
+    const double length = width() - kBarLeft - kNumber;
+    for (int channel = 1; channel <= kChannels; ++channel) {
+        const double y = 12 + (channel - 1) * kLine + 14.0;
+        const Level level = LevelOf(s, channel);
+        DrawWire(p, QRectF(0, y + 1, 30, 17), channel - 1);
+        p.setFont(theme::Sans(13, QFont::DemiBold));
+        p.setPen(theme::kText);
+        p.drawText(QRectF(40, y, 40, 19), Qt::AlignLeft | Qt::AlignVCenter,
+                   kNames[static_cast<std::size_t>(channel - 1)]);
+        p.setPen(QPen(theme::kLine, 1));
+        p.setBrush(theme::kSunk);
+        p.drawRoundedRect(QRectF(kBarLeft, y + 3.5, length, 12), 4, 4);
+        p.setPen(Qt::NoPen);
+        p.setBrush(colour);
+        const double from = std::clamp(level.From, 0.0, 1.0) * length;
+        const double to = std::clamp(level.To, 0.0, 1.0) * length;
+        if (to > from) p.drawRoundedRect(QRectF(kBarLeft + from + 1, y + 4.5, to - from - 1, 10), 3, 3);
+        if (level.Plain < 1) {
+            const double at = kBarLeft + level.Plain * length;
+            p.setPen(QPen(theme::kQuiet, 1));
+            p.drawLine(QPointF(at, y + 0.5), QPointF(at, y + 3));
+            p.drawLine(QPointF(at, y + 16), QPointF(at, y + 18.5));
+        }
+        p.setFont(theme::Digits(12));
+        p.setPen(theme::kText);
+        p.drawText(QRectF(width() - kNumber, y, kNumber, 19), Qt::AlignRight | Qt::AlignVCenter, level.Text);
+    }
+}
+
+TwistLine::TwistLine(Session& session, QWidget* parent) : QWidget(parent), s(session) {
+    setObjectName("TwistIndicator");
+    setAccessibleName("Twist");
+}
+
+void TwistLine::paintEvent(QPaintEvent*) {
+    const int face = PadTwistFace(s, s.PadTypeIndex);
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    const double y = 18;
+    const double scale = width() / std::max(1.0, 2 * s.Geometry.PadHalfX + s.Geometry.BallSizeX);
+    p.setPen(QPen(theme::kLine, 3, Qt::SolidLine, Qt::RoundCap));
+    p.drawLine(QPointF(44, y), QPointF(width() - 44, y));
+    DrawWire(p, QRectF(0, y - 16, 26, 14), 0);
+    DrawWire(p, QRectF(0, y + 2, 26, 14), 3);
+    DrawWire(p, QRectF(width() - 27, y - 16, 26, 14), 1);
+    DrawWire(p, QRectF(width() - 27, y + 2, 26, 14), 2);
+    if (face > 0) {
+        const double centre = (TwistBallLeft(s) + s.Geometry.BallCentreX + s.Geometry.BallHalfX) * scale;
+        p.setPen(QPen(theme::kQuiet, 1.5));
+        p.setBrush(theme::kRaised);
+        p.drawEllipse(QPointF(centre, y), 8, 8);
+        p.setFont(theme::Sans(10, QFont::Bold));
+        p.setPen(theme::kText);
+        p.drawText(QRectF(centre - 8, y - 8, 16, 16), Qt::AlignCenter, QString("VPF").mid(face - 1, 1));
+    }
+    p.setFont(theme::Sans(11));
+    p.setPen(theme::kQuiet);
+    p.drawText(QRectF(0, y + 14, width(), 16), Qt::AlignCenter, "Twist");
+}
+
+}  // namespace marvolin

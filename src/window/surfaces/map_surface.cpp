@@ -1,0 +1,128 @@
+#include "window/surfaces/map_surface.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <algorithm>
+
+#include "core/routines.h"
+#include "parameters/position.h"
+#include "performance/map/listener.h"
+#include "performance/map/map_gesture.h"
+#include "performance/map/sound_map.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr double kKeyStep = 4;  // pixels that an arrow key moves a ball
+constexpr double kDegreesAFrame = 5;
+
+QString LabelOf(int ball) {
+    return ball == kListenerBall ? QString("The listener") : QString("Place of LoopTrack %1").arg(QChar('A' + ball));
+}
+
+}  // namespace
+
+PosBall::PosBall(Session& session, QWidget* parent, int ball) : Ball(session, parent, "PosBall", ball, LabelOf(ball)) {
+    if (ball != kListenerBall) TakeDropsFor(static_cast<Row>(ball));
+}
+
+BallPoint PosBall::Place() const { return MapBallPlace(s, index); }
+
+void PosBall::BallGesture(Phase phase, std::int16_t button, double x, double y) {
+    if (PosGesture(s, phase, index, button, x, y)) {
+        ArmDrag({"PosBall", static_cast<Row>(index), std::string(kFadeDragTag)});
+        return;
+    }
+    if (phase == Phase::Down && !s.CursorFree) setCursor(Qt::BlankCursor);
+    if (phase == Phase::Up) unsetCursor();
+}
+
+// Two right clicks are two fades, or two turns of the listener.
+bool PosBall::CentresBy(std::int16_t button) const { return button == kLeftButton; }
+
+void PosBall::Centre() { PosBall_DblClick(s, index); }
+
+void PosBall::keyPressEvent(QKeyEvent* event) {
+    const int right = event->key() == Qt::Key_Right ? 1 : event->key() == Qt::Key_Left ? -1 : 0;
+    const int down = event->key() == Qt::Key_Down ? 1 : event->key() == Qt::Key_Up ? -1 : 0;
+    if (right == 0 && down == 0) return Ball::keyPressEvent(event);
+    const double step = kKeyStep * kTwipsPerPixel;
+    PosMove(s, right * step, down * step, index, false, true, true);
+}
+
+void PosBall::PaintLoopTrack(QPainter& p) const {
+    const bool lit = s.BallHighlighted[index];
+    const QRectF ball = BallFace().adjusted(-1, -1, 1, 1);
+    QColor colour = theme::RowColour(static_cast<Row>(index));
+    if (!isEnabled()) colour = theme::kRaised;
+    p.setPen(QPen(lit || hasFocus() ? QColor(Qt::white) : colour.darker(160), lit || hasFocus() ? 2.4 : 1));
+    p.setBrush(colour);
+    p.drawEllipse(ball);
+    p.setFont(theme::Sans(11, QFont::Bold));
+    p.setPen(isEnabled() ? theme::InkOn(colour) : theme::kQuiet);
+    p.drawText(ball, Qt::AlignCenter, QString(QChar('A' + index)));
+}
+
+void PosBall::PaintListener(QPainter& p) const {
+    p.translate(BallFace().center());
+    p.rotate(kDegreesAFrame * ListenerFrame(s.ListenerAngle));
+    const QColor skin = isEnabled() ? theme::kText : QColor(0x6c, 0x74, 0x80);
+    p.setPen(QPen(theme::kWindow, 1));
+    p.setBrush(skin);
+    QPainterPath nose;
+    nose.moveTo(-3, -7);
+    nose.lineTo(0, -12);
+    nose.lineTo(3, -7);
+    nose.closeSubpath();
+    p.drawPath(nose);
+    p.drawRoundedRect(QRectF(-10.5, -3, 4, 7), 2, 2);
+    p.drawRoundedRect(QRectF(6.5, -3, 4, 7), 2, 2);
+    p.setPen(QPen(hasFocus() ? theme::kAccent : theme::kWindow, hasFocus() ? 2 : 1));
+    p.drawEllipse(QPointF(0, 0), 7.8, 7.8);
+    p.setPen(Qt::NoPen);
+    p.setBrush(theme::kAccent);
+    p.drawEllipse(QPointF(0, -4), 1.8, 1.8);
+}
+
+void PosBall::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    if (index == kListenerBall) {
+        PaintListener(p);
+    } else {
+        PaintLoopTrack(p);
+    }
+}
+
+MapSurface::MapSurface(Session& session, QWidget* parent) : BallSurface(session, parent, "Map") {
+    for (int ball = 0; ball <= kListenerBall; ++ball) {
+        balls_[static_cast<std::size_t>(ball)] = new PosBall(s, this, ball);
+    }
+}
+
+void MapSurface::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(QPen(theme::kLine, 1));
+    p.setBrush(theme::kSunk);
+    p.drawRoundedRect(Field(), 6, 6);
+    const QPointF c = Field().center();
+    const double half = kSide / 2.0 - kInset;
+    // Rings of equal distance, a fixed number whatever the size: the label tells what the outer one stands for.
+    p.setBrush(Qt::NoBrush);
+    for (int ring = 1; ring <= 4; ++ring) {
+        p.setPen(QPen(ring == 4 ? QColor(0x4a, 0x50, 0x5a) : theme::kLine, 1, ring == 4 ? Qt::SolidLine : Qt::DotLine));
+        p.drawEllipse(c, half * ring / 4, half * ring / 4);
+    }
+    p.setPen(QPen(theme::kLine, 1));
+    p.drawLine(c - QPointF(half, 0), c + QPointF(half, 0));
+    p.drawLine(c - QPointF(0, half), c + QPointF(0, half));
+    p.setFont(theme::Sans(11));
+    p.setPen(theme::kQuiet);
+    p.drawText(QRectF(0, kSide - 23, kSide - 13, 16), Qt::AlignRight | Qt::AlignVCenter,
+               QString("edge %1").arg(QString::fromStdString(NumberText(Round(s.MapRange, 2)))));
+}
+
+}  // namespace marvolin

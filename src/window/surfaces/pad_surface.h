@@ -1,0 +1,34 @@
+#pragma once
+
+#include "window/surfaces/ball.h"
+#include "window/surfaces/surface.h"
+
+namespace marvolin {
+
+/// `PadBall`: the ball of the mix pad, with a face for each pad type.
+class PadBall : public Ball {
+public:
+    PadBall(Session& session, QWidget* parent);
+
+protected:
+    BallPoint Place() const override;
+    void BallGesture(Phase phase, std::int16_t button, double x, double y) override;
+    bool CentresBy(std::int16_t button) const override;
+    void Centre() override;
+    void Step(int units) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    std::string_view Hint(QPointF place) const override;
+    void paintEvent(QPaintEvent* event) override;
+};
+
+/// `Pad`: the field in the colour of its type, with `PadBack`'s picture of the curve and a wire in each corner.
+class PadSurface : public BallSurface {
+public:
+    PadSurface(Session& session, QWidget* parent);
+    PadBall* const Ball;  // owned by the toolkit
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace marvolin

@@ -1,0 +1,92 @@
+#include "window/tabs/tab_control.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include "performance/tabs.h"
+#include "sequencing/timing.h"
+#include "window/tabs/tab_map.h"
+#include "window/tabs/tab_mix_pad.h"
+#include "window/tabs/tab_options.h"
+#include "window/tabs/tab_pattern.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr int kCaptionHeight = 26;
+constexpr int kCaptionWidth = 94;
+constexpr std::array<const char*, kTabs> kCaptions{"Mix Pad", "3d Map", "Ptrn", "Optn"};
+
+}  // namespace
+
+TabButton::TabButton(Session& session, QWidget* parent, const char* name, int tab, const QString& text,
+                     const std::int16_t& active, void (*choose)(Session&, std::int16_t))
+    : Control(session, parent, name, tab, text), text_(text), active_(active), choose_(choose) {}
+
+void TabButton::Gesture(Phase phase, std::int16_t button, QPointF) {
+    if (phase == Phase::Down && button == kLeftButton) choose_(s, static_cast<std::int16_t>(index));
+    if (phase == Phase::Down && button == kRightButton && active_ == kPatternTab && choose_ == SetTab) {
+        BeginDrag({"TabControl", 0, ""});
+    }
+}
+
+std::string_view TabButton::Hint(QPointF) const {
+    return s.ActiveTab == kPatternTab ? kAllSequenceHint : std::string_view{};
+}
+
+void TabButton::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    const bool open = active_ == index;
+    QPainterPath shape;
+    shape.addRoundedRect(QRectF(0.5, 0.5, width() - 1, height() + 8), 6, 6);
+    p.setPen(QPen(theme::kLine, open ? 0 : 1));
+    p.setBrush(open ? theme::kPanel : underMouse() ? theme::kRaised : theme::kWindow);
+    p.drawPath(shape);
+    p.setFont(theme::Sans(13, open ? QFont::DemiBold : QFont::Normal));
+    p.setPen(open ? theme::kText : theme::kQuiet);
+    p.drawText(rect(), Qt::AlignCenter, text_);
+    if (hasFocus()) theme::DrawFocus(p, QRectF(rect()).adjusted(2, 2, -2, -2), 5);
+}
+
+TabControl::TabControl(Session& session, QWidget* parent) : Control(session, parent, "TabControl", -1, "Tabs") {
+    setToolTip({});
+    setFocusPolicy(Qt::NoFocus);
+    for (int tab = 0; tab < kTabs; ++tab) {
+        auto* caption =
+            new TabButton(s, this, "Tab", tab, kCaptions[static_cast<std::size_t>(tab)], s.ActiveTab, SetTab);
+        caption->setToolTip({});
+        caption->setGeometry(tab * (kCaptionWidth + 2), 0, kCaptionWidth, kCaptionHeight);
+        captions_.push_back(caption);
+    }
+    pages_ = {MixPad = new TabMixPad(s, this), Map = new TabMap(s, this), Pattern = new TabPattern(s, this),
+              Options = new TabOptions(s, this)};
+    for (QWidget* page : pages_) page->setGeometry(0, kCaptionHeight, 1024, kHeight - kCaptionHeight);
+    Refresh();
+}
+
+void TabControl::Refresh() {
+    for (int tab = 0; tab < kTabs; ++tab) pages_[static_cast<std::size_t>(tab)]->setVisible(tab == s.ActiveTab);
+    for (TabButton* caption : captions_) caption->Refresh();
+    Options->Refresh();
+}
+
+void TabControl::Gesture(Phase phase, std::int16_t button, QPointF) {
+    if (phase == Phase::Down && button == kRightButton && s.ActiveTab == kPatternTab) BeginDrag({"TabControl", 0, ""});
+}
+
+std::string_view TabControl::Hint(QPointF) const {
+    return s.ActiveTab == kPatternTab ? kAllSequenceHint : std::string_view{};
+}
+
+void TabControl::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(Qt::NoPen);
+    p.setBrush(theme::kPanel);
+    p.drawRoundedRect(QRectF(0, kCaptionHeight, width(), height() - kCaptionHeight), 5, 5);
+    p.drawRect(QRectF(0, kCaptionHeight, 20, 8));
+}
+
+}  // namespace marvolin

@@ -1,0 +1,155 @@
+#include "window/tabs/tab_map.h"
+
+#include <QPainter>
+
+#include "core/routines.h"
+#include "parameters/position.h"
+#include "performance/joystick/joystick_setup.h"
+#include "performance/map/scatter.h"
+#include "performance/map/sound_map.h"
+#include "performance/map/use_3d.h"
+#include "window/controls/choice.h"
+#include "window/controls/gauge.h"
+#include "window/controls/hints.h"
+#include "window/controls/text_button.h"
+#include "window/surfaces/map_surface.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr int kMiddle = 352;
+constexpr int kRight = 700;
+
+/// As the status line shows it.
+double Cut(double mapUnits) { return Int(mapUnits * 100) / 100; }
+
+QString Shown(double value) { return QString::fromStdString(NumberText(value)); }
+
+}  // namespace
+
+TabMap::TabMap(Session& session, QWidget* parent) : QWidget(parent), s(session) {
+    setObjectName("MapPage");
+    Map = new MapSurface(s, this);
+    Map->move(14 - BallSurface::kFrame, 10 - BallSurface::kFrame);
+    MakeSide();
+    Refresh();
+    RefreshJoystick();
+}
+
+void TabMap::MakeSide() {
+    enable_ =
+        new ChoiceBox(s, this, "Enable3d", "3D sound", hints::kEnable3d, [this](bool on) { Enable3d_Click(s, on); });
+    enable_->setToolTip("Places sounds around the listener; pan rests while it is on");
+    enable_->setGeometry(kMiddle, 14, 280, 26);
+
+    MakeLabel(this, "Map size", {kMiddle, 56, 200, 18});
+    size_ = new Gauge(s, this, "MapSize", -1, "Map size",
+                      {kMapSizeLow, kMapSizeHigh, 1, [this] { return static_cast<int>(s.MapSize); },
+                       [this] { return Shown(s.MapSize / 10.0) + " x " + Shown(s.MapSize / 10.0); },
+                       [this](int value) { MapSize_Moving(s, static_cast<std::int16_t>(value)); },
+                       [this](std::int16_t button, int value) {
+                           if (button == kLeftButton) MapSize_Change(s, static_cast<std::int16_t>(value));
+                       },
+                       [this] { ShowStatus(s, hints::kMapSize); }});
+    size_->setGeometry(kMiddle - 8, 76, 312, 26);
+
+    MakeLabel(this, "Roll off", {kMiddle, 114, 200, 18});
+    rollOff_ = new Gauge(
+        s, this, "RollOff", -1, "Roll off: how fast sounds fade with their distance",
+        {kRollOffLow, kRollOffHigh, 1, [this] { return static_cast<int>(s.RollOff); },
+         [this] { return Shown(s.RollOff / 10.0); },
+         [this](int value) { RollOff_Moving(s, static_cast<std::int16_t>(value)); },
+         [this](std::int16_t button, int value) { RollOff_Release(s, button, static_cast<std::int16_t>(value)); },
+         [this] { ShowStatus(s, hints::kRollOff); }});
+    rollOff_->setGeometry(kMiddle - 8, 134, 312, 26);
+
+    MakeLabel(this, "Positions", {kMiddle, 172, 200, 18});
+    macros_ =
+        new ChoiceList(s, this, "PosMacros", "Positions: scatter the sounds, or let them wander", hints::kPosMacros,
+                       [this](int entry) { PosMacros_Click(s, static_cast<std::int16_t>(entry)); });
+    for (std::string_view text : kPosMacros) macros_->addItem(QString::fromUtf8(text.data()));
+    macros_->setGeometry(kMiddle, 192, 220, 30);
+
+    centre_ = new TextButton(s, this, "CentreAll", "Centre all", "All balls to the centre", hints::kCentreAll,
+                             [this] { CentreAll_Click(s); });
+    centre_->setGeometry(kMiddle, 234, 106, 30);
+    front_ =
+        new TextButton(s, this, "PosPop", "Find listener", "Brings the listener back onto the map and to the front",
+                       hints::kPosPop, [this] { PosPop_Click(s); });
+    front_->setGeometry(kMiddle + 114, 234, 106, 30);
+
+    relative_ = new ChoiceBox(s, this, "JoyRelative_1", "Relative JStick Movement (Map)", {},
+                              [this](bool on) { SetJoyRelative(s, 1, on); });
+    relative_->setGeometry(kMiddle, 278, 260, 24);
+}
+
+void TabMap::Refresh() {
+    enable_->Show(s.Use3D);
+    size_->setEnabled(s.MapEnabled);
+    rollOff_->setEnabled(s.MapEnabled);
+    centre_->setEnabled(s.MapEnabled);
+    macros_->Show(s.PosMacro);
+    for (int ball = 0; ball <= kListenerBall; ++ball) {
+        Map->BallOf(ball).setEnabled(s.MapEnabled);
+        RefreshBall(ball);
+    }
+    RefreshSize();
+    RefreshRollOff();
+    update();
+}
+
+void TabMap::RefreshBall(int ball) {
+    Map->BallOf(ball).Refresh();
+    Map->BallOf(ball).update();
+    update(kRight, 0, width() - kRight, height());
+}
+
+void TabMap::RaiseBall(int ball) { Map->BallOf(ball).raise(); }
+
+void TabMap::RefreshSize() {
+    size_->Refresh();
+    Map->update();
+}
+
+void TabMap::RefreshRollOff() { rollOff_->Refresh(); }
+
+void TabMap::RefreshJoystick() {
+    relative_->Show(s.Joy.Relative[1] != False);
+    relative_->setToolTip(s.JoyEnabled ? "" : "No joystick was found at the start");
+}
+
+/// Where everybody stands, in map units: the caption of the balls.
+void TabMap::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setFont(theme::Sans(12));
+    p.setPen(theme::kQuiet);
+    p.drawText(QRect(kRight, 8, 300, 18), Qt::AlignLeft | Qt::AlignVCenter, "Places");
+    for (int ball = 0; ball <= kListenerBall; ++ball) {
+        const int y = 34 + ball * 30;
+        const bool listener = ball == kListenerBall;
+        const QColor colour = listener ? theme::kText : theme::RowColour(static_cast<Row>(ball));
+        p.setPen(Qt::NoPen);
+        p.setBrush(s.MapEnabled ? colour : theme::kRaised);
+        p.drawEllipse(QRectF(kRight, y, 18, 18));
+        p.setFont(theme::Sans(11, QFont::Bold));
+        p.setPen(s.MapEnabled ? theme::InkOn(colour) : theme::kQuiet);
+        p.drawText(QRectF(kRight, y, 18, 18), Qt::AlignCenter, listener ? QString("L") : QString(QChar('A' + ball)));
+        const BallPoint place = MapUnits(s, ball);
+        p.setFont(theme::Digits(12));
+        p.setPen(s.MapEnabled ? theme::kText : theme::kQuiet);
+        QString text = QString("%1, %2").arg(Cut(place.X), 6, 'f', 2).arg(Cut(place.Y), 6, 'f', 2);
+        if (listener) text += QString("   %1°").arg(s.ListenerAngle);
+        p.drawText(QRect(kRight + 30, y, 270, 18), Qt::AlignLeft | Qt::AlignVCenter, text);
+    }
+    p.setFont(theme::Sans(12));
+    p.setPen(theme::kQuiet);
+    p.drawText(QRect(kRight, 200, 300, 90), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,
+               s.MapEnabled
+                   ? "Drag the letters to where their LoopTracks shall sound, and the listener L to where they are "
+                     "heard. A right drag turns the listener, a double click puts a ball on the centre."
+                   : "Switch 3D sound on to place the LoopTracks around the listener.");
+}
+
+}  // namespace marvolin

@@ -1,0 +1,94 @@
+#include "window/tabs/tab_mix_pad.h"
+
+#include <algorithm>
+
+#include "performance/joystick/joystick_setup.h"
+#include "performance/pad/pad_tables.h"
+#include "performance/pad/wire_sets.h"
+#include "window/controls/choice.h"
+#include "window/controls/hints.h"
+#include "window/surfaces/channel_levels.h"
+#include "window/surfaces/pad_surface.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr int kMiddle = 352;
+constexpr int kRight = 640;
+
+template <typename Texts>
+QStringList Strings(const Texts& texts) {
+    QStringList strings;
+    for (std::string_view text : texts) strings << QString::fromUtf8(text.data(), static_cast<int>(text.size()));
+    return strings;
+}
+
+int CurveEntry(std::int16_t function) {
+    const auto found = std::find_if(kPadCurves.begin(), kPadCurves.end(),
+                                    [&](const PadCurve& curve) { return curve.Function == function; });
+    return found == kPadCurves.end() ? -1 : static_cast<int>(found - kPadCurves.begin());
+}
+
+}  // namespace
+
+TabMixPad::TabMixPad(Session& session, QWidget* parent) : QWidget(parent), s(session) {
+    setObjectName("MixPadPage");
+    Pad = new PadSurface(s, this);
+    Pad->move(14 - BallSurface::kFrame, 10 - BallSurface::kFrame);
+
+    MakeLabel(this, "Pad type", {kMiddle, 8, 220, 18});
+    type_ = new ChoiceList(s, this, "PadType", "Pad type: what the ball moves", hints::kPadType,
+                           [this](int entry) { PadType_Click(s, static_cast<std::int16_t>(entry)); });
+    type_->addItems(Strings(kPadTypeTexts));
+    type_->setGeometry(kMiddle, 28, 220, 30);
+
+    MakeLabel(this, "Fade function", {kMiddle, 68, 220, 18});
+    function_ = new ChoiceList(
+        s, this, "PadFunction", "Fade function: where the ball begins to work", hints::kPadFunction,
+        [this](int entry) { PadFunction_Click(s, kPadCurves[static_cast<std::size_t>(entry)].Function); });
+    for (const PadCurve& curve : kPadCurves) function_->addItem(QString::fromUtf8(curve.Text.data()));
+    function_->setGeometry(kMiddle, 88, 220, 30);
+
+    MakeLabel(this, "Wire sets:", {kMiddle, 128, 220, 18});
+    wires_ = new ChoiceList(s, this, "SetChannel", "Wire sets: wires all LoopTracks at once", hints::kSetChannel,
+                            [this](int entry) { SetChannel_Click(s, static_cast<std::int16_t>(entry)); });
+    wires_->addItems(Strings(kWireSets));
+    wires_->setPlaceholderText("Choose");
+    wires_->setGeometry(kMiddle, 148, 220, 30);
+
+    relative_ = new ChoiceBox(s, this, "JoyRelative_0", "Relative JStick Movement (Pad)", {},
+                              [this](bool on) { SetJoyRelative(s, 0, on); });
+    relative_->setGeometry(kMiddle, 194, 250, 24);
+
+    levels_ = new ChannelLevels(s, this);
+    levels_->setGeometry(kRight, 8, 368, 170);
+    twist_ = new TwistLine(s, this);
+    twist_->setGeometry(kMiddle, 254, 656, 54);
+    Refresh();
+    RefreshJoystick();
+}
+
+void TabMixPad::Refresh() {
+    type_->Show(s.PadTypeIndex < static_cast<int>(kPadTypeTexts.size()) ? s.PadTypeIndex : -1);
+    function_->Show(CurveEntry(s.PadTable[s.PadTypeIndex].Function));
+    wires_->Show(s.SetChannelChoice);
+    Pad->update();
+    Pad->Ball->update();
+    RefreshBall();
+    RefreshTwist();
+}
+
+void TabMixPad::RefreshBall() {
+    Pad->Ball->Refresh();
+    levels_->update();
+}
+
+void TabMixPad::RefreshTwist() { twist_->update(); }
+
+void TabMixPad::RefreshJoystick() {
+    relative_->Show(s.Joy.Relative[0] != False);
+    relative_->setToolTip(s.JoyEnabled ? "" : "No joystick was found at the start");
+}
+
+}  // namespace marvolin

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QWidget>
+
+#include "core/session.h"
+#include "window/surfaces/surface.h"
+
+namespace marvolin {
+
+class ChannelLevels;
+class ChoiceBox;
+class ChoiceList;
+class PadSurface;
+class TwistLine;
+
+/// The page of the mix pad.
+class TabMixPad : public QWidget {
+public:
+    TabMixPad(Session& session, QWidget* parent);
+
+    /// Inner size of pad and map, twips.
+    static double InnerWidth() { return BallSurface::kInner * kTwipsPerPixel; }
+    static double InnerHeight() { return BallSurface::kInner * kTwipsPerPixel; }
+
+    /// Type, curve, wire set and what depends on them.
+    void Refresh();
+    /// The ball and the levels of the channels.
+    void RefreshBall();
+    void RefreshTwist();
+    /// The box "Relative JStick Movement (Pad)".
+    void RefreshJoystick();
+    PadSurface* Pad = nullptr;  // owned by the toolkit
+
+private:
+    Session& s;
+    ChoiceList* type_ = nullptr;
+    ChoiceList* function_ = nullptr;
+    ChoiceList* wires_ = nullptr;
+    ChoiceBox* relative_ = nullptr;
+    ChannelLevels* levels_ = nullptr;
+    TwistLine* twist_ = nullptr;
+};
+
+}  // namespace marvolin

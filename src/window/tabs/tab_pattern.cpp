@@ -1,0 +1,106 @@
+#include "window/tabs/tab_pattern.h"
+
+#include "core/loop_views.h"
+#include "sequencing/patterns.h"
+#include "sequencing/timing.h"
+#include "window/controls/pattern_graph.h"
+#include "window/controls/scale_labels.h"
+#include "window/controls/steps_control.h"
+#include "window/controls/time_controls.h"
+#include "window/rows/loop_it.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr int kGraphLeft = 158;
+constexpr int kGraphWidth = 540;
+constexpr int kGraphTop = 26;
+constexpr int kGraphHeight = 77;
+constexpr int kGraphPitch = kGraphHeight + 6;
+
+/// The groups from top to bottom, with the label by which each is dragged.
+struct TimePlace {
+    int Group;
+    int Clone;
+};
+constexpr std::array<TimePlace, 3> kTimes{
+    {{kStepDurationGroup, kCloneStepDuration}, {kSwingGroup, kCloneSwing}, {kBeatStartGroup, kCloneBeatStart}}};
+
+}  // namespace
+
+TabPattern::TabPattern(Session& session, QWidget* parent) : QWidget(parent), s(session) {
+    setObjectName("PatternPage");
+    MakePatterns();
+    MakeTiming();
+}
+
+void TabPattern::MakePatterns() {
+    patterns_ = new FrameControl(s, this, "Patterns", "Patterns", kPatternsHint);
+    patterns_->setGeometry(12, 8, 710, 280);
+    badge_ = new CurrentBadge(s, patterns_);
+    badge_->setGeometry(12, 27, 76, 30);
+    loopIt_ = new LoopItControl(s, patterns_, kMasterRow);
+    loopIt_->setGeometry(12, 64, 76, 76);
+    steps_ = new StepsControl(s, patterns_);
+    steps_->setGeometry(12, 147, 76, 46);
+    auto* eraser = new EraserControl(s, patterns_);
+    eraser->setGeometry(12, 200, 76, 46);
+    readOut_ = new StepReadOutControl(s, patterns_);
+    readOut_->setGeometry(kGraphLeft, 8, kGraphWidth, 13);
+    for (int row = 0; row < kPatternRows; ++row) {
+        auto* graph = new PatternGraphControl(s, patterns_, row);
+        graph->setGeometry(kGraphLeft, kGraphTop + row * kGraphPitch, kGraphWidth, kGraphHeight);
+        graphs_[static_cast<std::size_t>(row)] = graph;
+        auto* scale = new ScaleLabels(patterns_, row);
+        scale->setGeometry(94, kGraphTop + row * kGraphPitch - 4, kGraphLeft - 98, kGraphHeight + 8);
+    }
+}
+
+void TabPattern::MakeTiming() {
+    timing_ = new FrameControl(s, this, "AllTiming", "Timing", kAllTimingHint);
+    timing_->setGeometry(732, 8, 280, 280);
+    int top = 30;
+    for (const TimePlace& time : kTimes) {
+        auto* clone = new CloneTimeControl(s, timing_, time.Clone);
+        clone->setGeometry(12, top, 150, 20);
+        int left = 12;
+        for (int digit = 4; digit >= 0; --digit) {
+            auto* made = new TimeDigitControl(s, timing_, time.Group * 5 + digit);
+            made->setGeometry(left, top + 24, 28, 38);
+            digits_[static_cast<std::size_t>(time.Group)][static_cast<std::size_t>(digit)] = made;
+            left += 30;
+            if (digit != 2) continue;
+            auto* point = new DecimalPoint(timing_);
+            point->setGeometry(left - 1, top + 24, 8, 38);
+            left += 8;
+        }
+        auto* percent = new PercentReadOutControl(s, timing_, time.Group);
+        percent->setGeometry(left + 4, top + 28, 280 - left - 12, 30);
+        percents_[static_cast<std::size_t>(time.Group)] = percent;
+        top += 82;
+    }
+}
+
+void TabPattern::RefreshPlayMode() { loopIt_->Refresh(); }
+
+void TabPattern::RefreshSteps() {
+    steps_->Refresh();
+    badge_->Refresh();
+    readOut_->update();
+}
+
+void TabPattern::RefreshGraph(int patternRow) { graphs_[static_cast<std::size_t>(patternRow)]->Refresh(); }
+
+void TabPattern::RefreshColumn(int patternRow, int column) {
+    graphs_[static_cast<std::size_t>(patternRow)]->RefreshColumn(column);
+}
+
+void TabPattern::RefreshMarker() { readOut_->Refresh(); }
+
+void TabPattern::RefreshTime(int group) {
+    for (Control* digit : digits_[static_cast<std::size_t>(group)]) digit->Refresh();
+    percents_[static_cast<std::size_t>(group)]->Refresh();
+}
+
+}  // namespace marvolin

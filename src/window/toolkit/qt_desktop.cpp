@@ -1,0 +1,157 @@
+#include "window/toolkit/qt_desktop.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QDir>
+#include <QFontMetricsF>
+#include <QMessageBox>
+#include <QScreen>
+#include <QStandardPaths>
+#include <QTemporaryFile>
+#include <cstdlib>
+
+#include "core/errors.h"
+#include "core/types.h"
+#include "window/surfaces/surface.h"
+#include "window/toolkit/theme.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr std::uint32_t kFileNotFound = 53;
+
+QMessageBox::Icon IconOf(BoxStyle style) {
+    switch (style) {
+        case BoxStyle::Critical:
+            return QMessageBox::Critical;
+        case BoxStyle::Question:
+            return QMessageBox::Question;
+        case BoxStyle::Plain:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+}  // namespace
+
+QtDesktop::QtDesktop() = default;
+QtDesktop::~QtDesktop() { ReleaseCursor(); }
+
+// A box of the main window would raise that one over the window at which the player works, and leave it there. Only
+// windows that last are taken: a box goes with its parent.
+QWidget* QtDesktop::BoxParent() const {
+    if (QWidget* dialogue = QApplication::activeModalWidget()) return dialogue;
+    QWidget* active = QApplication::activeWindow();
+    if (active != nullptr && (active->objectName() == "frmSave" || active->objectName() == "frmBrowse")) return active;
+    return mainWindow_ != nullptr && mainWindow_->isVisible() ? mainWindow_ : nullptr;
+}
+
+bool QtDesktop::MessageBox(const std::string& text, const std::string& title, BoxStyle style) {
+    QMessageBox box(BoxParent());
+    box.setObjectName("MessageBox");
+    box.setWindowTitle(title.empty() ? QString("marvolin") : QString::fromStdString(title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(QString::fromStdString(text));
+    box.setIcon(IconOf(style));
+    box.setStandardButtons(style == BoxStyle::Question ? QMessageBox::Ok | QMessageBox::Cancel : QMessageBox::Ok);
+    // A box that waits is no long load: the pointer is the plain one while it is open.
+    const bool busy = busy_;
+    SetBusyPointer(false);
+    const bool ok = box.exec() == QMessageBox::Ok;
+    SetBusyPointer(busy);
+    return ok;
+}
+
+void QtDesktop::SetBusyPointer(bool busy) {
+    if (busy == busy_) return;
+    busy_ = busy;
+    if (busy) {
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    } else {
+        QGuiApplication::restoreOverrideCursor();
+    }
+}
+
+std::int32_t QtDesktop::BitsPerPixel() { return QGuiApplication::primaryScreen()->depth(); }
+
+PixelRect QtDesktop::WorkArea() {
+    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+    return {area.left(), area.top(), area.left() + area.width(), area.top() + area.height()};
+}
+
+double QtDesktop::TwipsPerPixelX() { return kTwipsPerPixel; }
+double QtDesktop::TwipsPerPixelY() { return kTwipsPerPixel; }
+
+std::int32_t QtDesktop::TextWidth(const std::string& text) {
+    const double pixels = QFontMetricsF(theme::Sans(13)).horizontalAdvance(QString::fromStdString(text));
+    return static_cast<std::int32_t>(pixels * kTwipsPerPixel);
+}
+
+PixelPoint QtDesktop::SurfaceOrigin(Surface surface) {
+    const auto* field =
+        mainWindow_ == nullptr
+            ? nullptr
+            : dynamic_cast<BallSurface*>(mainWindow_->findChild<QWidget*>(surface == Surface::Pad ? "Pad" : "Map"));
+    if (field == nullptr) return {};
+    const QPoint origin = field->Origin();
+    return {origin.x(), origin.y()};
+}
+
+void QtDesktop::SetCursorPos(PixelPoint point) { QCursor::setPos(point.X, point.Y); }
+
+void QtDesktop::ClipCursor(const PixelRect& rect) {
+    if (!cage_) qApp->installEventFilter(this);
+    cage_ = rect;
+}
+
+void QtDesktop::ReleaseCursor() {
+    if (cage_ && qApp != nullptr) qApp->removeEventFilter(this);
+    cage_.reset();
+}
+
+bool QtDesktop::eventFilter(QObject*, QEvent* event) {
+    if (event->type() != QEvent::MouseMove || !cage_) return false;
+    const QPoint place = QCursor::pos();
+    const QPoint inside(qBound(cage_->Left, place.x(), cage_->Right - 1),
+                        qBound(cage_->Top, place.y(), cage_->Bottom - 1));
+    if (inside != place) QCursor::setPos(inside);
+    return false;
+}
+
+std::string QtDesktop::TempFileName(const std::string& prefix) {
+    // A folder that does not exist has the empty name, which would stand for the current folder.
+    const QString folder = QDir::tempPath();
+    if (folder.isEmpty()) return "";
+    QTemporaryFile file(QDir(folder).filePath(QString::fromStdString(prefix) + "XXXXXX.tmp"));
+    file.setAutoRemove(false);
+    return file.open() ? QDir::toNativeSeparators(file.fileName()).toStdString() : "";
+}
+
+std::string QtDesktop::ProgramFolder() { return QCoreApplication::applicationDirPath().toStdString(); }
+
+bool QtDesktop::ClaimInstance() {
+    QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    if (folder.isEmpty()) folder = QDir::tempPath();
+    instance_ = std::make_unique<QLockFile>(QDir(folder).filePath("marvolin.lock"));
+    // The claim of a process that has died is void at once, that of a living one never.
+    instance_->setStaleLockTime(0);
+    if (instance_->tryLock(0)) return true;
+    return instance_->error() != QLockFile::LockFailedError;  // no place for a lock is no other instance
+}
+
+void QtDesktop::ShowHelpTopic(std::int32_t) { throw RuntimeError(kFileNotFound, "File not found"); }
+
+void QtDesktop::CloseWindowTitled(const std::string& title) {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->windowTitle().toStdString() == title) window->close();
+    }
+}
+
+void QtDesktop::UnloadMainWindow() {
+    if (mainWindow_ != nullptr) mainWindow_->close();
+}
+
+void QtDesktop::EndProgram() { std::_Exit(EXIT_FAILURE); }
+
+}  // namespace marvolin

@@ -1,0 +1,149 @@
+#include "window/toolkit/qt_windows.h"
+
+#include <QApplication>
+#include <QWindow>
+
+#include "core/errors.h"
+#include "window/forms/frm_browse.h"
+#include "window/forms/frm_save.h"
+#include "window/forms/frm_splash.h"
+#include "window/forms/frm_start_up_query.h"
+#include "window/toolkit/qt_desktop.h"
+#include "window/toolkit/qt_display.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr std::uint32_t kNoObject = 91;
+
+int Pixels(double twips) { return static_cast<int>(twips / kTwipsPerPixel); }
+
+}  // namespace
+
+QtWindows::QtWindows(QtDisplay& display, QtDesktop& desktop) : display_(display), desktop_(desktop) {}
+
+QtWindows::~QtWindows() {
+    display_.Attach(static_cast<FrmMain*>(nullptr));
+    display_.Attach(static_cast<FrmBrowse*>(nullptr));
+    display_.Attach(static_cast<FrmSave*>(nullptr));
+    desktop_.Attach(nullptr);
+}
+
+void QtWindows::Attach(Session& session, FrmMain::Events events) {
+    session_ = &session;
+    events_ = std::move(events);
+}
+
+QWidget* QtWindows::WidgetOf(Form form) const {
+    switch (form) {
+        case Form::Main:
+            return main_.get();
+        case Form::Browse:
+            return browse_.get();
+        case Form::Save:
+            return save_.get();
+        case Form::Splash:
+            return splash_.get();
+        case Form::StartUpQuery:
+            return query_.get();
+    }
+    return nullptr;
+}
+
+void QtWindows::Load(Form form) {
+    loaded_.insert(form);
+    if (form == Form::Main && !main_) {
+        FrmMain::Events events = events_;
+        events.Unload = [this] {
+            ended_ = true;
+            if (events_.Unload) events_.Unload();
+            // Not quit(), which any window could refuse: the program would stay on, unseen.
+            QCoreApplication::exit();
+        };
+        main_ = std::make_unique<FrmMain>(*session_, std::move(events));
+        display_.Attach(main_.get());
+        desktop_.Attach(main_.get());
+    }
+    if (form == Form::Splash && !splash_) splash_ = std::make_unique<FrmSplash>();
+    if (form == Form::StartUpQuery && !query_) query_ = std::make_unique<FrmStartUpQuery>(*session_);
+    if (form == Form::Browse && !browse_) {
+        browse_ = std::make_unique<FrmBrowse>(*session_);
+        display_.Attach(browse_.get());
+    }
+    if (form == Form::Save && !save_) {
+        save_ = std::make_unique<FrmSave>(*session_);
+        display_.Attach(save_.get());
+    }
+}
+
+void QtWindows::Show(Form form) {
+    Load(form);
+    if (form == Form::Save) return save_->Open();
+    QWidget* widget = WidgetOf(form);
+    if (widget == nullptr) return;
+    // Small windows about the main one stay in front of it.
+    if ((form == Form::Splash || form == Form::StartUpQuery) && main_ && main_->windowHandle() != nullptr) {
+        widget->winId();
+        widget->windowHandle()->setTransientParent(main_->windowHandle());
+    }
+    widget->show();
+}
+
+void QtWindows::Hide(Form form) {
+    if (QWidget* widget = WidgetOf(form)) widget->hide();
+}
+
+void QtWindows::Unload(Form form) {
+    if (loaded_.erase(form) == 0) throw RuntimeError(kNoObject, "Object variable or With block variable not set");
+    if (form == Form::Splash) Retire(std::move(splash_));
+    if (form == Form::StartUpQuery && query_) {
+        query_->hide();
+        query_.release()->deleteLater();  // it may be in the middle of a click
+    }
+    if (form == Form::Save && save_) {
+        display_.Attach(static_cast<FrmSave*>(nullptr));
+        Retire(std::move(save_));
+    }
+    if (form == Form::Browse && browse_) {
+        browse_->close();
+        display_.Attach(static_cast<FrmBrowse*>(nullptr));
+        Retire(std::move(browse_));
+    }
+    if (form == Form::Main && main_) main_->close();
+}
+
+void QtWindows::Retire(std::unique_ptr<QWidget> form) {
+    if (!form) return;
+    form->hide();
+    unloaded_.push_back(std::move(form));
+}
+
+void QtWindows::BringToFront(Form form) {
+    if (QWidget* widget = WidgetOf(form)) {
+        widget->raise();
+        widget->activateWindow();
+    }
+}
+
+TwipRect QtWindows::Place(Form form) {
+    const QWidget* widget = WidgetOf(form);
+    if (widget == nullptr) return {};
+    const QRect frame = widget->frameGeometry();
+    return {frame.left() * kTwipsPerPixel, frame.top() * kTwipsPerPixel, frame.width() * kTwipsPerPixel,
+            frame.height() * kTwipsPerPixel};
+}
+
+void QtWindows::Move(Form form, double left, double top) {
+    if (QWidget* widget = WidgetOf(form)) widget->move(Pixels(left), Pixels(top));
+}
+
+void QtWindows::AllowBrowserToClose() {
+    if (browse_) browse_->AllowClose();
+}
+
+void QtWindows::EnablePadBalls(bool enabled) {
+    if (main_) main_->EnableBalls(enabled);
+}
+
+}  // namespace marvolin

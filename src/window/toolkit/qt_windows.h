@@ -1,0 +1,61 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <set>
+#include <vector>
+
+#include "core/windows.h"
+#include "window/forms/frm_main.h"
+
+namespace marvolin {
+
+class FrmBrowse;
+class FrmSave;
+class FrmSplash;
+class FrmStartUpQuery;
+class QtDesktop;
+class QtDisplay;
+
+/// The forms by way of the toolkit. The main window is made when it is first loaded or shown.
+class QtWindows : public Windows {
+public:
+    QtWindows(QtDisplay& display, QtDesktop& desktop);
+    ~QtWindows() override;
+
+    /// The session that the forms show, and what their events run.
+    void Attach(Session& session, FrmMain::Events events);
+    /// True once the main window has been closed for good.
+    bool Ended() const { return ended_; }
+    FrmMain* Main() const { return main_.get(); }
+
+    void Load(Form form) override;
+    void Show(Form form) override;
+    void Hide(Form form) override;
+    void Unload(Form form) override;
+    void BringToFront(Form form) override;
+    TwipRect Place(Form form) override;
+    void Move(Form form, double left, double top) override;
+    void AllowBrowserToClose() override;
+    void EnablePadBalls(bool enabled) override;
+
+private:
+    QWidget* WidgetOf(Form form) const;
+    void Retire(std::unique_ptr<QWidget> form);
+
+    QtDisplay& display_;
+    QtDesktop& desktop_;
+    Session* session_ = nullptr;
+    FrmMain::Events events_;
+    std::unique_ptr<FrmMain> main_;
+    std::unique_ptr<FrmSplash> splash_;
+    std::unique_ptr<FrmBrowse> browse_;
+    std::unique_ptr<FrmSave> save_;
+    std::unique_ptr<FrmStartUpQuery> query_;
+    /// Unloaded forms. The hand may still be in the middle of a drag from one, so they go with the windows themselves.
+    std::vector<std::unique_ptr<QWidget>> unloaded_;
+    std::set<Form> loaded_{Form::Main, Form::Browse, Form::Save, Form::Splash};
+    bool ended_ = false;
+};
+
+}  // namespace marvolin

@@ -1,0 +1,188 @@
+#include "window/toolkit/theme.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QPalette>
+#include <algorithm>
+#include <cmath>
+
+#include "core/loop_track.h"
+#include "window/toolkit/dialogue_style.h"
+
+// The pictures of a static library are there only when asked for, and that from outside any namespace.
+static void AskForPictures() { Q_INIT_RESOURCE(pictures); }
+
+namespace marvolin::theme {
+
+namespace {
+
+constexpr double kPaleEnough = 0.12;  // luminance from which a row colour reads on the dark ground
+
+QString Family() {
+    for (const char* family : {"Inter", "Noto Sans", "Segoe UI", "Cantarell", "DejaVu Sans"}) {
+        if (QFontDatabase::hasFamily(family)) return family;
+    }
+    return QApplication::font().family();
+}
+
+QPalette DarkPalette() {
+    QPalette palette;
+    palette.setColor(QPalette::Window, kWindow);
+    palette.setColor(QPalette::WindowText, kText);
+    palette.setColor(QPalette::Base, kSunk);
+    palette.setColor(QPalette::AlternateBase, kPanel);
+    palette.setColor(QPalette::Text, kText);
+    palette.setColor(QPalette::Button, kRaised);
+    palette.setColor(QPalette::ButtonText, kText);
+    palette.setColor(QPalette::BrightText, Qt::white);
+    palette.setColor(QPalette::ToolTipBase, kRaised);
+    palette.setColor(QPalette::ToolTipText, kText);
+    palette.setColor(QPalette::PlaceholderText, kQuiet);
+    palette.setColor(QPalette::Highlight, kAccent);
+    palette.setColor(QPalette::HighlightedText, kWindow);
+    palette.setColor(QPalette::Link, kAccent);
+    palette.setColor(QPalette::Disabled, QPalette::Text, kQuiet);
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, kQuiet);
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, kQuiet);
+    return palette;
+}
+
+constexpr const char* kSheet = R"(
+QToolTip { background: #2e3238; color: #e6e8eb; border: 1px solid #4a505a; padding: 3px 5px; }
+QComboBox { background: #2e3238; color: #e6e8eb; border: 1px solid #3a3f47; border-radius: 5px; padding: 3px 8px; }
+QComboBox { combobox-popup: 0; }
+QComboBox:hover { background: #373c44; }
+QComboBox:focus { border-color: #ffc94d; }
+QComboBox:disabled { color: #9aa2ad; background: #26292f; }
+QComboBox::drop-down { border: none; width: 22px; }
+QComboBox::down-arrow { image: url(:/marvolin/down.svg); width: 11px; height: 7px; }
+QComboBox::down-arrow:disabled { image: url(:/marvolin/down_off.svg); }
+QComboBox QAbstractItemView { background: #2e3238; color: #e6e8eb; border: 1px solid #4a505a; outline: none;
+  selection-background-color: #ffc94d; selection-color: #1d1f23; padding: 3px; }
+QComboBox QAbstractItemView::item { min-height: 24px; padding: 0 6px; border-radius: 3px; }
+QComboBox QAbstractItemView::item:selected { background: #ffc94d; color: #1d1f23; }
+QCheckBox, QRadioButton { color: #e6e8eb; spacing: 8px; background: transparent; }
+QCheckBox:disabled, QRadioButton:disabled { color: #9aa2ad; }
+QCheckBox::indicator, QRadioButton::indicator { width: 15px; height: 15px; border: 1px solid #6c7480;
+  background: #14161a; }
+QCheckBox::indicator { border-radius: 4px; }
+QRadioButton::indicator { border-radius: 8px; }
+QCheckBox::indicator:checked { background: #ffc94d; border-color: #ffc94d; image: url(:/marvolin/check.svg); }
+QRadioButton::indicator:checked { background: #ffc94d; border: 4px solid #14161a; width: 9px; height: 9px; }
+QCheckBox:focus, QRadioButton:focus { color: #ffc94d; }
+QSlider::groove:horizontal { height: 6px; border-radius: 3px; background: #14161a; border: 1px solid #3a3f47; }
+QSlider::sub-page:horizontal { border-radius: 3px; background: #ffc94d; border: 1px solid #ffc94d; }
+QSlider::sub-page:horizontal:disabled { background: #4a505a; border-color: #4a505a; }
+QSlider::handle:horizontal { width: 14px; height: 14px; margin: -5px 0; border-radius: 7px; background: #e6e8eb;
+  border: 1px solid #14161a; }
+QSlider::handle:horizontal:focus { background: #ffffff; border: 2px solid #ffc94d; }
+QSlider::handle:horizontal:disabled { background: #6c7480; }
+QListWidget { background: #2e3238; color: #e6e8eb; border: 1px solid #4a505a; border-radius: 4px; outline: none;
+  padding: 3px; }
+QListWidget::item { padding: 2px 8px; border-radius: 3px; }
+QListWidget::item:hover { background: #414750; }
+QListWidget::item:selected { background: #ffc94d; color: #1d1f23; }
+QMessageBox { background: #26292f; }
+QPushButton { background: #2e3238; color: #e6e8eb; border: 1px solid #4a505a; border-radius: 5px; padding: 5px 18px; }
+QPushButton:hover { background: #373c44; }
+QPushButton:focus { border-color: #ffc94d; }
+QPushButton:disabled { color: #9aa2ad; background: #26292f; border-color: #3a3f47; }
+QLineEdit { background: #14161a; color: #e6e8eb; border: 1px solid #4a505a; border-radius: 5px; padding: 4px 6px;
+  selection-background-color: #ffc94d; selection-color: #1d1f23; }
+QLineEdit:focus { border-color: #ffc94d; }
+QTabBar::tab { background: #1d1f23; color: #9aa2ad; border: 1px solid #3a3f47; border-bottom: none;
+  border-top-left-radius: 6px; border-top-right-radius: 6px; padding: 5px 20px; margin-right: 2px; }
+QTabBar::tab:hover { background: #2e3238; }
+QTabBar::tab:selected { background: #26292f; color: #e6e8eb; font-weight: 600; }
+QTabBar::tab:focus { color: #ffc94d; }
+QTreeView, QListView { border: 1px solid #3a3f47; outline: none; }
+QTreeView::item, QFileDialog QListView::item { padding: 2px; }
+QTreeView::item:selected, QFileDialog QListView::item:selected { background: #ffc94d; color: #1d1f23; }
+QHeaderView::section { background: #2e3238; color: #e6e8eb; border: none; border-right: 1px solid #3a3f47;
+  padding: 4px 6px; }
+QToolButton { background: #2e3238; border: 1px solid #4a505a; border-radius: 4px; padding: 3px; }
+QToolButton:hover { background: #414750; }
+QToolButton:disabled { background: #26292f; border-color: #3a3f47; }
+QToolButton:focus { border-color: #ffc94d; }
+QScrollBar { background: #1d1f23; border: none; }
+QScrollBar:vertical { width: 10px; }
+QScrollBar:horizontal { height: 10px; }
+QScrollBar::handle { background: #6c7480; border-radius: 3px; margin: 2px; }
+QScrollBar::handle:vertical { min-height: 24px; }
+QScrollBar::handle:horizontal { min-width: 24px; }
+QScrollBar::handle:hover { background: #9aa2ad; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
+QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
+)";
+
+}  // namespace
+
+void Apply(QApplication& application) {
+    AskForPictures();
+    application.setStyle(new DialogueStyle);  // owned by the toolkit
+    application.setPalette(DarkPalette());
+    application.setFont(Sans(13));
+    application.setStyleSheet(kSheet);
+}
+
+QFont Sans(int pixels, QFont::Weight weight) {
+    QFont font(Family());
+    font.setPixelSize(pixels);
+    font.setWeight(weight);
+    return font;
+}
+
+QFont Digits(int pixels, QFont::Weight weight) {
+    QFont font = Sans(pixels, weight);
+    font.setFamilies({"DejaVu Sans Mono", "Noto Sans Mono", "monospace"});
+    font.setStyleHint(QFont::Monospace);
+    return font;
+}
+
+QColor RowColour(Row row) {
+    const Colour colour = kRowColours[row];
+    return {colour.Red, colour.Green, colour.Blue};
+}
+
+double Luminance(const QColor& colour) {
+    const auto linear = [](double c) { return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+double Contrast(const QColor& a, const QColor& b) {
+    const double one = Luminance(a);
+    const double other = Luminance(b);
+    return (std::max(one, other) + 0.05) / (std::min(one, other) + 0.05);
+}
+
+QColor InkOn(const QColor& ground) {
+    return Contrast(ground, Qt::black) > Contrast(ground, Qt::white) ? Qt::black : Qt::white;
+}
+
+QColor WaveGround(Row row) { return Luminance(RowColour(row)) >= kPaleEnough ? kSunk : QColor(0xc3, 0xcd, 0xea); }
+
+void DrawFace(QPainter& p, const QRectF& rect, const FaceState& state, const QColor& fill, const QColor& line,
+              double radius) {
+    QColor ground = fill;
+    if (!state.Enabled) {
+        ground = kPanel;
+    } else if (state.Down) {
+        ground = fill.darker(118);
+    } else if (state.Hover) {
+        ground = fill.lighter(118);
+    }
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(QPen(line, 1));
+    p.setBrush(ground);
+    p.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    if (state.Focus) DrawFocus(p, rect, radius);
+}
+
+void DrawFocus(QPainter& p, const QRectF& rect, double radius) {
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(QPen(kAccent, 1.5));
+    p.setBrush(Qt::NoBrush);
+    p.drawRoundedRect(rect.adjusted(0.75, 0.75, -0.75, -0.75), radius, radius);
+}
+
+}  // namespace marvolin::theme
