@@ -5,7 +5,7 @@
 #include <cstring>
 #include <vector>
 
-#include "audio/sample_loading.h"
+#include "audio/reverse.h"
 #include "audio/waveform.h"
 #include "fakes/instrument.h"
 

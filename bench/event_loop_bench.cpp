@@ -21,6 +21,7 @@
 #include <vector>
 
 #include "audio/openal/sound.h"
+#include "audio/play_modes.h"
 #include "audio/sample_loading.h"
 #include "audio/transport.h"
 #include "core/paths.h"

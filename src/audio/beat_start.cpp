@@ -1,4 +1,5 @@
-#include "audio/sample_loading.h"
+#include "audio/beat_start.h"
+
 #include "core/routines.h"
 
 namespace marvolin {

@@ -1,7 +1,7 @@
 #include "audio/device.h"
 
 #include "audio/ds_error.h"
-#include "audio/sample_loading.h"
+#include "audio/loop_clearing.h"
 #include "core/loop_views.h"
 #include "core/session_keeping.h"
 #include "parameters/position.h"

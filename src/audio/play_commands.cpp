@@ -1,3 +1,6 @@
+#include "audio/play_commands.h"
+
+#include "audio/play_modes.h"
 #include "audio/sample_buffers.h"
 #include "audio/transport.h"
 #include "core/grouping.h"

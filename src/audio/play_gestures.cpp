@@ -3,6 +3,8 @@
 #include <cmath>
 
 #include "audio/ds_error.h"
+#include "audio/play_commands.h"
+#include "audio/play_modes.h"
 #include "audio/sample_buffers.h"
 #include "audio/transport.h"
 #include "core/grouping.h"

@@ -1,3 +1,5 @@
+#include "audio/play_modes.h"
+
 #include <array>
 
 #include "audio/ds_error.h"

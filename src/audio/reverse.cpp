@@ -1,3 +1,5 @@
+#include "audio/reverse.h"
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -5,7 +7,6 @@
 
 #include "audio/ds_error.h"
 #include "audio/sample_buffers.h"
-#include "audio/sample_loading.h"
 #include "audio/scratch_bytes.h"
 #include "core/busy_pointer.h"
 #include "core/routines.h"

@@ -1,10 +1,10 @@
+#include "audio/thinning.h"
+
 #include "audio/transport.h"
 
 namespace marvolin {
 
 namespace {
-
-constexpr std::int16_t kNoLimit = 4;
 
 char ThinLetter(Row row) { return static_cast<char>('A' + row); }
 
@@ -30,6 +30,16 @@ void ThinAdd(Session& s, Row row) {
 void ThinRemove(Session& s, Row row) {
     const std::size_t place = s.ThinList.find(ThinLetter(row));
     if (place != std::string::npos) s.ThinList.erase(place, 1);
+}
+
+void ThinTo(Session& s) {
+    if (s.Limit == kNoLimit) return;
+    while (!s.ThinList.empty() && s.Limit < static_cast<std::int64_t>(s.ThinList.size())) {
+        const std::string before = s.ThinList;
+        LoopStop(s, static_cast<Row>(before.front() - 'A'));
+        // A stop that did not take the letter out would come back for ever.
+        if (s.ThinList == before) return;
+    }
 }
 
 }  // namespace marvolin

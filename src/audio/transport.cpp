@@ -1,7 +1,9 @@
 #include "audio/transport.h"
 
 #include "audio/ds_error.h"
+#include "audio/play_modes.h"
 #include "audio/sample_buffers.h"
+#include "audio/thinning.h"
 #include "core/grouping.h"
 #include "core/loop_views.h"
 #include "core/routines.h"
@@ -14,12 +16,8 @@ namespace {
 constexpr std::int32_t kEndMargin = 32;  // bytes that a start leaves before the end
 constexpr std::int32_t kSounding = buffer_status::kPlaying | buffer_status::kLooping;
 
-void StartOrJump(Session& s, Row row, bool request) {
-    DirectSoundBuffer& buffer = BufferOf(s, row);
-    const bool sounding = (buffer.GetStatus() & kSounding) != 0;
-    buffer.SetCurrentPosition(StartPosition(s, row));
-    if (sounding) return;
-    buffer.Play(LoopPlayFlags(s.Set[row].PlayMode));
+void Start(Session& s, Row row, bool request) {
+    if (!StartOrJump(s, row)) return;
     s.Run[row].Playing = True;
     s.World.Screen.ShowPlay(row);
     s.Run[row].PlayRequest = ToBoolean(request);
@@ -40,10 +38,18 @@ std::int32_t StartPosition(const Session& s, Row row) {
     return static_cast<std::int32_t>(ClampVar(s.Run[row].BeatStartBytes, 0, last));
 }
 
+bool StartOrJump(Session& s, Row row) {
+    DirectSoundBuffer& buffer = BufferOf(s, row);
+    const bool sounding = (buffer.GetStatus() & kSounding) != 0;
+    buffer.SetCurrentPosition(StartPosition(s, row));
+    if (!sounding) buffer.Play(LoopPlayFlags(s.Set[row].PlayMode));
+    return !sounding;
+}
+
 void LoopPlay(Session& s, Row row, bool request) {
     if (row == kSelectionRow) return;
     try {
-        if (s.Run[row].Loaded != False) StartOrJump(s, row, request);
+        if (s.Run[row].Loaded != False) Start(s, row, request);
         if (s.Set[row].Selected == True) SetPlayingOfRowFour(s, true);
     } catch (const RuntimeError& e) {
         ShowDSError(s, "playing loop", e.Number());

@@ -1,7 +1,7 @@
 #include "browser/bin_gestures.h"
 
+#include "audio/play_commands.h"
 #include "audio/sample_loading.h"
-#include "audio/transport.h"
 #include "browser/destinations.h"
 #include "browser/sample_bins.h"
 #include "core/paths.h"

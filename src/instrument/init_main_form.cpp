@@ -1,8 +1,9 @@
 #include <chrono>
 #include <ctime>
 
-#include "audio/sample_loading.h"
-#include "audio/transport.h"
+#include "audio/beat_start.h"
+#include "audio/loop_controls.h"
+#include "audio/play_modes.h"
 #include "browser/sample_bins.h"
 #include "core/loop_views.h"
 #include "core/paths.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "audio/ds_error.h"
+#include "audio/sample_buffers.h"
 #include "core/errors.h"
 #include "core/routines.h"
 
@@ -72,7 +73,7 @@ std::int32_t RateOf(Session& s, Row row) {
 void MapVol(Session& s, Row row) {
     if (s.Run[row].Loaded == False) return;
     try {
-        s.Run[row].Buffer->SetVolume(VolumeOf(s, row));
+        BufferOf(s, row).SetVolume(VolumeOf(s, row));
     } catch (const RuntimeError& e) {
         ShowDSError(s, "setting volume", e.Number());
     }
@@ -81,7 +82,7 @@ void MapVol(Session& s, Row row) {
 void MapPan(Session& s, Row row) {
     if (s.Run[row].Loaded == False || s.Use3D) return;
     try {
-        s.Run[row].Buffer->SetPan(PanOf(s, row));
+        BufferOf(s, row).SetPan(PanOf(s, row));
     } catch (const RuntimeError& e) {
         ShowDSError(s, "panning", e.Number());
     }
@@ -90,7 +91,7 @@ void MapPan(Session& s, Row row) {
 void MapHZ(Session& s, Row row) {
     if (s.Run[row].Loaded == False) return;
     try {
-        s.Run[row].Buffer->SetFrequency(RateOf(s, row));
+        BufferOf(s, row).SetFrequency(RateOf(s, row));
     } catch (const RuntimeError& e) {
         ShowDSError(s, "setting frequency", e.Number());
     }

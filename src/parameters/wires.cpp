@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "audio/transport.h"
 #include "core/grouping.h"
 #include "core/routines.h"
 #include "parameters/mapping.h"
@@ -16,17 +15,17 @@ constexpr std::int16_t kLeftColour = 2;
 constexpr std::int16_t kDisconnected = 4;
 constexpr std::int16_t kWires = 8;
 constexpr double kClickTwips = 5;  // a press that moved less is a click
-constexpr std::int16_t kNoLimit = 4;
 
 float Moved(const Session& s, double y) { return static_cast<float>(y) - s.Drag.DragOrigin; }
 
-/// Value of a drag that has come to `y`: one step of the value for 1 / `stepsATwip` twips, upwards more.
-std::int16_t DraggedValue(const Session& s, double y, double stepsATwip) {
-    return ToI2(ClampVar(Int(s.Drag.DragStartValue - Int(Moved(s, y)) * stepsATwip), -32000, 32000));
+/// Value of a drag that has come to `y`: one step of the value for each 100 twips, upwards more.
+std::int16_t DraggedValue(const Session& s, double y) {
+    constexpr double kStepsATwip = 0.01;
+    return ToI2(ClampVar(Int(s.Drag.DragStartValue - Int(Moved(s, y)) * kStepsATwip), -32000, 32000));
 }
 
 void DragWire(Session& s, Row row, double y, bool apply) {
-    LoopSetChannelGang(s, row, WireClamp(s, row, DraggedValue(s, y, 0.01)), apply);
+    LoopSetChannelGang(s, row, WireClamp(s, row, DraggedValue(s, y)), apply);
 }
 
 void ClickWire(Session& s, Row row, double x, double width) {
@@ -101,38 +100,6 @@ void ChannelFlag_Gesture(Session& s, Row row, Phase phase, std::int16_t button, 
             return;
         case Phase::Up:
             return ReleaseFlag(s, row, x, y, width);
-    }
-}
-
-void Limiter_Gesture(Session& s, Phase phase, double y) {
-    switch (phase) {
-        case Phase::Down:
-            s.Drag.Dragging = True;
-            s.Drag.DragStartValue = s.Limit;
-            s.Drag.DragOrigin = static_cast<float>(y);
-            return;
-        case Phase::Move:
-            ShowStatus(s, "drg -/+ to Thin to N Playing LoopTracks");
-            if (s.Drag.Dragging == False) return;
-            s.Limit = DraggedValue(s, y, 0.05);
-            ClampI2(s.Limit, 1, kNoLimit);
-            s.World.Screen.ShowLimit();
-            return;
-        case Phase::Up:
-            if (s.Drag.Dragging == False) return;
-            s.Drag.Dragging = False;
-            ThinTo(s);
-            return;
-    }
-}
-
-void ThinTo(Session& s) {
-    if (s.Limit == kNoLimit) return;
-    while (!s.ThinList.empty() && s.Limit < static_cast<std::int64_t>(s.ThinList.size())) {
-        const std::string before = s.ThinList;
-        LoopStop(s, static_cast<Row>(before.front() - 'A'));
-        // A stop that did not take the letter out would come back for ever.
-        if (s.ThinList == before) return;
     }
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// The wire from a LoopTrack to a channel, and the limit of sounding LoopTracks.
+/// The wire from a LoopTrack to a channel.
 
 #include "core/session.h"
 
@@ -18,10 +18,5 @@ std::int16_t WireClamp(const Session& s, Row row, std::int16_t value);
 /// `ChannelFlag`: right press toggles the connection, a drag steps through the channels, a click flips a colour.
 /// `x`, `y` in twips within the flag, `width` its width.
 void ChannelFlag_Gesture(Session& s, Row row, Phase phase, std::int16_t button, double x, double y, double width);
-
-/// `Limiter`: a drag sets the limit 1..4, its end thins.
-void Limiter_Gesture(Session& s, Phase phase, double y);
-/// Stops the oldest until the limit holds; at 4 there is none.
-void ThinTo(Session& s);
 
 }  // namespace marvolin

@@ -3,8 +3,9 @@
 #include <array>
 #include <charconv>
 
+#include "audio/play_modes.h"
 #include "audio/sample_loading.h"
-#include "audio/transport.h"
+#include "audio/thinning.h"
 #include "browser/bin_gestures.h"
 #include "browser/clipboard.h"
 #include "core/help.h"

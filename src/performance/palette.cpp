@@ -1,5 +1,7 @@
 #include "performance/palette.h"
 
+#include "audio/loop_clearing.h"
+#include "audio/reverse.h"
 #include "audio/sample_loading.h"
 #include "core/paths.h"
 

@@ -2,8 +2,10 @@
 
 #include <cmath>
 
+#include "audio/beat_start.h"
+#include "audio/play_modes.h"
 #include "audio/sample_loading.h"
-#include "audio/transport.h"
+#include "audio/thinning.h"
 #include "core/paths.h"
 #include "core/routines.h"
 #include "parameters/position.h"

@@ -4,7 +4,7 @@
 #include <array>
 #include <cmath>
 
-#include "audio/sample_loading.h"
+#include "audio/loop_clearing.h"
 #include "audio/transport.h"
 #include "browser/clipboard.h"
 #include "browser/destinations.h"

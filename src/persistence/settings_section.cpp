@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
+#include "audio/limiter.h"
 #include "core/routines.h"
 #include "parameters/fades.h"
-#include "parameters/wires.h"
 #include "performance/joystick/joystick_setup.h"
 #include "performance/pad/pad_tables.h"
 #include "performance/tabs.h"

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <limits>
 
+#include "audio/sample_buffers.h"
 #include "audio/transport.h"
 #include "core/grouping.h"
 #include "core/loop_views.h"
@@ -25,14 +26,6 @@ std::int32_t SwingMilliseconds(const LoopTrackSet& set) {
     // A file may hold any number; the product must not leave its 32 bits.
     return static_cast<std::int32_t>(
         std::clamp<std::int64_t>(std::int64_t{set.Swing} * 10, -kWidestSwing, kWidestSwing));
-}
-
-void RestartDrum(Session& s, Row row) {
-    DirectSoundBuffer& buffer = *s.Run[row].Buffer;
-    constexpr std::int32_t kSounding = buffer_status::kPlaying | buffer_status::kLooping;
-    const bool sounding = (buffer.GetStatus() & kSounding) != 0;
-    buffer.SetCurrentPosition(StartPosition(s, row));
-    if (!sounding) buffer.Play(LoopPlayFlags(kDrum));
 }
 
 void RefreshSelectionIndicator(Session& s) {
@@ -97,7 +90,7 @@ void LoopTimer_Timer(Session& s, std::int32_t milliseconds) {
 void LoopPollEnd(Session& s, Row row) {
     LoopTrackRun& run = s.Run[row];
     if (s.Set[row].PlayMode != kOneShot || run.Loaded == False || run.Playing == False || run.Paused != False) return;
-    if ((run.Buffer->GetStatus() & buffer_status::kPlaying) != 0) return;
+    if ((BufferOf(s, row).GetStatus() & buffer_status::kPlaying) != 0) return;
     run.Playing = False;
     s.World.Screen.ShowPlay(row);
 }
@@ -123,7 +116,7 @@ void LoopStep(Session& s, Row row) {
     const int next = run.Step + 1;
     run.Step = next > s.Set[row].NSteps ? std::int16_t{0} : static_cast<std::int16_t>(next);
     ShowStep(s, row);
-    if (s.Set[row].PlayMode == kDrum) RestartDrum(s, row);
+    if (s.Set[row].PlayMode == kDrum) StartOrJump(s, row);
     MapVol(s, row);
     MapHZ(s, row);
     MapPan(s, row);

@@ -1,7 +1,7 @@
 #include "sequencing/timing.h"
 
-#include "audio/sample_loading.h"
-#include "audio/transport.h"
+#include "audio/beat_start.h"
+#include "audio/play_modes.h"
 #include "core/grouping.h"
 #include "core/loop_views.h"
 #include "core/routines.h"

@@ -1,3 +1,5 @@
+#include "audio/play_modes.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

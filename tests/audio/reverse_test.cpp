@@ -1,10 +1,10 @@
+#include "audio/reverse.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <numeric>
 
-#include "audio/sample_loading.h"
-#include "audio/transport.h"
 #include "fakes/instrument.h"
 
 namespace marvolin {

@@ -5,6 +5,9 @@
 
 #include <filesystem>
 
+#include "audio/beat_start.h"
+#include "audio/loop_clearing.h"
+#include "audio/loop_controls.h"
 #include "audio/sample_buffers.h"
 #include "audio/transport.h"
 #include "fakes/instrument.h"

@@ -1,5 +1,10 @@
+#include "audio/thinning.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
 
 #include "audio/transport.h"
 #include "fakes/instrument.h"
@@ -14,6 +19,14 @@ struct Four : Instrument {
         for (Row row = 0; row < kLoopTracks; ++row) Fill(row, "/" + std::to_string(row) + ".WAV");
     }
 };
+
+/// Loads and starts rows in this order.
+void Start(Instrument& i, const std::vector<Row>& rows) {
+    for (const Row row : rows) {
+        if (i.s.Run[row].Loaded == False) i.Fill(row);
+        LoopPlay(i.s, row, true);
+    }
+}
 
 TEST(Thinning, StartsEnterTheListOldestFirst) {
     Four i;
@@ -104,6 +117,73 @@ TEST(ThinRemove, CutsTheLetterOutAndKeepsTheOrder) {
     EXPECT_EQ(i.s.ThinList, "DA");
     ThinRemove(i.s, 2);
     EXPECT_EQ(i.s.ThinList, "DA");
+}
+
+TEST(ThinTo, StopsTheTwoOldestOfThreeAndBringsNothingBack) {
+    Instrument i;
+    Start(i, {1, 3, 0});
+    i.s.Limit = 1;
+    ThinTo(i.s);
+    EXPECT_EQ(i.s.Run[1].Playing, False);
+    EXPECT_EQ(i.s.Run[3].Playing, False);
+    EXPECT_NE(i.s.Run[0].Playing, False);
+    EXPECT_EQ(i.s.ThinList, "A");
+    i.s.Limit = 4;
+    ThinTo(i.s);
+    EXPECT_EQ(i.s.ThinList, "A");
+    EXPECT_EQ(i.s.Run[1].Playing, False);
+}
+
+TEST(ThinTo, AtFourThereIsNoLimit) {
+    Instrument i;
+    i.s.ThinList = "ABCDA";
+    ThinTo(i.s);
+    EXPECT_EQ(i.s.ThinList, "ABCDA");
+}
+
+TEST(ThinTo, EndsAtAStopThatDoesNotTakeTheLetterOut) {
+    Instrument i;
+    i.s.ThinList = "ABC";  // rows without a sample are not stopped
+    i.s.Limit = 1;
+    ThinTo(i.s);
+    EXPECT_EQ(i.s.ThinList, "ABC");
+}
+
+TEST(ThinTo, ANumberBelowZeroEmptiesTheListAndEnds) {
+    Instrument i;
+    Start(i, {0, 1});
+    i.s.Limit = -1;
+    ThinTo(i.s);
+    EXPECT_EQ(i.s.ThinList, "");
+}
+
+TEST(ThinTo, RowsThatAreNotThinnableNeitherCountNorStop) {
+    Instrument i;
+    i.s.Set[0].Thinnable = False;
+    i.s.Set[1].Thinnable = False;
+    Start(i, {0, 1, 2});
+    i.s.Limit = 1;
+    ThinTo(i.s);
+    for (Row row = 0; row < 3; ++row) EXPECT_NE(i.s.Run[row].Playing, False);
+}
+
+TEST(ThinTo, AThirdStartAtALimitOfTwoStopsTheOldestAndNotTheNewest) {
+    Instrument i;
+    i.s.Limit = 2;
+    Start(i, {2, 1, 0});
+    EXPECT_EQ(i.s.ThinList, "BA");
+    EXPECT_EQ(i.s.Run[2].Playing, False);
+    EXPECT_NE(i.s.Run[0].Playing, False);
+}
+
+TEST(ThinTo, AStartIsNeverRefused) {
+    Instrument i;
+    i.s.Limit = 1;
+    for (const Row row : {Row{0}, Row{1}, Row{2}, Row{3}, Row{0}}) {
+        Start(i, {row});
+        EXPECT_NE(i.s.Run[row].Playing, False);
+        EXPECT_EQ(i.s.ThinList, std::string(1, RowLetter(row)));
+    }
 }
 
 }  // namespace

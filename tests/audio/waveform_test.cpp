@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "audio/sample_loading.h"
+#include "audio/reverse.h"
 #include "fakes/instrument.h"
 
 namespace marvolin {

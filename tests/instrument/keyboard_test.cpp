@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "audio/play_commands.h"
 #include "audio/transport.h"
 #include "fakes/instrument.h"
 

@@ -5,7 +5,7 @@
 
 #include <ctime>
 
-#include "audio/sample_loading.h"
+#include "audio/loop_controls.h"
 #include "core/routines.h"
 #include "fakes/instrument.h"
 #include "fakes/temp_folder.h"

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "audio/device.h"
+#include "audio/loop_clearing.h"
 #include "audio/openal/sound.h"
 #include "audio/sample_loading.h"
 #include "audio/transport.h"

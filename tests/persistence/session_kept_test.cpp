@@ -6,6 +6,7 @@
 #include <array>
 
 #include "audio/device.h"
+#include "audio/play_modes.h"
 #include "audio/sample_loading.h"
 #include "browser/clipboard.h"
 #include "parameters/setters.h"

@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 
+#include "audio/loop_clearing.h"
 #include "audio/sample_loading.h"
 #include "fakes/temp_folder.h"
 #include "stage.h"

@@ -5,6 +5,7 @@
 #include <span>
 #include <system_error>
 
+#include "audio/play_modes.h"
 #include "audio/sample_loading.h"
 #include "audio/transport.h"
 #include "core/paths.h"

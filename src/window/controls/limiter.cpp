@@ -2,7 +2,7 @@
 
 #include <QPainter>
 
-#include "parameters/wires.h"
+#include "audio/limiter.h"
 #include "window/controls/hints.h"
 
 namespace marvolin {

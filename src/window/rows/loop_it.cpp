@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "audio/play_gestures.h"
-#include "audio/transport.h"
+#include "audio/play_modes.h"
 
 namespace marvolin {
 

@@ -4,7 +4,7 @@
 #include <QMimeData>
 #include <QPainter>
 
-#include "audio/sample_loading.h"
+#include "audio/loop_controls.h"
 #include "performance/dropper.h"
 #include "performance/selection/selection.h"
 #include "window/controls/knob.h"
