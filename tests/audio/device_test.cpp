@@ -205,6 +205,22 @@ TEST(UnInitDirectSound, ClearsAllLoopTracksThenReleasesTheDevice) {
     EXPECT_GE(i.Screen.Count("ShowSteps"), 1);
 }
 
+TEST(UnInitDirectSound, KeepsThePrimaryBufferAndTheListenerUntilTheNextOpening) {
+    Closed i;
+    i.List();
+    i.s.Driver = 0;
+    i.s.Use3D = true;
+    InitDirectSound(i.s);
+    const DirectSoundBuffer* const primary = i.s.PrimaryBuffer.get();
+    const DirectSound3DListener* const listener = i.s.Listener.get();
+    ASSERT_NE(primary, nullptr);
+    ASSERT_NE(listener, nullptr);
+    UnInitDirectSound(i.s);
+    EXPECT_EQ(i.s.DS, nullptr);
+    EXPECT_EQ(i.s.PrimaryBuffer.get(), primary);
+    EXPECT_EQ(i.s.Listener.get(), listener);
+}
+
 TEST(UnInitDirectSound, OnAClosedDeviceOnlyRefreshesThePatternView) {
     Closed i;
     i.s.Set[0].Vol = 10;

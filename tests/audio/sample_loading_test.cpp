@@ -93,6 +93,17 @@ TEST(LoopLoad, AFreshLoadMakesTheRowReadyWithWhatTheServiceReports) {
     EXPECT_TRUE(PanKnobEnabled(i.s, 1));
 }
 
+TEST(LoopLoad, TheStepOfAFreshSampleIsItsLengthCutToHundredths) {
+    // 0.29 * 100 is a little less than 29, and 0.57 * 100 a little less than 57.
+    for (const auto& [seconds, step] : {std::pair{0.29, 28}, {0.57, 56}, {0.25, 25}, {0.5, 50}}) {
+        SCOPED_TRACE(seconds);
+        Loader i;
+        i.Make("a.WAV", seconds);
+        i.Load(0, "a.WAV");
+        EXPECT_EQ(i.s.Set[0].StepDuration, step);
+    }
+}
+
 TEST(LoopLoad, With3DTakesThe3DBufferWithItsDistancesAndPutsTheRowAtTheCentre) {
     Loader i;
     i.Make("a.WAV");

@@ -64,6 +64,18 @@ TEST(Transport, PlayingASoundingRowJumpsBackWithoutASecondListEntry) {
     EXPECT_EQ(i.s.Run[0].Playing, False);
 }
 
+TEST(Transport, AStartLeavesTheStepAndItsTime) {
+    Instrument i;
+    i.Fill(0);
+    i.s.Set[0].PlayMode = kTrack;
+    i.s.Run[0].Step = 2;
+    i.s.Run[0].StepElapsed = 70;
+    LoopPlay(i.s, 0, true);
+    EXPECT_EQ(i.s.Run[0].Playing, True);
+    EXPECT_EQ(i.s.Run[0].Step, 2);
+    EXPECT_EQ(i.s.Run[0].StepElapsed, 70);
+}
+
 TEST(Transport, EitherBitOfTheStatusWordCountsAsSounding) {
     for (const std::int32_t status : {1, 4, 5}) {
         Instrument i;

@@ -97,6 +97,18 @@ TEST(ClipBoard, ADropOfTheSelectionRowWhileNothingIsSelectedAddsNothing) {
     EXPECT_EQ(c.s.Clips.ClipTop, 0);
 }
 
+TEST(ClipBoard, ADropOfTheSelectionRowTakesTheSelectedRowsAlsoOutOfControl) {
+    Clips c;
+    c.Fill(1, "/a/selected.wav");
+    c.Fill(2, "/a/in a band.wav");
+    c.Select(1);
+    c.s.SelectionControlled = false;
+    c.MakeBand(1, 2, 2);
+    c.s.BandTable[1].Controlled = True;
+    ClipBoardList_DragDrop(c.s, {"DropDown", 4, ""});
+    EXPECT_EQ(c.s.Clips.List, std::vector<std::string>{"selected"});
+}
+
 TEST(ClipBoard, TrashRemovesTheChosenClipAndNothingElse) {
     Clips c;
     c.Add("/a/x.wav");

@@ -74,5 +74,15 @@ TEST(IsControlled, ARowOfAControlledBandCountsWithoutBeingSelected) {
     EXPECT_TRUE(IsControlled(i.s, 2));
 }
 
+TEST(IsControlled, TheFirstBandsSelectorReachesRowsThatAreInNoBand) {
+    Instrument i;
+    i.MakeBand(3, 1, 2);
+    i.s.BandTable[0].Controlled = True;
+    EXPECT_TRUE(IsControlled(i.s, 0));
+    EXPECT_FALSE(IsControlled(i.s, 1));
+    EXPECT_FALSE(IsControlled(i.s, 2));
+    EXPECT_TRUE(IsControlled(i.s, 3));
+}
+
 }  // namespace
 }  // namespace marvolin

@@ -101,6 +101,24 @@ TEST(PositionSet, StoresTheTwipsByTheHalfWidthOnBothAxes) {
     EXPECT_DOUBLE_EQ(i.s.BallPos[4].Y, 1000);
 }
 
+TEST(PositionSet, TheQuietFlagChangesNothing) {
+    for (const int ball : {2, kListenerBall}) {
+        SCOPED_TRACE(ball);
+        MapInstrument loud;
+        MapInstrument quiet;
+        loud.Fill(2);
+        quiet.Fill(2);
+        PositionSet(loud.s, ball, 0.5F, -0.25F, true, true, false, true);
+        PositionSet(quiet.s, ball, 0.5F, -0.25F, true, true, true, true);
+        EXPECT_FALSE(loud.Sound.Log.empty());
+        EXPECT_EQ(quiet.Sound.Log, loud.Sound.Log);
+        EXPECT_EQ(quiet.Screen.Log, loud.Screen.Log);
+        EXPECT_EQ(quiet.s.Set[2], loud.s.Set[2]);
+        EXPECT_EQ(quiet.s.BallPos[ball].X, loud.s.BallPos[ball].X);
+        EXPECT_EQ(quiet.s.ListenerX, loud.s.ListenerX);
+    }
+}
+
 TEST(PositionRefresh, PlacesTheBallOnlyWithThreeDimensionsOn) {
     MapInstrument on;
     PositionSet(on.s, 1, 0, 0, false, true, false, false);

@@ -150,6 +150,15 @@ TEST_F(Selection, APlayingRowThatIsNotSelectedDoesNotLightTheSelectionsButton) {
     EXPECT_EQ(i.s.Run[kSelectionRow].Playing, False);
 }
 
+TEST_F(Selection, APlayingSelectedRowLightsTheSelectionsButtonAlsoOutOfControl) {
+    i.s.SelectionControlled = false;
+    i.s.Run[1].Playing = True;
+    i.s.SelectWork[1] = True;
+    SelectApply(i.s);
+    EXPECT_FALSE(IsControlled(i.s, 1));
+    EXPECT_EQ(i.s.Run[kSelectionRow].Playing, True);
+}
+
 TEST_F(Selection, ScriptsSetOneColumnCountedFrom1) {
     Select("D");
     SelectColumn(i.s, 2, true);

@@ -160,6 +160,13 @@ TEST_F(TimeDigit, ADoubleClickOnAPercentageSetsTheWholeSampleNoSwingOrTheBeginni
     EXPECT_EQ(i.s.PercentText[kBeatStartGroup], "0.0%");
 }
 
+TEST_F(TimeDigit, ADoubleClickOnTheStepRoundsTheLength) {
+    // 0.29 * 100 is a little less than 29.
+    i.s.Set[i.s.CurrentLoop].Length = 0.29;
+    PercentReadOut_DblClick(i.s, 0);
+    EXPECT_EQ(i.s.Set[i.s.CurrentLoop].StepDuration, 29);
+}
+
 TEST_F(TimeDigit, ADoubleClickOnTheStepOfAnEmptyLoopTrackGivesTheShortestStep) {
     i.s.CurrentLoop = 1;
     i.s.Set[1].StepDuration = 77;
