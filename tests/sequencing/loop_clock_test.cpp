@@ -321,6 +321,15 @@ TEST_F(LoopClock, AOneShotThatEndsIsNoticedWithinOneTickAndItsButtonChanges) {
     EXPECT_EQ(i.Screen.Count("ShowPlay 2"), 1);
 }
 
+TEST_F(LoopClock, AOneShotThatEndsKeepsItsPlaceInTheThinList) {
+    LoopTrackRun& run = Sounding(2, kOneShot);
+    i.s.ThinList = "CA";
+    i.Buffer(2).Status = 0;
+    LoopTimer_Timer(i.s, 10);
+    EXPECT_EQ(run.Playing, False);
+    EXPECT_EQ(i.s.ThinList, "CA");
+}
+
 TEST_F(LoopClock, AOneShotIsJudgedByThePlayingBitAlone) {
     LoopTrackRun& run = Sounding(0, kOneShot);
     i.Buffer(0).Status = buffer_status::kLooping;

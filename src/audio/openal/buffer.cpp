@@ -40,46 +40,60 @@ OpenAlBuffer::OpenAlBuffer(const std::shared_ptr<OpenAlContext>& context, const 
     voice_->SetPosition(original.Position());
 }
 
+OpenAlVoice& OpenAlBuffer::Voice() const {
+    voice_->Context().AssertOwner();
+    return *voice_;
+}
+
 BufferCaps OpenAlBuffer::GetCaps() { return {flags_, Sample().Bytes()}; }
 WaveFormat OpenAlBuffer::GetFormat() { return Sample().Format(); }
-void OpenAlBuffer::SetFormat(const WaveFormat&) { throw SoundError(sound_error::kInvalidCall); }
-std::int32_t OpenAlBuffer::GetFrequency() { return voice_->Frequency(); }
+void OpenAlBuffer::SetFormat(const WaveFormat&) {
+    Voice();
+    throw SoundError(sound_error::kInvalidCall);
+}
+std::int32_t OpenAlBuffer::GetFrequency() { return Voice().Frequency(); }
 
 void OpenAlBuffer::SetFrequency(std::int32_t hertz) {
+    OpenAlVoice& voice = Voice();
     Require(Can(buffer_flags::kControlFrequency), sound_error::kControlUnavailable);
     Require(hertz >= kLowestFrequency && hertz <= kHighestFrequency);
-    voice_->SetFrequency(hertz);
+    voice.SetFrequency(hertz);
 }
 
 std::int32_t OpenAlBuffer::GetStatus() {
-    if (!voice_->Playing()) return 0;
-    return buffer_status::kPlaying | (voice_->Looping() ? buffer_status::kLooping : 0);
+    OpenAlVoice& voice = Voice();
+    if (!voice.Playing()) return 0;
+    return buffer_status::kPlaying | (voice.Looping() ? buffer_status::kLooping : 0);
 }
 
-std::int32_t OpenAlBuffer::GetCurrentPosition() { return voice_->Cursor() * Sample().Format().BlockAlign; }
+std::int32_t OpenAlBuffer::GetCurrentPosition() { return Voice().Cursor() * Sample().Format().BlockAlign; }
 
 void OpenAlBuffer::SetCurrentPosition(std::int32_t bytes) {
-    Require(bytes >= 0 && bytes < Sample().Bytes());
-    voice_->SetCursor(bytes / Sample().Format().BlockAlign);
+    OpenAlVoice& voice = Voice();
+    Require(bytes >= 0 && bytes < voice.Sample()->Bytes());
+    voice.SetCursor(bytes / voice.Sample()->Format().BlockAlign);
 }
 
 void OpenAlBuffer::Play(std::int32_t flags) {
+    OpenAlVoice& voice = Voice();
     Require(flags == 0 || flags == 1);
-    voice_->Play(flags != 0);
+    voice.Play(flags != 0);
 }
 
-void OpenAlBuffer::Stop() { voice_->Stop(); }
+void OpenAlBuffer::Stop() { Voice().Stop(); }
 
 void OpenAlBuffer::SetVolume(std::int32_t hundredths) {
+    OpenAlVoice& voice = Voice();
     Require(Can(buffer_flags::kControlVolume), sound_error::kControlUnavailable);
     Require(hundredths >= kQuietest && hundredths <= 0);
-    voice_->SetVolumeAndPan(hundredths, voice_->Pan());
+    voice.SetVolumeAndPan(hundredths, voice.Pan());
 }
 
 void OpenAlBuffer::SetPan(std::int32_t hundredths) {
+    OpenAlVoice& voice = Voice();
     Require(Can(buffer_flags::kControlPan), sound_error::kControlUnavailable);
     Require(hundredths >= -kFarthestPan && hundredths <= kFarthestPan);
-    voice_->SetVolumeAndPan(voice_->Volume(), hundredths);
+    voice.SetVolumeAndPan(voice.Volume(), hundredths);
 }
 
 std::size_t OpenAlBuffer::Share(std::int32_t start, std::size_t wanted) const {
@@ -98,11 +112,13 @@ void OpenAlBuffer::WriteBuffer(std::int32_t start, std::span<const std::uint8_t>
 }
 
 std::unique_ptr<DirectSound3DBuffer> OpenAlBuffer::GetDirectSound3dBuffer() {
+    Voice();
     Require(Can(buffer_flags::kControl3D), sound_error::kNoInterface);
     return std::make_unique<OpenAl3DBuffer>(voice_);
 }
 
 std::unique_ptr<DirectSound3DListener> OpenAlBuffer::GetDirectSound3dListener() {
+    Voice();
     throw SoundError(sound_error::kNoInterface);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// The buffers of a device: samples, and the primary one.
+/// The buffers of a device that hold a sample.
 
 #include <memory>
 #include <string>
@@ -13,9 +13,9 @@ namespace marvolin {
 /// A sample at the service.
 class OpenAlBuffer final : public DirectSoundBuffer {
 public:
-    /// Reads a file; the errors are those of `SampleMemory`.
+    /// Reads a file. Errors are those of `SampleMemory`, and `kInvalidArgument` for flags that exclude each other.
     OpenAlBuffer(const std::shared_ptr<OpenAlContext>& context, const std::string& path, std::int32_t flags);
-    /// A duplicate: silent, with the cursor at 0, and everything else as it stands in `source`.
+    /// A duplicate: silent, its cursor at 0, everything else as in `source`.
     OpenAlBuffer(const std::shared_ptr<OpenAlContext>& context, const OpenAlBuffer& source);
 
     bool BelongsTo(const OpenAlContext& context) const { return &voice_->Context() == &context; }
@@ -39,8 +39,10 @@ public:
 
 private:
     bool Can(std::int32_t flag) const { return (flags_ & flag) != 0; }
-    SampleMemory& Sample() const { return *voice_->Sample(); }
-    /// How many of `wanted` bytes from `start` on the sample has.
+    /// The voice, for a call on the owner's thread.
+    OpenAlVoice& Voice() const;
+    SampleMemory& Sample() const { return *Voice().Sample(); }
+    /// How many of `wanted` bytes the sample has from byte `start` on.
     std::size_t Share(std::int32_t start, std::size_t wanted) const;
 
     std::int32_t flags_;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cassert>
 #include <chrono>
 #include <cstdlib>
 #include <string_view>
@@ -13,10 +12,10 @@ namespace marvolin {
 
 namespace {
 
-/// Enough for a hundred buffers, of four sources each.
+/// Enough for more than a hundred buffers of four sources each.
 constexpr ALCint kSources = 512;
 
-/// How sharp a resampler is, by its name: the order of a sinc filter; the others stand below all of these.
+/// How sharp a resampler is, by its name: sinc filters by their order, all others below them.
 int Sharpness(std::string_view name) {
     if (name.find("Sinc") != std::string_view::npos) {
         const int order = std::atoi(name.data());
@@ -43,9 +42,9 @@ ALint SharpestResampler() {
 }  // namespace
 
 OpenAlContext::OpenAlContext(std::shared_ptr<LoadMeter> meter)
-    : meter_(std::move(meter)), owner_(std::this_thread::get_id()), device_(alcLoopbackOpenDeviceSOFT(nullptr)) {
+    : meter_(std::move(meter)), device_(alcLoopbackOpenDeviceSOFT(nullptr)) {
     if (device_ == nullptr) throw SoundError(sound_error::kNoDriver);
-    // The limiter would delay the sound by a look-ahead and make volumes inexact where the sum is loud.
+    // The limiter would delay the sound by its look-ahead and change the volume where the sum is loud.
     const std::array<ALCint, 13> attributes{ALC_FREQUENCY,
                                             kOutputRate,
                                             ALC_FORMAT_CHANNELS_SOFT,
@@ -71,7 +70,7 @@ OpenAlContext::OpenAlContext(std::shared_ptr<LoadMeter> meter)
 }
 
 OpenAlContext::~OpenAlContext() {
-    assert(owner_ == std::this_thread::get_id());
+    AssertOwner();
     if (alcGetThreadContext() == context_) alcSetThreadContext(nullptr);
     alcDestroyContext(context_);
     alcCloseDevice(device_);
@@ -110,7 +109,7 @@ void OpenAlContext::AddSpatialSource(ALuint source) {
 void OpenAlContext::RemoveSpatialSource(ALuint source) { std::erase(spatial_, source); }
 
 OpenAlSetting::OpenAlSetting(OpenAlContext& context) {
-    assert(context.owner_ == std::this_thread::get_id());
+    context.AssertOwner();
     if (alcGetThreadContext() != context.context_) alcSetThreadContext(context.context_);
     alGetError();
 }

@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// The mixer: a loopback device of OpenAL that renders when it is asked to.
+/// The mixer: a loopback device of OpenAL, which renders when it is asked to.
 
 #ifndef AL_ALEXT_PROTOTYPES
 #define AL_ALEXT_PROTOTYPES
@@ -12,17 +12,17 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
-#include <thread>
 #include <vector>
 
 #include "audio/openal/load_meter.h"
+#include "audio/openal/owner_thread.h"
 
 namespace marvolin {
 
 inline constexpr int kOutputRate = 44100;  ///< Hz
 inline constexpr int kPeriodFrames = 256;  ///< stereo frames rendered at a time
 
-/// One mixer. It belongs to the thread that made it; only `Render_rt` may be called from another one.
+/// One mixer. It belongs to the thread that makes it; only `Render_rt` may be called from another one.
 class OpenAlContext {
 public:
     /// `SoundError` `kNoDriver` when the library opens no device, `kOutOfMemory` when it has no memory for one.
@@ -34,13 +34,16 @@ public:
     /// Renders the next `frames` stereo frames of 16 bits.
     void Render_rt(std::int16_t* out, int frames) noexcept;
 
-    /// How many periods have been rendered. Asked while rendering is held off.
+    /// Stops a debug build when another thread than the owner calls.
+    void AssertOwner() const noexcept { owner_.Assert(); }
+
+    /// How many periods have been rendered. Call it while rendering is held off.
     std::uint64_t Periods() const { return periods_; }
 
     /// Number of the sharpest resampler.
     ALint Resampler() const { return resampler_; }
 
-    /// Roll-off of all spatial sources, those to come included.
+    /// Sets the roll-off of all spatial sources, later ones included.
     void SetRolloff(float factor);
     /// Makes a source follow the roll-off.
     void AddSpatialSource(ALuint source);
@@ -51,7 +54,7 @@ private:
     friend class OpenAlSetting;
 
     std::shared_ptr<LoadMeter> meter_;
-    std::thread::id owner_;
+    OwnerThread owner_;
     ALCdevice* device_ = nullptr;
     ALCcontext* context_ = nullptr;
     ALint resampler_ = 0;
@@ -61,16 +64,17 @@ private:
     std::mutex rendering_;  ///< held while a period is rendered, and by `OpenAlCall`
 };
 
-/// While it lives the mixer is the one to which calls of OpenAL go. Rendering goes on meanwhile.
+/// While it lives, calls of OpenAL go to this mixer. Rendering goes on meanwhile.
 class OpenAlSetting {
 public:
     explicit OpenAlSetting(OpenAlContext& context);
-    /// Raises what OpenAL has found wrong since the beginning: `kOutOfMemory`, `kInvalidArgument` or `kGeneric`.
+    /// Raises the first error that OpenAL reports since this was made: `kOutOfMemory`, `kInvalidArgument` or
+    /// `kGeneric`.
     void Check() const;
 };
 
-/// The same, with rendering held off, so that all calls made meanwhile are heard from the same frame on.
-/// Nothing long may be done while one lives.
+/// The same, with rendering held off: all calls made while it lives are heard from the same frame on.
+/// Keep it short: the output waits for it.
 class OpenAlCall : public OpenAlSetting {
 public:
     explicit OpenAlCall(OpenAlContext& context) : OpenAlSetting(context), guard_(context.rendering_) {}

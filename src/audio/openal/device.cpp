@@ -22,24 +22,38 @@ OpenAlDevice::OpenAlDevice(std::shared_ptr<OpenAlContext> context, std::unique_p
       speakers_(kStereoSpeakers) {}
 
 void OpenAlDevice::SetCooperativeLevel(std::int32_t level) {
+    context_->AssertOwner();
     if (level < kLowestLevel || level > kHighestLevel) throw SoundError(sound_error::kInvalidArgument);
     *level_ = level;
 }
 
 std::unique_ptr<DirectSoundBuffer> OpenAlDevice::CreateSoundBuffer(std::int32_t flags) {
+    context_->AssertOwner();
     if ((flags & buffer_flags::kPrimary) == 0) throw SoundError(sound_error::kInvalidArgument);
     return std::make_unique<OpenAlPrimaryBuffer>(context_, level_, flags);
 }
 
 std::unique_ptr<DirectSoundBuffer> OpenAlDevice::CreateSoundBufferFromFile(const std::string& path,
                                                                            std::int32_t flags) {
+    context_->AssertOwner();
     return std::make_unique<OpenAlBuffer>(context_, path, flags);
 }
 
 std::unique_ptr<DirectSoundBuffer> OpenAlDevice::DuplicateSoundBuffer(DirectSoundBuffer& source) {
+    context_->AssertOwner();
     const auto* original = dynamic_cast<const OpenAlBuffer*>(&source);
     if (original == nullptr || !original->BelongsTo(*context_)) throw SoundError(sound_error::kInvalidCall);
     return std::make_unique<OpenAlBuffer>(context_, *original);
+}
+
+std::int32_t OpenAlDevice::GetSpeakerConfig() {
+    context_->AssertOwner();
+    return speakers_;
+}
+
+void OpenAlDevice::SetSpeakerConfig(std::int32_t config) {
+    context_->AssertOwner();
+    speakers_ = config;
 }
 
 }  // namespace marvolin

@@ -83,7 +83,7 @@ SampleMemory::SampleMemory(std::shared_ptr<OpenAlContext> context, const std::st
     } catch (const std::bad_alloc&) {
         throw SoundError(sound_error::kOutOfMemory);
     }
-    // Piece by piece, so that the bytes just read are still near when the channels are taken out of them.
+    // Piece by piece, so that the bytes are still in the cache when the channels are taken out of them.
     for (std::int32_t at = 0; at < bytes_; at += PlaneBuffers::kPieceBytes) {
         const std::int32_t size = std::min(PlaneBuffers::kPieceBytes, bytes_ - at);
         const std::span<std::uint8_t> piece(data_.get() + at, static_cast<std::size_t>(size));
@@ -94,7 +94,7 @@ SampleMemory::SampleMemory(std::shared_ptr<OpenAlContext> context, const std::st
 
 void SampleMemory::Write(std::int32_t start, std::span<const std::uint8_t> data) {
     if (data.empty()) return;
-    // OpenAL replaces no buffer that is in use, so new ones are filled beside the old and change places with them.
+    // OpenAL does not replace a buffer in use: new ones are filled and then exchanged with the old ones.
     std::unique_ptr<PlaneBuffers> planes;
     try {
         planes = std::make_unique<PlaneBuffers>(context_, format_, bytes_ / format_.BlockAlign, spatial_);

@@ -16,13 +16,13 @@ namespace marvolin {
 /// The channels of a sample as OpenAL holds them: two of its buffers, or twice the same one.
 class PlaneBuffers {
 public:
-    /// Room for `frames` frames; what they sound like is not yet said. `spatial`: one mixed channel.
+    /// Room for `frames` frames, uninitialised. `spatial`: one channel, mixed from all.
     PlaneBuffers(std::shared_ptr<OpenAlContext> context, const WaveFormat& format, std::int32_t frames, bool spatial);
     ~PlaneBuffers();
     PlaneBuffers(const PlaneBuffers&) = delete;
     PlaneBuffers& operator=(const PlaneBuffers&) = delete;
 
-    /// Puts whole frames, at most `kPieceBytes` bytes of them, from frame `first` on.
+    /// Stores whole frames, at most `kPieceBytes` bytes, from frame `first` on.
     void Put(std::int32_t first, std::span<const std::uint8_t> frames);
     ALuint Left() const { return names_.front(); }
     ALuint Right() const { return names_.back(); }
@@ -38,7 +38,7 @@ private:
     std::vector<std::uint8_t> plane_;  ///< scratch for one piece of one channel
 };
 
-/// One who plays a sample and must take over its new buffers when it was written to.
+/// Plays a sample, and changes to its new buffers after a write.
 class SampleUser {
 public:
     virtual ~SampleUser() = default;
@@ -46,7 +46,7 @@ public:
     virtual void Rebind(const PlaneBuffers& planes) = 0;
 };
 
-/// The bytes of a sample as they stand in the file, and what OpenAL plays of them.
+/// The bytes of a sample as in the file, and the buffers of OpenAL made from them.
 class SampleMemory {
 public:
     /// Reads a file wholly; the errors are those of `WaveFile`, and `kOutOfMemory`.
@@ -57,8 +57,8 @@ public:
     std::span<const std::uint8_t> Data() const { return {data_.get(), static_cast<std::size_t>(bytes_)}; }
     const PlaneBuffers& Planes() const { return *planes_; }
 
-    /// Writes into the sample from byte `start` on and lets every user sound the new bytes, all from the same frame
-    /// on. `start` and the size of `data` lie in the sample. On failure nothing has changed.
+    /// Writes into the sample from byte `start` on; all users sound the new bytes from the same frame on. `start` and
+    /// `data` lie within the sample. A failure leaves everything unchanged.
     void Write(std::int32_t start, std::span<const std::uint8_t> data);
 
     void AddUser(SampleUser& user) { users_.push_back(&user); }

@@ -7,7 +7,7 @@ namespace marvolin {
 
 namespace {
 
-/// Copies the numbers of one channel as they stand.
+/// Copies the numbers of one channel unchanged.
 template <typename Number, std::size_t kChannels>
 void Pick(std::span<const std::uint8_t> frames, std::size_t channel, std::uint8_t* out) {
     const std::size_t count = frames.size() / (sizeof(Number) * kChannels);

@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// The channels of a sample, one by one, as the mixer takes them.
+/// Single channels of a sample, in the number formats of the mixer.
 
 #include <cstdint>
 #include <span>
@@ -9,20 +9,20 @@
 
 namespace marvolin {
 
-/// What is taken out of the frames of a sample.
+/// Which channel is taken out of the frames of a sample.
 enum class Plane : std::uint8_t {
     Left,   ///< the first channel
     Right,  ///< the last channel
     Mixed,  ///< the mean of both channels
 };
 
-/// Numbers of which a plane is made. 8 and 16 bits stay as they are, everything else becomes float.
+/// Number format of a plane. 8 and 16 bits stay as they are, everything else becomes float.
 enum class PlaneNumber : std::uint8_t { Unsigned8, Signed16, Float32 };
 
 PlaneNumber PlaneNumberOf(const WaveFormat& format, Plane plane);
 /// Bytes of one number.
 std::int32_t PlaneNumberBytes(PlaneNumber number);
-/// Writes one number for each frame of `frames` to `out`, which has the room.
+/// Writes one number for each frame of `frames` to `out`, which must have room for them.
 void ExtractPlane(const WaveFormat& format, Plane plane, std::span<const std::uint8_t> frames, std::uint8_t* out);
 
 }  // namespace marvolin

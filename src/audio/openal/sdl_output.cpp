@@ -15,10 +15,10 @@ void SDLCALL FillPeriod_rt(void* context, Uint8* stream, int bytes) noexcept {
 }  // namespace
 
 SdlAudio::SdlAudio() {
-    // SDL's own handlers would take the terminal's interrupt away from the program.
+    // SDL's own handlers would catch the terminal's interrupt, which is meant to end the program.
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     up_ = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
-    // A negative count: the devices cannot be told apart, but the default one can be opened.
+    // A negative count means that the devices cannot be listed, but the default one can be opened.
     hasOutput_ = up_ && SDL_GetNumAudioDevices(0) != 0;
 }
 

@@ -11,7 +11,7 @@
 
 namespace marvolin {
 
-/// SDL's audio, up as long as this lives. Several may live at a time.
+/// Keeps SDL's audio initialised while it lives. Several may live at a time.
 class SdlAudio {
 public:
     SdlAudio();
@@ -19,9 +19,9 @@ public:
     SdlAudio(const SdlAudio&) = delete;
     SdlAudio& operator=(const SdlAudio&) = delete;
 
-    /// Whether there is any output at all.
+    /// True when there is any output at all.
     bool HasOutput() const { return hasOutput_; }
-    /// Names of the output devices that SDL can tell apart; they are SDL's identifiers too.
+    /// Names of the output devices that SDL can tell apart. They serve as identifiers too.
     std::vector<std::string> OutputNames() const;
 
 private:
@@ -29,17 +29,17 @@ private:
     bool hasOutput_ = false;
 };
 
-/// An open output that asks a mixer for each period, from a thread of its own.
+/// An open output. It asks a mixer for each period, on a thread of its own.
 class SdlOutput {
 public:
-    /// Opens the device called `name`, the system's default when that is empty, and lets it run.
-    /// `SoundError` `kNoDriver` when SDL cannot.
+    /// Opens and starts the device `name`; "" is the system's default. `context` must outlive it.
+    /// `SoundError` `kNoDriver` when SDL cannot open it.
     SdlOutput(const std::string& name, OpenAlContext& context);
     ~SdlOutput();
     SdlOutput(const SdlOutput&) = delete;
     SdlOutput& operator=(const SdlOutput&) = delete;
 
-    /// Whether SDL has let go of the device, as it does when that was pulled out.
+    /// True once SDL has released the device, as it does when it was pulled out.
     bool Gone() const { return SDL_GetAudioDeviceStatus(device_) == SDL_AUDIO_STOPPED; }
 
 private:

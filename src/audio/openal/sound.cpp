@@ -8,6 +8,7 @@
 
 #include "audio/openal/device.h"
 #include "audio/openal/load_meter.h"
+#include "audio/openal/owner_thread.h"
 #include "audio/openal/sdl_output.h"
 #include "core/errors.h"
 
@@ -22,30 +23,42 @@ struct Driver {
 
 const Driver kPrimaryDriver{"", "Primary Sound Driver"};
 
-/// A list of drivers as it was when it was asked for.
+/// The drivers at the moment the list was made.
 class DriverList final : public DSEnum {
 public:
     explicit DriverList(std::vector<Driver> drivers) : drivers_(std::move(drivers)) {}
-    std::int16_t GetCount() override { return static_cast<std::int16_t>(drivers_.size()); }
+    std::int16_t GetCount() override {
+        owner_.Assert();
+        return static_cast<std::int16_t>(drivers_.size());
+    }
     std::string GetGuid(std::int16_t index) override { return At(index).Guid; }
     std::string GetDescription(std::int16_t index) override { return At(index).Description; }
 
 private:
     const Driver& At(std::int16_t index) const {
+        owner_.Assert();
         if (index < 1 || index > static_cast<std::int16_t>(drivers_.size()))
             throw SoundError(sound_error::kInvalidArgument);
         return drivers_[static_cast<std::size_t>(index - 1)];
     }
+    OwnerThread owner_;
     std::vector<Driver> drivers_;
 };
 
-/// A root whose devices report the time that they take, and whether they are still there.
+/// A root that knows the load of its open device, and whether that device is still there.
 class MeteredRoot : public DirectX7 {
 public:
-    double Load() const { return open_.expired() ? 0 : meter_->Percent(); }
-    bool Gone() const { return !open_.expired() && device_->Gone(); }
+    double Load() const {
+        AssertOwner();
+        return open_.expired() ? 0 : meter_->Percent();
+    }
+    bool Gone() const {
+        AssertOwner();
+        return !open_.expired() && device_->Gone();
+    }
 
 protected:
+    void AssertOwner() const { owner_.Assert(); }
     std::shared_ptr<OpenAlContext> OpenContext() {
         meter_->Reset();
         return std::make_shared<OpenAlContext>(meter_);
@@ -58,14 +71,16 @@ protected:
     }
 
 private:
+    OwnerThread owner_;
     std::shared_ptr<LoadMeter> meter_ = std::make_shared<LoadMeter>();
-    const OpenAlDevice* device_ = nullptr;  // there as long as `open_` is
+    const OpenAlDevice* device_ = nullptr;  // valid until `open_` expires
     std::weak_ptr<const void> open_;
 };
 
 class SdlRoot final : public MeteredRoot {
 public:
     std::unique_ptr<DSEnum> GetDSEnum() override {
+        AssertOwner();
         std::vector<Driver> drivers;
         if (audio_.HasOutput()) {
             drivers.push_back(kPrimaryDriver);
@@ -74,6 +89,7 @@ public:
         return std::make_unique<DriverList>(std::move(drivers));
     }
     std::unique_ptr<DirectSound> DirectSoundCreate(const std::string& guid) override {
+        AssertOwner();
         if (!audio_.HasOutput()) throw SoundError(sound_error::kNoDriver);
         auto context = OpenContext();
         auto output = std::make_unique<SdlOutput>(guid, *context);
@@ -97,9 +113,11 @@ class LoopbackRoot final : public MeteredRoot {
 public:
     explicit LoopbackRoot(std::function<void(std::shared_ptr<OpenAlContext>)> opened) : opened_(std::move(opened)) {}
     std::unique_ptr<DSEnum> GetDSEnum() override {
+        AssertOwner();
         return std::make_unique<DriverList>(std::vector<Driver>{kPrimaryDriver});
     }
     std::unique_ptr<DirectSound> DirectSoundCreate(const std::string& guid) override {
+        AssertOwner();
         if (guid != kPrimaryDriver.Guid) throw SoundError(sound_error::kNoDriver);
         auto context = OpenContext();
         opened_(context);

@@ -23,34 +23,38 @@ bool IsDirection(const Vector3& v) { return Finite(v) && (v.X != 0 || v.Y != 0 |
 std::shared_ptr<OpenAlVoice> OpenAl3DBuffer::Voice() const {
     std::shared_ptr<OpenAlVoice> voice = voice_.lock();
     if (!voice) throw SoundError(sound_error::kUninitialised);
+    voice->Context().AssertOwner();
     return voice;
 }
 
 void OpenAl3DBuffer::SetMinDistance(float distance) {
-    Require(std::isfinite(distance) && distance > 0);
     const auto voice = Voice();
+    Require(std::isfinite(distance) && distance > 0);
     voice->SetDistances(distance, voice->MaxDistance());
 }
 
 void OpenAl3DBuffer::SetMaxDistance(float distance) {
-    Require(std::isfinite(distance) && distance > 0);
     const auto voice = Voice();
+    Require(std::isfinite(distance) && distance > 0);
     voice->SetDistances(voice->MinDistance(), distance);
 }
 
 void OpenAl3DBuffer::SetPosition(const Vector3& position) {
+    const auto voice = Voice();
     Require(Finite(position));
-    Voice()->SetPosition(position);
+    voice->SetPosition(position);
 }
 
 Vector3 OpenAl3DBuffer::GetPosition() { return Voice()->Position(); }
 
 void OpenAlListener::SetRolloffFactor(float factor) {
+    context_->AssertOwner();
     Require(factor >= 0 && factor <= kMostRolloff);
     context_->SetRolloff(factor);
 }
 
 void OpenAlListener::SetPosition(const Vector3& position) {
+    context_->AssertOwner();
     Require(Finite(position));
     const OpenAlCall call(*context_);
     alListener3f(AL_POSITION, position.X, position.Y, -position.Z);
@@ -58,6 +62,7 @@ void OpenAlListener::SetPosition(const Vector3& position) {
 }
 
 void OpenAlListener::SetOrientation(const Vector3& front, const Vector3& top) {
+    context_->AssertOwner();
     Require(IsDirection(front) && IsDirection(top));
     const std::array<ALfloat, 6> directions{front.X, front.Y, -front.Z, top.X, top.Y, -top.Z};
     const OpenAlCall call(*context_);

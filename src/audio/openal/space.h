@@ -9,7 +9,7 @@
 
 namespace marvolin {
 
-/// The 3D side of a voice in space. Once the voice is gone every call raises `kUninitialised`.
+/// The 3D side of a voice. After the voice is destroyed every call raises `kUninitialised`.
 class OpenAl3DBuffer final : public DirectSound3DBuffer {
 public:
     explicit OpenAl3DBuffer(std::weak_ptr<OpenAlVoice> voice) : voice_(std::move(voice)) {}
@@ -23,7 +23,7 @@ private:
     std::weak_ptr<OpenAlVoice> voice_;
 };
 
-/// The ear of a mixer.
+/// The listener of a mixer.
 class OpenAlListener final : public DirectSound3DListener {
 public:
     explicit OpenAlListener(std::shared_ptr<OpenAlContext> context) : context_(std::move(context)) {}

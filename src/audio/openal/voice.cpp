@@ -53,7 +53,7 @@ void OpenAlVoice::SetUpSources() {
             alSourcef(source, AL_REFERENCE_DISTANCE, minDistance_);
             alSourcef(source, AL_MAX_DISTANCE, maxDistance_);
         } else {
-            // Right beside the ear: one output takes all of the sound, the other none.
+            // Right at the ear: one output gets all of the sound, the other none.
             alSourcei(source, AL_SOURCE_RELATIVE, AL_TRUE);
             alSource3f(source, AL_POSITION, left ? -1.0F : 1.0F, 0, 0);
             alSourcef(source, AL_ROLLOFF_FACTOR, 0);
@@ -82,7 +82,7 @@ std::int32_t OpenAlVoice::SoundingFrame() const {
 
 void OpenAlVoice::StartAt(std::int32_t frame) {
     alSourcePlayv(static_cast<ALsizei>(Ears()), Sources().data());
-    // An offset that is set before the start makes OpenAL fade in and so takes the attack away.
+    // OpenAL fades in when the offset is set before the start, which would soften the attack.
     if (frame != 0)
         for (const ALuint source : Sources()) alSourcei(source, AL_SAMPLE_OFFSET, frame);
 }
@@ -97,8 +97,8 @@ void OpenAlVoice::SettleOnWholeFrame() {
     alGetSourcedSOFT(Sources()[0], AL_SAMPLE_OFFSET, &place);
     const double last = sample_->Bytes() / sample_->Format().BlockAlign - 1;
     if (place == std::floor(place) || last < 1) return;
-    // A jump would click. The other set fades in, since its offset is set before its start and is not 0, while this one
-    // fades out, both over the next period and in a straight line: the sum is as loud as either.
+    // A jump would click. The other set fades in, because its offset is set before its start and is not 0, and this one
+    // fades out: both in a straight line over the next period, so that their sum keeps its level.
     const auto frame = static_cast<ALint>(std::clamp(std::round(place), 1.0, last));
     for (const ALuint source : Sources()) alSourcef(source, AL_GAIN, 0);
     fadingSince_ = context_->Periods();
@@ -146,7 +146,7 @@ void OpenAlVoice::SetCursor(std::int32_t frame) {
     if (!playing_) {
         cursor_ = frame;
     } else if (fadingSince_) {
-        // The set that is about to fade in starts anew, so that what stands at `frame` has its attack.
+        // Start the set that is about to fade in again, so that the sound at `frame` keeps its attack.
         StopAll();
         StartAt(frame);
     } else {

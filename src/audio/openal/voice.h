@@ -13,9 +13,9 @@
 
 namespace marvolin {
 
-/// A sample as it sounds: without 3D two sources that stand at the left and at the right ear and move as one, with 3D
-/// one source in space. A second set of the same sources takes over where the sound has to move by a part of a frame
-/// without a click. The values handed in have been checked.
+/// A sounding sample: without 3D a pair of sources at the left and the right ear that are always called together, with
+/// 3D one source in space. A second set of the same sources takes over when the sound has to move by a part of a frame
+/// without a click. Arguments must have been checked.
 class OpenAlVoice final : public SampleUser {
 public:
     OpenAlVoice(std::shared_ptr<OpenAlContext> context, std::shared_ptr<SampleMemory> sample, bool spatial);
@@ -38,7 +38,7 @@ public:
     std::int32_t Pan() const { return pan_; }        ///< 1/100 dB, positive to the right
     std::int32_t Frequency() const { return hertz_; }
     void SetVolumeAndPan(std::int32_t volume, std::int32_t pan);
-    /// At the rate of both sample and output the sound goes on from a whole frame, and so without a loss of treble.
+    /// When sample and output have this rate, the sound goes on from a whole frame, which keeps its treble.
     void SetFrequency(std::int32_t hertz);
 
     const Vector3& Position() const { return position_; }
@@ -55,30 +55,30 @@ private:
     std::span<const ALuint> AllSources() const { return {sources_.data(), 2 * Ears()}; }
     /// The set that sounds.
     std::span<const ALuint> Sources() const { return AllSources().subspan(second_ ? Ears() : 0, Ears()); }
-    /// The set that is silent, or fading out.
+    /// The set that is silent or fading out.
     std::span<const ALuint> OtherSources() const { return AllSources().subspan(second_ ? 0 : Ears(), Ears()); }
     void SetUpSources();
 
-    // Rendering is held off while these are called.
+    // Call these while rendering is held off.
 
-    /// Notes that the sample has run out, if it has, and that a set has faded out.
+    /// Brings the state up to date: a sample that has run out, a set that has faded out.
     void CatchUp();
     std::int32_t SoundingFrame() const;
     void StartAt(std::int32_t frame);
     void StopAll();
     void SetGains(std::int32_t volume, std::int32_t pan);
-    /// Brings a sound that stands between two frames to the nearer one, over the next period.
+    /// Moves a sound that stands between two frames to the nearer one, over the next period.
     void SettleOnWholeFrame();
 
     std::shared_ptr<OpenAlContext> context_;
     std::shared_ptr<SampleMemory> sample_;
     bool spatial_;
     std::array<ALuint, 4> sources_{};
-    bool second_ = false;                            ///< whether the second set is the one that sounds
-    std::optional<std::uint64_t> fadingSince_ = {};  ///< period before which the other set began to fade out
+    bool second_ = false;                            ///< the second set is the one that sounds
+    std::optional<std::uint64_t> fadingSince_ = {};  ///< period in which the other set begins to fade out
     bool playing_ = false;
     bool looping_ = false;
-    std::int32_t cursor_ = 0;  ///< frame from which the next `Play` goes on, while silent
+    std::int32_t cursor_ = 0;  ///< while silent: frame at which the next `Play` begins
     std::int32_t volume_ = 0;
     std::int32_t pan_ = 0;
     std::int32_t hertz_ = 0;

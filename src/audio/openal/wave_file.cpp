@@ -21,7 +21,7 @@ constexpr int kMostChunks = 4096;
 constexpr std::uint16_t kPcm = 1;
 constexpr std::uint16_t kExtensible = 0xFFFE;
 
-/// A file descriptor that is closed unless it was handed on.
+/// A file descriptor that is closed unless it was released.
 class Descriptor {
 public:
     explicit Descriptor(int fd) : fd_(fd) {}
@@ -50,7 +50,7 @@ std::uint32_t Little(const std::uint8_t* bytes, int count) {
 
 [[noreturn]] void Refuse(std::uint32_t number) { throw SoundError(number); }
 
-/// The fields of the format chunk, when they are those of a wave that can be taken.
+/// The format chunk as a format, if it is an accepted one.
 std::optional<WaveFormat> Accepted(const std::array<std::uint8_t, 16>& fmt) {
     const std::uint32_t tag = Little(&fmt[0], 2);
     const std::uint32_t channels = Little(&fmt[2], 2);
@@ -71,8 +71,8 @@ std::optional<WaveFormat> Accepted(const std::array<std::uint8_t, 16>& fmt) {
     return format;
 }
 
-/// Walks the chunks up to the samples. The reading library takes a data chunk that promises more than the file holds
-/// for a shorter one and mends a wrong block size; the service does neither, so both are refused here.
+/// Walks the chunks up to the samples. The library accepts a data chunk that is longer than the file and corrects a
+/// wrong block size; the service accepts neither, so both are refused here.
 WaveFormat CheckChunks(int fd, std::int64_t size) {
     std::array<std::uint8_t, 12> riff{};
     if (!ReadAt(fd, 0, riff) || std::memcmp(&riff[0], "RIFF", 4) != 0 || std::memcmp(&riff[8], "WAVE", 4) != 0)
@@ -121,7 +121,7 @@ bool SameWave(const SF_INFO& info, const WaveFormat& format) {
 
 WaveFile::WaveFile(const std::string& path) {
     if (path.find('\0') != std::string::npos) Refuse(sound_error::kGeneric);
-    // A pipe must not hold up the opening.
+    // Without O_NONBLOCK, opening a pipe would wait.
     Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat status {};
     if (file.Get() < 0 || fstat(file.Get(), &status) != 0 || !S_ISREG(status.st_mode)) Refuse(sound_error::kGeneric);

@@ -14,19 +14,19 @@
 namespace marvolin {
 
 /// A WAV file open for one reading from its first frame to its last.
-/// Taken: RIFF/WAVE with a plain or an extensible header, PCM of 8, 16, 24 or 32 bits, one or two channels,
+/// Accepted: RIFF/WAVE with a plain or an extensible header, PCM of 8, 16, 24 or 32 bits, one or two channels,
 /// 100..1000000 Hz, at least one whole frame, and a data chunk that lies wholly in the file.
 class WaveFile {
 public:
-    /// `path` is taken as bytes. `SoundError` `kGeneric`: no regular file that can be read; `kBadFormat`: nothing of
-    /// the kind above; `kOutOfMemory`: more sample bytes than a position can count.
+    /// `path` is used as bytes. `SoundError` `kGeneric`: not a regular file, or not readable; `kBadFormat`: not
+    /// accepted; `kOutOfMemory`: more sample bytes than a position can count.
     explicit WaveFile(const std::string& path);
 
     const WaveFormat& Format() const { return format_; }
-    /// Bytes of the whole frames.
+    /// Bytes of all whole frames.
     std::int32_t Bytes() const { return bytes_; }
-    /// The next bytes as they stand in the file; `frames` is a whole number of frames.
-    /// `SoundError` `kGeneric` when the file ends before or cannot be read on.
+    /// Reads the next bytes unchanged; `frames` is a whole number of frames.
+    /// `SoundError` `kGeneric` when the file ends too early or cannot be read.
     void Read(std::span<std::uint8_t> frames);
 
 private:
