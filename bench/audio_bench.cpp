@@ -1,4 +1,4 @@
-// Reversal and outline of a long sample, on plain memory in the place of the audio service.
+// Reversal and outline of a long sample, with plain memory instead of the audio service.
 
 #include <benchmark/benchmark.h>
 
@@ -36,7 +36,7 @@ void PlainCopy(benchmark::State& state) {
 }
 BENCHMARK(PlainCopy)->Unit(benchmark::kMillisecond);
 
-// The whole of it: a copy out, the swaps, a copy in.
+// All of it: copy out, swaps, copy in.
 void Reverse(benchmark::State& state) {
     test::Instrument i;
     Fill(i, static_cast<std::int16_t>(state.range(0)), static_cast<std::int16_t>(state.range(1)));

@@ -1,9 +1,9 @@
 /// \file
-/// How late the ticks come and what the program costs while the window is shown: idle, with a knob dragged without
-/// pause, and where the steps of a Drum LoopTrack fall in the sound. Runs the instrument as the program does, but for
-/// the sound, which a thread fetches at the pace of a card. Prints figures; asserts nothing.
+/// How late the ticks come and how much CPU the program uses while the window is shown: idle, and with a knob dragged
+/// without pause; and where the steps of a Drum LoopTrack fall in the sound. Runs the instrument like the program,
+/// except for the sound, which a thread renders at the pace of a card. Prints figures; asserts nothing.
 ///
-/// The first argument is the number of seconds of each run, 30 when it is missing.
+/// The first argument is the number of seconds of each run, 30 by default.
 
 #include <sys/resource.h>
 
@@ -45,7 +45,7 @@ using Clock = std::chrono::steady_clock;
 
 namespace {
 
-/// Timers that note when the ticks of the 10 ms clock come.
+/// Timers that record when the ticks of the 10 ms clock come.
 class NotedTimers : public TimerFactory {
 public:
     std::vector<Clock::time_point> Ticks;
@@ -72,7 +72,7 @@ double CpuSeconds() {
     return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
-/// The card: fetches a period whenever its time has come, and keeps the sound.
+/// The card: renders a period whenever it is due, and keeps the sound on request.
 class Card {
 public:
     explicit Card(LoopbackRenderer& renderer) : thread_([this, &renderer] { Run(renderer); }) {}
@@ -109,7 +109,7 @@ double At(std::vector<double> values, double share) {
 void PrintLateness(const char* what, const std::vector<Clock::time_point>& ticks, double cpu, double seconds) {
     std::vector<double> late;
     double earliest = 1e9;
-    long long place = 0;  // on the grid; a tick that comes after a gap has left places out
+    long long place = 0;  // on the grid; a tick after a gap skips places
     for (std::size_t i = 0; i < ticks.size(); ++i) {
         const auto ms = [&](std::size_t from) {
             return std::chrono::duration<double, std::milli>(ticks[i] - ticks[from]).count();
@@ -183,64 +183,67 @@ void PrintOnsets(const std::vector<std::int16_t>& sound) {
     for (const auto& [ms, count] : histogram) std::printf("   %4d ms: %d\n", ms, count);
 }
 
-}  // namespace
+struct NoJoysticks : DirectInput {
+    std::vector<std::string> GetDIEnumDevices(std::int32_t, std::int32_t) override { return {}; }
+    std::unique_ptr<DirectInputDevice> CreateDevice(const std::string&) override { return nullptr; }
+};
 
-int main(int argc, char** argv) {
-    const double seconds = argc > 1 ? std::atof(argv[1]) : 30;
-    Application application(argc, argv);
-    QtDesktop desktop;
-    QtDisplay display;
-    QtWindows windows(display, desktop);
-    NotedTimers timers;
-    MersenneRandom chance;
-    NoScripts scripts;
-    SessionFileStore store;
-    LoopbackRenderer renderer;
-    Session s{Services{display,
-                       desktop,
-                       windows,
-                       chance,
-                       timers,
-                       scripts,
-                       store,
-                       [&] { return renderer.Root(); },
-                       [] { return std::unique_ptr<DirectInput>(); },
+/// The program with its window, its sound rendered by hand.
+struct Program {
+    QtDesktop Desktop;
+    QtDisplay Display;
+    QtWindows Windows{Display, Desktop};
+    NotedTimers Timers;
+    MersenneRandom Chance;
+    NoScripts Scripts;
+    SessionFileStore Store;
+    LoopbackRenderer Renderer;
+    Session s{Services{Display,
+                       Desktop,
+                       Windows,
+                       Chance,
+                       Timers,
+                       Scripts,
+                       Store,
+                       [this] { return Renderer.Root(); },
+                       [] { return std::make_unique<NoJoysticks>(); },
                        {}}};
-    s.World.CreateDirectInput = []() -> std::unique_ptr<DirectInput> {
-        struct None : DirectInput {
-            std::vector<std::string> GetDIEnumDevices(std::int32_t, std::int32_t) override { return {}; }
-            std::unique_ptr<DirectInputDevice> CreateDevice(const std::string&) override { return nullptr; }
-        };
-        return std::make_unique<None>();
-    };
-    windows.Attach(s, {[] {}, [&] { FormQueryUnload(s); }, {}, {}});
-    const StartUpHooks hooks{
-        nullptr, [](Session& session) { PadGeometryInit(session, TabMixPad::InnerWidth(), TabMixPad::InnerHeight()); }};
-    if (!RunMain(s, hooks)) return EXIT_FAILURE;
-    Card card(renderer);
 
-    RunFor(application, seconds, timers, "idle, nothing sounds", false, [](int) {});
+    /// True when it is running, its window shown.
+    bool Start() {
+        Windows.Attach(s, {[] {}, [this] { FormQueryUnload(s); }, {}, {}});
+        const StartUpHooks hooks{nullptr, [](Session& session) {
+                                     PadGeometryInit(session, TabMixPad::InnerWidth(), TabMixPad::InnerHeight());
+                                 }};
+        return RunMain(s, hooks);
+    }
+};
 
-    const std::string click = WriteClick();
+/// Four LoopTracks sound while a knob is dragged without pause.
+void MeasureKnob(Program& program, QApplication& application, double seconds, const std::string& click) {
     std::string folder;
     std::string name;
     SplitPath(click, folder, name);
     for (Row row = 0; row < kLoopTracks; ++row) {
-        LoopLoad(s, row, folder, name);
-        LoopPlay(s, row, true);
+        LoopLoad(program.s, row, folder, name);
+        LoopPlay(program.s, row, true);
     }
-    auto* knob = windows.Main()->findChild<KnobControl*>("VolKnob_0");
+    auto* knob = program.Windows.Main()->findChild<KnobControl*>("VolKnob_0");
     const auto mouse = [&](QEvent::Type type, QPointF at, Qt::MouseButton button, Qt::MouseButtons held) {
         QMouseEvent event(type, at, knob->mapToGlobal(at), button, held, {});
         QCoreApplication::sendEvent(knob, &event);
     };
     mouse(QEvent::MouseButtonPress, {20, 20}, Qt::LeftButton, Qt::LeftButton);
-    RunFor(application, seconds, timers, "four sound, a knob dragged", true, [&](int move) {
+    RunFor(application, seconds, program.Timers, "four sound, a knob dragged", true, [&](int move) {
         mouse(QEvent::MouseMove, {20.0 - move % 30, 20}, Qt::NoButton, Qt::LeftButton);
     });
     mouse(QEvent::MouseButtonRelease, {20, 20}, Qt::LeftButton, Qt::NoButton);
+    StopAll(program.s);
+}
 
-    StopAll(s);
+/// One Drum LoopTrack with steps of 250 ms.
+void MeasureDrum(Program& program, QApplication& application, double seconds, Card& card) {
+    Session& s = program.s;
     s.Set[0].Vol = kVolFull;
     s.Set[0].StepDuration = 25;
     s.Set[0].Swing = 0;
@@ -248,10 +251,24 @@ int main(int argc, char** argv) {
     LoopPlay(s, 0, true);
     card.Kept.reserve(static_cast<std::size_t>(2 * 44100 * (2 * seconds + 2)));
     card.Keeping = true;
-    RunFor(application, 2 * seconds, timers, "one Drum LoopTrack steps", false, [](int) {});
+    RunFor(application, 2 * seconds, program.Timers, "one Drum LoopTrack steps", false, [](int) {});
     card.Keeping = false;
     PrintOnsets(card.Kept);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const double seconds = argc > 1 ? std::atof(argv[1]) : 30;
+    Application application(argc, argv);
+    Program program;
+    if (!program.Start()) return EXIT_FAILURE;
+    Card card(program.Renderer);
+    const std::string click = WriteClick();
+    RunFor(application, seconds, program.Timers, "idle, nothing sounds", false, [](int) {});
+    MeasureKnob(program, application, seconds, click);
+    MeasureDrum(program, application, seconds, card);
     std::filesystem::remove(click);
-    windows.Main()->close();
+    program.Windows.Main()->close();
     return EXIT_SUCCESS;
 }

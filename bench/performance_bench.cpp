@@ -1,6 +1,6 @@
 /// \file
-/// What a move of the mix pad and a poll of the joystick cost: in a world that does nothing, and heard by the real
-/// audio service.
+/// The cost of a move of the mix pad and of a poll of the joystick: on fakes that do nothing, and on the real audio
+/// service.
 
 #include <benchmark/benchmark.h>
 
@@ -16,20 +16,20 @@
 namespace marvolin {
 namespace {
 
-/// A window that keeps no log of what the pad shows.
+/// A display that does not log what the pad shows.
 struct QuietDisplay : test::FakeDisplay {
     void ShowStatusText() override {}
     void ShowPadBall() override {}
 };
 
-/// A buffer that only takes its values.
+/// A buffer that only accepts its values.
 struct QuietBuffer : test::FakeSound::Buffer {
     using Buffer::Buffer;
     void SetVolume(std::int32_t hundredths) override { Volume = hundredths; }
     void SetFrequency(std::int32_t hertz) override { Frequency = hertz; }
 };
 
-/// A joystick that rests.
+/// A joystick at rest.
 struct QuietStick : test::FakeInputDevice {
     explicit QuietStick(test::FakeJoystick& stick) : FakeInputDevice(stick) {}
     void Poll() override {}
@@ -81,8 +81,8 @@ void PadDragWithFourLoopTracks(benchmark::State& state) {
 }
 BENCHMARK(PadDragWithFourLoopTracks);
 
-/// A pad drag at 125 moves a second and the sound between its moves; with `range(0)` 0 the sound alone. Four stereo
-/// LoopTracks sound, under the pad type `range(1)`. "core_percent" is the share of a core that drag and sound take.
+/// A pad drag at 125 moves a second and the sound between the moves; with `range(0)` 0 the sound alone. Four stereo
+/// LoopTracks play under the pad type `range(1)`. "core_percent" is the share of a core that drag and sound use.
 void HeardPadDrag(benchmark::State& state) {
     constexpr int kRate = 44100;
     constexpr int kMoves = 125;

@@ -1,6 +1,6 @@
 /// \file
-/// What saving and loading a large session, growing the clipboard and scanning a bin cost, beside the plain file
-/// operations.
+/// The cost of saving and loading a large session, of filling the clipboard and of scanning a bin, compared with the
+/// plain file operations.
 
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
@@ -67,7 +67,7 @@ void SaveLarge(benchmark::State& state) {
 }
 BENCHMARK(SaveLarge)->Unit(benchmark::kMillisecond);
 
-/// The same bytes in one write, with the same rename before it.
+/// The same bytes in one write, after the same rename.
 void WritePlainly(benchmark::State& state) {
     Large b;
     SaveSession(b.s, b.File, false, All());

@@ -11,7 +11,7 @@
 namespace marvolin {
 namespace {
 
-/// A buffer that plays for ever and does nothing.
+/// A buffer that plays forever and does nothing.
 class IdleBuffer : public DirectSoundBuffer {
 public:
     BufferCaps GetCaps() override { return {buffer_flags::kSample, 176400}; }
@@ -42,7 +42,7 @@ struct World {
     test::FakeStore Store;
     Session s{Services{Screen, Desk, Forms, Chance, Timers, Scripts, Store, nullptr, nullptr}};
 
-    /// Four rows that sound in `mode`, all selected, with steps of `stepDuration` hundredths.
+    /// Four rows playing in `mode`, all selected, with steps of `stepDuration` hundredths.
     World(std::int16_t mode, std::int32_t stepDuration) {
         s.DSReady = true;
         Chance.Rest = 0.5;

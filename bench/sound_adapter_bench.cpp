@@ -1,4 +1,4 @@
-/// What mixing, loading and duplicating cost at the real audio service, without an output.
+/// The cost of mixing, loading and duplicating with the real audio service, without an output.
 
 #include <benchmark/benchmark.h>
 #include <malloc.h>
@@ -47,7 +47,7 @@ struct Bed {
     std::unique_ptr<DirectSound> Device = Root->DirectSoundCreate("");
 };
 
-/// Four loops at a pitch of `range(0)` thousandths; "times_real" is seconds of sound for a second of one core.
+/// Four loops at a pitch of `range(0)` thousandths; "times_real" is seconds of sound per second of one core.
 void RenderFourLoops(benchmark::State& state) {
     Bed bed(4 * kRate * 2, static_cast<int>(state.range(1)), 16);
     std::vector<std::unique_ptr<DirectSoundBuffer>> loops;
@@ -63,7 +63,7 @@ void RenderFourLoops(benchmark::State& state) {
 }
 BENCHMARK(RenderFourLoops)->ArgNames({"pitch", "channels"})->Args({1370, 2})->Args({1370, 1})->Args({1000, 2});
 
-/// The measure of `Load100MB`: the same file into fresh memory.
+/// For comparison with `Load100MB`: the same file into fresh memory.
 void ReadPlainly100MB(benchmark::State& state) {
     const Bed bed(kLargeBytes, 2, 16);
     for (auto _ : state) {
@@ -108,7 +108,7 @@ double ResidentBytes() {
     return static_cast<double>(resident) * static_cast<double>(sysconf(_SC_PAGESIZE));
 }
 
-/// "times_file" is the memory that a loaded sample holds, as a multiple of its file.
+/// "times_file" is the memory of a loaded sample as a multiple of its file.
 void MemoryOfASample(benchmark::State& state) {
     Bed bed(kLargeBytes / 2, static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
     for (auto _ : state) {
@@ -126,7 +126,7 @@ BENCHMARK(MemoryOfASample)
     ->Iterations(1)
     ->Unit(benchmark::kMillisecond);
 
-/// "bytes" is what one more duplicate of 100 MB adds to the memory held.
+/// "bytes" is the memory that one more duplicate of 100 MB adds.
 void Duplicate100MB(benchmark::State& state) {
     Bed bed(kLargeBytes, 2, 16);
     auto buffer = bed.Load();

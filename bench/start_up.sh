@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# From the start of the process to the window shown with the demo sounding, on the stage: RUNS starts one after the other,
-# each with a fresh process; the first may find the disk's cache cold. Prints milliseconds; the sound is asked for every
-# 30 ms or so, thus that much late at most.
+# Measures the time from the start of the process until the window is shown and the demo sounds, on the stage: RUNS starts,
+# each a new process; the first may find the disk's cache cold. Prints milliseconds; the sound is checked every 30 ms or
+# so, which is the error of its figure.
 #
-#   bench/start_up.sh [BUILD] [RUNS]     a build's folder, build/release when it is missing; 10 runs
+#   bench/start_up.sh [BUILD] [RUNS]     default: build/release, 10 runs
 set -euo pipefail
 HERE=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
 BUILD=$(readlink -f "${1:-$HERE/../build/release}")
@@ -18,19 +18,19 @@ stage_install "$BUILD/marvolin/marvolin" "$play/marvolin"
 cp "$BUILD"/marvolin/*.wav "$BUILD/marvolin/startup.mvp" "$play/marvolin/"
 
 ms() { echo $((${EPOCHREALTIME/[.,]/} / 1000)); }
-# The window manager tells when it shows another window: "time windows" lines.
+# The window manager reports each new window: lines of "time windows".
 xprop -root -spy _NET_CLIENT_LIST | while read -r line; do echo "$(ms) $line"; done >"$play/windows" &
 STAGE_PIDS+=($!)
 
 heard() { [[ -n $("$LISTEN" sounding "$SOUND" "$BEGIN" 3600000) ]]; }
-# Sets SHOWN_AT once the window manager has told of the window behind START.
+# Sets SHOWN_AT once the window manager has reported the window after START.
 shown() {
   SHOWN_AT=$(awk -v start="$START" -v window="$(printf '0x%x' "$WINDOW")" '$1 >= start && index($0, window) { print $1; exit }' \
     "$play/windows")
   [[ -n $SHOWN_AT ]]
 }
 
-# What the card still held of the last run has been recorded.
+# True once the card has recorded the rest of the previous run.
 RECORDED=-1
 drained() {
   local before=$RECORDED

@@ -1,5 +1,5 @@
 /// \file
-/// Runs a fuzz target once over each file of the folders named, for compilers without a fuzzer.
+/// Runs a fuzz target once over each file of the given folders, for compilers without a fuzzer.
 
 #include <cstdint>
 #include <cstdio>
@@ -22,6 +22,6 @@ int main(int argc, char** argv) {
         }
     }
     std::printf("%d inputs\n", inputs);
-    // A corpus that is not there would pass unnoticed.
+    // A missing corpus would pass unnoticed.
     return inputs > 0 ? 0 : 1;
 }

@@ -19,7 +19,7 @@
 
 namespace {
 
-/// A folder of the process's own, gone at its end.
+/// A folder of this process, removed at its end.
 struct OwnFolder {
     std::filesystem::path Path;
     OwnFolder() {
@@ -35,7 +35,7 @@ struct OwnFolder {
     OwnFolder& operator=(const OwnFolder&) = delete;
 };
 
-/// A plain file in memory that holds the input, under a name of its own.
+/// A plain file in memory with the input, under a given name.
 class MemoryFile {
 public:
     MemoryFile(const std::uint8_t* data, std::size_t size, const std::string& name) : file_(::memfd_create("fuzz", 0)) {
@@ -70,7 +70,7 @@ void LoadAndPlay(const std::string& path) {
     marvolin::clsSwitchRecord switches;
     switches.SetSwitch(true);
     const bool loaded = marvolin::LoadSession(i.s, path, true, switches, true);
-    // A load that fails says so, and one that succeeds leaves an instrument that plays on.
+    // A load that fails shows a message; one that succeeds leaves a working instrument.
     if (!loaded && i.Desk.Boxes.empty()) std::abort();
     for (marvolin::Row row = 0; row < marvolin::kLoopTracks; ++row) {
         if (i.s.Set[row].NSteps < 0 || i.s.Set[row].NSteps >= marvolin::kPatternSteps) std::abort();

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// The file that is written anew for each input, gone at the end.
+/// The file that each input is written to, removed at the end.
 struct ShortcutFile {
     std::string Path;
     ShortcutFile() {

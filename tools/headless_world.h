@@ -1,7 +1,7 @@
 #pragma once
 /// \file
-/// A world without a screen, for programs beside the instrument that run a real session: nothing is shown, nobody is
-/// asked, time is handed in, and the sound is fetched by hand.
+/// A world without a screen, for tools that run a real session: nothing is shown, nobody is asked, time is passed in,
+/// and the sound is rendered by hand.
 
 #include <algorithm>
 #include <cstdint>
@@ -67,7 +67,7 @@ public:
     void ShowClips() override {}
 };
 
-/// Answers OK to every box and keeps its text: for a program without a player each of them is a failure.
+/// Answers OK to every box and keeps its text: without a player each box is a failure.
 class NoDesktop : public Desktop {
 public:
     explicit NoDesktop(std::string programFolder) : folder_(std::move(programFolder)) {}
@@ -113,7 +113,7 @@ public:
     void EnablePadBalls(bool) override {}
 };
 
-/// Always the same: what it makes can be made again.
+/// Always the same number, so that results can be reproduced.
 class NoChance : public Random {
 public:
     double Rnd() override { return 0.5; }
@@ -132,13 +132,13 @@ public:
     std::unique_ptr<DirectInputDevice> CreateDevice(const std::string&) override { return nullptr; }
 };
 
-/// Timers on a clock that is moved by hand.
+/// Timers on a clock that is advanced by hand.
 class HandTimers : public TimerFactory {
 public:
     std::unique_ptr<PeriodicTimer> Create(Tick tick) override {
         return std::make_unique<Timer>(*this, std::move(tick));
     }
-    /// One millisecond goes by: what falls due ticks.
+    /// Advances by one millisecond; timers that are due tick.
     void Pass() {
         const std::vector<Timer*> timers = live_;
         for (Timer* timer : timers) {
@@ -182,8 +182,8 @@ public:
     World(const World&) = delete;
     World& operator=(const World&) = delete;
 
-    /// Time goes by: the timers tick, and what the instrument sounds like meanwhile is put behind `sound`, left and
-    /// right in turn, 44100 frames in a second.
+    /// Advances the time: the timers tick, and the sound of that time is appended to `sound`, left and right
+    /// interleaved, 44100 frames a second.
     void Play(std::int32_t milliseconds, std::vector<std::int16_t>& sound) {
         for (std::int32_t i = 0; i < milliseconds; ++i) {
             Timers.Pass();

@@ -1,22 +1,22 @@
-# Packages of Debian and Ubuntu, and how to get them. To be sourced.
+# Lists of Debian packages, and how to install them. To be sourced.
 
-# What the program is built from.
+# Needed to build the program.
 packages_program=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libsdl2-dev libopenal-dev
   libsndfile1-dev liblnk-dev libx11-dev fonts-inter)
-# What a run on a machine without a display needs besides.
+# Needed in addition to run without a display.
 packages_stage=(xvfb openbox xdotool imagemagick x11-utils)
-# What the tests need besides.
+# Needed in addition by the tests.
 packages_tests=("${packages_stage[@]}" libgtest-dev libgmock-dev ccache alsa-utils)
 
 package_missing() {
   ! dpkg-query -W -f '${db:Status-Status}\n' "$1" 2>/dev/null | grep -qx installed
 }
 
-# install_packages NAME...: installs those that are missing, as root or through sudo. On a system without apt it
-# names them and ends.
+# install_packages NAME...: installs the missing ones, as root or through sudo. On a system without apt it prints the names
+# and exits.
 install_packages() {
   if ! command -v apt-get >/dev/null; then
-    echo "This system has no apt-get. Marvolin is built from what these Debian packages hold:" >&2
+    echo "This system has no apt-get. Marvolin needs what these Debian packages contain:" >&2
     echo "  $*" >&2
     exit 1
   fi
@@ -28,7 +28,7 @@ install_packages() {
   local as_root=()
   if [[ $(id -u) -ne 0 ]]; then
     if ! command -v sudo >/dev/null; then
-      echo "These packages are missing, and neither root nor sudo is at hand to install them:" >&2
+      echo "These packages are missing, and installing them needs root or sudo:" >&2
       echo "  ${missing[*]}" >&2
       exit 1
     fi

@@ -1,7 +1,7 @@
-# Hands, ears and eyes for a scenario on the stage. To be sourced by a scenario that was started with
+# Hands, ears and eyes for a scenario on the stage. To be sourced by a scenario that is started with
 #   SCENARIO PROGRAM TOOLS PRINT_PLACES FOLDER
-# It opens the stage, lays out the program in FOLDER/marvolin and starts it without the splash. Pictures, the sound and
-# the logs stay in FOLDER. A scenario may set STAGE_SIZE, and NOT_STARTED=1 to start the program (start) by itself.
+# It opens the stage, installs the program in FOLDER/marvolin, starts it and closes the splash. Pictures, the sound and the
+# logs stay in FOLDER. A scenario may set STAGE_SIZE, and NOT_STARTED=1 to start the program (start) itself.
 set -euo pipefail
 
 PROGRAM_FILE=$1
@@ -17,14 +17,14 @@ declare -A PLACE
 
 # --- hands ---
 
-# Reads where the controls stand; the window's layout is fixed.
+# Reads the positions of the controls; the window's layout is fixed.
 read_places() {
   local name rest
   while read -r name rest; do PLACE[$name]=$rest; done < <("$PRINT_PLACES" 2>/dev/null)
   [[ -n ${PLACE[Play_0]:-} ]]
 }
 
-# at NAME [X Y]: a place in the window "X Y" from one in the control, its middle if none is given.
+# at NAME [X Y]: prints the position in the window of a position in the control, by default its centre.
 at() {
   local x y w h
   read -r x y w h <<<"${PLACE[$1]:?no control $1}"
@@ -33,7 +33,7 @@ at() {
 
 pointer() { xdotool mousemove --window "$WINDOW" "$@"; }
 
-# Takes the pointer away from all controls.
+# Moves the pointer away from all controls.
 park() { pointer 300 718; }
 
 # click NAME [BUTTON [X Y]]
@@ -42,14 +42,14 @@ click() {
   xdotool mousemove --window "$WINDOW" $(at "$1" ${3:+"$3" "$4"}) click "${2:-1}"
 }
 
-# in_window WINDOW COMMAND...: what the hand does, in another window of the program; see print_places for the names there.
+# in_window WINDOW COMMAND...: runs a hand's command in another window of the program; print_places lists the names there.
 in_window() {
   local WINDOW=$1
   shift
   "$@"
 }
 
-# press NAME BUTTON, and release BUTTON where the pointer is.
+# press NAME BUTTON; release BUTTON, at the pointer's position.
 press() {
   # shellcheck disable=SC2046
   xdotool mousemove --window "$WINDOW" $(at "$1") mousedown "$2"
@@ -61,7 +61,7 @@ double_click() {
   xdotool mousemove --window "$WINDOW" $(at "$1") click --repeat 2 --delay 40 1
 }
 
-# drag NAME DX DY [BUTTON [X Y]]: presses, goes there in four moves, lets go.
+# drag NAME DX DY [BUTTON [X Y]]: presses, moves by DX DY in four steps, releases.
 drag() {
   local x y i moves=()
   read -r x y <<<"$(at "$1" ${5:+"$5" "$6"})"
@@ -69,7 +69,7 @@ drag() {
   xdotool mousemove --window "$WINDOW" "$x" "$y" mousedown "${4:-1}" "${moves[@]}" mouseup "${4:-1}"
 }
 
-# key LETTER [MODIFIER]: the modifier is held until the letter has been let go.
+# key LETTER [MODIFIER]: the modifier is held until the letter is released.
 key() {
   if [[ $# -eq 1 ]]; then
     xdotool key "$1"
@@ -78,7 +78,7 @@ key() {
   fi
 }
 
-# drop NAME FILE...: files from a file manager onto a control.
+# drop NAME FILE...: drops files from a file manager onto a control.
 drop() {
   local place
   read -ra place <<<"$(at "$1")"
@@ -90,38 +90,38 @@ drop() {
 
 now() { "$LISTEN" now "$SOUND"; }
 
-# wait_ms MS: until that much more sound has been recorded.
+# wait_ms MS: waits until that much more sound is recorded.
 wait_ms() {
   local begin
   begin=$(now)
   "$LISTEN" until "$SOUND" $((begin + $1)) $(($1 * 5 + 5000))
 }
 
-# loud FROM TO: the louder side's level.
+# loud FROM TO: prints the louder side's level.
 loud() {
   local left right
   read -r left right <<<"$("$LISTEN" level "$SOUND" "$1" "$2")"
   echo $((left > right ? left : right))
 }
 
-# The last 60 ms are heard; at least so much was recorded since FROM.
+# sounds_since FROM: at least 60 ms are recorded since FROM, and the last 60 ms are heard.
 sounds_since() {
   local end
   end=$(now)
   [[ $end -ge $(($1 + 60)) && $(loud $((end - 60)) "$end") -gt -5500 ]]
 }
 
-# Nothing at all in the last 300 ms, all of them since FROM.
+# silent_since FROM: at least 300 ms are recorded since FROM, and the last 300 ms are silent.
 silent_since() {
   local end
   end=$(now)
   [[ $end -ge $(($1 + 300)) && $(loud $((end - 300)) "$end") -le -9000 ]]
 }
 
-# from TO the stretch sounds without a gap (longer than 120 ms).
+# sounds_throughout FROM TO: sound without a gap longer than 120 ms.
 sounds_throughout() { [[ $("$LISTEN" sounding "$SOUND" "$1" "$2" | wc -l) -eq 1 && $(sounding_ms "$1" "$2") -ge $(($2 - $1 - 130)) ]]; }
 
-# How many ms of a stretch sound.
+# sounding_ms FROM TO: prints how many ms have sound.
 sounding_ms() {
   local from to sum=0
   while read -r from to; do sum=$((sum + to - from)); done < <("$LISTEN" sounding "$SOUND" "$1" "$2")
@@ -130,7 +130,7 @@ sounding_ms() {
 
 # --- eyes ---
 
-# face NAME: what a control looks like, as a signature. Take the pointer away first.
+# face NAME: prints a checksum of a control's picture. Move the pointer away first.
 face() {
   local x y w h
   read -r x y w h <<<"${PLACE[$1]}"
@@ -141,7 +141,7 @@ looks_unlike() { [[ $(face "$1") != "$2" ]]; }
 
 # --- judgement ---
 
-# expect WORDS COMMAND...: the command succeeds within five seconds.
+# expect WORDS COMMAND...: checks that the command succeeds within five seconds.
 expect() {
   local words=$1
   shift
@@ -154,7 +154,7 @@ expect() {
   fi
 }
 
-# between WORDS VALUE LOW HIGH
+# between WORDS VALUE LOW HIGH: checks that the value is in the range.
 between() {
   if [[ $2 -ge $3 && $2 -le $4 ]]; then
     echo "  ok    $1: $2"
@@ -166,18 +166,18 @@ between() {
 
 picture() { import -window "$WINDOW" "$FOLDER/$1.png"; }
 
-# Starts the program and takes the splash away.
+# Starts the program and closes the splash.
 start() {
   stage_start "$FOLDER/marvolin/$(basename "$PROGRAM_FILE")"
   stage_clear
 }
 
-# The program ends when its window is closed, and the whole recording stays in FOLDER.
+# Closes the program's window, checks that the program ends, and keeps the recording in FOLDER.
 finish() {
   if stage_quit; then
-    echo "  ok    the program ends with its window"
+    echo "  ok    the program ends when its window is closed"
   else
-    echo "  FAIL  the program ends with its window"
+    echo "  FAIL  the program ends when its window is closed"
     FAILURES=$((FAILURES + 1))
   fi
   stage_end_sound

@@ -1,4 +1,4 @@
-// Writes a second of a pure tone as a mono WAV file. Of whole Hz, it repeats without a seam.
+// Writes a second of a pure tone as a mono WAV file. A whole number of Hz makes it repeat without a seam.
 
 #include <cmath>
 #include <cstdint>
@@ -11,7 +11,7 @@
 namespace {
 
 constexpr std::uint32_t kRate = 44100;
-constexpr double kLoudest = 0.2 * 32767;  // four of them together still have room
+constexpr double kLoudest = 0.2 * 32767;  // four of them together do not clip
 
 void Put(std::string& bytes, std::uint32_t number, int count) {
     for (int i = 0; i < count; ++i) bytes += static_cast<char>((number >> (8 * i)) & 0xFF);

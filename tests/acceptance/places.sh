@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# What a set has beside its rows comes back with it: the places on the sound map with 3D sound, and the clips. LoopTracks
-# are dragged onto the clipboard, clips onto LoopTracks by either button and into the trash.
+# A session brings back more than its rows: the places on the sound map with 3D sound, and the clips. LoopTracks are
+# dragged onto the clipboard, clips onto LoopTracks with either button and into the trash.
 source "$(dirname "${BASH_SOURCE[0]}")/set_hands.sh"
 
 BALLS=(Map MapSize)
@@ -13,11 +13,11 @@ browser_tab() {
   in_window "$BROWSER" click browse/Sstab 1 $((width * (2 * $1 + 1) / 8)) 12
   xdotool mousemove --window "$BROWSER" 4 490
 }
-# Of the browser: face, looks_like and looks_unlike of a control there, named as "browse/...".
+# browser_looks COMMAND...: face, looks_like and looks_unlike for a control of the browser, named "browse/...".
 browser_looks() { in_window "$BROWSER" "$@"; }
 
-# ball_to BALL X Y: drags a LoopTrack's ball to a place of the map, from the place where it stands, in pixels from the
-# map's middle. A press takes hold of it by its middle.
+# ball_to BALL X Y: drags a LoopTrack's ball from its place to another, in pixels from the map's centre. A press holds it by
+# its centre.
 declare -A STANDS
 ball_to() {
   local x y i from moves=()
@@ -30,7 +30,7 @@ ball_to() {
   xdotool mousemove --window "$WINDOW" $((x + from[0])) $((y + from[1])) mousedown 1 "${moves[@]}" mouseup 1
   STANDS[$1]="$2 $3"
 }
-# side ROW: how much louder its left side is than its right one, in the first second that was heard.
+# side ROW: prints how much louder the left side is than the right one, in the first second that was heard.
 side() {
   local levels
   read -ra levels <<<"${HEARD[$1]}"
@@ -38,7 +38,7 @@ side() {
 }
 
 echo "Places on the map"
-expect "the browser stands beside the main window" find_browser
+expect "the browser is open beside the main window" find_browser
 destination 0 2
 begin=$(now)
 bin_click 0 1
@@ -77,18 +77,18 @@ expect "A is a clip" browser_looks looks_unlike browse/ClipBoardList "$none"
 one=$(browser_looks face browse/ClipBoardList)
 carry 1 "DropDown_1 60 4" browse/ClipBoardList
 xdotool mousemove --window "$BROWSER" 4 490
-expect "B is another" browser_looks looks_unlike browse/ClipBoardList "$one"
+expect "B is another clip" browser_looks looks_unlike browse/ClipBoardList "$one"
 stage_picture "$FOLDER/clips.png"
 remember "${ROWS[@]}"
 clips=$(browser_looks face browse/ClipBoardList)
 
-echo "It is saved"
+echo "Saving"
 save_as "places.mvn"
 stage_quit
 
-echo "It comes back"
+echo "Opening it again"
 start
-expect "the browser stands beside the main window" find_browser
+expect "the browser is open beside the main window" find_browser
 click Tab_1
 park
 expect "3D sound is off at the start" looks_like Map "$off"
@@ -107,31 +107,31 @@ bare=$(face SndDisp_3)
 wire=$(face ChannelFlag_3)
 begin=$(now)
 carry 1 "browse/ClipBoardList 30 14" SndDisp_3
-expect "a clip dragged by the left button plays" sounds_since "$begin"
+expect "a clip dragged with the left button plays" sounds_since "$begin"
 park
 expect "D has the sample" looks_unlike SndDisp_3 "$bare"
 expect "D has A's wire" looks_unlike ChannelFlag_3 "$wire"
 stop_all
 park
-expect "D stands where A stands" looks_unlike Map "${LOOK[Map]}"
+expect "D is where A is" looks_unlike Map "${LOOK[Map]}"
 listen_to_rows 3
 between "and is heard there, on the left" "$(side 3)" 300 9000
-# By the right button only what is ticked goes along: the wire alone.
+# The right button copies only what is ticked: the wire.
 for box in 0 1 2 3 4 5; do in_window "$BROWSER" click "browse/Components_$box" 1 12 12; done
 remember DropDown_1 SndDisp_1 VolKnob_1 ChannelFlag_1
 carry 3 "browse/ClipBoardList 30 14" SndDisp_1
 park
-expect "B takes the wire" looks_unlike ChannelFlag_1 "${LOOK[ChannelFlag_1]}"
-compare "B keeps the rest" DropDown_1 SndDisp_1 VolKnob_1
+expect "B gets the wire" looks_unlike ChannelFlag_1 "${LOOK[ChannelFlag_1]}"
+compare "B keeps everything else" DropDown_1 SndDisp_1 VolKnob_1
 stage_picture "$FOLDER/copied.png"
 carry 1 "browse/ClipBoardList 30 14" browse/Trash
 xdotool mousemove --window "$BROWSER" 4 490
-expect "a clip in the trash is gone" browser_looks looks_unlike browse/ClipBoardList "$clips"
+expect "a clip dropped on the trash is gone" browser_looks looks_unlike browse/ClipBoardList "$clips"
 expect "the other one stays" browser_looks looks_unlike browse/ClipBoardList "$none"
 in_window "$BROWSER" click browse/ClearClip
 expect "Clear all asks" stage_named "Clear?"
 xdotool windowactivate --sync "$NAMED" key Return
-expect "the question goes" stage_not_named "Clear?"
+expect "the question closes" stage_not_named "Clear?"
 xdotool mousemove --window "$BROWSER" 4 490
 expect "no clip is left" browser_looks looks_like browse/ClipBoardList "$none"
 finish

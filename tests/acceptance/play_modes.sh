@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# Three WAV files are dropped onto the rows A, B and C, then played, paused, resumed and stopped with the mouse and with
-# the keys in all four modes. Each start, pause and stop is heard in the captured sound and seen in the window.
+# Three WAV files are dropped onto the rows A, B and C, then played, paused, resumed and stopped with the mouse and the keys
+# in all four modes. Each start, pause and stop is checked in the captured sound and in the window.
 source "$(dirname "${BASH_SOURCE[0]}")/hands.sh"
 
 NOISE_MS=1408  # length of Noise.wav
 
-# mode_to ROW MODES: drags the mode picture up (or down, negative) by so many modes: 100 twips each.
+# mode_to ROW MODES: drags the mode picture up (negative: down) by this many modes, 100 twips each.
 mode_to() { drag "LoopIt_$1" 0 $((-7 * $2)); }
 
 echo "Loading"
@@ -24,7 +24,7 @@ expect "play all is heard" sounds_since "$begin"
 park
 expect "play all shows row A as playing" looks_unlike Play_0 "$stopped"
 playing=$(face Play_1)
-expect "play all leaves the empty row D alone" looks_like Play_3 "$empty"
+expect "play all does not change the empty row D" looks_like Play_3 "$empty"
 picture "all playing"
 begin=$(now)
 click PlayStop 1 23 36
@@ -32,7 +32,7 @@ expect "stop all is silent" silent_since "$begin"
 park
 expect "stop all shows row B as stopped" looks_like Play_1 "$stopped"
 
-# with_mouse MODE: row B by its button. The right button pauses while it is held.
+# with_mouse MODE: plays row B with its button. The right button pauses while it is held.
 with_mouse() {
   local begin from
   begin=$(now)
@@ -47,7 +47,7 @@ with_mouse() {
   picture "$1 paused"
   begin=$(now)
   release 3
-  expect "$1: letting it go resumes" sounds_since "$begin"
+  expect "$1: releasing it resumes" sounds_since "$begin"
   park
   expect "$1: a resumed row looks playing" looks_like Play_1 "$playing"
   picture "$1 playing"
@@ -62,7 +62,7 @@ with_mouse() {
   else
     begin=$(now)
     wait_ms $((NOISE_MS + 700))
-    expect "$1: it goes on beyond the end of the sample" sounds_throughout $((begin + 50)) "$(now)"
+    expect "$1: it goes on past the end of the sample" sounds_throughout $((begin + 50)) "$(now)"
   fi
   begin=$(now)
   click Play_1
@@ -71,7 +71,7 @@ with_mouse() {
   expect "$1: a stopped row looks stopped" looks_like Play_1 "$stopped"
 }
 
-# with_keys MODE: row B by its letter. A pause has no key, but the key resumes while the button is still held.
+# with_keys MODE: plays row B with its letter. There is no key to pause, but the key resumes while the button is held.
 with_keys() {
   local begin
   begin=$(now)
@@ -93,7 +93,7 @@ with_keys() {
   expect "$1: a row stopped by key looks stopped" looks_like Play_1 "$stopped"
 }
 
-# with_selection MODE: rows A and B by the selection row, whose button pauses what it plays.
+# with_selection MODE: plays rows A and B with the selection row, whose button pauses what it plays.
 with_selection() {
   local begin
   begin=$(now)
@@ -111,7 +111,7 @@ with_selection() {
   picture "$1 selection paused"
   begin=$(now)
   release 3
-  expect "$1: letting it go resumes them" sounds_since "$begin"
+  expect "$1: releasing it resumes them" sounds_since "$begin"
   park
   expect "$1: both look playing again" looks_like Play_1 "$playing"
   begin=$(now)
@@ -121,7 +121,7 @@ with_selection() {
   expect "$1: both look stopped" looks_like Play_0 "$stopped"
 }
 
-# All three rows together, by their letters and the buttons.
+# together MODE: plays all three rows with their letters.
 together() {
   local begin name row
   for row in 0 1 2; do

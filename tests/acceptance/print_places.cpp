@@ -1,7 +1,6 @@
-// Prints where each control of the main window stands, one a line: "name x y width height", in pixels from the
+// Prints the position of each control of the main window, one per line: "name x y width height", in pixels from the
 // window's inner corner; then those of the browser as "browse/name" and of the Save/Open dialogue as "save/name". The
-// window's layout is fixed, so these are the places in the running program too; the tab of a control must be open for
-// it to be there.
+// layout is fixed, so the positions hold in the running program too, while the tab of the control is open.
 
 #include <QApplication>
 #include <QStackedWidget>

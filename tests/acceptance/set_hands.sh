@@ -1,5 +1,5 @@
-# Hands for scenarios that build a set out of the browser's bins, save it and open it again. To be sourced instead of
-# hands.sh, and started like a scenario.
+# Hands for scenarios that build a session from the browser's bins, save it and open it again. To be sourced instead of
+# hands.sh.
 STAGE_SIZE=${STAGE_SIZE:-1920x1000}
 source "$(dirname "${BASH_SOURCE[0]}")/hands.sh"
 
@@ -15,12 +15,12 @@ find_browser() {
   BROWSER=$NAMED
 }
 ROW_HEIGHT=22
-# bin_row ROW: how far down in its list a sample is.
+# bin_row ROW: prints the vertical position of a sample in its list.
 bin_row() { echo $((ROW_HEIGHT * $1 + 12)); }
-# bin_click BIN ROW: a click on a sample of a bin.
+# bin_click BIN ROW: clicks a sample of a bin.
 bin_click() { in_window "$BROWSER" click "browse/PickFile_$1" 1 40 "$(bin_row "$2")"; }
 
-# destination BIN STEPS: opens the list of destinations and takes the one so many rows further down.
+# destination BIN STEPS: opens the list of destinations and chooses the one that many rows further down.
 destination() {
   local i keys=()
   for ((i = 0; i < $2; ++i)); do keys+=(Down); done
@@ -28,7 +28,7 @@ destination() {
   xdotool key "${keys[@]}" Return
 }
 
-# on_screen NAME [X Y]: a place in a control of the main window or of the browser, on the screen.
+# on_screen NAME [X Y]: prints the screen position of a position in a control of the main window or the browser.
 on_screen() {
   local corner place
   if [[ $1 == browse/* ]]; then
@@ -39,7 +39,7 @@ on_screen() {
   read -ra place <<<"$(at "$@")"
   echo $((corner[0] + place[0])) $((corner[1] + place[1]))
 }
-# carry BUTTON "FROM [X Y]" "TO [X Y]": drags from one control to another, in whichever windows they are.
+# carry BUTTON "FROM [X Y]" "TO [X Y]": drags from one control to another, also between windows.
 carry() {
   local from to i moves=()
   # shellcheck disable=SC2086
@@ -54,7 +54,7 @@ carry() {
 
 # --- the main window ---
 
-# mode_to ROW MODES: drags the mode picture up (or down, negative) by so many modes: 100 twips each.
+# mode_to ROW MODES: drags the mode picture up (negative: down) by this many modes, 100 twips each.
 mode_to() { drag "LoopIt_$1" 0 $((-7 * $2)); }
 stop_all() {
   local begin
@@ -63,10 +63,10 @@ stop_all() {
   expect "stop all is silent" silent_since "$begin"
 }
 
-# --- what a set looks and sounds like ---
+# --- how a session looks and sounds ---
 
 declare -A LOOK
-# remember NAME...: what these controls look like. Nothing plays meanwhile, as the time runs then.
+# remember NAME...: keeps the pictures of these controls. Nothing may play, because the play position is drawn.
 remember() {
   local name
   park
@@ -80,7 +80,7 @@ looks_the_same() {
   done
   [[ -z $differs ]]
 }
-# compare WORDS NAME...
+# compare WORDS NAME...: checks that these controls look as remembered.
 compare() {
   local words=$1
   shift
@@ -89,10 +89,10 @@ compare() {
   [[ -z $differs ]] || echo "        they differ:$differs"
 }
 
-# listen_to_rows ROW...: plays each alone and keeps in HEARD[row] the levels of the left and the right side, in the
+# listen_to_rows ROW...: plays each row alone and keeps in HEARD[row] the levels of the left and the right side in the
 # middle of each of the first four seconds.
 declare -A HEARD BEFORE
-LOWEST=-5000 # what is quieter counts as silence
+LOWEST=-5000 # quieter levels count as silence
 listen_to_rows() {
   local row begin second
   for row in "$@"; do
@@ -111,13 +111,13 @@ listen_to_rows() {
     echo "        LoopTrack $row:${HEARD[$row]}"
   done
 }
-# hear_before ROW...: what is compared with later.
+# hear_before ROW...: listens, for a later comparison.
 hear_before() {
   local row
   listen_to_rows "$@"
   for row in "$@"; do BEFORE[$row]=${HEARD[$row]}; done
 }
-# hear_the_same WORDS ROW...: it sounds as it did then.
+# hear_the_same WORDS ROW...: checks that each row sounds as before.
 hear_the_same() {
   local words=$1 row i now was off most
   shift
@@ -137,7 +137,7 @@ hear_the_same() {
 
 # --- files ---
 
-# The Save/Open dialogue, whatever file it speaks of: sets SAVE.
+# stage_save: true while the Save/Open dialogue is open, for any file. Sets SAVE.
 stage_save() {
   local window
   for window in $(stage_windows); do
@@ -148,23 +148,23 @@ stage_save() {
   done
   return 1
 }
-# file_dialogue BUTTON TITLE FILE: opens Save/Open and there the file dialogue, and types the name of a file.
+# file_dialogue BUTTON TITLE FILE: opens Save/Open, then its file dialogue, and types the name of a file.
 file_dialogue() {
   click SaveOpen
-  expect "Save/Open comes for $(basename "$3")" stage_save
+  expect "Save/Open opens for $(basename "$3")" stage_save
   in_window "$SAVE" click "save/$1"
-  expect "the file dialogue comes" stage_named "$2"
+  expect "the file dialogue opens" stage_named "$2"
   xdotool windowactivate --sync "$NAMED" type --delay 15 "$3"
   xdotool key Return
 }
-# save_as NAME: into the folder that the dialogue starts in.
+# save_as NAME: saves in the folder in which the dialogue starts.
 save_as() {
   file_dialogue SaveItAs "Save As" "$1"
   expect "$1 is a file" is_there "$HOME_FOLDER/$1"
-  expect "the file dialogue goes" stage_not_named "Save As"
+  expect "the file dialogue closes" stage_not_named "Save As"
 }
 
-# The open list of QuickLoad, beside the windows that were there before: sets LIST.
+# list_beside WINDOWS: true when there is a window that is not among WINDOWS, the open list of QuickLoad. Sets LIST.
 list_beside() {
   local window
   for window in $(stage_windows); do
@@ -175,7 +175,7 @@ list_beside() {
   done
   return 1
 }
-# quick_load BUTTON: opens the list with that button and clicks its second row, that of the only session.
+# quick_load BUTTON: opens the list with that button and clicks its second row, the only session.
 quick_load() {
   local windows height
   windows=" $(stage_windows | paste -sd ' ') "

@@ -1,15 +1,15 @@
 #!/usr/bin/env bash
-# A set is built by hand from the bins, saved as a session and as a package, and opened by a program started anew: through
-# QuickLoad by the left and by the right button, and out of another folder. It sounds and looks as before.
+# A session is built by hand from the bins, saved as a session and as a package, and opened after a new start: through
+# QuickLoad with the left and the right button, and from another folder. It sounds and looks as before.
 source "$(dirname "${BASH_SOURCE[0]}")/set_hands.sh"
 
 CONTROLS=(LoopIt_0 LoopIt_1 LoopIt_2 LoopIt_3 DropDown_0 DropDown_1 DropDown_2 DropDown_3 VolKnob_0 VolKnob_1 VolKnob_2
   VolKnob_3 PanKnob_0 PanKnob_1 PanKnob_2 PanKnob_3 HzKnob_0 HzKnob_1 HzKnob_2 HzKnob_3 ChannelFlag_0 ChannelFlag_1
   ChannelFlag_2 ChannelFlag_3 SndDisp_0 SndDisp_1 SndDisp_2 SndDisp_3)
-# What the pattern tab shows of the LoopTrack in front.
+# What the pattern tab shows of its LoopTrack.
 SEQUENCE=(PatternGraph_0 PatternGraph_1 PatternGraph_2 NSteps TimeDigit_0 TimeDigit_1 TimeDigit_2 LoopIt_5)
 
-# draw GRAPH HEIGHT...: one stroke for each of the four steps, in pixels from the top.
+# draw GRAPH HEIGHT...: draws each of the four steps at a height in pixels from the top.
 draw() {
   local graph=$1 step=0 width
   read -r _ _ width _ <<<"${PLACE[PatternGraph_$graph]}"
@@ -19,9 +19,9 @@ draw() {
     step=$((step + 1))
   done
 }
-# in_front ROW: the pattern tab shows that LoopTrack.
+# in_front ROW: lets the pattern tab show that LoopTrack.
 in_front() { click "Thumb_$1"; }
-# as_before WORDS: the whole set looks as it was built.
+# as_before WORDS: checks that the whole session looks as it was built.
 as_before() {
   in_front 3
   compare "$1, D in front" "${CONTROLS[@]}" "${SEQUENCE[@]}"
@@ -33,8 +33,8 @@ as_before() {
 }
 declare -A LOOK_OF_A LOOK_OF_D
 
-echo "A set is built"
-expect "the browser stands beside the main window" find_browser
+echo "Building a session"
+expect "the browser is open beside the main window" find_browser
 # Row 7 of the destinations: bins 1 to 3 feed A to C. The list opens at the row that is chosen, "Drg Drp".
 destination 0 2
 park
@@ -50,7 +50,7 @@ expect "the third bin feeds C" looks_unlike DropDown_2 "$empty"
 stop_all
 carry 1 "browse/PickFile_1 210 $(bin_row 4)" SndDisp_3
 park
-expect "a drag by the right margin loads D" looks_unlike DropDown_3 "$empty"
+expect "a drag from the right margin loads D" looks_unlike DropDown_3 "$empty"
 stage_picture "$FOLDER/built.png"
 stop_all
 # Track, One shot, Loop and Drum.
@@ -62,7 +62,7 @@ drag VolKnob_1 -12 0
 drag PanKnob_2 -10 0
 drag PanKnob_3 12 0
 drag HzKnob_0 6 0
-# The left third of a flag flips its left colour: two LoopTracks change their wires.
+# A click on the left third of a flag flips its left colour: two LoopTracks change their wires.
 read -r _ _ flag_width _ <<<"${PLACE[ChannelFlag_1]}"
 click ChannelFlag_1 1 $((flag_width / 6)) 16
 click ChannelFlag_2 1 $((flag_width / 6)) 16
@@ -73,7 +73,7 @@ done
 click Tab_2
 in_front 0
 remember "${SEQUENCE[@]}"
-# A step lasts as long as the sample; a digit turned down makes it one second (50 twips a unit).
+# A step is as long as the sample; lowering a digit makes it one second (50 twips per unit).
 drag TimeDigit_2 0 10
 draw 0 2 40 70 20
 draw 2 10 38 66 38
@@ -92,7 +92,7 @@ park
 for name in PatternGraph_1 TimeDigit_2; do
   expect "D: $name has changed" looks_unlike "$name" "${LOOK[$name]}"
 done
-# What is drawn while nothing plays is sent with the next stop.
+# The next stop sends the patterns that were drawn while nothing plays.
 begin=$(now)
 click PlayStop 1 23 8
 expect "all play" sounds_since "$begin"
@@ -101,12 +101,12 @@ remember "${CONTROLS[@]}" "${SEQUENCE[@]}"
 picture "before, D in front"
 hear_before 0 1 2 3
 
-echo "It is saved"
+echo "Saving"
 save_as "first set.mvn"
 mkdir "$FOLDER/moved"
 save_as "first pack.mvp"
 for sample in "Bass plucked D" "Beat 120 straight" "Chords electric piano" "Congas 120"; do
-  expect "the package holds $sample" is_there "$HOME_FOLDER/$sample.wav"
+  expect "the package contains $sample" is_there "$HOME_FOLDER/$sample.wav"
 done
 stage_quit
 mv "$HOME_FOLDER/first pack.mvp" "$HOME_FOLDER"/*.wav "$FOLDER/moved/"
@@ -127,7 +127,7 @@ echo "QuickLoad, right button"
 start
 park
 quick_load 3
-expect "Save/Open comes" stage_named "Save/Open-first set.mvn"
+expect "Save/Open opens" stage_named "Save/Open-first set.mvn"
 in_window "$NAMED" click save/Reload
 expect "the title names the session" title_is "marvolin-first set.mvn"
 stop_all
@@ -136,7 +136,7 @@ hear_the_same "right button" 0 1 2 3
 stage_quit
 
 echo "A package that was moved"
-# The samples that the set was made from are gone: the package has its own.
+# Without the samples that the session was made from: the package has its own.
 rm -r "$HOME_FOLDER/Samples"
 start
 park

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# LoopTracks are shaped while they sound: a drawn volume pattern is heard stepping, Drum restarts at each step, fades
-# start and stop, flags change their wire. Levels and times are taken from the captured sound.
+# LoopTracks are shaped while they sound: the steps of a drawn volume pattern are heard, Drum restarts at each step, fades
+# start and stop, flags change their wire. Levels and times are measured in the captured sound.
 source "$(dirname "${BASH_SOURCE[0]}")/hands.sh"
 
 park
@@ -18,11 +18,11 @@ average() {
 }
 
 echo "Track: a drawn volume pattern"
-# Tenths of a second down by nine: 1.41 s becomes 0.51 s (50 twips a unit).
+# Lowers the tenths of a second by nine: 1.41 s becomes 0.51 s (50 twips per unit).
 drag TimeDigit_1 0 30
 step_ms=510
 read -r _ _ graph_width graph_height <<<"${PLACE[PatternGraph_0]}"
-# Four steps; the first twentieth of the graph is the random column. One stroke per column, each at its height.
+# Four steps; the first twentieth of the graph is the random column. One click in each column, each at its height.
 heights=(0 38 20 58)
 levels=()
 empty_graph=$(face PatternGraph_0)
@@ -30,11 +30,11 @@ for step in 0 1 2 3; do
   x=$((graph_width / 20 + (graph_width - graph_width / 20) * (2 * step + 1) / 8))
   click PatternGraph_0 1 "$x" "${heights[step]}"
   value=$(((graph_height - heights[step]) * 500 / graph_height))
-  # 6 hundredths of a decibel for each unit that the value is short of 499.
+  # 6 hundredths of a decibel for each unit below 499.
   levels+=($((value >= 500 ? 0 : (value - 499) * 6)))
 done
 park
-expect "the drawn bars are seen" looks_unlike PatternGraph_0 "$empty_graph"
+expect "the drawn bars are visible" looks_unlike PatternGraph_0 "$empty_graph"
 picture "drawn pattern"
 
 begin=$(now)
@@ -43,7 +43,7 @@ expect "Loop plays the sample" sounds_since "$begin"
 begin=$(now)
 wait_ms 1000
 full=$(loud "$begin" $((begin + 1000)))
-echo "        the plain level is $full, the steps are to be lower by ${levels[*]}"
+echo "        the plain level is $full, the steps should be lower by ${levels[*]}"
 drag LoopIt_0 0 -7
 park
 expect "the step marker moves" looks_unlike StepReadOut "$(face StepReadOut)"
@@ -51,8 +51,8 @@ begin=$(now)
 wait_ms 5000
 "$LISTEN" levels "$SOUND" "$begin" $((begin + 5000)) 30 >"$FOLDER/steps.txt"
 
-# Which step each 30 ms belong to by their level, told where it changes: "step length". A change is believed when two in
-# a row tell it; what lies between two levels belongs to the step before.
+# Assigns each 30 ms to a step by level and prints "step length" for each run. A change counts when two in a row show it;
+# levels in between belong to the previous step.
 runs=$(awk -v full="$full" -v levels="${levels[*]}" '
   BEGIN { split(levels, level, " ") }
   {
@@ -73,22 +73,21 @@ order=$(cut -d ' ' -f 1 <<<"$runs" | tr -d '\n')
 echo "        steps heard: $order"
 between "number of steps heard" ${#order} 10 11
 expect "they come in the order of the pattern" eval '[[ 012301230123012 == *'"$order"'* ]]'
-# The first and the last are cut by the window of listening. A single step may come late on a busy machine, the clock
-# as a whole may not.
+# The first and the last step are cut off. A single step may be late on a busy machine, the average may not.
 mapfile -t lengths < <(sed '1d;$d' <<<"$runs" | cut -d ' ' -f 2)
 for length in "${lengths[@]}"; do
   between "ms of a step" "$length" $((step_ms - 100)) $((step_ms + 100))
 done
-between "ms of a step on the average" "$(average "${lengths[@]}")" $((step_ms - 15)) $((step_ms + 20))
+between "average ms of a step" "$(average "${lengths[@]}")" $((step_ms - 15)) $((step_ms + 20))
 begin=$(now)
 key a
 expect "the key stops the LoopTrack" silent_since "$begin"
 
-echo "Drum: the sample starts anew at each step"
+echo "Drum: the sample restarts at each step"
 click Thumb_1
 park
 picture "patterns of B"
-drag TimeDigit_1 0 20 # Rear_Left lasts 1.31 s; 6 tenths less are 0.71 s: its first word and a silence
+drag TimeDigit_1 0 20 # Rear_Left is 1.31 s long; lowered by 6 tenths it is 0.71 s: its first word and a silence
 drag LoopIt_1 0 -14
 park
 picture "Drum"
@@ -103,7 +102,7 @@ for ((i = 1; i < ${#starts[@]}; i++)); do
   distances+=($((starts[i] - starts[i - 1])))
   between "ms from start to start" "${distances[-1]}" 610 820
 done
-between "ms from start to start on the average" "$(average "${distances[@]}")" 695 735
+between "average ms from start to start" "$(average "${distances[@]}")" 695 735
 begin=$(now)
 key b
 expect "the key stops Drum" silent_since "$begin"
@@ -121,8 +120,8 @@ expect "a fade down ends in silence" silent_since $((begin + 1500))
 heard=$("$LISTEN" levels "$SOUND" "$begin" "$(now)" 10 | awk '$1 > -9000 { last = NR } END { print last * 10 }')
 between "ms from the key to the end of the fade" "$heard" 2400 2850
 falling=($(loud $((begin + 100)) $((begin + 400))) $(loud $((begin + 900)) $((begin + 1200))) $(loud $((begin + 1700)) $((begin + 2000))))
-between "level lost in the first part of the fade" $((falling[0] - falling[1])) 600 1300
-between "level lost in the second part" $((falling[1] - falling[2])) 600 1300
+between "loss of level in the first part of the fade" $((falling[0] - falling[1])) 600 1300
+between "loss of level in the second part" $((falling[1] - falling[2])) 600 1300
 expect "the faded LoopTrack has stopped" looks_unlike Play_2 "$playing"
 expect "its knob has turned" looks_unlike VolKnob_2 "$knob"
 picture "faded down"
@@ -130,15 +129,15 @@ begin=$(now)
 key c shift
 expect "a fade up starts the LoopTrack" sounds_since "$begin"
 expect "it looks playing" looks_like Play_2 "$playing"
-expect "its knob comes back to full" looks_like VolKnob_2 "$knob"
+expect "its knob returns to full" looks_like VolKnob_2 "$knob"
 wait_ms 400
 rising=($(loud $((begin + 500)) $((begin + 800))) $(loud $((begin + 1300)) $((begin + 1600))))
-between "level won by the fade" $((rising[1] - rising[0])) 600 1300
+between "gain of level by the fade" $((rising[1] - rising[0])) 600 1300
 end=$(now)
-between "level at the end against the plain level" $(($(loud $((end - 300)) "$end") - full)) -150 150
+between "level at the end compared with the plain level" $(($(loud $((end - 300)) "$end") - full)) -150 150
 
 echo "Wires"
-# The ball goes to the corner of the channel W; what hangs on the wire of the opposite channel is silent there.
+# The ball goes to the corner of channel W; a LoopTrack wired to the opposite channel is silent there.
 click Tab_0
 drag Pad -135 -135
 park
@@ -147,7 +146,7 @@ wire=$(face ChannelFlag_2)
 read -r _ _ flag_width _ <<<"${PLACE[ChannelFlag_2]}"
 begin=$(now)
 expect "the LoopTrack on the wire BW is silent" silent_since "$begin"
-expect "and plays on" looks_like Play_2 "$playing"
+expect "but still playing" looks_like Play_2 "$playing"
 begin=$(now)
 click ChannelFlag_2 1 $((flag_width / 6)) 16
 expect "a click on the left part switches it to the wire W: it is heard" sounds_since "$begin"
@@ -155,12 +154,12 @@ park
 expect "the flag shows it" looks_unlike ChannelFlag_2 "$wire"
 wait_ms 300
 end=$(now)
-between "level on the wire W against the plain level" $(($(loud $((end - 200)) "$end") - full)) -150 150
+between "level on the wire W compared with the plain level" $(($(loud $((end - 200)) "$end") - full)) -150 150
 begin=$(now)
 click ChannelFlag_2 1 $((flag_width / 6)) 16
 expect "another click switches it back: it is silent" silent_since "$begin"
 park
-expect "the flag is as it was" looks_like ChannelFlag_2 "$wire"
+expect "the flag looks as before" looks_like ChannelFlag_2 "$wire"
 begin=$(now)
 click ChannelFlag_2 3
 expect "a right click disconnects the wire: it is heard" sounds_since "$begin"
@@ -169,9 +168,9 @@ picture "disconnected"
 begin=$(now)
 click ChannelFlag_2 1 $((flag_width / 2)) 16
 click ChannelFlag_2 3
-expect "the middle does nothing, and a right click connects it again" silent_since "$begin"
+expect "a click in the middle does nothing, and a right click connects it again" silent_since "$begin"
 park
-expect "the flag is as it was at first" looks_like ChannelFlag_2 "$wire"
+expect "the flag looks as at first" looks_like ChannelFlag_2 "$wire"
 begin=$(now)
 click PlayStop 1 23 36
 expect "stop all shows it as stopped" looks_unlike Play_2 "$playing"

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# The performer's surfaces under four LoopTracks that sound: the ball of the mix pad cross-fades them, flags select them
-# by drags, the selection's knob carries the selected ones, the selector's buttons choose what is in control, double
-# clicks put the balls of pad and map on the centre.
-# Each LoopTrack plays a tone of its own, so that its level can be told from the captured sound.
+# The performance surfaces while four LoopTracks sound: the ball of the mix pad cross-fades them, drags over the flags
+# select them, the selection's knob moves the selected ones, the selector's buttons choose what is in control, double
+# clicks centre the balls of pad and map.
+# Each LoopTrack plays its own tone, so that its level can be measured in the captured sound.
 source "$(dirname "${BASH_SOURCE[0]}")/hands.sh"
 
 TONES=(400 700 1100 1700)
@@ -17,14 +17,14 @@ steady() {
     [[ $((LEVELS[i] - was[i])) -le 20 && $((was[i] - LEVELS[i])) -le 20 ]] || return 1
   done
 }
-# hear WHERE: sets LEVELS, one a LoopTrack, once they have stood still for a moment.
+# hear WHERE: waits until the levels are steady and sets LEVELS, one for each LoopTrack.
 hear() {
   LEVELS=()
-  expect "$1: the levels stand still" steady
+  expect "$1: the levels are steady" steady
   echo "        $1: ${LEVELS[*]}"
 }
 
-# level WORDS ROW LOSS [TOLERANCE]: the LoopTrack is quieter than at the centre by so much.
+# level WORDS ROW LOSS [TOLERANCE]: checks how much quieter the LoopTrack is than at the centre.
 level() { between "$1: loss of tone $2" $((PLAIN[$2] - LEVELS[$2])) $(($3 - ${4:-60})) $(($3 + ${4:-60})); }
 
 echo "Four tones"
@@ -43,10 +43,10 @@ picture "mix pad, centre"
 CENTRED=$(face Pad)
 
 echo "Mix pad"
-# The centre of the pad, and how far the ball is pulled: beyond the corners, where it stops.
+# The centre of the pad, and how far the ball is pulled: past the corners, where it stops.
 read -r CENTRE_X CENTRE_Y <<<"$(at Pad)"
 REACH=165
-# pull DX DY: the held ball goes there in moves from where it is.
+# pull DX DY: moves the held ball there in steps.
 BALL=(0 0)
 pull() {
   local i moves=()
@@ -57,8 +57,8 @@ pull() {
   xdotool "${moves[@]}"
   BALL=("$1" "$2")
 }
-# At a corner its own LoopTrack sounds plainly and that of the opposite corner not at all. Those beside it have lost
-# 500 * (0.7071 - 0.5) / 0.5 = 207 units of 6 hundredths of a decibel.
+# corner N: at a corner its own LoopTrack has its plain level and that of the opposite corner is silent. The other two are
+# 500 * (0.7071 - 0.5) / 0.5 = 207 units of 6 hundredths of a decibel lower.
 corner() {
   hear "corner $1"
   level "corner $1" "$1" 0
@@ -87,22 +87,22 @@ for place in 71 0 -71 -$REACH; do
   coming+=("${LEVELS[3]}")
   [[ $place -ne 0 ]] || for row in 0 1 2 3; do level "the middle of the diagonal" "$row" 0 180; done
 done
-# On the first half the far one comes, on the second the near one goes.
-between "tone 1 stays up to the middle" $((fading[0] - fading[1])) -60 60
+# In the first half the far one rises, in the second the near one falls.
+between "tone 1 keeps its level up to the middle" $((fading[0] - fading[1])) -60 60
 between "tone 3 is silent at first" "${coming[0]}" -10000 -8000
-between "tone 3 comes up to the middle" $((coming[2] - coming[1])) 1200 1800
-between "tone 3 is plain from the middle on" $((coming[3] - coming[2])) -100 100
-between "tone 1 goes from the middle on" $((fading[2] - fading[3])) 1200 1800
+between "tone 3 rises up to the middle" $((coming[2] - coming[1])) 1200 1800
+between "tone 3 has its plain level from the middle on" $((coming[3] - coming[2])) -100 100
+between "tone 1 falls from the middle on" $((fading[2] - fading[3])) 1200 1800
 between "and is silent at the far corner" "${fading[4]}" -10000 -8000
-# A press puts the pointer beside the middle of the ball, by 8 pixels.
+# A press puts the pointer 8 pixels beside the centre of the ball.
 pull 8 8
 release 1
 park
-hear "let go in the centre"
-for row in 0 1 2 3; do level "let go in the centre" "$row" 0; done
+hear "released in the centre"
+for row in 0 1 2 3; do level "released in the centre" "$row" 0; done
 
 echo "Double clicks on the ball of the pad"
-# twice NAME DX DY [BUTTON]: a double click so far from the middle of the control. Its first press puts the pointer
+# twice NAME DX DY [BUTTON]: double clicks at this distance from the centre of the control. The first press puts the pointer
 # elsewhere on the ball.
 twice() {
   local x y
@@ -110,7 +110,7 @@ twice() {
   xdotool mousemove --window "$WINDOW" $((x + $2)) $((y + $3)) click --repeat 2 --delay 40 "${4:-1}"
   park
 }
-# The ball has been let go about the centre; from there it is pulled into corner 0 and centred.
+# The ball is near the centre; from there it is pulled into corner 0 and centred.
 for button in 1 3; do
   press Pad 1
   pull -$REACH -$REACH
@@ -136,7 +136,7 @@ over() {
   drag "Selected_$1" 0 $((to[1] - from[1])) "$3"
   park
 }
-# flags ROW...: these are selected, the others are not.
+# flags ROW...: checks that these rows are selected and the others are not.
 flags() {
   local row
   for row in 0 1 2 3; do
@@ -170,7 +170,7 @@ for row in 1 3; do expect "knob $row stays" looks_like "VolKnob_$row" "${knobs[r
 hear "turned"
 gang=$((PLAIN[0] - LEVELS[0]))
 between "loss of tone 0" "$gang" 300 4000
-level "turned with tone 0" 2 "$gang"
+level "turned like tone 0" 2 "$gang"
 level "not selected" 1 0
 level "not selected" 3 0
 picture "selected rows turned down"
@@ -181,7 +181,7 @@ dim=$(face SelectorRadio_3)
 double_click SelectorRadio_3
 park
 expect "a double click on band 2 lights it" looks_unlike SelectorRadio_3 "$dim"
-expect "and takes the selection out of control" looks_unlike SelectorRadio_0 "$lit"
+expect "and removes the selection from control" looks_unlike SelectorRadio_0 "$lit"
 knobs=("$(face VolKnob_0)" "$(face VolKnob_2)")
 drag VolKnob_4 6 0
 park
@@ -193,12 +193,12 @@ expect "knob 2 stays" looks_like VolKnob_2 "${knobs[1]}"
 double_click SelectorRadio_0
 park
 expect "a double click on the selection puts it in control again" looks_like SelectorRadio_0 "$lit"
-expect "and takes band 2 out" looks_like SelectorRadio_3 "$dim"
+expect "and removes band 2" looks_like SelectorRadio_3 "$dim"
 drag VolKnob_4 -8 0
 park
 hear "the selection is in control"
 between "tone 0 follows again" $((PLAIN[0] - LEVELS[0] - gang)) 60 4000
-level "with tone 0" 2 $((PLAIN[0] - LEVELS[0]))
+level "like tone 0" 2 $((PLAIN[0] - LEVELS[0]))
 level "not selected" 1 0
 
 echo "3d map"
@@ -214,7 +214,7 @@ begin=$(now)
 expect "it sounds in 3D" sounds_since "$begin"
 
 echo "Double clicks on the balls of the map"
-# All balls are on the centre: that of the first LoopTrack on top, then the listener.
+# All balls are on the centre: the first LoopTrack's on top, then the listener's.
 for ball in 0 4; do
   [[ $ball == 0 ]] || click PosPop
   park
@@ -224,7 +224,7 @@ for ball in 0 4; do
   park
   expect "ball $ball is dragged" looks_unlike Map "$centred"
   picture "3d map, ball $ball dragged"
-  # A press puts the pointer beside the middle of the ball, by 8 pixels.
+  # A press puts the pointer 8 pixels beside the centre of the ball.
   twice Map 60 -60
   expect "a double click puts ball $ball on the centre" looks_like Map "$centred"
 done

@@ -19,13 +19,13 @@ namespace marvolin::test {
 /// Output is rounded to 16 bits with a dither of less than one step.
 inline constexpr int kStep = 2;
 
-/// What came out.
+/// Rendered sound.
 struct Heard {
     std::vector<int> Left;
     std::vector<int> Right;
 };
 
-/// The number with which an operation fails, 0 when it does not.
+/// The error number of a failing operation, 0 when it succeeds.
 template <typename Operation>
 std::uint32_t NumberOf(Operation operation) {
     try {
@@ -54,7 +54,7 @@ protected:
         const std::string path = folder_.Write("sample" + std::to_string(files_++) + ".wav", WaveBytes(wave));
         return device_->CreateSoundBufferFromFile(path, flags);
     }
-    /// A sample of 16 bits; the numbers of the frames are interleaved when it has two channels.
+    /// A sample of 16 bits; two channels are interleaved.
     std::unique_ptr<DirectSoundBuffer> Load(const std::vector<std::int32_t>& numbers, int channels,
                                             std::int32_t flags = buffer_flags::kSample, std::uint32_t rate = 44100) {
         Wave wave;
@@ -63,19 +63,19 @@ protected:
         wave.Data = Pcm(numbers, 16);
         return Load(wave, flags);
     }
-    /// Stereo, both channels at constant levels.
+    /// A stereo sample, each channel at a constant level.
     std::unique_ptr<DirectSoundBuffer> LoadLevels(int left, int right, int frames = 4410) {
         std::vector<std::int32_t> numbers;
         for (int i = 0; i < frames; ++i) numbers.insert(numbers.end(), {left, right});
         return Load(numbers, 2);
     }
-    /// Mono, frame i at level 10 * i.
+    /// A mono sample, frame i at level 10 * i.
     std::unique_ptr<DirectSoundBuffer> LoadRamp(int frames = 3000) {
         std::vector<std::int32_t> numbers;
         for (int i = 0; i < frames; ++i) numbers.push_back(10 * i);
         return Load(numbers, 1);
     }
-    /// Expects that frame `at` of the output and those behind sound frame `from` of the ramp and those behind.
+    /// Expects `count` frames of the ramp, beginning with its frame `from`, at frame `at` of the output.
     void ExpectRamp(const Heard& heard, int at, int count, int from) {
         for (int i = 0; i < count; ++i) {
             const auto n = static_cast<std::size_t>(at + i);

@@ -171,7 +171,7 @@ TEST_F(SoundAdapterDevice, TheOutputsThreadMovesTheCursorWhileCallsPourIn) {
         listener->SetRolloffFactor(static_cast<float>(i % 10));
         EXPECT_EQ(first->GetStatus(), 5);
     }
-    // The thread of the output comes round every few milliseconds; its coming is what is waited for.
+    // The output's thread renders every few milliseconds; wait until it has.
     first->SetCurrentPosition(0);
     std::int32_t cursor = 0;
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);

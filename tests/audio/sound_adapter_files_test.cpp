@@ -1,4 +1,4 @@
-/// Which files are taken, and what becomes of the others.
+/// Which files are accepted, and how the others are refused.
 
 #include <sys/stat.h>
 
@@ -21,7 +21,7 @@ protected:
     }
 };
 
-TEST_F(SoundAdapterFiles, EveryWidthAndChannelCountIsReadProperly) {
+TEST_F(SoundAdapterFiles, EveryWidthAndChannelCountIsReadCorrectly) {
     for (const bool extensible : {false, true})
         for (const int bits : {8, 16, 24, 32})
             for (const int channels : {1, 2}) {
@@ -35,7 +35,7 @@ TEST_F(SoundAdapterFiles, EveryWidthAndChannelCountIsReadProperly) {
                 std::vector<int> expected;
                 for (int i = 0; i < 600; ++i) {
                     const int value = (i * 37) % 200 - 100;
-                    // The low bits tell a wide number from a narrow one.
+                    // The low bits distinguish a wide number from a narrow one.
                     const std::int64_t fine = bits == 8 ? 0 : (i * 11) % 256 * (unit / 256);
                     numbers.push_back(static_cast<std::int32_t>(value * unit + fine));
                     expected.push_back(value * 256 + (bits == 8 ? 0 : (i * 11) % 256));
@@ -108,7 +108,7 @@ TEST_F(SoundAdapterFiles, OneFrameIsEnough) {
     EXPECT_NEAR(heard.Right[200], -12000, kStep);
 }
 
-TEST_F(SoundAdapterFiles, WhatIsNoPlainPcmIsABadFormat) {
+TEST_F(SoundAdapterFiles, AnythingButPlainPcmIsABadFormat) {
     const std::vector<std::pair<std::string, void (*)(Wave&)>> cases{
         {"float", [](Wave& w) { w.Tag = 3, w.Bits = 32; }},
         {"float, extensible", [](Wave& w) { w.Tag = 3, w.Bits = 32, w.Extensible = true; }},
@@ -155,7 +155,7 @@ TEST_F(SoundAdapterFiles, AFileCutShortAnywhereIsABadFormat) {
     }
 }
 
-TEST_F(SoundAdapterFiles, ASpoiledByteNeverHurts) {
+TEST_F(SoundAdapterFiles, ADamagedByteIsReadOrRefusedWithoutHarm) {
     const Bytes whole = WaveBytes(Good());
     for (std::size_t at = 0; at < 44; ++at)
         for (const int value : {0x00, 0x01, 0x7F, 0x80, 0xFF}) {
@@ -187,7 +187,7 @@ TEST_F(SoundAdapterFiles, WhatCannotBeReadIsAGenericFailure) {
     EXPECT_EQ(Refusal(good + std::string("\0.wav", 5)), sound_error::kGeneric);
 }
 
-TEST_F(SoundAdapterFiles, APipeDoesNotHoldUpTheLoad) {
+TEST_F(SoundAdapterFiles, APipeDoesNotBlockTheLoad) {
     const std::string path = folder_.Path("pipe.wav");
     ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
     EXPECT_EQ(Refusal(path), sound_error::kGeneric);
@@ -196,7 +196,7 @@ TEST_F(SoundAdapterFiles, APipeDoesNotHoldUpTheLoad) {
 TEST_F(SoundAdapterFiles, AFileWithoutPermissionIsAGenericFailure) {
     const std::string path = folder_.Write("closed.wav", WaveBytes(Good()));
     ASSERT_EQ(chmod(path.c_str(), 0), 0);
-    // The administrator may read what nobody may.
+    // Root can read files without permission.
     EXPECT_EQ(Refusal(path), geteuid() == 0 ? 0U : sound_error::kGeneric);
 }
 
@@ -208,11 +208,11 @@ TEST_F(SoundAdapterFiles, NamesAreBytes) {
     }
 }
 
-TEST_F(SoundAdapterFiles, ALongEveningOfLoadsUsesNothingUp) {
+TEST_F(SoundAdapterFiles, ManyLoadsUseNothingUp) {
     const std::string path = folder_.Write("good.wav", WaveBytes(Good()));
     const std::string bad = folder_.Write("bad.wav", Bytes(100, 1));
     std::unique_ptr<DirectSoundBuffer> kept = device_->CreateSoundBufferFromFile(path, buffer_flags::kSample);
-    // Far more than the mixer has voices; each load takes the place of a sample that sounds.
+    // Far more loads than the mixer has sources; each replaces a sounding sample.
     for (int load = 0; load < 1000; ++load) {
         auto next = load % 3 == 0 ? device_->DuplicateSoundBuffer(*kept)
                                   : device_->CreateSoundBufferFromFile(
@@ -225,7 +225,7 @@ TEST_F(SoundAdapterFiles, ALongEveningOfLoadsUsesNothingUp) {
     EXPECT_NE(kept->GetStatus(), 0);
 }
 
-TEST_F(SoundAdapterFiles, TheFileMayGoOnceItIsLoaded) {
+TEST_F(SoundAdapterFiles, TheFileMayBeDeletedOnceItIsLoaded) {
     const std::string path = folder_.Write("gone.wav", WaveBytes(Good()));
     auto buffer = device_->CreateSoundBufferFromFile(path, buffer_flags::kSample);
     std::filesystem::remove(path);

@@ -10,11 +10,11 @@ namespace {
 
 class SoundAdapterOwnerDeathTest : public LoopbackRig {
 protected:
-    // The process that is to end starts anew: OpenAL keeps a thread of its own, which a fork would lose.
+    // Starts a new process instead of forking: OpenAL has a thread of its own, which a fork would lose.
     SoundAdapterOwnerDeathTest() { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
 };
 
-/// Runs `call` on another thread and ends it; a refusal is none of the test's business.
+/// Runs `call` on another thread and waits for its end. Errors are ignored.
 void OnAnotherThread(const std::function<void()>& call) {
     std::thread([&] { NumberOf(call); }).join();
 }
@@ -26,7 +26,7 @@ TEST_F(SoundAdapterOwnerDeathTest, ADebugBuildStopsWhenAnotherThreadCalls) {
     auto buffer = LoadRamp();
     auto spatial = Load(std::vector<std::int32_t>(100, 1), 1, buffer_flags::kSample3D);
     auto place = spatial->GetDirectSound3dBuffer();
-    // One call of each object, and one that would be refused: who calls is asked before what is asked for.
+    // Calls of each object, some with arguments that would be refused: the caller is checked before the arguments.
     const std::function<void()> calls[] = {[&] { root_->GetDSEnum(); },        [&] { OpenAlSoundLoad(*root_); },
                                            [&] { drivers->GetCount(); },       [&] { device_->SetSpeakerConfig(3); },
                                            [&] { primary->Stop(); },           [&] { primary->SetVolume(0); },
@@ -41,7 +41,7 @@ TEST_F(SoundAdapterOwnerDeathTest, TheOwnersCallsGoThrough) {
     std::vector<std::int16_t> out(512);
     std::thread([&] { renderer_.Render(out.data(), 256); }).join();
     EXPECT_EQ(buffer->GetStatus(), 5);
-    EXPECT_NEAR(out[200], 10 * 100, kStep) << "rendering is for any thread";
+    EXPECT_NEAR(out[200], 10 * 100, kStep) << "any thread may render";
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-/// What is heard of sounds in space.
+/// Sounds in space, as heard.
 
 #include <algorithm>
 #include <limits>
@@ -20,7 +20,7 @@ protected:
         place_->SetMaxDistance(4);
         buffer_->Play(1);
     }
-    /// Mean level of both sides once the place is reached.
+    /// Mean level of both sides once the sound has settled at its place.
     std::pair<double, double> Levels() {
         Render(2048);
         const Heard heard = Render(1024);
@@ -75,7 +75,7 @@ TEST_F(SoundAdapterSpace, DistanceSoftensInverselyBetweenTheNearAndTheFarLimit) 
     EXPECT_NEAR(LeftAt(-40, 0), full / 4, 10);
 }
 
-TEST_F(SoundAdapterSpace, TheRollOffReachesSoundsThatAreThereAndThoseToCome) {
+TEST_F(SoundAdapterSpace, TheRollOffReachesPresentAndLaterSounds) {
     const double full = LeftAt(-1, 0);
     listener_->SetRolloffFactor(0);
     EXPECT_NEAR(LeftAt(-3, 0), full, 10);
@@ -97,14 +97,14 @@ TEST_F(SoundAdapterSpace, TheListenerMovesAndTurns) {
     EXPECT_NEAR(Levels().first, kLevel, 20);
     listener_->SetPosition({-1, 0, 0});
     EXPECT_NEAR(Levels().second, kLevel, 20);
-    // Looking to the right, what lies to the right is ahead, and what lies ahead is at the left.
+    // For a listener turned to the right, the right is ahead, and what was ahead is on the left.
     listener_->SetPosition({0, 0, 0});
     listener_->SetOrientation({1, 0, 0}, {0, 1, 0});
     place_->SetPosition({0, 0, 1});
     auto [left, right] = Levels();
     EXPECT_NEAR(left, kLevel, 20);
     EXPECT_NEAR(right, 0, 20);
-    // Turned round, left and right have changed places.
+    // For a listener turned round, left and right are exchanged.
     listener_->SetOrientation({0, 0, -1}, {0, 1, 0});
     place_->SetPosition({1, 0, 0});
     std::tie(left, right) = Levels();
@@ -112,7 +112,7 @@ TEST_F(SoundAdapterSpace, TheListenerMovesAndTurns) {
     EXPECT_NEAR(right, 0, 20);
 }
 
-TEST_F(SoundAdapterSpace, PlacesThatAreNoneAreInvalidArguments) {
+TEST_F(SoundAdapterSpace, PlacesThatAreNoNumbersAreInvalidArguments) {
     const float nan = std::numeric_limits<float>::quiet_NaN();
     const float infinite = std::numeric_limits<float>::infinity();
     const auto invalid = sound_error::kInvalidArgument;
@@ -173,7 +173,7 @@ TEST_F(SoundAdapterSpace, ADuplicateStartsAtThePlaceOfItsSource) {
     EXPECT_NEAR(Levels().first, kLevel, 20);
 }
 
-TEST_F(SoundAdapterSpace, TheSpatialSideOfABufferThatIsGoneIsUninitialised) {
+TEST_F(SoundAdapterSpace, TheSpatialSideOfAReleasedBufferIsUninitialised) {
     buffer_.reset();
     EXPECT_EQ(NumberOf([&] { place_->SetPosition({0, 0, 0}); }), sound_error::kUninitialised);
     EXPECT_EQ(NumberOf([&] { place_->SetMinDistance(1); }), sound_error::kUninitialised);

@@ -1,4 +1,4 @@
-/// What is left of the treble, and that a return to the sample's own rate neither dulls it nor clicks.
+/// The treble: a return to the sample's own rate neither dulls the sound nor clicks.
 
 #include <algorithm>
 #include <numbers>
@@ -14,7 +14,7 @@ constexpr int kPeriod = 256;
 
 class SoundAdapterTreble : public LoopbackRig {
 protected:
-    /// Stereo noise, the two channels different.
+    /// Stereo noise, different in the two channels.
     std::unique_ptr<DirectSoundBuffer> LoadNoise(int frames = 5000) {
         noise_.clear();
         std::uint32_t state = 1;
@@ -24,7 +24,7 @@ protected:
         }
         return Load(noise_, 2);
     }
-    /// Expects that the noise is heard number by number, on both sides, from frame `from` on and round its loop.
+    /// Expects that the noise is heard number by number, on both sides, from frame `from` on and across its loop point.
     void ExpectNoise(const Heard& heard, int from) {
         const std::size_t frames = noise_.size() / 2;
         for (std::size_t i = 0; i < heard.Left.size(); ++i) {
@@ -34,7 +34,7 @@ protected:
         }
     }
     static int CursorOf(DirectSoundBuffer& buffer) { return buffer.GetCurrentPosition() / 4; }
-    /// Leaves the sound between two frames, at the rate of the detour.
+    /// Leaves the sound between two frames, at the detour's rate.
     void WanderOff(DirectSoundBuffer& buffer, int frames = 1000) {
         buffer.SetFrequency(kDetour);
         Render(frames);
@@ -43,7 +43,7 @@ protected:
     std::vector<std::int32_t> noise_;
 };
 
-/// A tone that fits into a second.
+/// A tone with a whole number of periods in a second.
 std::vector<std::int32_t> Tone(int hertz) {
     std::vector<std::int32_t> numbers;
     for (int i = 0; i < kOwnRate; ++i)
@@ -52,7 +52,7 @@ std::vector<std::int32_t> Tone(int hertz) {
     return numbers;
 }
 
-/// Level of a frequency in what was heard, dB against the level of `Tone`.
+/// Level of a frequency in the heard sound, in dB relative to `Tone`.
 double LevelOf(const std::vector<int>& samples, double hertz) {
     double real = 0;
     double imaginary = 0;
@@ -67,7 +67,7 @@ double LevelOf(const std::vector<int>& samples, double hertz) {
     return 20 * std::log10(4 * std::hypot(real, imaginary) / count / 16000);
 }
 
-/// The sharpest bend in what was heard: a step of n is a bend of about n.
+/// The sharpest bend in the heard sound: a step of n is a bend of about n.
 int SharpestBend(const std::vector<int>& samples) {
     int bend = 0;
     for (std::size_t i = 2; i < samples.size(); ++i)
@@ -121,7 +121,7 @@ TEST_F(SoundAdapterTreble, BetweenTheFramesOnlyTheTopOctavesEndIsSofter) {
     for (const int hertz : {100, 1000, 5000, 10000, 15000}) {
         SCOPED_TRACE(hertz);
         auto buffer = Load(Tone(hertz), 1);
-        buffer->SetFrequency(kOwnRate + 11);  // a step of OpenAL's beside the own rate
+        buffer->SetFrequency(kOwnRate + 11);  // one step of OpenAL away from the own rate
         buffer->Play(1);
         Render(kPeriod);
         EXPECT_NEAR(LevelOf(Render(8192).Left, hertz * 4097.0 / 4096), 0, 0.2);
@@ -212,7 +212,7 @@ TEST_F(SoundAdapterTreble, AWriteTogetherWithTheReturnGoesOnFromThere) {
     ExpectNoise(Render(600), later);
 }
 
-TEST_F(SoundAdapterTreble, ABufferThatGoesDuringTheReturnIsSilent) {
+TEST_F(SoundAdapterTreble, ABufferReleasedDuringTheReturnIsSilent) {
     auto buffer = LoadNoise();
     buffer->Play(1);
     WanderOff(*buffer);
@@ -235,7 +235,7 @@ TEST_F(SoundAdapterTreble, TheShortestLoopsReturnToo) {
         }
         EXPECT_EQ(buffer->GetStatus(), 5);
     }
-    // Within a single frame there is nowhere to go, and no treble.
+    // A single frame has no other place to settle, and no treble.
     auto buffer = LoadNoise(1);
     buffer->Play(1);
     WanderOff(*buffer, 17);

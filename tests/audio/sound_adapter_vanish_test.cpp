@@ -1,4 +1,4 @@
-/// A device that is pulled out while it sounds.
+/// A device that is unplugged while it sounds.
 
 #include "audio/loopback_rig.h"
 #include "audio/vanishing_output.h"
@@ -14,7 +14,7 @@ std::string WriteTone(const SampleFolder& folder) {
                         WaveBytes({.Channels = 1, .Data = Pcm(std::vector<std::int32_t>(11025, 3000), 16)}));
 }
 
-/// Whether the sound of the mono buffer gets on by some periods, heard or not.
+/// True when the mono buffer plays on for some periods, heard or not.
 bool GetsOn(DirectSoundBuffer& buffer) {
     buffer.SetCurrentPosition(0);
     return Eventually([&] { return buffer.GetCurrentPosition() > 16 * kPeriodBytes; });
@@ -46,7 +46,7 @@ TEST(SoundAdapterVanish, ASampleSoundsOnUnheardAndEveryCallIsTaken) {
         auto second = device->DuplicateSoundBuffer(*buffer);
         second->Play(0);
         EXPECT_EQ(second->GetStatus(), 1);
-        EXPECT_TRUE(Eventually([&] { return second->GetStatus() == 0; })) << "a one shot has no end";
+        EXPECT_TRUE(Eventually([&] { return second->GetStatus() == 0; })) << "the one shot does not end";
         buffer->Stop();
         EXPECT_EQ(buffer->GetStatus(), 0);
         Bytes bytes(4, 1);

@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// An output device that can be pulled out, as a plug can.
+/// An output device that can be unplugged.
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -20,7 +20,7 @@
 
 namespace marvolin::test {
 
-/// Asks until it is so, at most twenty seconds. Whether it was so.
+/// Repeats `so` until it is true, for at most twenty seconds. Returns whether it became true.
 inline bool Eventually(const std::function<bool()>& so) {
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
     while (!so()) {
@@ -30,9 +30,8 @@ inline bool Eventually(const std::function<bool()>& so) {
     return true;
 }
 
-/// The default output of SDL leads into a pipe. When nobody reads the pipe any more the driver finds its device gone:
-/// its own error on writing, and the way on from there, are those of a device that was unplugged.
-/// Lives longer than the service that plays on it.
+/// Makes SDL's default output lead into a pipe. When the pipe has no reader, the driver gets the same error on writing
+/// as from an unplugged device. Must outlive the service that plays on it.
 class VanishingOutput {
 public:
     /// `driver` is one of SDL's: "alsa" or "disk".
@@ -52,7 +51,7 @@ public:
     VanishingOutput(const VanishingOutput&) = delete;
     VanishingOutput& operator=(const VanishingOutput&) = delete;
 
-    /// From now on whoever opens the default output gets a new device. One that is open still has the old.
+    /// From now on, opening the default output gives a new device. One that is already open keeps the old one.
     void PlugIn() {
         Vanish();
         std::filesystem::remove(pipe_);
@@ -61,7 +60,7 @@ public:
                   "\" format \"raw\" hint { show on description \"Pipe\" } }\n");
         Listen();
     }
-    /// The device is pulled out.
+    /// Unplugs the device.
     void Vanish() {
         if (reader_ >= 0) close(reader_);
         reader_ = -1;
@@ -73,15 +72,15 @@ public:
         std::filesystem::create_directory(pipe_);
         Configure("");
     }
-    /// Puts an ear to the same device again, past what was left in its pipe.
+    /// Listens to the same device again, skipping what was left in its pipe.
     void Listen() {
         reader_ = open(pipe_.c_str(), O_RDONLY | O_NONBLOCK);
         while (Arrived()) {
         }
     }
-    /// Whether anything at all has arrived since the last look.
+    /// True when anything has arrived since the last call.
     bool Arrived() { return Take() > 0; }
-    /// Whether something other than silence arrives.
+    /// True when something other than silence arrives.
     bool Heard() {
         return Eventually([this] {
             const std::size_t count = Take();
@@ -92,7 +91,7 @@ public:
     }
 
 private:
-    /// ALSA reads its configuration again when it is another file.
+    /// ALSA reads its configuration again when the file is replaced.
     void Configure(const std::string& text) {
         const std::string fresh = folder_.Path("fresh.conf");
         std::ofstream(fresh) << text;

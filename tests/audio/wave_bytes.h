@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// WAV files written byte by byte, right ones and wrong ones.
+/// WAV files written byte by byte, valid and invalid.
 
 #include <cstdint>
 #include <fstream>
@@ -20,7 +20,7 @@ inline void AddLittle(Bytes& bytes, std::uint64_t value, int count) {
 
 inline void AddText(Bytes& bytes, const std::string& text) { bytes.insert(bytes.end(), text.begin(), text.end()); }
 
-/// What a WAV file says of itself; the optional fields lie when they are set.
+/// The header fields of a WAV file; the optional ones override the correct values.
 struct Wave {
     int Channels = 2;
     std::uint32_t Rate = 44100;
@@ -71,10 +71,10 @@ inline Bytes Pcm(const std::vector<std::int32_t>& numbers, int bits) {
     return bytes;
 }
 
-/// A folder of its own for samples, gone at the end.
+/// A private folder for samples, removed at the end.
 class SampleFolder {
 public:
-    /// Full path of `name` in it; of the folder with a separator at its end, when that is empty.
+    /// Full path of `name` in it; of the folder itself, with a final separator, when `name` is empty.
     std::string Path(const std::string& name) const { return folder_.In(name); }
     std::string Write(const std::string& name, const Bytes& bytes) const {
         std::ofstream file(Path(name), std::ios::binary);

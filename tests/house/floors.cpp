@@ -56,7 +56,7 @@ std::vector<std::string> OwnIncludes(const std::string& text) {
     return own;
 }
 
-/// Walks the includes depth first and tells each way that comes back to a file that is still being walked.
+/// Walks the includes depth first and reports each path that returns to a file that is still being walked.
 class RingWalk {
 public:
     explicit RingWalk(const Tree& tree) : tree_(tree) {}

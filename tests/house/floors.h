@@ -13,21 +13,21 @@ using Tree = std::map<std::string, std::string>;
 /// Every .h and .cpp file below `root`.
 Tree ReadTree(const std::filesystem::path& root);
 
-/// The names that a text includes, in their order, with the quotes or angle brackets: "\"core/table.h\"", "<vector>".
+/// The names that a text includes, in order, with their quotes or angle brackets: "\"core/table.h\"", "<vector>".
 std::vector<std::string> IncludesOf(const std::string& text);
 
-// Each check gives a line for each thing that is wrong, "file: words", and nothing when all is well.
+// Each check returns one line for each violation, "file: words".
 
 /// Headers of the toolkit are for window/ and main.cpp, those of a library for its adapter.
 std::vector<std::string> LibrariesOutOfPlace(const Tree& tree);
 
-/// A file includes only what stands on its own floor or below, and every folder has its floor.
+/// A file includes only files of its own floor or a lower one, and every folder has a floor.
 std::vector<std::string> FloorsBroken(const Tree& tree);
 
 /// An include in quotes names a file of the tree by its path below src/.
 std::vector<std::string> IncludesThatLeadNowhere(const Tree& tree);
 
-/// Files that reach themselves by their includes, each ring told once.
+/// Files that include themselves directly or indirectly, each ring once.
 std::vector<std::string> Rings(const Tree& tree);
 
 }  // namespace marvolin::house

@@ -27,7 +27,7 @@ TEST(Floors, NoFileIncludesAFloorAboveItsOwn) { EXPECT_THAT(FloorsBroken(Sources
 
 TEST(Floors, EveryIncludeInQuotesIsAFileOfTheSources) { EXPECT_THAT(IncludesThatLeadNowhere(Sources()), IsEmpty()); }
 
-TEST(Floors, NoFileIncludesItselfByAnyWay) { EXPECT_THAT(Rings(Sources()), IsEmpty()); }
+TEST(Floors, NoFileIncludesItselfDirectlyOrIndirectly) { EXPECT_THAT(Rings(Sources()), IsEmpty()); }
 
 TEST(FloorsCheck, FindsIncludesAndNothingElse) {
     EXPECT_THAT(
@@ -35,7 +35,7 @@ TEST(FloorsCheck, FindsIncludesAndNothingElse) {
         ElementsAre("<vector>", "\"core/a.h\""));
 }
 
-TEST(FloorsCheck, TellsAToolkitHeaderBelowTheWindow) {
+TEST(FloorsCheck, ReportsAToolkitHeaderBelowTheWindow) {
     for (const char* header : {"<QWidget>", "<QtCore/QString>", "<qtimer.h>", "\"QString\""}) {
         const std::string text = std::string("#include ") + header + "\n";
         EXPECT_EQ(LibrariesOutOfPlace({{"performance/pad/mix_pad.cpp", text}}).size(), 1u) << header;
@@ -44,7 +44,7 @@ TEST(FloorsCheck, TellsAToolkitHeaderBelowTheWindow) {
     }
 }
 
-TEST(FloorsCheck, TellsALibraryHeaderOutsideItsAdapter) {
+TEST(FloorsCheck, ReportsALibraryHeaderOutsideItsAdapter) {
     struct Case {
         const char* header;
         const char* adapter;
@@ -61,7 +61,7 @@ TEST(FloorsCheck, TellsALibraryHeaderOutsideItsAdapter) {
     }
 }
 
-TEST(FloorsCheck, TellsAnIncludeThatGoesUp) {
+TEST(FloorsCheck, ReportsAnIncludeThatGoesUp) {
     EXPECT_THAT(FloorsBroken({{"core/a.cpp", "#include \"audio/device.h\"\n"}}),
                 ElementsAre("core/a.cpp: audio/device.h stands above it"));
     EXPECT_THAT(FloorsBroken({{"sequencing/a.h", "#include \"performance/pad/mix_pad.h\"\n"}}), testing::SizeIs(1));
@@ -72,16 +72,16 @@ TEST(FloorsCheck, TellsAnIncludeThatGoesUp) {
                 IsEmpty());
 }
 
-TEST(FloorsCheck, TellsAFolderWithoutAFloor) {
+TEST(FloorsCheck, ReportsAFolderWithoutAFloor) {
     EXPECT_THAT(FloorsBroken({{"utilities/a.h", ""}}), ElementsAre("utilities/a.h: its folder has no floor"));
 }
 
-TEST(FloorsCheck, TellsAnIncludeThatLeadsNowhere) {
+TEST(FloorsCheck, ReportsAnIncludeThatLeadsNowhere) {
     EXPECT_THAT(IncludesThatLeadNowhere({{"core/a.h", "#include \"b.h\"\n"}, {"core/b.h", "#include <vector>\n"}}),
                 ElementsAre("core/a.h: b.h is no file of the sources"));
 }
 
-TEST(FloorsCheck, TellsARingOnceWhateverItsLength) {
+TEST(FloorsCheck, ReportsARingOnceWhateverItsLength) {
     EXPECT_THAT(Rings({{"core/a.h", "#include \"core/a.h\"\n"}}), ElementsAre("core/a.h -> core/a.h"));
     EXPECT_THAT(Rings({{"core/a.h", "#include \"core/b.h\"\n"},
                        {"core/b.h", "#include \"core/c.h\"\n"},

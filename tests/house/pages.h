@@ -20,7 +20,7 @@ TestPrograms ReadTestPrograms(const std::filesystem::path& tests);
 /// The spans of a page that stand in backticks, in their order; code blocks are left out.
 std::vector<std::string> SpansOf(const std::string& page);
 
-// Each check returns a line for each thing that is wrong, and nothing when all is well.
+// Each check returns one line for each violation.
 
 /// Tests that a page names as `core_test Suite.Name` and that no program has.
 std::vector<std::string> TestsThatAreNot(const std::string& page, const TestPrograms& programs);

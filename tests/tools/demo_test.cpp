@@ -41,7 +41,7 @@ stage::Captured Sides(const std::vector<std::int16_t>& frames) {
 TEST(Demo, PlaysAtTheStartUntilOnlyTheFirstLoopTrackIsLeft) {
     ProgramFolder made;
     ASSERT_EQ(made.Failure, "");
-    // Moved: the package alone, without the library that it was made from.
+    // Moved: the package alone, without the sample library.
     test::TempFolder moved;
     for (const auto& entry : fs::directory_iterator(made.Folder.Path())) {
         if (!entry.is_symlink()) fs::copy(entry.path(), fs::path(moved.Path()) / entry.path().filename());
@@ -112,16 +112,16 @@ TEST(Demo, TheDrumLoopTrackRestartsAndTheTrackLoopTrackHasPatterns) {
     for (Row row = 0; row < kLoopTracks; ++row) EXPECT_EQ(s.Set[row].Channel, row + 1);
 }
 
-TEST(Demo, IsWrittenPutAwayWhereAPlayerHasPutItAway) {
+TEST(Demo, StaysDisabledWhenThePlayerHasDisabledIt) {
     ProgramFolder made;
-    fs::rename(made.Folder / kDemoFile, made.Folder / kDemoPutAway);
-    test::WriteBytes(made.Folder / kDemoPutAway, "an older one");
+    fs::rename(made.Folder / kDemoFile, made.Folder / kDisabledDemoFile);
+    test::WriteBytes(made.Folder / kDisabledDemoFile, "an older one");
     EXPECT_EQ(WriteDemo(made.Folder.Path()), "");
     EXPECT_FALSE(fs::exists(made.Folder / kDemoFile));
-    EXPECT_GT(fs::file_size(made.Folder / kDemoPutAway), 1000U);
+    EXPECT_GT(fs::file_size(made.Folder / kDisabledDemoFile), 1000U);
 }
 
-TEST(Demo, IsWrittenAnewWithoutACopyOfTheOlderOne) {
+TEST(Demo, ReplacesAnOlderOneWithoutABackup) {
     ProgramFolder made;
     test::WriteBytes(made.Folder / kDemoFile, "an older one");
     EXPECT_EQ(WriteDemo(made.Folder.Path()), "");

@@ -22,7 +22,7 @@ Captured Silence(int ms) {
     return {std::vector<std::int16_t>(frames), std::vector<std::int16_t>(frames)};
 }
 
-/// Adds a tone of 1000 Hz from..to ms that dies by 60 dB within `fall` ms (0: stays).
+/// Adds a tone of 1000 Hz from..to ms that falls by 60 dB within `fall` ms (0: keeps its level).
 void AddTone(std::vector<std::int16_t>& side, int from, int to, double peak, int fall = 0) {
     for (int i = from * 441 / 10; i < to * 441 / 10; ++i) {
         const double ms = (i - from * 44.1) / 44.1;

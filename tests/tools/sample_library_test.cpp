@@ -17,7 +17,7 @@
 namespace marvolin::samples {
 namespace {
 
-/// The whole library, made once for all tests that look at it.
+/// The whole library, made once for all tests.
 const std::vector<Clip>& Made() {
     static const std::vector<Clip> made = [] {
         std::vector<Clip> clips;
@@ -36,7 +36,7 @@ void ForEach(const Look& look) {
     }
 }
 
-/// The largest step between neighbours from frame `first` to frame `last`, which go round the loop.
+/// The largest step between neighbouring frames from `first` to `last`, across the loop point.
 double LargestStep(const Signal& signal, long first, long last) {
     const auto frames = static_cast<long>(signal.size());
     const auto at = [&](long i) { return signal[static_cast<std::size_t>(((i % frames) + frames) % frames)]; };
@@ -90,7 +90,7 @@ TEST(SampleLibrary, HasBeatsBassChordsTonesAndOneShotsInMonoAndStereo) {
     EXPECT_EQ(names.size(), Library().size());
 }
 
-TEST(SampleLibrary, TheLoopPointIsNoGreaterStepThanItsSurroundings) {
+TEST(SampleLibrary, TheStepAtTheLoopPointIsNoLargerThanThoseAroundIt) {
     ForEach([](const LibraryEntry&, const Clip& clip) {
         if (!clip.loops) return;
         for (const Signal& channel : clip.channels) {
@@ -127,7 +127,7 @@ TEST(SampleLibrary, LoopsAreAsLoudAsEachOther) {
 }
 
 TEST(SampleLibrary, OneLoopOfEachKindTogetherStaysBelowFullScale) {
-    // At full volume, from the same beginning, whichever beat, bass, chords and tone.
+    // At full volume, started together, for any beat, bass, chords and tone.
     std::map<std::string, std::vector<Signal>> kinds;
     ForEach([&](const LibraryEntry& entry, const Clip& clip) {
         if (clip.loops) kinds[entry.folder].push_back(clip.channels.front());
@@ -182,7 +182,7 @@ TEST_F(SampleFolder, AFileIsAPlainSixteenBitWaveOfTheSamples) {
     }
 }
 
-TEST_F(SampleFolder, TheLibraryIsWrittenByFolderUnderNamesThatAPlayerReads) {
+TEST_F(SampleFolder, TheLibraryIsWrittenByFolderUnderReadableNames) {
     WriteLibrary(folder_);
     for (const LibraryEntry& entry : Library()) {
         EXPECT_TRUE(std::filesystem::is_regular_file(folder_ / entry.folder / (std::string(entry.name) + ".wav")))

@@ -15,14 +15,14 @@
 namespace marvolin::samples {
 namespace {
 
-/// Whole turns of a tone in a second, counted where it passes from below zero to above.
+/// Periods of a tone in a second, counted at its upward zero crossings.
 int RisingCrossings(const Signal& signal, std::size_t from, std::size_t to) {
     int crossings = 0;
     for (std::size_t i = from + 1; i < to; ++i) crossings += signal[i - 1] < 0 && signal[i] >= 0;
     return crossings;
 }
 
-/// How much of the frequency `hz` is in a signal: the magnitude of a single correlation under a bell-shaped window.
+/// The share of the frequency `hz` in a signal: the magnitude of a single correlation under a bell-shaped window.
 double PartAt(const Signal& signal, double hz, std::size_t from, std::size_t count) {
     double re = 0;
     double im = 0;
@@ -63,7 +63,7 @@ TEST(SampleParts, EveryOscillatorTurnsAtItsFrequency) {
     }
 }
 
-TEST(SampleParts, TheTwoPoleLowPassesBelowAndHoldsBackAbove) {
+TEST(SampleParts, TheTwoPoleLowPassesBelowAndAttenuatesAbove) {
     for (const auto& [hz, least, most] : {std::tuple{100.0, 0.95, 1.05}, {1000.0, 0.6, 0.8}, {8000.0, 0.0, 0.02}}) {
         Phase phase;
         TwoPole filter;
@@ -97,7 +97,7 @@ TEST(SampleParts, AHeldVoiceBeginsAndEndsInSilence) {
     }
 }
 
-TEST(SampleParts, AVoiceThatRingsPastALoopGoesOnAtItsBeginning) {
+TEST(SampleParts, AVoiceThatRingsPastALoopContinuesAtItsBeginning) {
     Canvas canvas = Canvas::Loop(1);
     canvas.Add(Signal(1000, 1.0), 4.0 - 400.0 / kRate, 0.5);
     const Clip clip = canvas.Take();
@@ -157,7 +157,7 @@ TEST(SampleParts, TheHarmonyFillsTheLoopWithoutAGap) {
 }
 
 TEST(SampleParts, ARoomOnALoopHasNoBeginning) {
-    // A single click: its tail must go round the loop point.
+    // A single click: its tail must continue across the loop point.
     Clip clip{{Signal(kLoopFrames), Signal(kLoopFrames)}, true};
     clip.channels[0][kLoopFrames - 1] = 1;
     Room(clip, 2, 0.5);

@@ -22,11 +22,11 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::int32_t kEighth = 25;    // 1/100 s at 120 beats a minute
-constexpr std::int16_t kTimingRes = 1;  // ms: a step that is late makes up no time, so the ticks are short
+constexpr std::int16_t kTimingRes = 1;  // ms: short ticks, because a late step makes up no time
 constexpr double kFadeStep = 1.5;       // `Vol` units per 10 ms: a fade of three seconds
 constexpr std::int16_t kTwoBars = 16;   // steps of an eighth
 
-/// A LoopTrack of the demo. Patterns of fewer values than steps start over; an empty one stays as it is.
+/// A LoopTrack of the demo. A pattern with fewer values than steps repeats; an empty one stays at its default.
 struct Part {
     const char* Folder;
     const char* Sample;
@@ -34,23 +34,23 @@ struct Part {
     std::int16_t Vol;
     std::int16_t Pan;
     std::int16_t Channel;
-    float X, Y;  ///< on the sound map, seen from the listener in the middle
+    float X, Y;  ///< on the sound map, the listener in the middle
     std::span<const std::int16_t> VolPattern;
     std::span<const std::int16_t> HzPattern;
     std::span<const std::int16_t> PanPattern;
 };
 
-// The bass restarts the first note of its loop, a low D, at every step; the pitches make a line of it that goes with
-// the harmony of the chords: a bar of D minor, half a bar of B flat, half a bar of C.
+// The bass restarts the first note of its loop, a low D, at every step; the pitches form a line over the harmony of the
+// chords: a bar of D minor, half a bar of B flat, half a bar of C.
 constexpr std::array<std::int16_t, kTwoBars> kBassPitches{1000, 1000, 2000, 1000, 749, 1000, 891,  1189,
                                                           794,  794,  1587, 794,  891, 891,  1782, 1122};
 constexpr std::array<std::int16_t, 4> kBassAccents{500, 420, 470, 430};
-// The chords breathe in eighths and go from side to side over the two bars.
+// The chords pulse in eighths and move from side to side over the two bars.
 constexpr std::array<std::int16_t, 8> kChordGate{500, 330, 440, 360, 500, 300, 470, 400};
 constexpr std::array<std::int16_t, kTwoBars> kChordSway{500, 460, 420, 390, 380, 390, 420, 460,
                                                         500, 540, 580, 610, 620, 610, 580, 540};
 
-// A stands alone when the others have faded: the beat.
+// A, the beat, remains when the others have faded.
 constexpr std::array<Part, kLoopTracks> kParts{{
     {"Beats", "Beat 120 straight", kLoop, 490, 500, 1, 0.0F, 0.6F, {}, {}, {}},
     {"Bass", "Bass pulse D", kDrum, 480, 500, 2, -0.5F, 0.3F, kBassAccents, kBassPitches, {}},
@@ -84,8 +84,8 @@ void SetUp(Session& s, Row row, const Part& part, const std::string& samples) {
 
 std::string WriteDemo(const std::string& programFolder) {
     const std::string demo = JoinPath(programFolder, kDemoFile);
-    const std::string putAway = JoinPath(programFolder, kDemoPutAway);
-    const std::string& target = !FileExists(demo) && FileExists(putAway) ? putAway : demo;
+    const std::string disabled = JoinPath(programFolder, kDisabledDemoFile);
+    const std::string& target = !FileExists(demo) && FileExists(disabled) ? disabled : demo;
 
     headless::World world(programFolder);
     Session& s = world.s;
@@ -98,14 +98,14 @@ std::string WriteDemo(const std::string& programFolder) {
     PlayAll(s);
     for (Row row = 0; row < kLoopTracks; ++row) {
         if (s.Run[row].Playing == False) return std::string("LoopTrack ") + RowLetter(row) + " does not play";
-        // The package is at home where it lies; paths of the place where it was made would lead nowhere.
+        // The package may be moved, so paths of the machine that builds it are useless in it.
         s.History[row].clear();
     }
 
     clsSwitchRecord all;
     all.SetSwitch(true);
     std::error_code none;
-    fs::remove(target, none);  // an older demo is no set of the player's that needs a safety copy
+    fs::remove(target, none);  // an older demo is no session of the player's that needs a backup
     if (!world.Store.SaveSession(s, target, false, all)) {
         return world.Desk.Boxes.empty() ? "the demo was not saved" : world.Desk.Boxes.back();
     }

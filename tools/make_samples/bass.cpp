@@ -12,7 +12,7 @@
 namespace marvolin::samples {
 namespace {
 
-/// How a bass note is shaped: the filter opens by `opening` times its floor and falls back in `fall` seconds.
+/// Shape of a bass note: the filter opens to `opening` times its floor and falls back in `fall` seconds.
 struct BassSound {
     double floorHz;
     double opening;
@@ -82,7 +82,7 @@ Clip BassAcid() {
     struct Slide {
         double note;
         double strength;  ///< 0 is a rest.
-        bool glide;       ///< Goes on from the note before.
+        bool glide;       ///< Glides from the previous note.
     };
     constexpr Slide kLine[kLoopSteps / 2] = {{38, 1, false},   {38, 0.5, false}, {50, 0.7, true},  {0, 0, false},
                                              {41, 0.6, false}, {38, 1, true},    {36, 0.5, false}, {50, 0.9, false},
@@ -97,7 +97,7 @@ Clip BassAcid() {
     double level = 0;
     double accent = 0;
     double since = 0;
-    // Two turns: the second begins with the filter and the glide as the first left them.
+    // Two passes: the second begins with the filter and the glide in the state that the first left.
     for (std::size_t frame = 0; frame < 2 * kLoopFrames; ++frame) {
         const std::size_t at = frame % kLoopFrames;
         const std::size_t step = std::min<std::size_t>(at / stepFrames, kLoopSteps - 1);
@@ -118,7 +118,8 @@ Clip BassAcid() {
         if (frame >= kLoopFrames) clip.channels[0][at] = 0.4 * out * level;
         since += 1.0 / kRate;
     }
-    // The oscillator does not end where it began; the last few milliseconds are silent, as before every note.
+    // The oscillator does not end at the phase where it began, so the last few milliseconds are silent, as before every
+    // note.
     Signal& sound = clip.channels[0];
     for (std::size_t i = 0; i < sound.size(); ++i) {
         sound[i] *= SoftRise(static_cast<double>(sound.size() - 1 - i) / kRate, 0.012) *

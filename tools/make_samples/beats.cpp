@@ -12,7 +12,7 @@ namespace {
 
 using Stroke = std::function<Signal(std::uint32_t seed)>;
 
-/// Lays a line of strokes down; each stroke has its own seed, and ghosts come a hair late.
+/// Adds a line of strokes; each stroke has its own seed, and ghosts come slightly late.
 void Lay(Canvas& canvas, std::string_view line, double swing, const Stroke& stroke, double gain, double pan = 0) {
     for (const Event& e : Strokes(line, swing)) {
         const double late = e.strength < 0.5 ? 0.004 : 0;

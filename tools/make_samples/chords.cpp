@@ -12,7 +12,7 @@
 namespace marvolin::samples {
 namespace {
 
-/// Lays every note of every chord of the harmony down with `voice`, spread over the two sides.
+/// Adds every note of every chord of the harmony with `voice`, spread over the two sides.
 template <class Voice>
 void LayChords(Canvas& c, double extra, double gain, const Voice& voice) {
     for (const Harmony& h : Chords()) {
@@ -79,7 +79,7 @@ Clip ChordsOrgan() {
         std::array<Phase, kBars.size()> phases;
         for (std::size_t i = 0; i < voice.size(); ++i) {
             for (std::size_t h = 0; h < kBars.size(); ++h) {
-                // Whole turns in four seconds: the drone has no beginning and no end.
+                // Whole turns in four seconds, so that the drone loops without a seam.
                 const double hz = std::round(NoteHz(note) * kHarmonics[h] * 4) / 4;
                 voice[i] += kBars[h] * Sine(phases[h], hz);
             }

@@ -10,7 +10,7 @@ namespace marvolin::samples {
 struct DrumHead {
     double hz;
     double topHz;
-    double fall;     ///< Seconds in which the pitch has fallen by 60 dB.
+    double fall;     ///< Seconds in which the pitch falls by 60 dB.
     double seconds;  ///< Time to -60 dB.
     double click;    ///< 0..1
 };
@@ -22,8 +22,8 @@ inline constexpr DrumHead kHighTom{147, 225, 0.30, 0.55, 0.12};
 inline constexpr DrumHead kLowConga{175, 205, 0.06, 0.38, 0.22};
 inline constexpr DrumHead kHighConga{262, 300, 0.05, 0.28, 0.28};
 
-/// Every stroke below gives its whole sound from the stroke to silence. `seed` makes two strokes differ as two
-/// strokes of a hand do.
+/// Each function below returns the whole sound of a stroke, down to silence. `seed` makes strokes differ slightly, like
+/// strokes of a hand.
 Signal Struck(const DrumHead& head, std::uint32_t seed);
 
 /// A snare: two tones of the head under the rattle of the wires. `seconds` is the time of the wires.

@@ -10,8 +10,8 @@ namespace {
 
 using Frame = std::array<double, 2>;
 
-/// Runs `effect` over the frames of the clip and writes what it gives; a loop turns twice and only the
-/// last turn is kept. `time` is the time within the loop.
+/// Replaces the frames of the clip by the output of `effect`; a loop is run twice and only the last pass is kept.
+/// `time` is the time within the loop.
 void Run(Clip& clip, const std::function<Frame(Frame in, double time)>& effect) {
     const bool stereo = clip.channels.size() == 2;
     const int turns = clip.loops ? 2 : 1;
@@ -28,7 +28,7 @@ void Run(Clip& clip, const std::function<Frame(Frame in, double time)>& effect) 
     }
 }
 
-/// A ring of past frames that is read between frames.
+/// A ring of past frames that can be read between frames.
 class DelayLine {
 public:
     explicit DelayLine(double seconds) : ring_(FramesOf(seconds) + 4, 0.0) {}
@@ -38,7 +38,7 @@ public:
         at_ = (at_ + 1) % ring_.size();
     }
 
-    /// The value written `frames` writes ago (1 is the last), by straight interpolation.
+    /// The value written `frames` writes ago (1 is the last), linearly interpolated.
     double Read(double frames) const {
         const auto whole = static_cast<std::size_t>(frames);
         const double part = frames - static_cast<double>(whole);
@@ -65,7 +65,7 @@ void Chorus(Clip& clip, double depth, double mix) {
         Frame out{};
         for (std::size_t c = 0; c < 2; ++c) {
             lines[c].Write(in[c]);
-            // A whole number of swings a loop: 0.5 Hz, the sides a quarter of a turn apart.
+            // 0.5 Hz is a whole number of swings in a loop; the sides are a quarter of a turn apart.
             const double swing = std::sin(kTwoPi * (0.5 * time + 0.25 * static_cast<double>(c)));
             const double wet = lines[c].Read((0.014 + 0.006 * depth * swing) * kRate);
             out[c] = in[c] * (1 - mix / 2) + wet * mix;
@@ -75,7 +75,7 @@ void Chorus(Clip& clip, double depth, double mix) {
 }
 
 void Room(Clip& clip, double seconds, double mix) {
-    // Lengths without a common divisor, so that no echo falls on another.
+    // Lengths without a common divisor, so that echoes do not coincide.
     constexpr std::array<double, 8> kFrames = {1123, 1327, 1481, 1693, 1901, 2111, 2339, 2557};
     std::vector<DelayLine> lines;
     std::array<OnePole, 8> damping;

@@ -4,8 +4,8 @@
 
 namespace marvolin::samples {
 
-/// Every effect runs over a loop until it has settled and keeps the last turn, so that the loop point stays
-/// unheard; over a sound that is played once it runs a single time. All are stereo-aware and keep the length.
+/// Every effect runs over a loop until it has settled and keeps the last pass, so that the loop point cannot be heard;
+/// over a sound that is played once it runs a single time. All are stereo-aware and keep the length.
 
 /// Widens a mono or stereo clip by two moving delays; the result is stereo. `depth` 0..1, `mix` 0..1.
 void Chorus(Clip& clip, double depth, double mix);
@@ -17,7 +17,7 @@ void Room(Clip& clip, double seconds, double mix);
 /// Echoes `steps` sixteenths apart that go from side to side on a stereo clip. `feedback` 0..0.8.
 void Echo(Clip& clip, double steps, double feedback, double mix);
 
-/// A low pass whose cutoff goes from `lowHz` up to `highHz` and back once in a loop (along a cosine).
+/// A low pass whose cutoff moves from `lowHz` to `highHz` and back once in a loop, along a cosine.
 void SlowSweep(Clip& clip, double lowHz, double highHz, double resonance);
 
 /// Cuts everything below `hz`, 12 dB an octave.

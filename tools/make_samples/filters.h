@@ -4,7 +4,7 @@
 
 namespace marvolin::samples {
 
-/// A two-pole filter that gives low, band and high output at once, stable while its cutoff moves.
+/// A two-pole filter with low, band and high output at once, stable while its cutoff moves.
 class TwoPole {
 public:
     struct Outputs {
@@ -13,7 +13,7 @@ public:
         double high;
     };
 
-    /// Filters one frame. `hz` is held to 10..18000; `resonance` is 0.5 (dull) to about 12 (whistling).
+    /// Filters one frame. `hz` is limited to 10..18000; `resonance` is 0.5 (dull) to about 12 (whistling).
     Outputs Next(double in, double hz, double resonance);
 
     double Low(double in, double hz, double resonance = 0.707) { return Next(in, hz, resonance).low; }

@@ -23,7 +23,7 @@ void TakeConstantAway(Clip& clip) {
     }
 }
 
-/// Plain up to the knee, then bent so that it nears kLoopPeak and never passes it.
+/// Linear up to the knee, then bent towards kLoopPeak, which it never exceeds.
 double Bend(double value) {
     constexpr double kKnee = 0.19;
     const double size = std::fabs(value);
@@ -68,7 +68,7 @@ double Peak(const Clip& clip) {
 void Finish(Clip& clip, double loudness) {
     TakeConstantAway(clip);
     if (clip.loops) {
-        // Bending lowers the loudness a little, so it is asked for again; a few turns are enough.
+        // Bending lowers the loudness a little, so repeat; a few passes are enough.
         for (int turn = 0; turn < 4; ++turn) {
             Scale(clip, loudness / Loudness(clip));
             BendPeaks(clip);

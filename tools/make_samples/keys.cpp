@@ -9,7 +9,7 @@
 namespace marvolin::samples {
 namespace {
 
-/// Makes a voice of `seconds` from a function of the time.
+/// A voice of `seconds` from a function of the time.
 template <class Frame>
 Signal Voice(double seconds, const Frame& frame) {
     Signal voice(FramesOf(seconds));
@@ -21,7 +21,7 @@ Signal Voice(double seconds, const Frame& frame) {
 
 Signal SawChoir(double hz, double length, double rise, double fall) {
     constexpr std::array<double, 5> kDetune = {-0.0065, -0.0029, 0, 0.0033, 0.0061};
-    // The saws start spread over the turn, or all five would begin with one big edge.
+    // The saws start at different phases; otherwise all five would begin with one large edge.
     std::array<Phase, 5> phases = {Phase(0.11), Phase(0.37), Phase(0.59), Phase(0.73), Phase(0.91)};
     return Voice(length, [&, hz, length, rise, fall](double time) {
         double sum = 0;

@@ -16,10 +16,10 @@ Signal TinePiano(double hz, double length, double touch);
 /// A bell made of two modulated sines; `seconds` to -60 dB, `touch` 0..1.
 Signal Bell(double hz, double seconds, double touch);
 
-/// A wooden bar: the tone and its two loudest overtones, which die first.
+/// A wooden bar: the tone and its two loudest overtones, which decay first.
 Signal Marimba(double hz, double touch);
 
-/// A singing lead: pulse and saw with vibrato that comes late, held for `length` seconds.
+/// A singing lead: pulse and saw with a late vibrato, held for `length` seconds.
 Signal Lead(double hz, double fromHz, double length, double touch);
 
 }  // namespace marvolin::samples

@@ -11,7 +11,7 @@ namespace {
 
 // Four loops at full volume fit together below full scale.
 constexpr double kLoudness = 0.088;
-constexpr double kBassLoudness = 0.12;  // the ear hears less of what is low
+constexpr double kBassLoudness = 0.12;  // low sounds seem softer
 
 constexpr LibraryEntry kLibrary[] = {
     {"Beats", "Beat 120 straight", BeatStraight, kLoudness},

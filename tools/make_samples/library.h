@@ -7,18 +7,18 @@
 
 namespace marvolin::samples {
 
-/// A file of the library: where it stands and who makes it.
+/// A file of the library: its folder, name and maker.
 struct LibraryEntry {
     const char* folder;
-    const char* name;  ///< As a player reads it, without ".wav".
+    const char* name;  ///< As the player sees it, without ".wav".
     Clip (*make)();
-    double loudness;  ///< Asked of a loop; of no effect on a sound that is played once.
+    double loudness;  ///< Target for a loop; ignored for a sound that is played once.
 };
 
 /// The whole library, in the order of its folders.
 std::span<const LibraryEntry> Library();
 
-/// Makes an entry's sound, finished as it goes into its file.
+/// Makes an entry's sound, finished for its file.
 Clip Make(const LibraryEntry& entry);
 
 /// Writes the whole library under `root`, making folders as needed and replacing files of the same name.

@@ -4,7 +4,7 @@
 
 namespace marvolin::samples {
 
-/// White noise that is the same on every machine: a xorshift generator with the seed of the caller.
+/// White noise that is the same on every machine: a xorshift generator with the caller's seed.
 class Noise {
 public:
     explicit Noise(std::uint32_t seed) : state_(seed * 2654435761u + 0x9E3779B9u) {

@@ -93,7 +93,7 @@ Clip ShotZap() {
 }
 
 Clip ShotSwell() {
-    constexpr double kLength = 2;  // a bar, so that it lands on the next one
+    constexpr double kLength = 2;  // a bar, so that it ends on the next one
     Canvas c = Canvas::Once(2, kLength);
     for (const std::uint32_t side : {0u, 1u}) {
         Signal voice(FramesOf(kLength));

@@ -3,8 +3,7 @@
 namespace marvolin::samples {
 namespace {
 
-/// The polynomial that rounds the jump of a saw over the two frames beside it, which keeps most of the
-/// aliasing away.
+/// The polynomial that rounds the jump of a saw over the two frames beside it, which removes most of the aliasing.
 double RoundedJump(double at, double step) {
     if (at < step) {
         const double x = at / step;

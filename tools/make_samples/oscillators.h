@@ -4,12 +4,12 @@
 
 namespace marvolin::samples {
 
-/// A phase that runs round in 0..1. One object an oscillator; the shapes read it.
+/// A phase that wraps in 0..1. One object for each oscillator; the shapes read it.
 class Phase {
 public:
     explicit Phase(double start = 0) : at_(start) {}
 
-    /// Moves on by one frame at `hz` and gives the phase before the move.
+    /// Advances by one frame at `hz` and returns the phase before that.
     double Advance(double hz) {
         const double now = at_;
         step_ = hz / kRate;
@@ -18,7 +18,7 @@ public:
         return now;
     }
 
-    /// The part of a turn that the last move made; the corner rounding of the shapes needs it.
+    /// The part of a turn of the last step; needed to round the corners of the shapes.
     double Step() const { return step_; }
 
 private:

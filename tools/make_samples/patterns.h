@@ -16,13 +16,12 @@ struct Event {
     int step = 0;
 };
 
-/// The strokes of a drum line. A character is a sixteenth: 'X' accent, 'x' plain, 'o' ghost, anything else
-/// nothing; blanks are for the eye and are passed over. `swing` (0..1) delays every second sixteenth, at most by a
-/// third of a sixteenth: 0 is straight, 1 a full triplet feel. A line shorter than the loop is
-/// repeated up to two bars.
+/// The strokes of a drum line. Each character is a sixteenth: 'X' accent, 'x' plain, 'o' ghost, anything else a rest;
+/// blanks are ignored. `swing` (0..1) delays every second sixteenth by up to a third of a sixteenth: 0 is straight, 1 a
+/// full triplet feel. A line shorter than the loop is repeated up to two bars.
 std::vector<Event> Strokes(std::string_view line, double swing = 0);
 
-/// A note of a part as it is written down: at the sixteenth `step`, held for `steps` sixteenths.
+/// A written note: at the sixteenth `step`, held for `steps` sixteenths.
 struct Written {
     int step;
     double steps;
@@ -30,7 +29,7 @@ struct Written {
     double strength;
 };
 
-/// Written notes put in time, with the swing of Strokes.
+/// Written notes as events, with the swing of Strokes.
 std::vector<Event> Notes(const std::vector<Written>& part, double swing = 0);
 
 /// Harmony that all parts share: D minor for a bar, B flat for two beats, C for two.

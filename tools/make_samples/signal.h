@@ -15,10 +15,10 @@ inline constexpr int kLoopSteps = 32;                  ///< Sixteenths of the tw
 inline constexpr std::size_t kLoopFrames = 4 * kRate;  ///< Frames of every loop: two bars, 4 seconds.
 inline constexpr double kTwoPi = 2 * std::numbers::pi;
 
-/// One channel of sound; full scale is -1..1, and may be left while a sound is being made.
+/// One channel of sound; full scale is -1..1, which may be exceeded until the sound is finished.
 using Signal = std::vector<double>;
 
-/// A finished or growing sound: one channel (mono) or two (left, right) of equal length.
+/// A sound, finished or not: one channel (mono) or two (left, right) of equal length.
 struct Clip {
     std::vector<Signal> channels;
     bool loops = false;  ///< The last frame is followed by the first.

@@ -9,7 +9,7 @@ namespace marvolin::samples {
 Signal Plucked(double hz, double seconds, double brightness, double held, std::uint32_t seed) {
     const double damp = 0.12;
     Signal voice(FramesOf(std::min(seconds, held + damp)));
-    // The mean of two neighbours delays by half a frame; the rest of the turn is the ring and a first-order all-pass.
+    // The mean of two neighbours delays by half a frame; the rest of the period is the ring and a first-order all-pass.
     const double turn = kRate / hz - 0.5;
     const auto whole = static_cast<std::size_t>(turn - 0.3);
     const double part = turn - static_cast<double>(whole);

@@ -52,7 +52,7 @@ Clip ToneGlass() {
             Signal voice(kLoopFrames);
             Phase tone(0.13 * ++place);
             Phase over(0.29 * place);
-            // Whole turns in four seconds, the sides a quarter of a Hz apart: the tone beats without a seam.
+            // Whole turns in four seconds, the sides a quarter of a Hz apart: the tone beats and loops without a seam.
             const double hz = std::round(NoteHz(note) * 4) / 4 + 0.25 * side;
             for (std::size_t i = 0; i < voice.size(); ++i) {
                 const double time = static_cast<double>(i) / kRate;

@@ -1,5 +1,5 @@
-// Drops files onto the window at a place of the screen, as a file manager does: the source's side of the XDND protocol.
-// Ends with 0 when the window took the drop, 1 when it refused it or did not answer.
+// Drops files onto the window at a position of the screen, as a file manager does: the source side of the XDND
+// protocol. Exits with 0 when the window accepts the drop, 1 when it refuses it or does not answer.
 
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
@@ -17,7 +17,7 @@ namespace {
 constexpr long kProtocol = 5;
 constexpr std::chrono::seconds kPatience{10};
 
-/// Path as a URI: every byte that is not plain is written in hexadecimal.
+/// Path as a URI; every byte that is not plain is written in hexadecimal.
 std::string Uri(const std::string& path) {
     static const std::string kPlain = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/";
     std::string uri = "file://";
@@ -40,7 +40,7 @@ public:
         XSetSelectionOwner(display_, A("XdndSelection"), source_, CurrentTime);
     }
 
-    /// Drops at a place of the screen; true when the window took the files.
+    /// Drops at a position of the screen; true when the window accepts the files.
     bool DropAt(int x, int y) {
         target_ = AwareWindowAt(x, y);
         if (target_ == None) {
@@ -48,7 +48,7 @@ public:
             return false;
         }
         Send("XdndEnter", kProtocol << 24, static_cast<long>(A("text/uri-list")), 0, 0);
-        // The first position tells the window where the pointer came in; the second is answered for that place.
+        // The window answers the first position for where the pointer entered, the second one for this position.
         for (int turn = 0; turn < 2; ++turn) {
             Send("XdndPosition", 0, (static_cast<long>(x) << 16) | y, CurrentTime,
                  static_cast<long>(A("XdndActionCopy")));
@@ -80,7 +80,7 @@ private:
         return type != None;
     }
 
-    /// The first window from the root inwards below the place that speaks the protocol.
+    /// The outermost window at the position that supports the protocol.
     Window AwareWindowAt(int x, int y) {
         const Window root = DefaultRootWindow(display_);
         Window window = root;
@@ -111,7 +111,7 @@ private:
         XFlush(display_);
     }
 
-    /// Waits for a message of the window and hands the files over meanwhile.
+    /// Waits for a message of the window and hands over the files meanwhile.
     bool Await(const char* message, XClientMessageEvent& answer) {
         const Atom wanted = A(message);
         const auto end = std::chrono::steady_clock::now() + kPatience;

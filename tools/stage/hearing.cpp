@@ -40,7 +40,7 @@ int ToneLevel(const std::vector<std::int16_t>& side, std::size_t from, std::size
     std::complex<double> sum;
     for (std::size_t i = from; i < to; ++i) {
         const double n = static_cast<double>(i - from);
-        // Faded in and out, so that the ends of the part do not sound as tones of their own.
+        // Faded in and out: hard ends would contain other tones.
         const double fade = 1 - std::cos(2 * std::numbers::pi * n / count);
         sum += std::polar(fade * side[i], -turn * n);
     }

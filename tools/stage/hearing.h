@@ -10,10 +10,10 @@ namespace marvolin::stage {
 /// Levels are hundredths of a decibel below full scale, times are milliseconds. Silence is kSilence.
 inline constexpr int kSilence = -10000;
 
-/// Loudness (root mean square) of a part of one side, in hundredths of a decibel; no frames are silence.
+/// Loudness (root mean square) of a part of one side, in hundredths of a decibel; kSilence when it has no frames.
 int Level(const std::vector<std::int16_t>& side, std::size_t from, std::size_t to);
 
-/// Loudness of one pure tone within a part of one side; what else sounds there, some ten Hz beside it, is not heard.
+/// Loudness of one pure tone within a part of one side. Other sounds, some ten Hz away from it, do not count.
 int ToneLevel(const std::vector<std::int16_t>& side, std::size_t from, std::size_t to, double hz);
 
 /// A stretch of time in ms, the end not included.
@@ -23,12 +23,12 @@ struct Stretch {
     friend bool operator==(const Stretch&, const Stretch&) = default;
 };
 
-/// Where the sound is louder than `threshold` on either side. It is looked at in windows of 10 ms; silences
-/// shorter than `gap` ms are passed over.
+/// Where the sound is louder than `threshold` on either side, measured in windows of 10 ms. Silences shorter than `gap`
+/// ms are ignored.
 std::vector<Stretch> Sounding(const Captured& sound, int threshold, int gap);
 
-/// Where a sound begins anew: places in ms at which the level rises by at least `rise` within 20 ms and passes
-/// `threshold`. Two of them are at least `apart` ms apart.
+/// Where a sound starts: times in ms at which the level rises by at least `rise` within 20 ms and passes `threshold`.
+/// Onsets are at least `apart` ms apart.
 std::vector<std::int64_t> Onsets(const Captured& sound, int threshold, int rise, int apart);
 
 }  // namespace marvolin::stage

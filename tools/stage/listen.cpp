@@ -1,5 +1,5 @@
-// Tells about captured sound in whole numbers, for scripts: times in ms from the start of the file, levels in
-// hundredths of a decibel below full scale (silence is -10000).
+// Answers questions about captured sound in whole numbers, for scripts: times in ms from the start of the file, levels
+// in hundredths of a decibel relative to full scale (silence is -10000).
 
 #include <algorithm>
 #include <chrono>
@@ -18,13 +18,13 @@ using namespace marvolin::stage;
 constexpr const char* kUsage =
     "usage: listen now FILE                     length so far\n"
     "       listen level FILE FROM TO           level left and right\n"
-    "       listen levels FILE FROM TO STEP     the louder side's level of each STEP ms, one a line\n"
+    "       listen levels FILE FROM TO STEP     the louder side's level of each STEP ms, one per line\n"
     "       listen tones FILE FROM TO HZ...     the louder side's level of each pure tone\n"
-    "       listen sounding FILE FROM TO        stretches that sound, one a line\n"
-    "       listen onsets FILE FROM TO [APART]  places where a sound begins anew, one a line\n"
+    "       listen sounding FILE FROM TO        stretches with sound, one per line\n"
+    "       listen onsets FILE FROM TO [APART]  times at which a sound starts, one per line\n"
     "       listen until FILE MS TIMEOUT        waits until the file is that long\n";
 
-constexpr int kThreshold = -5000;  // below it nothing is heard
+constexpr int kThreshold = -5000;  // quieter sound counts as silence
 constexpr int kGap = 120;          // ms; a shorter silence is part of the sound
 constexpr int kRise = 600;
 constexpr int kApart = 80;

@@ -1,5 +1,5 @@
-// A sound card that writes down what it is given: takes 16-bit stereo frames out of a pipe at the pace of 44100 a
-// second, and no faster, and appends them to a WAV file that may be read while it grows. Ends on SIGTERM or SIGINT.
+// A sound card that records: reads 16-bit stereo frames from a pipe at the pace of 44100 a second, no faster, and
+// appends them to a WAV file that may be read while it grows. Ends on SIGTERM or SIGINT.
 
 #include <fcntl.h>
 #include <poll.h>
@@ -78,7 +78,7 @@ int main(int argc, char** argv) {
     sigaction(SIGINT, &action, nullptr);
 
     if (mkfifo(argv[1], 0600) != 0 && errno != EEXIST) return Fail("cannot make", argv[1]);
-    // Open for both ways: the pipe lives on when the program closes its end and opens it again.
+    // Opened for reading and writing, so that the pipe survives when the program closes and reopens its end.
     const int in = open(argv[1], O_RDWR | O_NONBLOCK | O_CLOEXEC);
     if (in < 0) return Fail("cannot open", argv[1]);
     fcntl(in, F_SETPIPE_SZ, kPipeBytes);
@@ -89,7 +89,7 @@ int main(int argc, char** argv) {
 
     std::array<char, kPipeBytes> bytes{};
     std::int64_t taken = 0;    // bytes
-    std::int64_t forgone = 0;  // frames that nobody delivered in time
+    std::int64_t forgone = 0;  // frames that were not delivered in time
     const Clock::time_point start = Clock::now();
     while (stopped == 0) {
         const std::int64_t micros = std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - start).count();

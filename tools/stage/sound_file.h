@@ -6,7 +6,7 @@
 
 namespace marvolin::stage {
 
-/// Captured sound: 16-bit stereo at 44100 Hz, the two sides apart.
+/// Captured sound: 16-bit stereo at 44100 Hz, each side by itself.
 struct Captured {
     std::vector<std::int16_t> left;
     std::vector<std::int16_t> right;
@@ -14,8 +14,8 @@ struct Captured {
     std::size_t Frames() const { return left.size(); }
 };
 
-/// Reads the captured sound as far as it has been written; a file that still grows may end anywhere.
-/// Frames before `fromFrame` are left out. A file that cannot be read gives none.
+/// Reads the captured sound that has been written so far; a growing file may end anywhere. Frames before `fromFrame`
+/// are left out. A file that cannot be read gives no frames.
 Captured ReadCaptured(const std::filesystem::path& file, std::size_t fromFrame = 0);
 
 }  // namespace marvolin::stage

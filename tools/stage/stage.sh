@@ -1,20 +1,20 @@
-# A stage for the program: a display without a screen, a window manager, a sound card that writes to a file. To be
-# sourced; needs STAGE_TOOLS, the folder of record_sound, drop_files and listen.
+# A stage for the program: a virtual display, a window manager, a sound card that writes to a file. To be sourced; needs
+# STAGE_TOOLS, the folder of record_sound, drop_files and listen.
 #
-#   stage_open FOLDER [WIDTHxHEIGHT]   puts the display up; all files of the play go to FOLDER
-#   stage_install PROGRAM FOLDER       lays out a folder of the play's own with the program and its samples, without a demo
+#   stage_open FOLDER [WIDTHxHEIGHT]   starts the display; all files of the run go to FOLDER
+#   stage_install PROGRAM FOLDER       makes a private program folder with the program and its samples, without the demo
 #   stage_start PROGRAM                starts the program and waits for its window: sets WINDOW
-#   stage_clear                        takes the splash away
-#   stage_quit                         closes the window as a player does and waits for the end: gives its status
-#   stage_close                        takes everything down; runs by itself when the script ends
+#   stage_clear                        closes the splash
+#   stage_quit                         closes the window as a player does, waits for the end and returns the exit status
+#   stage_close                        ends everything; runs by itself when the script ends
 #
-# Nothing here waits blindly: until_true asks again until a time is over.
+# Nothing here waits blindly: until_true retries until a time limit.
 
 STAGE_PIDS=()
 WINDOW=
 SOUND=
 
-# until_true SECONDS COMMAND...: 0 as soon as the command succeeds, 1 when the time is over.
+# until_true SECONDS COMMAND...: returns 0 as soon as the command succeeds, 1 when the time is over.
 until_true() {
   local end=$((${EPOCHREALTIME/[.,]/} + $1 * 1000000))
   shift
@@ -30,7 +30,7 @@ stage_open() {
   mkdir -p "$STAGE/home" "$STAGE/tmp" "$STAGE/runtime"
   chmod 700 "$STAGE/runtime"
   trap stage_close EXIT
-  # Nothing of the player's own desk reaches the stage, and the stage leaves nothing there.
+  # The stage neither uses nor changes the player's own settings.
   export HOME="$STAGE/home" TMPDIR="$STAGE/tmp" XDG_RUNTIME_DIR="$STAGE/runtime"
   export XDG_CONFIG_HOME="$STAGE/home/.config" XDG_CACHE_HOME="$STAGE/home/.cache"
   unset WAYLAND_DISPLAY XDG_SESSION_TYPE QT_QPA_PLATFORM QT_SCALE_FACTOR
@@ -46,7 +46,7 @@ stage_open() {
   fi
   exec 4<&-
   export DISPLAY=:$number
-  # A window that is shown while the window manager still starts would be lost: it tells when it is ready.
+  # A window that is shown before the window manager is ready would be lost, so wait for it.
   openbox --sm-disable --startup "touch $STAGE/managed" >"$STAGE/openbox.log" 2>&1 &
   STAGE_PIDS+=($!)
   until_true 20 test -e "$STAGE/managed" || { echo "no window manager: $(cat "$STAGE/openbox.log")" >&2; return 1; }
@@ -58,7 +58,7 @@ stage_open() {
   until_true 10 test -p "$STAGE/card" -a -s "$SOUND"
 }
 
-# Start-up files that others have put beside the program do not reach the play, nor does the play reach them.
+# Keeps start-up files beside the built program out of the run, and the run away from them.
 stage_install() {
   mkdir -p "$2"
   ln "$1" "$2/" 2>/dev/null || cp "$1" "$2/"
@@ -66,7 +66,7 @@ stage_install() {
 }
 
 stage_start() {
-  # The card takes the sound at its own pace, so the program's driver need not wait besides.
+  # The card sets the pace, so the program's driver need not wait.
   SDL_AUDIODRIVER=disk SDL_DISKAUDIOFILE="$STAGE/card" SDL_DISKAUDIODELAY=0 "$1" >"$STAGE/program.log" 2>&1 &
   PROGRAM=$!
   STAGE_PIDS+=("$PROGRAM")
@@ -74,7 +74,7 @@ stage_start() {
   xdotool windowactivate --sync "$WINDOW" 2>/dev/null
 }
 
-# The main window, once it is to be seen: the plain window among those of the program.
+# stage_window: true once the main window is visible, the normal window among those of the program. Sets WINDOW.
 stage_window() {
   local window
   for window in $(stage_windows); do
@@ -89,7 +89,7 @@ stage_window() {
 
 stage_windows() { xdotool search --onlyvisible --pid "$PROGRAM" 2>/dev/null; }
 
-# The splash, while it is to be seen.
+# stage_splash: true while the splash is visible. Sets SPLASH.
 stage_splash() {
   local window
   for window in $(stage_windows); do
@@ -100,7 +100,8 @@ stage_splash() {
   done
   return 1
 }
-# stage_named NAME: a window of the program with this title, once it is to be seen: sets NAMED.
+
+# stage_named NAME: true while a window of the program with this title is visible. Sets NAMED.
 stage_named() {
   local window
   for window in $(stage_windows); do
@@ -114,15 +115,15 @@ stage_named() {
 stage_not_named() { ! stage_named "$1"; }
 stage_no_splash() { ! stage_splash; }
 
-# Takes the splash away with a click, as a player does who does not care to wait.
+# Closes the splash with a click.
 stage_clear() {
   until_true 5 stage_splash || { echo "the splash did not come" >&2; return 1; }
   xdotool mousemove --window "$SPLASH" 20 20 click 1
-  until_true 5 stage_no_splash || { echo "the splash does not go" >&2; return 1; }
+  until_true 5 stage_no_splash || { echo "the splash does not close" >&2; return 1; }
   xdotool windowactivate --sync "$WINDOW" 2>/dev/null
 }
 
-# stage_runs PID: a process that this script started still runs. Once it has ended its number may be another's.
+# stage_runs PID: a process that this script started is still running. After its end the number may be reused.
 stage_runs() { [[ " $(jobs -pr | paste -sd ' ') " == *" $1 "* ]]; }
 stage_gone() { ! stage_runs "$PROGRAM"; }
 
@@ -132,7 +133,7 @@ stage_quit() {
   wait "$PROGRAM"
 }
 
-# Ends the recording, so that the file is whole.
+# Ends the recording, so that the file is complete.
 stage_end_sound() {
   ! stage_runs "$RECORDER" || kill "$RECORDER"
   wait "$RECORDER"
@@ -150,12 +151,12 @@ stage_close() {
 # A picture of the whole screen, or of the window, as PNG.
 stage_picture() { import -window "${2:-root}" "$1"; }
 
-# Left upper corner of the window on the screen: "X Y".
+# Upper left corner of the window on the screen: "X Y".
 stage_corner() {
   xwininfo -id "$WINDOW" | sed -n 's/^ *Absolute upper-left [XY]: *//p' | paste -sd ' '
 }
 
-# drop_at X Y FILE...: drops files at a place of the window.
+# drop_at X Y FILE...: drops files at a position of the window.
 drop_at() {
   local corner
   read -ra corner <<<"$(stage_corner)"
@@ -164,5 +165,5 @@ drop_at() {
   "$STAGE_TOOLS/drop_files" "$x" "$y" "$@"
 }
 
-# click_at X Y [BUTTON]: a click at a place of the window.
+# click_at X Y [BUTTON]: clicks at a position of the window.
 click_at() { xdotool mousemove --window "$WINDOW" "$1" "$2" click "${3:-1}"; }
