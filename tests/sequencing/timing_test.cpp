@@ -260,14 +260,24 @@ TEST_F(TimingCopies, OnlyACopyOfAllTakesThePlayModeUpAgain) {
     EXPECT_EQ(i.Screen.Count("ShowPlayMode 3"), 1);
 }
 
+/// Notes the steps of LoopTrack 2 whenever a play mode is shown.
+struct StepWatch : test::FakeDisplay {
+    const Session* Shown = nullptr;
+    std::vector<std::int32_t> Steps;
+    void ShowPlayMode(Row) override { Steps.push_back(Shown->Set[2].StepDuration); }
+};
+
 TEST_F(TimingCopies, ASelectionIsCopiedWholeBeforeAnyPlayModeIsTakenUp) {
-    i.Select(1);
-    i.Select(2);
-    TimingCopy(i.s, 0, kSelectionRow, 4);
-    EXPECT_THAT(SharedBy123(), ElementsAre("DSB", "DSB", ""));
-    EXPECT_EQ(i.Screen.Count("ShowPlayMode 1"), 1);
-    EXPECT_EQ(i.Screen.Count("ShowPlayMode 2"), 1);
-    EXPECT_EQ(i.Screen.Count("ShowPlayMode 3"), 0);
+    StepWatch watch;
+    Session s{Services{watch, i.Desk, i.Forms, i.Chance, i.Timers, i.Scripts, i.Store, nullptr, nullptr}};
+    watch.Shown = &s;
+    s.CurrentLoop = 3;
+    s.Set[0].StepDuration = 30;
+    s.Set[1].Selected = s.Set[2].Selected = True;
+    TimingCopy(s, 0, kSelectionRow, 4);
+    EXPECT_EQ(s.Set[1].StepDuration, 30);
+    EXPECT_EQ(s.Set[3].StepDuration, 1);
+    EXPECT_THAT(watch.Steps, ElementsAre(30, 30));
 }
 
 }  // namespace
