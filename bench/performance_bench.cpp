@@ -64,7 +64,7 @@ void PadMixWithReadout(benchmark::State& state) {
         at = at > 2000 ? -2000 : at + 37;
         double x = at;
         double y = -at / 2;
-        PadMix(b.q, x, y, static_cast<std::int16_t>(state.range(0)), true, false, true, true);
+        PadMix(b.q, x, y, static_cast<std::int16_t>(state.range(0)), {.Absolute = true, .Apply = false});
         benchmark::DoNotOptimize(b.q.StatusText.data());
     }
 }

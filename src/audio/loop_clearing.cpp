@@ -35,11 +35,11 @@ void LoopClear(Session& s, Row row) {
     set.FileName = "";
     LoopSetPlayMode(s, row, kLoop, false);
     std::int16_t hz = kHzUnity;
-    LoopHzChange(s, row, hz, true);
+    LoopHzChange(s, row, hz, TakeHold::Yes);
     std::int16_t vol = kVolFull;
-    LoopVolChange(s, row, vol, true, true);
+    LoopVolChange(s, row, vol, TakeHold::Yes, UpdateDisplay::Yes);
     std::int16_t pan = kPanCentre;
-    if (!s.Use3D) LoopPanChange(s, row, pan, true);
+    if (!s.Use3D) LoopPanChange(s, row, pan, TakeHold::Yes);
     run.Playing = False;
     s.World.Screen.ShowPlay(row);
     LoopSetThinnable(s, row, true);

@@ -41,12 +41,12 @@ void SetBeatStartToZero(Session& s, Row row) {
 
 // Sends the three settings of the row to its buffer, by way of their setters.
 void ApplySettings(Session& s, Row row, std::int16_t hz, std::int16_t vol, std::int16_t pan, float x, float y) {
-    LoopHzChange(s, row, hz, true);
-    LoopVolChange(s, row, vol, true, true);
+    LoopHzChange(s, row, hz, TakeHold::Yes);
+    LoopVolChange(s, row, vol, TakeHold::Yes, UpdateDisplay::Yes);
     if (s.Use3D) {
-        PositionSet(s, row, x, y, true, true, false, true);
+        PositionSet(s, row, x, y, {.Apply = true, .StoreBall = true});
     } else {
-        LoopPanChange(s, row, pan, true);
+        LoopPanChange(s, row, pan, TakeHold::Yes);
     }
 }
 

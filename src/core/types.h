@@ -53,6 +53,9 @@ enum class Knob : std::uint8_t { Vol, Pan, Hz };
 enum Tab : std::int16_t { kMixPadTab = 0, kMapTab = 1, kPatternTab = 2, kOptionTab = 3 };
 inline constexpr std::int16_t kTabs = 4;
 
+/// Whether a change reaches the sound at once, or waits until something else sends the value.
+enum class Apply : bool { No, Yes };
+
 /// What a pointer does in a gesture.
 enum class Phase : std::uint8_t { Down, Move, Up };
 

@@ -57,11 +57,11 @@ void ResetBands(Session& s) {
 
 void ResetKnobs(Session& s, Row row) {
     std::int16_t hz = kHzUnity;
-    LoopHzChange(s, row, hz, false);
+    LoopHzChange(s, row, hz, TakeHold::No);
     std::int16_t vol = kVolFull;
-    LoopVolChange(s, row, vol, false, true);
+    LoopVolChange(s, row, vol, TakeHold::No, UpdateDisplay::Yes);
     std::int16_t pan = kPanCentre;
-    LoopPanChange(s, row, pan, false);
+    LoopPanChange(s, row, pan, TakeHold::No);
 }
 
 void ResetRow(Session& s, Row row) {
@@ -86,7 +86,7 @@ void ResetRow(Session& s, Row row) {
 
 void ResetMaster(Session& s) {
     std::int16_t vol = kVolFull;
-    LoopVolChange(s, kMasterRow, vol, false, true);
+    LoopVolChange(s, kMasterRow, vol, TakeHold::No, UpdateDisplay::Yes);
 }
 
 void MakeTimers(Session& s) {

@@ -133,7 +133,8 @@ void StepFades(Session& s, std::int32_t milliseconds) {
             StepRising(s, row, distance);
         }
         std::int16_t vol = ToI2(Int(run.FadeValue));
-        LoopVolChange(s, row, vol, true, run.FadeToMark == False);
+        const UpdateDisplay line = run.FadeToMark == False ? UpdateDisplay::Yes : UpdateDisplay::No;
+        LoopVolChange(s, row, vol, TakeHold::Yes, line);
     }
 }
 

@@ -43,7 +43,7 @@ std::int16_t ValueOf(const Session& s, Knob knob, Row row) { return s.Set[row].*
 void ChangeGang(Session& s, Knob knob, Row row, std::int16_t value) {
     switch (knob) {
         case Knob::Vol:
-            return LoopVolChangeGang(s, row, value, true);
+            return LoopVolChangeGang(s, row, value, UpdateDisplay::Yes);
         case Knob::Pan:
             return LoopPanChangeGang(s, row, value);
         case Knob::Hz:
@@ -84,13 +84,13 @@ void SendChange(Session& s, Knob knob, Row row) {
     SendScriptEvent(s, rules.Change, arguments);
 }
 
-void SendScroll(Session& s, Knob knob, Row row, bool force) {
+void SendScroll(Session& s, Knob knob, Row row, Force force) {
     const KnobRules& rules = RulesOf(knob);
     if (s.EventWanted[rules.Scroll] == 0) return;
     clsScrollDelta& counter = ScrollCounter(s, kKnobScroll);
     const std::int16_t value = ValueOf(s, knob, row);
     bool send = false;
-    counter.SendScroll(value, 0, force, send);
+    counter.SendScroll(value, 0, force == Force::Yes, send);
     if (!send) return;
     const std::array<double, 3> arguments{row + 1.0, Told(rules, value), counter.DeltaX() / rules.EventScale};
     SendScriptEvent(s, rules.Scroll, arguments);
@@ -108,7 +108,7 @@ void Move(Session& s, Knob knob, Row row, std::int16_t button, double x, double 
     ShowStatus(s, RulesOf(knob).Hint);
     if (s.Drag.Dragging != False) {
         DragTo(s, knob, row, button, x, y);
-        SendScroll(s, knob, row, false);
+        SendScroll(s, knob, row, Force::No);
     }
     TellValue(s, knob, row);
 }
@@ -119,7 +119,7 @@ void Release(Session& s, Knob knob, Row row, std::int16_t button, double x, doub
     DragTo(s, knob, row, button, x, y);
     TellValue(s, knob, row);
     SendChange(s, knob, row);
-    SendScroll(s, knob, row, true);
+    SendScroll(s, knob, row, Force::Yes);
 }
 
 }  // namespace
@@ -162,7 +162,7 @@ void KnobStep(Session& s, Knob knob, Row row, int units) {
     SetLimited(s, knob, row, static_cast<double>(ValueOf(s, knob, row)) + units);
     TellValue(s, knob, row);
     SendChange(s, knob, row);
-    SendScroll(s, knob, row, true);
+    SendScroll(s, knob, row, Force::Yes);
 }
 
 void DragAxisSelect_Click(Session& s, std::int16_t entry) {

@@ -30,20 +30,19 @@ double ToTwips(const Session& s, double mapUnits) { return s.Geometry.PadHalfX /
 
 }  // namespace
 
-void PositionSet(Session& s, int ball, float x, float y, bool apply, bool refresh, [[maybe_unused]] bool quiet,
-                 bool storeBall) {
+void PositionSet(Session& s, int ball, float x, float y, PositionFlags flags) {
     if (ball == kListenerBall) {
-        PlaceListener(s, x, y, apply);
+        PlaceListener(s, x, y, flags.Apply);
     } else {
-        PlaceLoopTrack(s, ball, x, y, apply);
+        PlaceLoopTrack(s, ball, x, y, flags.Apply);
     }
-    if (storeBall) s.BallPos[ball] = {ToTwips(s, x), ToTwips(s, y)};
-    if (refresh) PositionRefresh(s, ball);
+    if (flags.StoreBall) s.BallPos[ball] = {ToTwips(s, x), ToTwips(s, y)};
+    if (flags.Refresh) PositionRefresh(s, ball);
 }
 
-bool TryPositionSet(Session& s, int ball, float x, float y, bool apply, bool refresh, bool quiet, bool storeBall) {
+bool TryPositionSet(Session& s, int ball, float x, float y, PositionFlags flags) {
     try {
-        PositionSet(s, ball, x, y, apply, refresh, quiet, storeBall);
+        PositionSet(s, ball, x, y, flags);
         return true;
     } catch (const SoundError& e) {
         // A wander goes off ("Off" is entry 0): its next step would open a box over this one.
@@ -62,8 +61,8 @@ void SendHeading(Session& s, std::int32_t degrees) {
 }
 
 void ListenerRestore(Session& s) {
-    TryPositionSet(s, kListenerBall, static_cast<float>(s.ListenerX), static_cast<float>(s.ListenerY), true, false,
-                   false, false);
+    TryPositionSet(s, kListenerBall, static_cast<float>(s.ListenerX), static_cast<float>(s.ListenerY),
+                   {.Apply = true, .Refresh = false});
     try {
         SendHeading(s, s.ListenerAngle);
     } catch (const SoundError& e) {

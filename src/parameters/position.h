@@ -9,13 +9,20 @@ namespace marvolin {
 /// Number of the listener's ball, behind those of the LoopTracks.
 inline constexpr int kListenerBall = 4;
 
-/// Stores the place of a ball (0..3 LoopTracks, 4 the listener) in map units; with `apply` and `Use3D` the service
-/// hears of it; with `storeBall` the twips follow; with `refresh` the ball is placed again. `quiet` is carried along
-/// and read by nothing. A failure of the service rises, and the place is then not stored.
-void PositionSet(Session& s, int ball, float x, float y, bool apply, bool refresh, bool quiet, bool storeBall);
+/// The flags of `PositionSet`.
+struct PositionFlags {
+    bool Apply = true;       ///< the sound service gets the place, while `Use3D`
+    bool Refresh = true;     ///< the ball is drawn at its new place
+    bool Quiet = false;      ///< passed along, read by nothing
+    bool StoreBall = false;  ///< `BallPos` follows; otherwise the caller keeps it
+};
+
+/// Stores the place of a ball (0..3 LoopTracks, 4 the listener) in map units and passes it on as `flags` say. Raises
+/// `SoundError` when the service refuses; the place is then not stored.
+void PositionSet(Session& s, int ball, float x, float y, PositionFlags flags);
 /// The same for a gesture, a wander or a file. False when the service refuses, which is told as "placing sound"; the
 /// ball then stays where it was, and a wander goes off.
-bool TryPositionSet(Session& s, int ball, float x, float y, bool apply, bool refresh, bool quiet, bool storeBall);
+bool TryPositionSet(Session& s, int ball, float x, float y, PositionFlags flags);
 /// Tells the service the listener's heading while 3D sound is in use; the number of degrees goes into sine and cosine
 /// as it stands. A failure of the service rises.
 void SendHeading(Session& s, std::int32_t degrees);

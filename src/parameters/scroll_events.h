@@ -14,6 +14,9 @@ inline constexpr int kKnobScroll = 0;      ///< all knobs
 inline constexpr int kMapScroll = 1;       ///< the mouse on a ball of the map
 inline constexpr int kJoystickScroll = 2;  ///< the joystick on the map
 
+/// Whether a scroll event passes whatever its counter says.
+enum class Force : bool { No, Yes };
+
 /// The counter of that number; made on first use with the sensitivity that the player chose.
 clsScrollDelta& ScrollCounter(Session& s, int counter);
 

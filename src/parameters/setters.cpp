@@ -8,16 +8,16 @@
 
 namespace marvolin {
 
-void LoopVolChange(Session& s, Row row, std::int16_t& vol, bool takeHold, bool updateDisplay) {
+void LoopVolChange(Session& s, Row row, std::int16_t& vol, TakeHold takeHold, UpdateDisplay updateDisplay) {
     ClampI2(vol, 0, kVolFull);
     s.Set[row].Vol = vol;
     s.World.Screen.ShowKnob(row, Knob::Vol);
     if (row != kMasterRow) {
         s.SndDisp[row].Level = vol;
-        if (updateDisplay) s.SndDisp[row].Line = vol;
+        if (updateDisplay == UpdateDisplay::Yes) s.SndDisp[row].Line = vol;
         s.World.Screen.ShowSoundDisplay(row);
     }
-    if (!takeHold) return;
+    if (takeHold == TakeHold::No) return;
     if (row == kMasterRow) {
         MapVolAll(s);
     } else {
@@ -25,31 +25,31 @@ void LoopVolChange(Session& s, Row row, std::int16_t& vol, bool takeHold, bool u
     }
 }
 
-void LoopPanChange(Session& s, Row row, std::int16_t& pan, bool takeHold) {
+void LoopPanChange(Session& s, Row row, std::int16_t& pan, TakeHold takeHold) {
     ClampI2(pan, 0, kPanRight);
     s.Set[row].Pan = pan;
     s.World.Screen.ShowKnob(row, Knob::Pan);
-    if (takeHold) MapPan(s, row);
+    if (takeHold == TakeHold::Yes) MapPan(s, row);
 }
 
-void LoopHzChange(Session& s, Row row, std::int16_t& hz, bool takeHold) {
+void LoopHzChange(Session& s, Row row, std::int16_t& hz, TakeHold takeHold) {
     ClampI2(hz, 1, kHzTop);
     s.Set[row].Hz = hz;
     s.World.Screen.ShowKnob(row, Knob::Hz);
-    if (takeHold) MapHZ(s, row);
+    if (takeHold == TakeHold::Yes) MapHZ(s, row);
 }
 
-void LoopVolChangeGang(Session& s, Row row, std::int16_t vol, bool updateDisplay) {
-    ForGang(s, row, [&](Row member) { LoopVolChange(s, member, vol, true, updateDisplay); });
+void LoopVolChangeGang(Session& s, Row row, std::int16_t vol, UpdateDisplay updateDisplay) {
+    ForGang(s, row, [&](Row member) { LoopVolChange(s, member, vol, TakeHold::Yes, updateDisplay); });
 }
 
 void LoopPanChangeGang(Session& s, Row row, std::int16_t pan) {
     if (s.Use3D) return;
-    ForGang(s, row, [&](Row member) { LoopPanChange(s, member, pan, true); });
+    ForGang(s, row, [&](Row member) { LoopPanChange(s, member, pan, TakeHold::Yes); });
 }
 
 void LoopHzChangeGang(Session& s, Row row, std::int16_t hz) {
-    ForGang(s, row, [&](Row member) { LoopHzChange(s, member, hz, true); });
+    ForGang(s, row, [&](Row member) { LoopHzChange(s, member, hz, TakeHold::Yes); });
 }
 
 int KnobFrame(double value, double top, double bottom) {

@@ -8,16 +8,21 @@
 
 namespace marvolin {
 
+/// Whether a row setter sends the value to the sound at once.
+enum class TakeHold : bool { No, Yes };
+/// Whether the line of the row's sound display follows the volume.
+enum class UpdateDisplay : bool { No, Yes };
+
 /// Stores one row's volume, limited in place to 0..500; with `takeHold` it is heard at once (row 5: for all rows).
 /// With `updateDisplay` the line of the sound display follows.
-void LoopVolChange(Session& s, Row row, std::int16_t& vol, bool takeHold, bool updateDisplay);
+void LoopVolChange(Session& s, Row row, std::int16_t& vol, TakeHold takeHold, UpdateDisplay updateDisplay);
 /// Stores one row's pan, limited in place to 0..1000.
-void LoopPanChange(Session& s, Row row, std::int16_t& pan, bool takeHold);
+void LoopPanChange(Session& s, Row row, std::int16_t& pan, TakeHold takeHold);
 /// Stores one row's frequency, limited in place to 1..4000.
-void LoopHzChange(Session& s, Row row, std::int16_t& hz, bool takeHold);
+void LoopHzChange(Session& s, Row row, std::int16_t& hz, TakeHold takeHold);
 
 /// The same volume, 0..500, for the controlled rows and row 4, for the row's band, or for the row; heard at once.
-void LoopVolChangeGang(Session& s, Row row, std::int16_t vol, bool updateDisplay);
+void LoopVolChangeGang(Session& s, Row row, std::int16_t vol, UpdateDisplay updateDisplay);
 /// The same grouping for the pan, 0..1000; does nothing at all while `Use3D`.
 void LoopPanChangeGang(Session& s, Row row, std::int16_t pan);
 /// The same grouping for the frequency, 1..4000; heard at once.

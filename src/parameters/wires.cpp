@@ -24,7 +24,7 @@ std::int16_t DraggedValue(const Session& s, double y) {
     return ToI2(ClampVar(Int(s.Drag.DragStartValue - Int(Moved(s, y)) * kStepsATwip), -32000, 32000));
 }
 
-void DragWire(Session& s, Row row, double y, bool apply) {
+void DragWire(Session& s, Row row, double y, Apply apply) {
     LoopSetChannelGang(s, row, WireClamp(s, row, DraggedValue(s, y)), apply);
 }
 
@@ -32,15 +32,15 @@ void ClickWire(Session& s, Row row, double x, double width) {
     // The flag as it was pressed: a shift of a twip or two may have changed it since.
     const auto pressed = static_cast<std::int16_t>(s.Drag.DragStartValue);
     if (x <= width / 3) {
-        LoopSetChannelGang(s, row, WireFlip(pressed, kLeftColour), true);
+        LoopSetChannelGang(s, row, WireFlip(pressed, kLeftColour), Apply::Yes);
     } else if (x >= 2 * width / 3) {
-        LoopSetChannelGang(s, row, WireFlip(pressed, kRightColour), true);
+        LoopSetChannelGang(s, row, WireFlip(pressed, kRightColour), Apply::Yes);
     }
 }
 
 void PressFlag(Session& s, Row row, std::int16_t button, double y) {
     if (button == kRightButton) {
-        LoopSetChannelGang(s, row, WireFlip(s.Set[row].Channel, kDisconnected), true);
+        LoopSetChannelGang(s, row, WireFlip(s.Set[row].Channel, kDisconnected), Apply::Yes);
         return;
     }
     s.Drag.Dragging = True;
@@ -54,24 +54,24 @@ void ReleaseFlag(Session& s, Row row, double x, double y, double width) {
     if (std::abs(Moved(s, y)) < kClickTwips) {
         ClickWire(s, row, x, width);
     } else {
-        DragWire(s, row, y, true);
+        DragWire(s, row, y, Apply::Yes);
     }
 }
 
 }  // namespace
 
-void LoopSetChannel(Session& s, Row row, std::int16_t& value, bool apply) {
+void LoopSetChannel(Session& s, Row row, std::int16_t& value, Apply apply) {
     ClampI2(value, 1, kWires);
     s.Set[row].Channel = static_cast<std::uint8_t>(value);
     s.World.Screen.ShowWire(row);
     s.World.Screen.ShowCaption(row);
-    if (!apply) return;
+    if (apply == Apply::No) return;
     MapVol(s, row);
     MapPan(s, row);
     MapHZ(s, row);
 }
 
-void LoopSetChannelGang(Session& s, Row row, std::int16_t value, bool apply) {
+void LoopSetChannelGang(Session& s, Row row, std::int16_t value, Apply apply) {
     ForGang(s, row, [&](Row member) { LoopSetChannel(s, member, value, apply); });
 }
 
@@ -96,7 +96,7 @@ void ChannelFlag_Gesture(Session& s, Row row, Phase phase, std::int16_t button, 
             return PressFlag(s, row, button, y);
         case Phase::Move:
             ShowStatus(s, "drg Wire -/+; click Flip Colour; rtclk tggle Connect");
-            if (s.Drag.Dragging != False) DragWire(s, row, y, false);
+            if (s.Drag.Dragging != False) DragWire(s, row, y, Apply::No);
             return;
         case Phase::Up:
             return ReleaseFlag(s, row, x, y, width);

@@ -6,10 +6,10 @@
 
 namespace marvolin {
 
-/// Wires one row; `value` is limited in place to 1..8. With `apply` volume, pan and frequency are sent.
-void LoopSetChannel(Session& s, Row row, std::int16_t& value, bool apply);
+/// Wires one row; `value` is limited in place to 1..8. With `Apply::Yes` volume, pan and frequency are sent.
+void LoopSetChannel(Session& s, Row row, std::int16_t& value, Apply apply);
 /// The same for the controlled rows and row 4, for the row's band, or for the row.
-void LoopSetChannelGang(Session& s, Row row, std::int16_t value, bool apply);
+void LoopSetChannelGang(Session& s, Row row, std::int16_t value, Apply apply);
 /// A wire value with `bit` (1 right colour, 2 left colour, 4 disconnected) flipped.
 std::int16_t WireFlip(std::int16_t value, std::int16_t bit);
 /// A dragged wire value kept in the row's present connection state.

@@ -149,7 +149,7 @@ void Letr_DragDrop(Session& s, Row row, const DragSource& source) {
         LoopDragDrop(s, row, source);
         return;
     }
-    LoopVolChangeGang(s, from, s.Set[row].Vol, true);
+    LoopVolChangeGang(s, from, s.Set[row].Vol, UpdateDisplay::Yes);
     LoopPanChangeGang(s, from, s.Set[row].Pan);
     LoopHzChangeGang(s, from, s.Set[row].Hz);
     LoopSetPlayModeRows(s, from, s.Set[row].PlayMode);
@@ -162,7 +162,7 @@ void LoopDragDrop(Session& s, Row row, const DragSource& source) {
         return;
     }
     if (const Row from = DropperFrom(row, source); from >= 0) {
-        LoopVolChangeGang(s, from, s.Set[row].Vol, true);
+        LoopVolChangeGang(s, from, s.Set[row].Vol, UpdateDisplay::Yes);
         return;
     }
     for (const DropHandler& handler : kDropHandlers) {

@@ -24,7 +24,7 @@ void TakeNeedle(Session& s, Row row, std::int16_t needle, std::int16_t value) {
 void JumpToLevel(Session& s, Row row) {
     const std::int16_t level = s.SndDisp[row].Level;
     LoopSetFadeGang(s, row, FadeCommand::Cancel, kOwnBand);
-    LoopVolChangeGang(s, row, level, true);
+    LoopVolChangeGang(s, row, level, UpdateDisplay::Yes);
     s.SndDisp[row].Line = level;
     s.SndDisp[row].Level = level;
     s.World.Screen.ShowSoundDisplay(row);
@@ -49,7 +49,7 @@ void FadeToTarget(Session& s, Row row) {
     LoopFadeTo(s, row, target, kOwnBand);
     // The selection has no fade of its own: its knob and strip stand at the target at once.
     if (row == kSelectionRow) {
-        LoopVolChange(s, row, target, false, true);
+        LoopVolChange(s, row, target, TakeHold::No, UpdateDisplay::Yes);
     } else {
         s.World.Screen.ShowSoundDisplay(row);
     }

@@ -40,12 +40,12 @@ void RestorePlace(Session& s, const SavedLoop& saved, const clsSwitchRecord& loa
     if (s.Use3D) {
         if (!loadSwitch.Get(Element::Position)) return;
         if (!std::isfinite(set.PositionX) || !std::isfinite(set.PositionY)) return;
-        TryPositionSet(s, saved.Index, set.PositionX, set.PositionY, true, true, false, true);
+        TryPositionSet(s, saved.Index, set.PositionX, set.PositionY, {.Apply = true, .StoreBall = true});
         return;
     }
     if (loadSwitch.Get(Element::Pan)) {
         std::int16_t pan = set.Pan;
-        LoopPanChange(s, saved.Index, pan, true);
+        LoopPanChange(s, saved.Index, pan, TakeHold::Yes);
     }
     if (loadSwitch.Get(Element::PanPattern)) s.Set[saved.Index].Pattern[kPanPattern] = set.Pattern[kPanPattern];
 }
@@ -75,12 +75,12 @@ bool LoadSavedLoop(Session& s, const SavedLoop& saved, const clsSwitchRecord& lo
     }
     if (loadSwitch.Get(Element::Freq)) {
         std::int16_t hz = set.Hz;
-        LoopHzChange(s, saved.Index, hz, true);
+        LoopHzChange(s, saved.Index, hz, TakeHold::Yes);
     }
     if (loadSwitch.Get(Element::FreqPattern)) target.Pattern[kHzPattern] = set.Pattern[kHzPattern];
     if (loadSwitch.Get(Element::Vol)) {
         std::int16_t vol = set.Vol;
-        LoopVolChange(s, saved.Index, vol, true, true);
+        LoopVolChange(s, saved.Index, vol, TakeHold::Yes, UpdateDisplay::Yes);
     }
     if (loadSwitch.Get(Element::VolPattern)) target.Pattern[kVolPattern] = set.Pattern[kVolPattern];
     if ((newUse3D != False) == s.Use3D) RestorePlace(s, saved, loadSwitch);
@@ -90,7 +90,7 @@ bool LoadSavedLoop(Session& s, const SavedLoop& saved, const clsSwitchRecord& lo
     }
     if (loadSwitch.Get(Element::CrossFader)) {
         std::int16_t channel = set.Channel;
-        LoopSetChannel(s, saved.Index, channel, true);
+        LoopSetChannel(s, saved.Index, channel, Apply::Yes);
     }
     return loaded;
 }

@@ -52,8 +52,8 @@ struct Plugged {
         LoopPlay(s, kRow, true);
     }
     void Turn(std::int16_t vol, std::int16_t hz) {
-        LoopVolChange(s, kRow, vol, true, true);
-        LoopHzChange(s, kRow, hz, true);
+        LoopVolChange(s, kRow, vol, TakeHold::Yes, UpdateDisplay::Yes);
+        LoopHzChange(s, kRow, hz, TakeHold::Yes);
     }
     bool Sounds() { return (s.Run[kRow].Buffer->GetStatus() & buffer_status::kPlaying) != 0; }
     /// Pulls the device out and waits until its driver has noticed.

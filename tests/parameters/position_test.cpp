@@ -29,7 +29,7 @@ struct MapInstrument : Instrument {
 TEST(PositionSet, StoresALoopTracksPlaceAndTellsTheServiceWhenApplied) {
     MapInstrument i;
     i.Fill(2);
-    PositionSet(i.s, 2, 0.5F, -0.25F, true, false, false, false);
+    PositionSet(i.s, 2, 0.5F, -0.25F, {.Apply = true, .Refresh = false});
     EXPECT_THAT(i.Sound.Log, ElementsAre("SetPosition b0 0.500000,0.000000,-0.250000"));
     EXPECT_EQ(i.s.Set[2].PositionX, 0.5F);
     EXPECT_EQ(i.s.Set[2].PositionY, -0.25F);
@@ -39,7 +39,7 @@ TEST(PositionSet, StoresALoopTracksPlaceAndTellsTheServiceWhenApplied) {
 
 TEST(PositionSet, StoresTheListenersPlaceAndTellsTheServiceWhenApplied) {
     MapInstrument i;
-    PositionSet(i.s, kListenerBall, 0.5F, -0.25F, true, false, true, false);
+    PositionSet(i.s, kListenerBall, 0.5F, -0.25F, {.Apply = true, .Refresh = false, .Quiet = true});
     EXPECT_THAT(i.Sound.Log, ElementsAre("SetListenerPosition 0.500000,0.000000,-0.250000"));
     EXPECT_EQ(i.s.ListenerX, 0.5);
     EXPECT_EQ(i.s.ListenerY, -0.25);
@@ -49,14 +49,14 @@ TEST(PositionSet, StoresTheListenersPlaceAndTellsTheServiceWhenApplied) {
 TEST(PositionSet, WithoutApplyOrWithoutASampleOrWithThreeDimensionsOffOnlyStores) {
     MapInstrument on;
     on.Fill(0);
-    PositionSet(on.s, 0, 1, 1, false, false, false, false);
-    PositionSet(on.s, 1, 1, 1, true, false, false, false);
-    PositionSet(on.s, kListenerBall, 1, 1, false, false, false, false);
+    PositionSet(on.s, 0, 1, 1, {.Apply = false, .Refresh = false});
+    PositionSet(on.s, 1, 1, 1, {.Apply = true, .Refresh = false});
+    PositionSet(on.s, kListenerBall, 1, 1, {.Apply = false, .Refresh = false});
     EXPECT_THAT(on.Sound.Log, IsEmpty());
     MapInstrument off(false);
     off.Fill(0);
-    PositionSet(off.s, 0, 1, 1, true, true, false, false);
-    PositionSet(off.s, kListenerBall, 1, 1, true, true, false, false);
+    PositionSet(off.s, 0, 1, 1, {.Apply = true});
+    PositionSet(off.s, kListenerBall, 1, 1, {.Apply = true});
     EXPECT_THAT(off.Sound.Log, IsEmpty());
     EXPECT_THAT(off.Screen.Log, IsEmpty());
     EXPECT_EQ(on.s.Set[0].PositionX, 1);
@@ -69,7 +69,7 @@ TEST(PositionSet, WithoutApplyOrWithoutASampleOrWithThreeDimensionsOffOnlyStores
 TEST(PositionSet, WithNoDeviceOpenTheListenersPlaceIsStillStored) {
     MapInstrument i;
     i.s.Listener.reset();
-    PositionSet(i.s, kListenerBall, 1, 1, true, false, false, false);
+    PositionSet(i.s, kListenerBall, 1, 1, {.Apply = true, .Refresh = false});
     EXPECT_EQ(i.s.ListenerX, 1);
 }
 
@@ -77,7 +77,7 @@ TEST(PositionSet, ABufferMadeWithoutThreeDimensionsHearsNothing) {
     MapInstrument i(false);
     i.Fill(0);
     i.s.Use3D = true;
-    PositionSet(i.s, 0, 1, -1, true, false, false, false);
+    PositionSet(i.s, 0, 1, -1, {.Apply = true, .Refresh = false});
     EXPECT_THAT(i.Sound.Log, IsEmpty());
     EXPECT_EQ(i.s.Set[0].PositionY, -1);
 }
@@ -86,17 +86,17 @@ TEST(PositionSet, AFailureOfTheServiceRisesAndThePlaceStays) {
     MapInstrument i;
     i.Fill(0);
     i.Sound.Failures["SetPosition"] = sound_error::kGeneric;
-    EXPECT_THROW(PositionSet(i.s, 0, 1, 1, true, true, false, true), SoundError);
+    EXPECT_THROW(PositionSet(i.s, 0, 1, 1, {.Apply = true, .StoreBall = true}), SoundError);
     EXPECT_EQ(i.s.Set[0].PositionX, 0);
     EXPECT_THAT(i.Screen.Log, IsEmpty());
 }
 
 TEST(PositionSet, StoresTheTwipsByTheHalfWidthOnBothAxes) {
     MapInstrument i;
-    PositionSet(i.s, 3, 0.5F, -1.5F, false, false, false, true);
+    PositionSet(i.s, 3, 0.5F, -1.5F, {.Apply = false, .Refresh = false, .StoreBall = true});
     EXPECT_DOUBLE_EQ(i.s.BallPos[3].X, 500);
     EXPECT_DOUBLE_EQ(i.s.BallPos[3].Y, -1500);
-    PositionSet(i.s, kListenerBall, -0.5F, 1, false, false, false, true);
+    PositionSet(i.s, kListenerBall, -0.5F, 1, {.Apply = false, .Refresh = false, .StoreBall = true});
     EXPECT_DOUBLE_EQ(i.s.BallPos[4].X, -500);
     EXPECT_DOUBLE_EQ(i.s.BallPos[4].Y, 1000);
 }
@@ -121,7 +121,7 @@ TEST(PositionSet, TheQuietFlagChangesNothing) {
 
 TEST(PositionRefresh, PlacesTheBallOnlyWithThreeDimensionsOn) {
     MapInstrument on;
-    PositionSet(on.s, 1, 0, 0, false, true, false, false);
+    PositionSet(on.s, 1, 0, 0, {.Apply = false});
     EXPECT_THAT(on.Screen.Log, ElementsAre("ShowMapBall 1"));
     MapInstrument off(false);
     PositionRefresh(off.s, 1);

@@ -32,9 +32,9 @@ TEST(Setters, AValueIsLimitedInPlaceAndStored) {
                                            {32000, 500, 1000, 4000}}) {
         SCOPED_TRACE(c.Given);
         std::int16_t vol = c.Given, pan = c.Given, hz = c.Given;
-        LoopVolChange(i.s, 2, vol, true, true);
-        LoopPanChange(i.s, 2, pan, true);
-        LoopHzChange(i.s, 2, hz, true);
+        LoopVolChange(i.s, 2, vol, TakeHold::Yes, UpdateDisplay::Yes);
+        LoopPanChange(i.s, 2, pan, TakeHold::Yes);
+        LoopHzChange(i.s, 2, hz, TakeHold::Yes);
         EXPECT_EQ(vol, c.Vol);
         EXPECT_EQ(pan, c.Pan);
         EXPECT_EQ(hz, c.Hz);
@@ -47,9 +47,9 @@ TEST(Setters, AValueIsLimitedInPlaceAndStored) {
 TEST(Setters, ALoopTrackWithNoSampleKeepsTheValueAndNothingIsSent) {
     Instrument i;
     std::int16_t vol = 123, pan = 321, hz = 777;
-    LoopVolChange(i.s, 1, vol, true, true);
-    LoopPanChange(i.s, 1, pan, true);
-    LoopHzChange(i.s, 1, hz, true);
+    LoopVolChange(i.s, 1, vol, TakeHold::Yes, UpdateDisplay::Yes);
+    LoopPanChange(i.s, 1, pan, TakeHold::Yes);
+    LoopHzChange(i.s, 1, hz, TakeHold::Yes);
     EXPECT_EQ(i.s.Set[1].Vol, 123);
     EXPECT_EQ(i.s.Set[1].Pan, 321);
     EXPECT_EQ(i.s.Set[1].Hz, 777);
@@ -61,14 +61,14 @@ TEST(Setters, WithTakeHoldTheSoundFollowsAtOnceWithoutItOnlyTheKnobDoes) {
     Instrument i;
     i.Fill(0);
     std::int16_t vol = 498, pan = 501, hz = 500;
-    LoopVolChange(i.s, 0, vol, false, false);
-    LoopPanChange(i.s, 0, pan, false);
-    LoopHzChange(i.s, 0, hz, false);
+    LoopVolChange(i.s, 0, vol, TakeHold::No, UpdateDisplay::No);
+    LoopPanChange(i.s, 0, pan, TakeHold::No);
+    LoopHzChange(i.s, 0, hz, TakeHold::No);
     EXPECT_TRUE(i.Sound.Log.empty());
     EXPECT_THAT(i.Screen.Log, ElementsAre("ShowKnob 0 Vol", "ShowSoundDisplay 0", "ShowKnob 0 Pan", "ShowKnob 0 Hz"));
-    LoopVolChange(i.s, 0, vol, true, false);
-    LoopPanChange(i.s, 0, pan, true);
-    LoopHzChange(i.s, 0, hz, true);
+    LoopVolChange(i.s, 0, vol, TakeHold::Yes, UpdateDisplay::No);
+    LoopPanChange(i.s, 0, pan, TakeHold::Yes);
+    LoopHzChange(i.s, 0, hz, TakeHold::Yes);
     EXPECT_THAT(i.Sound.Log, ElementsAre("SetVolume b0 -6", "SetPan b0 12", "SetFrequency b0 22050"));
 }
 
@@ -76,7 +76,7 @@ TEST(Setters, TheMasterIsHeardOnAllRowsAndHasNoSoundDisplay) {
     Instrument i;
     for (Row row = 0; row < kLoopTracks; ++row) i.Fill(row);
     std::int16_t vol = 250;
-    LoopVolChange(i.s, kMasterRow, vol, true, true);
+    LoopVolChange(i.s, kMasterRow, vol, TakeHold::Yes, UpdateDisplay::Yes);
     EXPECT_THAT(i.Sound.Log,
                 ElementsAre("SetVolume b0 -1494", "SetVolume b1 -1494", "SetVolume b2 -1494", "SetVolume b3 -1494"));
     EXPECT_THAT(i.Screen.Log, ElementsAre("ShowKnob 5 Vol"));
@@ -85,10 +85,10 @@ TEST(Setters, TheMasterIsHeardOnAllRowsAndHasNoSoundDisplay) {
 TEST(Setters, TheLineOfTheSoundDisplayMovesOnlyWhenToldTo) {
     Instrument i;
     std::int16_t vol = 100;
-    LoopVolChange(i.s, 3, vol, true, false);
+    LoopVolChange(i.s, 3, vol, TakeHold::Yes, UpdateDisplay::No);
     EXPECT_EQ(i.s.SndDisp[3].Level, 100);
     EXPECT_EQ(i.s.SndDisp[3].Line, 500);
-    LoopVolChange(i.s, 3, vol, true, true);
+    LoopVolChange(i.s, 3, vol, TakeHold::Yes, UpdateDisplay::Yes);
     EXPECT_EQ(i.s.SndDisp[3].Line, 100);
     EXPECT_EQ(i.Screen.Count("ShowSoundDisplay 3"), 2);
 }
@@ -98,7 +98,7 @@ TEST(Setters, AFailedCallKeepsTheSetting) {
     i.Fill(0);
     i.Sound.Failures["SetVolume"] = sound_error::kGeneric;
     std::int16_t vol = 42;
-    LoopVolChange(i.s, 0, vol, true, true);
+    LoopVolChange(i.s, 0, vol, TakeHold::Yes, UpdateDisplay::Yes);
     EXPECT_EQ(i.s.Set[0].Vol, 42);
     EXPECT_EQ(i.Desk.Boxes.size(), 1U);
 }
@@ -111,7 +111,7 @@ struct Gang {
 };
 
 const std::vector<Gang> kGangs{
-    {"Vol", [](Session& s, Row row, std::int16_t v) { LoopVolChangeGang(s, row, v, true); },
+    {"Vol", [](Session& s, Row row, std::int16_t v) { LoopVolChangeGang(s, row, v, UpdateDisplay::Yes); },
      [](const Session& s, Row row) { return s.Set[row].Vol; }},
     {"Pan", LoopPanChangeGang, [](const Session& s, Row row) { return s.Set[row].Pan; }},
     {"Hz", LoopHzChangeGang, [](const Session& s, Row row) { return s.Set[row].Hz; }},

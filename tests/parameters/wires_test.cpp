@@ -72,11 +72,11 @@ TEST(LoopSetChannel, IsLimitedInPlaceStoredAndShown) {
     Instrument i;
     i.Fill(0);
     std::int16_t value = 0;
-    LoopSetChannel(i.s, 0, value, false);
+    LoopSetChannel(i.s, 0, value, Apply::No);
     EXPECT_EQ(value, 1);
     EXPECT_EQ(i.s.Set[0].Channel, 1);
     value = 9;
-    LoopSetChannel(i.s, 0, value, false);
+    LoopSetChannel(i.s, 0, value, Apply::No);
     EXPECT_EQ(value, 8);
     EXPECT_EQ(i.s.Set[0].Channel, 8);
     EXPECT_THAT(i.Screen.Log, ElementsAre("ShowWire 0", "ShowCaption 0", "ShowWire 0", "ShowCaption 0"));
@@ -90,7 +90,7 @@ TEST(LoopSetChannel, WithApplySendsVolumePanAndFrequencyInThisOrder) {
     i.s.ChannelPan[3] = 600;
     i.s.ChannelHz[3] = 500;
     std::int16_t value = 3;
-    LoopSetChannel(i.s, 0, value, true);
+    LoopSetChannel(i.s, 0, value, Apply::Yes);
     EXPECT_THAT(i.Sound.Log, ElementsAre("SetVolume b0 -594", "SetPan b0 1200", "SetFrequency b0 22050"));
 }
 
@@ -105,19 +105,19 @@ TEST(LoopSetChannelGang, ReachesTheControlledRowsTheBandOrTheRow) {
     Instrument selection;
     selection.Select(0);
     selection.Select(2);
-    LoopSetChannelGang(selection.s, kSelectionRow, 8, true);
+    LoopSetChannelGang(selection.s, kSelectionRow, 8, Apply::Yes);
     EXPECT_THAT(rowsAtEight(selection), ElementsAre(0, 2, 4));
     Instrument starting;
     starting.s.GangReady = false;
     starting.Select(0);
-    LoopSetChannelGang(starting.s, kSelectionRow, 8, true);
+    LoopSetChannelGang(starting.s, kSelectionRow, 8, Apply::Yes);
     EXPECT_THAT(rowsAtEight(starting), ElementsAre(4));
     Instrument band;
     band.MakeBand(4, 2, 3);
-    LoopSetChannelGang(band.s, 3, 20, true);
+    LoopSetChannelGang(band.s, 3, 20, Apply::Yes);
     EXPECT_THAT(rowsAtEight(band), ElementsAre(2, 3));
     Instrument alone;
-    LoopSetChannelGang(alone.s, 1, 8, true);
+    LoopSetChannelGang(alone.s, 1, 8, Apply::Yes);
     EXPECT_THAT(rowsAtEight(alone), ElementsAre(1));
 }
 

@@ -47,7 +47,7 @@ TEST_F(CurrentLoop, AClickOnAThumbChangesTheFacesAndNothingElse) {
 
 TEST_F(CurrentLoop, TheOldThumbIsShownNormalBeforeTheNewOneIsHighlighted) {
     i.s.CurrentLoop = 3;
-    SetCurrentLoop(i.s, 1, false);
+    SetCurrentLoop(i.s, 1, OpenPattern::No);
     EXPECT_THAT(i.Screen.Log, ElementsAre("ShowThumb 3", "ShowThumb 1"));
 }
 
@@ -76,27 +76,27 @@ TEST_F(CurrentLoop, ADoubleClickOpensThePatternTabAndRefreshesTheViews) {
 
 TEST_F(CurrentLoop, OpeningFromTheMapHighlightsTheRowsBallFirst) {
     i.s.ActiveTab = kMapTab;
-    SetCurrentLoop(i.s, 2, true);
+    SetCurrentLoop(i.s, 2, OpenPattern::Yes);
     EXPECT_EQ(i.s.PosHighlight, 2);
     EXPECT_EQ(i.s.ActiveTab, kPatternTab);
     EXPECT_EQ(i.Screen.Count("ShowTab"), 1);
 }
 
 TEST_F(CurrentLoop, OpeningFromAnotherTabHighlightsNoBall) {
-    SetCurrentLoop(i.s, 2, true);
+    SetCurrentLoop(i.s, 2, OpenPattern::Yes);
     EXPECT_EQ(i.s.PosHighlight, -1);
 }
 
 TEST_F(CurrentLoop, WithoutOpeningTheMapsHighlightStays) {
     i.s.ActiveTab = kMapTab;
-    SetCurrentLoop(i.s, 2, false);
+    SetCurrentLoop(i.s, 2, OpenPattern::No);
     EXPECT_EQ(i.s.PosHighlight, -1);
     EXPECT_EQ(i.s.ActiveTab, kMapTab);
 }
 
 TEST_F(CurrentLoop, OpeningOnThePatternTabDoesNotShowTheTabAgain) {
     i.s.ActiveTab = kPatternTab;
-    SetCurrentLoop(i.s, 1, true);
+    SetCurrentLoop(i.s, 1, OpenPattern::Yes);
     EXPECT_EQ(i.Screen.Count("ShowTab"), 0);
     EXPECT_EQ(i.Screen.Count("ShowPattern 0"), 1);
 }

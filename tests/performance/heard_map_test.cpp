@@ -92,7 +92,7 @@ TEST(HeardMap, TheListenersBallMovesWhatIsHeardTheOtherWay) {
     i.Place(kListenerBall, -2, 0);
     ExpectSides(i, 0, Expected(kLevel, 2, 1));
     // 22 goes into the sine as it stands, half a turn nearly: left and right change places.
-    RotateListener(i.s, 22, true);
+    RotateListener(i.s, 22, Apply::Yes);
     const Sides turned = i.Heard();
     EXPECT_GT(turned.Left, 50 * std::abs(turned.Right));
 }
@@ -110,7 +110,7 @@ TEST(HeardMap, With3DOffThePanIsHeardAndThePlaceIsNot) {
              {std::int16_t{0}, std::int16_t{400}, std::int16_t{500}, std::int16_t{600}, std::int16_t{1000}}) {
             SCOPED_TRACE(pan);
             std::int16_t value = pan;
-            LoopPanChange(i.s, 0, value, true);
+            LoopPanChange(i.s, 0, value, TakeHold::Yes);
             // Hundredths of a decibel taken from the far side: 12 a unit, one short on the left.
             const double toLeft = pan == 0 ? 10000 : pan < 500 ? (499 - pan) * 12 : 0;
             const double toRight = pan == 1000 ? 10000 : pan > 500 ? (pan - 500) * 12 : 0;
@@ -127,9 +127,9 @@ TEST(HeardMap, SwitchingThereAndBackKeepsSamplesSettingsAndPatternsAndIsHeard) {
     std::int16_t pan = 1000;
     std::int16_t vol = 321;
     std::int16_t hz = 1234;
-    LoopPanChange(i.s, 0, pan, true);
-    LoopVolChange(i.s, 2, vol, true, true);
-    LoopHzChange(i.s, 2, hz, true);
+    LoopPanChange(i.s, 0, pan, TakeHold::Yes);
+    LoopVolChange(i.s, 2, vol, TakeHold::Yes, UpdateDisplay::Yes);
+    LoopHzChange(i.s, 2, hz, TakeHold::Yes);
     i.Place(0, -2, 0);
     i.Place(kListenerBall, 1, 0);
     i.s.Set[0].Pattern[kPanPattern][3] = 77;

@@ -71,7 +71,7 @@ struct FourSines : HeardInstrument {
 
 TEST(HeardPad, TheBallFromCornerToCornerCrossFadesFourLoopTracks) {
     FourSines i;
-    PadMove(i.s, -1, -1, 1, true, true);
+    PadMove(i.s, -1, -1, 1, {.Absolute = true, .Apply = true});
     i.ExpectLevels();
     double before = i.Levels()[0];
     EXPECT_NEAR(before, kLevel, kNear);
@@ -94,7 +94,7 @@ TEST(HeardPad, EachCornerPlaysItsOwnChannelAtItsLoudest) {
     static constexpr std::array<std::array<int, 2>, 4> kCorners{{{-1, -1}, {1, -1}, {1, 1}, {-1, 1}}};
     for (std::size_t corner = 0; corner < kCorners.size(); ++corner) {
         SCOPED_TRACE(corner);
-        PadMove(i.s, kCorners[corner][0], kCorners[corner][1], 1, true, true);
+        PadMove(i.s, kCorners[corner][0], kCorners[corner][1], 1, {.Absolute = true, .Apply = true});
         i.ExpectLevels();
         EXPECT_NEAR(i.Levels()[corner], kLevel, kNear);
     }
@@ -104,10 +104,10 @@ TEST(HeardPad, ThePanPadMovesEachLoopTrackBetweenTheSides) {
     HeardInstrument i;
     i.Sound(0, 8000);
     PadType_Click(i.s, 3);
-    PadMove(i.s, -1, -1, 1, true, true);
+    PadMove(i.s, -1, -1, 1, {.Absolute = true, .Apply = true});
     EXPECT_NEAR(i.Heard().Left, 8000, kNear);
     EXPECT_NEAR(i.Heard().Right, 0, kNear);
-    PadMove(i.s, 1, 1, 1, true, true);
+    PadMove(i.s, 1, 1, 1, {.Absolute = true, .Apply = true});
     EXPECT_NEAR(i.Heard().Left, 0, kNear);
     EXPECT_NEAR(i.Heard().Right, 8000, kNear);
 }

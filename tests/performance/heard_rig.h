@@ -89,7 +89,9 @@ struct HeardInstrument {
         return {sum.Left / 1024, sum.Right / 1024};
     }
     /// A ball to a place in map units, as a drag that is heard.
-    void Place(int ball, double x, double y) { PosScaled(s, x, y, ball, s.MapRange, true, true, false); }
+    void Place(int ball, double x, double y) {
+        PosScaled(s, x, y, ball, s.MapRange, {.Absolute = true, .Apply = true});
+    }
     void Silence() {
         for (Row row = 0; row < kLoopTracks; ++row) LoopClear(s, row);
     }

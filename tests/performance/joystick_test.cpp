@@ -238,11 +238,11 @@ TEST(JoyStick, OnTheMapAChangeOfThePadTypeLetsTheRestingStickActOnce) {
     i.s.ActiveTab = kMapTab;
     SetJoyRelative(i.s, 1, false);
     i.Push(6000, 5000);
-    PosMove(i.s, 0, 0, kListenerBall, true, true, false);
+    PosMove(i.s, 0, 0, kListenerBall, {.Absolute = true, .Apply = true});
     PadType_Click(i.s, 3);
     i.Poll();
     EXPECT_DOUBLE_EQ(i.s.BallPos[4].X, 0.375 * kHalf);
-    PosMove(i.s, 0, 0, kListenerBall, true, true, false);
+    PosMove(i.s, 0, 0, kListenerBall, {.Absolute = true, .Apply = true});
     i.Poll();
     EXPECT_EQ(i.s.BallPos[4].X, 0);
 }
@@ -252,8 +252,8 @@ TEST(JoyStick, OnTheMapWithout3DAndOnTheOtherTabsStickAndCentreDoNothingAndTheRe
         SCOPED_TRACE(tab);
         Flown i;
         i.s.ActiveTab = tab;
-        PadMove(i.s, 100, 100, 500, true, false);
-        PosMove(i.s, 100, 100, 4, true, false, false);
+        PadMove(i.s, 100, 100, 500, {.Absolute = true, .Apply = false});
+        PosMove(i.s, 100, 100, 4, {.Absolute = true, .Apply = false});
         const double x = i.Pad().X;
         i.Stick.State.buttons[2] = 1;
         i.Push(9000, 9000);
@@ -282,11 +282,11 @@ TEST(JoyCentre, WhileHeldTheBallIsPutOnTheCentreAtEachPoll) {
     i.Push(9000, 9000);
     i.Press(2, true);
     EXPECT_EQ(i.Pad().X, 0);
-    PadMove(i.s, 100, 100, 500, true, false);
+    PadMove(i.s, 100, 100, 500, {.Absolute = true, .Apply = false});
     i.Poll();
     EXPECT_EQ(i.Pad().X, 0);
     i.Press(2, false);
-    PadMove(i.s, 100, 100, 500, true, false);
+    PadMove(i.s, 100, 100, 500, {.Absolute = true, .Apply = false});
     i.Poll();
     EXPECT_NE(i.Pad().X, 0);
 }
@@ -295,7 +295,7 @@ TEST(JoyCentre, OnTheMapTheListenerIsPutOnTheCentre) {
     Flown i;
     i.Use3D();
     i.s.ActiveTab = kMapTab;
-    PosMove(i.s, 100, 100, 4, true, false, false);
+    PosMove(i.s, 100, 100, 4, {.Absolute = true, .Apply = false});
     i.Sound.Log.clear();
     i.Press(2, true);
     EXPECT_EQ(i.s.ListenerX, 0);
@@ -427,7 +427,7 @@ TEST(JoyToggle, FlipsTheBoxOfTheTabOnRelease) {
 TEST(JoyButton, AnActionSetToNoneListensToTheNinthButton) {
     Flown i;
     JButton_Click(i.s, kJoyCentre, kNoButtonEntry);
-    PadMove(i.s, 100, 100, 500, true, false);
+    PadMove(i.s, 100, 100, 500, {.Absolute = true, .Apply = false});
     i.Press(2, true);
     EXPECT_NE(i.Pad().X, 0);
     i.Press(8, true);

@@ -17,7 +17,7 @@ constexpr double kHold = 15 * 15;
 TEST(PosGesture, ALeftPressTakesThePointerToTheBallAndKeepsItOnTheMap) {
     Surfaces i;
     i.Use3D();
-    PosMove(i.s, 157, -293, 1, true, true, false);
+    PosMove(i.s, 157, -293, 1, {.Absolute = true, .Apply = true});
     i.Clear();
     EXPECT_FALSE(PosGesture(i.s, Phase::Down, 1, kLeftButton, kHold, kHold));
     EXPECT_FALSE(i.s.CursorFree);
@@ -28,16 +28,16 @@ TEST(PosGesture, ALeftPressStartsTheCountersOfTheBall) {
     Surfaces i;
     i.s.EventWanted[ScriptEvent::OnPositionScroll] = 1;
     i.s.ScrollSensitivity[1] = 1;
-    PosMove(i.s, 710, 0, 0, true, true, false);
-    PosMove(i.s, 0, 1420, kListenerBall, true, true, false);
+    PosMove(i.s, 710, 0, 0, {.Absolute = true, .Apply = true});
+    PosMove(i.s, 0, 1420, kListenerBall, {.Absolute = true, .Apply = true});
     PosGesture(i.s, Phase::Down, 0, kLeftButton, kHold, kHold);
-    PosScrollEvent(i.s, 0, 1, 0, true, kMapScroll);
+    PosScrollEvent(i.s, 0, 1, 0, Force::Yes, kMapScroll);
     ASSERT_EQ(i.Scripts.Events.size(), 1u);
     EXPECT_NEAR(i.Scripts.Events[0].Arguments[3], 0.5, 1e-6);
     EXPECT_FALSE(i.s.ScrollDelta[kJoystickScroll]);
     PosGesture(i.s, Phase::Down, kListenerBall, kLeftButton, kHold, kHold);
     for (int counter : {kMapScroll, kJoystickScroll}) {
-        PosScrollEvent(i.s, kListenerBall, 0, 1.5, true, counter);
+        PosScrollEvent(i.s, kListenerBall, 0, 1.5, Force::Yes, counter);
         EXPECT_NEAR(i.Scripts.Events.back().Arguments[4], 0.5, 1e-6);
     }
 }
@@ -153,7 +153,7 @@ TEST(PosGesture, AVeryLongTurnIsLimited) {
 TEST(PosGesture, TheWanderStepMovesADraggedBallAndTheDragGoesOnFromThere) {
     Surfaces i;
     PosGesture(i.s, Phase::Down, 0, kLeftButton, kHold, kHold);
-    PosMove(i.s, 500, 0, 0, true, true, false);
+    PosMove(i.s, 500, 0, 0, {.Absolute = true, .Apply = true});
     PosGesture(i.s, Phase::Move, 0, kLeftButton, kHold + 15, kHold);
     EXPECT_EQ(i.s.BallPos[0].X, 515);
 }
@@ -194,28 +194,28 @@ TEST(PosEvents, TheEndOfADragIsSentHoweverFewMovesPassedTheCounter) {
 
 TEST(PosEvents, TheListenerIsNumberFive) {
     Scripted i;
-    PosScrollEvent(i.s, kListenerBall, 0.25, 0.5, false, kJoystickScroll);
+    PosScrollEvent(i.s, kListenerBall, 0.25, 0.5, Force::No, kJoystickScroll);
     EXPECT_THAT(i.Scripts.Events[0].Arguments, testing::ElementsAre(5, 0.25, 0.5, 0.25, 0.5));
 }
 
 TEST(PosEvents, OnlyEverySoManyMovesPassAndForcePassesAtOnce) {
     Scripted i;
     i.s.ScrollSensitivity[1] = 4;
-    for (int n = 1; n <= 8; ++n) PosScrollEvent(i.s, 0, n, 0, false, kMapScroll);
+    for (int n = 1; n <= 8; ++n) PosScrollEvent(i.s, 0, n, 0, Force::No, kMapScroll);
     ASSERT_EQ(i.Scripts.Events.size(), 2u);
     EXPECT_THAT(i.Scripts.Events[1].Arguments, testing::ElementsAre(1, 8, 0, 4, 0));
-    PosScrollEvent(i.s, 0, 9, 0, true, kMapScroll);
+    PosScrollEvent(i.s, 0, 9, 0, Force::Yes, kMapScroll);
     EXPECT_EQ(i.Scripts.Events.size(), 3u);
 }
 
 TEST(PosEvents, NothingIsSentOrCountedWhileUnwantedOrWhileAnotherEventRuns) {
     Scripted i;
     i.s.EventWanted[ScriptEvent::OnPositionScroll] = 0;
-    PosScrollEvent(i.s, 0, 1, 1, true, kMapScroll);
+    PosScrollEvent(i.s, 0, 1, 1, Force::Yes, kMapScroll);
     EXPECT_FALSE(i.s.ScrollDelta[kMapScroll]);
     i.s.EventWanted[ScriptEvent::OnPositionScroll] = 1;
     i.s.ScriptBusy = true;
-    PosScrollEvent(i.s, 0, 1, 1, true, kMapScroll);
+    PosScrollEvent(i.s, 0, 1, 1, Force::Yes, kMapScroll);
     PosChangeEvent(i.s, 0, 1, 1);
     EXPECT_TRUE(i.Scripts.Events.empty());
 }
@@ -223,10 +223,10 @@ TEST(PosEvents, NothingIsSentOrCountedWhileUnwantedOrWhileAnotherEventRuns) {
 TEST(PosEvents, AScriptThatMovesABallIsNotCalledFromInsideItself) {
     Scripted i;
     i.Scripts.During = [&](ScriptEvent) {
-        PosScrollEvent(i.s, 1, 1, 1, true, kMapScroll);
+        PosScrollEvent(i.s, 1, 1, 1, Force::Yes, kMapScroll);
         PosChangeEvent(i.s, 1, 1, 1);
     };
-    PosScrollEvent(i.s, 0, 1, 1, true, kMapScroll);
+    PosScrollEvent(i.s, 0, 1, 1, Force::Yes, kMapScroll);
     EXPECT_EQ(i.Scripts.Events.size(), 1u);
     EXPECT_FALSE(i.s.ScriptBusy);
     PosChangeEvent(i.s, 0, 1, 1);

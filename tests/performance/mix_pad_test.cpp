@@ -18,7 +18,7 @@ constexpr double kHalf = Surfaces::kHalf;
 /// Mixes a place of the pad under a type and a curve.
 void Mix(Surfaces& i, std::int16_t type, std::int16_t function, double x, double y) {
     i.s.PadTable[type].Function = function;
-    PadMix(i.s, x, y, type, true, false, true, true);
+    PadMix(i.s, x, y, type, {.Absolute = true, .Apply = false});
 }
 
 std::array<int, 4> Levels(const Surfaces& i, std::int16_t type) {
@@ -124,7 +124,7 @@ TEST(PadMix, APlaceBeyondTheEdgesIsClampedInTheArgumentsInTheStoreAndInTheBall) 
     Surfaces i;
     double x = 99999;
     double y = -99999;
-    PadMix(i.s, x, y, 2, true, false, false, true);
+    PadMix(i.s, x, y, 2, {.Absolute = true, .Apply = false, .ReadOut = false});
     EXPECT_EQ(x, kHalf);
     EXPECT_EQ(y, -kHalf);
     EXPECT_EQ(i.s.PadTable[2].X, kHalf);
@@ -141,7 +141,7 @@ TEST(PadMix, AMoveThatIsNotAbsoluteGoesOnFromTheStoredPlaceOfItsType) {
     i.s.PadTable[0].X = -7;
     double x = 30;
     double y = -50;
-    PadMix(i.s, x, y, 2, false, false, false, true);
+    PadMix(i.s, x, y, 2, {.Absolute = false, .Apply = false, .ReadOut = false});
     EXPECT_EQ(x, 130);
     EXPECT_EQ(y, 150);
     EXPECT_EQ(i.s.PadTable[2].X, 130);
@@ -170,7 +170,7 @@ TEST(PadMix, TheOneAxisFormFadesTheLeftPairAgainstTheRightPair) {
         for (double up : {-kHalf, 0.0, 700.0}) {
             double x = at * kHalf;
             double y = up;
-            PadMix(i.s, x, y, 2, true, false, false, false);
+            PadMix(i.s, x, y, 2, {.Absolute = true, .Apply = false, .ReadOut = false, .TwoAxes = false});
             EXPECT_EQ(Levels(i, 2), (Four{left, right, right, left}));
         }
     }
@@ -184,7 +184,7 @@ TEST(PadMix, LevelsOnAHalfGoToTheEvenNumber) {
     for (const auto& [x0, left, right] : {std::tuple{-384.0, 62, 438}, {-128.0, 188, 312}, {128.0, 312, 188}}) {
         double x = x0;
         double y = 0;
-        PadMix(i.s, x, y, 2, true, false, false, false);
+        PadMix(i.s, x, y, 2, {.Absolute = true, .Apply = false, .ReadOut = false, .TwoAxes = false});
         EXPECT_EQ(Levels(i, 2), (Four{left, right, right, left})) << x0;
     }
 }
@@ -204,7 +204,7 @@ TEST(PadMix, TheFifthTypeStoresItsPlaceAndEndsThere) {
     const auto pan = i.s.ChannelPan;
     double x = 5;
     double y = 6;
-    PadMix(i.s, x, y, 4, true, true, true, true);
+    PadMix(i.s, x, y, 4, {.Absolute = true, .Apply = true});
     EXPECT_EQ(i.s.PadTable[4].X, 5);
     EXPECT_EQ(i.s.PadTable[4].Y, 6);
     EXPECT_EQ(i.s.ChannelHz, hz);
@@ -217,8 +217,8 @@ TEST(PadMix, ATypeOutsideTheTableIsAnInternalFault) {
     Surfaces i;
     double x = 0;
     double y = 0;
-    EXPECT_THROW(PadMix(i.s, x, y, 5, true, true, true, true), SubscriptError);
-    EXPECT_THROW(PadMix(i.s, x, y, -1, true, true, true, true), SubscriptError);
+    EXPECT_THROW(PadMix(i.s, x, y, 5, {.Absolute = true, .Apply = true}), SubscriptError);
+    EXPECT_THROW(PadMix(i.s, x, y, -1, {.Absolute = true, .Apply = true}), SubscriptError);
 }
 
 TEST(PadMix, ReadsOutWhatIsLeftOfTheVolumeThePanAroundTheCentreAndThePitchInPercent) {
@@ -242,9 +242,9 @@ TEST(PadMix, SendsOnlyTheParameterOfItsTypeAndOnlyWithApply) {
         double x = 400;
         double y = 300;
         i.Sound.Log.clear();
-        PadMix(i.s, x, y, type, true, false, false, true);
+        PadMix(i.s, x, y, type, {.Absolute = true, .Apply = false, .ReadOut = false});
         EXPECT_TRUE(i.Sound.Log.empty());
-        PadMix(i.s, x, y, type, true, true, false, true);
+        PadMix(i.s, x, y, type, {.Absolute = true, .Apply = true, .ReadOut = false});
         EXPECT_EQ(i.Sound.Log.size(), 1u);
         EXPECT_EQ(i.Sound.Count(calls[static_cast<std::size_t>(type)]), 1);
         EXPECT_EQ(i.s.StatusText, "");
@@ -305,7 +305,7 @@ TEST(PadMix, AgreesWithAnIndependentComputationOverPlacesTypesAndCurves) {
 TEST(PadMove, ScalesBothAxesAndPlacesTheBall) {
     Surfaces i;
     PadGeometryInit(i.s, 4500, 3000);
-    PadMove(i.s, 250, -100, 500.0, true, true);
+    PadMove(i.s, 250, -100, 500.0, {.Absolute = true, .Apply = true});
     EXPECT_EQ(i.s.PadTable[2].X, i.s.Geometry.PadHalfX / 2);
     EXPECT_DOUBLE_EQ(i.s.PadTable[2].Y, -i.s.Geometry.PadHalfY / 5);
     EXPECT_EQ(i.Screen.Count("ShowPadBall"), 1);
@@ -315,7 +315,7 @@ TEST(PadMove, ScalesBothAxesAndPlacesTheBall) {
 TEST(PadBall, DoubleClickUnderVolPutsTheChannelsOnTheirCentreValuesAndShowsThem) {
     Surfaces i;
     i.Fill(0);
-    PadMove(i.s, 500, 500, 500.0, true, true);
+    PadMove(i.s, 500, 500, 500.0, {.Absolute = true, .Apply = true});
     EXPECT_EQ(i.s.ChannelVol[1], 500);
     i.Sound.Log.clear();
     PadBall_DblClick(i.s);

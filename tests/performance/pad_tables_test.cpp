@@ -60,7 +60,7 @@ TEST(PadType, AClickRecentresTheTypeThatIsLeftAndKeepsTheLevelsOfTheNewOne) {
     Surfaces i;
     i.Fill(0);
     i.s.TwistPosition = 9;
-    PadMove(i.s, 500, 500, 500.0, true, true);
+    PadMove(i.s, 500, 500, 500.0, {.Absolute = true, .Apply = true});
     EXPECT_EQ(i.s.ChannelVol[1], 500);
     i.s.ChannelPan[1] = 123;
     i.Clear();
@@ -97,7 +97,7 @@ TEST(PadFunction, AClickStoresTheCurveOfTheCurrentTypeAlone) {
 
 TEST(PadFunction, ChoosingTheSameEntryAgainRecentresTheBall) {
     Surfaces i;
-    PadMove(i.s, 300, 200, 500.0, true, true);
+    PadMove(i.s, 300, 200, 500.0, {.Absolute = true, .Apply = true});
     EXPECT_NE(i.s.PadTable[2].X, 0);
     PadFunction_Click(i.s, 2);
     EXPECT_EQ(i.s.PadTable[2].X, 0);

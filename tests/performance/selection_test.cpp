@@ -295,7 +295,7 @@ TEST_F(Selection, WithTheSelectionOutOfControlTheFlagsAreKeptAndTheKnobsActAlone
     SelectGroup(i.s, "All");
     SetSelector(i.s, 6, false);
     EXPECT_EQ(Selected(), "ABCD");
-    LoopVolChangeGang(i.s, kSelectionRow, 100, false);
+    LoopVolChangeGang(i.s, kSelectionRow, 100, UpdateDisplay::No);
     for (Row row = 0; row < kLoopTracks; ++row) EXPECT_EQ(i.s.Set[row].Vol, 500);
     EXPECT_EQ(i.s.Set[kSelectionRow].Vol, 100);
 }

@@ -45,34 +45,34 @@ TEST(SoundMap, TheStartPutsTheListenerInTheMiddleAndRaisesTheBallsFromTheListene
 
 TEST(SoundMap, AMoveIsStoredInTwipsAndInMapUnitsAndShownCutToTwoDecimals) {
     Surfaces i;
-    PosMove(i.s, 710, -355, 2, true, true, false);
+    PosMove(i.s, 710, -355, 2, {.Absolute = true, .Apply = true});
     EXPECT_EQ(i.s.BallPos[2].X, 710);
     EXPECT_EQ(i.s.BallPos[2].Y, -355);
     EXPECT_FLOAT_EQ(i.s.Set[2].PositionX, 0.5F);
     EXPECT_FLOAT_EQ(i.s.Set[2].PositionY, -0.25F);
     EXPECT_EQ(i.s.StatusText, "0.5, -0.25");
-    PosMove(i.s, 10, 10, 2, false, true, false);
+    PosMove(i.s, 10, 10, 2, {.Absolute = false, .Apply = true});
     EXPECT_EQ(i.s.BallPos[2].X, 720);
     EXPECT_EQ(i.s.BallPos[2].Y, -345);
     // 0.50704..., -0.24295...: cut down, not rounded.
     EXPECT_EQ(i.s.StatusText, "0.5, -0.25");
-    PosMove(i.s, 0, 0, 2, true, true, false);
+    PosMove(i.s, 0, 0, 2, {.Absolute = true, .Apply = true});
     EXPECT_EQ(i.s.StatusText, "0, 0");
 }
 
 TEST(SoundMap, APlaceIsCutInThePrecisionInWhichItIsKept) {
     Surfaces i;
     // 0.7 and 1.1 are no whole hundredths in double precision, but they are in single.
-    PosScaled(i.s, 0.7, 1.1, 0, 1.5, true, true, false);
+    PosScaled(i.s, 0.7, 1.1, 0, 1.5, {.Absolute = true, .Apply = true});
     EXPECT_EQ(i.s.StatusText, "0.7, 1.1");
     // A hair to the left of the middle is a hundredth to the left; no zero has a sign.
-    PosMove(i.s, -0.1, -0.0, 0, true, true, false);
+    PosMove(i.s, -0.1, -0.0, 0, {.Absolute = true, .Apply = true});
     EXPECT_EQ(i.s.StatusText, "-0.01, 0");
 }
 
 TEST(SoundMap, TheListenerMovesInItsOwnPlace) {
     Surfaces i;
-    PosMove(i.s, -2130, 1065, kListenerBall, true, true, false);
+    PosMove(i.s, -2130, 1065, kListenerBall, {.Absolute = true, .Apply = true});
     EXPECT_EQ(i.s.ListenerX, -1.5);
     EXPECT_EQ(i.s.ListenerY, 0.75);
     EXPECT_EQ(i.s.StatusText, "-1.5, 0.75");
@@ -81,7 +81,7 @@ TEST(SoundMap, TheListenerMovesInItsOwnPlace) {
 
 TEST(SoundMap, AMoveBeyondTheEdgeIsClampedToTheMap) {
     Surfaces i;
-    PosMove(i.s, 99999, -99999, 0, true, true, false);
+    PosMove(i.s, 99999, -99999, 0, {.Absolute = true, .Apply = true});
     EXPECT_EQ(i.s.BallPos[0].X, kHalf);
     EXPECT_EQ(i.s.BallPos[0].Y, -kHalf);
     EXPECT_EQ(i.s.Set[0].PositionX, 1.5F);
@@ -91,7 +91,7 @@ TEST(SoundMap, AMoveBeyondTheEdgeIsClampedToTheMap) {
 TEST(SoundMap, OnAMapThatIsNotSquareYGoesInByTheHeightAndComesOutByTheWidth) {
     Surfaces i;
     PadGeometryInit(i.s, 4500, 2370);
-    PosScaled(i.s, 50, 50, 1, 100, true, true, false);
+    PosScaled(i.s, 50, 50, 1, 100, {.Absolute = true, .Apply = true});
     EXPECT_EQ(i.s.BallPos[1].X, 1065);
     EXPECT_EQ(i.s.BallPos[1].Y, 532.5);
     EXPECT_FLOAT_EQ(i.s.Set[1].PositionX, 0.75F);
@@ -102,10 +102,10 @@ TEST(SoundMap, With3DTheServiceHearsTheFlatPlaceOfALoadedLoopTrackAndOfTheListen
     Surfaces i;
     i.Use3D();
     i.Fill(1);
-    PosMove(i.s, 1065, -2130, 1, true, true, false);
-    PosMove(i.s, 1065, -2130, 0, true, true, false);
-    PosMove(i.s, -1065, 0, kListenerBall, true, true, false);
-    PosMove(i.s, 1065, 0, 1, true, false, false);
+    PosMove(i.s, 1065, -2130, 1, {.Absolute = true, .Apply = true});
+    PosMove(i.s, 1065, -2130, 0, {.Absolute = true, .Apply = true});
+    PosMove(i.s, -1065, 0, kListenerBall, {.Absolute = true, .Apply = true});
+    PosMove(i.s, 1065, 0, 1, {.Absolute = true, .Apply = false});
     EXPECT_THAT(i.Sound.Log, testing::ElementsAre("SetPosition b0 0.750000,0.000000,-1.500000",
                                                   "SetListenerPosition -0.750000,0.000000,0.000000"));
     EXPECT_EQ(i.Screen.Count("ShowMapBall 1"), 2);
@@ -114,8 +114,8 @@ TEST(SoundMap, With3DTheServiceHearsTheFlatPlaceOfALoadedLoopTrackAndOfTheListen
 TEST(SoundMap, With3DOffEveryPlaceIsStillStoredAndNoAudioCallIsMadeAndTheBallsAreDisabled) {
     Surfaces i;
     i.Fill(0);
-    PosMove(i.s, 1065, 0, 0, true, true, false);
-    PosMove(i.s, 0, 1065, kListenerBall, true, true, false);
+    PosMove(i.s, 1065, 0, 0, {.Absolute = true, .Apply = true});
+    PosMove(i.s, 0, 1065, kListenerBall, {.Absolute = true, .Apply = true});
     EXPECT_FLOAT_EQ(i.s.Set[0].PositionX, 0.75F);
     EXPECT_EQ(i.s.ListenerY, 0.75);
     EXPECT_EQ(i.s.BallPos[4].Y, 1065);
@@ -128,7 +128,7 @@ TEST(SoundMap, ADoubleClickOnABallSendsTheSoundToTheMiddleWhateverTheBoxesSay) {
     i.Use3D();
     i.Fill(3);
     i.s.PositionUpdate = Table<bool, 3>{{{false, false, false}}};
-    PosMove(i.s, 500, 500, 3, true, true, false);
+    PosMove(i.s, 500, 500, 3, {.Absolute = true, .Apply = true});
     i.Sound.Log.clear();
     PosBall_DblClick(i.s, 3);
     EXPECT_EQ(i.s.Set[3].PositionX, 0);
@@ -138,7 +138,7 @@ TEST(SoundMap, ADoubleClickOnABallSendsTheSoundToTheMiddleWhateverTheBoxesSay) {
 
 TEST(SoundMap, CentreAllPutsAllFiveBallsInTheMiddle) {
     Surfaces i;
-    for (int ball = 0; ball < 5; ++ball) PosMove(i.s, 100, 200, ball, true, true, false);
+    for (int ball = 0; ball < 5; ++ball) PosMove(i.s, 100, 200, ball, {.Absolute = true, .Apply = true});
     CentreAll_Click(i.s);
     for (int ball = 0; ball < 5; ++ball) {
         EXPECT_EQ(i.s.BallPos[ball].X, 0);
@@ -178,7 +178,7 @@ TEST(SoundMap, PosPopBringsTheListenerBackOntoTheMapAndToTheFront) {
 TEST(MapSize, AfterAChangeTheBallsHaveMovedOnTheScreenAndThePlacesStay) {
     Surfaces i;
     i.Use3D();
-    PosMove(i.s, 1065, -1065, 0, true, true, false);
+    PosMove(i.s, 1065, -1065, 0, {.Absolute = true, .Apply = true});
     const float x = i.s.Set[0].PositionX;
     const double left = MapBallPlace(i.s, 0).X;
     i.Clear();
@@ -195,13 +195,13 @@ TEST(MapSize, AfterAChangeTheBallsHaveMovedOnTheScreenAndThePlacesStay) {
 
 TEST(MapSize, AfterAChangeARelativeMoveOfTheListenerStartsFromThePlaceOfRowFour) {
     Surfaces i;
-    PosMove(i.s, 1000, 1000, kListenerBall, true, true, false);
+    PosMove(i.s, 1000, 1000, kListenerBall, {.Absolute = true, .Apply = true});
     i.s.Set[4].PositionX = 0.5F;
     MapSize_Change(i.s, 20);
     EXPECT_EQ(i.s.BallPos[4].X, 1065);
     EXPECT_EQ(i.s.BallPos[4].Y, 0);
     EXPECT_NE(i.s.ListenerX, 0);
-    PosMove(i.s, 0, 0, kListenerBall, false, true, false);
+    PosMove(i.s, 0, 0, kListenerBall, {.Absolute = false, .Apply = true});
     EXPECT_EQ(i.s.ListenerX, 0.5);
 }
 
@@ -220,7 +220,7 @@ TEST(MapSize, IsLimitedToTheGauge) {
 TEST(MapSize, WhileTheGaugeMovesTheBallsFollowAndTheSideIsShownTwice) {
     Surfaces i;
     i.Use3D();
-    PosMove(i.s, 1065, 0, 0, true, true, false);
+    PosMove(i.s, 1065, 0, 0, {.Absolute = true, .Apply = true});
     i.Clear();
     MapSize_Moving(i.s, 42);
     EXPECT_EQ(i.s.StatusText, "4.2 x 4.2");
@@ -296,13 +296,13 @@ TEST(SoundMap, ARefusedPlaceIsToldAndTheBallStays) {
     Surfaces i;
     i.Use3D();
     i.Fill(1);
-    PosMove(i.s, 710, 710, 1, true, true, false);
-    PosMove(i.s, 355, 355, kListenerBall, true, true, false);
+    PosMove(i.s, 710, 710, 1, {.Absolute = true, .Apply = true});
+    PosMove(i.s, 355, 355, kListenerBall, {.Absolute = true, .Apply = true});
     i.Sound.Failures["SetPosition"] = sound_error::kGeneric;
     i.Sound.Failures["SetListenerPosition"] = sound_error::kGeneric;
     i.Clear();
     for (const int ball : {1, kListenerBall}) {
-        PosMove(i.s, 100, 100, ball, false, true, false);
+        PosMove(i.s, 100, 100, ball, {.Absolute = false, .Apply = true});
         EXPECT_EQ(i.Desk.LastBox(),
                   "Error placing sound: An undetermined error occurred inside the DirectSound subsystem.");
     }
@@ -331,14 +331,14 @@ TEST(SoundMap, ARefusedPlaceEndsAWanderBeforeItsBoxOpens) {
 TEST(Listener, ARefusedHeadingIsToldAndTheOldOneStays) {
     Surfaces i;
     i.Use3D();
-    RotateListener(i.s, 40, true);
+    RotateListener(i.s, 40, Apply::Yes);
     i.Sound.Failures["SetOrientation"] = sound_error::kInvalidArgument;
     i.Clear();
-    RotateListener(i.s, 90, true);
+    RotateListener(i.s, 90, Apply::Yes);
     EXPECT_EQ(i.Desk.LastBox(), "Error turning listener: An invalid parameter was passed to the returning function.");
     EXPECT_EQ(i.s.ListenerAngle, 40);
     EXPECT_EQ(i.Screen.Count("ShowListenerFace"), 0);
-    RotateListener(i.s, 90, false);
+    RotateListener(i.s, 90, Apply::No);
     EXPECT_EQ(i.s.ListenerAngle, 90);
 }
 
@@ -346,7 +346,7 @@ TEST(Listener, RotatingByMinusTenGives350AndBy720Gives0) {
     Surfaces i;
     for (const auto& [angle, heading] :
          {std::pair{-10, 350}, {720, 0}, {-360, 0}, {-370, 350}, {-32000, 40}, {32000, 320}, {359, 359}, {0, 0}}) {
-        RotateListener(i.s, angle, true);
+        RotateListener(i.s, angle, Apply::Yes);
         EXPECT_EQ(i.s.ListenerAngle, heading) << angle;
     }
     EXPECT_EQ(i.Screen.Count("ShowListenerFace"), 8);
@@ -356,12 +356,12 @@ TEST(Listener, RotatingByMinusTenGives350AndBy720Gives0) {
 TEST(Listener, TheDegreesGoIntoSineAndCosineAsTheyStand) {
     Surfaces i;
     i.Use3D();
-    RotateListener(i.s, 90, true);
+    RotateListener(i.s, 90, Apply::Yes);
     const std::string front = test::Text({static_cast<float>(std::sin(90.0)), 0, static_cast<float>(std::cos(90.0))});
     EXPECT_THAT(i.Sound.Log, testing::ElementsAre("SetOrientation " + front + " 0.000000,1.000000,0.000000"));
     EXPECT_TRUE(front.starts_with("0.893997"));
     i.Sound.Log.clear();
-    RotateListener(i.s, 10, false);
+    RotateListener(i.s, 10, Apply::No);
     EXPECT_TRUE(i.Sound.Log.empty());
     EXPECT_EQ(i.s.ListenerAngle, 10);
 }

@@ -29,7 +29,7 @@ struct Played : SetInstrument {
         LoopLoad(s, 0, Folder.Path(), "a.wav");
         LoopLoad(s, 2, Folder.Path(), "b.wav");
         std::int16_t vol = 321;
-        LoopVolChange(s, 2, vol, true, true);
+        LoopVolChange(s, 2, vol, TakeHold::Yes, UpdateDisplay::Yes);
         s.Set[2].Pattern[kVolPattern][5] = 77;
         LoopSetPlayMode(s, 2, kDrum, false);
         LoopPlay(s, 2, true);
@@ -89,7 +89,7 @@ TEST(SessionKept, ARefusedPlaceIsToldAndTheRestOfTheSetComesBack) {
     ASSERT_TRUE(i.Save("x.mvn"));
     i.Sound.Failures["SetPosition"] = sound_error::kGeneric;
     std::int16_t vol = 1;
-    LoopVolChange(i.s, 2, vol, true, true);
+    LoopVolChange(i.s, 2, vol, TakeHold::Yes, UpdateDisplay::Yes);
     i.s.Set[2].Pattern[kVolPattern][5] = 0;
     EXPECT_TRUE(i.Load("x.mvn", test::AllBut(Element::LoopTrack)));
     ASSERT_EQ(i.Desk.Boxes.size(), 2U);  // of rows 0 and 2

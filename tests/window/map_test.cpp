@@ -27,7 +27,8 @@ struct Map : test::Stage {
         SetTab(s, 1);
         // Apart from each other, so that each can be taken.
         for (int ball = 0; ball <= kListener; ++ball) {
-            PositionSet(s, ball, static_cast<float>(0.5 * (ball - 2)), 0.75F, false, true, true, true);
+            PositionSet(s, ball, static_cast<float>(0.5 * (ball - 2)), 0.75F,
+                        {.Apply = false, .Quiet = true, .StoreBall = true});
         }
         Settle();
         Sound.Log.clear();
@@ -87,7 +88,7 @@ TEST(SoundMap, WithThreeDOffTheBallsRest) {
 TEST(SoundMap, BallsStandWhereTheirMapUnitsSay) {
     Map map;
     const QPoint centre = map.InWindow("Map", map.Middle("Map"));
-    PositionSet(map.s, 1, 0.75F, -1.5F, false, true, true, true);
+    PositionSet(map.s, 1, 0.75F, -1.5F, {.Apply = false, .Quiet = true, .StoreBall = true});
     EXPECT_NEAR((map.Ball(1) - centre).x(), 71, 1);
     EXPECT_NEAR((map.Ball(1) - centre).y(), -142, 1);
 }
@@ -95,7 +96,7 @@ TEST(SoundMap, BallsStandWhereTheirMapUnitsSay) {
 TEST(SoundMap, PlacesAreCutAsInTheStatusLine) {
     Map map;
     const auto places = [&](float x) {
-        PositionSet(map.s, 1, x, 0.5F, false, true, true, true);
+        PositionSet(map.s, 1, x, 0.5F, {.Apply = false, .Quiet = true, .StoreBall = true});
         return map.At("MapPage")->grab(QRect(700, 30, 300, 140)).toImage();
     };
     const QImage shown = places(0.8712F);
@@ -260,8 +261,8 @@ TEST(SoundMap, ADoubleClickOnABallThatIsHalfUnderAnotherCentresTheOneThatWasClic
     map.At("PosBall_3")->raise();
     const QPointF upper = map.Place(3);
     const double step = 10 / 142.0 * map.s.MapRange;
-    PositionSet(map.s, 2, static_cast<float>(upper.x() - step), static_cast<float>(upper.y() - step), false, true, true,
-                true);
+    PositionSet(map.s, 2, static_cast<float>(upper.x() - step), static_cast<float>(upper.y() - step),
+                {.Apply = false, .Quiet = true, .StoreBall = true});
     const QPoint press = map.PutByPress(2);
     test::QuickClick(map.Window(), press);
     const QPoint put = map.Pointer();
@@ -271,8 +272,8 @@ TEST(SoundMap, ADoubleClickOnABallThatIsHalfUnderAnotherCentresTheOneThatWasClic
     EXPECT_EQ(map.Place(3), upper);
     EXPECT_TRUE(map.s.CursorFree);
     // Elsewhere on the upper ball it is a press of that ball's own.
-    PositionSet(map.s, 2, static_cast<float>(upper.x() - step), static_cast<float>(upper.y() - step), false, true, true,
-                true);
+    PositionSet(map.s, 2, static_cast<float>(upper.x() - step), static_cast<float>(upper.y() - step),
+                {.Apply = false, .Quiet = true, .StoreBall = true});
     test::QuickClick(map.Window(), press);
     test::QuickClick(map.Window(), map.Pointer() + QPoint(4, 4));
     EXPECT_NE(map.Place(2), QPointF(0, 0));
@@ -284,8 +285,8 @@ TEST(SoundMap, ATapThatIsOverBeforeThePointerIsPutUnderAnotherBallIsTheFirstHalf
     map.At("PosBall_3")->raise();
     const QPointF upper = map.Place(3);
     const double step = 10 / 142.0 * map.s.MapRange;
-    PositionSet(map.s, 2, static_cast<float>(upper.x() - step), static_cast<float>(upper.y() - step), false, true, true,
-                true);
+    PositionSet(map.s, 2, static_cast<float>(upper.x() - step), static_cast<float>(upper.y() - step),
+                {.Apply = false, .Quiet = true, .StoreBall = true});
     const QPoint press = map.PutByPress(2);
     QTest::mouseClick(&map.Window(), Qt::LeftButton, {}, press);  // the release tells the old place
     QTest::lastMouseTimestamp -= QTest::mouseDoubleClickInterval;

@@ -36,7 +36,7 @@ struct Pad : test::Stage {
     QWindow& Window() { return *Form->windowHandle(); }
     QPoint Pointer() { return Form->mapFromGlobal(QCursor::pos()); }
     QPointF Place() { return {Record().X, Record().Y}; }
-    void StandAt(double x, double y) { PadMove(s, x, y, s.Geometry.PadHalfX, true, true); }
+    void StandAt(double x, double y) { PadMove(s, x, y, s.Geometry.PadHalfX, {.Absolute = true, .Apply = true}); }
     QComboBox& List(const char* name) { return *dynamic_cast<QComboBox*>(At(name)); }
     QPoint Centre() { return InWindow("Pad", Middle("Pad")); }
     PadRecord& Record() { return s.PadTable[s.PadTypeIndex]; }

@@ -66,21 +66,22 @@ TEST(PadPictures, TheFieldShowsTheCurve) {
 TEST(MapPictures, TheListenerTurnsInStepsOfFiveDegrees) {
     Settings stage;
     stage.OpenMap();
-    PosMove(stage.s, 900, 900, kListenerBall, true, false, false);
-    RotateListener(stage.s, 0, false);
+    PosMove(stage.s, 900, 900, kListenerBall, {.Absolute = true, .Apply = false});
+    RotateListener(stage.s, 0, Apply::No);
     const QImage ahead = Picture(stage, "PosBall_4");
-    RotateListener(stage.s, 4, false);
+    RotateListener(stage.s, 4, Apply::No);
     EXPECT_EQ(Picture(stage, "PosBall_4"), ahead);
-    RotateListener(stage.s, 5, false);
+    RotateListener(stage.s, 5, Apply::No);
     EXPECT_NE(Picture(stage, "PosBall_4"), ahead);
-    RotateListener(stage.s, 357, false);
+    RotateListener(stage.s, 357, Apply::No);
     EXPECT_EQ(Picture(stage, "PosBall_4"), ahead);
 }
 
 TEST(MapPictures, TheHighlightedBallIsInFrontAndGivesItsFaceToTheNext) {
     Settings stage;
     stage.OpenMap();
-    for (int ball = 0; ball < 2; ++ball) PosMove(stage.s, 900.0 - 600 * ball, 900, ball, true, false, false);
+    for (int ball = 0; ball < 2; ++ball)
+        PosMove(stage.s, 900.0 - 600 * ball, 900, ball, {.Absolute = true, .Apply = false});
     const QImage plain = Picture(stage, "PosBall_0");
     const auto front = [&] { return stage.At("Map")->children().last()->objectName(); };
     PosSetHighlight(stage.s, 0);
@@ -124,8 +125,8 @@ TEST(SelectionPictures, EachIsPaintedAgainWhenItsValueChangesElsewhere) {
     for (const char* name : {"Selected_0", "Selected_3"}) {
         EXPECT_TRUE(Repainted(stage, name, [&] { SelectGroup(stage.s, "Toggle"); })) << name;
     }
-    EXPECT_TRUE(Repainted(stage, "Thumb_2", [&] { SetCurrentLoop(stage.s, 2, false); }));
-    EXPECT_TRUE(Repainted(stage, "Thumb_2", [&] { SetCurrentLoop(stage.s, 1, false); }));
+    EXPECT_TRUE(Repainted(stage, "Thumb_2", [&] { SetCurrentLoop(stage.s, 2, OpenPattern::No); }));
+    EXPECT_TRUE(Repainted(stage, "Thumb_2", [&] { SetCurrentLoop(stage.s, 1, OpenPattern::No); }));
 }
 
 TEST(SurfacePictures, EachIsPaintedAgainWhenItsValueChangesElsewhere) {
@@ -133,11 +134,13 @@ TEST(SurfacePictures, EachIsPaintedAgainWhenItsValueChangesElsewhere) {
     EXPECT_TRUE(Repainted(stage, "Pad", [&] { PadType_Click(stage.s, 3); }));
     EXPECT_TRUE(Repainted(stage, "PadBall", [&] { PadType_Click(stage.s, 0); }));
     EXPECT_TRUE(Repainted(stage, "TwistIndicator", [&] { PadType_Click(stage.s, 2); }));
-    EXPECT_TRUE(Repainted(stage, "ChannelLevels", [&] { PadMove(stage.s, 300, 200, 500, true, true); }));
+    EXPECT_TRUE(
+        Repainted(stage, "ChannelLevels", [&] { PadMove(stage.s, 300, 200, 500, {.Absolute = true, .Apply = true}); }));
     stage.OpenMap();
-    for (int ball = 0; ball < 3; ++ball) PosMove(stage.s, 900.0 - 600 * ball, 900, ball, true, false, false);
-    PosMove(stage.s, -900, -900, kListenerBall, true, false, false);
-    EXPECT_TRUE(Repainted(stage, "PosBall_4", [&] { RotateListener(stage.s, 90, false); }));
+    for (int ball = 0; ball < 3; ++ball)
+        PosMove(stage.s, 900.0 - 600 * ball, 900, ball, {.Absolute = true, .Apply = false});
+    PosMove(stage.s, -900, -900, kListenerBall, {.Absolute = true, .Apply = false});
+    EXPECT_TRUE(Repainted(stage, "PosBall_4", [&] { RotateListener(stage.s, 90, Apply::No); }));
     EXPECT_TRUE(Repainted(stage, "PosBall_2", [&] { PosSetHighlight(stage.s, 2); }));
     EXPECT_TRUE(Repainted(stage, "PosBall_2", [&] { PosSetHighlight(stage.s, 1); }));
     EXPECT_TRUE(Repainted(stage, "MapSize", [&] { SetMapSize(stage.s, 6); }));

@@ -150,8 +150,8 @@ TEST(MapControls, SayTheirHints) {
         {"CentreAll", "clk Center All"},
         {"PosBall_4", "drag to Location; rtdrg Rotate; dblclk Centre"},
         {"PosBall_1", "drg to Location; dblclk Centre; rtclk Fade"}};
-    PosMove(stage.s, 600, 600, 1, true, false, false);
-    PosMove(stage.s, -600, 600, 4, true, false, false);
+    PosMove(stage.s, 600, 600, 1, {.Absolute = true, .Apply = false});
+    PosMove(stage.s, -600, 600, 4, {.Absolute = true, .Apply = false});
     for (const auto& [name, hint] : hints) {
         stage.Move(name, stage.Middle(name));
         EXPECT_EQ(stage.s.StatusText, hint) << name;

@@ -68,10 +68,10 @@ void FillPattern(LoopTrackSet& set, int patternRow, std::span<const std::int16_t
 void SetUp(Session& s, Row row, const Part& part, const std::string& samples) {
     LoopLoad(s, row, JoinPath(samples, part.Folder), std::string(part.Sample) + ".wav");
     LoopSetPlayMode(s, row, part.PlayMode, false);
-    LoopVolChangeGang(s, row, part.Vol, true);
+    LoopVolChangeGang(s, row, part.Vol, UpdateDisplay::Yes);
     LoopPanChangeGang(s, row, part.Pan);
-    LoopSetChannelGang(s, row, part.Channel, true);
-    PositionSet(s, row, part.X, part.Y, true, true, true, true);
+    LoopSetChannelGang(s, row, part.Channel, Apply::Yes);
+    PositionSet(s, row, part.X, part.Y, {.Apply = true, .Quiet = true, .StoreBall = true});
     LoopTrackSet& set = s.Set[row];
     set.StepDuration = kEighth;
     set.NSteps = kTwoBars - 1;

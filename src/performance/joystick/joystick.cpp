@@ -110,10 +110,10 @@ void Stick(Session& s) {
     const double moveX = (x - kStickCentre) * factor;
     const double moveY = (y - kStickCentre) * factor;
     if (s.ActiveTab == kMixPadTab) {
-        PadMove(s, moveX, moveY, kStickScale, !relative, true);
+        PadMove(s, moveX, moveY, kStickScale, {.Absolute = !relative, .Apply = true});
     } else {
-        PosScaled(s, moveX, moveY, kListenerBall, kStickScale, !relative, true, true);
-        PosScrollEvent(s, kListenerBall, s.ListenerX, s.ListenerY, false, kJoystickScroll);
+        PosScaled(s, moveX, moveY, kListenerBall, kStickScale, {.Absolute = !relative, .Apply = true, .Quiet = true});
+        PosScrollEvent(s, kListenerBall, s.ListenerX, s.ListenerY, Force::No, kJoystickScroll);
     }
     joy.LastPadType = s.PadTypeIndex;
     joy.LastX = joy.State.x;
@@ -125,7 +125,7 @@ void Centre(Session& s) {
         PadRecentre(s);
     } else if (s.ActiveTab == kMapTab) {
         // A script that heard of the stick may have gone to another tab.
-        PosScaled(s, 0, 0, kListenerBall, 500.0, true, true, false);
+        PosScaled(s, 0, 0, kListenerBall, 500.0, {.Absolute = true, .Apply = true});
     }
 }
 
@@ -147,7 +147,7 @@ void Hat(Session& s) {
 void Master(Session& s, std::int32_t value) {
     if (s.Joy.Axis[kMasterAxis] == kAxisNone || value == s.Joy.LastMaster) return;
     std::int16_t vol = ToI2(500 - value / 20.0);
-    LoopVolChange(s, kMasterRow, vol, true, true);
+    LoopVolChange(s, kMasterRow, vol, TakeHold::Yes, UpdateDisplay::Yes);
     s.Joy.LastMaster = value;
 }
 

@@ -17,11 +17,11 @@ constexpr int kLastFrame = 71;
 
 }  // namespace
 
-void RotateListener(Session& s, std::int32_t angle, bool apply) {
+void RotateListener(Session& s, std::int32_t angle, Apply apply) {
     if (angle < 0) angle += std::abs(ToI4(Int(angle / static_cast<double>(kCircle)) * kCircle));
     angle %= kCircle;
     try {
-        if (apply) SendHeading(s, angle);
+        if (apply == Apply::Yes) SendHeading(s, angle);
     } catch (const SoundError& e) {
         ShowDSError(s, "turning listener", e.Number());
         return;

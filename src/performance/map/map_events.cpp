@@ -2,8 +2,6 @@
 
 #include <array>
 
-#include "parameters/scroll_events.h"
-
 namespace marvolin {
 
 namespace {
@@ -15,11 +13,11 @@ bool Wanted(const Session& s, ScriptEvent event) { return s.EventWanted[event] !
 
 }  // namespace
 
-void PosScrollEvent(Session& s, int ball, double x, double y, bool force, int counter) {
+void PosScrollEvent(Session& s, int ball, double x, double y, Force force, int counter) {
     if (!Wanted(s, ScriptEvent::OnPositionScroll)) return;
     clsScrollDelta& delta = ScrollCounter(s, counter);
     bool send = false;
-    delta.SendScroll(x, y, force, send);
+    delta.SendScroll(x, y, force == Force::Yes, send);
     if (!send) return;
     SendScriptEvent(s, ScriptEvent::OnPositionScroll, std::array{ball + 1.0, x, y, delta.DeltaX(), delta.DeltaY()},
                     kReport);

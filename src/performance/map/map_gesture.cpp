@@ -32,7 +32,7 @@ void TakeHeading(Session& s, double y) {
 
 void DragBall(Session& s, int ball, double x, double y, bool apply) {
     const BallPoint move = BallMove(s, x, y);
-    PosScaled(s, move.X, move.Y, ball, s.Geometry.PadHalfX, false, apply, true);
+    PosScaled(s, move.X, move.Y, ball, s.Geometry.PadHalfX, {.Absolute = false, .Apply = apply, .Quiet = true});
 }
 
 void Move(Session& s, int ball, std::int16_t button, double x, double y) {
@@ -41,10 +41,11 @@ void Move(Session& s, int ball, std::int16_t button, double x, double y) {
     if (button == kLeftButton) {
         DragBall(s, ball, x, y, s.PositionUpdate[ball == kListenerBall ? kUpdateListener : kUpdateLoop]);
         const BallPoint place = MapUnits(s, ball);
-        PosScrollEvent(s, ball, place.X, place.Y, false, kMapScroll);
+        PosScrollEvent(s, ball, place.X, place.Y, Force::No, kMapScroll);
     } else if (s.Drag.Dragging != False) {
         const double angle = s.Drag.DragStartValue - Int((y - s.Drag.DragOrigin) * kDegreesATwip);
-        RotateListener(s, ToI4(ClampVar(angle, -32000, 32000)), s.PositionUpdate[kUpdateRotation]);
+        RotateListener(s, ToI4(ClampVar(angle, -32000, 32000)),
+                       s.PositionUpdate[kUpdateRotation] ? Apply::Yes : Apply::No);
     }
 }
 
@@ -54,9 +55,9 @@ void Up(Session& s, int ball, double x, double y) {
         DragBall(s, ball, x, y, true);
         const BallPoint place = MapUnits(s, ball);
         PosChangeEvent(s, ball, place.X, place.Y);
-        PosScrollEvent(s, ball, place.X, place.Y, true, kMapScroll);
+        PosScrollEvent(s, ball, place.X, place.Y, Force::Yes, kMapScroll);
     } else if (s.Drag.Dragging != False) {
-        RotateListener(s, s.ListenerAngle, true);
+        RotateListener(s, s.ListenerAngle, Apply::Yes);
         s.Drag.Dragging = False;
     }
 }

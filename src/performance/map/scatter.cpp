@@ -25,7 +25,7 @@ void ScatterAbsoluteSound(Session& s, int ball) {
     const std::int32_t n = ToI4(Int(s.Geometry.PadHalfX));
     const double x = RandomAround(s.World.Chance, n);
     const double y = RandomAround(s.World.Chance, n);
-    PosScaled(s, x, y, ball, s.Geometry.PadHalfX, true, true, false);
+    PosScaled(s, x, y, ball, s.Geometry.PadHalfX, {.Absolute = true, .Apply = true});
 }
 
 void ScatterAbsolute(Session& s) {
@@ -35,7 +35,7 @@ void ScatterAbsolute(Session& s) {
 void ScatterRelSound(Session& s, int ball) {
     const double x = SmallStep(s, s.Set[ball].PositionX);
     const double y = SmallStep(s, s.Set[ball].PositionY);
-    PosScaled(s, x, y, ball, s.MapRange, true, true, false);
+    PosScaled(s, x, y, ball, s.MapRange, {.Absolute = true, .Apply = true});
 }
 
 void ScatterRel(Session& s) {

@@ -26,7 +26,7 @@ void ShowPosition(Session& s, int ball) {
 
 void MapInit(Session& s) {
     s.CursorFree = true;
-    TryPositionSet(s, kListenerBall, 0, 0, true, true, false, true);
+    TryPositionSet(s, kListenerBall, 0, 0, {.Apply = true, .StoreBall = true});
     for (int ball = kListenerBall; ball >= 0; --ball) {
         s.World.Screen.RaiseMapBall(ball);
         s.World.Screen.ShowMapBall(ball);
@@ -35,12 +35,12 @@ void MapInit(Session& s) {
     s.RollOffValue = 1.0F;
     RefreshRollOff(s);
     s.ListenerAngle = 0;
-    RotateListener(s, 0, true);
+    RotateListener(s, 0, Apply::Yes);
 }
 
-void PosMove(Session& s, double x, double y, int ball, bool absolute, bool apply, bool quiet) {
+void PosMove(Session& s, double x, double y, int ball, MoveFlags flags) {
     const PadGeometry& g = s.Geometry;
-    if (!absolute) {
+    if (!flags.Absolute) {
         x += s.BallPos[ball].X;
         y += s.BallPos[ball].Y;
     }
@@ -48,13 +48,13 @@ void PosMove(Session& s, double x, double y, int ball, bool absolute, bool apply
     ClampR8(x, -g.PadHalfX, g.PadHalfX);
     const auto mapY = static_cast<float>(y / g.PadHalfX * s.MapRange);
     const auto mapX = static_cast<float>(x / g.PadHalfX * s.MapRange);
-    if (!TryPositionSet(s, ball, mapX, mapY, apply, true, quiet, false)) return;
+    if (!TryPositionSet(s, ball, mapX, mapY, {.Apply = flags.Apply, .Quiet = flags.Quiet})) return;
     s.BallPos[ball] = {x, y};
     ShowPosition(s, ball);
 }
 
-void PosScaled(Session& s, double x, double y, int ball, double scale, bool absolute, bool apply, bool quiet) {
-    PosMove(s, s.Geometry.PadHalfX * x / scale, s.Geometry.PadHalfY * y / scale, ball, absolute, apply, quiet);
+void PosScaled(Session& s, double x, double y, int ball, double scale, MoveFlags flags) {
+    PosMove(s, s.Geometry.PadHalfX * x / scale, s.Geometry.PadHalfY * y / scale, ball, flags);
 }
 
 BallPoint MapUnits(const Session& s, int ball) {
@@ -62,10 +62,11 @@ BallPoint MapUnits(const Session& s, int ball) {
     return {s.Set[ball].PositionX, s.Set[ball].PositionY};
 }
 
-void PosBall_DblClick(Session& s, int ball) { PosScaled(s, 0, 0, ball, 500.0, true, true, false); }
+void PosBall_DblClick(Session& s, int ball) { PosScaled(s, 0, 0, ball, 500.0, {.Absolute = true, .Apply = true}); }
 
 void CentreAll_Click(Session& s) {
-    for (int ball = 0; ball < kBalls; ++ball) PosScaled(s, 0, 0, ball, s.Geometry.PadHalfX, true, true, false);
+    for (int ball = 0; ball < kBalls; ++ball)
+        PosScaled(s, 0, 0, ball, s.Geometry.PadHalfX, {.Absolute = true, .Apply = true});
 }
 
 void PosPop_Click(Session& s) {

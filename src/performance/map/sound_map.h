@@ -9,6 +9,7 @@
 #include <string>
 
 #include "core/session.h"
+#include "performance/move_flags.h"
 
 namespace marvolin {
 
@@ -25,12 +26,12 @@ enum PositionMacro : std::int16_t { kMacroOff, kMacroScatterAbs, kMacroScatterRe
 /// Sets up the balls, the listener and the defaults. Needs the geometry.
 void MapInit(Session& s);
 
-/// Moves a ball (0..3 LoopTracks, 4 the listener) to `x`, `y` twips, or by them without `absolute`, kept on the map,
-/// and shows the place. With `apply` it is heard. `quiet` is carried along. When the service refuses ("placing sound")
-/// the ball stays, and a wander ends, lest its next step opened a box over the first.
-void PosMove(Session& s, double x, double y, int ball, bool absolute, bool apply, bool quiet);
+/// Moves a ball (0..3 LoopTracks, 4 the listener) in twips, limited to the map, and shows its place. When the sound
+/// service refuses ("placing sound") the ball stays where it was and a wander ends: its next step would open another
+/// box over the first.
+void PosMove(Session& s, double x, double y, int ball, MoveFlags flags);
 /// The same from any unit; `scale` is the edge.
-void PosScaled(Session& s, double x, double y, int ball, double scale, bool absolute, bool apply, bool quiet);
+void PosScaled(Session& s, double x, double y, int ball, double scale, MoveFlags flags);
 
 /// Place of a ball in map units.
 BallPoint MapUnits(const Session& s, int ball);

@@ -36,9 +36,9 @@ void RestorePlacings(Session& s, const Placings& placings) {
         // The player wants an empty row to be blank.
         if (s.Run[row].Loaded == False && s.EmptyBlankSetting == 1) continue;
         Placing was = placings[static_cast<std::size_t>(row)];
-        LoopPanChange(s, row, was.Pan, true);
+        LoopPanChange(s, row, was.Pan, TakeHold::Yes);
         s.Set[row].Pattern[kPanPattern] = was.PanPattern;
-        TryPositionSet(s, row, was.X, was.Y, true, true, false, true);
+        TryPositionSet(s, row, was.X, was.Y, {.Apply = true, .StoreBall = true});
     }
     PatternsRefresh(s);
 }

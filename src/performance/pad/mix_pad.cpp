@@ -135,11 +135,10 @@ void PadGeometryInit(Session& s, double innerWidth, double innerHeight) {
     g.SideCentre = std::sqrt(0.5) / 2;
 }
 
-void PadMix(Session& s, double& x, double& y, std::int16_t padType, bool absolute, bool apply, bool readOut,
-            bool twoAxes) {
+void PadMix(Session& s, double& x, double& y, std::int16_t padType, PadMixFlags flags) {
     const PadGeometry& g = s.Geometry;
     PadRecord& pad = s.PadTable[padType];
-    if (!absolute) {
+    if (!flags.Absolute) {
         x += pad.X;
         y += pad.Y;
     }
@@ -147,23 +146,23 @@ void PadMix(Session& s, double& x, double& y, std::int16_t padType, bool absolut
     ClampR8(x, -g.PadHalfX, g.PadHalfX);
     pad.X = x;
     pad.Y = y;
-    const Weights weights = twoAxes ? CornerWeights(g, x, y) : SideWeights(g, x);
+    const Weights weights = flags.TwoAxes ? CornerWeights(g, x, y) : SideWeights(g, x);
     if (padType > kPanPad) return;
     for (int i = 1; i <= kChannels; ++i) {
         StoreLevel(s, i, Curve(weights[static_cast<std::size_t>(i - 1)], pad.Function, g.SideCentre), padType);
     }
-    if (apply) ApplyLevels(s, padType);
-    if (readOut) ShowLevels(s, padType);
+    if (flags.Apply) ApplyLevels(s, padType);
+    if (flags.ReadOut) ShowLevels(s, padType);
 }
 
-void PadMove(Session& s, double x, double y, double scale, bool absolute, bool apply) {
+void PadMove(Session& s, double x, double y, double scale, MoveFlags flags) {
     double padX = x * s.Geometry.PadHalfX / scale;
     double padY = s.Geometry.PadHalfY * y / scale;
-    PadMix(s, padX, padY, s.PadTypeIndex, absolute, apply, true, true);
+    PadMix(s, padX, padY, s.PadTypeIndex, {.Absolute = flags.Absolute, .Apply = flags.Apply});
     s.World.Screen.ShowPadBall();
 }
 
-void PadRecentre(Session& s) { PadMove(s, 0, 0, 500.0, true, true); }
+void PadRecentre(Session& s) { PadMove(s, 0, 0, 500.0, {.Absolute = true, .Apply = true}); }
 
 void PadBall_DblClick(Session& s) { PadRecentre(s); }
 

@@ -5,6 +5,7 @@
 /// Positions are twips relative to the pad's centre, right and down positive.
 
 #include "core/session.h"
+#include "performance/move_flags.h"
 
 namespace marvolin {
 
@@ -12,16 +13,21 @@ namespace marvolin {
 /// start, before the pad or the map is first used.
 void PadGeometryInit(Session& s, double innerWidth, double innerHeight);
 
-/// Turns a position into the levels of channels 1..4 under `padType`.
-///
-/// `x`, `y` are limited in place to the pad. Without `absolute` they are a move from where the ball stands. With
-/// `apply` all LoopTracks take the new levels; with `readOut` the status line shows them. Without `twoAxes` only `x`
-/// counts: a cross-fade from the left pair of channels to the right pair. A type outside 0..4 is a `SubscriptError`.
-void PadMix(Session& s, double& x, double& y, std::int16_t padType, bool absolute, bool apply, bool readOut,
-            bool twoAxes);
+/// The flags of `PadMix`.
+struct PadMixFlags {
+    bool Absolute = false;  ///< the position is the ball's new place; otherwise it is a distance from where it stands
+    bool Apply = true;      ///< all LoopTracks take the new levels at once
+    bool ReadOut = true;    ///< the status line shows the levels
+    bool TwoAxes = true;    ///< false: only `x` counts, a cross-fade from the left pair of channels to the right pair
+};
 
-/// Scales a position from any unit (`scale` is the edge) and mixes it under the current type, then places the ball.
-void PadMove(Session& s, double x, double y, double scale, bool absolute, bool apply);
+/// Turns a position in twips into the levels of channels 1..4 under `padType`. `x`, `y` are limited in place to the
+/// pad. Raises `SubscriptError` for a type outside 0..4.
+void PadMix(Session& s, double& x, double& y, std::int16_t padType, PadMixFlags flags);
+
+/// Scales a position from any unit (`scale` is the pad's edge in it), mixes it under the current type, shows the levels
+/// and places the ball.
+void PadMove(Session& s, double x, double y, double scale, MoveFlags flags);
 
 /// The ball to the centre, heard at once.
 void PadRecentre(Session& s);

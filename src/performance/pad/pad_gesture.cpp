@@ -10,7 +10,7 @@ namespace {
 void MoveBall(Session& s, std::int16_t button, double x, double y) {
     if (button != kLeftButton && button != kRightButton) return;
     const BallPoint move = BallMove(s, x, y);
-    PadMove(s, move.X, move.Y, s.Geometry.PadHalfX, false, true);
+    PadMove(s, move.X, move.Y, s.Geometry.PadHalfX, {.Absolute = false, .Apply = true});
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ int LastDigit(std::string_view text) {
 
 void Wire(Session& s, Row row, int channel) {
     auto value = static_cast<std::int16_t>(channel);
-    LoopSetChannel(s, row, value, true);
+    LoopSetChannel(s, row, value, Apply::Yes);
 }
 
 }  // namespace

@@ -128,12 +128,12 @@ void SelectorRadio_DblClick(Session& s, int button) {
     ShowReadout(s, NumberText(button));
 }
 
-void SetCurrentLoop(Session& s, Row row, bool open) {
+void SetCurrentLoop(Session& s, Row row, OpenPattern open) {
     const Row old = s.CurrentLoop;
     s.CurrentLoop = row;
     s.World.Screen.ShowThumb(old);
     s.World.Screen.ShowThumb(row);
-    if (open) {
+    if (open == OpenPattern::Yes) {
         if (s.ActiveTab == kMapTab) PosSetHighlight(s, row);
         if (s.ActiveTab != kPatternTab) SetTab(s, kPatternTab);
         s.World.Screen.ShowSoundDisplay(row);
@@ -142,11 +142,11 @@ void SetCurrentLoop(Session& s, Row row, bool open) {
     PatternsRefresh(s);
 }
 
-void Thumb_Click(Session& s, Row row) { SetCurrentLoop(s, row, false); }
+void Thumb_Click(Session& s, Row row) { SetCurrentLoop(s, row, OpenPattern::No); }
 
 void Thumb_DblClick(Session& s, Row row) {
     SetTab(s, kPatternTab);
-    SetCurrentLoop(s, row, true);
+    SetCurrentLoop(s, row, OpenPattern::Yes);
 }
 
 }  // namespace marvolin

@@ -83,8 +83,10 @@ void SelectorRadio_Click(Session& s, int button);
 /// A double click puts this one in control and takes it from the six others.
 void SelectorRadio_DblClick(Session& s, int button);
 
-/// Changes the LoopTrack that the pattern and timing views show. With `open` the pattern tab opens.
-void SetCurrentLoop(Session& s, Row row, bool open);
+/// Whether a change of the current LoopTrack opens the pattern tab.
+enum class OpenPattern : bool { No, Yes };
+/// Changes the LoopTrack that the pattern and timing views show.
+void SetCurrentLoop(Session& s, Row row, OpenPattern open);
 void Thumb_Click(Session& s, Row row);
 /// Opens the pattern of the row.
 void Thumb_DblClick(Session& s, Row row);

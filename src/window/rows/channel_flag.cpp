@@ -48,7 +48,7 @@ void ChannelFlagControl::Gesture(Phase phase, std::int16_t button, QPointF twips
 
 void ChannelFlagControl::Step(int units) {
     const std::int16_t value = WireClamp(s, row_, static_cast<std::int16_t>(s.Set[row_].Channel + units));
-    LoopSetChannelGang(s, row_, value, true);
+    LoopSetChannelGang(s, row_, value, Apply::Yes);
 }
 
 void ChannelFlagControl::Activate() { Gesture(Phase::Down, kRightButton, {}); }

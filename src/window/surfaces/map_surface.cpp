@@ -49,7 +49,7 @@ void PosBall::keyPressEvent(QKeyEvent* event) {
     const int down = event->key() == Qt::Key_Down ? 1 : event->key() == Qt::Key_Up ? -1 : 0;
     if (right == 0 && down == 0) return Ball::keyPressEvent(event);
     const double step = kKeyStep * kTwipsPerPixel;
-    PosMove(s, right * step, down * step, index, false, true, true);
+    PosMove(s, right * step, down * step, index, {.Absolute = false, .Apply = true, .Quiet = true});
 }
 
 void PosBall::PaintLoopTrack(QPainter& p) const {

@@ -64,12 +64,14 @@ bool PadBall::CentresBy(std::int16_t button) const { return button == kLeftButto
 
 void PadBall::Centre() { PadBall_DblClick(s); }
 
-void PadBall::Step(int units) { PadMove(s, 0, -units * kKeyStep * kTwipsPerPixel, s.Geometry.PadHalfX, false, true); }
+void PadBall::Step(int units) {
+    PadMove(s, 0, -units * kKeyStep * kTwipsPerPixel, s.Geometry.PadHalfX, {.Absolute = false, .Apply = true});
+}
 
 void PadBall::keyPressEvent(QKeyEvent* event) {
     const int units = event->key() == Qt::Key_Right ? 1 : event->key() == Qt::Key_Left ? -1 : 0;
     if (units == 0) return marvolin::Ball::keyPressEvent(event);
-    PadMove(s, units * kKeyStep * kTwipsPerPixel, 0, s.Geometry.PadHalfX, false, true);
+    PadMove(s, units * kKeyStep * kTwipsPerPixel, 0, s.Geometry.PadHalfX, {.Absolute = false, .Apply = true});
 }
 
 std::string_view PadBall::Hint(QPointF) const { return Held() ? std::string_view{} : hints::kPadBall; }

@@ -1,0 +1,12 @@
+#pragma once
+
+namespace marvolin {
+
+/// How a ball of pad or map moves.
+struct MoveFlags {
+    bool Absolute = false;  ///< the position is the ball's new place; otherwise it is a distance from where it stands
+    bool Apply = true;      ///< the sound follows at once
+    bool Quiet = false;     ///< passed along to `PositionSet`, read by nothing; the pad has none
+};
+
+}  // namespace marvolin
