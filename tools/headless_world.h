@@ -85,6 +85,7 @@ public:
     double TwipsPerPixelY() override { return kTwipsPerPixel; }
     std::int32_t TextWidth(const std::string& text) override { return static_cast<std::int32_t>(text.size() * 100); }
     PixelPoint SurfaceOrigin(Surface) override { return {}; }
+    PixelPoint CursorPos() override { return {}; }
     void SetCursorPos(PixelPoint) override {}
     void ClipCursor(const PixelRect&) override {}
     void ReleaseCursor() override {}

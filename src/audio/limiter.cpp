@@ -7,11 +7,9 @@ namespace marvolin {
 
 namespace {
 
-constexpr double kStepsATwip = 0.05;
-
 void ChooseLimit(Session& s, double y) {
     const float moved = static_cast<float>(y) - s.Drag.DragOrigin;
-    const double chosen = Int(s.Drag.DragStartValue - Int(moved) * kStepsATwip);
+    const double chosen = Int(s.Drag.DragStartValue - Int(moved) * (1 / kTwipsALimit));
     s.Limit = ToI2(ClampVar(chosen, 1, kNoLimit));
     s.World.Screen.ShowLimit();
 }

@@ -14,7 +14,7 @@ enum class BoxStyle : std::uint8_t {
     Question,  ///< OK and Cancel
 };
 
-/// A rectangle on the screen, in pixels.
+/// A rectangle on the screen, in logical pixels.
 struct PixelRect {
     std::int32_t Left = 0;
     std::int32_t Top = 0;
@@ -23,7 +23,7 @@ struct PixelRect {
     friend bool operator==(const PixelRect&, const PixelRect&) = default;
 };
 
-/// A point on the screen, in pixels.
+/// A point on the screen, in logical pixels.
 struct PixelPoint {
     std::int32_t X = 0;
     std::int32_t Y = 0;
@@ -54,6 +54,8 @@ public:
 
     /// Where the inner area of a surface begins on the screen (`ClientToScreen` of its origin).
     virtual PixelPoint SurfaceOrigin(Surface surface) = 0;
+    /// Where the pointer is on the screen.
+    virtual PixelPoint CursorPos() = 0;
     /// Puts the pointer there, where the system can.
     virtual void SetCursorPos(PixelPoint point) = 0;
     /// Keeps the pointer inside, where the system can.

@@ -12,6 +12,9 @@ namespace marvolin {
 /// Name of a dragged question mark: a drop of it asks for help, whatever else it might mean.
 inline constexpr std::string_view kHelpDragName = "ForHelp~~";
 
+/// Tag of a fade drag: a drop fades the two LoopTracks against each other.
+inline constexpr std::string_view kFadeTag = "4";
+
 /// Name of the dragged control, its index in its array, and its tag.
 struct DragSource {
     std::string Name;

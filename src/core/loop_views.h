@@ -18,6 +18,8 @@ void PatternsRefresh(Session& s);
 /// Moves the step marker, if `row` is `CurrentLoop` and the pattern tab is open.
 void ShowStep(Session& s, Row row);
 
+/// Digits of a group of the timing read-outs: hundredths to hundreds of seconds.
+inline constexpr int kDigitsAGroup = 5;
 /// Groups of the timing read-outs, by the order of the digits.
 enum TimeGroup : int { kStepDurationGroup = 0, kSwingGroup = 1, kBeatStartGroup = 2 };
 

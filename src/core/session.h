@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -98,6 +99,23 @@ struct BallPoint {
     double Y = 0;
 };
 
+/// A point on the screen in logical pixels. On a scaled display the pointer stands between whole ones.
+struct ScreenPoint {
+    double X = 0;
+    double Y = 0;
+};
+
+/// What the hand has done to a ball of pad or map so far.
+struct BallHold {
+    std::int16_t FirstButton = kNoButton;  ///< button of the press that a second one may make a double click
+    std::uint64_t FirstTime = 0;           ///< its time, ms
+    bool Centred = false;                  ///< the held button is that of a double click: the ball stays on the centre
+    ScreenPoint Taken;                     ///< left and top of the ball when the hand took it
+    ScreenPoint From;                      ///< the hand counts from here
+    ScreenPoint Seen;                      ///< where the hand was last
+    std::optional<ScreenPoint> Put;        ///< where the pointer was put, until an event comes from there
+};
+
 /// Settings and memory of the joystick.
 struct JoystickState {
     bool Refreshing = true;                            ///< the lists are being filled; their clicks do nothing
@@ -128,22 +146,22 @@ struct BinRow {
 
 /// One of the three sample bins of `frmBrowse`.
 struct SampleBin {
-    std::string Folder;              ///< full path, the tool tip of `PickDir`
-    std::string Caption;             ///< of `PickDir`
+    std::string Folder;   ///< full path, the tool tip of `PickDir`
+    std::string Caption;  ///< of `PickDir`
     std::vector<BinRow> Rows;
-    std::int16_t Destination = 5;    ///< row of `FileDestination`, 0..8
-    std::int16_t ClickPlay = 1;      ///< 1: start the LoopTrack after loading into it
-    std::int32_t FirstColumn = 0;    ///< width of the name column
-    std::int16_t Selected = -1;      ///< the selected row
+    std::int16_t Destination = 5;  ///< row of `FileDestination`, 0..8
+    std::int16_t ClickPlay = 1;    ///< 1: start the LoopTrack after loading into it
+    std::int32_t FirstColumn = 0;  ///< width of the name column
+    std::int16_t Selected = -1;    ///< the selected row
 };
 
 /// The clipboard of whole LoopTracks.
 struct ClipBoardState {
     std::vector<LoopTrackSet> ClipStore;
-    std::int16_t ClipTop = -1;                   ///< index of the last clip; -1 when empty
-    std::vector<std::string> List;               ///< `ClipBoardList`, one text a clip
-    std::int16_t Selected = -1;                  ///< the chosen clip
-    LoopTrackSet ClipStaging;                    ///< the record through which a clip comes in
+    std::int16_t ClipTop = -1;      ///< index of the last clip; -1 when empty
+    std::vector<std::string> List;  ///< `ClipBoardList`, one text a clip
+    std::int16_t Selected = -1;     ///< the chosen clip
+    LoopTrackSet ClipStaging;       ///< the record through which a clip comes in
     Table<bool, 7> Components{{true, true, true, true, true, true, true}};
 };
 
@@ -176,32 +194,32 @@ struct Session {
     Table<std::int16_t, kChannels + 1> ChannelHz{{1000, 1000, 1000, 1000, 1000}};  ///< thousandths, unity 1000
 
     // The audio device.
-    bool Use3D = false;                               ///< buffers are made with 3D control instead of pan control
-    std::unique_ptr<DirectX7> DX;                     ///< root of the audio service, from start to shutdown
-    std::unique_ptr<marvolin::DSEnum> DSEnum;         ///< the driver list
-    std::unique_ptr<DirectSound> DS;                  ///< the open device, null when none
+    bool Use3D = false;                        ///< buffers are made with 3D control instead of pan control
+    std::unique_ptr<DirectX7> DX;              ///< root of the audio service, from start to shutdown
+    std::unique_ptr<marvolin::DSEnum> DSEnum;  ///< the driver list
+    std::unique_ptr<DirectSound> DS;           ///< the open device, null when none
     std::unique_ptr<DirectSoundBuffer> PrimaryBuffer;
     std::unique_ptr<DirectSound3DListener> Listener;  ///< null when `Use3D` is off
-    bool DSReady = false;          ///< a device is open; sound operations quietly do nothing while it is false
-    bool DeviceSwapArmed = false;  ///< a change of device saves and restores the session
-    float RollOffValue = 0;        ///< roll-off factor in use; 0 when 3D is off
+    bool DSReady = false;              ///< a device is open; sound operations quietly do nothing while it is false
+    bool DeviceSwapArmed = false;      ///< a change of device saves and restores the session
+    float RollOffValue = 0;            ///< roll-off factor in use; 0 when 3D is off
     std::vector<std::string> Drivers;  ///< entries of `cboDrivers`; the last is "No Sound"
     std::int16_t Driver = -1;          ///< chosen entry of `cboDrivers`; -1 before the first choice
 
     // Transport and selection.
-    std::string ThinList;               ///< letters of the playing thinnable LoopTracks, oldest first
-    std::int16_t Limit = 4;             ///< `Limiter`: how many may sound, 1..4; 4 means no limit
-    bool SelectionControlled = true;    ///< the selection's selector button is on
+    std::string ThinList;                    ///< letters of the playing thinnable LoopTracks, oldest first
+    std::int16_t Limit = 4;                  ///< `Limiter`: how many may sound, 1..4; 4 means no limit
+    bool SelectionControlled = true;         ///< the selection's selector button is on
     Table<Boolean, kLoopTracks> SelectWork;  ///< the selection being built
-    std::int16_t SelectDragTag = 0;     ///< button of the drag over the flags that is under way; 0 none
+    std::int16_t SelectDragTag = 0;          ///< button of the drag over the flags that is under way; 0 none
     marvolin::BandDrag BandDrag;
-    Row CurrentLoop = 0;                ///< LoopTrack shown by the pattern and timing views
-    bool GangReady = false;             ///< row-4 operations walk the controlled rows
-    bool ResetVars = true;              ///< "Reset on Load"
-    bool PlayOnLoad = false;            ///< play after a drop load
+    Row CurrentLoop = 0;      ///< LoopTrack shown by the pattern and timing views
+    bool GangReady = false;   ///< row-4 operations walk the controlled rows
+    bool ResetVars = true;    ///< "Reset on Load"
+    bool PlayOnLoad = false;  ///< play after a drop load
     DragState Drag;
-    std::int16_t DragAxis = 1;          ///< 0 vertical knob drag, else horizontal
-    double FadeStep = 2;                ///< `Vol` units per 10 ms, 0.04..4
+    std::int16_t DragAxis = 1;  ///< 0 vertical knob drag, else horizontal
+    double FadeStep = 2;        ///< `Vol` units per 10 ms, 0.04..4
     Table<SoundDisplayState, 5> SndDisp;
     Table<bool, kRows> PanKnobOn{{true, true, true, true, true, true}};  ///< `PanKnob` of the row is enabled
 
@@ -214,36 +232,37 @@ struct Session {
     bool LoopTimerBusy = false;   ///< guard against re-entry of `LoopTimer_Timer`
     std::int16_t TimingRes = 10;  ///< milliseconds, 1..100
     SessionClock Clock;
-    std::int16_t PatternDrawRow = -1;    ///< pattern row whose steps are being drawn; -1 idle
-    std::int16_t PatternRandomRow = -1;  ///< pattern row whose random column is being drawn; -1 idle
+    std::int16_t PatternDrawRow = -1;                       ///< pattern row whose steps are being drawn; -1 idle
+    std::int16_t PatternRandomRow = -1;                     ///< pattern row whose random column is being drawn; -1 idle
     std::array<std::int16_t, kPatternRows> GraphColumns{};  ///< step columns that each graph is laid out for
-    std::int16_t StepsShown = 4;         ///< number on the label `NSteps`, 1..32
-    std::int16_t StepReadOutTop = 0;     ///< top of the scale of `StepReadOut`: the steps that it is laid out for
+    std::int16_t StepsShown = 4;                            ///< number on the label `NSteps`, 1..32
+    std::int16_t StepReadOutTop = 0;  ///< top of the scale of `StepReadOut`: the steps that it is laid out for
     std::array<std::string, 3> TimeText{"000.00", "000.00", "000.00"};  ///< `ShowTime` of the three groups
     std::array<std::string, 3> PercentText;                             ///< `PercentReadOut`
 
     // Mix pad and sound map.
     PadGeometry Geometry;
     Table<PadRecord, 5> PadTable;
-    std::int16_t PadTypeIndex = 2;
+    std::int16_t PadTypeIndex = kVolPad;
     std::int16_t SetChannelChoice = -1;  ///< chosen entry of `SetChannel`
     std::int16_t TwistPosition = 0;
-    bool CursorFree = true;    ///< no ball is being dragged
-    double MapRange = 1.5;     ///< half the side of the map in map units
-    double ListenerX = 0;      ///< map units
-    double ListenerY = 0;      ///< map units
+    bool CursorFree = true;          ///< no ball is being dragged
+    Table<BallHold, 6> BallHolds;    ///< 0..3 the LoopTracks and 4 the listener on the map, 5 the ball of the pad
+    double MapRange = 1.5;           ///< half the side of the map in map units
+    double ListenerX = 0;            ///< map units
+    double ListenerY = 0;            ///< map units
     std::int16_t ListenerAngle = 0;  ///< whole degrees, 0..359
     Table<BallPoint, 5> BallPos;     ///< twips; 0..3 the LoopTracks, 4 the listener
     std::int16_t PosHighlight = -1;  ///< the ball that was highlighted last; -1 none
     Table<bool, kLoopTracks> BallHighlighted;  ///< wears its highlighted face; two may, after the listener's turn
-    std::int16_t PosMacro = 0;       ///< chosen entry of `PosMacros`
-    std::int32_t WanderElapsed = 0;  ///< ms since the last wander step
-    std::int16_t WanderTrack = 0;    ///< LoopTrack that the next wander step moves
+    std::int16_t PosMacro = 0;                 ///< chosen entry of `PosMacros`
+    std::int32_t WanderElapsed = 0;            ///< ms since the last wander step
+    std::int16_t WanderTrack = 0;              ///< LoopTrack that the next wander step moves
     Table<bool, 3> PositionUpdate{{true, true, false}};  ///< the sound follows a drag of listener, LoopTrack, heading
-    bool MapEnabled = false;         ///< the controls of the map are enabled
-    bool Enable3dHeld = false;       ///< the box `Enable3d` is being set; its click does nothing
-    std::int16_t MapSize = 30;       ///< gauge, tenths of a map unit, 5..100
-    std::int16_t RollOff = 10;       ///< gauge, tenths, 0..100
+    bool MapEnabled = false;                             ///< the controls of the map are enabled
+    bool Enable3dHeld = false;                           ///< the box `Enable3d` is being set; its click does nothing
+    std::int16_t MapSize = 30;                           ///< gauge, tenths of a map unit, 5..100
+    std::int16_t RollOff = 10;                           ///< gauge, tenths, 0..100
 
     // Joystick.
     bool JoyEnabled = false;
@@ -252,7 +271,7 @@ struct Session {
     JoystickState Joy;
 
     // Script events.
-    Table<std::int16_t, kScriptEvents> EventWanted;  ///< per event, whether it is passed on to the script
+    Table<std::int16_t, kScriptEvents> EventWanted;         ///< per event, whether it is passed on to the script
     Table<std::unique_ptr<clsScrollDelta>, 3> ScrollDelta;  ///< 0 the knobs, 1 a map ball, 2 the joystick on the map
     Table<std::int32_t, 2> ScrollSensitivity{{1, 4}};       ///< moves an event: 0 the knobs, 1 the map
     bool ScriptAvailable = false;
@@ -261,10 +280,10 @@ struct Session {
 
     // Samples, sets, clips.
     Table<std::vector<std::string>, 5> History;  ///< full paths by row, newest first; row 4 gathers all rows'
-    Row HistoryRow = 0;                 ///< row whose list `HistoryList` shows
-    std::int16_t HistoryChoice = -1;    ///< chosen entry of `HistoryList`
+    Row HistoryRow = 0;                          ///< row whose list `HistoryList` shows
+    std::int16_t HistoryChoice = -1;             ///< chosen entry of `HistoryList`
     std::vector<std::string> HistoryEntries;
-    Row LoopDropTarget = 0;             ///< row on which a sample drop is to land
+    Row LoopDropTarget = 0;  ///< row on which a sample drop is to land
     Table<SampleBin, 3> Bins;
     std::int16_t DragBin = 0;  ///< bin from which a sample was last dragged
     std::string TreeFolder;    ///< folder that `FolderTreeview1` shows selected
@@ -292,10 +311,10 @@ struct Session {
     std::string StatusText;   ///< first panel of `StatusBar1`
     std::string ReadoutText;  ///< what a readout shows beside the hint
     std::string Title = "marvolin";
-    std::string TodayLabel;   ///< month and day, made at start
+    std::string TodayLabel;  ///< month and day, made at start
     struct {
         std::int32_t Left = 0, Top = 0, Right = 0, Bottom = 0;
-    } WorkArea;  ///< twips
+    } WorkArea;                                    ///< twips
     std::array<std::int16_t, 9> ProcedureFlags{};  ///< one for each gesture of several stages, cleared as a block
 };
 

@@ -49,6 +49,9 @@ enum FadeState : std::int16_t { kNoFade = 0, kRising = 1, kFalling = 3 };
 /// The three knobs of a row.
 enum class Knob : std::uint8_t { Vol, Pan, Hz };
 
+/// The types of the mix pad, by their number in `PadTable` and in the list `PadType`. A fifth record has no entry.
+enum PadKind : std::int16_t { kPitch300Pad = 0, kPitch400Pad = 1, kVolPad = 2, kPanPad = 3 };
+
 /// The four tabs of `TabControl`.
 enum Tab : std::int16_t { kMixPadTab = 0, kMapTab = 1, kPatternTab = 2, kOptionTab = 3 };
 inline constexpr std::int16_t kTabs = 4;

@@ -8,7 +8,6 @@ namespace marvolin {
 namespace {
 
 constexpr Row kNoRow = -1;
-constexpr std::int16_t kOwnGrouping = -1;
 
 Row RowOfKey(int key) {
     if (key == 'Z') return kSelectionRow;
@@ -29,7 +28,7 @@ void Form_KeyUp(Session& s, int key, int shift) {
         Play_MouseUp(s, row, kLeftButton);
     } else if (row < kRows) {
         // There is nothing to fade beyond the tables, and no trap that would tell of it.
-        LoopSetFadeGang(s, row, FadeOf(shift), kOwnGrouping);
+        LoopSetFadeGang(s, row, FadeOf(shift), kOwnBand);
     }
 }
 

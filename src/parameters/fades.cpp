@@ -10,15 +10,13 @@ namespace marvolin {
 namespace {
 
 constexpr double kGaugeUnits = 500;  // gauge units of one `FadeStep`
-constexpr std::int16_t kSlowest = 20;
-constexpr std::int16_t kFastest = 2000;
 
 /// Runs `act(row, alone)` for the rows that a fade command reaches: the band named, the row's own, the row, or for row
 /// 4 the controlled rows without itself.
 template <typename Act>
 void ForFadeGang(Session& s, Row row, std::int16_t band, Act act) {
-    if (band != -1 || s.Run[row].InBand != False) {
-        ForBand(s, band != -1 ? band : s.Run[row].Band, [&](Row member) { act(member, false); });
+    if (band != kOwnBand || s.Run[row].InBand != False) {
+        ForBand(s, band != kOwnBand ? band : s.Run[row].Band, [&](Row member) { act(member, false); });
     } else if (row != kSelectionRow) {
         act(row, true);
     } else {
@@ -60,7 +58,7 @@ void StepRising(Session& s, Row row, double distance) {
     if (run.FadeValue < run.FadeTarget) return;
     run.FadeValue = run.FadeTarget;
     run.FadeState = kNoFade;
-    // The level of the last tick: the line ends one tick short of the mark.
+    // `Vol` is still that of the previous tick: the line ends one tick short of the mark.
     if (run.FadeToMark != False) MoveLine(s, row);
 }
 
@@ -98,12 +96,12 @@ void LoopSetFade(Session& s, Row row, FadeCommand mode) {
 }
 
 void LoopSetFadeGang(Session& s, Row row, FadeCommand mode, std::int16_t band) {
-    if (band != -1 && row > kSelectionRow) return;
+    if (band != kOwnBand && row > kSelectionRow) return;
     ForFadeGang(s, row, band, [&](Row member, bool) { LoopSetFade(s, member, mode); });
 }
 
 void LoopFadeTo(Session& s, Row row, std::int16_t target, std::int16_t band) {
-    if (band == -1 && row > kSelectionRow) return;
+    if (band == kOwnBand && row > kSelectionRow) return;
     ForFadeGang(s, row, band, [&](Row member, bool alone) {
         StartFade(s, member, target, s.Set[member].Vol > target ? kFalling : kRising);
         s.Run[member].FadeToMark = ToBoolean(alone);
@@ -111,16 +109,18 @@ void LoopFadeTo(Session& s, Row row, std::int16_t target, std::int16_t band) {
 }
 
 void SetFadeFactor(Session& s, double fadeStep) {
-    FadeFactor_Change(s, ToI2(ClampVar(Int(fadeStep * kGaugeUnits), kSlowest, kFastest)));
+    FadeFactor_Change(s, ToI2(ClampVar(Int(fadeStep * kGaugeUnits), kFadeFactorLow, kFadeFactorHigh)));
 }
 
 void FadeFactor_Change(Session& s, std::int16_t value) {
-    ClampI2(value, kSlowest, kFastest);
+    ClampI2(value, kFadeFactorLow, kFadeFactorHigh);
     s.FadeStep = value / kGaugeUnits;
     s.World.Screen.ShowFadeFactor();
 }
 
-std::int16_t FadeFactorGauge(const Session& s) { return ToI2(ClampVar(s.FadeStep * kGaugeUnits, kSlowest, kFastest)); }
+std::int16_t FadeFactorGauge(const Session& s) {
+    return ToI2(ClampVar(s.FadeStep * kGaugeUnits, kFadeFactorLow, kFadeFactorHigh));
+}
 
 void StepFades(Session& s, std::int32_t milliseconds) {
     const double distance = milliseconds * s.FadeStep / 10;

@@ -14,14 +14,14 @@ namespace marvolin {
 
 namespace {
 
-/// What sets one kind of knob apart.
+/// The rules of one kind of knob.
 struct KnobRules {
     std::int16_t LoopTrackSet::*Field;
     std::string (*Text)(std::int16_t);
     double Coarse;  ///< units a twip
     double Fine;
     double Top, Bottom;
-    double EventOffset, EventScale;  ///< the script is told (value - offset) / scale
+    double EventOffset, EventScale;  ///< the script gets (value - offset) / scale
     ScriptEvent Change, Scroll;
     std::string_view Hint;
 };
@@ -51,19 +51,19 @@ void ChangeGang(Session& s, Knob knob, Row row, std::int16_t value) {
     }
 }
 
-/// Whether the joystick's throttle has taken the knob out of the hand.
+/// Whether a joystick axis drives the knob, so that the hand cannot.
 bool HeldByJoystick(const Session& s, Knob knob, Row row) {
     return knob == Knob::Vol && row == kMasterRow && s.Joy.Axis[0] != 0;
 }
 
-/// What every hand on a knob does before it moves it.
+/// What every gesture does before it moves a knob.
 void TakeKnob(Session& s, Knob knob, Row row) {
-    if (knob == Knob::Vol && row <= kSelectionRow) LoopSetFadeGang(s, row, FadeCommand::Cancel, -1);
+    if (knob == Knob::Vol && row <= kSelectionRow) LoopSetFadeGang(s, row, FadeCommand::Cancel, kOwnBand);
     if (row < kLoopTracks) PosSetHighlight(s, row);
     ScrollCounter(s, kKnobScroll).Reset(ValueOf(s, knob, row), 0);
 }
 
-void TellValue(Session& s, Knob knob, Row row) { ShowReadout(s, RulesOf(knob).Text(ValueOf(s, knob, row))); }
+void ShowValue(Session& s, Knob knob, Row row) { ShowReadout(s, RulesOf(knob).Text(ValueOf(s, knob, row))); }
 
 void SetLimited(Session& s, Knob knob, Row row, double value) {
     ChangeGang(s, knob, row, ToI2(ClampVar(value, -32000, 32000)));
@@ -76,11 +76,13 @@ void DragTo(Session& s, Knob knob, Row row, std::int16_t button, double x, doubl
     SetLimited(s, knob, row, s.Drag.DragStartValue - Int(unitsATwip * distance));
 }
 
-double Told(const KnobRules& rules, std::int16_t value) { return (value - rules.EventOffset) / rules.EventScale; }
+double ScriptValue(const KnobRules& rules, std::int16_t value) {
+    return (value - rules.EventOffset) / rules.EventScale;
+}
 
 void SendChange(Session& s, Knob knob, Row row) {
     const KnobRules& rules = RulesOf(knob);
-    const std::array<double, 2> arguments{row + 1.0, Told(rules, ValueOf(s, knob, row))};
+    const std::array<double, 2> arguments{row + 1.0, ScriptValue(rules, ValueOf(s, knob, row))};
     SendScriptEvent(s, rules.Change, arguments);
 }
 
@@ -92,7 +94,7 @@ void SendScroll(Session& s, Knob knob, Row row, Force force) {
     bool send = false;
     counter.SendScroll(value, 0, force == Force::Yes, send);
     if (!send) return;
-    const std::array<double, 3> arguments{row + 1.0, Told(rules, value), counter.DeltaX() / rules.EventScale};
+    const std::array<double, 3> arguments{row + 1.0, ScriptValue(rules, value), counter.DeltaX() / rules.EventScale};
     SendScriptEvent(s, rules.Scroll, arguments);
 }
 
@@ -110,14 +112,14 @@ void Move(Session& s, Knob knob, Row row, std::int16_t button, double x, double 
         DragTo(s, knob, row, button, x, y);
         SendScroll(s, knob, row, Force::No);
     }
-    TellValue(s, knob, row);
+    ShowValue(s, knob, row);
 }
 
 void Release(Session& s, Knob knob, Row row, std::int16_t button, double x, double y) {
     if (s.Drag.Dragging == False) return;
     s.Drag.Dragging = False;
     DragTo(s, knob, row, button, x, y);
-    TellValue(s, knob, row);
+    ShowValue(s, knob, row);
     SendChange(s, knob, row);
     SendScroll(s, knob, row, Force::Yes);
 }
@@ -150,7 +152,7 @@ void Knob_DblClick(Session& s, Knob knob, Row row) {
     if (knob == Knob::Hz) {
         ShowReadout(s, "Freq: Original Hz Restored");
     } else {
-        TellValue(s, knob, row);
+        ShowValue(s, knob, row);
     }
     KnobGesture(s, knob, row, Phase::Up, kNoButton, 0, 0);
 }
@@ -160,7 +162,7 @@ void KnobStep(Session& s, Knob knob, Row row, int units) {
     ShowStatus(s, RulesOf(knob).Hint);
     TakeKnob(s, knob, row);
     SetLimited(s, knob, row, static_cast<double>(ValueOf(s, knob, row)) + units);
-    TellValue(s, knob, row);
+    ShowValue(s, knob, row);
     SendChange(s, knob, row);
     SendScroll(s, knob, row, Force::Yes);
 }

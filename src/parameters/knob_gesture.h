@@ -9,13 +9,14 @@
 
 namespace marvolin {
 
-/// A press, move or release on a knob of `row` (0..4; `Knob::Vol` also 5). `x`, `y` in twips. The right button, told on
-/// moves and the release as well, drags finely; any other coarsely. The press cancels a fade of the row; the release
-/// tells the script. The master knob ignores the press while a joystick axis is assigned to it.
+/// A press, move or release on a knob of `row` (0..4; `Knob::Vol` also 5). `x`, `y` in twips. The right button drags
+/// finely, any other coarsely; moves and the release pass the held button too. A press on a volume knob cancels a fade
+/// of the row. The release sends the change event to the script. The master knob ignores the press while a joystick
+/// axis is assigned to it.
 void KnobGesture(Session& s, Knob knob, Row row, Phase phase, std::int16_t button, double x, double y);
-/// Mute, centre or 100%, for the whole gang.
+/// Double click: mute or full volume, pan to the centre, frequency to 100%, for the whole gang.
 void Knob_DblClick(Session& s, Knob knob, Row row);
-/// A fine step by wheel or arrow key: `units` up or down through the gang setter. It is a whole short drag: it cancels
+/// A fine step by wheel or arrow key: `units` up or down through the gang setter. It acts as a short drag: it cancels
 /// a fade and sends the change event and the last scroll event. Nothing happens while a drag is open.
 void KnobStep(Session& s, Knob knob, Row row, int units);
 /// Entries of `DragAxisSelect`, by `DragAxis`.

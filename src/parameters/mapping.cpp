@@ -30,7 +30,7 @@ std::int16_t PatternValue(Session& s, Row row, int patternRow) {
 std::int32_t Decibels(double level) {
     if (level >= kVolFull) return 0;
     if (level <= 0) return kSilence;
-    // A random part can lift the product between 499 and 500, where the line would cross the service's top.
+    // A pattern's random part can put the product between 499 and 500, where the formula would give more than 0 dB.
     return std::min(ToI4((499 - level) * -6), 0);
 }
 
@@ -54,7 +54,7 @@ std::int32_t PanOf(Session& s, Row row) {
     if (pan >= kPanRight) return kPanEnd;
     if (pan <= 0) return -kPanEnd;
     if (pan == kPanCentre) return 0;
-    // The left side is one unit short of the right one; players know the instrument so.
+    // The left side is one unit shorter than the right side on purpose.
     return pan < kPanCentre ? (499 - pan) * -12 : (pan - kPanCentre) * 12;
 }
 

@@ -1,13 +1,14 @@
 #pragma once
 /// \file
-/// The last step of every change of sound: setting, channel, master and pattern folded into one number for the service.
+/// The last step of every change of sound: setting, channel, master and pattern combined into one number for the sound
+/// service.
 
 #include "core/session.h"
 
 namespace marvolin {
 
-/// Volume of a loaded row, -10000..0 hundredths of a decibel. Errors: "setting volume". A product above 499, which only
-/// a pattern's random part can give, is full level.
+/// Volume of a loaded row, -10000..0 hundredths of a decibel. Errors: "setting volume". A product between 499
+/// and 500, which only a pattern's random part can give, is full level.
 void MapVol(Session& s, Row row);
 /// Pan of a loaded row, -10000..10000 hundredths of a decibel; nothing while `Use3D`. Errors: "panning".
 void MapPan(Session& s, Row row);

@@ -25,9 +25,6 @@ void PlaceListener(Session& s, float x, float y, bool apply) {
     s.ListenerY = y;
 }
 
-/// Twips from the centre of the map; both axes go by the map's half width.
-double ToTwips(const Session& s, double mapUnits) { return s.Geometry.PadHalfX / s.MapRange * mapUnits; }
-
 }  // namespace
 
 void PositionSet(Session& s, int ball, float x, float y, PositionFlags flags) {
@@ -36,7 +33,7 @@ void PositionSet(Session& s, int ball, float x, float y, PositionFlags flags) {
     } else {
         PlaceLoopTrack(s, ball, x, y, flags.Apply);
     }
-    if (flags.StoreBall) s.BallPos[ball] = {ToTwips(s, x), ToTwips(s, y)};
+    if (flags.StoreBall) s.BallPos[ball] = {MapTwips(s, x), MapTwips(s, y)};
     if (flags.Refresh) PositionRefresh(s, ball);
 }
 
@@ -45,7 +42,7 @@ bool TryPositionSet(Session& s, int ball, float x, float y, PositionFlags flags)
         PositionSet(s, ball, x, y, flags);
         return true;
     } catch (const SoundError& e) {
-        // A wander goes off ("Off" is entry 0): its next step would open a box over this one.
+        // "Off" (entry 0): the next step of a wander would open another box over this one.
         s.PosMacro = 0;
         s.World.Screen.ShowMapControls();
         ShowDSError(s, "placing sound", e.Number());
@@ -54,7 +51,7 @@ bool TryPositionSet(Session& s, int ball, float x, float y, PositionFlags flags)
 }
 
 void SendHeading(Session& s, std::int32_t degrees) {
-    // The device can be closed while 3D is on; then nobody listens.
+    // While the device is closed there is no listener, also with 3D on.
     if (!s.Use3D || !s.Listener) return;
     const double a = degrees;
     s.Listener->SetOrientation({static_cast<float>(std::sin(a)), 0, static_cast<float>(std::cos(a))}, {0, 1, 0});
@@ -74,12 +71,17 @@ void PositionRefresh(Session& s, int ball) {
     if (s.Use3D) s.World.Screen.ShowMapBall(ball);
 }
 
+BallPoint MapUnits(const Session& s, int ball) {
+    if (ball == kListenerBall) return {s.ListenerX, s.ListenerY};
+    return {s.Set[ball].PositionX, s.Set[ball].PositionY};
+}
+
+double MapTwips(const Session& s, double mapUnits) { return s.Geometry.PadHalfX / s.MapRange * mapUnits; }
+
 BallPoint MapBallPlace(const Session& s, int ball) {
-    const bool listener = ball == kListenerBall;
-    const double x = listener ? s.ListenerX : s.Set[ball].PositionX;
-    const double y = listener ? s.ListenerY : s.Set[ball].PositionY;
+    const BallPoint place = MapUnits(s, ball);
     const PadGeometry& g = s.Geometry;
-    return {ToTwips(s, x) + g.PadHalfX - g.BallCentreX, ToTwips(s, y) + g.PadHalfY - g.BallCentreY};
+    return {MapTwips(s, place.X) + g.PadHalfX - g.BallCentreX, MapTwips(s, place.Y) + g.PadHalfY - g.BallCentreY};
 }
 
 void PosSetHighlight(Session& s, int ball) {
@@ -87,7 +89,7 @@ void PosSetHighlight(Session& s, int ball) {
     const int old = s.PosHighlight;
     s.PosHighlight = static_cast<std::int16_t>(ball);
     if (ball == kListenerBall) {
-        // The LoopTrack keeps its highlighted face, and since the listener has none to give up, for good.
+        // The highlighted LoopTrack keeps its face: later it is no longer the previous highlight that loses it.
         s.World.Screen.RaiseMapBall(ball);
         return;
     }

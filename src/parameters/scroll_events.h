@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// Events on their way to the script: each once at a time, the scroll events thinned.
+/// Events sent to the script: no event inside itself, and only some of the scroll events.
 
 #include <span>
 #include <string_view>
@@ -14,20 +14,20 @@ inline constexpr int kKnobScroll = 0;      ///< all knobs
 inline constexpr int kMapScroll = 1;       ///< the mouse on a ball of the map
 inline constexpr int kJoystickScroll = 2;  ///< the joystick on the map
 
-/// Whether a scroll event passes whatever its counter says.
+/// Whether a scroll event is sent whatever its counter says.
 enum class Force : bool { No, Yes };
 
-/// The counter of that number; made on first use with the sensitivity that the player chose.
+/// The counter with this number. It is made on first use with the sensitivity that the player chose.
 clsScrollDelta& ScrollCounter(Session& s, int counter);
 
-/// Calls `event` on the script if it is wanted. It is not wanted while it runs, so that a script may move the control
-/// that told it. A failing script is reported as `name`, and the event is then silent.
+/// Calls the script's procedure for `event` if `EventWanted`. The event is off while its procedure runs, so that a
+/// script may move the control that sent it. A failure is reported under `name`, and the event stays off.
 void SendScriptEvent(Session& s, ScriptEvent event, std::span<const double> arguments, std::string_view name);
-/// The same, reported by the event's own name.
+/// The same, reported under the event's own name.
 void SendScriptEvent(Session& s, ScriptEvent event, std::span<const double> arguments);
 
-/// The option `ScrollSensitivity` stands at `value`, limited to 1..50000: `member` 0 for the knobs, 1 for both counters
-/// of the map. Shows "Send scroll event every N moves".
+/// The option `ScrollSensitivity` has changed to `value`, limited to 1..50000: `member` 0 for the knobs, 1 for both
+/// counters of the map. Shows "Send scroll event every N moves".
 void ScrollSensitivity_Change(Session& s, int member, std::int32_t value);
 
 }  // namespace marvolin

@@ -13,8 +13,7 @@ enum class TakeHold : bool { No, Yes };
 /// Whether the line of the row's sound display follows the volume.
 enum class UpdateDisplay : bool { No, Yes };
 
-/// Stores one row's volume, limited in place to 0..500; with `takeHold` it is heard at once (row 5: for all rows).
-/// With `updateDisplay` the line of the sound display follows.
+/// Stores one row's volume, limited in place to 0..500. With `TakeHold::Yes` row 5 sends the volume of all rows.
 void LoopVolChange(Session& s, Row row, std::int16_t& vol, TakeHold takeHold, UpdateDisplay updateDisplay);
 /// Stores one row's pan, limited in place to 0..1000.
 void LoopPanChange(Session& s, Row row, std::int16_t& pan, TakeHold takeHold);
@@ -28,7 +27,7 @@ void LoopPanChangeGang(Session& s, Row row, std::int16_t pan);
 /// The same grouping for the frequency, 1..4000; heard at once.
 void LoopHzChangeGang(Session& s, Row row, std::int16_t hz);
 
-/// Number of the picture, 0..63, of a knob at `value` on a scale of the given length.
+/// Number of the picture, 0..63, of a knob at `value` on the scale from `bottom` to `top`.
 int KnobFrame(double value, double top, double bottom);
 
 /// Readouts: "Vol: 500", "Pan: Left (-100)", "Freq: 99.5%".

@@ -10,15 +10,12 @@ namespace marvolin {
 
 namespace {
 
-constexpr std::int16_t kRightColour = 1;
-constexpr std::int16_t kLeftColour = 2;
-constexpr std::int16_t kDisconnected = 4;
 constexpr std::int16_t kWires = 8;
 constexpr double kClickTwips = 5;  // a press that moved less is a click
 
 float Moved(const Session& s, double y) { return static_cast<float>(y) - s.Drag.DragOrigin; }
 
-/// Value of a drag that has come to `y`: one step of the value for each 100 twips, upwards more.
+/// Value of a drag that is now at `y`: one step for each 100 twips, upwards more.
 std::int16_t DraggedValue(const Session& s, double y) {
     constexpr double kStepsATwip = 0.01;
     return ToI2(ClampVar(Int(s.Drag.DragStartValue - Int(Moved(s, y)) * kStepsATwip), -32000, 32000));
@@ -29,7 +26,7 @@ void DragWire(Session& s, Row row, double y, Apply apply) {
 }
 
 void ClickWire(Session& s, Row row, double x, double width) {
-    // The flag as it was pressed: a shift of a twip or two may have changed it since.
+    // The value at the press: a movement of less than a click's limit may have changed the flag since.
     const auto pressed = static_cast<std::int16_t>(s.Drag.DragStartValue);
     if (x <= width / 3) {
         LoopSetChannelGang(s, row, WireFlip(pressed, kLeftColour), Apply::Yes);
@@ -75,7 +72,7 @@ void LoopSetChannelGang(Session& s, Row row, std::int16_t value, Apply apply) {
     ForGang(s, row, [&](Row member) { LoopSetChannel(s, member, value, apply); });
 }
 
-std::int16_t WireFlip(std::int16_t value, std::int16_t bit) {
+std::int16_t WireFlip(std::int16_t value, WireBit bit) {
     const int bits = value - 1;
     const int flipped = (bits & bit) == bit ? bits & ~bit : bits | bit;
     return static_cast<std::int16_t>(flipped + 1);

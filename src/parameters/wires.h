@@ -6,13 +6,20 @@
 
 namespace marvolin {
 
+/// The bits of a wire: its value 1..8 less 1.
+enum WireBit : std::int16_t {
+    kRightColour = 1,   ///< the right part of the flag is black
+    kLeftColour = 2,    ///< the left part is
+    kDisconnected = 4,  ///< the LoopTrack follows no channel
+};
+
 /// Wires one row; `value` is limited in place to 1..8. With `Apply::Yes` volume, pan and frequency are sent.
 void LoopSetChannel(Session& s, Row row, std::int16_t& value, Apply apply);
 /// The same for the controlled rows and row 4, for the row's band, or for the row.
 void LoopSetChannelGang(Session& s, Row row, std::int16_t value, Apply apply);
-/// A wire value with `bit` (1 right colour, 2 left colour, 4 disconnected) flipped.
-std::int16_t WireFlip(std::int16_t value, std::int16_t bit);
-/// A dragged wire value kept in the row's present connection state.
+/// The wire value 1..8 with `bit` flipped.
+std::int16_t WireFlip(std::int16_t value, WireBit bit);
+/// A dragged wire value, limited to 1..4 while the row is connected and to 5..8 while it is not.
 std::int16_t WireClamp(const Session& s, Row row, std::int16_t value);
 
 /// `ChannelFlag`: right press toggles the connection, a drag steps through the channels, a click flips a colour.

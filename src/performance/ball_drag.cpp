@@ -15,7 +15,7 @@ void TakePointer(Session& s, Surface surface, BallPoint place) {
     inside.Top = origin.Y + 4;
     inside.Right = ToI4(s.Geometry.InnerWidth / pixelX) + inside.Left - 8;
     inside.Bottom = ToI4(s.Geometry.InnerHeight / pixelY) + inside.Top - 8;
-    desk.SetCursorPos({ToI4(place.X / pixelX + origin.X + 16), ToI4(place.Y / pixelY + origin.Y + 16)});
+    desk.SetCursorPos({ToI4(place.X / pixelX + origin.X + kBallPutAt), ToI4(place.Y / pixelY + origin.Y + kBallPutAt)});
     desk.ClipCursor(inside);
 }
 
@@ -25,7 +25,7 @@ void ReleasePointer(Session& s) {
 }
 
 BallPoint BallMove(Session& s, double x, double y) {
-    return {x - 15 * s.World.Desk.TwipsPerPixelX(), y - 15 * s.World.Desk.TwipsPerPixelY()};
+    return {x - kBallHeldAt * s.World.Desk.TwipsPerPixelX(), y - kBallHeldAt * s.World.Desk.TwipsPerPixelY()};
 }
 
 }  // namespace marvolin

@@ -24,8 +24,6 @@ namespace marvolin {
 namespace {
 
 constexpr std::string_view kDropperTag = "Dropper~~";
-constexpr std::int16_t kOwnBand = -1;
-constexpr int kAllTiming = 4;
 
 bool IsRow(Row row) { return row >= 0 && row <= kSelectionRow; }
 

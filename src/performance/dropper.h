@@ -16,8 +16,6 @@ inline constexpr std::string_view kLetrHint =
 
 /// Help page of a LoopTrack row.
 inline constexpr std::int32_t kLoopTrackTopic = 10022;
-/// Tag of a fade drag.
-inline constexpr std::string_view kFadeTag = "4";
 
 /// Reads and writes the tags of the dropper: "Dropper~~" and the row that started the drag.
 class clsDropperManager {

@@ -12,7 +12,6 @@ namespace marvolin {
 namespace {
 
 constexpr int kSlip = 6;  // a target nearer to the level is taken as a slip of the hand
-constexpr std::int16_t kOwnBand = -1;
 
 void TakeNeedle(Session& s, Row row, std::int16_t needle, std::int16_t value) {
     ClampI2(value, 0, kVolFull);

@@ -8,7 +8,7 @@ namespace marvolin {
 
 /// Opens a tab of `TabControl` (a `marvolin::Tab`) and refreshes what it shows. A number outside 0..3 is ignored.
 void SetTab(Session& s, std::int16_t tab);
-/// `TabControl` has changed by itself: refreshes what the open tab shows.
+/// Refreshes what the open tab shows.
 void TabControl_Changed(Session& s);
 
 }  // namespace marvolin

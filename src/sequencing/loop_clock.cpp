@@ -19,7 +19,7 @@ namespace {
 constexpr std::int16_t kFinestTick = 1;           // ms
 constexpr std::int16_t kCoarsestTick = 100;       // ms
 constexpr std::int32_t kCoarsestResolution = 25;  // ms
-// Far beyond any swing that the hand can set; three times as much still fits 32 bits, as a spread may need.
+// Far more than the hand can set. Three times as much still fits 32 bits, which `RandomAround` needs.
 constexpr std::int64_t kWidestSwing = 700'000'000;  // ms
 
 std::int32_t SwingMilliseconds(const LoopTrackSet& set) {
@@ -50,7 +50,7 @@ void RunSessionClock(Session& s, std::int32_t milliseconds) {
     clock.ClockMs += milliseconds;
     clock.ClockMsPart += milliseconds;
     if (clock.ClockMsPart < 1000) return;
-    // One second a tick, however much has come together: the rest is paid out by the ticks that follow.
+    // At most one second a tick: the ticks that follow add the rest.
     clock.ClockMsPart -= 1000;
     ++clock.ClockSeconds;
     if (clock.ClockSeconds >= 60) {
@@ -58,7 +58,7 @@ void RunSessionClock(Session& s, std::int32_t milliseconds) {
         ++clock.ClockMinutes;
     }
     if (clock.ClockMinutes >= 60) {
-        // The hours run up to 24, so that 24:59:59 is the last time shown.
+        // The hours run to 24: the last time shown is 24:59:59.
         if (clock.ClockHours >= 24) {
             ClockReset(s);
         } else {
@@ -79,7 +79,7 @@ void LoopTimer_Timer(Session& s, std::int32_t milliseconds) {
     }
     s.LoopTimerBusy = true;
     for (Row row = 0; row < kLoopTracks; ++row) LoopPollEnd(s, row);
-    // All timing before all steps: what falls due in one tick is stepped together.
+    // All timing before all steps: rows that are due in the same tick step together.
     for (Row row = 0; row < kLoopTracks; ++row) StepTiming(s, row, milliseconds);
     for (Row row = 0; row < kLoopTracks; ++row) LoopStep(s, row);
     RefreshSelectionIndicator(s);
@@ -103,11 +103,11 @@ void StepTiming(Session& s, Row row, std::int32_t milliseconds) {
     const std::int64_t elapsed = std::int64_t{run.StepElapsed} + milliseconds;
     run.StepElapsed =
         static_cast<std::int32_t>(std::min<std::int64_t>(elapsed, std::numeric_limits<std::int32_t>::max()));
-    // A fresh number at every tick: the swing is a jitter of the trigger, not a delay of a step.
+    // A new random number at every tick: the swing makes the moment of the step jitter, it does not delay steps.
     const std::int64_t jitter = RandomAround(s.World.Chance, SwingMilliseconds(set));
     if (jitter + run.StepElapsed < std::int64_t{set.StepDuration} * 10) return;
     run.StepDue = True;
-    run.StepElapsed = 0;  // the remainder is dropped: a late tick makes up no time
+    run.StepElapsed = 0;  // the remainder is dropped: a late tick stretches the step
 }
 
 void LoopStep(Session& s, Row row) {

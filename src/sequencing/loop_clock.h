@@ -9,12 +9,12 @@
 namespace marvolin {
 
 /// The tick: ends of one-shots, step timing, steps, the selection's indicator, the running clock. `milliseconds` is the
-/// time really elapsed since the tick before.
+/// measured time since the previous tick.
 ///
-/// A tick that arrives inside another is turned away with "Timer collision!" in the clock panel; its time is lost.
-/// Errors of the service in it rise to the caller: they are not survived, and the guard then stays set.
+/// A tick inside another shows "Timer collision!" in the clock panel and returns; its time is lost. Errors of the sound
+/// service rise to the caller and end the program; the guard then stays set.
 void LoopTimer_Timer(Session& s, std::int32_t milliseconds);
-/// Notices that a one-shot has run out. Errors of the service rise.
+/// Marks a One shot row whose sample has ended as not playing. Errors of the service rise.
 void LoopPollEnd(Session& s, Row row);
 /// Counts towards the next step of one LoopTrack in a clocked mode, and sets `StepDue` when it is reached.
 void StepTiming(Session& s, Row row, std::int32_t milliseconds);
@@ -22,10 +22,10 @@ void StepTiming(Session& s, Row row, std::int32_t milliseconds);
 void LoopStep(Session& s, Row row);
 /// Sets the five clock counters to 0.
 void ClockReset(Session& s);
-/// Takes a new tick interval from `ResSlider`, limited to its 1..100 ms, and says so in the status line. Without a
-/// timer the value is only kept.
+/// Sets the tick interval from `ResSlider`, limited to 1..100 ms, and shows it in the status line. Without a timer the
+/// value is only stored.
 void ResSlider_Change(Session& s, std::int16_t milliseconds);
-/// The tick interval from a file; a value outside 1..100 is ignored.
+/// Sets the tick interval from a file; a value outside 1..100 is ignored.
 void SetTimingRes(Session& s, std::int16_t milliseconds);
 /// "Timer Resolution: 10 ms": what `ResReadout` shows, and the hint of `ResSlider`.
 std::string TimingResText(const Session& s);

@@ -14,13 +14,12 @@ namespace marvolin {
 namespace {
 
 constexpr double kStepsShare = 1 - kRandomColumnShare;
-constexpr double kStepsATwip = 0.05;
 constexpr std::int16_t kNoPatternRow = -1;
 
 using ValueText = std::string (*)(std::int16_t);
 constexpr std::array<ValueText, kPatternRows> kValueTexts{Vol2Text, Hz2Text, Pan2Text};
 
-/// Value at a height of the graph. The bottom of the axis is not added: the lowest point is 0, limited to the range.
+/// Value at a height of the graph. `Min` is not added: the lowest point is 0, then limited to the range.
 double ValueAt(int patternRow, double y, double height) {
     const PatternLimits& range = kPatternRange[static_cast<std::size_t>(patternRow)];
     return ClampVar((height - y) / height * std::abs(range.Max - range.Min), range.Min, range.Max);
@@ -52,12 +51,11 @@ void InitPatternTables(Session& s) {
 }
 
 void PatternGraph_Gesture(Session& s, int patternRow, Phase phase, std::int16_t button, double x, double y,
-                          double width, double height) {
-    const GraphSize size{width, height};
+                          GraphSize size) {
     switch (phase) {
         case Phase::Down:
             if (button != kLeftButton) return;
-            (x <= kRandomColumnShare * width ? s.PatternRandomRow : s.PatternDrawRow) =
+            (x <= kRandomColumnShare * size.Width ? s.PatternRandomRow : s.PatternDrawRow) =
                 static_cast<std::int16_t>(patternRow);
             return;
         case Phase::Move:
@@ -84,11 +82,11 @@ void PatternEdit(Session& s, int patternRow, std::int16_t button, double x, doub
 }
 
 void PatternStore(Session& s, int patternRow, int column, double value) {
-    // A file may hold more steps than a pattern has slots, and the graph is then laid out for them.
+    // A file may hold more steps than a pattern has slots; the graph then has as many columns.
     if (column < 0 || column > kPatternOffset + 1) return;
     const int slot = column == 0 ? kPatternOffset : column - 1;
     s.Set[s.CurrentLoop].Pattern[patternRow][slot] = ToI2(value);
-    // The slot behind the last step of a full pattern is the spread, which the random column shows.
+    // The slot after the last step of a full pattern is the spread, which the random column shows.
     const int shown = slot == kPatternOffset ? 0 : column;
     if (shown > s.GraphColumns[static_cast<std::size_t>(patternRow)]) return;
     s.World.Screen.ShowPatternColumn(patternRow, shown);
@@ -109,7 +107,7 @@ void NSteps_Gesture(Session& s, Phase phase, double y) {
         case Phase::Move: {
             ShowStatus(s, kNStepsHint);
             if (s.Drag.Dragging == False) return;
-            const double steps = Int(s.Drag.DragStartValue - Int(y - s.Drag.DragOrigin) * kStepsATwip);
+            const double steps = Int(s.Drag.DragStartValue - Int(y - s.Drag.DragOrigin) * (1 / kTwipsAStep));
             s.StepsShown = static_cast<std::int16_t>(ClampVar(steps, 1, kPatternSteps));
             s.World.Screen.ShowSteps();
             return;

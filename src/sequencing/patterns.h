@@ -17,8 +17,11 @@ inline constexpr std::string_view kEraserHint = "drg onto Pattern to Reset Patte
 /// Share of a graph's width, from its left, that the random column takes.
 inline constexpr double kRandomColumnShare = 0.05;
 
-/// Resets the three pattern rows of rows 0..3, lays out the graphs for them and puts the pattern view at rest.
+/// Resets the three pattern rows of rows 0..3, lays out the graphs for them and ends any drawing.
 void InitPatternTables(Session& s);
+
+/// Twips of a drag on `NSteps` that make one step.
+inline constexpr double kTwipsAStep = 20;
 
 /// The size of a graph, twips.
 struct GraphSize {
@@ -26,21 +29,21 @@ struct GraphSize {
     double Height = 0;
 };
 
-/// A press, move or release on graph `patternRow`. `x`, `y` in twips within the graph, `width`, `height` its size.
-/// A right press starts a drag, which is the window's.
+/// A press, move or release on graph `patternRow`. `x`, `y` in twips within the graph.
+/// A right press does nothing here: the window starts a drag.
 void PatternGraph_Gesture(Session& s, int patternRow, Phase phase, std::int16_t button, double x, double y,
-                          double width, double height);
-/// Draws at a place of graph `patternRow`, if one of its columns is being drawn: the value goes into the graph's column
-/// and the record of `CurrentLoop`, and is shown beside the hint. Places left of the first step, or more than a column
-/// behind the last, are ignored.
+                          GraphSize size);
+/// Draws at a place of graph `patternRow`, if its steps or its random column are being drawn: stores the value in the
+/// record of `CurrentLoop` and shows it beside the hint. Places left of the first step, or more than a column to the
+/// right of the last one, are ignored.
 void PatternEdit(Session& s, int patternRow, std::int16_t button, double x, double y, GraphSize size);
-/// Takes the value of a graph's column into the record of `CurrentLoop`: column 0 is the random one, column n (1..33)
-/// the slot of step n, of which the 33rd is the row's spread. Any other column is ignored.
+/// Stores the value of a graph's column in the record of `CurrentLoop`. Column 0 is the random one, column n (1..33)
+/// the slot of step n; the 33rd slot is the row's spread. Any other column is ignored.
 void PatternStore(Session& s, int patternRow, int column, double value);
 
 /// A drop of `Eraser` on graph `patternRow`. Only this graph is laid out and shown again.
 void EraserDrop(Session& s, int patternRow);
-/// `NSteps`: a drag sets the number of steps 1..32. `y` in twips. The record takes it at the release.
+/// `NSteps`: a drag sets the number of steps 1..32; the release stores it in the record. `y` in twips.
 void NSteps_Gesture(Session& s, Phase phase, double y);
 
 /// Copies a pattern row, spread included, to the controlled rows (`from` 4), to the band of `to`, or to `to`.

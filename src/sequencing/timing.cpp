@@ -10,9 +10,7 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kDigitsAGroup = 5;
 constexpr int kDigitGroups = 3;
-constexpr double kUnitsATwip = 0.02;
 
 void StoreTime(Session& s, int group, std::int32_t hundredths) {
     switch (group) {
@@ -62,7 +60,7 @@ void TimeDigit_Gesture(Session& s, int digit, Phase phase, double y) {
         case Phase::Move: {
             ShowStatus(s, kTimeDigitHint);
             if (s.Drag.Dragging == False) return;
-            const double units = Int((y - s.Drag.DragOrigin) * kUnitsATwip);
+            const double units = Int((y - s.Drag.DragOrigin) * (1 / kTwipsATimeUnit));
             const double weight = kDigitWeight.at(static_cast<std::size_t>(digit));
             StoreTime(s, group, ToI4(s.Drag.DragStartValue - units * weight));
             return;

@@ -13,22 +13,27 @@ namespace marvolin {
 inline constexpr std::array<double, 20> kDigitWeight{1, 10, 100, 1000, 10000, 1, 10, 100, 1000, 10000,
                                                      1, 10, 100, 1000, 10000, 1, 10, 100, 1000, 10000};
 
+/// Twips of a drag on a digit that make one unit of it.
+inline constexpr double kTwipsATimeUnit = 50;
+
 /// Hints of the digits, of the labels and the frame that are dragged off to copy, and of the tab that copies all.
 inline constexpr std::string_view kTimeDigitHint = "drg Digits -/+";
 inline constexpr std::string_view kCloneTimeHint = "rtdrg Copy Timing Element";
 inline constexpr std::string_view kAllTimingHint = "rtdrg Copy All Timing Elements";
 inline constexpr std::string_view kAllSequenceHint = "rtdrg Copy All Patterns & Timing Elements";
 
-/// What `TimingCopy` copies: the numbers of the labels `CloneTime`, which stand in another order than the digits.
+/// What `TimingCopy` copies, by the numbers of the labels `CloneTime`. Their order differs from that of the digits.
 enum CloneTime : int { kCloneStepDuration = 0, kCloneBeatStart = 1, kCloneSwing = 2, kAllTiming = 4 };
 
-/// A press, move or release on `TimeDigit` 0..19. `y` in twips: 50 upwards add one unit of the digit to the value of
-/// its group, the record of `CurrentLoop`. Digits 15 and above belong to no group and change nothing.
+/// A press, move or release on `TimeDigit` 0..19. `y` in twips: each 50 upwards add one unit of the digit to the time
+/// of its group, stored for `CurrentLoop`. Digits 15 and above belong to no group and change nothing.
 void TimeDigit_Gesture(Session& s, int digit, Phase phase, double y);
-/// Double click on `PercentReadOut`: 0 a step as long as the sample, 1 no swing, 2 the start at the sample's beginning.
+/// Double click on `PercentReadOut`: 0 makes the step as long as the sample, 1 sets the swing to 0, 2 the sample start
+/// to 0.
 void PercentReadOut_DblClick(Session& s, int element);
 /// Copies `what` (0 `StepDuration`, 1 `BeatStart`, 2 `Swing`, 4 all) to the controlled rows (`to` 4), the band of `to`,
-/// or `to`. With 4 the rows reached take up their play mode again. Any other `what` copies nothing.
+/// or `to`. With 4 the play mode of each row reached is set
+/// again, which may restart a sounding one. Any other `what` copies nothing.
 void TimingCopy(Session& s, Row from, Row to, int what);
 
 }  // namespace marvolin

@@ -42,6 +42,7 @@ public:
     bool FirstInstance = true;
     bool HelpFails = false;
     bool Busy = false;
+    std::function<PixelPoint()> WherePointerIs;  ///< 0, 0 without it
     std::function<void(PixelPoint)> PutPointer;  ///< what else happens when the pointer is put somewhere
 
     using Desktop::MessageBox;
@@ -64,6 +65,7 @@ public:
     /// A hundred twips a character.
     std::int32_t TextWidth(const std::string& text) override { return static_cast<std::int32_t>(text.size() * 100); }
     PixelPoint SurfaceOrigin(Surface) override { return Origin; }
+    PixelPoint CursorPos() override { return WherePointerIs ? WherePointerIs() : PixelPoint{}; }
     void SetCursorPos(PixelPoint p) override {
         Log.push_back("SetCursorPos " + std::to_string(p.X) + "," + std::to_string(p.Y));
         if (PutPointer) PutPointer(p);

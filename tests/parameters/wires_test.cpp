@@ -51,9 +51,9 @@ TEST(WireFlip, FlipsOneBitOfTheValueLessOne) {
                                            {6, 5, 8, 2},
                                            {7, 8, 5, 3},
                                            {8, 7, 6, 4}}) {
-        EXPECT_EQ(WireFlip(c.Value, 1), c.Right) << c.Value;
-        EXPECT_EQ(WireFlip(c.Value, 2), c.Left) << c.Value;
-        EXPECT_EQ(WireFlip(c.Value, 4), c.Connection) << c.Value;
+        EXPECT_EQ(WireFlip(c.Value, kRightColour), c.Right) << c.Value;
+        EXPECT_EQ(WireFlip(c.Value, kLeftColour), c.Left) << c.Value;
+        EXPECT_EQ(WireFlip(c.Value, kDisconnected), c.Connection) << c.Value;
     }
 }
 

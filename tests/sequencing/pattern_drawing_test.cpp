@@ -32,7 +32,7 @@ protected:
         i.Screen.Log.clear();
     }
     void Gesture(int row, Phase phase, double x, double y, std::int16_t button = kLeftButton) {
-        PatternGraph_Gesture(i.s, row, phase, button, x, y, kWidth, kHeight);
+        PatternGraph_Gesture(i.s, row, phase, button, x, y, {kWidth, kHeight});
     }
     PatternBlock& Block(int row) { return i.s.Set[i.s.CurrentLoop].Pattern[row]; }
 };
@@ -246,7 +246,7 @@ TEST_F(PatternDrawing, StepsBeyondTheSlotsOfAPatternAreIgnored) {
 TEST_F(PatternDrawing, AGraphWithoutSizeOrColumnsIsNotDrawnOn) {
     const LoopTrackSet before = i.s.Set[0];
     Gesture(kVolPattern, Phase::Down, 600, 500);
-    PatternGraph_Gesture(i.s, kVolPattern, Phase::Move, kLeftButton, 600, 500, 0, 0);
+    PatternGraph_Gesture(i.s, kVolPattern, Phase::Move, kLeftButton, 600, 500, {0, 0});
     i.s.GraphColumns = {};
     Gesture(kVolPattern, Phase::Move, 600, 500);
     EXPECT_EQ(i.s.Set[0], before);

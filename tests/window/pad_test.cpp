@@ -10,7 +10,6 @@
 namespace marvolin {
 namespace {
 
-constexpr int kVolPad = 2;
 constexpr int kFar = 400;  // pixels, farther than the pad is wide
 
 struct Pad : test::Stage {
@@ -331,7 +330,7 @@ TEST(MixPad, TheKeysMoveAndCentreTheBall) {
 
 TEST(MixPad, AnotherTypeIsChosenFromTheListAndShowsItsCurve) {
     Pad pad;
-    for (int type : {0, 1, 3, kVolPad}) {
+    for (int type : {0, 1, 3, int{kVolPad}}) {
         SCOPED_TRACE(type);
         test::Choose(pad.List("PadType"), type);
         EXPECT_EQ(pad.s.PadTypeIndex, type);

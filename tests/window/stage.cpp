@@ -13,6 +13,7 @@
 namespace marvolin::test {
 
 Stage::Stage() {
+    Desk.WherePointerIs = [] { return PixelPoint{QCursor::pos().x(), QCursor::pos().y()}; };
     s.DX = std::make_unique<FakeDirectX>(Sound);
     s.DS = s.DX->DirectSoundCreate("guid1");
     s.DSEnum = s.DX->GetDSEnum();

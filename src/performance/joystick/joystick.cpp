@@ -26,7 +26,7 @@ constexpr std::int32_t kCentred = -1;
 constexpr std::int32_t kNorthWest = 31500;
 constexpr double kHatStep = 4500;
 
-/// What a poll reads off the state record, by the assignments.
+/// What a poll reads from the state record, by the assignments.
 struct Snapshot {
     bool Move = false;
     bool Centre = false;
@@ -36,7 +36,7 @@ struct Snapshot {
 
 bool IsLost(std::uint32_t number) { return number == input_error::kNotAcquired || number == input_error::kInputLost; }
 
-/// Acquires the device again; one that is still away is no matter.
+/// Acquires the device again; ignores that it may still be away.
 void AcquireAgain(Session& s) {
     try {
         s.JoyDevice->Acquire();
@@ -56,7 +56,7 @@ bool ReadState(Session& s) {
     try {
         s.JoyDevice->GetDeviceStateJoystick(s.Joy.State);
     } catch (const RuntimeError& e) {
-        // Any other refusal leaves the record as it was, and the poll goes on with it.
+        // After any other error the poll goes on with the previous state.
         if (!IsLost(e.Number())) return true;
         AcquireAgain(s);
         return false;
@@ -95,7 +95,7 @@ Snapshot Read(const Session& s) {
     return now;
 }
 
-/// The stick and the centre button act on the pad, and on the map while it sounds.
+/// The stick and the centre button act on the pad, and on the map while 3D sound is in use.
 bool StickActs(const Session& s) { return s.ActiveTab == kMixPadTab || (s.ActiveTab == kMapTab && s.Use3D); }
 
 void Stick(Session& s) {
@@ -124,7 +124,7 @@ void Centre(Session& s) {
     if (s.ActiveTab == kMixPadTab) {
         PadRecentre(s);
     } else if (s.ActiveTab == kMapTab) {
-        // A script that heard of the stick may have gone to another tab.
+        // A script may have opened another tab in the event that the stick sent.
         PosScaled(s, 0, 0, kListenerBall, 500.0, {.Absolute = true, .Apply = true});
     }
 }
@@ -156,7 +156,7 @@ void Toggle(Session& s, bool pressed) {
         s.Joy.ToggleHeld = true;
     } else if (s.Joy.ToggleHeld) {
         s.Joy.ToggleHeld = false;
-        // The other tabs have no such box.
+        // Only pad and map have this box.
         if (s.ActiveTab > kMapTab) return;
         SetJoyRelative(s, s.ActiveTab, s.Joy.Relative[s.ActiveTab] == False);
     }
@@ -181,7 +181,7 @@ void JoyTimer_Timer(Session& s) {
     try {
         Poll(s);
     } catch (const RuntimeError& e) {
-        // No further poll may come in while the box is open.
+        // No further poll while the box is open.
         s.JoyEnabled = false;
         s.World.Desk.MessageBox(std::string(e.what()) + " in joystick handler " + std::to_string(e.Number()));
         s.World.Desk.EndProgram();

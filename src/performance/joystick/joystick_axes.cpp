@@ -10,7 +10,7 @@ namespace {
 constexpr int kThrottle = 6;
 constexpr int kRudder = 7;
 
-/// The first of the wanted offsets that no axis has yet; none when all are taken.
+/// The first of the wanted offsets that no axis has yet; `kNoOffset` when all are taken.
 std::int32_t FirstFree(const std::vector<std::int32_t>& taken, std::initializer_list<std::int32_t> wanted) {
     for (const std::int32_t offset : wanted) {
         if (std::find(taken.begin(), taken.end(), offset) == taken.end()) return offset;

@@ -21,11 +21,11 @@ enum AxisOffset : std::int32_t {
     kOffsetSlider1 = 28,
 };
 
-/// Offset of each axis of a device of which only their number is known. Axes behind the eighth have none.
+/// Offset of each axis when only their number is known. Axes after the eighth have none.
 std::vector<std::int32_t> AxisOffsetsByCount(int axes);
 
-/// Offset of each axis of a device that tells the Linux codes of its axes, in rising order (0 X, 1 Y, 2 Z, 3 RX, 4 RY,
-/// 5 RZ, 6 throttle, 7 rudder, ...). A throttle is the z axis and a rudder the twist where the device has none.
+/// Offset of each axis from its Linux code, in rising order (0 X, 1 Y, 2 Z, 3 RX, 4 RY, 5 RZ, 6 throttle, 7 rudder,
+/// ...). Where the device has no Z axis its throttle is one, and without RZ its rudder is.
 std::vector<std::int32_t> AxisOffsetsByCodes(std::span<const int> codes);
 
 }  // namespace marvolin

@@ -34,7 +34,7 @@ constexpr std::array<JoyPropertyRecord, 5> kProperties{{
     {JoyProperty::Range, 24, 0, kWholeDevice, 0, 10000},
 }};
 
-/// One step of the start whose failure does not matter.
+/// One step of the start whose failure is ignored.
 template <typename Step>
 void Try(Step step) {
     try {

@@ -31,21 +31,21 @@ inline constexpr std::array<std::string_view, 3> kJoyFactors{"XY Rel:", "XY Abs:
 inline constexpr std::int16_t kJoyFactorLow = 100;
 inline constexpr std::int16_t kJoyFactorHigh = 3000;
 
-/// Finds and opens the first joystick, fills the lists and starts the poll. Without one the lists are empty of choice
-/// and disabled. A service that refuses shows "Error initializing DirectInput." and unloads the main window; an error
-/// after a device was found is ignored, and the next step runs.
+/// Finds and opens the first joystick, fills the lists and starts the poll. Without a joystick the lists show no
+/// choice and are disabled. When the service refuses, "Error initializing DirectInput." is shown and the main window
+/// unloaded. An error after a device was found is ignored, and the next step runs.
 void InitDirectInput(Session& s);
-/// Notes in `AxisPresent` which axes the device has. Errors of the service rise to the caller.
+/// Sets `AxisPresent` for the axes that the device has. Errors of the service rise to the caller.
 void JoyFindAxes(Session& s, DirectInputDevice& device);
 /// Sets dead zone and saturation of X and Y and the range of all axes; a call that fails does not stop the next.
 void JoySetProperties(Session& s);
 
-/// Shows the assignments in the lists and lets the lists be clicked. A button index that no list holds, as from a
-/// damaged file, becomes "None".
+/// Shows the assignments in the lists and enables their clicks. A button index that no list has, as from a damaged
+/// file, becomes "None".
 void JoyShowAssignments(Session& s);
-/// The player chose `entry` of list `JButton` `index`; another action on the same button falls to "None".
+/// The player chose `entry` of list `JButton` `index`; another action on the same button changes to "None".
 void JButton_Click(Session& s, int index, std::int16_t entry);
-/// The player chose `entry` of list `JAxis` `index`; the other use of the same axis falls to "None".
+/// The player chose `entry` of list `JAxis` `index`; the other use of the same axis changes to "None".
 void JAxis_Click(Session& s, int index, std::int16_t entry);
 
 /// Name of an axis code; "" for an unknown one.
@@ -53,7 +53,7 @@ std::string_view JoyAxisName(std::int16_t code);
 /// Code of an axis name; 0 for an unknown one.
 std::int16_t JoyAxisCode(std::string_view name);
 
-/// The slider `JoyFactor` `index` 0..2 stands at `value`, limited to 100..3000.
+/// The slider `JoyFactor` `index` 0..2 has changed to `value`, limited to 100..3000.
 void SetJoyFactor(Session& s, int index, std::int16_t value);
 /// The box `JoyRelative` `index`: 0 the pad, 1 the map.
 void SetJoyRelative(Session& s, int index, bool on);

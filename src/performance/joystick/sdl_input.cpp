@@ -29,16 +29,16 @@ constexpr std::uint32_t kGeneric = 0x80004005;
 constexpr double kWhole = 10000;  ///< dead zone and saturation are shares of this
 constexpr std::size_t kAxes = 8;  ///< axes and sliders of the state record
 
-/// SDL's joysticks, for as long as someone uses them.
+/// Keeps SDL's joystick subsystem open as long as anything uses it.
 class Subsystem {
 public:
     Subsystem() {
-        // The window is another toolkit's: SDL must report without the focus, and leave the signals alone.
+        // SDL has no window here: it must report without the focus, and must not handle signals.
         SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
         SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
         SDL_SetMainReady();
         if (SDL_InitSubSystem(SDL_INIT_JOYSTICK) != 0) throw RuntimeError(kGeneric, SDL_GetError());
-        // The state is polled; nobody would take the events off the queue.
+        // The state is polled; nothing reads SDL's event queue.
         SDL_JoystickEventState(SDL_IGNORE);
     }
     ~Subsystem() { SDL_QuitSubSystem(SDL_INIT_JOYSTICK); }
@@ -47,7 +47,7 @@ public:
 };
 
 #ifdef __linux__
-/// The codes of the axes as the kernel names them, in SDL's order; empty when they cannot be read.
+/// The kernel's codes of the axes, in SDL's order; empty when they cannot be read.
 std::vector<int> AxisCodes(const char* path) {
     constexpr std::size_t kBits = 8 * sizeof(unsigned long);
     std::array<unsigned long, ABS_CNT / kBits + 1> present{};
@@ -192,7 +192,7 @@ private:
         offsets_ = std::ssize(codes) == axes ? AxisOffsetsByCodes(codes) : AxisOffsetsByCount(axes);
     }
 
-    /// Opens a device of the same make that is attached now: the one that was lost, plugged in again.
+    /// Opens an attached device with the same identifier: the lost one, plugged in again.
     void Reopen() {
         for (int index = 0; index < SDL_NumJoysticks() && !stick_; ++index) {
             const SDL_JoystickGUID guid = SDL_JoystickGetDeviceGUID(index);
@@ -235,7 +235,7 @@ private:
 
 class SdlInput : public DirectInput {
 public:
-    /// Each device is known by the number that SDL gives it while it is attached.
+    /// A device's name is the number that SDL gives it while it is attached.
     std::vector<std::string> GetDIEnumDevices(std::int32_t deviceClass, std::int32_t) override {
         std::vector<std::string> devices;
         if (deviceClass != kJoystickClass) return devices;

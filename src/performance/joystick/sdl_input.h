@@ -6,7 +6,7 @@
 
 namespace marvolin {
 
-/// The input service on SDL's joysticks. It needs no window of SDL's own. Devices may outlive it.
+/// The input service, implemented with SDL's joysticks. It needs no SDL window. Devices may outlive it.
 /// Raises `RuntimeError` when SDL refuses.
 std::unique_ptr<DirectInput> CreateSdlInput();
 

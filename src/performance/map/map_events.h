@@ -1,19 +1,19 @@
 #pragma once
 /// \file
-/// What the script hears of the sound map. A failing script is reported as "OnPosScroll", and hears no more of the
-/// event that failed.
+/// The sound map's events for the script. A failure is reported as "OnPosScroll", and the event that failed stays off.
 
 #include "core/session.h"
 #include "parameters/scroll_events.h"
 
 namespace marvolin {
 
-/// Tells the script that a ball moves to `x`, `y` map units: every so many calls of the counter (`kMapScroll`,
-/// `kJoystickScroll`), or now with `Force::Yes`. Nothing while the script does not want it or another of its events
-/// runs.
+/// Sends `OnPositionScroll`: a ball moves to `x`, `y` map units. Only every so many calls are sent, as the counter
+/// (`kMapScroll`, `kJoystickScroll`) decides, and each with `Force::Yes`. Nothing happens, not even counting, while the
+/// event is off or another event of the script runs.
 void PosScrollEvent(Session& s, int ball, double x, double y, Force force, int counter);
 
-/// Tells the script that a ball was let go at `x`, `y` map units.
+/// Sends `OnPositionChange`: a ball was released at `x`, `y` map units. Nothing happens while the event is off or
+/// another event of the script runs.
 void PosChangeEvent(Session& s, int ball, double x, double y);
 
 }  // namespace marvolin

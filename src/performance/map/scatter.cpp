@@ -15,7 +15,7 @@ constexpr std::int32_t kWanderJumpMs = 500;
 double SmallStep(Session& s, double from) {
     const double step = RandomPlusMinus(s.World.Chance, s.MapRange / 50);
     const double to = from + step;
-    // Only the positive edge turns a step back; the negative one is left to the clamp of the move.
+    // Only the positive edge turns a step back; at the negative one the move is clamped.
     return to > s.MapRange ? from - step : to;
 }
 

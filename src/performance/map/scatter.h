@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// The position macros: scattering the LoopTracks over the map once, or letting them wander.
+/// The position macros: the LoopTracks are scattered over the map once, or wander.
 
 #include <array>
 #include <string_view>
@@ -13,12 +13,12 @@ namespace marvolin {
 inline constexpr std::array<std::string_view, 5> kPosMacros{"Off", "Scatter Abs", "Scatter Rel", "Wander",
                                                             "Wander Jump"};
 
-/// A LoopTrack to a random place of the map. Both axes draw on the half width.
+/// Moves a LoopTrack to a random place. Both axes use the half width for their range.
 void ScatterAbsoluteSound(Session& s, int ball);
 /// The same for LoopTracks 0..3, in this order.
 void ScatterAbsolute(Session& s);
-/// A LoopTrack by a small random step, a fiftieth of `MapRange` at most. A step beyond the right or lower edge is
-/// turned round.
+/// Moves a LoopTrack by a small random step, at most a fiftieth of `MapRange` on each axis. A step beyond the right or
+/// lower edge goes the other way.
 void ScatterRelSound(Session& s, int ball);
 /// The same for LoopTracks 0..3, in this order.
 void ScatterRel(Session& s);
@@ -26,8 +26,8 @@ void ScatterRel(Session& s);
 /// The player chose `entry` of `PosMacros`. The two scatterings act once; the same choice again does nothing.
 void PosMacros_Click(Session& s, std::int16_t entry);
 
-/// The wandering part of the fade tick: each 100 ms a small step, or each 500 ms a jump, of one LoopTrack after
-/// another.
+/// The wander step of the fade tick: a small step every 100 ms, or a jump every 500 ms, each time of the next
+/// LoopTrack.
 void WanderStep(Session& s, std::int32_t milliseconds);
 
 /// The tick of `FadeTimer`: the fades, then the wander step.

@@ -10,14 +10,14 @@ namespace {
 
 constexpr int kBalls = 5;
 
-/// The same value cut to two decimals, never as a minus zero.
+/// A hundredth of the value, cut to two decimals; never "-0".
 std::string TwoDecimals(double hundredfold) { return NumberText(Int(hundredfold) / 100 + 0.0); }
 
 void ShowPosition(Session& s, int ball) {
     if (ball == kListenerBall) {
         ShowStatus(s, TwoDecimals(s.ListenerX * 100) + ", " + TwoDecimals(s.ListenerY * 100));
     } else {
-        // In single precision, as the places of the LoopTracks are: 0.7 then shows as 0.7.
+        // In single precision, like the stored place: 0.7 would show as 0.69 otherwise.
         ShowStatus(s, TwoDecimals(s.Set[ball].PositionX * 100.0F) + ", " + TwoDecimals(s.Set[ball].PositionY * 100.0F));
     }
 }
@@ -57,11 +57,6 @@ void PosScaled(Session& s, double x, double y, int ball, double scale, MoveFlags
     PosMove(s, s.Geometry.PadHalfX * x / scale, s.Geometry.PadHalfY * y / scale, ball, flags);
 }
 
-BallPoint MapUnits(const Session& s, int ball) {
-    if (ball == kListenerBall) return {s.ListenerX, s.ListenerY};
-    return {s.Set[ball].PositionX, s.Set[ball].PositionY};
-}
-
 void PosBall_DblClick(Session& s, int ball) { PosScaled(s, 0, 0, ball, 500.0, {.Absolute = true, .Apply = true}); }
 
 void CentreAll_Click(Session& s) {
@@ -82,11 +77,10 @@ void MapSize_Change(Session& s, std::int16_t value) {
     ClampI2(value, kMapSizeLow, kMapSizeHigh);
     s.MapSize = value;
     s.MapRange = value / 10.0 / 2;
-    const double twips = s.Geometry.PadHalfX / s.MapRange;
     for (int ball = 0; ball < kBalls; ++ball) {
         PositionRefresh(s, ball);
-        // For the listener this is the place of row 4, not the listener's: its next relative move starts there.
-        s.BallPos[ball] = {twips * s.Set[ball].PositionX, twips * s.Set[ball].PositionY};
+        // For the listener this takes the place of row 4, not the listener's: its next relative move starts there.
+        s.BallPos[ball] = {MapTwips(s, s.Set[ball].PositionX), MapTwips(s, s.Set[ball].PositionY)};
     }
     s.World.Screen.ShowMapSize();
 }

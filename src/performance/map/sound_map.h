@@ -2,9 +2,8 @@
 /// \file
 /// The sound map: the four LoopTracks and the listener as balls on a field.
 ///
-/// A place is kept in twips from the map's centre (`BallPos`) and in map units (`PositionX`, `PositionY`, `ListenerX`,
-/// `ListenerY`), which the audio service hears. Both are turned into each other by the half width, on either axis.
-/// Errors of the audio service rise to the caller.
+/// A place is stored in twips from the map's centre (`BallPos`) and in map units (`PositionX`, `PositionY`,
+/// `ListenerX`, `ListenerY`), which the sound service gets. The half width converts one to the other, on both axes.
 
 #include <string>
 
@@ -30,32 +29,31 @@ void MapInit(Session& s);
 /// service refuses ("placing sound") the ball stays where it was and a wander ends: its next step would open another
 /// box over the first.
 void PosMove(Session& s, double x, double y, int ball, MoveFlags flags);
-/// The same from any unit; `scale` is the edge.
+/// The same from any unit; `scale` is the map's edge in it.
 void PosScaled(Session& s, double x, double y, int ball, double scale, MoveFlags flags);
 
-/// Place of a ball in map units.
-BallPoint MapUnits(const Session& s, int ball);
-
-/// Double click on a ball: to the centre, heard at once whatever the boxes `PositionUpdate` say.
+/// Double click on a ball: moves it to the centre and sends the place at once, whatever the boxes `PositionUpdate` say.
 void PosBall_DblClick(Session& s, int ball);
-/// All five balls to the centre.
+/// Moves all five balls to the centre.
 void CentreAll_Click(Session& s);
 /// Brings the listener back onto the map and to the front.
 void PosPop_Click(Session& s);
 
 /// Sets the side of the map in map units, through the gauge: 0.5..10.0.
 void SetMapSize(Session& s, double size);
-/// The gauge `MapSize` has changed to `value`, 5..100: places in map units stay, the balls move on the screen.
+/// The gauge `MapSize` has changed to `value`, limited to 5..100. Places in map units do not change, so the balls move
+/// on the screen.
 void MapSize_Change(Session& s, std::int16_t value);
 /// The gauge `MapSize` moves under the hand: the balls follow, and the side is shown.
 void MapSize_Moving(Session& s, std::int16_t value);
 
 /// The gauge `RollOff` moves under the hand, 0..100.
 void RollOff_Moving(Session& s, std::int16_t value);
-/// The gauge `RollOff` is let go: left button sets the factor, right button puts it back to 1.
+/// The gauge `RollOff` is released: the left button sets the factor to `value` / 10, the right button to 1.
 void RollOff_Release(Session& s, std::int16_t button, std::int16_t value);
 
-/// `tenths` / 10 in the format "##.#": no digit stands where none is needed, the point always does: ".5", "3.", "12.5".
+/// `tenths` / 10 in the format "##.#": the point is always there, a zero on either side of it never: ".5", "3.",
+/// "12.5".
 std::string TenthsText(std::int16_t tenths);
 
 }  // namespace marvolin

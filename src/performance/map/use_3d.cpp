@@ -13,7 +13,7 @@ namespace marvolin {
 
 namespace {
 
-/// What a load leaves out when the file comes of the other 3D state, and the change itself resets.
+/// What the change resets and a file saved under the other 3D setting does not restore.
 struct Placing {
     std::int16_t Pan = kPanCentre;
     PatternBlock PanPattern;
@@ -33,7 +33,7 @@ Placings PlacingsOf(const Session& s) {
 
 void RestorePlacings(Session& s, const Placings& placings) {
     for (Row row = 0; row < kLoopTracks; ++row) {
-        // The player wants an empty row to be blank.
+        // "Empty Blank Loops on Open" is on: an empty row stays blank.
         if (s.Run[row].Loaded == False && s.EmptyBlankSetting == 1) continue;
         Placing was = placings[static_cast<std::size_t>(row)];
         LoopPanChange(s, row, was.Pan, TakeHold::Yes);
@@ -61,7 +61,7 @@ void Enable3d_Click(Session& s, bool on) {
     if (s.Enable3dHeld) return;
     const std::int16_t padType = s.PadTypeIndex;
     const std::int16_t twistIcon = s.PadTable[padType].TwistIcon;
-    // The file holds the state that is being left; taken back, it would undo the change.
+    // The file holds the old 3D setting; loading it would undo the change.
     clsSwitchRecord taken;
     taken.SetSwitch(true);
     taken.Put(Element::ThreeD, false);

@@ -12,10 +12,8 @@ namespace marvolin {
 
 namespace {
 
-/// Marks a channel that the curve leaves alone.
+/// The weight of a channel that the curve does not change.
 constexpr double kUntouched = -1.0;
-
-enum PadKind : std::int16_t { kPitch300 = 0, kPitch400 = 1, kVolPad = 2, kPanPad = 3 };
 
 /// One weight a channel, 0 on its corner and 1 on the opposite one.
 using Weights = std::array<double, kChannels>;
@@ -37,25 +35,25 @@ Weights SideWeights(const PadGeometry& g, double& x) {
 }
 
 double Curve(double w, std::int16_t function, double sideCentre) {
-    if (function == 2) return w <= 0.5 ? kUntouched : (w - 0.5) / 0.5;
-    if (function == 3) {
+    if (function == kFadeAfterCentre) return w <= 0.5 ? kUntouched : (w - 0.5) / 0.5;
+    if (function == kFadeAfterSideCentre) {
         if (w <= sideCentre) return kUntouched;
         return w >= 2 * sideCentre ? 1.0 : (w - sideCentre) / sideCentre;
     }
     return w;
 }
 
-/// Pitch of a weight: from 0 by way of 1000 in the middle, then with `slope` up to the far corner.
+/// Pitch of a weight: from 0 on the corner to 1000 in the middle, then with `slope` up to the far corner.
 double Pitch(double w, double slope) { return w <= 0.5 ? 2 * (w * 1000) : (w - 0.5) * slope * 1000 + 1000; }
 
 /// Stores the level of channel `i`.
 void StoreLevel(Session& s, int i, double w, std::int16_t padType) {
     const bool untouched = w == kUntouched;
     switch (padType) {
-        case kPitch300:
+        case kPitch300Pad:
             s.ChannelHz[i] = untouched ? kHzUnity : ToI2(Pitch(w, 4));
             break;
-        case kPitch400:
+        case kPitch400Pad:
             s.ChannelHz[i] = untouched ? kHzUnity : ToI2(Pitch(w, 6));
             break;
         case kVolPad:
@@ -81,7 +79,7 @@ void ApplyLevels(Session& s, std::int16_t padType) {
     }
 }
 
-/// A short text put together on the stack: the readout is made at every move.
+/// A short text built on the stack: the readout is made at every move.
 class Readout {
 public:
     void Add(std::string_view text) { end_ = std::copy(text.begin(), text.end(), end_); }

@@ -9,8 +9,15 @@
 
 namespace marvolin {
 
-/// Computes `Geometry` from the inner size of the sound map in twips, which is also that of the pad. Called once at
-/// start, before the pad or the map is first used.
+/// The curves of a pad type: the keys of the list `PadFunction`. Any other number is as the first.
+enum PadCurveKey : std::int16_t {
+    kFadeDiagonal = 1,         ///< the weight is the distance from the corner, along the diagonal
+    kFadeAfterCentre = 2,      ///< nothing until the ball has passed the centre
+    kFadeAfterSideCentre = 3,  ///< nothing until it has passed the middle of a side; all at twice that distance
+};
+
+/// Computes `Geometry` from the inner size of pad and map, which is the same, in twips. Called once at start, before
+/// either is used.
 void PadGeometryInit(Session& s, double innerWidth, double innerHeight);
 
 /// The flags of `PadMix`.
@@ -29,12 +36,12 @@ void PadMix(Session& s, double& x, double& y, std::int16_t padType, PadMixFlags 
 /// and places the ball.
 void PadMove(Session& s, double x, double y, double scale, MoveFlags flags);
 
-/// The ball to the centre, heard at once.
+/// Moves the ball to the centre and applies it.
 void PadRecentre(Session& s);
 /// Double click on the ball.
 void PadBall_DblClick(Session& s);
 
-/// Puts `TwistBall` on `position` of its line, twips from the middle.
+/// Puts `TwistBall` at `position` on its line, twips from the middle; always 0 so far.
 void PadTwistMove(Session& s, std::int16_t position);
 
 /// Left and top of `PadBall` on the pad, twips.

@@ -1,12 +1,8 @@
 #include "performance/pad/pad_tables.h"
 
-#include "performance/pad/mix_pad.h"
-
 namespace marvolin {
 
 namespace {
-
-constexpr std::int16_t kVolEntry = 2;
 
 // Colour, Icon, X, Y, Function, TwistIcon, TwistTarget.
 constexpr std::array<PadRecord, 5> kStartTable{{
@@ -23,13 +19,13 @@ void PadListInit(Session& s) { s.World.Screen.ShowPad(); }
 
 void PadTablesInit(Session& s) {
     s.PadTable = Table<PadRecord, 5>(kStartTable);
-    s.PadTypeIndex = kVolEntry;
-    PadType_Click(s, kVolEntry);
+    s.PadTypeIndex = kVolPad;
+    PadType_Click(s, kVolPad);
     PadTwistMove(s, 0);
 }
 
 void PadType_Click(Session& s, std::int16_t entry) {
-    // Still under the type that is left, so that its channels take their centre values.
+    // Still under the old type, so that its channels take their centre values.
     PadRecentre(s);
     PadTwistMove(s, 0);
     s.PadTypeIndex = entry;

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "core/session.h"
+#include "performance/pad/mix_pad.h"
 
 namespace marvolin {
 
@@ -19,24 +20,26 @@ struct PadCurve {
 };
 /// Entries of the list `PadFunction`.
 inline constexpr std::array<PadCurve, 3> kPadCurves{
-    {{1, "Fde Dgnl"}, {2, "Fde aftr Centr"}, {3, "Fde aftr Side Centr"}}};
+    {{kFadeDiagonal, "Fde Dgnl"}, {kFadeAfterCentre, "Fde aftr Centr"}, {kFadeAfterSideCentre, "Fde aftr Side Centr"}}};
 
 /// `TwistIcon` of a pad type without a twist.
 inline constexpr std::int16_t kNoTwistIcon = 4;
 
-/// Shows the list of the curves.
+/// Shows the lists of the pad. The entries of `PadFunction` are `kPadCurves`: there is nothing to fill.
 void PadListInit(Session& s);
-/// Sets all pad types to their start values, chooses "Vol" and puts `TwistBall` in the middle. Needs the geometry.
+/// Sets all pad types to their start values, chooses "Vol" and puts `TwistBall` in the middle. `PadGeometryInit` must
+/// have run.
 void PadTablesInit(Session& s);
 
-/// The player (or a session file) chose `entry` 0..3 of `PadType`: the type that is left is recentred, the new one
-/// keeps its levels until the ball moves.
+/// The player (or a session file) chose `entry` 0..3 of `PadType`. The ball of the old type goes to the centre first;
+/// the new type's levels do not change until the ball moves.
 void PadType_Click(Session& s, std::int16_t entry);
-/// The player chose the curve `function` 1..3 for the current type. The ball is recentred, also by the same choice
-/// again.
+/// The player chose the curve `function` 1..3 (`PadCurveKey`) for the current type. The ball goes to the centre, also
+/// when the choice is the same as before.
 void PadFunction_Click(Session& s, std::int16_t function);
 
-/// Gives `TwistBall` the face of the type (`PadTwistFace`), or hides it.
+/// Shows `TwistBall` with the face of `padType`, always the current type: `PadTwistFace` says which, or that it is
+/// hidden.
 void PadTwistShow(Session& s, std::int16_t padType);
 /// Face 1.. of `TwistBall` under a type; 0 when it is hidden.
 int PadTwistFace(const Session& s, std::int16_t padType);

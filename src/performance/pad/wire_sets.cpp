@@ -11,7 +11,7 @@ namespace marvolin {
 
 namespace {
 
-/// Number in the last character; 0 when it is none.
+/// The last character as a number; 0 when it is not a digit.
 int LastDigit(std::string_view text) {
     const char last = text.back();
     return last >= '0' && last <= '9' ? last - '0' : 0;

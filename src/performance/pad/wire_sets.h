@@ -14,11 +14,12 @@ inline constexpr std::array<std::string_view, 9> kWireSets{"Groups of 4",    "Gr
                                                            "Alternate by 4", "Alternate by 3", "Alternate by 2",
                                                            "Groups of 8",    "All to 1",       "All to 0"};
 
-/// Wires LoopTracks A to D as the text of an entry says, blanks around it ignored. "All to 0" comes out as "All to 1",
-/// since a wire is at least 1. Another text changes no wire. The sound of all LoopTracks is sent again in any case.
+/// Wires LoopTracks A to D by the text of an entry; blanks around it are ignored. "All to 0" does the same as "All to
+/// 1", since a wire is at least 1. An unknown text changes no wire. The sound of all LoopTracks is sent again in any
+/// case.
 void WireSet(Session& s, std::string_view text);
 
-/// The player chose `entry` of `SetChannel`.
+/// The player chose `entry` 0..8 of `SetChannel`. Raises `SubscriptError` for any other.
 void SetChannel_Click(Session& s, std::int16_t entry);
 
 }  // namespace marvolin

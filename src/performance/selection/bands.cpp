@@ -12,7 +12,7 @@ constexpr Row kNoLane = -1;
 
 bool IsMember(const Session& s, Row band, Row row) { return s.Run[row].InBand != False && s.Run[row].Band == band; }
 
-/// Writes the table and what its rows say of it. The run must be free of other bands.
+/// Writes the table and `InBand`, `Band` of the rows. No row of the run may belong to another band.
 void WriteBand(Session& s, Row band, BandRun run) {
     for (Row row = 0; row < kLoopTracks; ++row) {
         const bool inside = row >= run.First && row <= run.Last;
@@ -25,7 +25,7 @@ void WriteBand(Session& s, Row band, BandRun run) {
     s.BandTable[band].Last = run.Last;
 }
 
-/// What is left of `run` when `taken` is cut out of it.
+/// The longer part of `run` that remains without `taken`.
 BandRun LongerRest(BandRun run, BandRun taken) {
     if (taken.Last < run.First || taken.First > run.Last) return run;
     const int below = taken.First - run.First;
@@ -89,7 +89,7 @@ void Bands_Gesture(Session& s, Row lane, int column, Phase phase) {
         case Phase::Up: {
             const BandDrag ended = drag;
             drag = {};
-            // A drag that has passed no second column is a click.
+            // A drag that stayed in one column is a click.
             if (ended.Lane != kNoLane && ended.First == ended.Last) ClickLane(s, ended.Lane, ended.First);
             return;
         }

@@ -18,16 +18,17 @@ struct BandRun {
     friend bool operator==(const BandRun&, const BandRun&) = default;
 };
 
-/// The run that the player has drawn in `band`. The band of all four that the table starts with is none until then.
+/// The run that the player has drawn in `band`; empty if none. The band of all four rows that the table starts with
+/// counts as none until it is drawn.
 BandRun DrawnBand(const Session& s, Row band);
 
-/// Makes the run of `band`, within rows 0..3, or empties it. Rows come over from the bands they are in; such a band
-/// keeps the longer rest of its run, the lower on a tie. Rows left without a band have `InBand` off and `Band` 0.
+/// Sets the run of `band`, within rows 0..3, or empties it. Rows that belong to another band leave it; that band keeps
+/// the longer remaining part of its run, the lower rows on a tie. A row without a band has `InBand` off and `Band` 0.
 void SetBand(Session& s, Row band, BandRun run);
 
 /// A press, move or release in `lane` 0..5 over `column`; a column outside 0..3 counts as the nearest.
-/// A drag makes the band the run that it passes. A click on an end of the run takes that LoopTrack out, a click beside
-/// it (or in an empty lane) stretches the band to there, a click between the ends does nothing.
+/// A drag makes the band the run of columns that it passes. A click on an end of the run takes that LoopTrack out, a
+/// click outside the run (or in an empty lane) extends the band to there, a click between the ends does nothing.
 void Bands_Gesture(Session& s, Row lane, int column, Phase phase);
 /// A double click empties the lane.
 void Bands_DblClick(Session& s, Row lane);

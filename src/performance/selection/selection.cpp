@@ -11,7 +11,7 @@ namespace marvolin {
 
 namespace {
 
-constexpr Row kSelectionSelector = kBands;  // the row behind the bands
+constexpr Row kSelectionSelector = kBands;  // the number after those of the bands
 
 void TakeSelection(Session& s) {
     for (Row row = 0; row < kLoopTracks; ++row) s.SelectWork[row] = s.Set[row].Selected;
@@ -93,7 +93,7 @@ void Selected_MouseDown(Session& s, Row row, std::int16_t button) {
 
 void Selected_DragOver(Session& s, Row row) {
     if (row == kSelectionRow) return;
-    // Written directly: the selection's play button waits for the end of the drag.
+    // Written directly: the play button of row 4 is refreshed at the end of the drag.
     if (s.SelectDragTag == kLeftButton) SetFlag(s, row, True);
     if (s.SelectDragTag == kRightButton) SetFlag(s, row, False);
 }
@@ -138,7 +138,7 @@ void SetCurrentLoop(Session& s, Row row, OpenPattern open) {
         if (s.ActiveTab != kPatternTab) SetTab(s, kPatternTab);
         s.World.Screen.ShowSoundDisplay(row);
     }
-    // An open pattern tab always shows the current LoopTrack, whoever changed it.
+    // An open pattern tab always shows the current LoopTrack, also when the call does not open it.
     PatternsRefresh(s);
 }
 

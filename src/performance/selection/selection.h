@@ -43,9 +43,9 @@ inline constexpr std::array<SelectRule, 16> kSelectRules{{
     {"Freq High", [](const LoopTrackSet& set, const LoopTrackRun&) { return set.Hz > kHzUnity; }},
 }};
 
-/// Makes `SelectWork` the selection of rows 0..3, and `Playing` of row 4 tell whether any selected row plays.
+/// Makes `SelectWork` the selection of rows 0..3, and sets `Playing` of row 4 if any selected row plays.
 void SelectApply(Session& s);
-/// Applies a rule by its text; a text that no rule has changes nothing.
+/// Applies the rule with this text; an unknown text changes nothing.
 void SelectGroup(Session& s, std::string_view text);
 /// Sets the flag of LoopTrack `column`, 1..4. Any other column is a `SubscriptError`.
 void SelectColumn(Session& s, std::int16_t column, bool value);
@@ -61,17 +61,17 @@ void SelectToggle(Session& s, Row row);
 
 /// `SelectPopUp`: opens the list of rules.
 void SelectPopUp_Click(Session& s);
-/// The player chose `text` in `SlctGroup`: blanks around it do not count. The list is hidden.
+/// The player chose `text` in `SlctGroup`; blanks around it are ignored. The list is hidden.
 void SlctGroup_Click(Session& s, std::string_view text);
-/// The list is hidden, and nothing else happens.
+/// Hides the list and does nothing else.
 void SlctGroup_LostFocus(Session& s);
 
-/// A press on the flag of `row` starts a drag over the flags, which the press itself is the first to feel: the left
-/// button selects, the right one deselects. Row 4 has no flag to drag.
+/// A press on the flag of `row` starts a drag over the flags. The left button selects each flag it passes, the right
+/// one deselects it, beginning with this flag. Row 4 has no flag.
 void Selected_MouseDown(Session& s, Row row, std::int16_t button);
-/// The drag passes the flag of `row`. Without a drag from a flag nothing happens.
+/// The drag passes the flag of `row`. Does nothing unless the drag started on a flag.
 void Selected_DragOver(Session& s, Row row);
-/// The drag ends, wherever it is let go; the selection's play button follows.
+/// The drag ends, wherever it is released; the play button of row 4 follows.
 void Selected_DragEnd(Session& s);
 
 /// The number of a selector's button: `row` 0..5 is a band, 6 the selection.
@@ -80,15 +80,16 @@ int SelectorButton(Row row);
 void SetSelector(Session& s, Row row, bool on);
 /// A click on button 0..6 flips the control of the selection (0) or of band `button` - 1.
 void SelectorRadio_Click(Session& s, int button);
-/// A double click puts this one in control and takes it from the six others.
+/// A double click puts this one in control and the six others out of it.
 void SelectorRadio_DblClick(Session& s, int button);
 
 /// Whether a change of the current LoopTrack opens the pattern tab.
 enum class OpenPattern : bool { No, Yes };
-/// Changes the LoopTrack that the pattern and timing views show.
+/// Sets the LoopTrack that the pattern and timing views show.
 void SetCurrentLoop(Session& s, Row row, OpenPattern open);
+/// Makes the row the current LoopTrack.
 void Thumb_Click(Session& s, Row row);
-/// Opens the pattern of the row.
+/// Makes the row the current LoopTrack and opens its pattern.
 void Thumb_DblClick(Session& s, Row row);
 
 }  // namespace marvolin

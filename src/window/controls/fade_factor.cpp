@@ -11,8 +11,8 @@ namespace marvolin {
 
 namespace {
 
-constexpr double kLow = 20;
-constexpr double kHigh = 2000;
+constexpr double kLow = kFadeFactorLow;
+constexpr double kHigh = kFadeFactorHigh;
 constexpr double kMargin = 9;  // pixels from the control's edge to the end of the scale
 constexpr int kFineStep = 20;
 

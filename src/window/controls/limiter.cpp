@@ -3,15 +3,10 @@
 #include <QPainter>
 
 #include "audio/limiter.h"
+#include "audio/thinning.h"
 #include "window/controls/hints.h"
 
 namespace marvolin {
-
-namespace {
-
-constexpr double kTwipsAStep = 20;  // of a drag
-
-}  // namespace
 
 LimiterControl::LimiterControl(Session& session, QWidget* parent)
     : Control(session, parent, "Limiter", -1, "How many LoopTracks may sound; 4 is no limit") {}
@@ -23,15 +18,15 @@ void LimiterControl::Gesture(Phase phase, std::int16_t, QPointF twips) { Limiter
 // A step is the drag that makes one step.
 void LimiterControl::Step(int units) {
     Limiter_Gesture(s, Phase::Down, 0);
-    Limiter_Gesture(s, Phase::Move, -units * kTwipsAStep);
-    Limiter_Gesture(s, Phase::Up, -units * kTwipsAStep);
+    Limiter_Gesture(s, Phase::Move, -units * kTwipsALimit);
+    Limiter_Gesture(s, Phase::Up, -units * kTwipsALimit);
 }
 
 void LimiterControl::paintEvent(QPaintEvent*) {
     QPainter p(this);
     theme::DrawFace(p, rect(), Face());
     p.setFont(theme::Sans(16, QFont::Bold));
-    p.setPen(s.Limit < 4 ? theme::kAccent : theme::kText);
+    p.setPen(s.Limit < kNoLimit ? theme::kAccent : theme::kText);
     p.drawText(rect(), Qt::AlignCenter, QString::number(s.Limit));
 }
 

@@ -37,8 +37,8 @@ PatternGraphControl::PatternGraphControl(Session& session, QWidget* parent, int 
 
 void PatternGraphControl::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     if (phase == Phase::Down && button == kRightButton) return BeginDrag({"PatternGraph", static_cast<Row>(index), ""});
-    PatternGraph_Gesture(s, index, phase, button, twips.x(), twips.y(), width() * kTwipsPerPixel,
-                         height() * kTwipsPerPixel);
+    PatternGraph_Gesture(s, index, phase, button, twips.x(), twips.y(),
+                         {width() * kTwipsPerPixel, height() * kTwipsPerPixel});
 }
 
 void PatternGraphControl::DoubleClick(std::int16_t button, QPointF twips) { Gesture(Phase::Down, button, twips); }

@@ -6,12 +6,6 @@
 
 namespace marvolin {
 
-namespace {
-
-constexpr double kTwipsAStep = 20;  // of a drag
-
-}  // namespace
-
 StepsControl::StepsControl(Session& session, QWidget* parent)
     : Control(session, parent, "NSteps", -1, "Number of steps") {}
 

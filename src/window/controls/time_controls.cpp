@@ -10,8 +10,6 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kDigitsAGroup = 5;
-constexpr double kTwipsAUnit = 50;  // of a drag
 constexpr std::array<const char*, 3> kGroupNames{"Step Duration", "Swing", "Sample Start"};
 constexpr std::array<const char*, kDigitsAGroup> kDigitNames{"hundredths", "tenths", "seconds", "tens of seconds",
                                                              "hundreds of seconds"};
@@ -46,8 +44,8 @@ void TimeDigitControl::Gesture(Phase phase, std::int16_t, QPointF twips) {
 // A step is the drag that makes one unit.
 void TimeDigitControl::Step(int units) {
     TimeDigit_Gesture(s, index, Phase::Down, 0);
-    TimeDigit_Gesture(s, index, Phase::Move, -units * kTwipsAUnit);
-    TimeDigit_Gesture(s, index, Phase::Up, -units * kTwipsAUnit);
+    TimeDigit_Gesture(s, index, Phase::Move, -units * kTwipsATimeUnit);
+    TimeDigit_Gesture(s, index, Phase::Up, -units * kTwipsATimeUnit);
 }
 
 void TimeDigitControl::paintEvent(QPaintEvent*) {

@@ -6,14 +6,6 @@
 
 namespace marvolin {
 
-namespace {
-
-constexpr int kRightBlack = 1;
-constexpr int kLeftBlack = 2;
-constexpr int kDisconnected = 4;
-
-}  // namespace
-
 void DrawWire(QPainter& p, const QRectF& rect, int picture) {
     p.setRenderHint(QPainter::Antialiasing);
     const bool off = (picture & kDisconnected) != 0;
@@ -21,9 +13,9 @@ void DrawWire(QPainter& p, const QRectF& rect, int picture) {
     const QColor white = off ? QColor(0x8b, 0x92, 0x9c) : QColor(0xf4, 0xf5, 0xf7);
     const QColor black(0x0a, 0x0b, 0x0d);
     p.setPen(QPen(QColor(0x6c, 0x74, 0x80), 1));
-    p.setBrush((picture & kLeftBlack) != 0 ? black : white);
+    p.setBrush((picture & kLeftColour) != 0 ? black : white);
     p.drawRoundedRect(QRectF(rect.left() + 0.5, rect.top() + 0.5, half - 1, rect.height() - 1), 2.5, 2.5);
-    p.setBrush((picture & kRightBlack) != 0 ? black : white);
+    p.setBrush((picture & kRightColour) != 0 ? black : white);
     p.drawRoundedRect(QRectF(rect.left() + half + 0.5, rect.top() + 0.5, half - 1, rect.height() - 1), 2.5, 2.5);
     if (!off) return;
     const QPointF from = rect.bottomLeft() + QPointF(5, -4);

@@ -30,17 +30,17 @@ struct Level {
 
 Level LevelOf(const Session& s, int channel) {
     switch (s.PadTypeIndex) {
-        case 2: {
+        case kVolPad: {
             const int left = kVolFull - s.ChannelVol[channel];
             return {0, left / 500.0, 1, QString::number(left)};
         }
-        case 3: {
+        case kPanPad: {
             const int pan = s.ChannelPan[channel] - kPanCentre;
             const double at = s.ChannelPan[channel] / 1000.0;
             return {std::min(0.5, at), std::max(0.5, at), 0.5, (pan > 0 ? "+" : "") + QString::number(pan)};
         }
         default: {
-            const double top = s.PadTypeIndex == 0 ? 3000.0 : 4000.0;
+            const double top = s.PadTypeIndex == kPitch300Pad ? 3000.0 : 4000.0;
             const std::int16_t hz = s.ChannelHz[channel];
             return {0, hz / top, kHzUnity / top, QString::fromStdString(NumberText(hz / 10.0)) + "%"};
         }

@@ -1,6 +1,5 @@
 #include "window/surfaces/map_surface.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <algorithm>
@@ -8,14 +7,11 @@
 #include "core/routines.h"
 #include "parameters/position.h"
 #include "performance/map/listener.h"
-#include "performance/map/map_gesture.h"
-#include "performance/map/sound_map.h"
 
 namespace marvolin {
 
 namespace {
 
-constexpr double kKeyStep = 4;  // pixels that an arrow key moves a ball
 constexpr double kDegreesAFrame = 5;
 
 QString LabelOf(int ball) {
@@ -26,30 +22,6 @@ QString LabelOf(int ball) {
 
 PosBall::PosBall(Session& session, QWidget* parent, int ball) : Ball(session, parent, "PosBall", ball, LabelOf(ball)) {
     if (ball != kListenerBall) TakeDropsFor(static_cast<Row>(ball));
-}
-
-BallPoint PosBall::Place() const { return MapBallPlace(s, index); }
-
-void PosBall::BallGesture(Phase phase, std::int16_t button, double x, double y) {
-    if (PosGesture(s, phase, index, button, x, y)) {
-        ArmDrag({"PosBall", static_cast<Row>(index), std::string(kFadeDragTag)});
-        return;
-    }
-    if (phase == Phase::Down && !s.CursorFree) setCursor(Qt::BlankCursor);
-    if (phase == Phase::Up) unsetCursor();
-}
-
-// Two right clicks are two fades, or two turns of the listener.
-bool PosBall::CentresBy(std::int16_t button) const { return button == kLeftButton; }
-
-void PosBall::Centre() { PosBall_DblClick(s, index); }
-
-void PosBall::keyPressEvent(QKeyEvent* event) {
-    const int right = event->key() == Qt::Key_Right ? 1 : event->key() == Qt::Key_Left ? -1 : 0;
-    const int down = event->key() == Qt::Key_Down ? 1 : event->key() == Qt::Key_Up ? -1 : 0;
-    if (right == 0 && down == 0) return Ball::keyPressEvent(event);
-    const double step = kKeyStep * kTwipsPerPixel;
-    PosMove(s, right * step, down * step, index, {.Absolute = false, .Apply = true, .Quiet = true});
 }
 
 void PosBall::PaintLoopTrack(QPainter& p) const {

@@ -13,11 +13,6 @@ public:
     PosBall(Session& session, QWidget* parent, int ball);
 
 protected:
-    BallPoint Place() const override;
-    void BallGesture(Phase phase, std::int16_t button, double x, double y) override;
-    bool CentresBy(std::int16_t button) const override;
-    void Centre() override;
-    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -1,10 +1,9 @@
 #include "window/surfaces/pad_surface.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 
+#include "performance/ball_hand.h"
 #include "performance/pad/mix_pad.h"
-#include "performance/pad/pad_gesture.h"
 #include "performance/pad/pad_tables.h"
 #include "window/controls/hints.h"
 #include "window/rows/channel_flag.h"
@@ -12,10 +11,6 @@
 namespace marvolin {
 
 namespace {
-
-constexpr double kKeyStep = 4;  // pixels that an arrow key moves the ball
-constexpr int kAfterCentre = 2;
-constexpr int kAfterSideCentre = 3;
 
 QColor FieldColour(const Session& s) {
     const Colour back = s.PadTable[s.PadTypeIndex].BackColor;
@@ -50,29 +45,9 @@ void DrawBallFace(QPainter& p, const QPointF& c, int face) {
 }  // namespace
 
 PadBall::PadBall(Session& session, QWidget* parent)
-    : marvolin::Ball(session, parent, "PadBall", -1, "Ball of the mix pad") {}
+    : marvolin::Ball(session, parent, "PadBall", kPadBall, "Ball of the mix pad") {}
 
-BallPoint PadBall::Place() const { return PadBallPlace(s); }
-
-void PadBall::BallGesture(Phase phase, std::int16_t button, double x, double y) {
-    PadBallGesture(s, phase, button, x, y);
-    if (phase == Phase::Down && !s.CursorFree) setCursor(Qt::BlankCursor);
-    if (phase == Phase::Up) unsetCursor();
-}
-
-bool PadBall::CentresBy(std::int16_t button) const { return button == kLeftButton || button == kRightButton; }
-
-void PadBall::Centre() { PadBall_DblClick(s); }
-
-void PadBall::Step(int units) {
-    PadMove(s, 0, -units * kKeyStep * kTwipsPerPixel, s.Geometry.PadHalfX, {.Absolute = false, .Apply = true});
-}
-
-void PadBall::keyPressEvent(QKeyEvent* event) {
-    const int units = event->key() == Qt::Key_Right ? 1 : event->key() == Qt::Key_Left ? -1 : 0;
-    if (units == 0) return marvolin::Ball::keyPressEvent(event);
-    PadMove(s, units * kKeyStep * kTwipsPerPixel, 0, s.Geometry.PadHalfX, {.Absolute = false, .Apply = true});
-}
+void PadBall::Step(int units) { BallStep(s, kPadBall, 0, -units); }
 
 std::string_view PadBall::Hint(QPointF) const { return Held() ? std::string_view{} : hints::kPadBall; }
 
@@ -111,8 +86,8 @@ void PadSurface::paintEvent(QPaintEvent*) {
     // Where the curve begins to fade: arcs round the corners through the centre, or through the middles of the sides.
     p.setClipRect(QRectF(kInset, kInset, 2 * half, 2 * half));
     const std::int16_t function = s.PadTable[s.PadTypeIndex].Function;
-    const double radius = function == kAfterSideCentre ? half : half * std::sqrt(2.0);
-    if (function == kAfterCentre || function == kAfterSideCentre) {
+    const double radius = function == kFadeAfterSideCentre ? half : half * std::sqrt(2.0);
+    if (function == kFadeAfterCentre || function == kFadeAfterSideCentre) {
         for (int corner = 0; corner < 4; ++corner) {
             const QPointF at = c + QPointF(corner % 2 == 0 ? -half : half, corner < 2 ? -half : half);
             p.drawEllipse(at, radius, radius);

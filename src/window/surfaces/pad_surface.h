@@ -11,12 +11,7 @@ public:
     PadBall(Session& session, QWidget* parent);
 
 protected:
-    BallPoint Place() const override;
-    void BallGesture(Phase phase, std::int16_t button, double x, double y) override;
-    bool CentresBy(std::int16_t button) const override;
-    void Centre() override;
     void Step(int units) override;
-    void keyPressEvent(QKeyEvent* event) override;
     std::string_view Hint(QPointF place) const override;
     void paintEvent(QPaintEvent* event) override;
 };

@@ -66,7 +66,7 @@ void TabPattern::MakeTiming() {
         clone->setGeometry(12, top, 150, 20);
         int left = 12;
         for (int digit = 4; digit >= 0; --digit) {
-            auto* made = new TimeDigitControl(s, timing_, time.Group * 5 + digit);
+            auto* made = new TimeDigitControl(s, timing_, time.Group * kDigitsAGroup + digit);
             made->setGeometry(left, top + 24, 28, 38);
             digits_[static_cast<std::size_t>(time.Group)][static_cast<std::size_t>(digit)] = made;
             left += 30;

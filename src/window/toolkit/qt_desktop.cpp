@@ -38,6 +38,12 @@ QMessageBox::Icon IconOf(BoxStyle style) {
 QtDesktop::QtDesktop() = default;
 QtDesktop::~QtDesktop() { ReleaseCursor(); }
 
+void QtDesktop::Attach(QWidget* mainWindow) {
+    mainWindow_ = mainWindow;
+    pad_.clear();
+    map_.clear();
+}
+
 // A box of the main window would raise that one over the window at which the player works, and leave it there. Only
 // windows that last are taken: a box goes with its parent.
 QWidget* QtDesktop::BoxParent() const {
@@ -89,13 +95,18 @@ std::int32_t QtDesktop::TextWidth(const std::string& text) {
 }
 
 PixelPoint QtDesktop::SurfaceOrigin(Surface surface) {
-    const auto* field =
-        mainWindow_ == nullptr
-            ? nullptr
-            : dynamic_cast<BallSurface*>(mainWindow_->findChild<QWidget*>(surface == Surface::Pad ? "Pad" : "Map"));
+    QPointer<BallSurface>& field = surface == Surface::Pad ? pad_ : map_;
+    if (field == nullptr && mainWindow_ != nullptr) {
+        field = dynamic_cast<BallSurface*>(mainWindow_->findChild<QWidget*>(surface == Surface::Pad ? "Pad" : "Map"));
+    }
     if (field == nullptr) return {};
     const QPoint origin = field->Origin();
     return {origin.x(), origin.y()};
+}
+
+PixelPoint QtDesktop::CursorPos() {
+    const QPoint place = QCursor::pos();
+    return {place.x(), place.y()};
 }
 
 void QtDesktop::SetCursorPos(PixelPoint point) { QCursor::setPos(point.X, point.Y); }

@@ -2,6 +2,7 @@
 
 #include <QLockFile>
 #include <QObject>
+#include <QPointer>
 #include <memory>
 #include <optional>
 
@@ -11,6 +12,8 @@ class QWidget;
 
 namespace marvolin {
 
+class BallSurface;
+
 /// The desktop by way of the toolkit.
 class QtDesktop : public QObject, public Desktop {
 public:
@@ -19,7 +22,7 @@ public:
 
     /// The main window, over which boxes are shown unless the player is at a dialogue or at the browser. Null when it
     /// is gone.
-    void Attach(QWidget* mainWindow) { mainWindow_ = mainWindow; }
+    void Attach(QWidget* mainWindow);
 
     using Desktop::MessageBox;
     bool MessageBox(const std::string& text, const std::string& title, BoxStyle style) override;
@@ -30,6 +33,7 @@ public:
     double TwipsPerPixelY() override;
     std::int32_t TextWidth(const std::string& text) override;
     PixelPoint SurfaceOrigin(Surface surface) override;
+    PixelPoint CursorPos() override;
     void SetCursorPos(PixelPoint point) override;
     /// Keeps the pointer inside by putting it back at each of its moves, where the system lets a program place it.
     void ClipCursor(const PixelRect& rect) override;
@@ -49,6 +53,8 @@ private:
     QWidget* BoxParent() const;
 
     QWidget* mainWindow_ = nullptr;
+    QPointer<BallSurface> pad_;  // looked up once: each move of a ball asks where its surface is
+    QPointer<BallSurface> map_;
     bool busy_ = false;
     std::optional<PixelRect> cage_;
     std::unique_ptr<QLockFile> instance_;
