@@ -48,8 +48,7 @@ bool CentresBy(int ball, std::int16_t button) {
 
 /// Whether `press` may be the second one of a double click on this ball.
 bool BeganWith(const BallHold& hold, const BallEvent& press, DoubleClickLimits limits) {
-    return press.Button == hold.FirstButton && press.Time >= hold.FirstTime &&
-           press.Time - hold.FirstTime < limits.Interval;
+    return press.Button == hold.FirstButton && press.Time - hold.FirstTime < limits.Interval;
 }
 
 /// The ball that was clicked where this press comes: the first press may have put the pointer under a ball that lies

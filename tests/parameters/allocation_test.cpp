@@ -31,7 +31,7 @@ void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); 
 namespace marvolin {
 namespace {
 
-/// A buffer that does nothing but count, since the log of the usual fake allocates.
+/// A buffer that only counts: the usual fake allocates for its log.
 class QuietBuffer : public DirectSoundBuffer {
 public:
     explicit QuietBuffer(int& calls) : calls_(calls) {}

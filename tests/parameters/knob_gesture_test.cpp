@@ -27,7 +27,7 @@ void Press(Instrument& i, Knob knob, Row row, std::int16_t button = kLeftButton)
     KnobGesture(i.s, knob, row, Phase::Down, button, 1000, 1000);
 }
 
-/// Value that a knob standing at `start` has after a move by (`dx`, `dy`).
+/// Value of a knob that starts at `start` after a move by (`dx`, `dy`).
 std::int16_t AfterMove(Knob knob, std::int16_t start, std::int16_t axis, std::int16_t button, double dx, double dy) {
     Instrument i;
     i.s.DragAxis = axis;
@@ -229,7 +229,7 @@ TEST(KnobDblClick, TogglesMuteAndRestoresCentreAndRate) {
     EXPECT_EQ(i.s.ReadoutText, "Freq: Original Hz Restored");
 }
 
-TEST(KnobDblClick, OnARowInABandMutesOrRestoresTheWholeBandWhateverTheOthersWere) {
+TEST(KnobDblClick, OnARowInABandMutesOrRestoresTheWholeBandWhateverTheOtherVolumes) {
     Instrument i;
     i.MakeBand(1, 0, 2);
     i.s.Set[0].Vol = 0;
@@ -266,7 +266,7 @@ TEST(KnobDblClick, WithThreeDimensionsThePanIsNotCentred) {
     EXPECT_EQ(i.s.Set[0].Pan, 100);
 }
 
-TEST(KnobDblClick, ClosesAnOpenDragAtTheZeroPointAndOtherwiseSendsNoEvent) {
+TEST(KnobDblClick, EndsAnOpenDragAtPointZeroAndOtherwiseSendsNoEvent) {
     Instrument i;
     i.s.DragAxis = kVertical;
     i.s.EventWanted[ScriptEvent::OnVolChange] = -1;
@@ -279,7 +279,7 @@ TEST(KnobDblClick, ClosesAnOpenDragAtTheZeroPointAndOtherwiseSendsNoEvent) {
     EXPECT_EQ(i.Scripts.Events.size(), 1U);
 }
 
-/// All six events of the knobs wanted.
+/// Turns all six events of the knobs on.
 void WantAll(Instrument& i) {
     for (const ScriptEvent event : {ScriptEvent::OnVolChange, ScriptEvent::OnVolScroll, ScriptEvent::OnPanChange,
                                     ScriptEvent::OnPanScroll, ScriptEvent::OnPitchChange, ScriptEvent::OnPitchScroll}) {
@@ -316,7 +316,7 @@ TEST(KnobEvents, ADragSendsScrollsAndAtReleaseTheChangeBeforeTheLastScroll) {
     }
 }
 
-TEST(KnobEvents, ThePitchIsTheSharePercentWithOneDecimal) {
+TEST(KnobEvents, ThePitchIsInPercentWithOneDecimal) {
     Instrument i;
     WantAll(i);
     i.s.DragAxis = kVertical;
@@ -345,7 +345,7 @@ TEST(KnobEvents, TheMasterIsRowSix) {
     EXPECT_THAT(i.Scripts.Events.at(0).Arguments, ElementsAre(6, 400));
 }
 
-TEST(KnobEvents, TheStreamIsThinnedByTheSensitivityButTheLastAlwaysPasses) {
+TEST(KnobEvents, OnlyEverySoManyMovesAreSentButTheReleaseAlwaysIs) {
     Instrument i;
     i.s.ScrollSensitivity[0] = 3;
     i.s.DragAxis = kVertical;
@@ -362,7 +362,7 @@ TEST(KnobEvents, TheStreamIsThinnedByTheSensitivityButTheLastAlwaysPasses) {
     EXPECT_THAT(i.Scripts.Events[2].Arguments, ElementsAre(1, 430, -10));
 }
 
-TEST(KnobEvents, WithTheGuardOffMovesAreNotEvenCounted) {
+TEST(KnobEvents, WhileTheEventIsOffMovesAreNotCounted) {
     Instrument i;
     i.s.ScrollSensitivity[0] = 2;
     i.s.DragAxis = kVertical;
@@ -392,7 +392,7 @@ TEST(KnobEvents, AScriptThatMovesTheKnobFromItsOwnEventIsNotCalledAgain) {
     EXPECT_EQ(i.s.EventWanted[ScriptEvent::OnVolChange], -1);
 }
 
-TEST(KnobEvents, AFailingScriptIsReportedOnceByTheEventsNameAndTheEventIsSilent) {
+TEST(KnobEvents, AFailingScriptIsReportedOnceUnderTheEventsNameAndTheEventStaysOff) {
     Instrument i;
     WantAll(i);
     i.Scripts.Fail = true;
@@ -435,7 +435,7 @@ TEST(KnobStep, CancelsAFadeAndSendsTheEventsOfAShortDrag) {
     EXPECT_THAT(i.Scripts.Events[1].Arguments, ElementsAre(1, 498, -2));
 }
 
-TEST(KnobStep, DoesNothingDuringADragOrOnAMasterThatTheJoystickHolds) {
+TEST(KnobStep, DoesNothingDuringADragOrOnAMasterThatAJoystickAxisDrives) {
     Instrument i;
     Press(i, Knob::Vol, 0);
     KnobStep(i.s, Knob::Vol, 0, -1);
@@ -459,7 +459,7 @@ TEST(DragAxisSelect, ZeroDragsUpAndDownAnythingElseSideways) {
     EXPECT_EQ(kDragAxes[1], "Horizontal Drag");
 }
 
-TEST(KnobFrameOf, GoesByTheScaleOfTheKnob) {
+TEST(KnobFrameOf, UsesTheScaleOfTheKnob) {
     Instrument i;
     EXPECT_EQ(KnobFrameOf(i.s, Knob::Vol, 0), 63);
     EXPECT_EQ(KnobFrameOf(i.s, Knob::Pan, 0), 31);

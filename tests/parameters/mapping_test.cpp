@@ -23,8 +23,8 @@ struct Fraction {
     Fraction Times(std::int64_t top, std::int64_t bottom) const { return {Top * top, Bottom * bottom}; }
 };
 
-/// True when `whole` is the nearest whole number to the fraction. Of a tie either neighbour counts: which of them a
-/// product of doubles meets is told by the tests of ties, on fractions that doubles hold exactly.
+/// True when `whole` is the nearest whole number to the fraction. In a tie either neighbour is right: the tests of ties
+/// decide between them, with fractions that a double holds exactly.
 bool IsNearest(std::int64_t whole, Fraction f) {
     const std::int64_t distance = 2 * (f.Top - whole * f.Bottom);
     return distance <= f.Bottom && distance >= -f.Bottom;
@@ -138,7 +138,7 @@ TEST(MapVol, APatternAboveFullRaisesTheProductAndIsCappedAtFullLevel) {
     EXPECT_EQ(VolumeSent(i), 0);
 }
 
-TEST(MapVol, AProductBetweenTheLastTwoUnitsNeverPassesTheTopOfTheService) {
+TEST(MapVol, AProductBetweenTheLastTwoUnitsIsNeverLouderThanFullLevel) {
     Instrument i;
     i.Fill(0);
     i.s.Set[0].PlayMode = kTrack;
@@ -271,7 +271,7 @@ TEST(Map, AWireOfFiveOrMoreFollowsNoChannel) {
     }
 }
 
-TEST(Map, InLoopAndOneShotModesPatternsHaveNoEffectAndNothingIsDrawn) {
+TEST(Map, InLoopAndOneShotModesPatternsHaveNoEffectAndNoRandomNumberIsDrawn) {
     Instrument i;
     i.Fill(0);
     SetPattern(i, kVolPattern, 100, 50);
@@ -304,7 +304,7 @@ TEST(Map, InTheClockedModesThePatternOfTheCurrentStepCounts) {
     }
 }
 
-TEST(Map, EveryCallDrawsTheRandomPartAnew) {
+TEST(Map, EveryCallDrawsANewRandomPart) {
     Instrument i;
     i.Fill(0);
     i.s.Set[0].PlayMode = kTrack;
@@ -329,7 +329,7 @@ TEST(Map, ARowWithoutASampleSendsNothingAndRaisesNothing) {
     EXPECT_TRUE(i.Desk.Boxes.empty());
 }
 
-TEST(Map, TheAllFormsSendTheFourRowsInOrder) {
+TEST(Map, TheRoutinesForAllRowsSendRowsZeroToThreeInOrder) {
     Instrument i;
     for (Row row = 0; row < kLoopTracks; ++row) i.Fill(row);
     MapVolAll(i.s);
@@ -341,7 +341,7 @@ TEST(Map, TheAllFormsSendTheFourRowsInOrder) {
                                                     "SetFrequency b2 44100", "SetFrequency b3 44100"));
 }
 
-TEST(Map, AFailureOfTheServiceIsShownInItsOwnWords) {
+TEST(Map, AFailureOfTheServiceIsShownWithTheWordsOfTheRoutine) {
     struct Case {
         void (*Map)(Session&, Row);
         std::string Operation;
@@ -388,7 +388,7 @@ TEST(Map, TheSumOfThePanIsFormedFromLeftToRight) {
     Instrument i;
     i.Fill(0);
     i.s.Set[0].Pan = 1000;
-    i.s.ChannelPan[1] = 32000;  // the first sum passes 32767 although the whole would fit
+    i.s.ChannelPan[1] = 32000;  // the first sum exceeds 32767, the whole sum would not
     MapPan(i.s, 0);
     EXPECT_EQ(i.Desk.LastBox(), "Error panning: ");
     EXPECT_TRUE(i.Sound.Log.empty());

@@ -11,8 +11,9 @@ namespace {
 using test::Instrument;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::UnorderedElementsAre;
 
-/// An instrument on whose map a unit is 1000 twips, a little higher than wide.
+/// An instrument with a map that is a little higher than wide; a map unit is 1000 twips.
 struct MapInstrument : Instrument {
     explicit MapInstrument(bool use3D = true) {
         s.Use3D = use3D;
@@ -26,7 +27,7 @@ struct MapInstrument : Instrument {
     }
 };
 
-TEST(PositionSet, StoresALoopTracksPlaceAndTellsTheServiceWhenApplied) {
+TEST(PositionSet, StoresALoopTracksPlaceAndSendsItToTheServiceWhenApplied) {
     MapInstrument i;
     i.Fill(2);
     PositionSet(i.s, 2, 0.5F, -0.25F, {.Apply = true, .Refresh = false});
@@ -37,7 +38,7 @@ TEST(PositionSet, StoresALoopTracksPlaceAndTellsTheServiceWhenApplied) {
     EXPECT_THAT(i.Screen.Log, IsEmpty());
 }
 
-TEST(PositionSet, StoresTheListenersPlaceAndTellsTheServiceWhenApplied) {
+TEST(PositionSet, StoresTheListenersPlaceAndSendsItToTheServiceWhenApplied) {
     MapInstrument i;
     PositionSet(i.s, kListenerBall, 0.5F, -0.25F, {.Apply = true, .Refresh = false, .Quiet = true});
     EXPECT_THAT(i.Sound.Log, ElementsAre("SetListenerPosition 0.500000,0.000000,-0.250000"));
@@ -73,7 +74,7 @@ TEST(PositionSet, WithNoDeviceOpenTheListenersPlaceIsStillStored) {
     EXPECT_EQ(i.s.ListenerX, 1);
 }
 
-TEST(PositionSet, ABufferMadeWithoutThreeDimensionsHearsNothing) {
+TEST(PositionSet, NothingIsSentToABufferMadeWithoutThreeDimensions) {
     MapInstrument i(false);
     i.Fill(0);
     i.s.Use3D = true;
@@ -108,8 +109,8 @@ TEST(PositionSet, TheQuietFlagChangesNothing) {
         MapInstrument quiet;
         loud.Fill(2);
         quiet.Fill(2);
-        PositionSet(loud.s, ball, 0.5F, -0.25F, true, true, false, true);
-        PositionSet(quiet.s, ball, 0.5F, -0.25F, true, true, true, true);
+        PositionSet(loud.s, ball, 0.5F, -0.25F, {.Apply = true, .StoreBall = true});
+        PositionSet(quiet.s, ball, 0.5F, -0.25F, {.Apply = true, .Quiet = true, .StoreBall = true});
         EXPECT_FALSE(loud.Sound.Log.empty());
         EXPECT_EQ(quiet.Sound.Log, loud.Sound.Log);
         EXPECT_EQ(quiet.Screen.Log, loud.Screen.Log);
@@ -128,7 +129,7 @@ TEST(PositionRefresh, PlacesTheBallOnlyWithThreeDimensionsOn) {
     EXPECT_THAT(off.Screen.Log, IsEmpty());
 }
 
-TEST(PositionRefresh, TheBallStandsAroundItsMapUnits) {
+TEST(PositionRefresh, TheBallIsCentredOnItsMapUnits) {
     MapInstrument i;
     i.s.Set[0].PositionX = 0.5F;
     i.s.Set[0].PositionY = -0.5F;
@@ -151,11 +152,11 @@ TEST(PosSetHighlight, DoesNothingUnlessTheMapShows) {
 TEST(PosSetHighlight, TheOldBallGetsItsNormalFaceTheNewOneItsHighlightedFaceAndTheFront) {
     MapInstrument i;
     PosSetHighlight(i.s, 1);
-    EXPECT_THAT(i.Screen.Log, ElementsAre("ShowMapHighlight 1", "RaiseMapBall 1"));
+    EXPECT_THAT(i.Screen.Log, UnorderedElementsAre("ShowMapHighlight 1", "RaiseMapBall 1"));
     EXPECT_TRUE(i.s.BallHighlighted[1]);
     i.Screen.Log.clear();
     PosSetHighlight(i.s, 3);
-    EXPECT_THAT(i.Screen.Log, ElementsAre("ShowMapHighlight 1", "ShowMapHighlight 3", "RaiseMapBall 3"));
+    EXPECT_THAT(i.Screen.Log, UnorderedElementsAre("ShowMapHighlight 1", "ShowMapHighlight 3", "RaiseMapBall 3"));
     EXPECT_FALSE(i.s.BallHighlighted[1]);
     EXPECT_TRUE(i.s.BallHighlighted[3]);
     i.Screen.Log.clear();
@@ -164,7 +165,7 @@ TEST(PosSetHighlight, TheOldBallGetsItsNormalFaceTheNewOneItsHighlightedFaceAndT
     EXPECT_EQ(i.s.PosHighlight, 3);
 }
 
-TEST(PosSetHighlight, TheListenerOnlyComesToTheFrontAndTheFormerBallKeepsItsFace) {
+TEST(PosSetHighlight, TheListenerOnlyComesToTheFrontAndThePreviousBallKeepsItsFace) {
     MapInstrument i;
     PosSetHighlight(i.s, 1);
     i.Screen.Log.clear();
@@ -187,7 +188,7 @@ TEST(RollOff, IsStoredSentAndShownWithThreeDimensionsOn) {
     EXPECT_THAT(i.Screen.Log, ElementsAre("ShowRollOff"));
 }
 
-TEST(RollOff, IsLeftAloneWithThreeDimensionsOff) {
+TEST(RollOff, IsUnchangedWithThreeDimensionsOff) {
     MapInstrument i(false);
     SetRollOff(i.s, 2.5F);
     EXPECT_EQ(GetRoll(i.s), 0);

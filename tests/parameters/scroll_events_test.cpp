@@ -143,7 +143,7 @@ TEST(ScriptEvents, AnEventIsNotWantedWhileItRuns) {
     EXPECT_EQ(i.s.EventWanted[ScriptEvent::OnVolChange], -1);
 }
 
-TEST(ScriptEvents, AnEventInFlightCountsAsBusyAndLeavesTheFlagAsItWas) {
+TEST(ScriptEvents, WhileAnEventRunsTheScriptIsBusyAndAfterwardsAsBusyAsBefore) {
     for (const bool busy : {false, true}) {
         for (const bool fail : {false, true}) {
             SCOPED_TRACE(::testing::Message() << busy << fail);

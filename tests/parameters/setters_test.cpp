@@ -15,6 +15,7 @@ namespace {
 
 using test::Instrument;
 using ::testing::ElementsAre;
+using ::testing::UnorderedElementsAre;
 
 TEST(Setters, AValueIsLimitedInPlaceAndStored) {
     Instrument i;
@@ -65,7 +66,8 @@ TEST(Setters, WithTakeHoldTheSoundFollowsAtOnceWithoutItOnlyTheKnobDoes) {
     LoopPanChange(i.s, 0, pan, TakeHold::No);
     LoopHzChange(i.s, 0, hz, TakeHold::No);
     EXPECT_TRUE(i.Sound.Log.empty());
-    EXPECT_THAT(i.Screen.Log, ElementsAre("ShowKnob 0 Vol", "ShowSoundDisplay 0", "ShowKnob 0 Pan", "ShowKnob 0 Hz"));
+    EXPECT_THAT(i.Screen.Log,
+                UnorderedElementsAre("ShowKnob 0 Vol", "ShowSoundDisplay 0", "ShowKnob 0 Pan", "ShowKnob 0 Hz"));
     LoopVolChange(i.s, 0, vol, TakeHold::Yes, UpdateDisplay::No);
     LoopPanChange(i.s, 0, pan, TakeHold::Yes);
     LoopHzChange(i.s, 0, hz, TakeHold::Yes);
@@ -82,7 +84,7 @@ TEST(Setters, TheMasterIsHeardOnAllRowsAndHasNoSoundDisplay) {
     EXPECT_THAT(i.Screen.Log, ElementsAre("ShowKnob 5 Vol"));
 }
 
-TEST(Setters, TheLineOfTheSoundDisplayMovesOnlyWhenToldTo) {
+TEST(Setters, TheLineOfTheSoundDisplayMovesOnlyWithUpdateDisplay) {
     Instrument i;
     std::int16_t vol = 100;
     LoopVolChange(i.s, 3, vol, TakeHold::Yes, UpdateDisplay::No);
@@ -103,7 +105,7 @@ TEST(Setters, AFailedCallKeepsTheSetting) {
     EXPECT_EQ(i.Desk.Boxes.size(), 1U);
 }
 
-/// What each gang setter does, told alike for the three.
+/// What each of the three gang setters does.
 struct Gang {
     std::string Name;
     void (*Change)(Session&, Row, std::int16_t);
@@ -142,7 +144,7 @@ TEST(GangSetters, RowFourReachesTheControlledRowsAndThenItself) {
     }
 }
 
-TEST(GangSetters, DuringStartUpRowFourIsPlain) {
+TEST(GangSetters, DuringStartUpRowFourReachesOnlyItself) {
     for (const Gang& gang : kGangs) {
         SCOPED_TRACE(gang.Name);
         Instrument i;
@@ -163,7 +165,7 @@ TEST(GangSetters, ARowInABandReachesTheWholeBand) {
     }
 }
 
-TEST(GangSetters, TheGivenRowIsNotTreatedApartFromItsBand) {
+TEST(GangSetters, ARowOfAnEmptyBandReachesNoRowNotEvenItself) {
     for (const Gang& gang : kGangs) {
         SCOPED_TRACE(gang.Name);
         Instrument i;
@@ -204,7 +206,7 @@ TEST(GangSetters, WithThreeDimensionsAPanChangesNothingNotEvenTheStoredOne) {
     EXPECT_TRUE(i.Screen.Log.empty());
 }
 
-TEST(Readouts, TellTheValueAsThePlayerKnowsIt) {
+TEST(Readouts, ShowTheValueInThePlayersUnits) {
     EXPECT_EQ(Vol2Text(500), "Vol: 500");
     EXPECT_EQ(Vol2Text(0), "Vol: 0");
     EXPECT_EQ(Hz2Text(1000), "Freq: 100%");
@@ -227,7 +229,7 @@ TEST(KnobFrame, DividesTheScaleIntoSixtyFourPicturesFromTheSecondSixtyFourthOn) 
     }
     for (int hz = 1; hz <= 4000; ++hz) {
         const int wanted = std::min(std::max(hz * 64 / 3999, 1), 64) - 1;
-        // A quotient of doubles may fall short of a whole number that the fraction meets.
+        // Where the fraction is a whole number, a quotient of doubles may be slightly less.
         if (hz * 64 % 3999 == 0) continue;
         ASSERT_EQ(KnobFrame(hz, 4000, 1), wanted) << hz;
     }

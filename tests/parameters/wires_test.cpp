@@ -16,6 +16,7 @@ namespace {
 using test::Instrument;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::UnorderedElementsAre;
 
 constexpr double kWidth = 600;
 constexpr double kLeft = 100;
@@ -79,7 +80,7 @@ TEST(LoopSetChannel, IsLimitedInPlaceStoredAndShown) {
     LoopSetChannel(i.s, 0, value, Apply::No);
     EXPECT_EQ(value, 8);
     EXPECT_EQ(i.s.Set[0].Channel, 8);
-    EXPECT_THAT(i.Screen.Log, ElementsAre("ShowWire 0", "ShowCaption 0", "ShowWire 0", "ShowCaption 0"));
+    EXPECT_THAT(i.Screen.Log, UnorderedElementsAre("ShowWire 0", "ShowCaption 0", "ShowWire 0", "ShowCaption 0"));
     EXPECT_THAT(i.Sound.Log, IsEmpty());
 }
 
@@ -207,7 +208,7 @@ TEST(ChannelFlag, ADragMovesOneChannelForAHundredTwipsUpwardsMore) {
         double Distance;
         int Channel;
     };
-    // Downwards the first channel goes at once, since the sum is rounded down.
+    // Downwards the first step comes at once, because the value is rounded down.
     for (const Case& c :
          std::vector<Case>{{0, 2}, {-99, 2}, {-100, 3}, {-199, 3}, {-200, 4}, {-900, 4}, {1, 1}, {100, 1}, {900, 1}}) {
         Instrument i;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "parameters/position.h"
 #include "performance/surfaces.h"
 
@@ -46,7 +48,7 @@ struct Hand : test::Surfaces {
     PixelPoint Place(int ball) {
         const BallPoint twips =
             ball == kPadBall ? BallPoint{s.PadTable[s.PadTypeIndex].X, s.PadTable[s.PadTypeIndex].Y} : s.BallPos[ball];
-        return {static_cast<int>(twips.X / 15), static_cast<int>(twips.Y / 15)};
+        return {static_cast<int>(std::lround(twips.X / 15)), static_cast<int>(std::lround(twips.Y / 15))};
     }
     void StandAt(int ball, int x, int y) {
         if (ball == kPadBall) {
@@ -112,6 +114,7 @@ TEST(BallHand, TheSecondQuickPressOfTheButtonCentresTheBallThatWasClicked) {
         EXPECT_EQ(hand.Place(ball), (PixelPoint{0, 0}));
         EXPECT_TRUE(hand.s.CursorFree);
         hand.Move(ball, hand.Pointer + PixelPoint{30, 30});
+        hand.Move(ball, hand.Pointer + PixelPoint{30, 30});
         hand.Release(ball, hand.Pointer);
         EXPECT_EQ(hand.Place(ball), (PixelPoint{0, 0}));
     }
@@ -176,14 +179,24 @@ TEST(BallHand, ARightPressOnALoopTracksBallBeginsTheFadeDrag) {
     EXPECT_FALSE(hand.Press(kPadBall, hand.On(kPadBall, 3, 2), kRightButton, 5000));
 }
 
-TEST(BallHand, AMoveAfterTheWindowHasLostThePointerTurnsTheListenerNoFurther) {
+TEST(BallHand, AButtonStillDownAfterTheWindowHasLostThePointerDragsNothing) {
+    for (int ball : {1, kListenerBall, kPadBall}) {
+        SCOPED_TRACE(ball);
+        Hand hand;
+        hand.Press(ball, hand.On(ball, 3, 2));
+        hand.Release(ball, hand.Pointer);  // what the window sends for a lost pointer
+        hand.Move(ball, hand.Pointer + PixelPoint{30, 30}, kLeftButton, false);
+        EXPECT_EQ(hand.Place(ball), (PixelPoint{0, 0}));
+    }
+}
+
+TEST(BallHand, ARightDragTurnsTheListenerByTheDistanceOnTheScreen) {
     Hand hand;
     const PixelPoint press = hand.On(kListenerBall, 3, 2);
     hand.Press(kListenerBall, press, kRightButton, 1000);
     hand.Move(kListenerBall, press + PixelPoint{0, -10}, kRightButton);
     EXPECT_EQ(hand.s.ListenerAngle, 45);
     hand.Release(kListenerBall, press + PixelPoint{0, -10}, kRightButton);
-    hand.Move(kListenerBall, press + PixelPoint{0, -20}, kRightButton, false);
     EXPECT_EQ(hand.s.ListenerAngle, 45);
 }
 

@@ -132,7 +132,7 @@ TEST_F(Bands, AClickOnTheOnlyMemberEmptiesTheLane) {
     EXPECT_EQ(i.s.BandTable[5].Last, 3);
 }
 
-TEST_F(Bands, AClickBesideTheRunStretchesTheBandToThere) {
+TEST_F(Bands, AClickOutsideTheRunExtendsTheBandToThere) {
     Click(2, 1);
     Click(2, 3);
     EXPECT_EQ(Members(2), "BCD");
@@ -216,7 +216,7 @@ TEST_F(Bands, TheSelectorOfABandStaysAsItWasWhenTheBandChanges) {
     EXPECT_EQ(i.s.BandTable[2].Controlled, True);
 }
 
-TEST_F(Bands, AMoveHintsAndWithoutAPressChangesNothing) {
+TEST_F(Bands, AMoveShowsTheHintAndWithoutAPressChangesNothing) {
     Bands_Gesture(i.s, 2, 1, Phase::Move);
     EXPECT_EQ(i.s.StatusText, "drg Band over LoopTracks; clk Add/Remove; dblclk Empty");
     EXPECT_EQ(Members(2), "");

@@ -1,4 +1,4 @@
-// What is heard of the sound map.
+// How the sound map sounds.
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ namespace {
 using test::HeardInstrument;
 using test::Sides;
 
-constexpr double kNear = 12;  ///< what rounding and the filters of the mixer may add
+constexpr double kNear = 12;  ///< tolerance for rounding and the mixer's filters
 
 /// Inverse distance with roll-off, as samples are loaded: whole up to 1 map unit, no softer beyond 4.
 double Expected(double level, double distance, double rollOff) {
@@ -67,7 +67,7 @@ TEST(HeardMap, AWalkFromSideToSideAndOutwardsSoftensAsTheInverseOfTheDistance) {
             }
         }
         SetRollOff(i.s, 1);
-        // Ahead (down on the map) and behind both sides hear the same, behind softer; each falls off with the distance.
+        // Ahead (down on the map) and behind, both sides are equally loud; behind is softer; both soften with distance.
         for (const double way : {1.0, -1.0}) {
             SCOPED_TRACE(way);
             i.Place(0, 0, way);
@@ -91,7 +91,7 @@ TEST(HeardMap, TheListenersBallMovesWhatIsHeardTheOtherWay) {
     ExpectSides(i, Expected(kLevel, 3, 1), 0);
     i.Place(kListenerBall, -2, 0);
     ExpectSides(i, 0, Expected(kLevel, 2, 1));
-    // 22 goes into the sine as it stands, half a turn nearly: left and right change places.
+    // 22 radians are nearly half a turn: left and right change places.
     RotateListener(i.s, 22, Apply::Yes);
     const Sides turned = i.Heard();
     EXPECT_GT(turned.Left, 50 * std::abs(turned.Right));
@@ -159,7 +159,7 @@ TEST(HeardMap, SwitchingThereAndBackKeepsSamplesSettingsAndPatternsAndIsHeard) {
     }
 }
 
-TEST(HeardMap, AnotherDeviceHearsTheListenerWhereItStands) {
+TEST(HeardMap, AnotherDeviceGetsTheListenersPlaceAndHeading) {
     HeardInstrument i;
     SetUse3D(i.s, true);
     i.s.DeviceSwapArmed = true;

@@ -1,4 +1,4 @@
-// What is heard of the mix pad.
+// How the mix pad sounds.
 
 #include <gtest/gtest.h>
 

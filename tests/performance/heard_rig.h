@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// An instrument that is heard: the real audio service rendered to memory, fakes for the rest.
+/// An instrument with the real sound service, rendered to memory, and fakes for everything else.
 
 #include <cstdint>
 #include <memory>
@@ -77,7 +77,7 @@ struct HeardInstrument {
         Renderer.Render(out.data(), frames);
         return out;
     }
-    /// What is heard once the last change is through.
+    /// The output after the last change has taken effect.
     Sides Heard() {
         Render(2048);
         const std::vector<std::int16_t> out = Render(1024);
@@ -88,7 +88,7 @@ struct HeardInstrument {
         }
         return {sum.Left / 1024, sum.Right / 1024};
     }
-    /// A ball to a place in map units, as a drag that is heard.
+    /// Moves a ball to a place in map units and applies it.
     void Place(int ball, double x, double y) {
         PosScaled(s, x, y, ball, s.MapRange, {.Absolute = true, .Apply = true});
     }

@@ -92,7 +92,7 @@ TEST(InitDirectInput, AnErrorInALaterStepIsIgnoredAndTheNextRuns) {
         EXPECT_TRUE(i.s.JoyEnabled);
         EXPECT_EQ(i.Timers.Live.size(), 1u);
         EXPECT_FALSE(i.s.Joy.Refreshing);
-        // Every call is made but those to a device that was not created.
+        // Every call is made except those to a device that was not created.
         EXPECT_EQ(i.Stick.Log.size(), i.s.JoyDevice ? 12u : 2u);
         const bool axesKnown = i.s.JoyDevice && std::string(step) != "GetDeviceObjectsEnum";
         EXPECT_EQ(i.s.Joy.AxisNames.size(), axesKnown ? 3u : 1u);
@@ -104,7 +104,7 @@ TEST(InitDirectInput, AnErrorInALaterStepIsIgnoredAndTheNextRuns) {
     EXPECT_FALSE(i.s.Joy.Refreshing);
 }
 
-TEST(JoyFindAxes, TheOffsetTellsTheEntryAndOtherOffsetsAreIgnored) {
+TEST(JoyFindAxes, TheOffsetChoosesTheEntryAndOtherOffsetsAreIgnored) {
     Surfaces i;
     InitDirectInput(i.s);
     i.Stick.Axes = {0, 12, 16, 24, 28, 32, 6, -4, 1000};
@@ -145,7 +145,7 @@ TEST(JButton, ClicksDoNothingWhileTheListsAreFilled) {
     EXPECT_EQ(i.s.Joy.Axis[0], 3);
 }
 
-TEST(JButton, AnEntryThatIsNotInTheListIsNoChoice) {
+TEST(JButton, AnEntryThatTheListDoesNotHaveIsIgnored) {
     Surfaces i;
     InitDirectInput(i.s);
     JButton_Click(i.s, 0, 9);
@@ -155,7 +155,7 @@ TEST(JButton, AnEntryThatIsNotInTheListIsNoChoice) {
     EXPECT_EQ(i.s.Joy.Axis[0], 3);
 }
 
-TEST(JAxis, TheOtherUseOfTheSameAxisFallsToNone) {
+TEST(JAxis, TheOtherUseOfTheSameAxisChangesToNone) {
     Surfaces i;
     i.Stick.Axes = {0, 4, 8, 12, 16, 20};
     InitDirectInput(i.s);
@@ -169,7 +169,7 @@ TEST(JAxis, TheOtherUseOfTheSameAxisFallsToNone) {
     EXPECT_THAT(List(i.s.Joy.Axis), ElementsAre(0, 4));
 }
 
-TEST(JoyShowAssignments, ShowsRestoredAssignmentsAndFallsToNoneWhereTheDeviceHasNoSuchAxis) {
+TEST(JoyShowAssignments, ShowsRestoredAssignmentsAndNoneWhereTheDeviceHasNoSuchAxis) {
     Surfaces i;
     InitDirectInput(i.s);
     i.s.Joy.Button = Table<std::int16_t, 5>{{{7, 6, 8, 99, -4}}};

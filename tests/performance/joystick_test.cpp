@@ -16,7 +16,7 @@ using testing::ElementsAre;
 
 constexpr double kHalf = Surfaces::kHalf;
 
-/// A joystick that rests, and has been polled once.
+/// A joystick in its rest position that has been polled once.
 struct Flown : Surfaces {
     Flown() {
         InitDirectInput(s);
@@ -69,7 +69,7 @@ TEST(JoyPoll, ADeviceThatIsLostOrNotAcquiredIsAcquiredAgainAndThePollEnds) {
             i.Push(9000, 1000);
             EXPECT_EQ(i.Stick.Log.back(), "Acquire");
             EXPECT_EQ(i.Pad().X, 0);
-            // One that stays away does not end the program.
+            // A device that stays away does not end the program.
             i.Stick.Failures["Acquire"] = input_error::kInputLost;
             i.Poll();
             EXPECT_TRUE(i.Desk.Boxes.empty());
@@ -81,7 +81,7 @@ TEST(JoyPoll, ADeviceThatIsLostOrNotAcquiredIsAcquiredAgainAndThePollEnds) {
     }
 }
 
-TEST(JoyPoll, AnotherRefusalOfTheStateIsHeldBackAndThePollGoesOnWithTheLastState) {
+TEST(JoyPoll, AnotherErrorOfTheStateIsIgnoredAndThePollGoesOnWithTheLastState) {
     Flown i;
     i.Stick.Failures["GetDeviceStateJoystick"] = 77;
     i.s.Joy.State.x = 9000;
@@ -98,7 +98,7 @@ TEST(JoyPoll, AnErrorAfterTheReadingIsShownAndEndsTheProgram) {
     EXPECT_THAT(i.Desk.Log, ElementsAre("EndProgram"));
 }
 
-TEST(JoyPoll, NoFurtherPollComesInWhileTheBoxOfAnErrorIsOpen) {
+TEST(JoyPoll, NoFurtherPollRunsWhileTheBoxOfAnErrorIsOpen) {
     Flown i;
     i.s.Joy.Button[kJoyMove] = -1;
     i.Desk.WhileBoxIsOpen = [&] { i.Poll(); };
@@ -106,7 +106,7 @@ TEST(JoyPoll, NoFurtherPollComesInWhileTheBoxOfAnErrorIsOpen) {
     EXPECT_EQ(i.Desk.Boxes.size(), 1u);
 }
 
-TEST(JoyPoll, AnotherRefusalOfThePollIsShownAndEndsTheProgram) {
+TEST(JoyPoll, AnotherErrorOfThePollIsShownAndEndsTheProgram) {
     Flown i;
     i.Stick.Failures["Poll"] = 77;
     i.Poll();
@@ -124,13 +124,13 @@ TEST(JoyPoll, TheStickActsBeforeTheCentreButtonAndBothUnderThePadTypeThatTheHatL
     i.Push(9000, 9000);
     EXPECT_EQ(i.s.PadTypeIndex, 3);
     EXPECT_EQ(i.s.PadTable[2].X, 0);
-    // Under the new type nothing has acted yet.
+    // The new type is still untouched.
     EXPECT_EQ(i.Pad().X, 0);
     EXPECT_EQ(i.s.ChannelPan[1], 123);
     i.Stick.State.buttons[2] = 0;
     i.Poll();
     EXPECT_EQ(i.Pad().X, kHalf);
-    // Stick and centre button alone: the button has the last word.
+    // Stick and centre button together: the button acts last.
     i.Stick.State.buttons[2] = 1;
     i.Push(8000, 8000);
     EXPECT_EQ(i.Pad().X, 0);
@@ -143,7 +143,7 @@ TEST(JoyPoll, TheHatComesBeforeTheMasterVolumeAndThatBeforeTheToggle) {
     i.Stick.State.z = 4000;
     i.Stick.State.buttons[5] = 0;
     i.Hat(31500);
-    // The box is that of the tab to which the hat has gone.
+    // It is the box of the tab that the hat has opened.
     EXPECT_NE(i.s.Joy.Relative[0], False);
     EXPECT_EQ(i.s.Joy.Relative[1], False);
     const auto place = [&](const char* entry) { return std::ranges::find(i.Screen.Log, entry) - i.Screen.Log.begin(); };
@@ -191,7 +191,7 @@ TEST(JoyStick, AtTheStopInRelativeModeOnePollMovesByHalfAndOnlyIfTheRawValueChan
     i.Poll();
     i.Poll();
     EXPECT_DOUBLE_EQ(i.Pad().X, kHalf / 2);
-    // Beyond the clamp the raw value still counts as a change.
+    // Beyond the clamp a change of the raw value still counts.
     i.Push(9999, 5000);
     EXPECT_DOUBLE_EQ(i.Pad().X, kHalf);
     i.Push(0, 5000);
@@ -302,7 +302,7 @@ TEST(JoyCentre, OnTheMapTheListenerIsPutOnTheCentre) {
     EXPECT_EQ(i.Sound.Count("SetListenerPosition 0.000000,0.000000,0.000000"), 1);
 }
 
-TEST(JoyCentre, LeavesTheListenerWhenAScriptThatHeardOfTheStickGoesToAnotherTab) {
+TEST(JoyCentre, DoesNotMoveTheListenerWhenAScriptOpensAnotherTabInTheSticksEvent) {
     Flown i;
     i.Use3D();
     i.s.ActiveTab = kMapTab;
@@ -424,7 +424,7 @@ TEST(JoyToggle, FlipsTheBoxOfTheTabOnRelease) {
     EXPECT_NE(i.s.Joy.Relative[0], False);
 }
 
-TEST(JoyButton, AnActionSetToNoneListensToTheNinthButton) {
+TEST(JoyButton, AnActionSetToNoneReadsTheNinthButton) {
     Flown i;
     JButton_Click(i.s, kJoyCentre, kNoButtonEntry);
     PadMove(i.s, 100, 100, 500, {.Absolute = true, .Apply = false});

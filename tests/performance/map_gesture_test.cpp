@@ -91,7 +91,7 @@ TEST(PosGesture, ThePointerIsFreeBeforeTheLastMoveIsMade) {
     i.Use3D();
     i.Fill(1);
     PosGesture(i.s, Phase::Down, 1, kLeftButton, kHold, kHold);
-    // A service that refuses opens a box, which the player must be able to answer.
+    // When the service refuses, a box opens that the player must be able to answer.
     i.Sound.Failures["SetPosition"] = sound_error::kGeneric;
     std::vector<bool> free;
     i.Desk.WhileBoxIsOpen = [&] { free.push_back(i.s.CursorFree && i.Desk.Log.back() == "ReleaseCursor"); };
@@ -117,7 +117,7 @@ TEST(PosGesture, ARightDragTurnsTheListenerThreeDegreesForTenTwipsDownwardsToThe
     EXPECT_EQ(i.s.ListenerAngle, 97);
     PosGesture(i.s, Phase::Move, kListenerBall, kRightButton, 0, 40);
     EXPECT_EQ(i.s.ListenerAngle, 103);
-    // A step upwards that is less than a degree turns by one, downwards by none.
+    // Less than a degree upwards turns by one, downwards by none.
     PosGesture(i.s, Phase::Move, kListenerBall, kRightButton, 0, 49);
     EXPECT_EQ(i.s.ListenerAngle, 101);
     PosGesture(i.s, Phase::Move, kListenerBall, kRightButton, 0, 51);
@@ -207,7 +207,7 @@ TEST(PosEvents, OnlyEverySoManyMovesPassAndForcePassesAtOnce) {
     EXPECT_EQ(i.Scripts.Events.size(), 3u);
 }
 
-TEST(PosEvents, NothingIsSentOrCountedWhileUnwantedOrWhileAnotherEventRuns) {
+TEST(PosEvents, NothingIsSentOrCountedWhileTheEventIsOffOrAnotherEventRuns) {
     Scripted i;
     i.s.EventWanted[ScriptEvent::OnPositionScroll] = 0;
     PosScrollEvent(i.s, 0, 1, 1, Force::Yes, kMapScroll);

@@ -65,7 +65,7 @@ TEST(PadMix, BallOnTheCentreOfASquarePadGivesTheMiddleOfEachScale) {
 TEST(PadMix, BallOnACornerSilencesTheOppositeChannelAfterTheCentre) {
     Surfaces i;
     Mix(i, 2, 2, -kHalf, -kHalf);
-    // The neighbours stand at 0.7071 of the diagonal.
+    // The neighbouring corners are at 0.7071 of the diagonal.
     EXPECT_EQ(Levels(i, 2), (Four{0, 207, 500, 207}));
 }
 
@@ -100,7 +100,7 @@ TEST(PadMix, PitchJumpsFromUnityDownToNearNothingAsTheBallCrossesTheThreshold) {
 
 TEST(PadMix, OnTheThresholdItselfAChannelIsUntouched) {
     Surfaces i;
-    // Of this size the middle of a side is on the threshold to the last bit.
+    // With this size the middle of a side is exactly on the threshold.
     PadGeometryInit(i.s, 4470, 4470);
     ASSERT_EQ(2115 / i.s.Geometry.PadDiagonal, i.s.Geometry.SideCentre);
     Mix(i, 0, 3, 0, -2115);
@@ -153,7 +153,7 @@ TEST(PadMix, TheThresholdStaysAShareOfTheDiagonalOnAPadThatIsNotSquare) {
     PadGeometryInit(i.s, 9000, 2000);
     const double halfX = i.s.Geometry.PadHalfX;
     const double halfY = i.s.Geometry.PadHalfY;
-    // Middle of the short side: far nearer than 0.3536 of the diagonal, so channel 1 is left alone there.
+    // Middle of the short side: far nearer than 0.3536 of the diagonal, so channel 1 is untouched there.
     Mix(i, 2, 3, -halfX, 0);
     EXPECT_EQ(i.s.ChannelVol[1], 0);
     // Middle of the long side: at nearly half the diagonal, so it is not.
@@ -179,7 +179,7 @@ TEST(PadMix, TheOneAxisFormFadesTheLeftPairAgainstTheRightPair) {
 TEST(PadMix, LevelsOnAHalfGoToTheEvenNumber) {
     Surfaces i;
     i.s.PadTable[2].Function = 1;
-    // One-axis weights that are whole eighths, so that the attenuation ends on a half exactly.
+    // One-axis weights in whole eighths, so that the attenuation is exactly a half.
     i.s.Geometry.PadHalfX = 512;
     for (const auto& [x0, left, right] : {std::tuple{-384.0, 62, 438}, {-128.0, 188, 312}, {128.0, 312, 188}}) {
         double x = x0;
@@ -251,7 +251,7 @@ TEST(PadMix, SendsOnlyTheParameterOfItsTypeAndOnlyWithApply) {
     }
 }
 
-/// The levels worked out another way: with the hypotenuse, tables and the rounding of the processor.
+/// The levels computed another way: with the hypotenuse, tables and the rounding of the processor.
 int Independent(double weight, int type, int function) {
     const double side = std::sqrt(0.125);
     bool untouched = false;

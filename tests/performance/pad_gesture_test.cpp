@@ -9,7 +9,7 @@ namespace {
 
 using test::Surfaces;
 
-constexpr double kHold = 15 * 15;  ///< the point of the ball by which it is held, twips
+constexpr double kHold = 15 * 15;  ///< the point at which the ball is held, twips
 
 TEST(PadBallGesture, APressPutsThePointerOnTheBallAndThenConfinesItToThePad) {
     for (const auto button : std::initializer_list<std::int16_t>{kLeftButton, kRightButton}) {
@@ -68,7 +68,7 @@ TEST(PadBallGesture, ThePointerIsFreeBeforeTheLastMoveIsMade) {
     Surfaces i;
     i.Fill(0);
     PadBallGesture(i.s, Phase::Down, kLeftButton, kHold, kHold);
-    // A service that refuses opens a box, which the player must be able to answer.
+    // When the service refuses, a box opens that the player must be able to answer.
     i.Sound.Failures["SetVolume"] = sound_error::kGeneric;
     std::vector<bool> free;
     i.Desk.WhileBoxIsOpen = [&] { free.push_back(i.s.CursorFree && i.Desk.Log.back() == "ReleaseCursor"); };

@@ -30,7 +30,7 @@ TEST(Scatter, AbsoluteDrawsXThenYOnTheHalfWidthForEachLoopTrackInOrder) {
     EXPECT_EQ(i.s.BallPos[4].X, 0);
 }
 
-TEST(Scatter, AHalfWidthThatIsNoWholeNumberIsCut) {
+TEST(Scatter, AHalfWidthThatIsNotAWholeNumberIsRoundedDown) {
     Surfaces i;
     i.s.Geometry.PadHalfX = i.s.Geometry.PadHalfY = 2130.75;
     i.Chance.Sequence = {0.0, 0.0};
@@ -80,7 +80,7 @@ TEST(Scatter, AStepPastTheNegativeEdgeIsClamped) {
 
 TEST(Scatter, RelativeStepsFollowThePreparedChanceOverALongWalk) {
     Surfaces i;
-    // A sequence of its own, and the walk worked out beside it.
+    // A prepared sequence, and the walk computed beside it.
     std::vector<double> draws;
     std::uint32_t seed = 12345;
     for (int n = 0; n < 8 * 400; ++n) {
@@ -126,7 +126,7 @@ TEST(PosMacros, TheScatteringsActOnceAndTheSameChoiceAgainDoesNothing) {
     }
 }
 
-TEST(PosMacros, TheOtherEntriesStartTheCountAfresh) {
+TEST(PosMacros, TheOtherEntriesRestartTheCount) {
     for (const auto entry : std::initializer_list<std::int16_t>{3, 4}) {
         Surfaces i;
         i.s.WanderElapsed = 55;

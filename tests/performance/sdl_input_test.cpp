@@ -98,14 +98,14 @@ TEST(SdlInput, ListsTheAttachedJoysticksOfItsClassOnly) {
     EXPECT_NE(ErrorOf([&] { input->CreateDevice("nobody"); }), 0u);
 }
 
-TEST(SdlInput, TellsTheOffsetsOfItsAxes) {
+TEST(SdlInput, ReportsTheOffsetsOfItsAxes) {
     Service i;
     EXPECT_THAT(i.Device->GetDeviceObjectsEnum(), ElementsAre(0, 4, 8, 20));
 }
 
 TEST(SdlInput, ScalesXAndYWithDeadZoneAndSaturation) {
     Service i;
-    // 0.095 of the way is dead, 0.525 is the middle between 0.1 and 0.95, 0.95 is full.
+    // 0.095 is in the dead zone, 0.525 is the middle between 0.1 and 0.95, 0.95 is full.
     for (const auto& [raw, expected] : {std::pair{0, 5000},
                                         {3113, 5000},
                                         {-3113, 5000},
@@ -164,7 +164,7 @@ TEST(SdlInput, ReadsEveryButton) {
     EXPECT_THAT(state.buttons, testing::Each(0));
 }
 
-TEST(SdlInput, WorksWithoutAWindowOfSdlsOwn) {
+TEST(SdlInput, WorksWithoutAnSdlWindow) {
     Service i;
     EXPECT_STREQ(SDL_GetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS), "1");
     EXPECT_EQ(SDL_WasInit(SDL_INIT_VIDEO), 0u);
@@ -200,7 +200,7 @@ TEST(SdlInput, AStickThatIsPulledOutInMidPollIsLostThenNotAcquiredAndComesBack) 
     EXPECT_EQ(i.Read().x, 10000);
 }
 
-TEST(SdlInput, APropertyOfAnAxisThatIsNotThereIsRefused) {
+TEST(SdlInput, APropertyOfAMissingAxisIsRefused) {
     Service i;
     EXPECT_NE(ErrorOf([&] { i.Device->SetProperty({JoyProperty::DeadZone, 20, 12, 1, 500, 0}); }), 0u);
     EXPECT_NE(ErrorOf([&] { i.Device->SetProperty({JoyProperty::DeadZone, 24, 0, 1, 500, 0}); }), 0u);
@@ -220,7 +220,7 @@ TEST(SdlInput, DrivesTheInstrumentAndItsLossEndsNothing) {
     test::Surfaces i;
     i.s.World.CreateDirectInput = [] { return CreateSdlInput(); };
     InitDirectInput(i.s);
-    // Another joystick may be attached to the machine: it is the virtual one that is played here.
+    // A real joystick may be attached to the machine: the test moves the virtual one.
     i.s.JoyDevice = i.s.DI->CreateDevice(stick.Guid());
     JoyFindAxes(i.s, *i.s.JoyDevice);
     JoySetProperties(i.s);

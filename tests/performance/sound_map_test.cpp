@@ -60,12 +60,12 @@ TEST(SoundMap, AMoveIsStoredInTwipsAndInMapUnitsAndShownCutToTwoDecimals) {
     EXPECT_EQ(i.s.StatusText, "0, 0");
 }
 
-TEST(SoundMap, APlaceIsCutInThePrecisionInWhichItIsKept) {
+TEST(SoundMap, APlaceIsCutInThePrecisionInWhichItIsStored) {
     Surfaces i;
-    // 0.7 and 1.1 are no whole hundredths in double precision, but they are in single.
+    // 0.7 and 1.1 are less than 70 and 110 hundredths in double precision, but not in single.
     PosScaled(i.s, 0.7, 1.1, 0, 1.5, {.Absolute = true, .Apply = true});
     EXPECT_EQ(i.s.StatusText, "0.7, 1.1");
-    // A hair to the left of the middle is a hundredth to the left; no zero has a sign.
+    // Just left of the middle is cut to -0.01; zero has no sign.
     PosMove(i.s, -0.1, -0.0, 0, {.Absolute = true, .Apply = true});
     EXPECT_EQ(i.s.StatusText, "-0.01, 0");
 }
@@ -98,7 +98,7 @@ TEST(SoundMap, OnAMapThatIsNotSquareYGoesInByTheHeightAndComesOutByTheWidth) {
     EXPECT_FLOAT_EQ(i.s.Set[1].PositionY, 0.375F);
 }
 
-TEST(SoundMap, With3DTheServiceHearsTheFlatPlaceOfALoadedLoopTrackAndOfTheListener) {
+TEST(SoundMap, With3DTheServiceGetsTheFlatPlaceOfALoadedLoopTrackAndOfTheListener) {
     Surfaces i;
     i.Use3D();
     i.Fill(1);
@@ -292,7 +292,7 @@ TEST(RollOff, ARefusalIsShownAndThePlayerGoesOn) {
     EXPECT_EQ(i.Desk.LastBox(), "Error setting roll off: An invalid parameter was passed to the returning function.");
 }
 
-TEST(SoundMap, ARefusedPlaceIsToldAndTheBallStays) {
+TEST(SoundMap, ARefusedPlaceIsReportedAndTheBallStays) {
     Surfaces i;
     i.Use3D();
     i.Fill(1);
@@ -328,7 +328,7 @@ TEST(SoundMap, ARefusedPlaceEndsAWanderBeforeItsBoxOpens) {
     EXPECT_EQ(i.Screen.Count("ShowMapControls"), 1);
 }
 
-TEST(Listener, ARefusedHeadingIsToldAndTheOldOneStays) {
+TEST(Listener, ARefusedHeadingIsReportedAndThePreviousOneStays) {
     Surfaces i;
     i.Use3D();
     RotateListener(i.s, 40, Apply::Yes);
@@ -353,7 +353,7 @@ TEST(Listener, RotatingByMinusTenGives350AndBy720Gives0) {
     EXPECT_TRUE(i.Sound.Log.empty());
 }
 
-TEST(Listener, TheDegreesGoIntoSineAndCosineAsTheyStand) {
+TEST(Listener, TheDegreesAreUsedAsRadians) {
     Surfaces i;
     i.Use3D();
     RotateListener(i.s, 90, Apply::Yes);

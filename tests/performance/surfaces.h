@@ -7,7 +7,7 @@
 
 namespace marvolin::test {
 
-/// An instrument whose pad and map are 300 x 300 pixels inside and stand as they do after the start.
+/// An instrument whose pad and map are 300 x 300 pixels inside, in the state after the start.
 struct Surfaces : Instrument {
     static constexpr double kHalf = 2130;  ///< (300 - 16) / 2 pixels in twips
 
@@ -18,7 +18,7 @@ struct Surfaces : Instrument {
         MapInit(s);
         Clear();
     }
-    /// Makes the logs empty.
+    /// Empties the logs.
     void Clear() {
         Screen.Log.clear();
         Sound.Log.clear();

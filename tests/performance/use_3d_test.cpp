@@ -46,7 +46,7 @@ TEST(Use3D, SwitchingTakesTheDeviceDownAndUpAndEnablesTheMap) {
     EXPECT_EQ(i.Screen.Count("ShowMapBall 0"), 0);
 }
 
-TEST(Use3D, TheStateThatStandsAlreadyChangesNothing) {
+TEST(Use3D, TheSameStateAgainChangesNothing) {
     Opened i;
     SetUse3D(i.s, false);
     EXPECT_TRUE(i.Sound.Log.empty());
@@ -71,7 +71,7 @@ TEST(Use3D, TheBoxSavesTheSessionSwitchesLoadsItBackAndDeletesTheFile) {
     ASSERT_EQ(i.Store.Log.size(), 2u);
     EXPECT_EQ(i.Store.Log[0], "Save " + file.string() + " all everything");
     EXPECT_EQ(i.Store.Log[1], "Load " + file.string());
-    // All but the state of 3D itself, which would undo the change.
+    // Everything but the 3D setting itself, which would undo the change.
     clsSwitchRecord expected;
     expected.SetSwitch(true);
     expected.Put(Element::ThreeD, false);
@@ -93,7 +93,7 @@ TEST(Use3D, WithoutATemporaryFileTheSwitchIsMadeAndNothingIsSaved) {
     EXPECT_TRUE(i.Store.Log.empty());
 }
 
-TEST(Use3D, TheClickOfTheBoxIsHeldBackWhileItIsSet) {
+TEST(Use3D, TheClickOfTheBoxDoesNotRunWhileTheBoxIsSet) {
     Opened i;
     i.s.Enable3dHeld = true;
     Enable3d_Click(i.s, true);
@@ -104,12 +104,13 @@ TEST(Use3D, TheClickOfTheBoxIsHeldBackWhileItIsSet) {
     EXPECT_TRUE(i.s.MapEnabled);
 }
 
-TEST(Use3D, TheControlsAreEnabledBeforeTheBallsArePlaced) {
+TEST(Use3D, SwitchingShowsTheControlsAndPlacesAllBalls) {
     Opened i;
     SetUse3D(i.s, true);
-    const auto place = [&](const char* entry) { return std::ranges::find(i.Screen.Log, entry) - i.Screen.Log.begin(); };
-    EXPECT_LT(place("ShowMapControls"), place("ShowMapBall 0"));
-    EXPECT_LT(place("ShowMapBall 0"), place("ShowMapBall 4"));
+    EXPECT_EQ(i.Screen.Count("ShowMapControls"), 1);
+    for (const char* ball : {"0", "1", "2", "3", "4"}) {
+        EXPECT_EQ(i.Screen.Count(std::string("ShowMapBall ") + ball), 1) << ball;
+    }
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ TEST(WireSets, EachEntryWiresTheFourLoopTracks) {
     }
 }
 
-TEST(WireSets, BlanksAroundTheTextDoNotMatter) {
+TEST(WireSets, BlanksAroundTheTextAreIgnored) {
     Instrument i;
     WireSet(i.s, "  Alternate by 2  ");
     EXPECT_EQ(Wires(i), (std::array{1, 2, 1, 2}));
@@ -63,7 +63,7 @@ TEST(WireSets, EndWithFrequencyPanAndVolumeOfAllInThisOrder) {
     EXPECT_TRUE((last - 1)->starts_with("SetVolume"));
 }
 
-TEST(WireSets, AnEntryThatIsNotInTheListIsRefused) {
+TEST(WireSets, AnEntryThatTheListDoesNotHaveIsRefused) {
     Instrument i;
     EXPECT_THROW(SetChannel_Click(i.s, 9), SubscriptError);
     EXPECT_THROW(SetChannel_Click(i.s, -1), SubscriptError);

@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <new>
 
-// A file of its own: the compiler must not see through these at the places where memory is taken and given back.
+// In a file of its own, so that the compiler cannot inline these where memory is allocated and freed.
 
 namespace {
 

@@ -46,7 +46,7 @@ TEST_F(LoopClock, StepsComeEvery100MsExactlyAtTheTenthTickWithoutSwing) {
     }
 }
 
-TEST_F(LoopClock, TheRemainderIsDroppedSoThatALateTickMakesUpNoTime) {
+TEST_F(LoopClock, TheRemainderIsDroppedSoThatALateTickStretchesTheStep) {
     Sounding(0, kTrack, 10);
     EXPECT_EQ(TicksToTheNextStep(0, 15), 7);  // 105 ms
     EXPECT_EQ(i.s.Run[0].StepElapsed, 0);
@@ -73,7 +73,7 @@ TEST_F(LoopClock, WithSwingAsLongAsTheStepAStepCanFallDueAtTheFirstTickAfterTheP
     EXPECT_EQ(TicksToTheNextStep(0, 10), 20);
 }
 
-TEST_F(LoopClock, AFreshJitterIsDrawnAtEveryTick) {
+TEST_F(LoopClock, ANewJitterIsDrawnAtEveryTick) {
     LoopTrackRun& run = Sounding(0, kTrack, 10);
     i.s.Set[0].Swing = 2;
     // 41 values from -20 to +20 around 10, 20, .. ms: only the last one reaches 100.
@@ -101,7 +101,7 @@ TEST_F(LoopClock, AStepOfNoLengthFromAFileGivesAStepAtEveryTick) {
     }
 }
 
-TEST_F(LoopClock, ValuesFromAFileThatLeave32BitsDoNotStopTheTick) {
+TEST_F(LoopClock, ValuesFromAFileThatExceed32BitsDoNotStopTheTick) {
     LoopTrackRun& run = Sounding(0, kTrack, 2'000'000'000);
     i.s.Set[0].Swing = 2'000'000'000;
     run.StepElapsed = 2'147'483'000;
@@ -173,7 +173,7 @@ TEST_F(LoopClock, LoweringNStepsBelowTheCurrentStepIsHarmlessTheNextStepWraps) {
     EXPECT_EQ(run.Step, 0);
 }
 
-TEST_F(LoopClock, AStepAppliesVolumeFrequencyAndPanInThisOrderAndLeavesATrackSampleAlone) {
+TEST_F(LoopClock, AStepAppliesVolumeFrequencyAndPanInThisOrderAndDoesNotRestartATrackSample) {
     Sounding(0, kTrack, 10);
     i.Sound.Log.clear();
     LoopTimer_Timer(i.s, 100);
@@ -257,7 +257,7 @@ TEST_F(LoopClock, AllRowsThatAreDueInOneTickAreTimedBeforeAnyIsStepped) {
         i.s.Set[row].Pattern[kHzPattern][kPatternOffset] = 0;
     }
     i.Sound.Log.clear();
-    // The jitter of all four rows comes off first; the steps, which draw from other numbers, come after.
+    // The jitter of all four rows is drawn first, then the random parts of the steps.
     i.Sound.Failures["SetCurrentPosition"] = sound_error::kGeneric;
     EXPECT_THROW(LoopTimer_Timer(i.s, 200), SoundError);
     EXPECT_EQ(i.Chance.Draws, 4);
@@ -330,7 +330,7 @@ TEST_F(LoopClock, AOneShotThatEndsKeepsItsPlaceInTheThinList) {
     EXPECT_EQ(i.s.ThinList, "CA");
 }
 
-TEST_F(LoopClock, AOneShotIsJudgedByThePlayingBitAlone) {
+TEST_F(LoopClock, OnlyThePlayingBitDecidesWhetherAOneShotHasEnded) {
     LoopTrackRun& run = Sounding(0, kOneShot);
     i.Buffer(0).Status = buffer_status::kLooping;
     LoopPollEnd(i.s, 0);
@@ -396,7 +396,7 @@ TEST_F(LoopClock, TheSelectionsButtonFollowsWhetherAControlledRowPlays) {
     EXPECT_EQ(i.Screen.Count("ShowPlay 4"), 2);
 }
 
-TEST_F(LoopClock, AOneShotThatEndsPutsOutTheSelectionsButtonInTheSameTick) {
+TEST_F(LoopClock, AOneShotThatEndsSwitchesTheSelectionsButtonOffInTheSameTick) {
     Sounding(1, kOneShot);
     i.Select(1);
     LoopTimer_Timer(i.s, 10);

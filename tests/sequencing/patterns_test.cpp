@@ -15,7 +15,7 @@ namespace {
 using test::Instrument;
 using testing::ElementsAre;
 
-TEST(InitPatternTables, ResetsTheLoopTracksAndPutsTheViewAtRest) {
+TEST(InitPatternTables, ResetsTheLoopTracksAndEndsAnyDrawing) {
     Instrument i;
     for (Row row = 0; row < kLoopTracks; ++row) {
         i.s.Set[row].NSteps = 9;
@@ -38,7 +38,7 @@ TEST(InitPatternTables, ResetsTheLoopTracksAndPutsTheViewAtRest) {
     for (int p = 0; p < kPatternRows; ++p) EXPECT_EQ(i.Screen.Count("ShowPattern " + std::to_string(p)), 1);
 }
 
-TEST(InitPatternTables, ShowsTheLabelEvenWhenTheMarkersScaleStandsAlready) {
+TEST(InitPatternTables, ShowsTheLabelEvenWhenTheMarkersScaleIsAlreadySet) {
     Instrument i;
     i.s.StepsShown = 9;
     i.s.StepReadOutTop = 4;
@@ -88,7 +88,7 @@ TEST_F(NSteps, StayWithin1And32) {
     EXPECT_EQ(i.s.Set[0].NSteps, 31);
 }
 
-TEST_F(NSteps, AMoveWithoutAPressOnlyHints) {
+TEST_F(NSteps, AMoveWithoutAPressOnlyShowsTheHint) {
     NSteps_Gesture(i.s, Phase::Move, 100);
     EXPECT_EQ(i.s.StatusText, "drg #Steps -/+");
     EXPECT_EQ(i.s.StepsShown, 10);
@@ -104,7 +104,7 @@ TEST_F(NSteps, EachMoveShowsTheLabel) {
     }
 }
 
-TEST_F(NSteps, ADragCountsFromTheNumberShownEvenWhenAnEraserHasLeftItOld) {
+TEST_F(NSteps, ADragCountsFromTheNumberShownEvenWhenAnEraserMadeItOutOfDate) {
     EraserDrop(i.s, kVolPattern);
     ASSERT_EQ(i.s.Set[0].NSteps, 3);
     NSteps_Gesture(i.s, Phase::Down, 0);
@@ -257,7 +257,7 @@ protected:
         }
     }
     static std::int16_t Mark(Row row, int patternRow) { return static_cast<std::int16_t>(row * 10 + patternRow); }
-    /// For rows 0..4, the row whose block of `patternRow` each now holds, first value and spread alike.
+    /// For rows 0..4, the row whose block of `patternRow` each now holds, by its first value and its spread.
     std::vector<int> Owners(int patternRow) {
         std::vector<int> owners;
         for (Row row = 0; row <= kSelectionRow; ++row) {

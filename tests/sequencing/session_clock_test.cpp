@@ -10,7 +10,7 @@ namespace {
 
 using test::Instrument;
 
-TEST(SessionClock, ALongStallMovesTheSecondsByOneAndPaysTheRestOutAtTheFollowingTicks) {
+TEST(SessionClock, ALongStallMovesTheSecondsByOneAndTheFollowingTicksAddTheRest) {
     Instrument i;
     LoopTimer_Timer(i.s, 5000);
     EXPECT_EQ(i.s.Clock.ClockSeconds, 1);
@@ -88,7 +88,7 @@ TEST(SessionClock, ResetClearsAllFiveCounters) {
     EXPECT_EQ(i.s.Clock.ClockHours, 0);
 }
 
-TEST(TimerCollision, ATickInsideATickIsTurnedAwayAndItsTimeIsLostToAllCounters) {
+TEST(TimerCollision, ATickInsideATickIsRefusedAndItsTimeIsLostToAllCounters) {
     Instrument i;
     i.Fill(0);
     i.s.Set[0].PlayMode = kTrack;
@@ -104,7 +104,7 @@ TEST(TimerCollision, ATickInsideATickIsTurnedAwayAndItsTimeIsLostToAllCounters) 
     EXPECT_TRUE(i.s.LoopTimerBusy);
 }
 
-TEST(TimerCollision, TheWordsStayUntilTheNextFullSecond) {
+TEST(TimerCollision, TheMessageStaysUntilTheNextFullSecond) {
     Instrument i;
     LoopTimer_Timer(i.s, 500);
     i.s.LoopTimerBusy = true;
@@ -160,7 +160,7 @@ TEST_F(TimingRes, TheSliderSetsTheIntervalAndAResolutionOfAtMost25) {
     }
 }
 
-TEST_F(TimingRes, TheSliderEndsAt1And100) {
+TEST_F(TimingRes, TheSliderIsLimitedTo1And100) {
     ResSlider_Change(i.s, 0);
     EXPECT_EQ(Timer().Interval, 1);
     ResSlider_Change(i.s, 101);

@@ -24,7 +24,7 @@ TEST(TickAllocation, ATickInWhichNothingIsDueAllocatesNothing) {
         i.Select(row);
     }
     i.s.ActiveTab = kPatternTab;
-    LoopTimer_Timer(i.s, 10);  // the selection's button has followed
+    LoopTimer_Timer(i.s, 10);  // the selection's button is up to date
     const long before = test::Allocations();
     for (int tick = 0; tick < 90; ++tick) LoopTimer_Timer(i.s, 10);
     EXPECT_EQ(test::Allocations(), before);

@@ -12,6 +12,7 @@ namespace {
 using test::Instrument;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::UnorderedElementsAre;
 
 class TimeDigit : public testing::Test {
 protected:
@@ -47,7 +48,7 @@ TEST_F(TimeDigit, MovesOneUnitOfItsWeightForEach50TwipsUpward) {
     EXPECT_EQ(i.s.Run[0].BeatStartBytes, 54684);
 }
 
-TEST_F(TimeDigit, AFractionOfAUnitIsTakenDown) {
+TEST_F(TimeDigit, AFractionOfAUnitIsRoundedDown) {
     Drag(0, -49);  // Int(-0.98) is -1
     EXPECT_EQ(Set().StepDuration, 5001);
     Drag(0, 49);
@@ -98,7 +99,7 @@ TEST_F(TimeDigit, TheSampleStartCannotPassTheLengthAndReads100Percent) {
     EXPECT_EQ(i.s.TimeText[kBeatStartGroup], "001.00");
 }
 
-TEST_F(TimeDigit, TheSwingPercentageStaysOldAfterAChangeOfTheStep) {
+TEST_F(TimeDigit, TheSwingPercentageIsNotRefreshedAfterAChangeOfTheStep) {
     TimingRefresh(i.s);
     ASSERT_EQ(i.s.PercentText[kSwingGroup], "100.0%");
     i.Screen.Log.clear();
@@ -114,7 +115,7 @@ TEST_F(TimeDigit, ADragShowsItsOwnElementOnly) {
     for (int group = 0; group < 3; ++group) {
         i.Screen.Log.clear();
         Drag(5 * group, -50);
-        EXPECT_THAT(i.Screen.Log, ElementsAre("ShowStatusText", "ShowTime " + std::to_string(group)));
+        EXPECT_THAT(i.Screen.Log, UnorderedElementsAre("ShowStatusText", "ShowTime " + std::to_string(group)));
         i.s.StatusText = "";
     }
 }
@@ -128,7 +129,7 @@ TEST_F(TimeDigit, ADragActsOnTheCurrentLoopAlone) {
     EXPECT_EQ(i.s.Set[1].StepDuration, 1);
 }
 
-TEST_F(TimeDigit, AMoveWithoutAPressOnlyHints) {
+TEST_F(TimeDigit, AMoveWithoutAPressOnlyShowsTheHint) {
     TimeDigit_Gesture(i.s, 3, Phase::Move, -500);
     EXPECT_EQ(i.s.StatusText, "drg Digits -/+");
     EXPECT_EQ(Set().StepDuration, 5000);
@@ -225,7 +226,7 @@ TEST_F(TimingCopies, AStartCopiedFromALongSampleToAShortOneIsTheShortSamplesLeng
 
 TEST_F(TimingCopies, ADropOnTheCurrentLoopItselfChangesNothing) {
     const LoopTrackSet before = i.s.Set[0];
-    i.s.Run[0].BeatStartBytes = 7;  // not even worked out again
+    i.s.Run[0].BeatStartBytes = 7;  // not computed again
     for (const int what : {0, 1, 2}) TimingCopy(i.s, 0, 0, what);
     EXPECT_EQ(i.s.Set[0], before);
     EXPECT_EQ(i.s.Run[0].BeatStartBytes, 7);
@@ -247,7 +248,7 @@ TEST_F(TimingCopies, ToTheSelectionRowReachesTheControlledRows) {
     EXPECT_EQ(i.s.Set[kSelectionRow].StepDuration, 1);
 }
 
-TEST_F(TimingCopies, OnlyACopyOfAllTakesThePlayModeUpAgain) {
+TEST_F(TimingCopies, OnlyACopyOfAllSetsThePlayModeAgain) {
     for (const int what : {0, 1, 2, 3}) TimingCopy(i.s, 0, 1, what);
     EXPECT_EQ(i.Screen.Count("ShowPlayMode 1"), 0);
     TimingCopy(i.s, 0, 1, 4);
@@ -260,14 +261,14 @@ TEST_F(TimingCopies, OnlyACopyOfAllTakesThePlayModeUpAgain) {
     EXPECT_EQ(i.Screen.Count("ShowPlayMode 3"), 1);
 }
 
-/// Notes the steps of LoopTrack 2 whenever a play mode is shown.
+/// Records the step duration of LoopTrack 2 whenever a play mode is shown.
 struct StepWatch : test::FakeDisplay {
     const Session* Shown = nullptr;
     std::vector<std::int32_t> Steps;
     void ShowPlayMode(Row) override { Steps.push_back(Shown->Set[2].StepDuration); }
 };
 
-TEST_F(TimingCopies, ASelectionIsCopiedWholeBeforeAnyPlayModeIsTakenUp) {
+TEST_F(TimingCopies, ASelectionIsCopiedCompletelyBeforeAnyPlayModeIsSetAgain) {
     StepWatch watch;
     Session s{Services{watch, i.Desk, i.Forms, i.Chance, i.Timers, i.Scripts, i.Store, nullptr, nullptr}};
     watch.Shown = &s;

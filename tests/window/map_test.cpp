@@ -27,8 +27,7 @@ struct Map : test::Stage {
         SetTab(s, 1);
         // Apart from each other, so that each can be taken.
         for (int ball = 0; ball <= kListener; ++ball) {
-            PositionSet(s, ball, static_cast<float>(0.5 * (ball - 2)), 0.75F,
-                        {.Apply = false, .Quiet = true, .StoreBall = true});
+            PositionSet(s, ball, static_cast<float>(0.5 * (ball - 2)), 0.75F, {.Apply = false, .StoreBall = true});
         }
         Settle();
         Sound.Log.clear();
@@ -88,7 +87,7 @@ TEST(SoundMap, WithThreeDOffTheBallsRest) {
 TEST(SoundMap, BallsStandWhereTheirMapUnitsSay) {
     Map map;
     const QPoint centre = map.InWindow("Map", map.Middle("Map"));
-    PositionSet(map.s, 1, 0.75F, -1.5F, {.Apply = false, .Quiet = true, .StoreBall = true});
+    PositionSet(map.s, 1, 0.75F, -1.5F, {.Apply = false, .StoreBall = true});
     EXPECT_NEAR((map.Ball(1) - centre).x(), 71, 1);
     EXPECT_NEAR((map.Ball(1) - centre).y(), -142, 1);
 }
@@ -96,7 +95,7 @@ TEST(SoundMap, BallsStandWhereTheirMapUnitsSay) {
 TEST(SoundMap, PlacesAreCutAsInTheStatusLine) {
     Map map;
     const auto places = [&](float x) {
-        PositionSet(map.s, 1, x, 0.5F, {.Apply = false, .Quiet = true, .StoreBall = true});
+        PositionSet(map.s, 1, x, 0.5F, {.Apply = false, .StoreBall = true});
         return map.At("MapPage")->grab(QRect(700, 30, 300, 140)).toImage();
     };
     const QImage shown = places(0.8712F);
@@ -262,7 +261,7 @@ TEST(SoundMap, ADoubleClickOnABallThatIsHalfUnderAnotherCentresTheOneThatWasClic
     const QPointF upper = map.Place(3);
     const double step = 10 / 142.0 * map.s.MapRange;
     PositionSet(map.s, 2, static_cast<float>(upper.x() - step), static_cast<float>(upper.y() - step),
-                {.Apply = false, .Quiet = true, .StoreBall = true});
+                {.Apply = false, .StoreBall = true});
     const QPoint press = map.PutByPress(2);
     test::QuickClick(map.Window(), press);
     const QPoint put = map.Pointer();
@@ -273,7 +272,7 @@ TEST(SoundMap, ADoubleClickOnABallThatIsHalfUnderAnotherCentresTheOneThatWasClic
     EXPECT_TRUE(map.s.CursorFree);
     // Elsewhere on the upper ball it is a press of that ball's own.
     PositionSet(map.s, 2, static_cast<float>(upper.x() - step), static_cast<float>(upper.y() - step),
-                {.Apply = false, .Quiet = true, .StoreBall = true});
+                {.Apply = false, .StoreBall = true});
     test::QuickClick(map.Window(), press);
     test::QuickClick(map.Window(), map.Pointer() + QPoint(4, 4));
     EXPECT_NE(map.Place(2), QPointF(0, 0));
@@ -286,7 +285,7 @@ TEST(SoundMap, ATapThatIsOverBeforeThePointerIsPutUnderAnotherBallIsTheFirstHalf
     const QPointF upper = map.Place(3);
     const double step = 10 / 142.0 * map.s.MapRange;
     PositionSet(map.s, 2, static_cast<float>(upper.x() - step), static_cast<float>(upper.y() - step),
-                {.Apply = false, .Quiet = true, .StoreBall = true});
+                {.Apply = false, .StoreBall = true});
     const QPoint press = map.PutByPress(2);
     QTest::mouseClick(&map.Window(), Qt::LeftButton, {}, press);  // the release tells the old place
     QTest::lastMouseTimestamp -= QTest::mouseDoubleClickInterval;

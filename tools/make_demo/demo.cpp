@@ -71,7 +71,7 @@ void SetUp(Session& s, Row row, const Part& part, const std::string& samples) {
     LoopVolChangeGang(s, row, part.Vol, UpdateDisplay::Yes);
     LoopPanChangeGang(s, row, part.Pan);
     LoopSetChannelGang(s, row, part.Channel, Apply::Yes);
-    PositionSet(s, row, part.X, part.Y, {.Apply = true, .Quiet = true, .StoreBall = true});
+    PositionSet(s, row, part.X, part.Y, {.Apply = true, .StoreBall = true});
     LoopTrackSet& set = s.Set[row];
     set.StepDuration = kEighth;
     set.NSteps = kTwoBars - 1;
