@@ -1,7 +1,13 @@
 #pragma once
 /// \file
 /// What the instrument asks of the input service: the first joystick, and its state at a poll.
-/// Operations that fail raise `RuntimeError` with the service's number.
+///
+/// The objects are named for the service whose behaviour they promise, whatever library keeps the promise. Behind them
+/// stand SDL's joysticks (`performance/joystick/sdl_input.cpp`), or a fake in tests. Nothing to do there:
+/// `SetCommonDataFormat`, `SetCooperativeLevel` and `GetCapabilities`.
+///
+/// Call every operation from the user-interface thread. Operations that fail raise `RuntimeError` with the service's
+/// number.
 
 #include <array>
 #include <cstdint>

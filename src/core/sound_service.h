@@ -2,8 +2,14 @@
 /// \file
 /// What the instrument asks of the audio service, and no more.
 ///
-/// Every operation is called from the user-interface thread. An operation that fails raises `SoundError` with the
-/// service's number. Volume and pan are hundredths of a decibel, positions are byte offsets into the sample.
+/// The objects are named for the service whose behaviour they promise, whatever library keeps the promise. Behind them
+/// stand OpenAL Soft as the mixer and SDL for the outputs (`audio/openal/`), or a fake in tests. Nothing to do there:
+/// `SetSpeakerConfig` (remembered and read back; the output is stereo), `Play` and `Stop` of the primary buffer (only its
+/// status changes; the mixer always renders), `SetCooperativeLevel` (only decides whether `SetFormat` is allowed), and of
+/// the create flags those for position notification, global focus and the exact position.
+///
+/// Call every operation from the user-interface thread. An operation that fails raises `SoundError` with the service's
+/// number. Volume and pan are hundredths of a decibel, positions are byte offsets into the sample.
 
 #include <cstdint>
 #include <memory>

@@ -1,4 +1,7 @@
 #pragma once
+/// \file
+/// The timing service. Behind it stands the event loop of the window's toolkit (`window/toolkit/qt_timer.cpp`), or ticks by
+/// hand in tests. Nothing to do there: `SetResolution`, because the event loop's timers are always precise.
 
 #include <cstdint>
 #include <functional>
@@ -25,7 +28,7 @@ public:
     using Tick = std::function<void(std::int32_t milliseconds)>;
     virtual ~TimerFactory() = default;
     /// Raises `RuntimeError` when the system has no timer to give.
-    virtual std::unique_ptr<PeriodicTimer> Create(Tick tick) = 0;
+    [[nodiscard]] virtual std::unique_ptr<PeriodicTimer> Create(Tick tick) = 0;
 };
 
 }  // namespace marvolin
