@@ -32,9 +32,16 @@ TEST(Pages, EveryOddRuleNamesATestAndEveryTestItNamesExists) {
     EXPECT_THAT(TestsThatAreNot(rules, Programs()), IsEmpty());
 }
 
+TEST(Pages, EveryTestThatThePagesNameExists) {
+    for (const char* page : {"docs/architecture.md", "docs/how_to_add.md"}) {
+        SCOPED_TRACE(page);
+        EXPECT_THAT(TestsThatAreNot(ReadPage(kRoot / page), Programs()), IsEmpty());
+    }
+}
+
 TEST(Pages, EveryFileThatThePagesNameExists) {
     const std::vector<fs::path> roots{kRoot, kRoot / "src", kRoot / "docs", kRoot / "docs/decisions"};
-    for (const char* page : {"docs/architecture.md", "docs/building.md", "docs/rules.md"}) {
+    for (const char* page : {"docs/architecture.md", "docs/building.md", "docs/how_to_add.md", "docs/rules.md"}) {
         SCOPED_TRACE(page);
         const std::string text = ReadPage(kRoot / page);
         EXPECT_FALSE(text.empty());
