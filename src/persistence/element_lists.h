@@ -1,12 +1,11 @@
 #pragma once
 /// \file
-/// The lists of elements in the Save/Open dialogue.
+/// The elements of a session as the Save/Open dialogue lists them.
 
 #include <array>
-#include <string>
 #include <string_view>
 
-#include "core/session.h"
+#include "core/switch_record.h"
 
 namespace marvolin {
 
@@ -48,25 +47,7 @@ inline constexpr std::array<ElementPreset, 5> kElementPresets{{
     {"3d", [](int row) { return row == 8 || row == 15; }},
 }};
 
-/// Labels over the two lists.
+/// Labels over the two lists: 0 save, 1 open.
 inline constexpr std::array<std::string_view, 2> kElementLabels{"Elements to save:", "Elements to open:"};
-/// What the player has set in the dialogue and not yet taken over.
-struct SaveOpenChoices {
-    std::array<std::array<bool, kElements>, 2> Elements{};  ///< selected rows of the lists, 0 save, 1 open
-    bool SelectionsOnly = false;
-    bool EmptyBlank = false;
-    std::string Session;
-};
-
-/// Opens the dialogue on `fileName`, a name in the current folder or "".
-void OpenSaveOpen(Session& s, const std::string& fileName);
-/// What the dialogue shows when it opens.
-SaveOpenChoices CurrentChoices(const Session& s);
-/// "Save/Open-" and the file of the dialogue, or "Save/Open".
-std::string SaveOpenTitle(const Session& s);
-/// Selects the rows of list `list` (0 save, 1 open) by a preset.
-void ChoosePreset(SaveOpenChoices& choices, int list, const ElementPreset& preset);
-/// Takes the choices over into the session.
-void TakeBack(Session& s, const SaveOpenChoices& choices);
 
 }  // namespace marvolin

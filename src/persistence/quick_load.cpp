@@ -6,7 +6,7 @@
 
 #include "core/name_order.h"
 #include "core/paths.h"
-#include "persistence/element_lists.h"
+#include "persistence/save_open.h"
 #include "persistence/session_format.h"
 
 namespace marvolin {

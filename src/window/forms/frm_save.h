@@ -6,7 +6,7 @@
 #include <QWidget>
 #include <array>
 
-#include "persistence/element_lists.h"
+#include "persistence/save_open.h"
 
 namespace marvolin {
 

@@ -2,8 +2,8 @@
 
 #include <QPainter>
 
-#include "persistence/element_lists.h"
 #include "persistence/quick_load.h"
+#include "persistence/save_open.h"
 #include "persistence/snapshot.h"
 #include "window/controls/fade_factor.h"
 #include "window/controls/hints.h"
