@@ -39,8 +39,7 @@ struct QuietStick : test::FakeInputDevice {
 
 struct Bench : test::Instrument {
     QuietDisplay Quiet;
-    Session q{Services{Quiet, Desk, Forms, Chance, Timers, Scripts, Store, s.World.CreateDirectX7,
-                       s.World.CreateDirectInput}};
+    Session q{For(Quiet)};
 
     Bench() {
         PadGeometryInit(q, 4500, 4500);

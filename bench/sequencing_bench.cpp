@@ -5,7 +5,7 @@
 
 #include "core/session.h"
 #include "fakes/fake_display.h"
-#include "fakes/fake_world.h"
+#include "fakes/fake_services.h"
 #include "sequencing/loop_clock.h"
 
 namespace marvolin {
@@ -32,15 +32,9 @@ public:
     std::unique_ptr<DirectSound3DListener> GetDirectSound3dListener() override { return nullptr; }
 };
 
-struct World {
+struct World : test::FakeServices {
     test::FakeDisplay Screen;
-    test::FakeDesktop Desk;
-    test::FakeWindows Forms;
-    test::FakeRandom Chance;
-    test::FakeTimers Timers;
-    test::FakeScripts Scripts;
-    test::FakeStore Store;
-    Session s{Services{Screen, Desk, Forms, Chance, Timers, Scripts, Store, nullptr, nullptr}};
+    Session s{For(Screen)};
 
     /// Four rows playing in `mode`, all selected, with steps of `stepDuration` hundredths.
     World(std::int16_t mode, std::int32_t stepDuration) {

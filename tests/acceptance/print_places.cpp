@@ -6,8 +6,7 @@
 #include <QStackedWidget>
 #include <cstdio>
 
-#include "fakes/fake_sound.h"
-#include "fakes/fake_world.h"
+#include "fakes/fake_services.h"
 #include "window/forms/frm_browse.h"
 #include "window/forms/frm_main.h"
 #include "window/forms/frm_save.h"
@@ -40,13 +39,8 @@ int main(int argc, char** argv) {
     theme::Apply(application);
 
     QtDisplay display;
-    test::FakeDesktop desktop;
-    test::FakeWindows windows;
-    test::FakeRandom chance;
-    test::FakeTimers timers;
-    test::FakeScripts scripts;
-    test::FakeStore store;
-    Session session{Services{display, desktop, windows, chance, timers, scripts, store, nullptr, nullptr}};
+    test::FakeServices world;
+    Session session{world.For(display)};
     FrmMain form(session, {});
     PrintControls(form, "");
     FrmBrowse browse(session);

@@ -7,25 +7,14 @@
 
 #include "core/session.h"
 #include "fakes/fake_display.h"
-#include "fakes/fake_sound.h"
-#include "fakes/fake_world.h"
+#include "fakes/fake_services.h"
 
 namespace marvolin::test {
 
-/// A session in a world of fakes, ready to play: gangs walk, and a device is open.
-struct Instrument {
-    FakeSound Sound;
+/// A session on fakes, ready to play: a device is open, and operations on row 4 reach the controlled rows.
+struct Instrument : FakeServices {
     FakeDisplay Screen;
-    FakeDesktop Desk;
-    FakeWindows Forms;
-    FakeRandom Chance;
-    FakeTimers Timers;
-    FakeScripts Scripts;
-    FakeStore Store;
-    FakeJoystick Stick;
-    Session s{Services{Screen, Desk, Forms, Chance, Timers, Scripts, Store,
-                       [this] { return std::make_unique<FakeDirectX>(Sound); },
-                       [this] { return std::make_unique<FakeInput>(Stick); }}};
+    Session s{For(Screen)};
 
     Instrument() {
         s.DX = std::make_unique<FakeDirectX>(Sound);
@@ -37,8 +26,7 @@ struct Instrument {
 
     /// Puts a sample into a row without going through the loader: one second, 44100 Hz, 16 bit, stereo.
     FakeSound::Buffer& Fill(Row row, const std::string& path = "/samples/one.WAV") {
-        auto buffer = s.DS->CreateSoundBufferFromFile(
-            path, s.Use3D ? buffer_flags::kSample3D : buffer_flags::kSample);
+        auto buffer = s.DS->CreateSoundBufferFromFile(path, s.Use3D ? buffer_flags::kSample3D : buffer_flags::kSample);
         LoopTrackSet& set = s.Set[row];
         LoopTrackRun& run = s.Run[row];
         set.FileName = path;

@@ -9,7 +9,7 @@
 #include "audio/transport.h"
 #include "audio/vanishing_output.h"
 #include "fakes/fake_display.h"
-#include "fakes/fake_world.h"
+#include "fakes/fake_services.h"
 #include "parameters/setters.h"
 #include "performance/map/sound_map.h"
 #include "performance/pad/mix_pad.h"
@@ -20,22 +20,16 @@ namespace marvolin::test {
 namespace {
 
 /// An instrument on the real audio service, with a sample that loops in the second row and is heard.
-struct Plugged {
+struct Plugged : FakeServices {
     VanishingOutput Output;
     SampleFolder Folder;
     FakeDisplay Screen;
-    FakeDesktop Desk;
-    FakeWindows Forms;
-    FakeRandom Chance;
-    FakeTimers Timers;
-    FakeScripts Scripts;
-    SessionFileStore Store;
-    FakeJoystick Stick;
-    Session s{Services{Screen, Desk, Forms, Chance, Timers, Scripts, Store, CreateOpenAlSound,
-                       [this] { return std::make_unique<FakeInput>(Stick); }}};
+    SessionFileStore Files;
+    Session s{For(Screen, Files)};
 
     explicit Plugged(const char* driver) : Output(driver) {
         Desk.TempFile = Folder.Path("VBN1.tmp");
+        s.World.CreateDirectX7 = CreateOpenAlSound;
         s.DX = s.World.CreateDirectX7();
         InitAudioDriversList(s);
         cboDrivers_Click(s, 0);

@@ -15,7 +15,7 @@
 #include "audio/transport.h"
 #include "audio/wave_bytes.h"
 #include "fakes/fake_display.h"
-#include "fakes/fake_world.h"
+#include "fakes/fake_services.h"
 #include "performance/map/sound_map.h"
 #include "performance/pad/mix_pad.h"
 #include "performance/pad/pad_tables.h"
@@ -29,22 +29,16 @@ struct Sides {
     double Right = 0;
 };
 
-struct HeardInstrument {
+struct HeardInstrument : FakeServices {
     LoopbackRenderer Renderer;
     SampleFolder Folder;
     FakeDisplay Screen;
-    FakeDesktop Desk;
-    FakeWindows Forms;
-    FakeRandom Chance;
-    FakeTimers Timers;
-    FakeScripts Scripts;
-    SessionFileStore Store;
-    FakeJoystick Stick;
-    Session s{Services{Screen, Desk, Forms, Chance, Timers, Scripts, Store, [this] { return Renderer.Root(); },
-                       [this] { return std::make_unique<FakeInput>(Stick); }}};
+    SessionFileStore Files;
+    Session s{For(Screen, Files)};
 
     HeardInstrument() {
         Desk.TempFile = Folder.Path("VBN1.tmp");
+        s.World.CreateDirectX7 = [this] { return Renderer.Root(); };
         s.DX = s.World.CreateDirectX7();
         InitAudioDriversList(s);
         s.Driver = 0;

@@ -5,8 +5,7 @@
 #include <string>
 
 #include "core/session.h"
-#include "fakes/fake_sound.h"
-#include "fakes/fake_world.h"
+#include "fakes/fake_services.h"
 #include "window/toolkit/qt_display.h"
 
 namespace marvolin::test {
@@ -19,23 +18,13 @@ void WritePictureFolder();
 void RemovePictureFolder();
 
 /// A session on fakes. No date, clock or chance is in it.
-struct Scene {
+struct Scene : FakeServices {
     Scene();
     /// Four LoopTracks, three of them filled, two playing; bands, selection, patterns, clips, histories, bins.
     void Play();
 
-    FakeSound Sound;
     QtDisplay Screen;
-    FakeDesktop Desk;
-    FakeWindows Forms;
-    FakeRandom Chance;
-    FakeTimers Timers;
-    FakeScripts Scripts;
-    FakeStore Store;
-    FakeJoystick Stick;
-    Session s{Services{Screen, Desk, Forms, Chance, Timers, Scripts, Store,
-                       [this] { return std::make_unique<FakeDirectX>(Sound); },
-                       [this] { return std::make_unique<FakeInput>(Stick); }}};
+    Session s{For(Screen)};
 
 private:
     void Fill(Row row, const std::string& path, int beats);

@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// The main window over a session in a world of fakes, and a hand that plays on it with real events.
+/// The main window over a session on fakes, operated by real events.
 
 #include <QMimeData>
 #include <QPointF>
@@ -12,22 +12,21 @@
 #include <vector>
 
 #include "core/session.h"
-#include "fakes/fake_sound.h"
-#include "fakes/fake_world.h"
+#include "fakes/fake_services.h"
 #include "window/forms/frm_main.h"
 #include "window/toolkit/drag_source.h"
 #include "window/toolkit/qt_display.h"
 
 namespace marvolin::test {
 
-class Stage {
+class Stage : public FakeServices {
 public:
     Stage();
     ~Stage();
 
-    /// The control of this object name; fails the test when there is none.
+    /// The control with this object name; fails the test when there is none.
     QWidget* At(const char* name);
-    /// A place in the window, from one in the control.
+    /// A place in the control as a place in the window.
     QPoint InWindow(const char* name, QPointF place);
     QPointF Middle(const char* name);
 
@@ -37,42 +36,32 @@ public:
     void Click(const char* name, QPointF place, Qt::MouseButton button = Qt::LeftButton);
     void Click(const char* name, Qt::MouseButton button = Qt::LeftButton) { Click(name, Middle(name), button); }
     void DoubleClick(const char* name);
-    /// Presses in the middle, moves by `way` pixels, and lets go there.
+    /// Presses in the middle, moves by `way` pixels and releases there.
     void Drag(const char* name, QPointF way, Qt::MouseButton button = Qt::LeftButton);
     void Wheel(const char* name, int notches);
 
-    /// Drops a control, or files, on the control of this name.
+    /// Drops a control, or files, on the control with this name.
     void DropControl(const char* name, const DragSource& source);
     void DropFiles(const char* name, const std::vector<std::string>& paths);
 
     /// Puts a sample into a row: one second, 44100 Hz, 16 bit, stereo.
     FakeSound::Buffer& Fill(Row row);
-    /// Paints all that waits to be painted.
+    /// Handles all events, paint events included.
     void Settle();
 
-    FakeSound Sound;
     QtDisplay Screen;
-    FakeDesktop Desk;
-    FakeWindows Forms;
-    FakeRandom Chance;
-    FakeTimers Timers;
-    FakeScripts Scripts;
-    FakeStore Store;
-    FakeJoystick Stick;
-    Session s{Services{Screen, Desk, Forms, Chance, Timers, Scripts, Store,
-                       [this] { return std::make_unique<FakeDirectX>(Sound); },
-                       [this] { return std::make_unique<FakeInput>(Stick); }}};
-    std::vector<std::string> Keys;  ///< letters let go, with "+shift", "+control", "+alt"
+    Session s{For(Screen)};
+    std::vector<std::string> Keys;  ///< letters released, with "+shift", "+control", "+alt"
     int Activations = 0;
     int Unloads = 0;
-    bool SoundGone = false;  ///< what the window hears of the device when it asks
+    bool SoundGone = false;  ///< what the window is told of the device
     std::unique_ptr<FrmMain> Form;
 
 private:
     void DropData(const char* name, std::unique_ptr<QMimeData> data);
 };
 
-/// Regions painted while it lives, by object name.
+/// Records the regions that are painted while it lives, by object name.
 class PaintWatch : public QObject {
 public:
     PaintWatch();
