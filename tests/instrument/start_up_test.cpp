@@ -15,6 +15,7 @@
 namespace marvolin {
 namespace {
 
+using test::FakeTimers;
 using test::Instrument;
 using ::testing::Contains;
 using ::testing::ElementsAre;
@@ -168,19 +169,21 @@ TEST(InitMainForm, MakesTheTwoTimersAndSwitchesThemOn) {
     Program i;
     i.Stick.Devices.clear();
     i.Start();
-    ASSERT_EQ(i.Timers.Live.size(), 2U);
-    EXPECT_EQ(i.Timers.Live[0]->Interval, 10);
-    EXPECT_EQ(i.Timers.Live[0]->Resolution, 10);
-    EXPECT_TRUE(i.Timers.Live[0]->Enabled);
-    EXPECT_EQ(i.Timers.Live[1]->Interval, 40);
-    EXPECT_TRUE(i.Timers.Live[1]->Enabled);
+    EXPECT_EQ(i.Timers.Live.size(), 2U);
+    auto& loop = dynamic_cast<FakeTimers::Timer&>(*i.s.LoopTimer);
+    EXPECT_EQ(loop.Interval, 10);
+    EXPECT_EQ(loop.Resolution, 10);
+    EXPECT_TRUE(loop.Enabled);
+    auto& fade = dynamic_cast<FakeTimers::Timer&>(*i.s.FadeTimer);
+    EXPECT_EQ(fade.Interval, 40);
+    EXPECT_TRUE(fade.Enabled);
     EXPECT_FALSE(i.s.LoopTimerBusy);
-    i.Timers.Live[0]->OnTick(1000);
+    loop.OnTick(1000);
     EXPECT_EQ(i.s.Clock.ClockSeconds, 1);
     i.Fill(0);
     i.s.Run[0].FadeState = kFalling;
     i.s.Run[0].FadeValue = 500;
-    i.Timers.Live[1]->OnTick(40);
+    fade.OnTick(40);
     EXPECT_EQ(i.s.Set[0].Vol, 492);
 }
 
@@ -353,8 +356,9 @@ TEST(FormActivate, LoadsTheStartUpPackageAndStartsItsCountDownOrElseThePreferenc
     EXPECT_THAT(demo.Store.Log, ElementsAre("Load " + folder.In("startup.mvp") + " everything"));
     EXPECT_EQ(demo.s.DemoStep, 1);
     ASSERT_NE(demo.s.StartUpDemoCountDown, nullptr);
-    EXPECT_EQ(demo.Timers.Live.back()->Interval, 3000);
-    EXPECT_TRUE(demo.Timers.Live.back()->Enabled);
+    const auto& countDown = dynamic_cast<FakeTimers::Timer&>(*demo.s.StartUpDemoCountDown);
+    EXPECT_EQ(countDown.Interval, 3000);
+    EXPECT_TRUE(countDown.Enabled);
 }
 
 TEST(FormActivate, AMissingHelpFileIsNoErrorAtTheStart) {
