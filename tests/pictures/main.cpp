@@ -1,7 +1,7 @@
 // Takes pictures of everything the window can show, at several scales, and compares two such sets.
 //
-//   pictures show FOLDER           writes the pictures, replacing those that are there
-//   pictures compare BEFORE AFTER  lists the pictures that differ; ends with 1 when there are any
+//   pictures show FOLDER [SCALE...]  writes the pictures, replacing those that are there
+//   pictures compare BEFORE AFTER    lists the pictures that differ; ends with 1 when there are any
 
 #include <QApplication>
 #include <QComboBox>
@@ -12,6 +12,7 @@
 #include <cstring>
 #include <exception>
 #include <filesystem>
+#include <vector>
 
 #include "compare.h"
 #include "forms.h"
@@ -21,8 +22,6 @@
 using namespace marvolin::test;
 
 namespace {
-
-constexpr const char* kScales[] = {"1", "1.5", "2"};
 
 /// The platform without a screen says at each popup what it cannot do.
 void LeaveOutThePlatform(QtMsgType, const QMessageLogContext&, const QString& text) {
@@ -46,9 +45,12 @@ int ShowAtScale(int argc, char** argv, const char* folder, const char* scale) {
     return 0;
 }
 
-/// All scales, each in a program of its own, so that nothing of this machine's is seen: neither home nor language.
-int Show(int argc, char** argv, const char* folder) {
+/// Runs this program once for each scale, with a home folder and a language that are the same on every machine.
+int Show(int argc, char** argv) {
     QCoreApplication application(argc, argv);
+    const char* folder = argv[2];
+    std::vector<const char*> scales(argv + 3, argv + argc);
+    if (scales.empty()) scales = {"1", "1.5", "2"};
     QLockFile turn(QString(kPictureFolder) + ".lock");
     turn.lock();
     WritePictureFolder();
@@ -62,7 +64,7 @@ int Show(int argc, char** argv, const char* folder) {
     environment.insert("TZ", "UTC");
     for (const char* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"}) environment.remove(name);
     int result = 0;
-    for (const char* scale : kScales) {
+    for (const char* scale : scales) {
         environment.insert("QT_SCALE_FACTOR", scale);
         QProcess program;
         program.setProcessEnvironment(environment);
@@ -86,13 +88,13 @@ int Compare(const char* before, const char* after) {
 
 int main(int argc, char** argv) {
     try {
-        if (argc == 3 && std::strcmp(argv[1], "show") == 0) return Show(argc, argv, argv[2]);
+        if (argc >= 3 && std::strcmp(argv[1], "show") == 0) return Show(argc, argv);
         if (argc == 4 && std::strcmp(argv[1], "at") == 0) return ShowAtScale(argc, argv, argv[3], argv[2]);
         if (argc == 4 && std::strcmp(argv[1], "compare") == 0) return Compare(argv[2], argv[3]);
     } catch (const std::exception& e) {
         std::fprintf(stderr, "pictures: %s\n", e.what());
         return 2;
     }
-    std::fprintf(stderr, "pictures show FOLDER | pictures compare BEFORE AFTER\n");
+    std::fprintf(stderr, "pictures show FOLDER [SCALE...] | pictures compare BEFORE AFTER\n");
     return 2;
 }
