@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// An audio service that logs what it is told, in order, and fails where a test wants it to.
+/// A sound service that logs its calls in order, and fails where a test wants it to.
 
 #include <algorithm>
 #include <cstdint>
@@ -15,7 +15,7 @@
 
 namespace marvolin::test {
 
-/// What a sample file holds, as the fake service tells it.
+/// Content of a sample file of the fake service.
 struct FakeSample {
     WaveFormat Format{1, 2, 44100, 16, 4, 176400, 0};
     std::vector<std::uint8_t> Bytes = std::vector<std::uint8_t>(176400, 0);
@@ -32,7 +32,7 @@ struct FakeSound {
     bool LogQueries = false;       ///< also log GetStatus, GetCaps and GetFormat
     int Buffers = 0;               ///< sample buffers made so far; buffer n is called "b" and n in the log
     class Buffer;
-    std::map<int, Buffer*> Live;   ///< the sample buffers that are alive, by number
+    std::map<int, Buffer*> Live;  ///< the sample buffers that are alive, by number
 
     void Note(const std::string& operation, const std::string& rest) {
         Log.push_back(rest.empty() ? operation : operation + " " + rest);
@@ -205,8 +205,7 @@ public:
         sound_.Note("CreateSoundBuffer", std::to_string(flags));
         return std::make_unique<FakeSound::Buffer>(sound_, -1, flags, nullptr);
     }
-    std::unique_ptr<DirectSoundBuffer> CreateSoundBufferFromFile(const std::string& path,
-                                                                 std::int32_t flags) override {
+    std::unique_ptr<DirectSoundBuffer> CreateSoundBufferFromFile(const std::string& path, std::int32_t flags) override {
         sound_.Note("CreateSoundBufferFromFile", path);
         sound_.CreateFlags = flags;
         const auto found = sound_.Samples.find(path);
@@ -216,8 +215,7 @@ public:
     std::unique_ptr<DirectSoundBuffer> DuplicateSoundBuffer(DirectSoundBuffer& source) override {
         auto& original = dynamic_cast<FakeSound::Buffer&>(source);
         sound_.Note("DuplicateSoundBuffer", original.Name());
-        return std::make_unique<FakeSound::Buffer>(sound_, sound_.Buffers++, original.GetCaps().Flags,
-                                                   original.Sample);
+        return std::make_unique<FakeSound::Buffer>(sound_, sound_.Buffers++, original.GetCaps().Flags, original.Sample);
     }
     std::int32_t GetSpeakerConfig() override {
         sound_.Note("GetSpeakerConfig", "");

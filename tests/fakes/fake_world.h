@@ -1,7 +1,6 @@
 #pragma once
 /// \file
-/// The rest of the world around an instrument under test: desktop, forms, chance, timers, scripts, session files,
-/// joystick.
+/// Fakes of the other services: desktop, forms, random numbers, timers, scripts, session files, joystick.
 
 #include <deque>
 #include <functional>
@@ -31,19 +30,19 @@ public:
         BoxStyle Style;
     };
     std::vector<Box> Boxes;                ///< message boxes shown, in order
-    std::deque<bool> Answers;              ///< prepared answers; true when none is left
-    std::vector<std::string> Log;          ///< everything else, in order
-    std::function<void()> WhileBoxIsOpen;  ///< what happens while a box pumps messages
+    std::deque<bool> Answers;              ///< prepared answers; then always true
+    std::vector<std::string> Log;          ///< all other calls, in order
+    std::function<void()> WhileBoxIsOpen;  ///< runs while a box is open
     std::int32_t Depth = 24;
     PixelRect Area{0, 0, 1280, 770};
     PixelPoint Origin{100, 200};
-    std::string TempFile = "/nowhere/VBN1.tmp";  ///< "" for none to be had
+    std::string TempFile = "/nowhere/VBN1.tmp";  ///< "" when none can be made
     std::string Folder = "/nowhere/marvolin";
     bool FirstInstance = true;
     bool HelpFails = false;
     bool Busy = false;
     std::function<PixelPoint()> WherePointerIs;  ///< 0, 0 without it
-    std::function<void(PixelPoint)> PutPointer;  ///< what else happens when the pointer is put somewhere
+    std::function<void(PixelPoint)> PutPointer;  ///< runs when the pointer is moved by the program
 
     using Desktop::MessageBox;
     bool MessageBox(const std::string& text, const std::string& title, BoxStyle style) override {
@@ -86,7 +85,7 @@ public:
         Log.push_back("ShowHelpTopic " + std::to_string(topic));
     }
     void CloseWindowTitled(const std::string& title) override { Log.push_back("CloseWindowTitled " + title); }
-    std::function<void()> OnUnload;  ///< what the window does when it is unloaded
+    std::function<void()> OnUnload;  ///< runs when the main window is unloaded
     void UnloadMainWindow() override {
         Log.push_back("UnloadMainWindow");
         if (OnUnload) OnUnload();
@@ -101,7 +100,7 @@ public:
     std::vector<std::string> Log;
     std::set<Form> Loaded{Form::Main, Form::Browse, Form::Save, Form::Splash};
     TwipRect MainPlace{0, 0, 15600, 11100};
-    std::map<Form, TwipRect> OtherPlaces;  ///< of the forms that stand elsewhere than the main one
+    std::map<Form, TwipRect> OtherPlaces;  ///< places of forms; the others are at `MainPlace`
     bool HideFails = false;
 
     void Load(Form form) override { Note("Load", form), Loaded.insert(form); }
@@ -137,7 +136,7 @@ private:
     }
 };
 
-/// A prepared sequence of numbers in [0, 1); `Rest` when it has run out.
+/// Returns a prepared sequence of numbers in [0, 1), then always `Rest`.
 class FakeRandom : public Random {
 public:
     std::deque<double> Sequence;
@@ -154,7 +153,7 @@ public:
     void SeedFromClock() override { Seeded = true; }
 };
 
-/// Ticks by hand.
+/// Timers that tick when a test calls `OnTick`.
 class FakeTimers : public TimerFactory {
 public:
     class Timer : public PeriodicTimer {
@@ -176,7 +175,7 @@ public:
         FakeTimers& owner_;
     };
     std::vector<Timer*> Live;
-    bool Fail = false;         ///< no timer is to be had
+    bool Fail = false;         ///< no timer can be made
     bool FailDisable = false;  ///< switching a timer off fails
     std::unique_ptr<PeriodicTimer> Create(Tick tick) override {
         if (Fail) throw RuntimeError(429, "ActiveX component can't create object");
@@ -194,7 +193,7 @@ public:
     std::vector<Event> Events;
     std::vector<std::string> Reports;
     bool Fail = false;
-    std::function<void(ScriptEvent)> During;  ///< what the script's procedure does
+    std::function<void(ScriptEvent)> During;  ///< the body of the script's procedure
     void Call(ScriptEvent event, std::span<const double> arguments) override {
         Events.push_back({event, {arguments.begin(), arguments.end()}});
         if (During) During(event);
@@ -234,7 +233,7 @@ private:
     }
 };
 
-/// A joystick whose state and failures a test sets.
+/// A joystick with settable state and failures.
 struct FakeJoystick {
     std::vector<std::string> Devices{"stick"};
     std::vector<std::int32_t> Axes{0, 4, 8, 20};

@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// Files of a test, byte by byte.
+/// Files written and read byte by byte.
 
 #include <bit>
 #include <cstdint>
@@ -28,7 +28,7 @@ inline std::string ReadBytes(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-/// Bytes put together from the description of a format, without the program's own writer.
+/// Builds the bytes of a file format without the program's own writer.
 class Bytes {
 public:
     Bytes& Raw(std::string_view bytes) {

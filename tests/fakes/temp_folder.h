@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// A folder of a test's own on the real file system, gone with the test.
+/// A temporary folder on the real file system, removed at the end of the test.
 
 #include <stdlib.h>
 
@@ -31,7 +31,7 @@ public:
     /// Full path of `name` in it.
     std::string In(const std::string& name) const { return path_ + "/" + name; }
     std::string operator/(const std::string& name) const { return In(name); }
-    /// Makes a file of that name; its full path.
+    /// Makes a file of that name and returns its full path.
     std::string Touch(const std::string& name, const std::string& content = "") const {
         std::ofstream(In(name), std::ios::binary) << content;
         return In(name);

@@ -143,7 +143,7 @@ TEST(Browser, AClickOnAnEmptyListOpensTheTree) {
     EXPECT_TRUE(browser.Window.Bins->Tree->isVisible());
 }
 
-TEST(Browser, AFolderGoesFromButtonToButtonAndFromAFileManager) {
+TEST(Browser, AFolderIsDroppedFromAnotherButtonOrAFileManager) {
     Browser browser;
     const fs::path other = browser.Folder / "inner";
     fs::create_directories(other);
@@ -158,7 +158,7 @@ TEST(Browser, AFolderGoesFromButtonToButtonAndFromAFileManager) {
     EXPECT_EQ(browser.s.Bins[1].Folder, browser.Folder.string());
 }
 
-TEST(Browser, HintsGoToItsOwnBarAndNameTheSampleUnderThePointer) {
+TEST(Browser, HintsAreShownInItsOwnStatusBarAndNameTheSampleUnderThePointer) {
     Browser browser;
     SetFileDestination(browser.s, 0, 1);
     const std::string main = browser.s.StatusText;
@@ -235,7 +235,7 @@ TEST(Browser, TheGangLoadsIntoTheLoopTracksInControl) {
     EXPECT_EQ(browser.s.Run[2].Playing, False);
 }
 
-TEST(Browser, ADestinationListIsAsWideAsTheBoxAutoPlayAndBothStandOverTheList) {
+TEST(Browser, ADestinationListIsAsWideAsTheBoxAutoPlayAndBothAreAboveTheList) {
     Browser b;
     for (const char bin : {'0', '1', '2'}) {
         const auto place = [&](std::string name) { return b.Part((name + "_" + bin).c_str()).geometry(); };
@@ -250,7 +250,7 @@ TEST(Browser, ADestinationListIsAsWideAsTheBoxAutoPlayAndBothStandOverTheList) {
     }
 }
 
-TEST(Browser, TheGroundOfAListShowsWhetherItsSamplesAreOnlyDragged) {
+TEST(Browser, TheBackgroundOfAListShowsWhetherItsSamplesAreOnlyDragged) {
     Browser browser;
     const auto ground = [&](const char* name) {
         browser.Settle();
@@ -291,13 +291,15 @@ TEST(Browser, AScrolledListLoadsTheRowUnderThePointer) {
     UpdatePickFile(browser.s, 0);
     SetFileDestination(browser.s, 0, 0);
     QWidget& list = browser.Part("PickFile_0");
-    list.findChildren<QScrollBar*>().first()->setValue(10);
+    for (auto* bar : list.findChildren<QScrollBar*>()) {
+        if (bar->orientation() == Qt::Vertical) bar->setValue(10);
+    }
     browser.ClickOn("PickFile_0", Browser::RowAt(2));
     EXPECT_EQ(browser.s.Bins[0].Selected, 12);
     EXPECT_EQ(std::filesystem::path(browser.s.Set[0].FileName).stem(), browser.s.Bins[0].Rows[12].Name);
 }
 
-TEST(Browser, ADragBecomesTheBinsButtonOrItsFolderAndNothingElse) {
+TEST(Browser, ADragFromAFolderButtonCopiesItsFolderAndOtherDragsAreIgnored) {
     Browser browser;
     QWidget& button = browser.Part("PickDir_1");
     const auto source = test::DragOf(button, [&] {
@@ -335,7 +337,7 @@ TEST(Browser, AFolderOfTheTreeDroppedOnAButtonBecomesTheBins) {
     EXPECT_EQ(browser.s.Bins[0].Folder, browser.Folder.string());
 }
 
-TEST(Browser, TheTreeNamesAndPaintsWhatChangesByItsNameAloneAndDoesNotReadIntoIt) {
+TEST(Browser, TheTreeKnowsTypesByTheNameAloneAndOpensNoFile) {
     Browser browser;
     std::ofstream(browser.Folder / "nameless") << "RIFF....WAVEfmt ";
     browser.ClickOn("PickDir_2");

@@ -55,7 +55,7 @@ struct Browser : Stage {
         Settle();
     }
     QImage Bar() { return Part("BrowseStatusBar1").grab().toImage(); }
-    /// Whether the browser's own bar shows this text.
+    /// Whether the browser's status bar shows this text.
     bool Shows(std::string_view hint) {
         const QImage shown = Bar();
         Window.ShowHint("");
@@ -63,7 +63,7 @@ struct Browser : Stage {
         Window.ShowHint(hint);
         return shown == Bar() && shown != empty;
     }
-    /// Drops something on a control of the browser; false when that does not take it.
+    /// Drops something on a control of the browser; false when the control refuses it.
     bool DropOn(QWidget& part, std::unique_ptr<QMimeData> data) {
         const QPoint place = part.rect().center();
         QDragEnterEvent enter(place, Qt::CopyAction, data.get(), Qt::LeftButton, {});
@@ -80,7 +80,7 @@ struct Browser : Stage {
         return DropOn(Part(name), std::move(urls));
     }
 
-    TempFolder Own;  // of this test alone: others run at the same time
+    TempFolder Own;  // not shared with tests that run at the same time
     std::filesystem::path Folder = std::filesystem::path(Own.Path()) / "marvolin browse test";
     FrmBrowse Window{s};
 };

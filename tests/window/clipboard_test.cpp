@@ -12,7 +12,7 @@
 namespace marvolin {
 namespace {
 
-/// The browser with its clipboard in front, and a sample file on disk that clips bring along.
+/// The browser, open at the clipboard.
 struct Clips : test::Browser {
     Clips() {
         OpenTab(3);
@@ -70,7 +70,7 @@ TEST(ClipBoardPage, TheNameOfALoadedLoopTrackDroppedOnTheListBecomesAClip) {
     clips.Load(1, "one.wav");
     EXPECT_TRUE(clips.DropOnList({"DropDown", 1, ""}));
     EXPECT_TRUE(clips.DropOnList({"DropDown", 1, ""}));
-    EXPECT_TRUE(clips.DropOnList({"DropDown", 0, ""}));  // holds nothing
+    EXPECT_TRUE(clips.DropOnList({"DropDown", 0, ""}));  // empty
     ASSERT_EQ(clips.Rows(), (QStringList{"one", "(2) one"}));
     EXPECT_EQ(clips.s.Clips.ClipStore[1].Vol, 123);
 }
@@ -107,7 +107,7 @@ TEST(ClipBoardPage, OtherControlsAndFilesAddNothing) {
     EXPECT_EQ(clips.Rows(), QStringList{});
 }
 
-TEST(ClipBoardPage, APressOnAClipDragsItAndItsTagSaysTheButton) {
+TEST(ClipBoardPage, APressOnAClipDragsItAndTheTagIsTheButton) {
     Clips clips;
     clips.Load(0, "one.wav");
     clips.Load(1, "two.WAV");
@@ -122,11 +122,11 @@ TEST(ClipBoardPage, APressOnAClipDragsItAndItsTagSaysTheButton) {
     EXPECT_EQ(clips.s.Clips.Selected, 0);
 }
 
-TEST(ClipBoardPage, AClipDraggedByTheLeftButtonBringsEverythingAndPlays) {
+TEST(ClipBoardPage, AClipDraggedWithTheLeftButtonCopiesEverythingAndPlays) {
     Clips clips;
     clips.Load(0, "one.wav");
     clips.DropOnList({"DropDown", 0, ""});
-    clips.Untick(1);  // the boxes are the right button's
+    clips.Untick(1);  // the boxes count only for a drag with the right button
     const auto drag = clips.DragOfClip(0, Qt::LeftButton);
     ASSERT_TRUE(drag.has_value());
     clips.DropControl("SndDisp_2", *drag);
@@ -138,7 +138,7 @@ TEST(ClipBoardPage, AClipDraggedByTheLeftButtonBringsEverythingAndPlays) {
     EXPECT_EQ(clips.s.Run[2].Playing, True);
 }
 
-TEST(ClipBoardPage, AClipDraggedByTheRightButtonBringsOnlyWhatIsTicked) {
+TEST(ClipBoardPage, AClipDraggedWithTheRightButtonCopiesOnlyWhatIsTicked) {
     for (int box = 0; box < 7; ++box) {
         SCOPED_TRACE(box);
         Clips clips;
@@ -181,7 +181,7 @@ TEST(ClipBoardPage, TrashRemovesTheClipThatWasDraggedAndTheOthersKeepTheirTexts)
     EXPECT_EQ(clips.Rows(), (QStringList{"one", "(3) one"}));
     EXPECT_EQ(clips.s.Clips.ClipTop, 1);
     clips.DropOn("Trash", {"DropDown", 0, ""});
-    clips.DropOn("Trash", *drag);  // no clip is chosen any more
+    clips.DropOn("Trash", *drag);  // no clip is selected any more
     EXPECT_EQ(clips.Rows(), (QStringList{"one", "(3) one"}));
 }
 
@@ -201,7 +201,7 @@ TEST(ClipBoardPage, ClearAllAsksAndOnlyOkEmptiesTheList) {
     EXPECT_EQ(clips.s.Clips.ClipTop, -1);
 }
 
-TEST(ClipBoardPage, HintsOfListAndTrashGoToTheBrowsersBar) {
+TEST(ClipBoardPage, HintsOfListAndTrashAreShownInTheBrowsersStatusBar) {
     Clips clips;
     const std::string main = clips.s.StatusText;
     clips.Hover(*clips.List().viewport(), {20, 20});
@@ -211,7 +211,7 @@ TEST(ClipBoardPage, HintsOfListAndTrashGoToTheBrowsersBar) {
     EXPECT_EQ(clips.s.StatusText, main);
 }
 
-TEST(ClipBoardPage, TheDeleteKeyRemovesTheChosenClip) {
+TEST(ClipBoardPage, TheDeleteKeyRemovesTheSelectedClip) {
     Clips clips;
     clips.Load(0, "one.wav");
     clips.Load(1, "two.WAV");

@@ -28,7 +28,7 @@ TEST(QtDesktop, TemporaryFilesAreUniqueAndInTheSystemsFolder) {
     std::filesystem::remove(two);
 }
 
-TEST(QtDesktop, WithoutAFolderForTemporaryFilesThereIsNoName) {
+TEST(QtDesktop, WithoutAFolderForTemporaryFilesTheNameIsEmpty) {
     QtDesktop desk;
     const QByteArray before = qgetenv("TMPDIR");
     qputenv("TMPDIR", "/nowhere/at/all");
@@ -40,7 +40,7 @@ TEST(QtDesktop, WithoutAFolderForTemporaryFilesThereIsNoName) {
     }
 }
 
-TEST(QtDesktop, OnlyTheFirstInstanceHasTheClaim) {
+TEST(QtDesktop, OnlyTheFirstInstanceGetsTheLock) {
     QTemporaryDir folder;
     const QByteArray before = qgetenv("XDG_RUNTIME_DIR");
     qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8());
@@ -55,7 +55,7 @@ TEST(QtDesktop, OnlyTheFirstInstanceHasTheClaim) {
     before.isNull() ? qunsetenv("XDG_RUNTIME_DIR") : qputenv("XDG_RUNTIME_DIR", before);
 }
 
-TEST(QtDesktop, TheBusyPointerComesAndGoesOnce) {
+TEST(QtDesktop, TheBusyPointerIsSetOnceHoweverOftenItIsAskedFor) {
     QtDesktop desk;
     desk.SetBusyPointer(true);
     desk.SetBusyPointer(true);
@@ -65,7 +65,7 @@ TEST(QtDesktop, TheBusyPointerComesAndGoesOnce) {
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-TEST(QtDesktop, ABoxShowsItsTextPlainAndTakesTheAnswer) {
+TEST(QtDesktop, ABoxShowsItsTextWithoutMarkupAndReturnsTheAnswer) {
     QtDesktop desk;
     QString text;
     QString title;
@@ -87,7 +87,7 @@ TEST(QtDesktop, ABoxShowsItsTextPlainAndTakesTheAnswer) {
     EXPECT_EQ(title, "Question");
 }
 
-TEST(QtDesktop, ABoxIsShownOverTheDialogueOrFormAtWhichThePlayerIsAndElseOverTheMainWindow) {
+TEST(QtDesktop, ABoxIsShownOverTheActiveDialogueOrFormAndOtherwiseOverTheMainWindow) {
     QtDesktop desk;
     QWidget main;
     main.show();

@@ -25,7 +25,7 @@ struct Destinations : test::Stage {
     FrmBrowse Window{s};
 };
 
-TEST(DestinationList, NamesTheSamplesOfTheLoopTracksWhateverLoadedThem) {
+TEST(DestinationList, NamesTheSamplesOfTheLoopTracksHoweverTheyWereLoaded) {
     Destinations lists;
     EXPECT_EQ(lists.Text(0, 2), "C: ");
     lists.DropFiles("SndDisp_2", {lists.Folder.Touch("kick.wav")});

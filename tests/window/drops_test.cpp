@@ -10,7 +10,7 @@ namespace {
 
 using test::Stage;
 
-/// A folder of its own with some files, gone at the end.
+/// A folder with sample files, removed at the end.
 class Folder {
 public:
     Folder()
@@ -28,7 +28,7 @@ private:
     std::filesystem::path path_;
 };
 
-TEST(FileDrop, AWavFileLoadsIntoTheRowWhereverItFalls) {
+TEST(FileDrop, AWavFileLoadsIntoTheRowWhicheverControlItIsDroppedOn) {
     Stage stage;
     Folder folder;
     const std::string one = folder.Put("one.wav");
@@ -63,7 +63,7 @@ TEST(FileDrop, SeveralFilesFillTheRowsBelow) {
     EXPECT_EQ(std::filesystem::path(stage.s.Set[3].FileName).stem(), "b");
 }
 
-TEST(FileDrop, AFileThatIsNoWavGetsTheLoadersMessage) {
+TEST(FileDrop, AFileThatIsNotWavShowsTheLoadersMessage) {
     Stage stage;
     Folder folder;
     stage.Sound.Failures["CreateSoundBufferFromFile"] = sound_error::kBadFormat;
@@ -74,13 +74,13 @@ TEST(FileDrop, AFileThatIsNoWavGetsTheLoadersMessage) {
     EXPECT_FALSE(stage.Desk.Busy);
 }
 
-TEST(FileDrop, AFileThatHasVanishedIsTold) {
+TEST(FileDrop, AFileThatDoesNotExistShowsABox) {
     Stage stage;
     stage.DropFiles("LoopRow_0", {"/nowhere/gone.wav"});
     EXPECT_EQ(stage.Desk.LastBox(), "File Doesn't Exist !!");
 }
 
-TEST(FileDrop, PlaysAfterwardsWhenThatIsWanted) {
+TEST(FileDrop, PlaysAfterLoadingWhenPlayOnLoadIsOn) {
     Stage stage;
     Folder folder;
     stage.s.PlayOnLoad = true;

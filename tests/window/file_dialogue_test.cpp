@@ -15,7 +15,7 @@
 namespace marvolin {
 namespace {
 
-/// The Save/Open dialogue on a folder of its own that holds the session "set.mvn" and the package "set.mvp".
+/// The Save/Open dialogue on a temporary folder that holds the session "set.mvn" and the package "set.mvp".
 struct Dialogue : test::Stage {
     Dialogue() {
         Folder.Touch("set.mvn");
@@ -26,7 +26,7 @@ struct Dialogue : test::Stage {
         Window.Open();
     }
     ~Dialogue() { Screen.Attach(static_cast<FrmSave*>(nullptr)); }
-    /// Presses the button `opener`; `answer` is run once in the file dialogue, which is called off when it leaves it
+    /// Presses the button `opener` and runs `answer` once on the file dialogue; cancels the dialogue if it is still
     /// open.
     void Ask(const char* opener, const std::function<void(QFileDialog&)>& answer) {
         QTimer hand;
@@ -74,7 +74,7 @@ TEST(FileDialogue, OpensOnlyAFileThatExists) {
 
 TEST(FileDialogue, OpensWhatWasTyped) {
     Dialogue dialogue;
-    dialogue.s.CurrentFile.clear();  // what is chosen from the start counts until a hand has written
+    dialogue.s.CurrentFile.clear();  // a file that is selected at the start wins over text that is set by the program
     dialogue.Ask("OpenIt", [&](QFileDialog& asked) { Dialogue::Accept(asked, dialogue.Folder.Path() + "/set.mvp"); });
     EXPECT_EQ(dialogue.Store.Log,
               std::vector<std::string>{"Load " + (dialogue.Folder.Path() + "/set.mvp") + " current adopt"});

@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// Gestures on the toolkit's own lists, and drags that are caught before they are dropped.
+/// Gestures on the toolkit's lists, quick clicks, and drags that are caught before the drop.
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -18,25 +18,26 @@
 
 namespace marvolin::test {
 
-/// Opens the list and takes `entry` by key, also when it is the one that stands there.
+/// Opens the list and chooses `entry` by key, even when it is the current one.
 inline void Choose(QComboBox& list, int entry) {
     list.showPopup();
     list.view()->setCurrentIndex(list.model()->index(entry, 0));
     QTest::keyClick(list.view(), Qt::Key_Return);
 }
 
-/// A click of a quick and steady hand, `after` milliseconds from its last event. It lets go where the press has put the
-/// pointer, if it did.
+/// A quick click, `after` milliseconds after the previous event. When the press makes the program move the pointer, the
+/// release is at the new place.
 inline void QuickClick(QWindow& window, QPoint place, Qt::MouseButton button = Qt::LeftButton, int after = 60) {
     const QPoint before = QCursor::pos();
     QTest::mousePress(&window, button, {}, place, after);
     const QPoint now = QCursor::pos();
     QTest::mouseRelease(&window, button, {}, now == before ? place : window.mapFromGlobal(now));
-    QTest::lastMouseTimestamp -= QTest::mouseDoubleClickInterval;  // each release is followed by a long rest
+    QTest::lastMouseTimestamp -=
+        QTest::mouseDoubleClickInterval;  // the toolkit's test library adds a long pause after each release
 }
 
-/// The pointer stands at `from` on the screen, and from now on the desktop really puts it where a drag on this surface
-/// wants it.
+/// Puts the pointer at `from` on the screen, and lets the desktop really move it when a drag on this surface asks for
+/// it.
 inline void LetPointerBePut(FakeDesktop& desk, const BallSurface& surface, QPoint from) {
     QCursor::setPos(from);
     QCoreApplication::processEvents();
@@ -45,9 +46,9 @@ inline void LetPointerBePut(FakeDesktop& desk, const BallSurface& surface, QPoin
     desk.PutPointer = [](PixelPoint place) { QCursor::setPos(place.X, place.Y); };
 }
 
-/// The control on its way in a drag that `gesture` begins at `from`; none when it begins none. The drag is called off.
+/// What the drag carries that `gesture` starts at `from`; none when it starts none. The drag is cancelled.
 inline std::optional<DragSource> DragOf(QWidget& from, const std::function<void()>& gesture) {
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // drags that are over
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // deletes finished drags
     std::optional<DragSource> seen;
     QTimer catcher;
     catcher.callOnTimeout([&] {
@@ -58,7 +59,7 @@ inline std::optional<DragSource> DragOf(QWidget& from, const std::function<void(
     });
     catcher.start(0);
     gesture();
-    // A drag that ended by itself is there until the loop of events runs again.
+    // A drag that ended by itself is deleted when the event loop runs again.
     const auto* over = from.findChild<QDrag*>();
     if (!seen && over != nullptr) seen = FromMimeData(*over->mimeData());
     QCoreApplication::processEvents();

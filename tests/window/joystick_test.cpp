@@ -1,4 +1,4 @@
-// The sub-tab of the joystick under the player's hand, and the stick that it is about.
+// The sub-tab of the joystick, and the stick that it sets up.
 
 #include <gtest/gtest.h>
 
@@ -64,7 +64,7 @@ struct Page : test::Stage {
         Move(name, from + QPointF(way, 0));
         Release(name, from + QPointF(way, 0));
     }
-    /// Text of the label in the line of this control, left of it or right of it.
+    /// Text of the nearest label in the line of this control, on its left or right.
     QString LabelAt(const char* name, bool right) {
         const QRect place = At(name)->geometry();
         QString nearest;
@@ -84,7 +84,7 @@ struct Page : test::Stage {
     void Poll() { dynamic_cast<test::FakeTimers::Timer&>(*s.JoyTimer).OnTick(kPollMs); }
 };
 
-TEST(JoystickPage, EachControlIsInSightAndHasItsCaption) {
+TEST(JoystickPage, EachControlIsVisibleAndHasItsCaption) {
     Page page;
     const std::array<const char*, 5> actions{"Move", "Centre", "Twist Centre", "Toggle Rel/Abs", "ToggleTwist"};
     for (std::size_t i = 0; i < actions.size(); ++i) EXPECT_EQ(page.LabelAt(kButtonLists[i], false), actions[i]);
@@ -121,7 +121,7 @@ TEST(JoystickPage, EachButtonAndNoneCanBeChosenForEachAction) {
     }
 }
 
-TEST(JoystickPage, NoneForOneActionLeavesTheOthersThatHaveNone) {
+TEST(JoystickPage, SeveralActionsCanHaveNone) {
     Page page;
     for (const char* list : kButtonLists) test::Choose(page.List(list), kNoButtonEntry);
     for (const char* list : kButtonLists) EXPECT_EQ(page.List(list).currentText(), "None");
@@ -148,7 +148,7 @@ TEST(JoystickPage, TheAxisListsHoldWhatTheDeviceHas) {
     }
 }
 
-TEST(JoystickPage, TheSlidersArePulledToTheirEndsAndTellTheirValue) {
+TEST(JoystickPage, TheSlidersReachTheirEndsAndShowTheirValue) {
     for (int factor = 0; factor < 3; ++factor) {
         SCOPED_TRACE(factor);
         Page page;
@@ -165,7 +165,7 @@ TEST(JoystickPage, TheSlidersArePulledToTheirEndsAndTellTheirValue) {
     }
 }
 
-TEST(JoystickPage, ShowsWhatASetBringsBack) {
+TEST(JoystickPage, ShowsWhatASessionRestores) {
     Page page;
     page.s.Joy.Button = Table<std::int16_t, 5>{{{7, 8, 3, 0, 6}}};
     page.s.Joy.Axis = Table<std::int16_t, 2>{{{kAxisRZ, kAxisRX}}};
@@ -179,7 +179,7 @@ TEST(JoystickPage, ShowsWhatASetBringsBack) {
     EXPECT_EQ(page.LabelAt("JoyFactor_1", true), "2222");
 }
 
-TEST(JoystickPage, WithoutAStickTheListsRestAndThePageSaysWhy) {
+TEST(JoystickPage, WithoutAJoystickTheListsAreDisabledAndThePageSaysWhy) {
     Page page(std::vector<std::int32_t>{});
     for (const auto& lists : {std::vector<const char*>(kButtonLists.begin(), kButtonLists.end()),
                               std::vector<const char*>(kAxisLists.begin(), kAxisLists.end())}) {
@@ -198,7 +198,7 @@ TEST(JoystickPage, WithoutAStickTheListsRestAndThePageSaysWhy) {
     };
     EXPECT_TRUE(says(page));
     EXPECT_EQ(page.s.JoyTimer, nullptr);
-    // Reach and kind of movement are settings of a set, and can be made ready for the next start.
+    // Factors and relative movement are saved in the session and can be set without a joystick.
     page.Pull("JoyFactor_0", 300);
     EXPECT_EQ(page.s.Joy.Factor[0], 3000);
     for (int tab = 0; tab < 2; ++tab) {
@@ -211,7 +211,7 @@ TEST(JoystickPage, WithoutAStickTheListsRestAndThePageSaysWhy) {
     EXPECT_FALSE(says(with));
 }
 
-TEST(JoystickPage, WhatItAssignsIsWhatTheStickDoes) {
+TEST(JoystickPage, TheAssignmentsTakeEffect) {
     Page page;
     test::Choose(page.List("JButton_1"), 6);
     test::Choose(page.List("JAxis_0"), 1);
@@ -229,7 +229,7 @@ TEST(JoystickPage, WhatItAssignsIsWhatTheStickDoes) {
     EXPECT_EQ(page.s.Set[kMasterRow].Vol, 400);
 }
 
-TEST(JoystickPage, StaysAsItIsWhileTheStickIsLostAndGoesOnWhenItIsBack) {
+TEST(JoystickPage, KeepsItsChoicesWhileTheJoystickIsLostAndWorksWhenItIsBack) {
     Page page;
     page.Click("Tab_0");
     page.Stick.Failures["GetDeviceStateJoystick"] = input_error::kInputLost;

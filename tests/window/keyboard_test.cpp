@@ -11,7 +11,7 @@ namespace {
 
 using test::Stage;
 
-TEST(Keyboard, ALetterIsHandedOverWhenItIsLetGo) {
+TEST(Keyboard, ALetterIsReportedWhenItsKeyIsReleased) {
     Stage stage;
     QTest::keyPress(stage.Form.get(), Qt::Key_C);
     EXPECT_TRUE(stage.Keys.empty());
@@ -19,7 +19,7 @@ TEST(Keyboard, ALetterIsHandedOverWhenItIsLetGo) {
     EXPECT_EQ(stage.Keys, std::vector<std::string>{"C"});
 }
 
-TEST(Keyboard, ShiftControlAndAltGoWithIt) {
+TEST(Keyboard, ShiftControlAndAltAreReportedWithIt) {
     Stage stage;
     QTest::keyClick(stage.Form.get(), Qt::Key_A, Qt::ShiftModifier);
     QTest::keyClick(stage.Form.get(), Qt::Key_B, Qt::ControlModifier);
@@ -27,7 +27,7 @@ TEST(Keyboard, ShiftControlAndAltGoWithIt) {
     EXPECT_EQ(stage.Keys, (std::vector<std::string>{"A+shift", "B+control", "Z+alt"}));
 }
 
-TEST(Keyboard, NoControlEatsALetter) {
+TEST(Keyboard, LettersAreReportedWhicheverControlHasTheFocus) {
     Stage stage;
     stage.s.ActiveTab = kOptionTab;
     stage.Screen.ShowTab();
@@ -44,14 +44,14 @@ TEST(Keyboard, NoControlEatsALetter) {
     EXPECT_EQ(drivers->currentIndex(), 0);
 }
 
-TEST(Keyboard, OtherKeysAreNoLetters) {
+TEST(Keyboard, OtherKeysAreNotReported) {
     Stage stage;
     for (int key : {Qt::Key_1, Qt::Key_F1, Qt::Key_Escape, Qt::Key_Shift})
         QTest::keyClick(stage.Form.get(), static_cast<Qt::Key>(key));
     EXPECT_TRUE(stage.Keys.empty());
 }
 
-TEST(Keyboard, AHeldKeyIsOneRelease) {
+TEST(Keyboard, ReleasesOfAKeyThatRepeatsAreNotReported) {
     Stage stage;
     QKeyEvent repeated(QEvent::KeyRelease, Qt::Key_A, {}, "a", true);
     QCoreApplication::sendEvent(stage.Form.get(), &repeated);
@@ -68,7 +68,7 @@ TEST(Keyboard, ATextFieldKeepsItsLetters) {
     EXPECT_TRUE(stage.Keys.empty());
 }
 
-TEST(Keyboard, SpaceWorksTheControlThatHasTheKeys) {
+TEST(Keyboard, SpaceActivatesTheFocusedControl) {
     Stage stage;
     stage.Fill(0);
     stage.At("Play_0")->setFocus();

@@ -32,7 +32,7 @@ TEST(Layout, NothingIsClippedByItsParent) {
     }
 }
 
-TEST(Layout, EveryControlHasItsOwnNameAnAccessibleNameAndATip) {
+TEST(Layout, EveryControlHasAUniqueNameAndAnAccessibleName) {
     Stage stage;
     std::set<QString> names;
     for (const QWidget* widget : stage.Form->findChildren<QWidget*>()) {
@@ -84,7 +84,7 @@ TEST(Layout, EveryControlHasItsOwnNameAnAccessibleNameAndATip) {
     }
 }
 
-TEST(Layout, ControlsThatAreNoPureMouseSurfacesAreReachedByTab) {
+TEST(Layout, ControlsThatAreNotPureMouseSurfacesAreReachedByTab) {
     Stage stage;
     for (const char* name : {"Play_0", "VolKnob_3", "LoopIt_1", "ChannelFlag_2", "Limiter", "FadeFactor", "Selected_0",
                              "Thumb_1", "TimeDigit_3", "NSteps", "SelectorRadio_2", "Tab_2", "ToTop", "DropDown_0"}) {
@@ -116,7 +116,7 @@ TEST(Mini, CutsTheWindowBelowTheRowsAndBack) {
     EXPECT_FALSE(stage.Form->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
 }
 
-TEST(Theme, TextReadsOnItsGround) {
+TEST(Theme, TextHasEnoughContrast) {
     for (const QColor& ground : {theme::kWindow, theme::kPanel, theme::kRaised, theme::kSunk}) {
         EXPECT_GE(theme::Contrast(theme::kText, ground), 4.5);
         EXPECT_GE(theme::Contrast(theme::kQuiet, ground), 4.5);
@@ -130,7 +130,7 @@ TEST(Theme, TextReadsOnItsGround) {
     }
 }
 
-TEST(Theme, RowColoursAreTheModelsOwn) {
+TEST(Theme, RowColoursAreThoseOfTheModel) {
     EXPECT_EQ(theme::RowColour(0), QColor(255, 0, 0));
     EXPECT_EQ(theme::RowColour(3), QColor(0, 0, 255));
     EXPECT_EQ(theme::RowColour(4), QColor(255, 255, 132));
@@ -150,7 +150,7 @@ TEST(StatusBars, ShowHintReadoutAndClock) {
     EXPECT_NE(readout, clock);
 }
 
-TEST(StatusBars, ADeviceThatHasGoneIsToldOnceAndStaysShownUntilAnotherIsThere) {
+TEST(StatusBars, ADeviceThatIsGoneIsReportedOnceAndShownUntilItIsBack) {
     Stage stage;
     stage.Form->WatchSound();
     EXPECT_EQ(stage.Form->Status2->DeviceText(), "Primary Sound Driver, 44100 Hz, 256 frames");
@@ -176,7 +176,7 @@ TEST(StatusBars, ADeviceThatHasGoneIsToldOnceAndStaysShownUntilAnotherIsThere) {
     EXPECT_EQ(stage.Form->Status2->DeviceText(), "No Sound");
 }
 
-TEST(StatusBars, TheDeviceThatIsChosenForAGoneOneIsNotCalledGone) {
+TEST(StatusBars, ANewDeviceIsNotShownAsGone) {
     Stage stage;
     stage.SoundGone = true;
     stage.Form->WatchSound();
@@ -186,7 +186,7 @@ TEST(StatusBars, TheDeviceThatIsChosenForAGoneOneIsNotCalledGone) {
     EXPECT_EQ(stage.Form->Status2->DeviceText(), "Second Device, 44100 Hz, 256 frames");
 }
 
-TEST(StatusBars, TheQuestionMarkSaysItsHint) {
+TEST(StatusBars, TheQuestionMarkShowsItsHint) {
     Stage stage;
     stage.Move("StatusBar1", {1015, 12});
     EXPECT_EQ(stage.s.StatusText, "drg Question Mark to Control for Help");

@@ -4,7 +4,7 @@
 
 #include "window/toolkit/theme.h"
 
-// The window's tests need no screen.
+// The tests of the window need no screen.
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     ::testing::InitGoogleTest(&argc, argv);

@@ -25,7 +25,7 @@ struct Map : test::Stage {
         MapInit(s);
         MapEnable(s, true);
         SetTab(s, 1);
-        // Apart from each other, so that each can be taken.
+        // Apart from each other, so that each can be pressed.
         for (int ball = 0; ball <= kListener; ++ball) {
             PositionSet(s, ball, static_cast<float>(0.5 * (ball - 2)), 0.75F, {.Apply = false, .StoreBall = true});
         }
@@ -48,7 +48,7 @@ struct Map : test::Stage {
         const BallPoint place = MapUnits(s, ball);
         return {place.X, place.Y};
     }
-    /// The map has the pointer put on the ball, by a press that is far enough from there to tell the two places apart.
+    /// Lets a press move the pointer to the centre of the ball; the place of the press, well apart from there.
     QPoint PutByPress(int ball) {
         const QPoint press = Ball(ball) - QPoint(7, 7);
         test::LetPointerBePut(Desk, *dynamic_cast<TabMap*>(At("MapPage"))->Map, Form->mapToGlobal(press));
@@ -69,7 +69,7 @@ private:
     QPoint start_;
 };
 
-TEST(SoundMap, WithThreeDOffTheBallsRest) {
+TEST(SoundMap, WithThreeDOffTheBallsCannotBeMoved) {
     Map map;
     MapEnable(map.s, false);
     for (const char* name : {"PosBall_0", "PosBall_4", "MapSize", "RollOff", "CentreAll"}) {
@@ -84,7 +84,7 @@ TEST(SoundMap, WithThreeDOffTheBallsRest) {
     EXPECT_TRUE(map.At("PosBall_0")->isEnabled());
 }
 
-TEST(SoundMap, BallsStandWhereTheirMapUnitsSay) {
+TEST(SoundMap, BallsAreDrawnAtTheirMapUnits) {
     Map map;
     const QPoint centre = map.InWindow("Map", map.Middle("Map"));
     PositionSet(map.s, 1, 0.75F, -1.5F, {.Apply = false, .StoreBall = true});
@@ -92,7 +92,7 @@ TEST(SoundMap, BallsStandWhereTheirMapUnitsSay) {
     EXPECT_NEAR((map.Ball(1) - centre).y(), -142, 1);
 }
 
-TEST(SoundMap, PlacesAreCutAsInTheStatusLine) {
+TEST(SoundMap, PlacesAreTruncatedAsInTheStatusLine) {
     Map map;
     const auto places = [&](float x) {
         PositionSet(map.s, 1, x, 0.5F, {.Apply = false, .StoreBall = true});
@@ -177,7 +177,7 @@ TEST(SoundMap, ADoubleClickCentresABallWhateverTheBoxesSay) {
     EXPECT_TRUE(map.Sent("SetPosition"));
 }
 
-TEST(SoundMap, TwoPressesThatThePutPointerKeepsApartAreADoubleClick) {
+TEST(SoundMap, TwoPressesApartBecauseThePointerWasMovedAreADoubleClick) {
     for (int ball = 0; ball <= kListener; ++ball) {
         SCOPED_TRACE(ball);
         Map map;
@@ -196,7 +196,7 @@ TEST(SoundMap, TwoPressesThatThePutPointerKeepsApartAreADoubleClick) {
     }
 }
 
-TEST(SoundMap, ADoubleClickOfAllEventsAtOnceCentresEachBallForGood) {
+TEST(SoundMap, ADoubleClickWhoseEventsArriveAtOnceCentresEachBall) {
     for (int ball = 0; ball <= kListener; ++ball) {
         for (bool put : {false, true}) {
             SCOPED_TRACE(testing::Message() << ball << ", " << put);
@@ -209,7 +209,7 @@ TEST(SoundMap, ADoubleClickOfAllEventsAtOnceCentresEachBallForGood) {
     }
 }
 
-TEST(SoundMap, AClickWhoseReleaseStillTellsTheOldPlaceMovesNoBall) {
+TEST(SoundMap, AClickWhoseReleaseReportsTheOldPlaceMovesNoBall) {
     for (int ball = 0; ball <= kListener; ++ball) {
         SCOPED_TRACE(ball);
         Map map;
@@ -221,7 +221,7 @@ TEST(SoundMap, AClickWhoseReleaseStillTellsTheOldPlaceMovesNoBall) {
     }
 }
 
-TEST(SoundMap, PressesThatAreNoDoubleClickLeaveTheBalls) {
+TEST(SoundMap, PressesThatAreNotADoubleClickLeaveTheBallsUnchanged) {
     struct Case {
         const char* Words;
         Qt::MouseButton First;
@@ -247,7 +247,7 @@ TEST(SoundMap, PressesThatAreNoDoubleClickLeaveTheBalls) {
     }
 }
 
-TEST(SoundMap, AClickOnAnotherBallIsNoFirstHalfOfADoubleClick) {
+TEST(SoundMap, AClickOnAnotherBallDoesNotStartADoubleClick) {
     Map map;
     const QPointF before = map.Place(1);
     test::QuickClick(map.Window(), map.Ball(0));
@@ -255,7 +255,7 @@ TEST(SoundMap, AClickOnAnotherBallIsNoFirstHalfOfADoubleClick) {
     EXPECT_EQ(map.Place(1), before);
 }
 
-TEST(SoundMap, ADoubleClickOnABallThatIsHalfUnderAnotherCentresTheOneThatWasClicked) {
+TEST(SoundMap, ADoubleClickOnABallHalfCoveredByAnotherCentresTheOneThatWasClicked) {
     Map map;
     map.At("PosBall_3")->raise();
     const QPointF upper = map.Place(3);
@@ -270,7 +270,7 @@ TEST(SoundMap, ADoubleClickOnABallThatIsHalfUnderAnotherCentresTheOneThatWasClic
     EXPECT_EQ(map.Place(2), QPointF(0, 0));
     EXPECT_EQ(map.Place(3), upper);
     EXPECT_TRUE(map.s.CursorFree);
-    // Elsewhere on the upper ball it is a press of that ball's own.
+    // Elsewhere on the upper ball the press belongs to the upper ball.
     PositionSet(map.s, 2, static_cast<float>(upper.x() - step), static_cast<float>(upper.y() - step),
                 {.Apply = false, .StoreBall = true});
     test::QuickClick(map.Window(), press);
@@ -279,7 +279,7 @@ TEST(SoundMap, ADoubleClickOnABallThatIsHalfUnderAnotherCentresTheOneThatWasClic
     EXPECT_EQ(map.Place(3), upper);
 }
 
-TEST(SoundMap, ATapThatIsOverBeforeThePointerIsPutUnderAnotherBallIsTheFirstHalfOfADoubleClickToo) {
+TEST(SoundMap, ATapReleasedBeforeThePointerMovesUnderAnotherBallStartsADoubleClickToo) {
     Map map;
     map.At("PosBall_3")->raise();
     const QPointF upper = map.Place(3);
@@ -287,7 +287,7 @@ TEST(SoundMap, ATapThatIsOverBeforeThePointerIsPutUnderAnotherBallIsTheFirstHalf
     PositionSet(map.s, 2, static_cast<float>(upper.x() - step), static_cast<float>(upper.y() - step),
                 {.Apply = false, .StoreBall = true});
     const QPoint press = map.PutByPress(2);
-    QTest::mouseClick(&map.Window(), Qt::LeftButton, {}, press);  // the release tells the old place
+    QTest::mouseClick(&map.Window(), Qt::LeftButton, {}, press);  // the release reports the old place
     QTest::lastMouseTimestamp -= QTest::mouseDoubleClickInterval;
     const QPoint put = map.Pointer();
     ASSERT_EQ(map.Form->childAt(put), map.At("PosBall_3"));
@@ -350,7 +350,7 @@ TEST(SoundMap, CentreAllPutsEveryBallOnTheCentre) {
     EXPECT_EQ(map.s.ListenerX, 0);
 }
 
-TEST(SoundMap, TheListenerIsBroughtBackOntoTheMap) {
+TEST(SoundMap, FindListenerBringsTheListenerBackOntoTheMap) {
     Map map;
     map.s.ListenerX = 100;
     map.s.ListenerY = -100;

@@ -26,7 +26,7 @@ struct Pad : test::Stage {
         QTest::mouseMove(Form->windowHandle(), start + way);
         QTest::mouseRelease(Form->windowHandle(), button, {}, start + way);
     }
-    /// The pad has the pointer put on the ball, by a press that is far enough from there to tell the two places apart.
+    /// Lets a press move the pointer to the centre of the ball; the place of the press, well apart from there.
     QPoint PutByPress() {
         const QPoint press = Ball() - QPoint(7, 7);
         test::LetPointerBePut(Desk, *dynamic_cast<TabMixPad*>(At("MixPadPage"))->Pad, Form->mapToGlobal(press));
@@ -53,13 +53,13 @@ TEST(MixPad, TheBallIsDraggedToEachCornerWithEitherButtonAndStopsThere) {
             const QPoint ball = pad.Ball() - pad.Centre();
             EXPECT_NEAR(ball.x(), way.x() > 0 ? 142 : -142, 1);
             EXPECT_NEAR(ball.y(), way.y() > 0 ? 142 : -142, 1);
-            // With its ring it is seen whole.
+            // The ball and its ring are not clipped.
             EXPECT_TRUE(pad.At("Pad")->rect().contains(pad.At("PadBall")->geometry().adjusted(2, 2, -2, -2)));
         }
     }
 }
 
-TEST(MixPad, CornerToCornerFadesTheChannelsAgainstEachOther) {
+TEST(MixPad, CornerToCornerCrossfadesTheChannels) {
     Pad pad;
     pad.Drag({-kFar, -kFar});
     EXPECT_EQ(pad.s.ChannelVol[1], 0);
@@ -108,7 +108,7 @@ TEST(MixPad, ADoubleClickOnTheBallCentresIt) {
     EXPECT_TRUE(pad.s.CursorFree);
 }
 
-TEST(MixPad, TwoPressesThatThePutPointerKeepsApartAreADoubleClickOfEitherButton) {
+TEST(MixPad, TwoPressesApartBecauseThePointerWasMovedAreADoubleClickOfEitherButton) {
     for (Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
         SCOPED_TRACE(button);
         Pad pad;
@@ -125,7 +125,7 @@ TEST(MixPad, TwoPressesThatThePutPointerKeepsApartAreADoubleClickOfEitherButton)
     }
 }
 
-TEST(MixPad, ADoubleClickActsOnceAndTheNextPressTakesTheBall) {
+TEST(MixPad, ADoubleClickActsOnceAndTheNextPressGrabsTheBall) {
     Pad pad;
     pad.Fill(0);
     pad.StandAt(900, -600);
@@ -145,13 +145,13 @@ TEST(MixPad, ADoubleClickActsOnceAndTheNextPressTakesTheBall) {
     QTest::mouseRelease(&pad.Window(), Qt::LeftButton, {}, pad.Ball());
 }
 
-TEST(MixPad, TheCentredBallStaysWhateverTheHandDoesUntilItLetsGo) {
+TEST(MixPad, ACentredBallStaysUntilTheButtonIsReleased) {
     for (bool put : {false, true}) {
         SCOPED_TRACE(put);
         Pad pad;
         pad.StandAt(900, -600);
         const QPoint place = put ? pad.PutByPress() : pad.Ball();
-        // All three presses and releases wait before the first is read.
+        // All events are queued before the first is handled.
         QTest::mouseDClick(&pad.Window(), Qt::LeftButton, {}, place);
         EXPECT_EQ(pad.Place(), QPointF(0, 0));
         EXPECT_TRUE(pad.s.CursorFree);
@@ -161,7 +161,7 @@ TEST(MixPad, TheCentredBallStaysWhateverTheHandDoesUntilItLetsGo) {
         QTest::mouseMove(&pad.Window(), centre + QPoint(30, 30));
         QTest::mouseRelease(&pad.Window(), Qt::LeftButton, {}, centre + QPoint(40, 40));
         EXPECT_EQ(pad.Place(), QPointF(0, 0));
-        // After that a move without a button is none of a drag either.
+        // After that a move without a button does not drag either.
         QTest::mouseMove(&pad.Window(), pad.Ball() + QPoint(3, 3));
         EXPECT_EQ(pad.Place(), QPointF(0, 0));
         pad.Desk.PutPointer = nullptr;
@@ -170,7 +170,7 @@ TEST(MixPad, TheCentredBallStaysWhateverTheHandDoesUntilItLetsGo) {
     }
 }
 
-TEST(MixPad, PressesThatAreNoDoubleClickLeaveTheBall) {
+TEST(MixPad, PressesThatAreNotADoubleClickLeaveTheBallUnchanged) {
     struct Case {
         const char* Words;
         Qt::MouseButton First;
@@ -196,7 +196,7 @@ TEST(MixPad, PressesThatAreNoDoubleClickLeaveTheBall) {
     }
 }
 
-TEST(MixPad, ADragBetweenTwoPressesMakesThemNoDoubleClick) {
+TEST(MixPad, TwoPressesWithADragBetweenThemAreNotADoubleClick) {
     for (int way : {3, 8}) {
         SCOPED_TRACE(way);
         Pad pad;
@@ -211,7 +211,7 @@ TEST(MixPad, ADragBetweenTwoPressesMakesThemNoDoubleClick) {
     }
 }
 
-TEST(MixPad, AClickWhoseReleaseStillTellsTheOldPlaceDoesNotMoveTheBall) {
+TEST(MixPad, AClickWhoseReleaseReportsTheOldPlaceDoesNotMoveTheBall) {
     Pad pad;
     pad.StandAt(900, -600);
     const QPoint press = pad.PutByPress();
@@ -220,7 +220,7 @@ TEST(MixPad, AClickWhoseReleaseStillTellsTheOldPlaceDoesNotMoveTheBall) {
     EXPECT_EQ(pad.Place(), QPointF(900, -600));
 }
 
-TEST(MixPad, ADragCountsFromWhereThePointerWasPut) {
+TEST(MixPad, ADragCountsFromWhereTheProgramMovedThePointer) {
     Pad pad;
     const QPoint press = pad.PutByPress();
     QTest::mousePress(&pad.Window(), Qt::LeftButton, {}, press);
@@ -231,7 +231,7 @@ TEST(MixPad, ADragCountsFromWhereThePointerWasPut) {
     EXPECT_EQ(pad.Place(), QPointF(300, -150));
 }
 
-/// Loses the first move of the held pointer: the system tells only the last of some that wait.
+/// Drops the first move with a held button, as the system does when several moves are queued: it reports the last.
 struct MoveLoser : QObject {
     bool eventFilter(QObject*, QEvent* event) override {
         if (event->type() != QEvent::MouseMove) return false;
@@ -240,7 +240,7 @@ struct MoveLoser : QObject {
     int Lost = 0;
 };
 
-TEST(MixPad, AHandThatIsQuickerThanTheNewsOfThePutPointerReachesTheCorner) {
+TEST(MixPad, AMoveBeforeTheMovedPointerIsReportedReachesTheCorner) {
     Pad pad;
     const QPoint press = pad.PutByPress();
     MoveLoser loser;
@@ -255,7 +255,7 @@ TEST(MixPad, AHandThatIsQuickerThanTheNewsOfThePutPointerReachesTheCorner) {
     EXPECT_EQ(pad.Place(), QPointF(press - QPoint(20, 20) - put) * kTwipsPerPixel);
 }
 
-TEST(MixPad, AHandThatGoesOnAtOnceFromThePutPointerReachesTheCorner) {
+TEST(MixPad, AMoveThatContinuesAtOnceFromTheMovedPointerReachesTheCorner) {
     Pad pad;
     const QPoint press = pad.PutByPress();
     const QPoint on(-70, -55);
@@ -270,7 +270,7 @@ TEST(MixPad, AHandThatGoesOnAtOnceFromThePutPointerReachesTheCorner) {
     EXPECT_EQ(pad.Place(), QPointF(2 * on) * kTwipsPerPixel);
 }
 
-TEST(MixPad, AMoveThatThePointerHasAlreadyLeftCountsFromWhereItWasPut) {
+TEST(MixPad, AMoveThatIsAlreadyOutOfDateCountsFromWhereThePointerWasMoved) {
     Pad pad;
     const QPoint press = pad.PutByPress();
     MoveLoser loser;
@@ -278,13 +278,13 @@ TEST(MixPad, AMoveThatThePointerHasAlreadyLeftCountsFromWhereItWasPut) {
     QTest::mousePress(&pad.Window(), Qt::LeftButton, {}, press);
     ASSERT_EQ(loser.Lost, 1);
     const QPoint put = pad.Pointer();
-    QTest::mouseMove(&pad.Window(), put + QPoint(3, 1));  // the pointer itself stands elsewhere
+    QTest::mouseMove(&pad.Window(), put + QPoint(3, 1));  // the pointer itself is elsewhere
     EXPECT_EQ(pad.Place(), QPointF(45, 15));
     QTest::mouseRelease(&pad.Window(), Qt::LeftButton, {}, put + QPoint(30, 10));
     EXPECT_EQ(pad.Place(), QPointF(450, 150));
 }
 
-TEST(MixPad, ADragThatThePutPointerMissesFollowsTheHand) {
+TEST(MixPad, ADragFollowsTheHandWhenThePointerCannotBeMoved) {
     Pad pad;
     const QPoint press = pad.PutByPress();
     pad.Desk.PutPointer = [](PixelPoint) {};
@@ -305,7 +305,7 @@ TEST(MixPad, OnlyAHeldBallHidesThePointer) {
     }
 }
 
-TEST(MixPad, AGrabThatIsLostFreesThePointer) {
+TEST(MixPad, LosingTheMouseGrabFreesThePointer) {
     Pad pad;
     const QPoint start = pad.Ball();
     QTest::mousePress(pad.Form->windowHandle(), Qt::LeftButton, {}, start);

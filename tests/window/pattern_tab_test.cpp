@@ -38,7 +38,7 @@ TEST(PatternGraph, ADragDrawsEachColumnThatItPasses) {
     EXPECT_TRUE(stage.s.ReadoutText.starts_with("Step: 4 Vol: "));
 }
 
-TEST(PatternGraph, BehindTheLastColumnTheNextStepIsWritten) {
+TEST(PatternGraph, ADragBeyondTheLastColumnWritesTheNextStep) {
     PatternStage stage;
     stage.s.Set[0].NSteps = 31;
     PatternsRefresh(stage.s);
@@ -90,7 +90,7 @@ TEST(NSteps, TheWheelIsOneStep) {
     EXPECT_EQ(stage.s.Set[0].NSteps, 2);
 }
 
-TEST(TimeDigit, ADragUpwardsCarriesThroughTheWholeNumber) {
+TEST(TimeDigit, ADragUpwardsCarriesIntoTheNextDigit) {
     PatternStage stage;
     stage.s.Set[0].StepDuration = 95;
     stage.Drag("TimeDigit_1", {0, -3});
@@ -128,7 +128,7 @@ TEST(PatternTab, TheLargePictureSetsTheModeOfTheCurrentLoopTrack) {
     EXPECT_EQ(stage.s.Set[2].PlayMode, kTrack);
 }
 
-TEST(PatternTab, SaysTheHintsOfItsControls) {
+TEST(PatternTab, ShowsTheHintsOfItsControls) {
     PatternStage stage;
     const std::vector<std::pair<const char*, const char*>> hints{
         {"PatternGraph_0", "clk, drg Draw Pattern; rtdrg Copy Pattern"},

@@ -13,7 +13,7 @@ using test::PaintWatch;
 using test::Stage;
 using Names = std::vector<std::string>;
 
-TEST(Repaint, AKnobPaintsItselfAlone) {
+TEST(Repaint, AKnobRepaintsOnlyItself) {
     Stage stage;
     stage.s.Set[2].Vol = 100;
     PaintWatch watch;
@@ -22,7 +22,7 @@ TEST(Repaint, AKnobPaintsItselfAlone) {
     EXPECT_EQ(watch.Names(), Names{"VolKnob_2"});
 }
 
-TEST(Repaint, AKnobWhosePictureStaysIsNotPainted) {
+TEST(Repaint, AKnobWhosePictureDoesNotChangeIsNotRepainted) {
     Stage stage;
     stage.s.Set[2].Vol = 300;
     stage.Screen.ShowKnob(2, Knob::Vol);
@@ -34,7 +34,7 @@ TEST(Repaint, AKnobWhosePictureStaysIsNotPainted) {
     EXPECT_EQ(watch.Names(), Names{});
 }
 
-TEST(Repaint, AStatusTextPaintsItsPanelAlone) {
+TEST(Repaint, AStatusTextRepaintsOnlyItsPanel) {
     Stage stage;
     stage.s.StatusText = "Ready.";
     PaintWatch watch;
@@ -44,7 +44,7 @@ TEST(Repaint, AStatusTextPaintsItsPanelAlone) {
     EXPECT_LT(watch.Painted["StatusBar1"].boundingRect().right(), 680);
 }
 
-TEST(Repaint, ThePlaceThatSoundsPaintsTwoNarrowStripsAndNothingElse) {
+TEST(Repaint, ThePlayPositionRepaintsOnlyTwoNarrowStrips) {
     Stage stage;
     auto& buffer = stage.Fill(1);
     stage.Click("Play_1");
@@ -58,7 +58,7 @@ TEST(Repaint, ThePlaceThatSoundsPaintsTwoNarrowStripsAndNothingElse) {
     EXPECT_LE(area, 3 * 6 * stage.At("SndDisp_1")->height());
 }
 
-TEST(Repaint, NothingIsPaintedWhileNothingSounds) {
+TEST(Repaint, NothingIsRepaintedWhileNothingPlays) {
     Stage stage;
     stage.Fill(1);
     stage.Click("Play_1");
@@ -70,7 +70,7 @@ TEST(Repaint, NothingIsPaintedWhileNothingSounds) {
     EXPECT_EQ(watch.Names(), Names{});
 }
 
-TEST(Repaint, AStepMovesTheMarkerAlone) {
+TEST(Repaint, AStepRepaintsOnlyTheMarker) {
     Stage stage;
     stage.s.ActiveTab = kPatternTab;
     stage.Screen.ShowTab();
@@ -84,7 +84,7 @@ TEST(Repaint, AStepMovesTheMarkerAlone) {
     EXPECT_LT(watch.Painted["StepReadOut"].rectCount(), 4);
 }
 
-TEST(Repaint, ADrawnColumnPaintsItsColumnAlone) {
+TEST(Repaint, ADrawnColumnRepaintsOnlyItself) {
     Stage stage;
     stage.s.ActiveTab = kPatternTab;
     stage.Screen.ShowTab();
@@ -98,7 +98,7 @@ TEST(Repaint, ADrawnColumnPaintsItsColumnAlone) {
     EXPECT_LT(watch.Painted["PatternGraph_1"].boundingRect().width(), width / 4 + 8);
 }
 
-TEST(Repaint, WhatIsHiddenIsNotPainted) {
+TEST(Repaint, HiddenControlsAreNotRepainted) {
     Stage stage;
     PaintWatch watch;
     stage.Screen.ShowPattern(0);

@@ -10,7 +10,6 @@
 
 #include "fakes/temp_folder.h"
 #include "hand.h"
-#include "persistence/element_lists.h"
 #include "stage.h"
 #include "window/forms/frm_save.h"
 #include "window/forms/frm_start_up_query.h"
@@ -72,7 +71,7 @@ TEST(SaveOpen, ThePresetsTickTheirElementsInTheirOwnList) {
     }
 }
 
-TEST(SaveOpen, AnAmpersandIsShownAndNoUnderline) {
+TEST(SaveOpen, AnAmpersandIsShownAndUnderlinesNothing) {
     Dialogue dialogue;
     EXPECT_EQ(dialogue.Element(0, 11).text(), "Browse Folders && Destinations");
 }
@@ -85,7 +84,7 @@ TEST(SaveOpen, TheTitleNamesTheFile) {
     EXPECT_EQ(dialogue.Window.windowTitle(), "Save/Open");
 }
 
-TEST(SaveOpen, SaveTakesTheChoicesBackAndSavesUnderTheName) {
+TEST(SaveOpen, SaveAppliesTheChoicesAndSavesUnderTheName) {
     Dialogue dialogue;
     test::Choose(dialogue.Preset(0), 1);
     dialogue.Box("SelectionsOnly").click();
@@ -99,7 +98,7 @@ TEST(SaveOpen, SaveTakesTheChoicesBackAndSavesUnderTheName) {
     EXPECT_TRUE(Has(dialogue.Forms.Log, "Hide"));
 }
 
-TEST(SaveOpen, SaveIsOffUntilThereIsAFileToSaveTo) {
+TEST(SaveOpen, SaveIsDisabledUntilThereIsAFileToSaveTo) {
     Dialogue dialogue;
     dialogue.s.SaveItEnabled = false;
     dialogue.Window.Open();
@@ -113,7 +112,7 @@ TEST(SaveOpen, ReloadLoadsTheFileAgain) {
     EXPECT_TRUE(Has(dialogue.Store.Log, "Load /tmp/set.mvn current adopt"));
 }
 
-TEST(SaveOpen, SaveAsAndOpenTakeTheFileThatWasChosen) {
+TEST(SaveOpen, SaveAsSavesToTheChosenFileAndAddsTheExtension) {
     Dialogue dialogue;
     dialogue.Answer("SaveItAs", "/tmp/another.mvn");
     EXPECT_TRUE(Has(dialogue.Store.Log, "Save /tmp/another.mvn all"));
@@ -152,7 +151,7 @@ TEST(SaveOpen, HasItsLabelsListsBoxesAndButtons) {
     }
 }
 
-TEST(SaveOpen, ATickInEitherListIsTakenBackIntoItsOwnSwitch) {
+TEST(SaveOpen, ATickInEitherListSetsItsOwnSwitch) {
     using E = marvolin::Element;
     const std::vector<E> order{E::LoopTrack, E::PlayState,    E::Freq,     E::FreqPattern, E::Vol,   E::VolPattern,
                                E::Pan,       E::PanPattern,   E::Position, E::CrossFader,  E::Bands, E::PickLists,
@@ -173,7 +172,7 @@ TEST(SaveOpen, ATickInEitherListIsTakenBackIntoItsOwnSwitch) {
     }
 }
 
-TEST(SaveOpen, OpensWithWhatTheSessionHolds) {
+TEST(SaveOpen, ShowsTheChoicesOfTheSessionWhenItOpens) {
     Dialogue dialogue;
     dialogue.s.SaveOpenSwitches[0].SetSwitch(true);
     dialogue.s.SaveOpenSwitches[0].Put(marvolin::Element::Bands, false);
@@ -192,7 +191,7 @@ TEST(SaveOpen, OpensWithWhatTheSessionHolds) {
     EXPECT_EQ(dialogue.Window.findChild<QLineEdit*>("Session")->text(), "Night");
 }
 
-TEST(SaveOpen, ClosingItOtherwiseTakesNothingBack) {
+TEST(SaveOpen, ClosingItWithoutAButtonAppliesNothing) {
     Dialogue dialogue;
     const clsSwitchRecord before = dialogue.s.SaveOpenSwitches[0];
     test::Choose(dialogue.Preset(0), 4);
@@ -204,7 +203,7 @@ TEST(SaveOpen, ClosingItOtherwiseTakesNothingBack) {
     EXPECT_TRUE(dialogue.Store.Log.empty());
 }
 
-TEST(SaveOpen, TheFileDialoguesOfferSessionsAndPackagesWhereTheLastOneWas) {
+TEST(SaveOpen, TheFileDialoguesOfferSessionsAndPackagesInTheCurrentFolder) {
     test::TempFolder folder;
     folder.Touch("set.mvn");
     Dialogue dialogue;
@@ -233,7 +232,7 @@ TEST(SaveOpen, TheFileDialoguesOfferSessionsAndPackagesWhereTheLastOneWas) {
     }
 }
 
-TEST(SaveOpen, OpenLoadsTheChosenFileWithTheSecondListAndSaveIsOnAfterwards) {
+TEST(SaveOpen, OpenLoadsTheChosenFileWithTheSecondListAndEnablesSave) {
     test::TempFolder folder;
     const std::string file = folder.Touch("other.mvp");
     Dialogue dialogue;
@@ -250,7 +249,7 @@ TEST(SaveOpen, OpenLoadsTheChosenFileWithTheSecondListAndSaveIsOnAfterwards) {
     EXPECT_TRUE(dialogue.Window.findChild<QPushButton*>("SaveIt")->isEnabled());
 }
 
-TEST(SaveOpen, AFailedOpenLeavesSaveOff) {
+TEST(SaveOpen, AFailedOpenLeavesSaveDisabled) {
     test::TempFolder folder;
     Dialogue dialogue;
     dialogue.s.SaveItEnabled = false;
@@ -262,7 +261,7 @@ TEST(SaveOpen, AFailedOpenLeavesSaveOff) {
     EXPECT_FALSE(dialogue.Window.findChild<QPushButton*>("SaveIt")->isEnabled());
 }
 
-TEST(SaveOpen, WhatAnOpenedFileHoldsIsTickedForTheNextSave) {
+TEST(SaveOpen, TheElementsOfAnOpenedFileAreTickedForTheNextSave) {
     Dialogue dialogue;
     dialogue.s.SaveOpenSwitches[0].SetSwitch(true);
     dialogue.Window.Open();
@@ -275,7 +274,7 @@ TEST(SaveOpen, WhatAnOpenedFileHoldsIsTickedForTheNextSave) {
     for (int i = 0; i < 16; ++i) EXPECT_EQ(dialogue.Element(0, i).isChecked(), i == 4) << i;
 }
 
-TEST(SaveOpen, ASavedNameGetsTheEndingOfTheFilterThatWasChosen) {
+TEST(SaveOpen, ASavedNameGetsTheExtensionOfTheChosenFilter) {
     test::TempFolder folder;
     Dialogue dialogue;
     dialogue.s.CurrentFolder = folder.Path() + "/";
@@ -347,7 +346,7 @@ TEST(QuickLoad, ShowsItsRowsInTheirOrderWithTheFirstOneChosen) {
     EXPECT_EQ(quick.List().currentRow(), 0);
 }
 
-TEST(QuickLoad, ANameInAnotherEncodingIsLoadedAllTheSame) {
+TEST(QuickLoad, ANameInAnotherEncodingIsLoaded) {
     Quick quick;
     quick.s.QuickLoadRows = {"<Close>", "caf\xE9"};
     quick.Open(Qt::LeftButton);
@@ -364,7 +363,7 @@ TEST(QuickLoad, AnyOtherButtonOpensTheDialogueToo) {
     EXPECT_TRUE(Has(quick.Forms.Log, "Show Save"));
 }
 
-TEST(QuickLoad, TheSecondListSaysWhatItLoads) {
+TEST(QuickLoad, ItLoadsTheElementsOfTheSecondList) {
     Quick quick;
     quick.s.SaveOpenSwitches[1].SetSwitch(false);
     quick.s.SaveOpenSwitches[1].Put(marvolin::Element::Pan, true);
@@ -373,7 +372,7 @@ TEST(QuickLoad, TheSecondListSaysWhatItLoads) {
     EXPECT_EQ(quick.Store.Loaded, quick.s.SaveOpenSwitches[1]);
 }
 
-TEST(QuickLoad, APressBesideTheListAndTheEscapeKeyHideIt) {
+TEST(QuickLoad, APressOutsideTheListAndTheEscapeKeyHideIt) {
     Quick quick;
     quick.Open(Qt::LeftButton);
     QTest::mouseClick(quick.List().windowHandle(), Qt::LeftButton, {}, {-30, 30});
@@ -396,7 +395,7 @@ TEST(StartUpQuery, AsksAndClosesOnYes) {
     EXPECT_TRUE(stage.Desk.Boxes.empty());
 }
 
-TEST(StartUpQuery, OnNoTellsHowToHaveItBack) {
+TEST(StartUpQuery, OnNoExplainsHowToEnableTheDemoAgain) {
     test::Stage stage;
     stage.Forms.Loaded.insert(marvolin::Form::StartUpQuery);
     FrmStartUpQuery query(stage.s);

@@ -41,7 +41,7 @@ TEST(Selected, ARightDragDeselectsEachFlagThatItCrosses) {
     EXPECT_EQ(stage.s.Set[1].Selected, True);
 }
 
-TEST(Selected, AFastDragLeapsOverNoFlag) {
+TEST(Selected, AFastDragSkipsNoFlag) {
     for (const bool moves : {true, false}) {
         SCOPED_TRACE(moves);
         Stage stage;
@@ -52,7 +52,7 @@ TEST(Selected, AFastDragLeapsOverNoFlag) {
     }
 }
 
-TEST(Selected, ADragBesideTheFlagsPassesNone) {
+TEST(Selected, ADragBesideTheFlagsSelectsNone) {
     Stage stage;
     stage.Press("Selected_0", stage.Middle("Selected_0"));
     stage.Move("SndDisp_0", stage.Middle("SndDisp_0"));
@@ -65,7 +65,7 @@ TEST(Selected, ADragBesideTheFlagsPassesNone) {
     EXPECT_EQ(stage.s.Set[3].Selected, True);
 }
 
-TEST(SelectionTools, SayTheirHints) {
+TEST(SelectionTools, ShowTheirHints) {
     Stage stage;
     const std::vector<std::pair<const char*, const char*>> hints{
         {"Selected_2", "drg Select LoopTracks; rtdrg Deselect LoopTracks (drg over to select/deselect)"},
@@ -80,7 +80,7 @@ TEST(SelectionTools, SayTheirHints) {
     }
 }
 
-TEST(SelectPopUp, APressBesideTheRulesClosesThem) {
+TEST(SelectPopUp, APressOutsideTheRulesClosesThem) {
     Stage stage;
     auto* list = stage.Form->findChild<QListWidget*>("SlctGroup");
     stage.Click("SelectPopUp");
@@ -135,7 +135,7 @@ TEST(SelectorRadio, AClickTogglesAndADoubleClickIsExclusive) {
     EXPECT_FALSE(stage.s.SelectionControlled);
 }
 
-TEST(SelectorRadio, OnlyTheLeftButtonWorks) {
+TEST(SelectorRadio, OnlyTheLeftButtonActs) {
     Stage stage;
     for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
         stage.Click("SelectorRadio_0", button);
@@ -179,7 +179,7 @@ TEST(BandsControl, AClickAddsADoubleClickEmptiesAndTheOtherButtonsDoNothing) {
     EXPECT_EQ(stage.s.Run[0].InBand, False);
 }
 
-TEST(BandsControl, AnotherButtonInMidDragDoesNotEndIt) {
+TEST(BandsControl, AnotherButtonDuringADragDoesNotEndIt) {
     Stage stage;
     const QSizeF size = stage.At("Bands")->size();
     const double y = size.height() / 12;
@@ -202,7 +202,7 @@ TEST(Thumb, AClickChoosesTheLoopTrackADoubleClickOpensItsPattern) {
     EXPECT_TRUE(stage.At("PatternPage")->isVisible());
 }
 
-TEST(Thumb, AClickIsOneOfTheLeftButtonThatEndsOnIt) {
+TEST(Thumb, OnlyALeftClickThatEndsOnItCounts) {
     Stage stage;
     stage.Click("Thumb_2", Qt::RightButton);
     stage.Click("Thumb_2", Qt::MiddleButton);
@@ -213,7 +213,7 @@ TEST(Thumb, AClickIsOneOfTheLeftButtonThatEndsOnIt) {
     EXPECT_EQ(stage.s.ActiveTab, kMixPadTab);
 }
 
-TEST(SndDisp, ADragAlongTheTopIsHeardAsItGoes) {
+TEST(SndDisp, ADragAlongTheTopIsHeardWhileItMoves) {
     Stage stage;
     stage.Fill(1);
     const double width = stage.At("SndDisp_1")->width();
@@ -245,7 +245,7 @@ TEST(SndDisp, ARightClickTogglesTheFade) {
     EXPECT_EQ(stage.s.Run[1].FadeTarget, 0);
 }
 
-TEST(DropDown, AClickOpensThePaletteAndAnEntryIsChosenByAClick) {
+TEST(DropDown, AClickOpensThePaletteAndAClickChoosesAnEntry) {
     Stage stage;
     stage.Fill(0);
     auto* list = stage.Form->findChild<QListWidget*>("HistoryList");
@@ -270,7 +270,7 @@ TEST(DropDown, CloseOnlyClosesThePalette) {
     EXPECT_EQ(stage.s.Run[3].Loaded, True);
 }
 
-TEST(Letr, TheDropperTakesTheSettingsOfTheRowItFallsOn) {
+TEST(Letr, TheDropperCopiesTheSettingsOfTheRowItIsDroppedOn) {
     Stage stage;
     stage.s.Set[2].Vol = 123;
     stage.s.Set[2].Pan = 800;

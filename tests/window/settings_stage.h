@@ -16,7 +16,7 @@
 
 namespace marvolin::test {
 
-/// The window with pad, map and joystick as they stand after the start.
+/// The window with pad, map and joystick as after the start.
 struct Settings : Stage {
     explicit Settings(bool stick = true) {
         PadGeometryInit(s, TabMixPad::InnerWidth(), TabMixPad::InnerHeight());

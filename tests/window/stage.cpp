@@ -31,7 +31,7 @@ Stage::Stage() {
     Screen.Attach(Form.get());
     Form->show();
     Settle();
-    // The pointer starts where it touches no control.
+    // The pointer starts where it is over no control.
     QTest::mouseMove(Form->windowHandle(), QPoint(4, Form->height() - 4));
     Settle();
     Sound.Log.clear();

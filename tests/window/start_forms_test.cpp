@@ -16,7 +16,7 @@ namespace {
 
 using namespace test;
 
-TEST(Splash, GoesWithTheReleaseOfAClickSoThatNothingBelowGetsIt) {
+TEST(Splash, ClosesAtTheReleaseOfAClickSoThatNothingBelowGetsIt) {
     FrmSplash splash;
     splash.show();
     QTest::mousePress(&splash, Qt::LeftButton);
@@ -37,7 +37,7 @@ TEST(StartUpQueryForm, AsksWithItsTitleTextAndButtons) {
     EXPECT_EQ(query.findChild<QPushButton*>("cmdNo")->text(), "No");
 }
 
-TEST(StartUpQueryForm, BringsUpItsHelpPageWhenItComes) {
+TEST(StartUpQueryForm, OpensItsHelpPageWhenItIsShown) {
     Stage stage;
     TempFolder folder;
     stage.s.HelpFile = folder.Touch("help");
@@ -50,7 +50,7 @@ TEST(StartUpQueryForm, BringsUpItsHelpPageWhenItComes) {
         1);
 }
 
-TEST(StartUpQueryForm, TheReturnKeyPressesTheButtonThatHasTheFocusAtFirstYes) {
+TEST(StartUpQueryForm, TheReturnKeyPressesTheFocusedButtonAtFirstYes) {
     Stage stage;
     stage.Desk.Folder = "/nowhere";
     FrmStartUpQuery query(stage.s);

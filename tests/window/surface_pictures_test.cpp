@@ -1,4 +1,4 @@
-// What pad, map and selection look like, and that they are painted again when something changes elsewhere.
+// Pictures of pad, map and selection, and their repainting when a value changes elsewhere.
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ namespace {
 
 using test::Settings;
 
-/// What the window looks like at a control.
+/// The part of the window that shows a control.
 QImage Picture(Settings& stage, const char* name) {
     stage.Settle();
     return stage.Form->grab({stage.InWindow(name, {}), stage.At(name)->size()}).toImage();
@@ -32,7 +32,7 @@ TEST(PadPictures, EachTypeHasItsColourItsBallAndItsTwist) {
         PadType_Click(stage.s, type);
         const QImage pad = Picture(stage, "Pad");
         const Colour back = stage.s.PadTable[type].BackColor;
-        // Away from the lines, the wires and the ball.
+        // A place without lines, wires and ball.
         EXPECT_EQ(pad.pixelColor(100, 30), QColor(back.Red, back.Green, back.Blue));
         balls.push_back(pad.copy(146, 146, 8, 8));
         for (std::size_t other = 0; other + 1 < balls.size(); ++other) EXPECT_NE(balls[other], balls.back()) << other;
@@ -77,7 +77,7 @@ TEST(MapPictures, TheListenerTurnsInStepsOfFiveDegrees) {
     EXPECT_EQ(Picture(stage, "PosBall_4"), ahead);
 }
 
-TEST(MapPictures, TheHighlightedBallIsInFrontAndGivesItsFaceToTheNext) {
+TEST(MapPictures, TheHighlightedBallIsInFrontUntilTheNextIsHighlighted) {
     Settings stage;
     stage.OpenMap();
     for (int ball = 0; ball < 2; ++ball)
@@ -94,7 +94,7 @@ TEST(MapPictures, TheHighlightedBallIsInFrontAndGivesItsFaceToTheNext) {
     EXPECT_EQ(front(), "PosBall_4");
 }
 
-TEST(MapPictures, AWanderThatIsEndedShowsInTheList) {
+TEST(MapPictures, TheListShowsThatAWanderHasEnded) {
     Settings stage;
     stage.OpenMap();
     auto& macros = stage.Find<QComboBox>("PosMacros");
@@ -105,7 +105,7 @@ TEST(MapPictures, AWanderThatIsEndedShowsInTheList) {
     EXPECT_EQ(macros.currentText(), "Off");
 }
 
-/// Whether a change has this control painted again, and gives it another picture.
+/// Whether a change repaints this control with another picture.
 bool Repainted(Settings& stage, const char* name, const std::function<void()>& change) {
     const QImage before = Picture(stage, name);
     test::PaintWatch watch;
@@ -114,7 +114,7 @@ bool Repainted(Settings& stage, const char* name, const std::function<void()>& c
     return watch.Painted.contains(name) && Picture(stage, name) != before;
 }
 
-TEST(SelectionPictures, EachIsPaintedAgainWhenItsValueChangesElsewhere) {
+TEST(SelectionPictures, EachIsRepaintedWhenItsValueChangesElsewhere) {
     Settings stage;
     for (int button = 0; button <= kBands; ++button) {
         const std::string name = "SelectorRadio_" + std::to_string(button);
@@ -129,7 +129,7 @@ TEST(SelectionPictures, EachIsPaintedAgainWhenItsValueChangesElsewhere) {
     EXPECT_TRUE(Repainted(stage, "Thumb_2", [&] { SetCurrentLoop(stage.s, 1, OpenPattern::No); }));
 }
 
-TEST(SurfacePictures, EachIsPaintedAgainWhenItsValueChangesElsewhere) {
+TEST(SurfacePictures, EachIsRepaintedWhenItsValueChangesElsewhere) {
     Settings stage;
     EXPECT_TRUE(Repainted(stage, "Pad", [&] { PadType_Click(stage.s, 3); }));
     EXPECT_TRUE(Repainted(stage, "PadBall", [&] { PadType_Click(stage.s, 0); }));

@@ -1,4 +1,4 @@
-// The lists, boxes, gauges and sliders beside the pad, the map and of the joystick.
+// Lists, boxes, gauges and sliders of the pad, the map and the joystick.
 
 #include <gtest/gtest.h>
 
@@ -51,7 +51,7 @@ TEST(JoystickTab, AChoiceTakesTheButtonOrAxisFromTheOtherList) {
     EXPECT_EQ(stage.s.Joy.Axis[0], kAxisNone);
 }
 
-TEST(JoystickTab, TheSlidersGoInSmallAndLargeSteps) {
+TEST(JoystickTab, TheSlidersMoveInSmallAndLargeSteps) {
     Settings stage;
     stage.OpenJoystick();
     const std::array<int, 3> start{500, 1500, 1000};
@@ -77,7 +77,7 @@ TEST(JoystickTab, WithoutAJoystickTheListsAreDisabledAndShowNoChoice) {
     }
 }
 
-TEST(JoyRelative, EachBoxIsTheSettingOfItsTab) {
+TEST(JoyRelative, EachBoxShowsAndSetsTheSettingOfItsTab) {
     Settings stage;
     for (int tab = 0; tab < 2; ++tab) {
         SCOPED_TRACE(tab);
@@ -92,7 +92,7 @@ TEST(JoyRelative, EachBoxIsTheSettingOfItsTab) {
     }
 }
 
-TEST(PositionUpdate, TheBoxesAreTheFlagsOfListenerLoopAndRotation) {
+TEST(PositionUpdate, TheBoxesShowAndSetTheFlagsOfListenerLoopAndRotation) {
     Settings stage;
     SetTab(stage.s, kOptionTab);
     const std::array<const char*, 3> texts{"Listener", "Loop", "Listener Rotation"};
@@ -106,7 +106,7 @@ TEST(PositionUpdate, TheBoxesAreTheFlagsOfListenerLoopAndRotation) {
     }
 }
 
-TEST(MapControls, TheBallsFollowTheDragOfTheSizeAndOnlyOfTheLeftButton) {
+TEST(MapControls, TheBallsFollowALeftDragOfTheSizeAndIgnoreARightDrag) {
     Settings stage;
     stage.OpenMap();
     const double y = stage.Middle("MapSize").y();
@@ -125,7 +125,7 @@ TEST(MapControls, TheBallsFollowTheDragOfTheSizeAndOnlyOfTheLeftButton) {
     EXPECT_EQ(stage.s.MapRange, 0.25);
 }
 
-TEST(MapControls, TheListOfMacrosAndTheBoxOf3DStayInUseWithout3D) {
+TEST(MapControls, TheListOfMacrosAndTheBoxOf3DStayEnabledWithout3D) {
     Settings stage;
     SetTab(stage.s, kMapTab);
     for (const char* name : {"PosMacros", "Enable3d", "PosPop"}) EXPECT_TRUE(stage.At(name)->isEnabled()) << name;
@@ -142,7 +142,7 @@ TEST(MapControls, TheListOfMacrosAndTheBoxOf3DStayInUseWithout3D) {
     EXPECT_FALSE(stage.At("CentreAll")->isEnabled());
 }
 
-TEST(MapControls, SayTheirHints) {
+TEST(MapControls, ShowTheirHints) {
     Settings stage;
     stage.OpenMap();
     const std::vector<std::pair<const char*, const char*>> hints{
@@ -158,7 +158,7 @@ TEST(MapControls, SayTheirHints) {
     }
 }
 
-TEST(PadLists, HoldTheirEntriesInOrder) {
+TEST(PadLists, ShowTheirEntriesInOrder) {
     Settings stage;
     EXPECT_EQ(Texts(stage.Find<QComboBox>("PadType")), (QStringList{"300 Pitch", "400 Pitch", "Vol", "Pan"}));
     EXPECT_EQ(Texts(stage.Find<QComboBox>("PadFunction")),

@@ -10,7 +10,7 @@
 namespace marvolin {
 namespace {
 
-TEST(MillisecondCarry, HandsOverWholeMillisecondsAndKeepsTheFraction) {
+TEST(MillisecondCarry, ReturnsWholeMillisecondsAndKeepsTheFraction) {
     MillisecondCarry carry;
     EXPECT_EQ(carry.Take(1'600'000), 1);
     EXPECT_EQ(carry.Take(1'600'000), 2);
@@ -21,7 +21,7 @@ TEST(MillisecondCarry, HandsOverWholeMillisecondsAndKeepsTheFraction) {
     EXPECT_EQ(sum, 10'333);
 }
 
-TEST(QtTimers, TicksSumUpToTheTimeThatHasPassed) {
+TEST(QtTimers, TheSumOfTheTicksIsTheElapsedTime) {
     QtTimers timers;
     std::int64_t sum = 0;
     int ticks = 0;
@@ -38,7 +38,7 @@ TEST(QtTimers, TicksSumUpToTheTimeThatHasPassed) {
     EXPECT_LE(sum, clock.elapsed());
 }
 
-TEST(QtTimers, AreOffWhenMadeAndWhenSwitchedOff) {
+TEST(QtTimers, DoNotTickBeforeTheyAreEnabledOrAfterTheyAreDisabled) {
     QtTimers timers;
     int ticks = 0;
     auto timer = timers.Create([&](std::int32_t) { ++ticks; });
@@ -73,7 +73,7 @@ TEST(QtTimers, ATimerMayBeDroppedByItsOwnTick) {
     EXPECT_EQ(ticks, 1);
 }
 
-TEST(MersenneRandom, StaysBelowOneAndStartsAnew) {
+TEST(MersenneRandom, ReturnsNumbersBelowOneAndIsSeededFromTheClock) {
     MersenneRandom chance;
     double sum = 0;
     for (int draw = 0; draw < 10000; ++draw) {

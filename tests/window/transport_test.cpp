@@ -42,7 +42,7 @@ TEST(PlayButton, TwoQuickRightClicksPauseTwice) {
     EXPECT_EQ(stage.s.Run[0].Paused, False);
 }
 
-TEST(PlayButton, ARowWithoutASampleIgnoresTheHand) {
+TEST(PlayButton, ARowWithoutASampleIgnoresClicks) {
     Stage stage;
     stage.Click("Play_2");
     stage.Click("Play_2", Qt::RightButton);
@@ -51,7 +51,7 @@ TEST(PlayButton, ARowWithoutASampleIgnoresTheHand) {
     EXPECT_TRUE(stage.Desk.Boxes.empty());
 }
 
-TEST(PlayButton, TheOneOfTheSelectionPlaysTheSelectedRows) {
+TEST(PlayButton, TheButtonOfTheSelectionPlaysTheSelectedRows) {
     Stage stage;
     stage.Fill(0);
     stage.Fill(3);
@@ -78,7 +78,7 @@ TEST(PlayButton, HasADifferentPictureForStoppedPlayingAndPaused) {
     EXPECT_NE(stopped, paused);
 }
 
-TEST(PlayButton, SaysItsHint) {
+TEST(PlayButton, ShowsItsHint) {
     Stage stage;
     stage.Move("Play_0", {5, 5});
     EXPECT_EQ(stage.s.StatusText, "clk Toggle Play; rtclk Pause");
@@ -96,7 +96,7 @@ TEST(PlayStop, ItsTopPlaysAllAndItsBottomStopsAll) {
     for (Row row = 0; row < kLoopTracks; ++row) EXPECT_EQ(stage.s.Run[row].Playing, False);
 }
 
-TEST(PlayStop, TellsItsZonesApart) {
+TEST(PlayStop, EachZoneShowsItsHint) {
     Stage stage;
     stage.Move("PlayStop", {20, 4});
     EXPECT_EQ(stage.s.StatusText, "clk Play All Sounds");
@@ -187,7 +187,7 @@ TEST(SndDisp, DrawsTheWaveAndTheNeedles) {
     EXPECT_NE(filled, moved);
 }
 
-TEST(SndDisp, ALongSampleIsDrawnAShareAtATimeUpToItsEnd) {
+TEST(SndDisp, ALongSampleIsDrawnInSeveralPaintings) {
     Stage stage;
     test::FakeSample loud;
     loud.Bytes.resize(40'000'000);
@@ -201,7 +201,7 @@ TEST(SndDisp, ALongSampleIsDrawnAShareAtATimeUpToItsEnd) {
     const QImage first = display->grab().toImage();
     EXPECT_EQ(first.pixelColor(40, 15), wave);
     EXPECT_NE(first.pixelColor(display->width() - 20, 15), wave);
-    // The display itself asks for the paintings that are still to come.
+    // The display itself asks for the repaints that are still to come.
     test::PaintWatch watch;
     for (int share = 2; share <= 5; ++share) {
         ASSERT_TRUE(QTest::qWaitFor([&] { return watch.Painted.contains("SndDisp_1"); }, 2000)) << share;

@@ -13,7 +13,7 @@
 namespace marvolin {
 namespace {
 
-/// Unloads a form in the middle of a press on one of its controls, as the end of the program does while the hand drags.
+/// Unloads a form during a press on one of its controls, as closing the program during a drag does.
 class UnloadAtPress : public QObject {
 public:
     UnloadAtPress(QtWindows& windows, Form form) : windows_(windows), form_(form) {}
@@ -39,7 +39,7 @@ QWidget* Shown(const char* name) {
     return nullptr;
 }
 
-TEST(Windows, AFormThatIsUnloadedInTheMiddleOfAGestureOnItOutlivesTheGesture) {
+TEST(Windows, AFormThatIsUnloadedDuringAGestureOnItOutlivesTheGesture) {
     struct Case {
         Form Which;
         const char* Window;
@@ -68,7 +68,7 @@ TEST(Windows, AFormThatIsUnloadedInTheMiddleOfAGestureOnItOutlivesTheGesture) {
             EXPECT_FALSE(pressed->isVisible());
             EXPECT_EQ(Shown(one.Window), nullptr);
         }
-        EXPECT_EQ(pressed, nullptr);  // it goes with the windows
+        EXPECT_EQ(pressed, nullptr);  // deleted with the windows
     }
 }
 

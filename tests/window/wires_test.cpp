@@ -39,7 +39,7 @@ TEST(ChannelFlag, ADragStepsThroughTheChannelsAndIsHeardAtItsEnd) {
     EXPECT_EQ(stage.Sound.Count("SetVolume"), 1);
 }
 
-TEST(ChannelFlag, TheSelectionsWiresTheSelectedRows) {
+TEST(ChannelFlag, TheFlagOfTheSelectionWiresTheSelectedRows) {
     Stage stage;
     stage.s.Set[2].Selected = True;
     stage.Click("ChannelFlag_4", Qt::RightButton);

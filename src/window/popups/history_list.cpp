@@ -60,7 +60,7 @@ void HistoryList::StartEntryDrag() {
     dragging_ = false;
 }
 
-// A press that does not move is a drop on the list itself.
+// A click counts as a drop on the list itself.
 void HistoryList::mouseReleaseEvent(QMouseEvent*) {
     if (pressed_) HistoryList_DragDrop(s);
     pressed_ = false;

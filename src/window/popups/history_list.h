@@ -6,12 +6,13 @@
 
 namespace marvolin {
 
-/// `HistoryList`: the palette of a row. An entry is clicked to go into that row, or dragged onto another one.
+/// `HistoryList`: the palette of a row. A click on an entry loads it into that row, a drag into the row it is dropped
+/// on.
 class HistoryList : public QListWidget {
 public:
     HistoryList(Session& session, QWidget* parent);
-    /// Fills the list from the session and opens it below `button` (a place in the window), or above where the window
-    /// would end.
+    /// Fills the list from the session and opens it below `button` (a rectangle in the window), or above it when there
+    /// is no room below.
     void Open(const QRect& button);
 
 protected:
@@ -25,7 +26,7 @@ private:
     void StartEntryDrag();
 
     Session& s;
-    bool pressed_ = false;  // an entry is under the held button
+    bool pressed_ = false;  // an entry was pressed and may become a drag
     bool dragging_ = false;
     QPoint origin_;
 };

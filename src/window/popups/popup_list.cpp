@@ -11,8 +11,8 @@ namespace marvolin {
 namespace {
 
 constexpr int kMostRows = 14;
-constexpr int kLeast = 150;  // pixels
-constexpr int kMost = 420;
+constexpr int kLeastWidth = 150;  // pixels
+constexpr int kMostWidth = 420;
 
 }  // namespace
 
@@ -36,7 +36,7 @@ void PopupList::Open(const QStringList& rows, const QRect& at) {
     clear();
     addItems(rows);
     setCurrentRow(0);
-    const int wide = qBound(kLeast, sizeHintForColumn(0) + 40, kMost);
+    const int wide = qBound(kLeastWidth, sizeHintForColumn(0) + 40, kMostWidth);
     const int high = qMin(count(), kMostRows) * sizeHintForRow(0) + 12;
     resize(wide, high);
     const QRect area = screen()->availableGeometry();
@@ -60,7 +60,7 @@ void PopupList::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void PopupList::mouseReleaseEvent(QMouseEvent* event) {
-    // The release of the click that opened the list is none of the list's.
+    // The release of the click that opened the list chooses nothing.
     const bool chosen = pressed_;
     pressed_ = false;
     const QModelIndex released = indexAt(event->position().toPoint());

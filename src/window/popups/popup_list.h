@@ -5,18 +5,19 @@
 
 namespace marvolin {
 
-/// Hides `popup` when `event` is a press beside it: a list passes those on to nobody, so it would stay open for good.
+/// Hides `popup` when `event` is a press outside it, and returns whether it was. The toolkit's list ignores such a
+/// press and would stay open.
 bool HideOnPressBeside(QWidget& popup, const QEvent& event);
 
-/// A list that drops open at a control and goes away when the hand goes elsewhere.
+/// A list that opens at a control and closes when the player presses elsewhere.
 class PopupList : public QListWidget {
 public:
     PopupList(QWidget* parent, const char* name, const QString& label);
-    /// Opens with `rows` below `at` (a rectangle on the screen), or above it where the screen ends.
+    /// Opens with `rows` below `at` (a rectangle on the screen), or above it when there is no room below.
     void Open(const QStringList& rows, const QRect& at);
 
-    std::function<void(int row)> OnChoose;  ///< a row, from 0, was clicked, or chosen by key
-    std::function<void()> OnHide;           ///< the list went away
+    std::function<void(int row)> OnChoose;  ///< a row, from 0, was clicked or chosen by key
+    std::function<void()> OnHide;           ///< the list was hidden
 
 protected:
     bool event(QEvent* event) override;

@@ -28,7 +28,7 @@ void SelectList::Open(QPoint place) {
          qBound(area.top(), place.y(), area.bottom() - height()));
     show();
     setFocus();
-    setCurrentItem(nullptr);  // the focus has chosen the first entry
+    setCurrentItem(nullptr);  // taking the focus has selected the first entry
 }
 
 bool SelectList::event(QEvent* event) { return HideOnPressBeside(*this, *event) || QListWidget::event(event); }

@@ -10,7 +10,7 @@ namespace marvolin {
 class SelectList : public QListWidget {
 public:
     SelectList(Session& session, QWidget* parent);
-    /// Opens the list without a choice, as near to `place` as the screen allows.
+    /// Opens the list with nothing selected, as near to `place` (on the screen) as the screen allows.
     void Open(QPoint place);
 
 protected:

@@ -4,7 +4,8 @@
 
 namespace marvolin {
 
-/// The toolkit's application. An error that no routine traps, as one of the service in the tick, ends the program.
+/// The toolkit's application. An exception that no routine catches, such as an error of the sound service in a tick,
+/// is printed and ends the program.
 class Application : public QApplication {
 public:
     Application(int& argc, char** argv);

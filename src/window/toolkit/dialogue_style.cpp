@@ -14,13 +14,13 @@ namespace {
 
 enum class Glyph { Back, Forward, Up, NewFolder, Tiles, Lines, Folder, File, Computer, Ask, Warn };
 
-constexpr double kUnit = 16;  // glyphs are drawn on a square of so many units
+constexpr double kUnit = 16;  // side of the square on which glyphs are drawn
 
 void DrawFolder(QPainter& p) {
     p.drawPolygon(QPolygonF{{1.5, 3.5}, {6, 3.5}, {7.5, 5.5}, {14.5, 5.5}, {14.5, 13}, {1.5, 13}});
 }
 
-/// A disc with a sign, for the boxes that ask or warn.
+/// A disc with a sign, for boxes that ask or warn.
 void DrawSign(QPainter& p, const QColor& ground, const QString& sign) {
     p.setPen(Qt::NoPen);
     p.setBrush(ground);

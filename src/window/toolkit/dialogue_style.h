@@ -1,7 +1,7 @@
 #pragma once
 /// \file
-/// The toolkit's own dialogues in the window's look: pictures are drawn, so that they are sharp at every scale, and
-/// buttons carry text alone.
+/// Gives the toolkit's own dialogues the look of the window: icons are drawn, so that they are sharp at every scale,
+/// and buttons have no icons.
 
 #include <QAbstractFileIconProvider>
 #include <QProxyStyle>
@@ -16,8 +16,8 @@ public:
     QIcon standardIcon(StandardPixmap picture, const QStyleOption* option, const QWidget* widget) const override;
 };
 
-/// Pictures of folders and files, and what they are called. Looks at names alone: the toolkit's own provider reads into
-/// each file that changes, on the thread of the window.
+/// Icons and type names of folders and files. Decides by the name alone: the toolkit's own provider opens each file
+/// that changes, on the user-interface thread.
 class FilePictures : public QAbstractFileIconProvider {
 public:
     QIcon icon(IconType type) const override;

@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// A control on its way to another, as it travels with a drag of the toolkit.
+/// `DragSource` as the mime data of a drag.
 
 #include <QMimeData>
 #include <memory>
@@ -16,7 +16,7 @@ std::unique_ptr<QMimeData> ToMimeData(const DragSource& source);
 bool IsDragSource(const QMimeData& data);
 /// The source in `data`; none when it carries no control.
 std::optional<DragSource> FromMimeData(const QMimeData& data);
-/// The local paths of the files in `data`, in their order; "" for one that is not local.
+/// The local paths of the files in `data`, in order; "" for one that is not local.
 std::vector<std::string> FilePaths(const QMimeData& data);
 
 }  // namespace marvolin

@@ -4,11 +4,11 @@
 
 namespace marvolin {
 
-/// A window with a status bar of its own: the hints of its controls go there.
+/// A window that shows the hints of its controls in its own status bar.
 class HintWindow {
 public:
     virtual ~HintWindow() = default;
-    /// Shows `hint`, only when it differs from what stands there.
+    /// Shows `hint`; does nothing when it is shown already.
     virtual void ShowHint(std::string_view hint) = 0;
 };
 

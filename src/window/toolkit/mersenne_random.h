@@ -7,7 +7,7 @@
 
 namespace marvolin {
 
-/// Chance from a Mersenne twister.
+/// Random numbers from a Mersenne twister.
 class MersenneRandom : public Random {
 public:
     double Rnd() override { return std::generate_canonical<double, 53>(engine_); }

@@ -4,7 +4,7 @@
 
 namespace marvolin {
 
-/// An instrument without a script: there is no procedure to call.
+/// Script events while no script can run: all are ignored.
 class NoScripts : public ScriptEvents {
 public:
     void Call(ScriptEvent, std::span<const double>) override {}

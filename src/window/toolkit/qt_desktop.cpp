@@ -44,8 +44,8 @@ void QtDesktop::Attach(QWidget* mainWindow) {
     map_.clear();
 }
 
-// A box of the main window would raise that one over the window at which the player works, and leave it there. Only
-// windows that last are taken: a box goes with its parent.
+// A box whose parent is the main window would raise it above the window in which the player works, and leave it there.
+// Only windows that stay are taken, since a box is deleted with its parent.
 QWidget* QtDesktop::BoxParent() const {
     if (QWidget* dialogue = QApplication::activeModalWidget()) return dialogue;
     QWidget* active = QApplication::activeWindow();
@@ -61,7 +61,7 @@ bool QtDesktop::MessageBox(const std::string& text, const std::string& title, Bo
     box.setText(QString::fromStdString(text));
     box.setIcon(IconOf(style));
     box.setStandardButtons(style == BoxStyle::Question ? QMessageBox::Ok | QMessageBox::Cancel : QMessageBox::Ok);
-    // A box that waits is no long load: the pointer is the plain one while it is open.
+    // While a box waits for an answer nothing is loading: the pointer is not the busy one.
     const bool busy = busy_;
     SetBusyPointer(false);
     const bool ok = box.exec() == QMessageBox::Ok;
@@ -131,7 +131,7 @@ bool QtDesktop::eventFilter(QObject*, QEvent* event) {
 }
 
 std::string QtDesktop::TempFileName(const std::string& prefix) {
-    // A folder that does not exist has the empty name, which would stand for the current folder.
+    // The path is empty when the folder does not exist; an empty path would mean the current folder.
     const QString folder = QDir::tempPath();
     if (folder.isEmpty()) return "";
     QTemporaryFile file(QDir(folder).filePath(QString::fromStdString(prefix) + "XXXXXX.tmp"));
@@ -145,10 +145,11 @@ bool QtDesktop::ClaimInstance() {
     QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
     if (folder.isEmpty()) folder = QDir::tempPath();
     instance_ = std::make_unique<QLockFile>(QDir(folder).filePath("marvolin.lock"));
-    // The claim of a process that has died is void at once, that of a living one never.
+    // The lock of a process that has died is void at once, that of a living one never.
     instance_->setStaleLockTime(0);
     if (instance_->tryLock(0)) return true;
-    return instance_->error() != QLockFile::LockFailedError;  // no place for a lock is no other instance
+    return instance_->error() !=
+           QLockFile::LockFailedError;  // a lock that cannot be made says nothing about another instance
 }
 
 void QtDesktop::ShowHelpTopic(std::int32_t) { throw RuntimeError(kFileNotFound, "File not found"); }

@@ -14,14 +14,14 @@ namespace marvolin {
 
 class BallSurface;
 
-/// The desktop by way of the toolkit.
+/// The desktop, by the toolkit.
 class QtDesktop : public QObject, public Desktop {
 public:
     QtDesktop();
     ~QtDesktop() override;
 
-    /// The main window, over which boxes are shown unless the player is at a dialogue or at the browser. Null when it
-    /// is gone.
+    /// The main window, the parent of message boxes unless a dialogue, Save/Open or the browser is active. Null when
+    /// it is gone. Not owned.
     void Attach(QWidget* mainWindow);
 
     using Desktop::MessageBox;
@@ -35,7 +35,7 @@ public:
     PixelPoint SurfaceOrigin(Surface surface) override;
     PixelPoint CursorPos() override;
     void SetCursorPos(PixelPoint point) override;
-    /// Keeps the pointer inside by putting it back at each of its moves, where the system lets a program place it.
+    /// Keeps the pointer inside by moving it back after each of its moves, where the system allows that.
     void ClipCursor(const PixelRect& rect) override;
     void ReleaseCursor() override;
     std::string TempFileName(const std::string& prefix) override;

@@ -57,7 +57,7 @@ void QtDisplay::ShowCaption(Row row) {
         Again(shown->Play);
         shown->Name->Refresh();
     }
-    // The destinations of the bins are the LoopTracks by the names of their samples.
+    // The destination lists of the bins show the names of the samples.
     if (browse_ != nullptr && row < kLoopTracks) browse_->Bins->RefreshDestinations();
 }
 
@@ -197,7 +197,7 @@ void QtDisplay::ShowTab() {
 void QtDisplay::ShowDrivers() {
     if (form_ == nullptr) return;
     form_->Tabs->Options->RefreshDrivers();
-    form_->WatchSound();  // the device that is named now need not be the one that had gone
+    form_->WatchSound();  // the new device may be present although the previous one is gone
     form_->Status2->update();
 }
 

@@ -8,7 +8,7 @@ class FrmBrowse;
 class FrmMain;
 class FrmSave;
 
-/// Shows what changed on the forms, as far as they are there.
+/// Shows what changed on the forms that exist.
 class QtDisplay : public Display {
 public:
     void Attach(FrmMain* form) { form_ = form; }

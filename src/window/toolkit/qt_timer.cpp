@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::int64_t kNanosecondsAMillisecond = 1'000'000;
 
-/// A timer may be dropped by its own tick, so its event object goes when the event loop comes round.
+/// A timer may be dropped by its own tick, so the toolkit's timer is deleted later, by the event loop.
 struct DropLater {
     void operator()(QTimer* timer) const {
         timer->stop();
@@ -25,7 +25,7 @@ public:
         timer_->callOnTimeout([this] { OnTimeout(); });
     }
     void SetInterval(std::int32_t milliseconds) override { timer_->setInterval(milliseconds); }
-    void SetResolution(std::int32_t) override {}  // a precise timer aims at one millisecond always
+    void SetResolution(std::int32_t) override {}  // a precise timer always aims at one millisecond
     void SetEnabled(bool enabled) override {
         if (!enabled) return timer_->stop();
         carry_.Reset();
@@ -39,7 +39,7 @@ private:
         const std::int64_t now = clock_.nsecsElapsed();
         const std::int32_t elapsed = carry_.Take(now - last_);
         last_ = now;
-        const TimerFactory::Tick tick = tick_;  // outlives this timer, should the tick drop it
+        const TimerFactory::Tick tick = tick_;  // survives if the tick drops this timer
         tick(elapsed);
     }
 

@@ -6,8 +6,8 @@
 
 namespace marvolin {
 
-/// Timers on the event loop, with a monotonic clock. Every tick hands over the whole milliseconds really elapsed; the
-/// fraction is carried to the next one.
+/// Timers on the event loop, measured by a monotonic clock. Each tick passes the whole milliseconds that have elapsed;
+/// the fraction is carried over to the next tick.
 class QtTimers : public TimerFactory {
 public:
     std::unique_ptr<PeriodicTimer> Create(Tick tick) override;

@@ -58,7 +58,7 @@ void QtWindows::Load(Form form) {
         events.Unload = [this] {
             ended_ = true;
             if (events_.Unload) events_.Unload();
-            // Not quit(), which any window could refuse: the program would stay on, unseen.
+            // Not quit(), which any window can refuse: the program would go on running without a window.
             QCoreApplication::exit();
         };
         main_ = std::make_unique<FrmMain>(*session_, std::move(events));
@@ -82,7 +82,7 @@ void QtWindows::Show(Form form) {
     if (form == Form::Save) return save_->Open();
     QWidget* widget = WidgetOf(form);
     if (widget == nullptr) return;
-    // Small windows about the main one stay in front of it.
+    // These two stay in front of the main window.
     if ((form == Form::Splash || form == Form::StartUpQuery) && main_ && main_->windowHandle() != nullptr) {
         widget->winId();
         widget->windowHandle()->setTransientParent(main_->windowHandle());
@@ -99,7 +99,7 @@ void QtWindows::Unload(Form form) {
     if (form == Form::Splash) Retire(std::move(splash_));
     if (form == Form::StartUpQuery && query_) {
         query_->hide();
-        query_.release()->deleteLater();  // it may be in the middle of a click
+        query_.release()->deleteLater();  // one of its buttons may be handling a click
     }
     if (form == Form::Save && save_) {
         display_.Attach(static_cast<FrmSave*>(nullptr));

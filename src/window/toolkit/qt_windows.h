@@ -17,13 +17,13 @@ class FrmStartUpQuery;
 class QtDesktop;
 class QtDisplay;
 
-/// The forms by way of the toolkit. The main window is made when it is first loaded or shown.
+/// The forms, by the toolkit. Each is made when it is first loaded or shown.
 class QtWindows : public Windows {
 public:
     QtWindows(QtDisplay& display, QtDesktop& desktop);
     ~QtWindows() override;
 
-    /// The session that the forms show, and what their events run.
+    /// Sets the session that the forms show, and what the events of the main window run.
     void Attach(Session& session, FrmMain::Events events);
     /// True once the main window has been closed for good.
     bool Ended() const { return ended_; }
@@ -52,7 +52,7 @@ private:
     std::unique_ptr<FrmBrowse> browse_;
     std::unique_ptr<FrmSave> save_;
     std::unique_ptr<FrmStartUpQuery> query_;
-    /// Unloaded forms. The hand may still be in the middle of a drag from one, so they go with the windows themselves.
+    /// Unloaded forms. A drag from one may still be running, so they are deleted with this object.
     std::vector<std::unique_ptr<QWidget>> unloaded_;
     std::set<Form> loaded_{Form::Main, Form::Browse, Form::Save, Form::Splash};
     bool ended_ = false;

@@ -9,14 +9,14 @@
 #include "core/loop_track.h"
 #include "window/toolkit/dialogue_style.h"
 
-// The pictures of a static library are there only when asked for, and that from outside any namespace.
-static void AskForPictures() { Q_INIT_RESOURCE(pictures); }
+// The resources of a static library must be registered by hand, from outside any namespace.
+static void RegisterPictures() { Q_INIT_RESOURCE(pictures); }
 
 namespace marvolin::theme {
 
 namespace {
 
-constexpr double kPaleEnough = 0.12;  // luminance from which a row colour reads on the dark ground
+constexpr double kPaleEnough = 0.12;  // luminance from which a row colour is visible on the dark ground
 
 QString Family() {
     for (const char* family : {"Inter", "Noto Sans", "Segoe UI", "Cantarell", "DejaVu Sans"}) {
@@ -118,7 +118,7 @@ QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
 }  // namespace
 
 void Apply(QApplication& application) {
-    AskForPictures();
+    RegisterPictures();
     application.setStyle(new DialogueStyle);  // owned by the toolkit
     application.setPalette(DarkPalette());
     application.setFont(Sans(13));

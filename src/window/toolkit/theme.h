@@ -27,36 +27,36 @@ inline const QColor kGreenGround{0x1d, 0x46, 0x2a};
 inline const QColor kAmberGround{0x4a, 0x3a, 0x16};
 inline const QColor kRed{0xe5, 0x5b, 0x50};
 
-/// Style, palette, font and stylesheet of the whole program.
+/// Sets style, palette, font and stylesheet of the whole program.
 void Apply(QApplication& application);
 
-/// The interface font at `pixels`, logical.
+/// The interface font, `pixels` logical pixels high.
 QFont Sans(int pixels, QFont::Weight weight = QFont::Normal);
 /// The same with digits of one width, for numbers that change.
 QFont Digits(int pixels, QFont::Weight weight = QFont::Normal);
 
-/// The model's own colour of a row, exactly.
+/// The colour of a row, exactly as in the model.
 QColor RowColour(Row row);
 /// Relative luminance, 0 black..1 white.
 double Luminance(const QColor& colour);
-/// Ratio of contrast of two colours, 1..21.
+/// Contrast ratio of two colours, 1..21.
 double Contrast(const QColor& a, const QColor& b);
-/// Black or white, whichever reads better on `ground`.
+/// Black or white, whichever has more contrast on `ground`.
 QColor InkOn(const QColor& ground);
-/// The ground on which a row's waveform reads: dark, or pale for a dark row colour.
+/// The ground behind a row's waveform: dark, or pale for a dark row colour.
 QColor WaveGround(Row row);
 
-/// How a face of a control stands.
+/// State in which the face of a control is drawn.
 struct FaceState {
     bool Enabled = true;
     bool Hover = false;
     bool Down = false;
     bool Focus = false;
 };
-/// A rounded face with its line, lighter under the pointer, with the accent's ring when it has the keys.
+/// Draws a rounded face with its border: lighter under the pointer, with a ring in the accent colour when focused.
 void DrawFace(QPainter& p, const QRectF& rect, const FaceState& state, const QColor& fill = kRaised,
               const QColor& line = kLine, double radius = 6);
-/// The ring of the focus alone.
+/// Draws the focus ring alone.
 void DrawFocus(QPainter& p, const QRectF& rect, double radius = 6);
 
 }  // namespace marvolin::theme
