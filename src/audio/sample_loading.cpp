@@ -1,6 +1,7 @@
 #include "audio/sample_loading.h"
 
 #include <array>
+#include <vector>
 
 #include "audio/beat_start.h"
 #include "audio/loop_clearing.h"
@@ -39,7 +40,7 @@ void SetBeatStartToZero(Session& s, Row row) {
     LoopSetBeatStart(s, row, start);
 }
 
-// Sends the three settings of the row to its buffer, by way of their setters.
+// Sends the settings of the row to its buffer through their setters.
 void ApplySettings(Session& s, Row row, std::int16_t hz, std::int16_t vol, std::int16_t pan, float x, float y) {
     LoopHzChange(s, row, hz, TakeHold::Yes);
     LoopVolChange(s, row, vol, TakeHold::Yes, UpdateDisplay::Yes);
@@ -90,7 +91,7 @@ void KeepSettings(Session& s, Row row) {
     ApplySettings(s, row, set.Hz, set.Vol, set.Pan, set.PositionX, set.PositionY);
 }
 
-// Makes the row fit the buffer that it was just given.
+// Sets the row up for its new buffer.
 void SetUpLoaded(Session& s, Row row, const std::string& path, Row source) {
     if (s.Run[row].Loaded == False) EnableLoopControls(s, row, true);
     s.Set[row].FileName = path;
@@ -117,26 +118,13 @@ void LeaveEmpty(Session& s, Row row) {
     PatternsRefresh(s);
 }
 
-// "name.WAV", with its extension as it is spelled on disk.
-std::string SampleFileName(const std::string& folder, const std::string& name) {
-    static constexpr std::array<const char*, 8> kSpellings{".WAV", ".wav", ".Wav", ".WAv",
-                                                           ".WaV", ".waV", ".wAv", ".wAV"};
-    for (const char* extension : kSpellings) {
-        if (FileExists(JoinPath(folder, name + extension))) return name + extension;
-    }
-    return name + kSpellings.front();
-}
-
-}  // namespace
-
-void LoopLoad(Session& s, Row row, const std::string& folder, const std::string& fileName) {
-    if (row == kSelectionRow || row == kMasterRow) return;  // they never own a sound
+void LoadRow(Session& s, Row row, const std::string& path) {
+    if (row == kSelectionRow || row == kMasterRow) return;  // they never hold a sample
     if (!s.DSReady) return;
-    if (fileName.empty()) {
+    if (path.empty()) {
         s.World.Desk.MessageBox("No File Name!!");
         return;
     }
-    const std::string path = JoinPath(folder, fileName);
     if (!FileExists(path)) {
         s.World.Desk.MessageBox("File Doesn't Exist !!");
         return;
@@ -166,26 +154,51 @@ void LoopLoad(Session& s, Row row, const std::string& folder, const std::string&
     PatternsRefresh(s);
 }
 
-void LoopLoadRows(Session& s, const std::string& folder, const std::string& name, Row row, bool playAfter) {
-    if (row < 0 || row > kSelectionRow) return;
-    // Taken by value: the texts may stand in the session, and a load rewrites parts of it.
-    const std::string from = folder;
-    const std::string file = SampleFileName(folder, name);
-    const auto load = [&](Row each) { LoopLoad(s, each, from, file); };
-    const auto play = [&](Row each) { LoopPlay(s, each, true); };
+std::vector<Row> RowsReached(Session& s, const SampleRequest& request) {
+    const Row row = request.Target;
+    if (request.Rows == Reach::Alone) return {row};
+    std::vector<Row> rows;
+    const auto add = [&](Row each) { rows.push_back(each); };
     if (row == kSelectionRow) {
-        ForControlled(s, load);
-        if (playAfter) ForControlled(s, play);
-        return;
+        ForControlled(s, add);
+    } else if (row >= 0 && row < kLoopTracks) {
+        if (s.Run[row].InBand != False) {
+            ForBand(s, s.Run[row].Band, add);
+        } else {
+            add(row);
+        }
     }
-    PosSetHighlight(s, row);
-    if (s.Run[row].InBand != False) {
-        ForBand(s, s.Run[row].Band, load);
-        if (playAfter) ForBand(s, s.Run[row].Band, play);
-        return;
+    return rows;
+}
+
+}  // namespace
+
+void LoadSample(Session& s, const SampleRequest& request) {
+    const std::vector<Row> rows = RowsReached(s, request);
+    const bool loopTrack = request.Target >= 0 && request.Target < kLoopTracks;
+    if (request.Rows == Reach::Gang && loopTrack) PosSetHighlight(s, request.Target);
+    for (const Row row : rows) LoadRow(s, row, request.Path);
+    if (!request.Play) return;
+    for (const Row row : rows) LoopPlay(s, row, true);
+}
+
+void LoopLoad(Session& s, Row row, const std::string& folder, const std::string& fileName) {
+    const std::string path = fileName.empty() ? "" : JoinPath(folder, fileName);
+    LoadSample(s, {.Path = path, .Target = row, .Rows = Reach::Alone});
+}
+
+void LoopLoadRows(Session& s, const std::string& folder, const std::string& name, Row row, bool playAfter) {
+    const std::string path = JoinPath(folder, SampleFileName(folder, name));
+    LoadSample(s, {.Path = path, .Target = row, .Play = playAfter});
+}
+
+std::string SampleFileName(const std::string& folder, const std::string& name) {
+    static constexpr std::array<const char*, 8> kSpellings{".WAV", ".wav", ".Wav", ".WAv",
+                                                           ".WaV", ".waV", ".wAv", ".wAV"};
+    for (const char* extension : kSpellings) {
+        if (FileExists(JoinPath(folder, name + extension))) return name + extension;
     }
-    load(row);
-    if (playAfter) play(row);
+    return name + kSpellings.front();
 }
 
 std::string LoopFileName(const Session& s, Row row) { return SampleName(s.Set[row].FileName); }

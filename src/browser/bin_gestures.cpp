@@ -5,6 +5,7 @@
 #include "browser/destinations.h"
 #include "browser/sample_bins.h"
 #include "core/paths.h"
+#include "performance/drops/palette.h"
 
 namespace marvolin {
 
@@ -25,15 +26,10 @@ void TakeFolder(Session& s, int bin, const std::string& folder) {
 
 }  // namespace
 
-std::optional<BinSample> SampleAt(const Session& s, int bin, int row) {
-    if (bin < 0 || bin >= kBinCount || !HasRow(s.Bins[bin], row)) return std::nullopt;
+std::string SampleAt(const Session& s, int bin, int row) {
+    if (bin < 0 || bin >= kBinCount || !HasRow(s.Bins[bin], row)) return "";
     const BinRow& picked = s.Bins[bin].Rows[static_cast<std::size_t>(row)];
-    if (picked.Target.empty()) return BinSample{s.Bins[bin].Folder, picked.Name};
-    BinSample sample;
-    std::string name;
-    SplitPath(picked.Target, sample.Folder, name);
-    sample.Name = SampleName(picked.Target);
-    return sample;
+    return picked.Target.empty() ? JoinPath(s.Bins[bin].Folder, picked.File) : picked.Target;
 }
 
 bool BinDragsAt(const Session& s, int bin, double x, double width) {
@@ -59,17 +55,25 @@ std::optional<DragSource> PickFile_MouseDown(Session& s, int bin, std::int16_t b
 
 void PickFile_MouseUp(Session& s, int bin, std::int16_t button, int row) {
     SampleBin& picks = s.Bins[bin];
-    const std::optional<BinSample> sample = SampleAt(s, bin, row);
-    if (!sample || picks.Destination == kDragDestination) return;
+    const std::string path = SampleAt(s, bin, row);
+    if (path.empty() || picks.Destination == kDragDestination) return;
     if (button != kLeftButton && button != kRightButton) return;
     picks.Selected = static_cast<std::int16_t>(row);
     s.World.Screen.ShowBin(bin);
     HideTree(s);
     if (button == kLeftButton) {
-        LoopLoadRows(s, sample->Folder, sample->Name, picks.Destination, picks.ClickPlay == 1);
+        LoadSample(
+            s, {.Path = path, .Target = picks.Destination, .Play = picks.ClickPlay == 1, .Origin = SampleOrigin::Bin});
     } else {
         TogglePlay(s, picks.Destination);
     }
+}
+
+void DropFromBin(Session& s, Row row, const DragSource& source) {
+    if (source.Index < 0 || source.Index >= kBinCount) return;
+    const std::string path = SampleAt(s, source.Index, s.Bins[source.Index].Selected);
+    if (path.empty()) return;
+    LoadSample(s, {.Path = path, .Target = row, .Play = DropPlays(s, source.Index), .Origin = SampleOrigin::Bin});
 }
 
 void PickDir_Click(Session& s, int bin) {

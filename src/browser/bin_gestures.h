@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// The hand on the bins, their folder buttons and the folder tree.
+/// Gestures on the bins, their folder buttons and the folder tree.
 
 #include <optional>
 #include <string>
@@ -10,23 +10,22 @@
 
 namespace marvolin {
 
-/// Folder and file of a row of a bin: that of the shortcut's target when it is a shortcut.
-struct BinSample {
-    std::string Folder;
-    std::string Name;  ///< without its extension
-};
-/// The sample of a row; none for a row that is not there.
-std::optional<BinSample> SampleAt(const Session& s, int bin, int row);
+/// Whole path of the sample of a row, that of the target when the row is a shortcut; "" for a row that is not there.
+std::string SampleAt(const Session& s, int bin, int row);
 
-/// True while the pointer at `x` (0..`width`) would begin a drag: anywhere in a bin whose samples are only dragged, and
-/// in the right third of any other.
+/// True when a press at `x` (0..`width`) starts a drag: anywhere in a bin whose samples are only dragged, and in the
+/// right third of any other.
 bool BinDragsAt(const Session& s, int bin, double x, double width);
 
-/// A press on the list of a bin; `row` is -1 where there is none. Returns what a drag begins with, if one begins.
-/// A press on an empty list is a click on its folder button.
+/// A press on the list of a bin, on `row` or (-1) beside all rows. Returns the source of the drag that it starts, if it
+/// starts one. A press on an empty list is a click on its folder button.
 std::optional<DragSource> PickFile_MouseDown(Session& s, int bin, std::int16_t button, int row, double x, double width);
-/// A release on a row that began no drag: left loads it into the bin's destination, right plays or stops that.
+/// A release on a row when no drag was started: the left button loads the sample into the bin's destination, the right
+/// one plays or stops the destination.
 void PickFile_MouseUp(Session& s, int bin, std::int16_t button, int row);
+
+/// "PickFile" dropped on LoopTrack `row` (0..4): the selected sample of the source's bin loads there.
+void DropFromBin(Session& s, Row row, const DragSource& source);
 
 /// Opens the folder tree on the bin's folder.
 void PickDir_Click(Session& s, int bin);

@@ -3,10 +3,10 @@
 /// The clipboard: a growing store of whole LoopTrack settings.
 
 #include <array>
+#include <cstddef>
 #include <string_view>
 
 #include "core/drag_source.h"
-#include "core/record_stream.h"
 #include "core/session.h"
 
 namespace marvolin {
@@ -23,28 +23,21 @@ void InitClipBoard(Session& s);
 /// Adds `ClipStaging` as a new clip. With 2001 clips: "Too many LoopTracks on ClipBoard."; without memory: "Out of
 /// memory for ClipBoard". Nothing is added then, and the result is false.
 bool AddNewClip(Session& s);
+/// `AddNewClip` for many in a row: `others` is the number of clips of the same sample that are there already, and the
+/// list is not shown again.
+bool AddStagedClip(Session& s, std::ptrdiff_t others);
+/// True when there is such a clip.
+bool HasClip(const Session& s, std::int16_t clip);
 /// Removes one clip; the texts of the others stay. A clip that is not there is ignored.
 void DeleteClip(Session& s, std::int16_t clipIndex);
-/// Puts a clip on LoopTrack `dest` by the elements that `Components` allow, and starts it with `playItNow` when a
-/// sample came with it. Row 4, and a clip that is not there, do nothing.
-void CopyIt(Session& s, Row dest, std::int16_t clipIndex, bool playItNow);
-/// The chosen clip dropped on LoopTrack `dest`. A left drag (tag "1") copies all elements and plays; any other copies
-/// by `Components`.
-void DropClip(Session& s, Row dest, const DragSource& source);
-
-/// A press on a row of `ClipBoardList`: what the drag begins with; `clip` becomes the chosen one.
+/// A press on a row of `ClipBoardList`: chooses `clip` and returns the source of the drag.
 DragSource ClipBoardList_MouseDown(Session& s, std::int16_t clip, std::int16_t button);
-/// A drop on `ClipBoardList`: from `DropDown` of a LoopTrack its settings, from row 4 those of each selected one, if
-/// loaded.
+/// A drop on `ClipBoardList`: "DropDown" of a loaded LoopTrack adds its settings, that of row 4 those of each selected
+/// LoopTrack that is loaded.
 void ClipBoardList_DragDrop(Session& s, const DragSource& source);
 /// A drop of a clip on `Trash` removes it.
 void Trash_DragDrop(Session& s, const DragSource& source);
 /// Asks, then empties the clipboard.
 void ClearClip_Click(Session& s);
-
-/// The number of clips, then their records.
-void WriteClipBoard(const Session& s, RecordWriter& file);
-/// Reads clips, and with `loadIt` adds them to those that are there, up to the limit.
-void ReadClipBoard(Session& s, RecordReader& file, bool loadIt);
 
 }  // namespace marvolin

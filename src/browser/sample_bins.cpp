@@ -24,7 +24,7 @@ constexpr std::string_view kSampleEnding = ".WAV";
 constexpr std::string_view kShortcutEnding = ".WAV.LNK";
 constexpr std::uintmax_t kKilobyte = 1024;
 
-/// The first `count` characters, none of them cut in two.
+/// The first `count` characters of a UTF-8 text.
 std::string FirstCharacters(const std::string& text, std::size_t count) {
     std::size_t at = 0;
     while (at < text.size()) {
@@ -35,7 +35,7 @@ std::string FirstCharacters(const std::string& text, std::size_t count) {
     return text.substr(0, at);
 }
 
-/// A folder as it is searched: without a separator at its end, unless it is the root.
+/// A folder without the separator at its end, unless it is the root.
 std::string SearchFolder(const std::string& folder) {
     const bool ends = folder.size() > 1 && (folder.ends_with('/') || folder.ends_with('\\'));
     return ends ? folder.substr(0, folder.size() - 1) : folder;
@@ -50,7 +50,7 @@ std::string SizeText(const fs::path& file) {
 
 void AddSample(std::vector<BinRow>& rows, const fs::directory_entry& entry, const std::string& name) {
     const std::string size = SizeText(entry.path());
-    if (!size.empty()) rows.push_back({name.substr(0, name.size() - kSampleEnding.size()), size, ""});
+    if (!size.empty()) rows.push_back({name.substr(0, name.size() - kSampleEnding.size()), size, "", name});
 }
 
 void AddShortcut(const Session& s, std::vector<BinRow>& rows, const fs::directory_entry& entry,
@@ -59,7 +59,7 @@ void AddShortcut(const Session& s, std::vector<BinRow>& rows, const fs::director
     const std::string target = s.World.ResolveShortcut(entry.path().string());
     if (!EndsInIgnoringCase(target, kSampleEnding)) return;
     const std::string size = SizeText(target);
-    if (!size.empty()) rows.push_back({name.substr(0, name.size() - kShortcutEnding.size()), size, target});
+    if (!size.empty()) rows.push_back({name.substr(0, name.size() - kShortcutEnding.size()), size, target, name});
 }
 
 std::vector<BinRow> ScanFolder(const Session& s, const std::string& folder) {
@@ -73,14 +73,17 @@ std::vector<BinRow> ScanFolder(const Session& s, const std::string& folder) {
             AddShortcut(s, rows, *entry, name);
         }
     }
-    std::sort(rows.begin(), rows.end(), [](const BinRow& a, const BinRow& b) { return NameBefore(a.Name, b.Name); });
+    // Files whose names differ in the case of the extension alone keep one order, too.
+    std::sort(rows.begin(), rows.end(), [](const BinRow& a, const BinRow& b) {
+        return a.Name == b.Name ? a.File < b.File : NameBefore(a.Name, b.Name);
+    });
     return rows;
 }
 
 /// Place of `wanted` among `rows`; -1 when it is not there.
 std::int16_t PlaceOf(const std::vector<BinRow>& rows, const BinRow& wanted) {
     const auto found = std::find_if(rows.begin(), rows.end(), [&](const BinRow& row) {
-        return row.Name == wanted.Name && row.Target == wanted.Target;
+        return row.File == wanted.File && row.Target == wanted.Target;
     });
     return found == rows.end() ? std::int16_t{-1} : static_cast<std::int16_t>(found - rows.begin());
 }
@@ -125,7 +128,7 @@ void UpdatePickFile(Session& s, int bin) {
     SampleBin& picks = s.Bins[bin];
     if (!DirExists(SearchFolder(picks.Folder))) SetPickDir(s, bin, s.World.Desk.ProgramFolder());
     std::vector<BinRow> rows = ScanFolder(s, SearchFolder(picks.Folder));
-    // A rescan of the same folder may come between the press on a sample and its drop: the sample stays the chosen one.
+    // A rescan of the same folder may come between the press on a sample and its drop: the sample stays selected.
     const bool chosen = picks.Selected >= 0 && static_cast<std::size_t>(picks.Selected) < picks.Rows.size();
     picks.Selected = chosen ? PlaceOf(rows, picks.Rows[static_cast<std::size_t>(picks.Selected)]) : std::int16_t{-1};
     picks.Rows = std::move(rows);

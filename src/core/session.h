@@ -142,6 +142,7 @@ struct BinRow {
     std::string Name;    ///< file name without its extension
     std::string Size;    ///< kilobytes as text
     std::string Target;  ///< full path that a shortcut leads to; "" for a plain file
+    std::string File;    ///< file name as it is spelled on disk
 };
 
 /// One of the three sample bins of `frmBrowse`.

@@ -6,6 +6,7 @@
 #include "audio/play_modes.h"
 #include "audio/sample_loading.h"
 #include "audio/thinning.h"
+#include "core/name_order.h"
 #include "core/paths.h"
 #include "core/routines.h"
 #include "parameters/position.h"
@@ -16,19 +17,22 @@ namespace marvolin {
 
 namespace {
 
-/// Where the sample of a stored LoopTrack is looked for.
-void SplitSample(const SavedLoop& saved, bool forPackage, const std::string& openPath, std::string& folder,
-                 std::string& name) {
-    SplitPath(saved.Set.FileName, folder, name);
-    if (forPackage) folder = openPath;
-    if (!folder.empty()) folder.pop_back();
-}
-
-void LoadSample(Session& s, const SavedLoop& saved, bool forPackage, const std::string& openPath) {
+/// Where the sample of a stored LoopTrack lies; "" when its path names no file.
+std::string SavedSample(const SavedLoop& saved, const SavedFrom& from) {
     std::string folder;
     std::string name;
-    SplitSample(saved, forPackage, openPath, folder, name);
-    LoopLoad(s, saved.Index, folder, name);
+    SplitPath(saved.Set.FileName, folder, name);
+    if (name.empty()) return "";
+    if (!from.ForPackage) return saved.Set.FileName;
+    // A package holds its samples by name. One that was made on another system may spell their extension otherwise.
+    const std::string path = JoinPath(from.OpenPath, name);
+    if (FileExists(path) || !EndsInIgnoringCase(name, ".WAV")) return path;
+    return JoinPath(from.OpenPath, SampleFileName(from.OpenPath, SampleName(path)));
+}
+
+void RestoreSample(Session& s, const SavedLoop& saved, const SavedFrom& from) {
+    LoadSample(s,
+               {.Path = SavedSample(saved, from), .Target = saved.Index, .Rows = Reach::Alone, .Origin = from.Origin});
     LoopSetThinnable(s, saved.Index, saved.Set.Thinnable != False);
     s.World.Screen.ShowCaption(saved.Index);
     const std::int16_t mode = saved.Set.PlayMode;
@@ -63,14 +67,13 @@ void RestoreTiming(Session& s, const SavedLoop& saved) {
 
 }  // namespace
 
-bool LoadSavedLoop(Session& s, const SavedLoop& saved, const clsSwitchRecord& loadSwitch, std::int16_t newUse3D,
-                   bool forPackage, const std::string& openPath) {
+bool LoadSavedLoop(Session& s, const SavedLoop& saved, const clsSwitchRecord& loadSwitch, const SavedFrom& from) {
     if (saved.Index >= kLoopTracks) return false;
     const LoopTrackSet& set = saved.Set;
     LoopTrackSet& target = s.Set[saved.Index];
     bool loaded = false;
     if (loadSwitch.Get(Element::LoopTrack) && !set.FileName.empty()) {
-        LoadSample(s, saved, forPackage, openPath);
+        RestoreSample(s, saved, from);
         loaded = true;
     }
     if (loadSwitch.Get(Element::Freq)) {
@@ -83,7 +86,7 @@ bool LoadSavedLoop(Session& s, const SavedLoop& saved, const clsSwitchRecord& lo
         LoopVolChange(s, saved.Index, vol, TakeHold::Yes, UpdateDisplay::Yes);
     }
     if (loadSwitch.Get(Element::VolPattern)) target.Pattern[kVolPattern] = set.Pattern[kVolPattern];
-    if ((newUse3D != False) == s.Use3D) RestorePlace(s, saved, loadSwitch);
+    if ((from.NewUse3d != False) == s.Use3D) RestorePlace(s, saved, loadSwitch);
     if (loadSwitch.Get(Element::VolPattern) || loadSwitch.Get(Element::FreqPattern) ||
         loadSwitch.Get(Element::PanPattern)) {
         RestoreTiming(s, saved);
@@ -95,11 +98,8 @@ bool LoadSavedLoop(Session& s, const SavedLoop& saved, const clsSwitchRecord& lo
     return loaded;
 }
 
-bool HoldsSavedSample(const Session& s, const SavedLoop& saved, bool forPackage, const std::string& openPath) {
-    std::string folder;
-    std::string name;
-    SplitSample(saved, forPackage, openPath, folder, name);
-    return s.Run[saved.Index].Loaded != False && s.Set[saved.Index].FileName == JoinPath(folder, name);
+bool HoldsSavedSample(const Session& s, const SavedLoop& saved, const SavedFrom& from) {
+    return s.Run[saved.Index].Loaded != False && s.Set[saved.Index].FileName == SavedSample(saved, from);
 }
 
 }  // namespace marvolin

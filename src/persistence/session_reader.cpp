@@ -6,7 +6,6 @@
 
 #include "audio/loop_clearing.h"
 #include "audio/transport.h"
-#include "browser/clipboard.h"
 #include "browser/destinations.h"
 #include "browser/sample_bins.h"
 #include "core/errors.h"
@@ -17,6 +16,7 @@
 #include "parameters/position.h"
 #include "performance/map/sound_map.h"
 #include "performance/map/use_3d.h"
+#include "persistence/clips.h"
 #include "persistence/load_saved_loop.h"
 #include "persistence/session_format.h"
 #include "persistence/settings_section.h"
@@ -103,13 +103,13 @@ void ReadLoops(Session& s, RecordReader& file, const Loading& load) {
     file.CheckedCount(blocks, kSmallestLoopBlock);
     clsSwitchRecord effective;
     clsSwitchRecord::AndSwitch(load.Switches, load.FileSwitches, effective);
+    const SavedFrom from{.NewUse3d = use3D, .ForPackage = load.ForPackage, .OpenPath = load.Folder};
     for (std::int16_t i = 0; i < blocks; ++i) {
         const SavedLoop saved = ReadSavedLoop(file);
         if (saved.Index >= kLoopTracks) continue;
         playingInFile[saved.Index] = saved.WasPlaying != False;
         // A sample that could not be loaded does not count: neither is the one of before started in its place.
-        loadedFromFile[saved.Index] = LoadSavedLoop(s, saved, effective, use3D, load.ForPackage, load.Folder) &&
-                                      HoldsSavedSample(s, saved, load.ForPackage, load.Folder);
+        loadedFromFile[saved.Index] = LoadSavedLoop(s, saved, effective, from) && HoldsSavedSample(s, saved, from);
     }
     for (Row row = 0; row < kLoopTracks; ++row) {
         if (s.EmptyBlankSetting == 1 && !loadedFromFile[row]) LoopClear(s, row);

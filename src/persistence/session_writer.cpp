@@ -4,11 +4,11 @@
 #include <system_error>
 #include <vector>
 
-#include "browser/clipboard.h"
 #include "core/errors.h"
 #include "core/paths.h"
 #include "core/record_stream.h"
 #include "parameters/position.h"
+#include "persistence/clips.h"
 #include "persistence/loop_record.h"
 #include "persistence/session_format.h"
 #include "persistence/settings_section.h"

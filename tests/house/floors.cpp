@@ -6,6 +6,7 @@
 #include <regex>
 #include <set>
 #include <sstream>
+#include <utility>
 
 namespace marvolin::house {
 namespace {
@@ -16,8 +17,8 @@ struct Floor {
 };
 
 constexpr Floor kFloors[] = {
-    {"core", 0},        {"audio", 1},   {"parameters", 1}, {"check", 1},      {"sequencing", 2}, {"performance", 3},
-    {"persistence", 3}, {"browser", 3}, {"scripting", 3},  {"instrument", 4}, {"window", 5},     {"", 6},
+    {"core", 0},        {"audio", 1},     {"parameters", 1}, {"sequencing", 2}, {"performance", 3}, {"browser", 4},
+    {"persistence", 4}, {"scripting", 5}, {"check", 5},      {"instrument", 6}, {"window", 7},      {"", 8},
 };
 
 struct Library {
@@ -140,6 +141,21 @@ std::vector<std::string> FloorsBroken(const Tree& tree) {
             if (other != nullptr && other->height > own->height)
                 wrong.push_back(file + ": " + include + " stands above it");
         }
+    }
+    return wrong;
+}
+
+std::vector<std::string> FoldersInACircle(const Tree& tree) {
+    std::set<std::pair<std::string, std::string>> ways;
+    for (const auto& [file, text] : tree) {
+        for (const std::string& include : OwnIncludes(text)) ways.emplace(FolderOf(file), FolderOf(include));
+    }
+    std::vector<std::string> wrong;
+    for (const auto& [from, to] : ways) {
+        // A change of a setting is sent to a buffer, and a change at a buffer sends its settings: these two belong
+        // together.
+        if (from == "audio" && to == "parameters") continue;
+        if (from < to && ways.contains({to, from})) wrong.push_back(from + " and " + to + " include each other");
     }
     return wrong;
 }

@@ -24,6 +24,9 @@ std::vector<std::string> LibrariesOutOfPlace(const Tree& tree);
 /// A file includes only files of its own floor or a lower one, and every folder has a floor.
 std::vector<std::string> FloorsBroken(const Tree& tree);
 
+/// Of two folders only one includes the other. Audio and parameters alone work on each other.
+std::vector<std::string> FoldersInACircle(const Tree& tree);
+
 /// An include in quotes names a file of the tree by its path below src/.
 std::vector<std::string> IncludesThatLeadNowhere(const Tree& tree);
 

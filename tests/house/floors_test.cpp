@@ -25,6 +25,8 @@ TEST(Floors, OnlyTheWindowIncludesTheToolkitAndOnlyAdaptersTheirLibrary) {
 
 TEST(Floors, NoFileIncludesAFloorAboveItsOwn) { EXPECT_THAT(FloorsBroken(Sources()), IsEmpty()); }
 
+TEST(Floors, NoTwoFoldersIncludeEachOtherButAudioAndParameters) { EXPECT_THAT(FoldersInACircle(Sources()), IsEmpty()); }
+
 TEST(Floors, EveryIncludeInQuotesIsAFileOfTheSources) { EXPECT_THAT(IncludesThatLeadNowhere(Sources()), IsEmpty()); }
 
 TEST(Floors, NoFileIncludesItselfDirectlyOrIndirectly) { EXPECT_THAT(Rings(Sources()), IsEmpty()); }
@@ -65,11 +67,21 @@ TEST(FloorsCheck, ReportsAnIncludeThatGoesUp) {
     EXPECT_THAT(FloorsBroken({{"core/a.cpp", "#include \"audio/device.h\"\n"}}),
                 ElementsAre("core/a.cpp: audio/device.h stands above it"));
     EXPECT_THAT(FloorsBroken({{"sequencing/a.h", "#include \"performance/pad/mix_pad.h\"\n"}}), testing::SizeIs(1));
+    EXPECT_THAT(FloorsBroken({{"performance/a.h", "#include \"browser/clipboard.h\"\n"}}), testing::SizeIs(1));
     EXPECT_THAT(FloorsBroken({{"instrument/a.cpp", "#include \"window/forms/frm_main.h\"\n"}}), testing::SizeIs(1));
     EXPECT_THAT(FloorsBroken({{"audio/a.cpp", "#include \"parameters/mapping.h\"\n"},
                               {"parameters/a.cpp", "#include \"audio/ds_error.h\"\n"},
                               {"main.cpp", "#include \"window/forms/frm_main.h\"\n"}}),
                 IsEmpty());
+}
+
+TEST(FloorsCheck, FindsTwoFoldersThatIncludeEachOther) {
+    EXPECT_THAT(FoldersInACircle({{"browser/a.cpp", "#include \"persistence/b.h\"\n"},
+                                  {"persistence/b.h", ""},
+                                  {"persistence/c.cpp", "#include \"browser/d.h\"\n#include \"persistence/b.h\"\n"},
+                                  {"audio/e.cpp", "#include \"parameters/f.h\"\n"},
+                                  {"parameters/f.cpp", "#include \"audio/g.h\"\n"}}),
+                ElementsAre("browser and persistence include each other"));
 }
 
 TEST(FloorsCheck, ReportsAFolderWithoutAFloor) {

@@ -1,10 +1,9 @@
-#include "performance/palette.h"
+#include "performance/drops/palette.h"
 
 #include <gtest/gtest.h>
 
 #include "fakes/file_bytes.h"
 #include "fakes/instrument.h"
-#include "performance/dropper.h"
 
 namespace marvolin {
 namespace {
@@ -62,10 +61,24 @@ TEST(HistoryList, AnEntryLoadsIntoTheLoopTrackOnWhichItIsDropped) {
     Palette p;
     p.Open(1);
     const auto drag = HistoryList_MouseDown(p.s, 4);
-    LoopDragDrop(p.s, 3, *drag);
+    DropHistory(p.s, 3, *drag);
     EXPECT_EQ(p.s.Set[3].FileName, p.Folder / "old.wav");
     EXPECT_EQ(p.s.Run[3].Playing, False);
     EXPECT_EQ(p.Screen.Count("ShowHistoryList hide"), 1);
+}
+
+TEST(HistoryList, AnEntryLoadsTheFileThatItsLoopTrackHeldWhateverItsName) {
+    Palette p;
+    p.Folder.Touch("a.WAV");
+    for (const char* name : {"a.wav", "kick", "kick.pcm", "c\\d.WAV"}) {
+        const std::string path = p.Folder.Touch(name);
+        p.s.History[1] = {path};
+        p.Open(1);
+        HistoryList_MouseDown(p.s, kHistorySamples);
+        DropHistory(p.s, 3, {"HistoryList", 1, ""});
+        EXPECT_EQ(p.s.Set[3].FileName, path);
+    }
+    EXPECT_TRUE(p.Desk.Boxes.empty());
 }
 
 TEST(HistoryList, AnEntryLetGoOnTheListLoadsIntoTheRowThatOpenedIt) {
@@ -84,7 +97,7 @@ TEST(HistoryList, CloseDroppedOnALoopTrackOnlyClosesTheList) {
     p.Open(1);
     HistoryList_MouseDown(p.s, 0);
     p.Screen.Log.clear();
-    LoopDragDrop(p.s, 2, {"HistoryList", 1, ""});
+    DropHistory(p.s, 2, {"HistoryList", 1, ""});
     EXPECT_NE(p.s.Run[2].Loaded, False);
     EXPECT_EQ(p.Screen.Count("ShowHistoryList hide"), 1);
 }
@@ -94,9 +107,9 @@ TEST(HistoryList, ADropBringsTheBallOfItsTargetToTheFrontButNotForRowFour) {
     p.s.ActiveTab = kMapTab;
     p.Open(1);
     HistoryList_MouseDown(p.s, kHistoryEmpty);
-    LoopDragDrop(p.s, 2, {"HistoryList", 1, ""});
+    DropHistory(p.s, 2, {"HistoryList", 1, ""});
     EXPECT_EQ(p.s.PosHighlight, 2);
-    LoopDragDrop(p.s, kSelectionRow, {"HistoryList", 1, ""});
+    DropHistory(p.s, kSelectionRow, {"HistoryList", 1, ""});
     EXPECT_EQ(p.s.PosHighlight, 2);
 }
 
@@ -105,10 +118,10 @@ TEST(HistoryList, EmptyAndReverseActOnTheTarget) {
     p.Fill(2, p.Folder / "new.wav");
     p.Open(1);
     HistoryList_MouseDown(p.s, 2);
-    LoopDragDrop(p.s, 2, {"HistoryList", 1, ""});
+    DropHistory(p.s, 2, {"HistoryList", 1, ""});
     EXPECT_EQ(p.Sound.Count("WriteBuffer"), 1);
     HistoryList_MouseDown(p.s, 1);
-    LoopDragDrop(p.s, 2, {"HistoryList", 1, ""});
+    DropHistory(p.s, 2, {"HistoryList", 1, ""});
     EXPECT_EQ(p.s.Run[2].Loaded, False);
 }
 
@@ -117,7 +130,7 @@ TEST(HistoryList, AnEntryThatIsNotThereDoesNothing) {
     p.Open(1);
     for (const std::int16_t entry : {std::int16_t{5}, std::int16_t{-1}}) {
         HistoryList_MouseDown(p.s, entry);
-        LoopDragDrop(p.s, 0, {"HistoryList", 1, ""});
+        DropHistory(p.s, 0, {"HistoryList", 1, ""});
         EXPECT_EQ(p.s.Run[0].Loaded, False);
     }
     EXPECT_TRUE(p.Desk.Boxes.empty());

@@ -74,6 +74,18 @@ TEST(SessionKept, AChangeOf3DKeepsSamplesSettingsAndEachClipOnce) {
     }
 }
 
+TEST(SessionKept, AChangeOfTheDeviceBringsBackTheFileThatWasChosenWhateverItsName) {
+    for (const char* name : {"a.WAV", "kick", "c\\d.WAV"}) {
+        Played i;
+        const std::string path = i.Folder.Touch(name);
+        LoopLoad(i.s, 0, i.Folder.Path(), name);
+        cboDrivers_Click(i.s, 1);
+        EXPECT_EQ(i.s.Set[0].FileName, path);
+        EXPECT_EQ(i.s.Run[0].Loaded, True);
+        EXPECT_TRUE(i.Desk.Boxes.empty());
+    }
+}
+
 TEST(SessionKept, NoSoundTakesTheSamplesAwayAndLeavesTheClips) {
     Played i;
     cboDrivers_Click(i.s, 2);

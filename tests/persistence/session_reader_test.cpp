@@ -215,6 +215,18 @@ TEST(LoadSession, APackageMovedToAnotherFolderKeepsWorking) {
     EXPECT_EQ(i.s.Set[3].FileName, moved.Path() + "/d.wav");
 }
 
+TEST(LoadSession, APackageFromAnotherSystemFindsASampleWhoseExtensionIsSpelledOtherwise) {
+    SetInstrument i;
+    i.Fill(0, i.Folder / "a.wav");
+    ASSERT_TRUE(i.Save("set.mvp"));
+    TempFolder moved;
+    std::filesystem::copy_file(i.Folder / "set.mvp", moved / "set.mvp");
+    const std::string sample = moved.Touch("a.WAV");
+    ASSERT_TRUE(LoadSession(i.s, moved / "set.mvp", false, All(), false));
+    EXPECT_EQ(i.s.Set[0].FileName, sample);
+    EXPECT_TRUE(i.Desk.Boxes.empty());
+}
+
 TEST(LoadSession, OnlyLowerCaseMvpIsAPackage) {
     SetInstrument i;
     WriteBytes(i.Folder / "set.MVP", GoldenSession("/nowhere"));

@@ -390,7 +390,7 @@ TEST(Browser, ClosingOnlyHidesUntilTheProgramEnds) {
 TEST(Browser, TenThousandRowsScrollToTheLast) {
     Browser browser;
     SetFileDestination(browser.s, 0, 0);
-    browser.s.Bins[0].Rows.assign(10000, BinRow{"sample", "12", ""});
+    browser.s.Bins[0].Rows.assign(10000, BinRow{"sample", "12", "", "sample.wav"});
     browser.Screen.ShowBin(0);
     QWidget& list = browser.Part("PickFile_0");
     QTest::keyClick(&list, Qt::Key_End);

@@ -10,8 +10,8 @@
 #include <QWheelEvent>
 
 #include "core/routines.h"
-#include "performance/dropper.h"
-#include "window/rows/row_drops.h"
+#include "instrument/loop_drops.h"
+#include "performance/drops/file_drops.h"
 #include "window/toolkit/hint_window.h"
 
 namespace marvolin {

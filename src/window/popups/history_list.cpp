@@ -6,7 +6,7 @@
 #include <QMouseEvent>
 #include <algorithm>
 
-#include "performance/palette.h"
+#include "performance/drops/palette.h"
 #include "window/toolkit/drag_source.h"
 #include "window/toolkit/theme.h"
 

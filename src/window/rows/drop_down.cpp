@@ -4,7 +4,7 @@
 
 #include "audio/sample_loading.h"
 #include "core/grouping.h"
-#include "performance/palette.h"
+#include "performance/drops/palette.h"
 
 namespace marvolin {
 

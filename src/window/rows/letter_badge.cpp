@@ -2,6 +2,8 @@
 
 #include <QPainter>
 
+#include "performance/drops/dropper.h"
+
 namespace marvolin {
 
 LetterBadge::LetterBadge(Session& session, QWidget* parent, Row row)
@@ -15,7 +17,7 @@ std::string_view LetterBadge::Hint(QPointF) const { return kLetrHint; }
 
 void LetterBadge::Gesture(Phase phase, std::int16_t button, QPointF) {
     if (phase != Phase::Down) return;
-    if (const auto source = Letr_MouseDown(s, row_, button)) ArmDrag(*source);
+    if (const auto source = Letr_MouseDown(row_, button)) ArmDrag(*source);
 }
 
 void LetterBadge::DoubleClick(std::int16_t, QPointF) {

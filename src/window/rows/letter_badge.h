@@ -1,6 +1,6 @@
 #pragma once
 
-#include "performance/dropper.h"
+#include "instrument/loop_drops.h"
 #include "window/controls/control.h"
 
 namespace marvolin {

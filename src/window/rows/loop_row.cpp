@@ -5,7 +5,8 @@
 #include <QPainter>
 
 #include "audio/loop_controls.h"
-#include "performance/dropper.h"
+#include "instrument/loop_drops.h"
+#include "performance/drops/file_drops.h"
 #include "performance/selection/selection.h"
 #include "window/controls/knob.h"
 #include "window/controls/text_button.h"
@@ -14,7 +15,6 @@
 #include "window/rows/letter_badge.h"
 #include "window/rows/loop_it.h"
 #include "window/rows/play_button.h"
-#include "window/rows/row_drops.h"
 #include "window/rows/select_flag.h"
 #include "window/rows/sound_display.h"
 #include "window/rows/thumb.h"

@@ -1,9 +1,10 @@
-#include "performance/palette.h"
+#include "performance/drops/palette.h"
 
 #include "audio/loop_clearing.h"
 #include "audio/reverse.h"
 #include "audio/sample_loading.h"
 #include "core/paths.h"
+#include "parameters/position.h"
 
 namespace marvolin {
 
@@ -60,12 +61,16 @@ void HistoryList_DragDrop(Session& s) {
     } else if (s.HistoryChoice == kHistoryReverse) {
         LoopReverse(s, target);
     } else if (const std::string path = SampleAtEntry(s, s.HistoryChoice); !path.empty()) {
-        std::string folder;
-        std::string name;
-        SplitPath(path, folder, name);
-        LoopLoadRows(s, folder, SampleName(path), target, DropPlays(s, s.DragBin));
+        LoadSample(s,
+                   {.Path = path, .Target = target, .Play = DropPlays(s, s.DragBin), .Origin = SampleOrigin::Palette});
     }
     CloseList(s);
+}
+
+void DropHistory(Session& s, Row row, const DragSource&) {
+    s.LoopDropTarget = row;
+    HistoryList_DragDrop(s);
+    if (row != kSelectionRow) PosSetHighlight(s, row);
 }
 
 void HistoryList_LostFocus(Session& s) { CloseList(s); }

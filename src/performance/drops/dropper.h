@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// What a drop on a LoopTrack means, and the dropper, which gives one LoopTrack the settings of another.
+/// The letter of a LoopTrack, and the dropper that is dragged from it: it gives one LoopTrack the settings of another.
 
 #include <optional>
 #include <string>
@@ -14,9 +14,6 @@ namespace marvolin {
 inline constexpr std::string_view kLetrHint =
     "drg Start Dropper Op; rtdrg Start Fade Drg & Drop; dblclk Toggle Thinnable";
 
-/// Help page of a LoopTrack row.
-inline constexpr std::int32_t kLoopTrackTopic = 10022;
-
 /// Reads and writes the tags of the dropper: "Dropper~~" and the row that started the drag.
 class clsDropperManager {
 public:
@@ -29,14 +26,14 @@ public:
 };
 
 /// A press on the letter of `row`: left begins the dropper, right the fade drag.
-std::optional<DragSource> Letr_MouseDown(Session& s, Row row, std::int16_t button);
+std::optional<DragSource> Letr_MouseDown(Row row, std::int16_t button);
 /// Double click on a letter: flips `Thinnable`; row 4 has none.
 void Letr_DblClick(Session& s, Row row);
-/// A drop on the letter of `row`: under the dropper, the LoopTrack that started the drag takes volume, pan, frequency
-/// and play mode of `row`. Any other drop is that of `LoopDragDrop`.
-void Letr_DragDrop(Session& s, Row row, const DragSource& source);
 
-/// A drop on `SndDisp`, `Letr` or `PosBall` of `row`. A source that means nothing here does nothing.
-void LoopDragDrop(Session& s, Row row, const DragSource& source);
+/// When `source` is the dropper and `row` is not 4, the LoopTrack that started the drag takes the volume of `row`, and
+/// the result is true.
+bool DropDropperOnDisplay(Session& s, Row row, const DragSource& source);
+/// The same with volume, pan, frequency and play mode.
+bool DropDropperOnLetter(Session& s, Row row, const DragSource& source);
 
 }  // namespace marvolin

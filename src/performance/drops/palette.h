@@ -13,24 +13,27 @@ namespace marvolin {
 inline constexpr std::string_view kDropDownDragHint = "drg Copy Sample to LoopTrack, or Copy LoopTrack to Clipboard";
 inline constexpr std::string_view kDropDownClickHint = "clk Open Palette & History";
 
-/// The fixed entries of `HistoryList`; the samples stand behind them.
+/// The fixed entries of `HistoryList`; the samples follow them.
 enum HistoryEntry : std::int16_t { kHistoryClose = 0, kHistoryEmpty = 1, kHistoryReverse = 2, kHistorySamples = 3 };
 
-/// True when a press at `y` (twips from the button's top) begins a drag: its upper eight pixels. Below them it opens
-/// the list.
+/// True when a press at `y` (twips from the button's top) starts a drag: in the top eight pixels. Below them a click
+/// opens the list.
 bool DropDownDragsAt(Session& s, double y);
 /// Hint over the button at `y`.
 std::string_view DropDownHint(Session& s, double y);
-/// A press on `DropDown` of `row`: what a drag begins with, if one begins.
+/// A press on `DropDown` of `row`: the source of the drag that it starts, if it starts one.
 std::optional<DragSource> DropDown_MouseDown(Session& s, Row row, double y);
 /// A release at `y`: opens the list of `row` when it was a click.
 void DropDown_MouseUp(Session& s, Row row, double y);
 
-/// A press on an entry of the list: "<Close>" hides it, any other begins a drag.
+/// A press on an entry of the list: "<Close>" hides it, any other starts a drag.
 std::optional<DragSource> HistoryList_MouseDown(Session& s, std::int16_t entry);
-/// The chosen entry was dropped on `LoopDropTarget` (on the list itself: the row that opened it). The list is hidden.
+/// Runs the chosen entry on `LoopDropTarget`, which is the row that opened the list when the entry is let go on the
+/// list itself. Hides the list.
 void HistoryList_DragDrop(Session& s);
-/// Hides the list, and no more.
+/// "HistoryList" dropped on LoopTrack `row` (0..4): its chosen entry acts there, and the row's ball is highlighted.
+void DropHistory(Session& s, Row row, const DragSource& source);
+/// Hides the list and does nothing else.
 void HistoryList_LostFocus(Session& s);
 
 /// Whether a dropped sample is played: the box `ClickPlay` of a bin, or else `PlayOnLoad`.

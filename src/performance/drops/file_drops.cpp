@@ -1,0 +1,18 @@
+#include "performance/drops/file_drops.h"
+
+#include "audio/sample_loading.h"
+#include "core/busy_pointer.h"
+
+namespace marvolin {
+
+void DropFilesOnRow(Session& s, Row row, const std::vector<std::string>& paths) {
+    const BusyPointer busy(s.World.Desk);
+    Row target = row;
+    for (const std::string& path : paths) {
+        if (target != row && target >= kLoopTracks) break;
+        LoadSample(s, {.Path = path, .Target = target, .Play = s.PlayOnLoad, .Origin = SampleOrigin::File});
+        ++target;
+    }
+}
+
+}  // namespace marvolin

@@ -1,0 +1,230 @@
+#include "instrument/loop_drops.h"
+
+#include <gtest/gtest.h>
+
+#include "core/help.h"
+#include "fakes/file_bytes.h"
+#include "fakes/instrument.h"
+#include "performance/drops/dropper.h"
+#include "performance/drops/palette.h"
+
+namespace marvolin {
+namespace {
+
+using namespace test;
+
+DragSource Dropper(Row from) { return {"Letr", from, clsDropperManager().DropTo(from)}; }
+
+struct Drops : Instrument {
+    TempFolder Folder;
+    std::string Sample = Folder / "Kick.wav";
+    Drops() {
+        WriteBytes(Sample, "");
+        s.HelpFile = "help";
+    }
+    void Give(Row row, std::int16_t vol, std::int16_t pan, std::int16_t hz, std::int16_t mode) {
+        s.Set[row].Vol = vol;
+        s.Set[row].Pan = pan;
+        s.Set[row].Hz = hz;
+        s.Set[row].PlayMode = mode;
+    }
+    std::array<int, 4> Settings(Row row) const {
+        const LoopTrackSet& set = s.Set[row];
+        return {set.Vol, set.Pan, set.Hz, set.PlayMode};
+    }
+};
+
+TEST(Letr, TheLoopTrackThatStartedTheDragTakesTheFourSettingsOfTheTarget) {
+    Drops d;
+    d.Give(1, 100, 200, 3000, kDrum);
+    Letr_DragDrop(d.s, 1, Dropper(3));
+    EXPECT_EQ(d.Settings(3), (std::array<int, 4>{100, 200, 3000, kDrum}));
+    EXPECT_EQ(d.Settings(1), (std::array<int, 4>{100, 200, 3000, kDrum}));
+    EXPECT_EQ(d.Settings(0), (std::array<int, 4>{500, 500, 1000, kLoop}));
+}
+
+TEST(Letr, ADropperDragFromAToAChangesNothing) {
+    Drops d;
+    d.Give(0, 100, 200, 3000, kDrum);
+    Letr_DragDrop(d.s, 0, Dropper(0));
+    EXPECT_EQ(d.Settings(0), (std::array<int, 4>{100, 200, 3000, kDrum}));
+}
+
+TEST(Letr, ADropperDragOntoRowFourDoesNothing) {
+    Drops d;
+    d.Give(4, 1, 2, 3, kDrum);
+    Letr_DragDrop(d.s, 4, Dropper(0));
+    EXPECT_EQ(d.Settings(0), (std::array<int, 4>{500, 500, 1000, kLoop}));
+}
+
+TEST(LoopDragDrop, OntoTheSoundDisplayTheDropperTakesTheVolumeOnly) {
+    Drops d;
+    d.Give(1, 100, 200, 3000, kDrum);
+    LoopDragDrop(d.s, 1, Dropper(3));
+    EXPECT_EQ(d.Settings(3), (std::array<int, 4>{100, 500, 1000, kLoop}));
+}
+
+TEST(LoopDragDrop, TheHelpPointerAsksForHelpAndDoesNothingElse) {
+    Drops d;
+    d.Give(1, 100, 200, 3000, kDrum);
+    DragSource help = Dropper(3);
+    help.Name = std::string(kHelpDragName);
+    LoopDragDrop(d.s, 1, help);
+    Letr_DragDrop(d.s, 1, help);
+    LoopDragDrop(d.s, 1, {"StatusBar1", 0, std::string(kHelpDragName)});
+    EXPECT_EQ(d.Settings(3), (std::array<int, 4>{500, 500, 1000, kLoop}));
+    EXPECT_EQ(d.Desk.Log, std::vector<std::string>(3, "ShowHelpTopic 10022"));
+}
+
+struct FadeCase {
+    int From, Target, FromVol;
+    int FromState, TargetState;
+};
+class LoopDragDropFade : public ::testing::TestWithParam<FadeCase> {};
+TEST_P(LoopDragDropFade, Crosses) {
+    for (const char* name : {"Letr", "PosBall"}) {
+        Drops d;
+        const auto from = static_cast<Row>(GetParam().From);
+        const auto target = static_cast<Row>(GetParam().Target);
+        d.s.Set[from].Vol = static_cast<std::int16_t>(GetParam().FromVol);
+        LoopDragDrop(d.s, target, {name, from, "4"});
+        EXPECT_EQ(d.s.Run[from].FadeState, GetParam().FromState);
+        EXPECT_EQ(d.s.Run[target].FadeState, GetParam().TargetState);
+    }
+}
+INSTANTIATE_TEST_SUITE_P(LoopDragDrop, LoopDragDropFade,
+                         ::testing::Values(FadeCase{0, 1, 0, kRising, kFalling}, FadeCase{0, 1, 1, kFalling, kRising},
+                                           FadeCase{3, 2, 500, kFalling, kRising},
+                                           FadeCase{2, 2, 500, kFalling, kFalling},
+                                           FadeCase{2, 2, 0, kRising, kRising}));
+
+TEST(LoopDragDrop, AnEntryOfThePaletteLoadsOnTheLoopTrackOnWhichItFalls) {
+    Drops d;
+    d.s.History[0] = {d.Sample};
+    d.s.HistoryChoice = kHistorySamples;
+    LoopDragDrop(d.s, 3, {"HistoryList", 0, ""});
+    EXPECT_EQ(d.s.Set[3].FileName, d.Sample);
+}
+
+TEST(LoopDragDrop, PatternsAndTimingAreCopiedFromTheCurrentLoopTrack) {
+    const auto drop = [](const DragSource& source) {
+        auto d = std::make_unique<Drops>();
+        d->s.CurrentLoop = 1;
+        LoopTrackSet& from = d->s.Set[1];
+        for (PatternBlock& row : from.Pattern) row[5] = 7;
+        from.NSteps = 9;
+        from.StepDuration = 44;
+        from.Swing = 6;
+        LoopDragDrop(d->s, 2, source);
+        return d;
+    };
+    auto d = drop({"CloneTime", 0, ""});
+    EXPECT_EQ(d->s.Set[2].StepDuration, 44);
+    EXPECT_EQ(d->s.Set[2].Swing, 0);
+    d = drop({"CloneTime", 2, ""});
+    EXPECT_EQ(d->s.Set[2].Swing, 6);
+    EXPECT_EQ(d->s.Set[2].StepDuration, 1);
+    d = drop({"AllTiming", 0, ""});
+    EXPECT_EQ(d->s.Set[2].StepDuration, 44);
+    EXPECT_EQ(d->s.Set[2].Swing, 6);
+    EXPECT_EQ(d->s.Set[2].NSteps, 3);
+    d = drop({"PatternGraph", 1, ""});
+    EXPECT_EQ(d->s.Set[2].Pattern[1][5], 7);
+    EXPECT_EQ(d->s.Set[2].Pattern[0][5], 500);
+    d = drop({"Patterns", 0, ""});
+    EXPECT_EQ(d->s.Set[2].Pattern[0][5], 7);
+    EXPECT_EQ(d->s.Set[2].Pattern[2][5], 7);
+    EXPECT_EQ(d->s.Set[2].NSteps, 9);
+    EXPECT_EQ(d->s.Set[2].StepDuration, 1);
+    d = drop({"TabControl", 0, ""});
+    EXPECT_EQ(d->s.Set[2].Pattern[0][5], 7);
+    EXPECT_EQ(d->s.Set[2].StepDuration, 44);
+}
+
+TEST(LoopDragDrop, CopyingTheTimingOntoAShorterSampleIsLimitedByTheSetter) {
+    Drops d;
+    d.Fill(2);
+    d.s.Set[0].BeatStart = 500;
+    LoopDragDrop(d.s, 2, {"AllTiming", 0, ""});
+    EXPECT_EQ(d.s.Set[2].BeatStart, 100);
+}
+
+TEST(LoopDragDrop, ASampleOfABinLoadsAndPlaysByItsBoxOrElseByPlayOnLoad) {
+    for (const bool clickPlay : {true, false}) {
+        for (const bool playOnLoad : {true, false}) {
+            Drops d;
+            d.s.Bins[1].Folder = d.Folder.Path();
+            d.s.Bins[1].Rows = {{"Kick", "0", "", "Kick.wav"}};
+            d.s.Bins[1].Selected = 0;
+            d.s.Bins[1].ClickPlay = clickPlay ? 1 : 0;
+            d.s.PlayOnLoad = playOnLoad;
+            LoopDragDrop(d.s, 3, {"PickFile", 1, ""});
+            EXPECT_EQ(d.s.Set[3].FileName, d.Sample);
+            EXPECT_EQ(d.s.Run[3].Playing != False, clickPlay || playOnLoad);
+        }
+    }
+}
+
+TEST(LoopDragDrop, TheSampleOfOneLoopTrackIsCopiedToAnother) {
+    Drops d;
+    d.Fill(0, d.Sample);
+    LoopDragDrop(d.s, 4, {"DropDown", 0, ""});
+    LoopDragDrop(d.s, 0, {"DropDown", 0, ""});
+    EXPECT_EQ(d.s.Run[1].Loaded, False);
+    LoopDragDrop(d.s, 1, {"DropDown", 0, ""});
+    EXPECT_EQ(d.s.Set[1].FileName, d.Sample);
+    EXPECT_EQ(d.s.Run[1].Playing, False);
+    d.s.PlayOnLoad = true;
+    LoopDragDrop(d.s, 2, {"DropDown", 0, ""});
+    EXPECT_NE(d.s.Run[2].Playing, False);
+}
+
+TEST(LoopDragDrop, ACopiedSampleIsTheFileOfItsLoopTrackWhateverItsName) {
+    Drops d;
+    d.Folder.Touch("a.WAV");
+    for (const char* name : {"a.wav", "kick", "kick.pcm", "c\\d.WAV"}) {
+        const std::string path = d.Folder.Touch(name);
+        d.Fill(0, path);
+        LoopDragDrop(d.s, 1, {"DropDown", 0, ""});
+        EXPECT_EQ(d.s.Set[1].FileName, path);
+    }
+    EXPECT_TRUE(d.Desk.Boxes.empty());
+}
+
+TEST(LoopDragDrop, DroppingTheButtonOfAnEmptyLoopTrackChangesNothing) {
+    Drops d;
+    d.Fill(1, d.Sample);
+    LoopDragDrop(d.s, 1, {"DropDown", 0, ""});
+    EXPECT_EQ(d.s.Set[1].FileName, d.Sample);
+}
+
+TEST(LoopDragDrop, AClipComesBackByItsDrag) {
+    Drops d;
+    d.s.Clips.ClipStore.emplace_back();
+    d.s.Clips.ClipStore[0].Hz = 2000;
+    d.s.Clips.ClipTop = 0;
+    d.s.Clips.Selected = 0;
+    LoopDragDrop(d.s, 2, {"ClipBoardList", 0, "1"});
+    EXPECT_EQ(d.s.Set[2].Hz, 2000);
+}
+
+TEST(LoopDragDrop, AnyOtherOrForgedSourceDoesNothing) {
+    Drops d;
+    const std::vector<DragSource> sources{{"", 0, ""},          {"Unknown", 3, "4"},        {"Letr", 99, "4"},
+                                          {"Letr", 1, "1"},     {"Letr", 0, "Dropper~~99"}, {"Letr", 0, "Dropper~~-1"},
+                                          {"PickFile", 3, ""},  {"PickFile", -1, ""},       {"DropDown", 77, ""},
+                                          {"DropDown", -3, ""}, {"PatternGraph", 3, ""},    {"CloneTime", 3, ""}};
+    for (const DragSource& source : sources) {
+        for (Row row = 0; row <= kSelectionRow; ++row) {
+            LoopDragDrop(d.s, row, source);
+            Letr_DragDrop(d.s, row, source);
+        }
+    }
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        EXPECT_EQ(d.Settings(row), (std::array<int, 4>{500, 500, 1000, kLoop}));
+        EXPECT_EQ(d.s.Run[row].FadeState, kNoFade);
+    }
+}
+
+}  // namespace
+}  // namespace marvolin
