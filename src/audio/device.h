@@ -6,15 +6,15 @@
 
 namespace marvolin {
 
-/// Lists the drivers of the service in `Drivers`, and "No Sound" behind them. Called once, before any device is chosen.
+/// Fills `Drivers` with the drivers of the service, followed by "No Sound". Called once, before any device is chosen.
 void InitAudioDriversList(Session& s);
 
-/// The player (or the start) chose `entry` of `cboDrivers`: the device is changed, the session kept across the change
-/// by way of a temporary file while `DeviceSwapArmed`.
+/// Changes to the device of `entry` in `cboDrivers`, which the player or the start has chosen. While `DeviceSwapArmed`
+/// the session is carried across the change in a temporary file.
 void cboDrivers_Click(Session& s, std::int16_t entry);
 
-/// Opens the device that `Driver` names. "No Sound" opens none, without a word. A failure is shown as "creating sound
-/// device"; `DSReady` then says how far it got.
+/// Opens the device that `Driver` names. "No Sound" opens none and shows nothing. A failure is shown as "creating sound
+/// device"; `DSReady` is then true if the device can be used all the same.
 void InitDirectSound(Session& s);
 
 /// Empties all LoopTracks and closes the device.

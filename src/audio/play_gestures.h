@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// The hand on `Play`, `PlayStop` and `LoopIt`. Places are in twips, within the control.
+/// Gestures on `Play`, `PlayStop` and `LoopIt`. Positions are in twips within the control.
 
 #include "core/session.h"
 
@@ -14,19 +14,19 @@ void Play_MouseUp(Session& s, Row row, std::int16_t button);
 /// Hint of `Play`.
 void Play_MouseMove(Session& s);
 
-/// A release at `y` on `PlayStop`, with any button: its top three eighths play all rows, its last three eighths stop
-/// all.
+/// A release at `y` on `PlayStop`, with any button: in its top three eighths it plays all rows, in its bottom three
+/// eighths it stops all.
 void PlayStop_MouseUp(Session& s, double y, double height);
 /// Hint of the zone at `y`.
 void PlayStop_MouseMove(Session& s, double y, double height);
 
-/// `LoopIt` of rows 0..4, and 5 for the one of `CurrentLoop`: a drag chooses the mode, one for each 100 twips, up the
-/// next; the release sets it. A press of the right button jumps to the beginning of the sample, on the row, its band,
-/// or the controlled rows. Errors: "positioning to loop start".
+/// A gesture on `LoopIt` of `row`: 0..4, or 5 for the one that shows `CurrentLoop`. A drag moves the chosen mode by one
+/// for each 100 twips, upwards to the next; the release sets it. A press of the right button jumps to the beginning of
+/// the sample, on the row, its band, or the controlled rows. Errors: "positioning to loop start".
 void LoopIt_Gesture(Session& s, Row row, Phase phase, std::int16_t button, double y);
 /// Sets mode Loop on the row alone.
 void LoopIt_DblClick(Session& s, Row row);
-/// Mode whose picture `LoopIt` shows: the chosen one while it is dragged, else the row's own.
+/// Mode whose picture `LoopIt` shows: the chosen one during its drag, else that of the row.
 std::int16_t LoopItMode(const Session& s, Row row);
 
 }  // namespace marvolin

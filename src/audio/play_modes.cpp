@@ -22,8 +22,8 @@ void ChangeLooping(Session& s, Row row, std::int16_t mode) {
     s.Set[row].PlayMode = mode;
     const std::int32_t status = buffer.GetStatus();
     const std::int32_t flags = LoopPlayFlags(mode);
-    // With the whole status word, bits included: that is the rule. From Drum to Loop always, since the buffer may have
-    // run out.
+    // Compared with the whole status word, not with its playing bit: that is the rule. From Drum to Loop always, since
+    // the buffer may have run out.
     if ((old == kDrum && mode == kLoop) || flags != status) buffer.Play(flags);
     if (!IsClocked(old)) return;
     // The values of the patterns no longer colour the sound.

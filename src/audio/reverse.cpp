@@ -16,9 +16,9 @@ namespace marvolin {
 namespace {
 
 constexpr std::size_t kLargestFrame = 129;
-constexpr std::int64_t kPieceBytes = 96 * 1024;  // whole frames of any size that PCM has, and at home in the cache
+constexpr std::int64_t kPieceBytes = 96 * 1024;  // whole frames of any size that PCM has, small enough for the cache
 
-// Writes the frames of `from` behind `to` in reverse order. A size known when compiled makes each a register move.
+// Copies frames in reverse order. A size that is known at compile time makes each copy a register move.
 template <std::size_t size>
 void CopyReversed(const std::uint8_t* from, std::uint8_t* __restrict to, std::int64_t frames) {
     from += (frames - 1) * static_cast<std::int64_t>(size);
@@ -59,7 +59,7 @@ FrameCopier CopierFor(std::int32_t frameSize) {
     }
 }
 
-// Frame by frame from both ends inwards, as many pairs as there are; what is left of a frame at the end takes part.
+// Swaps frames from both ends inwards. A partial frame at the end counts for the places of the upper ones.
 void SwapFrames(std::uint8_t* bytes, std::int32_t count, std::int32_t size) {
     if (size <= 0) throw RuntimeError(11, "Division by zero");
     if (static_cast<std::size_t>(size) > kLargestFrame) throw SubscriptError();
@@ -76,7 +76,7 @@ void SwapFrames(std::uint8_t* bytes, std::int32_t count, std::int32_t size) {
     }
 }
 
-// Whole frames: read in pieces, each of which is laid down reversed while it is in the cache.
+// For whole frames: reads in pieces, and reverses each while it is in the cache.
 void ReadReversed(DirectSoundBuffer& buffer, std::uint8_t* bytes, std::int64_t count, std::int32_t size,
                   FrameCopier copy) {
     std::array<std::uint8_t, kPieceBytes> piece;
@@ -105,7 +105,7 @@ void ReverseSample(Session& s, Row row) {
     buffer.WriteBuffer(0, {bytes.get(), size});
 }
 
-// Sample memory is shared: the reversal is seen in every row that holds the file.
+// Sample memory is shared, so the reversal shows in every row that holds the file.
 void ShowWaveformsOf(Session& s, const std::string& path) {
     for (Row row = 0; row < kLoopTracks; ++row) {
         if (s.Run[row].Loaded != False && s.Set[row].FileName == path) s.World.Screen.ShowWaveform(row);

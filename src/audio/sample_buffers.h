@@ -16,7 +16,7 @@ int LoopCreateBuffer(Session& s, Row row, const std::string& path);
 /// Failures: "duplicating sound buffer"; the row then has no buffer.
 int LoopDuplicateBuffer(Session& s, Row row, Row source);
 
-/// Lets the row's buffer go; the sample lives on in its duplicates.
+/// Releases the row's buffer. The sample stays in memory as long as a duplicate needs it.
 void ReleaseBuffer(Session& s, Row row);
 
 /// The row's buffer. Raises `RuntimeError` 91 when the row has none.

@@ -12,8 +12,8 @@ struct FreeBytes {
 };
 using ScratchBytes = std::unique_ptr<std::uint8_t[], FreeBytes>;
 
-/// Memory for `size` bytes that are soon to be written all; what stands in them is not said. A large block comes in
-/// large pages where the system has them, since the first touch of each page is what costs most of its time.
+/// Uninitialised memory for `size` bytes. A large block takes large pages where the system has them, since most of its
+/// cost is the first touch of each page.
 /// Raises `std::bad_alloc`.
 ScratchBytes MakeScratchBytes(std::size_t size);
 

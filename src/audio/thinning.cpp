@@ -37,7 +37,7 @@ void ThinTo(Session& s) {
     while (!s.ThinList.empty() && s.Limit < static_cast<std::int64_t>(s.ThinList.size())) {
         const std::string before = s.ThinList;
         LoopStop(s, static_cast<Row>(before.front() - 'A'));
-        // A stop that did not take the letter out would come back for ever.
+        // A stop that failed has left its letter in the list: another try would fail as well.
         if (s.ThinList == before) return;
     }
 }

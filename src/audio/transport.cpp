@@ -13,7 +13,7 @@ namespace marvolin {
 
 namespace {
 
-constexpr std::int32_t kEndMargin = 32;  // bytes that a start leaves before the end
+constexpr std::int32_t kEndMargin = 32;  // bytes between the last start position and the end
 constexpr std::int32_t kSounding = buffer_status::kPlaying | buffer_status::kLooping;
 
 void Start(Session& s, Row row, bool request) {

@@ -97,7 +97,7 @@ std::vector<WaveformColumn> LoopWaveform(const Session& s, Row row, int columns,
     try {
         return WaveformPeaks(*run.Buffer, columns, from, most);
     } catch (const SoundError&) {
-        return {};  // a picture is not worth a message
+        return {};  // a missing picture needs no message
     }
 }
 

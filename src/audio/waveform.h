@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// The outline of a loaded sample, for the eye.
+/// The outline of a loaded sample, as it is drawn.
 
 #include <cstdint>
 #include <vector>
@@ -16,7 +16,7 @@ struct WaveformColumn {
     friend bool operator==(const WaveformColumn&, const WaveformColumn&) = default;
 };
 
-/// No end of bytes: the whole outline at once.
+/// No limit of bytes: the whole outline at once.
 inline constexpr std::int64_t kWholeWaveform = INT64_MAX;
 
 /// The sample of `buffer` in `columns` columns of equal length, read in pieces and not kept: those from column `from`
@@ -25,7 +25,7 @@ inline constexpr std::int64_t kWholeWaveform = INT64_MAX;
 std::vector<WaveformColumn> WaveformPeaks(DirectSoundBuffer& buffer, int columns, int from, std::int64_t most);
 
 /// The outline of the row's sample as it is in memory now, as `WaveformPeaks` makes it; no columns for an empty row, or
-/// when the service does not hand it out. `Display::ShowWaveform` says when it has changed.
+/// when the service refuses to read it. `Display::ShowWaveform` is called when it has changed.
 std::vector<WaveformColumn> LoopWaveform(const Session& s, Row row, int columns, int from = 0,
                                          std::int64_t most = kWholeWaveform);
 

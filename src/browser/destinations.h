@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// Where a bin's samples go.
+/// The LoopTracks that a bin loads into.
 
 #include <array>
 #include <string>
@@ -9,7 +9,7 @@
 
 namespace marvolin {
 
-/// Rows of `FileDestination` behind the four LoopTracks.
+/// Rows of `FileDestination` after the four LoopTracks.
 enum Destination : std::int16_t {
     kGangDestination = 4,
     kDragDestination = 5,  ///< a click does not load; the sample can only be dragged
@@ -25,7 +25,7 @@ inline constexpr std::string_view kDestinationHint = "slct Destination for Sound
 /// Texts of the nine rows: the LoopTracks by letter and sample, then the others.
 std::array<std::string, kDestinations> DestinationTexts(const Session& s);
 
-/// Selects a row of a bin's list, without its click, and recolours the bin.
+/// Selects a row of a bin's list without running its click, and recolours the bin.
 void SetFileDestination(Session& s, int bin, std::int16_t index);
 /// The player chose row `index` of the list of `bin`: rows 6, 7 and 8 set all bins, any other the bin itself.
 /// A row outside the list is ignored.

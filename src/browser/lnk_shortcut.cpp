@@ -1,6 +1,6 @@
 #include "browser/lnk_shortcut.h"
 
-// The library's header asks for the headers of a stream library of which nothing is used here.
+// The library's header includes those of a stream library, of which nothing is needed here.
 #include <liblnk/features.h>
 #undef LIBLNK_HAVE_BFIO
 #include <liblnk.h>
@@ -21,18 +21,18 @@ constexpr std::uintmax_t kLargestShortcut = 1 << 20;
 using SizeOf = int (*)(liblnk_file_t*, size_t*, liblnk_error_t**);
 using TextOf = int (*)(liblnk_file_t*, std::uint8_t*, size_t, liblnk_error_t**);
 
-/// The bytes of a file, as far as a walk over its blocks has come.
+/// A reading position in the bytes of a file.
 class Walk {
 public:
     explicit Walk(const std::vector<std::uint8_t>& bytes) : bytes_(bytes) {}
     bool Has(std::uint64_t count) const { return count <= bytes_.size() - at_; }
-    /// Passes over `count` bytes; false when the file has not so many.
+    /// Skips `count` bytes; false when fewer are left.
     bool Skip(std::uint64_t count) {
         if (!Has(count)) return false;
         at_ += static_cast<std::size_t>(count);
         return true;
     }
-    /// The next number of 2 or 4 bytes, without passing it; 0 behind the end.
+    /// The next number of 2 or 4 bytes, without skipping it; 0 at the end.
     std::uint64_t Peek(std::size_t width) const {
         std::uint64_t value = 0;
         for (std::size_t i = 0; i < width && Has(width); ++i) value |= std::uint64_t{bytes_[at_ + i]} << (8 * i);
@@ -44,7 +44,7 @@ private:
     std::size_t at_ = 0;
 };
 
-/// True when no block of the shortcut claims more than the file holds. The library would reserve what a block claims.
+/// True when no block of the shortcut claims more than the file holds. The library would allocate what a block claims.
 bool BlocksFit(const std::vector<std::uint8_t>& bytes) {
     constexpr std::size_t kHeader = 76;
     constexpr std::size_t kFlagsAt = 20;

@@ -13,13 +13,13 @@ inline constexpr std::string_view kClickPlayText = "AutoPlay";
 inline constexpr std::string_view kPickDirHint = "clk Open FolderExplorer";
 inline constexpr std::string_view kFolderTreeHint = "drg Folder to Sample Bin; rtclk to Close";
 
-/// Builds bins and clipboard at first use. The bins start on the folders in "Samples" beside the program, one each in
-/// the order of their names; without so many folders on "Samples" itself or the program's folder.
+/// Builds bins and clipboard at first use. The bins start on the folders in "Samples" beside the program, in the order
+/// of their names; a bin without one starts on "Samples" itself, or without that on the program's folder.
 void InitPicks(Session& s);
 
-/// Rescans a bin: the WAV files of its folder and the shortcuts to such files, by name. A folder that is gone gives way
-/// to the program's folder. A sample that was selected and is still there stays selected. A `bin` outside 0..2 is
-/// ignored.
+/// Rescans a bin: the WAV files of its folder and the shortcuts to such files, by name. A folder that is gone is
+/// replaced by the program's folder. A sample that was selected and is still there stays selected. A `bin` outside 0..2
+/// is ignored.
 void UpdatePickFile(Session& s, int bin);
 
 /// Caption of `PickDir`: the first 10 characters of the folder's last name.
@@ -27,7 +27,7 @@ void SetPickDirCaption(Session& s, int bin, const std::string& path);
 /// Makes `path` the bin's folder, caption and tool tip, without a rescan; no sample is selected then.
 void SetPickDir(Session& s, int bin, const std::string& path);
 
-/// Hint over a sample: name and size, and what the mouse does here. "" for a row that is not there.
+/// Hint over a sample: its name and size, and what the mouse buttons do. "" for a row that is not there.
 std::string BinHint(const Session& s, int bin, int row);
 
 }  // namespace marvolin

@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The entry of `folder` that is spelled as `name`, or else one that differs in case alone; empty when there is none.
+/// The entry `name` of `folder`, or else one that differs from it in case only; empty when there is none.
 fs::path EntryNamed(const fs::path& folder, const std::string& name) {
     std::error_code error;
     if (fs::exists(folder / name, error)) return folder / name;
@@ -23,7 +23,7 @@ fs::path EntryNamed(const fs::path& folder, const std::string& name) {
     return {};
 }
 
-/// Follows `path` from `start`, part by part. "" when a part is not there or the last is no file.
+/// Follows `path` from `start`, part by part. "" when a part is missing or the last one is no file.
 std::string Follow(fs::path start, std::string path) {
     std::replace(path.begin(), path.end(), '\\', '/');
     for (const fs::path& part : fs::path(path).relative_path()) {

@@ -18,12 +18,12 @@ enum Needle : std::int16_t {
     kTargetNeedle = 1,  ///< along the bottom: the target of a fade
 };
 
-/// The hand let go of `needle` at `value`, limited to 0..500. Without a needle in the hand nothing happens.
-/// The level jumps there; the target starts a fade, or goes back to the level when it is less than 6 from it.
+/// `needle` was let go at `value`, which is limited to 0..500. With `kNoNeedle` nothing happens. The level jumps there;
+/// the target starts a fade, or goes back to the level when it is less than 6 away from it.
 void SndDisp_Change(Session& s, Row row, std::int16_t needle, std::int16_t value);
-/// The hand moves `needle`: the level is heard as it goes, the target waits until it is let go.
+/// `needle` is dragged to `value`: the level is heard at once, the target only shown until it is let go.
 void SndDisp_Moving(Session& s, Row row, std::int16_t needle, std::int16_t value);
-/// A press: the row's ball comes to the front of the map, and the right button toggles its fade.
+/// A press: the row's ball is highlighted on the map, and the right button toggles the row's fade.
 void SndDisp_MouseDown(Session& s, Row row, std::int16_t button);
 
 }  // namespace marvolin

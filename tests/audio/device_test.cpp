@@ -31,14 +31,14 @@ struct Closed : Instrument {
     }
 };
 
-TEST(InitAudioDriversList, ListsTheDriversInOrderAndNoSoundBehindThem) {
+TEST(InitAudioDriversList, ListsTheDriversInOrderFollowedByNoSound) {
     Closed i;
     InitAudioDriversList(i.s);
     EXPECT_THAT(i.s.Drivers, ElementsAre("Primary Sound Driver", "Second Device", "No Sound"));
     EXPECT_EQ(i.Screen.Count("ShowDrivers"), 1);
 }
 
-TEST(InitDirectSound, OpensTheChosenDriverInTheToldOrder) {
+TEST(InitDirectSound, OpensTheChosenDriverInThisOrder) {
     Closed i;
     i.List();
     i.s.Driver = 1;
@@ -138,7 +138,7 @@ TEST(CboDrivers, TheFirstChoiceSavesNothing) {
     EXPECT_TRUE(i.Store.Log.empty());
 }
 
-TEST(CboDrivers, AChangeKeepsTheSessionByWayOfATemporaryFileThatIsDeletedAfterwards) {
+TEST(CboDrivers, AChangeCarriesTheSessionAcrossInATemporaryFileThatIsDeletedAfterwards) {
     const test::TempFolder folder;
     Closed i;
     i.List();

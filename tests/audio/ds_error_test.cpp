@@ -33,7 +33,7 @@ constexpr Told kTold[] = {
     {430, "The requested COM interface is not available."},
 };
 
-TEST(ShowDSError, TellsEachKnownNumberInItsWordsInAPlainBox) {
+TEST(ShowDSError, ShowsTheTextOfEachKnownNumberInAPlainBox) {
     for (const Told& told : kTold) {
         SCOPED_TRACE(told.number);
         Instrument i;

@@ -89,7 +89,7 @@ TEST(PlayButton, TheButtonOfRowFourActsOnTheControlledRowsOnly) {
     EXPECT_EQ(i.s.Run[1].Playing, False);
 }
 
-TEST(PlayButton, FailuresOfTheGestureAreToldInItsOwnWords) {
+TEST(PlayButton, FailuresOfTheGestureAreShownInItsOwnWords) {
     Instrument i;
     i.Fill(0);
     LoopPlay(i.s, 0, true);
@@ -106,7 +106,7 @@ TEST(PlayButton, FailuresOfTheGestureAreToldInItsOwnWords) {
     EXPECT_EQ(i.s.Run[0].Paused, True);
 }
 
-TEST(PlayButton, TellsItsHint) {
+TEST(PlayButton, ShowsItsHint) {
     Instrument i;
     Play_MouseMove(i.s);
     EXPECT_EQ(i.s.StatusText, "clk Toggle Play; rtclk Pause");
@@ -142,7 +142,7 @@ TEST(PlayStop, IgnoresTheSelectionAndActsOnAllFourRows) {
     EXPECT_EQ(i.s.ThinList, "");
 }
 
-TEST(PlayStop, TellsTheHintOfEachZone) {
+TEST(PlayStop, ShowsTheHintOfEachZone) {
     Instrument i;
     PlayStop_MouseMove(i.s, 10, 800);
     EXPECT_EQ(i.s.StatusText, "clk Play All Sounds");
@@ -237,7 +237,7 @@ TEST(LoopIt, ARightPressReachesTheBandOrTheControlledRows) {
     EXPECT_THAT(i.Sound.Log, IsEmpty());
 }
 
-TEST(LoopIt, AFailedJumpIsToldInItsWords) {
+TEST(LoopIt, AFailedJumpShowsItsMessage) {
     Instrument i;
     i.Fill(0);
     i.Sound.Failures["SetCurrentPosition"] = sound_error::kInvalidArgument;
@@ -246,7 +246,7 @@ TEST(LoopIt, AFailedJumpIsToldInItsWords) {
               "Error positioning to loop start: An invalid parameter was passed to the returning function.");
 }
 
-TEST(LoopIt, TellsItsHintAndTheTextOfTheMode) {
+TEST(LoopIt, ShowsItsHintAndTheTextOfTheMode) {
     Instrument i;
     i.s.Set[0].PlayMode = kDrum;
     LoopIt_Gesture(i.s, 0, Phase::Move, kNoButton, 0);

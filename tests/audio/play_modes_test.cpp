@@ -46,7 +46,7 @@ TEST(LoopSetPlayMode, AnUnchangedModeDoesNothingAtTheBufferButShowsThePicture) {
     EXPECT_EQ(i.Screen.Count("ShowPlayMode 0"), 1);
 }
 
-TEST(LoopSetPlayMode, ARowThatDoesNotPlayOnlyAsksItsStatus) {
+TEST(LoopSetPlayMode, ARowThatDoesNotPlayOnlyReadsItsStatus) {
     Instrument i;
     i.Fill(0);
     i.Sound.LogQueries = true;
@@ -55,7 +55,7 @@ TEST(LoopSetPlayMode, ARowThatDoesNotPlayOnlyAsksItsStatus) {
     EXPECT_EQ(i.s.Set[0].PlayMode, kDrum);
 }
 
-TEST(LoopSetPlayMode, RefreshesTheTimesOnlyWhenTold) {
+TEST(LoopSetPlayMode, RefreshesTheTimesOnlyWhenAsked) {
     Instrument i;
     i.s.ActiveTab = kPatternTab;
     LoopSetPlayMode(i.s, 1, kDrum, false);
@@ -95,7 +95,7 @@ constexpr Transition kTransitions[] = {
     {kTrack, kDrum, 5, "Play b0 0", true, false},    {kDrum, kTrack, 1, "Play b0 1", true, false},
 };
 
-TEST(LoopSetPlayMode, EachTransitionOfASoundingRowTellsTheBufferWhatTheTableSays) {
+TEST(LoopSetPlayMode, EachTransitionOfASoundingRowMakesTheCallsOfTheTable) {
     for (const Transition& t : kTransitions) {
         SCOPED_TRACE(std::to_string(t.from) + " to " + std::to_string(t.to) + " at " + std::to_string(t.status));
         Instrument i;
@@ -141,7 +141,7 @@ TEST(LoopSetPlayMode, ARestartComesFromAPlayWithoutRequest) {
     EXPECT_EQ(i.s.ThinList, "A");
 }
 
-TEST(LoopSetPlayMode, AFailureIsToldAsChangingLooping) {
+TEST(LoopSetPlayMode, AFailureIsShownAsChangingLooping) {
     Instrument i;
     i.Fill(0);
     LoopPlay(i.s, 0, true);

@@ -31,7 +31,7 @@ std::vector<std::uint8_t> Frames(const std::vector<int>& frames, int frameSize) 
     return bytes;
 }
 
-TEST(LoopReverse, TurnsTheFramesRoundAndKeepsTheirBytesInOrder) {
+TEST(LoopReverse, ReversesTheFramesAndKeepsTheirBytesInOrder) {
     for (const std::int16_t channels : std::initializer_list<std::int16_t>{1, 2}) {
         for (const std::int16_t bits : std::initializer_list<std::int16_t>{8, 16, 24, 32}) {
             SCOPED_TRACE(std::to_string(channels) + " x " + std::to_string(bits));
@@ -79,7 +79,7 @@ TEST(LoopReverse, ALongSampleIsReversedAcrossAllItsPieces) {
     }
 }
 
-TEST(LoopReverse, TwiceIsOnceForward) {
+TEST(LoopReverse, ReversingTwiceRestoresTheSample) {
     Instrument i;
     FillBytes(i, 96, 2, 24);
     const auto before = i.Buffer(0).Sample->Bytes;
@@ -136,7 +136,7 @@ TEST(LoopReverse, AnEmptyRowIsLeftAlone) {
     EXPECT_TRUE(i.Sound.Log.empty());
 }
 
-TEST(LoopReverse, FailuresAreToldAndThePointerComesBack) {
+TEST(LoopReverse, FailuresAreShownAndThePointerIsRestored) {
     for (const char* step : {"GetFormat", "ReadBuffer", "WriteBuffer"}) {
         Instrument i;
         FillBytes(i, 8, 2, 16);

@@ -135,7 +135,7 @@ TEST(Transport, LoopPlayOfRowFourDoesNothing) {
     EXPECT_TRUE(i.Screen.Log.empty());
 }
 
-TEST(Transport, AFailedStartIsToldAndLeavesTheFlagsAsTheyWere) {
+TEST(Transport, AFailedStartShowsAMessageAndLeavesTheFlagsUnchanged) {
     for (const char* step : {"GetStatus", "SetCurrentPosition", "Play"}) {
         SCOPED_TRACE(step);
         Instrument i;
@@ -205,7 +205,7 @@ TEST(Transport, AStopReachesOnlyLoadedRowsOfSound) {
     EXPECT_TRUE(i.Desk.Boxes.empty());
 }
 
-TEST(Transport, AFailedStopIsToldAndTheRowStillCountsAsPlaying) {
+TEST(Transport, AFailedStopShowsAMessageAndTheRowStillCountsAsPlaying) {
     for (const char* step : {"GetCaps", "Stop", "SetCurrentPosition"}) {
         SCOPED_TRACE(step);
         Instrument i;

@@ -26,7 +26,7 @@ TEST(LnkShortcut, ReadsLocalAndRelativePath) {
     EXPECT_EQ(paths.Relative, "..\\Samples\\Kick.wav");
 }
 
-TEST(LnkShortcut, TheRelativePathComesFirstSeenFromTheShortcutsFolder) {
+TEST(LnkShortcut, TheRelativePathComesFirstAndStartsAtTheShortcutsFolder) {
     TempFolder folder;
     std::filesystem::create_directories(folder / "bin");
     std::filesystem::create_directories(folder / "Samples");
@@ -36,7 +36,7 @@ TEST(LnkShortcut, TheRelativePathComesFirstSeenFromTheShortcutsFolder) {
     EXPECT_EQ(ResolveLnkShortcut(folder / "bin/x.wav.lnk"), folder / "Samples/Kick.wav");
 }
 
-TEST(LnkShortcut, TheLocalPathServesWhenTheRelativeOneLeadsNowhere) {
+TEST(LnkShortcut, TheLocalPathIsUsedWhenTheRelativeOneLeadsNowhere) {
     TempFolder folder;
     WriteBytes(folder / "Other.wav", "");
     WriteBytes(folder / "x.wav.lnk", LnkBytes("C:" + Backslashed(folder / "OTHER.WAV"), ".\\gone.wav"));

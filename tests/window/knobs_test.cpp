@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QTest>
 
+#include "audio/loop_controls.h"
 #include "stage.h"
 
 namespace marvolin {
@@ -86,12 +87,14 @@ TEST(PanKnob, DragsFineAndDoubleClick) {
     EXPECT_EQ(stage.s.ReadoutText, "Pan: Centre (0)");
 }
 
-TEST(PanKnob, IsDisabledWhile3dSoundIsOn) {
+TEST(PanKnob, IsDisabledOnAnEmptyLoopTrackButNotWhileThe3dSoundIsOn) {
     Stage stage;
-    stage.s.PanKnobOn[0] = false;
-    stage.Screen.ShowEnabled(0);
+    EnableLoopControls(stage.s, 0, false);
     EXPECT_FALSE(stage.At("PanKnob_0")->isEnabled());
     EXPECT_TRUE(stage.At("VolKnob_0")->isEnabled());
+    stage.s.Use3D = true;
+    EnableLoopControls(stage.s, 0, false);
+    EXPECT_TRUE(stage.At("PanKnob_0")->isEnabled());
 }
 
 TEST(HzKnob, ALeftDragCountsTenfoldARightDragOnce) {
