@@ -89,11 +89,11 @@ int main(int argc, char** argv) {
 
     std::array<char, kPipeBytes> bytes{};
     std::int64_t taken = 0;    // bytes
-    std::int64_t forgone = 0;  // frames that were not delivered in time
+    std::int64_t skipped = 0;  // frames that were not delivered in time
     const Clock::time_point start = Clock::now();
     while (stopped == 0) {
         const std::int64_t micros = std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - start).count();
-        const std::int64_t due = micros * kRate / 1000000 - forgone - taken / kFrameBytes;
+        const std::int64_t due = micros * kRate / 1000000 - skipped - taken / kFrameBytes;
         if (due < kRate / 500) {
             std::this_thread::sleep_for(std::chrono::milliseconds(2));
             continue;
@@ -106,7 +106,7 @@ int main(int argc, char** argv) {
             continue;
         }
         if (got < 0 && errno != EAGAIN && errno != EINTR) return Fail("cannot read", argv[1]);
-        if (due > kBacklog) forgone += due - kBacklog;
+        if (due > kBacklog) skipped += due - kBacklog;
         pollfd wait{in, POLLIN, 0};
         poll(&wait, 1, 20);
     }
