@@ -34,7 +34,7 @@ struct DoubleClickLimits {
 };
 
 /// The pointer on `ball`. A double click puts the ball that was clicked on the centre, where it stays until the button
-/// is let go; everything else is the gesture of pad or map. Returns what the window is to drag when a drag and drop
+/// is released; everything else is the gesture of pad or map. Returns what the window is to drag when a drag and drop
 /// begins.
 std::optional<DragSource> BallGesture(Session& s, int ball, const BallEvent& event, DoubleClickLimits limits);
 

@@ -15,7 +15,7 @@ using test::Instrument;
 class Bands : public testing::Test {
 protected:
     Instrument i;
-    /// Presses at the first column, passes the others and lets go.
+    /// Presses at the first column, passes the others and releases.
     void Drag(Row lane, std::initializer_list<int> columns) {
         Bands_Gesture(i.s, lane, *columns.begin(), Phase::Down);
         for (const int column : columns) Bands_Gesture(i.s, lane, column, Phase::Move);
