@@ -24,7 +24,7 @@
 #include "audio/play_modes.h"
 #include "audio/sample_loading.h"
 #include "audio/transport.h"
-#include "core/paths.h"
+#include "core/files/paths.h"
 #include "core/session.h"
 #include "instrument/shut_down.h"
 #include "instrument/start_up.h"

@@ -2,7 +2,7 @@
 
 #include "audio/ds_error.h"
 #include "audio/loop_clearing.h"
-#include "core/loop_views.h"
+#include "core/loops/loop_views.h"
 #include "core/session_keeping.h"
 #include "parameters/position.h"
 

@@ -6,8 +6,9 @@
 #include "audio/sample_buffers.h"
 #include "audio/thinning.h"
 #include "audio/transport.h"
-#include "core/grouping.h"
-#include "core/loop_views.h"
+#include "core/loops/grouping.h"
+#include "core/loops/loop_resets.h"
+#include "core/loops/loop_views.h"
 #include "parameters/setters.h"
 
 namespace marvolin {

@@ -3,7 +3,7 @@
 #include "audio/play_modes.h"
 #include "audio/sample_buffers.h"
 #include "audio/transport.h"
-#include "core/grouping.h"
+#include "core/loops/grouping.h"
 
 namespace marvolin {
 

@@ -7,7 +7,7 @@
 #include "audio/play_modes.h"
 #include "audio/sample_buffers.h"
 #include "audio/transport.h"
-#include "core/grouping.h"
+#include "core/loops/grouping.h"
 #include "core/routines.h"
 
 namespace marvolin {

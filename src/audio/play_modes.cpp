@@ -5,8 +5,8 @@
 #include "audio/ds_error.h"
 #include "audio/sample_buffers.h"
 #include "audio/transport.h"
-#include "core/grouping.h"
-#include "core/loop_views.h"
+#include "core/loops/grouping.h"
+#include "core/loops/loop_views.h"
 #include "parameters/mapping.h"
 
 namespace marvolin {

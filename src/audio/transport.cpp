@@ -4,8 +4,8 @@
 #include "audio/play_modes.h"
 #include "audio/sample_buffers.h"
 #include "audio/thinning.h"
-#include "core/grouping.h"
-#include "core/loop_views.h"
+#include "core/loops/grouping.h"
+#include "core/loops/loop_resets.h"
 #include "core/routines.h"
 #include "parameters/mapping.h"
 

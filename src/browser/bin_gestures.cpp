@@ -4,7 +4,7 @@
 #include "audio/sample_loading.h"
 #include "browser/destinations.h"
 #include "browser/sample_bins.h"
-#include "core/paths.h"
+#include "core/files/paths.h"
 #include "performance/drops/palette.h"
 
 namespace marvolin {

@@ -4,7 +4,7 @@
 #include <new>
 #include <string>
 
-#include "core/paths.h"
+#include "core/files/paths.h"
 
 namespace marvolin {
 

@@ -8,8 +8,8 @@
 
 #include "browser/clipboard.h"
 #include "browser/destinations.h"
-#include "core/name_order.h"
-#include "core/paths.h"
+#include "core/files/name_order.h"
+#include "core/files/paths.h"
 
 namespace marvolin {
 

@@ -16,7 +16,7 @@
 #include "core/desktop.h"
 #include "core/display.h"
 #include "core/input_service.h"
-#include "core/loop_track.h"
+#include "core/loops/loop_track.h"
 #include "core/random.h"
 #include "core/script_events.h"
 #include "core/scroll_delta.h"

@@ -5,7 +5,7 @@
 
 #include "audio/device.h"
 #include "core/busy_pointer.h"
-#include "core/paths.h"
+#include "core/files/paths.h"
 #include "core/routines.h"
 #include "performance/joystick/joystick_setup.h"
 #include "persistence/start_up_demo.h"

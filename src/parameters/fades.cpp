@@ -1,7 +1,7 @@
 #include "parameters/fades.h"
 
 #include "audio/transport.h"
-#include "core/grouping.h"
+#include "core/loops/grouping.h"
 #include "core/routines.h"
 #include "parameters/setters.h"
 

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "core/grouping.h"
+#include "core/loops/grouping.h"
 #include "core/routines.h"
 #include "parameters/mapping.h"
 

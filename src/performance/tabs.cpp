@@ -1,6 +1,6 @@
 #include "performance/tabs.h"
 
-#include "core/loop_views.h"
+#include "core/loops/loop_views.h"
 
 namespace marvolin {
 

@@ -8,7 +8,7 @@
 #include "audio/transport.h"
 #include "browser/clipboard.h"
 #include "core/errors.h"
-#include "core/loop_views.h"
+#include "core/loops/loop_views.h"
 #include "persistence/load_saved_loop.h"
 #include "persistence/loop_record.h"
 

@@ -3,7 +3,7 @@
 /// Clips on their way to a LoopTrack and to a file. Both go through the routines of the session files.
 
 #include "core/drag_source.h"
-#include "core/record_stream.h"
+#include "core/files/record_stream.h"
 #include "core/session.h"
 
 namespace marvolin {

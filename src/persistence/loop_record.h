@@ -4,8 +4,8 @@
 
 #include <cstddef>
 
-#include "core/loop_track.h"
-#include "core/record_stream.h"
+#include "core/files/record_stream.h"
+#include "core/loops/loop_track.h"
 
 namespace marvolin {
 

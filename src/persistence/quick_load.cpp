@@ -4,8 +4,8 @@
 #include <string>
 #include <system_error>
 
-#include "core/name_order.h"
-#include "core/paths.h"
+#include "core/files/name_order.h"
+#include "core/files/paths.h"
 #include "persistence/save_open.h"
 #include "persistence/session_format.h"
 

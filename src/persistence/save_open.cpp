@@ -1,6 +1,6 @@
 #include "persistence/save_open.h"
 
-#include "core/paths.h"
+#include "core/files/paths.h"
 #include "persistence/quick_load.h"
 
 namespace marvolin {

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "core/errors.h"
-#include "core/paths.h"
-#include "core/record_stream.h"
+#include "core/files/paths.h"
+#include "core/files/record_stream.h"
 #include "parameters/position.h"
 #include "persistence/clips.h"
 #include "persistence/loop_record.h"

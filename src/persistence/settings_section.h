@@ -2,7 +2,7 @@
 /// \file
 /// The player's settings in a session file, under their keys.
 
-#include "core/keyed_table.h"
+#include "core/files/keyed_table.h"
 #include "core/session.h"
 
 namespace marvolin {

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdio>
 
-#include "core/paths.h"
+#include "core/files/paths.h"
 #include "core/routines.h"
 #include "persistence/quick_load.h"
 #include "persistence/session_format.h"

@@ -4,7 +4,7 @@
 #include <system_error>
 
 #include "core/errors.h"
-#include "core/paths.h"
+#include "core/files/paths.h"
 #include "parameters/fades.h"
 #include "persistence/quick_load.h"
 

@@ -1,6 +1,6 @@
 #include "persistence/switch_record_file.h"
 
-#include "core/keyed_table.h"
+#include "core/files/keyed_table.h"
 
 namespace marvolin {
 

@@ -2,7 +2,7 @@
 /// \file
 /// The switch table of a session file.
 
-#include "core/record_stream.h"
+#include "core/files/record_stream.h"
 #include "core/switch_record.h"
 
 namespace marvolin {

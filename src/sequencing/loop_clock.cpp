@@ -7,8 +7,8 @@
 
 #include "audio/sample_buffers.h"
 #include "audio/transport.h"
-#include "core/grouping.h"
-#include "core/loop_views.h"
+#include "core/loops/grouping.h"
+#include "core/loops/loop_views.h"
 #include "core/routines.h"
 #include "parameters/mapping.h"
 

@@ -4,8 +4,9 @@
 #include <cstdlib>
 #include <string>
 
-#include "core/grouping.h"
-#include "core/loop_views.h"
+#include "core/loops/grouping.h"
+#include "core/loops/loop_resets.h"
+#include "core/loops/loop_views.h"
 #include "core/routines.h"
 #include "parameters/setters.h"
 

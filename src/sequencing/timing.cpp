@@ -2,8 +2,8 @@
 
 #include "audio/beat_start.h"
 #include "audio/play_modes.h"
-#include "core/grouping.h"
-#include "core/loop_views.h"
+#include "core/loops/grouping.h"
+#include "core/loops/loop_views.h"
 #include "core/routines.h"
 
 namespace marvolin {

@@ -1,5 +1,6 @@
-#include "core/loop_views.h"
+#include "core/loops/loop_views.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "fakes/instrument.h"
@@ -8,90 +9,155 @@ namespace marvolin {
 namespace {
 
 using test::Instrument;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
 
-TEST(HistoryAdd, PutsTheNewestInFront) {
+class PatternTab : public testing::Test {
+protected:
     Instrument i;
-    HistoryAdd(i.s, 0, "/a.WAV");
-    HistoryAdd(i.s, 0, "/b.WAV");
-    EXPECT_EQ(i.s.History[0], (std::vector<std::string>{"/b.WAV", "/a.WAV"}));
-    EXPECT_TRUE(i.s.History[1].empty());
-}
+    void SetUp() override { i.s.ActiveTab = kPatternTab; }
+    const std::string& Percent(TimeGroup group) { return i.s.PercentText[static_cast<std::size_t>(group)]; }
+    const std::string& Time(TimeGroup group) { return i.s.TimeText[static_cast<std::size_t>(group)]; }
+};
 
-TEST(HistoryAdd, APathThatIsThereAlreadyKeepsItsPlace) {
-    Instrument i;
-    HistoryAdd(i.s, 0, "/a.WAV");
-    HistoryAdd(i.s, 0, "/b.WAV");
-    HistoryAdd(i.s, 0, "/a.WAV");
-    EXPECT_EQ(i.s.History[0], (std::vector<std::string>{"/b.WAV", "/a.WAV"}));
-}
-
-TEST(HistoryAdd, KeepsTwentyPathsOfARowAndAHundredOfRowFour) {
-    Instrument i;
-    for (int n = 0; n < 150; ++n) {
-        HistoryAdd(i.s, 2, std::to_string(n));
-        HistoryAdd(i.s, kSelectionRow, std::to_string(n));
-    }
-    EXPECT_EQ(i.s.History[2].size(), 20U);
-    EXPECT_EQ(i.s.History[2].front(), "149");
-    EXPECT_EQ(i.s.History[2].back(), "130");
-    EXPECT_EQ(i.s.History[4].size(), 100U);
-    EXPECT_EQ(i.s.History[4].back(), "50");
-}
-
-TEST(PatternReset, FillsOneRowAndSetsTheLoopTrackToFourSteps) {
-    Instrument i;
-    LoopTrackSet& set = i.s.Set[1];
-    set.NSteps = 20;
-    for (int row = 0; row < kPatternRows; ++row) {
-        for (int step = 0; step <= kPatternSteps; ++step) set.Pattern[row][step] = 77;
-    }
-    PatternReset(i.s, 1, kHzPattern);
-    for (int step = 0; step < kPatternSteps; ++step) EXPECT_EQ(set.Pattern[kHzPattern][step], 1000);
-    EXPECT_EQ(set.Pattern[kHzPattern][kPatternOffset], 1);
-    EXPECT_EQ(set.Pattern[kVolPattern][0], 77);
-    EXPECT_EQ(set.NSteps, 3);
-}
-
-TEST(TimingRefresh, ARowWithoutASampleShowsEmpty) {
-    Instrument i;
-    i.s.ActiveTab = kPatternTab;
-    TimingRefresh(i.s);
-    EXPECT_EQ(i.s.PercentText[kStepDurationGroup], "<Empty>");
-    EXPECT_EQ(i.s.PercentText[kBeatStartGroup], "<Empty>");
-    i.Fill(0);
-    i.s.Set[0].StepDuration = 50;
-    TimingRefresh(i.s);
-    EXPECT_EQ(i.s.PercentText[kStepDurationGroup], "50.0%");
-    EXPECT_EQ(i.s.TimeText[kStepDurationGroup], "000.50");
-}
-
-TEST(PatternsRefresh, NStepsOfThreeMeansFourSteps) {
-    Instrument i;
-    i.s.ActiveTab = kPatternTab;
-    i.s.StepsShown = 0;
+TEST_F(PatternTab, ARefreshShowsStepsGraphsMarkerTimingAndTheLargePlayMode) {
     PatternsRefresh(i.s);
-    EXPECT_EQ(i.s.StepsShown, 4);
-    EXPECT_EQ(i.s.GraphColumns[0], 4);
+    i.Screen.Log.clear();
+    PatternsRefresh(i.s);
+    EXPECT_THAT(i.Screen.Log,
+                UnorderedElementsAre("ShowSteps", "ShowPattern 0", "ShowPattern 1", "ShowPattern 2", "ShowStepMarker",
+                                     "ShowTime 0", "ShowTime 1", "ShowTime 2", "ShowPlayMode 5"));
 }
 
-TEST(ResetLoopClock, ClearsFadeStepAndTiming) {
-    Instrument i;
-    LoopTrackRun& run = i.s.Run[0];
-    run.FadeState = kFalling;
-    run.Step = 2;
-    run.StepElapsed = 9;
-    run.PlayRequest = True;
-    run.StepDue = True;
-    run.Paused = True;
-    i.s.ActiveTab = kPatternTab;
-    ResetLoopClock(i.s, 0);
-    EXPECT_EQ(run.FadeState, 0);
-    EXPECT_EQ(run.Step, 0);
-    EXPECT_EQ(run.StepElapsed, 0);
-    EXPECT_EQ(run.PlayRequest, 0);
-    EXPECT_EQ(run.StepDue, False);
-    EXPECT_EQ(run.Paused, True);
-    EXPECT_EQ(i.Screen.Count("ShowStepMarker"), 1);
+TEST_F(PatternTab, NothingIsRefreshedWhileAnotherTabIsOpen) {
+    i.s.Set[0].NSteps = 7;
+    i.s.Set[0].StepDuration = 0;
+    for (const std::int16_t tab : {kMixPadTab, kMapTab, kOptionTab}) {
+        i.s.ActiveTab = tab;
+        PatternsRefresh(i.s);
+        TimingRefresh(i.s);
+        ShowStep(i.s, 0);
+    }
+    EXPECT_THAT(i.Screen.Log, IsEmpty());
+    EXPECT_EQ(i.s.StepsShown, 4);
+    EXPECT_EQ(i.s.Set[0].StepDuration, 0) << "the clock works with whatever is stored";
+}
+
+TEST_F(PatternTab, TheLabelAndTheLayoutsFollowTheRecordOfTheCurrentLoop) {
+    i.s.Set[2].NSteps = 15;
+    i.s.CurrentLoop = 2;
+    PatternsRefresh(i.s);
+    EXPECT_EQ(i.s.StepsShown, 16);
+    EXPECT_EQ(i.s.StepReadOutTop, 16);
+    EXPECT_THAT(i.s.GraphColumns, ElementsAre(16, 16, 16));
+}
+
+TEST_F(PatternTab, OneGraphsRefreshTakesTheMarkersScaleAlongButLeavesLabelAndOtherGraphs) {
+    PatternsRefresh(i.s);
+    i.s.Set[0].NSteps = 9;
+    i.Screen.Log.clear();
+    PatternRefresh(i.s, 1);
+    EXPECT_THAT(i.s.GraphColumns, ElementsAre(4, 10, 4));
+    EXPECT_EQ(i.s.StepReadOutTop, 10);
+    EXPECT_EQ(i.s.StepsShown, 4);
+    EXPECT_THAT(i.Screen.Log, UnorderedElementsAre("ShowSteps", "ShowPattern 1"));
+    i.Screen.Log.clear();
+    PatternRefresh(i.s, 1);
+    EXPECT_THAT(i.Screen.Log, ElementsAre("ShowPattern 1"));
+}
+
+TEST_F(PatternTab, TheMarkerMovesOnlyForTheCurrentLoop) {
+    ShowStep(i.s, 1);
+    EXPECT_THAT(i.Screen.Log, IsEmpty());
+    ShowStep(i.s, 0);
+    EXPECT_THAT(i.Screen.Log, ElementsAre("ShowStepMarker"));
+}
+
+TEST(TimeDigits, SixCharactersOfWhichThePointIsNotShown) {
+    struct Case {
+        double Seconds;
+        std::string Text;
+        std::string Digits;  ///< from the hundredths up
+    };
+    for (const Case& c : {Case{0, "000.00", "00000"}, Case{0.01, "000.01", "10000"}, Case{0.25, "000.25", "52000"},
+                          Case{123.45, "123.45", "54321"}, Case{999.99, "999.99", "99999"},
+                          Case{1234.56, "234.56", "65432"}, Case{98765.4, "765.40", "04567"}}) {
+        SCOPED_TRACE(c.Seconds);
+        const std::string text = TimeDigitsText(c.Seconds);
+        EXPECT_EQ(text, c.Text);
+        std::string digits;
+        for (int digit = 0; digit < 5; ++digit) digits += TimeDigitChar(text, digit);
+        EXPECT_EQ(digits, c.Digits);
+    }
+}
+
+TEST_F(PatternTab, AnEmptyLoopTrackShowsEmptyInPercentages0And2AndANumberIn1) {
+    TimingRefresh(i.s);
+    EXPECT_EQ(Percent(kStepDurationGroup), "<Empty>");
+    EXPECT_EQ(Percent(kSwingGroup), "0.0%");
+    EXPECT_EQ(Percent(kBeatStartGroup), "<Empty>");
+}
+
+TEST_F(PatternTab, StepAndStartAreSharesOfTheSampleAndSwingOfTheStep) {
+    LoopTrackSet& set = i.s.Set[0];
+    set.Length = 2;
+    set.StepDuration = 50;
+    set.Swing = 5;
+    set.BeatStart = 150;
+    TimingRefresh(i.s);
+    EXPECT_EQ(Percent(kStepDurationGroup), "25.0%");
+    EXPECT_EQ(Percent(kSwingGroup), "10.0%");
+    EXPECT_EQ(Percent(kBeatStartGroup), "75.0%");
+    EXPECT_EQ(Time(kStepDurationGroup), "000.50");
+    EXPECT_EQ(Time(kSwingGroup), "000.05");
+    EXPECT_EQ(Time(kBeatStartGroup), "001.50");
+}
+
+TEST_F(PatternTab, AStepOfThreeSampleLengthsReads300Percent) {
+    i.s.Set[0].Length = 1.5;
+    i.s.Set[0].StepDuration = 450;
+    ShowStepDuration(i.s);
+    EXPECT_EQ(Percent(kStepDurationGroup), "300.0%");
+}
+
+TEST_F(PatternTab, PercentagesHaveOneDecimalWithHalvesAwayFromZeroAndNoLimitAbove) {
+    LoopTrackSet& set = i.s.Set[0];
+    set.StepDuration = 400;
+    set.Swing = 1;  // 0.25 %
+    ShowSwing(i.s);
+    EXPECT_EQ(Percent(kSwingGroup), "0.3%");
+    set.StepDuration = 1;
+    set.Swing = 99999;
+    ShowSwing(i.s);
+    EXPECT_EQ(Percent(kSwingGroup), "9999900.0%");
+    set.Length = 0.001;
+    set.StepDuration = 99999;
+    ShowStepDuration(i.s);
+    EXPECT_EQ(Percent(kStepDurationGroup), "99999000.0%");
+}
+
+TEST_F(PatternTab, TheSwingOfAStepOfNoLengthIsAShareOfTheShortestStep) {
+    i.s.Set[0].StepDuration = 0;
+    i.s.Set[0].Swing = 2;
+    ShowSwing(i.s);
+    EXPECT_EQ(Percent(kSwingGroup), "200.0%");
+    EXPECT_EQ(i.s.Set[0].StepDuration, 0);
+}
+
+TEST_F(PatternTab, ShowingLimitsStepAndSwingInTheRecord) {
+    LoopTrackSet& set = i.s.Set[0];
+    struct Case {
+        std::int32_t Stored, Step, Swing;
+    };
+    for (const Case c : {Case{-5, 1, 0}, {0, 1, 0}, {1, 1, 1}, {99999, 99999, 99999}, {100000, 99999, 99999}}) {
+        SCOPED_TRACE(c.Stored);
+        set.StepDuration = set.Swing = c.Stored;
+        TimingRefresh(i.s);
+        EXPECT_EQ(set.StepDuration, c.Step);
+        EXPECT_EQ(set.Swing, c.Swing);
+    }
+    EXPECT_EQ(Time(kStepDurationGroup), "999.99");
 }
 
 }  // namespace

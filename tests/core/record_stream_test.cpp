@@ -1,4 +1,4 @@
-#include "core/record_stream.h"
+#include "core/files/record_stream.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -9,7 +9,7 @@
 #include <limits>
 
 #include "core/errors.h"
-#include "core/keyed_table.h"
+#include "core/files/keyed_table.h"
 #include "fakes/file_bytes.h"
 
 namespace marvolin {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "core/grouping.h"
+#include "core/loops/grouping.h"
 #include "fakes/instrument.h"
 
 namespace marvolin {

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "core/grouping.h"
+#include "core/loops/grouping.h"
 #include "fakes/instrument.h"
 #include "parameters/setters.h"
 

@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "core/record_stream.h"
+#include "core/files/record_stream.h"
 #include "persistence/golden.h"
 #include "persistence/heap.h"
 #include "persistence/set_instrument.h"

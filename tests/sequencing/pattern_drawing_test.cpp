@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "core/loop_views.h"
+#include "core/loops/loop_views.h"
 #include "core/routines.h"
 #include "fakes/instrument.h"
 #include "sequencing/loop_clock.h"

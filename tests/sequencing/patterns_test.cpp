@@ -3,7 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "core/loop_views.h"
+#include "core/loops/loop_resets.h"
+#include "core/loops/loop_views.h"
 #include "core/routines.h"
 #include "fakes/instrument.h"
 #include "parameters/mapping.h"

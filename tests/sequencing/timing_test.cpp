@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "core/loop_views.h"
+#include "core/loops/loop_views.h"
 #include "fakes/instrument.h"
 
 namespace marvolin {

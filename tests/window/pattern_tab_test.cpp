@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "core/loop_views.h"
+#include "core/loops/loop_views.h"
 #include "stage.h"
 
 namespace marvolin {

@@ -2,7 +2,7 @@
 
 #include <QTest>
 
-#include "core/loop_views.h"
+#include "core/loops/loop_views.h"
 #include "sequencing/loop_clock.h"
 #include "stage.h"
 

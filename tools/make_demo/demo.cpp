@@ -8,7 +8,7 @@
 #include "audio/play_modes.h"
 #include "audio/sample_loading.h"
 #include "audio/transport.h"
-#include "core/paths.h"
+#include "core/files/paths.h"
 #include "headless_world.h"
 #include "parameters/fades.h"
 #include "parameters/position.h"

@@ -3,7 +3,7 @@
 #include "audio/loop_clearing.h"
 #include "audio/reverse.h"
 #include "audio/sample_loading.h"
-#include "core/paths.h"
+#include "core/files/paths.h"
 #include "parameters/position.h"
 
 namespace marvolin {

@@ -1,7 +1,7 @@
 #include "performance/drops/row_drops.h"
 
 #include "audio/sample_loading.h"
-#include "core/loop_views.h"
+#include "core/loops/loop_views.h"
 #include "parameters/fades.h"
 #include "sequencing/patterns.h"
 #include "sequencing/timing.h"

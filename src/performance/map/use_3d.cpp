@@ -3,7 +3,7 @@
 #include <array>
 
 #include "audio/device.h"
-#include "core/loop_views.h"
+#include "core/loops/loop_views.h"
 #include "core/session_keeping.h"
 #include "parameters/position.h"
 #include "parameters/setters.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/loop_views.h"
+#include "core/loops/loop_views.h"
 #include "core/routines.h"
 #include "parameters/position.h"
 #include "performance/tabs.h"

@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <array>
 
-#include "core/loop_views.h"
+#include "core/loops/loop_views.h"
 #include "sequencing/timing.h"
 
 namespace marvolin {

@@ -3,7 +3,7 @@
 #include <QPainter>
 
 #include "audio/sample_loading.h"
-#include "core/grouping.h"
+#include "core/loops/grouping.h"
 #include "performance/drops/palette.h"
 
 namespace marvolin {

@@ -1,6 +1,6 @@
 #include "window/tabs/tab_pattern.h"
 
-#include "core/loop_views.h"
+#include "core/loops/loop_views.h"
 #include "sequencing/patterns.h"
 #include "sequencing/timing.h"
 #include "window/controls/pattern_graph.h"

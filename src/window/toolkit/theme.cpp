@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/loop_track.h"
+#include "core/loops/loop_track.h"
 #include "window/toolkit/dialogue_style.h"
 
 // The resources of a static library must be registered by hand, from outside any namespace.

@@ -49,18 +49,18 @@ struct LoopTrackRun {
     std::unique_ptr<DirectSound3DBuffer> Buffer3D;  ///< only with `Use3D` on
     std::int32_t BeatStartBytes = 0;                ///< `BeatStart` as a byte offset, not aligned to a frame
     Boolean Loaded = False;                         ///< a sample is in `Buffer`
-    Boolean Playing = False;        ///< counts as sounding; in row 4: some controlled LoopTrack is playing
-    Boolean Paused = False;         ///< stopped at its position by a pause; cleared only by a resume
-    std::int16_t FadeState = 0;     ///< a `marvolin::FadeState`
-    double FadeValue = 0;           ///< running level of the fade on the `Vol` scale
-    std::int16_t FadeTarget = 0;    ///< level at which the fade ends
-    Boolean FadeToMark = False;     ///< the fade runs to a mark that stays on the sound display
-    std::int16_t Step = 0;          ///< current pattern step, 0..`NSteps`
-    std::int32_t StepElapsed = 0;   ///< milliseconds counted towards the next step
-    std::int16_t PlayRequest = 0;   ///< argument of the last `LoopPlay`; kept and cleared, consulted by nothing
-    Boolean StepDue = False;        ///< a step boundary was reached; consumed by `LoopStep`
-    Boolean InBand = False;         ///< operated as a member of a band
-    std::int16_t Band = 0;          ///< row of `BandTable` it belongs to
+    Boolean Playing = False;       ///< counts as sounding; in row 4: some controlled LoopTrack is playing
+    Boolean Paused = False;        ///< stopped at its position by a pause; cleared only by a resume
+    std::int16_t FadeState = 0;    ///< a `marvolin::FadeState`
+    double FadeValue = 0;          ///< running level of the fade on the `Vol` scale
+    std::int16_t FadeTarget = 0;   ///< level at which the fade ends
+    Boolean FadeToMark = False;    ///< the fade runs to a mark that stays on the sound display
+    std::int16_t Step = 0;         ///< current pattern step, 0..`NSteps`
+    std::int32_t StepElapsed = 0;  ///< milliseconds counted towards the next step
+    std::int16_t PlayRequest = 0;  ///< argument of the last `LoopPlay`; kept and cleared, consulted by nothing
+    Boolean StepDue = False;       ///< a step boundary was reached; consumed by `LoopStep`
+    Boolean InBand = False;        ///< operated as a member of a band
+    std::int16_t Band = 0;         ///< row of `BandTable` it belongs to
 };
 
 /// A run of neighbouring LoopTracks. `First` > `Last` is an empty band: every walk over it does nothing.
@@ -80,7 +80,8 @@ struct PatternLimits {
 };
 
 /// Limits of the pattern rows Vol, Hz, Pan.
-inline constexpr std::array<PatternLimits, kPatternRows> kPatternRange{{{0, 500, 500}, {1, 4000, 1000}, {0, 1000, 500}}};
+inline constexpr std::array<PatternLimits, kPatternRows> kPatternRange{
+    {{0, 500, 500}, {1, 4000, 1000}, {0, 1000, 500}}};
 
 inline LoopTrackSet::LoopTrackSet() {
     for (int row = 0; row < kPatternRows; ++row) {

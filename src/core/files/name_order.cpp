@@ -1,4 +1,4 @@
-#include "core/name_order.h"
+#include "core/files/name_order.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/tagged_value.h"
+#include "core/files/tagged_value.h"
 
 namespace marvolin {
 

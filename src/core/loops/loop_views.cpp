@@ -1,4 +1,4 @@
-#include "core/loop_views.h"
+#include "core/loops/loop_views.h"
 
 #include <algorithm>
 #include <array>
@@ -97,32 +97,6 @@ void TimingRefresh(Session& s) {
     ShowStepDuration(s);
     ShowSwing(s);
     ShowBeatStart(s);
-}
-
-void PatternReset(Session& s, Row row, int patternRow) {
-    const PatternLimits& range = kPatternRange[static_cast<std::size_t>(patternRow)];
-    PatternBlock& block = s.Set[row].Pattern[patternRow];
-    for (int step = 0; step < kPatternSteps; ++step) block[step] = range.Default;
-    block[kPatternOffset] = range.Min;
-    s.Set[row].NSteps = 3;
-}
-
-void ResetLoopClock(Session& s, Row row) {
-    LoopTrackRun& run = s.Run[row];
-    run.FadeState = kNoFade;
-    run.Step = 0;
-    run.StepElapsed = 0;
-    run.PlayRequest = 0;
-    run.StepDue = False;
-    ShowStep(s, row);
-}
-
-void HistoryAdd(Session& s, Row row, const std::string& path) {
-    std::vector<std::string>& history = s.History[row];
-    if (std::find(history.begin(), history.end(), path) != history.end()) return;
-    history.insert(history.begin(), path);
-    const std::size_t limit = row == kSelectionRow ? 100 : 20;
-    if (history.size() > limit) history.pop_back();
 }
 
 }  // namespace marvolin

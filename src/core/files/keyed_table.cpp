@@ -1,4 +1,4 @@
-#include "core/keyed_table.h"
+#include "core/files/keyed_table.h"
 
 #include "core/errors.h"
 

@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "core/record_stream.h"
-#include "core/tagged_value.h"
+#include "core/files/record_stream.h"
+#include "core/files/tagged_value.h"
 
 namespace marvolin {
 

@@ -1,4 +1,4 @@
-#include "core/tagged_value.h"
+#include "core/files/tagged_value.h"
 
 #include <cmath>
 #include <cstdlib>

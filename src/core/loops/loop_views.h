@@ -37,13 +37,4 @@ void ShowBeatStart(Session& s);
 /// Runs the three above, in that order, if the pattern tab is open.
 void TimingRefresh(Session& s);
 
-/// Fills a pattern row with its default, its spread with the range's minimum, and sets the row back to four steps.
-void PatternReset(Session& s, Row row, int patternRow);
-
-/// Clears fade, step and step timing of a row and shows its step again.
-void ResetLoopClock(Session& s, Row row);
-
-/// Puts a path in front of the row's history, unless it is there already; 20 entries for rows 0..3, 100 for row 4.
-void HistoryAdd(Session& s, Row row, const std::string& path);
-
 }  // namespace marvolin

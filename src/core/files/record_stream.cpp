@@ -1,4 +1,4 @@
-#include "core/record_stream.h"
+#include "core/files/record_stream.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
