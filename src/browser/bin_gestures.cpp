@@ -11,8 +11,6 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kBinCount = static_cast<int>(decltype(Session::Bins)::size());
-
 bool HasRow(const SampleBin& bin, int row) { return row >= 0 && static_cast<std::size_t>(row) < bin.Rows.size(); }
 
 bool InRightMargin(double x, double width) { return x >= width * 2 / 3; }
@@ -27,7 +25,7 @@ void TakeFolder(Session& s, int bin, const std::string& folder) {
 }  // namespace
 
 std::string SampleAt(const Session& s, int bin, int row) {
-    if (bin < 0 || bin >= kBinCount || !HasRow(s.Bins[bin], row)) return "";
+    if (bin < 0 || bin >= kBins || !HasRow(s.Bins[bin], row)) return "";
     const BinRow& picked = s.Bins[bin].Rows[static_cast<std::size_t>(row)];
     return picked.Target.empty() ? JoinPath(s.Bins[bin].Folder, picked.File) : picked.Target;
 }
@@ -70,7 +68,7 @@ void PickFile_MouseUp(Session& s, int bin, std::int16_t button, int row) {
 }
 
 void DropFromBin(Session& s, Row row, const DragSource& source) {
-    if (source.Index < 0 || source.Index >= kBinCount) return;
+    if (source.Index < 0 || source.Index >= kBins) return;
     const std::string path = SampleAt(s, source.Index, s.Bins[source.Index].Selected);
     if (path.empty()) return;
     LoadSample(s, {.Path = path, .Target = row, .Play = DropPlays(s, source.Index), .Origin = SampleOrigin::Bin});
@@ -82,7 +80,7 @@ void PickDir_Click(Session& s, int bin) {
 }
 
 void PickDir_DragDrop(Session& s, int bin, const DragSource& source) {
-    if (source.Name != "PickDir" || source.Index < 0 || source.Index >= kBinCount || source.Index == bin) return;
+    if (source.Name != "PickDir" || source.Index < 0 || source.Index >= kBins || source.Index == bin) return;
     TakeFolder(s, bin, std::string(s.Bins[source.Index].Folder));
 }
 

@@ -4,11 +4,7 @@
 
 namespace marvolin {
 
-namespace {
-
-constexpr int kBinCount = static_cast<int>(decltype(Session::Bins)::size());
-
-}  // namespace
+namespace {}  // namespace
 
 std::array<std::string, kDestinations> DestinationTexts(const Session& s) {
     std::array<std::string, kDestinations> texts{
@@ -31,7 +27,7 @@ void ChooseDestination(Session& s, int bin, std::int16_t index) {
         SetFileDestination(s, bin, index);
         return;
     }
-    for (int each = 0; each < kBinCount; ++each) {
+    for (int each = 0; each < kBins; ++each) {
         const int row = index == kAllDistribute ? each : index == kAllGang ? kGangDestination : kDragDestination;
         SetFileDestination(s, each, static_cast<std::int16_t>(row));
     }

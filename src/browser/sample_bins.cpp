@@ -17,7 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kBinCount = static_cast<int>(decltype(Session::Bins)::size());
 constexpr std::size_t kCaptionLength = 10;
 constexpr std::int32_t kColumnMargin = 100;  // twips
 constexpr std::string_view kSampleEnding = ".WAV";
@@ -99,11 +98,11 @@ std::vector<std::string> FoldersIn(const std::string& folder) {
     return names;
 }
 
-std::array<std::string, kBinCount> StartFolders(Session& s) {
+std::array<std::string, kBins> StartFolders(Session& s) {
     const std::string program = s.World.Desk.ProgramFolder();
     const std::string samples = JoinPath(program, "Samples");
     const std::vector<std::string> folders = FoldersIn(samples);
-    std::array<std::string, kBinCount> start;
+    std::array<std::string, kBins> start;
     for (std::size_t bin = 0; bin < start.size(); ++bin) {
         start[bin] = bin < folders.size() ? JoinPath(samples, folders[bin]) : DirExists(samples) ? samples : program;
     }
@@ -114,8 +113,8 @@ std::array<std::string, kBinCount> StartFolders(Session& s) {
 
 void InitPicks(Session& s) {
     InitClipBoard(s);
-    const std::array<std::string, kBinCount> folders = StartFolders(s);
-    for (int bin = 0; bin < kBinCount; ++bin) {
+    const std::array<std::string, kBins> folders = StartFolders(s);
+    for (int bin = 0; bin < kBins; ++bin) {
         SetPickDir(s, bin, folders[static_cast<std::size_t>(bin)]);
         s.Bins[bin].ClickPlay = 1;
         UpdatePickFile(s, bin);
@@ -124,7 +123,7 @@ void InitPicks(Session& s) {
 }
 
 void UpdatePickFile(Session& s, int bin) {
-    if (bin < 0 || bin >= kBinCount) return;
+    if (bin < 0 || bin >= kBins) return;
     SampleBin& picks = s.Bins[bin];
     if (!DirExists(SearchFolder(picks.Folder))) SetPickDir(s, bin, s.World.Desk.ProgramFolder());
     std::vector<BinRow> rows = ScanFolder(s, SearchFolder(picks.Folder));

@@ -3,49 +3,27 @@
 /// All state of the instrument, on one page.
 ///
 /// What happens to it is written as free procedures that take the `Session` first. There is no other mutable state that
-/// outlives a call: two sessions can live in one process.
+/// outlives a call, so one process can hold several sessions.
 
 #include <array>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "core/desktop.h"
-#include "core/display.h"
 #include "core/input_service.h"
 #include "core/loops/loop_track.h"
-#include "core/random.h"
 #include "core/script_events.h"
 #include "core/scroll_delta.h"
-#include "core/session_store.h"
+#include "core/services.h"
 #include "core/sound_service.h"
 #include "core/switch_record.h"
 #include "core/table.h"
 #include "core/timer.h"
 #include "core/types.h"
-#include "core/windows.h"
 
 namespace marvolin {
-
-/// What the world gives the instrument. The objects outlive the session.
-struct Services {
-    Display& Screen;
-    Desktop& Desk;
-    Windows& Forms;
-    Random& Chance;
-    TimerFactory& Timers;
-    ScriptEvents& Scripts;
-    SessionStore& Store;
-    /// Makes the root of the audio service. Raises `RuntimeError` when the service is missing.
-    std::function<std::unique_ptr<DirectX7>()> CreateDirectX7;
-    /// Makes the root of the input service. Raises `RuntimeError` when it refuses.
-    std::function<std::unique_ptr<DirectInput>()> CreateDirectInput;
-    /// Full path of what a shortcut file leads to; "" when it cannot be read or leads nowhere.
-    std::function<std::string(const std::string& path)> ResolveShortcut = nullptr;
-};
 
 /// One shared drag of a knob-like control: only one control is dragged at a time.
 struct DragState {
@@ -56,7 +34,7 @@ struct DragState {
     Row DragPlayModeRow = -1;         ///< the `LoopIt` (0..5) that is being dragged; -1 none
 };
 
-/// A drag along a lane of the band editor, and the run that it has passed.
+/// A drag along a lane of the band editor, and the run of LoopTracks that it has covered.
 struct BandDrag {
     Row Lane = -1;  ///< band being drawn; -1 none
     Row First = 0;
@@ -67,7 +45,7 @@ struct BandDrag {
 struct SoundDisplayState {
     std::int16_t Level = kVolFull;  ///< needle 0, along the top: the volume
     std::int16_t Line = kVolFull;   ///< needle 1, along the bottom: the target of a fade
-    std::int16_t Current = 0;       ///< the needle that the hand moves
+    std::int16_t Current = 0;       ///< the needle that is being dragged
 };
 
 /// The ball, the curve and the looks of one pad type.
@@ -124,7 +102,7 @@ struct JoystickState {
     Table<bool, 9> AxisPresent;                        ///< entries 1..8
     Table<std::int16_t, 3> Factor{{500, 1500, 1000}};  ///< `JoyFactor`: "XY Rel:", "XY Abs:", "Twist:", 100..3000
     Table<Boolean, 2> Relative;                        ///< `JoyRelative`: 0 the pad, 1 the map
-    std::int32_t LastX = 0, LastY = 0;                 ///< raw values of the last poll that acted on them
+    std::int32_t LastX = 0, LastY = 0;                 ///< raw values of the last poll that changed something
     std::int16_t LastPadType = 0;
     std::int32_t LastMaster = 0;
     std::int32_t LastPov = 0;
@@ -162,7 +140,8 @@ struct ClipBoardState {
     std::int16_t ClipTop = -1;      ///< index of the last clip; -1 when empty
     std::vector<std::string> List;  ///< `ClipBoardList`, one text a clip
     std::int16_t Selected = -1;     ///< the chosen clip
-    LoopTrackSet ClipStaging;       ///< the record through which a clip comes in
+    LoopTrackSet ClipStaging;       ///< the record that is added as the next clip
+    /// Elements of a clip that a right drag copies, in the order of the boxes `Components`.
     Table<bool, 7> Components{{true, true, true, true, true, true, true}};
 };
 
@@ -176,6 +155,7 @@ struct SessionClock {
     std::string Panel;  ///< text of the clock panel
 };
 
+/// One instrument: tables, flags and services.
 struct Session {
     explicit Session(Services services) : World(std::move(services)) {
         for (Row row = 0; row < kLoopTracks; ++row) Set[row].Channel = static_cast<std::uint8_t>(row + 1);
@@ -212,15 +192,15 @@ struct Session {
     std::int16_t Limit = 4;                  ///< `Limiter`: how many may sound, 1..4; 4 means no limit
     bool SelectionControlled = true;         ///< the selection's selector button is on
     Table<Boolean, kLoopTracks> SelectWork;  ///< the selection being built
-    std::int16_t SelectDragTag = 0;          ///< button of the drag over the flags that is under way; 0 none
+    std::int16_t SelectDragTag = 0;          ///< button of the current drag over the selection flags; 0 none
     marvolin::BandDrag BandDrag;
     Row CurrentLoop = 0;      ///< LoopTrack shown by the pattern and timing views
     bool GangReady = false;   ///< row-4 operations walk the controlled rows
     bool ResetVars = true;    ///< "Reset on Load"
     bool PlayOnLoad = false;  ///< play after a drop load
     DragState Drag;
-    std::int16_t DragAxis = 1;  ///< 0 vertical knob drag, else horizontal
-    double FadeStep = 2;        ///< `Vol` units per 10 ms, 0.04..4
+    std::int16_t DragAxis = kHorizontalDrag;  ///< a `KnobDragAxis`
+    double FadeStep = 2;                      ///< `Vol` units per 10 ms, 0.04..4
     Table<SoundDisplayState, 5> SndDisp;
     Table<bool, kRows> PanKnobOn{{true, true, true, true, true, true}};  ///< `PanKnob` of the row is enabled
 
@@ -255,7 +235,7 @@ struct Session {
     std::int16_t ListenerAngle = 0;  ///< whole degrees, 0..359
     Table<BallPoint, 5> BallPos;     ///< twips; 0..3 the LoopTracks, 4 the listener
     std::int16_t PosHighlight = -1;  ///< the ball that was highlighted last; -1 none
-    Table<bool, kLoopTracks> BallHighlighted;  ///< wears its highlighted face; two may, after the listener's turn
+    Table<bool, kLoopTracks> BallHighlighted;  ///< shows its highlighted face; two can, after the listener's turn
     std::int16_t PosMacro = 0;                 ///< chosen entry of `PosMacros`
     std::int32_t WanderElapsed = 0;            ///< ms since the last wander step
     std::int16_t WanderTrack = 0;              ///< LoopTrack that the next wander step moves
@@ -274,28 +254,28 @@ struct Session {
     // Script events.
     Table<std::int16_t, kScriptEvents> EventWanted;         ///< per event, whether it is passed on to the script
     Table<std::unique_ptr<clsScrollDelta>, 3> ScrollDelta;  ///< 0 the knobs, 1 a map ball, 2 the joystick on the map
-    Table<std::int32_t, 2> ScrollSensitivity{{1, 4}};       ///< moves an event: 0 the knobs, 1 the map
+    Table<std::int32_t, 2> ScrollSensitivity{{1, 4}};       ///< moves of the hand to one event: 0 the knobs, 1 the map
     bool ScriptAvailable = false;
     bool ScriptEnabled = false;  ///< `ScriptTimer` has been started
     bool ScriptBusy = false;     ///< guard against re-entry of the clock event
 
     // Samples, sets, clips.
-    Table<std::vector<std::string>, 5> History;  ///< full paths by row, newest first; row 4 gathers all rows'
+    Table<std::vector<std::string>, 5> History;  ///< full paths by row, newest first; row 4 has those of all rows
     Row HistoryRow = 0;                          ///< row whose list `HistoryList` shows
     std::int16_t HistoryChoice = -1;             ///< chosen entry of `HistoryList`
     std::vector<std::string> HistoryEntries;
-    Row LoopDropTarget = 0;  ///< row on which a sample drop is to land
-    Table<SampleBin, 3> Bins;
+    Row LoopDropTarget = 0;  ///< row that receives the next sample drop
+    Table<SampleBin, kBins> Bins;
     std::int16_t DragBin = 0;  ///< bin from which a sample was last dragged
     std::string TreeFolder;    ///< folder that `FolderTreeview1` shows selected
     ClipBoardState Clips;
-    Table<clsSwitchRecord, 2> SaveOpenSwitches;  ///< row 0 used when saving, row 1 when opening
+    Table<clsSwitchRecord, 2> SaveOpenSwitches;  ///< by `SwitchRow`
     std::int16_t SelectionsOnlySetting = 0;      ///< "Only Save Selected Loops"
     std::int16_t EmptyBlankSetting = 0;          ///< "Empty Blank Loops on Open"
     std::string SessionName;                     ///< "Session Name (for SnapShots)"
     std::string CurrentFolder;                   ///< folder of the current session, with its separator
     std::string CurrentFile;                     ///< its name
-    std::string DialogueFile;                    ///< file that the Save/Open dialogue speaks of
+    std::string DialogueFile;                    ///< file of the Save/Open dialogue, a name in the current folder
     bool SaveItEnabled = false;
     std::vector<std::string> QuickLoadRows{"<Close>"};
     bool QuickLoadEnabled = false;
@@ -310,13 +290,14 @@ struct Session {
     bool HelpShown = false;
     std::string HelpFile;
     std::string StatusText;   ///< first panel of `StatusBar1`
-    std::string ReadoutText;  ///< what a readout shows beside the hint
+    std::string ReadoutText;  ///< value shown beside the hint
     std::string Title = "marvolin";
     std::string TodayLabel;  ///< month and day, made at start
     struct {
         std::int32_t Left = 0, Top = 0, Right = 0, Bottom = 0;
-    } WorkArea;                                    ///< twips
-    std::array<std::int16_t, 9> ProcedureFlags{};  ///< one for each gesture of several stages, cleared as a block
+    } WorkArea;  ///< twips
+    std::array<std::int16_t, 9>
+        ProcedureFlags{};  ///< one for each gesture of several stages; cleared, and read by nothing
 };
 
 }  // namespace marvolin

@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// The plain types and constants that every other file speaks in.
+/// The plain types and constants that every other file uses.
 
 #include <cstdint>
 
@@ -9,7 +9,7 @@ namespace marvolin {
 /// Index into the tables of the session: 0..3 the LoopTracks A..D, 4 the selection row, 5 the master row.
 using Row = std::int16_t;
 
-/// A truth value of the records, as wide as it is in a file. Writers store `True` (-1), never 1.
+/// A truth value of the records, as wide as in a file. Writers store `True` (-1), never 1.
 using Boolean = std::int16_t;
 inline constexpr Boolean True = -1;
 inline constexpr Boolean False = 0;
@@ -21,6 +21,7 @@ inline constexpr Row kMasterRow = 5;     ///< the master volume; only its `Vol` 
 inline constexpr Row kRows = 6;          ///< rows of `LoopTrackSet` and `LoopTrackRun`
 inline constexpr Row kBands = 6;         ///< rows of `BandTable`
 inline constexpr int kChannels = 4;      ///< channel numbers 1..4; element 0 of the channel arrays is never written
+inline constexpr int kBins = 3;          ///< sample bins of the browser
 
 inline constexpr int kPatternRows = 3;     ///< 0 Vol, 1 Hz, 2 Pan
 inline constexpr int kPatternSteps = 32;   ///< elements 0..31 of a pattern row
@@ -46,6 +47,9 @@ enum PlayMode : std::int16_t {
 /// `FadeState` of a LoopTrack.
 enum FadeState : std::int16_t { kNoFade = 0, kRising = 1, kFalling = 3 };
 
+/// `DragAxis`: the direction in which a drag turns a knob, by its entry in `DragAxisSelect`.
+enum KnobDragAxis : std::int16_t { kVerticalDrag = 0, kHorizontalDrag = 1 };
+
 /// The three knobs of a row.
 enum class Knob : std::uint8_t { Vol, Pan, Hz };
 
@@ -59,10 +63,10 @@ inline constexpr std::int16_t kTabs = 4;
 /// Whether a change reaches the sound at once, or waits until something else sends the value.
 enum class Apply : bool { No, Yes };
 
-/// What a pointer does in a gesture.
+/// Phase of a gesture: the press, a move, the release.
 enum class Phase : std::uint8_t { Down, Move, Up };
 
-/// Buttons of the pointer, by the numbers that the gestures know.
+/// Buttons of the pointer, by the numbers that gestures receive.
 enum Button : std::int16_t { kNoButton = 0, kLeftButton = 1, kRightButton = 2, kMiddleButton = 4 };
 
 /// Window coordinates are twips: 1/1440 inch, 15 to a logical pixel.

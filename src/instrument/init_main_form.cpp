@@ -1,3 +1,5 @@
+#include "instrument/init_main_form.h"
+
 #include <chrono>
 #include <ctime>
 
@@ -8,7 +10,6 @@
 #include "core/files/paths.h"
 #include "core/loops/loop_resets.h"
 #include "core/routines.h"
-#include "instrument/start_up.h"
 #include "parameters/scroll_events.h"
 #include "parameters/setters.h"
 #include "performance/map/scatter.h"
@@ -24,7 +25,6 @@ namespace {
 
 constexpr std::int16_t kFirstTimingRes = 10;  // ms
 constexpr std::int32_t kFadeInterval = 40;    // ms
-constexpr std::int16_t kHorizontalDrag = 1;   // entry of `DragAxisSelect`
 
 void ResetOptions(Session& s) {
     SetTab(s, kMixPadTab);
@@ -116,7 +116,7 @@ std::string Today() {
 
 }  // namespace
 
-bool InitMainForm(Session& s, const StartUpHooks& hooks) {
+bool InitMainForm(Session& s, const std::function<void(Session&)>& initPadGeometry) {
     ResetOptions(s);
     SpreadChannels(s);
     InitPicks(s);
@@ -139,8 +139,8 @@ bool InitMainForm(Session& s, const StartUpHooks& hooks) {
     s.CurrentFolder = JoinPath(s.World.Desk.ProgramFolder(), "");
     ResetChannels(s);
     s.Use3D = false;
-    // The window's layout is its own; pad and map take their sizes from it.
-    if (hooks.InitPadGeometry) hooks.InitPadGeometry(s);
+    // Pad and map take their sizes from the layout of the window.
+    if (initPadGeometry) initPadGeometry(s);
     PadListInit(s);
     PadTablesInit(s);
     MapInit(s);

@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// The fixed words of session files.
+/// The fixed texts of session files.
 
 #include <cstdint>
 #include <string_view>
@@ -21,11 +21,6 @@ inline constexpr std::string_view kEndTag = "END";
 
 inline constexpr std::string_view kSessionExtension = ".mvn";
 inline constexpr std::string_view kPackageExtension = ".mvp";
-
-/// Records of bins in a file; only the first three have a bin.
-inline constexpr int kBinRecords = 9;
-/// Bins of the browser.
-inline constexpr int kBins = 3;
 
 /// True for a package: a session with copies of its samples beside it. Only the spelling ".mvp" counts.
 inline bool IsPackage(std::string_view fileName) { return fileName.ends_with(kPackageExtension); }

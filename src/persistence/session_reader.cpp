@@ -16,6 +16,7 @@
 #include "parameters/position.h"
 #include "performance/map/sound_map.h"
 #include "performance/map/use_3d.h"
+#include "persistence/bin_record.h"
 #include "persistence/clips.h"
 #include "persistence/load_saved_loop.h"
 #include "persistence/session_format.h"
@@ -26,23 +27,24 @@ namespace marvolin {
 
 namespace {
 
-constexpr std::int16_t kFirstCodedDestination = 255;
-constexpr std::int16_t kDestinationCode = 252;
-constexpr std::int16_t kPlainDestinations = 6;
+// Bytes of what a file must hold for each one that it claims.
 constexpr std::size_t kSmallestHistoryBlock = 4;
 constexpr std::size_t kSmallestTaggedValue = 4;
 
-/// One load: what was asked for, and what the file says of itself.
+constexpr int kBandFields = 4;
+constexpr double kTenths = 10;  // of the gauge `RollOff` in a factor of 1
+
+/// One load: what is asked for, and what the file holds.
 struct Loading {
     const clsSwitchRecord& Switches;
     clsSwitchRecord FileSwitches;
     bool ForPackage = false;
-    std::string Folder;  ///< of the file, with its separator
+    std::string Folder;  ///< folder of the file, with its separator
 
     bool Asked(Element element) const { return Switches.Get(element); }
 };
 
-/// The file says that it is none of ours.
+/// The file is no session file of this format.
 struct FormatError {};
 
 void ReadHeader(RecordReader& file) {
@@ -56,9 +58,9 @@ void ReadSettings(Session& s, RecordReader& file, const Loading& load) {
     if (load.Asked(Element::General)) ApplySettings(s, table);
 }
 
-// Bands are written but never taken back.
+// Bands are saved and not loaded.
 void ReadBands(Session&, RecordReader& file, const Loading&) {
-    for (int field = 0; field < kBands * 4; ++field) file.GetInteger();
+    for (int field = 0; field < kBands * kBandFields; ++field) file.GetInteger();
 }
 
 void ReadThreeD(Session& s, RecordReader& file, const Loading& load) {
@@ -67,31 +69,26 @@ void ReadThreeD(Session& s, RecordReader& file, const Loading& load) {
     const double mapSize = file.GetDouble();
     if (!load.Asked(Element::ThreeD)) return;
     SetUse3D(s, use3D);
-    // What the gauges could not show does not reach the sound.
-    if (std::isfinite(rollOff)) SetRollOff(s, static_cast<float>(ClampVar(rollOff, 0, 10)));
+    // The sound gets no value that the gauges could not show.
+    if (std::isfinite(rollOff))
+        SetRollOff(s, static_cast<float>(ClampVar(rollOff, kRollOffLow / kTenths, kRollOffHigh / kTenths)));
     if (std::isfinite(mapSize)) SetMapSize(s, mapSize);
 }
 
-void RestoreBin(Session& s, int bin, const std::string& folder, std::int16_t destination, bool clickPlay) {
-    SetPickDir(s, bin, folder);
+void RestoreBin(Session& s, int bin, const BinRecord& record) {
+    SetPickDir(s, bin, record.Dir);
     UpdatePickFile(s, bin);
-    if (destination >= kFirstCodedDestination) {
-        ChooseDestination(s, bin, static_cast<std::int16_t>(destination - kDestinationCode));
-    } else if (destination < kPlainDestinations) {
-        ChooseDestination(s, bin, destination);
-    }
-    s.Bins[bin].ClickPlay = clickPlay ? 1 : 0;
+    if (const auto destination = DecodeDestination(record.Dest)) ChooseDestination(s, bin, *destination);
+    s.Bins[bin].ClickPlay = record.ClickPlay ? 1 : 0;
     s.World.Screen.ShowBin(bin);
 }
 
 void ReadPickLists(Session& s, RecordReader& file, const Loading& load) {
-    for (int record = 0; record < kBinRecords; ++record) {
-        const std::string folder = file.GetString();
-        const std::int16_t destination = file.GetInteger();
-        const bool clickPlay = file.GetInteger() != False;
+    for (int number = 0; number < kBinRecords; ++number) {
+        const BinRecord record = ReadBinRecord(file);
         // A package's folders point at the machine on which it was made.
-        if (record >= kBins || !load.Asked(Element::PickLists) || load.ForPackage) continue;
-        RestoreBin(s, record, folder, destination, clickPlay);
+        if (number >= kBins || !load.Asked(Element::PickLists) || load.ForPackage) continue;
+        RestoreBin(s, number, record);
     }
 }
 
@@ -108,7 +105,7 @@ void ReadLoops(Session& s, RecordReader& file, const Loading& load) {
         const SavedLoop saved = ReadSavedLoop(file);
         if (saved.Index >= kLoopTracks) continue;
         playingInFile[saved.Index] = saved.WasPlaying != False;
-        // A sample that could not be loaded does not count: neither is the one of before started in its place.
+        // A sample that could not be loaded does not count; the previous one is not started in its place.
         loadedFromFile[saved.Index] = LoadSavedLoop(s, saved, effective, from) && HoldsSavedSample(s, saved, from);
     }
     for (Row row = 0; row < kLoopTracks; ++row) {
@@ -152,7 +149,7 @@ constexpr std::array<SectionReader, 7> kSections{{{kSettingsTag, ReadSettings},
                                                   {kHistoryTag, ReadHistory},
                                                   {kClipBoardTag, ReadClips}}};
 
-// Sections have no length: a value that is no known tag is passed over, and the next one is read.
+// Sections have no length field: a value that is no known tag is ignored, and the next value is read.
 void ReadSections(Session& s, RecordReader& file, const Loading& load) {
     for (;;) {
         const TaggedValue value = file.GetTagged();
@@ -173,8 +170,8 @@ void MakeCurrent(Session& s, const std::string& fileName) {
 
 }  // namespace
 
-bool LoadSession(Session& s, const std::string& fileName, bool setAsCurrent, const clsSwitchRecord& switches,
-                 bool adoptSwitches) {
+bool LoadSession(Session& s, const std::string& fileName, SetAsCurrent current, const clsSwitchRecord& switches,
+                 AdoptSwitches adopt) {
     if (!FileExists(fileName)) return false;
     Loading load{switches, {}, IsPackage(fileName), ""};
     std::string name;
@@ -191,8 +188,8 @@ bool LoadSession(Session& s, const std::string& fileName, bool setAsCurrent, con
         s.World.Desk.MessageBox(std::string("Error Opening ") + e.what());
         return false;
     }
-    if (adoptSwitches) s.SaveOpenSwitches[0] = load.FileSwitches;
-    if (setAsCurrent) MakeCurrent(s, fileName);
+    if (adopt == AdoptSwitches::Yes) s.SaveOpenSwitches[kWhenSaving] = load.FileSwitches;
+    if (current == SetAsCurrent::Yes) MakeCurrent(s, fileName);
     PatternsRefresh(s);
     return true;
 }

@@ -1,5 +1,6 @@
 #include "persistence/session_writer.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 #include <vector>
@@ -8,6 +9,7 @@
 #include "core/files/paths.h"
 #include "core/files/record_stream.h"
 #include "parameters/position.h"
+#include "persistence/bin_record.h"
 #include "persistence/clips.h"
 #include "persistence/loop_record.h"
 #include "persistence/session_format.h"
@@ -20,18 +22,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::int16_t kFirstCodedDestination = 4;
-constexpr std::int16_t kDestinationCode = 252;
-
-/// Makes room for a new file and opens it. The older set stays beside it under its name and "~"; when no new file can
-/// be made, it gets its own name back.
+/// Moves the existing file to its name with "~" added, and opens a new one. When no new file can be made, the existing
+/// one gets its name back.
 std::unique_ptr<RecordWriter> CreateFile(const std::string& fileName) {
     const std::string safe = fileName + "~";
     std::error_code error;
     bool kept = false;
     if (FileExists(fileName)) {
         if (fs::is_directory(fileName, error)) throw RuntimeError(75, "Path/File access error");
-        // An empty file holds no set: it is a name that was only reserved.
+        // An empty file only reserves a name; it is not worth a copy.
         const bool empty = fs::is_regular_file(fileName, error) && fs::file_size(fileName, error) == 0;
         if (!empty) {
             fs::rename(fileName, safe, error);
@@ -53,16 +52,16 @@ void CopySample(const std::string& sample, const std::string& packageFolder) {
     SplitPath(sample, folder, name);
     const std::string target = JoinPath(packageFolder, name);
     std::error_code error;
-    // A sample that lies in the package's folder already is its own copy.
+    // The sample is in the package's folder already.
     if (fs::equivalent(sample, target, error)) return;
     fs::copy_file(sample, target, fs::copy_options::overwrite_existing, error);
     if (error) RaiseFileError(error.value());
 }
 
-std::vector<Row> SavedRows(const Session& s, bool selectionsOnly) {
+std::vector<Row> SavedRows(const Session& s, LoopsSaved loops) {
     std::vector<Row> rows;
     for (Row row = 0; row < kLoopTracks; ++row) {
-        if (!selectionsOnly || s.Set[row].Selected != False) rows.push_back(row);
+        if (loops == LoopsSaved::All || s.Set[row].Selected != False) rows.push_back(row);
     }
     return rows;
 }
@@ -76,16 +75,7 @@ void WriteThreeD(const Session& s, RecordWriter& file) {
 
 void WritePickLists(const Session& s, RecordWriter& file) {
     file.PutTagged(kPickListsTag);
-    for (int record = 0; record < kBinRecords; ++record) {
-        // The records without a bin repeat the last one that has.
-        const SampleBin& bin = s.Bins[std::min(record, kBins - 1)];
-        const std::int16_t destination = bin.Destination;
-        file.PutString(bin.Folder);
-        file.PutInteger(destination < kFirstCodedDestination
-                            ? destination
-                            : static_cast<std::int16_t>(destination + kDestinationCode));
-        file.PutBoolean(bin.ClickPlay == 1);
-    }
+    for (int record = 0; record < kBinRecords; ++record) WriteBinRecord(file, s.Bins[std::min(record, kBins - 1)]);
 }
 
 void WriteLoops(Session& s, RecordWriter& file, const std::vector<Row>& rows, bool playState,
@@ -124,9 +114,9 @@ void WriteBands(const Session& s, RecordWriter& file) {
     }
 }
 
-void WriteSections(Session& s, RecordWriter& file, bool selectionsOnly, const clsSwitchRecord& switches,
+void WriteSections(Session& s, RecordWriter& file, LoopsSaved loops, const clsSwitchRecord& switches,
                    const std::string& packageFolder) {
-    const std::vector<Row> rows = SavedRows(s, selectionsOnly);
+    const std::vector<Row> rows = SavedRows(s, loops);
     if (switches.Get(Element::General)) {
         file.PutTagged(kSettingsTag);
         WriteDictionary(CollectSettings(s), file);
@@ -144,7 +134,7 @@ void WriteSections(Session& s, RecordWriter& file, bool selectionsOnly, const cl
 
 }  // namespace
 
-bool SaveSession(Session& s, const std::string& fileName, bool selectionsOnly, const clsSwitchRecord& switches) {
+bool SaveSession(Session& s, const std::string& fileName, LoopsSaved loops, const clsSwitchRecord& switches) {
     std::string packageFolder;
     std::string name;
     SplitPath(fileName, packageFolder, name);
@@ -160,7 +150,7 @@ bool SaveSession(Session& s, const std::string& fileName, bool selectionsOnly, c
         file->PutString(kHeaderText);
         file->PutInteger(kHeaderNumber);
         PutIt(switches, *file);
-        WriteSections(s, *file, selectionsOnly, switches, packageFolder);
+        WriteSections(s, *file, loops, switches, packageFolder);
         file->PutTagged(kEndTag);
         file->Close();
         return true;

@@ -1,12 +1,15 @@
 #include "persistence/settings_section.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdlib>
 #include <string>
 #include <string_view>
+#include <variant>
 
 #include "audio/limiter.h"
+#include "audio/thinning.h"
 #include "core/routines.h"
 #include "parameters/fades.h"
 #include "performance/joystick/joystick_setup.h"
@@ -18,132 +21,180 @@ namespace marvolin {
 
 namespace {
 
-/// A key of the table: how its value is read from the session, and how it is put back. `index` counts an indexed key.
-struct SettingKey {
-    std::string_view Name;
-    int Count;  ///< 0 for a key without an index
-    TaggedValue (*Read)(const Session& s, int index);
-    void (*Apply)(Session& s, int index, const TaggedValue& value);
+/// Both halves of a setting, of one type: how a save reads it from the session and how a load applies it. `index`
+/// counts the values of an indexed key.
+template <typename Value>
+struct Halves {
+    Value (*Get)(const Session& s, int index);
+    void (*Apply)(Session& s, int index, Value value);
+};
+using Integers = Halves<std::int16_t>;
+using Doubles = Halves<double>;
+using Texts = Halves<std::string>;
+
+/// The turns in which a load applies its settings, in this order, as some have effects on others.
+enum class Turn : std::uint8_t {
+    Reset,
+    Limit,
+    Factors,
+    Assignments,  ///< of the joystick, only while one is in use
+    Curves,
+    Driver,  ///< only when the file comes from a machine with as many drivers
+    Relative,
+    FadeSpeed,
+    View,
+};
+constexpr int kTurns = static_cast<int>(Turn::View) + 1;
+
+struct Setting {
+    std::string_view Key;
+    int Count;  ///< values of an indexed key; 0 for a key without an index
+    Turn When;
+    std::variant<Integers, Doubles, Texts> Value;
 };
 
-constexpr std::int16_t kHighestLimit = 4;
-constexpr std::int16_t kLastJoyButton = 8;
+std::int16_t Box(bool on) { return on ? 1 : 0; }
 
-TaggedValue Integer(int value) { return static_cast<std::int16_t>(value); }
-TaggedValue Box(bool on) { return Integer(on ? 1 : 0); }
-
-void ApplyLimit(Session& s, int, const TaggedValue& value) {
-    const int limit = std::atoi(Trim(AsText(value)).c_str());
-    if (limit >= 1 && limit <= kHighestLimit) s.Limit = static_cast<std::int16_t>(limit);
+void ApplyLimit(Session& s, int, std::string text) {
+    const int limit = std::atoi(Trim(text).c_str());
+    if (limit >= 1 && limit <= kNoLimit) s.Limit = static_cast<std::int16_t>(limit);
     s.World.Screen.ShowLimit();
-    // As if the hand let go of the control: thinning takes the limit up at once.
+    // As if the hand let go of the control: thinning applies the limit at once.
     s.Drag.Dragging = True;
     Limiter_Gesture(s, Phase::Up, 0);
 }
 
-void ApplyButton(Session& s, int index, const TaggedValue& value) {
-    const std::int16_t button = AsInteger(value);
-    if (button >= 0 && button <= kLastJoyButton) s.Joy.Button[index] = button;
-}
+// The machine knows its own number of drivers; the stored one only decides whether "DeviceNum" means anything here.
+void KeepDriverCount(Session&, int, std::int16_t) {}
 
-void ApplyAxis(Session& s, int index, const TaggedValue& value) {
-    const std::int16_t code = AsInteger(value);
-    if (code == 0 || (code >= 3 && code <= 6)) s.Joy.Axis[index] = code;
-}
-
-void ApplyFactor(Session& s, int index, const TaggedValue& value) {
-    s.Joy.Factor[index] = AsInteger(value);
-    ClampI2(s.Joy.Factor[index], 100, 3000);
-}
-
-void ApplyFunction(Session& s, int index, const TaggedValue& value) {
-    const std::int16_t function = AsInteger(value);
-    if (function >= 1 && function <= 3) s.PadTable[index].Function = function;
-}
-
-void ApplyFadeStep(Session& s, int, const TaggedValue& value) {
-    const double fadeStep = AsNumber(value);
-    if (std::isfinite(fadeStep)) SetFadeFactor(s, ClampVar(fadeStep, 0, 10));
-}
-
-// Each key once, in the order of the file. The two keys of the driver have no `Apply`: they count only together.
-const std::array<SettingKey, 14> kSettings{{
-    {"Limit", 0, [](const Session& s, int) -> TaggedValue { return std::to_string(s.Limit); }, ApplyLimit},
-    {"Restore", 0, [](const Session& s, int) { return Box(s.ResetVars); },
-     [](Session& s, int, const TaggedValue& value) { s.ResetVars = AsInteger(value) != 0; }},
-    {"NDevices", 0, [](const Session& s, int) { return Integer(static_cast<int>(s.Drivers.size())); }, nullptr},
-    {"DeviceNum", 0, [](const Session& s, int) { return Integer(s.Driver); }, nullptr},
-    {"JoyFactor", 3, [](const Session& s, int i) { return Integer(s.Joy.Factor[i]); }, ApplyFactor},
-    {"JoyRelative", 2, [](const Session& s, int i) { return Box(s.Joy.Relative[i] != False); },
-     [](Session& s, int i, const TaggedValue& value) { s.Joy.Relative[i] = ToBoolean(AsInteger(value) != 0); }},
-    {"Button", 5, [](const Session& s, int i) { return Integer(s.Joy.Button[i]); }, ApplyButton},
-    {"Axis", 2, [](const Session& s, int i) { return Integer(s.Joy.Axis[i]); }, ApplyAxis},
-    {"FadeFunc", 4, [](const Session& s, int i) { return Integer(s.PadTable[i].Function); }, ApplyFunction},
-    {"FadeFactor", 0, [](const Session& s, int) -> TaggedValue { return s.FadeStep; }, ApplyFadeStep},
-    {"TopTab", 0, [](const Session& s, int) { return Integer(s.ActiveTab); },
-     [](Session& s, int, const TaggedValue& value) { SetTab(s, AsInteger(value)); }},
-    {"DialAxis", 0, [](const Session& s, int) { return Integer(s.DragAxis); },
-     [](Session& s, int, const TaggedValue& value) {
-         const std::int16_t axis = AsInteger(value);
-         if (axis == 0 || axis == 1) s.DragAxis = axis;
-     }},
-    {"PositionUpdate", 3, [](const Session& s, int i) { return Box(s.PositionUpdate[i]); },
-     [](Session& s, int i, const TaggedValue& value) { s.PositionUpdate[i] = AsInteger(value) != 0; }},
-    {"TimingRes", 0, [](const Session& s, int) { return Integer(s.TimingRes); },
-     [](Session& s, int, const TaggedValue& value) { SetTimingRes(s, AsInteger(value)); }},
-}};
-
-std::string KeyText(const SettingKey& key, int index) {
-    return key.Count == 0 ? std::string(key.Name) : IndexedKey(key.Name, index);
-}
-
-void ApplyKey(Session& s, const KeyedTable& table, std::string_view name) {
-    for (const SettingKey& key : kSettings) {
-        if (key.Name != name) continue;
-        for (int index = 0; index < std::max(key.Count, 1); ++index) {
-            if (const TaggedValue* value = table.Find(KeyText(key, index))) key.Apply(s, index, *value);
-        }
-    }
-}
-
-// The device itself is not changed: only the list shows the choice. On a machine with another number of drivers the
-// stored number would name another device.
-void ApplyDriver(Session& s, const KeyedTable& table) {
-    const TaggedValue* count = table.Find("NDevices");
-    const TaggedValue* number = table.Find("DeviceNum");
-    if (count == nullptr || number == nullptr) return;
-    const std::int16_t driver = AsInteger(*number);
-    if (static_cast<std::size_t>(std::max<std::int16_t>(AsInteger(*count), 0)) != s.Drivers.size()) return;
+// The device itself is not changed: only the list shows the choice.
+void ApplyDriver(Session& s, int, std::int16_t driver) {
     if (driver < 0 || static_cast<std::size_t>(driver) >= s.Drivers.size()) return;
     s.Driver = driver;
     s.World.Screen.ShowDrivers();
+}
+
+void ApplyButton(Session& s, int index, std::int16_t button) {
+    if (button >= 0 && button <= kNoButtonEntry) s.Joy.Button[index] = button;
+}
+
+void ApplyAxis(Session& s, int index, std::int16_t code) {
+    if (code == kAxisNone || !JoyAxisName(code).empty()) s.Joy.Axis[index] = code;
+}
+
+void ApplyCurve(Session& s, int index, std::int16_t function) {
+    const bool known = std::any_of(kPadCurves.begin(), kPadCurves.end(),
+                                   [&](const PadCurve& curve) { return curve.Function == function; });
+    if (known) s.PadTable[index].Function = function;
+}
+
+void ApplyFadeStep(Session& s, int, double fadeStep) {
+    if (std::isfinite(fadeStep)) SetFadeFactor(s, fadeStep);
+}
+
+void ApplyDragAxis(Session& s, int, std::int16_t axis) {
+    if (axis == kVerticalDrag || axis == kHorizontalDrag) s.DragAxis = axis;
+}
+
+// Every key once, in the order of the file.
+constexpr std::array<Setting, 14> kSettings{{
+    {"Limit", 0, Turn::Limit, Texts{[](const Session& s, int) { return std::to_string(s.Limit); }, ApplyLimit}},
+    {"Restore", 0, Turn::Reset,
+     Integers{[](const Session& s, int) { return Box(s.ResetVars); },
+              [](Session& s, int, std::int16_t value) { s.ResetVars = value != 0; }}},
+    {"NDevices", 0, Turn::Driver,
+     Integers{[](const Session& s, int) { return static_cast<std::int16_t>(s.Drivers.size()); }, KeepDriverCount}},
+    {"DeviceNum", 0, Turn::Driver, Integers{[](const Session& s, int) { return s.Driver; }, ApplyDriver}},
+    {"JoyFactor", 3, Turn::Factors, Integers{[](const Session& s, int i) { return s.Joy.Factor[i]; }, SetJoyFactor}},
+    {"JoyRelative", 2, Turn::Relative,
+     Integers{[](const Session& s, int i) { return Box(s.Joy.Relative[i] != False); },
+              [](Session& s, int i, std::int16_t value) { SetJoyRelative(s, i, value != 0); }}},
+    {"Button", 5, Turn::Assignments, Integers{[](const Session& s, int i) { return s.Joy.Button[i]; }, ApplyButton}},
+    {"Axis", 2, Turn::Assignments, Integers{[](const Session& s, int i) { return s.Joy.Axis[i]; }, ApplyAxis}},
+    {"FadeFunc", 4, Turn::Curves, Integers{[](const Session& s, int i) { return s.PadTable[i].Function; }, ApplyCurve}},
+    {"FadeFactor", 0, Turn::FadeSpeed, Doubles{[](const Session& s, int) { return s.FadeStep; }, ApplyFadeStep}},
+    {"TopTab", 0, Turn::View,
+     Integers{[](const Session& s, int) { return s.ActiveTab; },
+              [](Session& s, int, std::int16_t value) { SetTab(s, value); }}},
+    {"DialAxis", 0, Turn::View, Integers{[](const Session& s, int) { return s.DragAxis; }, ApplyDragAxis}},
+    {"PositionUpdate", 3, Turn::View,
+     Integers{[](const Session& s, int i) { return Box(s.PositionUpdate[i]); },
+              [](Session& s, int i, std::int16_t value) { s.PositionUpdate[i] = value != 0; }}},
+    {"TimingRes", 0, Turn::View,
+     Integers{[](const Session& s, int) { return s.TimingRes; },
+              [](Session& s, int, std::int16_t value) { SetTimingRes(s, value); }}},
+}};
+
+constexpr bool HasBothHalves(const Setting& setting) {
+    return std::visit([](const auto& halves) { return halves.Get != nullptr && halves.Apply != nullptr; },
+                      setting.Value);
+}
+static_assert(std::all_of(kSettings.begin(), kSettings.end(), HasBothHalves));
+
+std::string KeyText(const Setting& setting, int index) {
+    return setting.Count == 0 ? std::string(setting.Key) : IndexedKey(setting.Key, index);
+}
+
+int Values(const Setting& setting) { return std::max(setting.Count, 1); }
+
+void ApplyHalf(const Integers& half, Session& s, int index, const TaggedValue& value) {
+    half.Apply(s, index, AsInteger(value));
+}
+void ApplyHalf(const Doubles& half, Session& s, int index, const TaggedValue& value) {
+    half.Apply(s, index, AsNumber(value));
+}
+void ApplyHalf(const Texts& half, Session& s, int index, const TaggedValue& value) {
+    half.Apply(s, index, AsText(value));
+}
+
+/// Applies those values of a setting that the file holds.
+void ApplySetting(Session& s, const Setting& setting, const KeyedTable& table) {
+    for (int index = 0; index < Values(setting); ++index) {
+        const TaggedValue* value = table.Find(KeyText(setting, index));
+        if (value == nullptr) continue;
+        std::visit([&](const auto& half) { ApplyHalf(half, s, index, *value); }, setting.Value);
+    }
+}
+
+/// On a machine with another number of drivers the stored choice would name another device.
+bool SameDrivers(const Session& s, const KeyedTable& table) {
+    const TaggedValue* count = table.Find("NDevices");
+    return count != nullptr && AsInteger(*count) == static_cast<int>(s.Drivers.size());
+}
+
+bool IsDue(const Session& s, Turn turn, const KeyedTable& table) {
+    if (turn == Turn::Assignments) return s.JoyEnabled;
+    return turn != Turn::Driver || SameDrivers(s, table);
+}
+
+/// What the change of a turn's settings brings with it, whether or not the file holds them.
+void Follow(Session& s, Turn turn) {
+    if (turn == Turn::Assignments) JoyShowAssignments(s);
+    if (turn == Turn::Relative) PadType_Click(s, s.PadTypeIndex);
 }
 
 }  // namespace
 
 KeyedTable CollectSettings(const Session& s) {
     KeyedTable table;
-    for (const SettingKey& key : kSettings) {
-        for (int index = 0; index < std::max(key.Count, 1); ++index) table.Put(KeyText(key, index), key.Read(s, index));
+    for (const Setting& setting : kSettings) {
+        for (int index = 0; index < Values(setting); ++index) {
+            std::visit([&](const auto& half) { table.Put(KeyText(setting, index), half.Get(s, index)); },
+                       setting.Value);
+        }
     }
     return table;
 }
 
 void ApplySettings(Session& s, const KeyedTable& table) {
-    ApplyKey(s, table, "Restore");
-    ApplyKey(s, table, "Limit");
-    ApplyKey(s, table, "JoyFactor");
-    if (s.JoyEnabled) {
-        ApplyKey(s, table, "Button");
-        ApplyKey(s, table, "Axis");
-        JoyShowAssignments(s);
+    for (int number = 0; number < kTurns; ++number) {
+        const auto turn = static_cast<Turn>(number);
+        if (!IsDue(s, turn, table)) continue;
+        for (const Setting& setting : kSettings) {
+            if (setting.When == turn) ApplySetting(s, setting, table);
+        }
+        Follow(s, turn);
     }
-    ApplyKey(s, table, "FadeFunc");
-    ApplyDriver(s, table);
-    ApplyKey(s, table, "JoyRelative");
-    PadType_Click(s, s.PadTypeIndex);
-    ApplyKey(s, table, "FadeFactor");
-    for (const char* key : {"TopTab", "DialAxis", "PositionUpdate", "TimingRes"}) ApplyKey(s, table, key);
     s.World.Screen.ShowOptions();
     s.World.Screen.ShowJoystick();
     s.World.Screen.ShowMapControls();

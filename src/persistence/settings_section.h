@@ -10,9 +10,8 @@ namespace marvolin {
 /// All settings, in the order of the file.
 KeyedTable CollectSettings(const Session& s);
 
-/// Applies the settings that `table` holds and leaves the others as they are, in the order in which their effects
-/// belong. Values that their control could not show are left out. Raises "Type mismatch" (13) or "Overflow" (6) for a
-/// value that is no number or does not fit.
+/// Applies the settings that `table` holds and leaves the others unchanged. Values that their control could not show
+/// are ignored. Raises "Type mismatch" (13) or "Overflow" (6) for a value that is no number or does not fit.
 void ApplySettings(Session& s, const KeyedTable& table);
 
 }  // namespace marvolin

@@ -11,7 +11,6 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kBinCount = 3;
 constexpr int kEdge = 10;
 constexpr int kHead = 106;  // height of what stands over a list
 
@@ -20,7 +19,7 @@ QString Text(std::string_view text) { return QString::fromUtf8(text.data(), stat
 }  // namespace
 
 BrowseBins::BrowseBins(Session& session, QWidget* parent) : QWidget(parent), s(session) {
-    for (int bin = 0; bin < kBinCount; ++bin) {
+    for (int bin = 0; bin < kBins; ++bin) {
         const auto i = static_cast<std::size_t>(bin);
         folders_[i] = new PickDir(s, this, bin);
         destinations_[i] = new ChoiceList(
@@ -32,13 +31,13 @@ BrowseBins::BrowseBins(Session& session, QWidget* parent) : QWidget(parent), s(s
         lists_[i] = new BinList(s, this, bin);
     }
     Tree = new FolderTree(s, this);
-    for (int bin = 0; bin < kBinCount; ++bin) RefreshBin(bin);
+    for (int bin = 0; bin < kBins; ++bin) RefreshBin(bin);
     RefreshDestinations();
 }
 
 void BrowseBins::resizeEvent(QResizeEvent*) {
-    const int wide = (width() - kEdge * (kBinCount + 1)) / kBinCount;
-    for (int bin = 0; bin < kBinCount; ++bin) {
+    const int wide = (width() - kEdge * (kBins + 1)) / kBins;
+    for (int bin = 0; bin < kBins; ++bin) {
         const auto i = static_cast<std::size_t>(bin);
         const int left = kEdge + bin * (wide + kEdge);
         folders_[i]->setGeometry(left, 8, wide, 30);
@@ -60,7 +59,7 @@ void BrowseBins::RefreshBin(int bin) {
 void BrowseBins::RefreshDestinations() {
     QStringList entries;
     for (const std::string& text : DestinationTexts(s)) entries << QString::fromStdString(text);
-    for (int bin = 0; bin < kBinCount; ++bin) {
+    for (int bin = 0; bin < kBins; ++bin) {
         const auto i = static_cast<std::size_t>(bin);
         destinations_[i]->SetEntries(entries);
         destinations_[i]->Show(s.Bins[bin].Destination);

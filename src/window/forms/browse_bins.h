@@ -28,10 +28,10 @@ protected:
 
 private:
     Session& s;
-    std::array<PickDir*, 3> folders_{};
-    std::array<ChoiceList*, 3> destinations_{};
-    std::array<ChoiceBox*, 3> plays_{};
-    std::array<BinList*, 3> lists_{};
+    std::array<PickDir*, kBins> folders_{};
+    std::array<ChoiceList*, kBins> destinations_{};
+    std::array<ChoiceBox*, kBins> plays_{};
+    std::array<BinList*, kBins> lists_{};
 };
 
 }  // namespace marvolin
