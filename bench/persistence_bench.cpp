@@ -61,7 +61,7 @@ void SaveLarge(benchmark::State& state) {
     Large b;
     const clsSwitchRecord all = All();
     for (auto _ : state) {
-        if (!SaveSession(b.s, b.File, false, all)) state.SkipWithError("not saved");
+        if (!SaveSession(b.s, b.File, LoopsSaved::All, all)) state.SkipWithError("not saved");
     }
     Count(state, b.File);
 }
@@ -70,7 +70,7 @@ BENCHMARK(SaveLarge)->Unit(benchmark::kMillisecond);
 /// The same bytes in one write, after the same rename.
 void WritePlainly(benchmark::State& state) {
     Large b;
-    SaveSession(b.s, b.File, false, All());
+    SaveSession(b.s, b.File, LoopsSaved::All, All());
     const std::string bytes = test::ReadBytes(b.File);
     for (auto _ : state) {
         std::filesystem::rename(b.File, b.File + "~");
@@ -85,13 +85,13 @@ BENCHMARK(WritePlainly)->Unit(benchmark::kMillisecond);
 void LoadLarge(benchmark::State& state) {
     Large b;
     const clsSwitchRecord all = All();
-    SaveSession(b.s, b.File, false, all);
+    SaveSession(b.s, b.File, LoopsSaved::All, all);
     for (auto _ : state) {
         state.PauseTiming();
         InitClipBoard(b.s);
         b.Screen.Log.clear();
         state.ResumeTiming();
-        if (!LoadSession(b.s, b.File, false, all, false)) state.SkipWithError("not loaded");
+        if (!LoadSession(b.s, b.File, SetAsCurrent::No, all, AdoptSwitches::No)) state.SkipWithError("not loaded");
     }
     Count(state, b.File);
 }
@@ -99,7 +99,7 @@ BENCHMARK(LoadLarge)->Unit(benchmark::kMillisecond);
 
 void ReadPlainly(benchmark::State& state) {
     Large b;
-    SaveSession(b.s, b.File, false, All());
+    SaveSession(b.s, b.File, LoopsSaved::All, All());
     std::vector<char> bytes(std::filesystem::file_size(b.File));
     for (auto _ : state) {
         const int file = ::open(b.File.c_str(), O_RDONLY);

@@ -67,9 +67,8 @@ void LoadAndPlay(const std::string& path) {
     i.s.EmptyBlankSetting = 1;
     marvolin::PadGeometryInit(i.s, 4500, 4500);
     marvolin::PadTablesInit(i.s);
-    marvolin::clsSwitchRecord switches;
-    switches.SetSwitch(true);
-    const bool loaded = marvolin::LoadSession(i.s, path, true, switches, true);
+    const bool loaded = marvolin::LoadSession(i.s, path, marvolin::SetAsCurrent::Yes, marvolin::AllSwitches(),
+                                              marvolin::AdoptSwitches::Yes);
     // A load that fails shows a message; one that succeeds leaves a working instrument.
     if (!loaded && i.Desk.Boxes.empty()) std::abort();
     for (marvolin::Row row = 0; row < marvolin::kLoopTracks; ++row) {

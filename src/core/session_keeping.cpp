@@ -14,13 +14,11 @@ bool KeepSessionAcross(Session& s, const clsSwitchRecord& taken, const std::func
         change();
         return false;
     }
-    clsSwitchRecord everything;
-    everything.SetSwitch(true);
-    s.World.Store.SaveSession(s, file, false, everything);
+    s.World.Store.SaveSession(s, file, LoopsSaved::All, AllSwitches());
     change();
-    // The clips never went away, and those of the file would stand behind them once more.
+    // The clips are still there; the load would add those of the file to them.
     ClipBoardState clips = std::exchange(s.Clips, {});
-    s.World.Store.LoadSession(s, file, false, taken, false);
+    s.World.Store.LoadSession(s, file, SetAsCurrent::No, taken, AdoptSwitches::No);
     s.Clips = std::move(clips);
     s.World.Screen.ShowClips();
     std::error_code ignored;

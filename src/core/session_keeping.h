@@ -1,4 +1,6 @@
 #pragma once
+/// \file
+/// Keeping the session across a change that unloads the samples.
 
 #include <functional>
 
@@ -6,10 +8,10 @@
 
 namespace marvolin {
 
-/// Makes a change that takes the samples away, and brings the instrument back by way of a temporary file: the whole
-/// session is saved to it, the change is made, the session is loaded back with `taken`, neither as the current one nor
-/// with its switches adopted, and the file is deleted. When there is no temporary file to be had only the change is
-/// made, and false returned. The clipboard, to which a load adds, stands afterwards as it stood before.
+/// Makes a change that unloads the samples, and restores the instrument from a temporary file: saves the whole session,
+/// makes the change, loads what `taken` selects, and deletes the file. The load neither makes the file the current
+/// session nor adopts its switches, and leaves the clipboard unchanged. Without a temporary file only makes the change,
+/// and returns false.
 bool KeepSessionAcross(Session& s, const clsSwitchRecord& taken, const std::function<void()>& change);
 
 }  // namespace marvolin

@@ -1,4 +1,6 @@
 #pragma once
+/// \file
+/// The elements of a session that can be saved and opened one by one.
 
 #include <array>
 #include <cstdint>
@@ -29,10 +31,10 @@ inline constexpr int kElements = 16;
 
 /// Names of the elements in a file, by their number.
 inline constexpr std::array<std::string_view, kElements> kElementNames{
-    "LoopTrack", "Freq",       "FreqPattern", "Vol",     "VolPattern", "Pan",   "PanPattern", "Position",
-    "CrossFader", "PickLists", "General",     "ThreeD",  "Bands",      "PlayState", "ClipBoard", "HistoryLists"};
+    "LoopTrack",  "Freq",      "FreqPattern", "Vol",    "VolPattern", "Pan",       "PanPattern", "Position",
+    "CrossFader", "PickLists", "General",     "ThreeD", "Bands",      "PlayState", "ClipBoard",  "HistoryLists"};
 
-/// Sixteen switches that say which elements of a session are saved or opened. All off when made.
+/// Sixteen switches that select the elements of a session to save or open. All are off at first.
 class clsSwitchRecord {
 public:
     bool Get(Element element) const { return on_[static_cast<std::size_t>(element)]; }
@@ -43,12 +45,22 @@ public:
     static void AndSwitch(const clsSwitchRecord& a, const clsSwitchRecord& b, clsSwitchRecord& result) {
         for (std::size_t i = 0; i < a.on_.size(); ++i) result.on_[i] = a.on_[i] && b.on_[i];
     }
-    /// Whether the section of the LoopTracks is written: always, so that one place could decide otherwise.
+    /// Whether the section of the LoopTracks is written: always. The one place that could decide otherwise.
     bool SaveLoopComponent() const { return true; }
     friend bool operator==(const clsSwitchRecord&, const clsSwitchRecord&) = default;
 
 private:
     std::array<bool, kElements> on_{};
 };
+
+/// A record with all sixteen switches on.
+inline clsSwitchRecord AllSwitches() {
+    clsSwitchRecord all;
+    all.SetSwitch(true);
+    return all;
+}
+
+/// Rows of `SaveOpenSwitches`, and of the two lists that edit them.
+enum SwitchRow : std::uint8_t { kWhenSaving = 0, kWhenOpening = 1 };
 
 }  // namespace marvolin

@@ -47,7 +47,7 @@ inline constexpr std::array<ElementPreset, 5> kElementPresets{{
     {"3d", [](int row) { return row == 8 || row == 15; }},
 }};
 
-/// Labels over the two lists: 0 save, 1 open.
+/// Labels above the two lists, by `SwitchRow`.
 inline constexpr std::array<std::string_view, 2> kElementLabels{"Elements to save:", "Elements to open:"};
 
 }  // namespace marvolin

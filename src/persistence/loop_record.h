@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// The settings of a LoopTrack in a file, as sessions and clips hold them.
+/// The settings of a LoopTrack in a file, in sessions and clips alike.
 
 #include <cstddef>
 
@@ -9,21 +9,21 @@
 
 namespace marvolin {
 
-/// Bytes of the shortest record: that of an empty `FileName`.
+/// Bytes of the shortest record, one with an empty `FileName`.
 inline constexpr std::size_t kSmallestLoopRecord = 255;
 
-/// A LoopTrack as it stands in a session file.
+/// A LoopTrack as a session file holds it.
 struct SavedLoop {
-    std::int16_t Index = 0;  ///< the slot it came from
+    std::int16_t Index = 0;  ///< the slot from which it was saved
     LoopTrackSet Set;
     Boolean WasPlaying = False;
 };
-/// Bytes of the shortest block of a LoopTrack.
+/// Bytes of the shortest block of "LoopsV1".
 inline constexpr std::size_t kSmallestLoopBlock = kSmallestLoopRecord + 4;
 
-/// Writes the record from `FileName` to `Channel`, every field as it stands.
+/// Writes the record from `FileName` to `Channel`, every field unchanged.
 void WriteLoopTrackSet(RecordWriter& file, const LoopTrackSet& set);
-/// Reads such a record; no field is limited.
+/// Reads such a record. No field is limited to its range.
 LoopTrackSet ReadLoopTrackSet(RecordReader& file);
 /// Reads a block of "LoopsV1".
 SavedLoop ReadSavedLoop(RecordReader& file);

@@ -36,12 +36,12 @@ void QuickLoadPop_MouseUp(Session& s, std::int16_t button) {
 
 void QuickLoad_Click(Session& s, std::string_view text) {
     const std::string name(text);
-    // First of all, as an open list would lie over the messages of a load and keep the mouse from them.
+    // Before the load, as an open list would cover its messages and keep the mouse from them.
     s.World.Screen.ShowQuickLoadList(false);
     if (name == kQuickLoadClose) return;
     const std::string file = name + std::string(kSessionExtension);
     if (s.QuickLoadTag == kLeftButton) {
-        s.World.Store.LoadSession(s, JoinPath(s.CurrentFolder, file), true, s.SaveOpenSwitches[1], true);
+        OpenAsChosen(s, JoinPath(s.CurrentFolder, file));
     } else {
         OpenSaveOpen(s, file);
     }

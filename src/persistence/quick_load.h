@@ -8,16 +8,18 @@
 
 namespace marvolin {
 
+/// First row of the list.
 inline constexpr std::string_view kQuickLoadClose = "<Close>";
 
-/// Rebuilds the list from `CurrentFolder`: its sessions in the order of the directory. Disabled when the folder is
-/// gone.
+/// Rebuilds the list from `CurrentFolder`: its sessions in the order of the directory. Disables it when the folder does
+/// not exist.
 void UpdateQuickLoad(Session& s);
-/// `QuickLoadPop` let go with `button`: opens the list.
+/// `QuickLoadPop` is released with `button`: opens the list.
 void QuickLoadPop_MouseUp(Session& s, std::int16_t button);
-/// A row of the list was chosen: opened with the left button it loads at once, else the Save/Open dialogue opens on it.
-/// The list is hidden either way; "<Close>" does no more.
+/// The player chose row `text`. In a list opened with the left button the session is loaded at once, otherwise the
+/// Save/Open dialogue opens on it. The list is hidden either way; "<Close>" does nothing else.
 void QuickLoad_Click(Session& s, std::string_view text);
+/// Hides the list.
 void QuickLoad_LostFocus(Session& s);
 
 }  // namespace marvolin

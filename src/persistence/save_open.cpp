@@ -15,17 +15,22 @@ void AfterSuccess(Session& s) {
     UpdateQuickLoad(s);
 }
 
-bool Save(Session& s, const std::string& path) {
-    return s.World.Store.SaveSession(s, path, s.SelectionsOnlySetting == 1, s.SaveOpenSwitches[0]);
-}
-
-// The path is taken by value: what it was made from changes under it.
+// By value: `path` may be made from the fields that are set here.
 void TakeFile(Session& s, const std::string path) {
     SplitPath(path, s.CurrentFolder, s.CurrentFile);
     s.DialogueFile = s.CurrentFile;
 }
 
 }  // namespace
+
+bool SaveAsChosen(Session& s, const std::string& path) {
+    const LoopsSaved loops = s.SelectionsOnlySetting == 1 ? LoopsSaved::SelectionsOnly : LoopsSaved::All;
+    return s.World.Store.SaveSession(s, path, loops, s.SaveOpenSwitches[kWhenSaving]);
+}
+
+bool OpenAsChosen(Session& s, const std::string& path) {
+    return s.World.Store.LoadSession(s, path, SetAsCurrent::Yes, s.SaveOpenSwitches[kWhenOpening], AdoptSwitches::Yes);
+}
 
 void OpenSaveOpen(Session& s, const std::string& fileName) {
     s.DialogueFile = fileName;
@@ -69,7 +74,7 @@ void TakeBack(Session& s, const SaveOpenChoices& choices) {
 void SaveIt_Click(Session& s, const SaveOpenChoices& choices) {
     if (s.DialogueFile.empty()) return;
     TakeBack(s, choices);
-    const bool saved = Save(s, JoinPath(s.CurrentFolder, s.DialogueFile));
+    const bool saved = SaveAsChosen(s, JoinPath(s.CurrentFolder, s.DialogueFile));
     CloseDialogue(s);
     if (saved) UpdateQuickLoad(s);
 }
@@ -78,14 +83,14 @@ void Reload_Click(Session& s, const SaveOpenChoices& choices) {
     TakeBack(s, choices);
     CloseDialogue(s);
     const std::string path = JoinPath(s.CurrentFolder, s.DialogueFile);
-    if (s.World.Store.LoadSession(s, path, true, s.SaveOpenSwitches[1], true)) AfterSuccess(s);
+    if (OpenAsChosen(s, path)) AfterSuccess(s);
 }
 
 void SaveItAs_Chosen(Session& s, const SaveOpenChoices& choices, const std::string& path) {
     TakeFile(s, path);
     TakeBack(s, choices);
     CloseDialogue(s);
-    if (!Save(s, path)) return;
+    if (!SaveAsChosen(s, path)) return;
     s.Title = "marvolin-" + s.CurrentFile;
     s.World.Screen.ShowTitle();
     AfterSuccess(s);
@@ -95,7 +100,7 @@ void OpenIt_Chosen(Session& s, const SaveOpenChoices& choices, const std::string
     TakeFile(s, path);
     TakeBack(s, choices);
     CloseDialogue(s);
-    if (s.World.Store.LoadSession(s, path, true, s.SaveOpenSwitches[1], true)) AfterSuccess(s);
+    if (OpenAsChosen(s, path)) AfterSuccess(s);
 }
 
 }  // namespace marvolin

@@ -11,33 +11,40 @@
 
 namespace marvolin {
 
-/// Filters of the file dialogues: a text and a pattern each, the first one preselected.
+/// Filters of the file dialogues: a text and a pattern each. The first one is preselected.
 inline constexpr std::string_view kFileFilter = "marvolin File (*.mvn)|*.mvn|marvolin Package (*.mvp)|*.mvp";
 
-/// What the player has set in the dialogue and not yet taken over.
+/// What the player has set in the dialogue, not yet stored in the session.
 struct SaveOpenChoices {
-    std::array<std::array<bool, kElements>, 2> Elements{};  ///< selected rows of the lists, 0 save, 1 open
+    std::array<std::array<bool, kElements>, 2> Elements{};  ///< selected rows of the lists, by `SwitchRow`
     bool SelectionsOnly = false;
     bool EmptyBlank = false;
     std::string Session;
 };
 
+/// Saves to `path` the elements and LoopTracks that the player has chosen in the dialogue. Result and messages are
+/// those of `SaveSession`.
+bool SaveAsChosen(Session& s, const std::string& path);
+/// Opens `path` as the current session, with the elements that the player has chosen in the dialogue, and adopts its
+/// switches. Result and messages are those of `LoadSession`.
+bool OpenAsChosen(Session& s, const std::string& path);
+
 /// Opens the dialogue on `fileName`, a name in the current folder or "".
 void OpenSaveOpen(Session& s, const std::string& fileName);
-/// What the dialogue shows when it opens.
+/// The choices that the session holds, which the dialogue shows when it opens.
 SaveOpenChoices CurrentChoices(const Session& s);
 /// "Save/Open-" and the file of the dialogue, or "Save/Open".
 std::string SaveOpenTitle(const Session& s);
-/// Selects the rows of list `list` (0 save, 1 open) by a preset.
+/// Selects the rows of list `list` (a `SwitchRow`) by a preset.
 void ChoosePreset(SaveOpenChoices& choices, int list, const ElementPreset& preset);
-/// Takes the choices over into the session.
+/// Stores the choices in the session.
 void TakeBack(Session& s, const SaveOpenChoices& choices);
 
-// Each button first takes the choices over into the session.
+// Each button first stores the choices in the session.
 
-/// "Save": under the dialogue's name. Without a name nothing is saved.
+/// "Save": saves under the dialogue's file name and closes the dialogue. Does nothing when there is no name.
 void SaveIt_Click(Session& s, const SaveOpenChoices& choices);
-/// "Reload": the dialogue's file.
+/// "Reload": closes the dialogue and opens its file.
 void Reload_Click(Session& s, const SaveOpenChoices& choices);
 /// "Save As" and "Open": the player chose `path` in the file dialogue. Not called when it is cancelled.
 void SaveItAs_Chosen(Session& s, const SaveOpenChoices& choices, const std::string& path);

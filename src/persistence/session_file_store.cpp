@@ -5,14 +5,14 @@
 
 namespace marvolin {
 
-bool SessionFileStore::SaveSession(Session& s, const std::string& fileName, bool selectionsOnly,
+bool SessionFileStore::SaveSession(Session& s, const std::string& fileName, LoopsSaved loops,
                                    const clsSwitchRecord& switches) {
-    return marvolin::SaveSession(s, fileName, selectionsOnly, switches);
+    return marvolin::SaveSession(s, fileName, loops, switches);
 }
 
-bool SessionFileStore::LoadSession(Session& s, const std::string& fileName, bool setAsCurrent,
-                                   const clsSwitchRecord& switches, bool adoptSwitches) {
-    return marvolin::LoadSession(s, fileName, setAsCurrent, switches, adoptSwitches);
+bool SessionFileStore::LoadSession(Session& s, const std::string& fileName, SetAsCurrent current,
+                                   const clsSwitchRecord& switches, AdoptSwitches adopt) {
+    return marvolin::LoadSession(s, fileName, current, switches, adopt);
 }
 
 }  // namespace marvolin

@@ -4,13 +4,13 @@
 
 namespace marvolin {
 
-/// The session files, for the floors below them.
+/// The session files, for the folders below this one.
 class SessionFileStore : public SessionStore {
 public:
-    bool SaveSession(Session& s, const std::string& fileName, bool selectionsOnly,
+    bool SaveSession(Session& s, const std::string& fileName, LoopsSaved loops,
                      const clsSwitchRecord& switches) override;
-    bool LoadSession(Session& s, const std::string& fileName, bool setAsCurrent, const clsSwitchRecord& switches,
-                     bool adoptSwitches) override;
+    bool LoadSession(Session& s, const std::string& fileName, SetAsCurrent current, const clsSwitchRecord& switches,
+                     AdoptSwitches adopt) override;
 };
 
 }  // namespace marvolin

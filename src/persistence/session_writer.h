@@ -6,13 +6,13 @@
 
 namespace marvolin {
 
-/// Writes the session, or with `selectionsOnly` its selected LoopTracks, to a file; `switches` say which sections.
+/// Writes the session to a file: of the LoopTracks those that `loops` names, and the sections that `switches` select.
 ///
-/// A name that ends in ".mvp" makes a package: the samples of the loaded LoopTracks are copied beside it. A file that
-/// stands there already is kept under its name with "~" behind it, in the place of an older such copy.
+/// A name that ends in ".mvp" makes a package: the samples of the loaded LoopTracks are copied beside it. An existing
+/// file of that name is kept with "~" added to its name, and replaces an older such copy.
 /// True when the file was written to its end. Failures: "Error Creating File: " and the name when the old file cannot
-/// go or the new one not be made; "Error Saving " and the description of the error for any later one, which leaves the
-/// file partial.
-bool SaveSession(Session& s, const std::string& fileName, bool selectionsOnly, const clsSwitchRecord& switches);
+/// be moved away or the new one not be made; "Error Saving " and the description of the error for any later failure,
+/// which leaves the file partial.
+bool SaveSession(Session& s, const std::string& fileName, LoopsSaved loops, const clsSwitchRecord& switches);
 
 }  // namespace marvolin

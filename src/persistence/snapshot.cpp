@@ -7,6 +7,7 @@
 #include "core/files/paths.h"
 #include "core/routines.h"
 #include "persistence/quick_load.h"
+#include "persistence/save_open.h"
 #include "persistence/session_format.h"
 
 namespace marvolin {
@@ -29,7 +30,7 @@ std::string SnapshotName(const Session& s) {
 void SnapShot_MouseUp(Session& s) {
     const std::string name = SnapshotName(s);
     const std::string path = JoinPath(s.CurrentFolder, name);
-    if (!s.World.Store.SaveSession(s, path, s.SelectionsOnlySetting == 1, s.SaveOpenSwitches[0])) return;
+    if (!SaveAsChosen(s, path)) return;
     UpdateQuickLoad(s);
     ShowStatus(s, name);
 }

@@ -1,4 +1,6 @@
 #pragma once
+/// \file
+/// Snapshots: sessions saved by one click under numbered names.
 
 #include <string>
 
@@ -6,12 +8,12 @@
 
 namespace marvolin {
 
-/// Name of the next snapshot in the current folder: `SessionName` (or "Snapshot"), a blank, and the lowest number from
-/// 001 on that no file has. Separators in the name become "-".
+/// File name of the next snapshot in the current folder: `SessionName` (or "Snapshot"), a blank, and the lowest number
+/// from 001 on that no file has. Separators in `SessionName` become "-".
 std::string SnapshotName(const Session& s);
 
-/// `SnapShot` let go: saves the session under the next snapshot name with the elements of the next save, and says the
-/// name in the status line.
+/// `SnapShot` is released: saves the session under the next snapshot name, with the elements chosen for saving, and
+/// shows the name in the status line.
 void SnapShot_MouseUp(Session& s);
 
 }  // namespace marvolin

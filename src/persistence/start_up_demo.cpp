@@ -19,9 +19,7 @@ constexpr const char* kPreferencesFile = "preferences.mvn";
 std::string InProgramFolder(Session& s, const char* name) { return JoinPath(s.World.Desk.ProgramFolder(), name); }
 
 bool LoadEverything(Session& s, const std::string& path) {
-    clsSwitchRecord all;
-    all.SetSwitch(true);
-    return s.World.Store.LoadSession(s, path, false, all, false);
+    return s.World.Store.LoadSession(s, path, SetAsCurrent::No, AllSwitches(), AdoptSwitches::No);
 }
 
 void StartDemo(Session& s) {
@@ -42,7 +40,7 @@ void UnloadSplash(Session& s) {
     try {
         s.World.Forms.Unload(Form::Splash);
     } catch (const RuntimeError&) {
-        // The player has closed it already.
+        // The player has already closed it.
         return;
     }
 }
@@ -85,7 +83,7 @@ void StartUpDemoCountDown_Timer(Session& s) {
 }
 
 void StartUpQuery_Activate(Session& s) {
-    // A question that nobody asked for does not complain about missing help.
+    // The question comes by itself; a message about missing help would only disturb.
     if (!FileExists(s.HelpFile)) return;
     try {
         s.World.Desk.ShowHelpTopic(kStartUpQueryTopic);

@@ -1,28 +1,29 @@
 #pragma once
 /// \file
-/// What the program loads at its start, and the demo that plays itself.
+/// What the program loads at its start: the demo, which plays itself, or the player's preferences.
 
 #include "core/session.h"
 
 namespace marvolin {
 
-/// Question of `frmStartUpQuery`.
+/// Title and question of `frmStartUpQuery`.
 inline constexpr const char* kStartUpQueryTitle = "Startup Demo";
 inline constexpr const char* kStartUpQueryText = "Show this startup demo next time?";
 /// Help page of `frmStartUpQuery`.
 inline constexpr std::int32_t kStartUpQueryTopic = 10063;
 
-/// Loads "startup.mvp" of the program's folder and starts the demo, or if there is none "preferences.mvn". The choice
-/// is made by existence alone. Neither becomes the current session, so that no save overwrites it.
+/// Loads "startup.mvp" from the program's folder and starts the demo or, if that file does not exist, loads
+/// "preferences.mvn". Neither becomes the current session, so that no save overwrites it.
 void LoadStartUpContent(Session& s);
 
-/// The tick of the demo's countdown, one of three stages.
+/// The tick of the demo's countdown: runs the next of its three stages.
 void StartUpDemoCountDown_Timer(Session& s);
 
-/// `frmStartUpQuery` comes up: shows its help page. Without a help file there is none to show, and nothing is said.
+/// `frmStartUpQuery` is activated: shows its help page. Does nothing without a help file.
 void StartUpQuery_Activate(Session& s);
+/// Closes the question.
 void cmdYes_Click(Session& s);
-/// Renames the demo away, so that it does not come again.
+/// Renames the demo, so that the next start does not find it, and closes the question.
 void cmdNo_Click(Session& s);
 
 }  // namespace marvolin

@@ -9,7 +9,7 @@ namespace marvolin {
 
 /// Writes the sixteen switches under their names.
 void PutIt(const clsSwitchRecord& switches, RecordWriter& file);
-/// Reads a switch table; a switch that the table does not name, or that is no truth value, is off.
+/// Reads a switch table. A switch that the table does not name, or whose value is a text, is off.
 void GetIt(clsSwitchRecord& switches, RecordReader& file);
 
 }  // namespace marvolin

@@ -28,7 +28,7 @@ struct Keeping : Instrument {
     }
 };
 
-TEST(KeepSessionAcross, SavesEverythingChangesLoadsWhatIsTakenAndDeletesTheFile) {
+TEST(KeepSessionAcross, SavesEverythingMakesTheChangeLoadsTheSelectedElementsAndDeletesTheFile) {
     Keeping i;
     clsSwitchRecord taken;
     taken.Put(Element::Vol, true);
@@ -47,7 +47,7 @@ TEST(KeepSessionAcross, WithoutATemporaryFileOnlyTheChangeIsMade) {
     EXPECT_THAT(i.Store.Log, IsEmpty());
 }
 
-TEST(KeepSessionAcross, TheClipboardStandsAsItStoodWhateverTheLoadAddsToIt) {
+TEST(KeepSessionAcross, TheClipboardStaysUnchangedWhateverTheLoadAddsToIt) {
     Keeping i;
     i.s.Clips.ClipStore.resize(2);
     i.s.Clips.ClipStore[1].FileName = "/b.WAV";
@@ -57,7 +57,7 @@ TEST(KeepSessionAcross, TheClipboardStandsAsItStoodWhateverTheLoadAddsToIt) {
     i.s.Clips.Components[3] = false;
     i.Store.OnSave = [&] { i.Order.push_back("save " + std::to_string(i.s.Clips.ClipStore.size())); };
     i.Store.OnLoad = [&] {
-        // So that a full clipboard has room for those of the file.
+        // The clipboard is empty, so that there is room for the clips of the file.
         i.Order.push_back("load onto " + std::to_string(i.s.Clips.ClipStore.size()));
         i.s.Clips.ClipStore.resize(7);
         i.s.Clips.ClipTop = 6;

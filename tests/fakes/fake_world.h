@@ -111,7 +111,7 @@ public:
     }
     void Unload(Form form) override {
         Note("Unload", form);
-        if (Loaded.erase(form) == 0) throw RuntimeError(91, "Object variable not set");
+        if (Loaded.erase(form) == 0) throw NoObjectError();
     }
     void BringToFront(Form form) override { Note("BringToFront", form); }
     TwipRect Place(Form form) override {
@@ -210,16 +210,16 @@ public:
     std::function<void()> OnSave;
     std::function<void()> OnLoad;
     clsSwitchRecord Loaded;  ///< switches of the last load
-    bool SaveSession(Session&, const std::string& fileName, bool selectionsOnly,
+    bool SaveSession(Session&, const std::string& fileName, LoopsSaved loops,
                      const clsSwitchRecord& switches) override {
-        Log.push_back("Save " + fileName + (selectionsOnly ? " selected" : " all") + Shown(switches));
+        Log.push_back("Save " + fileName + (loops == LoopsSaved::All ? " all" : " selected") + Shown(switches));
         if (OnSave) OnSave();
         return Answer;
     }
-    bool LoadSession(Session&, const std::string& fileName, bool setAsCurrent, const clsSwitchRecord& switches,
-                     bool adoptSwitches) override {
-        Log.push_back("Load " + fileName + (setAsCurrent ? " current" : "") + (adoptSwitches ? " adopt" : "") +
-                      Shown(switches));
+    bool LoadSession(Session&, const std::string& fileName, SetAsCurrent current, const clsSwitchRecord& switches,
+                     AdoptSwitches adopt) override {
+        Log.push_back("Load " + fileName + (current == SetAsCurrent::Yes ? " current" : "") +
+                      (adopt == AdoptSwitches::Yes ? " adopt" : "") + Shown(switches));
         Loaded = switches;
         if (OnLoad) OnLoad();
         return Answer;

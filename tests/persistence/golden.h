@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// Session files put together byte by byte from the description of the format.
+/// Session files put together byte by byte, independently of the writer.
 
 #include <array>
 #include <string>
@@ -10,7 +10,7 @@
 
 namespace marvolin::test {
 
-/// A LoopTrack as a test wants it in a file; the values differ from every default.
+/// A LoopTrack for a file; the values differ from every default.
 struct GoldenLoop {
     int Index = 0;
     std::string FileName;

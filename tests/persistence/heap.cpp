@@ -6,13 +6,13 @@
 #include <cstdlib>
 #include <new>
 
-// A file of its own: the compiler must not see through these at the places where memory is taken and given back.
+// In a file of their own, so that the compiler cannot inline them where memory is allocated and freed.
 
 namespace {
 
 std::size_t held = 0;
 std::size_t peak = 0;
-std::size_t floorLevel = 0;
+std::size_t base = 0;
 
 }  // namespace
 
@@ -31,7 +31,7 @@ void operator delete(void* memory, std::size_t) noexcept { operator delete(memor
 
 namespace marvolin::test {
 
-void ResetHeapPeak() { peak = floorLevel = held; }
-std::size_t HeapPeak() { return peak - floorLevel; }
+void ResetHeapPeak() { peak = base = held; }
+std::size_t HeapPeak() { return peak - base; }
 
 }  // namespace marvolin::test

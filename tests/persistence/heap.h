@@ -4,9 +4,9 @@
 
 namespace marvolin::test {
 
-/// Forgets the peak of before.
+/// Starts to measure: from here on `HeapPeak` counts.
 void ResetHeapPeak();
-/// The most bytes that this program has held at one time since then, beyond those that it held at that moment.
+/// The most bytes that the program has held at one time since `ResetHeapPeak`, beyond those that it held then.
 std::size_t HeapPeak();
 
 }  // namespace marvolin::test

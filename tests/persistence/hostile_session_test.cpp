@@ -13,13 +13,13 @@ namespace {
 
 using namespace test;
 
-bool ToldWords(const std::string& box) {
+bool IsLoadMessage(const std::string& box) {
     return box.starts_with("Error Opening ") || box.starts_with("File Format Error on Open in ");
 }
 
 constexpr std::size_t kMostMemory = 64 << 20;
 
-/// One instrument for many loads; what boxes it showed and what memory it took is looked at after each.
+/// One instrument for many loads. Its boxes and the memory that it took are checked after each.
 struct Victim : SetInstrument {
     bool LoadHostile(const std::string& bytes) {
         Desk.Boxes.clear();
@@ -32,7 +32,7 @@ struct Victim : SetInstrument {
         if (!loaded) {
             EXPECT_FALSE(Desk.Boxes.empty());
             if (!Desk.Boxes.empty()) {
-                EXPECT_TRUE(ToldWords(Desk.LastBox())) << Desk.LastBox();
+                EXPECT_TRUE(IsLoadMessage(Desk.LastBox())) << Desk.LastBox();
             }
         }
         return loaded;
@@ -47,7 +47,7 @@ struct Victim : SetInstrument {
     }
 };
 
-TEST(HostileSession, CutAtEveryByteItEndsInTheToldWords) {
+TEST(HostileSession, CutAtEveryByteItEndsInOneOfTheTwoMessages) {
     Victim v;
     const std::string whole = GoldenSession(v.Folder.Path());
     for (std::size_t length = 0; length < whole.size(); ++length) {
@@ -57,7 +57,7 @@ TEST(HostileSession, CutAtEveryByteItEndsInTheToldWords) {
     EXPECT_TRUE(v.LoadHostile(whole));
 }
 
-TEST(HostileSession, EveryByteFlippedIsLoadedOrRefusedInTheToldWords) {
+TEST(HostileSession, WithAnyByteFlippedItIsLoadedOrEndsInOneOfTheTwoMessages) {
     Victim v;
     const std::string whole = GoldenSession(v.Folder.Path());
     for (std::size_t at = 0; at < whole.size(); ++at) {
@@ -74,7 +74,7 @@ void PutHead(Bytes& b) {
     PutSwitches(b);
 }
 
-TEST(HostileSession, CountsThatTheFileDoesNotHold) {
+TEST(HostileSession, ACountThatTheFileCannotHoldIsRefused) {
     Victim v;
     for (const char* tag : {"LoopsV1", "History", "ClipBoard"}) {
         for (const int count : {-1, -32768, 1, 32767}) {
@@ -98,20 +98,20 @@ TEST(HostileSession, CountsThatTheFileDoesNotHold) {
     }
 }
 
-TEST(HostileSession, AThousandNestedClaimsOfMuchMemoryTakeNone) {
+TEST(HostileSession, AThousandClaimsOfManyEntriesTakeNoMemory) {
     Victim v;
     Bytes b;
     PutHead(b);
-    // Each history that the file holds claims as many entries as an Integer counts.
+    // Each block of history claims as many entries as an Integer can count.
     b.TagText("History").I16(1000);
     for (int block = 0; block < 1000; ++block) b.I16(block % 4).I16(32767);
     ASSERT_FALSE(v.LoadHostile(b.Str()));
     ResetHeapPeak();
     const std::vector<char> held(kMostMemory + 1);
-    EXPECT_GT(HeapPeak(), kMostMemory) << "the measure itself";
+    EXPECT_GT(HeapPeak(), kMostMemory) << "the measurement itself";
 }
 
-TEST(HostileSession, StringsOfNegativeOrHugeLengthAndWrongTypes) {
+TEST(HostileSession, AStringOfNegativeOrHugeLengthAndAnUnknownTypeAreRefused) {
     Victim v;
     for (const int length : {-1, -32768, 32767}) {
         Bytes b;
@@ -127,7 +127,7 @@ TEST(HostileSession, StringsOfNegativeOrHugeLengthAndWrongTypes) {
     }
 }
 
-TEST(HostileSession, AnIndexBelowNullIsASubscriptOutOfRange) {
+TEST(HostileSession, ANegativeIndexIsASubscriptOutOfRange) {
     Victim v;
     GoldenLoop loop;
     loop.Index = -1;
@@ -147,7 +147,7 @@ TEST(HostileSession, AHistoryBelowTheFirstRowIsASubscriptOutOfRange) {
     EXPECT_EQ(v.Desk.LastBox(), "Error Opening Subscript out of range");
 }
 
-TEST(HostileSession, ASettingThatIsNoNumberOrDoesNotFitIsTold) {
+TEST(HostileSession, ASettingThatIsNoNumberOrDoesNotFitIsReported) {
     Victim v;
     const auto settings = [](const std::function<void(Bytes&)>& pair) {
         Bytes b;
@@ -162,7 +162,7 @@ TEST(HostileSession, ASettingThatIsNoNumberOrDoesNotFitIsTold) {
     EXPECT_EQ(v.Desk.LastBox(), "Error Opening Overflow");
 }
 
-TEST(HostileSession, SettingsThatTheirControlsCannotShowAreLeftOut) {
+TEST(HostileSession, SettingsThatTheirControlsCannotShowAreIgnored) {
     Victim v;
     v.s.JoyEnabled = true;
     Bytes b;
@@ -219,7 +219,7 @@ TEST(HostileSession, ValuesOutOfEveryRangeGoThroughTheSettersAndTheClockGoesOn) 
             EXPECT_GE(set.PlayMode, 0);
             EXPECT_LE(set.PlayMode, 3);
             EXPECT_LE(set.BeatStart, 100);
-            // Patterns are copied as they stand.
+            // Patterns are copied unchanged.
             EXPECT_EQ(set.Pattern[0][0], static_cast<std::int16_t>(value));
             v.Play();
             EXPECT_LE(v.s.Run[0].Step, 31);
@@ -227,7 +227,7 @@ TEST(HostileSession, ValuesOutOfEveryRangeGoThroughTheSettersAndTheClockGoesOn) 
     }
 }
 
-TEST(HostileSession, APlaceThatIsNoNumberIsLeftAlone) {
+TEST(HostileSession, APositionThatIsNoNumberIsIgnored) {
     Victim v;
     v.s.Use3D = true;
     v.s.Set[0].PositionX = 0.5F;
@@ -241,7 +241,7 @@ TEST(HostileSession, APlaceThatIsNoNumberIsLeftAlone) {
     EXPECT_EQ(v.s.Set[0].PositionX, 0.5F);
 }
 
-TEST(HostileSession, AMapSizeOrRollOffThatIsNoNumberIsLeftAlone) {
+TEST(HostileSession, AMapSizeOrRollOffThatIsNoNumberIsIgnored) {
     Victim v;
     for (const double size :
          {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(), 1e300, -1e300}) {
@@ -276,7 +276,7 @@ TEST(HostileSession, ClipsBeforeTheDamageStayAndAreShown) {
     EXPECT_EQ(v.Screen.Count("ShowClips"), 1);
 }
 
-TEST(HostileSession, AFullClipBoardIsToldOnceAndTheFileStaysInStep) {
+TEST(HostileSession, AFullClipBoardIsReportedOnceAndTheNextSectionIsRead) {
     Victim v;
     Bytes b;
     PutHead(b);

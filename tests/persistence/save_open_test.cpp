@@ -62,18 +62,18 @@ TEST(SaveOpen, TheListsShowTheElementsInTheirOwnOrder) {
     for (std::size_t row = 0; row < kTexts.size(); ++row) EXPECT_EQ(kElementRows[row].Text, kTexts[row]);
 }
 
-TEST(SaveOpen, EveryRowIsFilledFromItsSwitchAndTakenBackIntoIt) {
+TEST(SaveOpen, EveryRowIsFilledFromItsSwitchAndStoredInIt) {
     for (const ElementRow& row : kElementRows) {
         SCOPED_TRACE(row.Text);
         SetInstrument i;
-        i.s.SaveOpenSwitches[1] = Only(row.Switch);
+        i.s.SaveOpenSwitches[kWhenOpening] = Only(row.Switch);
         SaveOpenChoices choices = CurrentChoices(i.s);
         EXPECT_EQ(std::count(choices.Elements[0].begin(), choices.Elements[0].end(), true), 0);
         EXPECT_EQ(std::count(choices.Elements[1].begin(), choices.Elements[1].end(), true), 1);
         std::swap(choices.Elements[0], choices.Elements[1]);
         TakeBack(i.s, choices);
-        EXPECT_EQ(i.s.SaveOpenSwitches[0], Only(row.Switch));
-        EXPECT_EQ(i.s.SaveOpenSwitches[1], clsSwitchRecord{});
+        EXPECT_EQ(i.s.SaveOpenSwitches[kWhenSaving], Only(row.Switch));
+        EXPECT_EQ(i.s.SaveOpenSwitches[kWhenOpening], clsSwitchRecord{});
     }
 }
 
@@ -86,7 +86,7 @@ TEST(SaveOpen, TheTitleNamesTheFile) {
     EXPECT_EQ(i.Forms.Log, (std::vector<std::string>{"Show Save", "Show Save"}));
 }
 
-TEST(SaveOpen, SaveTakesTheChoicesBackSavesAndCloses) {
+TEST(SaveOpen, SaveStoresTheChoicesSavesAndCloses) {
     SetInstrument i;
     OpenSaveOpen(i.s, "live.mvn");
     SaveOpenChoices choices;
@@ -122,7 +122,7 @@ TEST(SaveOpen, AReloadThatFailsEnablesNothing) {
     EXPECT_EQ(i.Screen.Count("ShowQuickLoad"), 0);
 }
 
-TEST(SaveOpen, AChosenFileTakesFolderAndNameOver) {
+TEST(SaveOpen, AChosenFileSetsTheCurrentFolderAndName) {
     SetInstrument i;
     SaveItAs_Chosen(i.s, {}, "/other/new.mvp");
     EXPECT_EQ(i.Store.Log, std::vector<std::string>{"Save /other/new.mvp all"});
@@ -144,7 +144,7 @@ TEST(SaveOpen, SaveSavesBeforeTheDialogueCloses) {
     EXPECT_EQ(i.Forms.Log.back(), "Hide Save");
 }
 
-TEST(SaveOpen, SaveAsTakesTheChoicesBackClosesAndThenSaves) {
+TEST(SaveOpen, SaveAsStoresTheChoicesClosesAndThenSaves) {
     SetInstrument i;
     OpenSaveOpen(i.s, "");
     i.Screen.Log.clear();
@@ -173,7 +173,7 @@ TEST(SaveOpen, ASaveAsThatFailsEnablesNothingAndKeepsTheTitle) {
     EXPECT_EQ(i.Forms.Log.back(), "Hide Save");
 }
 
-TEST(SaveOpen, OpenTakesTheChoicesBackClosesAndThenLoads) {
+TEST(SaveOpen, OpenStoresTheChoicesClosesAndThenLoads) {
     SetInstrument i;
     OpenSaveOpen(i.s, "");
     i.Screen.Log.clear();
@@ -202,7 +202,7 @@ TEST(SaveOpen, OpeningAFileChangesTheSaveListAsWell) {
     SetInstrument i;
     ASSERT_TRUE(i.Save("x.mvn", Only(Element::Vol)));
     SessionFileStore store;
-    ASSERT_TRUE(store.LoadSession(i.s, i.Folder / "x.mvn", true, clsSwitchRecord{}, true));
+    ASSERT_TRUE(store.LoadSession(i.s, i.Folder / "x.mvn", SetAsCurrent::Yes, clsSwitchRecord{}, AdoptSwitches::Yes));
     EXPECT_EQ(CurrentChoices(i.s).Elements[0], ([] {
                   std::array<bool, kElements> rows{};
                   rows[4] = true;
@@ -225,14 +225,14 @@ TEST(QuickLoad, ListsTheSessionsOfTheFolderInDirectoryOrderAndNoPackages) {
     EXPECT_TRUE(i.s.QuickLoadEnabled);
 }
 
-TEST(QuickLoad, AFolderWithoutSessionsGivesCloseAloneEnabled) {
+TEST(QuickLoad, AFolderWithoutSessionsGivesAnEnabledListOfCloseAlone) {
     SetInstrument i;
     UpdateQuickLoad(i.s);
     EXPECT_EQ(i.s.QuickLoadRows, std::vector<std::string>{"<Close>"});
     EXPECT_TRUE(i.s.QuickLoadEnabled);
 }
 
-TEST(QuickLoad, AFolderThatIsGoneGivesCloseAloneDisabled) {
+TEST(QuickLoad, AFolderThatDoesNotExistGivesADisabledListOfCloseAlone) {
     SetInstrument i;
     i.s.CurrentFolder = "/nowhere/at/all/";
     UpdateQuickLoad(i.s);
@@ -251,9 +251,11 @@ TEST(QuickLoad, PickingCloseOnlyHidesTheList) {
 
 TEST(QuickLoad, TheLeftButtonLoadsAtOnceAndAnyOtherOpensTheDialogue) {
     SetInstrument i;
-    i.s.SaveOpenSwitches[1] = All();
+    i.s.SaveOpenSwitches[kWhenOpening] = All();
     QuickLoadPop_MouseUp(i.s, kLeftButton);
-    i.Store.OnLoad = [&] { EXPECT_EQ(i.Screen.Log.back(), "ShowQuickLoadList hide") << "before a load has words"; };
+    i.Store.OnLoad = [&] {
+        EXPECT_EQ(i.Screen.Log.back(), "ShowQuickLoadList hide") << "before a load can show a message";
+    };
     QuickLoad_Click(i.s, "live");
     EXPECT_EQ(i.Store.Log, std::vector<std::string>{"Load " + (i.Folder / "live.mvn") + " current adopt everything"});
     QuickLoadPop_MouseUp(i.s, kRightButton);
@@ -269,9 +271,9 @@ TEST(QuickLoad, TheLeftButtonLoadsAtOnceAndAnyOtherOpensTheDialogue) {
     EXPECT_EQ(i.Screen.Log.back(), "ShowQuickLoadList hide");
 }
 
-TEST(Snapshot, TakesTheNextFreeNumberUnderTheSessionsName) {
+TEST(Snapshot, UsesTheNextFreeNumberAfterTheSessionsName) {
     SetInstrument i;
-    i.s.SaveOpenSwitches[0] = All();
+    i.s.SaveOpenSwitches[kWhenSaving] = All();
     EXPECT_EQ(SnapshotName(i.s), "Snapshot 001.mvn");
     i.s.SessionName = " Live/Set ";
     WriteBytes(i.Folder / "Live-Set 001.mvn", "");
@@ -281,7 +283,7 @@ TEST(Snapshot, TakesTheNextFreeNumberUnderTheSessionsName) {
     EXPECT_EQ(i.Screen.Count("ShowQuickLoad"), 1);
 }
 
-TEST(Snapshot, AFailedSaveSaysNoName) {
+TEST(Snapshot, AFailedSaveShowsNoName) {
     SetInstrument i;
     i.Store.Answer = false;
     SnapShot_MouseUp(i.s);

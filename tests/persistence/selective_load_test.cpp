@@ -8,7 +8,7 @@ namespace {
 
 using namespace test;
 
-/// What a load may change, one text an element.
+/// What a load can change, as one text for each element.
 std::array<std::string, kElements> Picture(const Session& s) {
     std::array<std::string, kElements> picture;
     const auto put = [&](Element element, const auto&... parts) {
@@ -59,10 +59,10 @@ TEST(SelectiveLoad, EachOfTheSixteenSwitchesAloneChangesOnlyItsElement) {
         const auto before = Picture(i.s);
         ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path()), Only(element))) << i.Desk.LastBox();
         const auto after = Picture(i.s);
-        // Bands never come back; places need 3D; the play state needs a sample that the load brings.
+        // Bands are never restored; positions need 3D; the play state needs a sample that the load brings.
         const bool changes = element != Element::Bands && element != Element::Position && element != Element::PlayState;
         for (std::size_t other = 0; other < before.size(); ++other) {
-            // A sample that is loaded enters the history of its row.
+            // A sample that is loaded goes into the history of its row.
             const bool historyOfLoad =
                 element == Element::LoopTrack && static_cast<Element>(other) == Element::HistoryLists;
             if (historyOfLoad) continue;
@@ -72,7 +72,7 @@ TEST(SelectiveLoad, EachOfTheSixteenSwitchesAloneChangesOnlyItsElement) {
     }
 }
 
-TEST(SelectiveLoad, PositionAloneChangesOnlyThePlacesWith3DOn) {
+TEST(SelectiveLoad, PositionAloneChangesOnlyThePositionsWith3DOn) {
     SetInstrument i;
     i.s.Use3D = true;
     Bytes b;
@@ -88,7 +88,7 @@ TEST(SelectiveLoad, PositionAloneChangesOnlyThePlacesWith3DOn) {
     }
 }
 
-TEST(SelectiveLoad, ALetterShowsThatItsLoopTrackIsNoLongerThinnableThoughTheSampleIsThereAlready) {
+TEST(SelectiveLoad, TheLetterShowsAChangeOfThinnableAlsoWhenTheSampleIsAlreadyLoaded) {
     SetInstrument i;
     const std::string bytes = GoldenSession(i.Folder.Path());
     ASSERT_TRUE(i.LoadBytes(bytes));
@@ -99,7 +99,7 @@ TEST(SelectiveLoad, ALetterShowsThatItsLoopTrackIsNoLongerThinnableThoughTheSamp
     EXPECT_EQ(i.Screen.Count("ShowCaption 0"), 1);
 }
 
-TEST(SelectiveLoad, ThePlayStateStartsWhatTheLoadBrought) {
+TEST(SelectiveLoad, ThePlayStateStartsTheSamplesThatTheLoadBrought) {
     SetInstrument i;
     clsSwitchRecord switches = Only(Element::LoopTrack);
     ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path()), switches));
@@ -109,7 +109,7 @@ TEST(SelectiveLoad, ThePlayStateStartsWhatTheLoadBrought) {
     EXPECT_NE(i.s.Run[0].Playing, False);
 }
 
-TEST(SelectiveLoad, AnElementOfALoopTrackThatTheFileWasSavedWithoutIsNotAppliedThoughAskedFor) {
+TEST(SelectiveLoad, AnElementOfALoopTrackThatTheFileLacksIsNotAppliedAlthoughRequested) {
     for (const Element element :
          {Element::LoopTrack, Element::Freq, Element::FreqPattern, Element::Vol, Element::VolPattern, Element::Pan,
           Element::PanPattern, Element::CrossFader, Element::PlayState}) {
@@ -127,7 +127,7 @@ TEST(SelectiveLoad, AnElementOfALoopTrackThatTheFileWasSavedWithoutIsNotAppliedT
     }
 }
 
-TEST(SelectiveLoad, AnElementOfALoopTrackThatIsNotAskedForIsNotAppliedThoughTheFileHoldsIt) {
+TEST(SelectiveLoad, AnElementOfALoopTrackThatIsNotRequestedIsNotAppliedAlthoughTheFileHoldsIt) {
     for (const Element element :
          {Element::LoopTrack, Element::Freq, Element::FreqPattern, Element::Vol, Element::VolPattern, Element::Pan,
           Element::PanPattern, Element::CrossFader, Element::PlayState}) {
@@ -141,14 +141,14 @@ TEST(SelectiveLoad, AnElementOfALoopTrackThatIsNotAskedForIsNotAppliedThoughTheF
     }
 }
 
-TEST(SelectiveLoad, APlaceComesOnlyWhenItIsAskedForAndTheFileHoldsIt) {
+TEST(SelectiveLoad, APositionIsRestoredOnlyWhenItIsRequestedAndTheFileHoldsIt) {
     struct Case {
         clsSwitchRecord Asked;
         const char* Off;  ///< switch of the file that is off
         bool Comes;
     };
-    for (const Case& one : {Case{All(), "", true}, Case{All(), "Position", false},
-                            Case{AllBut(Element::Position), "", false}}) {
+    for (const Case& one :
+         {Case{All(), "", true}, Case{All(), "Position", false}, Case{AllBut(Element::Position), "", false}}) {
         SetInstrument i;
         i.s.Use3D = true;
         Bytes b;
@@ -173,7 +173,7 @@ TEST(SelectiveLoad, ForTheOtherSectionsOnlyTheRequestCounts) {
     }
 }
 
-TEST(SelectiveLoad, TimingTravelsWithAnyPatternAndWithNothingElse) {
+TEST(SelectiveLoad, TimingIsRestoredWithAnyPatternAndWithNothingElse) {
     for (int k = 0; k < kElements; ++k) {
         const auto element = static_cast<Element>(k);
         SCOPED_TRACE(kElementNames[static_cast<std::size_t>(k)]);
@@ -189,7 +189,7 @@ TEST(SelectiveLoad, TimingTravelsWithAnyPatternAndWithNothingElse) {
     }
 }
 
-TEST(AndSwitch, IsTheAndOfBothWays) {
+TEST(AndSwitch, IsTheAndOfBothRecords) {
     clsSwitchRecord result;
     clsSwitchRecord::AndSwitch(Only(Element::Vol), All(), result);
     EXPECT_EQ(result, Only(Element::Vol));

@@ -24,8 +24,10 @@ struct Played : SetInstrument {
     Played() {
         s.DeviceSwapArmed = true;
         Desk.TempFile = Folder / "VBN1.tmp";
-        Store.OnSave = [this] { EXPECT_TRUE(SaveSession(s, Desk.TempFile, false, test::All())); };
-        Store.OnLoad = [this] { EXPECT_TRUE(LoadSession(s, Desk.TempFile, false, Store.Loaded, false)); };
+        Store.OnSave = [this] { EXPECT_TRUE(SaveSession(s, Desk.TempFile, LoopsSaved::All, test::All())); };
+        Store.OnLoad = [this] {
+            EXPECT_TRUE(LoadSession(s, Desk.TempFile, SetAsCurrent::No, Store.Loaded, AdoptSwitches::No));
+        };
         LoopLoad(s, 0, Folder.Path(), "a.wav");
         LoopLoad(s, 2, Folder.Path(), "b.wav");
         std::int16_t vol = 321;
@@ -86,14 +88,14 @@ TEST(SessionKept, AChangeOfTheDeviceBringsBackTheFileThatWasChosenWhateverItsNam
     }
 }
 
-TEST(SessionKept, NoSoundTakesTheSamplesAwayAndLeavesTheClips) {
+TEST(SessionKept, NoSoundUnloadsTheSamplesAndKeepsTheClips) {
     Played i;
     cboDrivers_Click(i.s, 2);
     EXPECT_EQ(i.s.Run[0].Loaded, False);
     EXPECT_THAT(i.s.Clips.List, ElementsAre("a", "b", "(2) a"));
 }
 
-TEST(SessionKept, ARefusedPlaceIsToldAndTheRestOfTheSetComesBack) {
+TEST(SessionKept, ARefusedPositionIsReportedAndTheRestOfTheSetIsRestored) {
     Played i;
     Enable3d_Click(i.s, true);
     LoopStop(i.s, 2);

@@ -92,7 +92,7 @@ TEST(LoadSession, TheOrderOfTheSectionsDoesNotMatter) {
     EXPECT_EQ(i.s.History[0].size(), 2U);
 }
 
-TEST(LoadSession, AValueThatIsNoKnownTagIsPassedOver) {
+TEST(LoadSession, AValueThatIsNoKnownTagIsIgnored) {
     SetInstrument i;
     ASSERT_TRUE(i.LoadBytes(FileOf([&](Bytes& b) {
         b.TagText("Settingsx").TagI16(3).TagF64(0.5).TagBool(true).TagI32(7);
@@ -101,13 +101,13 @@ TEST(LoadSession, AValueThatIsNoKnownTagIsPassedOver) {
     EXPECT_EQ(i.s.History[0].size(), 2U);
 }
 
-TEST(LoadSession, AMissingFileIsFalseWithoutAWord) {
+TEST(LoadSession, AMissingFileIsFalseWithoutAMessage) {
     SetInstrument i;
     EXPECT_FALSE(i.Load("none.mvn"));
     EXPECT_TRUE(i.Desk.Boxes.empty());
 }
 
-TEST(LoadSession, AFileWhoseNumberIsNot12IsRefusedThoughItsTextIsRight) {
+TEST(LoadSession, AFileWhoseNumberIsNot12IsRefusedAlthoughItsTextIsRight) {
     SetInstrument i;
     for (const int number : {11, 13, 0, -1}) {
         Bytes b;
@@ -133,26 +133,26 @@ TEST(LoadSession, AnotherTextIsAFormatErrorAndChangesNothing) {
 
 TEST(LoadSession, AFileWithoutAnEndFailsAndKeepsWhatWasAppliedButNotTitleAndSwitches) {
     SetInstrument i;
-    i.s.SaveOpenSwitches[0] = All();
+    i.s.SaveOpenSwitches[kWhenSaving] = All();
     std::string bytes = GoldenSession(i.Folder.Path(), "Vol");
     bytes.resize(bytes.size() - 7);
     WriteBytes(i.Folder / "cut.mvn", bytes);
-    EXPECT_FALSE(LoadSession(i.s, i.Folder / "cut.mvn", true, All(), true));
+    EXPECT_FALSE(LoadSession(i.s, i.Folder / "cut.mvn", SetAsCurrent::Yes, All(), AdoptSwitches::Yes));
     EXPECT_EQ(i.Desk.LastBox(), "Error Opening Input past end of file");
     EXPECT_EQ(i.s.Set[0].Hz, 1234);
     EXPECT_EQ(i.s.Title, "marvolin");
     EXPECT_EQ(i.s.CurrentFile, "");
-    EXPECT_EQ(i.s.SaveOpenSwitches[0], All());
+    EXPECT_EQ(i.s.SaveOpenSwitches[kWhenSaving], All());
 }
 
 TEST(LoadSession, SetAsCurrentMakesTheTitleAndAdoptSwitchesTheNextSave) {
     SetInstrument i;
     WriteBytes(i.Folder / "live.mvn", GoldenSession(i.Folder.Path(), "Vol"));
-    ASSERT_TRUE(LoadSession(i.s, i.Folder / "live.mvn", true, All(), true));
+    ASSERT_TRUE(LoadSession(i.s, i.Folder / "live.mvn", SetAsCurrent::Yes, All(), AdoptSwitches::Yes));
     EXPECT_EQ(i.s.Title, "marvolin-live.mvn");
     EXPECT_EQ(i.s.CurrentFolder, i.Folder.Path() + "/");
     EXPECT_EQ(i.s.CurrentFile, "live.mvn");
-    EXPECT_EQ(i.s.SaveOpenSwitches[0], AllBut(Element::Vol));
+    EXPECT_EQ(i.s.SaveOpenSwitches[kWhenSaving], AllBut(Element::Vol));
     EXPECT_EQ(i.Screen.Count("ShowTitle"), 1);
 }
 
@@ -163,11 +163,11 @@ TEST(LoadSession, WithoutSetAsCurrentAndAdoptSwitchesTitleFileAndTheNextSaveStay
     EXPECT_EQ(i.s.Title, "marvolin");
     EXPECT_EQ(i.s.CurrentFolder, folder);
     EXPECT_EQ(i.s.CurrentFile, "");
-    EXPECT_EQ(i.s.SaveOpenSwitches[0], clsSwitchRecord{});
+    EXPECT_EQ(i.s.SaveOpenSwitches[kWhenSaving], clsSwitchRecord{});
     EXPECT_EQ(i.Screen.Count("ShowTitle"), 0);
 }
 
-TEST(LoadSession, ASampleThatIsGoneIsNoFailureOfTheSession) {
+TEST(LoadSession, AMissingSampleIsNoFailureOfTheSession) {
     SetInstrument i;
     std::filesystem::remove(i.Folder / "a.wav");
     EXPECT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path())));
@@ -177,7 +177,7 @@ TEST(LoadSession, ASampleThatIsGoneIsNoFailureOfTheSession) {
     EXPECT_NE(i.s.Run[3].Loaded, False);
 }
 
-TEST(LoadSession, ASampleThatCannotBeLoadedLeavesTheOneOfBeforeSilentOrTheLoopTrackBlank) {
+TEST(LoadSession, ASampleThatCannotBeLoadedLeavesThePreviousOneSilentOrTheLoopTrackBlank) {
     for (const int emptyBlank : {0, 1}) {
         SCOPED_TRACE(emptyBlank);
         SetInstrument i;
@@ -191,7 +191,7 @@ TEST(LoadSession, ASampleThatCannotBeLoadedLeavesTheOneOfBeforeSilentOrTheLoopTr
     }
 }
 
-TEST(LoadSession, AnEmptyFileNameLeavesTheLoopTrackUnlessEmptyBlankClearsIt) {
+TEST(LoadSession, AnEmptyFileNameLeavesTheLoopTrackUnchangedUnlessEmptyBlankClearsIt) {
     SetInstrument i;
     i.Fill(1, "/samples/mine.WAV");
     ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path())));
@@ -209,7 +209,7 @@ TEST(LoadSession, APackageMovedToAnotherFolderKeepsWorking) {
     TempFolder moved;
     for (const char* name : {"a.wav", "c.wav", "d.wav"}) WriteBytes(moved / name, "x");
     WriteBytes(moved / "set.mvp", GoldenSession("C:\\somewhere\\else"));
-    ASSERT_TRUE(LoadSession(i.s, moved / "set.mvp", false, All(), false));
+    ASSERT_TRUE(LoadSession(i.s, moved / "set.mvp", SetAsCurrent::No, All(), AdoptSwitches::No));
     EXPECT_TRUE(i.Desk.Boxes.empty());
     EXPECT_EQ(i.s.Set[0].FileName, moved.Path() + "/a.wav");
     EXPECT_EQ(i.s.Set[3].FileName, moved.Path() + "/d.wav");
@@ -244,7 +244,7 @@ TEST(LoadSession, APackageNeverRestoresTheFoldersOfTheBins) {
     EXPECT_EQ(i.s.Bins[0].Destination, 5);
 }
 
-TEST(LoadSession, ABinWhoseFolderIsGoneFallsBackToTheProgramsFolder) {
+TEST(LoadSession, ABinWhoseFolderIsMissingFallsBackToTheProgramsFolder) {
     SetInstrument i;
     ASSERT_TRUE(i.LoadBytes(FileOf([](Bytes& b) { PutPickLists(b, {"/nowhere/1", "/nowhere/2", "/nowhere/3"}); })));
     EXPECT_EQ(i.s.Bins[0].Folder, i.Folder.Path());
@@ -299,8 +299,8 @@ TEST(LoadSession, ASwitchTableWithFewerKeysLoadsWithTheMissingOnesOff) {
     b.TagI32(2).TagText("Freq").TagBool(true).TagText("Unknown").TagBool(true);
     PutLoops(b, {GoldenLoop{}});
     WriteBytes(i.Folder / "old.mvn", b.TagText("END").Str());
-    ASSERT_TRUE(LoadSession(i.s, i.Folder / "old.mvn", false, All(), true));
-    EXPECT_EQ(i.s.SaveOpenSwitches[0], Only(Element::Freq));
+    ASSERT_TRUE(LoadSession(i.s, i.Folder / "old.mvn", SetAsCurrent::No, All(), AdoptSwitches::Yes));
+    EXPECT_EQ(i.s.SaveOpenSwitches[kWhenSaving], Only(Element::Freq));
     EXPECT_EQ(i.s.Set[0].Hz, 1234);
     EXPECT_EQ(i.s.Set[0].Vol, 500);
 }
@@ -325,7 +325,7 @@ TEST(LoadSession, TheLimitOfAFileThinsAtOnce) {
     EXPECT_NE(i.s.Run[2].Playing, False);
 }
 
-TEST(LoadSession, EachControlWhoseSettingCameIsShownAgain) {
+TEST(LoadSession, EachControlWhoseSettingIsAppliedIsShownAgain) {
     SetInstrument i;
     ASSERT_TRUE(i.LoadBytes(FileOf([](Bytes& b) { PutSettings(b); })));
     for (const char* shown :
@@ -337,7 +337,7 @@ TEST(LoadSession, EachControlWhoseSettingCameIsShownAgain) {
     EXPECT_EQ(few.Screen.Count("ShowOptions"), 1);
 }
 
-TEST(LoadSession, ABinIsShownWithItsFolderAndOnceMoreWithItsAutoPlay) {
+TEST(LoadSession, ABinIsShownWithItsFolderAndAgainWithItsAutoPlay) {
     SetInstrument i;
     i.s.Bins[1].ClickPlay = 1;
     ASSERT_TRUE(i.LoadBytes(FileOf([&](Bytes& b) {
@@ -368,7 +368,7 @@ TEST(LoadSession, TheSettingsOfALoopTrackThatSoundsAreHeardAtOnce) {
     }
 }
 
-TEST(LoadSession, OpeningTheSameSessionTwiceDoublesTheClipsTheSecondSetNumbered) {
+TEST(LoadSession, OpeningTheSameSessionTwiceDoublesTheClipsAndNumbersTheSecondOnes) {
     SetInstrument i;
     const std::string bytes = GoldenSession(i.Folder.Path());
     ASSERT_TRUE(i.LoadBytes(bytes));
@@ -408,7 +408,7 @@ TEST(LoadSession, TheDriverIsOnlyShownAndNoDeviceIsOpened) {
     EXPECT_EQ(i.Sound.Count("DirectSoundCreate"), 0);
 }
 
-TEST(LoadSession, JoystickAssignmentsAreTakenWhileAJoystickIsInUse) {
+TEST(LoadSession, JoystickAssignmentsAreAppliedOnlyWhileAJoystickIsInUse) {
     SetInstrument i;
     i.s.JoyEnabled = true;
     ASSERT_TRUE(i.LoadBytes(FileOf([](Bytes& b) { PutSettings(b); })));
@@ -419,7 +419,7 @@ TEST(LoadSession, JoystickAssignmentsAreTakenWhileAJoystickIsInUse) {
     EXPECT_FALSE(i.s.Joy.Refreshing);
 }
 
-TEST(LoadSession, ThreeDIsSwitchedBeforeTheLoopTracksCome) {
+TEST(LoadSession, ThreeDIsSwitchedBeforeTheLoopTracksAreLoaded) {
     SetInstrument i;
     GoldenLoop loop;
     loop.FileName = i.Folder / "a.wav";
@@ -449,11 +449,11 @@ TEST(LoadSession, WithNoneEverySectionIsReadAndNothingIsApplied) {
     SetInstrument i;
     WriteBytes(i.Folder / "x.mvn", GoldenSession(i.Folder.Path()));
     const std::string before = (i.Save("before.mvn"), ReadBytes(i.Folder / "before.mvn"));
-    ASSERT_TRUE(LoadSession(i.s, i.Folder / "x.mvn", true, clsSwitchRecord{}, true));
+    ASSERT_TRUE(LoadSession(i.s, i.Folder / "x.mvn", SetAsCurrent::Yes, clsSwitchRecord{}, AdoptSwitches::Yes));
     const std::string after = (i.Save("after.mvn"), ReadBytes(i.Folder / "after.mvn"));
     EXPECT_EQ(before, after);
     EXPECT_EQ(i.s.Title, "marvolin-x.mvn");
-    EXPECT_EQ(i.s.SaveOpenSwitches[0], All());
+    EXPECT_EQ(i.s.SaveOpenSwitches[kWhenSaving], All());
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ TEST(SaveSession, WritesTheBytesOfTheFormat) {
     i.s.JoyEnabled = true;
     const std::string golden = GoldenSession(i.Folder.Path());
     ASSERT_TRUE(i.LoadBytes(golden));
-    // What a load leaves alone or takes from the sample is set by hand.
+    // A load leaves these unchanged or takes them from the sample; the test sets them.
     i.s.BandTable[1] = {1, 2, 0, True};
     for (Row row = 0; row < kLoopTracks; ++row) {
         LoopTrackSet& set = i.s.Set[row];
@@ -56,7 +56,7 @@ TEST(SaveSession, WritesTheBytesOfTheFormat) {
     EXPECT_EQ(ReadBytes(i.Folder / "out.mvn"), expected);
 }
 
-TEST(SaveSession, RoundTripsKeepEveryByteOfEveryFieldAlsoOfValuesThatNoGestureMakes) {
+TEST(SaveSession, KeepsEveryByteOfEveryFieldAlsoOfValuesThatNoGestureMakes) {
     TempFolder folder;
     GoldenLoop wild;
     wild.FileName = "\xFF\x01 \"q\"";
@@ -87,11 +87,11 @@ TEST(SaveSession, ALoadedFileSavedAgainIsTheSameFile) {
     ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path())));
     ASSERT_TRUE(i.Save("one.mvn", AllBut(Element::ClipBoard)));
     SetInstrument other;
-    ASSERT_TRUE(LoadSession(other.s, i.Folder / "one.mvn", false, All(), false));
+    ASSERT_TRUE(LoadSession(other.s, i.Folder / "one.mvn", SetAsCurrent::No, All(), AdoptSwitches::No));
     other.s.BandTable = i.s.BandTable;
     for (Row row = 0; row < kLoopTracks; ++row) other.s.Set[row].Selected = i.s.Set[row].Selected;
     other.s.Joy.Button = i.s.Joy.Button;
-    ASSERT_TRUE(SaveSession(other.s, i.Folder / "two.mvn", false, AllBut(Element::ClipBoard)));
+    ASSERT_TRUE(SaveSession(other.s, i.Folder / "two.mvn", LoopsSaved::All, AllBut(Element::ClipBoard)));
     EXPECT_EQ(ReadBytes(i.Folder / "one.mvn"), ReadBytes(i.Folder / "two.mvn"));
 }
 
@@ -108,7 +108,7 @@ TEST(SaveSession, TheHeaderIsFiftyBytes) {
 TEST(SaveSession, WithNothingSelectedAndSelectionsOnlyTheFileHoldsNoLoopTrackAndIsValid) {
     SetInstrument i;
     clsSwitchRecord switches = Only(Element::HistoryLists);
-    ASSERT_TRUE(i.Save("x.mvn", switches, true));
+    ASSERT_TRUE(i.Save("x.mvn", switches, LoopsSaved::SelectionsOnly));
     Bytes b;
     PutHeader(b);
     b.TagI32(16);
@@ -118,16 +118,16 @@ TEST(SaveSession, WithNothingSelectedAndSelectionsOnlyTheFileHoldsNoLoopTrackAnd
     EXPECT_TRUE(i.Load("x.mvn"));
 }
 
-TEST(SaveSession, ASelectionIsPutBackIntoTheSlotsItCameFrom) {
+TEST(SaveSession, ASelectionIsRestoredInTheSlotsFromWhichItWasSaved) {
     SetInstrument i;
     i.Select(1);
     i.Select(3);
     i.s.Set[1].Hz = 111;
     i.s.Set[3].Hz = 333;
     i.s.Set[2].Hz = 222;
-    ASSERT_TRUE(i.Save("x.mvn", All(), true));
+    ASSERT_TRUE(i.Save("x.mvn", All(), LoopsSaved::SelectionsOnly));
     SetInstrument other;
-    ASSERT_TRUE(LoadSession(other.s, i.Folder / "x.mvn", false, All(), false));
+    ASSERT_TRUE(LoadSession(other.s, i.Folder / "x.mvn", SetAsCurrent::No, All(), AdoptSwitches::No));
     EXPECT_EQ(other.s.Set[1].Hz, 111);
     EXPECT_EQ(other.s.Set[3].Hz, 333);
     EXPECT_EQ(other.s.Set[2].Hz, 1000);
@@ -149,7 +149,7 @@ TEST(SaveSession, APackageCopiesTheSamplesOfLoadedLoopTracksAndKeepsTheirPaths) 
     TempFolder package;
     i.Fill(0, i.Folder / "a.wav");
     i.s.Set[1].FileName = i.Folder / "b.wav";
-    ASSERT_TRUE(SaveSession(i.s, package / "set.mvp", false, All()));
+    ASSERT_TRUE(SaveSession(i.s, package / "set.mvp", LoopsSaved::All, All()));
     EXPECT_EQ(ReadBytes(package / "a.wav"), "a.wav");
     EXPECT_FALSE(std::filesystem::exists(package / "b.wav"));
     EXPECT_NE(ReadBytes(package / "set.mvp").find(i.Folder / "a.wav"), std::string::npos);
@@ -162,7 +162,7 @@ TEST(SaveSession, TwoSamplesOfOneNameOverwriteEachOtherInAPackageAndTheLaterWins
     WriteBytes(other / "a.wav", "later");
     i.Fill(0, i.Folder / "a.wav");
     i.Fill(2, other / "a.wav");
-    ASSERT_TRUE(SaveSession(i.s, package / "set.mvp", false, All()));
+    ASSERT_TRUE(SaveSession(i.s, package / "set.mvp", LoopsSaved::All, All()));
     EXPECT_EQ(ReadBytes(package / "a.wav"), "later");
     EXPECT_TRUE(i.Desk.Boxes.empty());
 }
@@ -175,16 +175,16 @@ TEST(SaveSession, ASampleThatIsItsOwnCopySurvives) {
     EXPECT_EQ(ReadBytes(i.Folder / "a.wav"), "a.wav");
 }
 
-TEST(SaveSession, ASampleThatIsGoneFailsThePackageInTheToldWords) {
+TEST(SaveSession, AMissingSampleFailsThePackageWithAMessage) {
     SetInstrument i;
     TempFolder package;
     i.Fill(0, "/nowhere/gone.wav");
-    EXPECT_FALSE(SaveSession(i.s, package / "set.mvp", false, All()));
+    EXPECT_FALSE(SaveSession(i.s, package / "set.mvp", LoopsSaved::All, All()));
     EXPECT_EQ(i.Desk.LastBox(), "Error Saving File not found");
     EXPECT_TRUE(std::filesystem::exists(package / "set.mvp"));
 }
 
-TEST(SaveSession, KeepsTheSetOfBeforeUnderATilde) {
+TEST(SaveSession, KeepsThePreviousSetUnderATilde) {
     SetInstrument i;
     WriteBytes(i.Folder / "x.mvn", "before");
     WriteBytes(i.Folder / "x.mvn~", "long before");
@@ -223,7 +223,7 @@ TEST(SaveSession, InAReadOnlyFolderTheOldFileStaysAsItWas) {
     if (user == 0) {
         ASSERT_EQ(::seteuid(kNobody), 0);
     }
-    const bool saved = SaveSession(i.s, folder + "/x.mvn", false, All());
+    const bool saved = SaveSession(i.s, folder + "/x.mvn", LoopsSaved::All, All());
     if (user == 0) {
         ASSERT_EQ(::seteuid(user), 0);
     }
@@ -248,7 +248,7 @@ TEST(SaveSession, WhenNoNewFileCanBeMadeTheOldOneKeepsItsName) {
     EXPECT_FALSE(std::filesystem::exists(i.Folder / "x.mvn~"));
 }
 
-TEST(SaveSession, AFullDiskLeavesThePartialFileAndTheSetOfBefore) {
+TEST(SaveSession, AFullDiskLeavesThePartialFileAndThePreviousSet) {
     SetInstrument i;
     WriteBytes(i.Folder / "x.mvn", "before");
     rlimit before{};
@@ -265,7 +265,7 @@ TEST(SaveSession, AFullDiskLeavesThePartialFileAndTheSetOfBefore) {
     EXPECT_EQ(ReadBytes(i.Folder / "x.mvn~"), "before");
 }
 
-TEST(SaveSession, AnEmptyClipBoardIsTheCountNull) {
+TEST(SaveSession, AnEmptyClipBoardIsWrittenAsTheCountZero) {
     SetInstrument i;
     ASSERT_TRUE(i.Save("x.mvn", Only(Element::ClipBoard)));
     EXPECT_TRUE(ReadBytes(i.Folder / "x.mvn").ends_with(Bytes().TagText("ClipBoard").I16(0).TagText("END").Str()));
@@ -282,7 +282,7 @@ TEST(SaveSession, EveryElementChosenAloneWritesItsOwnSection) {
         SCOPED_TRACE(one.Tag);
         SetInstrument i;
         ASSERT_TRUE(i.Save("x.mvn", Only(one.Switch)));
-        // Behind the switch table, which names some of the tags too.
+        // After the switch table, which names some of the tags too.
         Bytes head;
         PutHeader(head);
         PutSwitches(head);

@@ -13,11 +13,7 @@
 
 namespace marvolin::test {
 
-inline clsSwitchRecord All() {
-    clsSwitchRecord switches;
-    switches.SetSwitch(true);
-    return switches;
-}
+inline clsSwitchRecord All() { return AllSwitches(); }
 inline clsSwitchRecord Only(Element element) {
     clsSwitchRecord switches;
     switches.Put(element, true);
@@ -44,11 +40,11 @@ struct SetInstrument : Instrument {
         s.StatusText.clear();
         Screen.Log.clear();
     }
-    bool Save(const std::string& name, const clsSwitchRecord& switches = All(), bool selectionsOnly = false) {
-        return SaveSession(s, Folder / name, selectionsOnly, switches);
+    bool Save(const std::string& name, const clsSwitchRecord& switches = All(), LoopsSaved loops = LoopsSaved::All) {
+        return SaveSession(s, Folder / name, loops, switches);
     }
     bool Load(const std::string& name, const clsSwitchRecord& switches = All()) {
-        return LoadSession(s, Folder / name, false, switches, false);
+        return LoadSession(s, Folder / name, SetAsCurrent::No, switches, AdoptSwitches::No);
     }
     bool LoadBytes(const std::string& bytes, const clsSwitchRecord& switches = All()) {
         WriteBytes(Folder / "given.mvn", bytes);

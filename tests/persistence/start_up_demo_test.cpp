@@ -9,7 +9,7 @@ namespace {
 
 using namespace test;
 
-/// A tick of the countdown; the timer may be dropped in it.
+/// A tick of the countdown, in which the timer may be destroyed.
 void Tick(SetInstrument& i) {
     const auto tick = i.Timers.Live.at(0)->OnTick;
     tick(3000);
@@ -28,7 +28,7 @@ TEST(StartUpDemo, WithBothFilesPresentOnlyTheDemoLoads) {
     EXPECT_EQ(i.Screen.Count("ShowQuickLoad"), 1);
 }
 
-TEST(StartUpDemo, AFailedDemoStartsNoneAndThePreferencesStayUnread) {
+TEST(StartUpDemo, AFailedLoadStartsNoDemoAndThePreferencesStayUnread) {
     SetInstrument i;
     WriteBytes(i.Folder / "startup.mvp", "");
     WriteBytes(i.Folder / "preferences.mvn", "");
@@ -54,7 +54,7 @@ TEST(StartUpDemo, WithNeitherFileTheInstrumentStartsEmpty) {
     EXPECT_TRUE(i.Store.Log.empty());
 }
 
-TEST(StartUpDemo, BCAndDFadeOneAfterTheOtherAndThenTheQuestionComes) {
+TEST(StartUpDemo, BCAndDFadeOneAfterTheOtherAndThenTheQuestionIsShown) {
     SetInstrument i;
     WriteBytes(i.Folder / "startup.mvp", "");
     LoadStartUpContent(i.s);
@@ -76,7 +76,7 @@ TEST(StartUpDemo, BCAndDFadeOneAfterTheOtherAndThenTheQuestionComes) {
     EXPECT_EQ(i.Forms.Log.back(), "Show StartUpQuery");
 }
 
-TEST(StartUpDemo, ASplashThatIsGoneDoesNotStopTheDemo) {
+TEST(StartUpDemo, ASplashThatIsAlreadyClosedDoesNotStopTheDemo) {
     SetInstrument i;
     WriteBytes(i.Folder / "startup.mvp", "");
     LoadStartUpContent(i.s);
@@ -85,7 +85,7 @@ TEST(StartUpDemo, ASplashThatIsGoneDoesNotStopTheDemo) {
     EXPECT_EQ(i.s.DemoStep, 2);
 }
 
-TEST(StartUpQuery, NoRenamesTheDemoAwayAndTellsHowToGetItBack) {
+TEST(StartUpQuery, NoRenamesTheDemoAndShowsHowToReenableIt) {
     SetInstrument i;
     i.Forms.Loaded.insert(Form::StartUpQuery);
     WriteBytes(i.Folder / "startup.mvp", "demo");
@@ -115,7 +115,7 @@ TEST(StartUpQuery, YesChangesNothing) {
     EXPECT_TRUE(i.Desk.Boxes.empty());
 }
 
-TEST(StartUpQuery, WithoutAHelpFileItRaisesNothing) {
+TEST(StartUpQuery, WithoutAHelpFileNothingIsShown) {
     SetInstrument i;
     i.s.HelpFile = i.Folder / "marvolin.chm";
     i.Desk.HelpFails = true;
@@ -124,7 +124,7 @@ TEST(StartUpQuery, WithoutAHelpFileItRaisesNothing) {
     EXPECT_FALSE(i.s.HelpShown);
 }
 
-TEST(StartUpQuery, BringsUpItsHelpPageAndNotesIt) {
+TEST(StartUpQuery, ShowsItsHelpPageAndSetsHelpShown) {
     SetInstrument i;
     i.s.HelpFile = i.Folder / "marvolin.chm";
     WriteBytes(i.Folder / "marvolin.chm", "");

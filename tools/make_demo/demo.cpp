@@ -102,11 +102,9 @@ std::string WriteDemo(const std::string& programFolder) {
         s.History[row].clear();
     }
 
-    clsSwitchRecord all;
-    all.SetSwitch(true);
     std::error_code none;
     fs::remove(target, none);  // an older demo is no session of the player's that needs a backup
-    if (!world.Store.SaveSession(s, target, false, all)) {
+    if (!world.Store.SaveSession(s, target, LoopsSaved::All, AllSwitches())) {
         return world.Desk.Boxes.empty() ? "the demo was not saved" : world.Desk.Boxes.back();
     }
     return world.Desk.Boxes.empty() ? "" : world.Desk.Boxes.back();
