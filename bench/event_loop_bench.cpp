@@ -211,7 +211,7 @@ struct Program {
 
     /// True when it is running, its window shown.
     bool Start() {
-        Windows.Attach(s, {[] {}, [this] { FormQueryUnload(s); }, {}, {}, {}});
+        Windows.Attach(s, {[] {}, [this] { Form_QueryUnload(s); }, {}, {}, {}});
         const StartUpHooks hooks{nullptr, [](Session& session) {
                                      PadGeometryInit(session, TabMixPad::InnerWidth(), TabMixPad::InnerHeight());
                                  }};

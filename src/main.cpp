@@ -31,7 +31,7 @@ int main(int argc, char** argv) {
 
     const StartUpHooks hooks{nullptr,
                              [](Session& s) { PadGeometryInit(s, TabMixPad::InnerWidth(), TabMixPad::InnerHeight()); }};
-    windows.Attach(session, {[&] { FormActivate(session); }, [&] { FormQueryUnload(session); },
+    windows.Attach(session, {[&] { Form_Activate(session); }, [&] { Form_QueryUnload(session); },
                              [&](char letter, bool shift, bool control, bool alt) {
                                  Form_KeyUp(session, letter,
                                             (shift ? kShiftKey : 0) | (control ? kCtrlKey : 0) | (alt ? kAltKey : 0));

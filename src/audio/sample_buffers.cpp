@@ -52,7 +52,7 @@ void ReleaseBuffer(Session& s, Row row) {
 
 DirectSoundBuffer& BufferOf(Session& s, Row row) {
     DirectSoundBuffer* buffer = s.Run[row].Buffer.get();
-    if (buffer == nullptr) throw RuntimeError(91, "Object variable or With block variable not set");
+    if (buffer == nullptr) throw NoObjectError();
     return *buffer;
 }
 

@@ -19,7 +19,7 @@ int LoopDuplicateBuffer(Session& s, Row row, Row source);
 /// Releases the row's buffer. The sample stays in memory as long as a duplicate needs it.
 void ReleaseBuffer(Session& s, Row row);
 
-/// The row's buffer. Raises `RuntimeError` 91 when the row has none.
+/// The row's buffer. Raises `NoObjectError` when the row has none.
 DirectSoundBuffer& BufferOf(Session& s, Row row);
 
 }  // namespace marvolin

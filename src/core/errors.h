@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// The errors that a routine may raise to the trap of its caller.
+/// The errors that a routine raises to the trap of its caller.
 
 #include <cstdint>
 #include <stdexcept>
@@ -29,6 +29,12 @@ public:
 class OverflowError : public RuntimeError {
 public:
     OverflowError() : RuntimeError(6, "Overflow") {}
+};
+
+/// An object is used that was never made, or has gone (number 91).
+class NoObjectError : public RuntimeError {
+public:
+    NoObjectError() : RuntimeError(91, "Object variable or With block variable not set") {}
 };
 
 /// The audio service refuses an operation. The number is one of those that `DSErrorText` names.

@@ -27,7 +27,7 @@ void Form_KeyUp(Session& s, int key, int shift) {
     if ((shift & (kShiftKey | kCtrlKey | kAltKey)) == 0) {
         Play_MouseUp(s, row, kLeftButton);
     } else if (row < kRows) {
-        // There is nothing to fade beyond the tables, and no trap that would tell of it.
+        // Out of range: ignored, as no trap would report the subscript error.
         LoopSetFadeGang(s, row, FadeOf(shift), kOwnBand);
     }
 }

@@ -12,7 +12,7 @@ namespace marvolin {
 namespace {
 
 void HideWindow(Session& s) { s.World.Forms.Hide(Form::Main); }
-void TellUnloading(Session& s) { ShowStatus(s, "Unloading..."); }
+void ShowUnloading(Session& s) { ShowStatus(s, "Unloading..."); }
 
 void Disable(const std::unique_ptr<PeriodicTimer>& timer) {
     if (timer) timer->SetEnabled(false);
@@ -33,13 +33,12 @@ void DropScriptTimer(Session& s) { s.ScriptTimer.reset(); }
 
 void ReleaseDirectX(Session& s) { s.DX.reset(); }
 
-// A form that was never made, or that has gone already, is none to unload.
+// The player may have closed the form already, or never opened it.
 void UnloadIfLoaded(Session& s, Form form) {
-    constexpr std::uint32_t kNotLoaded = 91;
     try {
         s.World.Forms.Unload(form);
-    } catch (const RuntimeError& e) {
-        if (e.Number() != kNotLoaded) throw;
+    } catch (const NoObjectError&) {
+        return;
     }
 }
 void UnloadSave(Session& s) { UnloadIfLoaded(s, Form::Save); }
@@ -48,17 +47,17 @@ void UnloadBrowser(Session& s) { UnloadIfLoaded(s, Form::Browse); }
 void UnloadSplash(Session& s) { UnloadIfLoaded(s, Form::Splash); }
 void UnloadStartUpQuery(Session& s) { s.World.Forms.Unload(Form::StartUpQuery); }
 
-enum class OnError : std::uint8_t { Tell, Ignore };
+enum class OnError : std::uint8_t { Report, Ignore };
 
 struct Step {
     const char* context;
     void (*action)(Session& s);
-    OnError onError = OnError::Tell;
+    OnError onError = OnError::Report;
 };
 
 constexpr std::array<Step, 20> kShutDown{{
     {"", HideWindow},
-    {"", TellUnloading},
+    {"", ShowUnloading},
     {"disabling loop timer", DisableLoopTimer},
     {"disabling loop timer", DropLoopTimer},
     {"disabling fade timer", DisableFadeTimer},
@@ -79,19 +78,19 @@ constexpr std::array<Step, 20> kShutDown{{
     {"unloading forms", UnloadStartUpQuery, OnError::Ignore},
 }};
 
-void TellError(Session& s, const Step& step, const RuntimeError& e) {
+void ReportError(Session& s, const Step& step, const RuntimeError& e) {
     s.World.Desk.MessageBox(std::string("Shutdown error while ") + step.context + "; " + e.what() + " #" +
                             std::to_string(e.Number()));
 }
 
 }  // namespace
 
-void FormQueryUnload(Session& s) {
+void Form_QueryUnload(Session& s) {
     for (const Step& step : kShutDown) {
         try {
             step.action(s);
         } catch (const RuntimeError& e) {
-            if (step.onError == OnError::Tell) TellError(s, step, e);
+            if (step.onError == OnError::Report) ReportError(s, step, e);
         }
     }
 }

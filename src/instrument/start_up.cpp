@@ -7,6 +7,7 @@
 #include "core/busy_pointer.h"
 #include "core/files/paths.h"
 #include "core/routines.h"
+#include "instrument/init_main_form.h"
 #include "performance/joystick/joystick_setup.h"
 #include "persistence/start_up_demo.h"
 #include "sequencing/patterns.h"
@@ -15,7 +16,7 @@ namespace marvolin {
 
 namespace {
 
-constexpr double kMarginRight = 100;  // twips between the main window and the end of the work area
+constexpr double kMarginRight = 100;  // twips from the main window to the right edge of the work area
 
 void WarnOfFewColours(Session& s) {
     if (std::ldexp(1.0, s.World.Desk.BitsPerPixel()) > kFewColours) return;
@@ -30,7 +31,7 @@ void OpenFirstDevice(Session& s) {
     s.DeviceSwapArmed = true;
 }
 
-// At the right end of the work area, half way down. Where the window now stands.
+/// Moves the main window to the right edge of the work area, half way down, and returns its new place.
 TwipRect PlaceMainWindow(Session& s) {
     TwipRect main = s.World.Forms.Place(Form::Main);
     main.Left = s.WorkArea.Right - main.Width - kMarginRight;
@@ -39,7 +40,7 @@ TwipRect PlaceMainWindow(Session& s) {
     return main;
 }
 
-// At the left end of the work area, its top in line with the main window's.
+// At the left edge of the work area, its top aligned with the main window's.
 void OpenBrowser(Session& s, const TwipRect& main) {
     s.World.Forms.Show(Form::Browse);
     s.World.Forms.Move(Form::Browse, s.WorkArea.Left, main.Top);
@@ -61,7 +62,7 @@ bool RunMain(Session& s, const StartUpHooks& hooks) {
         s.World.Forms.Load(Form::Splash);
         if (!CreateDirectX(s)) return false;
         s.World.Forms.Load(Form::Main);
-        return FormLoad(s, hooks);
+        return Form_Load(s, hooks);
     } catch (const RuntimeError& e) {
         s.World.Desk.MessageBox(std::string("Error loading main: ") + e.what());
         return false;
@@ -80,7 +81,7 @@ bool CreateDirectX(Session& s) {
     }
 }
 
-bool FormLoad(Session& s, const StartUpHooks& hooks) {
+bool Form_Load(Session& s, const StartUpHooks& hooks) {
     WarnOfFewColours(s);
     s.World.Forms.EnablePadBalls(false);
     s.World.Chance.SeedFromClock();
@@ -88,20 +89,20 @@ bool FormLoad(Session& s, const StartUpHooks& hooks) {
         const BusyPointer busy(s.World.Desk);
         InitAudioDriversList(s);
         OpenFirstDevice(s);
-        if (!InitMainForm(s, hooks)) return false;
+        if (!InitMainForm(s, hooks.InitPadGeometry)) return false;
         InitPatternTables(s);
         InitDirectInput(s);
-        // A joystick service that refuses has unloaded the main window, and with it the session is shut down.
+        // A joystick service that refuses has unloaded the main window and so shut the session down.
         if (!s.DX) return false;
         s.FirstActivate = true;
         s.World.Forms.Show(Form::Main);
     }
-    ShowReadout(s, "");  // what the setting of the defaults has left there
+    ShowReadout(s, "");  // the setters of the defaults have left a value there
     ShowStatus(s, "Ready.");
     return true;
 }
 
-void FormActivate(Session& s) {
+void Form_Activate(Session& s) {
     if (!s.FirstActivate) return;
     s.HelpShown = false;
     s.HelpFile = JoinPath(s.World.Desk.ProgramFolder(), "Help/marvolin.chm");

@@ -52,7 +52,7 @@ TEST(Keyboard, EAndZActAsRowFour) {
     }
 }
 
-TEST(Keyboard, FQuietlyDoesNothing) {
+TEST(Keyboard, FDoesNothingWithoutAMessage) {
     Keys i;
     Form_KeyUp(i.s, 'F', kNoShift);
     EXPECT_THAT(i.Sound.Log, IsEmpty());
@@ -60,7 +60,7 @@ TEST(Keyboard, FQuietlyDoesNothing) {
     EXPECT_EQ(i.s.Run[5].Playing, False);
 }
 
-TEST(Keyboard, GToPEndInTheBoxOfTheButton) {
+TEST(Keyboard, GToPShowTheErrorBoxOfThePlayButton) {
     for (int key = 'G'; key <= 'P'; ++key) {
         Keys i;
         Form_KeyUp(i.s, key, kNoShift);
@@ -82,7 +82,7 @@ TEST(Keyboard, OtherKeysAreIgnored) {
     for (Row row = 0; row < kLoopTracks; ++row) EXPECT_EQ(i.s.Run[row].FadeState, kNoFade);
 }
 
-TEST(Keyboard, ShiftFadesUpCtrlDownAndAltTheOtherWay) {
+TEST(Keyboard, ShiftFadesUpCtrlDownAndAltInTheOtherDirection) {
     const struct {
         int shift;
         std::int16_t vol;
@@ -100,7 +100,7 @@ TEST(Keyboard, ShiftFadesUpCtrlDownAndAltTheOtherWay) {
     }
 }
 
-TEST(Keyboard, AFadeOfRowFourReachesTheControlledRows) {
+TEST(Keyboard, AFadeOfRowFourActsOnTheControlledRows) {
     for (const int key : {'E', 'Z'}) {
         Keys i;
         i.Select(0);

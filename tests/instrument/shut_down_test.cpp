@@ -23,11 +23,11 @@ struct Running : Instrument {
     }
 };
 
-TEST(ShutDown, TakesTheInstrumentDownInOrder) {
+TEST(ShutDown, ShutsTheInstrumentDownInOrder) {
     Running i;
     i.Fill(1);
     i.s.ProcedureFlags.fill(-1);
-    FormQueryUnload(i.s);
+    Form_QueryUnload(i.s);
     EXPECT_THAT(i.Forms.Log, ElementsAre("Hide Main", "Unload Save", "AllowBrowserToClose", "Unload Browse",
                                          "Unload Splash", "Unload StartUpQuery"));
     EXPECT_THAT(i.Desk.Log, ElementsAre("CloseWindowTitled Marvolin Help"));
@@ -43,29 +43,29 @@ TEST(ShutDown, TakesTheInstrumentDownInOrder) {
 TEST(ShutDown, SavesNothing) {
     Running i;
     i.Fill(0);
-    FormQueryUnload(i.s);
+    Form_QueryUnload(i.s);
     EXPECT_THAT(i.Store.Log, IsEmpty());
 }
 
-TEST(ShutDown, AnErrorWhileDisablingATimerIsToldAndTheNextStepsRun) {
+TEST(ShutDown, AnErrorWhileDisablingATimerIsReportedAndTheNextStepsRun) {
     Running i;
     i.Timers.FailDisable = true;
-    FormQueryUnload(i.s);
-    std::vector<std::string> told;
-    for (const auto& box : i.Desk.Boxes) told.push_back(box.Text);
-    EXPECT_THAT(told, ElementsAre("Shutdown error while disabling loop timer; Invalid procedure call #5",
-                                  "Shutdown error while disabling fade timer; Invalid procedure call #5",
-                                  "Shutdown error while disabling joystick timer; Invalid procedure call #5",
-                                  "Shutdown error while deleting script timer; Invalid procedure call #5"));
+    Form_QueryUnload(i.s);
+    std::vector<std::string> shown;
+    for (const auto& box : i.Desk.Boxes) shown.push_back(box.Text);
+    EXPECT_THAT(shown, ElementsAre("Shutdown error while disabling loop timer; Invalid procedure call #5",
+                                   "Shutdown error while disabling fade timer; Invalid procedure call #5",
+                                   "Shutdown error while disabling joystick timer; Invalid procedure call #5",
+                                   "Shutdown error while deleting script timer; Invalid procedure call #5"));
     EXPECT_TRUE(i.Timers.Live.empty());
     EXPECT_EQ(i.s.DX, nullptr);
     EXPECT_EQ(i.Forms.Log.back(), "Unload StartUpQuery");
 }
 
-TEST(ShutDown, AnErrorBeforeTheFirstContextHasNoneToTell) {
+TEST(ShutDown, AnErrorBeforeTheFirstContextIsReportedWithoutOne) {
     Running i;
     i.Forms.HideFails = true;
-    FormQueryUnload(i.s);
+    Form_QueryUnload(i.s);
     EXPECT_EQ(i.Desk.LastBox(), "Shutdown error while ; Invalid procedure call #5");
     EXPECT_EQ(i.s.StatusText, "Unloading...");
     EXPECT_TRUE(i.Timers.Live.empty());
@@ -74,23 +74,23 @@ TEST(ShutDown, AnErrorBeforeTheFirstContextHasNoneToTell) {
 TEST(ShutDown, WithoutAJoystickItsTimerIsNotTouched) {
     Running i;
     i.s.JoyEnabled = false;
-    FormQueryUnload(i.s);
+    Form_QueryUnload(i.s);
     EXPECT_EQ(i.Timers.Live.size(), 1U);
 }
 
-TEST(ShutDown, FormsThatHaveGoneAlreadyAreNoError) {
+TEST(ShutDown, FormsThatAreAlreadyUnloadedAreNoError) {
     Running i;
     i.Forms.Loaded.clear();
-    FormQueryUnload(i.s);
+    Form_QueryUnload(i.s);
     EXPECT_TRUE(i.Desk.Boxes.empty());
     EXPECT_EQ(i.Forms.Log.back(), "Unload StartUpQuery");
 }
 
-TEST(ShutDown, ASessionWithoutTimersOrDeviceGoesQuietly) {
+TEST(ShutDown, ASessionWithoutTimersOrDeviceShutsDownWithoutAMessage) {
     Instrument i;
     i.s.DS.reset();
     i.s.DSReady = false;
-    FormQueryUnload(i.s);
+    Form_QueryUnload(i.s);
     EXPECT_TRUE(i.Desk.Boxes.empty());
 }
 

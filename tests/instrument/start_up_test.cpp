@@ -21,7 +21,7 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-/// A program that has not started yet; `Order` notes what the hooks saw.
+/// A program that has not started yet. `Order` lists the hooks that were called.
 struct Program : Instrument {
     std::vector<std::string> Order;
     StartUpHooks Hooks;
@@ -55,7 +55,7 @@ TEST(RunMain, BringsTheProgramUpInOrder) {
     EXPECT_TRUE(i.Chance.Seeded);
 }
 
-TEST(RunMain, AMissingComponentEndsItBeforeAnythingElse) {
+TEST(RunMain, AMissingComponentEndsTheProgramBeforeAnythingElse) {
     Program i;
     i.Hooks.CheckComponents = [] { return false; };
     EXPECT_FALSE(i.Start());
@@ -72,7 +72,7 @@ TEST(RunMain, ASecondStartExitsSilently) {
     EXPECT_EQ(i.s.DX, nullptr);
 }
 
-TEST(RunMain, AMissingAudioServiceIsToldAndEndsIt) {
+TEST(RunMain, AMissingAudioServiceIsReportedAndEndsTheProgram) {
     Program i;
     i.s.World.CreateDirectX7 = []() -> std::unique_ptr<DirectX7> { throw RuntimeError(429, "no such object"); };
     EXPECT_FALSE(i.Start());
@@ -83,7 +83,7 @@ TEST(RunMain, AMissingAudioServiceIsToldAndEndsIt) {
     EXPECT_THAT(i.Forms.Log, ElementsAre("Load Splash"));
 }
 
-TEST(RunMain, AnErrorIsToldWithItsDescription) {
+TEST(RunMain, AnErrorIsShownWithItsDescription) {
     Program i;
     i.Hooks.InitPadGeometry = [](Session&) { throw RuntimeError(75, "Path/File access error"); };
     EXPECT_FALSE(i.Start());
@@ -91,7 +91,7 @@ TEST(RunMain, AnErrorIsToldWithItsDescription) {
     EXPECT_FALSE(i.Desk.Busy);
 }
 
-TEST(RunMain, AnErrorOfTheComponentCheckIsNotItsOwn) {
+TEST(RunMain, AnErrorOfTheComponentCheckIsNotTrapped) {
     Program i;
     i.Hooks.CheckComponents = []() -> bool { throw RuntimeError(1, "x"); };
     EXPECT_THROW(i.Start(), RuntimeError);
@@ -134,7 +134,7 @@ TEST(FormLoad, ADeviceThatRefusesDoesNotStopTheRest) {
     EXPECT_THAT(i.Forms.Log, Contains("Show Main"));
 }
 
-TEST(FormLoad, WithoutAJoystickItGoesOnWithoutItsTimer) {
+TEST(FormLoad, WithoutAJoystickTheStartGoesOnWithoutItsTimer) {
     Program i;
     i.Stick.Devices.clear();
     EXPECT_TRUE(i.Start());
@@ -146,7 +146,7 @@ TEST(FormLoad, WithoutAJoystickItGoesOnWithoutItsTimer) {
 TEST(FormLoad, AJoystickServiceThatRefusesEndsTheProgram) {
     Program i;
     i.s.World.CreateDirectInput = []() -> std::unique_ptr<DirectInput> { throw RuntimeError(429, "none"); };
-    i.Desk.OnUnload = [&] { FormQueryUnload(i.s); };
+    i.Desk.OnUnload = [&] { Form_QueryUnload(i.s); };
     EXPECT_FALSE(i.Start());
     EXPECT_EQ(i.Desk.LastBox(), "Error initializing DirectInput.");
     EXPECT_THAT(i.Desk.Log, Contains("UnloadMainWindow"));
@@ -155,7 +155,7 @@ TEST(FormLoad, AJoystickServiceThatRefusesEndsTheProgram) {
     EXPECT_FALSE(i.s.FirstActivate);
 }
 
-TEST(InitMainForm, WithoutTimersItTellsAndEndsTheProgramAtOnce) {
+TEST(InitMainForm, WithoutTimersItShowsAMessageAndEndsTheProgramAtOnce) {
     Program i;
     i.Timers.Fail = true;
     EXPECT_FALSE(i.Start());
@@ -165,7 +165,7 @@ TEST(InitMainForm, WithoutTimersItTellsAndEndsTheProgramAtOnce) {
     EXPECT_THAT(i.Stick.Log, IsEmpty());
 }
 
-TEST(InitMainForm, MakesTheTwoTimersAndSwitchesThemOn) {
+TEST(InitMainForm, MakesTheTwoTimersAndEnablesThem) {
     Program i;
     i.Stick.Devices.clear();
     i.Start();
@@ -189,7 +189,7 @@ TEST(InitMainForm, MakesTheTwoTimersAndSwitchesThemOn) {
 
 TEST(InitMainForm, SetsTheModelToItsDefaults) {
     Program i;
-    // As left by another life.
+    // Nothing is at its default.
     Session& s = i.s;
     for (Row row = 0; row < kRows; ++row) {
         LoopTrackSet& set = s.Set[row];
@@ -265,10 +265,8 @@ TEST(InitMainForm, SetsTheModelToItsDefaults) {
     EXPECT_EQ(s.ChannelPan[0], 500);
     EXPECT_EQ(s.ChannelHz[1], 1000);
     EXPECT_EQ(s.CurrentFolder, "/nowhere/marvolin/");
-    clsSwitchRecord all;
-    all.SetSwitch(true);
-    EXPECT_EQ(s.SaveOpenSwitches[0], all);
-    EXPECT_EQ(s.SaveOpenSwitches[1], all);
+    EXPECT_EQ(s.SaveOpenSwitches[kWhenSaving], AllSwitches());
+    EXPECT_EQ(s.SaveOpenSwitches[kWhenOpening], AllSwitches());
 }
 
 TEST(InitMainForm, TheGangIsReadyOnceTheRowsAreSet) {
@@ -300,25 +298,25 @@ TEST(FormActivate, DoesItsWorkOnceInOrder) {
     i.Desk.Area = {0, 0, 1280, 770};
     i.Forms.OtherPlaces[Form::Splash] = {0, 0, 5600, 3100};
     i.s.HelpShown = true;
-    FormActivate(i.s);
+    Form_Activate(i.s);
     EXPECT_FALSE(i.s.HelpShown);
     EXPECT_EQ(i.s.HelpFile, "/nowhere/marvolin/Help/marvolin.chm");
     EXPECT_EQ(i.s.WorkArea.Right, 19200);
-    // 19200 - 15600 - 100 and (11550 - 11100) / 2; the splash in its middle
+    // Left is 19200 - 15600 - 100, top (11550 - 11100) / 2; the splash is centred over the main window.
     EXPECT_THAT(i.Forms.Log, ElementsAre("EnablePadBalls", "Move Main 3500,225", "Show Browse", "Move Browse 0,225",
                                          "Move Splash 8500,4225", "Show Splash"));
     i.Forms.Log.clear();
-    FormActivate(i.s);
+    Form_Activate(i.s);
     EXPECT_THAT(i.Forms.Log, IsEmpty());
     EXPECT_FALSE(i.s.FirstActivate);
 }
 
-TEST(FormActivate, TheWorkAreaNeedNotBeginAtTheCorner) {
+TEST(FormActivate, PlacesTheWindowsInAWorkAreaThatBeginsElsewhere) {
     Program i;
     i.Start();
     i.Forms.Log.clear();
     i.Desk.Area = {100, 40, 1380, 840};
-    FormActivate(i.s);
+    Form_Activate(i.s);
     EXPECT_THAT(i.Forms.Log, Contains("Move Main 5000,1050"));
     EXPECT_THAT(i.Forms.Log, Contains("Move Browse 1500,1050"));
 }
@@ -326,7 +324,7 @@ TEST(FormActivate, TheWorkAreaNeedNotBeginAtTheCorner) {
 TEST(FormActivate, WithNoStartUpContentTheInstrumentStartsEmptyWithItsDefaults) {
     Program i;
     i.Start();
-    FormActivate(i.s);
+    Form_Activate(i.s);
     for (Row row = 0; row < kLoopTracks; ++row) {
         EXPECT_EQ(i.s.Run[row].Loaded, False);
         EXPECT_EQ(i.s.Set[row].FileName, "");
@@ -343,7 +341,7 @@ TEST(FormActivate, LoadsTheStartUpPackageAndStartsItsCountDownOrElseThePreferenc
     Program preferences;
     preferences.Desk.Folder = folder.Path();
     preferences.Start();
-    FormActivate(preferences.s);
+    Form_Activate(preferences.s);
     EXPECT_THAT(preferences.Store.Log, ElementsAre("Load " + folder.In("preferences.mvn") + " everything"));
     EXPECT_EQ(preferences.s.StartUpDemoCountDown, nullptr);
     EXPECT_EQ(preferences.s.DemoStep, 0);
@@ -352,7 +350,7 @@ TEST(FormActivate, LoadsTheStartUpPackageAndStartsItsCountDownOrElseThePreferenc
     Program demo;
     demo.Desk.Folder = folder.Path();
     demo.Start();
-    FormActivate(demo.s);
+    Form_Activate(demo.s);
     EXPECT_THAT(demo.Store.Log, ElementsAre("Load " + folder.In("startup.mvp") + " everything"));
     EXPECT_EQ(demo.s.DemoStep, 1);
     ASSERT_NE(demo.s.StartUpDemoCountDown, nullptr);
@@ -365,24 +363,24 @@ TEST(FormActivate, AMissingHelpFileIsNoErrorAtTheStart) {
     Program i;
     i.Desk.HelpFails = true;
     i.Start();
-    FormActivate(i.s);
+    Form_Activate(i.s);
     EXPECT_FALSE(i.s.HelpFile.empty());
     EXPECT_TRUE(i.Desk.Boxes.empty());
 }
 
 TEST(FormActivate, BeforeTheMainWindowIsLoadedDoesNothing) {
     Program i;
-    FormActivate(i.s);
+    Form_Activate(i.s);
     EXPECT_THAT(i.Order, IsEmpty());
     EXPECT_THAT(i.Forms.Log, IsEmpty());
 }
 
-TEST(StartAndEnd, TwoInstrumentsLiveInOneProcess) {
+TEST(StartAndEnd, TwoInstrumentsRunInOneProcess) {
     Program one;
     Program two;
     EXPECT_TRUE(one.Start());
     EXPECT_TRUE(two.Start());
-    FormQueryUnload(one.s);
+    Form_QueryUnload(one.s);
     EXPECT_EQ(one.s.DX, nullptr);
     EXPECT_TRUE(two.s.DSReady);
     EXPECT_TRUE(one.Desk.Boxes.empty());

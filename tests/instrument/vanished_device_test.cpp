@@ -62,7 +62,7 @@ struct Plugged : FakeServices {
 
 constexpr const char* kDrivers[] = {"alsa", "disk"};
 
-TEST(VanishedDevice, TheSessionGoesOnWithoutSoundAndTheNextChoiceBringsItBackWhole) {
+TEST(VanishedDevice, TheSessionGoesOnWithoutSoundAndTheNextChoiceRestoresIt) {
     for (const char* driver : kDrivers) {
         SCOPED_TRACE(driver);
         Plugged i(driver);
@@ -92,7 +92,7 @@ TEST(VanishedDevice, TheSessionGoesOnWithoutSoundAndTheNextChoiceBringsItBackWho
     }
 }
 
-TEST(VanishedDevice, ChosenAgainItIsToldOnceAndTheSessionStaysSilent) {
+TEST(VanishedDevice, ChosenAgainItIsReportedOnceAndTheSessionStaysSilent) {
     for (const char* driver : kDrivers) {
         SCOPED_TRACE(driver);
         Plugged i(driver);

@@ -48,7 +48,7 @@ TEST(Demo, PlaysAtTheStartUntilOnlyTheFirstLoopTrackIsLeft) {
     }
     headless::World world(moved.Path());
     ASSERT_TRUE(world.Started);
-    FormActivate(world.s);
+    Form_Activate(world.s);
     EXPECT_EQ(world.s.DemoStep, 1);
     for (Row row = 0; row < kLoopTracks; ++row) {
         SCOPED_TRACE(row);
@@ -82,7 +82,7 @@ TEST(Demo, EveryBeatBeginsASoundWhileAllFourPlay) {
     ProgramFolder made;
     ASSERT_EQ(made.Failure, "");
     headless::World world(made.Folder.Path());
-    FormActivate(world.s);
+    Form_Activate(world.s);
     std::vector<std::int16_t> sound;
     world.Play(kFirstFade, sound);
     const std::vector<std::int64_t> onsets = stage::Onsets(Sides(sound), -4000, 600, 60);
@@ -96,7 +96,7 @@ TEST(Demo, EveryBeatBeginsASoundWhileAllFourPlay) {
 TEST(Demo, TheDrumLoopTrackRestartsAndTheTrackLoopTrackHasPatterns) {
     ProgramFolder made;
     headless::World world(made.Folder.Path());
-    FormActivate(world.s);
+    Form_Activate(world.s);
     const Session& s = world.s;
     EXPECT_EQ(s.Set[1].PlayMode, kDrum);
     EXPECT_EQ(s.Set[2].PlayMode, kTrack);

@@ -15,8 +15,6 @@ namespace marvolin {
 
 namespace {
 
-constexpr std::uint32_t kNoObject = 91;
-
 int Pixels(double twips) { return static_cast<int>(twips / kTwipsPerPixel); }
 
 }  // namespace
@@ -95,7 +93,7 @@ void QtWindows::Hide(Form form) {
 }
 
 void QtWindows::Unload(Form form) {
-    if (loaded_.erase(form) == 0) throw RuntimeError(kNoObject, "Object variable or With block variable not set");
+    if (loaded_.erase(form) == 0) throw NoObjectError();
     if (form == Form::Splash) Retire(std::move(splash_));
     if (form == Form::StartUpQuery && query_) {
         query_->hide();
