@@ -4,7 +4,7 @@
 
 namespace marvolin {
 
-/// Shows the busy pointer for as long as it lives.
+/// Shows the busy pointer as long as it exists.
 class BusyPointer {
 public:
     explicit BusyPointer(Desktop& desk) : desk_(desk) { desk_.SetBusyPointer(true); }

@@ -1,6 +1,10 @@
 #pragma once
 /// \file
-/// What the instrument asks of the desktop around it.
+/// What the instrument asks of the desktop around it. Behind it stands the toolkit (window/toolkit/qt_desktop.h).
+///
+/// Lengths of the window are twips, 15 to a logical pixel on every screen. `SetCursorPos` and `ClipCursor` do nothing
+/// on a system that does not let programs move the pointer. `ShowHelpTopic` always raises its error, as there is no
+/// help viewer.
 
 #include <cstdint>
 #include <string>
@@ -33,14 +37,17 @@ struct PixelPoint {
 /// The two surfaces on which a ball is dragged.
 enum class Surface : std::uint8_t { Pad, Map };
 
+/// Boxes, pointer, screen, temporary files, help, and the end of the program.
 class Desktop {
 public:
     virtual ~Desktop() = default;
 
-    /// Shows a message box and waits for the answer: true for OK. An empty title shows the program's name.
+    /// Shows a message box and waits for the answer: true for OK. An empty title becomes the program's name.
     virtual bool MessageBox(const std::string& text, const std::string& title, BoxStyle style) = 0;
+    /// A plain box under the program's name.
     bool MessageBox(const std::string& text) { return MessageBox(text, "", BoxStyle::Plain); }
 
+    /// Shows the busy pointer, or the usual one again.
     virtual void SetBusyPointer(bool busy) = 0;
 
     /// Colour depth of the window's device.
@@ -52,33 +59,32 @@ public:
     /// Width of `text` in the main window's font, in twips.
     virtual std::int32_t TextWidth(const std::string& text) = 0;
 
-    /// Where the inner area of a surface begins on the screen (`ClientToScreen` of its origin).
+    /// The top left corner of a surface's inner area on the screen (`ClientToScreen` of its origin).
     virtual PixelPoint SurfaceOrigin(Surface surface) = 0;
-    /// Where the pointer is on the screen.
+    /// Place of the pointer on the screen.
     virtual PixelPoint CursorPos() = 0;
-    /// Puts the pointer there, where the system can.
+    /// Moves the pointer.
     virtual void SetCursorPos(PixelPoint point) = 0;
-    /// Keeps the pointer inside, where the system can.
+    /// Keeps the pointer inside the rectangle.
     virtual void ClipCursor(const PixelRect& rect) = 0;
-    /// Lets the pointer go again.
+    /// Lets the pointer leave the rectangle again.
     virtual void ReleaseCursor() = 0;
 
     /// A new unique file in the system's temporary folder whose name starts with `prefix`; "" on failure.
     virtual std::string TempFileName(const std::string& prefix) = 0;
     /// Folder of the executable, without a separator at its end.
     virtual std::string ProgramFolder() = 0;
-    /// True when this is the first running instance. Holds the claim until the process ends.
+    /// True when no other instance of the program is running. The claim holds until the process ends.
     virtual bool ClaimInstance() = 0;
 
-    /// Tells the active form its help topic and raises the help key. Raises `RuntimeError` when the help file cannot
-    /// be opened.
+    /// Opens the help viewer on `topic`. Raises `RuntimeError` when the help file cannot be opened.
     virtual void ShowHelpTopic(std::int32_t topic) = 0;
     /// Closes the top window with this title, if there is one.
     virtual void CloseWindowTitled(const std::string& title) = 0;
 
-    /// Unloads the main window, which ends the program by way of the shutdown.
+    /// Unloads the main window, which shuts the program down.
     virtual void UnloadMainWindow() = 0;
-    /// Ends the program at once.
+    /// Ends the process at once, without the shutdown.
     virtual void EndProgram() = 0;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 /// \file
 /// What the instrument asks the window to show again. The values are read from the session; nothing here carries them.
+/// Behind it stand the forms (window/toolkit/qt_display.h); a call for a form that is not loaded does nothing.
 
 #include <cstdint>
 
@@ -14,13 +15,13 @@ public:
     virtual ~Display() = default;
 
     // The rows.
-    virtual void ShowPlay(Row row) = 0;          ///< picture of `Play`: stopped, playing, paused
-    virtual void ShowPlayMode(Row row) = 0;      ///< picture of `LoopIt`; row 5 is the large one on the pattern tab
+    virtual void ShowPlay(Row row) = 0;      ///< picture of `Play`: stopped, playing, paused
+    virtual void ShowPlayMode(Row row) = 0;  ///< picture of `LoopIt`; row 5 is the large one on the pattern tab
     virtual void ShowKnob(Row row, Knob knob) = 0;
-    virtual void ShowCaption(Row row) = 0;       ///< letter, sample name wherever it stands, tool tip, thinnable or not
+    virtual void ShowCaption(Row row) = 0;       ///< letter, sample name everywhere, tool tip, thinnable or not
     virtual void ShowEnabled(Row row) = 0;       ///< enabled state of the row's controls
     virtual void ShowSoundDisplay(Row row) = 0;  ///< the two needles of `SndDisp`
-    virtual void ShowWaveform(Row row) = 0;      ///< the sample of the row is another one, or reads otherwise
+    virtual void ShowWaveform(Row row) = 0;      ///< the row holds another sample, or its bytes have changed
     virtual void ShowWire(Row row) = 0;          ///< picture of `ChannelFlag`
     virtual void ShowSelected(Row row) = 0;      ///< the selection flag
     virtual void ShowThumb(Row row) = 0;         ///< picture of `Thumb`: current or not
@@ -38,8 +39,8 @@ public:
     virtual void ShowTitle() = 0;  ///< caption of the main window and the session in `StatusBar2`
 
     // Tab "Ptrn".
-    virtual void ShowSteps() = 0;                        ///< label of `NSteps`, and `StepReadOutTop`
-    virtual void ShowPattern(int patternRow) = 0;        ///< the whole graph
+    virtual void ShowSteps() = 0;                                    ///< label of `NSteps`, and `StepReadOutTop`
+    virtual void ShowPattern(int patternRow) = 0;                    ///< the whole graph
     virtual void ShowPatternColumn(int patternRow, int column) = 0;  ///< column 0 the random one, 1..32 the steps
     virtual void ShowStepMarker() = 0;
     virtual void ShowTime(int group) = 0;  ///< digits and percentage of 0 `StepDuration`, 1 `Swing`, 2 `BeatStart`
@@ -65,9 +66,9 @@ public:
     // Sets and samples.
     virtual void ShowQuickLoad() = 0;
     virtual void ShowQuickLoadList(bool open) = 0;
-    virtual void ShowSaveOpen() = 0;  ///< what `frmSave` shows
-    virtual void ShowBin(int bin) = 0;          ///< folder, list, background
-    virtual void ShowDestinations() = 0;        ///< the nine rows and the choice of all three bins
+    virtual void ShowSaveOpen() = 0;      ///< what `frmSave` shows
+    virtual void ShowBin(int bin) = 0;    ///< folder, list, background
+    virtual void ShowDestinations() = 0;  ///< the nine rows and the choice of all three bins
     virtual void ShowFolderTree(bool open) = 0;
     virtual void ShowClips() = 0;
 };

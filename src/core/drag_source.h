@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// A control on its way to another: what a drop knows of the drag.
+/// What a drop knows about the control that is dragged onto another.
 
 #include <string>
 #include <string_view>
@@ -9,7 +9,7 @@
 
 namespace marvolin {
 
-/// Name of a dragged question mark: a drop of it asks for help, whatever else it might mean.
+/// Name of the dragged question mark. A drop of it asks for help and does nothing else.
 inline constexpr std::string_view kHelpDragName = "ForHelp~~";
 
 /// Tag of a fade drag: a drop fades the two LoopTracks against each other.

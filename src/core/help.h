@@ -13,12 +13,12 @@ namespace marvolin {
 /// Title of the help viewer's window.
 inline constexpr std::string_view kHelpTitle = "Marvolin Help";
 
-/// When a help file is set and `name` is `kHelpDragName`: raises the help key for `topic` and remembers that the viewer
-/// was opened. True when it was. A failure is shown as "Error trying to open help file, " and its description.
+/// When a help file is set and `name` is `kHelpDragName`: opens the help viewer on `topic` and sets `HelpShown`. True
+/// when the viewer was opened. A failure is shown as "Error trying to open help file, " and its description.
 bool ShowHelp(Session& s, std::string_view name, std::int32_t topic);
 
-/// The test that stands first in every drop: true when the question mark was dropped, which then shows the help of
-/// `topic` and asks for nothing else.
+/// The first test of every drop: true when the question mark was dropped. It then shows the help of `topic`, and the
+/// drop does nothing more.
 bool IsHelpDrop(Session& s, const DragSource& source, std::int32_t topic);
 
 /// Closes the help viewer, if it is open.

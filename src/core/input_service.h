@@ -49,6 +49,7 @@ struct JoyPropertyRecord {
     std::int32_t High = 0;    ///< the high end of the range
 };
 
+/// One joystick.
 class DirectInputDevice {
 public:
     virtual ~DirectInputDevice() = default;
@@ -59,18 +60,23 @@ public:
     virtual void GetCapabilities() = 0;
     /// Offsets in the state record of the axes that the device has: 0 `x`, 4 `y`, ... 28 the second slider.
     virtual std::vector<std::int32_t> GetDeviceObjectsEnum() = 0;
+    /// Sets one property. Raises an error for a record of the wrong size or an axis that the device has not.
     virtual void SetProperty(const JoyPropertyRecord& record) = 0;
+    /// Makes the device readable, again after it was unplugged. Raises `kInputLost` when it is unplugged now.
     virtual void Acquire() = 0;
+    /// Brings the state up to date.
     virtual void Poll() = 0;
-    /// Fills `state`. `input_error::kNotAcquired` or `kInputLost` when the device is away.
+    /// Fills `state`. Raises `input_error::kNotAcquired` or `kInputLost` when the device is unplugged.
     virtual void GetDeviceStateJoystick(DIJOYSTATE& state) = 0;
 };
 
+/// The root of the input service.
 class DirectInput {
 public:
     virtual ~DirectInput() = default;
-    /// Identifiers of the attached devices of class 4 (joysticks), in the platform's order.
+    /// Identifiers of the devices of class 4 (joysticks) in the platform's order; `flags` 1 is for those attached.
     virtual std::vector<std::string> GetDIEnumDevices(std::int32_t deviceClass, std::int32_t flags) = 0;
+    /// Opens a device by its identifier. Raises an error when it is no longer attached.
     virtual std::unique_ptr<DirectInputDevice> CreateDevice(const std::string& guid) = 0;
 };
 

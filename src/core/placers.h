@@ -1,22 +1,22 @@
 #pragma once
 /// \file
-/// Placing one control by another. Each moves `control` and keeps its size; gaps and amounts are in twips.
+/// Placing one control relative to another. Each moves `control` and keeps its size; gaps and amounts are in twips.
 
 #include "core/windows.h"
 
 namespace marvolin {
 
-/// Under `other`, left edges in line.
+/// Below `other`, left edges aligned.
 void PlaceBelow(TwipRect& control, const TwipRect& other, double gap);
-/// Under `other`, right edges in line.
+/// Below `other`, right edges aligned.
 void PlaceBelowRight(TwipRect& control, const TwipRect& other, double gap);
-/// Over `other`, left edges in line.
+/// Above `other`, left edges aligned.
 void PlaceAbove(TwipRect& control, const TwipRect& other, double gap);
-/// Over `other`, right edges in line.
+/// Above `other`, right edges aligned.
 void PlaceAboveRight(TwipRect& control, const TwipRect& other, double gap);
-/// To the right of `other`, tops in line.
+/// To the right of `other`, tops aligned.
 void PlaceRightOf(TwipRect& control, const TwipRect& other, double gap);
-/// To the left of `other`, tops in line.
+/// To the left of `other`, tops aligned.
 void PlaceLeftOf(TwipRect& control, const TwipRect& other, double gap);
 void MoveDown(TwipRect& control, double amount);
 void MoveRight(TwipRect& control, double amount);

@@ -1,12 +1,14 @@
 #pragma once
+/// \file
+/// Random numbers. Behind them stands a Mersenne twister (window/toolkit/mersenne_random.h).
 
 namespace marvolin {
 
-/// Where chance comes from.
+/// A source of random numbers.
 class Random {
 public:
     virtual ~Random() = default;
-    /// A uniform number from 0 up to but not including 1.
+    /// A uniform number in [0, 1).
     virtual double Rnd() = 0;
     /// Starts a new sequence from the clock.
     virtual void SeedFromClock() = 0;

@@ -20,7 +20,8 @@ double Round(double x);
 /// `x` to `digits` decimals, ties to the even digit.
 double Round(double x, int digits);
 
-/// `x` rounded as `Round` does, as an integer of its width. Raises `OverflowError` when it does not fit (or is no number).
+/// `x` rounded as `Round` does, as an integer of its width. Raises `OverflowError` when it does not fit (or is no
+/// number).
 std::int16_t ToI2(double x);
 std::int32_t ToI4(double x);
 
@@ -31,7 +32,7 @@ std::int16_t AddI2(std::int16_t a, std::int16_t b);
 void ClampI2(std::int16_t& value, std::int16_t low, std::int16_t high);
 void ClampI4(std::int32_t& value, std::int32_t low, std::int32_t high);
 void ClampR8(double& value, double low, double high);
-/// The same for mixed types, as a result.
+/// The same for mixed types; returns the limited value.
 double ClampVar(double value, double low, double high);
 
 /// The larger; the second when they are equal.
@@ -40,9 +41,9 @@ const T& MaxOf(const T& a, const T& b) {
     return a > b ? a : b;
 }
 
-/// A whole number between 0 and `v` inclusive, on the side of its sign; 0 for 0.
+/// A random whole number between 0 and `v` inclusive, of either sign; 0 for 0.
 std::int16_t PatternRandom(Random& chance, std::int16_t v);
-/// Int(Rnd * (2 * |v| + 1)) - v, for positive `v` a whole number in -v..v; 0 for 0.
+/// Int(Rnd * (2 * |v| + 1)) - v, for positive `v` a random whole number in -v..v; 0 for 0.
 std::int16_t RandomAround(Random& chance, std::int16_t v);
 std::int32_t RandomAround(Random& chance, std::int32_t v);
 /// (v + v) * Rnd - v; 0 when `v` is 0.
@@ -67,15 +68,15 @@ std::string HourMinute(const Session& s);
 /// A new unique file in the system's temporary folder with the prefix "VBN"; "" on failure.
 std::string TempFileName(Session& s);
 
-/// Clears the flags of the gestures of several stages, as a block.
+/// Clears `ProcedureFlags`, the flags of the gestures that have several stages.
 void ClearProcedureFlags(Session& s);
 
 /// Reads the desktop's work area into `WorkArea`, in twips.
 void ReadWorkArea(Session& s);
 
-/// Shows `text` in the first panel of the status bar, only when it differs from what stands there.
+/// Shows `text` in the first panel of the status bar, if it is not shown there already.
 void ShowStatus(Session& s, std::string_view text);
-/// Shows a value beside the hint, only when it differs from what stands there.
+/// Shows a value beside the hint, if it is not shown there already.
 void ShowReadout(Session& s, std::string_view text);
 
 }  // namespace marvolin

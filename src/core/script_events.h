@@ -1,6 +1,7 @@
 #pragma once
 /// \file
-/// The way from the instrument to the procedures of a script.
+/// The way from the instrument to the procedures of a script. Behind it stands `NoScripts`
+/// (window/toolkit/no_scripts.h), in which every call does nothing, as no script engine is built in.
 
 #include <array>
 #include <cstdint>
@@ -12,7 +13,7 @@
 
 namespace marvolin {
 
-/// The nine events, in the order of `EventWanted`.
+/// The nine events, by their index in `EventWanted`.
 enum class ScriptEvent : std::uint8_t {
     OnVolChange,
     OnPitchChange,
@@ -28,14 +29,14 @@ inline constexpr int kScriptEvents = 9;
 
 /// Names of the events, by their number.
 inline constexpr std::array<std::string_view, kScriptEvents> kScriptEventNames{
-    "OnVolChange",   "OnPitchChange",    "OnPanChange",      "OnVolScroll", "OnPitchScroll",
-    "OnPanScroll",   "OnPositionScroll", "OnPositionChange", "OnClock"};
+    "OnVolChange", "OnPitchChange",    "OnPanChange",      "OnVolScroll", "OnPitchScroll",
+    "OnPanScroll", "OnPositionScroll", "OnPositionChange", "OnClock"};
 
 /// Calls the procedures that a script defines.
 class ScriptEvents {
 public:
     virtual ~ScriptEvents() = default;
-    /// Calls the procedure of `event`. Raises `RuntimeError` when the script fails.
+    /// Calls the procedure named for `event`, if the script defines it. Raises `RuntimeError` when the script fails.
     virtual void Call(ScriptEvent event, std::span<const double> arguments) = 0;
     /// Shows the engine's last error as that of procedure `name`. Never fails.
     virtual void ReportScriptError(std::string_view name) = 0;

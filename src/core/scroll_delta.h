@@ -1,20 +1,22 @@
 #pragma once
+/// \file
+/// Thinning of drag events for scripts.
 
 #include <cstdint>
 
 namespace marvolin {
 
-/// Thins the stream of drag events for the script: every `Sensitivity`-th passes, with the movement summed since the
-/// last that passed.
+/// Thins the stream of drag events for the script: every n-th event passes, with the movement since the previous one
+/// that passed.
 class clsScrollDelta {
 public:
-    /// Sets how many events make one, limited to 1..50000.
+    /// Sets n, limited to 1..50000.
     void ScrollSensitivity(std::int32_t n);
     /// Starts a drag at this value.
     void Reset(double x, double y);
-    /// Counts one event. Sets `send` to true when this one passes: each `Sensitivity`-th, or any with `force`.
+    /// Counts one event. Sets `send` to whether it passes: every n-th one does, and any with `force`.
     void SendScroll(double x, double y, bool force, bool& send);
-    /// Movement since the event that passed before the last.
+    /// Movement between the last two events that passed.
     double DeltaX() const { return deltaX_; }
     double DeltaY() const { return deltaY_; }
 

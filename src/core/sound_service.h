@@ -4,9 +4,9 @@
 ///
 /// The objects are named for the service whose behaviour they promise, whatever library keeps the promise. Behind them
 /// stand OpenAL Soft as the mixer and SDL for the outputs (`audio/openal/`), or a fake in tests. Nothing to do there:
-/// `SetSpeakerConfig` (remembered and read back; the output is stereo), `Play` and `Stop` of the primary buffer (only its
-/// status changes; the mixer always renders), `SetCooperativeLevel` (only decides whether `SetFormat` is allowed), and of
-/// the create flags those for position notification, global focus and the exact position.
+/// `SetSpeakerConfig` (remembered and read back; the output is stereo), `Play` and `Stop` of the primary buffer (only
+/// its status changes; the mixer always renders), `SetCooperativeLevel` (only decides whether `SetFormat` is allowed),
+/// and of the create flags those for position notification, global focus and the exact position.
 ///
 /// Call every operation from the user-interface thread. An operation that fails raises `SoundError` with the service's
 /// number. Volume and pan are hundredths of a decibel, positions are byte offsets into the sample.
@@ -21,13 +21,13 @@ namespace marvolin {
 
 /// Format of a wave, as the service describes it.
 struct WaveFormat {
-    std::int16_t FormatTag = 1;           ///< 1 is PCM
-    std::int16_t Channels = 0;            ///< 1 or 2
-    std::int32_t SamplesPerSec = 0;       ///< Hz
-    std::int16_t BitsPerSample = 0;       ///< 8, 16, 24 or 32
-    std::int16_t BlockAlign = 0;          ///< bytes of one frame
-    std::int32_t AvgBytesPerSec = 0;      ///< bytes per second
-    std::int16_t ExtraSize = 0;           ///< always 0
+    std::int16_t FormatTag = 1;       ///< 1 is PCM
+    std::int16_t Channels = 0;        ///< 1 or 2
+    std::int32_t SamplesPerSec = 0;   ///< Hz
+    std::int16_t BitsPerSample = 0;   ///< 8, 16, 24 or 32
+    std::int16_t BlockAlign = 0;      ///< bytes of one frame
+    std::int32_t AvgBytesPerSec = 0;  ///< bytes per second
+    std::int16_t ExtraSize = 0;       ///< always 0
     friend bool operator==(const WaveFormat&, const WaveFormat&) = default;
 };
 
@@ -69,7 +69,7 @@ public:
     virtual ~DirectSound3DBuffer() = default;
     /// Distance in map units up to which the sound does not get softer.
     virtual void SetMinDistance(float distance) = 0;
-    /// Distance in map units beyond which the sound does not get softer any more.
+    /// Distance in map units beyond which the sound gets no softer.
     virtual void SetMaxDistance(float distance) = 0;
     virtual void SetPosition(const Vector3& position) = 0;
     virtual Vector3 GetPosition() = 0;
@@ -82,7 +82,7 @@ public:
     /// Roll-off factor of all sounds, 0..10; 1 is the natural one, 0 none.
     virtual void SetRolloffFactor(float factor) = 0;
     virtual void SetPosition(const Vector3& position) = 0;
-    /// Where the listener looks and where its crown points. Neither needs unit length.
+    /// Where the listener looks, and where the top of its head points. Neither needs unit length.
     virtual void SetOrientation(const Vector3& front, const Vector3& top) = 0;
 };
 
@@ -100,7 +100,7 @@ public:
     virtual void SetFrequency(std::int32_t hertz) = 0;
     /// `kPlaying` while playing, with `kLooping` added while that playing loops; else 0.
     virtual std::int32_t GetStatus() = 0;
-    /// Play cursor as a byte offset into the sample, for the eye only.
+    /// Play cursor as a byte offset into the sample. Exact enough to show; what is heard runs a little behind.
     virtual std::int32_t GetCurrentPosition() = 0;
     /// Moves the play cursor, also while playing. Taken down to a whole frame.
     /// Beyond the sample: `kInvalidArgument`.
@@ -113,7 +113,7 @@ public:
     virtual void SetVolume(std::int32_t hundredths) = 0;
     /// -10000 (left only)..10000 (right only); `kControlUnavailable` on a buffer without pan control.
     virtual void SetPan(std::int32_t hundredths) = 0;
-    /// Copies sample bytes from byte `start` on out into `data`, as many as both have.
+    /// Copies the sample's bytes from byte `start` on into `data`, as many as both have.
     virtual void ReadBuffer(std::int32_t start, std::span<std::uint8_t> data) = 0;
     /// Copies bytes into the sample from byte `start` on, for this buffer and all duplicates; state and cursors stay.
     virtual void WriteBuffer(std::int32_t start, std::span<const std::uint8_t> data) = 0;
@@ -127,7 +127,7 @@ public:
 class DirectSound {
 public:
     virtual ~DirectSound() = default;
-    /// 2 is the priority level, 1 the normal one. The window is the adapter's business.
+    /// 2 is the priority level, 1 the normal one. Needs no window here.
     virtual void SetCooperativeLevel(std::int32_t level) = 0;
     /// The primary buffer; `flags` is `kPrimary`, with `kControl3D` when 3D is wanted.
     virtual std::unique_ptr<DirectSoundBuffer> CreateSoundBuffer(std::int32_t flags) = 0;
@@ -135,7 +135,7 @@ public:
     /// Anything but PCM of 8, 16, 24 or 32 bits and one or two channels: `kBadFormat`; no memory: `kOutOfMemory`.
     virtual std::unique_ptr<DirectSoundBuffer> CreateSoundBufferFromFile(const std::string& path,
                                                                          std::int32_t flags) = 0;
-    /// A buffer of its own that shares the sample memory of `source`.
+    /// A new buffer that shares the sample memory of `source`, with its own cursor and settings.
     virtual std::unique_ptr<DirectSoundBuffer> DuplicateSoundBuffer(DirectSoundBuffer& source) = 0;
     virtual std::int32_t GetSpeakerConfig() = 0;
     virtual void SetSpeakerConfig(std::int32_t config) = 0;

@@ -1,7 +1,7 @@
 #pragma once
 /// \file
-/// The timing service. Behind it stands the event loop of the window's toolkit (`window/toolkit/qt_timer.cpp`), or ticks by
-/// hand in tests. Nothing to do there: `SetResolution`, because the event loop's timers are always precise.
+/// The timing service. Behind it stands the event loop of the window's toolkit (`window/toolkit/qt_timer.cpp`), or
+/// ticks by hand in tests. Nothing to do there: `SetResolution`, because the event loop's timers are always precise.
 
 #include <cstdint>
 #include <functional>
@@ -9,13 +9,14 @@
 
 namespace marvolin {
 
-/// A periodic tick on the user-interface thread. Off when made; dropping it ends it.
+/// A periodic tick on the user-interface thread. Disabled when made; destroying it ends the ticks.
 ///
-/// Each tick hands over the whole milliseconds really elapsed since the tick before (or since it was switched on); the
-/// fraction is carried to the next tick, so that the sum never drifts.
+/// Each tick passes on the whole milliseconds that have really elapsed since the previous one, or since the timer was
+/// enabled. The fraction is carried to the next tick, so that the sum never drifts.
 class PeriodicTimer {
 public:
     virtual ~PeriodicTimer() = default;
+    /// Time between ticks.
     virtual void SetInterval(std::int32_t milliseconds) = 0;
     /// Fineness in milliseconds that the service should aim at.
     virtual void SetResolution(std::int32_t milliseconds) = 0;
@@ -27,7 +28,7 @@ class TimerFactory {
 public:
     using Tick = std::function<void(std::int32_t milliseconds)>;
     virtual ~TimerFactory() = default;
-    /// Raises `RuntimeError` when the system has no timer to give.
+    /// Makes a timer that calls `tick`. Raises `RuntimeError` when the system has none left.
     [[nodiscard]] virtual std::unique_ptr<PeriodicTimer> Create(Tick tick) = 0;
 };
 

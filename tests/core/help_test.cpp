@@ -12,7 +12,7 @@ using test::Instrument;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-TEST(ShowHelp, RaisesTheHelpKeyForTheTopic) {
+TEST(ShowHelp, OpensTheHelpViewerOnTheTopic) {
     Instrument i;
     i.s.HelpFile = "/p/Help/marvolin.chm";
     EXPECT_TRUE(ShowHelp(i.s, "ForHelp~~", 17));
@@ -30,7 +30,7 @@ TEST(ShowHelp, NeedsAHelpFileAndTheRightName) {
     EXPECT_FALSE(i.s.HelpShown);
 }
 
-TEST(ShowHelp, AFailureIsToldWithItsDescription) {
+TEST(ShowHelp, AFailureIsShownWithItsDescription) {
     Instrument i;
     i.s.HelpFile = "/p/Help/marvolin.chm";
     i.Desk.HelpFails = true;
@@ -39,7 +39,7 @@ TEST(ShowHelp, AFailureIsToldWithItsDescription) {
     EXPECT_FALSE(i.s.HelpShown);
 }
 
-TEST(IsHelpDrop, AnswersByTheTagWhetherOrNotHelpCouldBeShown) {
+TEST(IsHelpDrop, IsTrueForTheTagWhetherOrNotHelpCouldBeShown) {
     Instrument i;
     EXPECT_FALSE(IsHelpDrop(i.s, {"PickFile", 0, ""}, 3));
     EXPECT_TRUE(IsHelpDrop(i.s, {"StatusBar1", 0, "ForHelp~~"}, 3));

@@ -53,7 +53,7 @@ TEST_F(PatternTab, TheLabelAndTheLayoutsFollowTheRecordOfTheCurrentLoop) {
     EXPECT_THAT(i.s.GraphColumns, ElementsAre(16, 16, 16));
 }
 
-TEST_F(PatternTab, OneGraphsRefreshTakesTheMarkersScaleAlongButLeavesLabelAndOtherGraphs) {
+TEST_F(PatternTab, ARefreshOfOneGraphSetsTheMarkersScaleAndLeavesTheLabelAndTheOtherGraphs) {
     PatternsRefresh(i.s);
     i.s.Set[0].NSteps = 9;
     i.Screen.Log.clear();
@@ -74,7 +74,7 @@ TEST_F(PatternTab, TheMarkerMovesOnlyForTheCurrentLoop) {
     EXPECT_THAT(i.Screen.Log, ElementsAre("ShowStepMarker"));
 }
 
-TEST(TimeDigits, SixCharactersOfWhichThePointIsNotShown) {
+TEST(TimeDigits, HaveSixCharactersWithAPointThatNoDigitShows) {
     struct Case {
         double Seconds;
         std::string Text;
@@ -121,7 +121,7 @@ TEST_F(PatternTab, AStepOfThreeSampleLengthsReads300Percent) {
     EXPECT_EQ(Percent(kStepDurationGroup), "300.0%");
 }
 
-TEST_F(PatternTab, PercentagesHaveOneDecimalWithHalvesAwayFromZeroAndNoLimitAbove) {
+TEST_F(PatternTab, PercentagesHaveOneDecimalRoundHalvesUpAndHaveNoUpperLimit) {
     LoopTrackSet& set = i.s.Set[0];
     set.StepDuration = 400;
     set.Swing = 1;  // 0.25 %

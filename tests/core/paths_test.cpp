@@ -9,7 +9,7 @@
 namespace marvolin {
 namespace {
 
-TEST(FileExists, FindsFilesFoldersAndLinksThatLeadNowhere) {
+TEST(FileExists, FindsFilesFoldersAndBrokenLinks) {
     const test::TempFolder folder;
     EXPECT_TRUE(FileExists(folder.Touch("a.WAV")));
     EXPECT_TRUE(FileExists(folder.Path()));
@@ -17,7 +17,7 @@ TEST(FileExists, FindsFilesFoldersAndLinksThatLeadNowhere) {
     EXPECT_TRUE(FileExists(folder.In("link")));
 }
 
-TEST(FileExists, DoesNotFindWhatIsNotThere) {
+TEST(FileExists, DoesNotFindWhatDoesNotExist) {
     const test::TempFolder folder;
     EXPECT_FALSE(FileExists(""));
     EXPECT_FALSE(FileExists(folder.In("a.WAV")));
@@ -52,7 +52,7 @@ TEST(DirExists, ANameThatEndsInAColonIsADrive) {
     EXPECT_FALSE(DriveExists("C:"));
 }
 
-TEST(StripBackslash, TrimsAndTakesOneSeparatorOff) {
+TEST(StripBackslash, TrimsAndRemovesOneSeparator) {
     EXPECT_EQ(StripBackslash("  /a/b/ "), "/a/b");
     EXPECT_EQ(StripBackslash("C:\\a\\\\"), "C:\\a\\");
     EXPECT_EQ(StripBackslash("/a"), "/a");
@@ -104,7 +104,7 @@ TEST(LastPathPart, IsWhatStandsBehindTheLastSeparatorOrColon) {
     EXPECT_EQ(LastPathPart("drums"), "drums");
     EXPECT_EQ(LastPathPart("/"), "");
     EXPECT_EQ(LastPathPart(""), "");
-    // the first two characters, whatever stands before the colon at the end
+    // the first two characters, whatever is in front of the colon at the end
     EXPECT_EQ(LastPathPart("ab:/"), "ab");
 }
 

@@ -37,7 +37,7 @@ TEST(Rounding, TiesGoToTheEvenNumber) {
     EXPECT_EQ(Round(0.375, 2), 0.38);
 }
 
-TEST(Rounding, WhatDoesNotFitIsAnOverflow) {
+TEST(Rounding, AValueThatDoesNotFitIsAnOverflow) {
     EXPECT_EQ(ToI2(32767.4), 32767);
     EXPECT_THROW(ToI2(32767.5), OverflowError);
     EXPECT_EQ(ToI2(-32768.5), -32768);
@@ -50,7 +50,7 @@ TEST(Rounding, WhatDoesNotFitIsAnOverflow) {
     EXPECT_THROW(AddI2(-32000, -769), OverflowError);
 }
 
-TEST(Clamps, LimitInPlaceAndTheLowEndWinsWhenTheyCross) {
+TEST(Clamps, LimitInPlaceAndTheLowEndWinsWhenTheEndsCross) {
     std::int16_t i2 = 7;
     ClampI2(i2, 0, 5);
     EXPECT_EQ(i2, 5);
@@ -74,7 +74,7 @@ TEST(MaxOf, GivesTheSecondWhenTheyAreEqual) {
     EXPECT_EQ(MaxOf(4, 5), 5);
 }
 
-TEST(PatternRandom, LiesBetweenZeroAndItsArgumentOnEitherSide) {
+TEST(PatternRandom, LiesBetweenZeroAndItsArgumentOfEitherSign) {
     for (const std::int16_t v : std::initializer_list<std::int16_t>{3, -3}) {
         FakeRandom chance;
         std::set<int> drawn;
@@ -92,7 +92,7 @@ TEST(PatternRandom, OfZeroIsZeroWithoutADraw) {
     EXPECT_EQ(chance.Draws, 0);
 }
 
-TEST(PatternRandom, HoldsAtTheEndsOfItsWidth) {
+TEST(PatternRandom, WorksWithTheSmallestAndTheLargestInteger) {
     FakeRandom chance;
     chance.Rest = kAlmostOne;
     EXPECT_EQ(PatternRandom(chance, 32767), 32767);
@@ -200,7 +200,7 @@ TEST(ClearProcedureFlags, ClearsAllNine) {
     EXPECT_THAT(i.s.ProcedureFlags, ElementsAre(0, 0, 0, 0, 0, 0, 0, 0, 0));
 }
 
-TEST(ShowStatus, WritesOnlyWhatDiffers) {
+TEST(ShowStatus, ShowsATextOnlyWhenItChanges) {
     Instrument i;
     ShowStatus(i.s, "hint");
     ShowStatus(i.s, "hint");

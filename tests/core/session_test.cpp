@@ -30,7 +30,7 @@ TEST(Session, StartsWithTheDefaultsOfALoopTrack) {
     }
 }
 
-TEST(Session, StartsWithTheFirstBandOfAllAndTheOthersEmpty) {
+TEST(Session, StartsWithAFirstBandOfAllLoopTracksAndTheOthersEmpty) {
     Instrument i;
     EXPECT_EQ(i.s.BandTable[0].First, 0);
     EXPECT_EQ(i.s.BandTable[0].Last, 3);
@@ -57,7 +57,7 @@ TEST(IsControlled, RowFourIsNeverControlledEvenWhenEverythingIsSelected) {
     EXPECT_TRUE(IsControlled(i.s, 3));
 }
 
-TEST(IsControlled, ASelectedRowCountsOnlyWhileTheSelectionIsInControl) {
+TEST(IsControlled, ASelectedRowCountsOnlyWhileTheSelectionIsControlled) {
     Instrument i;
     i.Select(2);
     EXPECT_TRUE(IsControlled(i.s, 2));

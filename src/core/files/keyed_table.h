@@ -14,15 +14,15 @@
 
 namespace marvolin {
 
+/// A table of values by key that keeps the order of insertion.
 class KeyedTable {
 public:
     using Pair = std::pair<std::string, TaggedValue>;
 
-    /// Adds a pair at the end; a key that is there already takes the new value in its old place.
+    /// Adds a pair at the end. For an existing key replaces the value and keeps its place.
     void Put(const std::string& key, TaggedValue value);
     /// The value of a key; null when the table has no such key.
     const TaggedValue* Find(const std::string& key) const;
-    bool Exists(const std::string& key) const { return Find(key) != nullptr; }
     const std::vector<Pair>& Pairs() const { return pairs_; }
 
 private:

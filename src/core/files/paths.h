@@ -1,12 +1,12 @@
 #pragma once
 /// \file
-/// Paths as text. Both "/" and "\" are taken as separators; "/" is written.
+/// Paths as text. Both "/" and "\" are read as separators; "/" is written.
 
 #include <string>
 
 namespace marvolin {
 
-/// True if a directory entry of this name exists: a file, a folder, or a link that leads nowhere.
+/// True if a directory entry of this name exists: a file, a folder, or a link, also a broken one.
 bool FileExists(const std::string& path);
 /// True if the path, without a separator at its end, is a folder. A name that ends in ":" is a drive.
 bool DirExists(const std::string& path);

@@ -69,7 +69,7 @@ RecordWriter::RecordWriter(const std::string& path)
 
 RecordWriter::~RecordWriter() {
     if (file_ < 0) return;
-    // Reached only on the way out of a failure: what can still be written stays beside the older file.
+    // Reached only after a failure: what can still be written stays in the partial file.
     try {
         Flush();
     } catch (const RuntimeError&) {
@@ -172,7 +172,7 @@ void RecordReader::Get(void* target, std::size_t bytes) {
 
 std::uint64_t RecordReader::GetBits(std::size_t bytes) {
     std::array<std::uint8_t, 8> raw{};
-    // Nearly always the value lies whole in the buffer, which never holds more than the file.
+    // The usual case: the whole value is in the buffer.
     if (bytes <= buffer_.size() - at_ && bytes <= left_) {
         std::memcpy(raw.data(), buffer_.data() + at_, bytes);
         at_ += bytes;

@@ -16,10 +16,10 @@
 
 namespace marvolin {
 
-/// The error of a file operation that ended with this `errno`.
+/// Raises the error for a file operation that failed with this `errno`.
 [[noreturn]] void RaiseFileError(int systemError);
 
-/// Writes a new file, or one that is emptied first.
+/// Writes a new file. An existing one is emptied first.
 class RecordWriter {
 public:
     explicit RecordWriter(const std::string& path);
@@ -38,7 +38,7 @@ public:
     /// Type code, then the value.
     void PutTagged(const TaggedValue& value);
     void PutTagged(std::string_view text) { PutTagged(TaggedValue(std::string(text))); }
-    /// Ends the file. Until then a failure of the disk may still be to come.
+    /// Writes what is still in memory and closes the file. Until then a failure of the disk can still occur.
     void Close();
 
 private:
@@ -48,10 +48,10 @@ private:
     std::vector<char> buffer_;
 };
 
-/// Reads a file as untrusted bytes: no length or count is believed beyond what is left of the file.
+/// Reads a file as untrusted bytes: a length or a count beyond the rest of the file is refused.
 class RecordReader {
 public:
-    /// Only a plain file opens; anything else is "Path/File access error" (75).
+    /// Opens plain files only; anything else is "Path/File access error" (75).
     explicit RecordReader(const std::string& path);
     ~RecordReader();
     RecordReader(const RecordReader&) = delete;
@@ -68,8 +68,8 @@ public:
     std::string GetBytes(std::size_t count);
     /// An unknown type code is "Type mismatch" (13).
     TaggedValue GetTagged();
-    /// A count of items of which each takes at least `itemBytes`: "Bad record length" when it is negative, "Input past
-    /// end of file" when what is left of the file cannot hold so many.
+    /// Checks a count of items of at least `itemBytes` each and returns it: "Bad record length" when it is negative,
+    /// "Input past end of file" when the rest of the file cannot hold that many.
     std::int32_t CheckedCount(std::int32_t count, std::size_t itemBytes) const;
     /// Bytes not yet read.
     std::uint64_t Left() const { return left_; }

@@ -10,7 +10,7 @@
 
 namespace marvolin {
 
-/// A truth value as it stands in a file, so that it is told from an Integer.
+/// A truth value of a file; a type of its own, to be distinct from an Integer.
 struct TaggedBoolean {
     Boolean Value = False;
     friend bool operator==(const TaggedBoolean&, const TaggedBoolean&) = default;
@@ -26,7 +26,7 @@ std::int16_t AsInteger(const TaggedValue& value);
 double AsNumber(const TaggedValue& value);
 /// The value as a text, numbers in their plain form.
 std::string AsText(const TaggedValue& value);
-/// The truth of the value: any number but 0; a text has none and gives false.
+/// True for any number but 0; false for a text.
 bool AsTruth(const TaggedValue& value);
 
 }  // namespace marvolin

@@ -1,13 +1,13 @@
 #pragma once
 /// \file
-/// Which rows a command reaches.
+/// Which rows a command acts on.
 
 #include "core/session.h"
 
 namespace marvolin {
 
-/// The only test of membership in the controlled set: false for row 4; else selected while the selection is in control,
-/// or in a band that is.
+/// The only test of membership in the controlled set: false for row 4; otherwise true for a selected row while the
+/// selection is controlled, and for a row in a controlled band.
 inline bool IsControlled(const Session& s, Row row) {
     if (row == kSelectionRow) return false;
     return (s.Set[row].Selected != False && s.SelectionControlled) || s.BandTable[s.Run[row].Band].Controlled != False;
@@ -21,15 +21,15 @@ void ForControlled(Session& s, Act act) {
     }
 }
 
-/// Runs `act(row)` from `First` to `Last` of a row of `BandTable`, in rising order; an empty band does nothing.
+/// Runs `act(row)` from `First` to `Last` of a row of `BandTable`, in rising order. Does nothing for an empty band.
 template <typename Act>
 void ForBand(Session& s, std::int16_t band, Act act) {
     const Band run = s.BandTable[band];
     for (Row row = run.First; row <= run.Last; ++row) act(row);
 }
 
-/// The grouping of the gang setters: row 4, once `GangReady`, reaches the controlled rows and then itself; a row in a
-/// band reaches the whole band; any other row itself.
+/// The grouping of the gang setters. Row 4, once `GangReady`, stands for the controlled rows and then itself; a row
+/// that is operated as a member of a band stands for the whole band; any other row for itself.
 template <typename Act>
 void ForGang(Session& s, Row row, Act act) {
     if (row == kSelectionRow && s.GangReady) {

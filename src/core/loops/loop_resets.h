@@ -6,10 +6,11 @@
 
 namespace marvolin {
 
-/// Fills a pattern row with its default, its spread with the range's minimum, and sets the row back to four steps.
+/// Fills pattern row `patternRow` of LoopTrack `row` with its default and its spread with the minimum of the range, and
+/// sets the LoopTrack to four steps.
 void PatternReset(Session& s, Row row, int patternRow);
 
-/// Clears fade, step and step timing of a row and shows its step again.
+/// Clears fade, step, step timing and `PlayRequest` of a row and shows its step again.
 void ResetLoopClock(Session& s, Row row);
 
 }  // namespace marvolin

@@ -57,13 +57,13 @@ struct LoopTrackRun {
     Boolean FadeToMark = False;    ///< the fade runs to a mark that stays on the sound display
     std::int16_t Step = 0;         ///< current pattern step, 0..`NSteps`
     std::int32_t StepElapsed = 0;  ///< milliseconds counted towards the next step
-    std::int16_t PlayRequest = 0;  ///< argument of the last `LoopPlay`; kept and cleared, consulted by nothing
+    std::int16_t PlayRequest = 0;  ///< argument of the last `LoopPlay`; read by nothing
     Boolean StepDue = False;       ///< a step boundary was reached; consumed by `LoopStep`
     Boolean InBand = False;        ///< operated as a member of a band
     std::int16_t Band = 0;         ///< row of `BandTable` it belongs to
 };
 
-/// A run of neighbouring LoopTracks. `First` > `Last` is an empty band: every walk over it does nothing.
+/// A run of neighbouring LoopTracks. `First` > `Last` is an empty band: a walk over it does nothing.
 struct Band {
     std::int16_t First = 5;
     std::int16_t Last = 3;

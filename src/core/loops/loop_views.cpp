@@ -64,7 +64,7 @@ void ShowStep(Session& s, Row row) {
 std::string TimeDigitsText(double seconds) {
     std::array<char, 400> text{};
     const int length = std::snprintf(text.data(), text.size(), "%06.2f", seconds);
-    // The digits stand on the last six characters: what a group has no digit for falls away.
+    // The last six characters: a group has no digits for thousands.
     return text.data() + (length - kTimeCharacters);
 }
 
@@ -82,7 +82,7 @@ void ShowStepDuration(Session& s) {
 void ShowSwing(Session& s) {
     LoopTrackSet& loop = s.Set[s.CurrentLoop];
     ClampI4(loop.Swing, 0, kLongestTime);
-    // A step of no length (a file may hold one) counts as the shortest, as `ShowStepDuration` would make it.
+    // A step of no length, as from a file, counts as the shortest one, to which `ShowStepDuration` limits it.
     const std::int32_t step = std::max(loop.StepDuration, std::int32_t{1});
     ShowTime(s, kSwingGroup, loop.Swing / 100.0, PercentText(static_cast<double>(loop.Swing) / step));
 }

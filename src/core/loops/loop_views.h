@@ -1,7 +1,7 @@
 #pragma once
 /// \file
-/// The views of `CurrentLoop` on the pattern tab: graphs, step marker, timing read-outs. They stand on the lowest floor
-/// since nearly every change of a LoopTrack refreshes them.
+/// The views of `CurrentLoop` on the pattern tab: graphs, step marker, timing read-outs. They are part of the core
+/// because nearly every change of a LoopTrack refreshes them.
 
 #include <string>
 
@@ -11,7 +11,7 @@ namespace marvolin {
 
 /// Lays out the graph of `patternRow` for `columns` step columns.
 void PatternSetSteps(Session& s, int patternRow, int columns);
-/// Makes the graph of `patternRow` show the record of `CurrentLoop`.
+/// Shows the pattern `patternRow` of `CurrentLoop` in its graph.
 void PatternRefresh(Session& s, int patternRow);
 /// Shows all of the pattern tab again, if it is open: steps, graphs, marker, timing, large play mode picture.
 void PatternsRefresh(Session& s);
@@ -20,10 +20,10 @@ void ShowStep(Session& s, Row row);
 
 /// Digits of a group of the timing read-outs: hundredths to hundreds of seconds.
 inline constexpr int kDigitsAGroup = 5;
-/// Groups of the timing read-outs, by the order of the digits.
+/// Groups of the timing read-outs.
 enum TimeGroup : int { kStepDurationGroup = 0, kSwingGroup = 1, kBeatStartGroup = 2 };
 
-/// `seconds` as the six characters "000.00" that a group of digits shows; thousands fall away.
+/// `seconds` as the six characters "000.00" that a group of digits shows; it has none for thousands.
 std::string TimeDigitsText(double seconds);
 /// Character that digit `k` of a group shows: 0 hundredths, 1 tenths, 2 units, 3 tens, 4 hundreds of seconds.
 char TimeDigitChar(const std::string& text, int digit);

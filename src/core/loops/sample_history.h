@@ -8,7 +8,7 @@
 
 namespace marvolin {
 
-/// Puts a path in front of the row's history, unless it is there already; 20 entries for rows 0..3, 100 for row 4.
+/// Puts a path in front of the row's history, unless the history has it already. Rows 0..3 keep 20 paths, row 4 100.
 void HistoryAdd(Session& s, Row row, const std::string& path);
 
 }  // namespace marvolin
