@@ -44,6 +44,14 @@ TEST_F(PatternTab, NothingIsRefreshedWhileAnotherTabIsOpen) {
     EXPECT_EQ(i.s.Set[0].StepDuration, 0) << "the clock works with whatever is stored";
 }
 
+TEST_F(PatternTab, NStepsOfThreeMeansFourSteps) {
+    i.s.Set[0].NSteps = 3;
+    i.s.StepsShown = 0;
+    PatternsRefresh(i.s);
+    EXPECT_EQ(i.s.StepsShown, 4);
+    EXPECT_THAT(i.s.GraphColumns, ElementsAre(4, 4, 4));
+}
+
 TEST_F(PatternTab, TheLabelAndTheLayoutsFollowTheRecordOfTheCurrentLoop) {
     i.s.Set[2].NSteps = 15;
     i.s.CurrentLoop = 2;
