@@ -16,11 +16,22 @@ const Tree& Sources() {
     return sources;
 }
 
+TEST(Shape, AFolderHoldsAtMostTwentyFiveSubjects) { EXPECT_THAT(FoldersTooFull(Sources(), 25), IsEmpty()); }
+
+TEST(Shape, FilesAreShort) {
+    EXPECT_LT(MedianLines(Sources()), 60);
+    EXPECT_THAT(FilesTooLong(Sources(), 300), IsEmpty());
+}
+
 TEST(Shape, NoFunctionIsLongerThanFiftyLines) {
     std::size_t functions = 0;
     for (const auto& [file, text] : Sources()) functions += FunctionsOf(text).size();
     EXPECT_GT(functions, 1000U);
     EXPECT_THAT(FunctionsTooLong(Sources(), 50), IsEmpty());
+}
+
+TEST(Shape, AHeaderIsImplementedInTheSourceOfItsName) {
+    EXPECT_THAT(HeadersImplementedElsewhere(Sources()), IsEmpty());
 }
 
 TEST(ShapeCheck, AHeaderAndItsSourceAreOneSubject) {
