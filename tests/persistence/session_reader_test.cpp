@@ -222,7 +222,7 @@ TEST(LoadSession, APackageFromAnotherSystemFindsASampleWhoseExtensionIsSpelledOt
     TempFolder moved;
     std::filesystem::copy_file(i.Folder / "set.mvp", moved / "set.mvp");
     const std::string sample = moved.Touch("a.WAV");
-    ASSERT_TRUE(LoadSession(i.s, moved / "set.mvp", false, All(), false));
+    ASSERT_TRUE(LoadSession(i.s, moved / "set.mvp", SetAsCurrent::No, All(), AdoptSwitches::No));
     EXPECT_EQ(i.s.Set[0].FileName, sample);
     EXPECT_TRUE(i.Desk.Boxes.empty());
 }
