@@ -54,7 +54,7 @@ public:
     std::vector<std::string> Keys;  ///< letters released, with "+shift", "+control", "+alt"
     int Activations = 0;
     int Unloads = 0;
-    bool SoundGone = false;  ///< what the window is told of the device
+    bool SoundGone = false;  ///< the answer when the window asks whether the device is gone
     std::unique_ptr<FrmMain> Form;
 
 private:

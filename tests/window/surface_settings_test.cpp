@@ -174,11 +174,11 @@ TEST(JoystickTab, SaysThatNoJoystickWasFound) {
     for (const bool stick : {true, false}) {
         Settings stage(stick);
         stage.OpenJoystick();
-        bool told = false;
+        bool shown = false;
         for (const QLabel* label : stage.At("JoystickPage")->findChildren<QLabel*>()) {
-            told = told || (label->isVisible() && label->text().startsWith("No joystick was found"));
+            shown = shown || (label->isVisible() && label->text().startsWith("No joystick was found"));
         }
-        EXPECT_NE(told, stick);
+        EXPECT_NE(shown, stick);
     }
 }
 
