@@ -24,7 +24,6 @@ void Limiter_Gesture(Session& s, Phase phase, double y) {
             s.Drag.DragOrigin = static_cast<float>(y);
             return;
         case Phase::Move:
-            ShowStatus(s, "drg -/+ to Thin to N Playing LoopTracks");
             if (s.Drag.Dragging != False) ChooseLimit(s, y);
             return;
         case Phase::Up:

@@ -28,14 +28,6 @@ void Release(Session& s, Row row, std::int16_t button) {
     }
 }
 
-enum class Zone : std::uint8_t { Play, None, Stop };
-
-Zone ZoneAt(double y, double height) {
-    if (y < 0 || y > height) return Zone::None;
-    if (y < height * 3 / 8) return Zone::Play;
-    return y >= height * 5 / 8 ? Zone::Stop : Zone::None;
-}
-
 // The LoopTrack that a `LoopIt` stands for: number 5 is the large one of the pattern tab.
 Row LoopItRow(const Session& s, Row row) { return row == kMasterRow ? s.CurrentLoop : row; }
 
@@ -103,26 +95,19 @@ void Play_MouseUp(Session& s, Row row, std::int16_t button) {
     }
 }
 
-void Play_MouseMove(Session& s) { ShowStatus(s, "clk Toggle Play; rtclk Pause"); }
-
-void PlayStop_MouseUp(Session& s, double y, double height) {
-    switch (ZoneAt(y, height)) {
-        case Zone::Play:
-            return PlayAll(s);
-        case Zone::Stop:
-            return StopAll(s);
-        case Zone::None:
-            return;
-    }
+PlayStopZone PlayStopZoneAt(double y, double height) {
+    if (y < 0 || y > height) return PlayStopZone::None;
+    if (y < height * 3 / 8) return PlayStopZone::Play;
+    return y >= height * 5 / 8 ? PlayStopZone::Stop : PlayStopZone::None;
 }
 
-void PlayStop_MouseMove(Session& s, double y, double height) {
-    switch (ZoneAt(y, height)) {
-        case Zone::Play:
-            return ShowStatus(s, "clk Play All Sounds");
-        case Zone::Stop:
-            return ShowStatus(s, "clk Stop All Sounds");
-        case Zone::None:
+void PlayStop_MouseUp(Session& s, double y, double height) {
+    switch (PlayStopZoneAt(y, height)) {
+        case PlayStopZone::Play:
+            return PlayAll(s);
+        case PlayStopZone::Stop:
+            return StopAll(s);
+        case PlayStopZone::None:
             return;
     }
 }
@@ -134,7 +119,6 @@ void LoopIt_Gesture(Session& s, Row row, Phase phase, std::int16_t button, doubl
             return StartModeDrag(s, row, y);
         case Phase::Move:
             if (IsModeDrag(s, row)) ChooseMode(s, y);
-            ShowStatus(s, "drg Play Mode -/+; rtclk Jump to Beginning");
             ShowReadout(s, PlayModeText(LoopItMode(s, row)));
             return;
         case Phase::Up:

@@ -11,14 +11,14 @@ void Play_MouseDown(Session& s, Row row, std::int16_t button);
 /// Any button resumes a paused row; else the left one stops a playing row and plays any other. A row 0..3 that holds no
 /// sample ignores it.
 void Play_MouseUp(Session& s, Row row, std::int16_t button);
-/// Hint of `Play`.
-void Play_MouseMove(Session& s);
 
-/// A release at `y` on `PlayStop`, with any button: in its top three eighths it plays all rows, in its bottom three
-/// eighths it stops all.
+/// What a release on `PlayStop` does: in its top three eighths it plays all rows, in its bottom three eighths it stops
+/// all.
+enum class PlayStopZone : std::uint8_t { Play, None, Stop };
+/// The zone at `y` of a control of this `height`; none outside the control.
+PlayStopZone PlayStopZoneAt(double y, double height);
+/// A release at `y` on `PlayStop`, with any button.
 void PlayStop_MouseUp(Session& s, double y, double height);
-/// Hint of the zone at `y`.
-void PlayStop_MouseMove(Session& s, double y, double height);
 
 /// A gesture on `LoopIt` of `row`: 0..4, or 5 for the one that shows `CurrentLoop`. A drag moves the chosen mode by one
 /// for each 100 twips, upwards to the next; the release sets it. A press of the right button jumps to the beginning of

@@ -48,7 +48,7 @@ std::optional<DragSource> PickFile_MouseDown(Session& s, int bin, std::int16_t b
     picks.Selected = static_cast<std::int16_t>(row);
     s.World.Screen.ShowBin(bin);
     HideTree(s);
-    return DragSource{"PickFile", static_cast<Row>(bin), ""};
+    return DragSource{drags::kPickFile, static_cast<Row>(bin), ""};
 }
 
 void PickFile_MouseUp(Session& s, int bin, std::int16_t button, int row) {
@@ -80,7 +80,7 @@ void PickDir_Click(Session& s, int bin) {
 }
 
 void PickDir_DragDrop(Session& s, int bin, const DragSource& source) {
-    if (source.Name != "PickDir" || source.Index < 0 || source.Index >= kBins || source.Index == bin) return;
+    if (source.Name != drags::kPickDir || source.Index < 0 || source.Index >= kBins || source.Index == bin) return;
     TakeFolder(s, bin, std::string(s.Bins[source.Index].Folder));
 }
 

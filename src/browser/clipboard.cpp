@@ -78,11 +78,11 @@ void DeleteClip(Session& s, std::int16_t clipIndex) {
 
 DragSource ClipBoardList_MouseDown(Session& s, std::int16_t clip, std::int16_t button) {
     s.Clips.Selected = clip;
-    return {"ClipBoardList", 0, std::to_string(button)};
+    return {drags::kClipBoardList, 0, std::to_string(button)};
 }
 
 void ClipBoardList_DragDrop(Session& s, const DragSource& source) {
-    if (source.Name != "DropDown") return;
+    if (source.Name != drags::kDropDown) return;
     if (source.Index == kSelectionRow) {
         for (Row row = 0; row < kLoopTracks; ++row) {
             if (s.Set[row].Selected != False) AddRowAsClip(s, row);
@@ -93,7 +93,7 @@ void ClipBoardList_DragDrop(Session& s, const DragSource& source) {
 }
 
 void Trash_DragDrop(Session& s, const DragSource& source) {
-    if (source.Name == "ClipBoardList") DeleteClip(s, s.Clips.Selected);
+    if (source.Name == drags::kClipBoardList) DeleteClip(s, s.Clips.Selected);
 }
 
 void ClearClip_Click(Session& s) {

@@ -14,8 +14,6 @@ namespace marvolin {
 /// Captions of `Components`.
 inline constexpr std::array<std::string_view, 7> kComponentTexts{"Sample",   "Vol",      "Pitch", "Pan",
                                                                  "Patterns", "Position", "Wire"};
-inline constexpr std::string_view kTrashHint = "drop Clip here to Trash it";
-inline constexpr std::string_view kClipBoardHint = "drg Copy to LoopTrack; rtdrg Copy by Element";
 
 /// Empties store and list.
 void InitClipBoard(Session& s);

@@ -20,8 +20,6 @@ enum Destination : std::int16_t {
 };
 inline constexpr std::int16_t kDestinations = 9;
 
-inline constexpr std::string_view kDestinationHint = "slct Destination for Sounds";
-
 /// Texts of the nine rows: the LoopTracks by letter and sample, then the others.
 std::array<std::string, kDestinations> DestinationTexts(const Session& s);
 

@@ -148,13 +148,4 @@ void SetPickDir(Session& s, int bin, const std::string& path) {
     s.Bins[bin].Selected = -1;
 }
 
-std::string BinHint(const Session& s, int bin, int row) {
-    const SampleBin& picks = s.Bins[bin];
-    if (row < 0 || static_cast<std::size_t>(row) >= picks.Rows.size()) return "";
-    const BinRow& sample = picks.Rows[static_cast<std::size_t>(row)];
-    const bool dragOnly = picks.Destination == kDragDestination;
-    return sample.Name + " (" + sample.Size + "k) " +
-           (dragOnly ? "drg to Target" : "clk Ld->Dest; rtclk Stp/Ply Dest; rt margin drg to Target");
-}
-
 }  // namespace marvolin

@@ -10,8 +10,6 @@ namespace marvolin {
 
 /// Text of the box `ClickPlay`.
 inline constexpr std::string_view kClickPlayText = "AutoPlay";
-inline constexpr std::string_view kPickDirHint = "clk Open FolderExplorer";
-inline constexpr std::string_view kFolderTreeHint = "drg Folder to Sample Bin; rtclk to Close";
 
 /// Builds bins and clipboard at first use. The bins start on the folders in "Samples" beside the program, in the order
 /// of their names; a bin without one starts on "Samples" itself, or without that on the program's folder.
@@ -26,8 +24,5 @@ void UpdatePickFile(Session& s, int bin);
 void SetPickDirCaption(Session& s, int bin, const std::string& path);
 /// Makes `path` the bin's folder, caption and tool tip, without a rescan; no sample is selected then.
 void SetPickDir(Session& s, int bin, const std::string& path);
-
-/// Hint over a sample: its name and size, and what the mouse buttons do. "" for a row that is not there.
-std::string BinHint(const Session& s, int bin, int row);
 
 }  // namespace marvolin

@@ -12,8 +12,25 @@ namespace marvolin {
 /// Name of the dragged question mark. A drop of it asks for help and does nothing else.
 inline constexpr std::string_view kHelpDragName = "ForHelp~~";
 
-/// Tag of a fade drag: a drop fades the two LoopTracks against each other.
-inline constexpr std::string_view kFadeTag = "4";
+/// Names of the controls that can be dragged, by which a drop tells what it carries.
+namespace drags {
+inline constexpr char kAllTiming[] = "AllTiming";
+inline constexpr char kClipBoardList[] = "ClipBoardList";
+inline constexpr char kCloneTime[] = "CloneTime";
+inline constexpr char kDropDown[] = "DropDown";
+inline constexpr char kEraser[] = "Eraser";
+inline constexpr char kHistoryList[] = "HistoryList";
+inline constexpr char kLetr[] = "Letr";
+inline constexpr char kPatternGraph[] = "PatternGraph";
+inline constexpr char kPatterns[] = "Patterns";
+inline constexpr char kPickDir[] = "PickDir";
+inline constexpr char kPickFile[] = "PickFile";
+inline constexpr char kPosBall[] = "PosBall";
+inline constexpr char kTabControl[] = "TabControl";
+}  // namespace drags
+
+/// Tag of a fade drag, which a right press on a `Letr` or a `PosBall` begins.
+inline constexpr char kFadeTag[] = "4";
 
 /// Name of the dragged control, its index in its array, and its tag.
 struct DragSource {

@@ -20,16 +20,16 @@ struct DropHandler {
     void (*Drop)(Session& s, Row row, const DragSource& source);
 };
 
-constexpr std::array<DropHandler, 10> kDropHandlers{{{"HistoryList", DropHistory},
-                                                     {"Letr", DropFade},
-                                                     {"PosBall", DropFade},
-                                                     {"CloneTime", DropTimingElement},
-                                                     {"AllTiming", DropAllTiming},
-                                                     {"PatternGraph", DropPattern},
-                                                     {"Patterns", DropPatterns},
-                                                     {"TabControl", DropSequence},
-                                                     {"PickFile", DropFromBin},
-                                                     {"DropDown", DropLoopTrack}}};
+constexpr std::array<DropHandler, 10> kDropHandlers{{{drags::kHistoryList, DropHistory},
+                                                     {drags::kLetr, DropFade},
+                                                     {drags::kPosBall, DropFade},
+                                                     {drags::kCloneTime, DropTimingElement},
+                                                     {drags::kAllTiming, DropAllTiming},
+                                                     {drags::kPatternGraph, DropPattern},
+                                                     {drags::kPatterns, DropPatterns},
+                                                     {drags::kTabControl, DropSequence},
+                                                     {drags::kPickFile, DropFromBin},
+                                                     {drags::kDropDown, DropLoopTrack}}};
 
 }  // namespace
 
@@ -40,7 +40,7 @@ void Letr_DragDrop(Session& s, Row row, const DragSource& source) {
 
 void LoopDragDrop(Session& s, Row row, const DragSource& source) {
     if (IsHelpDrop(s, source, kLoopTrackTopic)) return;
-    if (source.Name == "ClipBoardList") return DropClip(s, row, source);
+    if (source.Name == drags::kClipBoardList) return DropClip(s, row, source);
     if (DropDropperOnDisplay(s, row, source)) return;
     const auto* handler = std::find_if(kDropHandlers.begin(), kDropHandlers.end(),
                                        [&](const DropHandler& each) { return each.Name == source.Name; });

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <string>
-#include <string_view>
 
 #include "core/routines.h"
 #include "parameters/fades.h"
@@ -23,17 +22,14 @@ struct KnobRules {
     double Top, Bottom;
     double EventOffset, EventScale;  ///< the script gets (value - offset) / scale
     ScriptEvent Change, Scroll;
-    std::string_view Hint;
 };
 
 // By `Knob`.
 constexpr std::array<KnobRules, 3> kKnobs{{
-    {&LoopTrackSet::Vol, Vol2Text, 1, 0.05, kVolFull, 0, 0, 1, ScriptEvent::OnVolChange, ScriptEvent::OnVolScroll,
-     "drg Vol -/+; rtdrg Fine; dblclk Toggle Mute"},
+    {&LoopTrackSet::Vol, Vol2Text, 1, 0.05, kVolFull, 0, 0, 1, ScriptEvent::OnVolChange, ScriptEvent::OnVolScroll},
     {&LoopTrackSet::Pan, Pan2Text, 1, 0.05, kPanRight, 0, kPanCentre, 1, ScriptEvent::OnPanChange,
-     ScriptEvent::OnPanScroll, "drg Pan -/+; rtdrg Fine; dblclk Centre"},
-    {&LoopTrackSet::Hz, Hz2Text, 10, 1, kHzTop, 1, 0, 10, ScriptEvent::OnPitchChange, ScriptEvent::OnPitchScroll,
-     "drg Hz -/+; rtdrg Fine; dblclk 100%"},
+     ScriptEvent::OnPanScroll},
+    {&LoopTrackSet::Hz, Hz2Text, 10, 1, kHzTop, 1, 0, 10, ScriptEvent::OnPitchChange, ScriptEvent::OnPitchScroll},
 }};
 
 const KnobRules& RulesOf(Knob knob) { return kKnobs[static_cast<std::size_t>(knob)]; }
@@ -107,7 +103,6 @@ void Press(Session& s, Knob knob, Row row, double x, double y) {
 }
 
 void Move(Session& s, Knob knob, Row row, std::int16_t button, double x, double y) {
-    ShowStatus(s, RulesOf(knob).Hint);
     if (s.Drag.Dragging != False) {
         DragTo(s, knob, row, button, x, y);
         SendScroll(s, knob, row, Force::No);
@@ -159,7 +154,6 @@ void Knob_DblClick(Session& s, Knob knob, Row row) {
 
 void KnobStep(Session& s, Knob knob, Row row, int units) {
     if (s.Drag.Dragging != False || HeldByJoystick(s, knob, row)) return;
-    ShowStatus(s, RulesOf(knob).Hint);
     TakeKnob(s, knob, row);
     SetLimited(s, knob, row, static_cast<double>(ValueOf(s, knob, row)) + units);
     ShowValue(s, knob, row);

@@ -92,7 +92,6 @@ void ChannelFlag_Gesture(Session& s, Row row, Phase phase, std::int16_t button, 
         case Phase::Down:
             return PressFlag(s, row, button, y);
         case Phase::Move:
-            ShowStatus(s, "drg Wire -/+; click Flip Colour; rtclk tggle Connect");
             if (s.Drag.Dragging != False) DragWire(s, row, y, Apply::No);
             return;
         case Phase::Up:

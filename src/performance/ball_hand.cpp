@@ -93,7 +93,7 @@ std::optional<DragSource> Press(Session& s, int ball, const BallEvent& press, Do
     const bool drags = Forward(s, ball, Phase::Down, press.Button, {kBallHeldAt, press.Pointer.Y});
     TakeBall(s, ball, press.Pointer, before);
     if (!drags) return std::nullopt;
-    return DragSource{"PosBall", static_cast<Row>(ball), std::string(kFadeTag)};
+    return DragSource{drags::kPosBall, static_cast<Row>(ball), kFadeTag};
 }
 
 /// How far the hand has gone since it took the ball. Events from before the pointer was put go on from the place

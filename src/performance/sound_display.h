@@ -2,14 +2,9 @@
 /// \file
 /// The strip `SndDisp` of rows 0..4: a jump of the volume along its top, a fade along its bottom.
 
-#include <string_view>
-
 #include "core/session.h"
 
 namespace marvolin {
-
-inline constexpr std::string_view kSndDispHint =
-    "clk/drg along top: Vol Jump; clk/drg along bottom: Vol Fade; rtclk Fade";
 
 /// The needles of a `SndDisp`.
 enum Needle : std::int16_t {

@@ -60,7 +60,6 @@ void PatternGraph_Gesture(Session& s, int patternRow, Phase phase, std::int16_t 
                 static_cast<std::int16_t>(patternRow);
             return;
         case Phase::Move:
-            ShowStatus(s, kPatternGraphHint);
             PatternEdit(s, patternRow, button, x, y, size);
             return;
         case Phase::Up:
@@ -106,7 +105,6 @@ void NSteps_Gesture(Session& s, Phase phase, double y) {
             s.Drag.DragOrigin = static_cast<float>(y);
             return;
         case Phase::Move: {
-            ShowStatus(s, kNStepsHint);
             if (s.Drag.Dragging == False) return;
             const double steps = Int(s.Drag.DragStartValue - Int(y - s.Drag.DragOrigin) * (1 / kTwipsAStep));
             s.StepsShown = static_cast<std::int16_t>(ClampVar(steps, 1, kPatternSteps));

@@ -2,17 +2,9 @@
 /// \file
 /// Drawing, erasing and copying of patterns.
 
-#include <string_view>
-
 #include "core/session.h"
 
 namespace marvolin {
-
-/// Hints of the graphs, of the frame around them, of the number of steps and of the eraser.
-inline constexpr std::string_view kPatternGraphHint = "clk, drg Draw Pattern; rtdrg Copy Pattern";
-inline constexpr std::string_view kPatternsHint = "rtdrg Copy All Patterns";
-inline constexpr std::string_view kNStepsHint = "drg #Steps -/+";
-inline constexpr std::string_view kEraserHint = "drg onto Pattern to Reset Pattern";
 
 /// Share of a graph's width, from its left, that the random column takes.
 inline constexpr double kRandomColumnShare = 0.05;

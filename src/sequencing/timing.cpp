@@ -58,7 +58,6 @@ void TimeDigit_Gesture(Session& s, int digit, Phase phase, double y) {
             if (group < kDigitGroups) s.Drag.DragStartValue = StoredTime(s, group);
             return;
         case Phase::Move: {
-            ShowStatus(s, kTimeDigitHint);
             if (s.Drag.Dragging == False) return;
             const double units = Int((y - s.Drag.DragOrigin) * (1 / kTwipsATimeUnit));
             const double weight = kDigitWeight.at(static_cast<std::size_t>(digit));

@@ -3,7 +3,6 @@
 /// The timing elements under the hand: digits, percentages, copies.
 
 #include <array>
-#include <string_view>
 
 #include "core/session.h"
 
@@ -15,12 +14,6 @@ inline constexpr std::array<double, 20> kDigitWeight{1, 10, 100, 1000, 10000, 1,
 
 /// Twips of a drag on a digit that make one unit of it.
 inline constexpr double kTwipsATimeUnit = 50;
-
-/// Hints of the digits, of the labels and the frame that are dragged off to copy, and of the tab that copies all.
-inline constexpr std::string_view kTimeDigitHint = "drg Digits -/+";
-inline constexpr std::string_view kCloneTimeHint = "rtdrg Copy Timing Element";
-inline constexpr std::string_view kAllTimingHint = "rtdrg Copy All Timing Elements";
-inline constexpr std::string_view kAllSequenceHint = "rtdrg Copy All Patterns & Timing Elements";
 
 /// What `TimingCopy` copies, by the numbers of the labels `CloneTime`. Their order differs from that of the digits.
 enum CloneTime : int { kCloneStepDuration = 0, kCloneBeatStart = 1, kCloneSwing = 2, kAllTiming = 4 };

@@ -106,12 +106,6 @@ TEST(PlayButton, FailuresOfTheGestureAreShownInItsOwnWords) {
     EXPECT_EQ(i.s.Run[0].Paused, True);
 }
 
-TEST(PlayButton, ShowsItsHint) {
-    Instrument i;
-    Play_MouseMove(i.s);
-    EXPECT_EQ(i.s.StatusText, "clk Toggle Play; rtclk Pause");
-}
-
 TEST(PlayStop, ItsTopThreeEighthsPlayAllItsLastThreeStopAll) {
     // of 800 twips
     for (const auto& [y, plays, stops] : {std::tuple{0.0, 1, 0},
@@ -140,16 +134,6 @@ TEST(PlayStop, IgnoresTheSelectionAndActsOnAllFourRows) {
     EXPECT_EQ(i.s.ThinList, "ABCD");
     PlayStop_MouseUp(i.s, 790, 800);
     EXPECT_EQ(i.s.ThinList, "");
-}
-
-TEST(PlayStop, ShowsTheHintOfEachZone) {
-    Instrument i;
-    PlayStop_MouseMove(i.s, 10, 800);
-    EXPECT_EQ(i.s.StatusText, "clk Play All Sounds");
-    PlayStop_MouseMove(i.s, 400, 800);
-    EXPECT_EQ(i.s.StatusText, "clk Play All Sounds");
-    PlayStop_MouseMove(i.s, 600, 800);
-    EXPECT_EQ(i.s.StatusText, "clk Stop All Sounds");
 }
 
 TEST(LoopIt, ADragChoosesOneModeForEachHundredTwipsAndTheReleaseSetsIt) {
@@ -246,12 +230,10 @@ TEST(LoopIt, AFailedJumpShowsItsMessage) {
               "Error positioning to loop start: An invalid parameter was passed to the returning function.");
 }
 
-TEST(LoopIt, ShowsItsHintAndTheTextOfTheMode) {
-    Instrument i;
-    i.s.Set[0].PlayMode = kDrum;
-    LoopIt_Gesture(i.s, 0, Phase::Move, kNoButton, 0);
-    EXPECT_EQ(i.s.StatusText, "drg Play Mode -/+; rtclk Jump to Beginning");
-    EXPECT_EQ(i.s.ReadoutText, "Drum (track Vol,Pan & Freq pattern, restart sample each beat)");
+Instrument i;
+i.s.Set[0].PlayMode = kDrum;
+LoopIt_Gesture(i.s, 0, Phase::Move, kNoButton, 0);
+EXPECT_EQ(i.s.ReadoutText, "Drum (track Vol,Pan & Freq pattern, restart sample each beat)");
 }
 
 TEST(LoopIt, AMoveOrReleaseWithoutItsPressDoesNothing) {

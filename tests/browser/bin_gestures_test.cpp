@@ -155,14 +155,5 @@ TEST(BinGestures, AFolderButtonTakesTheFolderOfAnotherOrOfTheTreeAndIgnoresTheRe
     EXPECT_EQ(b.s.Bins[2].Folder, b.Folder.Path());
 }
 
-TEST(BinHint, NamesTheSampleAndWhatTheMouseDoes) {
-    Browser b;
-    b.FillBin(0);
-    EXPECT_EQ(BinHint(b.s, 0, 0), "one (0k) clk Ld->Dest; rtclk Stp/Ply Dest; rt margin drg to Target");
-    b.s.Bins[0].Destination = kDragDestination;
-    EXPECT_EQ(BinHint(b.s, 0, 1), "two (0k) drg to Target");
-    EXPECT_EQ(BinHint(b.s, 0, 2), "");
-}
-
 }  // namespace
 }  // namespace marvolin

@@ -36,8 +36,8 @@ std::int16_t clsDropperManager::DroppingTo(const DragSource& source) const {
 std::string clsDropperManager::DropTo(Row row) const { return std::string(kDropperTag) + std::to_string(row); }
 
 std::optional<DragSource> Letr_MouseDown(Row row, std::int16_t button) {
-    if (button == kLeftButton) return DragSource{"Letr", row, clsDropperManager().DropTo(row)};
-    if (button == kRightButton) return DragSource{"Letr", row, std::string(kFadeTag)};
+    if (button == kLeftButton) return DragSource{drags::kLetr, row, clsDropperManager().DropTo(row)};
+    if (button == kRightButton) return DragSource{drags::kLetr, row, kFadeTag};
     return std::nullopt;
 }
 

@@ -4,15 +4,11 @@
 
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "core/drag_source.h"
 #include "core/session.h"
 
 namespace marvolin {
-
-inline constexpr std::string_view kLetrHint =
-    "drg Start Dropper Op; rtdrg Start Fade Drg & Drop; dblclk Toggle Thinnable";
 
 /// Reads and writes the tags of the dropper: "Dropper~~" and the row that started the drag.
 class clsDropperManager {

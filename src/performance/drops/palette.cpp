@@ -25,13 +25,9 @@ std::string SampleAtEntry(const Session& s, std::int16_t entry) {
 
 bool DropDownDragsAt(Session& s, double y) { return y <= kDragPixels * s.World.Desk.TwipsPerPixelY(); }
 
-std::string_view DropDownHint(Session& s, double y) {
-    return DropDownDragsAt(s, y) ? kDropDownDragHint : kDropDownClickHint;
-}
-
 std::optional<DragSource> DropDown_MouseDown(Session& s, Row row, double y) {
     if (!DropDownDragsAt(s, y)) return std::nullopt;
-    return DragSource{"DropDown", row, ""};
+    return DragSource{drags::kDropDown, row, ""};
 }
 
 void DropDown_MouseUp(Session& s, Row row, double y) {
@@ -51,7 +47,7 @@ std::optional<DragSource> HistoryList_MouseDown(Session& s, std::int16_t entry) 
         return std::nullopt;
     }
     if (entry < 0) return std::nullopt;
-    return DragSource{"HistoryList", s.HistoryRow, ""};
+    return DragSource{drags::kHistoryList, s.HistoryRow, ""};
 }
 
 void HistoryList_DragDrop(Session& s) {

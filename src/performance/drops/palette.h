@@ -3,15 +3,11 @@
 /// The button `DropDown` and the list it opens: the samples that a LoopTrack has held.
 
 #include <optional>
-#include <string_view>
 
 #include "core/drag_source.h"
 #include "core/session.h"
 
 namespace marvolin {
-
-inline constexpr std::string_view kDropDownDragHint = "drg Copy Sample to LoopTrack, or Copy LoopTrack to Clipboard";
-inline constexpr std::string_view kDropDownClickHint = "clk Open Palette & History";
 
 /// The fixed entries of `HistoryList`; the samples follow them.
 enum HistoryEntry : std::int16_t { kHistoryClose = 0, kHistoryEmpty = 1, kHistoryReverse = 2, kHistorySamples = 3 };
@@ -19,8 +15,6 @@ enum HistoryEntry : std::int16_t { kHistoryClose = 0, kHistoryEmpty = 1, kHistor
 /// True when a press at `y` (twips from the button's top) starts a drag: in the top eight pixels. Below them a click
 /// opens the list.
 bool DropDownDragsAt(Session& s, double y);
-/// Hint over the button at `y`.
-std::string_view DropDownHint(Session& s, double y);
 /// A press on `DropDown` of `row`: the source of the drag that it starts, if it starts one.
 std::optional<DragSource> DropDown_MouseDown(Session& s, Row row, double y);
 /// A release at `y`: opens the list of `row` when it was a click.

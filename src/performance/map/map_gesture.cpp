@@ -36,8 +36,6 @@ void DragBall(Session& s, int ball, double x, double y, bool apply) {
 }
 
 void Move(Session& s, int ball, std::int16_t button, double x, double y) {
-    ShowStatus(s, ball == kListenerBall ? "drag to Location; rtdrg Rotate; dblclk Centre"
-                                        : "drg to Location; dblclk Centre; rtclk Fade");
     if (button == kLeftButton) {
         DragBall(s, ball, x, y, s.PositionUpdate[ball == kListenerBall ? kUpdateListener : kUpdateLoop]);
         const BallPoint place = MapUnits(s, ball);

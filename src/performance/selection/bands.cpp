@@ -79,7 +79,6 @@ void Bands_Gesture(Session& s, Row lane, int column, Phase phase) {
             drag = {lane, place, place};
             return;
         case Phase::Move: {
-            ShowStatus(s, kBandsHint);
             if (drag.Lane == kNoLane || (place >= drag.First && place <= drag.Last)) return;
             drag.First = std::min(drag.First, place);
             drag.Last = std::max(drag.Last, place);

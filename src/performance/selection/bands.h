@@ -2,13 +2,9 @@
 /// \file
 /// The editor on `Bands`: six lanes, one a band, over four columns, one a LoopTrack.
 
-#include <string_view>
-
 #include "core/session.h"
 
 namespace marvolin {
-
-inline constexpr std::string_view kBandsHint = "drg Band over LoopTracks; clk Add/Remove; dblclk Empty";
 
 /// A run of rows; `First` > `Last` is none.
 struct BandRun {

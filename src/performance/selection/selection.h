@@ -10,13 +10,6 @@
 
 namespace marvolin {
 
-inline constexpr std::string_view kSelectedHint =
-    "drg Select LoopTracks; rtdrg Deselect LoopTracks (drg over to select/deselect)";
-inline constexpr std::string_view kSelectPopUpHint = "clk Open Selection Tool Dropdown";
-inline constexpr std::string_view kSelectorRadioHint =
-    "clk Toggle Control of Selection/Band; dblclk Control Selection/Band";
-inline constexpr std::string_view kThumbHint = "clk Select Pattern/LoopTrack Position; dblclk Open Pattern";
-
 /// A rule of `SlctGroup`: whether it selects a LoopTrack.
 struct SelectRule {
     std::string_view Text;

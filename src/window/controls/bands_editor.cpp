@@ -8,12 +8,7 @@
 
 namespace marvolin {
 
-BandsEditor::BandsEditor(Session& session, QWidget* parent)
-    : Control(session, parent, "Bands", -1, "Bands: runs of LoopTracks that move together") {
-    setFocusPolicy(Qt::NoFocus);
-}
-
-std::string_view BandsEditor::Hint(QPointF) const { return kBandsHint; }
+BandsEditor::BandsEditor(Session& session, QWidget* parent) : Control(session, parent, "Bands") {}
 
 Row BandsEditor::LaneAt(QPointF twips) const {
     const double lane = std::floor(twips.y() / kTwipsPerPixel / (height() / static_cast<double>(kBands)));

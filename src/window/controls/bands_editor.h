@@ -4,7 +4,7 @@
 
 namespace marvolin {
 
-/// `Bands`: six lanes, one a band in its colour, over four columns, one a LoopTrack.
+/// `Bands`: six lanes, one for each band in its colour, and four columns, one for each LoopTrack.
 class BandsEditor : public Control {
 public:
     BandsEditor(Session& session, QWidget* parent);
@@ -12,8 +12,6 @@ public:
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void DoubleClick(std::int16_t button, QPointF twips) override;
-    void Activate() override {}
-    std::string_view Hint(QPointF) const override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

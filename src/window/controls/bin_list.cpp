@@ -8,7 +8,6 @@
 
 #include "browser/bin_gestures.h"
 #include "browser/destinations.h"
-#include "browser/sample_bins.h"
 
 namespace marvolin {
 
@@ -25,10 +24,9 @@ const QColor kFaint(0x4c, 0x50, 0x58);
 }  // namespace
 
 BinList::BinList(Session& session, QWidget* parent, int bin)
-    : Control(session, parent, "PickFile", bin, QString("Samples of bin %1").arg(bin + 1)),
+    : Control(session, parent, drags::kPickFile, bin),
       rows_(new QScrollBar(Qt::Vertical, this)),
       columns_(new QScrollBar(Qt::Horizontal, this)) {
-    setToolTip({});
     setFocusPolicy(Qt::StrongFocus);
     for (QScrollBar* bar : {rows_, columns_}) {
         bar->setFocusPolicy(Qt::NoFocus);
@@ -92,11 +90,6 @@ void BinList::leaveEvent(QEvent* event) {
     hovered_ = -1;
     update();
     Control::leaveEvent(event);
-}
-
-std::string_view BinList::Hint(QPointF place) const {
-    hint_ = BinHint(s, index, RowAt(place.y()));
-    return hint_;
 }
 
 void BinList::Select(int row) {

@@ -6,11 +6,14 @@
 
 namespace marvolin {
 
-/// `PickFile`: the samples of a bin, name and size. It draws the rows that are seen, however many there are.
-class BinList : public Control {
+/// `PickFile`: the samples of a bin with name and size. It draws only the rows in sight, as a folder may hold
+/// thousands.
+class BinList : public Control, public HasParts {
 public:
     BinList(Session& session, QWidget* parent, int bin);
     void Refresh() override;
+    /// The row of samples at a place; -1 beside the rows.
+    int PartAt(QPointF place) const override { return RowAt(place.y()); }
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
@@ -21,7 +24,6 @@ protected:
     void leaveEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    std::string_view Hint(QPointF place) const override;
 
 private:
     int RowCount() const;
@@ -36,7 +38,6 @@ private:
     QScrollBar* rows_;     // owned by the toolkit
     QScrollBar* columns_;  // owned by the toolkit
     int hovered_ = -1;
-    mutable std::string hint_;
 };
 
 }  // namespace marvolin

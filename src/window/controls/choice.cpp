@@ -1,36 +1,18 @@
 #include "window/controls/choice.h"
 
-#include <QMouseEvent>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 
-#include "core/routines.h"
-#include "window/toolkit/hint_window.h"
+#include "window/descriptions/described.h"
 #include "window/toolkit/theme.h"
 
 namespace marvolin {
 
-namespace {
-
-void Tell(Session& s, const QWidget& widget, std::string_view hint) {
-    if (hint.empty()) return;
-    if (auto* form = dynamic_cast<HintWindow*>(widget.window())) {
-        form->ShowHint(hint);
-    } else {
-        ShowStatus(s, hint);
-    }
-}
-
-}  // namespace
-
-ChoiceList::ChoiceList(Session& session, QWidget* parent, const QString& name, const QString& label,
-                       std::string_view hint, std::function<void(int)> choose)
-    : QComboBox(parent), s(session), hint_(hint) {
-    setObjectName(name);
-    setAccessibleName(label);
-    setToolTip(label);
-    setMouseTracking(true);
-    setItemDelegate(new QStyledItemDelegate(this));  // rows as high as the stylesheet says
+ChoiceList::ChoiceList(Session& session, QWidget* parent, std::string_view name, int index,
+                       std::function<void(int)> choose)
+    : QComboBox(parent) {
+    Describe(session, *this, name, index);
+    setItemDelegate(new QStyledItemDelegate(this));  // gives the rows the height that the stylesheet sets
     connect(this, &QComboBox::activated, this, [choose = std::move(choose)](int entry) { choose(entry); });
 }
 
@@ -48,21 +30,10 @@ void ChoiceList::SetEntries(const QStringList& entries) {
     addItems(entries);
 }
 
-void ChoiceList::mouseMoveEvent(QMouseEvent* event) {
-    Tell(s, *this, hint_);
-    QComboBox::mouseMoveEvent(event);
-}
-
-void ChoiceList::enterEvent(QEnterEvent* event) {
-    Tell(s, *this, hint_);
-    QComboBox::enterEvent(event);
-}
-
-ChoiceBox::ChoiceBox(Session& session, QWidget* parent, const QString& name, const QString& text, std::string_view hint,
+ChoiceBox::ChoiceBox(Session& session, QWidget* parent, std::string_view name, int index,
                      std::function<void(bool)> choose)
-    : QCheckBox(text, parent), s(session), hint_(hint) {
-    setObjectName(name);
-    setAccessibleName(text);
+    : QCheckBox(parent) {
+    Describe(session, *this, name, index);
     connect(this, &QCheckBox::clicked, this, [choose = std::move(choose)](bool on) { choose(on); });
 }
 
@@ -71,13 +42,8 @@ void ChoiceBox::Show(bool on) {
     setChecked(on);
 }
 
-void ChoiceBox::enterEvent(QEnterEvent* event) {
-    Tell(s, *this, hint_);
-    QCheckBox::enterEvent(event);
-}
-
 QLabel* MakeLabel(QWidget* parent, const QString& text, const QRect& place) {
-    auto* label = new QLabel(text, parent);  // owned by the toolkit
+    auto* label = new QLabel(text, parent);  // belongs to `parent`
     label->setGeometry(place);
     label->setFont(theme::Sans(12));
     QPalette palette = label->palette();

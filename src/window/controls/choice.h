@@ -12,42 +12,27 @@
 
 namespace marvolin {
 
-/// A drop-down list. `choose` gets the entry that the player chose, also when it is the one that stands there.
+/// A drop-down list. `choose` gets the entry that the player chose, also when it is the one that was chosen before.
 class ChoiceList : public QComboBox {
 public:
-    ChoiceList(Session& session, QWidget* parent, const QString& name, const QString& label, std::string_view hint,
-               std::function<void(int)> choose);
+    /// `name` and `index` choose the row of the table of controls; `index` is -1 without an array.
+    ChoiceList(Session& session, QWidget* parent, std::string_view name, int index, std::function<void(int)> choose);
     /// Shows `entry` (-1 none) without choosing it.
     void Show(int entry);
     /// Replaces the entries when they differ, without choosing one.
     void SetEntries(const QStringList& entries);
-
-protected:
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void enterEvent(QEnterEvent* event) override;
-
-private:
-    Session& s;
-    const std::string_view hint_;
 };
 
 /// A tick box. `choose` gets its new state.
 class ChoiceBox : public QCheckBox {
 public:
-    ChoiceBox(Session& session, QWidget* parent, const QString& name, const QString& text, std::string_view hint,
-              std::function<void(bool)> choose);
+    /// `name` and `index` as in `ChoiceList`.
+    ChoiceBox(Session& session, QWidget* parent, std::string_view name, int index, std::function<void(bool)> choose);
     /// Shows a state without choosing it.
     void Show(bool on);
-
-protected:
-    void enterEvent(QEnterEvent* event) override;
-
-private:
-    Session& s;
-    const std::string_view hint_;
 };
 
-/// A quiet caption at a place.
+/// A small grey caption at `place` in `parent`.
 QLabel* MakeLabel(QWidget* parent, const QString& text, const QRect& place);
 
 }  // namespace marvolin

@@ -8,15 +8,12 @@
 #include <QPainter>
 
 #include "browser/clipboard.h"
-#include "window/toolkit/hint_window.h"
 
 namespace marvolin {
 
 ClipList::ClipList(Session& session, QWidget* parent) : QListWidget(parent), s(session) {
-    setObjectName("ClipBoardList");
-    setAccessibleName("Clipboard of LoopTracks");
+    Describe(s, *this, drags::kClipBoardList);
     setAcceptDrops(true);
-    setMouseTracking(true);
     setFont(theme::Sans(13));
     setUniformItemSizes(true);
     Refresh();
@@ -45,15 +42,11 @@ void ClipList::mousePressEvent(QMouseEvent* event) {
     setCurrentRow(clip);
     const DragSource source =
         ClipBoardList_MouseDown(s, static_cast<std::int16_t>(clip), ButtonNumber(event->button()));
-    auto* drag = new QDrag(this);  // owned by the toolkit, which deletes it after the drop
+    auto* drag = new QDrag(this);  // the toolkit deletes it after the drop
     drag->setMimeData(ToMimeData(source).release());
     const QRect shown = visualItemRect(pressed);
     drag->setPixmap(viewport()->grab(shown.intersected(QRect(0, shown.top(), 180, shown.height()))));
     drag->exec(Qt::CopyAction);
-}
-
-void ClipList::mouseMoveEvent(QMouseEvent*) {
-    if (auto* form = dynamic_cast<HintWindow*>(window())) form->ShowHint(kClipBoardHint);
 }
 
 void ClipList::dragEnterEvent(QDragEnterEvent* event) {
@@ -85,12 +78,7 @@ void ClipList::paintEvent(QPaintEvent* event) {
                "Drag LoopTracks here by the dotted grip of their names.");
 }
 
-Trash::Trash(Session& session, QWidget* parent) : Control(session, parent, "Trash", -1, "Trash for clips") {
-    setAcceptDrops(true);
-    setFocusPolicy(Qt::NoFocus);
-}
-
-std::string_view Trash::Hint(QPointF) const { return kTrashHint; }
+Trash::Trash(Session& session, QWidget* parent) : Control(session, parent, "Trash") { setAcceptDrops(true); }
 
 void Trash::Drop(const DragSource& source) { Trash_DragDrop(s, source); }
 
@@ -105,7 +93,7 @@ void Trash::paintEvent(QPaintEvent*) {
     p.drawPolyline(QPolygonF{c + QPointF(-8, -9), c + QPointF(-6.5, 12), c + QPointF(6.5, 12), c + QPointF(8, -9)});
     for (double x : {-3.0, 0.0, 3.0}) p.drawLine(c + QPointF(x, -4), c + QPointF(x * 0.9, 8));
     p.setFont(theme::Sans(11));
-    p.drawText(rect().adjusted(0, 0, 0, -5), Qt::AlignHCenter | Qt::AlignBottom, "Trash");
+    p.drawText(rect().adjusted(0, 0, 0, -5), Qt::AlignHCenter | Qt::AlignBottom, Caption());
 }
 
 }  // namespace marvolin

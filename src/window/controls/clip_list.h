@@ -6,7 +6,7 @@
 
 namespace marvolin {
 
-/// `ClipBoardList`: one row a clip. Takes LoopTracks, gives clips.
+/// `ClipBoardList`: one row for each clip. LoopTracks are dropped here, clips are dragged away.
 class ClipList : public QListWidget {
 public:
     ClipList(Session& session, QWidget* parent);
@@ -14,7 +14,8 @@ public:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
+    /// Selects nothing, unlike the toolkit's own list: a press has begun a drag.
+    void mouseMoveEvent(QMouseEvent*) override {}
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -25,14 +26,12 @@ private:
     Session& s;
 };
 
-/// `Trash`: a clip dropped here is removed.
+/// `Trash`: a drop of a clip removes it.
 class Trash : public Control {
 public:
     Trash(Session& session, QWidget* parent);
 
 protected:
-    std::string_view Hint(QPointF place) const override;
-    void Activate() override {}
     void Drop(const DragSource& source) override;
     void paintEvent(QPaintEvent* event) override;
 };

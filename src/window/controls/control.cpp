@@ -9,10 +9,8 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 
-#include "core/routines.h"
 #include "instrument/loop_drops.h"
 #include "performance/drops/file_drops.h"
-#include "window/toolkit/hint_window.h"
 
 namespace marvolin {
 
@@ -45,24 +43,19 @@ std::int16_t ButtonMask(Qt::MouseButtons buttons) {
     return static_cast<std::int16_t>(mask);
 }
 
-Control::Control(Session& session, QWidget* parent, const char* name, int controlIndex, const QString& label)
-    : QWidget(parent), s(session), index(controlIndex) {
-    setObjectName(index < 0 ? QString(name) : QString("%1_%2").arg(name).arg(index));
-    setAccessibleName(label);
-    setToolTip(label);
+Control::Control(Session& session, QWidget* parent, std::string_view name, int controlIndex)
+    : QWidget(parent),
+      s(session),
+      index(static_cast<Row>(controlIndex)),
+      described(Describe(session, *this, name, controlIndex)) {
     setMouseTracking(true);
     setAttribute(Qt::WA_Hover);
-    setFocusPolicy(Qt::TabFocus);
+    setFocusPolicy(described.Row().Taken == Keys::None ? Qt::NoFocus : Qt::TabFocus);
 }
 
 void Control::TakeDropsFor(Row row) {
     dropRow_ = row;
     setAcceptDrops(row >= 0);
-}
-
-void Control::SetNotBuilt() {
-    setEnabled(false);
-    setToolTip(toolTip() + " (not available yet)");
 }
 
 void Control::Activate() {
@@ -77,13 +70,13 @@ void Control::Drop(const DragSource& source) {
 
 void Control::BeginDrag(const DragSource& source) {
     armed_.reset();
-    held_ = kNoButton;             // the drag swallows the release
-    auto* drag = new QDrag(this);  // owned by the toolkit, which deletes it after the drop
+    held_ = kNoButton;             // the release goes to the drag
+    auto* drag = new QDrag(this);  // the toolkit deletes it after the drop
     drag->setMimeData(ToMimeData(source).release());
     QPixmap picture = grab();
     drag->setPixmap(picture.width() > 2 * 160 ? picture.copy(0, 0, 320, qMin(120, picture.height())) : picture);
     drag->exec(Qt::CopyAction);
-    // The drag may have swallowed the leaving as well.
+    // The event that the pointer left the control may have gone to the drag as well.
     if (underMouse() && !rect().contains(mapFromGlobal(QCursor::pos()))) {
         QEvent left(QEvent::Leave);
         QCoreApplication::sendEvent(this, &left);
@@ -92,7 +85,7 @@ void Control::BeginDrag(const DragSource& source) {
 }
 
 bool Control::event(QEvent* event) {
-    // A grab that is lost ends a drag like a release at the last point.
+    // When the control loses the pointer, the drag ends as with a release at the last place.
     const bool lost = event->type() == QEvent::UngrabMouse || event->type() == QEvent::Hide ||
                       event->type() == QEvent::WindowDeactivate ||
                       (event->type() == QEvent::EnabledChange && !isEnabled());
@@ -122,17 +115,7 @@ void Control::mouseMoveEvent(QMouseEvent* event) {
         armed_.reset();
         return BeginDrag(source);
     }
-    ShowHint(Hint(event->position()));
     Gesture(Phase::Move, ButtonMask(event->buttons()), Twips(event->position()));
-}
-
-void Control::ShowHint(std::string_view hint) {
-    if (hint.empty()) return;
-    if (auto* form = dynamic_cast<HintWindow*>(window())) {
-        form->ShowHint(hint);
-    } else {
-        ShowStatus(s, hint);
-    }
 }
 
 void Control::mouseReleaseEvent(QMouseEvent* event) {
@@ -182,11 +165,13 @@ void Control::keyPressEvent(QKeyEvent* event) {
         case Qt::Key_Space:
         case Qt::Key_Return:
         case Qt::Key_Enter:
+            if (!Takes(described.Row().Taken, Keys::Press)) break;
             if (!event->isAutoRepeat()) Activate();
             return;
         default:
-            event->ignore();
+            break;
     }
+    event->ignore();
 }
 
 void Control::dragEnterEvent(QDragEnterEvent* event) {

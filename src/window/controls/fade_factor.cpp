@@ -5,7 +5,6 @@
 #include <cmath>
 
 #include "parameters/fades.h"
-#include "window/controls/hints.h"
 
 namespace marvolin {
 
@@ -22,10 +21,7 @@ void SetGauge(Session& s, double value) {
 
 }  // namespace
 
-FadeFactorControl::FadeFactorControl(Session& session, QWidget* parent)
-    : Control(session, parent, "FadeFactor", -1, "Fade speed") {}
-
-std::string_view FadeFactorControl::Hint(QPointF) const { return hints::kFadeFactor; }
+FadeFactorControl::FadeFactorControl(Session& session, QWidget* parent) : Control(session, parent, "FadeFactor") {}
 
 void FadeFactorControl::Gesture(Phase, std::int16_t button, QPointF twips) {
     if ((button & kLeftButton) == 0) return;

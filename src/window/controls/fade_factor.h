@@ -12,8 +12,6 @@ public:
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void Step(int units) override;
-    void Activate() override {}
-    std::string_view Hint(QPointF) const override;
     void paintEvent(QPaintEvent* event) override;
 };
 

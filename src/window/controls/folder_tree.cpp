@@ -5,15 +5,12 @@
 #include <QMouseEvent>
 
 #include "browser/bin_gestures.h"
-#include "browser/sample_bins.h"
 #include "window/controls/control.h"
-#include "window/toolkit/hint_window.h"
 
 namespace marvolin {
 
 FolderTree::FolderTree(Session& session, QWidget* parent) : QTreeView(parent), s(session) {
-    setObjectName("FolderTreeview1");
-    setAccessibleName("Folders");
+    Describe(s, *this, "FolderTreeview1");
     folders_.setFilter(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Drives);
     folders_.setIconProvider(&pictures_);
     setModel(&folders_);
@@ -21,10 +18,9 @@ FolderTree::FolderTree(Session& session, QWidget* parent) : QTreeView(parent), s
     header()->hide();
     setDragEnabled(true);
     setDragDropMode(QAbstractItemView::DragOnly);
-    setMouseTracking(true);
     setContextMenuPolicy(Qt::PreventContextMenu);
-    // Folders come one after the other from behind, and are put in order later still: what was asked for is brought
-    // into view each time, until the player takes over.
+    // The model lists folders in the background and sorts them later. The wanted folder is scrolled into view each
+    // time, until the player takes over.
     const auto settle = [this] {
         if (settling_ && isVisible()) ShowFolder();
     };
@@ -49,7 +45,7 @@ void FolderTree::Open(bool open) {
 void FolderTree::ShowFolder() {
     const QModelIndex folder = folders_.index(QString::fromStdString(s.TreeFolder));
     setCurrentIndex(folder);
-    // From the top, as a folder whose parent is closed is not opened but only noted.
+    // From the top: the tree does not open a folder whose parent is closed.
     QModelIndexList path;
     for (QModelIndex above = folder.parent(); above.isValid(); above = above.parent()) path.prepend(above);
     for (const QModelIndex& above : path) {
@@ -60,18 +56,13 @@ void FolderTree::ShowFolder() {
 }
 
 void FolderTree::mousePressEvent(QMouseEvent* event) {
-    settling_ = false;  // from now on the player looks for a folder
+    settling_ = false;  // the player takes over
     if (event->button() == Qt::LeftButton) QTreeView::mousePressEvent(event);
 }
 
 void FolderTree::mouseReleaseEvent(QMouseEvent* event) {
     QTreeView::mouseReleaseEvent(event);
     FolderTree_MouseUp(s, ButtonNumber(event->button()));
-}
-
-void FolderTree::mouseMoveEvent(QMouseEvent* event) {
-    if (auto* form = dynamic_cast<HintWindow*>(window())) form->ShowHint(kFolderTreeHint);
-    QTreeView::mouseMoveEvent(event);
 }
 
 void FolderTree::keyPressEvent(QKeyEvent* event) {

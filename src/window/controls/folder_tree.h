@@ -8,7 +8,8 @@
 
 namespace marvolin {
 
-/// `FolderTreeview1`: the folders of the machine. One is dragged onto a bin's folder button; a right click closes it.
+/// `FolderTreeview1`: the folders of the machine, dragged onto the folder button of a bin. A right click closes the
+/// tree.
 class FolderTree : public QTreeView {
 public:
     FolderTree(Session& session, QWidget* parent);
@@ -18,14 +19,13 @@ public:
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void ShowFolder();
 
     Session& s;
-    bool settling_ = false;  // the tree has been opened and not yet been touched
+    bool settling_ = false;  // the tree was opened and the player has not touched it yet
     FilePictures pictures_;  // outlives the folders
     QFileSystemModel folders_;
 };

@@ -13,9 +13,8 @@ constexpr double kTextWidth = 74;
 
 }  // namespace
 
-Gauge::Gauge(Session& session, QWidget* parent, const char* name, int gaugeIndex, const QString& label,
-             GaugeRules rules)
-    : Control(session, parent, name, gaugeIndex, label), rules_(std::move(rules)) {}
+Gauge::Gauge(Session& session, QWidget* parent, std::string_view name, GaugeRules rules)
+    : Control(session, parent, name), rules_(std::move(rules)) {}
 
 double Gauge::TrackEnd() const { return width() - kTextWidth - kStart; }
 
@@ -32,8 +31,6 @@ void Gauge::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     } else if (left) {
         rules_.Moving(value);
         update();
-    } else if (phase == Phase::Move && button == kNoButton && rules_.Hover) {
-        rules_.Hover();
     }
 }
 

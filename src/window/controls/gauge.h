@@ -6,27 +6,25 @@
 
 namespace marvolin {
 
-/// What a gauge shows and where its gestures go. All values are whole numbers on its scale.
+/// What a gauge shows and what its gestures do. All values are whole numbers on its scale.
 struct GaugeRules {
     int Low = 0;
     int High = 100;
     int FineStep = 1;                                             ///< of the wheel and the arrow keys
-    std::function<int()> Value;                                   ///< where it stands
-    std::function<QString()> Text;                                ///< what stands behind it
-    std::function<void(int)> Moving;                              ///< the hand moves it
-    std::function<void(std::int16_t button, int value)> Release;  ///< the hand lets it go
-    std::function<void()> Hover;                                  ///< the pointer passes over it
+    std::function<int()> Value;                                   ///< gives the value to show
+    std::function<QString()> Text;                                ///< gives the text to the right of the scale
+    std::function<void(int)> Moving;                              ///< the player drags it to a value
+    std::function<void(std::int16_t button, int value)> Release;  ///< the player released it at a value
 };
 
 /// A horizontal gauge that is dragged, as `MapSize` and `RollOff`.
 class Gauge : public Control {
 public:
-    Gauge(Session& session, QWidget* parent, const char* name, int index, const QString& label, GaugeRules rules);
+    Gauge(Session& session, QWidget* parent, std::string_view name, GaugeRules rules);
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void Step(int units) override;
-    void Activate() override {}
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -9,26 +9,12 @@ namespace marvolin {
 
 namespace {
 
-struct KnobLook {
-    const char* Name;
-    const char* Label;
-    const char* Text;
-};
-constexpr std::array<KnobLook, 3> kLooks{
-    {{"VolKnob", "Vol", "Volume"}, {"PanKnob", "Pan", "Pan"}, {"HzKnob", "Freq", "Frequency"}}};
+constexpr std::array<const char*, 3> kNames{"VolKnob", "PanKnob", "HzKnob"};  // by `Knob`
 
 constexpr double kSweep = 270;  // degrees from the first picture to the last
 constexpr double kStart = 225;  // degrees of the first picture, counter-clockwise from three o'clock
 constexpr double kLastFrame = 63;
 constexpr double kRadius = 17;
-
-const KnobLook& LookOf(Knob knob) { return kLooks[static_cast<std::size_t>(knob)]; }
-
-QString RowText(Row row) {
-    if (row == kMasterRow) return "of the master";
-    if (row == kSelectionRow) return "of the selection";
-    return QString("of LoopTrack %1").arg(QChar(RowLetter(row)));
-}
 
 void DrawArc(QPainter& p, const QRectF& ring, double fromDegrees, double spanDegrees, const QColor& colour,
              double width) {
@@ -40,14 +26,12 @@ void DrawArc(QPainter& p, const QRectF& ring, double fromDegrees, double spanDeg
 }  // namespace
 
 KnobControl::KnobControl(Session& session, QWidget* parent, Knob knob, Row row)
-    : Control(session, parent, LookOf(knob).Name, row, QString("%1 %2").arg(LookOf(knob).Text, RowText(row))),
-      knob_(knob),
-      row_(row) {
+    : Control(session, parent, kNames[static_cast<std::size_t>(knob)], row), knob_(knob) {
     if (row != kMasterRow) TakeDropsFor(row);
 }
 
 void KnobControl::Refresh() {
-    if (KnobFrameOf(s, knob_, row_) != shown_) update();
+    if (KnobFrameOf(s, knob_, index) != shown_) update();
 }
 
 void KnobControl::changeEvent(QEvent* event) {
@@ -56,21 +40,26 @@ void KnobControl::changeEvent(QEvent* event) {
 }
 
 void KnobControl::Gesture(Phase phase, std::int16_t button, QPointF twips) {
-    KnobGesture(s, knob_, row_, phase, button, twips.x(), twips.y());
+    KnobGesture(s, knob_, index, phase, button, twips.x(), twips.y());
 }
 
-void KnobControl::DoubleClick(std::int16_t, QPointF) { Knob_DblClick(s, knob_, row_); }
+void KnobControl::DoubleClick(std::int16_t, QPointF) { Knob_DblClick(s, knob_, index); }
+
+void KnobControl::Step(int units) {
+    described.ShowHint(0, false);
+    KnobStep(s, knob_, index, units);
+}
 
 void KnobControl::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
-    shown_ = KnobFrameOf(s, knob_, row_);
+    shown_ = KnobFrameOf(s, knob_, index);
     const double turn = kSweep * shown_ / kLastFrame;
-    const bool labelled = row_ != kMasterRow;
+    const bool labelled = index != kMasterRow;
     const QPointF centre(width() / 2.0, labelled ? kRadius + 2 : height() / 2.0);
     const QRectF ring(centre.x() - kRadius + 1.5, centre.y() - kRadius + 1.5, 2 * kRadius - 3, 2 * kRadius - 3);
 
-    const QColor colour = row_ == kMasterRow ? theme::kText : theme::RowColour(row_);
+    const QColor colour = index == kMasterRow ? theme::kText : theme::RowColour(index);
     DrawArc(p, ring, kStart, -kSweep, theme::kLine, 3.2);
     if (isEnabled()) {
         // A dark row colour gets a pale edge, so that its arc is seen on the dark ground.
@@ -94,7 +83,7 @@ void KnobControl::paintEvent(QPaintEvent*) {
     if (!labelled) return;
     p.setFont(theme::Sans(10));
     p.setPen(theme::kQuiet);
-    p.drawText(QRectF(0, height() - 14, width(), 14), Qt::AlignHCenter | Qt::AlignBottom, LookOf(knob_).Label);
+    p.drawText(QRectF(0, height() - 14, width(), 14), Qt::AlignHCenter | Qt::AlignBottom, Caption());
 }
 
 }  // namespace marvolin

@@ -4,19 +4,16 @@
 
 #include "audio/limiter.h"
 #include "audio/thinning.h"
-#include "window/controls/hints.h"
 
 namespace marvolin {
 
-LimiterControl::LimiterControl(Session& session, QWidget* parent)
-    : Control(session, parent, "Limiter", -1, "How many LoopTracks may sound; 4 is no limit") {}
-
-std::string_view LimiterControl::Hint(QPointF) const { return hints::kLimiter; }
+LimiterControl::LimiterControl(Session& session, QWidget* parent) : Control(session, parent, "Limiter") {}
 
 void LimiterControl::Gesture(Phase phase, std::int16_t, QPointF twips) { Limiter_Gesture(s, phase, twips.y()); }
 
-// A step is the drag that makes one step.
+// Drags as far as `units` steps take.
 void LimiterControl::Step(int units) {
+    described.ShowHint(0, false);
     Limiter_Gesture(s, Phase::Down, 0);
     Limiter_Gesture(s, Phase::Move, -units * kTwipsALimit);
     Limiter_Gesture(s, Phase::Up, -units * kTwipsALimit);

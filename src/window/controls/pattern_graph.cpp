@@ -11,8 +11,7 @@ namespace marvolin {
 
 namespace {
 
-constexpr std::array<const char*, kPatternRows> kLabels{"Volume pattern", "Frequency pattern", "Pan pattern"};
-constexpr double kPanFoot = kPanCentre;
+constexpr double kPanFoot = kPanCentre;  // bars of the pan pattern start from the centre
 
 QRectF StepPlace(double width, double height, int step, int steps) {
     const double left = kRandomColumnShare * width;
@@ -28,15 +27,13 @@ QColor PatternColour(int patternRow) {
 }
 
 PatternGraphControl::PatternGraphControl(Session& session, QWidget* parent, int patternRow)
-    : Control(session, parent, "PatternGraph", patternRow, kLabels[static_cast<std::size_t>(patternRow)]) {
-    setFocusPolicy(Qt::NoFocus);
+    : Control(session, parent, drags::kPatternGraph, patternRow) {
     setAttribute(Qt::WA_Hover, false);
-    setToolTip({});
     setAcceptDrops(true);
 }
 
 void PatternGraphControl::Gesture(Phase phase, std::int16_t button, QPointF twips) {
-    if (phase == Phase::Down && button == kRightButton) return BeginDrag({"PatternGraph", static_cast<Row>(index), ""});
+    if (phase == Phase::Down && button == kRightButton) return BeginDrag({drags::kPatternGraph, index, ""});
     PatternGraph_Gesture(s, index, phase, button, twips.x(), twips.y(),
                          {width() * kTwipsPerPixel, height() * kTwipsPerPixel});
 }
@@ -44,7 +41,7 @@ void PatternGraphControl::Gesture(Phase phase, std::int16_t button, QPointF twip
 void PatternGraphControl::DoubleClick(std::int16_t button, QPointF twips) { Gesture(Phase::Down, button, twips); }
 
 void PatternGraphControl::Drop(const DragSource& source) {
-    if (source.Name == "Eraser") EraserDrop(s, index);
+    if (source.Name == drags::kEraser) EraserDrop(s, index);
 }
 
 QRectF PatternGraphControl::ColumnPlace(int column) const {
@@ -64,7 +61,7 @@ double PatternGraphControl::HeightOf(double value) const {
 }
 
 void PatternGraphControl::DrawColumn(QPainter& p, int column) const {
-    if (column > kPatternSteps) return;  // a graph laid out for more columns than a pattern has steps
+    if (column > kPatternSteps) return;  // a file may lay out more columns than a pattern has steps
     const PatternBlock& block = s.Set[s.CurrentLoop].Pattern[index];
     const double value = column == 0 ? block[kPatternOffset] : block[column - 1];
     const double foot =
@@ -108,9 +105,7 @@ void PatternGraphControl::paintEvent(QPaintEvent* event) {
     p.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
 }
 
-StepReadOutControl::StepReadOutControl(Session& session, QWidget* parent)
-    : Control(session, parent, "StepReadOut", -1, "Step that sounds") {
-    setFocusPolicy(Qt::NoFocus);
+StepReadOutControl::StepReadOutControl(Session& session, QWidget* parent) : Control(session, parent, "StepReadOut") {
     setAttribute(Qt::WA_Hover, false);
 }
 

@@ -7,11 +7,11 @@ namespace marvolin {
 /// Colour of a pattern row's graph.
 QColor PatternColour(int patternRow);
 
-/// `PatternGraph`: the random column and the step columns of one pattern row of `CurrentLoop`.
+/// `PatternGraph`: one pattern row of `CurrentLoop`, a random column and the columns of the steps.
 class PatternGraphControl : public Control {
 public:
     PatternGraphControl(Session& session, QWidget* parent, int patternRow);
-    /// Repaints one column: 0 the random one, from 1 the steps.
+    /// Repaints one column: 0 the random column, 1 the first step.
     void RefreshColumn(int column);
     QRectF ColumnPlace(int column) const;
 
@@ -26,20 +26,19 @@ private:
     double HeightOf(double value) const;
 };
 
-/// `StepReadOut`: marks the step of `CurrentLoop` above the graphs, in line with their columns.
+/// `StepReadOut`: marks the current step of `CurrentLoop` above the graphs, in line with their columns.
 class StepReadOutControl : public Control {
 public:
     StepReadOutControl(Session& session, QWidget* parent);
-    /// Moves the marker; repaints its old and its new place alone.
+    /// Moves the marker; repaints only its old and its new place.
     void Refresh() override;
 
 protected:
-    void Activate() override {}
     void paintEvent(QPaintEvent* event) override;
 
 private:
     QRectF MarkerPlace() const;
-    QRectF shown_;  // where the marker stands on the screen
+    QRectF shown_;  // the marker as it was painted last
 };
 
 }  // namespace marvolin

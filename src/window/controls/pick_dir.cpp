@@ -1,28 +1,23 @@
 #include "window/controls/pick_dir.h"
 
 #include <QApplication>
-#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QFileInfo>
 #include <QMimeData>
 #include <QPainter>
-#include <QUrl>
 
 #include "browser/bin_gestures.h"
-#include "browser/sample_bins.h"
 
 namespace marvolin {
 
-PickDir::PickDir(Session& session, QWidget* parent, int bin)
-    : Control(session, parent, "PickDir", bin, QString("Folder of bin %1").arg(bin + 1)) {
+PickDir::PickDir(Session& session, QWidget* parent, int bin) : Control(session, parent, drags::kPickDir, bin) {
     setAcceptDrops(true);
 }
 
 void PickDir::Refresh() {
-    setToolTip(QString::fromStdString(s.Bins[index].Folder));
+    described.RefreshTip();
     update();
 }
-
-std::string_view PickDir::Hint(QPointF) const { return kPickDirHint; }
 
 void PickDir::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     const QPointF at = twips / kTwipsPerPixel;
@@ -35,15 +30,11 @@ void PickDir::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     } else if (pressed_ && button != kNoButton &&
                (at - press_).manhattanLength() >= QApplication::startDragDistance()) {
         pressed_ = false;
-        BeginDrag({"PickDir", static_cast<Row>(index), ""});
+        BeginDrag({drags::kPickDir, index, ""});
     }
 }
 
 void PickDir::Drop(const DragSource& source) { PickDir_DragDrop(s, index, source); }
-
-void PickDir::dragEnterEvent(QDragEnterEvent* event) {
-    if (event->mimeData()->hasUrls() || IsDragSource(*event->mimeData())) event->acceptProposedAction();
-}
 
 void PickDir::dropEvent(QDropEvent* event) {
     event->acceptProposedAction();

@@ -4,7 +4,7 @@
 
 namespace marvolin {
 
-/// `PickDir`: the folder of a bin. It takes the folder of another button, and folders of the tree.
+/// `PickDir`: the folder button of a bin. It takes the folder of another button, and folders of the tree.
 class PickDir : public Control {
 public:
     PickDir(Session& session, QWidget* parent, int bin);
@@ -12,9 +12,7 @@ public:
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
-    std::string_view Hint(QPointF place) const override;
     void Drop(const DragSource& source) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 

@@ -6,20 +6,19 @@
 
 namespace marvolin {
 
-PlayStopControl::PlayStopControl(Session& session, QWidget* parent)
-    : Control(session, parent, "PlayStop", -1, "Play all (top), stop all (bottom)") {}
+PlayStopControl::PlayStopControl(Session& session, QWidget* parent) : Control(session, parent, "PlayStop") {}
+
+int PlayStopControl::PartAt(QPointF place) const { return static_cast<int>(PlayStopZoneAt(place.y(), height())); }
 
 void PlayStopControl::Gesture(Phase phase, std::int16_t, QPointF twips) {
-    const double tall = height() * kTwipsPerPixel;
-    if (phase == Phase::Move) PlayStop_MouseMove(s, twips.y(), tall);
-    if (phase == Phase::Up) PlayStop_MouseUp(s, twips.y(), tall);
+    if (phase == Phase::Up) PlayStop_MouseUp(s, twips.y(), height() * kTwipsPerPixel);
 }
 
-// With the keys alone: stop all when anything sounds, play all otherwise.
+// A key has no zone: it stops all when anything plays, and plays all otherwise.
 void PlayStopControl::Activate() {
-    bool sounds = false;
-    for (Row row = 0; row < kLoopTracks; ++row) sounds = sounds || s.Run[row].Playing != False;
-    const double y = sounds ? height() - 1 : 1;
+    bool plays = false;
+    for (Row row = 0; row < kLoopTracks; ++row) plays = plays || s.Run[row].Playing != False;
+    const double y = plays ? height() - 1 : 1;
     Gesture(Phase::Up, kLeftButton, QPointF(0, y) * kTwipsPerPixel);
 }
 

@@ -5,9 +5,11 @@
 namespace marvolin {
 
 /// `PlayStop`: its upper part plays all LoopTracks, its lower part stops them.
-class PlayStopControl : public Control {
+class PlayStopControl : public Control, public HasParts {
 public:
     PlayStopControl(Session& session, QWidget* parent);
+    /// A `PlayStopZone`.
+    int PartAt(QPointF place) const override;
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;

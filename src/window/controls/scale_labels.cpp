@@ -41,9 +41,7 @@ void ScaleLabels::paintEvent(QPaintEvent*) {
     p.drawText(QRectF(0, 2, 30, 14), Qt::AlignVCenter | Qt::AlignLeft, scale.Name);
 }
 
-CurrentBadge::CurrentBadge(Session& session, QWidget* parent)
-    : Control(session, parent, "CurrentLoop", -1, "LoopTrack shown here") {
-    setFocusPolicy(Qt::NoFocus);
+CurrentBadge::CurrentBadge(Session& session, QWidget* parent) : Control(session, parent, "CurrentLoop") {
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 

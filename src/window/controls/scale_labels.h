@@ -4,7 +4,7 @@
 
 namespace marvolin {
 
-/// The name of a pattern row and the values at top, middle and bottom of its graph, to the left of it.
+/// The name of a pattern row, and the values at the top, middle and bottom of its graph.
 class ScaleLabels : public QWidget {
 public:
     ScaleLabels(QWidget* parent, int patternRow);
@@ -16,17 +16,16 @@ private:
     const int patternRow_;
 };
 
-/// The letter of the LoopTrack that the page shows.
+/// `CurrentLoop`: the letter of the LoopTrack that the page shows.
 class CurrentBadge : public Control {
 public:
     CurrentBadge(Session& session, QWidget* parent);
 
 protected:
-    void Activate() override {}
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// The point between the seconds and their tenths.
+/// The point between seconds and tenths.
 class DecimalPoint : public QWidget {
 public:
     explicit DecimalPoint(QWidget* parent);

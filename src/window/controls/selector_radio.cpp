@@ -7,11 +7,7 @@
 namespace marvolin {
 
 SelectorRadioButton::SelectorRadioButton(Session& session, QWidget* parent, int button)
-    : Control(session, parent, "SelectorRadio", button,
-              button == 0 ? QString("The selection is in control") : QString("Band %1 is in control").arg(button - 1)) {
-}
-
-std::string_view SelectorRadioButton::Hint(QPointF) const { return kSelectorRadioHint; }
+    : Control(session, parent, "SelectorRadio", button) {}
 
 void SelectorRadioButton::Gesture(Phase phase, std::int16_t button, QPointF) {
     if (phase == Phase::Down && button == kLeftButton) SelectorRadio_Click(s, index);

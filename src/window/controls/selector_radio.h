@@ -4,7 +4,7 @@
 
 namespace marvolin {
 
-/// One button of `SelectorRadio`: 0 the selection, 1..6 the bands 0..5. Lit while it is in control.
+/// One button of `SelectorRadio`: 0 for the selection, 1..6 for the bands 0..5. Lit while it is in control.
 class SelectorRadioButton : public Control {
 public:
     SelectorRadioButton(Session& session, QWidget* parent, int button);
@@ -12,7 +12,6 @@ public:
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void DoubleClick(std::int16_t button, QPointF twips) override;
-    std::string_view Hint(QPointF) const override;
     void paintEvent(QPaintEvent* event) override;
 };
 

@@ -6,13 +6,13 @@
 
 namespace marvolin {
 
-StepsControl::StepsControl(Session& session, QWidget* parent)
-    : Control(session, parent, "NSteps", -1, "Number of steps") {}
+StepsControl::StepsControl(Session& session, QWidget* parent) : Control(session, parent, "NSteps") {}
 
 void StepsControl::Gesture(Phase phase, std::int16_t, QPointF twips) { NSteps_Gesture(s, phase, twips.y()); }
 
-// A step is the drag that makes one step.
+// Drags as far as `units` steps take.
 void StepsControl::Step(int units) {
+    described.ShowHint(0, false);
     NSteps_Gesture(s, Phase::Down, 0);
     NSteps_Gesture(s, Phase::Move, -units * kTwipsAStep);
     NSteps_Gesture(s, Phase::Up, -units * kTwipsAStep);
@@ -26,19 +26,15 @@ void StepsControl::paintEvent(QPaintEvent*) {
     p.drawText(rect().adjusted(0, 2, 0, -12), Qt::AlignCenter, QString::number(s.StepsShown));
     p.setFont(theme::Sans(10));
     p.setPen(theme::kQuiet);
-    p.drawText(rect().adjusted(0, 0, 0, -3), Qt::AlignHCenter | Qt::AlignBottom, "steps");
+    p.drawText(rect().adjusted(0, 0, 0, -3), Qt::AlignHCenter | Qt::AlignBottom, Caption());
 }
 
-EraserControl::EraserControl(Session& session, QWidget* parent)
-    : Control(session, parent, "Eraser", -1, "Eraser: drag it onto a pattern") {
-    setFocusPolicy(Qt::NoFocus);
+EraserControl::EraserControl(Session& session, QWidget* parent) : Control(session, parent, drags::kEraser) {
     setCursor(Qt::OpenHandCursor);
 }
 
-std::string_view EraserControl::Hint(QPointF) const { return kEraserHint; }
-
 void EraserControl::Gesture(Phase phase, std::int16_t, QPointF) {
-    if (phase == Phase::Down) BeginDrag({"Eraser", 0, ""});
+    if (phase == Phase::Down) BeginDrag({drags::kEraser, 0, ""});
 }
 
 void EraserControl::paintEvent(QPaintEvent*) {
@@ -55,19 +51,16 @@ void EraserControl::paintEvent(QPaintEvent*) {
     p.resetTransform();
     p.setFont(theme::Sans(10));
     p.setPen(theme::kQuiet);
-    p.drawText(rect().adjusted(0, 0, 0, -3), Qt::AlignHCenter | Qt::AlignBottom, "eraser");
+    p.drawText(rect().adjusted(0, 0, 0, -3), Qt::AlignHCenter | Qt::AlignBottom, Caption());
 }
 
-FrameControl::FrameControl(Session& session, QWidget* parent, const char* name, const QString& title,
-                           std::string_view hint)
-    : Control(session, parent, name, -1, title), hint_(hint) {
-    setFocusPolicy(Qt::NoFocus);
+FrameControl::FrameControl(Session& session, QWidget* parent, const char* name)
+    : Control(session, parent, name), name_(name) {
     setAttribute(Qt::WA_Hover, false);
-    setToolTip({});
 }
 
 void FrameControl::Gesture(Phase phase, std::int16_t, QPointF) {
-    if (phase == Phase::Down) BeginDrag({objectName().toStdString(), 0, ""});
+    if (phase == Phase::Down) BeginDrag({name_, 0, ""});
 }
 
 void FrameControl::paintEvent(QPaintEvent*) {
@@ -78,7 +71,7 @@ void FrameControl::paintEvent(QPaintEvent*) {
     p.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 6, 6);
     p.setFont(theme::Sans(12, QFont::DemiBold));
     p.setPen(theme::kQuiet);
-    p.drawText(QRect(12, 5, width() - 24, 18), Qt::AlignVCenter | Qt::AlignLeft, accessibleName());
+    p.drawText(QRect(12, 5, width() - 24, 18), Qt::AlignVCenter | Qt::AlignLeft, Caption());
 }
 
 }  // namespace marvolin

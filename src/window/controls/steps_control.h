@@ -12,35 +12,31 @@ public:
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void Step(int units) override;
-    void Activate() override {}
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// `Eraser`: dragged onto a graph it resets the pattern.
+/// `Eraser`: a drop on a graph resets its pattern.
 class EraserControl : public Control {
 public:
     EraserControl(Session& session, QWidget* parent);
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
-    void Activate() override {}
-    std::string_view Hint(QPointF) const override;
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// `Patterns` or `AllTiming`: a frame around controls, dragged to copy all of them.
+/// `Patterns` or `AllTiming`: a frame around controls. A drag of it copies all of them.
 class FrameControl : public Control {
 public:
-    FrameControl(Session& session, QWidget* parent, const char* name, const QString& title, std::string_view hint);
+    /// `name` is the name in the table and the name that the drag carries.
+    FrameControl(Session& session, QWidget* parent, const char* name);
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
-    void Activate() override {}
-    std::string_view Hint(QPointF) const override { return hint_; }
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    const std::string_view hint_;
+    const char* const name_;
 };
 
 }  // namespace marvolin

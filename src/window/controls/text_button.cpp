@@ -4,15 +4,9 @@
 
 namespace marvolin {
 
-TextButton::TextButton(Session& session, QWidget* parent, const char* name, const QString& text, const QString& tip,
-                       std::string_view hint, std::function<void()> click)
-    : Control(session, parent, name, -1, tip), text_(text), hint_(hint), click_(std::move(click)) {
-    if (!click_) SetNotBuilt();
-}
-
-void TextButton::SetText(const QString& text) {
-    text_ = text;
-    update();
+TextButton::TextButton(Session& session, QWidget* parent, std::string_view name, std::function<void()> click)
+    : Control(session, parent, name), click_(std::move(click)) {
+    setEnabled(click_ != nullptr);
 }
 
 void TextButton::Gesture(Phase phase, std::int16_t button, QPointF twips) {
@@ -27,7 +21,7 @@ void TextButton::paintEvent(QPaintEvent*) {
     theme::DrawFace(p, rect(), Face());
     p.setFont(theme::Sans(13, QFont::Medium));
     p.setPen(isEnabled() ? theme::kText : theme::kQuiet);
-    p.drawText(rect(), Qt::AlignCenter, text_);
+    p.drawText(rect(), Qt::AlignCenter, Caption());
 }
 
 }  // namespace marvolin

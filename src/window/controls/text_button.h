@@ -6,23 +6,19 @@
 
 namespace marvolin {
 
-/// A plain button with a text.
+/// A plain button with its caption.
 class TextButton : public Control {
 public:
-    TextButton(Session& session, QWidget* parent, const char* name, const QString& text, const QString& tip,
-               std::string_view hint, std::function<void()> click);
-    void SetText(const QString& text);
-    /// What a click with any other button than the left one does, where it does anything.
+    /// `click` is what a click with the left button does; a button without it is disabled.
+    TextButton(Session& session, QWidget* parent, std::string_view name, std::function<void()> click);
+    /// Sets what a click with any other button does.
     void OnOtherClick(std::function<void(std::int16_t button)> click) { otherClick_ = std::move(click); }
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
-    std::string_view Hint(QPointF) const override { return hint_; }
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QString text_;
-    const std::string_view hint_;
     const std::function<void()> click_;
     std::function<void(std::int16_t button)> otherClick_;
 };

@@ -1,48 +1,22 @@
 #include "window/controls/time_controls.h"
 
 #include <QPainter>
-#include <array>
 
 #include "core/loops/loop_views.h"
 #include "sequencing/timing.h"
 
 namespace marvolin {
 
-namespace {
-
-constexpr std::array<const char*, 3> kGroupNames{"Step Duration", "Swing", "Sample Start"};
-constexpr std::array<const char*, kDigitsAGroup> kDigitNames{"hundredths", "tenths", "seconds", "tens of seconds",
-                                                             "hundreds of seconds"};
-constexpr std::array<const char*, 3> kPercentTips{"Step Duration as Percentage of Sample Length; dblclk to set to %100",
-                                                  "Swing as Percentage of Step Duration; dblclk to set to %0",
-                                                  "Sample Start as Percentage of Sample Length; dblclk to set to %0"};
-
-struct CloneText {
-    const char* Text;
-    const char* Tip;
-};
-constexpr std::array<CloneText, 3> kClones{{
-    {"Step Duration:", "Duration of Step, in Seconds (Applies to Track & Drum Mode)"},
-    {"Sample Start:", "Begin Playing at this Point in Sample (Applies to Drum Mode)"},
-    {"Swing: +/-Rnd:", "Swing Duration +/- a random number up to this amount"},
-}};
-
-QString DigitLabel(int digit) {
-    return QString("%1, %2").arg(kGroupNames[static_cast<std::size_t>(digit / kDigitsAGroup)],
-                                 kDigitNames[static_cast<std::size_t>(digit % kDigitsAGroup)]);
-}
-
-}  // namespace
-
 TimeDigitControl::TimeDigitControl(Session& session, QWidget* parent, int digit)
-    : Control(session, parent, "TimeDigit", digit, DigitLabel(digit)) {}
+    : Control(session, parent, "TimeDigit", digit) {}
 
 void TimeDigitControl::Gesture(Phase phase, std::int16_t, QPointF twips) {
     TimeDigit_Gesture(s, index, phase, twips.y());
 }
 
-// A step is the drag that makes one unit.
+// Drags as far as `units` units of the digit take.
 void TimeDigitControl::Step(int units) {
+    described.ShowHint(0, false);
     TimeDigit_Gesture(s, index, Phase::Down, 0);
     TimeDigit_Gesture(s, index, Phase::Move, -units * kTwipsATimeUnit);
     TimeDigit_Gesture(s, index, Phase::Up, -units * kTwipsATimeUnit);
@@ -60,7 +34,7 @@ void TimeDigitControl::paintEvent(QPaintEvent*) {
 }
 
 PercentReadOutControl::PercentReadOutControl(Session& session, QWidget* parent, int element)
-    : Control(session, parent, "PercentReadOut", element, kPercentTips[static_cast<std::size_t>(element)]) {}
+    : Control(session, parent, "PercentReadOut", element) {}
 
 void PercentReadOutControl::DoubleClick(std::int16_t, QPointF) { PercentReadOut_DblClick(s, index); }
 
@@ -75,16 +49,12 @@ void PercentReadOutControl::paintEvent(QPaintEvent*) {
 }
 
 CloneTimeControl::CloneTimeControl(Session& session, QWidget* parent, int element)
-    : Control(session, parent, "CloneTime", element, kClones[static_cast<std::size_t>(element)].Text) {
-    setToolTip(kClones[static_cast<std::size_t>(element)].Tip);
-    setFocusPolicy(Qt::NoFocus);
+    : Control(session, parent, drags::kCloneTime, element) {
     setCursor(Qt::OpenHandCursor);
 }
 
-std::string_view CloneTimeControl::Hint(QPointF) const { return kCloneTimeHint; }
-
 void CloneTimeControl::Gesture(Phase phase, std::int16_t, QPointF) {
-    if (phase == Phase::Down) BeginDrag({"CloneTime", static_cast<Row>(index), ""});
+    if (phase == Phase::Down) BeginDrag({drags::kCloneTime, index, ""});
 }
 
 void CloneTimeControl::paintEvent(QPaintEvent*) {
@@ -96,8 +66,7 @@ void CloneTimeControl::paintEvent(QPaintEvent*) {
         p.drawEllipse(QPointF(3.5 + (dot % 2) * 4, height() / 2.0 - 4 + (dot / 2) * 4), 1, 1);
     p.setFont(theme::Sans(12));
     p.setPen(underMouse() ? theme::kText : theme::kQuiet);
-    p.drawText(rect().adjusted(15, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
-               kClones[static_cast<std::size_t>(index)].Text);
+    p.drawText(rect().adjusted(15, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft, Caption());
 }
 
 }  // namespace marvolin

@@ -12,7 +12,6 @@ public:
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void Step(int units) override;
-    void Activate() override {}
     void paintEvent(QPaintEvent* event) override;
 };
 
@@ -22,21 +21,18 @@ public:
     PercentReadOutControl(Session& session, QWidget* parent, int element);
 
 protected:
-    void Gesture(Phase, std::int16_t, QPointF) override {}
     void DoubleClick(std::int16_t button, QPointF twips) override;
     void Activate() override { DoubleClick(kLeftButton, {}); }
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// `CloneTime`: the label of a time, by which it is dragged to another LoopTrack.
+/// `CloneTime`: the label of a time. A drag of it copies the time to another LoopTrack.
 class CloneTimeControl : public Control {
 public:
     CloneTimeControl(Session& session, QWidget* parent, int element);
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
-    void Activate() override {}
-    std::string_view Hint(QPointF) const override;
     void paintEvent(QPaintEvent* event) override;
 };
 

@@ -1,20 +1,18 @@
 #include "window/forms/browse_bins.h"
 
 #include "browser/destinations.h"
-#include "browser/sample_bins.h"
 #include "window/controls/bin_list.h"
 #include "window/controls/choice.h"
 #include "window/controls/folder_tree.h"
 #include "window/controls/pick_dir.h"
+#include "window/toolkit/strings.h"
 
 namespace marvolin {
 
 namespace {
 
 constexpr int kEdge = 10;
-constexpr int kHead = 106;  // height of what stands over a list
-
-QString Text(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
+constexpr int kHead = 106;  // height of the controls above a list
 
 }  // namespace
 
@@ -22,12 +20,11 @@ BrowseBins::BrowseBins(Session& session, QWidget* parent) : QWidget(parent), s(s
     for (int bin = 0; bin < kBins; ++bin) {
         const auto i = static_cast<std::size_t>(bin);
         folders_[i] = new PickDir(s, this, bin);
-        destinations_[i] = new ChoiceList(
-            s, this, QString("FileDestination_%1").arg(bin), QString("Destination of bin %1").arg(bin + 1),
-            kDestinationHint, [this, bin](int entry) { ChooseDestination(s, bin, static_cast<std::int16_t>(entry)); });
-        plays_[i] = new ChoiceBox(s, this, QString("ClickPlay_%1").arg(bin), Text(kClickPlayText), {},
-                                  [this, bin](bool on) { s.Bins[bin].ClickPlay = on ? 1 : 0; });
-        plays_[i]->setToolTip("Starts the LoopTrack after loading into it");
+        destinations_[i] = new ChoiceList(s, this, "FileDestination", bin, [this, bin](int entry) {
+            ChooseDestination(s, bin, static_cast<std::int16_t>(entry));
+        });
+        plays_[i] =
+            new ChoiceBox(s, this, "ClickPlay", bin, [this, bin](bool on) { s.Bins[bin].ClickPlay = on ? 1 : 0; });
         lists_[i] = new BinList(s, this, bin);
     }
     Tree = new FolderTree(s, this);
@@ -57,8 +54,7 @@ void BrowseBins::RefreshBin(int bin) {
 }
 
 void BrowseBins::RefreshDestinations() {
-    QStringList entries;
-    for (const std::string& text : DestinationTexts(s)) entries << QString::fromStdString(text);
+    const QStringList entries = ToQStrings(DestinationTexts(s));
     for (int bin = 0; bin < kBins; ++bin) {
         const auto i = static_cast<std::size_t>(bin);
         destinations_[i]->SetEntries(entries);

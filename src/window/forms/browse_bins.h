@@ -13,13 +13,13 @@ class ChoiceList;
 class FolderTree;
 class PickDir;
 
-/// The page "1-3" of the browser: three sample bins, and the folder tree on demand.
+/// The page "1-3" of the browser: three sample bins, and the folder tree when it is open.
 class BrowseBins : public QWidget {
 public:
     BrowseBins(Session& session, QWidget* parent);
-    /// Folder, samples and colour of a bin.
+    /// Shows folder, samples and colour of a bin again.
     void RefreshBin(int bin);
-    /// The rows and choices of the destination lists.
+    /// Shows the entries and choices of the destination lists again.
     void RefreshDestinations();
     FolderTree* Tree = nullptr;  // owned by the toolkit
 

@@ -27,16 +27,13 @@ BrowseClips::BrowseClips(Session& session, QWidget* parent) : QWidget(parent), s
     caption("Drag copies all LoopTrack elements", 2);
     caption("Right drag copies the following Elements:", 26);
     for (int i = 0; i < 7; ++i) {
-        const std::string_view text = kComponentTexts[static_cast<std::size_t>(i)];
-        auto* box = new ChoiceBox(s, side_, QString("Components_%1").arg(i), QString::fromUtf8(text.data()), {},
-                                  [this, i](bool on) { s.Clips.Components[i] = on; });
+        auto* box = new ChoiceBox(s, side_, "Components", i, [this, i](bool on) { s.Clips.Components[i] = on; });
         box->setGeometry(8, 66 + i * 26, kSide - 16, 24);
         components_[static_cast<std::size_t>(i)] = box;
     }
     auto* trash = new Trash(s, side_);
     trash->setGeometry(0, 260, 92, 62);
-    auto* clear = new TextButton(s, side_, "ClearClip", "Clear all", "Removes all clips, after a question", {},
-                                 [this] { ClearClip_Click(s); });
+    auto* clear = new TextButton(s, side_, "ClearClip", [this] { ClearClip_Click(s); });
     clear->setGeometry(104, 276, 92, 30);
     Refresh();
 }

@@ -6,8 +6,10 @@
 #include <QVBoxLayout>
 
 #include "browser/sample_bins.h"
+#include "window/descriptions/described.h"
 #include "window/forms/browse_bins.h"
 #include "window/forms/browse_clips.h"
+#include "window/toolkit/strings.h"
 #include "window/toolkit/theme.h"
 
 namespace marvolin {
@@ -29,16 +31,16 @@ QWidget* EmptyPage(const char* text) {
 }  // namespace
 
 FrmBrowse::FrmBrowse(Session& session) : s(session) {
-    setObjectName("frmBrowse");
+    Describe(s, *this, "frmBrowse");
     setWindowTitle("marvolin browser");
     setMinimumSize(620, 420);
     resize(kWidth, kHeight);
     tabs_ = new QTabBar;
-    tabs_->setObjectName("Sstab");
+    Describe(s, *tabs_, "Sstab");
     tabs_->setDrawBase(false);
     tabs_->setFocusPolicy(Qt::TabFocus);
     pages_ = new QStackedWidget;
-    pages_->setObjectName("BrowsePages");
+    Describe(s, *pages_, "BrowsePages");
     Bins = new BrowseBins(s, nullptr);
     Clips = new BrowseClips(s, nullptr);
     const auto add = [this](const char* caption, QWidget* page) {
@@ -49,7 +51,7 @@ FrmBrowse::FrmBrowse(Session& session) : s(session) {
     add("4-6", EmptyPage("There are no bins on this tab."));
     add("7-9", EmptyPage("There are no bins on this tab."));
     add("ClipBrd", Clips);
-    status_ = new BrowseStatus(this);
+    status_ = new BrowseStatus(s, this);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(8, 8, 8, 0);
     column->setSpacing(0);
@@ -59,20 +61,18 @@ FrmBrowse::FrmBrowse(Session& session) : s(session) {
     column->addWidget(status_);
     connect(tabs_, &QTabBar::currentChanged, this, [this](int tab) {
         pages_->setCurrentIndex(tab);
-        ShowHint("");  // the last one spoke of another page
+        ShowHint("");  // the last hint was about another page
         if (tab == kBinTab) Rescan();
     });
 }
 
-void FrmBrowse::ShowHint(std::string_view hint) {
-    status_->Show(QString::fromUtf8(hint.data(), static_cast<qsizetype>(hint.size())));
-}
+void FrmBrowse::ShowHint(std::string_view hint) { status_->Show(ToQString(hint)); }
 
 void FrmBrowse::Rescan() {
     for (int bin = 0; bin < static_cast<int>(decltype(s.Bins)::size()); ++bin) UpdatePickFile(s, bin);
 }
 
-// A change in a folder shows at the next visit.
+// A folder that has changed is shown when the player comes back to the browser.
 void FrmBrowse::showEvent(QShowEvent* event) {
     if (!event->spontaneous()) Rescan();
     QWidget::showEvent(event);
@@ -92,8 +92,8 @@ void FrmBrowse::closeEvent(QCloseEvent* event) {
     hide();
 }
 
-BrowseStatus::BrowseStatus(QWidget* parent) : QWidget(parent) {
-    setObjectName("BrowseStatusBar1");
+BrowseStatus::BrowseStatus(Session& session, QWidget* parent) : QWidget(parent) {
+    Describe(session, *this, "BrowseStatusBar1");
     setFixedHeight(26);
 }
 

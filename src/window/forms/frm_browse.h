@@ -13,12 +13,12 @@ class BrowseBins;
 class BrowseClips;
 class BrowseStatus;
 
-/// `frmBrowse`: the sample bins and the clipboard. Closing it only hides it, until the program ends.
+/// `frmBrowse`: the sample bins and the clipboard. Until the program ends, closing it only hides it.
 class FrmBrowse : public QWidget, public HintWindow {
 public:
     explicit FrmBrowse(Session& session);
     void ShowHint(std::string_view hint) override;
-    /// The next close is a real one.
+    /// The next close ends the form instead of hiding it.
     void AllowClose() { mayClose_ = true; }
 
     BrowseBins* Bins = nullptr;    // owned by the toolkit
@@ -42,7 +42,7 @@ private:
 /// `StatusBar1` of the browser.
 class BrowseStatus : public QWidget {
 public:
-    explicit BrowseStatus(QWidget* parent);
+    BrowseStatus(Session& session, QWidget* parent);
     void Show(const QString& text);
 
 protected:

@@ -47,7 +47,7 @@ constexpr int kLoadPeriod = 2000;  // ms
 }  // namespace
 
 FrmMain::FrmMain(Session& session, Events events) : s(session), events_(std::move(events)) {
-    setObjectName("frmMain");
+    Describe(s, *this, "frmMain");
     setWindowTitle(QString::fromStdString(s.Title));
     setFocusPolicy(Qt::ClickFocus);
     Bar = new Toolbar(s, this, [this] { ToggleMode(); });
@@ -65,15 +65,15 @@ FrmMain::FrmMain(Session& session, Events events) : s(session), events_(std::mov
     Status2 = new StatusBar2(s, this, events_.SoundLoad);
     selectList_ = new SelectList(s, this);
     historyList_ = new HistoryList(s, this);
-    quickLoad_ = new PopupList(this, "QuickLoad", "Sessions of the current folder");
+    quickLoad_ = new PopupList(s, this, "QuickLoad");
     quickLoad_->OnChoose = [this](int row) {
-        // By number, as a name in another encoding does not come back from what is shown of it.
+        // By number: the shown text of a name in another encoding does not lead back to the name.
         const auto i = static_cast<std::size_t>(row);
         if (i < s.QuickLoadRows.size()) QuickLoad_Click(s, s.QuickLoadRows[i]);
     };
     quickLoad_->OnHide = [this] { QuickLoad_LostFocus(s); };
     PlaceBars();
-    setFocus();  // no control wears the ring until the player reaches for the keys
+    setFocus();  // no control shows the focus until the player presses Tab
 
     places_.setInterval(kPlacePeriod);
     places_.callOnTimeout(this, [this] { ShowPlaces(); });
@@ -92,7 +92,7 @@ void FrmMain::PlaceBars() {
     setFixedSize(kWidth, height);
     Status1->setGeometry(0, height - kBarsHeight, kWidth, StatusBar1::kHeight);
     Status2->setGeometry(0, height - StatusBar2::kHeight, kWidth, StatusBar2::kHeight);
-    Bar->ToTop->SetText(s.MiniMode ? "Regular" : "Mini");
+    Bar->ToTop->Refresh();
 }
 
 void FrmMain::ToggleMode() {
@@ -181,8 +181,8 @@ bool FrmMain::IsTyping() const {
            dynamic_cast<QTextEdit*>(focus) != nullptr || dynamic_cast<QPlainTextEdit*>(focus) != nullptr;
 }
 
-// Letters belong to the instrument whatever control of the main window has the keys: they are taken before a list could
-// jump to an entry that begins with them.
+// Letters play the instrument whatever control of the main window has the focus. They are taken here, before a list
+// jumps to an entry that begins with them.
 bool FrmMain::eventFilter(QObject* object, QEvent* event) {
     const bool press = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
     if (!press && event->type() != QEvent::KeyRelease) return false;

@@ -26,7 +26,7 @@ public:
     struct Events {
         std::function<void()> Activate;  ///< the window became the active one
         std::function<void()> Unload;    ///< the window is being closed
-        /// A letter "A".."Z" was let go in the window, whatever control has the keys.
+        /// A key "A".."Z" was released in the window, whatever control has the focus.
         std::function<void(char letter, bool shift, bool control, bool alt)> KeyUp;
         std::function<double()> SoundLoad;  ///< share of real time that the sound takes
         std::function<bool()> SoundGone;    ///< whether the open sound device was pulled out
@@ -37,15 +37,15 @@ public:
 
     /// Regular to Mini and back.
     void ToggleMode();
-    /// Starts the moving line of the place that sounds while anything plays.
+    /// Moves the lines at the places that play as long as anything plays.
     void FollowPlaying();
     void RefreshTitle();
-    /// Shows the load of the sound, and tells when the device has gone; asked every other second, and when another one
-    /// is chosen.
+    /// Shows the load of the sound, and whether the device is gone. Runs every two seconds, and when a device is
+    /// chosen.
     void WatchSound();
-    /// Makes the balls of pad and map answer the pointer, or not.
+    /// Lets the player move the balls of pad and map, or not.
     void EnableBalls(bool enabled);
-    /// The list of sessions can be opened, or not.
+    /// Enables the list of sessions, or disables it.
     void RefreshQuickLoad();
     /// Opens or hides the list of sessions at its button.
     void ShowQuickLoad(bool open);
@@ -74,7 +74,7 @@ private:
 
     Session& s;
     Events events_;
-    QTimer places_;  // ticks while something sounds
+    QTimer places_;  // runs while anything plays
     QTimer load_;
     bool soundGone_ = false;
     PopupList* quickLoad_ = nullptr;

@@ -1,5 +1,6 @@
 #include "window/forms/frm_save.h"
 
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -13,7 +14,9 @@
 
 #include "persistence/save_open.h"
 #include "window/controls/choice.h"
+#include "window/descriptions/described.h"
 #include "window/toolkit/dialogue_style.h"
+#include "window/toolkit/strings.h"
 #include "window/toolkit/theme.h"
 
 namespace marvolin {
@@ -22,11 +25,9 @@ namespace {
 
 constexpr QSize kFileDialogue(760, 460);
 
-QString Text(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
-
 /// The filters in the toolkit's own notation.
 QStringList NameFilters() {
-    const QStringList parts = Text(kFileFilter).split('|');
+    const QStringList parts = ToQString(kFileFilter).split('|');
     QStringList filters;
     for (int i = 0; i + 1 < parts.size(); i += 2) filters << parts[i];
     return filters;
@@ -34,7 +35,7 @@ QStringList NameFilters() {
 
 QString SuffixOf(const QString& filter) { return filter.contains("*.mvp") ? "mvp" : "mvn"; }
 
-/// A file dialogue that ends only with a file whose folder there is.
+/// A file dialogue that saves only to a folder that exists.
 class SessionFileDialogue : public QFileDialog {
 public:
     SessionFileDialogue(Session& session, QWidget* parent, const QString& caption)
@@ -55,6 +56,22 @@ private:
     Session& s;
 };
 
+/// Gives the dialogue and the toolkit's controls in it their rows of the table.
+void DescribeParts(Session& s, QFileDialog& dialogue, const char* name) {
+    Describe(s, dialogue, name);
+    for (const char* part :
+         {"lookInCombo", "backButton", "forwardButton", "toParentButton", "newFolderButton", "listModeButton",
+          "detailModeButton", "sidebar", "listView", "treeView", "fileNameEdit", "fileTypeCombo"}) {
+        if (auto* widget = dialogue.findChild<QWidget*>(part)) Describe(s, *widget, part);
+    }
+    auto* buttons = dialogue.findChild<QDialogButtonBox*>();
+    if (buttons == nullptr) return;
+    for (QAbstractButton* button : buttons->buttons()) {
+        const bool accepts = buttons->buttonRole(button) == QDialogButtonBox::AcceptRole;
+        Describe(s, *button, accepts ? "AcceptFile" : "CancelFile");
+    }
+}
+
 QLabel* Caption(const QString& text) {
     auto* label = new QLabel(text);
     label->setFont(theme::Sans(13, QFont::DemiBold));
@@ -64,7 +81,7 @@ QLabel* Caption(const QString& text) {
 }  // namespace
 
 FrmSave::FrmSave(Session& session) : s(session) {
-    setObjectName("frmSave");
+    Describe(s, *this, "frmSave");
     setWindowFlag(Qt::Dialog);
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(16, 14, 16, 14);
@@ -83,24 +100,23 @@ QWidget* FrmSave::MakeList(int list) {
     auto* column = new QVBoxLayout(box);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(6);
-    column->addWidget(Caption(Text(kElementLabels[row])));
-    auto* preset = new ChoiceList(s, nullptr, QString("Selector_%1").arg(list),
-                                  list == 0 ? "Presets of the elements to save" : "Presets of the elements to open", {},
-                                  [this, list](int entry) { Preset(list, entry); });
-    for (const ElementPreset& one : kElementPresets) preset->addItem(Text(one.Text));
+    column->addWidget(Caption(ToQString(kElementLabels[row])));
+    auto* preset = new ChoiceList(s, nullptr, "Selector", list, [this, list](int entry) { Preset(list, entry); });
+    for (const ElementPreset& one : kElementPresets) preset->addItem(ToQString(one.Text));
     preset->setCurrentIndex(-1);
     preset->setPlaceholderText("Preset");
+    presets_[row] = preset;
     column->addWidget(preset);
     auto* frame = new QFrame;
-    frame->setObjectName(QString("Elements_%1").arg(list));
+    Describe(s, *frame, "Elements", list);
     frame->setStyleSheet(
         QString("#Elements_%1 { background: #14161a; border: 1px solid #3a3f47; border-radius: 5px; }").arg(list));
     auto* rows = new QVBoxLayout(frame);
     rows->setContentsMargins(10, 8, 24, 8);
     rows->setSpacing(4);
     for (int i = 0; i < kElements; ++i) {
-        auto* element = new QCheckBox(Text(kElementRows[static_cast<std::size_t>(i)].Text).replace("&", "&&"));
-        element->setObjectName(QString("Elements_%1_%2").arg(list).arg(i));
+        auto* element = new QCheckBox;
+        Describe(s, *element, list == 0 ? "Elements_0" : "Elements_1", i);
         rows->addWidget(element);
         elements_[row][static_cast<std::size_t>(i)] = element;
     }
@@ -114,17 +130,16 @@ QWidget* FrmSave::MakeOptions() {
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(16);
     grid->setVerticalSpacing(8);
-    selectionsOnly_ = new QCheckBox("Only Save Selected Loops");
-    selectionsOnly_->setObjectName("SelectionsOnly");
-    emptyBlank_ = new QCheckBox("Empty Blank Loops on Open");
-    emptyBlank_->setObjectName("EmptyBlank");
+    selectionsOnly_ = new QCheckBox;
+    Describe(s, *selectionsOnly_, "SelectionsOnly");
+    emptyBlank_ = new QCheckBox;
+    Describe(s, *emptyBlank_, "EmptyBlank");
     session_ = new QLineEdit;
-    session_->setObjectName("Session");
-    session_->setAccessibleName("Session Name (for SnapShots)");
+    const std::string sessionLabel = Describe(s, *session_, "Session").Label();
     session_->setPlaceholderText("Snapshot");
     grid->addWidget(selectionsOnly_, 0, 0);
     grid->addWidget(emptyBlank_, 0, 1);
-    grid->addWidget(new QLabel("Session Name (for SnapShots)"), 1, 0);
+    grid->addWidget(new QLabel(ToQString(sessionLabel)), 1, 0);
     grid->addWidget(session_, 1, 1);
     return box;
 }
@@ -133,19 +148,19 @@ QWidget* FrmSave::MakeButtons() {
     auto* box = new QWidget;
     auto* row = new QHBoxLayout(box);
     row->setContentsMargins(0, 4, 0, 0);
-    const auto add = [&](const char* name, const char* text, auto click) {
-        auto* button = new QPushButton(text);
-        button->setObjectName(name);
+    const auto add = [&](const char* name, auto click) {
+        auto* button = new QPushButton;
+        Describe(s, *button, name);
         button->setAutoDefault(false);
         connect(button, &QPushButton::clicked, this, click);
         row->addWidget(button);
         return button;
     };
-    saveIt_ = add("SaveIt", "Save", [this] { SaveIt_Click(s, Choices()); });
-    add("SaveItAs", "Save As", [this] { AskFile(true); });
+    saveIt_ = add("SaveIt", [this] { SaveIt_Click(s, Choices()); });
+    add("SaveItAs", [this] { AskFile(true); });
     row->addStretch(1);
-    reload_ = add("Reload", "Reload", [this] { Reload_Click(s, Choices()); });
-    add("OpenIt", "Open", [this] { AskFile(false); });
+    reload_ = add("Reload", [this] { Reload_Click(s, Choices()); });
+    add("OpenIt", [this] { AskFile(false); });
     return box;
 }
 
@@ -175,7 +190,7 @@ void FrmSave::Refresh() {
         for (std::size_t i = 0; i < elements_[list].size(); ++i) {
             elements_[list][i]->setChecked(shown.Elements[list][i]);
         }
-        if (auto* preset = findChild<QComboBox*>(QString("Selector_%1").arg(list))) preset->setCurrentIndex(-1);
+        presets_[list]->Show(-1);
     }
     selectionsOnly_->setChecked(shown.SelectionsOnly);
     emptyBlank_->setChecked(shown.EmptyBlank);
@@ -193,11 +208,11 @@ void FrmSave::Open() {
 }
 
 void FrmSave::AskFile(bool save) {
-    FilePictures pictures;  // outlives the dialogue
+    FilePictures pictures;  // must outlive the dialogue
     SessionFileDialogue dialogue(s, this, save ? "Save As" : "Open");
-    dialogue.setObjectName(save ? "SaveFileDialogue" : "OpenFileDialogue");
     dialogue.setOption(QFileDialog::DontUseNativeDialog);
     dialogue.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    DescribeParts(s, dialogue, save ? "SaveFileDialogue" : "OpenFileDialogue");
     dialogue.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialogue.setIconProvider(&pictures);
     dialogue.resize(kFileDialogue);

@@ -12,14 +12,14 @@ namespace marvolin {
 
 class ChoiceList;
 
-/// `frmSave`: what to save and what to open, element by element. Its boxes hold what the player has chosen and not yet
-/// taken over.
+/// `frmSave`: what to save and what to open, element by element. Its boxes hold choices that the session does not have
+/// yet: a button hands them over.
 class FrmSave : public QWidget {
 public:
     explicit FrmSave(Session& session);
-    /// Shows the choices of the session and the dialogue's file again.
+    /// Shows the choices and the file of the session again; choices that were not handed over are lost.
     void Refresh();
-    /// Opens the dialogue, in front of the others.
+    /// Shows the form in front of the others.
     void Open();
 
 protected:
@@ -34,6 +34,7 @@ private:
     void AskFile(bool save);
 
     Session& s;
+    std::array<ChoiceList*, 2> presets_{};
     std::array<std::array<QCheckBox*, kElements>, 2> elements_{};
     QCheckBox* selectionsOnly_ = nullptr;
     QCheckBox* emptyBlank_ = nullptr;

@@ -5,19 +5,19 @@
 #include <QTimer>
 #include <cmath>
 
+#include "window/descriptions/described.h"
 #include "window/toolkit/theme.h"
 
 namespace marvolin {
 
 namespace {
 
-constexpr int kShownFor = 3000;  // ms; the demo takes it away after the same time
+constexpr int kShownFor = 3000;  // ms; the demo hides it after the same time
 
 }  // namespace
 
 FrmSplash::FrmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus) {
-    setObjectName("frmSplash");
-    setAccessibleName("Marvolin");
+    Describe(*this, "frmSplash");
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFixedSize(420, 220);
 }
@@ -26,7 +26,7 @@ void FrmSplash::showEvent(QShowEvent*) { QTimer::singleShot(kShownFor, this, &QW
 
 void FrmSplash::mousePressEvent(QMouseEvent*) {}
 
-// Not at the press: the window below would get the release.
+// At the release, as the window below would get the release of a press that hides the splash.
 void FrmSplash::mouseReleaseEvent(QMouseEvent*) { hide(); }
 
 void FrmSplash::paintEvent(QPaintEvent*) {
@@ -35,7 +35,7 @@ void FrmSplash::paintEvent(QPaintEvent*) {
     p.fillRect(rect(), theme::kWindow);
     p.setPen(QPen(theme::kLine, 1));
     p.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
-    // Four loops, one a LoopTrack.
+    // Four loops, one for each LoopTrack.
     for (Row row = 0; row < kLoopTracks; ++row) {
         const QColor colour = theme::RowColour(row);
         const double middle = 34 + row * 22;

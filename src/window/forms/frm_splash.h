@@ -4,7 +4,7 @@
 
 namespace marvolin {
 
-/// The splash that greets over the main window.
+/// `frmSplash`: the splash over the main window. It goes after three seconds, or with a click.
 class FrmSplash : public QWidget {
 public:
     FrmSplash();

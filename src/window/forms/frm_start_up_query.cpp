@@ -8,21 +8,22 @@
 #include <QVBoxLayout>
 
 #include "persistence/start_up_demo.h"
+#include "window/descriptions/described.h"
 #include "window/toolkit/theme.h"
 
 namespace marvolin {
 
 FrmStartUpQuery::FrmStartUpQuery(Session& session) : s(session) {
-    setObjectName("frmStartUpQuery");
+    Describe(s, *this, "frmStartUpQuery");
     setWindowFlag(Qt::Dialog);
     setWindowTitle(kStartUpQueryTitle);
     auto* label = new QLabel(kStartUpQueryText);
     label->setFont(theme::Sans(14));
-    auto* yes = new QPushButton("Yes");
-    yes->setObjectName("cmdYes");
+    auto* yes = new QPushButton;
+    Describe(s, *yes, "cmdYes");
     connect(yes, &QPushButton::clicked, this, [this] { cmdYes_Click(s); });
-    auto* no = new QPushButton("No");
-    no->setObjectName("cmdNo");
+    auto* no = new QPushButton;
+    Describe(s, *no, "cmdNo");
     connect(no, &QPushButton::clicked, this, [this] { cmdNo_Click(s); });
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
@@ -42,7 +43,7 @@ void FrmStartUpQuery::showEvent(QShowEvent* event) {
     if (!event->spontaneous()) StartUpQuery_Activate(s);
 }
 
-// Outside a dialogue of the toolkit only the space bar presses a button.
+// In a plain window of the toolkit only the space bar presses a button.
 void FrmStartUpQuery::keyPressEvent(QKeyEvent* event) {
     auto* button = qobject_cast<QPushButton*>(focusWidget());
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;

@@ -6,8 +6,8 @@
 
 namespace marvolin {
 
-/// `frmStartUpQuery`: whether the demo is to play at the next start too. The return key presses the button that has the
-/// focus, at first "Yes".
+/// `frmStartUpQuery`: asks whether the demo is to play at the next start too. The Return key presses the button that
+/// has the focus, at first "Yes".
 class FrmStartUpQuery : public QWidget {
 public:
     explicit FrmStartUpQuery(Session& session);

@@ -16,7 +16,7 @@ constexpr QRect kBandsPlace{384, 2, 260, 30};
 }  // namespace
 
 SelectorStrip::SelectorStrip(Session& session, QWidget* parent) : QWidget(parent), s(session) {
-    setObjectName("SelectorStrip");
+    Describe(s, *this, "SelectorStrip");
     for (int button = 0; button <= kBands; ++button) {
         auto* made = new SelectorRadioButton(s, this, button);
         made->setGeometry(kFirstButton + button * 32, 5, 28, 24);

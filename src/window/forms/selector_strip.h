@@ -9,7 +9,7 @@ namespace marvolin {
 
 class Control;
 
-/// The slim strip below the rows: `SelectorRadio` and `Bands`.
+/// The strip below the rows: `SelectorRadio` and `Bands`.
 class SelectorStrip : public QWidget {
 public:
     static constexpr int kHeight = 34;

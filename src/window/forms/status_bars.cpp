@@ -1,13 +1,11 @@
 #include "window/forms/status_bars.h"
 
 #include <QHelpEvent>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QToolTip>
 #include <cmath>
 
-#include "core/routines.h"
-#include "window/controls/hints.h"
+#include "window/descriptions/parts.h"
 #include "window/toolkit/theme.h"
 
 namespace marvolin {
@@ -25,9 +23,7 @@ void DrawPanel(QPainter& p, const QRect& place, const QString& text, const QColo
 }  // namespace
 
 StatusBar1::StatusBar1(Session& session, QWidget* parent) : QWidget(parent), s(session) {
-    setObjectName("StatusBar1");
-    setAccessibleName("Hints");
-    setMouseTracking(true);
+    Describe(s, *this, "StatusBar1");
 }
 
 QRect StatusBar1::PlaceOf(Panel panel) const {
@@ -44,15 +40,16 @@ QRect StatusBar1::PlaceOf(Panel panel) const {
     return {};
 }
 
-void StatusBar1::mouseMoveEvent(QMouseEvent* event) {
-    if (PlaceOf(Panel::Help).contains(event->pos())) ShowStatus(s, hints::kHelpPanel);
+int StatusBar1::PartAt(QPointF place) const {
+    return PlaceOf(Panel::Help).contains(place.toPoint()) ? kHelpPanel : kTextPanels;
 }
 
+// The tool tip belongs to the question mark alone.
 bool StatusBar1::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         auto* help = static_cast<QHelpEvent*>(event);
         if (PlaceOf(Panel::Help).contains(help->pos())) {
-            QToolTip::showText(help->globalPos(), "Drag and drop onto a control to get help on it", this);
+            QToolTip::showText(help->globalPos(), toolTip(), this);
         } else {
             QToolTip::hideText();
         }
@@ -84,8 +81,7 @@ void StatusBar1::paintEvent(QPaintEvent*) {
 
 StatusBar2::StatusBar2(Session& session, QWidget* parent, std::function<double()> soundLoad)
     : QWidget(parent), s(session), soundLoad_(std::move(soundLoad)) {
-    setObjectName("StatusBar2");
-    setAccessibleName("Session and device");
+    Describe(s, *this, "StatusBar2");
 }
 
 QString StatusBar2::LoadText() const {

@@ -4,11 +4,12 @@
 #include <functional>
 
 #include "core/session.h"
+#include "window/descriptions/described.h"
 
 namespace marvolin {
 
 /// `StatusBar1` of the main window: hint, readout, running clock, and the question mark.
-class StatusBar1 : public QWidget {
+class StatusBar1 : public QWidget, public HasParts {
 public:
     static constexpr int kHeight = 24;
     enum class Panel : std::uint8_t { Hint, Readout, Clock, Help };
@@ -17,9 +18,10 @@ public:
     /// Repaints one panel.
     void Refresh(Panel panel) { update(PlaceOf(panel)); }
     QRect PlaceOf(Panel panel) const;
+    /// A `StatusBarPart`.
+    int PartAt(QPointF place) const override;
 
 protected:
-    void mouseMoveEvent(QMouseEvent* event) override;
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
@@ -32,12 +34,12 @@ class StatusBar2 : public QWidget {
 public:
     static constexpr int kHeight = 22;
 
-    /// `soundLoad` gives the share of real time, 0..1, that the sound takes; empty when nothing measures it.
+    /// `soundLoad` returns the share of real time, 0..1, that the sound takes; empty when nothing measures it.
     StatusBar2(Session& session, QWidget* parent, std::function<double()> soundLoad);
     void RefreshLoad();
-    /// Shows, in red, that the device has gone, or that it has not.
+    /// Shows in red that the device is gone, or shows the device again.
     void ShowGone(bool gone);
-    /// What stands for the device.
+    /// The text of the device's panel.
     QString DeviceText() const;
 
 protected:

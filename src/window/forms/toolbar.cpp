@@ -6,7 +6,6 @@
 #include "persistence/save_open.h"
 #include "persistence/snapshot.h"
 #include "window/controls/fade_factor.h"
-#include "window/controls/hints.h"
 #include "window/controls/knob.h"
 #include "window/controls/limiter.h"
 #include "window/controls/play_stop.h"
@@ -27,26 +26,22 @@ void DrawLabel(QPainter& p, int right, const QString& text) {
 }  // namespace
 
 Toolbar::Toolbar(Session& s, QWidget* parent, std::function<void()> toggleMode) : QWidget(parent) {
-    setObjectName("Toolbar");
-    const auto add = [&](const char* name, const char* text, const char* tip, std::string_view hint, QRect place,
-                         std::function<void()> click) {
-        auto* button = new TextButton(s, this, name, text, tip, hint, std::move(click));
+    Describe(s, *this, "Toolbar");
+    const auto add = [&](const char* name, QRect place, std::function<void()> click) {
+        auto* button = new TextButton(s, this, name, std::move(click));
         button->setGeometry(place);
         return button;
     };
     const auto at = [](int left, int width) { return QRect(left, kButtonTop, width, kButtonHeight); };
-    add("Browse", "Browse", "Open the browser", hints::kBrowse, at(8, 72), [&s] {
+    add("Browse", at(8, 72), [&s] {
         s.World.Forms.Show(Form::Browse);
         s.World.Forms.BringToFront(Form::Browse);
     });
-    add("SaveOpen", "Save/Open", "Save and open sessions", hints::kSaveOpen, at(85, 90),
-        [&s] { OpenSaveOpen(s, s.CurrentFile); });
-    QuickLoadPop = add("QuickLoadPop", "QuickLoad", "Sessions of the current folder", hints::kQuickLoad, at(180, 88),
-                       [&s] { QuickLoadPop_MouseUp(s, kLeftButton); });
+    add("SaveOpen", at(85, 90), [&s] { OpenSaveOpen(s, s.CurrentFile); });
+    QuickLoadPop = add("QuickLoadPop", at(180, 88), [&s] { QuickLoadPop_MouseUp(s, kLeftButton); });
     QuickLoadPop->OnOtherClick([&s](std::int16_t button) { QuickLoadPop_MouseUp(s, button); });
-    add("SnapShot", "Snapshot", "Save a snapshot of the session", hints::kSnapShot, at(273, 86),
-        [&s] { SnapShot_MouseUp(s); });
-    add("Scripts", "Scripts", "Open Scripting", {}, at(364, 70), nullptr);
+    add("SnapShot", at(273, 86), [&s] { SnapShot_MouseUp(s); });
+    add("Scripts", at(364, 70), nullptr);
     auto* playStop = new PlayStopControl(s, this);
     playStop->setGeometry(446, 2, 46, 42);
     Limiter = new LimiterControl(s, this);
@@ -55,8 +50,7 @@ Toolbar::Toolbar(Session& s, QWidget* parent, std::function<void()> toggleMode) 
     FadeFactor->setGeometry(628, kButtonTop, 150, kButtonHeight);
     Master = new KnobControl(s, this, Knob::Vol, kMasterRow);
     Master->setGeometry(850, 3, 40, 40);
-    ToTop = new TextButton(s, this, "ToTop", "Mini", "Minimize Toggle", hints::kToTop, std::move(toggleMode));
-    ToTop->setGeometry(966, kButtonTop, 66, kButtonHeight);
+    ToTop = add("ToTop", at(966, 66), std::move(toggleMode));
 }
 
 void Toolbar::paintEvent(QPaintEvent*) {

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "performance/drops/palette.h"
+#include "window/descriptions/described.h"
 #include "window/toolkit/drag_source.h"
 #include "window/toolkit/theme.h"
 
@@ -20,8 +21,7 @@ constexpr int kMostRows = 14;
 }  // namespace
 
 HistoryList::HistoryList(Session& session, QWidget* parent) : QListWidget(parent), s(session) {
-    setObjectName("HistoryList");
-    setAccessibleName("Palette and history");
+    Describe(s, *this, drags::kHistoryList);
     setFont(theme::Sans(13));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTextElideMode(Qt::ElideMiddle);
@@ -55,7 +55,7 @@ void HistoryList::mouseMoveEvent(QMouseEvent* event) {
 void HistoryList::StartEntryDrag() {
     dragging_ = true;
     auto* drag = new QDrag(this);  // owned by the toolkit
-    drag->setMimeData(ToMimeData({"HistoryList", s.HistoryRow, ""}).release());
+    drag->setMimeData(ToMimeData({drags::kHistoryList, s.HistoryRow, ""}).release());
     drag->exec(Qt::CopyAction);
     dragging_ = false;
 }

@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QScreen>
 
+#include "window/descriptions/described.h"
 #include "window/toolkit/theme.h"
 
 namespace marvolin {
@@ -23,9 +24,8 @@ bool HideOnPressBeside(QWidget& popup, const QEvent& event) {
     return true;
 }
 
-PopupList::PopupList(QWidget* parent, const char* name, const QString& label) : QListWidget(parent) {
-    setObjectName(name);
-    setAccessibleName(label);
+PopupList::PopupList(Session& session, QWidget* parent, std::string_view name) : QListWidget(parent) {
+    Describe(session, *this, name);
     setWindowFlags(Qt::Popup);
     setFont(theme::Sans(13));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -2,6 +2,9 @@
 
 #include <QListWidget>
 #include <functional>
+#include <string_view>
+
+#include "core/session.h"
 
 namespace marvolin {
 
@@ -12,7 +15,8 @@ bool HideOnPressBeside(QWidget& popup, const QEvent& event);
 /// A list that opens at a control and closes when the player presses elsewhere.
 class PopupList : public QListWidget {
 public:
-    PopupList(QWidget* parent, const char* name, const QString& label);
+    /// `name` chooses the row of the table of controls.
+    PopupList(Session& session, QWidget* parent, std::string_view name);
     /// Opens with `rows` below `at` (a rectangle on the screen), or above it when there is no room below.
     void Open(const QStringList& rows, const QRect& at);
 

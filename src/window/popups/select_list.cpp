@@ -4,14 +4,14 @@
 #include <QScreen>
 
 #include "performance/selection/selection.h"
+#include "window/descriptions/described.h"
 #include "window/popups/popup_list.h"
 #include "window/toolkit/theme.h"
 
 namespace marvolin {
 
 SelectList::SelectList(Session& session, QWidget* parent) : QListWidget(parent), s(session) {
-    setObjectName("SlctGroup");
-    setAccessibleName("Selection rules");
+    Describe(s, *this, "SlctGroup");
     setWindowFlags(Qt::Popup);
     setFont(theme::Sans(13));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

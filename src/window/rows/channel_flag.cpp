@@ -27,20 +27,17 @@ void DrawWire(QPainter& p, const QRectF& rect, int picture) {
 }
 
 ChannelFlagControl::ChannelFlagControl(Session& session, QWidget* parent, Row row)
-    : Control(session, parent, "ChannelFlag", row,
-              row == kSelectionRow ? QString("Wire of the selection")
-                                   : QString("Wire of LoopTrack %1").arg(QChar(RowLetter(row)))),
-      row_(row) {
+    : Control(session, parent, "ChannelFlag", row) {
     TakeDropsFor(row);
 }
 
 void ChannelFlagControl::Gesture(Phase phase, std::int16_t button, QPointF twips) {
-    ChannelFlag_Gesture(s, row_, phase, button, twips.x(), twips.y(), width() * kTwipsPerPixel);
+    ChannelFlag_Gesture(s, index, phase, button, twips.x(), twips.y(), width() * kTwipsPerPixel);
 }
 
 void ChannelFlagControl::Step(int units) {
-    const std::int16_t value = WireClamp(s, row_, static_cast<std::int16_t>(s.Set[row_].Channel + units));
-    LoopSetChannelGang(s, row_, value, Apply::Yes);
+    const std::int16_t value = WireClamp(s, index, static_cast<std::int16_t>(s.Set[index].Channel + units));
+    LoopSetChannelGang(s, index, value, Apply::Yes);
 }
 
 void ChannelFlagControl::Activate() { Gesture(Phase::Down, kRightButton, {}); }
@@ -51,7 +48,7 @@ void ChannelFlagControl::paintEvent(QPaintEvent*) {
     p.setPen(QPen(underMouse() ? theme::kQuiet : theme::kLine, 1));
     p.setBrush(theme::kSunk);
     p.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 5, 5);
-    const int channel = s.Set[row_].Channel < 1 ? 1 : s.Set[row_].Channel;
+    const int channel = s.Set[index].Channel < 1 ? 1 : s.Set[index].Channel;
     DrawWire(p, QRectF(rect()).adjusted(3, 3, -3, -3), channel - 1);
     if (hasFocus()) theme::DrawFocus(p, rect(), 5);
 }

@@ -4,7 +4,8 @@
 
 namespace marvolin {
 
-/// `ChannelFlag`: the wire of a row, one of eight pictures: two parts white or black, struck through when disconnected.
+/// `ChannelFlag`: the wire of a row. Its eight pictures have two parts, white or black, and a stroke through them when
+/// the row is disconnected.
 class ChannelFlagControl : public Control {
 public:
     ChannelFlagControl(Session& session, QWidget* parent, Row row);
@@ -14,9 +15,6 @@ protected:
     void Step(int units) override;
     void Activate() override;
     void paintEvent(QPaintEvent* event) override;
-
-private:
-    const Row row_;
 };
 
 /// Draws picture 0..7 of a wire.

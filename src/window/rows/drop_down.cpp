@@ -5,6 +5,7 @@
 #include "audio/sample_loading.h"
 #include "core/loops/grouping.h"
 #include "performance/drops/palette.h"
+#include "window/descriptions/parts.h"
 
 namespace marvolin {
 
@@ -12,36 +13,32 @@ namespace {
 
 constexpr double kGrip = 8;  // pixels
 
-QString LabelOf(Row row) {
-    return row == kSelectionRow ? QString("Samples of the selection")
-                                : QString("Sample of LoopTrack %1").arg(QChar(RowLetter(row)));
-}
-
 }  // namespace
 
 DropDownControl::DropDownControl(Session& session, QWidget* parent, Row row)
-    : Control(session, parent, "DropDown", row, LabelOf(row)), row_(row) {
+    : Control(session, parent, drags::kDropDown, row) {
     TakeDropsFor(row);
 }
 
 void DropDownControl::Refresh() {
-    const std::string& path = s.Set[row_].FileName;
-    setToolTip(path.empty() ? LabelOf(row_) : QString::fromStdString(path));
+    described.RefreshTip();
     update();
 }
 
-std::string_view DropDownControl::Hint(QPointF place) const { return DropDownHint(s, place.y() * kTwipsPerPixel); }
+int DropDownControl::PartAt(QPointF place) const {
+    return DropDownDragsAt(s, place.y() * kTwipsPerPixel) ? kGripPart : kOpeningPart;
+}
 
 void DropDownControl::Gesture(Phase phase, std::int16_t, QPointF twips) {
     if (phase == Phase::Down) {
-        if (const auto source = DropDown_MouseDown(s, row_, twips.y())) BeginDrag(*source);
+        if (const auto source = DropDown_MouseDown(s, index, twips.y())) BeginDrag(*source);
     } else if (phase == Phase::Up && QRectF(rect()).contains(twips / kTwipsPerPixel)) {
-        DropDown_MouseUp(s, row_, twips.y());
+        DropDown_MouseUp(s, index, twips.y());
     }
 }
 
 QString DropDownControl::Text() const {
-    if (row_ != kSelectionRow) return QString::fromStdString(LoopFileName(s, row_));
+    if (index != kSelectionRow) return QString::fromStdString(LoopFileName(s, index));
     int controlled = 0;
     for (Row row = 0; row < kLoopTracks; ++row) controlled += IsControlled(s, row) ? 1 : 0;
     return controlled == 0 ? QString("none selected") : QString("%1 selected").arg(controlled);
@@ -57,7 +54,7 @@ void DropDownControl::paintEvent(QPaintEvent*) {
     const QRectF text(9, kGrip, width() - 32, height() - kGrip - 2);
     const QString name = Text();
     p.setFont(theme::Sans(13));
-    p.setPen(name.isEmpty() || row_ == kSelectionRow ? theme::kQuiet : theme::kText);
+    p.setPen(name.isEmpty() || index == kSelectionRow ? theme::kQuiet : theme::kText);
     const QString shown = name.isEmpty() ? QString("empty") : name;
     p.drawText(text, Qt::AlignVCenter | Qt::AlignLeft,
                p.fontMetrics().elidedText(shown, Qt::ElideMiddle, static_cast<int>(text.width())));

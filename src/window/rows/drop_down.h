@@ -4,22 +4,21 @@
 
 namespace marvolin {
 
-/// `DropDown`: the name of a row's sample. Its uppermost 8 pixels are the grip by which the sample is dragged, the rest
+/// `DropDown`: the name of a row's sample. A drag of its top 8 pixels, the grip, copies the sample; a click below them
 /// opens the palette.
-class DropDownControl : public Control {
+class DropDownControl : public Control, public HasParts {
 public:
     DropDownControl(Session& session, QWidget* parent, Row row);
     void Refresh() override;
+    /// A `DropDownPart`.
+    int PartAt(QPointF place) const override;
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
-    std::string_view Hint(QPointF place) const override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     QString Text() const;
-
-    const Row row_;
 };
 
 }  // namespace marvolin

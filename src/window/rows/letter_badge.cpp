@@ -6,37 +6,32 @@
 
 namespace marvolin {
 
-LetterBadge::LetterBadge(Session& session, QWidget* parent, Row row)
-    : Control(session, parent, "Letr", row,
-              row == kSelectionRow ? QString("Selection, Z") : QString("LoopTrack %1").arg(QChar(RowLetter(row)))),
-      row_(row) {
+LetterBadge::LetterBadge(Session& session, QWidget* parent, Row row) : Control(session, parent, drags::kLetr, row) {
     TakeDropsFor(row);
 }
 
-std::string_view LetterBadge::Hint(QPointF) const { return kLetrHint; }
-
 void LetterBadge::Gesture(Phase phase, std::int16_t button, QPointF) {
     if (phase != Phase::Down) return;
-    if (const auto source = Letr_MouseDown(row_, button)) ArmDrag(*source);
+    if (const auto source = Letr_MouseDown(index, button)) ArmDrag(*source);
 }
 
 void LetterBadge::DoubleClick(std::int16_t, QPointF) {
-    Letr_DblClick(s, row_);
+    Letr_DblClick(s, index);
     update();
 }
 
 void LetterBadge::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
-    const QColor ground = theme::RowColour(row_);
+    const QColor ground = theme::RowColour(index);
     const QRectF badge = QRectF(rect()).adjusted(2, 2, -2, -2);
     p.setPen(Qt::NoPen);
     p.setBrush(underMouse() ? ground.lighter(112) : ground);
     p.drawRoundedRect(badge, 5, 5);
     p.setPen(theme::InkOn(ground));
     p.setFont(theme::Sans(18, QFont::Bold));
-    p.drawText(badge, Qt::AlignCenter, QString(QChar(RowLetter(row_))));
-    if (row_ < kLoopTracks && s.Set[row_].Thinnable == False) {
+    p.drawText(badge, Qt::AlignCenter, QString(QChar(RowLetter(index))));
+    if (index < kLoopTracks && s.Set[index].Thinnable == False) {
         p.setBrush(Qt::NoBrush);
         p.setPen(QPen(Qt::white, 1.6));
         p.drawRoundedRect(QRectF(rect()).adjusted(0.8, 0.8, -0.8, -0.8), 6, 6);

@@ -1,7 +1,6 @@
 #include "window/rows/loop_it.h"
 
 #include <QPainter>
-#include <QPainterPath>
 #include <algorithm>
 
 #include "audio/play_gestures.h"
@@ -11,7 +10,7 @@ namespace marvolin {
 
 namespace {
 
-// The pictures are drawn on a field of 24 by 24 around the origin.
+// Each picture fills a field of 24 by 24 around the origin.
 
 void DrawOneShot(QPainter& p) {
     p.drawLine(QPointF(-9, 0), QPointF(4, 0));
@@ -59,27 +58,20 @@ void DrawMode(QPainter& p, std::int16_t mode) {
     }
 }
 
-QString LabelOf(Row row) {
-    if (row == kMasterRow) return "Play mode of the LoopTrack shown here";
-    if (row == kSelectionRow) return "Play mode of the selection";
-    return QString("Play mode of LoopTrack %1").arg(QChar(RowLetter(row)));
-}
-
 }  // namespace
 
-LoopItControl::LoopItControl(Session& session, QWidget* parent, Row row)
-    : Control(session, parent, "LoopIt", row, LabelOf(row)), row_(row) {
+LoopItControl::LoopItControl(Session& session, QWidget* parent, Row row) : Control(session, parent, "LoopIt", row) {
     if (row != kMasterRow) TakeDropsFor(row);
 }
 
 void LoopItControl::Gesture(Phase phase, std::int16_t button, QPointF twips) {
-    LoopIt_Gesture(s, row_, phase, button, twips.y());
+    LoopIt_Gesture(s, index, phase, button, twips.y());
 }
 
-void LoopItControl::DoubleClick(std::int16_t, QPointF) { LoopIt_DblClick(s, row_); }
+void LoopItControl::DoubleClick(std::int16_t, QPointF) { LoopIt_DblClick(s, index); }
 
 void LoopItControl::Step(int units) {
-    const Row row = row_ == kMasterRow ? s.CurrentLoop : row_;
+    const Row row = index == kMasterRow ? s.CurrentLoop : index;
     LoopSetPlayModeRows(
         s, row, std::clamp<std::int16_t>(static_cast<std::int16_t>(s.Set[row].PlayMode + units), kOneShot, kDrum));
 }
@@ -92,7 +84,7 @@ void LoopItControl::paintEvent(QPaintEvent*) {
     p.scale(scale, scale);
     p.setPen(QPen(theme::kText, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     p.setBrush(Qt::NoBrush);
-    DrawMode(p, LoopItMode(s, row_));
+    DrawMode(p, LoopItMode(s, index));
 }
 
 }  // namespace marvolin

@@ -4,7 +4,7 @@
 
 namespace marvolin {
 
-/// `LoopIt`: the picture of a row's play mode; row 5 is the large one, which stands for `CurrentLoop`.
+/// `LoopIt`: the picture of a row's play mode. Number 5 is the large one of the pattern tab, for `CurrentLoop`.
 class LoopItControl : public Control {
 public:
     LoopItControl(Session& session, QWidget* parent, Row row);
@@ -14,9 +14,6 @@ protected:
     void DoubleClick(std::int16_t button, QPointF twips) override;
     void Step(int units) override;
     void paintEvent(QPaintEvent* event) override;
-
-private:
-    const Row row_;
 };
 
 }  // namespace marvolin

@@ -23,7 +23,7 @@
 namespace marvolin {
 
 LoopRow::LoopRow(Session& session, QWidget* parent, Row row) : QWidget(parent), s(session), row_(row) {
-    setObjectName(QString("LoopRow_%1").arg(row));
+    Describe(s, *this, "LoopRow", row);
     setAcceptDrops(true);
     MakeLeftSide();
     Play = new PlayButton(s, this, row);
@@ -47,8 +47,7 @@ LoopRow::LoopRow(Session& session, QWidget* parent, Row row) : QWidget(parent), 
 
 void LoopRow::MakeLeftSide() {
     if (row_ == kSelectionRow) {
-        auto* popUp = new TextButton(s, this, "SelectPopUp", "Select", "Selection tools", kSelectPopUpHint,
-                                     [this] { SelectPopUp_Click(s); });
+        auto* popUp = new TextButton(s, this, "SelectPopUp", [this] { SelectPopUp_Click(s); });
         popUp->setGeometry(12, 8, 60, 34);
     } else {
         Selected = new SelectFlag(s, this, row_);

@@ -19,7 +19,7 @@ public:
     LoopRow(Session& session, QWidget* parent, Row row);
 
     KnobControl& KnobOf(Knob knob) const;
-    /// The knobs follow their enabled state.
+    /// Enables the pan knob, or not, as the session says.
     void RefreshEnabled();
 
     // Owned by the toolkit. Null where the row has no such control.

@@ -1,34 +1,23 @@
 #include "window/rows/play_button.h"
 
 #include <QPainter>
-#include <QPainterPath>
 
 #include "audio/play_gestures.h"
 
 namespace marvolin {
 
-namespace {
-
-QString LabelOf(Row row) {
-    return row == kSelectionRow ? QString("Play the selection")
-                                : QString("Play LoopTrack %1").arg(QChar(RowLetter(row)));
-}
-
-}  // namespace
-
-PlayButton::PlayButton(Session& session, QWidget* parent, Row row)
-    : Control(session, parent, "Play", row, LabelOf(row)), row_(row) {
+PlayButton::PlayButton(Session& session, QWidget* parent, Row row) : Control(session, parent, "Play", row) {
     TakeDropsFor(row);
 }
 
 void PlayButton::Gesture(Phase phase, std::int16_t button, QPointF) {
     switch (phase) {
         case Phase::Down:
-            return Play_MouseDown(s, row_, button);
+            return Play_MouseDown(s, index, button);
         case Phase::Move:
-            return Play_MouseMove(s);
+            return;
         case Phase::Up:
-            return Play_MouseUp(s, row_, button);
+            return Play_MouseUp(s, index, button);
     }
 }
 
@@ -36,9 +25,9 @@ void PlayButton::Activate() { Gesture(Phase::Up, kLeftButton, {}); }
 
 void PlayButton::paintEvent(QPaintEvent*) {
     QPainter p(this);
-    const bool playing = s.Run[row_].Playing != False;
-    const bool paused = s.Run[row_].Paused != False;
-    const bool ready = row_ == kSelectionRow || s.Run[row_].Loaded != False;
+    const bool playing = s.Run[index].Playing != False;
+    const bool paused = s.Run[index].Paused != False;
+    const bool ready = index == kSelectionRow || s.Run[index].Loaded != False;
     QColor ground = theme::kRaised;
     QColor line = theme::kLine;
     QColor ink = ready ? theme::kText : QColor(0x6c, 0x74, 0x80);

@@ -4,7 +4,7 @@
 
 namespace marvolin {
 
-/// `Play` of rows 0..4, in its pictures stopped, playing and paused.
+/// `Play` of rows 0..4, with a picture each for stopped, playing and paused.
 class PlayButton : public Control {
 public:
     PlayButton(Session& session, QWidget* parent, Row row);
@@ -13,9 +13,6 @@ protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void Activate() override;
     void paintEvent(QPaintEvent* event) override;
-
-private:
-    const Row row_;
 };
 
 }  // namespace marvolin

@@ -8,21 +8,17 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kStride = 8;  // pixels, less than a flag is wide and tall
+constexpr int kStride = 8;  // pixels; a flag is wider and taller
 
 }  // namespace
 
-SelectFlag::SelectFlag(Session& session, QWidget* parent, Row row)
-    : Control(session, parent, "Selected", row, QString("LoopTrack %1 is selected").arg(QChar(RowLetter(row)))),
-      row_(row) {}
-
-std::string_view SelectFlag::Hint(QPointF) const { return kSelectedHint; }
+SelectFlag::SelectFlag(Session& session, QWidget* parent, Row row) : Control(session, parent, "Selected", row) {}
 
 void SelectFlag::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     switch (phase) {
         case Phase::Down:
-            last_ = mapTo(window(), (twips / kTwipsPerPixel).toPoint());
-            return Selected_MouseDown(s, row_, button);
+            passed_ = mapTo(window(), (twips / kTwipsPerPixel).toPoint());
+            return Selected_MouseDown(s, index, button);
         case Phase::Move:
             if (Held()) Pass(twips);
             return;
@@ -32,26 +28,26 @@ void SelectFlag::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     }
 }
 
-// The drag passes over the flags of the other rows, which are found below the pointer. A fast hand leaps over more than
-// a flag from one move to the next: those on the way count as well.
+// The drag finds the flags of the other rows under the pointer. From one move to the next it may jump over a flag: the
+// flags on the way count too.
 void SelectFlag::Pass(QPointF twips) {
     const QPoint place = mapTo(window(), (twips / kTwipsPerPixel).toPoint());
-    const QPoint way = place - last_;
+    const QPoint way = place - passed_;
     const int steps = way.manhattanLength() / kStride + 1;
     for (int step = 1; step <= steps; ++step) {
-        const auto* passed = dynamic_cast<SelectFlag*>(window()->childAt(last_ + way * step / steps));
-        if (passed != nullptr) Selected_DragOver(s, passed->row_);
+        const auto* passed = dynamic_cast<SelectFlag*>(window()->childAt(passed_ + way * step / steps));
+        if (passed != nullptr) Selected_DragOver(s, passed->index);
     }
-    last_ = place;
+    passed_ = place;
 }
 
-void SelectFlag::Activate() { SelectToggle(s, row_); }
+void SelectFlag::Activate() { SelectToggle(s, index); }
 
 void SelectFlag::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
-    const bool on = s.Set[row_].Selected != False;
-    const QColor colour = theme::RowColour(row_);
+    const bool on = s.Set[index].Selected != False;
+    const QColor colour = theme::RowColour(index);
     const QPointF c = QRectF(rect()).center();
     const QRectF box(c.x() - 8.5, c.y() - 8.5, 17, 17);
     p.setPen(QPen(on ? (theme::Contrast(colour, theme::kPanel) < 3 ? QColor(0xb9, 0xc4, 0xe6) : colour)

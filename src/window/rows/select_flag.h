@@ -4,7 +4,7 @@
 
 namespace marvolin {
 
-/// `Selected`: the flag that says whether a LoopTrack belongs to the selection.
+/// `Selected`: the flag of a LoopTrack that belongs to the selection.
 class SelectFlag : public Control {
 public:
     SelectFlag(Session& session, QWidget* parent, Row row);
@@ -12,14 +12,12 @@ public:
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void Activate() override;
-    std::string_view Hint(QPointF) const override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void Pass(QPointF twips);
 
-    const Row row_;
-    QPoint last_;  // where the drag was last, in the window
+    QPoint passed_;  // the last place of the drag, in the window
 };
 
 }  // namespace marvolin

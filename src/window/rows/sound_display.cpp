@@ -14,36 +14,27 @@ namespace {
 
 constexpr double kScale = kVolFull;
 constexpr double kEnds = 7;  // pixels between the control's edge and the ends of the needles' scale
-constexpr std::int64_t kBytesAPainting = 8 << 20;  // a few milliseconds' worth
+constexpr std::int64_t kBytesAPainting = 8 << 20;  // takes a few milliseconds
 constexpr double kNeedle = 6;                      // half the width of a needle's head
-
-QString LabelOf(Row row) {
-    return row == kSelectionRow ? QString("Level of the selection")
-                                : QString("Sound of LoopTrack %1").arg(QChar(RowLetter(row)));
-}
 
 }  // namespace
 
-SoundDisplay::SoundDisplay(Session& session, QWidget* parent, Row row)
-    : Control(session, parent, "SndDisp", row, LabelOf(row)), row_(row) {
-    setFocusPolicy(Qt::NoFocus);
+SoundDisplay::SoundDisplay(Session& session, QWidget* parent, Row row) : Control(session, parent, "SndDisp", row) {
     TakeDropsFor(row);
 }
 
-std::string_view SoundDisplay::Hint(QPointF) const { return kSndDispHint; }
-
-// The upper half holds the needle of the level, the lower one that of the target.
+// The upper half takes the needle of the level, the lower half that of the target.
 void SoundDisplay::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     switch (phase) {
         case Phase::Down:
-            SndDisp_MouseDown(s, row_, button);
+            SndDisp_MouseDown(s, index, button);
             if (button != kLeftButton) return;
             needle_ = twips.y() < height() * kTwipsPerPixel / 2 ? kLevelNeedle : kTargetNeedle;
-            return SndDisp_Moving(s, row_, needle_, LevelAt(twips));
+            return SndDisp_Moving(s, index, needle_, LevelAt(twips));
         case Phase::Move:
-            return SndDisp_Moving(s, row_, needle_, LevelAt(twips));
+            return SndDisp_Moving(s, index, needle_, LevelAt(twips));
         case Phase::Up:
-            SndDisp_Change(s, row_, needle_, LevelAt(twips));
+            SndDisp_Change(s, index, needle_, LevelAt(twips));
             needle_ = kNoNeedle;
             return;
     }
@@ -68,15 +59,15 @@ void SoundDisplay::RefreshWaveform() {
 void SoundDisplay::resizeEvent(QResizeEvent*) { RefreshWaveform(); }
 
 double SoundDisplay::PlaceX() const {
-    if (row_ >= kLoopTracks) return -1;
-    const LoopTrackRun& run = s.Run[row_];
-    const std::int32_t bytes = s.Set[row_].BufferBytes;
+    if (index >= kLoopTracks) return -1;
+    const LoopTrackRun& run = s.Run[index];
+    const std::int32_t bytes = s.Set[index].BufferBytes;
     if (run.Playing == False || !run.Buffer || bytes <= 0) return -1;
     try {
         const double share = run.Buffer->GetCurrentPosition() / static_cast<double>(bytes);
         return Inner().left() + share * Inner().width();
     } catch (const SoundError&) {
-        return -1;  // a line for the eye is worth no message
+        return -1;  // not worth a message: only a line is missing
     }
 }
 
@@ -88,14 +79,14 @@ void SoundDisplay::RefreshPlace() {
     }
 }
 
-QColor SoundDisplay::Ground() const { return peaks_.empty() ? theme::kSunk : theme::WaveGround(row_); }
+QColor SoundDisplay::Ground() const { return peaks_.empty() ? theme::kSunk : theme::WaveGround(index); }
 
-// A long sample is looked through a share at a time, so that the clock of the steps is not held up: the wave grows from
-// the left with each painting, of which the next is asked for here.
+// Reads a long sample in several paintings, so that the step clock is not held up. The wave grows from the left, and
+// this asks for the next painting.
 void SoundDisplay::MakePeaks() {
     if (!waveStale_) return;
     const int columns = Columns();
-    const auto more = LoopWaveform(s, row_, columns, static_cast<int>(peaks_.size()), kBytesAPainting);
+    const auto more = LoopWaveform(s, index, columns, static_cast<int>(peaks_.size()), kBytesAPainting);
     peaks_.insert(peaks_.end(), more.begin(), more.end());
     waveStale_ = !more.empty() && static_cast<int>(peaks_.size()) < columns;
     if (waveStale_) QTimer::singleShot(0, this, qOverload<>(&QWidget::update));
@@ -117,7 +108,7 @@ void SoundDisplay::DrawWave(QPainter& p) const {
         outline << QPointF(--x, middle - std::min(-0.5, peak->Low * half));
     }
     p.setPen(Qt::NoPen);
-    p.setBrush(theme::RowColour(row_));
+    p.setBrush(theme::RowColour(index));
     p.drawPolygon(outline);
 }
 
@@ -145,7 +136,7 @@ void SoundDisplay::paintEvent(QPaintEvent*) {
     p.setBrush(ground);
     p.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 5, 5);
     DrawWave(p);
-    const SoundDisplayState& state = s.SndDisp[row_];
+    const SoundDisplayState& state = s.SndDisp[index];
     DrawNeedle(p, state.Line, false);
     DrawNeedle(p, state.Level, true);
     shownX_ = PlaceX();

@@ -7,20 +7,18 @@
 
 namespace marvolin {
 
-/// `SndDisp`: the waveform of a row's sample, the needle of the volume along the top, that of the fade's target along
-/// the bottom, and the place that sounds.
+/// `SndDisp`: the waveform of a row's sample, the needle of the volume along the top, the needle of the fade's target
+/// along the bottom, and a line at the place that plays.
 class SoundDisplay : public Control {
 public:
     SoundDisplay(Session& session, QWidget* parent, Row row);
-    /// The sample is another one, or reads otherwise.
+    /// The sample, or its content, has changed.
     void RefreshWaveform();
-    /// Moves the line of the place that sounds; repaints no more than the line's old and new place.
+    /// Moves the line at the place that plays; repaints only its old and its new place.
     void RefreshPlace();
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
-    void Activate() override {}
-    std::string_view Hint(QPointF) const override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -29,17 +27,16 @@ private:
     QRectF Inner() const;
     int Columns() const;
     double PlaceX() const;
-    /// A pale ground when the wave of a dark row stands on it.
+    /// Pale under the wave of a dark row.
     QColor Ground() const;
     void MakePeaks();
     void DrawWave(QPainter& p) const;
     void DrawNeedle(QPainter& p, double level, bool top) const;
 
-    const Row row_;
-    std::int16_t needle_ = -1;           // the needle in the hand; -1 none
-    bool waveStale_ = true;              // columns are missing
-    std::vector<WaveformColumn> peaks_;  // a picture of the sample, made as it is painted
-    double shownX_ = -1;                 // where the line of the place stands on the screen; -1 nowhere
+    std::int16_t needle_ = -1;           // the needle that is dragged; -1 none
+    bool waveStale_ = true;              // columns of the wave are missing
+    std::vector<WaveformColumn> peaks_;  // the columns of the wave that are known
+    double shownX_ = -1;                 // x of the line that was painted last; -1 none
 };
 
 }  // namespace marvolin

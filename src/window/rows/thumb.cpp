@@ -13,26 +13,21 @@ constexpr std::array<double, 9> kStrokes{4, 9, 15, 7, 18, 12, 20, 9, 5};  // hei
 
 }  // namespace
 
-ThumbControl::ThumbControl(Session& session, QWidget* parent, Row row)
-    : Control(session, parent, "Thumb", row,
-              QString("Show LoopTrack %1 on the pattern tab").arg(QChar(RowLetter(row)))),
-      row_(row) {}
-
-std::string_view ThumbControl::Hint(QPointF) const { return kThumbHint; }
+ThumbControl::ThumbControl(Session& session, QWidget* parent, Row row) : Control(session, parent, "Thumb", row) {}
 
 void ThumbControl::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     const bool inside = QRectF(rect()).contains(twips / kTwipsPerPixel);
-    if (phase == Phase::Up && button == kLeftButton && inside) Thumb_Click(s, row_);
+    if (phase == Phase::Up && button == kLeftButton && inside) Thumb_Click(s, index);
 }
 
 void ThumbControl::DoubleClick(std::int16_t button, QPointF) {
-    if (button == kLeftButton) Thumb_DblClick(s, row_);
+    if (button == kLeftButton) Thumb_DblClick(s, index);
 }
 
 void ThumbControl::paintEvent(QPaintEvent*) {
     QPainter p(this);
-    const bool current = s.CurrentLoop == row_;
-    const QColor colour = theme::RowColour(row_);
+    const bool current = s.CurrentLoop == index;
+    const QColor colour = theme::RowColour(index);
     const bool dark = theme::Contrast(colour, theme::kRaised) < 3;
     theme::DrawFace(p, rect(), Face(), current ? theme::kLifted : theme::kRaised);
     if (current) {

@@ -4,7 +4,7 @@
 
 namespace marvolin {
 
-/// `Thumb`: the picture button of a LoopTrack, highlighted on the one that the pattern tab shows.
+/// `Thumb`: the picture button of a LoopTrack. It is highlighted for the LoopTrack that the pattern tab shows.
 class ThumbControl : public Control {
 public:
     ThumbControl(Session& session, QWidget* parent, Row row);
@@ -12,11 +12,7 @@ public:
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void DoubleClick(std::int16_t button, QPointF twips) override;
-    std::string_view Hint(QPointF) const override;
     void paintEvent(QPaintEvent* event) override;
-
-private:
-    const Row row_;
 };
 
 }  // namespace marvolin

@@ -10,14 +10,14 @@
 
 namespace marvolin {
 
-Ball::Ball(Session& session, QWidget* parent, const char* name, int ballNumber, const QString& label)
-    : Control(session, parent, name, ballNumber == kPadBall ? -1 : ballNumber, label), number_(ballNumber) {
+Ball::Ball(Session& session, QWidget* parent, const char* name, int ballNumber)
+    : Control(session, parent, name, ballNumber == kPadBall ? -1 : ballNumber), number_(ballNumber) {
     resize(kSize + 2 * kMargin, kSize + 2 * kMargin);
 }
 
 void Ball::Refresh() {
     const BallPoint place = BallPlace(s, number_);
-    // The half pixel of a place is drawn to the right and below.
+    // A place between two pixels is drawn at the right and lower one.
     move(static_cast<int>(std::ceil(place.X / kTwipsPerPixel)) + BallSurface::kInset - kMargin,
          static_cast<int>(std::ceil(place.Y / kTwipsPerPixel)) + BallSurface::kInset - kMargin);
 }
@@ -27,7 +27,8 @@ void Ball::mousePressEvent(QMouseEvent* event) {
     Control::mousePressEvent(event);
 }
 
-// The toolkit does not know which presses are a double click: the pointer is put elsewhere between them.
+// A press moves the pointer, so the toolkit misses some double clicks. The gesture finds them by the times of the
+// presses.
 void Ball::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
 
 void Ball::Gesture(Phase phase, std::int16_t button, QPointF twips) {

@@ -4,16 +4,16 @@
 
 namespace marvolin {
 
-/// A ball that is dragged over pad or map. It stands where the session says, and forwards the hand with its place on
-/// the screen: the ball moves while it is held.
+/// A ball that is dragged over pad or map. The session holds its place. As the ball moves while it is held, it forwards
+/// the pointer by its place on the screen.
 class Ball : public Control {
 public:
     static constexpr int kSize = 16;   ///< of the ball, logical pixels
     static constexpr int kMargin = 4;  ///< around it, for its shadow and ring
 
-    /// `ballNumber`: 0..3 a LoopTrack and 4 the listener on the map, `kPadBall` the one of the pad.
-    Ball(Session& session, QWidget* parent, const char* name, int ballNumber, const QString& label);
-    /// Puts the ball where the session says.
+    /// `ballNumber`: 0..3 a LoopTrack and 4 the listener on the map, or `kPadBall`.
+    Ball(Session& session, QWidget* parent, const char* name, int ballNumber);
+    /// Moves the ball to its place in the session.
     void Refresh() override;
 
 protected:
@@ -26,7 +26,7 @@ protected:
 
 private:
     const int number_;
-    std::uint64_t pressTime_ = 0;  // ms
+    std::uint64_t pressTime_ = 0;  // of the last press, ms
 };
 
 }  // namespace marvolin

@@ -7,6 +7,7 @@
 #include "core/routines.h"
 #include "performance/pad/mix_pad.h"
 #include "performance/pad/pad_tables.h"
+#include "window/descriptions/described.h"
 #include "window/rows/channel_flag.h"
 #include "window/toolkit/theme.h"
 
@@ -19,8 +20,8 @@ constexpr int kLine = 34;  // pixels from bar to bar
 constexpr int kBarLeft = 84;
 constexpr int kNumber = 62;  // width of the numbers
 
-/// A channel's level as a bar from `From` to `To` of its length, and as the number that the readout tells. `Plain` is
-/// where the channel leaves its LoopTracks as they are.
+/// A channel's level as a bar from `From` to `To` of its length, and as the number that the status line shows. At
+/// `Plain` the channel leaves its LoopTracks unchanged.
 struct Level {
     double From;
     double To;
@@ -50,8 +51,7 @@ Level LevelOf(const Session& s, int channel) {
 }  // namespace
 
 ChannelLevels::ChannelLevels(Session& session, QWidget* parent) : QWidget(parent), s(session) {
-    setObjectName("ChannelLevels");
-    setAccessibleName("Levels of the channels");
+    Describe(s, *this, "ChannelLevels");
 }
 
 void ChannelLevels::paintEvent(QPaintEvent*) {
@@ -92,8 +92,7 @@ void ChannelLevels::paintEvent(QPaintEvent*) {
 }
 
 TwistLine::TwistLine(Session& session, QWidget* parent) : QWidget(parent), s(session) {
-    setObjectName("TwistIndicator");
-    setAccessibleName("Twist");
+    Describe(s, *this, "TwistIndicator");
 }
 
 void TwistLine::paintEvent(QPaintEvent*) {

@@ -6,7 +6,7 @@
 
 namespace marvolin {
 
-/// What the mix pad has set for the four channels, as bars and numbers. Only shows.
+/// The levels that the mix pad gives the four channels, as bars and numbers. Takes no gesture.
 class ChannelLevels : public QWidget {
 public:
     ChannelLevels(Session& session, QWidget* parent);
@@ -18,7 +18,7 @@ private:
     Session& s;
 };
 
-/// `TwistIndicator` with `TwistBall` and the pictures at its ends. Only shows.
+/// `TwistIndicator` with `TwistBall` and the pictures at its ends. Takes no gesture.
 class TwistLine : public QWidget {
 public:
     TwistLine(Session& session, QWidget* parent);

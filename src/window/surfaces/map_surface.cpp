@@ -14,20 +14,16 @@ namespace {
 
 constexpr double kDegreesAFrame = 5;
 
-QString LabelOf(int ball) {
-    return ball == kListenerBall ? QString("The listener") : QString("Place of LoopTrack %1").arg(QChar('A' + ball));
-}
-
 }  // namespace
 
-PosBall::PosBall(Session& session, QWidget* parent, int ball) : Ball(session, parent, "PosBall", ball, LabelOf(ball)) {
+PosBall::PosBall(Session& session, QWidget* parent, int ball) : Ball(session, parent, drags::kPosBall, ball) {
     if (ball != kListenerBall) TakeDropsFor(static_cast<Row>(ball));
 }
 
 void PosBall::PaintLoopTrack(QPainter& p) const {
     const bool lit = s.BallHighlighted[index];
     const QRectF ball = BallFace().adjusted(-1, -1, 1, 1);
-    QColor colour = theme::RowColour(static_cast<Row>(index));
+    QColor colour = theme::RowColour(index);
     if (!isEnabled()) colour = theme::kRaised;
     p.setPen(QPen(lit || hasFocus() ? QColor(Qt::white) : colour.darker(160), lit || hasFocus() ? 2.4 : 1));
     p.setBrush(colour);
@@ -82,7 +78,7 @@ void MapSurface::paintEvent(QPaintEvent*) {
     p.drawRoundedRect(Field(), 6, 6);
     const QPointF c = Field().center();
     const double half = kSide / 2.0 - kInset;
-    // Rings of equal distance, a fixed number whatever the size: the label tells what the outer one stands for.
+    // Rings of equal distance, as many at every map size: the label gives the distance of the outer one.
     p.setBrush(Qt::NoBrush);
     for (int ring = 1; ring <= 4; ++ring) {
         p.setPen(QPen(ring == 4 ? QColor(0x4a, 0x50, 0x5a) : theme::kLine, 1, ring == 4 ? Qt::SolidLine : Qt::DotLine));

@@ -7,7 +7,7 @@
 
 namespace marvolin {
 
-/// `PosBall` 0..3 of a LoopTrack or 4 of the listener.
+/// `PosBall`: 0..3 of a LoopTrack, 4 of the listener.
 class PosBall : public Ball {
 public:
     PosBall(Session& session, QWidget* parent, int ball);
@@ -20,7 +20,7 @@ private:
     void PaintListener(QPainter& p) const;
 };
 
-/// `Map`: the field of the sound map with its scale.
+/// `Map`: the field of the sound map with its rings.
 class MapSurface : public BallSurface {
 public:
     MapSurface(Session& session, QWidget* parent);

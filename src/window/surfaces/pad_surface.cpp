@@ -5,7 +5,6 @@
 #include "performance/ball_hand.h"
 #include "performance/pad/mix_pad.h"
 #include "performance/pad/pad_tables.h"
-#include "window/controls/hints.h"
 #include "window/rows/channel_flag.h"
 
 namespace marvolin {
@@ -17,8 +16,8 @@ QColor FieldColour(const Session& s) {
     return {back.Red, back.Green, back.Blue};
 }
 
-/// The face of the ball tells the pad type, for those who do not see its colour: notes, a wedge, an arrow to both
-/// sides.
+/// The face of the ball shows the pad type to those who do not see its colour: arrows for pitch and pan, a wedge for
+/// volume.
 void DrawBallFace(QPainter& p, const QPointF& c, int face) {
     p.setPen(QPen(Qt::white, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     switch (face) {
@@ -44,12 +43,9 @@ void DrawBallFace(QPainter& p, const QPointF& c, int face) {
 
 }  // namespace
 
-PadBall::PadBall(Session& session, QWidget* parent)
-    : marvolin::Ball(session, parent, "PadBall", kPadBall, "Ball of the mix pad") {}
+PadBall::PadBall(Session& session, QWidget* parent) : marvolin::Ball(session, parent, "PadBall", kPadBall) {}
 
 void PadBall::Step(int units) { BallStep(s, kPadBall, 0, -units); }
-
-std::string_view PadBall::Hint(QPointF) const { return Held() ? std::string_view{} : hints::kPadBall; }
 
 void PadBall::paintEvent(QPaintEvent*) {
     QPainter p(this);
@@ -83,7 +79,7 @@ void PadSurface::paintEvent(QPaintEvent*) {
     p.drawLine(c - QPointF(0, half), c + QPointF(0, half));
     p.setPen(QPen(line, 1.2, Qt::DashLine));
     p.setBrush(Qt::NoBrush);
-    // Where the curve begins to fade: arcs round the corners through the centre, or through the middles of the sides.
+    // The fade begins at arcs around the corners, through the centre or through the middles of the sides.
     p.setClipRect(QRectF(kInset, kInset, 2 * half, 2 * half));
     const std::int16_t function = s.PadTable[s.PadTypeIndex].Function;
     const double radius = function == kFadeAfterSideCentre ? half : half * std::sqrt(2.0);
@@ -98,7 +94,7 @@ void PadSurface::paintEvent(QPaintEvent*) {
     }
     p.setClipping(false);
 
-    // Channels 1 to 4 stand at top left, top right, bottom right, bottom left.
+    // Channels 1 to 4 are at the top left, top right, bottom right and bottom left.
     const double near = kFrame + 14;
     const double far = kSide - near - 30;
     const double low = kSide - near - 18;

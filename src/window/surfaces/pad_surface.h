@@ -12,11 +12,10 @@ public:
 
 protected:
     void Step(int units) override;
-    std::string_view Hint(QPointF place) const override;
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// `Pad`: the field in the colour of its type, with `PadBack`'s picture of the curve and a wire in each corner.
+/// `Pad`: the field in the colour of its type, with the lines of its curve and a wire in each corner.
 class PadSurface : public BallSurface {
 public:
     PadSurface(Session& session, QWidget* parent);

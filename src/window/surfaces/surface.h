@@ -10,18 +10,18 @@ namespace marvolin {
 class BallSurface : public QWidget {
 public:
     static constexpr int kInner = 300;  ///< inner size, logical pixels
-    static constexpr int kFrame = 3;    ///< around it: a ball at the edge is seen whole
+    static constexpr int kFrame = 3;    ///< around it, so that a ball at the edge is seen whole
     static constexpr int kSide = kInner + 2 * kFrame;
-    /// A ball's place counts from here: its centre travels from this corner to as far from the opposite edges.
+    /// Places of balls count from here: their centres keep this distance from all edges.
     static constexpr int kInset = 8 + kFrame;
 
     BallSurface(Session& session, QWidget* parent, const char* name);
-    /// The corner from which places count, on the screen.
+    /// The place on the screen from which places of balls count.
     QPoint Origin() const { return mapToGlobal(QPoint(kInset, kInset)); }
 
 protected:
     Session& s;
-    /// The field, over which a ball stays whole.
+    /// The field that is painted.
     QRectF Field() const { return QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5); }
 };
 

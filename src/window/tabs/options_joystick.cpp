@@ -5,7 +5,8 @@
 
 #include "performance/joystick/joystick_setup.h"
 #include "window/controls/choice.h"
-#include "window/toolkit/theme.h"
+#include "window/descriptions/described.h"
+#include "window/toolkit/strings.h"
 
 namespace marvolin {
 
@@ -15,23 +16,15 @@ constexpr int kColumn = 232;  // pixels from column to column
 constexpr int kTop = 34;
 constexpr int kPitch = 36;
 
-QString Text(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<int>(text.size())); }
-
-QStringList Strings(const std::vector<std::string>& texts) {
-    QStringList strings;
-    for (const std::string& text : texts) strings << QString::fromStdString(text);
-    return strings;
-}
-
 }  // namespace
 
 OptionsJoystick::OptionsJoystick(Session& session, QWidget* parent) : QWidget(parent), s(session) {
-    setObjectName("JoystickPage");
+    Describe(s, *this, "JoystickPage");
     MakeLists();
     MakeSliders();
     none_ = MakeLabel(this, "No joystick was found at the start. Plug one in and start again.",
                       {kColumn + 16, kTop + 3 * kPitch + 14, 400, 40});
-    static_cast<QLabel*>(none_)->setWordWrap(true);
+    none_->setWordWrap(true);
     Refresh();
 }
 
@@ -40,19 +33,17 @@ void OptionsJoystick::MakeLists() {
     for (int i = 0; i < 5; ++i) {
         const auto action = static_cast<std::size_t>(i);
         const int y = kTop + i * kPitch;
-        MakeLabel(this, Text(kJoyActions[action]), {14, y + 4, 100, 22});
+        MakeLabel(this, ToQString(kJoyActions[action]), {14, y + 4, 100, 22});
         buttons_[action] = new ChoiceList(
-            s, this, QString("JButton_%1").arg(i), QString("Button of \"%1\"").arg(Text(kJoyActions[action])), {},
-            [this, i](int entry) { JButton_Click(s, i, static_cast<std::int16_t>(entry)); });
+            s, this, "JButton", i, [this, i](int entry) { JButton_Click(s, i, static_cast<std::int16_t>(entry)); });
         buttons_[action]->setGeometry(116, y, 92, 28);
     }
     MakeLabel(this, "Axes", {kColumn + 16, 8, 200, 18});
     for (int i = 0; i < 2; ++i) {
         const auto use = static_cast<std::size_t>(i);
         const int y = kTop + i * kPitch;
-        MakeLabel(this, Text(kJoyAssignments[use]), {kColumn + 16, y + 4, 80, 22});
-        axes_[use] = new ChoiceList(s, this, QString("JAxis_%1").arg(i),
-                                    QString("Axis of \"%1\"").arg(Text(kJoyAssignments[use])), {},
+        MakeLabel(this, ToQString(kJoyAssignments[use]), {kColumn + 16, y + 4, 80, 22});
+        axes_[use] = new ChoiceList(s, this, "JAxis", i,
                                     [this, i](int entry) { JAxis_Click(s, i, static_cast<std::int16_t>(entry)); });
         axes_[use]->setGeometry(kColumn + 96, y, 92, 28);
     }
@@ -63,11 +54,9 @@ void OptionsJoystick::MakeSliders() {
     for (int i = 0; i < 3; ++i) {
         const auto factor = static_cast<std::size_t>(i);
         const int y = kTop + i * kPitch;
-        MakeLabel(this, Text(kJoyFactors[factor]), {2 * kColumn, y + 4, 60, 22});
-        auto* slider = new QSlider(Qt::Horizontal, this);  // owned by the toolkit
-        slider->setObjectName(QString("JoyFactor_%1").arg(i));
-        slider->setAccessibleName(Text(kJoyFactors[factor]));
-        slider->setToolTip("How far the stick reaches: " + Text(kJoyFactors[factor]));
+        MakeLabel(this, ToQString(kJoyFactors[factor]), {2 * kColumn, y + 4, 60, 22});
+        auto* slider = new QSlider(Qt::Horizontal, this);  // belongs to the page
+        Describe(s, *slider, "JoyFactor", i);
         slider->setRange(kJoyFactorLow, kJoyFactorHigh);
         slider->setSingleStep(10);
         slider->setPageStep(100);
@@ -75,7 +64,7 @@ void OptionsJoystick::MakeSliders() {
         auto* value = MakeLabel(this, "", {2 * kColumn + 194, y + 4, 44, 22});
         connect(slider, &QSlider::valueChanged, this, [this, i](int reach) {
             SetJoyFactor(s, i, static_cast<std::int16_t>(reach));
-            static_cast<QLabel*>(values_[static_cast<std::size_t>(i)])->setText(QString::number(s.Joy.Factor[i]));
+            values_[static_cast<std::size_t>(i)]->setText(QString::number(s.Joy.Factor[i]));
         });
         factors_[factor] = slider;
         values_[factor] = value;
@@ -85,20 +74,20 @@ void OptionsJoystick::MakeSliders() {
 void OptionsJoystick::Refresh() {
     for (int i = 0; i < 5; ++i) {
         ChoiceList& list = *buttons_[static_cast<std::size_t>(i)];
-        list.SetEntries(Strings(s.Joy.ButtonNames));
+        list.SetEntries(ToQStrings(s.Joy.ButtonNames));
         list.Show(s.Joy.ButtonChoice[i]);
         list.setEnabled(s.JoyEnabled);
     }
     for (int i = 0; i < 2; ++i) {
         ChoiceList& list = *axes_[static_cast<std::size_t>(i)];
-        list.SetEntries(Strings(s.Joy.AxisNames));
+        list.SetEntries(ToQStrings(s.Joy.AxisNames));
         list.Show(s.Joy.AxisChoice[i]);
         list.setEnabled(s.JoyEnabled);
     }
     for (int i = 0; i < 3; ++i) {
         const QSignalBlocker quiet(factors_[static_cast<std::size_t>(i)]);
         factors_[static_cast<std::size_t>(i)]->setValue(s.Joy.Factor[i]);
-        static_cast<QLabel*>(values_[static_cast<std::size_t>(i)])->setText(QString::number(s.Joy.Factor[i]));
+        values_[static_cast<std::size_t>(i)]->setText(QString::number(s.Joy.Factor[i]));
     }
     none_->setVisible(!s.JoyEnabled);
 }

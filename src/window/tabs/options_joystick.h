@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLabel>
 #include <QSlider>
 #include <QWidget>
 #include <array>
@@ -10,11 +11,11 @@ namespace marvolin {
 
 class ChoiceList;
 
-/// The sub-tab "Joystick": what buttons and axes do, and how far the stick reaches.
+/// The sub-tab "Joystick": what buttons and axes do, and the reach of the stick.
 class OptionsJoystick : public QWidget {
 public:
     OptionsJoystick(Session& session, QWidget* parent);
-    /// Lists, choices, sliders and their enabled states.
+    /// Shows lists, choices, sliders and their enabled states again.
     void Refresh();
 
 private:
@@ -25,8 +26,8 @@ private:
     std::array<ChoiceList*, 5> buttons_{};
     std::array<ChoiceList*, 2> axes_{};
     std::array<QSlider*, 3> factors_{};
-    std::array<QWidget*, 3> values_{};
-    QWidget* none_ = nullptr;
+    std::array<QLabel*, 3> values_{};
+    QLabel* none_ = nullptr;
 };
 
 }  // namespace marvolin

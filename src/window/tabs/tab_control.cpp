@@ -4,7 +4,6 @@
 #include <QPainterPath>
 
 #include "performance/tabs.h"
-#include "sequencing/timing.h"
 #include "window/tabs/tab_map.h"
 #include "window/tabs/tab_mix_pad.h"
 #include "window/tabs/tab_options.h"
@@ -16,23 +15,18 @@ namespace {
 
 constexpr int kCaptionHeight = 26;
 constexpr int kCaptionWidth = 94;
-constexpr std::array<const char*, kTabs> kCaptions{"Mix Pad", "3d Map", "Ptrn", "Optn"};
 
 }  // namespace
 
-TabButton::TabButton(Session& session, QWidget* parent, const char* name, int tab, const QString& text,
-                     const std::int16_t& active, void (*choose)(Session&, std::int16_t))
-    : Control(session, parent, name, tab, text), text_(text), active_(active), choose_(choose) {}
+TabButton::TabButton(Session& session, QWidget* parent, const char* name, int tab, const std::int16_t& active,
+                     void (*choose)(Session&, std::int16_t))
+    : Control(session, parent, name, tab), active_(active), choose_(choose) {}
 
 void TabButton::Gesture(Phase phase, std::int16_t button, QPointF) {
-    if (phase == Phase::Down && button == kLeftButton) choose_(s, static_cast<std::int16_t>(index));
+    if (phase == Phase::Down && button == kLeftButton) choose_(s, index);
     if (phase == Phase::Down && button == kRightButton && active_ == kPatternTab && choose_ == SetTab) {
-        BeginDrag({"TabControl", 0, ""});
+        BeginDrag({drags::kTabControl, 0, ""});
     }
-}
-
-std::string_view TabButton::Hint(QPointF) const {
-    return s.ActiveTab == kPatternTab ? kAllSequenceHint : std::string_view{};
 }
 
 void TabButton::paintEvent(QPaintEvent*) {
@@ -46,17 +40,13 @@ void TabButton::paintEvent(QPaintEvent*) {
     p.drawPath(shape);
     p.setFont(theme::Sans(13, open ? QFont::DemiBold : QFont::Normal));
     p.setPen(open ? theme::kText : theme::kQuiet);
-    p.drawText(rect(), Qt::AlignCenter, text_);
+    p.drawText(rect(), Qt::AlignCenter, Caption());
     if (hasFocus()) theme::DrawFocus(p, QRectF(rect()).adjusted(2, 2, -2, -2), 5);
 }
 
-TabControl::TabControl(Session& session, QWidget* parent) : Control(session, parent, "TabControl", -1, "Tabs") {
-    setToolTip({});
-    setFocusPolicy(Qt::NoFocus);
+TabControl::TabControl(Session& session, QWidget* parent) : Control(session, parent, drags::kTabControl) {
     for (int tab = 0; tab < kTabs; ++tab) {
-        auto* caption =
-            new TabButton(s, this, "Tab", tab, kCaptions[static_cast<std::size_t>(tab)], s.ActiveTab, SetTab);
-        caption->setToolTip({});
+        auto* caption = new TabButton(s, this, "Tab", tab, s.ActiveTab, SetTab);
         caption->setGeometry(tab * (kCaptionWidth + 2), 0, kCaptionWidth, kCaptionHeight);
         captions_.push_back(caption);
     }
@@ -73,11 +63,8 @@ void TabControl::Refresh() {
 }
 
 void TabControl::Gesture(Phase phase, std::int16_t button, QPointF) {
-    if (phase == Phase::Down && button == kRightButton && s.ActiveTab == kPatternTab) BeginDrag({"TabControl", 0, ""});
-}
-
-std::string_view TabControl::Hint(QPointF) const {
-    return s.ActiveTab == kPatternTab ? kAllSequenceHint : std::string_view{};
+    if (phase == Phase::Down && button == kRightButton && s.ActiveTab == kPatternTab)
+        BeginDrag({drags::kTabControl, 0, ""});
 }
 
 void TabControl::paintEvent(QPaintEvent*) {

@@ -16,28 +16,26 @@ class TabPattern;
 /// One caption of a strip of tabs.
 class TabButton : public Control {
 public:
-    /// `active` is the session's number of the open tab.
-    TabButton(Session& session, QWidget* parent, const char* name, int tab, const QString& text,
-              const std::int16_t& active, void (*choose)(Session&, std::int16_t));
+    /// `active` is the session's number of the open tab. `choose` opens a tab.
+    TabButton(Session& session, QWidget* parent, const char* name, int tab, const std::int16_t& active,
+              void (*choose)(Session&, std::int16_t));
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
-    std::string_view Hint(QPointF) const override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    const QString text_;
     const std::int16_t& active_;
     void (*const choose_)(Session&, std::int16_t);
 };
 
-/// `TabControl`: "Mix Pad", "3d Map", "Ptrn", "Optn".
+/// `TabControl`: the captions "Mix Pad", "3d Map", "Ptrn" and "Optn" and their pages.
 class TabControl : public Control {
 public:
     static constexpr int kHeight = 344;
 
     TabControl(Session& session, QWidget* parent);
-    /// Shows the page that the session names.
+    /// Shows the page of the tab that is open in the session.
     void Refresh() override;
 
     // Owned by the toolkit.
@@ -48,7 +46,6 @@ public:
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
-    std::string_view Hint(QPointF) const override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -10,9 +10,10 @@
 #include "performance/map/use_3d.h"
 #include "window/controls/choice.h"
 #include "window/controls/gauge.h"
-#include "window/controls/hints.h"
 #include "window/controls/text_button.h"
+#include "window/descriptions/described.h"
 #include "window/surfaces/map_surface.h"
+#include "window/toolkit/strings.h"
 
 namespace marvolin {
 
@@ -21,7 +22,7 @@ namespace {
 constexpr int kMiddle = 352;
 constexpr int kRight = 700;
 
-/// As the status line shows it.
+/// Cuts a number to two decimals, as the status line does.
 double Cut(double mapUnits) { return Int(mapUnits * 100) / 100; }
 
 QString Shown(double value) { return QString::fromStdString(NumberText(value)); }
@@ -29,7 +30,7 @@ QString Shown(double value) { return QString::fromStdString(NumberText(value)); 
 }  // namespace
 
 TabMap::TabMap(Session& session, QWidget* parent) : QWidget(parent), s(session) {
-    setObjectName("MapPage");
+    Describe(s, *this, "MapPage");
     Map = new MapSurface(s, this);
     Map->move(14 - BallSurface::kFrame, 10 - BallSurface::kFrame);
     MakeSide();
@@ -38,50 +39,44 @@ TabMap::TabMap(Session& session, QWidget* parent) : QWidget(parent), s(session) 
 }
 
 void TabMap::MakeSide() {
-    enable_ =
-        new ChoiceBox(s, this, "Enable3d", "3D sound", hints::kEnable3d, [this](bool on) { Enable3d_Click(s, on); });
-    enable_->setToolTip("Places sounds around the listener; pan rests while it is on");
+    enable_ = new ChoiceBox(s, this, "Enable3d", -1, [this](bool on) { Enable3d_Click(s, on); });
     enable_->setGeometry(kMiddle, 14, 280, 26);
+    MakeGauges();
 
+    MakeLabel(this, "Positions", {kMiddle, 172, 200, 18});
+    macros_ = new ChoiceList(s, this, "PosMacros", -1,
+                             [this](int entry) { PosMacros_Click(s, static_cast<std::int16_t>(entry)); });
+    macros_->addItems(ToQStrings(kPosMacros));
+    macros_->setGeometry(kMiddle, 192, 220, 30);
+
+    centre_ = new TextButton(s, this, "CentreAll", [this] { CentreAll_Click(s); });
+    centre_->setGeometry(kMiddle, 234, 106, 30);
+    auto* front = new TextButton(s, this, "PosPop", [this] { PosPop_Click(s); });
+    front->setGeometry(kMiddle + 114, 234, 106, 30);
+
+    relative_ = new ChoiceBox(s, this, "JoyRelative", 1, [this](bool on) { SetJoyRelative(s, 1, on); });
+    relative_->setGeometry(kMiddle, 278, 260, 24);
+}
+
+void TabMap::MakeGauges() {
     MakeLabel(this, "Map size", {kMiddle, 56, 200, 18});
-    size_ = new Gauge(s, this, "MapSize", -1, "Map size",
+    size_ = new Gauge(s, this, "MapSize",
                       {kMapSizeLow, kMapSizeHigh, 1, [this] { return static_cast<int>(s.MapSize); },
                        [this] { return Shown(s.MapSize / 10.0) + " x " + Shown(s.MapSize / 10.0); },
                        [this](int value) { MapSize_Moving(s, static_cast<std::int16_t>(value)); },
                        [this](std::int16_t button, int value) {
                            if (button == kLeftButton) MapSize_Change(s, static_cast<std::int16_t>(value));
-                       },
-                       [this] { ShowStatus(s, hints::kMapSize); }});
+                       }});
     size_->setGeometry(kMiddle - 8, 76, 312, 26);
 
     MakeLabel(this, "Roll off", {kMiddle, 114, 200, 18});
     rollOff_ = new Gauge(
-        s, this, "RollOff", -1, "Roll off: how fast sounds fade with their distance",
+        s, this, "RollOff",
         {kRollOffLow, kRollOffHigh, 1, [this] { return static_cast<int>(s.RollOff); },
          [this] { return Shown(s.RollOff / 10.0); },
          [this](int value) { RollOff_Moving(s, static_cast<std::int16_t>(value)); },
-         [this](std::int16_t button, int value) { RollOff_Release(s, button, static_cast<std::int16_t>(value)); },
-         [this] { ShowStatus(s, hints::kRollOff); }});
+         [this](std::int16_t button, int value) { RollOff_Release(s, button, static_cast<std::int16_t>(value)); }});
     rollOff_->setGeometry(kMiddle - 8, 134, 312, 26);
-
-    MakeLabel(this, "Positions", {kMiddle, 172, 200, 18});
-    macros_ =
-        new ChoiceList(s, this, "PosMacros", "Positions: scatter the sounds, or let them wander", hints::kPosMacros,
-                       [this](int entry) { PosMacros_Click(s, static_cast<std::int16_t>(entry)); });
-    for (std::string_view text : kPosMacros) macros_->addItem(QString::fromUtf8(text.data()));
-    macros_->setGeometry(kMiddle, 192, 220, 30);
-
-    centre_ = new TextButton(s, this, "CentreAll", "Centre all", "All balls to the centre", hints::kCentreAll,
-                             [this] { CentreAll_Click(s); });
-    centre_->setGeometry(kMiddle, 234, 106, 30);
-    front_ =
-        new TextButton(s, this, "PosPop", "Find listener", "Brings the listener back onto the map and to the front",
-                       hints::kPosPop, [this] { PosPop_Click(s); });
-    front_->setGeometry(kMiddle + 114, 234, 106, 30);
-
-    relative_ = new ChoiceBox(s, this, "JoyRelative_1", "Relative JStick Movement (Map)", {},
-                              [this](bool on) { SetJoyRelative(s, 1, on); });
-    relative_->setGeometry(kMiddle, 278, 260, 24);
 }
 
 void TabMap::Refresh() {
@@ -116,10 +111,10 @@ void TabMap::RefreshRollOff() { rollOff_->Refresh(); }
 
 void TabMap::RefreshJoystick() {
     relative_->Show(s.Joy.Relative[1] != False);
-    relative_->setToolTip(s.JoyEnabled ? "" : "No joystick was found at the start");
+    DescribedOf(*relative_)->RefreshTip();
 }
 
-/// Where everybody stands, in map units: the caption of the balls.
+/// The places of all balls, in map units.
 void TabMap::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);

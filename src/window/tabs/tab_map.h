@@ -16,13 +16,13 @@ class TextButton;
 class TabMap : public QWidget {
 public:
     TabMap(Session& session, QWidget* parent);
-    /// All of the page.
+    /// Shows all of the page again.
     void Refresh();
     void RefreshBall(int ball);
     void RaiseBall(int ball);
     void RefreshSize();
     void RefreshRollOff();
-    /// The box "Relative JStick Movement (Map)".
+    /// Shows the box "Relative JStick Movement (Map)" again.
     void RefreshJoystick();
     MapSurface* Map = nullptr;  // owned by the toolkit
 
@@ -31,6 +31,7 @@ protected:
 
 private:
     void MakeSide();
+    void MakeGauges();
 
     Session& s;
     ChoiceBox* enable_ = nullptr;
@@ -38,7 +39,6 @@ private:
     Gauge* rollOff_ = nullptr;
     ChoiceList* macros_ = nullptr;
     TextButton* centre_ = nullptr;
-    TextButton* front_ = nullptr;
     ChoiceBox* relative_ = nullptr;
 };
 

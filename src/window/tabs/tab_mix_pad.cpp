@@ -6,9 +6,10 @@
 #include "performance/pad/pad_tables.h"
 #include "performance/pad/wire_sets.h"
 #include "window/controls/choice.h"
-#include "window/controls/hints.h"
+#include "window/descriptions/described.h"
 #include "window/surfaces/channel_levels.h"
 #include "window/surfaces/pad_surface.h"
+#include "window/toolkit/strings.h"
 
 namespace marvolin {
 
@@ -16,13 +17,6 @@ namespace {
 
 constexpr int kMiddle = 352;
 constexpr int kRight = 640;
-
-template <typename Texts>
-QStringList Strings(const Texts& texts) {
-    QStringList strings;
-    for (std::string_view text : texts) strings << QString::fromUtf8(text.data(), static_cast<int>(text.size()));
-    return strings;
-}
 
 int CurveEntry(std::int16_t function) {
     const auto found = std::find_if(kPadCurves.begin(), kPadCurves.end(),
@@ -33,32 +27,31 @@ int CurveEntry(std::int16_t function) {
 }  // namespace
 
 TabMixPad::TabMixPad(Session& session, QWidget* parent) : QWidget(parent), s(session) {
-    setObjectName("MixPadPage");
+    Describe(s, *this, "MixPadPage");
     Pad = new PadSurface(s, this);
     Pad->move(14 - BallSurface::kFrame, 10 - BallSurface::kFrame);
 
     MakeLabel(this, "Pad type", {kMiddle, 8, 220, 18});
-    type_ = new ChoiceList(s, this, "PadType", "Pad type: what the ball moves", hints::kPadType,
+    type_ = new ChoiceList(s, this, "PadType", -1,
                            [this](int entry) { PadType_Click(s, static_cast<std::int16_t>(entry)); });
-    type_->addItems(Strings(kPadTypeTexts));
+    type_->addItems(ToQStrings(kPadTypeTexts));
     type_->setGeometry(kMiddle, 28, 220, 30);
 
     MakeLabel(this, "Fade function", {kMiddle, 68, 220, 18});
-    function_ = new ChoiceList(
-        s, this, "PadFunction", "Fade function: where the ball begins to work", hints::kPadFunction,
-        [this](int entry) { PadFunction_Click(s, kPadCurves[static_cast<std::size_t>(entry)].Function); });
-    for (const PadCurve& curve : kPadCurves) function_->addItem(QString::fromUtf8(curve.Text.data()));
+    function_ = new ChoiceList(s, this, "PadFunction", -1, [this](int entry) {
+        PadFunction_Click(s, kPadCurves[static_cast<std::size_t>(entry)].Function);
+    });
+    for (const PadCurve& curve : kPadCurves) function_->addItem(ToQString(curve.Text));
     function_->setGeometry(kMiddle, 88, 220, 30);
 
     MakeLabel(this, "Wire sets:", {kMiddle, 128, 220, 18});
-    wires_ = new ChoiceList(s, this, "SetChannel", "Wire sets: wires all LoopTracks at once", hints::kSetChannel,
+    wires_ = new ChoiceList(s, this, "SetChannel", -1,
                             [this](int entry) { SetChannel_Click(s, static_cast<std::int16_t>(entry)); });
-    wires_->addItems(Strings(kWireSets));
+    wires_->addItems(ToQStrings(kWireSets));
     wires_->setPlaceholderText("Choose");
     wires_->setGeometry(kMiddle, 148, 220, 30);
 
-    relative_ = new ChoiceBox(s, this, "JoyRelative_0", "Relative JStick Movement (Pad)", {},
-                              [this](bool on) { SetJoyRelative(s, 0, on); });
+    relative_ = new ChoiceBox(s, this, "JoyRelative", 0, [this](bool on) { SetJoyRelative(s, 0, on); });
     relative_->setGeometry(kMiddle, 194, 250, 24);
 
     levels_ = new ChannelLevels(s, this);
@@ -88,7 +81,7 @@ void TabMixPad::RefreshTwist() { twist_->update(); }
 
 void TabMixPad::RefreshJoystick() {
     relative_->Show(s.Joy.Relative[0] != False);
-    relative_->setToolTip(s.JoyEnabled ? "" : "No joystick was found at the start");
+    DescribedOf(*relative_)->RefreshTip();
 }
 
 }  // namespace marvolin

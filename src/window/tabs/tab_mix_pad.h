@@ -22,12 +22,12 @@ public:
     static double InnerWidth() { return BallSurface::kInner * kTwipsPerPixel; }
     static double InnerHeight() { return BallSurface::kInner * kTwipsPerPixel; }
 
-    /// Type, curve, wire set and what depends on them.
+    /// Shows type, curve, wire set and what depends on them again.
     void Refresh();
-    /// The ball and the levels of the channels.
+    /// Shows the ball and the levels of the channels again.
     void RefreshBall();
     void RefreshTwist();
-    /// The box "Relative JStick Movement (Pad)".
+    /// Shows the box "Relative JStick Movement (Pad)" again.
     void RefreshJoystick();
     PadSurface* Pad = nullptr;  // owned by the toolkit
 

@@ -6,7 +6,6 @@
 
 #include "core/session.h"
 
-class QCheckBox;
 class QComboBox;
 class QLabel;
 class QSlider;
@@ -22,13 +21,12 @@ class TabButton;
 class TabOptions : public QWidget {
 public:
     TabOptions(Session& session, QWidget* parent);
-    /// Shows the options that the session holds.
+    /// Shows the options of the session again.
     void Refresh();
     void RefreshDrivers();
     void RefreshJoystick();
 
 protected:
-    bool eventFilter(QObject* object, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
@@ -42,7 +40,7 @@ private:
     Session& s;
     // Owned by the toolkit.
     QComboBox* drivers_ = nullptr;
-    QCheckBox* reset_ = nullptr;
+    ChoiceBox* reset_ = nullptr;
     ChoiceList* axis_ = nullptr;
     std::array<ChoiceBox*, 3> update_{};
     OptionsJoystick* joystick_ = nullptr;

@@ -1,7 +1,6 @@
 #include "window/tabs/tab_pattern.h"
 
 #include "core/loops/loop_views.h"
-#include "sequencing/patterns.h"
 #include "sequencing/timing.h"
 #include "window/controls/pattern_graph.h"
 #include "window/controls/scale_labels.h"
@@ -19,24 +18,25 @@ constexpr int kGraphTop = 26;
 constexpr int kGraphHeight = 77;
 constexpr int kGraphPitch = kGraphHeight + 6;
 
-/// The groups from top to bottom, with the label by which each is dragged.
+/// A group of digits and the number of its label `CloneTime`.
 struct TimePlace {
     int Group;
     int Clone;
 };
 constexpr std::array<TimePlace, 3> kTimes{
+    // from top to bottom
     {{kStepDurationGroup, kCloneStepDuration}, {kSwingGroup, kCloneSwing}, {kBeatStartGroup, kCloneBeatStart}}};
 
 }  // namespace
 
 TabPattern::TabPattern(Session& session, QWidget* parent) : QWidget(parent), s(session) {
-    setObjectName("PatternPage");
+    Describe(s, *this, "PatternPage");
     MakePatterns();
     MakeTiming();
 }
 
 void TabPattern::MakePatterns() {
-    patterns_ = new FrameControl(s, this, "Patterns", "Patterns", kPatternsHint);
+    patterns_ = new FrameControl(s, this, drags::kPatterns);
     patterns_->setGeometry(12, 8, 710, 280);
     badge_ = new CurrentBadge(s, patterns_);
     badge_->setGeometry(12, 27, 76, 30);
@@ -58,7 +58,7 @@ void TabPattern::MakePatterns() {
 }
 
 void TabPattern::MakeTiming() {
-    timing_ = new FrameControl(s, this, "AllTiming", "Timing", kAllTimingHint);
+    timing_ = new FrameControl(s, this, drags::kAllTiming);
     timing_->setGeometry(732, 8, 280, 280);
     int top = 30;
     for (const TimePlace& time : kTimes) {

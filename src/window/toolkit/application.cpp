@@ -5,6 +5,7 @@
 #include <exception>
 
 #include "core/errors.h"
+#include "window/descriptions/accessible.h"
 #include "window/toolkit/theme.h"
 
 namespace marvolin {
@@ -13,6 +14,7 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     setApplicationName("marvolin");
     setApplicationVersion(MARVOLIN_VERSION);
     theme::Apply(*this);
+    InstallAccessibility();
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {

@@ -1,5 +1,6 @@
 #include "window/toolkit/qt_desktop.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCursor>
 #include <QDir>
@@ -12,6 +13,7 @@
 
 #include "core/errors.h"
 #include "core/types.h"
+#include "window/descriptions/described.h"
 #include "window/surfaces/surface.h"
 #include "window/toolkit/theme.h"
 
@@ -55,12 +57,14 @@ QWidget* QtDesktop::BoxParent() const {
 
 bool QtDesktop::MessageBox(const std::string& text, const std::string& title, BoxStyle style) {
     QMessageBox box(BoxParent());
-    box.setObjectName("MessageBox");
+    Describe(box, "MessageBox");
     box.setWindowTitle(title.empty() ? QString("marvolin") : QString::fromStdString(title));
     box.setTextFormat(Qt::PlainText);
     box.setText(QString::fromStdString(text));
     box.setIcon(IconOf(style));
     box.setStandardButtons(style == BoxStyle::Question ? QMessageBox::Ok | QMessageBox::Cancel : QMessageBox::Ok);
+    Describe(*box.button(QMessageBox::Ok), "BoxOk");
+    if (QAbstractButton* cancel = box.button(QMessageBox::Cancel)) Describe(*cancel, "BoxCancel");
     // While a box waits for an answer nothing is loading: the pointer is not the busy one.
     const bool busy = busy_;
     SetBusyPointer(false);

@@ -1,0 +1,106 @@
+#include "window/descriptions/browser.h"
+
+#include "browser/clipboard.h"
+#include "browser/destinations.h"
+#include "browser/sample_bins.h"
+#include "core/drag_source.h"
+
+namespace marvolin {
+
+namespace {
+
+const SampleBin& BinOf(const Situation& at) { return at.State.Bins[at.Index]; }
+
+std::string FolderTip(const Situation& at) { return BinOf(at).Folder; }
+
+/// Name and size of the sample under the pointer, and what the mouse does here.
+std::string SampleHint(const Situation& at) {
+    const SampleBin& bin = BinOf(at);
+    if (at.Part < 0 || static_cast<std::size_t>(at.Part) >= bin.Rows.size()) return "";
+    const BinRow& sample = bin.Rows[static_cast<std::size_t>(at.Part)];
+    return sample.Name + " (" + sample.Size + "k) " +
+           (bin.Destination == kDragDestination ? "drg to Target"
+                                                : "clk Ld->Dest; rtclk Stp/Ply Dest; rt margin drg to Target");
+}
+
+std::string ComponentCaption(const Situation& at) {
+    return std::string(kComponentTexts[static_cast<std::size_t>(at.Index)]);
+}
+
+constexpr Indices kBinIndices{0, kBins - 1};
+
+constexpr Description kTable[] = {
+    {.Name = "frmBrowse", .Topic = 10120, .Role = QAccessible::Window},
+    {.Name = "Sstab", .Topic = 10121, .Role = QAccessible::PageTabList, .Taken = Keys::Choose},
+    {.Name = "BrowsePages", .Topic = 10122, .Role = QAccessible::LayeredPane},
+    {.Name = drags::kPickDir,
+     .Range = kBinIndices,
+     .Label = "Folder of bin {number}",
+     .Tip = FolderTip,
+     .Hint = "clk Open FolderExplorer",
+     .Topic = 10123,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press,
+     .Value = FolderTip},
+    {.Name = "FileDestination",
+     .Range = kBinIndices,
+     .Label = "Destination of bin {number}",
+     .Tip = kLabelAsTip,
+     .Hint = "slct Destination for Sounds",
+     .Topic = 10124,
+     .Role = QAccessible::ComboBox,
+     .Taken = Keys::Choose | Keys::Press},
+    {.Name = "ClickPlay",
+     .Range = kBinIndices,
+     .Caption = kClickPlayText,
+     .Tip = "Starts the LoopTrack after loading into it",
+     .Topic = 10125,
+     .Role = QAccessible::CheckBox,
+     .Taken = Keys::Press},
+    {.Name = drags::kPickFile,
+     .Range = kBinIndices,
+     .Label = "Samples of bin {number}",
+     .Hint = SampleHint,
+     .Topic = 10126,
+     .Role = QAccessible::List,
+     .Taken = Keys::Choose | Keys::Press},
+    {.Name = "FolderTreeview1",
+     .Label = "Folders",
+     .Hint = "drg Folder to Sample Bin; rtclk to Close",
+     .Topic = 10127,
+     .Role = QAccessible::Tree,
+     .Taken = Keys::Choose | Keys::Escape},
+    {.Name = drags::kClipBoardList,
+     .Label = "Clipboard of LoopTracks",
+     .Hint = "drg Copy to LoopTrack; rtdrg Copy by Element",
+     .Topic = 10128,
+     .Role = QAccessible::List,
+     .Taken = Keys::Choose | Keys::Delete},
+    {.Name = "Components",
+     .Range = {0, static_cast<int>(kComponentTexts.size()) - 1},
+     .Caption = ComponentCaption,
+     .Topic = 10129,
+     .Role = QAccessible::CheckBox,
+     .Taken = Keys::Press},
+    {.Name = "Trash",
+     .Caption = "Trash",
+     .Label = "Trash for clips",
+     .Tip = kLabelAsTip,
+     .Hint = "drop Clip here to Trash it",
+     .Topic = 10130,
+     .Role = QAccessible::Graphic},
+    {.Name = "ClearClip",
+     .Caption = "Clear all",
+     .Label = "Removes all clips, after a question",
+     .Tip = kLabelAsTip,
+     .Topic = 10131,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press},
+    {.Name = "BrowseStatusBar1", .Topic = 10132, .Role = QAccessible::StatusBar},
+};
+
+}  // namespace
+
+std::span<const Description> BrowserDescriptions() { return kTable; }
+
+}  // namespace marvolin

@@ -1,0 +1,69 @@
+#pragma once
+/// \file
+/// A widget and its row of the table, and the rules that hold for every control.
+
+#include <QObject>
+#include <QPointF>
+#include <string>
+#include <string_view>
+
+#include "window/descriptions/description.h"
+
+class QWidget;
+
+namespace marvolin {
+
+/// A widget whose hint differs from part to part.
+class HasParts {
+public:
+    virtual ~HasParts() = default;
+    /// The number of the part at a place, in pixels.
+    virtual int PartAt(QPointF place) const = 0;
+};
+
+/// What a widget says, by its row of the table. It belongs to the widget and sees the widget's events before it does:
+/// what holds for every control, a bare one of the toolkit too, is done here.
+class Described : public QObject {
+public:
+    /// `session` may be null in a window that has none. `widget` owns the object.
+    Described(Session* session, QWidget& widget, const Description& row, int index);
+
+    const Description& Row() const { return row_; }
+    int Index() const { return index_; }
+
+    std::string Caption() const;
+    std::string Label() const;
+    std::string Tip() const;
+    std::string Value() const;
+    std::string Shortcut() const;
+    std::string Hint(int part, bool held) const;
+
+    /// Sets the tool tip again after something changed that it depends on.
+    void RefreshTip();
+    /// Shows the hint in the status bar of the widget's window, or of the main window when it has none. An empty hint
+    /// leaves the bar unchanged.
+    void ShowHint(int part, bool held);
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+private:
+    std::string Say(const ControlText& text, int part = 0, bool held = false) const;
+    void HintAt(QPointF place, bool held);
+
+    Session* const session_;
+    QWidget& widget_;
+    const Description& row_;
+    const int index_;
+};
+
+/// Gives `widget` its row of the table: object name, caption of a button, accessible name, tool tip, hint and the rules
+/// of every control. Throws `std::out_of_range` for a name that is not in the table.
+Described& Describe(Session& session, QWidget& widget, std::string_view name, int index = -1);
+/// The same in a window that has no session and shows no hints.
+Described& Describe(QWidget& widget, std::string_view name, int index = -1);
+
+/// What `object` was given by `Describe`; null when it has no row.
+Described* DescribedOf(const QObject& object);
+
+}  // namespace marvolin

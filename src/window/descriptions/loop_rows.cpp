@@ -1,0 +1,201 @@
+#include "window/descriptions/loop_rows.h"
+
+#include "audio/play_gestures.h"
+#include "audio/play_modes.h"
+#include "audio/sample_loading.h"
+#include "core/drag_source.h"
+#include "instrument/loop_drops.h"
+#include "parameters/setters.h"
+#include "window/descriptions/parts.h"
+
+namespace marvolin {
+
+namespace {
+
+std::string ModeValue(const Situation& at) {
+    return std::string(PlayModeText(LoopItMode(at.State, static_cast<Row>(at.Index))));
+}
+
+std::string DropDownHint(const Situation& at) {
+    return at.Part == kGripPart ? "drg Copy Sample to LoopTrack, or Copy LoopTrack to Clipboard"
+                                : "clk Open Palette & History";
+}
+
+std::string SampleTip(const Situation& at) {
+    const std::string& path = at.State.Set[static_cast<Row>(at.Index)].FileName;
+    return path.empty() ? std::string(kLabelAsTip) : path;
+}
+
+std::string SampleValue(const Situation& at) { return LoopFileName(at.State, static_cast<Row>(at.Index)); }
+
+const LoopTrackSet& SetOf(const Situation& at) { return at.State.Set[static_cast<Row>(at.Index)]; }
+
+std::string VolValue(const Situation& at) { return Vol2Text(SetOf(at).Vol); }
+std::string PanValue(const Situation& at) { return Pan2Text(SetOf(at).Pan); }
+std::string HzValue(const Situation& at) { return Hz2Text(SetOf(at).Hz); }
+
+constexpr const char* kLetrHint = "drg Start Dropper Op; rtdrg Start Fade Drg & Drop; dblclk Toggle Thinnable";
+constexpr const char* kSndDispHint = "clk/drg along top: Vol Jump; clk/drg along bottom: Vol Fade; rtclk Fade";
+constexpr const char* kLoopItHint = "drg Play Mode -/+; rtclk Jump to Beginning";
+
+constexpr Indices kLoopTrackRows{0, kLoopTracks - 1};
+constexpr Indices kSelection{kSelectionRow, kSelectionRow};
+constexpr Indices kGangRows{0, kSelectionRow};
+
+constexpr Description kTable[] = {
+    {.Name = "LoopRow", .Range = kGangRows, .Topic = kLoopTrackTopic, .Role = QAccessible::Grouping},
+    {.Name = "Selected",
+     .Range = kLoopTrackRows,
+     .Label = "{row} is selected",
+     .Tip = kLabelAsTip,
+     .Hint = "drg Select LoopTracks; rtdrg Deselect LoopTracks (drg over to select/deselect)",
+     .Topic = 10020,
+     .Role = QAccessible::CheckBox,
+     .Taken = Keys::Press},
+    {.Name = "Thumb",
+     .Range = kLoopTrackRows,
+     .Label = "Show {row} on the pattern tab",
+     .Tip = kLabelAsTip,
+     .Hint = "clk Select Pattern/LoopTrack Position; dblclk Open Pattern",
+     .Topic = 10021,
+     .Role = QAccessible::RadioButton,
+     .Taken = Keys::Press},
+    {.Name = drags::kLetr,
+     .Range = kLoopTrackRows,
+     .Label = "{row}",
+     .Tip = kLabelAsTip,
+     .Hint = kLetrHint,
+     .Topic = kLoopTrackTopic,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press},
+    {.Name = drags::kLetr,
+     .Range = kSelection,
+     .Label = "Selection, {letter}",
+     .Tip = kLabelAsTip,
+     .Hint = kLetrHint,
+     .Topic = kLoopTrackTopic,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press},
+    {.Name = "Play",
+     .Range = kGangRows,
+     .Label = "Play {row}",
+     .Tip = kLabelAsTip,
+     .Hint = "clk Toggle Play; rtclk Pause",
+     .Topic = 10023,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press,
+     .Shortcut = "{letter}"},
+    {.Name = "LoopIt",
+     .Range = kGangRows,
+     .Label = "Play mode of {row}",
+     .Tip = kLabelAsTip,
+     .Hint = kLoopItHint,
+     .Topic = 10024,
+     .Role = QAccessible::SpinBox,
+     .Taken = Keys::Press | Keys::Turn,
+     .Value = ModeValue},
+    {.Name = "LoopIt",
+     .Range = {kMasterRow, kMasterRow},
+     .Label = "Play mode of the LoopTrack shown here",
+     .Tip = kLabelAsTip,
+     .Hint = kLoopItHint,
+     .Topic = 10024,
+     .Role = QAccessible::SpinBox,
+     .Taken = Keys::Press | Keys::Turn,
+     .Value = ModeValue},
+    {.Name = drags::kDropDown,
+     .Range = kLoopTrackRows,
+     .Label = "Sample of {row}",
+     .Tip = SampleTip,
+     .Hint = DropDownHint,
+     .Topic = 10025,
+     .Role = QAccessible::ButtonDropDown,
+     .Taken = Keys::Press,
+     .Value = SampleValue},
+    {.Name = drags::kDropDown,
+     .Range = kSelection,
+     .Label = "Samples of {row}",
+     .Tip = SampleTip,
+     .Hint = DropDownHint,
+     .Topic = 10025,
+     .Role = QAccessible::ButtonDropDown,
+     .Taken = Keys::Press},
+    {.Name = "SndDisp",
+     .Range = kLoopTrackRows,
+     .Label = "Sound of {row}",
+     .Tip = kLabelAsTip,
+     .Hint = kSndDispHint,
+     .Topic = kLoopTrackTopic,
+     .Role = QAccessible::Graphic,
+     .Value = VolValue},
+    {.Name = "SndDisp",
+     .Range = kSelection,
+     .Label = "Level of {row}",
+     .Tip = kLabelAsTip,
+     .Hint = kSndDispHint,
+     .Topic = kLoopTrackTopic,
+     .Role = QAccessible::Graphic,
+     .Value = VolValue},
+    {.Name = "VolKnob",
+     .Range = {0, kMasterRow},
+     .Caption = "Vol",
+     .Label = "Volume of {row}",
+     .Tip = kLabelAsTip,
+     .Hint = "drg Vol -/+; rtdrg Fine; dblclk Toggle Mute",
+     .Topic = 10026,
+     .Role = QAccessible::Dial,
+     .Taken = Keys::Press | Keys::Turn,
+     .Value = VolValue},
+    {.Name = "PanKnob",
+     .Range = kGangRows,
+     .Caption = "Pan",
+     .Label = "Pan of {row}",
+     .Tip = kLabelAsTip,
+     .Hint = "drg Pan -/+; rtdrg Fine; dblclk Centre",
+     .Topic = 10027,
+     .Role = QAccessible::Dial,
+     .Taken = Keys::Press | Keys::Turn,
+     .Value = PanValue},
+    {.Name = "HzKnob",
+     .Range = kGangRows,
+     .Caption = "Freq",
+     .Label = "Frequency of {row}",
+     .Tip = kLabelAsTip,
+     .Hint = "drg Hz -/+; rtdrg Fine; dblclk 100%",
+     .Topic = 10028,
+     .Role = QAccessible::Dial,
+     .Taken = Keys::Press | Keys::Turn,
+     .Value = HzValue},
+    {.Name = "ChannelFlag",
+     .Range = kGangRows,
+     .Label = "Wire of {row}",
+     .Tip = kLabelAsTip,
+     .Hint = "drg Wire -/+; click Flip Colour; rtclk tggle Connect",
+     .Topic = 10029,
+     .Role = QAccessible::SpinBox,
+     .Taken = Keys::Press | Keys::Turn},
+    {.Name = "SelectPopUp",
+     .Caption = "Select",
+     .Label = "Selection tools",
+     .Tip = kLabelAsTip,
+     .Hint = "clk Open Selection Tool Dropdown",
+     .Topic = 10030,
+     .Role = QAccessible::ButtonDropDown,
+     .Taken = Keys::Press},
+    {.Name = "SlctGroup",
+     .Label = "Selection rules",
+     .Topic = 10031,
+     .Role = QAccessible::List,
+     .Taken = Keys::Choose | Keys::Press | Keys::Escape},
+    {.Name = drags::kHistoryList,
+     .Label = "Palette and history",
+     .Topic = 10032,
+     .Role = QAccessible::List,
+     .Taken = Keys::Choose | Keys::Press | Keys::Escape},
+};
+
+}  // namespace
+
+std::span<const Description> LoopRowDescriptions() { return kTable; }
+
+}  // namespace marvolin

@@ -1,0 +1,164 @@
+#include "window/descriptions/main_window.h"
+
+#include "audio/play_gestures.h"
+#include "core/drag_source.h"
+#include "parameters/fades.h"
+#include "window/descriptions/parts.h"
+
+namespace marvolin {
+
+namespace {
+
+std::string ToTopCaption(const Situation& at) { return at.State.MiniMode ? "Regular" : "Mini"; }
+
+std::string PlayStopHint(const Situation& at) {
+    switch (static_cast<PlayStopZone>(at.Part)) {
+        case PlayStopZone::Play:
+            return "clk Play All Sounds";
+        case PlayStopZone::Stop:
+            return "clk Stop All Sounds";
+        case PlayStopZone::None:
+            break;
+    }
+    return "";
+}
+
+std::string LimitValue(const Situation& at) { return std::to_string(at.State.Limit); }
+
+std::string FadeSpeedValue(const Situation& at) { return std::to_string(FadeFactorGauge(at.State)); }
+
+std::string SelectorLabel(const Situation& at) {
+    return at.Index == 0 ? "The selection is in control" : "Band " + std::to_string(at.Index - 1) + " is in control";
+}
+
+std::string TabCaption(const Situation& at) {
+    constexpr std::array<const char*, kTabs> kCaptions{"Mix Pad", "3d Map", "Ptrn", "Optn"};
+    return kCaptions[static_cast<std::size_t>(at.Index)];
+}
+
+std::string TabHint(const Situation& at) {
+    return at.State.ActiveTab == kPatternTab ? "rtdrg Copy All Patterns & Timing Elements" : "";
+}
+
+std::string StatusValue(const Situation& at) { return at.State.StatusText; }
+
+std::string StatusHint(const Situation& at) {
+    return at.Part == kHelpPanel ? "drg Question Mark to Control for Help" : "";
+}
+
+constexpr Description kTable[] = {
+    {.Name = "frmMain", .Topic = 10001, .Role = QAccessible::Window},
+    {.Name = "Toolbar", .Topic = 10002, .Role = QAccessible::ToolBar},
+    {.Name = "Browse",
+     .Caption = "Browse",
+     .Label = "Open the browser",
+     .Tip = kLabelAsTip,
+     .Hint = "clk Open Browser Window",
+     .Topic = 10003,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press},
+    {.Name = "SaveOpen",
+     .Caption = "Save/Open",
+     .Label = "Save and open sessions",
+     .Tip = kLabelAsTip,
+     .Hint = "clk Save/Open Dialogue",
+     .Topic = 10004,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press},
+    {.Name = "QuickLoadPop",
+     .Caption = "QuickLoad",
+     .Label = "Sessions of the current folder",
+     .Tip = kLabelAsTip,
+     .Hint = "clk Open QuickLoad Dropdown",
+     .Topic = 10005,
+     .Role = QAccessible::ButtonDropDown,
+     .Taken = Keys::Press},
+    {.Name = "SnapShot",
+     .Caption = "Snapshot",
+     .Label = "Save a snapshot of the session",
+     .Tip = kLabelAsTip,
+     .Hint = "clk Save Snapshot",
+     .Topic = 10006,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press},
+    {.Name = "Scripts",
+     .Caption = "Scripts",
+     .Label = "Open Scripting",
+     .Tip = "Open Scripting (not available yet)",
+     .Topic = 10007,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press},
+    {.Name = "PlayStop",
+     .Label = "Play all (top), stop all (bottom)",
+     .Tip = kLabelAsTip,
+     .Hint = PlayStopHint,
+     .Topic = 10008,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press},
+    {.Name = "Limiter",
+     .Label = "How many LoopTracks may sound; 4 is no limit",
+     .Tip = kLabelAsTip,
+     .Hint = "drg -/+ to Thin to N Playing LoopTracks",
+     .Topic = 10009,
+     .Role = QAccessible::SpinBox,
+     .Taken = Keys::Turn,
+     .Value = LimitValue},
+    {.Name = "FadeFactor",
+     .Label = "Fade speed",
+     .Tip = kLabelAsTip,
+     .Hint = "set Fade Speed",
+     .Topic = 10010,
+     .Role = QAccessible::Slider,
+     .Taken = Keys::Turn,
+     .Value = FadeSpeedValue},
+    {.Name = "ToTop",
+     .Caption = ToTopCaption,
+     .Label = "Minimize Toggle",
+     .Tip = kLabelAsTip,
+     .Hint = "clk Toggle Mini/Regular Window",
+     .Topic = 10011,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press},
+    {.Name = "StatusBar1",
+     .Label = "Hints",
+     .Tip = "Drag and drop onto a control to get help on it",
+     .Hint = StatusHint,
+     .Topic = 10012,
+     .Role = QAccessible::StatusBar,
+     .Value = StatusValue},
+    {.Name = "StatusBar2", .Label = "Session and device", .Topic = 10013, .Role = QAccessible::StatusBar},
+    {.Name = drags::kTabControl, .Label = "Tabs", .Hint = TabHint, .Topic = 10014, .Role = QAccessible::PageTabList},
+    {.Name = "Tab",
+     .Range = {0, kTabs - 1},
+     .Caption = TabCaption,
+     .Hint = TabHint,
+     .Topic = 10015,
+     .Role = QAccessible::PageTab,
+     .Taken = Keys::Press},
+    {.Name = "SelectorStrip", .Topic = 10016, .Role = QAccessible::Grouping},
+    {.Name = "SelectorRadio",
+     .Range = {0, kBands},
+     .Label = SelectorLabel,
+     .Tip = kLabelAsTip,
+     .Hint = "clk Toggle Control of Selection/Band; dblclk Control Selection/Band",
+     .Topic = 10017,
+     .Role = QAccessible::CheckBox,
+     .Taken = Keys::Press},
+    {.Name = "Bands",
+     .Label = "Bands: runs of LoopTracks that move together",
+     .Tip = kLabelAsTip,
+     .Hint = "drg Band over LoopTracks; clk Add/Remove; dblclk Empty",
+     .Topic = 10018,
+     .Role = QAccessible::Graphic},
+    {.Name = "QuickLoad",
+     .Label = "Sessions of the current folder",
+     .Topic = 10019,
+     .Role = QAccessible::List,
+     .Taken = Keys::Choose | Keys::Press | Keys::Escape},
+};
+
+}  // namespace
+
+std::span<const Description> MainWindowDescriptions() { return kTable; }
+
+}  // namespace marvolin

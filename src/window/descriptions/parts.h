@@ -1,0 +1,15 @@
+#pragma once
+/// \file
+/// The parts of controls that say something else from part to part.
+
+namespace marvolin {
+
+/// Of `DropDown`: the grip along its top, by which it is dragged, and the rest, which opens the list.
+enum DropDownPart : int { kOpeningPart = 0, kGripPart = 1 };
+
+/// Of `StatusBar1`: the panel with the question mark, and the others.
+enum StatusBarPart : int { kTextPanels = 0, kHelpPanel = 1 };
+
+// `PlayStop` counts its parts as `PlayStopZone`, and `PickFile` its rows of samples, -1 beside them.
+
+}  // namespace marvolin

@@ -1,0 +1,138 @@
+#include "window/descriptions/patterns.h"
+
+#include "core/drag_source.h"
+#include "core/loops/loop_views.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr int kGroups = 3;
+
+template <std::size_t N>
+std::string OneOf(const std::array<const char*, N>& texts, int index) {
+    return texts[static_cast<std::size_t>(index)];
+}
+
+std::string GraphLabel(const Situation& at) {
+    constexpr std::array<const char*, kPatternRows> kLabels{"Volume pattern", "Frequency pattern", "Pan pattern"};
+    return OneOf(kLabels, at.Index);
+}
+
+std::string CloneCaption(const Situation& at) {
+    constexpr std::array<const char*, kGroups> kCaptions{"Step Duration:", "Sample Start:", "Swing: +/-Rnd:"};
+    return OneOf(kCaptions, at.Index);
+}
+
+std::string CloneTip(const Situation& at) {
+    constexpr std::array<const char*, kGroups> kTips{"Duration of Step, in Seconds (Applies to Track & Drum Mode)",
+                                                     "Begin Playing at this Point in Sample (Applies to Drum Mode)",
+                                                     "Swing Duration +/- a random number up to this amount"};
+    return OneOf(kTips, at.Index);
+}
+
+std::string DigitLabel(const Situation& at) {
+    constexpr std::array<const char*, kGroups> kTimes{"Step Duration", "Swing", "Sample Start"};
+    constexpr std::array<const char*, kDigitsAGroup> kDigits{"hundredths", "tenths", "seconds", "tens of seconds",
+                                                             "hundreds of seconds"};
+    return OneOf(kTimes, at.Index / kDigitsAGroup) + ", " + OneOf(kDigits, at.Index % kDigitsAGroup);
+}
+
+std::string DigitValue(const Situation& at) {
+    const std::string& time = at.State.TimeText[static_cast<std::size_t>(at.Index / kDigitsAGroup)];
+    return std::string(1, TimeDigitChar(time, at.Index % kDigitsAGroup));
+}
+
+std::string PercentLabel(const Situation& at) {
+    constexpr std::array<const char*, kGroups> kLabels{
+        "Step Duration as Percentage of Sample Length; dblclk to set to %100",
+        "Swing as Percentage of Step Duration; dblclk to set to %0",
+        "Sample Start as Percentage of Sample Length; dblclk to set to %0"};
+    return OneOf(kLabels, at.Index);
+}
+
+std::string PercentValue(const Situation& at) { return at.State.PercentText[static_cast<std::size_t>(at.Index)]; }
+
+std::string StepsValue(const Situation& at) { return std::to_string(at.State.StepsShown); }
+
+std::string CurrentValue(const Situation& at) { return std::string(1, RowLetter(at.State.CurrentLoop)); }
+
+std::string StepValue(const Situation& at) { return std::to_string(at.State.Run[at.State.CurrentLoop].Step + 1); }
+
+constexpr Description kTable[] = {
+    {.Name = "PatternPage", .Topic = 10080, .Role = QAccessible::Pane},
+    {.Name = drags::kPatterns,
+     .Caption = "Patterns",
+     .Hint = "rtdrg Copy All Patterns",
+     .Topic = 10081,
+     .Role = QAccessible::Grouping},
+    {.Name = "CurrentLoop",
+     .Label = "LoopTrack shown here",
+     .Tip = kLabelAsTip,
+     .Topic = 10082,
+     .Role = QAccessible::Indicator,
+     .Value = CurrentValue},
+    {.Name = "NSteps",
+     .Caption = "steps",
+     .Label = "Number of steps",
+     .Tip = kLabelAsTip,
+     .Hint = "drg #Steps -/+",
+     .Topic = 10083,
+     .Role = QAccessible::SpinBox,
+     .Taken = Keys::Turn,
+     .Value = StepsValue},
+    {.Name = drags::kEraser,
+     .Caption = "eraser",
+     .Label = "Eraser: drag it onto a pattern",
+     .Tip = kLabelAsTip,
+     .Hint = "drg onto Pattern to Reset Pattern",
+     .Topic = 10084,
+     .Role = QAccessible::Graphic},
+    {.Name = "StepReadOut",
+     .Label = "Step that sounds",
+     .Tip = kLabelAsTip,
+     .Topic = 10085,
+     .Role = QAccessible::Indicator,
+     .Value = StepValue},
+    {.Name = drags::kPatternGraph,
+     .Range = {0, kPatternRows - 1},
+     .Label = GraphLabel,
+     .Hint = "clk, drg Draw Pattern; rtdrg Copy Pattern",
+     .Topic = 10086,
+     .Role = QAccessible::Chart},
+    {.Name = drags::kAllTiming,
+     .Caption = "Timing",
+     .Hint = "rtdrg Copy All Timing Elements",
+     .Topic = 10087,
+     .Role = QAccessible::Grouping},
+    {.Name = drags::kCloneTime,
+     .Range = {0, kGroups - 1},
+     .Caption = CloneCaption,
+     .Tip = CloneTip,
+     .Hint = "rtdrg Copy Timing Element",
+     .Topic = 10088,
+     .Role = QAccessible::StaticText},
+    {.Name = "TimeDigit",
+     .Range = {0, kGroups* kDigitsAGroup - 1},
+     .Label = DigitLabel,
+     .Tip = kLabelAsTip,
+     .Hint = "drg Digits -/+",
+     .Topic = 10089,
+     .Role = QAccessible::SpinBox,
+     .Taken = Keys::Turn,
+     .Value = DigitValue},
+    {.Name = "PercentReadOut",
+     .Range = {0, kGroups - 1},
+     .Label = PercentLabel,
+     .Tip = kLabelAsTip,
+     .Topic = 10090,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press,
+     .Value = PercentValue},
+};
+
+}  // namespace
+
+std::span<const Description> PatternDescriptions() { return kTable; }
+
+}  // namespace marvolin

@@ -1,0 +1,87 @@
+#include "window/descriptions/sound_map.h"
+
+#include "core/drag_source.h"
+#include "core/routines.h"
+#include "parameters/position.h"
+
+namespace marvolin {
+
+namespace {
+
+std::string MapSizeHint(const Situation& at) { return at.Held ? "" : "drg Map Size"; }
+std::string RollOffHint(const Situation& at) { return at.Held ? "" : "drg Roll Off; rtclk Roll Off =1"; }
+std::string MapSizeValue(const Situation& at) { return NumberText(at.State.MapSize / 10.0); }
+std::string RollOffValue(const Situation& at) { return NumberText(at.State.RollOff / 10.0); }
+
+constexpr Description kTable[] = {
+    {.Name = "MapPage", .Topic = 10070, .Role = QAccessible::Pane},
+    {.Name = "Map", .Topic = 10071, .Role = QAccessible::Graphic},
+    {.Name = drags::kPosBall,
+     .Range = {0, kLoopTracks - 1},
+     .Label = "Place of {row}",
+     .Tip = kLabelAsTip,
+     .Hint = "drg to Location; dblclk Centre; rtclk Fade",
+     .Topic = 10072,
+     .Role = QAccessible::Indicator,
+     .Taken = Keys::Press | Keys::Move},
+    {.Name = drags::kPosBall,
+     .Range = {kListenerBall, kListenerBall},
+     .Label = "The listener",
+     .Tip = kLabelAsTip,
+     .Hint = "drag to Location; rtdrg Rotate; dblclk Centre",
+     .Topic = 10072,
+     .Role = QAccessible::Indicator,
+     .Taken = Keys::Press | Keys::Move},
+    {.Name = "Enable3d",
+     .Caption = "3D sound",
+     .Tip = "Places sounds around the listener; pan rests while it is on",
+     .Hint = "clk Toggle 3D Sound",
+     .Topic = 10073,
+     .Role = QAccessible::CheckBox,
+     .Taken = Keys::Press},
+    {.Name = "MapSize",
+     .Label = "Map size",
+     .Tip = kLabelAsTip,
+     .Hint = MapSizeHint,
+     .Topic = 10074,
+     .Role = QAccessible::Slider,
+     .Taken = Keys::Turn,
+     .Value = MapSizeValue},
+    {.Name = "RollOff",
+     .Label = "Roll off: how fast sounds fade with their distance",
+     .Tip = kLabelAsTip,
+     .Hint = RollOffHint,
+     .Topic = 10075,
+     .Role = QAccessible::Slider,
+     .Taken = Keys::Turn,
+     .Value = RollOffValue},
+    {.Name = "PosMacros",
+     .Label = "Positions: scatter the sounds, or let them wander",
+     .Tip = kLabelAsTip,
+     .Hint = "slct Scatter or Wander",
+     .Topic = 10076,
+     .Role = QAccessible::ComboBox,
+     .Taken = Keys::Choose | Keys::Press},
+    {.Name = "CentreAll",
+     .Caption = "Centre all",
+     .Label = "All balls to the centre",
+     .Tip = kLabelAsTip,
+     .Hint = "clk Center All",
+     .Topic = 10077,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press},
+    {.Name = "PosPop",
+     .Caption = "Find listener",
+     .Label = "Brings the listener back onto the map and to the front",
+     .Tip = kLabelAsTip,
+     .Hint = "clk Bring Listner to Front",
+     .Topic = 10078,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press},
+};
+
+}  // namespace
+
+std::span<const Description> SoundMapDescriptions() { return kTable; }
+
+}  // namespace marvolin

@@ -1,0 +1,24 @@
+#include "window/descriptions/start_forms.h"
+
+#include "persistence/start_up_demo.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr Description kSplash[] = {
+    {.Name = "frmSplash", .Label = "Marvolin", .Topic = 10060, .Role = QAccessible::Window},
+};
+
+constexpr Description kStartUpQuery[] = {
+    {.Name = "frmStartUpQuery", .Topic = kStartUpQueryTopic, .Role = QAccessible::Dialog},
+    {.Name = "cmdYes", .Caption = "Yes", .Topic = 10061, .Role = QAccessible::Button, .Taken = Keys::Press},
+    {.Name = "cmdNo", .Caption = "No", .Topic = 10062, .Role = QAccessible::Button, .Taken = Keys::Press},
+};
+
+}  // namespace
+
+std::span<const Description> SplashDescriptions() { return kSplash; }
+std::span<const Description> StartUpQueryDescriptions() { return kStartUpQuery; }
+
+}  // namespace marvolin
