@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstdlib>
 #include <string>
 #include <string_view>
@@ -22,11 +23,17 @@ namespace marvolin {
 namespace {
 
 /// Both halves of a setting, of one type: how a save reads it from the session and how a load applies it. `index`
-/// counts the values of an indexed key.
+/// counts the values of an indexed key. A setting that lacks a half does not compile.
 template <typename Value>
 struct Halves {
-    Value (*Get)(const Session& s, int index);
-    void (*Apply)(Session& s, int index, Value value);
+    using Getter = Value (*)(const Session& s, int index);
+    using Applier = void (*)(Session& s, int index, Value value);
+    constexpr Halves(Getter get, Applier apply) : Get(get), Apply(apply) {}
+    Halves(std::nullptr_t, Applier) = delete;
+    Halves(Getter, std::nullptr_t) = delete;
+
+    Getter Get;
+    Applier Apply;
 };
 using Integers = Halves<std::int16_t>;
 using Doubles = Halves<double>;
@@ -124,12 +131,6 @@ constexpr std::array<Setting, 14> kSettings{{
      Integers{[](const Session& s, int) { return s.TimingRes; },
               [](Session& s, int, std::int16_t value) { SetTimingRes(s, value); }}},
 }};
-
-constexpr bool HasBothHalves(const Setting& setting) {
-    return std::visit([](const auto& halves) { return halves.Get != nullptr && halves.Apply != nullptr; },
-                      setting.Value);
-}
-static_assert(std::all_of(kSettings.begin(), kSettings.end(), HasBothHalves));
 
 std::string KeyText(const Setting& setting, int index) {
     return setting.Count == 0 ? std::string(setting.Key) : IndexedKey(setting.Key, index);
