@@ -152,13 +152,14 @@ void Knob_DblClick(Session& s, Knob knob, Row row) {
     KnobGesture(s, knob, row, Phase::Up, kNoButton, 0, 0);
 }
 
-void KnobStep(Session& s, Knob knob, Row row, int units) {
-    if (s.Drag.Dragging != False || HeldByJoystick(s, knob, row)) return;
+bool KnobStep(Session& s, Knob knob, Row row, int units) {
+    if (s.Drag.Dragging != False || HeldByJoystick(s, knob, row)) return false;
     TakeKnob(s, knob, row);
     SetLimited(s, knob, row, static_cast<double>(ValueOf(s, knob, row)) + units);
     ShowValue(s, knob, row);
     SendChange(s, knob, row);
     SendScroll(s, knob, row, Force::Yes);
+    return true;
 }
 
 void DragAxisSelect_Click(Session& s, std::int16_t entry) {

@@ -17,8 +17,9 @@ void KnobGesture(Session& s, Knob knob, Row row, Phase phase, std::int16_t butto
 /// Double click: mute or full volume, pan to the centre, frequency to 100%, for the whole gang.
 void Knob_DblClick(Session& s, Knob knob, Row row);
 /// A fine step by wheel or arrow key: `units` up or down through the gang setter. It acts as a short drag: it cancels
-/// a fade and sends the change event and the last scroll event. Nothing happens while a drag is open.
-void KnobStep(Session& s, Knob knob, Row row, int units);
+/// a fade and sends the change event and the last scroll event. False, and nothing happens, while a drag is open or the
+/// joystick holds the knob.
+bool KnobStep(Session& s, Knob knob, Row row, int units);
 /// Entries of `DragAxisSelect`, by `DragAxis`.
 inline constexpr std::array<std::string_view, 2> kDragAxes{"Vertical Drag", "Horizontal Drag"};
 /// The player (or a file) chose an entry of `DragAxisSelect`: 0 vertical, anything else horizontal.

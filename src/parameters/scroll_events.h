@@ -14,7 +14,7 @@ inline constexpr int kKnobScroll = 0;      ///< all knobs
 inline constexpr int kMapScroll = 1;       ///< the mouse on a ball of the map
 inline constexpr int kJoystickScroll = 2;  ///< the joystick on the map
 
-/// Whether a scroll event is sent whatever its counter says.
+/// Whether a scroll event is sent regardless of its counter.
 enum class Force : bool { No, Yes };
 
 /// The counter with this number. It is made on first use with the sensitivity that the player chose.

@@ -402,6 +402,17 @@ TEST(KnobEvents, AFailingScriptIsReportedOnceUnderTheEventsNameAndTheEventStaysO
     EXPECT_EQ(i.s.Set[0].Hz, 800);
 }
 
+TEST(KnobStep, IsRefusedWhileADragIsOpen) {
+    Instrument i;
+    Press(i, Knob::Vol, 0);
+    const std::int16_t before = i.s.Set[1].Vol;
+    EXPECT_FALSE(KnobStep(i.s, Knob::Vol, 1, -5));
+    EXPECT_EQ(i.s.Set[1].Vol, before);
+    KnobGesture(i.s, Knob::Vol, 0, Phase::Up, kLeftButton, 990, 1000);
+    EXPECT_TRUE(KnobStep(i.s, Knob::Vol, 1, -5));
+    EXPECT_EQ(i.s.Set[1].Vol, before - 5);
+}
+
 TEST(KnobStep, MovesTheGangByFineUnitsWithinTheScale) {
     Instrument i;
     i.MakeBand(1, 0, 1);

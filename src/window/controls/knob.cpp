@@ -46,8 +46,7 @@ void KnobControl::Gesture(Phase phase, std::int16_t button, QPointF twips) {
 void KnobControl::DoubleClick(std::int16_t, QPointF) { Knob_DblClick(s, knob_, index); }
 
 void KnobControl::Step(int units) {
-    described.ShowHint(0, false);
-    KnobStep(s, knob_, index, units);
+    if (KnobStep(s, knob_, index, units)) described.ShowHint(0, false);
 }
 
 void KnobControl::paintEvent(QPaintEvent*) {
