@@ -4,8 +4,6 @@
 
 namespace marvolin {
 
-namespace {}  // namespace
-
 std::array<std::string, kDestinations> DestinationTexts(const Session& s) {
     std::array<std::string, kDestinations> texts{
         "", "", "", "", "> Gang", "Drg Drp", "Drg Drp (All)", "Distribute (All)", "Gang (All)"};

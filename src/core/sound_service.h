@@ -82,7 +82,7 @@ public:
     /// Roll-off factor of all sounds, 0..10; 1 is the natural one, 0 none.
     virtual void SetRolloffFactor(float factor) = 0;
     virtual void SetPosition(const Vector3& position) = 0;
-    /// Where the listener looks, and where the top of its head points. Neither needs unit length.
+    /// Direction of the listener's view, and of the top of the head. Neither needs unit length.
     virtual void SetOrientation(const Vector3& front, const Vector3& top) = 0;
 };
 

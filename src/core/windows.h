@@ -1,7 +1,7 @@
 #pragma once
 /// \file
 /// The forms, as far as start-up, shutdown and the modes of the window deal with them. Behind it stands the toolkit
-/// (window/toolkit/qt_windows.h). A call for a form that is not loaded does nothing, save `Show` and `Unload`.
+/// (window/toolkit/qt_windows.h). A call for a form that is not loaded does nothing, except `Show` and `Unload`.
 
 #include <cstdint>
 #include <string>

@@ -63,7 +63,7 @@ int ClickedBall(const Session& s, int ball, const BallEvent& press, DoubleClickL
     return ball;
 }
 
-/// Notes where the hand has taken the ball. `before` is where the pointer stood before the gesture could put it.
+/// Records where the ball was pressed. `before` is the pointer's position before the gesture moved it.
 void TakeBall(Session& s, int ball, ScreenPoint pointer, ScreenPoint before) {
     BallHold& hold = s.BallHolds[ball];
     hold.Taken = Corner(s, ball);
@@ -96,8 +96,8 @@ std::optional<DragSource> Press(Session& s, int ball, const BallEvent& press, Do
     return DragSource{drags::kPosBall, static_cast<Row>(ball), kFadeTag};
 }
 
-/// How far the hand has gone since it took the ball. Events from before the pointer was put go on from the place
-/// before; one that is nearer to where it was put, or reports where the pointer is now, comes after that.
+/// How far the hand has gone since the press. Events sent before the pointer was moved continue from the previous
+/// place; one that is nearer to where it was put, or reports where the pointer is now, comes after that.
 ScreenPoint WayOfTheHand(const Session& s, BallHold& hold, ScreenPoint pointer, DoubleClickLimits limits) {
     if (hold.Put && (Near(pointer, CursorPos(s)) || Distance(pointer, *hold.Put) < Distance(pointer, hold.Seen))) {
         hold.From = Near(pointer, *hold.Put) ? pointer : *hold.Put;

@@ -52,7 +52,7 @@ void CopyIt(Session& s, Row dest, std::int16_t clipIndex, bool playItNow) {
     SavedLoop staging;
     staging.Index = dest;
     staging.Set = s.Clips.ClipStore[static_cast<std::size_t>(clipIndex)];
-    // A sample that has gone away leaves the one of before, which nobody asked to start.
+    // When the clip's sample cannot be loaded, the row keeps its previous sample, which is not started.
     const SavedFrom from{.NewUse3d = ToBoolean(s.Use3D), .OpenPath = "", .Origin = SampleOrigin::Clip};
     const bool loaded = LoadSavedLoop(s, staging, ComponentSwitches(s), from) && HoldsSavedSample(s, staging, from);
     if (loaded) {

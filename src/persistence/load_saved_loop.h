@@ -11,7 +11,7 @@ namespace marvolin {
 /// Where a stored LoopTrack comes from.
 struct SavedFrom {
     std::int16_t NewUse3d = False;  ///< 3D state under which it was stored
-    bool ForPackage = false;        ///< its sample lies in `OpenPath`, else where it lay when it was stored
+    bool ForPackage = false;        ///< the sample is in `OpenPath`; otherwise at its stored path
     std::string OpenPath;           ///< folder of the package, with its separator
     SampleOrigin Origin = SampleOrigin::Session;
 };

@@ -30,7 +30,7 @@ inline bool Eventually(const std::function<bool()>& so) {
     return true;
 }
 
-/// Makes SDL's default output lead into a pipe. When the pipe has no reader, the driver gets the same error on writing
+/// Makes SDL's default output write to a pipe. When the pipe has no reader, the driver gets the same error on writing
 /// as from an unplugged device. Must outlive the service that plays on it.
 class VanishingOutput {
 public:

@@ -1,7 +1,8 @@
 #pragma once
 /// \file
 /// The views of `CurrentLoop` on the pattern tab: graphs, step marker, timing read-outs. They are part of the core
-/// because nearly every change of a LoopTrack refreshes them.
+/// because nearly every change of a LoopTrack refreshes them. Two of them limit the record while they show it:
+/// `ShowStepDuration` and `ShowSwing`.
 
 #include <string>
 

@@ -21,8 +21,8 @@ public:
     virtual int PartAt(QPointF place) const = 0;
 };
 
-/// What a widget says, by its row of the table. It belongs to the widget and sees the widget's events before it does:
-/// what holds for every control, a bare one of the toolkit too, is done here.
+/// The texts of a widget, from its row of the table. Owned by the widget; handles the widget's events before the widget
+/// does. Rules for every control, the toolkit's own included, are here.
 class Described : public QObject {
 public:
     /// `session` may be null in a window that has none. `widget` owns the object.

@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// The table of all controls: what each is called, says, and tells assistive technology.
+/// The table of all controls: the name, texts, help topic, keys and accessibility of each.
 
 #include <QAccessible>
 #include <array>
