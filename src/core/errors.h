@@ -31,7 +31,7 @@ public:
     OverflowError() : RuntimeError(6, "Overflow") {}
 };
 
-/// An object is used that was never made, or has gone (number 91).
+/// An object is used that was never made or no longer exists (number 91).
 class NoObjectError : public RuntimeError {
 public:
     NoObjectError() : RuntimeError(91, "Object variable or With block variable not set") {}

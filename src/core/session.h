@@ -208,7 +208,7 @@ struct Session {
     // Script events.
     Table<std::int16_t, kScriptEvents> EventWanted;         ///< per event, whether it is passed on to the script
     Table<std::unique_ptr<clsScrollDelta>, 3> ScrollDelta;  ///< 0 the knobs, 1 a map ball, 2 the joystick on the map
-    Table<std::int32_t, 2> ScrollSensitivity{{1, 4}};       ///< moves of the hand to one event: 0 the knobs, 1 the map
+    Table<std::int32_t, 2> ScrollSensitivity{{1, 4}};       ///< drag events that make one script event: 0 knobs, 1 map
     bool ScriptAvailable = false;
     bool ScriptEnabled = false;  ///< `ScriptTimer` has been started
     bool ScriptBusy = false;     ///< guard against re-entry of the clock event

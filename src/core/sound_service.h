@@ -100,9 +100,9 @@ public:
     virtual void SetFrequency(std::int32_t hertz) = 0;
     /// `kPlaying` while playing, with `kLooping` added while that playing loops; else 0.
     virtual std::int32_t GetStatus() = 0;
-    /// Play cursor as a byte offset into the sample. Exact enough to show; what is heard runs a little behind.
+    /// Play cursor as a byte offset into the sample. For display only.
     virtual std::int32_t GetCurrentPosition() = 0;
-    /// Moves the play cursor, also while playing. Taken down to a whole frame.
+    /// Moves the play cursor, also while playing. Rounded down to a whole frame.
     /// Beyond the sample: `kInvalidArgument`.
     virtual void SetCurrentPosition(std::int32_t bytes) = 0;
     /// Plays from the cursor, `flags` 0 once, 1 looping. On a sounding buffer only the looping changes.

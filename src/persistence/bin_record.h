@@ -21,7 +21,7 @@ struct BinRecord {
 
 /// `Dest` for row `index` of `FileDestination`: the row of a LoopTrack as it is, a later row with 252 added.
 std::int16_t CodeDestination(std::int16_t index);
-/// The row of `FileDestination` that a stored `Dest` stands for, or none. A row outside the list can come out of it.
+/// The row of `FileDestination` for which a stored `Dest` stands, if any. It can lie outside the list.
 std::optional<std::int16_t> DecodeDestination(std::int16_t stored);
 
 void WriteBinRecord(RecordWriter& file, const SampleBin& bin);

@@ -66,7 +66,7 @@ void ApplyLimit(Session& s, int, std::string text) {
     const int limit = std::atoi(Trim(text).c_str());
     if (limit >= 1 && limit <= kNoLimit) s.Limit = static_cast<std::int16_t>(limit);
     s.World.Screen.ShowLimit();
-    // As if the hand let go of the control: thinning applies the limit at once.
+    // As if the player released the control: thinning applies the limit at once.
     s.Drag.Dragging = True;
     Limiter_Gesture(s, Phase::Up, 0);
 }
