@@ -61,6 +61,7 @@ struct JoystickState {
     std::int32_t LastMaster = 0;
     std::int32_t LastPov = 0;
     bool ToggleHeld = false;
+    bool Refused = false;  ///< the service has refused a place of the stick, and the player knows
     /// Entries of the lists `JButton` and `JAxis`, and the chosen entry of each (-1 none).
     std::vector<std::string> ButtonNames;
     std::vector<std::string> AxisNames;
@@ -140,6 +141,7 @@ struct Session {
     float RollOffValue = 0;            ///< roll-off factor in use; 0 when 3D is off
     std::vector<std::string> Drivers;  ///< entries of `cboDrivers`; the last is "No Sound"
     std::int16_t Driver = -1;          ///< chosen entry of `cboDrivers`; -1 before the first choice
+    std::int16_t OpenDriver = -1;      ///< entry of the open device; -1 while there is none
 
     // Transport and selection.
     std::string ThinList;                    ///< letters of the playing thinnable LoopTracks, oldest first
@@ -165,6 +167,7 @@ struct Session {
     std::unique_ptr<PeriodicTimer> ScriptTimer;
     std::unique_ptr<PeriodicTimer> StartUpDemoCountDown;
     bool LoopTimerBusy = false;   ///< guard against re-entry of `LoopTimer_Timer`
+    bool FadeTimerBusy = false;   ///< guard against re-entry of `FadeTimer_Timer`
     std::int16_t TimingRes = 10;  ///< milliseconds, 1..100
     SessionClock Clock;
     std::int16_t PatternDrawRow = -1;                       ///< pattern row whose steps are being drawn; -1 idle

@@ -43,6 +43,18 @@ struct LoopTrackSet {
     friend bool operator==(const LoopTrackSet&, const LoopTrackSet&) = default;
 };
 
+/// A sample that a LoopTrack holds, and how it sounds: what brings it back under another device.
+struct HeldSample {
+    std::string FileName;        ///< full path; "" none
+    std::int32_t BeatStart = 0;  ///< 1/100 s
+    bool Playing = false;        ///< the row counts as sounding
+    bool Paused = false;         ///< stopped at its position by a pause
+    bool Sounds = false;         ///< the buffer plays
+    bool Loops = false;          ///< that playing loops
+    bool Reversed = false;       ///< the sample runs backwards
+    std::int32_t Cursor = 0;     ///< bytes
+};
+
 /// The live state of a LoopTrack row; never saved. Row 4 uses only `Playing` and `Paused`.
 struct LoopTrackRun {
     std::unique_ptr<DirectSoundBuffer> Buffer;      ///< null when not `Loaded`; rows 4 and 5 never get one
@@ -51,6 +63,7 @@ struct LoopTrackRun {
     Boolean Loaded = False;                         ///< a sample is in `Buffer`
     Boolean Playing = False;       ///< counts as sounding; in row 4: some controlled LoopTrack is playing
     Boolean Paused = False;        ///< stopped at its position by a pause; cleared only by a resume
+    Boolean Reversed = False;      ///< the sample in `Buffer` runs backwards
     std::int16_t FadeState = 0;    ///< a `marvolin::FadeState`
     double FadeValue = 0;          ///< running level of the fade on the `Vol` scale
     std::int16_t FadeTarget = 0;   ///< level at which the fade ends
@@ -61,6 +74,7 @@ struct LoopTrackRun {
     Boolean StepDue = False;       ///< a step boundary was reached; consumed by `LoopStep`
     Boolean InBand = False;        ///< operated as a member of a band
     std::int16_t Band = 0;         ///< row of `BandTable` it belongs to
+    HeldSample InHand;             ///< while no device is open: what the row holds as soon as one is
 };
 
 /// A run of neighbouring LoopTracks. `First` > `Last` is an empty band: a walk over it does nothing.
