@@ -45,7 +45,7 @@ std::optional<DragSource> PickFile_MouseDown(Session& s, int bin, std::int16_t b
     const bool dragOnly = picks.Destination == kDragDestination;
     if (dragOnly ? button != kLeftButton && button != kRightButton : !InRightMargin(x, width)) return std::nullopt;
     s.DragBin = static_cast<std::int16_t>(bin);
-    picks.Selected = static_cast<std::int16_t>(row);
+    picks.Selected = row;
     s.World.Screen.ShowBin(bin);
     HideTree(s);
     return DragSource{drags::kPickFile, static_cast<Row>(bin), ""};
@@ -56,7 +56,7 @@ void PickFile_MouseUp(Session& s, int bin, std::int16_t button, int row) {
     const std::string path = SampleAt(s, bin, row);
     if (path.empty() || picks.Destination == kDragDestination) return;
     if (button != kLeftButton && button != kRightButton) return;
-    picks.Selected = static_cast<std::int16_t>(row);
+    picks.Selected = row;
     s.World.Screen.ShowBin(bin);
     HideTree(s);
     if (button == kLeftButton) {

@@ -80,11 +80,11 @@ std::vector<BinRow> ScanFolder(const Session& s, const std::string& folder) {
 }
 
 /// Place of `wanted` among `rows`; -1 when it is not there.
-std::int16_t PlaceOf(const std::vector<BinRow>& rows, const BinRow& wanted) {
+std::int32_t PlaceOf(const std::vector<BinRow>& rows, const BinRow& wanted) {
     const auto found = std::find_if(rows.begin(), rows.end(), [&](const BinRow& row) {
         return row.File == wanted.File && row.Target == wanted.Target;
     });
-    return found == rows.end() ? std::int16_t{-1} : static_cast<std::int16_t>(found - rows.begin());
+    return found == rows.end() ? -1 : static_cast<std::int32_t>(found - rows.begin());
 }
 
 std::vector<std::string> FoldersIn(const std::string& folder) {
@@ -129,7 +129,7 @@ void UpdatePickFile(Session& s, int bin) {
     std::vector<BinRow> rows = ScanFolder(s, SearchFolder(picks.Folder));
     // A rescan of the same folder may come between the press on a sample and its drop: the sample stays selected.
     const bool chosen = picks.Selected >= 0 && static_cast<std::size_t>(picks.Selected) < picks.Rows.size();
-    picks.Selected = chosen ? PlaceOf(rows, picks.Rows[static_cast<std::size_t>(picks.Selected)]) : std::int16_t{-1};
+    picks.Selected = chosen ? PlaceOf(rows, picks.Rows[static_cast<std::size_t>(picks.Selected)]) : -1;
     picks.Rows = std::move(rows);
     std::int32_t widest = 0;
     for (const BinRow& row : picks.Rows) widest = std::max(widest, s.World.Desk.TextWidth(row.Name));

@@ -86,7 +86,7 @@ struct SampleBin {
     std::int16_t Destination = 5;  ///< row of `FileDestination`, 0..8
     std::int16_t ClickPlay = 1;    ///< 1: start the LoopTrack after loading into it
     std::int32_t FirstColumn = 0;  ///< width of the name column
-    std::int16_t Selected = -1;    ///< the selected row
+    std::int32_t Selected = -1;    ///< the selected row
 };
 
 /// The clipboard of whole LoopTracks.
@@ -235,6 +235,7 @@ struct Session {
     std::string DialogueFile;                    ///< file of the Save/Open dialogue, a name in the current folder
     bool SaveItEnabled = false;
     std::vector<std::string> QuickLoadRows{"<Close>"};
+    std::vector<std::string> QuickLoadFiles{""};  ///< file of each row as it is spelled on disk; "" for "<Close>"
     bool QuickLoadEnabled = false;
     std::int16_t QuickLoadTag = 0;  ///< button that opened the QuickLoad list
     std::int16_t DemoStep = 0;      ///< 0 idle, 1..4 the steps of the start-up demo

@@ -1,8 +1,10 @@
 #include "persistence/quick_load.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <system_error>
+#include <vector>
 
 #include "core/files/name_order.h"
 #include "core/files/paths.h"
@@ -13,17 +15,30 @@ namespace marvolin {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+std::vector<std::string> SessionsIn(const std::string& folder) {
+    std::vector<std::string> files;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        const std::string name = entry->path().filename().string();
+        std::error_code ignored;
+        if (EndsInIgnoringCase(name, kSessionExtension) && !entry->is_directory(ignored)) files.push_back(name);
+    }
+    std::sort(files.begin(), files.end(), NameBefore);
+    return files;
+}
+
+}  // namespace
+
 void UpdateQuickLoad(Session& s) {
     s.QuickLoadRows.assign(1, std::string(kQuickLoadClose));
+    s.QuickLoadFiles.assign(1, "");
     s.QuickLoadEnabled = DirExists(s.CurrentFolder);
     if (s.QuickLoadEnabled) {
-        std::error_code error;
-        for (fs::directory_iterator entry(s.CurrentFolder, error), end; !error && entry != end;
-             entry.increment(error)) {
-            const std::string name = entry->path().filename().string();
-            std::error_code ignored;
-            if (!EndsInIgnoringCase(name, kSessionExtension) || entry->is_directory(ignored)) continue;
-            s.QuickLoadRows.push_back(name.substr(0, name.size() - kSessionExtension.size()));
+        for (const std::string& file : SessionsIn(s.CurrentFolder)) {
+            s.QuickLoadRows.push_back(file.substr(0, file.size() - kSessionExtension.size()));
+            s.QuickLoadFiles.push_back(file);
         }
     }
     s.World.Screen.ShowQuickLoad();
@@ -34,12 +49,12 @@ void QuickLoadPop_MouseUp(Session& s, std::int16_t button) {
     s.World.Screen.ShowQuickLoadList(true);
 }
 
-void QuickLoad_Click(Session& s, std::string_view text) {
-    const std::string name(text);
+void QuickLoad_Click(Session& s, std::size_t row) {
     // Before the load, as an open list would cover its messages and keep the mouse from them.
     s.World.Screen.ShowQuickLoadList(false);
-    if (name == kQuickLoadClose) return;
-    const std::string file = name + std::string(kSessionExtension);
+    if (row == 0 || row >= s.QuickLoadFiles.size()) return;
+    // By value: the load of a session can rebuild the list.
+    const std::string file = s.QuickLoadFiles[row];
     if (s.QuickLoadTag == kLeftButton) {
         OpenAsChosen(s, JoinPath(s.CurrentFolder, file));
     } else {

@@ -44,6 +44,24 @@ TEST(BinGestures, TwoSamplesThatDifferInCaseOnlyEachLoadTheFileThatWasChosen) {
     EXPECT_EQ(b.s.Bins[0].Selected, 1) << "a rescan keeps the chosen one of the two";
 }
 
+TEST(BinGestures, ARowBeyondTheRangeOfAnIntegerIsChosenAndLoaded) {
+    Browser b;
+    b.FillBin(1);
+    constexpr int kFar = 39999;
+    b.s.Bins[0].Rows.insert(b.s.Bins[0].Rows.begin(), kFar, BinRow{"absent", "1", "", "absent.wav"});
+    b.s.Bins[0].Destination = kDragDestination;
+    ASSERT_TRUE(PickFile_MouseDown(b.s, 0, kLeftButton, kFar, 10, 300));
+    EXPECT_EQ(b.s.Bins[0].Selected, kFar);
+    DropFromBin(b.s, 2, {"PickFile", 0, ""});
+    EXPECT_EQ(b.s.Set[2].FileName, SampleAt(b.s, 0, kFar));
+    EXPECT_NE(b.s.Run[2].Loaded, False);
+    b.s.Bins[0].Destination = 1;
+    PickFile_MouseUp(b.s, 0, kLeftButton, kFar);
+    EXPECT_EQ(b.s.Bins[0].Selected, kFar);
+    UpdatePickFile(b.s, 0);
+    EXPECT_EQ(b.s.Bins[0].Selected, 0);
+}
+
 TEST(BinGestures, AShortcutLoadsItsTargetAsItIsSpelled) {
     Browser b;
     TempFolder samples;

@@ -210,19 +210,52 @@ TEST(SaveOpen, OpeningAFileChangesTheSaveListAsWell) {
               }()));
 }
 
-TEST(QuickLoad, ListsTheSessionsOfTheFolderInDirectoryOrderAndNoPackages) {
+TEST(QuickLoad, ListsTheSessionsOfTheFolderInTheOrderOfTheirNamesAndNothingElse) {
     SetInstrument i;
-    for (const char* name : {"b.mvn", "a.MVN", "p.mvp", "b.mvn~", "c.mvn.txt"}) WriteBytes(i.Folder / name, "");
+    for (const char* name :
+         {"set 10.mvn", "set 2.mvn", "B.mvn", "a.MVN", "p.mvp", "B.mvn~", "p.mvp~", "c.mvn.txt", ".marvolin-1-1"}) {
+        WriteBytes(i.Folder / name, "");
+    }
     std::filesystem::create_directory(i.Folder / "d.mvn");
     UpdateQuickLoad(i.s);
-    std::vector<std::string> expected{"<Close>"};
-    for (const auto& entry : std::filesystem::directory_iterator(i.Folder.Path())) {
-        const std::string name = entry.path().filename().string();
-        if (name == "b.mvn" || name == "a.MVN") expected.push_back(name.substr(0, 1));
-    }
-    EXPECT_EQ(expected.size(), 3U);
-    EXPECT_EQ(i.s.QuickLoadRows, expected);
+    EXPECT_EQ(i.s.QuickLoadRows, (std::vector<std::string>{"<Close>", "a", "B", "set 2", "set 10"}));
     EXPECT_TRUE(i.s.QuickLoadEnabled);
+}
+
+TEST(QuickLoad, EachRowOpensTheFileThatItStandsForWhateverItsSpelling) {
+    SetInstrument i;
+    const std::vector<std::string> names{"SET.MVN", "a\nb.mvn", "c\\d.mvn", "caf\xE9.mvn", "set.mvn"};
+    for (const std::string& name : names) WriteBytes(i.Folder / name, "");
+    UpdateQuickLoad(i.s);
+    std::vector<std::string> opened;
+    for (std::size_t row = 1; row < i.s.QuickLoadRows.size(); ++row) {
+        QuickLoadPop_MouseUp(i.s, kLeftButton);
+        QuickLoad_Click(i.s, row);
+        const std::string entry = i.Store.Log.back();
+        opened.push_back(entry.substr(entry.find(i.Folder.Path()) + i.Folder.Path().size() + 1));
+        opened.back().erase(opened.back().find(" current"));
+        QuickLoadPop_MouseUp(i.s, kRightButton);
+        QuickLoad_Click(i.s, row);
+        EXPECT_EQ(i.s.DialogueFile, opened.back());
+    }
+    std::sort(opened.begin(), opened.end());
+    EXPECT_EQ(opened, names);
+}
+
+TEST(QuickLoad, ASessionWithItsExtensionInCapitalsIsLoaded) {
+    SetInstrument i;
+    ASSERT_TRUE(i.Save("SET.MVN"));
+    i.s.Set[1].Hz = 77;
+    UpdateQuickLoad(i.s);
+    bool loaded = false;
+    i.Store.OnLoad = [&] {
+        loaded = LoadSession(i.s, i.Folder / "SET.MVN", SetAsCurrent::Yes, All(), AdoptSwitches::No);
+    };
+    QuickLoadPop_MouseUp(i.s, kLeftButton);
+    QuickLoad_Click(i.s, 1);
+    EXPECT_EQ(i.Store.Log.back(), "Load " + (i.Folder / "SET.MVN") + " current adopt");
+    EXPECT_TRUE(loaded);
+    EXPECT_EQ(i.s.Set[1].Hz, 1000);
 }
 
 TEST(QuickLoad, AFolderWithoutSessionsGivesAnEnabledListOfCloseAlone) {
@@ -243,7 +276,7 @@ TEST(QuickLoad, AFolderThatDoesNotExistGivesADisabledListOfCloseAlone) {
 TEST(QuickLoad, PickingCloseOnlyHidesTheList) {
     SetInstrument i;
     QuickLoadPop_MouseUp(i.s, kLeftButton);
-    QuickLoad_Click(i.s, "<Close>");
+    QuickLoad_Click(i.s, 0);
     EXPECT_TRUE(i.Store.Log.empty());
     EXPECT_TRUE(i.Forms.Log.empty());
     EXPECT_EQ(i.Screen.Log, (std::vector<std::string>{"ShowQuickLoadList open", "ShowQuickLoadList hide"}));
@@ -252,19 +285,20 @@ TEST(QuickLoad, PickingCloseOnlyHidesTheList) {
 TEST(QuickLoad, TheLeftButtonLoadsAtOnceAndAnyOtherOpensTheDialogue) {
     SetInstrument i;
     i.s.SaveOpenSwitches[kWhenOpening] = All();
+    i.s.QuickLoadFiles = {"", "live.mvn", "late.mvn"};
     QuickLoadPop_MouseUp(i.s, kLeftButton);
     i.Store.OnLoad = [&] {
         EXPECT_EQ(i.Screen.Log.back(), "ShowQuickLoadList hide") << "before a load can show a message";
     };
-    QuickLoad_Click(i.s, "live");
+    QuickLoad_Click(i.s, 1);
     EXPECT_EQ(i.Store.Log, std::vector<std::string>{"Load " + (i.Folder / "live.mvn") + " current adopt everything"});
     QuickLoadPop_MouseUp(i.s, kRightButton);
-    QuickLoad_Click(i.s, "live");
+    QuickLoad_Click(i.s, 1);
     EXPECT_EQ(i.Store.Log.size(), 1U);
     EXPECT_EQ(i.s.DialogueFile, "live.mvn");
     EXPECT_EQ(i.Forms.Log, std::vector<std::string>{"Show Save"});
     QuickLoadPop_MouseUp(i.s, kMiddleButton);
-    QuickLoad_Click(i.s, "late");
+    QuickLoad_Click(i.s, 2);
     EXPECT_EQ(i.Store.Log.size(), 1U);
     EXPECT_EQ(i.s.DialogueFile, "late.mvn");
     QuickLoad_LostFocus(i.s);

@@ -212,6 +212,7 @@ void Scene::SetLists() {
     s.SaveOpenSwitches[1].Put(Element::Bands, true);
     s.QuickLoadEnabled = true;
     s.QuickLoadRows = {"<Close>", "first", "second", "third set with a long name"};
+    s.QuickLoadFiles = {"", "first.mvn", "second.mvn", "third set with a long name.mvn"};
     s.HistoryRow = 1;
     s.HistoryEntries = {"<Close>", "<Empty>", "<Reverse>", "Drums loop number 12", "Drums loop number 3", "Other"};
     for (int bin = 0; bin < 3; ++bin) {

@@ -297,7 +297,15 @@ TEST(SaveOpen, ASavedNameGetsTheExtensionOfTheChosenFilter) {
 struct Quick : test::Stage {
     Quick() {
         s.CurrentFolder = "/tmp/";
-        s.QuickLoadRows = {"<Close>", "night"};
+        Show({"night"});
+    }
+    void Show(const std::vector<std::string>& sessions) {
+        s.QuickLoadRows = {"<Close>"};
+        s.QuickLoadFiles = {""};
+        for (const std::string& session : sessions) {
+            s.QuickLoadRows.push_back(session);
+            s.QuickLoadFiles.push_back(session + ".mvn");
+        }
     }
     void Open(Qt::MouseButton button) { Click("QuickLoadPop", button), Settle(); }
     QListWidget& List() { return *Form->findChild<QListWidget*>("QuickLoad"); }
@@ -335,7 +343,7 @@ TEST(QuickLoad, CloseOnlyHidesTheList) {
 
 TEST(QuickLoad, ShowsItsRowsInTheirOrderWithTheFirstOneChosen) {
     Quick quick;
-    quick.s.QuickLoadRows = {"<Close>", "zebra", "ant"};
+    quick.Show({"zebra", "ant"});
     quick.Open(Qt::LeftButton);
     QStringList rows;
     for (int row = 0; row < quick.List().count(); ++row) rows << quick.List().item(row)->text();
@@ -348,7 +356,7 @@ TEST(QuickLoad, ShowsItsRowsInTheirOrderWithTheFirstOneChosen) {
 
 TEST(QuickLoad, ANameInAnotherEncodingIsLoaded) {
     Quick quick;
-    quick.s.QuickLoadRows = {"<Close>", "caf\xE9"};
+    quick.Show({"caf\xE9"});
     quick.Open(Qt::LeftButton);
     quick.Take(1);
     EXPECT_TRUE(Has(quick.Store.Log, "Load /tmp/caf\xE9.mvn current adopt"));

@@ -95,7 +95,7 @@ void BinList::leaveEvent(QEvent* event) {
 void BinList::Select(int row) {
     if (RowCount() == 0) return;
     const int chosen = std::clamp(row, 0, RowCount() - 1);
-    s.Bins[index].Selected = static_cast<std::int16_t>(chosen);
+    s.Bins[index].Selected = chosen;
     if (chosen < rows_->value()) rows_->setValue(chosen);
     if (chosen >= rows_->value() + Page()) rows_->setValue(chosen - Page() + 1);
     update();

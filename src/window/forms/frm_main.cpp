@@ -68,8 +68,7 @@ FrmMain::FrmMain(Session& session, Events events) : s(session), events_(std::mov
     quickLoad_ = new PopupList(s, this, "QuickLoad");
     quickLoad_->OnChoose = [this](int row) {
         // By number: the shown text of a name in another encoding does not lead back to the name.
-        const auto i = static_cast<std::size_t>(row);
-        if (i < s.QuickLoadRows.size()) QuickLoad_Click(s, s.QuickLoadRows[i]);
+        QuickLoad_Click(s, static_cast<std::size_t>(row));
     };
     quickLoad_->OnHide = [this] { QuickLoad_LostFocus(s); };
     PlaceBars();
