@@ -116,7 +116,7 @@ void ShowWaveformsOf(Session& s, const std::string& path) {
 
 void LoopReverse(Session& s, Row row) {
     if (s.Run[row].Loaded == False) return;
-    const BusyPointer busy(s.World.Desk);
+    const BusyPointer busy(s);
     try {
         ReverseSample(s, row);
         ShowWaveformsOf(s, s.Set[row].FileName);

@@ -138,7 +138,7 @@ void LoadRow(Session& s, Row row, const std::string& path) {
     const Row source = SourceOf(s, path);
     int failed = 0;
     {
-        const BusyPointer busy(s.World.Desk);
+        const BusyPointer busy(s);
         failed = source == kNoSource ? LoopCreateBuffer(s, row, path) : LoopDuplicateBuffer(s, row, source);
     }
     if (failed != 0) {

@@ -30,6 +30,7 @@ struct DragState {
     Boolean Dragging = False;
     float DragOrigin = 0;             ///< position at the press, twips
     std::int32_t DragStartValue = 0;  ///< value at the press
+    bool Moved = false;               ///< flag, `LoopIt`: the hand has gone further than a click goes
     std::int16_t DragPlayMode = 0;    ///< mode chosen so far in a `LoopIt` drag
     Row DragPlayModeRow = -1;         ///< the `LoopIt` (0..5) that is being dragged; -1 none
 };
@@ -155,6 +156,7 @@ struct Session {
     bool ResetVars = true;    ///< "Reset on Load"
     bool PlayOnLoad = false;  ///< play after a drop load
     DragState Drag;
+    int BusyPointers = 0;                     ///< routines under way that show the busy pointer
     std::int16_t DragAxis = kHorizontalDrag;  ///< a `KnobDragAxis`
     double FadeStep = 2;                      ///< `Vol` units per 10 ms, 0.04..4
     Table<SoundDisplayState, 5> SndDisp;

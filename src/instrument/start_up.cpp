@@ -86,7 +86,7 @@ bool Form_Load(Session& s, const StartUpHooks& hooks) {
     s.World.Forms.EnablePadBalls(false);
     s.World.Chance.SeedFromClock();
     {
-        const BusyPointer busy(s.World.Desk);
+        const BusyPointer busy(s);
         InitAudioDriversList(s);
         OpenFirstDevice(s);
         if (!InitMainForm(s, hooks.InitPadGeometry)) return false;

@@ -32,6 +32,13 @@ TEST(FileDrops, SeveralFilesFillTheRowsBelowAsFarAsThereAreRows) {
     EXPECT_FALSE(d.Desk.Busy);
 }
 
+TEST(FileDrops, ThePointerIsBusyFromTheFirstFileToTheLast) {
+    FileDrops d;
+    DropFilesOnRow(d.s, 0, {d.Put("a.wav"), d.Put("b.wav"), d.Put("c.wav")});
+    EXPECT_EQ(d.Desk.Log, (std::vector<std::string>{"busy pointer", "default pointer"}));
+    EXPECT_EQ(d.s.BusyPointers, 0);
+}
+
 TEST(FileDrops, OnRowFourTheFirstFileLoadsIntoTheControlledRowsAndNoOtherFileLoads) {
     FileDrops d;
     d.Select(0);

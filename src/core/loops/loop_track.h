@@ -61,20 +61,21 @@ struct LoopTrackRun {
     std::unique_ptr<DirectSound3DBuffer> Buffer3D;  ///< only with `Use3D` on
     std::int32_t BeatStartBytes = 0;                ///< `BeatStart` as a byte offset, not aligned to a frame
     Boolean Loaded = False;                         ///< a sample is in `Buffer`
-    Boolean Playing = False;       ///< counts as sounding; in row 4: some controlled LoopTrack is playing
-    Boolean Paused = False;        ///< stopped at its position by a pause; cleared only by a resume
-    Boolean Reversed = False;      ///< the sample in `Buffer` runs backwards
-    std::int16_t FadeState = 0;    ///< a `marvolin::FadeState`
-    double FadeValue = 0;          ///< running level of the fade on the `Vol` scale
-    std::int16_t FadeTarget = 0;   ///< level at which the fade ends
-    Boolean FadeToMark = False;    ///< the fade runs to a mark that stays on the sound display
-    std::int16_t Step = 0;         ///< current pattern step, 0..`NSteps`
-    std::int32_t StepElapsed = 0;  ///< milliseconds counted towards the next step
-    std::int16_t PlayRequest = 0;  ///< argument of the last `LoopPlay`; read by nothing
-    Boolean StepDue = False;       ///< a step boundary was reached; consumed by `LoopStep`
-    Boolean InBand = False;        ///< operated as a member of a band
-    std::int16_t Band = 0;         ///< row of `BandTable` it belongs to
-    HeldSample InHand;             ///< while no device is open: what the row holds as soon as one is
+    Boolean Playing = False;           ///< counts as sounding; in row 4: some controlled LoopTrack is playing
+    Boolean Paused = False;            ///< stopped at its position by a pause; cleared only by a resume
+    Boolean Reversed = False;          ///< the sample in `Buffer` runs backwards
+    Table<std::uint32_t, 3> MapError;  ///< by `Knob`: the error that its Map routine has shown; 0 none
+    std::int16_t FadeState = 0;        ///< a `marvolin::FadeState`
+    double FadeValue = 0;              ///< running level of the fade on the `Vol` scale
+    std::int16_t FadeTarget = 0;       ///< level at which the fade ends
+    Boolean FadeToMark = False;        ///< the fade runs to a mark that stays on the sound display
+    std::int16_t Step = 0;             ///< current pattern step, 0..`NSteps`
+    std::int32_t StepElapsed = 0;      ///< milliseconds counted towards the next step
+    std::int16_t PlayRequest = 0;      ///< argument of the last `LoopPlay`; read by nothing
+    Boolean StepDue = False;           ///< a step boundary was reached; consumed by `LoopStep`
+    Boolean InBand = False;            ///< operated as a member of a band
+    std::int16_t Band = 0;             ///< row of `BandTable` it belongs to
+    HeldSample InHand;                 ///< while no device is open: what the row holds as soon as one is
 };
 
 /// A run of neighbouring LoopTracks. `First` > `Last` is an empty band: a walk over it does nothing.

@@ -6,7 +6,7 @@
 namespace marvolin {
 
 void DropFilesOnRow(Session& s, Row row, const std::vector<std::string>& paths) {
-    const BusyPointer busy(s.World.Desk);
+    const BusyPointer busy(s);
     Row target = row;
     for (const std::string& path : paths) {
         if (target != row && target >= kLoopTracks) break;
