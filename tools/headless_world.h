@@ -78,6 +78,8 @@ public:
         Boxes.push_back(text);
         return true;
     }
+    using Desktop::Report;
+    void Report(const std::string& text, const std::string&, BoxStyle) override { Boxes.push_back(text); }
     void SetBusyPointer(bool) override {}
     std::int32_t BitsPerPixel() override { return 24; }
     PixelRect WorkArea() override { return {0, 0, 1280, 800}; }

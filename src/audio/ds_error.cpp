@@ -46,7 +46,7 @@ std::string_view DSErrorText(std::uint32_t number) {
 void ShowDSError(Session& s, std::string_view context, std::uint32_t number) {
     std::string text = "Error ";
     text.append(context).append(": ").append(DSErrorText(number));
-    s.World.Desk.MessageBox(text);
+    s.World.Desk.Report(text);
 }
 
 }  // namespace marvolin

@@ -124,11 +124,11 @@ void LoadRow(Session& s, Row row, const std::string& path) {
     if (row == kSelectionRow || row == kMasterRow) return;  // they never hold a sample
     if (!s.DSReady) return;
     if (path.empty()) {
-        s.World.Desk.MessageBox("No File Name!!");
+        s.World.Desk.Report("No File Name!!");
         return;
     }
     if (!FileExists(path)) {
-        s.World.Desk.MessageBox("File Doesn't Exist !!");
+        s.World.Desk.Report("File Doesn't Exist !!");
         return;
     }
     if (s.Run[row].Loaded != False) {

@@ -46,7 +46,7 @@ bool HasClip(const Session& s, std::int16_t clip) { return clip >= 0 && clip <= 
 bool AddStagedClip(Session& s, std::ptrdiff_t others) {
     ClipBoardState& clips = s.Clips;
     if (clips.ClipTop >= kLastClip) {
-        s.World.Desk.MessageBox("Too many LoopTracks on ClipBoard.");
+        s.World.Desk.Report("Too many LoopTracks on ClipBoard.");
         return false;
     }
     try {
@@ -54,7 +54,7 @@ bool AddStagedClip(Session& s, std::ptrdiff_t others) {
         clips.ClipStore.push_back(clips.ClipStaging);
     } catch (const std::bad_alloc&) {
         clips.List.resize(clips.ClipStore.size());
-        s.World.Desk.MessageBox("Out of memory for ClipBoard");
+        s.World.Desk.Report("Out of memory for ClipBoard");
         return false;
     }
     ++clips.ClipTop;

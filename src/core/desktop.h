@@ -42,10 +42,17 @@ class Desktop {
 public:
     virtual ~Desktop() = default;
 
-    /// Shows a message box and waits for the answer: true for OK. An empty title becomes the program's name.
+    /// Shows a message box and waits for the answer: true for OK. An empty title becomes the program's name. For
+    /// questions, and for errors at which the program ends.
     virtual bool MessageBox(const std::string& text, const std::string& title, BoxStyle style) = 0;
     /// A plain box under the program's name.
     bool MessageBox(const std::string& text) { return MessageBox(text, "", BoxStyle::Plain); }
+
+    /// Shows a box that only reports, and returns at once: the player goes on playing beside it. A report that comes
+    /// while one is shown replaces its text and title. `style` is not `Question`.
+    virtual void Report(const std::string& text, const std::string& title, BoxStyle style) = 0;
+    /// A plain report under the program's name.
+    void Report(const std::string& text) { Report(text, "", BoxStyle::Plain); }
 
     /// Shows the busy pointer, or the usual one again.
     virtual void SetBusyPointer(bool busy) = 0;

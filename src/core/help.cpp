@@ -9,7 +9,7 @@ bool ShowHelp(Session& s, std::string_view name, std::int32_t topic) {
     try {
         s.World.Desk.ShowHelpTopic(topic);
     } catch (const RuntimeError& e) {
-        s.World.Desk.MessageBox(std::string("Error trying to open help file, ") + e.what());
+        s.World.Desk.Report(std::string("Error trying to open help file, ") + e.what());
         return false;
     }
     s.HelpShown = true;

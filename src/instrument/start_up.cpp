@@ -20,7 +20,7 @@ constexpr double kMarginRight = 100;  // twips from the main window to the right
 
 void WarnOfFewColours(Session& s) {
     if (std::ldexp(1.0, s.World.Desk.BitsPerPixel()) > kFewColours) return;
-    s.World.Desk.MessageBox(
+    s.World.Desk.Report(
         "For proper viewing Marvolin requires more than 256 colours. Please set a higher colour depth (use the Display "
         "applet in control panel).)");
 }

@@ -182,10 +182,10 @@ bool LoadSession(Session& s, const std::string& fileName, SetAsCurrent current, 
         GetIt(load.FileSwitches, file);
         ReadSections(s, file, load);
     } catch (const FormatError&) {
-        s.World.Desk.MessageBox("File Format Error on Open in " + fileName, "", BoxStyle::Critical);
+        s.World.Desk.Report("File Format Error on Open in " + fileName, "", BoxStyle::Critical);
         return false;
     } catch (const RuntimeError& e) {
-        s.World.Desk.MessageBox(std::string("Error Opening ") + e.what());
+        s.World.Desk.Report(std::string("Error Opening ") + e.what());
         return false;
     }
     if (adopt == AdoptSwitches::Yes) s.SaveOpenSwitches[kWhenSaving] = load.FileSwitches;

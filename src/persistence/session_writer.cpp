@@ -143,7 +143,7 @@ bool SaveSession(Session& s, const std::string& fileName, LoopsSaved loops, cons
     try {
         file = CreateFile(fileName);
     } catch (const RuntimeError&) {
-        s.World.Desk.MessageBox("Error Creating File: " + fileName);
+        s.World.Desk.Report("Error Creating File: " + fileName);
         return false;
     }
     try {
@@ -156,7 +156,7 @@ bool SaveSession(Session& s, const std::string& fileName, LoopsSaved loops, cons
         return true;
     } catch (const RuntimeError& e) {
         file.reset();
-        s.World.Desk.MessageBox(std::string("Error Saving ") + e.what());
+        s.World.Desk.Report(std::string("Error Saving ") + e.what());
         return false;
     }
 }

@@ -89,7 +89,7 @@ void StartUpQuery_Activate(Session& s) {
         s.World.Desk.ShowHelpTopic(kStartUpQueryTopic);
         s.HelpShown = true;
     } catch (const RuntimeError& e) {
-        s.World.Desk.MessageBox(std::string("Error trying to open help file, ") + e.what());
+        s.World.Desk.Report(std::string("Error trying to open help file, ") + e.what());
     }
 }
 
@@ -100,7 +100,7 @@ void cmdNo_Click(Session& s) {
     const std::string disabled = InProgramFolder(s, kDisabledDemoFile);
     if (FileExists(disabled)) std::filesystem::remove(disabled, ignored);
     std::filesystem::rename(InProgramFolder(s, kDemoFile), disabled, ignored);
-    s.World.Desk.MessageBox(
+    s.World.Desk.Report(
         "To re-enable the startup demo, change the name disabledstartup.mvp in your marvolin directory to startup.mvp");
     s.World.Forms.Unload(Form::StartUpQuery);
 }

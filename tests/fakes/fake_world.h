@@ -28,11 +28,13 @@ public:
         std::string Text;
         std::string Title;
         BoxStyle Style;
+        bool Waits = true;  ///< false for a box that only reports
     };
-    std::vector<Box> Boxes;                ///< message boxes shown, in order
+    std::vector<Box> Boxes;                ///< message boxes and reports shown, in order
     std::deque<bool> Answers;              ///< prepared answers; then always true
     std::vector<std::string> Log;          ///< all other calls, in order
-    std::function<void()> WhileBoxIsOpen;  ///< runs while a box is open
+    std::function<void()> WhileBoxIsOpen;  ///< runs while a box waits for its answer
+    std::function<void()> WhenReported;    ///< runs when a report is shown
     std::int32_t Depth = 24;
     PixelRect Area{0, 0, 1280, 770};
     PixelPoint Origin{100, 200};
@@ -53,6 +55,11 @@ public:
         Answers.pop_front();
         return answer;
     }
+    using Desktop::Report;
+    void Report(const std::string& text, const std::string& title, BoxStyle style) override {
+        Boxes.push_back({text, title, style, false});
+        if (WhenReported) WhenReported();
+    }
     void SetBusyPointer(bool busy) override {
         Busy = busy;
         Log.push_back(busy ? "busy pointer" : "default pointer");
@@ -62,7 +69,11 @@ public:
     double TwipsPerPixelX() override { return 15; }
     double TwipsPerPixelY() override { return 15; }
     /// A hundred twips a character.
-    std::int32_t TextWidth(const std::string& text) override { return static_cast<std::int32_t>(text.size() * 100); }
+    std::int32_t TextWidth(const std::string& text) override {
+        Measured.push_back(text);
+        return static_cast<std::int32_t>(text.size() * 100);
+    }
+    std::vector<std::string> Measured;  ///< the texts whose width was asked for
     PixelPoint SurfaceOrigin(Surface) override { return Origin; }
     PixelPoint CursorPos() override { return WherePointerIs ? WherePointerIs() : PixelPoint{}; }
     void SetCursorPos(PixelPoint p) override {

@@ -91,10 +91,10 @@ TEST(PosGesture, ThePointerIsFreeBeforeTheLastMoveIsMade) {
     i.Use3D();
     i.Fill(1);
     PosGesture(i.s, Phase::Down, 1, kLeftButton, kHold, kHold);
-    // When the service refuses, a box opens that the player must be able to answer.
+    // When the service refuses, a box is shown that the player must be able to close.
     i.Sound.Failures["SetPosition"] = sound_error::kGeneric;
     std::vector<bool> free;
-    i.Desk.WhileBoxIsOpen = [&] { free.push_back(i.s.CursorFree && i.Desk.Log.back() == "ReleaseCursor"); };
+    i.Desk.WhenReported = [&] { free.push_back(i.s.CursorFree && i.Desk.Log.back() == "ReleaseCursor"); };
     PosGesture(i.s, Phase::Up, 1, kLeftButton, kHold, kHold);
     EXPECT_THAT(free, testing::ElementsAre(true));
 }

@@ -68,10 +68,10 @@ TEST(PadBallGesture, ThePointerIsFreeBeforeTheLastMoveIsMade) {
     Surfaces i;
     i.Fill(0);
     PadBallGesture(i.s, Phase::Down, kLeftButton, kHold, kHold);
-    // When the service refuses, a box opens that the player must be able to answer.
+    // When the service refuses, a box is shown that the player must be able to close.
     i.Sound.Failures["SetVolume"] = sound_error::kGeneric;
     std::vector<bool> free;
-    i.Desk.WhileBoxIsOpen = [&] { free.push_back(i.s.CursorFree && i.Desk.Log.back() == "ReleaseCursor"); };
+    i.Desk.WhenReported = [&] { free.push_back(i.s.CursorFree && i.Desk.Log.back() == "ReleaseCursor"); };
     PadBallGesture(i.s, Phase::Up, kLeftButton, kHold, kHold);
     EXPECT_THAT(free, testing::ElementsAre(true));
 }

@@ -321,7 +321,7 @@ TEST(SoundMap, ARefusedPlaceEndsAWanderBeforeItsBoxOpens) {
     PosMacros_Click(i.s, kMacroWander);
     i.Sound.Failures["SetPosition"] = sound_error::kGeneric;
     i.Clear();
-    i.Desk.WhileBoxIsOpen = [&] { WanderStep(i.s, 1000); };
+    i.Desk.WhenReported = [&] { WanderStep(i.s, 1000); };
     WanderStep(i.s, 100);
     EXPECT_EQ(i.Desk.Boxes.size(), 1U);
     EXPECT_EQ(i.s.PosMacro, kMacroOff);

@@ -20,6 +20,12 @@ constexpr int kNotch = 120;  // eighths of a degree of one wheel step
 
 QPointF Twips(QPointF pixels) { return pixels * kTwipsPerPixel; }
 
+// Some desktops activate every new window, also one that takes no focus and gives the activation back.
+bool ReportHasCome() {
+    const QWidget* active = QApplication::activeWindow();
+    return active != nullptr && active->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus);
+}
+
 }  // namespace
 
 std::int16_t ButtonNumber(Qt::MouseButton button) {
@@ -87,7 +93,7 @@ void Control::BeginDrag(const DragSource& source) {
 bool Control::event(QEvent* event) {
     // When the control loses the pointer, the drag ends as with a release at the last place.
     const bool lost = event->type() == QEvent::UngrabMouse || event->type() == QEvent::Hide ||
-                      event->type() == QEvent::WindowDeactivate ||
+                      (event->type() == QEvent::WindowDeactivate && !ReportHasCome()) ||
                       (event->type() == QEvent::EnabledChange && !isEnabled());
     if (lost && Held()) EndHold();
     return QWidget::event(event);

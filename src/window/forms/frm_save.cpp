@@ -46,7 +46,7 @@ protected:
         const QStringList files = selectedFiles();
         const QString folder = files.isEmpty() ? QString() : QFileInfo(files.first()).absolutePath();
         if (acceptMode() == AcceptSave && !folder.isEmpty() && !QDir(folder).exists()) {
-            s.World.Desk.MessageBox("There is no folder " + folder.toStdString());
+            s.World.Desk.Report("There is no folder " + folder.toStdString());
             return;
         }
         QFileDialog::accept();

@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QCursor>
 #include <QDir>
-#include <QFontMetricsF>
 #include <QMessageBox>
 #include <QScreen>
 #include <QStandardPaths>
@@ -14,6 +13,7 @@
 #include "core/errors.h"
 #include "core/types.h"
 #include "window/descriptions/described.h"
+#include "window/popups/report_box.h"
 #include "window/surfaces/surface.h"
 #include "window/toolkit/theme.h"
 
@@ -35,6 +35,10 @@ QMessageBox::Icon IconOf(BoxStyle style) {
     return QMessageBox::NoIcon;
 }
 
+QString TitleOf(const std::string& title) {
+    return title.empty() ? QString("marvolin") : QString::fromStdString(title);
+}
+
 }  // namespace
 
 QtDesktop::QtDesktop() = default;
@@ -44,6 +48,7 @@ void QtDesktop::Attach(QWidget* mainWindow) {
     mainWindow_ = mainWindow;
     pad_.clear();
     map_.clear();
+    if (report_) report_->Attach(mainWindow);
 }
 
 // A box whose parent is the main window would raise it above the window in which the player works, and leave it there.
@@ -58,7 +63,7 @@ QWidget* QtDesktop::BoxParent() const {
 bool QtDesktop::MessageBox(const std::string& text, const std::string& title, BoxStyle style) {
     QMessageBox box(BoxParent());
     Describe(box, "MessageBox");
-    box.setWindowTitle(title.empty() ? QString("marvolin") : QString::fromStdString(title));
+    box.setWindowTitle(TitleOf(title));
     box.setTextFormat(Qt::PlainText);
     box.setText(QString::fromStdString(text));
     box.setIcon(IconOf(style));
@@ -71,6 +76,19 @@ bool QtDesktop::MessageBox(const std::string& text, const std::string& title, Bo
     const bool ok = box.exec() == QMessageBox::Ok;
     SetBusyPointer(busy);
     return ok;
+}
+
+void QtDesktop::Report(const std::string& text, const std::string& title, BoxStyle style) {
+    // The program ends: nothing would be left of a box that does not wait.
+    if (mainWindow_ != nullptr && mainWindow_->windowHandle() != nullptr && !mainWindow_->isVisible()) {
+        MessageBox(text, title, style);
+        return;
+    }
+    if (!report_) {
+        report_ = std::make_unique<ReportBox>();
+        report_->Attach(mainWindow_);
+    }
+    report_->Show(QString::fromStdString(text), TitleOf(title), IconOf(style), BoxParent());
 }
 
 void QtDesktop::SetBusyPointer(bool busy) {
@@ -94,8 +112,8 @@ double QtDesktop::TwipsPerPixelX() { return kTwipsPerPixel; }
 double QtDesktop::TwipsPerPixelY() { return kTwipsPerPixel; }
 
 std::int32_t QtDesktop::TextWidth(const std::string& text) {
-    const double pixels = QFontMetricsF(theme::Sans(13)).horizontalAdvance(QString::fromStdString(text));
-    return static_cast<std::int32_t>(pixels * kTwipsPerPixel);
+    if (!measure_) measure_.emplace(theme::Sans(13));
+    return static_cast<std::int32_t>(measure_->horizontalAdvance(QString::fromStdString(text)) * kTwipsPerPixel);
 }
 
 PixelPoint QtDesktop::SurfaceOrigin(Surface surface) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFontMetricsF>
 #include <QLockFile>
 #include <QObject>
 #include <QPointer>
@@ -13,6 +14,7 @@ class QWidget;
 namespace marvolin {
 
 class BallSurface;
+class ReportBox;
 
 /// The desktop, by the toolkit.
 class QtDesktop : public QObject, public Desktop {
@@ -26,6 +28,9 @@ public:
 
     using Desktop::MessageBox;
     bool MessageBox(const std::string& text, const std::string& title, BoxStyle style) override;
+    using Desktop::Report;
+    /// After the main window has been hidden for good, the report waits for its answer like any other box.
+    void Report(const std::string& text, const std::string& title, BoxStyle style) override;
     void SetBusyPointer(bool busy) override;
     std::int32_t BitsPerPixel() override;
     PixelRect WorkArea() override;
@@ -57,7 +62,9 @@ private:
     QPointer<BallSurface> map_;
     bool busy_ = false;
     std::optional<PixelRect> cage_;
+    std::optional<QFontMetricsF> measure_;  // of the main window's font; made once
     std::unique_ptr<QLockFile> instance_;
+    std::unique_ptr<ReportBox> report_;  // made for the first report
 };
 
 }  // namespace marvolin

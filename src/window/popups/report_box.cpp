@@ -1,0 +1,151 @@
+#include "window/popups/report_box.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QScreen>
+#include <QWindow>
+
+#include "window/descriptions/described.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr int kGap = 12;  // pixels between the box and what it keeps clear
+
+QPoint CentredIn(const QRect& area, QSize box) { return area.center() - QPoint(box.width() / 2, box.height() / 2); }
+
+QString CountText(int count) { return QString("%1 messages; this is the newest.").arg(count); }
+
+}  // namespace
+
+QPoint PlaceClearOf(const QRect& rows, const QRect& area, QSize box, std::initializer_list<QPoint> wanted) {
+    for (const QPoint& place : wanted) {
+        const QRect there(place, box);
+        if (area.contains(there) && !there.intersects(rows)) return place;
+    }
+    return {area.center().x() - box.width() / 2, area.bottom() - kGap - box.height()};
+}
+
+ReportBox::ReportBox() : QMessageBox(nullptr) {
+    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
+                   Qt::WindowDoesNotAcceptFocus);
+    setWindowModality(Qt::NonModal);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    Describe(*this, "MessageBox");
+    setTextFormat(Qt::PlainText);
+    setStandardButtons(QMessageBox::Ok);
+    Describe(*button(QMessageBox::Ok), "BoxOk");
+    qApp->installEventFilter(this);
+}
+
+ReportBox::~ReportBox() { qApp->removeEventFilter(this); }
+
+void ReportBox::Attach(QWidget* mainWindow) { main_ = mainWindow; }
+
+void ReportBox::Show(const QString& text, const QString& title, Icon icon, QWidget* owner) {
+    owner_ = owner;
+    dialogue_ = QApplication::activeModalWidget();
+    ++count_;
+    setWindowTitle(title);
+    setText(text);
+    setInformativeText(count_ > 1 ? CountText(count_) : QString());
+    setIcon(icon);
+    winId();  // makes the window that gets an owner
+    windowHandle()->setTransientParent(owner == nullptr ? nullptr : owner->window()->windowHandle());
+    if (!isVisible()) return show();
+    adjustSize();
+    Place();
+    raise();
+    QAccessibleEvent alert(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+}
+
+// The size is known only now.
+void ReportBox::showEvent(QShowEvent* event) {
+    QMessageBox::showEvent(event);
+    Place();
+}
+
+void ReportBox::hideEvent(QHideEvent* event) {
+    count_ = 0;
+    QMessageBox::hideEvent(event);
+}
+
+// Some desktops activate every new window, and every window that is clicked.
+void ReportBox::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && owner_ != nullptr) owner_->activateWindow();
+    QMessageBox::changeEvent(event);
+}
+
+QRect ReportBox::Rows() const {
+    QRect rows;
+    if (main_ == nullptr || !main_->isVisible()) return rows;
+    for (const QWidget* child : main_->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (!child->objectName().startsWith("LoopRow")) continue;
+        rows = rows.united(QRect(child->mapToGlobal(QPoint(0, 0)), child->size()));
+    }
+    return rows;
+}
+
+void ReportBox::Place() {
+    const QWidget* at = owner_ != nullptr ? owner_->window() : main_.data();
+    const QScreen* screen = at != nullptr ? at->screen() : QGuiApplication::primaryScreen();
+    const QRect area = screen->availableGeometry();
+    const QRect rows = Rows();
+    const QSize box = frameGeometry().size();
+    const QRect form = at != nullptr ? at->frameGeometry() : area;
+    QRect below = form;  // what a form has below the rows
+    if (at == main_ && !rows.isNull()) below.setTop(rows.bottom() + kGap);
+    const int middle = form.center().x() - box.width() / 2;
+    move(PlaceClearOf(rows, area, box,
+                      {CentredIn(below, box),
+                       {middle, form.bottom() - kGap - box.height()},
+                       {middle, form.bottom() + kGap},
+                       {middle, form.top() - kGap - box.height()},
+                       {area.left() + kGap, area.bottom() - kGap - box.height()},
+                       {area.right() - kGap - box.width(), area.bottom() - kGap - box.height()}}));
+}
+
+// What opened later than the report has the keyboard: a box that asks, a dialogue, an open list.
+bool ReportBox::TakesKeys() const {
+    return isVisible() && QApplication::activePopupWidget() == nullptr &&
+           QApplication::activeModalWidget() == dialogue_;
+}
+
+// The key that closes the box does nothing else, also when it repeats and when it is released.
+bool ReportBox::KeyEvent(QEvent& event) {
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    if (key.key() != Qt::Key_Escape && key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) return false;
+    if (event.type() == QEvent::KeyRelease) {
+        const bool taken = key.key() == takenKey_;
+        if (taken && !key.isAutoRepeat()) takenKey_ = 0;
+        return taken;
+    }
+    if (key.isAutoRepeat() && key.key() == takenKey_) return true;
+    if (!TakesKeys() || key.isAutoRepeat()) return false;
+    event.accept();
+    if (event.type() == QEvent::ShortcutOverride) return true;
+    takenKey_ = key.key();
+    hide();
+    return true;
+}
+
+bool ReportBox::eventFilter(QObject* object, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::ShortcutOverride:
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+            return KeyEvent(*event);
+        case QEvent::Show:
+        case QEvent::Move:
+            if (object == main_ && isVisible() && frameGeometry().intersects(Rows())) Place();
+            return false;
+        default:
+            return QMessageBox::eventFilter(object, event);
+    }
+}
+
+}  // namespace marvolin
