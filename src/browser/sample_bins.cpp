@@ -8,6 +8,7 @@
 
 #include "browser/clipboard.h"
 #include "browser/destinations.h"
+#include "browser/folder_stamp.h"
 #include "core/files/name_order.h"
 #include "core/files/paths.h"
 
@@ -52,31 +53,67 @@ void AddSample(std::vector<BinRow>& rows, const fs::directory_entry& entry, cons
     if (!size.empty()) rows.push_back({name.substr(0, name.size() - kSampleEnding.size()), size, "", name});
 }
 
-void AddShortcut(const Session& s, std::vector<BinRow>& rows, const fs::directory_entry& entry,
-                 const std::string& name) {
-    if (!s.World.ResolveShortcut) return;
-    const std::string target = s.World.ResolveShortcut(entry.path().string());
-    if (!EndsInIgnoringCase(target, kSampleEnding)) return;
-    const std::string size = SizeText(target);
-    if (!size.empty()) rows.push_back({name.substr(0, name.size() - kShortcutEnding.size()), size, target, name});
+/// The sample that a shortcut leads to; "" when it leads to none.
+std::string SampleOf(const Session& s, const std::string& shortcut) {
+    if (!s.World.ResolveShortcut) return "";
+    const std::string target = s.World.ResolveShortcut(shortcut);
+    return EndsInIgnoringCase(target, kSampleEnding) && !SizeText(target).empty() ? target : "";
 }
 
-std::vector<BinRow> ScanFolder(const Session& s, const std::string& folder) {
-    std::vector<BinRow> rows;
+/// What a scan of a folder finds.
+struct Found {
+    std::vector<BinRow> Rows;
+    std::vector<std::string> DeadShortcuts;
+};
+
+void AddShortcut(const Session& s, Found& found, const fs::directory_entry& entry, const std::string& name) {
+    const std::string target = SampleOf(s, entry.path().string());
+    if (target.empty()) {
+        found.DeadShortcuts.push_back(name);
+    } else {
+        found.Rows.push_back({name.substr(0, name.size() - kShortcutEnding.size()), SizeText(target), target, name});
+    }
+}
+
+Found ScanFolder(const Session& s, const std::string& folder) {
+    Found found;
+    std::vector<BinRow>& rows = found.Rows;
     std::error_code error;
     for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
         const std::string name = entry->path().filename().string();
         if (EndsInIgnoringCase(name, kSampleEnding)) {
             AddSample(rows, *entry, name);
         } else if (EndsInIgnoringCase(name, kShortcutEnding)) {
-            AddShortcut(s, rows, *entry, name);
+            AddShortcut(s, found, *entry, name);
         }
     }
     // Files whose names differ in the case of the extension alone keep one order, too.
     std::sort(rows.begin(), rows.end(), [](const BinRow& a, const BinRow& b) {
         return a.Name == b.Name ? a.File < b.File : NameBefore(a.Name, b.Name);
     });
-    return rows;
+    return found;
+}
+
+/// The width of a name, which is measured once.
+std::int32_t NameWidth(Session& s, const std::string& name) {
+    const auto [known, isNew] = s.NameWidths.try_emplace(name, 0);
+    if (isNew) known->second = s.World.Desk.TextWidth(name);
+    return known->second;
+}
+
+/// Entries of a bin that a check compares: its rows, then the shortcuts without a sample.
+std::size_t EntriesOf(const SampleBin& picks) { return picks.Rows.size() + picks.DeadShortcuts.size(); }
+
+/// Whether an entry of a bin is still what the bin shows.
+bool IsAsShown(const Session& s, const SampleBin& picks, std::size_t entry) {
+    const std::string folder = SearchFolder(picks.Folder);
+    if (entry >= picks.Rows.size()) {
+        return SampleOf(s, JoinPath(folder, picks.DeadShortcuts[entry - picks.Rows.size()])).empty();
+    }
+    const BinRow& row = picks.Rows[entry];
+    const std::string file = JoinPath(folder, row.File);
+    if (row.Target.empty()) return SizeText(file) == row.Size;
+    return SampleOf(s, file) == row.Target && SizeText(row.Target) == row.Size;
 }
 
 /// Place of `wanted` among `rows`; -1 when it is not there.
@@ -126,15 +163,46 @@ void UpdatePickFile(Session& s, int bin) {
     if (bin < 0 || bin >= kBins) return;
     SampleBin& picks = s.Bins[bin];
     if (!DirExists(SearchFolder(picks.Folder))) SetPickDir(s, bin, s.World.Desk.ProgramFolder());
-    std::vector<BinRow> rows = ScanFolder(s, SearchFolder(picks.Folder));
+    // Before the scan: a change during the scan must be found at the next look.
+    picks.Stamp = FolderStamp(SearchFolder(picks.Folder));
+    Found found = ScanFolder(s, SearchFolder(picks.Folder));
     // A rescan of the same folder may come between the press on a sample and its drop: the sample stays selected.
     const bool chosen = picks.Selected >= 0 && static_cast<std::size_t>(picks.Selected) < picks.Rows.size();
-    picks.Selected = chosen ? PlaceOf(rows, picks.Rows[static_cast<std::size_t>(picks.Selected)]) : -1;
-    picks.Rows = std::move(rows);
+    picks.Selected = chosen ? PlaceOf(found.Rows, picks.Rows[static_cast<std::size_t>(picks.Selected)]) : -1;
+    picks.Rows = std::move(found.Rows);
+    picks.DeadShortcuts = std::move(found.DeadShortcuts);
+    picks.Checked = EntriesOf(picks);
     std::int32_t widest = 0;
-    for (const BinRow& row : picks.Rows) widest = std::max(widest, s.World.Desk.TextWidth(row.Name));
+    for (const BinRow& row : picks.Rows) widest = std::max(widest, NameWidth(s, row.Name));
     picks.FirstColumn = widest + kColumnMargin;
     s.World.Screen.ShowBin(bin);
+}
+
+void LookAtPickFiles(Session& s) {
+    for (int bin = 0; bin < kBins; ++bin) {
+        SampleBin& picks = s.Bins[bin];
+        const std::string stamp = FolderStamp(SearchFolder(picks.Folder));
+        if (stamp.empty() || stamp != picks.Stamp) {
+            UpdatePickFile(s, bin);
+        } else {
+            picks.Checked = 0;
+        }
+    }
+}
+
+bool CheckPickFiles(Session& s, std::size_t count) {
+    for (int bin = 0; bin < kBins; ++bin) {
+        SampleBin& picks = s.Bins[bin];
+        for (; count > 0 && picks.Checked < EntriesOf(picks); --count) {
+            if (IsAsShown(s, picks, picks.Checked)) {
+                ++picks.Checked;
+            } else {
+                UpdatePickFile(s, bin);
+            }
+        }
+        if (picks.Checked < EntriesOf(picks)) return true;
+    }
+    return false;
 }
 
 void SetPickDirCaption(Session& s, int bin, const std::string& path) {
@@ -145,6 +213,7 @@ void SetPickDirCaption(Session& s, int bin, const std::string& path) {
 void SetPickDir(Session& s, int bin, const std::string& path) {
     SetPickDirCaption(s, bin, path);
     s.Bins[bin].Folder = path;
+    s.Bins[bin].Stamp.clear();
     s.Bins[bin].Selected = -1;
 }
 

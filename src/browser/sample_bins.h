@@ -2,6 +2,7 @@
 /// \file
 /// The three sample bins: folders of samples, side by side.
 
+#include <cstddef>
 #include <string>
 
 #include "core/session.h"
@@ -19,6 +20,14 @@ void InitPicks(Session& s);
 /// replaced by the program's folder. A sample that was selected and is still there stays selected. A `bin` outside 0..2
 /// is ignored.
 void UpdatePickFile(Session& s, int bin);
+
+/// Rescans the bins whose folder has changed since its last scan, and leaves the others alone. Costs next to nothing
+/// when nothing has changed. Starts the check of the files, which `CheckPickFiles` carries out.
+void LookAtPickFiles(Session& s);
+/// Compares the next `count` files of the bins with what is shown of them, and rescans a bin in which one is different:
+/// a file that was written in place, or a shortcut whose sample has come or gone. Such changes leave no mark at the
+/// folder. True while files remain to be compared.
+bool CheckPickFiles(Session& s, std::size_t count);
 
 /// Caption of `PickDir`: the first 10 characters of the folder's last name.
 void SetPickDirCaption(Session& s, int bin, const std::string& path);

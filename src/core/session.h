@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "core/input_service.h"
@@ -88,6 +89,10 @@ struct SampleBin {
     std::int16_t ClickPlay = 1;    ///< 1: start the LoopTrack after loading into it
     std::int32_t FirstColumn = 0;  ///< width of the name column
     std::int32_t Selected = -1;    ///< the selected row
+
+    std::string Stamp;                       ///< what the folder was when it was scanned; "" scans it at the next look
+    std::vector<std::string> DeadShortcuts;  ///< file names of the shortcuts that have led to no sample
+    std::size_t Checked = 0;                 ///< entries that the running check of the files has compared
 };
 
 /// The clipboard of whole LoopTracks.
@@ -225,6 +230,8 @@ struct Session {
     std::vector<std::string> HistoryEntries;
     Row LoopDropTarget = 0;  ///< row that receives the next sample drop
     Table<SampleBin, kBins> Bins;
+    /// In twips, of every name that a bin has shown.
+    std::unordered_map<std::string, std::int32_t> NameWidths;
     std::int16_t DragBin = 0;  ///< bin from which a sample was last dragged
     std::string TreeFolder;    ///< folder that `FolderTreeview1` shows selected
     ClipBoardState Clips;

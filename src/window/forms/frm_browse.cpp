@@ -19,6 +19,7 @@ namespace {
 constexpr int kWidth = 780;
 constexpr int kHeight = 520;
 constexpr int kBinTab = 0;
+constexpr std::size_t kFilesATurn = 16;  // of the check, in one turn of the event loop: the step clock must not wait
 
 QWidget* EmptyPage(const char* text) {
     auto* page = new QLabel(text);
@@ -59,6 +60,10 @@ FrmBrowse::FrmBrowse(Session& session) : s(session) {
     column->addWidget(pages_, 1);
     column->addSpacing(4);
     column->addWidget(status_);
+    check_.setInterval(0);
+    check_.callOnTimeout(this, [this] {
+        if (!CheckPickFiles(s, kFilesATurn)) check_.stop();
+    });
     connect(tabs_, &QTabBar::currentChanged, this, [this](int tab) {
         pages_->setCurrentIndex(tab);
         ShowHint("");  // the last hint was about another page
@@ -69,7 +74,8 @@ FrmBrowse::FrmBrowse(Session& session) : s(session) {
 void FrmBrowse::ShowHint(std::string_view hint) { status_->Show(ToQString(hint)); }
 
 void FrmBrowse::Rescan() {
-    for (int bin = 0; bin < static_cast<int>(decltype(s.Bins)::size()); ++bin) UpdatePickFile(s, bin);
+    LookAtPickFiles(s);
+    check_.start();
 }
 
 // A folder that has changed is shown when the player comes back to the browser.

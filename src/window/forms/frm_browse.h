@@ -2,6 +2,7 @@
 
 #include <QStackedWidget>
 #include <QTabBar>
+#include <QTimer>
 #include <QWidget>
 
 #include "core/session.h"
@@ -36,6 +37,7 @@ private:
     QTabBar* tabs_ = nullptr;
     QStackedWidget* pages_ = nullptr;
     BrowseStatus* status_ = nullptr;
+    QTimer check_;  // runs while files of the bins are compared with what is shown of them
     bool mayClose_ = false;
 };
 
