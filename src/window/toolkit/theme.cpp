@@ -121,12 +121,13 @@ void Apply(QApplication& application) {
     RegisterPictures();
     application.setStyle(new DialogueStyle);  // owned by the toolkit
     application.setPalette(DarkPalette());
+    application.setFont(QFont(Family()));  // the one look at the font database
     application.setFont(Sans(13));
     application.setStyleSheet(kSheet);
 }
 
 QFont Sans(int pixels, QFont::Weight weight) {
-    QFont font(Family());
+    QFont font = QApplication::font();
     font.setPixelSize(pixels);
     font.setWeight(weight);
     return font;
