@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <string>
+#include <system_error>
 
 #include "fakes/instrument.h"
 #include "performance/pad/mix_pad.h"

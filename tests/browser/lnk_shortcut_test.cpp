@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "fakes/file_bytes.h"
 #include "fakes/lnk_bytes.h"
 

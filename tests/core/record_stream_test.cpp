@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <csignal>
+#include <filesystem>
 #include <limits>
 
 #include "core/errors.h"

@@ -12,6 +12,8 @@ namespace marvolin::test {
 
 class FakeDisplay : public Display {
 public:
+    FakeDisplay();
+    ~FakeDisplay() override;
     std::vector<std::string> Log;  ///< "ShowPlay 2", "ShowKnob 0 Vol", "ShowClock", ... in call order
     int Count(const std::string& entry) const { return static_cast<int>(std::count(Log.begin(), Log.end(), entry)); }
 

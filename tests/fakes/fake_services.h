@@ -10,6 +10,8 @@ namespace marvolin::test {
 
 /// Fakes of every service but the display. They must outlive the session.
 struct FakeServices {
+    FakeServices();
+    ~FakeServices();
     FakeSound Sound;
     FakeDesktop Desk;
     FakeWindows Forms;
@@ -20,20 +22,10 @@ struct FakeServices {
     FakeJoystick Stick;
 
     /// The services of a session that is shown on `screen`.
-    Services For(Display& screen) { return For(screen, Store); }
+    Services For(Display& screen);
     /// The same with sessions kept in `store`. A test that hears the instrument, or reads shortcuts, replaces
     /// `Session::World.CreateDirectX7` or `ResolveShortcut`.
-    Services For(Display& screen, SessionStore& store) {
-        return {.Screen = screen,
-                .Desk = Desk,
-                .Forms = Forms,
-                .Chance = Chance,
-                .Timers = Timers,
-                .Scripts = Scripts,
-                .Store = store,
-                .CreateDirectX7 = [this] { return std::make_unique<FakeDirectX>(Sound); },
-                .CreateDirectInput = [this] { return std::make_unique<FakeInput>(Stick); }};
-    }
+    Services For(Display& screen, SessionStore& store);
 };
 
 }  // namespace marvolin::test

@@ -19,10 +19,16 @@ namespace marvolin::test {
 struct FakeSample {
     WaveFormat Format{1, 2, 44100, 16, 4, 176400, 0};
     std::vector<std::uint8_t> Bytes = std::vector<std::uint8_t>(176400, 0);
+    FakeSample();
+    FakeSample(const FakeSample&);
+    FakeSample& operator=(const FakeSample&);
+    ~FakeSample();
 };
 
 /// State shared by all objects of one fake service.
 struct FakeSound {
+    FakeSound();
+    ~FakeSound();
     std::vector<std::string> Log;                   ///< "SetVolume b0 -600", "Play b1 1", ... in order
     std::map<std::string, std::uint32_t> Failures;  ///< operation name -> number that every such call raises
     std::map<std::string, FakeSample> Samples;      ///< by path; any other path gets the default sample
@@ -52,44 +58,6 @@ struct FakeSound {
     int Count(const std::string& prefix) const { return static_cast<int>(Calls(prefix).size()); }
 };
 
-inline std::string Text(const Vector3& v) {
-    auto number = [](float x) {
-        std::string text = std::to_string(x);
-        return text;
-    };
-    return number(v.X) + "," + number(v.Y) + "," + number(v.Z);
-}
-
-class FakeSound3DBuffer : public DirectSound3DBuffer {
-public:
-    FakeSound3DBuffer(FakeSound& sound, std::string name) : sound_(sound), name_(std::move(name)) {}
-    void SetMinDistance(float d) override { sound_.Note("SetMinDistance", name_ + " " + std::to_string(d)); }
-    void SetMaxDistance(float d) override { sound_.Note("SetMaxDistance", name_ + " " + std::to_string(d)); }
-    void SetPosition(const Vector3& p) override {
-        sound_.Note("SetPosition", name_ + " " + Text(p));
-        position_ = p;
-    }
-    Vector3 GetPosition() override { return position_; }
-
-private:
-    FakeSound& sound_;
-    std::string name_;
-    Vector3 position_;
-};
-
-class FakeListener : public DirectSound3DListener {
-public:
-    explicit FakeListener(FakeSound& sound) : sound_(sound) {}
-    void SetRolloffFactor(float factor) override { sound_.Note("SetRolloffFactor", std::to_string(factor)); }
-    void SetPosition(const Vector3& p) override { sound_.Note("SetListenerPosition", Text(p)); }
-    void SetOrientation(const Vector3& front, const Vector3& top) override {
-        sound_.Note("SetOrientation", Text(front) + " " + Text(top));
-    }
-
-private:
-    FakeSound& sound_;
-};
-
 /// A sample buffer, or with number -1 the primary buffer ("p" in the log).
 class FakeSound::Buffer : public DirectSoundBuffer {
 public:
@@ -98,12 +66,7 @@ public:
         if (Sample) Frequency = Sample->Format.SamplesPerSec;
         if (number_ >= 0) sound_.Live[number_] = this;
     }
-    ~Buffer() override {
-        if (number_ >= 0) {
-            sound_.Live.erase(number_);
-            sound_.Log.push_back("Release " + Name());
-        }
-    }
+    ~Buffer() override;
     BufferCaps GetCaps() override {
         Query("GetCaps");
         return {flags_, Sample ? static_cast<std::int32_t>(Sample->Bytes.size()) : 0};
@@ -164,16 +127,8 @@ public:
         const std::size_t n = std::min(data.size(), Sample->Bytes.size() - from);
         std::copy_n(data.begin(), n, Sample->Bytes.begin() + static_cast<std::ptrdiff_t>(from));
     }
-    std::unique_ptr<DirectSound3DBuffer> GetDirectSound3dBuffer() override {
-        sound_.Check("GetDirectSound3dBuffer");
-        if ((flags_ & buffer_flags::kControl3D) == 0) throw SoundError(sound_error::kNoInterface);
-        return std::make_unique<FakeSound3DBuffer>(sound_, Name());
-    }
-    std::unique_ptr<DirectSound3DListener> GetDirectSound3dListener() override {
-        sound_.Note("GetDirectSound3dListener", "");
-        if ((flags_ & buffer_flags::kControl3D) == 0) throw SoundError(sound_error::kNoInterface);
-        return std::make_unique<FakeListener>(sound_);
-    }
+    std::unique_ptr<DirectSound3DBuffer> GetDirectSound3dBuffer() override;
+    std::unique_ptr<DirectSound3DListener> GetDirectSound3dListener() override;
     std::string Name() const { return number_ < 0 ? "p" : "b" + std::to_string(number_); }
 
     std::shared_ptr<FakeSample> Sample;
@@ -193,64 +148,11 @@ private:
     std::int32_t flags_;
 };
 
-class FakeDevice : public DirectSound {
-public:
-    explicit FakeDevice(FakeSound& sound) : sound_(sound) {}
-    ~FakeDevice() override { sound_.Log.push_back("Release device"); }
-    void SetCooperativeLevel(std::int32_t level) override {
-        sound_.Note("SetCooperativeLevel", std::to_string(level));
-        sound_.Check("SetCooperativeLevel " + std::to_string(level));
-    }
-    std::unique_ptr<DirectSoundBuffer> CreateSoundBuffer(std::int32_t flags) override {
-        sound_.Note("CreateSoundBuffer", std::to_string(flags));
-        return std::make_unique<FakeSound::Buffer>(sound_, -1, flags, nullptr);
-    }
-    std::unique_ptr<DirectSoundBuffer> CreateSoundBufferFromFile(const std::string& path, std::int32_t flags) override {
-        sound_.Note("CreateSoundBufferFromFile", path);
-        sound_.CreateFlags = flags;
-        const auto found = sound_.Samples.find(path);
-        auto sample = std::make_shared<FakeSample>(found == sound_.Samples.end() ? FakeSample{} : found->second);
-        return std::make_unique<FakeSound::Buffer>(sound_, sound_.Buffers++, flags, std::move(sample));
-    }
-    std::unique_ptr<DirectSoundBuffer> DuplicateSoundBuffer(DirectSoundBuffer& source) override {
-        auto& original = dynamic_cast<FakeSound::Buffer&>(source);
-        sound_.Note("DuplicateSoundBuffer", original.Name());
-        return std::make_unique<FakeSound::Buffer>(sound_, sound_.Buffers++, original.GetCaps().Flags, original.Sample);
-    }
-    std::int32_t GetSpeakerConfig() override {
-        sound_.Note("GetSpeakerConfig", "");
-        return sound_.SpeakerConfig;
-    }
-    void SetSpeakerConfig(std::int32_t config) override { sound_.Note("SetSpeakerConfig", std::to_string(config)); }
-
-private:
-    FakeSound& sound_;
-};
-
-class FakeDSEnum : public DSEnum {
-public:
-    explicit FakeDSEnum(FakeSound& sound) : sound_(sound) {}
-    std::int16_t GetCount() override { return static_cast<std::int16_t>(sound_.Drivers.size()); }
-    std::string GetGuid(std::int16_t index) override {
-        sound_.Note("GetGuid", std::to_string(index));
-        return "guid" + std::to_string(index);
-    }
-    std::string GetDescription(std::int16_t index) override {
-        return sound_.Drivers.at(static_cast<std::size_t>(index - 1));
-    }
-
-private:
-    FakeSound& sound_;
-};
-
 class FakeDirectX : public DirectX7 {
 public:
     explicit FakeDirectX(FakeSound& sound) : sound_(sound) {}
-    std::unique_ptr<DSEnum> GetDSEnum() override { return std::make_unique<FakeDSEnum>(sound_); }
-    std::unique_ptr<DirectSound> DirectSoundCreate(const std::string& guid) override {
-        sound_.Note("DirectSoundCreate", guid);
-        return std::make_unique<FakeDevice>(sound_);
-    }
+    std::unique_ptr<DSEnum> GetDSEnum() override;
+    std::unique_ptr<DirectSound> DirectSoundCreate(const std::string& guid) override;
 
 private:
     FakeSound& sound_;

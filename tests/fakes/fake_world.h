@@ -24,6 +24,8 @@ namespace marvolin::test {
 
 class FakeDesktop : public Desktop {
 public:
+    FakeDesktop();
+    ~FakeDesktop() override;
     struct Box {
         std::string Text;
         std::string Title;
@@ -108,6 +110,8 @@ public:
 
 class FakeWindows : public Windows {
 public:
+    FakeWindows();
+    ~FakeWindows() override;
     std::vector<std::string> Log;
     std::set<Form> Loaded{Form::Main, Form::Browse, Form::Save, Form::Splash};
     TwipRect MainPlace{0, 0, 15600, 11100};
@@ -150,6 +154,8 @@ private:
 /// Returns a prepared sequence of numbers in [0, 1), then always `Rest`.
 class FakeRandom : public Random {
 public:
+    FakeRandom();
+    ~FakeRandom() override;
     std::deque<double> Sequence;
     double Rest = 0;
     int Draws = 0;
@@ -167,6 +173,8 @@ public:
 /// Timers that tick when a test calls `OnTick`.
 class FakeTimers : public TimerFactory {
 public:
+    FakeTimers();
+    ~FakeTimers() override;
     class Timer : public PeriodicTimer {
     public:
         Timer(FakeTimers& owner, Tick tick) : OnTick(std::move(tick)), owner_(owner) { owner_.Live.push_back(this); }
@@ -197,6 +205,8 @@ public:
 /// Logs events; a failing script raises the prepared error.
 class FakeScripts : public ScriptEvents {
 public:
+    FakeScripts();
+    ~FakeScripts() override;
     struct Event {
         ScriptEvent Which;
         std::vector<double> Arguments;
@@ -216,6 +226,8 @@ public:
 /// Logs saves and loads of whole sessions.
 class FakeStore : public SessionStore {
 public:
+    FakeStore();
+    ~FakeStore() override;
     std::vector<std::string> Log;
     bool Answer = true;
     std::function<void()> OnSave;
@@ -246,6 +258,8 @@ private:
 
 /// A joystick with settable state and failures.
 struct FakeJoystick {
+    FakeJoystick();
+    ~FakeJoystick();
     std::vector<std::string> Devices{"stick"};
     std::vector<std::int32_t> Axes{0, 4, 8, 20};
     DIJOYSTATE State{5000, 5000, 0, 0, 0, 0, {}, {-1, -1, -1, -1}, {}};
@@ -258,45 +272,12 @@ struct FakeJoystick {
     }
 };
 
-class FakeInputDevice : public DirectInputDevice {
-public:
-    explicit FakeInputDevice(FakeJoystick& stick) : stick_(stick) {}
-    void SetCommonDataFormat(std::int32_t format) override {
-        stick_.Note("SetCommonDataFormat", std::to_string(format));
-    }
-    void SetCooperativeLevel(std::int32_t flags) override { stick_.Note("SetCooperativeLevel", std::to_string(flags)); }
-    void GetCapabilities() override { stick_.Note("GetCapabilities"); }
-    std::vector<std::int32_t> GetDeviceObjectsEnum() override {
-        stick_.Note("GetDeviceObjectsEnum");
-        return stick_.Axes;
-    }
-    void SetProperty(const JoyPropertyRecord& r) override {
-        stick_.Note("SetProperty", std::to_string(static_cast<int>(r.Property)) + " " + std::to_string(r.Size) + " " +
-                                       std::to_string(r.Object) + " " + std::to_string(r.How) + " " +
-                                       std::to_string(r.Value) + " " + std::to_string(r.High));
-    }
-    void Acquire() override { stick_.Note("Acquire"); }
-    void Poll() override { stick_.Note("Poll"); }
-    void GetDeviceStateJoystick(DIJOYSTATE& state) override {
-        stick_.Note("GetDeviceStateJoystick");
-        state = stick_.State;
-    }
-
-private:
-    FakeJoystick& stick_;
-};
-
+/// The operations of a joystick; each is noted and may fail.
 class FakeInput : public DirectInput {
 public:
     explicit FakeInput(FakeJoystick& stick) : stick_(stick) {}
-    std::vector<std::string> GetDIEnumDevices(std::int32_t deviceClass, std::int32_t flags) override {
-        stick_.Note("GetDIEnumDevices", std::to_string(deviceClass) + " " + std::to_string(flags));
-        return stick_.Devices;
-    }
-    std::unique_ptr<DirectInputDevice> CreateDevice(const std::string& guid) override {
-        stick_.Note("CreateDevice", guid);
-        return std::make_unique<FakeInputDevice>(stick_);
-    }
+    std::vector<std::string> GetDIEnumDevices(std::int32_t deviceClass, std::int32_t flags) override;
+    std::unique_ptr<DirectInputDevice> CreateDevice(const std::string& guid) override;
 
 private:
     FakeJoystick& stick_;

@@ -4,10 +4,6 @@
 
 #include <bit>
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -15,18 +11,11 @@
 
 namespace marvolin::test {
 
-inline void WriteBytes(const std::string& path, std::string_view bytes) {
-    // A new file: emptying an old one makes some file systems wait for the disk.
-    std::filesystem::remove(path);
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    if (!file) throw std::runtime_error("cannot write " + path);
-}
+/// Writes a new file; throws when that fails.
+void WriteBytes(const std::string& path, std::string_view bytes);
 
-inline std::string ReadBytes(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
+/// The whole file; "" when it cannot be opened.
+std::string ReadBytes(const std::string& path);
 
 /// Builds the bytes of a file format without the program's own writer.
 class Bytes {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "browser/clipboard.h"
 #include "fakes/file_bytes.h"
 #include "fakes/instrument.h"
