@@ -2,6 +2,8 @@
 
 #include <sys/stat.h>
 
+#include <filesystem>
+
 #include "audio/loopback_rig.h"
 
 namespace marvolin::test {

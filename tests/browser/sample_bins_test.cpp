@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "browser/bin_gestures.h"
 #include "browser/browser.h"
 #include "browser/clipboard.h"

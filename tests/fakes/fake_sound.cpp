@@ -2,11 +2,11 @@
 
 namespace marvolin::test {
 
-namespace {
-
 std::string Text(const Vector3& v) {
     return std::to_string(v.X) + "," + std::to_string(v.Y) + "," + std::to_string(v.Z);
 }
+
+namespace {
 
 class FakeSound3DBuffer : public DirectSound3DBuffer {
 public:
@@ -23,19 +23,6 @@ private:
     FakeSound& sound_;
     std::string name_;
     Vector3 position_;
-};
-
-class FakeListener : public DirectSound3DListener {
-public:
-    explicit FakeListener(FakeSound& sound) : sound_(sound) {}
-    void SetRolloffFactor(float factor) override { sound_.Note("SetRolloffFactor", std::to_string(factor)); }
-    void SetPosition(const Vector3& p) override { sound_.Note("SetListenerPosition", Text(p)); }
-    void SetOrientation(const Vector3& front, const Vector3& top) override {
-        sound_.Note("SetOrientation", Text(front) + " " + Text(top));
-    }
-
-private:
-    FakeSound& sound_;
 };
 
 class FakeDevice : public DirectSound {
@@ -89,6 +76,14 @@ private:
 };
 
 }  // namespace
+
+void FakeListener::SetRolloffFactor(float factor) { sound_.Note("SetRolloffFactor", std::to_string(factor)); }
+
+void FakeListener::SetPosition(const Vector3& p) { sound_.Note("SetListenerPosition", Text(p)); }
+
+void FakeListener::SetOrientation(const Vector3& front, const Vector3& top) {
+    sound_.Note("SetOrientation", Text(front) + " " + Text(top));
+}
 
 FakeSample::FakeSample() = default;
 FakeSample::FakeSample(const FakeSample&) = default;

@@ -148,6 +148,20 @@ private:
     std::int32_t flags_;
 };
 
+/// "x,y,z" as the log has it.
+std::string Text(const Vector3& v);
+
+class FakeListener : public DirectSound3DListener {
+public:
+    explicit FakeListener(FakeSound& sound) : sound_(sound) {}
+    void SetRolloffFactor(float factor) override;
+    void SetPosition(const Vector3& p) override;
+    void SetOrientation(const Vector3& front, const Vector3& top) override;
+
+private:
+    FakeSound& sound_;
+};
+
 class FakeDirectX : public DirectX7 {
 public:
     explicit FakeDirectX(FakeSound& sound) : sound_(sound) {}

@@ -1,5 +1,7 @@
 #include "performance/joystick/sdl_input.h"
 
+#include <stdexcept>
+
 #define SDL_MAIN_HANDLED
 #include <SDL.h>
 #include <gtest/gtest.h>

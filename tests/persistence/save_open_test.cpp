@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <stdexcept>
+
 #include "persistence/quick_load.h"
 #include "persistence/session_file_store.h"
 #include "persistence/set_instrument.h"

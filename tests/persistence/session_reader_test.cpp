@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "persistence/golden.h"
 #include "persistence/set_instrument.h"
 

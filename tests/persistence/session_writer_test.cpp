@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <filesystem>
 
 #include "persistence/golden.h"
 #include "persistence/loop_record.h"

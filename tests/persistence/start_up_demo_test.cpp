@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "persistence/set_instrument.h"
 
 namespace marvolin {

@@ -4,6 +4,8 @@
 #include <QLabel>
 #include <QScrollBar>
 #include <array>
+#include <filesystem>
+#include <fstream>
 
 #include "browser/destinations.h"
 #include "browser_stage.h"
