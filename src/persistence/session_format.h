@@ -3,6 +3,7 @@
 /// The fixed texts of session files.
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace marvolin {
@@ -22,7 +23,17 @@ inline constexpr std::string_view kEndTag = "END";
 inline constexpr std::string_view kSessionExtension = ".mvn";
 inline constexpr std::string_view kPackageExtension = ".mvp";
 
-/// True for a package: a session with copies of its samples beside it. Only the spelling ".mvp" counts.
-inline bool IsPackage(std::string_view fileName) { return fileName.ends_with(kPackageExtension); }
+/// Added to the name of a set that a save has replaced.
+inline constexpr std::string_view kCopyMark = "~";
+/// File name of the set that a save to `fileName` replaces.
+inline std::string CopyName(std::string_view fileName) { return std::string(fileName).append(kCopyMark); }
+/// File name of the set of which `fileName` is the copy; `fileName` itself when it does not end in "~".
+inline std::string_view WithoutCopyMark(std::string_view fileName) {
+    return fileName.ends_with(kCopyMark) ? fileName.substr(0, fileName.size() - kCopyMark.size()) : fileName;
+}
+
+/// True for a package, a session with copies of its samples beside it, and for its copy. Only the spelling ".mvp"
+/// counts.
+inline bool IsPackage(std::string_view fileName) { return WithoutCopyMark(fileName).ends_with(kPackageExtension); }
 
 }  // namespace marvolin

@@ -87,6 +87,17 @@ TEST(SplitPath, TheLastSeparatorStaysWithTheFolder) {
     }
 }
 
+TEST(SplitFilePath, KeepsABackslashInTheName) {
+    std::string folder;
+    std::string name;
+    SplitFilePath("/sets/a\\b.mvn", folder, name);
+    EXPECT_EQ(folder, "/sets/");
+    EXPECT_EQ(name, "a\\b.mvn");
+    SplitFilePath("c.mvn", folder, name);
+    EXPECT_EQ(folder, "./");
+    EXPECT_EQ(name, "c.mvn");
+}
+
 TEST(SplitPath, MayWriteOverItsOwnArgument) {
     std::string path = "/a/b";
     std::string name;

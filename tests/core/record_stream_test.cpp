@@ -1,22 +1,22 @@
 #include "core/files/record_stream.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <cmath>
-#include <csignal>
 #include <filesystem>
 #include <limits>
 
 #include "core/errors.h"
 #include "core/files/keyed_table.h"
 #include "fakes/file_bytes.h"
+#include "fakes/limits.h"
 
 namespace marvolin {
 namespace {
 
 using test::Bytes;
+using test::FullDisk;
 using test::ReadBytes;
 using test::TempFolder;
 using test::WriteBytes;
@@ -126,20 +126,18 @@ TEST(RecordStream, OnlyPlainFilesOpen) {
 
 TEST(RecordStream, AFileThatCannotGrowReportsDiskFull) {
     TempFolder folder;
-    rlimit before{};
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit small{1000, before.rlim_max};
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
-    const std::string description = DescriptionOf([&] {
-        RecordWriter file(folder / "f");
-        for (int i = 0; i < 1000; ++i) file.PutLong(i);
-        file.Close();
-    });
-    ::setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
+    WriteBytes(folder / "f", "old");
+    std::string description;
+    {
+        const FullDisk full(1000);
+        description = DescriptionOf([&] {
+            RecordWriter file(folder / "f");
+            for (int i = 0; i < 1000; ++i) file.PutLong(i);
+            file.Close();
+        });
+    }
     EXPECT_EQ(description, "Disk full");
-    EXPECT_EQ(std::filesystem::file_size(folder / "f"), 1000U);
+    EXPECT_EQ(ReadBytes(folder / "f"), "old");
 }
 
 TEST(KeyedTable, KeepsTheOrderOfInsertion) {

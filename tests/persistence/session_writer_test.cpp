@@ -1,10 +1,7 @@
 #include "persistence/session_writer.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <unistd.h>
 
-#include <csignal>
 #include <filesystem>
 
 #include "persistence/golden.h"
@@ -174,96 +171,6 @@ TEST(SaveSession, ASampleThatIsItsOwnCopySurvives) {
     std::filesystem::create_symlink(i.Folder / "b.wav", i.Folder / "link.wav");
     ASSERT_TRUE(i.Save("set.mvp"));
     EXPECT_EQ(ReadBytes(i.Folder / "a.wav"), "a.wav");
-}
-
-TEST(SaveSession, AMissingSampleFailsThePackageWithAMessage) {
-    SetInstrument i;
-    TempFolder package;
-    i.Fill(0, "/nowhere/gone.wav");
-    EXPECT_FALSE(SaveSession(i.s, package / "set.mvp", LoopsSaved::All, All()));
-    EXPECT_EQ(i.Desk.LastBox(), "Error Saving File not found");
-    EXPECT_TRUE(std::filesystem::exists(package / "set.mvp"));
-}
-
-TEST(SaveSession, KeepsThePreviousSetUnderATilde) {
-    SetInstrument i;
-    WriteBytes(i.Folder / "x.mvn", "before");
-    WriteBytes(i.Folder / "x.mvn~", "long before");
-    ASSERT_TRUE(i.Save("x.mvn"));
-    EXPECT_EQ(ReadBytes(i.Folder / "x.mvn~"), "before");
-    EXPECT_TRUE(i.Load("x.mvn"));
-}
-
-TEST(SaveSession, AReservedEmptyFileLeavesNoCopy) {
-    SetInstrument i;
-    WriteBytes(i.Folder / "VBN1.tmp", "");
-    ASSERT_TRUE(i.Save("VBN1.tmp"));
-    EXPECT_FALSE(std::filesystem::exists(i.Folder / "VBN1.tmp~"));
-}
-
-TEST(SaveSession, AFileThatCannotBeMadeIsAnErrorCreating) {
-    SetInstrument i;
-    EXPECT_FALSE(i.Save("no/such/folder.mvn"));
-    EXPECT_EQ(i.Desk.LastBox(), "Error Creating File: " + (i.Folder / "no/such/folder.mvn"));
-    std::filesystem::create_directory(i.Folder / "folder.mvn");
-    EXPECT_FALSE(i.Save("folder.mvn"));
-    EXPECT_EQ(i.Desk.LastBox(), "Error Creating File: " + (i.Folder / "folder.mvn"));
-    EXPECT_TRUE(std::filesystem::is_directory(i.Folder / "folder.mvn"));
-}
-
-TEST(SaveSession, InAReadOnlyFolderTheOldFileStaysAsItWas) {
-    SetInstrument i;
-    const std::string folder = i.Folder / "locked";
-    std::filesystem::create_directory(folder);
-    WriteBytes(folder + "/x.mvn", "before");
-    std::filesystem::permissions(i.Folder.Path(), std::filesystem::perms(0755));
-    std::filesystem::permissions(folder, std::filesystem::perms(0555));
-    // The superuser may write anywhere; any other user may not.
-    const uid_t user = ::geteuid();
-    constexpr uid_t kNobody = 65534;
-    if (user == 0) {
-        ASSERT_EQ(::seteuid(kNobody), 0);
-    }
-    const bool saved = SaveSession(i.s, folder + "/x.mvn", LoopsSaved::All, All());
-    if (user == 0) {
-        ASSERT_EQ(::seteuid(user), 0);
-    }
-    std::filesystem::permissions(folder, std::filesystem::perms(0755));
-    EXPECT_FALSE(saved);
-    EXPECT_EQ(i.Desk.LastBox(), "Error Creating File: " + folder + "/x.mvn");
-    EXPECT_EQ(ReadBytes(folder + "/x.mvn"), "before");
-}
-
-TEST(SaveSession, WhenNoNewFileCanBeMadeTheOldOneKeepsItsName) {
-    SetInstrument i;
-    WriteBytes(i.Folder / "x.mvn", "before");
-    rlimit before{};
-    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
-    const rlimit none{0, before.rlim_max};
-    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
-    const bool saved = i.Save("x.mvn");
-    ::setrlimit(RLIMIT_NOFILE, &before);
-    EXPECT_FALSE(saved);
-    EXPECT_EQ(i.Desk.LastBox(), "Error Creating File: " + (i.Folder / "x.mvn"));
-    EXPECT_EQ(ReadBytes(i.Folder / "x.mvn"), "before");
-    EXPECT_FALSE(std::filesystem::exists(i.Folder / "x.mvn~"));
-}
-
-TEST(SaveSession, AFullDiskLeavesThePartialFileAndThePreviousSet) {
-    SetInstrument i;
-    WriteBytes(i.Folder / "x.mvn", "before");
-    rlimit before{};
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit small{100, before.rlim_max};
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
-    const bool saved = i.Save("x.mvn");
-    ::setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
-    EXPECT_FALSE(saved);
-    EXPECT_EQ(i.Desk.LastBox(), "Error Saving Disk full");
-    EXPECT_EQ(std::filesystem::file_size(i.Folder / "x.mvn"), 100U);
-    EXPECT_EQ(ReadBytes(i.Folder / "x.mvn~"), "before");
 }
 
 TEST(SaveSession, AnEmptyClipBoardIsWrittenAsTheCountZero) {

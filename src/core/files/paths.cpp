@@ -50,6 +50,13 @@ void SplitPath(const std::string& path, std::string& folder, std::string& name) 
     name = whole.size() > length ? whole.substr(length) : "";
 }
 
+void SplitFilePath(const std::string& path, std::string& folder, std::string& name) {
+    const auto last = path.rfind('/');
+    const std::string whole = path;
+    folder = last == std::string::npos ? "./" : whole.substr(0, last + 1);
+    name = last == std::string::npos ? whole : whole.substr(last + 1);
+}
+
 std::string LastPathPart(const std::string& path) {
     if (path.size() >= 2 && path[path.size() - 2] == ':' && EndsInSeparator(path)) return path.substr(0, 2);
     std::string part = path;

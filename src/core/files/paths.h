@@ -18,6 +18,9 @@ std::string StripBackslash(const std::string& path);
 std::string JoinPath(const std::string& folder, const std::string& name);
 /// Splits at the last separator, which stays with the folder. A path without one splits after its first character.
 void SplitPath(const std::string& path, std::string& folder, std::string& name);
+/// Splits the path of a file of this system at its last "/", which stays with the folder: its name may hold "\\". A
+/// path without one is in "./".
+void SplitFilePath(const std::string& path, std::string& folder, std::string& name);
 /// The part behind the last ":" or separator, one separator at the end ignored; of a path that ends in ":" and a
 /// separator its first two characters.
 std::string LastPathPart(const std::string& path);

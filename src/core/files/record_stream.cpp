@@ -12,34 +12,13 @@
 #include <limits>
 
 #include "core/errors.h"
+#include "core/files/file_errors.h"
 
 namespace marvolin {
 
 namespace {
 
 constexpr std::size_t kBufferBytes = 1 << 16;
-
-struct FileErrorText {
-    int SystemError;
-    std::uint32_t Number;
-    const char* Description;
-};
-
-constexpr std::array<FileErrorText, 15> kFileErrors{{{ENOENT, 53, "File not found"},
-                                                     {ENOTDIR, 76, "Path not found"},
-                                                     {EACCES, 70, "Permission denied"},
-                                                     {EPERM, 70, "Permission denied"},
-                                                     {EROFS, 70, "Permission denied"},
-                                                     {ETXTBSY, 70, "Permission denied"},
-                                                     {ENOSPC, 61, "Disk full"},
-                                                     {EDQUOT, 61, "Disk full"},
-                                                     {EFBIG, 61, "Disk full"},
-                                                     {EISDIR, 75, "Path/File access error"},
-                                                     {ENAMETOOLONG, 52, "Bad file name or number"},
-                                                     {EMFILE, 67, "Too many files"},
-                                                     {ENFILE, 67, "Too many files"},
-                                                     {EEXIST, 58, "File already exists"},
-                                                     {EIO, 57, "Device I/O error"}}};
 
 enum TypeCode : std::int16_t {
     kIntegerCode = 2,
@@ -54,38 +33,10 @@ enum TypeCode : std::int16_t {
 
 }  // namespace
 
-void RaiseFileError(int systemError) {
-    const auto* found = std::find_if(kFileErrors.begin(), kFileErrors.end(),
-                                     [&](const FileErrorText& row) { return row.SystemError == systemError; });
-    if (found == kFileErrors.end()) throw RuntimeError(75, "Path/File access error");
-    throw RuntimeError(found->Number, found->Description);
-}
-
-RecordWriter::RecordWriter(const std::string& path)
-    : file_(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0666)) {
-    if (file_ < 0) RaiseFileError(errno);
-    buffer_.reserve(kBufferBytes);
-}
-
-RecordWriter::~RecordWriter() {
-    if (file_ < 0) return;
-    // Reached only after a failure: what can still be written stays in the partial file.
-    try {
-        Flush();
-    } catch (const RuntimeError&) {
-        buffer_.clear();
-    }
-    ::close(file_);
-}
+RecordWriter::RecordWriter(const std::string& path) : file_(path) { buffer_.reserve(kBufferBytes); }
 
 void RecordWriter::Flush() {
-    std::size_t done = 0;
-    while (done < buffer_.size()) {
-        const ssize_t written = ::write(file_, buffer_.data() + done, buffer_.size() - done);
-        if (written < 0 && errno == EINTR) continue;
-        if (written < 0) RaiseFileError(errno);
-        done += static_cast<std::size_t>(written);
-    }
+    file_.Write({buffer_.data(), buffer_.size()});
     buffer_.clear();
 }
 
@@ -126,11 +77,15 @@ void RecordWriter::PutTagged(const TaggedValue& value) {
     }
 }
 
-void RecordWriter::Close() {
+void RecordWriter::Finish() {
     Flush();
-    const int file = file_;
-    file_ = -1;
-    if (::close(file) != 0) RaiseFileError(errno);
+    file_.Sync();
+}
+
+void RecordWriter::Close() {
+    Finish();
+    file_.TakeName();
+    file_.DropReplaced();
 }
 
 RecordReader::RecordReader(const std::string& path) : file_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {

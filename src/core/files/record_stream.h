@@ -2,8 +2,8 @@
 /// \file
 /// Binary records in a file, written and read strictly in sequence: little-endian, without padding.
 ///
-/// Failures are `RuntimeError`s with a number and a description for the player: "Disk full" (61), "Permission denied"
-/// (70), "Path not found" (76), "File not found" (53), "Input past end of file" (62), ...
+/// Failures are `RuntimeError`s with a number and a description for the player: those of `RaiseFileError`, and "Input
+/// past end of file" (62) and its like for what a file holds.
 
 #include <cstddef>
 #include <cstdint>
@@ -12,20 +12,16 @@
 #include <string_view>
 #include <vector>
 
+#include "core/files/new_file.h"
 #include "core/files/tagged_value.h"
 
 namespace marvolin {
 
-/// Raises the error for a file operation that failed with this `errno`.
-[[noreturn]] void RaiseFileError(int systemError);
-
-/// Writes a new file. An existing one is emptied first.
+/// Writes a new file, which gets its name when it is whole. Without `Close` nothing is left of it, and the file that
+/// has the name stays as it is.
 class RecordWriter {
 public:
     explicit RecordWriter(const std::string& path);
-    ~RecordWriter();
-    RecordWriter(const RecordWriter&) = delete;
-    RecordWriter& operator=(const RecordWriter&) = delete;
 
     void PutByte(std::uint8_t value);
     void PutInteger(std::int16_t value);
@@ -38,13 +34,16 @@ public:
     /// Type code, then the value.
     void PutTagged(const TaggedValue& value);
     void PutTagged(std::string_view text) { PutTagged(TaggedValue(std::string(text))); }
-    /// Writes what is still in memory and closes the file. Until then a failure of the disk can still occur.
+    /// Writes what is still in memory and waits until all of it is on the disk. The file has no name yet.
+    void Finish();
+    NewFile& File() { return file_; }
+    /// `Finish`, and gives the file its name in place of the one that has it.
     void Close();
 
 private:
     void Put(std::uint64_t bits, std::size_t bytes);
     void Flush();
-    int file_ = -1;
+    NewFile file_;
     std::vector<char> buffer_;
 };
 
