@@ -77,7 +77,7 @@ void WriteClipBoard(const Session& s, RecordWriter& file) {
 }
 
 void ReadClipBoard(Session& s, RecordReader& file, bool loadIt) {
-    const std::int32_t clips = file.CheckedCount(file.GetInteger(), kSmallestLoopRecord);
+    const std::int32_t clips = file.CheckedCount(file.GetInteger(), 0);
     // A whole clipboard comes at once: its samples are counted along, not searched for again with each clip.
     std::unordered_map<std::string, std::ptrdiff_t> counts;
     for (const LoopTrackSet& clip : s.Clips.ClipStore) ++counts[clip.FileName];

@@ -2,15 +2,10 @@
 /// \file
 /// The settings of a LoopTrack in a file, in sessions and clips alike.
 
-#include <cstddef>
-
 #include "core/files/record_stream.h"
 #include "core/loops/loop_track.h"
 
 namespace marvolin {
-
-/// Bytes of the shortest record, one with an empty `FileName`.
-inline constexpr std::size_t kSmallestLoopRecord = 255;
 
 /// A LoopTrack as a session file holds it.
 struct SavedLoop {
@@ -18,8 +13,6 @@ struct SavedLoop {
     LoopTrackSet Set;
     Boolean WasPlaying = False;
 };
-/// Bytes of the shortest block of "LoopsV1".
-inline constexpr std::size_t kSmallestLoopBlock = kSmallestLoopRecord + 4;
 
 /// Writes the record from `FileName` to `Channel`, every field unchanged.
 void WriteLoopTrackSet(RecordWriter& file, const LoopTrackSet& set);

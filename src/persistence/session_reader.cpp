@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <string>
+#include <vector>
 
 #include "audio/loop_clearing.h"
 #include "audio/transport.h"
@@ -27,10 +29,6 @@ namespace marvolin {
 
 namespace {
 
-// Bytes of what a file must hold for each one that it claims.
-constexpr std::size_t kSmallestHistoryBlock = 4;
-constexpr std::size_t kSmallestTaggedValue = 4;
-
 constexpr int kBandFields = 4;
 constexpr double kTenths = 10;  // of the gauge `RollOff` in a factor of 1
 
@@ -39,7 +37,8 @@ struct Loading {
     const clsSwitchRecord& Switches;
     clsSwitchRecord FileSwitches;
     bool ForPackage = false;
-    std::string Folder;  ///< folder of the file, with its separator
+    std::string Folder;                  ///< folder of the file, with its separator
+    std::vector<std::string> NotLoaded;  ///< names of the samples that no LoopTrack got
 
     bool Asked(Element element) const { return Switches.Get(element); }
 };
@@ -53,17 +52,20 @@ void ReadHeader(RecordReader& file) {
     if (file.GetInteger() != kHeaderNumber) throw FormatError();
 }
 
-void ReadSettings(Session& s, RecordReader& file, const Loading& load) {
+// What can be read is applied, so a count that the file cannot hold ends the load where the file ends.
+std::int32_t Count(RecordReader& file) { return file.CheckedCount(file.GetInteger(), 0); }
+
+void ReadSettings(Session& s, RecordReader& file, Loading& load) {
     const KeyedTable table = ReadDictionary(file);
     if (load.Asked(Element::General)) ApplySettings(s, table);
 }
 
 // Bands are saved and not loaded.
-void ReadBands(Session&, RecordReader& file, const Loading&) {
+void ReadBands(Session&, RecordReader& file, Loading&) {
     for (int field = 0; field < kBands * kBandFields; ++field) file.GetInteger();
 }
 
-void ReadThreeD(Session& s, RecordReader& file, const Loading& load) {
+void ReadThreeD(Session& s, RecordReader& file, Loading& load) {
     const bool use3D = file.GetInteger() != False;
     const float rollOff = file.GetSingle();
     const double mapSize = file.GetDouble();
@@ -83,7 +85,7 @@ void RestoreBin(Session& s, int bin, const BinRecord& record) {
     s.World.Screen.ShowBin(bin);
 }
 
-void ReadPickLists(Session& s, RecordReader& file, const Loading& load) {
+void ReadPickLists(Session& s, RecordReader& file, Loading& load) {
     for (int number = 0; number < kBinRecords; ++number) {
         const BinRecord record = ReadBinRecord(file);
         // A package's folders point at the machine on which it was made.
@@ -92,21 +94,22 @@ void ReadPickLists(Session& s, RecordReader& file, const Loading& load) {
     }
 }
 
-void ReadLoops(Session& s, RecordReader& file, const Loading& load) {
+void ReadLoops(Session& s, RecordReader& file, Loading& load) {
     Table<bool, kLoopTracks> playingInFile;
     Table<bool, kLoopTracks> loadedFromFile;
-    const std::int16_t blocks = file.GetInteger();
+    const std::int32_t blocks = Count(file);
     const std::int16_t use3D = file.GetInteger();
-    file.CheckedCount(blocks, kSmallestLoopBlock);
     clsSwitchRecord effective;
     clsSwitchRecord::AndSwitch(load.Switches, load.FileSwitches, effective);
     const SavedFrom from{.NewUse3d = use3D, .ForPackage = load.ForPackage, .OpenPath = load.Folder};
-    for (std::int16_t i = 0; i < blocks; ++i) {
+    for (std::int32_t i = 0; i < blocks; ++i) {
         const SavedLoop saved = ReadSavedLoop(file);
         if (saved.Index >= kLoopTracks) continue;
         playingInFile[saved.Index] = saved.WasPlaying != False;
         // A sample that could not be loaded does not count; the previous one is not started in its place.
-        loadedFromFile[saved.Index] = LoadSavedLoop(s, saved, effective, from) && HoldsSavedSample(s, saved, from);
+        const bool asked = LoadSavedLoop(s, saved, effective, from);
+        loadedFromFile[saved.Index] = asked && HoldsSavedSample(s, saved, from);
+        if (asked && !loadedFromFile[saved.Index]) load.NotLoaded.push_back(LastPathPart(saved.Set.FileName));
     }
     for (Row row = 0; row < kLoopTracks; ++row) {
         if (s.EmptyBlankSetting == 1 && !loadedFromFile[row]) LoopClear(s, row);
@@ -117,12 +120,11 @@ void ReadLoops(Session& s, RecordReader& file, const Loading& load) {
     }
 }
 
-void ReadHistory(Session& s, RecordReader& file, const Loading& load) {
-    const std::int16_t blocks = file.GetInteger();
-    file.CheckedCount(blocks, kSmallestHistoryBlock);
-    for (std::int16_t i = 0; i < blocks; ++i) {
+void ReadHistory(Session& s, RecordReader& file, Loading& load) {
+    const std::int32_t blocks = Count(file);
+    for (std::int32_t i = 0; i < blocks; ++i) {
         const std::int16_t index = file.GetInteger();
-        const std::int32_t entries = file.CheckedCount(file.GetInteger(), kSmallestTaggedValue);
+        const std::int32_t entries = Count(file);
         const bool apply = index < kLoopTracks && load.Asked(Element::HistoryLists);
         if (apply) s.History[index].clear();
         for (std::int32_t entry = 0; entry < entries; ++entry) {
@@ -132,13 +134,13 @@ void ReadHistory(Session& s, RecordReader& file, const Loading& load) {
     }
 }
 
-void ReadClips(Session& s, RecordReader& file, const Loading& load) {
+void ReadClips(Session& s, RecordReader& file, Loading& load) {
     ReadClipBoard(s, file, load.Asked(Element::ClipBoard));
 }
 
 struct SectionReader {
     std::string_view Tag;
-    void (*Read)(Session& s, RecordReader& file, const Loading& load);
+    void (*Read)(Session& s, RecordReader& file, Loading& load);
 };
 
 constexpr std::array<SectionReader, 7> kSections{{{kSettingsTag, ReadSettings},
@@ -150,7 +152,7 @@ constexpr std::array<SectionReader, 7> kSections{{{kSettingsTag, ReadSettings},
                                                   {kClipBoardTag, ReadClips}}};
 
 // Sections have no length field: a value that is no known tag is ignored, and the next value is read.
-void ReadSections(Session& s, RecordReader& file, const Loading& load) {
+void ReadSections(Session& s, RecordReader& file, Loading& load) {
     for (;;) {
         const TaggedValue value = file.GetTagged();
         const auto* tag = std::get_if<std::string>(&value);
@@ -162,8 +164,16 @@ void ReadSections(Session& s, RecordReader& file, const Loading& load) {
     }
 }
 
+// The box of a missing sample does not say which one it is.
+void ShowNotLoaded(Session& s, const Loading& load) {
+    if (load.NotLoaded.empty() || !s.DSReady) return;
+    std::string names;
+    for (const std::string& name : load.NotLoaded) names += (names.empty() ? "" : ", ") + name;
+    ShowStatus(s, "Could not load " + names);
+}
+
 void MakeCurrent(Session& s, const std::string& fileName) {
-    SplitPath(fileName, s.CurrentFolder, s.CurrentFile);
+    SplitFilePath(fileName, s.CurrentFolder, s.CurrentFile);
     s.Title = "marvolin-" + s.CurrentFile;
     s.World.Screen.ShowTitle();
 }
@@ -173,9 +183,9 @@ void MakeCurrent(Session& s, const std::string& fileName) {
 bool LoadSession(Session& s, const std::string& fileName, SetAsCurrent current, const clsSwitchRecord& switches,
                  AdoptSwitches adopt) {
     if (!FileExists(fileName)) return false;
-    Loading load{switches, {}, IsPackage(fileName), ""};
+    Loading load{switches, {}, IsPackage(fileName), "", {}};
     std::string name;
-    SplitPath(fileName, load.Folder, name);
+    SplitFilePath(fileName, load.Folder, name);
     try {
         RecordReader file(fileName);
         ReadHeader(file);
@@ -185,12 +195,14 @@ bool LoadSession(Session& s, const std::string& fileName, SetAsCurrent current, 
         s.World.Desk.Report("File Format Error on Open in " + fileName, "", BoxStyle::Critical);
         return false;
     } catch (const RuntimeError& e) {
+        ShowNotLoaded(s, load);
         s.World.Desk.Report(std::string("Error Opening ") + e.what());
         return false;
     }
     if (adopt == AdoptSwitches::Yes) s.SaveOpenSwitches[kWhenSaving] = load.FileSwitches;
     if (current == SetAsCurrent::Yes) MakeCurrent(s, fileName);
     PatternsRefresh(s);
+    ShowNotLoaded(s, load);
     return true;
 }
 

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 
+#include "parameters/position.h"
 #include "persistence/golden.h"
 #include "persistence/set_instrument.h"
 
@@ -177,6 +179,124 @@ TEST(LoadSession, AMissingSampleIsNoFailureOfTheSession) {
     EXPECT_EQ(i.Desk.LastBox(), "File Doesn't Exist !!");
     EXPECT_EQ(i.s.Run[0].Loaded, False);
     EXPECT_NE(i.s.Run[3].Loaded, False);
+}
+
+TEST(LoadSession, TheStatusLineNamesTheSamplesThatCouldNotBeLoaded) {
+    SetInstrument i;
+    for (const char* gone : {"a.wav", "d.wav"}) std::filesystem::remove(i.Folder / gone);
+    ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path())));
+    EXPECT_EQ(i.s.StatusText, "Could not load a.wav, d.wav");
+    SetInstrument refused;
+    refused.Sound.Failures["CreateSoundBufferFromFile"] = sound_error::kBadFormat;
+    ASSERT_TRUE(refused.LoadBytes(GoldenSession(refused.Folder.Path())));
+    EXPECT_EQ(refused.s.StatusText, "Could not load a.wav, c.wav, d.wav");
+    SetInstrument cut;
+    std::filesystem::remove(cut.Folder / "a.wav");
+    const std::string bytes = GoldenSession(cut.Folder.Path());
+    EXPECT_FALSE(cut.LoadBytes(bytes.substr(0, bytes.size() - 7)));
+    EXPECT_EQ(cut.s.StatusText, "Could not load a.wav");
+    SetInstrument silent;
+    silent.s.DSReady = false;
+    ASSERT_TRUE(silent.LoadBytes(GoldenSession(silent.Folder.Path())));
+    EXPECT_EQ(silent.s.StatusText.find("Could not"), std::string::npos);
+}
+
+TEST(LoadSession, AFileCutInsideTheLoopTracksAppliesThoseBeforeTheCut) {
+    std::vector<GoldenLoop> loops(4);
+    for (int k = 0; k < 4; ++k) {
+        loops[static_cast<std::size_t>(k)].Index = k;
+        loops[static_cast<std::size_t>(k)].Hz = 101 + k;
+    }
+    const std::string bytes = FileOf([&](Bytes& b) { PutLoops(b, loops); });
+    constexpr std::size_t kBlock = 259;
+    const std::size_t start = bytes.size() - 7 - 4 * kBlock;
+    for (std::size_t whole = 0; whole < 4; ++whole) {
+        SCOPED_TRACE(whole);
+        SetInstrument i;
+        EXPECT_FALSE(i.LoadBytes(bytes.substr(0, start + whole * kBlock + kBlock - 1)));
+        EXPECT_EQ(i.Desk.LastBox(), "Error Opening Input past end of file");
+        for (std::size_t row = 0; row < 4; ++row) {
+            EXPECT_EQ(i.s.Set[static_cast<Row>(row)].Hz, row < whole ? 101 + static_cast<int>(row) : 1000) << row;
+        }
+    }
+}
+
+TEST(LoadSession, AFileCutInsideTheHistoryKeepsTheEntriesBeforeTheCut) {
+    SetInstrument i;
+    i.s.History[0] = {"/h/present.wav"};
+    const std::string bytes = FileOf([](Bytes& b) { PutHistory(b); });
+    const std::string second = Bytes().TagText("/h/old.wav").Str();
+    EXPECT_FALSE(i.LoadBytes(bytes.substr(0, bytes.find(second) + 6)));
+    EXPECT_EQ(i.Desk.LastBox(), "Error Opening Input past end of file");
+    EXPECT_EQ(i.s.History[0], std::vector<std::string>{"/h/new.wav"});
+}
+
+TEST(LoadSession, ThinnableGoesThroughItsSetterSoThatTheThinListFollows) {
+    SetInstrument i;
+    GoldenLoop loop;
+    loop.FileName = i.Folder / "a.wav";
+    loop.Thinnable = 0;
+    i.Fill(0, loop.FileName);
+    LoopPlay(i.s, 0, true);
+    ASSERT_EQ(i.s.ThinList, "A");
+    ASSERT_TRUE(i.LoadBytes(FileOf([&](Bytes& b) { PutLoops(b, {loop}); }), Only(Element::LoopTrack)));
+    EXPECT_EQ(i.s.ThinList, "");
+    loop.Thinnable = -1;
+    ASSERT_TRUE(i.LoadBytes(FileOf([&](Bytes& b) { PutLoops(b, {loop}); }), Only(Element::LoopTrack)));
+    EXPECT_EQ(i.s.ThinList, "A");
+}
+
+TEST(LoadSession, ThePlayModeOfALoopTrackThatSoundsIsHeardAtOnce) {
+    SetInstrument i;
+    GoldenLoop loop;
+    loop.FileName = i.Folder / "a.wav";
+    loop.PlayMode = kOneShot;
+    i.Fill(0, loop.FileName);
+    LoopPlay(i.s, 0, true);
+    i.Sound.Log.clear();
+    ASSERT_TRUE(i.LoadBytes(FileOf([&](Bytes& b) { PutLoops(b, {loop}); }), Only(Element::LoopTrack)));
+    EXPECT_EQ(i.s.Set[0].PlayMode, kOneShot);
+    EXPECT_EQ(std::count(i.Sound.Log.begin(), i.Sound.Log.end(), "Play " + i.Name(0) + " 0"), 1);
+}
+
+TEST(LoadSession, AVolumeMovesTheLevelAndTheFadeLineOfItsSoundDisplay) {
+    SetInstrument i;
+    ASSERT_TRUE(i.LoadBytes(FileOf([](Bytes& b) { PutLoops(b, {GoldenLoop{}}); }), Only(Element::Vol)));
+    EXPECT_EQ(i.s.SndDisp[0].Level, 321);
+    EXPECT_EQ(i.s.SndDisp[0].Line, 321);
+}
+
+TEST(LoadSession, APlaceMovesItsBallOnTheMap) {
+    SetInstrument i;
+    GoldenLoop loop;
+    ASSERT_TRUE(i.LoadBytes(FileOf([&](Bytes& b) {
+        PutThreeD(b, true);
+        PutLoops(b, {loop}, true);
+    })));
+    EXPECT_EQ(i.s.BallPos[0].X, MapTwips(i.s, 0.25F));
+    EXPECT_EQ(i.s.BallPos[0].Y, MapTwips(i.s, -0.5F));
+    EXPECT_NE(i.s.BallPos[0].X, i.s.BallPos[1].X);
+}
+
+TEST(LoadSession, ThePadsHandlerRunsAfterTheCurvesAndTheRelativeBoxes) {
+    SetInstrument i;
+    i.Screen.Log.clear();
+    ASSERT_TRUE(i.LoadBytes(FileOf([](Bytes& b) { PutSettings(b); })));
+    const auto at = [&](const char* entry, int nth) {
+        for (std::size_t k = 0; k < i.Screen.Log.size(); ++k) {
+            if (i.Screen.Log[k] == entry && --nth == 0) return k;
+        }
+        return i.Screen.Log.size();
+    };
+    // Each of the two boxes shows the joystick; the handler shows the pad.
+    EXPECT_LT(at("ShowJoystick", 2), at("ShowPad", 1));
+    SetInstrument byHand;
+    byHand.s.PadTable[byHand.s.PadTypeIndex].Function = i.s.PadTable[i.s.PadTypeIndex].Function;
+    PadType_Click(byHand.s, byHand.s.PadTypeIndex);
+    EXPECT_EQ(i.s.ChannelVol, byHand.s.ChannelVol);
+    SetInstrument before;
+    PadType_Click(before.s, before.s.PadTypeIndex);
+    EXPECT_NE(before.s.ChannelVol, byHand.s.ChannelVol) << "the curves differ in the middle";
 }
 
 TEST(LoadSession, ASampleThatCannotBeLoadedLeavesThePreviousOneSilentOrTheLoopTrackBlank) {
