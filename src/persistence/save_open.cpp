@@ -1,11 +1,29 @@
 #include "persistence/save_open.h"
 
+#include "core/files/name_order.h"
 #include "core/files/paths.h"
 #include "persistence/quick_load.h"
+#include "persistence/session_format.h"
 
 namespace marvolin {
 
 namespace {
+
+/// True for a name that a list or a filter of sets shows.
+bool HasSetExtension(std::string_view name) {
+    return EndsInIgnoringCase(name, kSessionExtension) || name.ends_with(kPackageExtension);
+}
+
+/// Name of the set of which `name` is the copy; `name` itself for any other file.
+std::string WithoutCopy(const std::string& name) {
+    const std::string_view set = WithoutCopyMark(name);
+    return HasSetExtension(set) ? std::string(set) : name;
+}
+
+void ShowCurrent(Session& s) {
+    s.Title = "marvolin-" + s.CurrentFile;
+    s.World.Screen.ShowTitle();
+}
 
 void CloseDialogue(Session& s) { s.World.Forms.Hide(Form::Save); }
 
@@ -17,7 +35,7 @@ void AfterSuccess(Session& s) {
 
 // By value: `path` may be made from the fields that are set here.
 void TakeFile(Session& s, const std::string path) {
-    SplitPath(path, s.CurrentFolder, s.CurrentFile);
+    SplitFilePath(path, s.CurrentFolder, s.CurrentFile);
     s.DialogueFile = s.CurrentFile;
 }
 
@@ -30,6 +48,11 @@ bool SaveAsChosen(Session& s, const std::string& path) {
 
 bool OpenAsChosen(Session& s, const std::string& path) {
     return s.World.Store.LoadSession(s, path, SetAsCurrent::Yes, s.SaveOpenSwitches[kWhenOpening], AdoptSwitches::Yes);
+}
+
+std::string SetFileName(const std::string& name, std::string_view extension) {
+    const std::string set = WithoutCopy(name);
+    return HasSetExtension(set) ? set : set + std::string(extension);
 }
 
 void OpenSaveOpen(Session& s, const std::string& fileName) {
@@ -74,9 +97,16 @@ void TakeBack(Session& s, const SaveOpenChoices& choices) {
 void SaveIt_Click(Session& s, const SaveOpenChoices& choices) {
     if (s.DialogueFile.empty()) return;
     TakeBack(s, choices);
-    const bool saved = SaveAsChosen(s, JoinPath(s.CurrentFolder, s.DialogueFile));
+    const std::string file = WithoutCopy(s.DialogueFile);
+    const bool saved = SaveAsChosen(s, JoinPath(s.CurrentFolder, file));
     CloseDialogue(s);
-    if (saved) UpdateQuickLoad(s);
+    if (!saved) return;
+    if (file != s.DialogueFile && s.CurrentFile == s.DialogueFile) {
+        s.CurrentFile = file;
+        ShowCurrent(s);
+    }
+    s.DialogueFile = file;
+    UpdateQuickLoad(s);
 }
 
 void Reload_Click(Session& s, const SaveOpenChoices& choices) {
@@ -87,12 +117,15 @@ void Reload_Click(Session& s, const SaveOpenChoices& choices) {
 }
 
 void SaveItAs_Chosen(Session& s, const SaveOpenChoices& choices, const std::string& path) {
-    TakeFile(s, path);
+    std::string folder;
+    std::string name;
+    SplitFilePath(path, folder, name);
+    const std::string file = JoinPath(folder, SetFileName(name, kSessionExtension));
+    TakeFile(s, file);
     TakeBack(s, choices);
     CloseDialogue(s);
-    if (!SaveAsChosen(s, path)) return;
-    s.Title = "marvolin-" + s.CurrentFile;
-    s.World.Screen.ShowTitle();
+    if (!SaveAsChosen(s, file)) return;
+    ShowCurrent(s);
     AfterSuccess(s);
 }
 

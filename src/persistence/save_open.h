@@ -13,6 +13,9 @@ namespace marvolin {
 
 /// Filters of the file dialogues: a text and a pattern each. The first one is preselected.
 inline constexpr std::string_view kFileFilter = "marvolin File (*.mvn)|*.mvn|marvolin Package (*.mvp)|*.mvp";
+/// The further filters of "Open": the sets that saves have replaced.
+inline constexpr std::string_view kCopyFilter =
+    "Previous marvolin File (*.mvn~)|*.mvn~|Previous marvolin Package (*.mvp~)|*.mvp~";
 
 /// What the player has set in the dialogue, not yet stored in the session.
 struct SaveOpenChoices {
@@ -29,6 +32,11 @@ bool SaveAsChosen(Session& s, const std::string& path);
 /// switches. Result and messages are those of `LoadSession`.
 bool OpenAsChosen(Session& s, const std::string& path);
 
+/// The file name for a set that the player wants to save as `name`: a name that ends in neither ".mvn" nor ".mvp" gets
+/// `extension`. A "~" behind one of the two is dropped, so that no set is saved as the copy of another. ".mvn" counts
+/// in any letter case.
+std::string SetFileName(const std::string& name, std::string_view extension);
+
 /// Opens the dialogue on `fileName`, a name in the current folder or "".
 void OpenSaveOpen(Session& s, const std::string& fileName);
 /// The choices that the session holds, which the dialogue shows when it opens.
@@ -42,11 +50,13 @@ void TakeBack(Session& s, const SaveOpenChoices& choices);
 
 // Each button first stores the choices in the session.
 
-/// "Save": saves under the dialogue's file name and closes the dialogue. Does nothing when there is no name.
+/// "Save": saves under the dialogue's file name and closes the dialogue. Does nothing when there is no name. A set that
+/// was opened from its copy is saved under its own name, and what has that name becomes the copy.
 void SaveIt_Click(Session& s, const SaveOpenChoices& choices);
 /// "Reload": closes the dialogue and opens its file.
 void Reload_Click(Session& s, const SaveOpenChoices& choices);
-/// "Save As" and "Open": the player chose `path` in the file dialogue. Not called when it is cancelled.
+/// "Save As" and "Open": the player chose `path` in the file dialogue. Not called when it is cancelled. A file that is
+/// saved gets its name by `SetFileName`, and becomes the current session like one that is opened.
 void SaveItAs_Chosen(Session& s, const SaveOpenChoices& choices, const std::string& path);
 void OpenIt_Chosen(Session& s, const SaveOpenChoices& choices, const std::string& path);
 

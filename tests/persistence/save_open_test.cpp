@@ -138,6 +138,54 @@ TEST(SaveOpen, AChosenFileSetsTheCurrentFolderAndName) {
     EXPECT_TRUE(i.s.SaveItEnabled);
 }
 
+TEST(SaveOpen, EveryNameThatEndsInNeitherExtensionGetsTheOneOfASession) {
+    for (const auto& [chosen, saved] : std::vector<std::pair<std::string, std::string>>{{"my set", "my set.mvn"},
+                                                                                        {"my set.1", "my set.1.mvn"},
+                                                                                        {"a.mvn", "a.mvn"},
+                                                                                        {"a.mvp", "a.mvp"},
+                                                                                        {"A.MVN", "A.MVN"},
+                                                                                        {"A.MVP", "A.MVP.mvn"},
+                                                                                        {"a.mvn.bak", "a.mvn.bak.mvn"},
+                                                                                        {"a.mvn~", "a.mvn"},
+                                                                                        {"a.mvp~", "a.mvp"},
+                                                                                        {"a~", "a~.mvn"},
+                                                                                        {"a\\b", "a\\b.mvn"}}) {
+        SetInstrument i;
+        SaveItAs_Chosen(i.s, {}, "/other/" + chosen);
+        EXPECT_EQ(i.Store.Log, std::vector<std::string>{"Save /other/" + saved + " all"});
+        EXPECT_EQ(i.s.CurrentFile, saved);
+        EXPECT_EQ(i.s.DialogueFile, saved);
+        EXPECT_EQ(i.s.CurrentFolder, "/other/");
+        EXPECT_EQ(i.s.Title, "marvolin-" + saved);
+    }
+}
+
+TEST(SaveOpen, ASetThatWasOpenedFromItsCopyIsSavedUnderItsOwnName) {
+    SetInstrument i;
+    i.Store.OnLoad = [&] { i.s.CurrentFile = "live.mvp~"; };
+    OpenIt_Chosen(i.s, {}, i.Folder / "live.mvp~");
+    EXPECT_EQ(i.s.DialogueFile, "live.mvp~");
+    Reload_Click(i.s, {});
+    EXPECT_EQ(i.Store.Log.back(), "Load " + (i.Folder / "live.mvp~") + " current adopt");
+    SaveIt_Click(i.s, {});
+    EXPECT_EQ(i.Store.Log.back(), "Save " + (i.Folder / "live.mvp") + " all");
+    EXPECT_EQ(i.s.CurrentFile, "live.mvp");
+    EXPECT_EQ(i.s.DialogueFile, "live.mvp");
+    EXPECT_EQ(i.s.Title, "marvolin-live.mvp");
+}
+
+TEST(SaveOpen, AFailedSaveRebuildsNoQuickLoadAndKeepsTheTitle) {
+    SetInstrument i;
+    i.Store.Answer = false;
+    OpenSaveOpen(i.s, "live.mvn~");
+    i.s.CurrentFile = "live.mvn~";
+    SaveIt_Click(i.s, {});
+    EXPECT_EQ(i.Screen.Count("ShowQuickLoad"), 0);
+    EXPECT_EQ(i.s.Title, "marvolin");
+    EXPECT_EQ(i.s.CurrentFile, "live.mvn~");
+    EXPECT_EQ(i.Forms.Log.back(), "Hide Save");
+}
+
 TEST(SaveOpen, SaveSavesBeforeTheDialogueCloses) {
     SetInstrument i;
     OpenSaveOpen(i.s, "live.mvn");

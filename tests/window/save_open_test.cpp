@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPushButton>
 #include <algorithm>
 
@@ -217,7 +218,11 @@ TEST(SaveOpen, TheFileDialoguesOfferSessionsAndPackagesInTheCurrentFolder) {
             if (asked == nullptr) return;
             ++seen;
             const bool save = std::string_view(button) == "SaveItAs";
-            EXPECT_EQ(asked->nameFilters(), (QStringList{"marvolin File (*.mvn)", "marvolin Package (*.mvp)"}));
+            QStringList filters{"marvolin File (*.mvn)", "marvolin Package (*.mvp)"};
+            if (!save)
+                filters << "Previous marvolin File (*.mvn~)"
+                        << "Previous marvolin Package (*.mvp~)";
+            EXPECT_EQ(asked->nameFilters(), filters);
             EXPECT_EQ(asked->selectedNameFilter(), "marvolin File (*.mvn)");
             EXPECT_EQ(asked->directory().absolutePath().toStdString(), folder.Path());
             EXPECT_EQ(asked->selectedFiles().value(0).toStdString(), folder.In("set.mvn"));
@@ -292,6 +297,56 @@ TEST(SaveOpen, ASavedNameGetsTheExtensionOfTheChosenFilter) {
     hand.start(0);
     dialogue.Press("SaveItAs");
     EXPECT_TRUE(Has(dialogue.Store.Log, "Save " + folder.In("pack.mvp") + " all"));
+}
+
+TEST(SaveOpen, ANameWithAPointIsCompletedBeforeTheQuestionAboutOverwriting) {
+    test::TempFolder folder;
+    folder.Touch("my set.1.mvn");
+    Dialogue dialogue;
+    dialogue.s.CurrentFolder = folder.Path() + "/";
+    dialogue.s.CurrentFile.clear();
+    int questions = 0;
+    bool typed = false;
+    QTimer hand;
+    hand.callOnTimeout([&] {
+        if (auto* question = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            ++questions;
+            question->button(QMessageBox::Yes)->click();
+            return;
+        }
+        auto* asked = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (asked == nullptr || typed) return;
+        typed = true;
+        auto* name = asked->findChild<QLineEdit*>("fileNameEdit");
+        name->clear();
+        QTest::keyClicks(name, "my set.1");
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    hand.start(0);
+    dialogue.Press("SaveItAs");
+    EXPECT_EQ(questions, 1);
+    EXPECT_TRUE(Has(dialogue.Store.Log, "Save " + folder.In("my set.1.mvn") + " all"));
+}
+
+TEST(SaveOpen, TheCopyOfASetIsFoundByItsFilterAndSaveAsOffersTheSetsOwnName) {
+    test::TempFolder folder;
+    folder.Touch("set.mvp~");
+    Dialogue dialogue;
+    dialogue.s.CurrentFolder = folder.Path() + "/";
+    dialogue.s.CurrentFile.clear();
+    dialogue.Answer("OpenIt", QString::fromStdString(folder.In("set.mvp~")));
+    EXPECT_TRUE(Has(dialogue.Store.Log, "Load " + folder.In("set.mvp~") + " current adopt"));
+    QString offered;
+    QTimer hand;
+    hand.callOnTimeout([&] {
+        auto* asked = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (asked == nullptr) return;
+        offered = asked->findChild<QLineEdit*>("fileNameEdit")->text();
+        asked->reject();
+    });
+    hand.start(0);
+    dialogue.Press("SaveItAs");
+    EXPECT_EQ(offered, "set.mvp");
 }
 
 struct Quick : test::Stage {

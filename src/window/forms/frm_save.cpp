@@ -25,9 +25,9 @@ namespace {
 
 constexpr QSize kFileDialogue(760, 460);
 
-/// The filters in the toolkit's own notation.
-QStringList NameFilters() {
-    const QStringList parts = ToQString(kFileFilter).split('|');
+/// Filters in the toolkit's own notation.
+QStringList NameFilters(std::string_view filter) {
+    const QStringList parts = ToQString(filter).split('|');
     QStringList filters;
     for (int i = 0; i + 1 < parts.size(); i += 2) filters << parts[i];
     return filters;
@@ -35,7 +35,7 @@ QStringList NameFilters() {
 
 QString SuffixOf(const QString& filter) { return filter.contains("*.mvp") ? "mvp" : "mvn"; }
 
-/// A file dialogue that saves only to a folder that exists.
+/// A file dialogue that saves only to a folder that exists, and only under a name that the lists of sets show.
 class SessionFileDialogue : public QFileDialog {
 public:
     SessionFileDialogue(Session& session, QWidget* parent, const QString& caption)
@@ -43,6 +43,7 @@ public:
 
 protected:
     void accept() override {
+        if (acceptMode() == AcceptSave) CompleteName();
         const QStringList files = selectedFiles();
         const QString folder = files.isEmpty() ? QString() : QFileInfo(files.first()).absolutePath();
         if (acceptMode() == AcceptSave && !folder.isEmpty() && !QDir(folder).exists()) {
@@ -53,6 +54,15 @@ protected:
     }
 
 private:
+    // Before the toolkit asks about overwriting, so that it asks about the file that will be written.
+    void CompleteName() {
+        auto* edit = findChild<QLineEdit*>("fileNameEdit");
+        if (edit == nullptr || edit->text().isEmpty()) return;
+        if (QFileInfo(directory().absoluteFilePath(edit->text())).isDir()) return;
+        const std::string extension = "." + defaultSuffix().toStdString();
+        edit->setText(QString::fromStdString(SetFileName(edit->text().toStdString(), extension)));
+    }
+
     Session& s;
 };
 
@@ -220,12 +230,14 @@ void FrmSave::AskFile(bool save) {
         files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
         files->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     }
-    dialogue.setNameFilters(NameFilters());
-    dialogue.setDefaultSuffix(SuffixOf(NameFilters().first()));
+    const QStringList filters = save ? NameFilters(kFileFilter) : NameFilters(kFileFilter) + NameFilters(kCopyFilter);
+    dialogue.setNameFilters(filters);
+    dialogue.setDefaultSuffix(SuffixOf(filters.first()));
     connect(&dialogue, &QFileDialog::filterSelected, &dialogue,
             [&dialogue](const QString& filter) { dialogue.setDefaultSuffix(SuffixOf(filter)); });
     if (!s.CurrentFolder.empty()) dialogue.setDirectory(QString::fromStdString(s.CurrentFolder));
-    if (!s.CurrentFile.empty()) dialogue.selectFile(QString::fromStdString(s.CurrentFile));
+    const std::string file = save ? SetFileName(s.CurrentFile, "") : s.CurrentFile;
+    if (!file.empty()) dialogue.selectFile(QString::fromStdString(file));
     if (dialogue.exec() != QDialog::Accepted || dialogue.selectedFiles().isEmpty()) return;
     const std::string path = dialogue.selectedFiles().first().toStdString();
     if (save) {
