@@ -96,12 +96,17 @@ void StartUpQuery_Activate(Session& s) {
 void cmdYes_Click(Session& s) { s.World.Forms.Unload(Form::StartUpQuery); }
 
 void cmdNo_Click(Session& s) {
-    std::error_code ignored;
-    const std::string disabled = InProgramFolder(s, kDisabledDemoFile);
-    if (FileExists(disabled)) std::filesystem::remove(disabled, ignored);
-    std::filesystem::rename(InProgramFolder(s, kDemoFile), disabled, ignored);
-    s.World.Desk.Report(
-        "To re-enable the startup demo, change the name disabledstartup.mvp in your marvolin directory to startup.mvp");
+    const std::string demo = InProgramFolder(s, kDemoFile);
+    std::error_code error;
+    // In one step: an older file of that name goes only when the demo takes its place.
+    std::filesystem::rename(demo, InProgramFolder(s, kDisabledDemoFile), error);
+    if (FileExists(demo)) {
+        s.World.Desk.Report("The startup demo could not be renamed, so it will be shown again: " + error.message());
+    } else {
+        s.World.Desk.Report(
+            "To re-enable the startup demo, change the name disabledstartup.mvp in your marvolin directory to "
+            "startup.mvp");
+    }
     s.World.Forms.Unload(Form::StartUpQuery);
 }
 

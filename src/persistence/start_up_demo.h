@@ -23,7 +23,8 @@ void StartUpDemoCountDown_Timer(Session& s);
 void StartUpQuery_Activate(Session& s);
 /// Closes the question.
 void cmdYes_Click(Session& s);
-/// Renames the demo, so that the next start does not find it, and closes the question.
+/// Renames the demo, so that the next start does not find it, shows how to get it back, or why it could not be renamed,
+/// and closes the question.
 void cmdNo_Click(Session& s);
 
 }  // namespace marvolin

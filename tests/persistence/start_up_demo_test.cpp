@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "fakes/limits.h"
 #include "persistence/set_instrument.h"
 
 namespace marvolin {
@@ -106,6 +107,35 @@ TEST(StartUpQuery, NoWithoutADemoIgnoresTheErrors) {
     i.Forms.Loaded.insert(Form::StartUpQuery);
     cmdNo_Click(i.s);
     EXPECT_EQ(i.Desk.Boxes.size(), 1U);
+}
+
+TEST(StartUpQuery, NoDoesNotSayThatItHasRenamedADemoThatItCouldNotRename) {
+    SetInstrument i;
+    i.Forms.Loaded.insert(Form::StartUpQuery);
+    WriteBytes(i.Folder / "startup.mvp", "demo");
+    WriteBytes(i.Folder / "disabledstartup.mvp", "older");
+    std::filesystem::permissions(i.Folder.Path(), std::filesystem::perms(0555));
+    {
+        const OrdinaryUser user;
+        cmdNo_Click(i.s);
+    }
+    std::filesystem::permissions(i.Folder.Path(), std::filesystem::perms(0755));
+    EXPECT_EQ(ReadBytes(i.Folder / "startup.mvp"), "demo");
+    EXPECT_EQ(ReadBytes(i.Folder / "disabledstartup.mvp"), "older");
+    ASSERT_EQ(i.Desk.Boxes.size(), 1U);
+    EXPECT_EQ(i.Desk.LastBox(), "The startup demo could not be renamed, so it will be shown again: Permission denied");
+    EXPECT_EQ(i.Forms.Log.back(), "Unload StartUpQuery");
+}
+
+TEST(StartUpQuery, NoKeepsAnOlderDisabledDemoWhenTheDemoCannotTakeItsName) {
+    SetInstrument i;
+    i.Forms.Loaded.insert(Form::StartUpQuery);
+    WriteBytes(i.Folder / "startup.mvp", "demo");
+    std::filesystem::create_directory(i.Folder / "disabledstartup.mvp");
+    cmdNo_Click(i.s);
+    EXPECT_TRUE(std::filesystem::is_directory(i.Folder / "disabledstartup.mvp"));
+    EXPECT_EQ(ReadBytes(i.Folder / "startup.mvp"), "demo");
+    EXPECT_EQ(i.Desk.LastBox(), "The startup demo could not be renamed, so it will be shown again: Is a directory");
 }
 
 TEST(StartUpQuery, YesChangesNothing) {
