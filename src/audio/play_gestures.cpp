@@ -119,7 +119,6 @@ void LoopIt_Gesture(Session& s, Row row, Phase phase, std::int16_t button, doubl
             return StartModeDrag(s, row, y);
         case Phase::Move:
             if (IsModeDrag(s, row)) ChooseMode(s, y);
-            ShowReadout(s, PlayModeText(LoopItMode(s, row)));
             return;
         case Phase::Up:
             if (!IsModeDrag(s, row)) return;

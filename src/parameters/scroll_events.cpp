@@ -1,7 +1,6 @@
 #include "parameters/scroll_events.h"
 
 #include <memory>
-#include <string>
 
 #include "core/errors.h"
 #include "core/routines.h"
@@ -51,7 +50,11 @@ void ScrollSensitivity_Change(Session& s, int member, std::int32_t value) {
         if (SensitivityOf(counter) == member) ScrollCounter(s, counter).ScrollSensitivity(value);
     }
     s.World.Screen.ShowOptions();
-    ShowReadout(s, "Send scroll event every " + std::to_string(value) + " moves");
+    ShowStatus(s, ScrollSensitivityText(s, member));
+}
+
+std::string ScrollSensitivityText(const Session& s, int member) {
+    return "Send scroll event every " + std::to_string(s.ScrollSensitivity[member]) + " moves";
 }
 
 }  // namespace marvolin

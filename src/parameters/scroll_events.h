@@ -3,6 +3,7 @@
 /// Events sent to the script: no event inside itself, and only some of the scroll events.
 
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "core/session.h"
@@ -27,7 +28,9 @@ void SendScriptEvent(Session& s, ScriptEvent event, std::span<const double> argu
 void SendScriptEvent(Session& s, ScriptEvent event, std::span<const double> arguments);
 
 /// The option `ScrollSensitivity` has changed to `value`, limited to 1..50000: `member` 0 for the knobs, 1 for both
-/// counters of the map. Shows "Send scroll event every N moves".
+/// counters of the map. Shows its text in the status line.
 void ScrollSensitivity_Change(Session& s, int member, std::int32_t value);
+/// "Send scroll event every N moves", as set for `member`.
+std::string ScrollSensitivityText(const Session& s, int member);
 
 }  // namespace marvolin

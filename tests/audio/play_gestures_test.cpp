@@ -230,13 +230,6 @@ TEST(LoopIt, AFailedJumpShowsItsMessage) {
               "Error positioning to loop start: An invalid parameter was passed to the returning function.");
 }
 
-TEST(LoopIt, AMoveShowsTheTextOfTheMode) {
-    Instrument i;
-    i.s.Set[0].PlayMode = kDrum;
-    LoopIt_Gesture(i.s, 0, Phase::Move, kNoButton, 0);
-    EXPECT_EQ(i.s.ReadoutText, "Drum (track Vol,Pan & Freq pattern, restart sample each beat)");
-}
-
 TEST(LoopIt, AMoveOrReleaseWithoutItsPressDoesNothing) {
     Instrument i;
     LoopIt_Gesture(i.s, 0, Phase::Down, kLeftButton, 0);

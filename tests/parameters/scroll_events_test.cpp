@@ -107,7 +107,7 @@ TEST(ScrollSensitivity, TheFirstOptionServesTheKnobsTheSecondBothCountersOfTheMa
     EXPECT_TRUE(Passes(ScrollCounter(i.s, kKnobScroll), 0));
     EXPECT_FALSE(Passes(ScrollCounter(i.s, kMapScroll), 0));
     EXPECT_FALSE(Passes(ScrollCounter(i.s, kJoystickScroll), 0));
-    EXPECT_EQ(i.s.ReadoutText, "Send scroll event every 2 moves");
+    EXPECT_EQ(i.s.StatusText, "Send scroll event every 2 moves");
     ScrollSensitivity_Change(i.s, 0, 4);
     EXPECT_FALSE(Passes(ScrollCounter(i.s, kKnobScroll), 0));
     EXPECT_TRUE(Passes(ScrollCounter(i.s, kMapScroll), 0));

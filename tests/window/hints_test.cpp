@@ -1,14 +1,19 @@
 #include <gtest/gtest.h>
 
+#include <QFontMetrics>
 #include <QtTest/QTest>
 #include <string>
 #include <vector>
 
 #include "all_forms.h"
+#include "audio/play_modes.h"
 #include "parameters/position.h"
+#include "parameters/setters.h"
 #include "performance/map/sound_map.h"
 #include "settings_stage.h"
 #include "window/descriptions/described.h"
+#include "window/forms/status_bars.h"
+#include "window/toolkit/theme.h"
 
 namespace marvolin {
 namespace {
@@ -49,7 +54,7 @@ TEST(Hints, AMoveOverAControlShowsItsHint) {
                    {"VolKnob_5", "drg Vol -/+; rtdrg Fine; dblclk Toggle Mute"},
                    {"PanKnob_1", "drg Pan -/+; rtdrg Fine; dblclk Centre"},
                    {"HzKnob_4", "drg Hz -/+; rtdrg Fine; dblclk 100%"},
-                   {"LoopIt_2", "drg Play Mode -/+; rtclk Jump to Beginning"},
+                   {"LoopIt_2", "drg Play Mode -/+; rtclk Jump to Beginning; Loop (sample loops continuously)"},
                    {"ChannelFlag_3", "drg Wire -/+; click Flip Colour; rtclk tggle Connect"},
                    {"Play_4", "clk Toggle Play; rtclk Pause"},
                    {"DropDown_1", "drg Copy Sample to LoopTrack, or Copy LoopTrack to Clipboard", {0.5, 0.1}},
@@ -81,8 +86,8 @@ TEST(Hints, TheSoundMapShowsItsHints) {
     PosMove(stage.s, 2400, 600, kListenerBall, {.Absolute = true, .Apply = false});
     stage.Settle();
     Expect(stage, {{"Enable3d", "clk Toggle 3D Sound"},
-                   {"MapSize", "drg Map Size"},
-                   {"RollOff", "drg Roll Off; rtclk Roll Off =1"},
+                   {"MapSize", "3. x 3."},
+                   {"RollOff", "RollOff =1"},
                    {"PosMacros", "slct Scatter or Wander"},
                    {"CentreAll", "clk Center All"},
                    {"PosPop", "clk Bring Listner to Front"},
@@ -95,7 +100,7 @@ TEST(Hints, ThePatternPageShowsItsHints) {
     stage.s.ActiveTab = kPatternTab;
     stage.Screen.ShowTab();
     Expect(stage, {{"Patterns", "rtdrg Copy All Patterns", {0.03, 0.03}},
-                   {"LoopIt_5", "drg Play Mode -/+; rtclk Jump to Beginning"},
+                   {"LoopIt_5", "drg Play Mode -/+; rtclk Jump to Beginning; Loop (sample loops continuously)"},
                    {"NSteps", "drg #Steps -/+"},
                    {"Eraser", "drg onto Pattern to Reset Pattern"},
                    {"PatternGraph_2", "clk, drg Draw Pattern; rtdrg Copy Pattern"},
@@ -103,6 +108,110 @@ TEST(Hints, ThePatternPageShowsItsHints) {
                    {"CloneTime_1", "rtdrg Copy Timing Element"},
                    {"TimeDigit_9", "drg Digits -/+"},
                    {"Tab_2", "rtdrg Copy All Patterns & Timing Elements"}});
+}
+
+TEST(Hints, TheTabsShowWhereTheSequenceIsDragged) {
+    Stage stage;
+    Expect(stage, {{"Tab_0", ""}, {"TabControl", "", {0.6, 0.03}}});
+    stage.s.ActiveTab = kPatternTab;
+    stage.Screen.ShowTab();
+    const char* hint = "rtdrg Copy All Patterns & Timing Elements";
+    Expect(stage, {{"Tab_0", hint},
+                   {"TabControl", hint, {0.6, 0.03}},
+                   {"PatternPage", hint, {0.5, 0.01}},
+                   {"PatternPage", hint, {0.5, 0.97}},
+                   {"PatternPage", hint, {0.005, 0.5}}});
+}
+
+TEST(Hints, LoopItNamesItsModeBehindItsHint) {
+    Stage stage;
+    const std::string hint = "drg Play Mode -/+; rtclk Jump to Beginning; ";
+    stage.s.Set[0].PlayMode = kDrum;
+    stage.s.Set[1].PlayMode = kOneShot;
+    stage.s.Set[2].PlayMode = kTrack;
+    stage.s.CurrentLoop = 2;
+    Expect(stage,
+           {{"LoopIt_0", (hint + "Drum (track Vol,Pan & Freq pattern, restart sample each beat)").c_str()},
+            {"LoopIt_1", (hint + "One shot (sample plays once, stops)").c_str()},
+            {"LoopIt_2", (hint + "Track (sample loops continuously, track the Vol, Freq & Pan patterns)").c_str()},
+            {"LoopIt_3", (hint + "Loop (sample loops continuously)").c_str()}});
+    stage.s.ActiveTab = kPatternTab;
+    stage.Screen.ShowTab();
+    Expect(stage,
+           {{"LoopIt_5", (hint + "Track (sample loops continuously, track the Vol, Freq & Pan patterns)").c_str()}});
+    EXPECT_EQ(stage.s.ReadoutText, "");
+}
+
+TEST(Hints, TheHintOfLoopItFollowsItsMode) {
+    Stage stage;
+    const auto ends = [&](const char* text) { return stage.s.StatusText.ends_with(text); };
+    stage.Press("LoopIt_0", stage.Middle("LoopIt_0"));
+    stage.Move("LoopIt_0", stage.Middle("LoopIt_0") - QPointF(0, 7));
+    EXPECT_TRUE(ends("Track (sample loops continuously, track the Vol, Freq & Pan patterns)")) << stage.s.StatusText;
+    stage.Move("LoopIt_0", stage.Middle("LoopIt_0") - QPointF(0, 14));
+    EXPECT_TRUE(ends("Drum (track Vol,Pan & Freq pattern, restart sample each beat)")) << stage.s.StatusText;
+    stage.Release("LoopIt_0", stage.Middle("LoopIt_0") - QPointF(0, 14));
+    stage.Move("LoopIt_0", stage.Middle("LoopIt_0"));
+    stage.DoubleClick("LoopIt_0");
+    EXPECT_TRUE(ends("Loop (sample loops continuously)")) << stage.s.StatusText;
+    stage.Wheel("LoopIt_0", -1);
+    EXPECT_TRUE(ends("One shot (sample plays once, stops)")) << stage.s.StatusText;
+    stage.Move("Play_0", stage.Middle("Play_0"));
+    stage.Wheel("LoopIt_1", 1);
+    EXPECT_TRUE(ends("Track (sample loops continuously, track the Vol, Freq & Pan patterns)")) << stage.s.StatusText;
+    stage.Move("Play_0", stage.Middle("Play_0") + QPointF(1, 0));
+    LoopSetPlayModeRows(stage.s, 1, kDrum);
+    EXPECT_EQ(stage.s.StatusText, "clk Toggle Play; rtclk Pause");
+}
+
+TEST(Hints, NoHintIsCutInItsPanel) {
+    AllForms forms;
+    const QFontMetrics metrics(theme::Sans(13));
+    const int room = forms.Form->Status1->PlaceOf(StatusBar1::Panel::Hint).width();
+    int hints = 0;
+    for (std::int16_t mode = kOneShot; mode <= kDrum; ++mode) {
+        for (Row row = 0; row < kRows; ++row) forms.s.Set[row].PlayMode = mode;
+        for (const QWidget* widget : forms.Form->findChildren<QWidget*>()) {
+            const Described* described = DescribedOf(*widget);
+            if (described == nullptr) continue;
+            for (const int part : {0, 1, 2}) {
+                const std::string hint = described->Hint(part, false);
+                EXPECT_LE(metrics.horizontalAdvance(QString::fromStdString(hint)), room) << hint;
+                hints += hint.empty() ? 0 : 1;
+            }
+        }
+    }
+    EXPECT_GT(hints, 400);
+}
+
+TEST(Hints, NoReadoutIsCutInItsPanel) {
+    Stage stage;
+    const QFontMetrics metrics(theme::Sans(13));
+    const int room = stage.Form->Status1->PlaceOf(StatusBar1::Panel::Readout).width();
+    for (const std::string& text :
+         {Vol2Text(500), Pan2Text(1), Pan2Text(999), Pan2Text(500), Hz2Text(4000),
+          std::string("Freq: Original Hz Restored"), "Step: 32 " + Hz2Text(3999), "Step: 32 " + Pan2Text(1),
+          "Random: " + Hz2Text(3999), "Random: " + Pan2Text(999)}) {
+        EXPECT_LE(metrics.horizontalAdvance(QString::fromStdString(text)), room) << text;
+    }
+}
+
+TEST(Hints, MapSizeAndRollOffShowTheirValues) {
+    test::Settings stage;
+    stage.OpenMap();
+    SetMapSize(stage.s, 0.5);
+    SetRollOff(stage.s, 2.5F);
+    Expect(stage, {{"MapSize", ".5 x .5"}, {"RollOff", "2.5"}});
+    SetMapSize(stage.s, 10);
+    SetRollOff(stage.s, 0);
+    Expect(stage, {{"MapSize", "10. x 10."}, {"RollOff", "."}});
+    // A held gauge shows the number under the hand also where it passes the default.
+    const double y = stage.Middle("RollOff").y();
+    stage.Press("RollOff", {20, y});
+    for (double x = 20; x < 60 && stage.s.RollOff != 10; ++x) stage.Move("RollOff", {x, y});
+    EXPECT_EQ(stage.s.RollOff, 10);
+    EXPECT_EQ(stage.s.StatusText, "1.");
+    stage.Release("RollOff", {20, y});
 }
 
 TEST(Hints, TheOptionsShowTheirValues) {

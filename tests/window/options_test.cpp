@@ -78,7 +78,8 @@ TEST(Options, TheSensitivityOfTheScriptEventsIsSet) {
     stage.Find<QSlider>("ScrollSensitivity_1").setValue(9);
     EXPECT_EQ(stage.s.ScrollSensitivity[1], 9);
     EXPECT_EQ(stage.s.ScrollSensitivity[0], 1);
-    EXPECT_EQ(stage.s.ReadoutText, "Send scroll event every 9 moves");
+    EXPECT_EQ(stage.s.StatusText, "Send scroll event every 9 moves");
+    EXPECT_EQ(stage.s.ReadoutText, "");
 }
 
 }  // namespace

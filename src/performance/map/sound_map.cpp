@@ -87,8 +87,7 @@ void MapSize_Change(Session& s, std::int16_t value) {
 
 void MapSize_Moving(Session& s, std::int16_t value) {
     MapSize_Change(s, value);
-    const std::string side = TenthsText(s.MapSize);
-    ShowStatus(s, side + " x " + side);
+    ShowStatus(s, MapSizeText(s));
 }
 
 void RollOff_Moving(Session& s, std::int16_t value) {
@@ -103,12 +102,19 @@ void RollOff_Release(Session& s, std::int16_t button, std::int16_t value) {
         s.RollOff = value;
         SetRollOff(s, static_cast<float>(value / 10.0));
     } else if (button == kRightButton) {
-        s.RollOff = 10;
+        s.RollOff = kPlainRollOff;
         s.World.Screen.ShowRollOff();
-        ShowStatus(s, "RollOff =1");
+        ShowStatus(s, RollOffText(s));
         SetRollOff(s, 1.0F);
     }
 }
+
+std::string MapSizeText(const Session& s) {
+    const std::string side = TenthsText(s.MapSize);
+    return side + " x " + side;
+}
+
+std::string RollOffText(const Session& s) { return s.RollOff == kPlainRollOff ? "RollOff =1" : TenthsText(s.RollOff); }
 
 std::string TenthsText(std::int16_t tenths) {
     std::string text;

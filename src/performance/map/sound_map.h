@@ -18,6 +18,7 @@ inline constexpr std::int16_t kMapSizeHigh = 100;
 /// Ends of the gauge `RollOff`: factor 0.0 to 10.0.
 inline constexpr std::int16_t kRollOffLow = 0;
 inline constexpr std::int16_t kRollOffHigh = 100;
+inline constexpr std::int16_t kPlainRollOff = 10;  ///< the default
 
 /// Entries of the list `PosMacros`, by the numbers of `PosMacro`.
 enum PositionMacro : std::int16_t { kMacroOff, kMacroScatterAbs, kMacroScatterRel, kMacroWander, kMacroWanderJump };
@@ -51,6 +52,11 @@ void MapSize_Moving(Session& s, std::int16_t value);
 void RollOff_Moving(Session& s, std::int16_t value);
 /// The gauge `RollOff` is released: the left button sets the factor to `value` / 10, the right button to 1.
 void RollOff_Release(Session& s, std::int16_t button, std::int16_t value);
+
+/// The side of the map as the status line shows it: "3. x 3.".
+std::string MapSizeText(const Session& s);
+/// The gauge `RollOff` at rest as the status line shows it: "RollOff =1" for the default, else its factor as "2.5".
+std::string RollOffText(const Session& s);
 
 /// `tenths` / 10 in the format "##.#": the point is always there, a zero on either side of it never: ".5", "3.",
 /// "12.5".

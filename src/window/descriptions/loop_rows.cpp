@@ -16,6 +16,8 @@ std::string ModeValue(const Situation& at) {
     return std::string(PlayModeText(LoopItMode(at.State, static_cast<Row>(at.Index))));
 }
 
+std::string LoopItHint(const Situation& at) { return "drg Play Mode -/+; rtclk Jump to Beginning; " + ModeValue(at); }
+
 std::string DropDownHint(const Situation& at) {
     return at.Part == kGripPart ? "drg Copy Sample to LoopTrack, or Copy LoopTrack to Clipboard"
                                 : "clk Open Palette & History";
@@ -36,7 +38,6 @@ std::string HzValue(const Situation& at) { return Hz2Text(SetOf(at).Hz); }
 
 constexpr const char* kLetrHint = "drg Start Dropper Op; rtdrg Start Fade Drg & Drop; dblclk Toggle Thinnable";
 constexpr const char* kSndDispHint = "clk/drg along top: Vol Jump; clk/drg along bottom: Vol Fade; rtclk Fade";
-constexpr const char* kLoopItHint = "drg Play Mode -/+; rtclk Jump to Beginning";
 
 constexpr Indices kLoopTrackRows{0, kLoopTracks - 1};
 constexpr Indices kSelection{kSelectionRow, kSelectionRow};
@@ -89,7 +90,7 @@ constexpr Description kTable[] = {
      .Range = kGangRows,
      .Label = "Play mode of {row}",
      .Tip = kLabelAsTip,
-     .Hint = kLoopItHint,
+     .Hint = LoopItHint,
      .Topic = 10024,
      .Role = QAccessible::SpinBox,
      .Taken = Keys::Press | Keys::Turn,
@@ -98,7 +99,7 @@ constexpr Description kTable[] = {
      .Range = {kMasterRow, kMasterRow},
      .Label = "Play mode of the LoopTrack shown here",
      .Tip = kLabelAsTip,
-     .Hint = kLoopItHint,
+     .Hint = LoopItHint,
      .Topic = 10024,
      .Role = QAccessible::SpinBox,
      .Taken = Keys::Press | Keys::Turn,

@@ -36,9 +36,7 @@ std::string TabCaption(const Situation& at) {
     return kCaptions[static_cast<std::size_t>(at.Index)];
 }
 
-std::string TabHint(const Situation& at) {
-    return at.State.ActiveTab == kPatternTab ? "rtdrg Copy All Patterns & Timing Elements" : "";
-}
+std::string TabHint(const Situation& at) { return at.State.ActiveTab == kPatternTab ? kSequenceHint : ""; }
 
 std::string StatusValue(const Situation& at) { return at.State.StatusText; }
 

@@ -1,5 +1,6 @@
 #include "window/descriptions/options.h"
 
+#include "parameters/scroll_events.h"
 #include "performance/joystick/joystick_setup.h"
 #include "sequencing/loop_clock.h"
 
@@ -26,9 +27,7 @@ std::string SensitivityLabel(const Situation& at) {
     return at.Index == 0 ? "Moves an event of the Knobs" : "Moves an event of the Sound map";
 }
 
-std::string SensitivityHint(const Situation& at) {
-    return "Send scroll event every " + std::to_string(at.State.ScrollSensitivity[at.Index]) + " moves";
-}
+std::string SensitivityHint(const Situation& at) { return ScrollSensitivityText(at.State, at.Index); }
 
 std::string ResolutionHint(const Situation& at) { return TimingResText(at.State); }
 

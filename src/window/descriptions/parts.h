@@ -10,6 +10,9 @@ enum DropDownPart : int { kOpeningPart = 0, kGripPart = 1 };
 /// Of `StatusBar1`: the panel with the question mark, and the others.
 enum StatusBarPart : int { kTextPanels = 0, kHelpPanel = 1 };
 
+/// Of `TabControl` while "Ptrn" is open: its captions, and the margins of that page.
+inline constexpr char kSequenceHint[] = "rtdrg Copy All Patterns & Timing Elements";
+
 // `PlayStop` counts its parts as `PlayStopZone`, and `PickFile` its rows of samples, -1 beside them.
 
 }  // namespace marvolin

@@ -2,6 +2,7 @@
 
 #include "core/drag_source.h"
 #include "core/loops/loop_views.h"
+#include "window/descriptions/parts.h"
 
 namespace marvolin {
 
@@ -60,7 +61,7 @@ std::string CurrentValue(const Situation& at) { return std::string(1, RowLetter(
 std::string StepValue(const Situation& at) { return std::to_string(at.State.Run[at.State.CurrentLoop].Step + 1); }
 
 constexpr Description kTable[] = {
-    {.Name = "PatternPage", .Topic = 10080, .Role = QAccessible::Pane},
+    {.Name = "PatternPage", .Hint = kSequenceHint, .Topic = 10080, .Role = QAccessible::Pane},
     {.Name = drags::kPatterns,
      .Caption = "Patterns",
      .Hint = "rtdrg Copy All Patterns",

@@ -3,13 +3,15 @@
 #include "core/drag_source.h"
 #include "core/routines.h"
 #include "parameters/position.h"
+#include "performance/map/sound_map.h"
 
 namespace marvolin {
 
 namespace {
 
-std::string MapSizeHint(const Situation& at) { return at.Held ? "" : "drg Map Size"; }
-std::string RollOffHint(const Situation& at) { return at.Held ? "" : "drg Roll Off; rtclk Roll Off =1"; }
+std::string MapSizeHint(const Situation& at) { return MapSizeText(at.State); }
+// During a drag the gauge itself shows where the hand is, also at the default.
+std::string RollOffHint(const Situation& at) { return at.Held ? "" : RollOffText(at.State); }
 std::string MapSizeValue(const Situation& at) { return NumberText(at.State.MapSize / 10.0); }
 std::string RollOffValue(const Situation& at) { return NumberText(at.State.RollOff / 10.0); }
 
@@ -49,7 +51,7 @@ constexpr Description kTable[] = {
      .Value = MapSizeValue},
     {.Name = "RollOff",
      .Label = "Roll off: how fast sounds fade with their distance",
-     .Tip = kLabelAsTip,
+     .Tip = "Roll off: how fast sounds fade with their distance; a right click sets it to 1",
      .Hint = RollOffHint,
      .Topic = 10075,
      .Role = QAccessible::Slider,

@@ -29,9 +29,9 @@ StatusBar1::StatusBar1(Session& session, QWidget* parent) : QWidget(parent), s(s
 QRect StatusBar1::PlaceOf(Panel panel) const {
     switch (panel) {
         case Panel::Hint:
-            return {12, 0, 660, kHeight};
+            return {12, 0, 704, kHeight};
         case Panel::Readout:
-            return {684, 0, 216, kHeight};
+            return {728, 0, 172, kHeight};
         case Panel::Clock:
             return {908, 0, 84, kHeight};
         case Panel::Help:

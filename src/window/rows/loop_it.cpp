@@ -64,6 +64,12 @@ LoopItControl::LoopItControl(Session& session, QWidget* parent, Row row) : Contr
     if (row != kMasterRow) TakeDropsFor(row);
 }
 
+// The hint names the mode, so it follows a change while the pointer is here.
+void LoopItControl::Refresh() {
+    Control::Refresh();
+    if (underMouse() || Held()) described.ShowHint(0, Held());
+}
+
 void LoopItControl::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     LoopIt_Gesture(s, index, phase, button, twips.y());
 }
@@ -74,6 +80,7 @@ void LoopItControl::Step(int units) {
     const Row row = index == kMasterRow ? s.CurrentLoop : index;
     LoopSetPlayModeRows(
         s, row, std::clamp<std::int16_t>(static_cast<std::int16_t>(s.Set[row].PlayMode + units), kOneShot, kDrum));
+    described.ShowHint(0, false);
 }
 
 void LoopItControl::paintEvent(QPaintEvent*) {

@@ -8,6 +8,7 @@ namespace marvolin {
 class LoopItControl : public Control {
 public:
     LoopItControl(Session& session, QWidget* parent, Row row);
+    void Refresh() override;
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
