@@ -259,6 +259,41 @@ TEST(DropDown, AClickOpensThePaletteAndAClickChoosesAnEntry) {
     EXPECT_FALSE(list->isVisible());
 }
 
+TEST(DropDown, ThePaletteOpensBelowItsButtonOrAboveWhereItHasNoRoom) {
+    for (const bool mini : {false, true}) {
+        for (const int samples : {0, 2, 20}) {
+            SCOPED_TRACE(std::to_string(samples) + (mini ? " Mini" : ""));
+            Stage stage;
+            if (mini) stage.Click("ToTop");
+            stage.Settle();
+            for (const Row row : {Row{0}, Row{1}, Row{2}, Row{3}, kSelectionRow}) {
+                SCOPED_TRACE(row);
+                for (int i = 0; i < samples; ++i) stage.s.History[row].push_back("/s/" + std::to_string(i) + ".wav");
+                const std::string name = "DropDown_" + std::to_string(row);
+                const QRect button(stage.InWindow(name.c_str(), {}), stage.At(name.c_str())->size());
+                stage.Click(name.c_str(), stage.Middle(name.c_str()) + QPointF(0, 6));
+                auto* list = stage.Form->findChild<QListWidget*>("HistoryList");
+                ASSERT_TRUE(list->isVisible());
+                const QRect place = list->geometry();
+                EXPECT_FALSE(place.intersects(button));
+                EXPECT_TRUE(stage.Form->rect().contains(place));
+                EXPECT_GE(place.height(), 3 * list->sizeHintForRow(0) + 10);
+                EXPECT_EQ(place.left(), button.left());
+                const int whole = qMin(list->count(), 14) * list->sizeHintForRow(0) + 10;
+                const int below = stage.Form->height() - place.height() - button.bottom();
+                if (place.top() < button.top()) {
+                    EXPECT_LT(stage.Form->height() - button.bottom() - 2, whole);
+                    EXPECT_EQ(place.bottom(), button.top() - 3);
+                } else {
+                    EXPECT_EQ(place.top(), button.bottom() + 2);
+                    EXPECT_TRUE(place.height() == whole || below == 2);
+                }
+                QTest::keyClick(list, Qt::Key_Escape);
+            }
+        }
+    }
+}
+
 TEST(DropDown, CloseOnlyClosesThePalette) {
     Stage stage;
     stage.Fill(3);

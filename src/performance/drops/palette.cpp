@@ -10,8 +10,6 @@ namespace marvolin {
 
 namespace {
 
-constexpr double kDragPixels = 8;
-
 void CloseList(Session& s) { s.World.Screen.ShowHistoryList(false); }
 
 /// Path of the sample at an entry of the open list; "" when the entry is none.
@@ -23,7 +21,7 @@ std::string SampleAtEntry(const Session& s, std::int16_t entry) {
 
 }  // namespace
 
-bool DropDownDragsAt(Session& s, double y) { return y <= kDragPixels * s.World.Desk.TwipsPerPixelY(); }
+bool DropDownDragsAt(Session& s, double y) { return y <= kDropDownGrip * s.World.Desk.TwipsPerPixelY(); }
 
 std::optional<DragSource> DropDown_MouseDown(Session& s, Row row, double y) {
     if (!DropDownDragsAt(s, y)) return std::nullopt;

@@ -12,8 +12,11 @@ namespace marvolin {
 /// The fixed entries of `HistoryList`; the samples follow them.
 enum HistoryEntry : std::int16_t { kHistoryClose = 0, kHistoryEmpty = 1, kHistoryReverse = 2, kHistorySamples = 3 };
 
-/// True when a press at `y` (twips from the button's top) starts a drag: in the top eight pixels. Below them a click
-/// opens the list.
+/// Height of the grip along the top of `DropDown`, by which it is dragged, in pixels.
+inline constexpr double kDropDownGrip = 8;
+
+/// True when a press at `y` (twips from the button's top) starts a drag: on the grip. Below it a click opens
+/// the list.
 bool DropDownDragsAt(Session& s, double y);
 /// A press on `DropDown` of `row`: the source of the drag that it starts, if it starts one.
 std::optional<DragSource> DropDown_MouseDown(Session& s, Row row, double y);

@@ -1,6 +1,5 @@
 #include "window/controls/clip_list.h"
 
-#include <QDrag>
 #include <QDragEnterEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -8,6 +7,7 @@
 #include <QPainter>
 
 #include "browser/clipboard.h"
+#include "window/toolkit/drag.h"
 
 namespace marvolin {
 
@@ -42,11 +42,7 @@ void ClipList::mousePressEvent(QMouseEvent* event) {
     setCurrentRow(clip);
     const DragSource source =
         ClipBoardList_MouseDown(s, static_cast<std::int16_t>(clip), ButtonNumber(event->button()));
-    auto* drag = new QDrag(this);  // the toolkit deletes it after the drop
-    drag->setMimeData(ToMimeData(source).release());
-    const QRect shown = visualItemRect(pressed);
-    drag->setPixmap(viewport()->grab(shown.intersected(QRect(0, shown.top(), 180, shown.height()))));
-    drag->exec(Qt::CopyAction);
+    RunDrag(*this, s, source);
 }
 
 void ClipList::dragEnterEvent(QDragEnterEvent* event) {

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QCursor>
-#include <QDrag>
 #include <QDragEnterEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -11,6 +10,7 @@
 
 #include "instrument/loop_drops.h"
 #include "performance/drops/file_drops.h"
+#include "window/toolkit/drag.h"
 
 namespace marvolin {
 
@@ -76,12 +76,8 @@ void Control::Drop(const DragSource& source) {
 
 void Control::BeginDrag(const DragSource& source) {
     armed_.reset();
-    held_ = kNoButton;             // the release goes to the drag
-    auto* drag = new QDrag(this);  // the toolkit deletes it after the drop
-    drag->setMimeData(ToMimeData(source).release());
-    QPixmap picture = grab();
-    drag->setPixmap(picture.width() > 2 * 160 ? picture.copy(0, 0, 320, qMin(120, picture.height())) : picture);
-    drag->exec(Qt::CopyAction);
+    held_ = kNoButton;  // the release goes to the drag
+    RunDrag(*this, s, source);
     // The event that the pointer left the control may have gone to the drag as well.
     if (underMouse() && !rect().contains(mapFromGlobal(QCursor::pos()))) {
         QEvent left(QEvent::Leave);

@@ -1,14 +1,13 @@
 #include "window/popups/history_list.h"
 
 #include <QApplication>
-#include <QDrag>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <algorithm>
 
 #include "performance/drops/palette.h"
 #include "window/descriptions/described.h"
-#include "window/toolkit/drag_source.h"
+#include "window/toolkit/drag.h"
 #include "window/toolkit/theme.h"
 
 namespace marvolin {
@@ -17,6 +16,7 @@ namespace {
 
 constexpr int kWidth = 230;
 constexpr int kMostRows = 14;
+constexpr int kGap = 2;  // pixels between the button and the list
 
 }  // namespace
 
@@ -31,9 +31,13 @@ HistoryList::HistoryList(Session& session, QWidget* parent) : QListWidget(parent
 void HistoryList::Open(const QRect& button) {
     clear();
     for (const std::string& entry : s.HistoryEntries) addItem(QString::fromStdString(entry));
-    const int height = std::min(count(), kMostRows) * sizeHintForRow(0) + 10;
-    const bool below = button.bottom() + 2 + height <= parentWidget()->height();
-    setGeometry(button.left(), below ? button.bottom() + 2 : std::max(0, button.top() - 2 - height), kWidth, height);
+    const int wanted = std::min(count(), kMostRows) * sizeHintForRow(0) + 10;
+    const int under = parentWidget()->height() - button.bottom() - kGap;
+    const int over = button.top() - kGap;
+    // Where neither side has room, as in Mini, the larger one takes what fits, and the list scrolls.
+    const bool below = wanted <= under || (wanted > over && under >= over);
+    const int height = std::min(wanted, below ? under : over);
+    setGeometry(button.left(), below ? button.bottom() + kGap : over - height, kWidth, height);
     raise();
     show();
     setFocus();
@@ -43,27 +47,22 @@ void HistoryList::mousePressEvent(QMouseEvent* event) {
     QListWidget::mousePressEvent(event);
     origin_ = event->pos();
     const int entry = row(itemAt(origin_));
-    pressed_ = HistoryList_MouseDown(s, static_cast<std::int16_t>(entry)).has_value();
+    pressed_ = HistoryList_MouseDown(s, static_cast<std::int16_t>(entry));
 }
 
 void HistoryList::mouseMoveEvent(QMouseEvent* event) {
     if (!pressed_ || (event->pos() - origin_).manhattanLength() < QApplication::startDragDistance()) return;
-    pressed_ = false;
-    StartEntryDrag();
-}
-
-void HistoryList::StartEntryDrag() {
+    const DragSource source = *pressed_;
+    pressed_.reset();
     dragging_ = true;
-    auto* drag = new QDrag(this);  // owned by the toolkit
-    drag->setMimeData(ToMimeData({drags::kHistoryList, s.HistoryRow, ""}).release());
-    drag->exec(Qt::CopyAction);
+    RunDrag(*this, s, source);
     dragging_ = false;
 }
 
 // A click counts as a drop on the list itself.
 void HistoryList::mouseReleaseEvent(QMouseEvent*) {
     if (pressed_) HistoryList_DragDrop(s);
-    pressed_ = false;
+    pressed_.reset();
 }
 
 void HistoryList::keyPressEvent(QKeyEvent* event) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QListWidget>
+#include <optional>
 
+#include "core/drag_source.h"
 #include "core/session.h"
 
 namespace marvolin {
@@ -12,7 +14,7 @@ class HistoryList : public QListWidget {
 public:
     HistoryList(Session& session, QWidget* parent);
     /// Fills the list from the session and opens it below `button` (a rectangle in the window), or above it when there
-    /// is no room below.
+    /// is no room below; where neither side has room for all of it, on the larger one.
     void Open(const QRect& button);
 
 protected:
@@ -23,10 +25,8 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    void StartEntryDrag();
-
     Session& s;
-    bool pressed_ = false;  // an entry was pressed and may become a drag
+    std::optional<DragSource> pressed_;  // the drag that the pressed entry may become
     bool dragging_ = false;
     QPoint origin_;
 };

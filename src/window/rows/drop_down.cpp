@@ -9,12 +9,6 @@
 
 namespace marvolin {
 
-namespace {
-
-constexpr double kGrip = 8;  // pixels
-
-}  // namespace
-
 DropDownControl::DropDownControl(Session& session, QWidget* parent, Row row)
     : Control(session, parent, drags::kDropDown, row) {
     TakeDropsFor(row);
@@ -51,7 +45,7 @@ void DropDownControl::paintEvent(QPaintEvent*) {
     p.setBrush(theme::kQuiet);
     for (double x = 8; x <= width() - 8; x += 4) p.drawEllipse(QPointF(x, 5), 0.8, 0.8);
 
-    const QRectF text(9, kGrip, width() - 32, height() - kGrip - 2);
+    const QRectF text(9, kDropDownGrip, width() - 32, height() - kDropDownGrip - 2);
     const QString name = Text();
     p.setFont(theme::Sans(13));
     p.setPen(name.isEmpty() || index == kSelectionRow ? theme::kQuiet : theme::kText);

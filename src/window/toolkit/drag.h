@@ -1,0 +1,26 @@
+#pragma once
+/// \file
+/// Drags that begin on a control, and the small pictures that go with the pointer.
+
+#include <QPixmap>
+#include <string>
+
+#include "core/drag_source.h"
+#include "core/session.h"
+
+class QWidget;
+
+namespace marvolin {
+
+/// What `source` carries, in a few words: a sample, a folder, a clip, an entry of the palette, or what it copies from
+/// which LoopTrack.
+std::string DragName(const Session& s, const DragSource& source);
+
+/// The picture of a drag: `Dropper` or, for a fade drag, `DissolveCursor`, with the letter of the row that it starts
+/// from; for any other drag a label with its name. `ratio` is the number of screen pixels a logical pixel.
+QPixmap DragPicture(const Session& s, const DragSource& source, double ratio = 1);
+
+/// Drags `source`, which begins on `from`, with its picture. Returns when the drag has ended.
+void RunDrag(QWidget& from, const Session& s, const DragSource& source);
+
+}  // namespace marvolin
