@@ -27,6 +27,36 @@ TEST(Keyboard, ShiftControlAndAltAreReportedWithIt) {
     EXPECT_EQ(stage.Keys, (std::vector<std::string>{"A+shift", "B+control", "Z+alt"}));
 }
 
+TEST(Keyboard, AModifierCountsThatWasHeldAtThePressOrAtTheRelease) {
+    Stage stage;
+    const auto key = [&](QEvent::Type type, int letter, Qt::KeyboardModifiers held, bool repeat = false) {
+        QKeyEvent event(type, letter, held, {}, repeat);
+        QCoreApplication::sendEvent(stage.Form.get(), &event);
+    };
+    key(QEvent::KeyPress, Qt::Key_A, Qt::ShiftModifier);
+    key(QEvent::KeyPress, Qt::Key_A, {}, true);  // Shift is released first, and the key repeats
+    key(QEvent::KeyRelease, Qt::Key_A, {});
+    key(QEvent::KeyPress, Qt::Key_B, {});
+    key(QEvent::KeyRelease, Qt::Key_B, Qt::ControlModifier);
+    key(QEvent::KeyPress, Qt::Key_C, Qt::AltModifier);
+    key(QEvent::KeyPress, Qt::Key_D, {});
+    key(QEvent::KeyRelease, Qt::Key_C, Qt::ShiftModifier);
+    key(QEvent::KeyRelease, Qt::Key_D, {});
+    EXPECT_EQ(stage.Keys, (std::vector<std::string>{"A+shift", "B+control", "C+shift+alt", "D"}));
+}
+
+TEST(Keyboard, AModifierOfAnEarlierPressDoesNotCount) {
+    Stage stage;
+    QTest::keyClick(stage.Form.get(), Qt::Key_A, Qt::ShiftModifier);
+    QTest::keyRelease(stage.Form.get(), Qt::Key_A);
+    // The release of this press goes to another window.
+    QTest::keyPress(stage.Form.get(), Qt::Key_B, Qt::ControlModifier);
+    QEvent left(QEvent::WindowDeactivate);
+    QCoreApplication::sendEvent(stage.Form.get(), &left);
+    QTest::keyRelease(stage.Form.get(), Qt::Key_B);
+    EXPECT_EQ(stage.Keys, (std::vector<std::string>{"A+shift", "A", "B"}));
+}
+
 TEST(Keyboard, LettersAreReportedWhicheverControlHasTheFocus) {
     Stage stage;
     stage.s.ActiveTab = kOptionTab;

@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTextEdit>
+#include <utility>
 
 #include "core/routines.h"
 #include "persistence/quick_load.h"
@@ -164,6 +165,7 @@ bool FrmMain::event(QEvent* event) {
         events_.Activate();
         return done;
     }
+    if (event->type() == QEvent::WindowDeactivate) pressed_ = {};  // the releases go to another window
     return QWidget::event(event);
 }
 
@@ -189,8 +191,10 @@ bool FrmMain::eventFilter(QObject* object, QEvent* event) {
     if (widget == nullptr || widget->window() != this) return false;
     auto* key = static_cast<QKeyEvent*>(event);
     if (key->key() < Qt::Key_A || key->key() > Qt::Key_Z || IsTyping()) return false;
+    Qt::KeyboardModifiers& pressed = pressed_[static_cast<std::size_t>(key->key() - Qt::Key_A)];
+    if (event->type() == QEvent::KeyPress && !key->isAutoRepeat()) pressed = key->modifiers();
     if (event->type() == QEvent::KeyRelease && !key->isAutoRepeat() && events_.KeyUp) {
-        const Qt::KeyboardModifiers held = key->modifiers();
+        const Qt::KeyboardModifiers held = key->modifiers() | std::exchange(pressed, {});
         events_.KeyUp(static_cast<char>(key->key()), held.testFlag(Qt::ShiftModifier),
                       held.testFlag(Qt::ControlModifier), held.testFlag(Qt::AltModifier));
     }

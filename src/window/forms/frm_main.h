@@ -26,7 +26,8 @@ public:
     struct Events {
         std::function<void()> Activate;  ///< the window became the active one
         std::function<void()> Unload;    ///< the window is being closed
-        /// A key "A".."Z" was released in the window, whatever control has the focus.
+        /// A key "A".."Z" was released in the window, whatever control has the focus. `shift`, `control` and `alt` are
+        /// those that were held at its press or at its release.
         std::function<void(char letter, bool shift, bool control, bool alt)> KeyUp;
         std::function<double()> SoundLoad;  ///< share of real time that the sound takes
         std::function<bool()> SoundGone;    ///< whether the open sound device was pulled out
@@ -77,6 +78,7 @@ private:
     QTimer places_;  // runs while anything plays
     QTimer load_;
     bool soundGone_ = false;
+    std::array<Qt::KeyboardModifiers, 26> pressed_{};  // what was held when each letter was pressed
     PopupList* quickLoad_ = nullptr;
     HistoryList* historyList_ = nullptr;
     SelectList* selectList_ = nullptr;
