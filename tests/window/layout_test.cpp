@@ -116,6 +116,23 @@ TEST(Mini, CutsTheWindowBelowTheRowsAndBack) {
     EXPECT_FALSE(stage.Form->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
 }
 
+TEST(Mini, KeepsItsPlaceAndTheWayBackTakesTheWindowWhereItIs) {
+    Stage stage;
+    stage.Form->move(137, 91);
+    stage.Settle();
+    ASSERT_EQ(stage.Form->pos(), QPoint(137, 91));
+    stage.Click("ToTop");
+    stage.Settle();
+    EXPECT_EQ(stage.Form->pos(), QPoint(137, 91));
+    EXPECT_TRUE(stage.Form->isVisible());
+    stage.Form->move(212, 44);
+    stage.Settle();
+    stage.Click("ToTop");
+    stage.Settle();
+    EXPECT_EQ(stage.Form->pos(), QPoint(212, 44));
+    EXPECT_TRUE(stage.Form->isVisible());
+}
+
 TEST(Theme, TextHasEnoughContrast) {
     for (const QColor& ground : {theme::kWindow, theme::kPanel, theme::kRaised, theme::kSunk}) {
         EXPECT_GE(theme::Contrast(theme::kText, ground), 4.5);

@@ -3,6 +3,7 @@
 #include <QTest>
 
 #include "core/loops/loop_views.h"
+#include "performance/selection/selection.h"
 #include "sequencing/loop_clock.h"
 #include "stage.h"
 
@@ -42,6 +43,26 @@ TEST(Repaint, AStatusTextRepaintsOnlyItsPanel) {
     stage.Settle();
     EXPECT_EQ(watch.Names(), Names{"StatusBar1"});
     EXPECT_LT(watch.Painted["StatusBar1"].boundingRect().right(), 680);
+}
+
+TEST(Repaint, TheLargePictureOfTheModeIsRepaintedWhenTheModeOfItsLoopTrackChanges) {
+    Stage stage;
+    stage.s.ActiveTab = kPatternTab;
+    stage.Screen.ShowTab();
+    stage.s.CurrentLoop = 1;
+    stage.Settle();
+    const auto picture = [&] { return stage.At("LoopIt_5")->grab().toImage(); };
+    const QImage before = picture();
+    PaintWatch watch;
+    stage.Wheel("LoopIt_1", 1);
+    stage.Settle();
+    EXPECT_TRUE(watch.Painted.contains("LoopIt_5"));
+    EXPECT_NE(picture(), before);
+    watch.Painted.clear();
+    SetCurrentLoop(stage.s, 2, OpenPattern::No);
+    stage.Settle();
+    EXPECT_TRUE(watch.Painted.contains("LoopIt_5"));
+    EXPECT_EQ(picture(), before);
 }
 
 TEST(Repaint, ThePlayPositionRepaintsOnlyTwoNarrowStrips) {

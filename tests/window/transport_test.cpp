@@ -96,6 +96,21 @@ TEST(PlayStop, ItsTopPlaysAllAndItsBottomStopsAll) {
     for (Row row = 0; row < kLoopTracks; ++row) EXPECT_EQ(stage.s.Run[row].Playing, False);
 }
 
+TEST(PlayStop, CountsThePlaceOfTheRelease) {
+    Stage stage;
+    for (Row row = 0; row < kLoopTracks; ++row) stage.Fill(row);
+    const double height = stage.At("PlayStop")->height();
+    stage.Press("PlayStop", {20, height * 0.8});
+    stage.Release("PlayStop", {20, height * 0.2});
+    for (Row row = 0; row < kLoopTracks; ++row) EXPECT_EQ(stage.s.Run[row].Playing, True);
+    stage.Press("PlayStop", {20, height * 0.2});
+    stage.Release("PlayStop", {20, height * 0.8});
+    for (Row row = 0; row < kLoopTracks; ++row) EXPECT_EQ(stage.s.Run[row].Playing, False);
+    stage.Press("PlayStop", {20, height * 0.2});
+    stage.Release("PlayStop", {20, height + 30});
+    for (Row row = 0; row < kLoopTracks; ++row) EXPECT_EQ(stage.s.Run[row].Playing, False);
+}
+
 TEST(PlayStop, EachZoneShowsItsHint) {
     Stage stage;
     stage.Move("PlayStop", {20, 4});

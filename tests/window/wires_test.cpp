@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <QTest>
+
 #include "stage.h"
 
 namespace marvolin {
@@ -16,6 +18,25 @@ TEST(ChannelFlag, AClickFlipsTheColourOfItsThird) {
     EXPECT_EQ(stage.s.Set[1].Channel, 3);
     stage.Click("ChannelFlag_1", {width / 2, 10});
     EXPECT_EQ(stage.s.Set[1].Channel, 3);
+}
+
+TEST(ChannelFlag, AClickInTheMiddleThirdDoesNothingAlsoWhenTheHandShiftsOrAKeyIsHeld) {
+    Stage stage;
+    stage.Fill(1);
+    const double width = stage.At("ChannelFlag_1")->width();
+    const auto at = [&](double share) { return QPointF(width * share, 10); };
+    stage.Press("ChannelFlag_1", at(0.4));
+    stage.Move("ChannelFlag_1", at(0.6));
+    stage.Release("ChannelFlag_1", at(0.6));
+    EXPECT_EQ(stage.s.Set[1].Channel, 2);
+    QTest::mouseClick(stage.Form->windowHandle(), Qt::LeftButton, Qt::ShiftModifier,
+                      stage.InWindow("ChannelFlag_1", at(0.5)));
+    EXPECT_EQ(stage.s.Set[1].Channel, 2);
+    EXPECT_EQ(stage.Sound.Count("SetVolume"), 0);
+    // The place of the release decides.
+    stage.Press("ChannelFlag_1", at(0.5));
+    stage.Release("ChannelFlag_1", at(0.9));
+    EXPECT_EQ(stage.s.Set[1].Channel, 1);
 }
 
 TEST(ChannelFlag, ARightClickTogglesTheConnection) {
