@@ -214,6 +214,9 @@ QImage PictureOf(QWidget& from, const std::function<void()>& gesture) {
     });
     catcher.start(0);
     gesture();
+    // A drag that ended by itself is deleted when the event loop runs again.
+    const auto* over = from.findChild<QDrag*>();
+    if (seen.isNull() && over != nullptr) seen = over->pixmap().toImage();
     QCoreApplication::processEvents();
     return seen;
 }
