@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <filesystem>
 #include <vector>
 
@@ -134,6 +135,54 @@ void RescanTenThousandFiles(benchmark::State& state) {
     if (b.s.Bins[0].Rows.size() != kManyFiles) state.SkipWithError("files missing");
 }
 BENCHMARK(RescanTenThousandFiles)->Unit(benchmark::kMillisecond);
+
+/// Three bins of ten thousand samples each, whose folders have not been touched for a minute.
+struct FullBins : test::Instrument {
+    test::TempFolder Folders[kBins];
+
+    FullBins() {
+        for (int bin = 0; bin < kBins; ++bin) {
+            for (int k = 0; k < kManyFiles; ++k) {
+                test::WriteBytes(Folders[bin] / ("Sample " + std::to_string(k) + ".wav"), "RIFF");
+            }
+            Touch(bin, std::chrono::minutes(1));
+            s.Bins[bin].Folder = Folders[bin].Path();
+            UpdatePickFile(s, bin);
+        }
+    }
+    void Touch(int bin, std::chrono::minutes ago) {
+        std::filesystem::last_write_time(Folders[bin].Path(), std::filesystem::file_time_type::clock::now() - ago);
+    }
+};
+
+void LookAtThreeBinsThatHaveNotChanged(benchmark::State& state) {
+    FullBins b;
+    for (auto _ : state) LookAtPickFiles(b.s);
+}
+BENCHMARK(LookAtThreeBinsThatHaveNotChanged)->Unit(benchmark::kMicrosecond);
+
+void LookAtThreeBinsOfWhichOneHasChanged(benchmark::State& state) {
+    FullBins b;
+    int k = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        test::WriteBytes(b.Folders[1] / ("new " + std::to_string(++k) + ".wav"), "RIFF");
+        b.Touch(1, std::chrono::minutes(1 + k));
+        state.ResumeTiming();
+        LookAtPickFiles(b.s);
+    }
+    if (b.s.Bins[1].Rows.size() != static_cast<std::size_t>(kManyFiles + k)) state.SkipWithError("files missing");
+}
+BENCHMARK(LookAtThreeBinsOfWhichOneHasChanged)->Unit(benchmark::kMillisecond);
+
+/// One turn of the check that follows a look.
+void CompareSixteenFiles(benchmark::State& state) {
+    FullBins b;
+    for (auto _ : state) {
+        if (!CheckPickFiles(b.s, 16)) LookAtPickFiles(b.s);
+    }
+}
+BENCHMARK(CompareSixteenFiles)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace marvolin

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <numeric>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
 #include "browser/clipboard.h"
 #include "browser/destinations.h"
-#include "browser/folder_stamp.h"
+#include "browser/folders.h"
 #include "core/files/name_order.h"
 #include "core/files/paths.h"
 
@@ -22,7 +24,7 @@ constexpr std::size_t kCaptionLength = 10;
 constexpr std::int32_t kColumnMargin = 100;  // twips
 constexpr std::string_view kSampleEnding = ".WAV";
 constexpr std::string_view kShortcutEnding = ".WAV.LNK";
-constexpr std::uintmax_t kKilobyte = 1024;
+constexpr std::int64_t kKilobyte = 1024;
 
 /// The first `count` characters of a UTF-8 text.
 std::string FirstCharacters(const std::string& text, std::size_t count) {
@@ -45,12 +47,7 @@ std::string SearchFolder(const std::string& folder) {
 std::string SizeText(const fs::path& file) {
     std::error_code error;
     const std::uintmax_t bytes = fs::file_size(file, error);
-    return error ? "" : std::to_string(bytes / kKilobyte);
-}
-
-void AddSample(std::vector<BinRow>& rows, const fs::directory_entry& entry, const std::string& name) {
-    const std::string size = SizeText(entry.path());
-    if (!size.empty()) rows.push_back({name.substr(0, name.size() - kSampleEnding.size()), size, "", name});
+    return error ? "" : std::to_string(bytes / static_cast<std::uintmax_t>(kKilobyte));
 }
 
 /// The sample that a shortcut leads to; "" when it leads to none.
@@ -66,8 +63,8 @@ struct Found {
     std::vector<std::string> DeadShortcuts;
 };
 
-void AddShortcut(const Session& s, Found& found, const fs::directory_entry& entry, const std::string& name) {
-    const std::string target = SampleOf(s, entry.path().string());
+void AddShortcut(const Session& s, Found& found, const std::string& folder, const std::string& name) {
+    const std::string target = SampleOf(s, JoinPath(folder, name));
     if (target.empty()) {
         found.DeadShortcuts.push_back(name);
     } else {
@@ -75,22 +72,37 @@ void AddShortcut(const Session& s, Found& found, const fs::directory_entry& entr
     }
 }
 
+/// The rows in the order of their names. Places are sorted instead of rows, which are large.
+std::vector<BinRow> InOrder(std::vector<BinRow> rows) {
+    std::vector<std::uint32_t> places(rows.size());
+    std::iota(places.begin(), places.end(), 0U);
+    // Files whose names differ in the case of the extension alone keep one order, too.
+    std::sort(places.begin(), places.end(), [&](std::uint32_t i, std::uint32_t j) {
+        const BinRow& a = rows[i];
+        const BinRow& b = rows[j];
+        return NameBefore(a.Name, b.Name) || (a.Name == b.Name && a.File < b.File);
+    });
+    std::vector<BinRow> sorted;
+    sorted.reserve(rows.size());
+    for (const std::uint32_t place : places) sorted.push_back(std::move(rows[place]));
+    return sorted;
+}
+
 Found ScanFolder(const Session& s, const std::string& folder) {
     Found found;
-    std::vector<BinRow>& rows = found.Rows;
-    std::error_code error;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-        const std::string name = entry->path().filename().string();
+    FolderReader reader(folder);
+    while (const char* entry = reader.Next()) {
+        const std::string_view name = entry;
         if (EndsInIgnoringCase(name, kSampleEnding)) {
-            AddSample(rows, *entry, name);
+            const std::int64_t bytes = reader.BytesOf(entry);
+            if (bytes < 0) continue;
+            const std::string_view stem = name.substr(0, name.size() - kSampleEnding.size());
+            found.Rows.push_back({std::string(stem), std::to_string(bytes / kKilobyte), "", std::string(name)});
         } else if (EndsInIgnoringCase(name, kShortcutEnding)) {
-            AddShortcut(s, found, *entry, name);
+            AddShortcut(s, found, folder, std::string(name));
         }
     }
-    // Files whose names differ in the case of the extension alone keep one order, too.
-    std::sort(rows.begin(), rows.end(), [](const BinRow& a, const BinRow& b) {
-        return a.Name == b.Name ? a.File < b.File : NameBefore(a.Name, b.Name);
-    });
+    found.Rows = InOrder(std::move(found.Rows));
     return found;
 }
 

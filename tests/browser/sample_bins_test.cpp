@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
+#include <fstream>
 
 #include "browser/bin_gestures.h"
 #include "browser/browser.h"
@@ -127,6 +129,157 @@ TEST(UpdatePickFile, TenThousandFilesAreListedInOrder) {
     UpdatePickFile(b.s, 0);
     ASSERT_EQ(b.s.Bins[0].Rows.size(), 10000U);
     for (int i = 0; i < 10000; ++i) ASSERT_EQ(b.s.Bins[0].Rows[static_cast<std::size_t>(i)].Name, std::to_string(i));
+}
+
+/// A browser whose folder has not been touched for a while.
+struct QuietBrowser : Browser {
+    QuietBrowser() {
+        WriteBytes(Folder / "one.wav", "");
+        WriteBytes(Folder / "two.wav", std::string(1500, 'x'));
+        Quieten();
+        for (int bin = 0; bin < kBins; ++bin) UpdatePickFile(s, bin);
+        Forget();
+    }
+    void Quieten() {
+        std::filesystem::last_write_time(Folder.Path(), std::filesystem::file_time_type::clock::now() - kLongAgo);
+    }
+    void Forget() {
+        Screen.Log.clear();
+        Desk.Measured.clear();
+    }
+    void CheckAll() {
+        while (CheckPickFiles(s, 1)) {
+        }
+    }
+    static constexpr std::chrono::seconds kLongAgo{60};
+};
+
+TEST(LookAtPickFiles, AFolderThatHasNotChangedIsNotReadAgain) {
+    QuietBrowser b;
+    // The rows show whether the folder was read.
+    b.s.Bins[0].Rows.clear();
+    LookAtPickFiles(b.s);
+    EXPECT_TRUE(b.Names(0).empty());
+    EXPECT_TRUE(b.Screen.Log.empty());
+    EXPECT_TRUE(b.Desk.Measured.empty());
+}
+
+TEST(LookAtPickFiles, ASampleThatHasComeOrGoneOrGotAnotherNameIsSeen) {
+    QuietBrowser b;
+    WriteBytes(b.Folder / "new.wav", "");
+    LookAtPickFiles(b.s);
+    EXPECT_EQ(b.Names(1), (std::vector<std::string>{"new", "one", "two"}));
+    b.Quieten();
+    LookAtPickFiles(b.s);
+    std::filesystem::remove(b.Folder / "one.wav");
+    LookAtPickFiles(b.s);
+    EXPECT_EQ(b.Names(1), (std::vector<std::string>{"new", "two"}));
+    b.Quieten();
+    LookAtPickFiles(b.s);
+    std::filesystem::rename(b.Folder / "two.wav", b.Folder / "a.wav");
+    LookAtPickFiles(b.s);
+    EXPECT_EQ(b.Names(1), (std::vector<std::string>{"a", "new"}));
+}
+
+TEST(LookAtPickFiles, AFolderThatChangedAMomentAgoIsReadAgainAsASecondChangeMayShowTheSameTime) {
+    QuietBrowser b;
+    const auto moment = std::filesystem::file_time_type::clock::now() + std::chrono::seconds(1);
+    WriteBytes(b.Folder / "new.wav", "");
+    std::filesystem::last_write_time(b.Folder.Path(), moment);
+    LookAtPickFiles(b.s);
+    b.s.Bins[0].Rows.clear();
+    LookAtPickFiles(b.s);
+    EXPECT_EQ(b.Names(0), (std::vector<std::string>{"new", "one", "two"}));
+}
+
+TEST(LookAtPickFiles, AnotherFolderOfTheSameNameAndTimeIsSeen) {
+    QuietBrowser b;
+    const std::string folder = b.Folder / "loops";
+    const auto make = [&](const char* sample) {
+        std::filesystem::create_directory(folder);
+        WriteBytes(folder + "/" + sample, "");
+        std::filesystem::last_write_time(folder, std::filesystem::file_time_type(QuietBrowser::kLongAgo));
+    };
+    make("first.wav");
+    SetPickDir(b.s, 2, folder);
+    UpdatePickFile(b.s, 2);
+    std::filesystem::rename(folder, b.Folder / "aside");
+    make("second.wav");
+    LookAtPickFiles(b.s);
+    EXPECT_EQ(b.Names(2), std::vector<std::string>{"second"});
+}
+
+TEST(LookAtPickFiles, AVanishedFolderGivesWayToTheProgramsFolder) {
+    QuietBrowser b;
+    std::filesystem::create_directory(b.Folder / "loops");
+    SetPickDir(b.s, 2, b.Folder / "loops");
+    UpdatePickFile(b.s, 2);
+    std::filesystem::remove(b.Folder / "loops");
+    LookAtPickFiles(b.s);
+    EXPECT_EQ(b.s.Bins[2].Folder, b.Folder.Path());
+    EXPECT_EQ(b.Names(2), (std::vector<std::string>{"one", "two"}));
+}
+
+TEST(LookAtPickFiles, ABinThatHasGotAnotherFolderIsReadAgain) {
+    QuietBrowser b;
+    TempFolder other;
+    SetPickDir(b.s, 0, other.Path());
+    SetPickDir(b.s, 0, b.Folder.Path());
+    b.s.Bins[0].Rows.clear();
+    LookAtPickFiles(b.s);
+    EXPECT_EQ(b.Names(0), (std::vector<std::string>{"one", "two"}));
+}
+
+TEST(CheckPickFiles, ASampleThatWasWrittenInPlaceShowsItsNewSize) {
+    QuietBrowser b;
+    std::ofstream(b.Folder / "two.wav", std::ios::app) << std::string(2048, 'x');
+    LookAtPickFiles(b.s);
+    EXPECT_EQ(b.s.Bins[0].Rows[1].Size, "1");
+    b.CheckAll();
+    EXPECT_EQ(b.s.Bins[0].Rows[1].Size, "3");
+    EXPECT_EQ(b.s.Bins[2].Rows[1].Size, "3");
+}
+
+TEST(CheckPickFiles, SamplesOfShortcutsThatComeOrGoAreSeen) {
+    Browser b;
+    TempFolder samples;
+    const std::string target = samples / "deep.wav";
+    b.s.World.ResolveShortcut = [&](const std::string&) { return std::filesystem::exists(target) ? target : ""; };
+    WriteBytes(b.Folder / "link.wav.lnk", "");
+    std::filesystem::last_write_time(b.Folder.Path(), std::filesystem::file_time_type(QuietBrowser::kLongAgo));
+    UpdatePickFile(b.s, 0);
+    EXPECT_TRUE(b.Names().empty());
+    const auto lookAndCheck = [&] {
+        LookAtPickFiles(b.s);
+        while (CheckPickFiles(b.s, 1)) {
+        }
+    };
+    WriteBytes(target, "");
+    lookAndCheck();
+    EXPECT_EQ(b.Names(), std::vector<std::string>{"link"});
+    std::filesystem::remove(target);
+    lookAndCheck();
+    EXPECT_TRUE(b.Names().empty());
+}
+
+TEST(CheckPickFiles, ComparesAsManyFilesAsItIsToldAndEndsWhenAllAreAsShown) {
+    QuietBrowser b;
+    LookAtPickFiles(b.s);
+    EXPECT_TRUE(CheckPickFiles(b.s, 5));
+    EXPECT_EQ(b.s.Bins[0].Checked + b.s.Bins[1].Checked + b.s.Bins[2].Checked, 5U);
+    EXPECT_FALSE(CheckPickFiles(b.s, 1));
+    EXPECT_FALSE(CheckPickFiles(b.s, 1));
+    EXPECT_TRUE(b.Screen.Log.empty());
+    EXPECT_FALSE(CheckPickFiles(b.s, 0)) << "nothing is left to compare";
+}
+
+TEST(UpdatePickFile, ANameIsMeasuredOnce) {
+    QuietBrowser b;
+    WriteBytes(b.Folder / "a longer name.wav", "");
+    for (int bin = 0; bin < kBins; ++bin) UpdatePickFile(b.s, bin);
+    UpdatePickFile(b.s, 0);
+    EXPECT_EQ(b.Desk.Measured, std::vector<std::string>{"a longer name"});
+    EXPECT_EQ(b.s.Bins[2].FirstColumn, 1400);
 }
 
 TEST(SetPickDirCaption, AFolderNameLongerThan10CharactersIsCutAndTheToolTipKeepsThePath) {

@@ -1,5 +1,7 @@
-#include "browser/folder_stamp.h"
+#include "browser/folders.h"
 
+#include <dirent.h>
+#include <fcntl.h>
 #include <sys/stat.h>
 
 #include <ctime>
@@ -24,6 +26,28 @@ std::string FolderStamp(const std::string& folder) {
         stamp += std::to_string(part);
     }
     return stamp;
+}
+
+struct FolderReader::Open {
+    DIR* Entries;
+};
+
+FolderReader::FolderReader(const std::string& folder) : open_(new Open{::opendir(folder.c_str())}) {}
+
+FolderReader::~FolderReader() {
+    if (open_->Entries != nullptr) ::closedir(open_->Entries);
+}
+
+const char* FolderReader::Next() {
+    const dirent* entry = open_->Entries == nullptr ? nullptr : ::readdir(open_->Entries);
+    return entry == nullptr ? nullptr : entry->d_name;
+}
+
+// By the open folder: the path to it is not walked again for each file.
+std::int64_t FolderReader::BytesOf(const char* name) const {
+    struct stat now {};
+    const bool isFile = ::fstatat(::dirfd(open_->Entries), name, &now, 0) == 0 && S_ISREG(now.st_mode);
+    return isFile ? now.st_size : -1;
 }
 
 }  // namespace marvolin
