@@ -9,8 +9,6 @@ namespace marvolin {
 
 namespace {
 
-constexpr std::int32_t kMostMoves = 50000;
-
 int SensitivityOf(int counter) { return counter == kKnobScroll ? 0 : 1; }
 
 }  // namespace
@@ -44,7 +42,7 @@ void SendScriptEvent(Session& s, ScriptEvent event, std::span<const double> argu
 }
 
 void ScrollSensitivity_Change(Session& s, int member, std::int32_t value) {
-    ClampI4(value, 1, kMostMoves);
+    ClampI4(value, 1, kMostScrollMoves);
     s.ScrollSensitivity[member] = value;
     for (int counter = kKnobScroll; counter <= kJoystickScroll; ++counter) {
         if (SensitivityOf(counter) == member) ScrollCounter(s, counter).ScrollSensitivity(value);

@@ -15,6 +15,9 @@ inline constexpr int kKnobScroll = 0;      ///< all knobs
 inline constexpr int kMapScroll = 1;       ///< the mouse on a ball of the map
 inline constexpr int kJoystickScroll = 2;  ///< the joystick on the map
 
+/// The most moves that the option `ScrollSensitivity` lets pass for one event.
+inline constexpr std::int32_t kMostScrollMoves = 50000;
+
 /// Whether a scroll event is sent regardless of its counter.
 enum class Force : bool { No, Yes };
 
@@ -27,8 +30,8 @@ void SendScriptEvent(Session& s, ScriptEvent event, std::span<const double> argu
 /// The same, reported under the event's own name.
 void SendScriptEvent(Session& s, ScriptEvent event, std::span<const double> arguments);
 
-/// The option `ScrollSensitivity` has changed to `value`, limited to 1..50000: `member` 0 for the knobs, 1 for both
-/// counters of the map. Shows its text in the status line.
+/// The option `ScrollSensitivity` has changed to `value`, limited to 1..`kMostScrollMoves`: `member` 0 for the knobs, 1
+/// for both counters of the map. Shows its text in the status line.
 void ScrollSensitivity_Change(Session& s, int member, std::int32_t value);
 /// "Send scroll event every N moves", as set for `member`.
 std::string ScrollSensitivityText(const Session& s, int member);

@@ -80,6 +80,8 @@ TEST(Options, TheSensitivityOfTheScriptEventsIsSet) {
     EXPECT_EQ(stage.s.ScrollSensitivity[0], 1);
     EXPECT_EQ(stage.s.StatusText, "Send scroll event every 9 moves");
     EXPECT_EQ(stage.s.ReadoutText, "");
+    stage.Find<QSlider>("ScrollSensitivity_1").setValue(60000);
+    EXPECT_EQ(stage.s.ScrollSensitivity[1], 50000);
 }
 
 }  // namespace

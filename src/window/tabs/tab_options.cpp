@@ -102,7 +102,7 @@ void TabOptions::MakeScripting(QWidget* page) {
     for (int member = 0; member < 2; ++member) {
         const int top = 18 + member * 84;
         MakeLabel(page, kTexts[static_cast<std::size_t>(member)], {20, top, 120, 18});
-        auto* slider = MakeSlider(page, 1, 50, {20, top + 20, 360, 26});
+        auto* slider = MakeSlider(page, 1, kMostScrollMoves, {20, top + 20, 360, 26});
         Describe(s, *slider, "ScrollSensitivity", member);
         connect(slider, &QSlider::valueChanged, this, [this, member](int value) {
             ScrollSensitivity_Change(s, member, value);
