@@ -1,11 +1,15 @@
 #include <gtest/gtest.h>
 
+#include <QScreen>
 #include <QTest>
 
 #include "core/loops/loop_views.h"
+#include "core/routines.h"
 #include "performance/selection/selection.h"
 #include "sequencing/loop_clock.h"
 #include "stage.h"
+#include "window/rows/loop_row.h"
+#include "window/rows/sound_display.h"
 
 namespace marvolin {
 namespace {
@@ -21,6 +25,43 @@ TEST(Repaint, AKnobRepaintsOnlyItself) {
     stage.Screen.ShowKnob(2, Knob::Vol);
     stage.Settle();
     EXPECT_EQ(watch.Names(), Names{"VolKnob_2"});
+}
+
+TEST(Repaint, ATurnRepaintsTheDialOfAKnobWithoutTheLabelBelowIt) {
+    Stage stage;
+    stage.s.Set[2].Vol = 100;
+    PaintWatch watch;
+    stage.Screen.ShowKnob(2, Knob::Vol);
+    stage.Settle();
+    EXPECT_LT(watch.Painted["VolKnob_2"].boundingRect().bottom(), 40);
+}
+
+/// The window as it stands on the screen, and as it is when all of it is painted at once.
+void ExpectNothingLeftBehind(Stage& stage) {
+    stage.Settle();
+    const QImage shown = stage.Form->screen()->grabWindow(stage.Form->winId()).toImage();
+    ASSERT_FALSE(shown.isNull());
+    EXPECT_EQ(shown.convertToFormat(QImage::Format_RGB32),
+              stage.Form->grab().toImage().convertToFormat(QImage::Format_RGB32));
+}
+
+TEST(Repaint, WhatIsRepaintedInPartLooksAsIfAllWereRepainted) {
+    Stage stage;
+    auto& buffer = stage.Fill(1);
+    std::uint8_t next = 0;
+    for (std::uint8_t& byte : buffer.Sample->Bytes) byte = next = static_cast<std::uint8_t>(next * 5 + 17);
+    stage.Screen.ShowWaveform(1);
+    stage.Click("Play_1");
+    for (const std::int16_t vol : {100, 400, 20}) {
+        stage.s.Set[1].Vol = vol;
+        stage.s.SndDisp[1].Level = vol;
+        stage.Screen.ShowKnob(1, Knob::Vol);
+        ShowReadout(stage.s, "Vol: " + std::to_string(vol));
+        buffer.SetCurrentPosition(vol * 100);
+        stage.Form->Rows[1]->Sound->RefreshPlace();
+        stage.Settle();
+    }
+    ExpectNothingLeftBehind(stage);
 }
 
 TEST(Repaint, AKnobWhosePictureDoesNotChangeIsNotRepainted) {

@@ -1,6 +1,6 @@
 #include "window/controls/knob.h"
 
-#include <QEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <array>
 #include <cmath>
@@ -31,7 +31,17 @@ KnobControl::KnobControl(Session& session, QWidget* parent, Knob knob, Row row)
 }
 
 void KnobControl::Refresh() {
-    if (KnobFrameOf(s, knob_, index) != shown_) update();
+    if (KnobFrameOf(s, knob_, index) != shown_) update(Dial());
+}
+
+QPointF KnobControl::Centre() const {
+    const bool labelled = index != kMasterRow;
+    return {width() / 2.0, labelled ? kRadius + 2 : height() / 2.0};
+}
+
+QRect KnobControl::Dial() const {
+    const QPointF reach(kRadius + 1.5, kRadius + 1.5);
+    return QRectF(Centre() - reach, Centre() + reach).toAlignedRect();
 }
 
 void KnobControl::changeEvent(QEvent* event) {
@@ -49,13 +59,9 @@ void KnobControl::Step(int units) {
     if (KnobStep(s, knob_, index, units)) described.ShowHint(0, false);
 }
 
-void KnobControl::paintEvent(QPaintEvent*) {
-    QPainter p(this);
-    p.setRenderHint(QPainter::Antialiasing);
-    shown_ = KnobFrameOf(s, knob_, index);
+void KnobControl::DrawDial(QPainter& p) const {
     const double turn = kSweep * shown_ / kLastFrame;
-    const bool labelled = index != kMasterRow;
-    const QPointF centre(width() / 2.0, labelled ? kRadius + 2 : height() / 2.0);
+    const QPointF centre = Centre();
     const QRectF ring(centre.x() - kRadius + 1.5, centre.y() - kRadius + 1.5, 2 * kRadius - 3, 2 * kRadius - 3);
 
     const QColor colour = index == kMasterRow ? theme::kText : theme::RowColour(index);
@@ -79,7 +85,15 @@ void KnobControl::paintEvent(QPaintEvent*) {
     const QPointF way(std::cos(angle), -std::sin(angle));
     p.setPen(QPen(isEnabled() ? QColor(Qt::white) : theme::kQuiet, 2.2, Qt::SolidLine, Qt::RoundCap));
     p.drawLine(centre + way * 4.5, centre + way * (kRadius - 7));
-    if (!labelled) return;
+}
+
+// A turn repaints the dial alone, not the label below it.
+void KnobControl::paintEvent(QPaintEvent* event) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    shown_ = KnobFrameOf(s, knob_, index);
+    DrawDial(p);
+    if (index == kMasterRow || Dial().contains(event->rect())) return;
     p.setFont(theme::Sans(10));
     p.setPen(theme::kQuiet);
     p.drawText(QRectF(0, height() - 14, width(), 14), Qt::AlignHCenter | Qt::AlignBottom, Caption());

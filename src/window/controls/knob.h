@@ -22,6 +22,11 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    QPointF Centre() const;
+    /// What a turn changes.
+    QRect Dial() const;
+    void DrawDial(QPainter& p) const;
+
     const Knob knob_;
     int shown_ = -1;  // number of the picture on the screen
 };

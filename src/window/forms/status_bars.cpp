@@ -58,18 +58,7 @@ bool StatusBar1::event(QEvent* event) {
     return QWidget::event(event);
 }
 
-void StatusBar1::paintEvent(QPaintEvent*) {
-    QPainter p(this);
-    p.setRenderHint(QPainter::Antialiasing);
-    p.fillRect(rect(), QColor(0x17, 0x19, 0x1c));
-    p.setFont(theme::Sans(13));
-    DrawPanel(p, PlaceOf(Panel::Hint), QString::fromStdString(s.StatusText), theme::kText);
-    DrawPanel(p, PlaceOf(Panel::Readout), QString::fromStdString(s.ReadoutText), theme::kAccent);
-    p.setFont(theme::Digits(13));
-    const std::string& clock = s.Clock.Panel;
-    if (clock.find(':') == std::string::npos && !clock.empty()) p.setFont(theme::Sans(11));
-    DrawPanel(p, PlaceOf(Panel::Clock), clock.empty() ? QString("00:00:00") : QString::fromStdString(clock),
-              theme::kText);
+void StatusBar1::DrawHelp(QPainter& p) const {
     const QRect help = PlaceOf(Panel::Help);
     theme::FaceState resting;
     resting.Enabled = false;
@@ -77,6 +66,27 @@ void StatusBar1::paintEvent(QPaintEvent*) {
     p.setFont(theme::Sans(14, QFont::Bold));
     p.setPen(theme::kQuiet);
     p.drawText(help, Qt::AlignCenter, "?");
+}
+
+// The readout is written at every move of a drag: the texts of the other panels are not laid out again for it.
+void StatusBar1::paintEvent(QPaintEvent* event) {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.fillRect(event->rect(), QColor(0x17, 0x19, 0x1c));
+    const auto due = [&](Panel panel) { return event->region().intersects(PlaceOf(panel)); };
+    p.setFont(theme::Sans(13));
+    if (due(Panel::Hint)) DrawPanel(p, PlaceOf(Panel::Hint), QString::fromStdString(s.StatusText), theme::kText);
+    if (due(Panel::Readout)) {
+        DrawPanel(p, PlaceOf(Panel::Readout), QString::fromStdString(s.ReadoutText), theme::kAccent);
+    }
+    if (due(Panel::Clock)) {
+        const std::string& clock = s.Clock.Panel;
+        const bool isTime = clock.empty() || clock.find(':') != std::string::npos;
+        p.setFont(isTime ? theme::Digits(13) : theme::Sans(11));
+        DrawPanel(p, PlaceOf(Panel::Clock), clock.empty() ? QString("00:00:00") : QString::fromStdString(clock),
+                  theme::kText);
+    }
+    if (due(Panel::Help)) DrawHelp(p);
 }
 
 StatusBar2::StatusBar2(Session& session, QWidget* parent, std::function<double()> soundLoad)

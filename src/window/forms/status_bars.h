@@ -26,6 +26,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void DrawHelp(QPainter& p) const;
+
     Session& s;
 };
 

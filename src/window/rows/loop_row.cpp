@@ -2,6 +2,7 @@
 
 #include <QDragEnterEvent>
 #include <QMimeData>
+#include <QPaintEvent>
 #include <QPainter>
 
 #include "audio/loop_controls.h"
@@ -21,6 +22,12 @@
 #include "window/toolkit/theme.h"
 
 namespace marvolin {
+
+namespace {
+
+constexpr int kRound = 6;  // pixels at both ends that the round corners and the stripe of the row's colour take
+
+}  // namespace
 
 LoopRow::LoopRow(Session& session, QWidget* parent, Row row) : QWidget(parent), s(session), row_(row) {
     Describe(s, *this, "LoopRow", row);
@@ -76,11 +83,17 @@ void LoopRow::dropEvent(QDropEvent* event) {
     }
 }
 
-void LoopRow::paintEvent(QPaintEvent*) {
+// Drawn again below each control that changes: away from its round ends the row is plain.
+void LoopRow::paintEvent(QPaintEvent* event) {
     QPainter p(this);
+    const QColor ground = row_ == kSelectionRow ? QColor(0x2b, 0x2c, 0x2a) : theme::kPanel;
+    if (rect().adjusted(kRound, 0, -kRound, 0).contains(event->rect())) {
+        p.fillRect(event->rect(), ground);
+        return;
+    }
     p.setRenderHint(QPainter::Antialiasing);
     p.setPen(Qt::NoPen);
-    p.setBrush(row_ == kSelectionRow ? QColor(0x2b, 0x2c, 0x2a) : theme::kPanel);
+    p.setBrush(ground);
     p.drawRoundedRect(rect(), 5, 5);
     p.setBrush(theme::RowColour(row_));
     p.drawRoundedRect(QRectF(0, 0, 4, height()), 2, 2);

@@ -1,5 +1,6 @@
 #include "window/rows/sound_display.h"
 
+#include <QPaintEvent>
 #include <QPainter>
 #include <QTimer>
 #include <algorithm>
@@ -52,6 +53,7 @@ QRectF SoundDisplay::Inner() const { return QRectF(rect()).adjusted(kEnds, 2, -k
 
 void SoundDisplay::RefreshWaveform() {
     peaks_.clear();
+    picture_ = {};
     waveStale_ = true;
     update();
 }
@@ -88,6 +90,7 @@ void SoundDisplay::MakePeaks() {
     const int columns = Columns();
     const auto more = LoopWaveform(s, index, columns, static_cast<int>(peaks_.size()), kBytesAPainting);
     peaks_.insert(peaks_.end(), more.begin(), more.end());
+    picture_ = {};
     waveStale_ = !more.empty() && static_cast<int>(peaks_.size()) < columns;
     if (waveStale_) QTimer::singleShot(0, this, qOverload<>(&QWidget::update));
 }
@@ -127,21 +130,45 @@ void SoundDisplay::DrawNeedle(QPainter& p, double level, bool top) const {
     p.drawPolygon(QPolygonF({{x - kNeedle, edge}, {x + kNeedle, edge}, {x, tip + (top ? 1 : -1)}}));
 }
 
-void SoundDisplay::paintEvent(QPaintEvent*) {
-    QPainter p(this);
+void SoundDisplay::DrawGround(QPainter& p) const {
     p.setRenderHint(QPainter::Antialiasing);
-    MakePeaks();
-    const QColor ground = Ground();
     p.setPen(QPen(theme::kLine, 1));
-    p.setBrush(ground);
+    p.setBrush(Ground());
     p.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 5, 5);
     DrawWave(p);
+}
+
+// The line at the place that plays moves thirty times a second, over a wave that stays. The picture stands in between
+// the round corners only, where it covers what is below, and only where a pixel of it is a pixel of the screen.
+void SoundDisplay::DrawGroundWithin(QPainter& p, const QRect& due) {
+    const double ratio = devicePixelRatioF();
+    const bool between = due.left() >= kEnds && due.right() < width() - kEnds;
+    if (!between || ratio != std::floor(ratio)) return DrawGround(p);
+    if (picture_.isNull() || picture_.devicePixelRatioF() != ratio) {
+        picture_ = QPixmap(size() * ratio);
+        picture_.setDevicePixelRatio(ratio);
+        picture_.fill(Qt::transparent);
+        QPainter painter(&picture_);
+        DrawGround(painter);
+    }
+    p.drawPixmap(due.topLeft(), picture_, QRectF(QPointF(due.topLeft()) * ratio, QSizeF(due.size()) * ratio).toRect());
+}
+
+void SoundDisplay::paintEvent(QPaintEvent* event) {
+    QPainter p(this);
+    MakePeaks();
+    for (const QRect& due : event->region()) {
+        p.setClipRect(due);
+        DrawGroundWithin(p, due);
+    }
+    p.setClipping(false);
+    p.setRenderHint(QPainter::Antialiasing);
     const SoundDisplayState& state = s.SndDisp[index];
     DrawNeedle(p, state.Line, false);
     DrawNeedle(p, state.Level, true);
     shownX_ = PlaceX();
     if (shownX_ < 0) return;
-    p.setPen(QPen(theme::InkOn(ground), 1.6));
+    p.setPen(QPen(theme::InkOn(Ground()), 1.6));
     p.drawLine(QPointF(shownX_, 2), QPointF(shownX_, height() - 2));
 }
 

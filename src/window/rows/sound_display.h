@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPixmap>
 #include <vector>
 
 #include "audio/waveform.h"
@@ -31,11 +32,15 @@ private:
     QColor Ground() const;
     void MakePeaks();
     void DrawWave(QPainter& p) const;
+    void DrawGround(QPainter& p) const;
+    /// The same within `due`, which it paints from a picture where it can.
+    void DrawGroundWithin(QPainter& p, const QRect& due);
     void DrawNeedle(QPainter& p, double level, bool top) const;
 
     std::int16_t needle_ = -1;           // the needle that is dragged; -1 none
     bool waveStale_ = true;              // columns of the wave are missing
     std::vector<WaveformColumn> peaks_;  // the columns of the wave that are known
+    QPixmap picture_;                    // ground and wave; null before it is needed
     double shownX_ = -1;                 // x of the line that was painted last; -1 none
 };
 
