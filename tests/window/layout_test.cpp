@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <set>
 
 #include "stage.h"
@@ -148,9 +149,11 @@ TEST(Theme, TextHasEnoughContrast) {
 }
 
 TEST(Theme, RowColoursAreThoseOfTheModel) {
-    EXPECT_EQ(theme::RowColour(0), QColor(255, 0, 0));
-    EXPECT_EQ(theme::RowColour(3), QColor(0, 0, 255));
-    EXPECT_EQ(theme::RowColour(4), QColor(255, 255, 132));
+    const std::array<QColor, kRows> colours{QColor(255, 0, 0), QColor(41, 253, 255),  QColor(255, 192, 0),
+                                            QColor(0, 0, 255), QColor(255, 255, 132), QColor(0, 0, 149)};
+    for (Row row = 0; row < kRows; ++row) {
+        EXPECT_EQ(theme::RowColour(row), colours[static_cast<std::size_t>(row)]) << row;
+    }
 }
 
 TEST(StatusBars, ShowHintReadoutAndClock) {

@@ -4,7 +4,9 @@
 #include <QCloseEvent>
 #include <QPointer>
 #include <QTimer>
+#include <QWindow>
 #include <QtTest/QTest>
+#include <utility>
 
 #include "stage.h"
 #include "window/toolkit/qt_desktop.h"
@@ -85,6 +87,22 @@ TEST(Windows, AFormThatWasUnloadedCanBeShownAgain) {
         windows.Unload(Form::Browse);
         EXPECT_EQ(Shown("frmBrowse"), nullptr);
     }
+}
+
+TEST(Windows, SplashAndStartUpQueryBelongToTheMainWindowSoThatTheyStayInFrontOfIt) {
+    test::Stage stage;
+    QtDisplay display;
+    QtDesktop desktop;
+    QtWindows windows(display, desktop);
+    windows.Attach(stage.s, {});
+    windows.Show(Form::Main);
+    for (const auto& [form, name] : {std::pair{Form::Splash, "frmSplash"}, {Form::StartUpQuery, "frmStartUpQuery"}}) {
+        windows.Show(form);
+        ASSERT_NE(Shown(name), nullptr) << name;
+        EXPECT_EQ(Shown(name)->windowHandle()->transientParent(), windows.Main()->windowHandle()) << name;
+    }
+    windows.Show(Form::Browse);
+    EXPECT_EQ(Shown("frmBrowse")->windowHandle()->transientParent(), nullptr) << "may be behind the main window";
 }
 
 TEST(Windows, ClosingTheMainWindowEndsTheProgramAlthoughAnotherWindowRefusesToClose) {
