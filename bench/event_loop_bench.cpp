@@ -1,7 +1,8 @@
 /// \file
 /// How late the ticks come and how much CPU the program uses while the window is shown: idle, and with a knob dragged
-/// without pause; and where the steps of a Drum LoopTrack fall in the sound. Runs the instrument like the program,
-/// except for the sound, which a thread renders at the pace of a card. Prints figures; asserts nothing.
+/// without pause; what a return to the browser costs; and where the steps of a Drum LoopTrack fall in the sound. Runs
+/// the instrument like the program, except for the sound, which a thread renders at the pace of a card. Prints figures;
+/// asserts nothing.
 ///
 /// The first argument is the number of seconds of each run, 30 by default.
 
@@ -14,8 +15,10 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <map>
 #include <thread>
 #include <vector>
@@ -24,6 +27,7 @@
 #include "audio/play_modes.h"
 #include "audio/sample_loading.h"
 #include "audio/transport.h"
+#include "browser/sample_bins.h"
 #include "core/files/paths.h"
 #include "core/session.h"
 #include "instrument/shut_down.h"
@@ -241,6 +245,50 @@ void MeasureKnob(Program& program, QApplication& application, double seconds, co
     StopAll(program.s);
 }
 
+/// Milliseconds of the user-interface thread that `act` takes.
+double ThreadMilliseconds(const std::function<void()>& act) {
+    const auto now = [] {
+        timespec t{};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
+        return static_cast<double>(t.tv_sec) * 1e3 + static_cast<double>(t.tv_nsec) * 1e-6;
+    };
+    const double before = now();
+    act();
+    return now() - before;
+}
+
+/// What a return to the browser costs whose bins hold ten thousand samples each: with nothing changed, and with a new
+/// sample in one of them.
+void MeasureBrowser(Session& s) {
+    namespace fs = std::filesystem;
+    const fs::path root = fs::temp_directory_path() / "marvolin_bench_bins";
+    const auto folder = [&](int bin) { return root / std::to_string(bin); };
+    const auto age = [&](int bin, int minutes) {
+        fs::last_write_time(folder(bin), fs::file_time_type::clock::now() - std::chrono::minutes(minutes));
+    };
+    std::vector<double> first;
+    for (int bin = 0; bin < kBins; ++bin) {
+        fs::create_directories(folder(bin));
+        for (int k = 0; k < 10000; ++k) std::ofstream(folder(bin) / ("Sample " + std::to_string(k) + ".wav")) << "RIFF";
+        age(bin, 1);
+        SetPickDir(s, bin, folder(bin).string());
+        first.push_back(ThreadMilliseconds([&] { UpdatePickFile(s, bin); }));
+    }
+    std::vector<double> unchanged;
+    std::vector<double> changed;
+    for (int run = 0; run < 20; ++run) {
+        unchanged.push_back(ThreadMilliseconds([&] { LookAtPickFiles(s); }));
+        std::ofstream(folder(1) / ("new " + std::to_string(run) + ".wav")) << "RIFF";
+        age(1, 2 + run);
+        changed.push_back(ThreadMilliseconds([&] { LookAtPickFiles(s); }));
+    }
+    std::printf(
+        "bins of 10,000 samples, ms of the thread: first scan %.1f, look with nothing changed %.3f (max %.3f), "
+        "with one bin changed %.1f (max %.1f)\n",
+        At(first, 0), At(unchanged, 0.5), At(unchanged, 1), At(changed, 0.5), At(changed, 1));
+    fs::remove_all(root);
+}
+
 /// One Drum LoopTrack with steps of 250 ms.
 void MeasureDrum(Program& program, QApplication& application, double seconds, Card& card) {
     Session& s = program.s;
@@ -267,6 +315,7 @@ int main(int argc, char** argv) {
     const std::string click = WriteClick();
     RunFor(application, seconds, program.Timers, "idle, nothing sounds", false, [](int) {});
     MeasureKnob(program, application, seconds, click);
+    MeasureBrowser(program.s);
     MeasureDrum(program, application, seconds, card);
     std::filesystem::remove(click);
     program.Windows.Main()->close();
