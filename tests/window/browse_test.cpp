@@ -3,7 +3,9 @@
 #include <QFileSystemModel>
 #include <QLabel>
 #include <QScrollBar>
+#include <algorithm>
 #include <array>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 
@@ -87,6 +89,29 @@ TEST(Browser, InDrgDrpAPressAnywhereOnARowBeginsADragAndAClickLoadsNothing) {
     EXPECT_EQ(browser.s.Run[0].Loaded, False);
     browser.DropControl("LoopRow_2", {"PickFile", 0, ""});
     EXPECT_EQ(fs::path(browser.s.Set[2].FileName).stem(), browser.s.Bins[0].Rows[2].Name);
+}
+
+TEST(Browser, ComingBackToItShowsWhatHasChangedInTheFoldersAndInTheFiles) {
+    Browser browser;
+    fs::last_write_time(browser.Folder, fs::file_time_type::clock::now() - std::chrono::minutes(1));
+    const auto comeBack = [&] {
+        browser.Form->activateWindow();
+        browser.Settle();
+        browser.Window.activateWindow();
+        browser.Settle();
+    };
+    comeBack();
+    ASSERT_EQ(browser.s.Bins[0].Rows.size(), 3U);
+    const auto three = std::find_if(browser.s.Bins[0].Rows.begin(), browser.s.Bins[0].Rows.end(),
+                                    [](const BinRow& row) { return row.Name == "three"; });
+    ASSERT_NE(three, browser.s.Bins[0].Rows.end());
+    const auto place = static_cast<std::size_t>(three - browser.s.Bins[0].Rows.begin());
+    std::ofstream(browser.Folder / "three.wav", std::ios::app) << std::string(5000, 'x');
+    comeBack();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return browser.s.Bins[2].Rows[place].Size == "4"; }, 5000));
+    std::ofstream(browser.Folder / "four.wav") << "sample";
+    comeBack();
+    EXPECT_EQ(browser.s.Bins[1].Rows.size(), 4U);
 }
 
 TEST(Browser, CommandsOfTheDestinationListReachAllBins) {
