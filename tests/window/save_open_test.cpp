@@ -306,17 +306,19 @@ TEST(SaveOpen, ANameWithAPointIsCompletedBeforeTheQuestionAboutOverwriting) {
     dialogue.s.CurrentFolder = folder.Path() + "/";
     dialogue.s.CurrentFile.clear();
     int questions = 0;
-    bool typed = false;
+    // A timer of its own: the other one waits in its tick for the answer.
+    QTimer answer;
+    answer.callOnTimeout([&] {
+        auto* question = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (question == nullptr) return;
+        ++questions;
+        question->button(QMessageBox::Yes)->click();
+    });
+    answer.start(0);
     QTimer hand;
     hand.callOnTimeout([&] {
-        if (auto* question = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-            ++questions;
-            question->button(QMessageBox::Yes)->click();
-            return;
-        }
         auto* asked = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (asked == nullptr || typed) return;
-        typed = true;
+        if (asked == nullptr) return;
         auto* name = asked->findChild<QLineEdit*>("fileNameEdit");
         name->clear();
         QTest::keyClicks(name, "my set.1");
