@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QTimer>
 #include <QtTest/QTest>
+#include <string_view>
 
 #include "fakes/temp_folder.h"
 #include "persistence/save_open.h"
@@ -56,7 +57,11 @@ TEST(FileDialogue, StartsInTheCurrentFolderAtTheCurrentFileWithTheFirstFilter) {
         dialogue.Ask(opener, [&](QFileDialog& asked) {
             EXPECT_EQ(asked.directory().absolutePath().toStdString(), dialogue.Folder.Path());
             EXPECT_EQ(asked.findChild<QLineEdit*>("fileNameEdit")->text(), "set.mvn");
-            EXPECT_EQ(asked.nameFilters(), (QStringList{"marvolin File (*.mvn)", "marvolin Package (*.mvp)"}));
+            QStringList filters{"marvolin File (*.mvn)", "marvolin Package (*.mvp)"};
+            if (opener == std::string_view("OpenIt"))
+                filters << "Previous marvolin File (*.mvn~)"
+                        << "Previous marvolin Package (*.mvp~)";
+            EXPECT_EQ(asked.nameFilters(), filters);
             EXPECT_EQ(asked.selectedNameFilter(), "marvolin File (*.mvn)");
         });
     }
