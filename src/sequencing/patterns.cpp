@@ -1,5 +1,6 @@
 #include "sequencing/patterns.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <string>
@@ -28,14 +29,44 @@ double ValueAt(int patternRow, double y, double height) {
 
 /// Number of the step column at `x`, from 1; 0 and less left of the steps.
 int ColumnAt(double x, double width, int columns) {
+    constexpr double kFar = 9999;  // columns: as far as any desktop is wide
     const double column = Int((x - kRandomColumnShare * width) / (kStepsShare * width / columns)) + 1;
-    return static_cast<int>(ClampVar(column, -1, 2 * kPatternSteps));
+    return static_cast<int>(ClampVar(column, -kFar, kFar));
 }
 
-void Place(Session& s, int patternRow, int column, double value, const std::string& prefix) {
-    PatternStore(s, patternRow, column, value);
+void ShowValue(Session& s, int patternRow, double value, const std::string& prefix) {
     ShowReadout(s, prefix + kValueTexts[static_cast<std::size_t>(patternRow)](ToI2(value)));
 }
+
+/// Draws the column from which the pointer comes at the height that it had there, and those between it and the new one
+/// at the height of the straight line in their middle.
+void DrawPassed(Session& s, int patternRow, const GraphEvent& event) {
+    const int columns = s.GraphColumns[static_cast<std::size_t>(patternRow)];
+    if (columns < 1) return;
+    const double width = event.Size.Width;
+    const int one = ColumnAt(event.From.X, width, columns);
+    const int other = ColumnAt(event.At.X, width, columns);
+    if (one == other) return;
+    if (one >= 1 && one <= columns) {
+        PatternStore(s, patternRow, one, ValueAt(patternRow, event.From.Y, event.Size.Height));
+    }
+    const int last = std::min(std::max(one, other) - 1, columns);
+    for (int column = std::max(std::min(one, other) + 1, 1); column <= last; ++column) {
+        const double middle = (kRandomColumnShare + (column - 0.5) * kStepsShare / columns) * width;
+        const double share = (middle - event.From.X) / (event.At.X - event.From.X);
+        const double y = event.From.Y + share * (event.At.Y - event.From.Y);
+        PatternStore(s, patternRow, column, ValueAt(patternRow, y, event.Size.Height));
+    }
+}
+
+/// Draws from the previous place of the pointer to where it is now.
+void Draw(Session& s, int patternRow, const GraphEvent& event) {
+    if (event.Size.Width <= 0 || event.Size.Height <= 0) return;
+    if (s.PatternDrawRow == patternRow && event.Button == kLeftButton) DrawPassed(s, patternRow, event);
+    PatternEdit(s, patternRow, event.Button, event.At, event.Size);
+}
+
+void EndDrawing(Session& s) { s.PatternDrawRow = s.PatternRandomRow = kNoPatternRow; }
 
 }  // namespace
 
@@ -43,41 +74,44 @@ void InitPatternTables(Session& s) {
     for (Row row = 0; row < kLoopTracks; ++row) {
         for (int patternRow = 0; patternRow < kPatternRows; ++patternRow) PatternReset(s, row, patternRow);
     }
-    s.PatternDrawRow = kNoPatternRow;
-    s.PatternRandomRow = kNoPatternRow;
+    EndDrawing(s);
     s.CurrentLoop = 0;
     s.StepsShown = static_cast<std::int16_t>(s.Set[s.CurrentLoop].NSteps + 1);
     s.World.Screen.ShowSteps();
     for (int patternRow = 0; patternRow < kPatternRows; ++patternRow) PatternRefresh(s, patternRow);
 }
 
-void PatternGraph_Gesture(Session& s, int patternRow, Phase phase, std::int16_t button, double x, double y,
-                          GraphSize size) {
-    switch (phase) {
+void PatternGraph_Gesture(Session& s, int patternRow, const GraphEvent& event) {
+    switch (event.What) {
         case Phase::Down:
-            if (button != kLeftButton) return;
-            (x <= kRandomColumnShare * size.Width ? s.PatternRandomRow : s.PatternDrawRow) =
+            EndDrawing(s);
+            if (event.Button != kLeftButton) return;
+            (event.At.X <= kRandomColumnShare * event.Size.Width ? s.PatternRandomRow : s.PatternDrawRow) =
                 static_cast<std::int16_t>(patternRow);
             return;
         case Phase::Move:
-            PatternEdit(s, patternRow, button, x, y, size);
+            if (event.Button == kNoButton) return EndDrawing(s);
+            Draw(s, patternRow, event);
             return;
         case Phase::Up:
-            PatternEdit(s, patternRow, button, x, y, size);
+            Draw(s, patternRow, event);
             (s.PatternDrawRow != kNoPatternRow ? s.PatternDrawRow : s.PatternRandomRow) = kNoPatternRow;
             return;
     }
 }
 
-void PatternEdit(Session& s, int patternRow, std::int16_t button, double x, double y, GraphSize size) {
+void PatternEdit(Session& s, int patternRow, std::int16_t button, GraphPlace at, GraphSize size) {
     if (size.Width <= 0 || size.Height <= 0) return;
+    const double value = ValueAt(patternRow, at.Y, size.Height);
     if (s.PatternDrawRow == patternRow && button == kLeftButton) {
         const int columns = s.GraphColumns[static_cast<std::size_t>(patternRow)];
-        const int column = columns < 1 ? 0 : ColumnAt(x, size.Width, columns);
-        if (column < 1 || column > columns + 1) return;
-        Place(s, patternRow, column, ValueAt(patternRow, y, size.Height), "Step: " + NumberText(column) + " ");
+        if (columns < 1) return;
+        const int column = ColumnAt(at.X, size.Width, columns);
+        if (column >= 1 && column <= columns + 1) PatternStore(s, patternRow, column, value);
+        ShowValue(s, patternRow, value, "Step: " + NumberText(column) + " ");
     } else if (s.PatternRandomRow == patternRow) {
-        Place(s, patternRow, 0, ValueAt(patternRow, y, size.Height), "Random: ");
+        PatternStore(s, patternRow, 0, value);
+        ShowValue(s, patternRow, value, "Random: ");
     }
 }
 
@@ -123,7 +157,7 @@ void NSteps_Gesture(Session& s, Phase phase, double y) {
 void PatternCopy(Session& s, Row from, Row to, int patternRow) {
     const PatternBlock block = s.Set[from].Pattern[patternRow];
     const auto put = [&](Row row) { s.Set[row].Pattern[patternRow] = block; };
-    if (from == kSelectionRow) {
+    if (from == kSelectionRow || to == kSelectionRow) {
         ForControlled(s, put);
     } else if (from == to) {
         return;

@@ -21,14 +21,29 @@ struct GraphSize {
     double Height = 0;
 };
 
-/// A press, move or release on graph `patternRow`. `x`, `y` in twips within the graph.
-/// A right press does nothing here: the window starts a drag.
-void PatternGraph_Gesture(Session& s, int patternRow, Phase phase, std::int16_t button, double x, double y,
-                          GraphSize size);
+/// A place on a graph, twips from its left and top.
+struct GraphPlace {
+    double X = 0;
+    double Y = 0;
+};
+
+/// What the pointer does on a graph.
+struct GraphEvent {
+    Phase What = Phase::Move;
+    std::int16_t Button = kNoButton;  ///< of a press or release; in a move all that are held
+    GraphPlace At;                    ///< where it happens
+    GraphPlace From;                  ///< of a move or release: where the pointer was before
+    GraphSize Size;                   ///< of the graph
+};
+
+/// A press, move or release on graph `patternRow`. A left press begins to draw, its release ends it. The press of
+/// another button ends it too, and draws nothing; so does a move without a button, whose release was lost. Columns that
+/// the pointer jumps over from one event to the next are drawn on the straight line between the two places.
+void PatternGraph_Gesture(Session& s, int patternRow, const GraphEvent& event);
 /// Draws at a place of graph `patternRow`, if its steps or its random column are being drawn: stores the value in the
-/// record of `CurrentLoop` and shows it beside the hint. Places left of the first step, or more than a column to the
-/// right of the last one, are ignored.
-void PatternEdit(Session& s, int patternRow, std::int16_t button, double x, double y, GraphSize size);
+/// record of `CurrentLoop` and shows it beside the hint. Left of the first step, or more than a column to the right of
+/// the last one, the value is only shown.
+void PatternEdit(Session& s, int patternRow, std::int16_t button, GraphPlace at, GraphSize size);
 /// Stores the value of a graph's column in the record of `CurrentLoop`. Column 0 is the random one, column n (1..33)
 /// the slot of step n; the 33rd slot is the row's spread. Any other column is ignored.
 void PatternStore(Session& s, int patternRow, int column, double value);
@@ -38,7 +53,7 @@ void EraserDrop(Session& s, int patternRow);
 /// `NSteps`: a drag sets the number of steps 1..32; the release stores it in the record. `y` in twips.
 void NSteps_Gesture(Session& s, Phase phase, double y);
 
-/// Copies a pattern row, spread included, to the controlled rows (`from` 4), to the band of `to`, or to `to`.
+/// Copies a pattern row, spread included, to the controlled rows (`from` or `to` 4), to the band of `to`, or to `to`.
 void PatternCopy(Session& s, Row from, Row to, int patternRow);
 /// Copies all three rows, and `NSteps` to `to` alone.
 void PatternCopyAll(Session& s, Row from, Row to);

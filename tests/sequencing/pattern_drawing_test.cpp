@@ -32,9 +32,15 @@ protected:
         i.Screen.Log.clear();
     }
     void Gesture(int row, Phase phase, double x, double y, std::int16_t button = kLeftButton) {
-        PatternGraph_Gesture(i.s, row, phase, button, x, y, {kWidth, kHeight});
+        PatternGraph_Gesture(i.s, row, {phase, button, {x, y}, from_, {kWidth, kHeight}});
+        from_ = {x, y};
     }
     PatternBlock& Block(int row) { return i.s.Set[i.s.CurrentLoop].Pattern[row]; }
+    /// Middle of step column `column` (from 1) of `steps`.
+    static double Middle(int column, int steps) { return 100 + 1900 * (column - 0.5) / steps; }
+
+private:
+    GraphPlace from_;
 };
 
 TEST_F(PatternDrawing, APressDrawsNothingYet) {
@@ -117,33 +123,133 @@ TEST_F(PatternDrawing, AOneStepPatternHasASingleColumnOf95PercentOfTheWidth) {
 TEST_F(PatternDrawing, PastTheRightEdgeByLessThanAColumnTheValueGoesToTheSlotAfterTheLastStep) {
     Gesture(kVolPattern, Phase::Down, 1900, 500);
     Gesture(kVolPattern, Phase::Move, 2100, 500);
-    EXPECT_EQ(Block(kVolPattern)[3], 500);
+    EXPECT_EQ(Block(kVolPattern)[3], 250);
     EXPECT_EQ(Block(kVolPattern)[4], 250);
     EXPECT_EQ(i.s.ReadoutText, "Step: 5 Vol: 250");
-    EXPECT_EQ(i.Screen.Count("ShowPatternColumn"), 0) << "the graph has no such column";
-    i.Screen.Log.clear();
-    Gesture(kVolPattern, Phase::Move, 2000 + 475, 100);  // a whole column further: ignored
-    EXPECT_EQ(Block(kVolPattern)[5], 500);
-    EXPECT_EQ(i.s.ReadoutText, "Step: 5 Vol: 250");
-    EXPECT_THAT(i.Screen.Log, IsEmpty());
+    EXPECT_EQ(i.Screen.Count("ShowPatternColumn 0 5"), 0) << "the graph has no such column";
+}
+
+TEST_F(PatternDrawing, BesideItsColumnsTheReadoutStillShowsTheStepAndTheHeightAndNothingIsDrawn) {
+    const LoopTrackSet before = i.s.Set[0];
+    struct Case {
+        double X;
+        std::string Readout;
+    };
+    for (const Case& c : {Case{2000 + 475, "Step: 6 Vol: 450"}, Case{99, "Step: 0 Vol: 450"},
+                          Case{-5000, "Step: -10 Vol: 450"}, Case{1e9, "Step: 9999 Vol: 450"}}) {
+        Gesture(kVolPattern, Phase::Down, 2000 + 475, 100);
+        Gesture(kVolPattern, Phase::Down, 2000 + 475, 100);
+        i.Screen.Log.clear();
+        PatternEdit(i.s, kVolPattern, kLeftButton, {c.X, 100}, {kWidth, kHeight});
+        EXPECT_EQ(i.s.ReadoutText, c.Readout);
+        EXPECT_THAT(i.Screen.Log, ElementsAre("ShowReadout"));
+    }
+    EXPECT_EQ(i.s.Set[0], before);
+}
+
+TEST_F(PatternDrawing, ColumnsThatThePointerJumpsOverAreDrawnOnTheStraightLine) {
+    SetSteps(16);
+    Gesture(kVolPattern, Phase::Down, Middle(1, 16), 1000);
+    Gesture(kVolPattern, Phase::Move, Middle(9, 16), 200);
+    for (int column = 1; column <= 9; ++column) EXPECT_EQ(Block(kVolPattern)[column - 1], 50 * (column - 1)) << column;
+    EXPECT_EQ(Block(kVolPattern)[9], 500);
+    EXPECT_EQ(i.s.ReadoutText, "Step: 9 Vol: 400");
+    for (int column = 1; column <= 9; ++column) {
+        EXPECT_THAT(i.Screen.Log, Contains("ShowPatternColumn 0 " + std::to_string(column)));
+    }
+    // Back again, and the release is a jump too.
+    Gesture(kVolPattern, Phase::Up, Middle(5, 16), 1000);
+    EXPECT_EQ(Block(kVolPattern)[8], 400);
+    EXPECT_EQ(Block(kVolPattern)[7], 300);
+    EXPECT_EQ(Block(kVolPattern)[6], 200);
+    EXPECT_EQ(Block(kVolPattern)[5], 100);
+    EXPECT_EQ(Block(kVolPattern)[4], 0);
+    EXPECT_EQ(Block(kVolPattern)[3], 150);
+}
+
+TEST_F(PatternDrawing, AJumpOutOfTheGraphDrawsItsColumnsOnTheWayAndNoOther) {
+    const std::int16_t spread = Block(kVolPattern)[kPatternOffset];
+    Gesture(kVolPattern, Phase::Down, Middle(2, 4), 500);
+    Gesture(kVolPattern, Phase::Move, 4000, 500);
+    Gesture(kVolPattern, Phase::Move, -4000, 500);
+    for (int step = 0; step < 4; ++step) EXPECT_EQ(Block(kVolPattern)[step], 250) << step;
+    EXPECT_EQ(Block(kVolPattern)[4], 500);
+    EXPECT_EQ(Block(kVolPattern)[kPatternOffset], spread);
+}
+
+TEST_F(PatternDrawing, AJumpInTheRandomColumnDrawsNoStep) {
+    Gesture(kVolPattern, Phase::Down, 50, 500);
+    Gesture(kVolPattern, Phase::Move, 1990, 500);
+    EXPECT_EQ(Block(kVolPattern)[kPatternOffset], 250);
+    for (int step = 0; step < 4; ++step) EXPECT_EQ(Block(kVolPattern)[step], 500) << step;
+}
+
+TEST_F(PatternDrawing, ASecondButtonEndsIt) {
+    for (const std::int16_t second : {kRightButton, kMiddleButton}) {
+        for (const double x : {50.0, 600.0}) {
+            SCOPED_TRACE(testing::Message() << second << " at " << x);
+            Gesture(kVolPattern, Phase::Down, x, 500);
+            Gesture(kVolPattern, Phase::Down, x, 500, second);
+            EXPECT_EQ(i.s.PatternDrawRow, -1);
+            EXPECT_EQ(i.s.PatternRandomRow, -1);
+            const LoopTrackSet before = i.s.Set[0];
+            Gesture(kVolPattern, Phase::Move, 1500, 100, static_cast<std::int16_t>(kLeftButton | second));
+            Gesture(kVolPattern, Phase::Up, 1500, 100, second);
+            Gesture(kVolPattern, Phase::Move, 1500, 100);
+            Gesture(kVolPattern, Phase::Up, 1500, 100);
+            EXPECT_EQ(i.s.Set[0], before);
+        }
+    }
+}
+
+TEST_F(PatternDrawing, AfterALostReleaseTheNextPressAloneDecidesWhatIsDrawn) {
+    Gesture(kVolPattern, Phase::Down, 600, 500);
+    Gesture(kVolPattern, Phase::Down, 50, 400);
+    EXPECT_EQ(i.s.PatternDrawRow, -1);
+    EXPECT_EQ(i.s.PatternRandomRow, kVolPattern);
+    Gesture(kVolPattern, Phase::Up, 50, 400);
+    EXPECT_EQ(Block(kVolPattern)[kPatternOffset], 300);
+    EXPECT_EQ(i.s.PatternRandomRow, -1);
+}
+
+TEST_F(PatternDrawing, AMoveWithoutAButtonEndsADrawingWhoseReleaseWasLost) {
+    for (const double x : {50.0, 600.0}) {
+        Gesture(kHzPattern, Phase::Down, x, 500);
+        const LoopTrackSet before = i.s.Set[0];
+        Gesture(kHzPattern, Phase::Move, x, 100, kNoButton);
+        EXPECT_EQ(i.s.Set[0], before);
+        EXPECT_EQ(i.s.PatternDrawRow, -1);
+        EXPECT_EQ(i.s.PatternRandomRow, -1);
+    }
+}
+
+TEST_F(PatternDrawing, AValueIsStoredAsTheNearestWholeNumberAHalfAsTheEvenOne) {
+    for (const auto& [value, stored] :
+         {std::pair{100.4, 100}, {100.5, 100}, {100.6, 101}, {101.5, 102}, {102.5, 102}, {103.5, 104}}) {
+        PatternStore(i.s, kVolPattern, 2, value);
+        EXPECT_EQ(Block(kVolPattern)[1], stored) << value;
+        PatternStore(i.s, kVolPattern, 0, value);
+        EXPECT_EQ(Block(kVolPattern)[kPatternOffset], stored) << value;
+    }
 }
 
 TEST_F(PatternDrawing, With32StepsThatSlotIsTheSpreadOfTheRow) {
     SetSteps(32);
     Gesture(kVolPattern, Phase::Down, 1990, 500);
     Gesture(kVolPattern, Phase::Move, 2010, 500);
-    EXPECT_EQ(Block(kVolPattern)[31], 500);
+    EXPECT_EQ(Block(kVolPattern)[31], 250);
     EXPECT_EQ(Block(kVolPattern)[kPatternOffset], 250);
     EXPECT_THAT(i.Screen.Log, Contains("ShowPatternColumn 0 0"));
 }
 
 TEST_F(PatternDrawing, LeftOfTheStepsAStepDragIsIgnored) {
-    Gesture(kVolPattern, Phase::Down, 200, 500);
+    Gesture(kVolPattern, Phase::Down, 99.5, 500);
+    i.s.PatternRandomRow = -1;
+    i.s.PatternDrawRow = kVolPattern;
+    const LoopTrackSet before = i.s.Set[0];
     Gesture(kVolPattern, Phase::Move, 99, 500);
     Gesture(kVolPattern, Phase::Move, -5000, 500);
-    EXPECT_EQ(Block(kVolPattern)[0], 500);
-    EXPECT_EQ(Block(kVolPattern)[kPatternOffset], 0);
-    EXPECT_EQ(i.s.ReadoutText, "");
+    EXPECT_EQ(i.s.Set[0], before);
 }
 
 TEST_F(PatternDrawing, TheHeightIsAShareOfTheRangeLimitedToIt) {
@@ -245,7 +351,7 @@ TEST_F(PatternDrawing, StepsBeyondTheSlotsOfAPatternAreIgnored) {
 TEST_F(PatternDrawing, AGraphWithoutSizeOrColumnsIsNotDrawnOn) {
     const LoopTrackSet before = i.s.Set[0];
     Gesture(kVolPattern, Phase::Down, 600, 500);
-    PatternGraph_Gesture(i.s, kVolPattern, Phase::Move, kLeftButton, 600, 500, {0, 0});
+    PatternGraph_Gesture(i.s, kVolPattern, {Phase::Move, kLeftButton, {600, 500}, {100, 500}, {0, 0}});
     i.s.GraphColumns = {};
     Gesture(kVolPattern, Phase::Move, 600, 500);
     EXPECT_EQ(i.s.Set[0], before);

@@ -79,6 +79,14 @@ TEST_F(NSteps, AboutOneStepForEach20TwipsUpwardsAndTheRecordWaitsForTheRelease) 
     EXPECT_EQ(i.s.StepReadOutTop, 8);
 }
 
+TEST_F(NSteps, APartOfATwipDownwardsDoesNotCount) {
+    NSteps_Gesture(i.s, Phase::Down, 500);
+    NSteps_Gesture(i.s, Phase::Move, 520.5);
+    EXPECT_EQ(i.s.StepsShown, 9);
+    NSteps_Gesture(i.s, Phase::Move, 479.5);
+    EXPECT_EQ(i.s.StepsShown, 11);
+}
+
 TEST_F(NSteps, StayWithin1And32) {
     NSteps_Gesture(i.s, Phase::Down, 0);
     NSteps_Gesture(i.s, Phase::Move, 10000);
@@ -297,6 +305,20 @@ TEST_F(PatternCopying, FromTheSelectionRowTheTargetIsIgnoredAndAllControlledRows
     i.Select(3);
     PatternCopy(i.s, kSelectionRow, 0, kVolPattern);
     EXPECT_THAT(Owners(kVolPattern), ElementsAre(0, 4, 2, 4, 4));
+}
+
+TEST_F(PatternCopying, ToTheSelectionRowReachesTheControlledRowsAndNotItsOwnRecord) {
+    i.Select(1);
+    i.Select(3);
+    PatternCopy(i.s, 0, kSelectionRow, kHzPattern);
+    EXPECT_THAT(Owners(kHzPattern), ElementsAre(0, 0, 2, 0, 4));
+}
+
+TEST_F(PatternCopying, AllPatternsToTheSelectionRowLeaveTheControlledRowsTheirSteps) {
+    i.Select(2);
+    PatternCopyAll(i.s, 0, kSelectionRow);
+    for (int p = 0; p < kPatternRows; ++p) EXPECT_THAT(Owners(p), ElementsAre(0, 1, 0, 3, 4));
+    EXPECT_THAT(Steps(), ElementsAre(0, 1, 2, 3, 0));
 }
 
 TEST_F(PatternCopying, AllPatternsTakeTheStepsToTheTargetAlone) {

@@ -33,9 +33,14 @@ PatternGraphControl::PatternGraphControl(Session& session, QWidget* parent, int 
 }
 
 void PatternGraphControl::Gesture(Phase phase, std::int16_t button, QPointF twips) {
-    if (phase == Phase::Down && button == kRightButton) return BeginDrag({drags::kPatternGraph, index, ""});
-    PatternGraph_Gesture(s, index, phase, button, twips.x(), twips.y(),
-                         {width() * kTwipsPerPixel, height() * kTwipsPerPixel});
+    PatternGraph_Gesture(s, index,
+                         {phase,
+                          button,
+                          {twips.x(), twips.y()},
+                          {passed_.x(), passed_.y()},
+                          {width() * kTwipsPerPixel, height() * kTwipsPerPixel}});
+    passed_ = twips;
+    if (phase == Phase::Down && button == kRightButton) BeginDrag({drags::kPatternGraph, index, ""});
 }
 
 void PatternGraphControl::DoubleClick(std::int16_t button, QPointF twips) { Gesture(Phase::Down, button, twips); }
@@ -110,8 +115,10 @@ StepReadOutControl::StepReadOutControl(Session& session, QWidget* parent) : Cont
 }
 
 QRectF StepReadOutControl::MarkerPlace() const {
-    const int steps = std::max<int>(1, s.StepsShown);
-    const QRectF place = StepPlace(width(), height(), s.Run[s.CurrentLoop].Step, steps);
+    const int steps = std::max<int>(1, s.StepReadOutTop);
+    // A step beyond the last one, as after a change of their number, wraps when it is over.
+    const int step = std::min<int>(s.Run[s.CurrentLoop].Step, steps - 1);
+    const QRectF place = StepPlace(width(), height(), step, steps);
     const double half = std::clamp(place.width() / 2 - 2, 3.0, 22.0);
     return {place.center().x() - half, 2, 2 * half, height() - 4.0};
 }

@@ -24,6 +24,7 @@ protected:
 private:
     void DrawColumn(QPainter& p, int column) const;
     double HeightOf(double value) const;
+    QPointF passed_;  // the previous place of the pointer, twips
 };
 
 /// `StepReadOut`: marks the current step of `CurrentLoop` above the graphs, in line with their columns.
