@@ -10,8 +10,6 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kDigitGroups = 3;
-
 void StoreTime(Session& s, int group, std::int32_t hundredths) {
     switch (group) {
         case kStepDurationGroup:
@@ -55,7 +53,7 @@ void TimeDigit_Gesture(Session& s, int digit, Phase phase, double y) {
         case Phase::Down:
             s.Drag.Dragging = True;
             s.Drag.DragOrigin = static_cast<float>(y);
-            if (group < kDigitGroups) s.Drag.DragStartValue = StoredTime(s, group);
+            if (group < kTimeGroups) s.Drag.DragStartValue = StoredTime(s, group);
             return;
         case Phase::Move: {
             if (s.Drag.Dragging == False) return;

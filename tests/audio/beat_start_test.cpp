@@ -24,6 +24,17 @@ TEST(LoopSetBeatStart, LimitsTheValueInPlaceToTheSampleAndCountsItsBytes) {
     }
 }
 
+TEST(LoopSetBeatStart, TheLimitIsTheLengthInHundredthsRoundedAHalfToTheEvenNumber) {
+    Instrument i;
+    i.Fill(0);
+    for (const auto& [length, limit] : {std::pair{0.294, 29}, {0.296, 30}, {0.125, 12}, {0.375, 38}}) {
+        i.s.Set[0].Length = length;
+        std::int32_t value = 99999;
+        LoopSetBeatStart(i.s, 0, value);
+        EXPECT_EQ(value, limit) << length;
+    }
+}
+
 TEST(LoopSetBeatStart, RoundsTheBytesDownWithoutMindingFrames) {
     Instrument i;
     i.Fill(0);

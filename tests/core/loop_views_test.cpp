@@ -129,6 +129,25 @@ TEST_F(PatternTab, AStepOfThreeSampleLengthsReads300Percent) {
     EXPECT_EQ(Percent(kStepDurationGroup), "300.0%");
 }
 
+TEST_F(PatternTab, AHalfOfTheLastDecimalIsRoundedUpAlsoWhereTheBinaryNumberIsALittleLess) {
+    LoopTrackSet& set = i.s.Set[0];
+    struct Case {
+        std::int32_t Swing, Step;
+        std::string Text;
+    };
+    for (const Case& c : {Case{201, 400, "50.3%"}, Case{203, 400, "50.8%"}, Case{199, 400, "49.8%"},
+                          Case{2009, 4000, "50.2%"}, Case{2011, 4000, "50.3%"}, Case{3, 2000, "0.2%"}}) {
+        set.Swing = c.Swing;
+        set.StepDuration = c.Step;
+        ShowSwing(i.s);
+        EXPECT_EQ(Percent(kSwingGroup), c.Text) << c.Swing << " / " << c.Step;
+    }
+    set.Length = 4;
+    set.StepDuration = 201;
+    ShowStepDuration(i.s);
+    EXPECT_EQ(Percent(kStepDurationGroup), "50.3%");
+}
+
 TEST_F(PatternTab, PercentagesHaveOneDecimalRoundHalvesUpAndHaveNoUpperLimit) {
     LoopTrackSet& set = i.s.Set[0];
     set.StepDuration = 400;

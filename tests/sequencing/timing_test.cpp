@@ -279,5 +279,28 @@ TEST_F(TimingCopies, ASelectionIsCopiedCompletelyBeforeAnyPlayModeIsSetAgain) {
     EXPECT_THAT(watch.Steps, ElementsAre(30, 30));
 }
 
+TEST_F(TimingCopies, ACopyOfAllShowsTheTimesAgainAndOneOfASingleElementLeavesThatToTheDrop) {
+    i.s.ActiveTab = kPatternTab;
+    for (const int what : {0, 1, 2}) TimingCopy(i.s, 0, 1, what);
+    EXPECT_THAT(i.Screen.Log, IsEmpty());
+    TimingCopy(i.s, 0, 1, 4);
+    for (const char* shown : {"ShowTime 0", "ShowTime 1", "ShowTime 2"}) EXPECT_EQ(i.Screen.Count(shown), 1) << shown;
+}
+
+TEST_F(TimingCopies, ABandIsCopiedRowByRowAndThePlayModeOfEachSetAgainAtOnce) {
+    StepWatch watch;
+    Session s{Services{watch, i.Desk, i.Forms, i.Chance, i.Timers, i.Scripts, i.Store, nullptr, nullptr}};
+    watch.Shown = &s;
+    s.Set[0].StepDuration = 30;
+    s.BandTable[1].First = 1;
+    s.BandTable[1].Last = 2;
+    for (const Row row : {Row{1}, Row{2}}) {
+        s.Run[row].InBand = True;
+        s.Run[row].Band = 1;
+    }
+    TimingCopy(s, 0, 1, 4);
+    EXPECT_THAT(watch.Steps, ElementsAre(1, 30));
+}
+
 }  // namespace
 }  // namespace marvolin

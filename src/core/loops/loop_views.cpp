@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 
 #include "core/routines.h"
 
@@ -17,7 +18,10 @@ constexpr int kTimeCharacters = 6;            // "000.00"
 /// A share as a percentage with one decimal, halves away from zero: 3.0 reads "300.0%".
 std::string PercentText(double share) {
     std::array<char, 400> text{};
-    std::snprintf(text.data(), text.size(), "%.1f%%", std::round(share * 1000) / 10);
+    // With the fifteen digits that a share holds for sure: 0.5025, times 1000, is a little less than 502.5.
+    std::snprintf(text.data(), text.size(), "%.14e", share * 1000);
+    const double tenths = std::round(std::strtod(text.data(), nullptr));
+    std::snprintf(text.data(), text.size(), "%.1f%%", tenths / 10);
     return text.data();
 }
 

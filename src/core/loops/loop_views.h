@@ -23,6 +23,7 @@ void ShowStep(Session& s, Row row);
 inline constexpr int kDigitsAGroup = 5;
 /// Groups of the timing read-outs.
 enum TimeGroup : int { kStepDurationGroup = 0, kSwingGroup = 1, kBeatStartGroup = 2 };
+inline constexpr int kTimeGroups = 3;
 
 /// `seconds` as the six characters "000.00" that a group of digits shows; it has none for thousands.
 std::string TimeDigitsText(double seconds);

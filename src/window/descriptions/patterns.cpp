@@ -8,8 +8,6 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kGroups = 3;
-
 template <std::size_t N>
 std::string OneOf(const std::array<const char*, N>& texts, int index) {
     return texts[static_cast<std::size_t>(index)];
@@ -21,19 +19,19 @@ std::string GraphLabel(const Situation& at) {
 }
 
 std::string CloneCaption(const Situation& at) {
-    constexpr std::array<const char*, kGroups> kCaptions{"Step Duration:", "Sample Start:", "Swing: +/-Rnd:"};
+    constexpr std::array<const char*, kTimeGroups> kCaptions{"Step Duration:", "Sample Start:", "Swing: +/-Rnd:"};
     return OneOf(kCaptions, at.Index);
 }
 
 std::string CloneTip(const Situation& at) {
-    constexpr std::array<const char*, kGroups> kTips{"Duration of Step, in Seconds (Applies to Track & Drum Mode)",
-                                                     "Begin Playing at this Point in Sample (Applies to Drum Mode)",
-                                                     "Swing Duration +/- a random number up to this amount"};
+    constexpr std::array<const char*, kTimeGroups> kTips{"Duration of Step, in Seconds (Applies to Track & Drum Mode)",
+                                                         "Begin Playing at this Point in Sample (Applies to Drum Mode)",
+                                                         "Swing Duration +/- a random number up to this amount"};
     return OneOf(kTips, at.Index);
 }
 
 std::string DigitLabel(const Situation& at) {
-    constexpr std::array<const char*, kGroups> kTimes{"Step Duration", "Swing", "Sample Start"};
+    constexpr std::array<const char*, kTimeGroups> kTimes{"Step Duration", "Swing", "Sample Start"};
     constexpr std::array<const char*, kDigitsAGroup> kDigits{"hundredths", "tenths", "seconds", "tens of seconds",
                                                              "hundreds of seconds"};
     return OneOf(kTimes, at.Index / kDigitsAGroup) + ", " + OneOf(kDigits, at.Index % kDigitsAGroup);
@@ -45,7 +43,7 @@ std::string DigitValue(const Situation& at) {
 }
 
 std::string PercentLabel(const Situation& at) {
-    constexpr std::array<const char*, kGroups> kLabels{
+    constexpr std::array<const char*, kTimeGroups> kLabels{
         "Step Duration as Percentage of Sample Length; dblclk to set to %100",
         "Swing as Percentage of Step Duration; dblclk to set to %0",
         "Sample Start as Percentage of Sample Length; dblclk to set to %0"};
@@ -107,14 +105,14 @@ constexpr Description kTable[] = {
      .Topic = 10087,
      .Role = QAccessible::Grouping},
     {.Name = drags::kCloneTime,
-     .Range = {0, kGroups - 1},
+     .Range = {0, kTimeGroups - 1},
      .Caption = CloneCaption,
      .Tip = CloneTip,
      .Hint = "rtdrg Copy Timing Element",
      .Topic = 10088,
      .Role = QAccessible::StaticText},
     {.Name = "TimeDigit",
-     .Range = {0, kGroups* kDigitsAGroup - 1},
+     .Range = {0, kTimeGroups* kDigitsAGroup - 1},
      .Label = DigitLabel,
      .Tip = kLabelAsTip,
      .Hint = "drg Digits -/+",
@@ -123,7 +121,7 @@ constexpr Description kTable[] = {
      .Taken = Keys::Turn,
      .Value = DigitValue},
     {.Name = "PercentReadOut",
-     .Range = {0, kGroups - 1},
+     .Range = {0, kTimeGroups - 1},
      .Label = PercentLabel,
      .Tip = kLabelAsTip,
      .Topic = 10090,

@@ -87,7 +87,7 @@ void TabPattern::RefreshPlayMode() { loopIt_->Refresh(); }
 void TabPattern::RefreshSteps() {
     steps_->Refresh();
     badge_->Refresh();
-    readOut_->update();
+    readOut_->Refresh();
 }
 
 void TabPattern::RefreshGraph(int patternRow) { graphs_[static_cast<std::size_t>(patternRow)]->Refresh(); }

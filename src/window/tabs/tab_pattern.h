@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <array>
 
+#include "core/loops/loop_views.h"
 #include "core/session.h"
 
 namespace marvolin {
@@ -37,8 +38,8 @@ private:
     Control* steps_ = nullptr;
     Control* loopIt_ = nullptr;
     Control* badge_ = nullptr;
-    std::array<std::array<Control*, 5>, 3> digits_{};
-    std::array<Control*, 3> percents_{};
+    std::array<std::array<Control*, kDigitsAGroup>, kTimeGroups> digits_{};
+    std::array<Control*, kTimeGroups> percents_{};
 };
 
 }  // namespace marvolin
