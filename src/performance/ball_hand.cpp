@@ -41,8 +41,9 @@ bool Forward(Session& s, int ball, Phase what, std::int16_t button, ScreenPoint 
     return false;
 }
 
-/// Two right clicks on the map are two fades, or two turns of the listener.
-bool CentresBy(int ball, std::int16_t button) {
+/// Whether this button holds the ball, and its double click centres it. On the map two right clicks are two fades, or
+/// two turns of the listener.
+bool TakesBall(int ball, std::int16_t button) {
     return button == kLeftButton || (ball == kPadBall && button == kRightButton);
 }
 
@@ -83,7 +84,7 @@ std::optional<DragSource> Press(Session& s, int ball, const BallEvent& press, Do
     first.FirstButton = second ? static_cast<std::int16_t>(kNoButton) : press.Button;
     first.FirstTime = second ? 0 : press.Time;
 
-    const bool centres = second && CentresBy(ball, press.Button);
+    const bool centres = second && TakesBall(ball, press.Button);
     s.BallHolds[ball].Centred = centres;
     if (centres) {
         BallCentre(s, clicked);
@@ -119,10 +120,10 @@ void MoveOrRelease(Session& s, int ball, const BallEvent& event, DoubleClickLimi
         return;
     }
     if (s.CursorFree) {
-        // Not held by a left drag: the turn of the listener reads plain distances on the screen. A button that is still
-        // down after the window has lost the pointer drags nothing.
-        const bool lost = event.What == Phase::Move && !event.Held;
-        Forward(s, ball, event.What, lost ? static_cast<std::int16_t>(kNoButton) : event.Button, event.Pointer);
+        // No ball is held: the turn of the listener reads plain distances on the screen. A button that is still down
+        // after the window has lost the pointer, or after another button has ended its drag, drags nothing.
+        const bool idle = event.What == Phase::Move && (!event.Held || TakesBall(ball, event.Button));
+        Forward(s, ball, event.What, idle ? static_cast<std::int16_t>(kNoButton) : event.Button, event.Pointer);
         return;
     }
     // The place within the ball, which itself moves, as if the ball had been taken at the point at which it is held.

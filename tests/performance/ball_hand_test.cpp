@@ -200,6 +200,49 @@ TEST(BallHand, ARightDragTurnsTheListenerByTheDistanceOnTheScreen) {
     EXPECT_EQ(hand.s.ListenerAngle, 45);
 }
 
+TEST(BallHand, TwoButtonsTogetherNeitherCageThePointerNorMakeABallJump) {
+    constexpr std::array<std::int16_t, 3> kButtons{kLeftButton, kRightButton, kMiddleButton};
+    for (int ball : {0, kListenerBall, kPadBall}) {
+        for (const std::int16_t first : kButtons) {
+            for (const std::int16_t second : kButtons) {
+                for (const bool firstUpFirst : {true, false}) {
+                    if (first == second) continue;
+                    SCOPED_TRACE(testing::Message() << ball << ": " << first << ", " << second << ", " << firstUpFirst);
+                    Hand hand;
+                    const auto both = static_cast<std::int16_t>(first | second);
+                    hand.Press(ball, hand.On(ball, 15, 15), first);
+                    PixelPoint at = hand.Pointer;
+                    const auto go = [&](std::int16_t button) {
+                        at = at + PixelPoint{2, 1};
+                        hand.Move(ball, at, button);
+                    };
+                    go(first);
+                    hand.Press(ball, at, second, 10);
+                    at = hand.Pointer;
+                    go(both);
+                    hand.Release(ball, at, firstUpFirst ? first : second);
+                    go(firstUpFirst ? second : first);
+                    hand.Release(ball, at, firstUpFirst ? second : first);
+                    EXPECT_TRUE(hand.s.CursorFree);
+                    EXPECT_EQ(hand.s.Drag.Dragging, False);
+                    // At most as far as the hand went.
+                    EXPECT_LE(std::abs(hand.Place(ball).X), 6);
+                    EXPECT_LE(std::abs(hand.Place(ball).Y), 3);
+                    // Six pixels turn the listener by 27 degrees.
+                    const int angle = hand.s.ListenerAngle;
+                    EXPECT_LE(std::min(angle, 360 - angle), 27);
+                    // A plain drag works afterwards.
+                    const PixelPoint before = hand.Place(ball);
+                    hand.Press(ball, hand.On(ball, 15, 15), kLeftButton, 5000);
+                    hand.Move(ball, hand.Pointer + PixelPoint{10, 0});
+                    hand.Release(ball, hand.Pointer);
+                    EXPECT_EQ(hand.Place(ball).X - before.X, 10);
+                }
+            }
+        }
+    }
+}
+
 TEST(BallHand, AStepIsFourPixels) {
     for (int ball : {1, kListenerBall, kPadBall}) {
         SCOPED_TRACE(ball);

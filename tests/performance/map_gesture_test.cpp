@@ -140,6 +140,62 @@ TEST(PosGesture, WithItsBoxOnTheHeadingIsHeardWhileItTurns) {
     EXPECT_EQ(i.s.ListenerAngle, 357);
 }
 
+TEST(PosGesture, ASecondButtonEndsADragWhereTheBallStandsAndIsHeard) {
+    for (int ball : {1, kListenerBall}) {
+        for (const auto second : std::initializer_list<std::int16_t>{kRightButton, kMiddleButton}) {
+            SCOPED_TRACE(testing::Message() << ball << ", " << second);
+            Surfaces i;
+            i.Use3D();
+            i.Fill(1);
+            i.s.PositionUpdate = Table<bool, 3>{{{false, false, false}}};
+            PosGesture(i.s, Phase::Down, ball, kLeftButton, kHold, kHold);
+            PosGesture(i.s, Phase::Move, ball, kLeftButton, kHold + 100, kHold);
+            i.Clear();
+            EXPECT_EQ(PosGesture(i.s, Phase::Down, ball, second, kHold, 9999),
+                      second == kRightButton && ball != kListenerBall);
+            EXPECT_TRUE(i.s.CursorFree);
+            EXPECT_THAT(i.Desk.Log, testing::ElementsAre("ReleaseCursor"));
+            EXPECT_EQ(i.Sound.Count(ball == 1 ? "SetPosition b0" : "SetListenerPosition"), 1);
+            EXPECT_EQ(i.s.BallPos[ball].X, 100);
+            PosGesture(i.s, Phase::Up, ball, second, kHold, 9999);
+            PosGesture(i.s, Phase::Up, ball, kLeftButton, kHold + 50, kHold);
+            EXPECT_EQ(i.s.BallPos[ball].X, 100);
+            EXPECT_TRUE(i.s.CursorFree);
+            EXPECT_EQ(i.s.Drag.Dragging, False);
+        }
+    }
+}
+
+TEST(PosGesture, ALeftPressEndsTheTurnOfTheListener) {
+    Surfaces i;
+    i.Use3D();
+    PosGesture(i.s, Phase::Down, kListenerBall, kRightButton, 0, 50);
+    PosGesture(i.s, Phase::Move, kListenerBall, kRightButton, 0, 40);
+    EXPECT_EQ(i.s.ListenerAngle, 3);
+    PosGesture(i.s, Phase::Down, kListenerBall, kLeftButton, kHold, kHold);
+    EXPECT_EQ(i.s.Drag.Dragging, False);
+    EXPECT_EQ(i.Sound.Count("SetOrientation"), 1);
+    EXPECT_FALSE(i.s.CursorFree);
+    PosGesture(i.s, Phase::Move, kListenerBall, kLeftButton | kRightButton, kHold, kHold + 900);
+    EXPECT_EQ(i.s.ListenerAngle, 3);
+    PosGesture(i.s, Phase::Up, kListenerBall, kLeftButton, kHold, kHold);
+    EXPECT_TRUE(i.s.CursorFree);
+}
+
+TEST(PosGesture, ThePointerOnABallAtAnyEdgeLiesWithinTheRectangleThatKeepsIt) {
+    for (const double x : {-Surfaces::kHalf, Surfaces::kHalf}) {
+        for (const double y : {-Surfaces::kHalf, Surfaces::kHalf}) {
+            Surfaces i;
+            i.Use3D();
+            PosMove(i.s, x, y, 0, {.Absolute = true, .Apply = true});
+            i.Clear();
+            PosGesture(i.s, Phase::Down, 0, kLeftButton, kHold, kHold);
+            const std::string pointer = std::string(x < 0 ? "108" : "392") + "," + (y < 0 ? "208" : "492");
+            EXPECT_THAT(i.Desk.Log, testing::ElementsAre("SetCursorPos " + pointer, "ClipCursor 104,204,396,496"));
+        }
+    }
+}
+
 TEST(PosGesture, AVeryLongTurnIsLimited) {
     Surfaces i;
     PosGesture(i.s, Phase::Down, kListenerBall, kRightButton, 0, 0);

@@ -302,6 +302,39 @@ TEST(PadMix, AgreesWithAnIndependentComputationOverPlacesTypesAndCurves) {
     EXPECT_EQ(places, 4 * 5 * 43 * 43);
 }
 
+/// Counts the calls to the sound service that were made before the status text is shown.
+struct StatusWatch : test::FakeDisplay {
+    const std::vector<std::string>* Calls = nullptr;
+    std::vector<std::size_t> Before;
+    void ShowStatusText() override { Before.push_back(Calls->size()); }
+};
+
+TEST(PadMix, TheSoundHasTheLevelsBeforeTheyAreReadOut) {
+    Surfaces i;
+    StatusWatch watch;
+    Session s{i.For(watch)};
+    watch.Calls = &i.Sound.Log;
+    s.DX = std::make_unique<test::FakeDirectX>(i.Sound);
+    s.DS = s.DX->DirectSoundCreate("guid1");
+    s.Run[0].Buffer = s.DS->CreateSoundBufferFromFile("/samples/one.WAV", buffer_flags::kSample);
+    s.Run[0].Loaded = True;
+    s.DSReady = true;
+    PadGeometryInit(s, 4500, 4500);
+    i.Sound.Log.clear();
+    double x = 400;
+    double y = 300;
+    PadMix(s, x, y, kVolPad, {.Absolute = true});
+    EXPECT_THAT(watch.Before, testing::ElementsAre(1));
+    EXPECT_EQ(i.Sound.Count("SetVolume b0"), 1);
+}
+
+TEST(PadMix, WithoutASizeTheBallIsInTheMiddle) {
+    Surfaces i;
+    i.s.Geometry = {};
+    Mix(i, 2, 1, 100, 100);
+    EXPECT_EQ(Levels(i, 2), (Four{250, 250, 250, 250}));
+}
+
 TEST(PadMove, ScalesBothAxesAndPlacesTheBall) {
     Surfaces i;
     PadGeometryInit(i.s, 4500, 3000);

@@ -142,6 +142,29 @@ TEST(PosMacros, TheOtherEntriesRestartTheCount) {
     }
 }
 
+TEST(PosMacros, AWanderChosenAgainStartsItsTimeAnew) {
+    for (const auto entry : std::initializer_list<std::int16_t>{kMacroOff, kMacroWander, kMacroWanderJump}) {
+        Surfaces i;
+        PosMacros_Click(i.s, entry);
+        i.s.WanderElapsed = 99;
+        PosMacros_Click(i.s, entry);
+        EXPECT_EQ(i.s.WanderElapsed, 0);
+        EXPECT_EQ(i.s.PosMacro, entry);
+    }
+}
+
+TEST(PosMacros, TheChoiceIsStoredAfterTheScatterSoThatARefusedOneLeavesItsEntryChosen) {
+    for (const auto entry : std::initializer_list<std::int16_t>{kMacroScatterAbs, kMacroScatterRel}) {
+        Surfaces i;
+        i.Use3D();
+        i.Fill(0);
+        i.s.PosMacro = kMacroWander;
+        i.Sound.Failures["SetPosition"] = sound_error::kGeneric;
+        PosMacros_Click(i.s, entry);
+        EXPECT_EQ(i.s.PosMacro, entry);
+    }
+}
+
 TEST(Wander, MovesOneLoopTrackATenthOfASecondEachInTurn) {
     Surfaces i;
     PosMacros_Click(i.s, 3);

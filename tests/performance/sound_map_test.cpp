@@ -175,6 +175,35 @@ TEST(SoundMap, PosPopBringsTheListenerBackOntoTheMapAndToTheFront) {
     EXPECT_EQ(i.Screen.Count("RaiseMapBall 4"), 1);
 }
 
+TEST(SoundMap, PosPopSendsNothingAndLeavesThePlaceFromWhichAMoveCounts) {
+    Surfaces i;
+    i.Use3D();
+    i.s.ListenerX = 9;
+    i.s.BallPos[kListenerBall] = {123, -456};
+    PosPop_Click(i.s);
+    EXPECT_EQ(i.s.ListenerX, 1.5);
+    EXPECT_TRUE(i.Sound.Log.empty());
+    EXPECT_EQ(i.s.BallPos[kListenerBall].X, 123);
+    EXPECT_EQ(i.s.BallPos[kListenerBall].Y, -456);
+}
+
+TEST(SoundMap, TheStartSendsTheHeading) {
+    Surfaces i;
+    i.Use3D();
+    MapInit(i.s);
+    EXPECT_EQ(i.Sound.Count("SetOrientation 0.000000,0.000000,1.000000 0.000000,1.000000,0.000000"), 1);
+}
+
+TEST(SoundMap, ThePlacesAreShownAsTheyAreCutInTheStatusLine) {
+    Surfaces i;
+    PosScaled(i.s, 0.7, 1.1, 0, 1.5, {.Absolute = true, .Apply = true});
+    EXPECT_EQ(ShownPlace(i.s, 0).X, 0.7);
+    EXPECT_EQ(ShownPlace(i.s, 0).Y, 1.1);
+    i.s.ListenerX = -0.255;
+    EXPECT_EQ(ShownPlace(i.s, kListenerBall).X, -0.26);
+    EXPECT_EQ(ShownPlace(i.s, kListenerBall).Y, 0);
+}
+
 TEST(MapSize, AfterAChangeTheBallsHaveMovedOnTheScreenAndThePlacesStay) {
     Surfaces i;
     i.Use3D();
@@ -282,6 +311,16 @@ TEST(RollOff, ShowsTheFactorWhileTheGaugeMoves) {
     RollOff_Moving(i.s, -1);
     EXPECT_EQ(i.s.StatusText, ".");
     EXPECT_TRUE(i.Sound.Log.empty());
+}
+
+TEST(Gauges, UnderThePointerTheyShowTheirValues) {
+    Surfaces i;
+    EXPECT_EQ(MapSizeText(i.s), "3. x 3.");
+    EXPECT_EQ(RollOffText(i.s), "RollOff =1");
+    MapSize_Change(i.s, 55);
+    i.s.RollOff = 25;
+    EXPECT_EQ(MapSizeText(i.s), "5.5 x 5.5");
+    EXPECT_EQ(RollOffText(i.s), "2.5");
 }
 
 TEST(RollOff, ARefusalIsShownAndThePlayerGoesOn) {

@@ -95,6 +95,14 @@ TEST(Hints, TheSoundMapShowsItsHints) {
                    {"PosBall_4", "drag to Location; rtdrg Rotate; dblclk Centre"}});
 }
 
+TEST(Hints, TheGaugesOfTheMapShowTheirValues) {
+    test::Settings stage;
+    stage.OpenMap();
+    SetMapSize(stage.s, 4.5);
+    stage.s.RollOff = 35;
+    Expect(stage, {{"MapSize", "4.5 x 4.5"}, {"RollOff", "3.5"}});
+}
+
 TEST(Hints, ThePatternPageShowsItsHints) {
     Stage stage;
     stage.s.ActiveTab = kPatternTab;

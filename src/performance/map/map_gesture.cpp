@@ -35,6 +35,37 @@ void DragBall(Session& s, int ball, double x, double y, bool apply) {
     PosScaled(s, move.X, move.Y, ball, s.Geometry.PadHalfX, {.Absolute = false, .Apply = apply, .Quiet = true});
 }
 
+void EndBallDrag(Session& s, int ball, double x, double y) {
+    ReleasePointer(s);
+    DragBall(s, ball, x, y, true);
+    const BallPoint place = MapUnits(s, ball);
+    PosChangeEvent(s, ball, place.X, place.Y);
+    PosScrollEvent(s, ball, place.X, place.Y, Force::Yes, kMapScroll);
+}
+
+void EndTurn(Session& s) {
+    RotateListener(s, s.ListenerAngle, Apply::Yes);
+    s.Drag.Dragging = False;
+}
+
+/// The press of a second button ends what the first one holds: the ball stays where the hand has brought it.
+void EndOpenGesture(Session& s, int ball) {
+    if (!s.CursorFree) {
+        EndBallDrag(s, ball, kBallHeldAt * s.World.Desk.TwipsPerPixelX(), kBallHeldAt * s.World.Desk.TwipsPerPixelY());
+    } else if (ball == kListenerBall && s.Drag.Dragging != False) {
+        EndTurn(s);
+    }
+}
+
+bool Down(Session& s, int ball, std::int16_t button, double y) {
+    EndOpenGesture(s, ball);
+    if (button == kLeftButton) TakeBall(s, ball);
+    if (button != kRightButton) return false;
+    if (ball != kListenerBall) return true;
+    TakeHeading(s, y);
+    return false;
+}
+
 void Move(Session& s, int ball, std::int16_t button, double x, double y) {
     if (button == kLeftButton) {
         DragBall(s, ball, x, y, s.PositionUpdate[ball == kListenerBall ? kUpdateListener : kUpdateLoop]);
@@ -49,14 +80,9 @@ void Move(Session& s, int ball, std::int16_t button, double x, double y) {
 
 void Up(Session& s, int ball, double x, double y) {
     if (!s.CursorFree) {
-        ReleasePointer(s);
-        DragBall(s, ball, x, y, true);
-        const BallPoint place = MapUnits(s, ball);
-        PosChangeEvent(s, ball, place.X, place.Y);
-        PosScrollEvent(s, ball, place.X, place.Y, Force::Yes, kMapScroll);
+        EndBallDrag(s, ball, x, y);
     } else if (s.Drag.Dragging != False) {
-        RotateListener(s, s.ListenerAngle, Apply::Yes);
-        s.Drag.Dragging = False;
+        EndTurn(s);
     }
 }
 
@@ -65,11 +91,7 @@ void Up(Session& s, int ball, double x, double y) {
 bool PosGesture(Session& s, Phase phase, int ball, std::int16_t button, double x, double y) {
     switch (phase) {
         case Phase::Down:
-            if (button == kLeftButton) TakeBall(s, ball);
-            if (button != kRightButton) return false;
-            if (ball != kListenerBall) return true;
-            TakeHeading(s, y);
-            return false;
+            return Down(s, ball, button, y);
         case Phase::Move:
             Move(s, ball, button, x, y);
             return false;

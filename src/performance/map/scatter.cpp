@@ -43,11 +43,11 @@ void ScatterRel(Session& s) {
 }
 
 void PosMacros_Click(Session& s, std::int16_t entry) {
-    if (entry == s.PosMacro) return;
+    const bool again = entry == s.PosMacro;
     if (entry == kMacroScatterAbs) {
-        ScatterAbsolute(s);
+        if (!again) ScatterAbsolute(s);
     } else if (entry == kMacroScatterRel) {
-        ScatterRel(s);
+        if (!again) ScatterRel(s);
     } else {
         s.WanderElapsed = 0;
     }

@@ -11,18 +11,20 @@ namespace {
 constexpr int kBalls = 5;
 
 /// A hundredth of the value, cut to two decimals; never "-0".
-std::string TwoDecimals(double hundredfold) { return NumberText(Int(hundredfold) / 100 + 0.0); }
+double TwoDecimals(double hundredfold) { return Int(hundredfold) / 100 + 0.0; }
 
 void ShowPosition(Session& s, int ball) {
-    if (ball == kListenerBall) {
-        ShowStatus(s, TwoDecimals(s.ListenerX * 100) + ", " + TwoDecimals(s.ListenerY * 100));
-    } else {
-        // In single precision, like the stored place: 0.7 would show as 0.69 otherwise.
-        ShowStatus(s, TwoDecimals(s.Set[ball].PositionX * 100.0F) + ", " + TwoDecimals(s.Set[ball].PositionY * 100.0F));
-    }
+    const BallPoint place = ShownPlace(s, ball);
+    ShowStatus(s, NumberText(place.X) + ", " + NumberText(place.Y));
 }
 
 }  // namespace
+
+BallPoint ShownPlace(const Session& s, int ball) {
+    if (ball == kListenerBall) return {TwoDecimals(s.ListenerX * 100), TwoDecimals(s.ListenerY * 100)};
+    // In single precision, like the stored place: 0.7 would show as 0.69 otherwise.
+    return {TwoDecimals(s.Set[ball].PositionX * 100.0F), TwoDecimals(s.Set[ball].PositionY * 100.0F)};
+}
 
 void MapInit(Session& s) {
     s.CursorFree = true;

@@ -33,6 +33,9 @@ void PosMove(Session& s, double x, double y, int ball, MoveFlags flags);
 /// The same from any unit; `scale` is the map's edge in it.
 void PosScaled(Session& s, double x, double y, int ball, double scale, MoveFlags flags);
 
+/// Place of a ball in map units as it is shown: cut to two decimals.
+BallPoint ShownPlace(const Session& s, int ball);
+
 /// Double click on a ball: moves it to the centre and sends the place at once, whatever the boxes `PositionUpdate` say.
 void PosBall_DblClick(Session& s, int ball);
 /// Moves all five balls to the centre.

@@ -21,6 +21,7 @@ using Weights = std::array<double, kChannels>;
 double Length(double x, double y) { return std::sqrt(x * x + y * y); }
 
 Weights CornerWeights(const PadGeometry& g, double x, double y) {
+    if (g.PadDiagonal == 0) return {0.5, 0.5, 0.5, 0.5};  // a pad without size: the ball is in the middle
     return {Length(-g.PadHalfX - x, -g.PadHalfY - y) / g.PadDiagonal,
             Length(g.PadHalfX - x, -g.PadHalfY - y) / g.PadDiagonal,
             Length(g.PadHalfX - x, g.PadHalfY - y) / g.PadDiagonal,

@@ -36,9 +36,13 @@ void Ball::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     const DoubleClickLimits limits{static_cast<std::uint64_t>(QApplication::doubleClickInterval()),
                                    static_cast<double>(QGuiApplication::styleHints()->mouseDoubleClickDistance())};
     const BallEvent event{phase, button, {pointer.x(), pointer.y()}, pressTime_, Held()};
-    if (auto drag = BallGesture(s, number_, event, limits)) return ArmDrag(std::move(*drag));
-    if (phase == Phase::Down && !s.CursorFree) setCursor(Qt::BlankCursor);
-    if (phase == Phase::Up) unsetCursor();
+    if (auto drag = BallGesture(s, number_, event, limits)) ArmDrag(std::move(*drag));
+    if (phase == Phase::Move) return;
+    if (s.CursorFree) {
+        unsetCursor();
+    } else {
+        setCursor(Qt::BlankCursor);
+    }
 }
 
 void Ball::Activate() { BallCentre(s, number_); }

@@ -22,9 +22,6 @@ namespace {
 constexpr int kMiddle = 352;
 constexpr int kRight = 700;
 
-/// Cuts a number to two decimals, as the status line does.
-double Cut(double mapUnits) { return Int(mapUnits * 100) / 100; }
-
 QString Shown(double value) { return QString::fromStdString(NumberText(value)); }
 
 }  // namespace
@@ -131,10 +128,10 @@ void TabMap::paintEvent(QPaintEvent*) {
         p.setFont(theme::Sans(11, QFont::Bold));
         p.setPen(s.MapEnabled ? theme::InkOn(colour) : theme::kQuiet);
         p.drawText(QRectF(kRight, y, 18, 18), Qt::AlignCenter, listener ? QString("L") : QString(QChar('A' + ball)));
-        const BallPoint place = MapUnits(s, ball);
+        const BallPoint place = ShownPlace(s, ball);
         p.setFont(theme::Digits(12));
         p.setPen(s.MapEnabled ? theme::kText : theme::kQuiet);
-        QString text = QString("%1, %2").arg(Cut(place.X), 6, 'f', 2).arg(Cut(place.Y), 6, 'f', 2);
+        QString text = QString("%1, %2").arg(place.X, 6, 'f', 2).arg(place.Y, 6, 'f', 2);
         if (listener) text += QString("   %1°").arg(s.ListenerAngle);
         p.drawText(QRect(kRight + 30, y, 270, 18), Qt::AlignLeft | Qt::AlignVCenter, text);
     }
