@@ -141,6 +141,46 @@ TEST(LoopDragDrop, PatternsAndTimingAreCopiedFromTheCurrentLoopTrack) {
     EXPECT_EQ(d->s.Set[2].StepDuration, 44);
 }
 
+TEST(LoopDragDrop, ACopyShowsTheViewsOfTheCurrentLoopTrackAgain) {
+    for (const char* name : {"CloneTime", "AllTiming", "PatternGraph", "Patterns", "TabControl"}) {
+        SCOPED_TRACE(name);
+        Drops d;
+        d.s.ActiveTab = kPatternTab;
+        LoopDragDrop(d.s, 2, {name, 1, ""});
+        for (const char* shown : {"ShowSteps", "ShowPattern 0", "ShowPattern 1", "ShowPattern 2", "ShowTime 0",
+                                  "ShowTime 1", "ShowTime 2"}) {
+            EXPECT_GE(d.Screen.Count(shown), 1) << shown;
+        }
+    }
+}
+
+TEST(LoopDragDrop, PatternsDroppedOnTheSelectionRowReachTheControlledRowsAsTimingDoes) {
+    for (const char* name : {"PatternGraph", "Patterns", "TabControl"}) {
+        SCOPED_TRACE(name);
+        Drops d;
+        d.Select(1);
+        d.Select(3);
+        d.s.Set[0].Pattern[kHzPattern][5] = 7;
+        d.s.Set[0].StepDuration = 44;
+        LoopDragDrop(d.s, kSelectionRow, {name, kHzPattern, ""});
+        for (Row row = 1; row < kLoopTracks; ++row) {
+            EXPECT_EQ(d.s.Set[row].Pattern[kHzPattern][5], row == 2 ? 1000 : 7) << row;
+            EXPECT_EQ(d.s.Set[row].StepDuration, row != 2 && name == std::string("TabControl") ? 44 : 1) << row;
+        }
+    }
+}
+
+TEST(LoopDragDrop, ACopiedSampleDoesNotReachTheControlledRowsThroughTheSelectionRowNorPlayOnItsOwn) {
+    Drops d;
+    d.s.PlayOnLoad = true;
+    d.Fill(0, d.Sample);
+    d.Select(1);
+    LoopDragDrop(d.s, kSelectionRow, {"DropDown", 0, ""});
+    EXPECT_EQ(d.s.Run[1].Loaded, False);
+    LoopDragDrop(d.s, 0, {"DropDown", 0, ""});
+    EXPECT_EQ(d.s.Run[0].Playing, False);
+}
+
 TEST(LoopDragDrop, CopyingTheTimingOntoAShorterSampleIsLimitedByTheSetter) {
     Drops d;
     d.Fill(2);

@@ -69,6 +69,22 @@ TEST_F(CurrentLoop, ADoubleClickOpensThePatternTabAndRefreshesTheViews) {
     EXPECT_GE(i.Screen.Count("ShowTime 0"), 1);
 }
 
+TEST_F(CurrentLoop, ADoubleClickFromTheMapOpensThePatternTabFirstSoThatNoBallIsHighlighted) {
+    i.s.ActiveTab = kMapTab;
+    Thumb_DblClick(i.s, 2);
+    EXPECT_EQ(i.s.ActiveTab, kPatternTab);
+    EXPECT_EQ(i.s.PosHighlight, -1);
+    EXPECT_EQ(i.Screen.Count("ShowTab"), 1);
+}
+
+TEST_F(CurrentLoop, ARowThatIsNoLoopTrackChangesNothing) {
+    for (const Row row : {Row{-1}, Row{4}, Row{99}}) {
+        EXPECT_THROW(SetCurrentLoop(i.s, row, OpenPattern::Yes), SubscriptError);
+    }
+    EXPECT_EQ(i.s.CurrentLoop, 0);
+    EXPECT_THAT(i.Screen.Log, IsEmpty());
+}
+
 TEST_F(CurrentLoop, OpeningFromTheMapHighlightsTheRowsBallFirst) {
     i.s.ActiveTab = kMapTab;
     SetCurrentLoop(i.s, 2, OpenPattern::Yes);

@@ -50,6 +50,7 @@ void Letr_DblClick(Session& s, Row row) {
 bool DropDropperOnDisplay(Session& s, Row row, const DragSource& source) {
     const Row from = DropperFrom(row, source);
     if (from < 0) return false;
+    if (from == row) return true;
     LoopVolChangeGang(s, from, s.Set[row].Vol, UpdateDisplay::Yes);
     return true;
 }
@@ -57,6 +58,7 @@ bool DropDropperOnDisplay(Session& s, Row row, const DragSource& source) {
 bool DropDropperOnLetter(Session& s, Row row, const DragSource& source) {
     const Row from = DropperFrom(row, source);
     if (from < 0) return false;
+    if (from == row) return true;
     LoopVolChangeGang(s, from, s.Set[row].Vol, UpdateDisplay::Yes);
     LoopPanChangeGang(s, from, s.Set[row].Pan);
     LoopHzChangeGang(s, from, s.Set[row].Hz);

@@ -27,7 +27,7 @@ std::optional<DragSource> Letr_MouseDown(Row row, std::int16_t button);
 void Letr_DblClick(Session& s, Row row);
 
 /// When `source` is the dropper and `row` is not 4, the LoopTrack that started the drag takes the volume of `row`, and
-/// the result is true.
+/// the result is true. A drop on the LoopTrack itself changes nothing, also not the others of its band.
 bool DropDropperOnDisplay(Session& s, Row row, const DragSource& source);
 /// The same with volume, pan, frequency and play mode.
 bool DropDropperOnLetter(Session& s, Row row, const DragSource& source);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/errors.h"
 #include "core/loops/loop_views.h"
 #include "core/routines.h"
 #include "parameters/position.h"
@@ -129,6 +130,7 @@ void SelectorRadio_DblClick(Session& s, int button) {
 }
 
 void SetCurrentLoop(Session& s, Row row, OpenPattern open) {
+    if (row < 0 || row >= kLoopTracks) throw SubscriptError();
     const Row old = s.CurrentLoop;
     s.CurrentLoop = row;
     s.World.Screen.ShowThumb(old);

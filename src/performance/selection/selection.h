@@ -78,7 +78,8 @@ void SelectorRadio_DblClick(Session& s, int button);
 
 /// Whether a change of the current LoopTrack opens the pattern tab.
 enum class OpenPattern : bool { No, Yes };
-/// Sets the LoopTrack that the pattern and timing views show.
+/// Sets the LoopTrack that the pattern and timing views show. A row outside 0..3 is a `SubscriptError`, and nothing
+/// changes.
 void SetCurrentLoop(Session& s, Row row, OpenPattern open);
 /// Makes the row the current LoopTrack.
 void Thumb_Click(Session& s, Row row);

@@ -93,7 +93,9 @@ void QtDisplay::ShowSelector(int button) {
 }
 
 void QtDisplay::ShowBands() {
-    if (form_ != nullptr) form_->Selectors->RefreshBands();
+    if (form_ == nullptr) return;
+    form_->Selectors->RefreshBands();
+    RowOf(form_, kSelectionRow)->Name->Refresh();  // says how many LoopTracks are controlled
 }
 
 void QtDisplay::ShowSelectList(bool open) {
