@@ -1,9 +1,9 @@
 #include "audio/device.h"
 
+#include "audio/carrying.h"
 #include "audio/ds_error.h"
 #include "audio/loop_clearing.h"
 #include "core/loops/loop_views.h"
-#include "core/session_keeping.h"
 #include "parameters/position.h"
 
 namespace marvolin {
@@ -31,6 +31,7 @@ void OpenDevice(Session& s) {
     // Keeps the output stream alive while no sample sounds.
     s.PrimaryBuffer->Play(kLooping);
     s.DSReady = true;
+    s.OpenDriver = s.Driver;
     if (s.Use3D) {
         s.Listener = s.PrimaryBuffer->GetDirectSound3dListener();
         SetRollOff(s, 1.0F);
@@ -39,6 +40,15 @@ void OpenDevice(Session& s) {
         s.RollOffValue = 0;
     }
     if ((s.DS->GetSpeakerConfig() & kSpeakerBits) == kSpeakerBits) s.DS->SetSpeakerConfig(kSpeakerBits);
+}
+
+void TryToOpenDevice(Session& s) {
+    try {
+        OpenDevice(s);
+    } catch (const RuntimeError& e) {
+        if (!s.DSReady) s.DS.reset();
+        ShowDSError(s, "creating sound device", e.Number());
+    }
 }
 
 }  // namespace
@@ -52,6 +62,7 @@ void InitAudioDriversList(Session& s) {
 }
 
 void cboDrivers_Click(Session& s, std::int16_t entry) {
+    const std::int16_t before = s.Driver;
     s.Driver = entry;
     s.World.Screen.ShowDrivers();
 
@@ -61,20 +72,17 @@ void cboDrivers_Click(Session& s, std::int16_t entry) {
         ListenerRestore(s);
     };
     if (!s.DeviceSwapArmed) return reopen();
-    clsSwitchRecord everything;
-    everything.SetSwitch(true);
-    KeepSessionAcross(s, everything, reopen);
+    if (CarryAcross(s, reopen)) return;
+    s.Driver = before;
+    s.World.Screen.ShowDrivers();
 }
 
 void InitDirectSound(Session& s) {
     s.DSReady = false;
-    if (NoSoundChosen(s)) return;
-    try {
-        OpenDevice(s);
-    } catch (const RuntimeError& e) {
-        if (!s.DSReady) s.DS.reset();
-        ShowDSError(s, "creating sound device", e.Number());
-    }
+    s.OpenDriver = -1;
+    if (!NoSoundChosen(s)) TryToOpenDevice(s);
+    // A bar of the window shows the open device, which need not be the one that it was.
+    s.World.Screen.ShowDrivers();
 }
 
 void UnInitDirectSound(Session& s) {
@@ -83,6 +91,7 @@ void UnInitDirectSound(Session& s) {
         s.DS.reset();
     }
     s.DSReady = false;
+    s.OpenDriver = -1;
     PatternsRefresh(s);
 }
 

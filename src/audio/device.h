@@ -10,7 +10,8 @@ namespace marvolin {
 void InitAudioDriversList(Session& s);
 
 /// Changes to the device of `entry` in `cboDrivers`, which the player or the start has chosen. While `DeviceSwapArmed`
-/// the session is carried across the change in a temporary file.
+/// the instrument is carried across the change (`CarryAcross`); when that cannot be done, the old device stays, and the
+/// list shows it again.
 void cboDrivers_Click(Session& s, std::int16_t entry);
 
 /// Opens the device that `Driver` names. "No Sound" opens none and shows nothing. A failure is shown as "creating sound

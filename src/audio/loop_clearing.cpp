@@ -33,6 +33,7 @@ void LoopClear(Session& s, Row row) {
     if (run.Loaded != False) LoopUnload(s, row);
     run.Loaded = False;
     run.Playing = False;
+    run.InHand = {};
     set.FileName = "";
     LoopSetPlayMode(s, row, kLoop, false);
     std::int16_t hz = kHzUnity;

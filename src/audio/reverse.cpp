@@ -106,9 +106,11 @@ void ReverseSample(Session& s, Row row) {
 }
 
 // Sample memory is shared, so the reversal shows in every row that holds the file.
-void ShowWaveformsOf(Session& s, const std::string& path) {
+void TurnRowsOf(Session& s, const std::string& path) {
     for (Row row = 0; row < kLoopTracks; ++row) {
-        if (s.Run[row].Loaded != False && s.Set[row].FileName == path) s.World.Screen.ShowWaveform(row);
+        if (s.Run[row].Loaded == False || s.Set[row].FileName != path) continue;
+        s.Run[row].Reversed = ToBoolean(s.Run[row].Reversed == False);
+        s.World.Screen.ShowWaveform(row);
     }
 }
 
@@ -119,7 +121,7 @@ void LoopReverse(Session& s, Row row) {
     const BusyPointer busy(s);
     try {
         ReverseSample(s, row);
-        ShowWaveformsOf(s, s.Set[row].FileName);
+        TurnRowsOf(s, s.Set[row].FileName);
     } catch (const RuntimeError& e) {
         ShowDSError(s, "reversing sound", e.Number());
     } catch (const std::bad_alloc&) {

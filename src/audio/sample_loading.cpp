@@ -55,6 +55,7 @@ void ApplySettings(Session& s, Row row, std::int16_t hz, std::int16_t vol, std::
 
 void TakeSourceSettings(Session& s, Row row, Row source) {
     LoopTrackSet& set = s.Set[row];
+    s.Run[row].Reversed = s.Run[source].Reversed;
     set.SampleRate = s.Set[source].SampleRate;
     set.Length = s.Set[source].Length;
     // A hundredth of the source's start: the division is deliberate.
@@ -98,6 +99,7 @@ void SetUpLoaded(Session& s, Row row, const std::string& path, Row source) {
     if (s.Run[row].Loaded == False) EnableLoopControls(s, row, true);
     s.Set[row].FileName = path;
     if (source == kNoSource) {
+        s.Run[row].Reversed = False;
         s.Set[row].SampleRate = BufferOf(s, row).GetFrequency();
         SetBeatStartToZero(s, row);
     } else {

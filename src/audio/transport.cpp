@@ -57,7 +57,11 @@ void LoopPlay(Session& s, Row row, bool request) {
 }
 
 void LoopStop(Session& s, Row row) {
-    if (row < 0 || row >= kLoopTracks || s.Run[row].Loaded == False) return;
+    if (row < 0 || row >= kLoopTracks) return;
+    // A row that waits for a device then waits in silence.
+    HeldSample& inHand = s.Run[row].InHand;
+    inHand.Playing = inHand.Paused = inHand.Sounds = false;
+    if (s.Run[row].Loaded == False) return;
     try {
         DirectSoundBuffer& buffer = BufferOf(s, row);
         ResetLoopClock(s, row);

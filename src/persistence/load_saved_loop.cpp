@@ -33,6 +33,8 @@ std::string SavedSample(const SavedLoop& saved, const SavedFrom& from) {
 void RestoreSample(Session& s, const SavedLoop& saved, const SavedFrom& from) {
     LoadSample(s,
                {.Path = SavedSample(saved, from), .Target = saved.Index, .Rows = Reach::Alone, .Origin = from.Origin});
+    // The sample enters the row as soon as a device is open.
+    if (!s.DSReady) s.Run[saved.Index].InHand = {.FileName = SavedSample(saved, from)};
     LoopSetThinnable(s, saved.Index, saved.Set.Thinnable != False);
     s.World.Screen.ShowCaption(saved.Index);
     const std::int16_t mode = saved.Set.PlayMode;
@@ -61,6 +63,7 @@ void RestoreTiming(Session& s, const SavedLoop& saved) {
     ClampI2(target.NSteps, 0, kPatternSteps - 1);
     std::int32_t beatStart = saved.Set.BeatStart;
     LoopSetBeatStart(s, saved.Index, beatStart);
+    if (!s.DSReady) s.Run[saved.Index].InHand.BeatStart = saved.Set.BeatStart;
     target.Swing = saved.Set.Swing;
     target.StepDuration = saved.Set.StepDuration;
 }
@@ -99,7 +102,9 @@ bool LoadSavedLoop(Session& s, const SavedLoop& saved, const clsSwitchRecord& lo
 }
 
 bool HoldsSavedSample(const Session& s, const SavedLoop& saved, const SavedFrom& from) {
-    return s.Run[saved.Index].Loaded != False && s.Set[saved.Index].FileName == SavedSample(saved, from);
+    const std::string path = SavedSample(saved, from);
+    if (!s.DSReady) return s.Run[saved.Index].InHand.FileName == path;
+    return s.Run[saved.Index].Loaded != False && s.Set[saved.Index].FileName == path;
 }
 
 }  // namespace marvolin

@@ -26,7 +26,7 @@ struct SavedFrom {
 bool LoadSavedLoop(Session& s, const SavedLoop& saved, const clsSwitchRecord& loadSwitch, const SavedFrom& from);
 
 /// True when the slot of `saved` (0..3) holds the sample with which it was stored. After a load that did not find it,
-/// the slot still holds the previous one.
+/// the slot still holds the previous one. While no device is open, the sample that waits in `InHand` counts.
 bool HoldsSavedSample(const Session& s, const SavedLoop& saved, const SavedFrom& from);
 
 }  // namespace marvolin

@@ -70,7 +70,7 @@ void ReadThreeD(Session& s, RecordReader& file, Loading& load) {
     const float rollOff = file.GetSingle();
     const double mapSize = file.GetDouble();
     if (!load.Asked(Element::ThreeD)) return;
-    SetUse3D(s, use3D);
+    ChangeUse3D(s, use3D);
     // The sound gets no value that the gauges could not show.
     if (std::isfinite(rollOff))
         SetRollOff(s, static_cast<float>(ClampVar(rollOff, kRollOffLow / kTenths, kRollOffHigh / kTenths)));
@@ -116,7 +116,13 @@ void ReadLoops(Session& s, RecordReader& file, Loading& load) {
     }
     if (!effective.Get(Element::PlayState)) return;
     for (Row row = 0; row < kLoopTracks; ++row) {
-        if (playingInFile[row] && loadedFromFile[row]) LoopPlay(s, row, true);
+        if (!playingInFile[row] || !loadedFromFile[row]) continue;
+        if (s.DSReady) {
+            LoopPlay(s, row, true);
+        } else {
+            s.Run[row].InHand.Playing = s.Run[row].InHand.Sounds = true;
+            s.Run[row].InHand.Loops = s.Set[row].PlayMode != kOneShot;
+        }
     }
 }
 

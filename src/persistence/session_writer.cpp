@@ -40,6 +40,19 @@ void WritePickLists(const Session& s, RecordWriter& file) {
     for (int record = 0; record < kBinRecords; ++record) WriteBinRecord(file, s.Bins[std::min(record, kBins - 1)]);
 }
 
+/// The record of a row as a file keeps it: a sample that waits for a device belongs to the set.
+LoopTrackSet SavedSet(const Session& s, Row row) {
+    LoopTrackSet set = s.Set[row];
+    const HeldSample& inHand = s.Run[row].InHand;
+    if (inHand.FileName.empty()) return set;
+    set.FileName = inHand.FileName;
+    set.BeatStart = inHand.BeatStart;
+    return set;
+}
+
+bool HoldsSample(const LoopTrackRun& run) { return run.Loaded != False || !run.InHand.FileName.empty(); }
+bool Plays(const LoopTrackRun& run) { return run.Playing != False || run.InHand.Playing; }
+
 void WriteLoops(Session& s, SetFiles& files, const std::vector<Row>& rows, bool playState,
                 const std::string& packageFolder) {
     RecordWriter& file = files.Set();
@@ -47,13 +60,13 @@ void WriteLoops(Session& s, SetFiles& files, const std::vector<Row>& rows, bool 
     file.PutInteger(static_cast<std::int16_t>(rows.size()));
     file.PutBoolean(s.Use3D);
     for (const Row row : rows) {
-        const LoopTrackSet& set = s.Set[row];
-        if (!packageFolder.empty() && !set.FileName.empty() && s.Run[row].Loaded != False) {
+        const LoopTrackSet set = SavedSet(s, row);
+        if (!packageFolder.empty() && !set.FileName.empty() && HoldsSample(s.Run[row])) {
             files.AddSample(set.FileName, packageFolder);
         }
         file.PutInteger(row);
         WriteLoopTrackSet(file, set);
-        file.PutBoolean(playState && s.Run[row].Playing != False);
+        file.PutBoolean(playState && Plays(s.Run[row]));
     }
 }
 

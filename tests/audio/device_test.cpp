@@ -150,22 +150,49 @@ TEST(CboDrivers, AChangeCarriesTheSessionAcrossInATemporaryFileThatIsDeletedAfte
     i.Store.OnSave = [&] { openAtSave = i.s.DSReady && i.Sound.Count("GetGuid 2") == 0; };
     i.Store.OnLoad = [&] { openAtLoad = i.s.DSReady && i.Sound.Count("GetGuid 2") == 1; };
     cboDrivers_Click(i.s, 1);
-    EXPECT_THAT(i.Store.Log,
-                ElementsAre("Save " + i.Desk.TempFile + " all everything", "Load " + i.Desk.TempFile + " everything"));
+    EXPECT_THAT(i.Store.Log, ElementsAre("Save " + i.Desk.TempFile + " all everything", "Load " + i.Desk.TempFile));
     EXPECT_TRUE(openAtSave);
     EXPECT_TRUE(openAtLoad);
     EXPECT_FALSE(std::filesystem::exists(i.Desk.TempFile));
     EXPECT_EQ(i.s.Driver, 1);
 }
 
-TEST(CboDrivers, WithoutATemporaryFileTheDeviceChangesAllTheSame) {
+TEST(CboDrivers, AChangeThatCannotKeepTheSessionIsNotMadeAndTheListShowsTheOldEntry) {
+    for (const bool noTempFile : {true, false}) {
+        SCOPED_TRACE(noTempFile);
+        Closed i;
+        i.List();
+        cboDrivers_Click(i.s, 0);
+        i.s.DeviceSwapArmed = true;
+        if (noTempFile) i.Desk.TempFile = "";
+        i.Store.Answer = false;
+        i.Sound.Log.clear();
+        i.Screen.Log.clear();
+        cboDrivers_Click(i.s, 1);
+        EXPECT_EQ(i.s.Driver, 0);
+        EXPECT_EQ(i.Screen.Log.back(), "ShowDrivers");
+        EXPECT_TRUE(i.Sound.Log.empty());
+        EXPECT_TRUE(i.s.DSReady);
+        EXPECT_EQ(i.s.OpenDriver, 0);
+    }
+}
+
+TEST(InitDirectSound, TheEntryOfTheOpenDeviceIsKnownWhateverIsChosen) {
     Closed i;
     i.List();
-    i.s.DeviceSwapArmed = true;
-    i.Desk.TempFile = "";
-    cboDrivers_Click(i.s, 1);
-    EXPECT_TRUE(i.Store.Log.empty());
-    EXPECT_TRUE(i.s.DSReady);
+    EXPECT_EQ(i.s.OpenDriver, -1);
+    i.s.Driver = 1;
+    InitDirectSound(i.s);
+    EXPECT_EQ(i.s.OpenDriver, 1);
+    EXPECT_EQ(i.Screen.Log.back(), "ShowDrivers");
+    i.s.Driver = 2;
+    EXPECT_EQ(i.s.OpenDriver, 1);
+    InitDirectSound(i.s);
+    EXPECT_EQ(i.s.OpenDriver, -1);
+    i.s.Driver = 0;
+    InitDirectSound(i.s);
+    UnInitDirectSound(i.s);
+    EXPECT_EQ(i.s.OpenDriver, -1);
 }
 
 TEST(CboDrivers, ChoosingNoSoundWhileSamplesAreLoadedLeavesTheLoopTracksEmpty) {
@@ -219,6 +246,19 @@ TEST(UnInitDirectSound, KeepsThePrimaryBufferAndTheListenerUntilTheNextOpening) 
     EXPECT_EQ(i.s.DS, nullptr);
     EXPECT_EQ(i.s.PrimaryBuffer.get(), primary);
     EXPECT_EQ(i.s.Listener.get(), listener);
+}
+
+TEST(InitDirectSound, With3DOffThePreviousListenerIsDropped) {
+    Closed i;
+    i.List();
+    i.s.Driver = 0;
+    i.s.Use3D = true;
+    InitDirectSound(i.s);
+    ASSERT_NE(i.s.Listener, nullptr);
+    UnInitDirectSound(i.s);
+    i.s.Use3D = false;
+    InitDirectSound(i.s);
+    EXPECT_EQ(i.s.Listener, nullptr);
 }
 
 TEST(UnInitDirectSound, OnAClosedDeviceOnlyRefreshesThePatternView) {

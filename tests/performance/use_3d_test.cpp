@@ -71,11 +71,9 @@ TEST(Use3D, TheBoxSavesTheSessionSwitchesLoadsItBackAndDeletesTheFile) {
     ASSERT_EQ(i.Store.Log.size(), 2u);
     EXPECT_EQ(i.Store.Log[0], "Save " + file.string() + " all everything");
     EXPECT_EQ(i.Store.Log[1], "Load " + file.string());
-    // Everything but the 3D setting itself, which would undo the change.
-    clsSwitchRecord expected;
-    expected.SetSwitch(true);
-    expected.Put(Element::ThreeD, false);
-    EXPECT_EQ(i.Store.Loaded, expected);
+    // Not the 3D setting itself, which would undo the change.
+    EXPECT_FALSE(i.Store.Loaded.Get(Element::ThreeD));
+    EXPECT_TRUE(i.Store.Loaded.Get(Element::LoopTrack));
     EXPECT_TRUE(sawOff);
     EXPECT_TRUE(sawOn);
     EXPECT_FALSE(std::filesystem::exists(file));
@@ -85,12 +83,26 @@ TEST(Use3D, TheBoxSavesTheSessionSwitchesLoadsItBackAndDeletesTheFile) {
     EXPECT_TRUE(i.s.Use3D);
 }
 
-TEST(Use3D, WithoutATemporaryFileTheSwitchIsMadeAndNothingIsSaved) {
+TEST(Use3D, WhenTheSessionCannotBeKeptTheStateAndTheBoxStay) {
     Opened i;
     i.Desk.TempFile = "";
     Enable3d_Click(i.s, true);
-    EXPECT_TRUE(i.s.Use3D);
+    EXPECT_FALSE(i.s.Use3D);
+    EXPECT_FALSE(i.s.MapEnabled);
+    EXPECT_EQ(i.Screen.Count("ShowMapControls"), 1);
     EXPECT_TRUE(i.Store.Log.empty());
+    EXPECT_TRUE(i.Sound.Log.empty());
+    EXPECT_EQ(i.Desk.Boxes.size(), 1u);
+}
+
+TEST(Use3D, SwitchedOnInSilenceTheRollOffIsThatOfANewDevice) {
+    Opened i;
+    i.s.Driver = 2;
+    UnInitDirectSound(i.s);
+    SetUse3D(i.s, true);
+    EXPECT_EQ(i.s.RollOffValue, 1.0F);
+    SetUse3D(i.s, false);
+    EXPECT_EQ(i.s.RollOffValue, 0.0F);
 }
 
 TEST(Use3D, TheClickOfTheBoxDoesNotRunWhileTheBoxIsSet) {

@@ -4,13 +4,16 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <functional>
 
 #include "audio/device.h"
+#include "audio/loop_clearing.h"
 #include "audio/play_modes.h"
 #include "audio/sample_loading.h"
 #include "browser/clipboard.h"
 #include "parameters/setters.h"
 #include "performance/map/use_3d.h"
+#include "performance/pad/mix_pad.h"
 #include "persistence/set_instrument.h"
 
 namespace marvolin {
@@ -88,11 +91,150 @@ TEST(SessionKept, AChangeOfTheDeviceBringsBackTheFileThatWasChosenWhateverItsNam
     }
 }
 
-TEST(SessionKept, NoSoundUnloadsTheSamplesAndKeepsTheClips) {
+TEST(SessionKept, NoSoundUnloadsTheSamplesKeepsTheClipsAndAnyDeviceBringsTheSetBack) {
+    Played i;
+    i.s.Set[0].BeatStart = 25;
+    std::int16_t vol = 99;
+    for (const std::int16_t entry : std::initializer_list<std::int16_t>{0, 1}) {
+        cboDrivers_Click(i.s, 2);
+        EXPECT_FALSE(i.s.DSReady);
+        for (Row row = 0; row < kLoopTracks; ++row) {
+            EXPECT_EQ(i.s.Run[row].Loaded, False);
+            EXPECT_EQ(i.s.Run[row].Buffer, nullptr);
+            EXPECT_EQ(i.s.Set[row].FileName, "");
+        }
+        EXPECT_THAT(i.s.Clips.List, ElementsAre("a", "b", "(2) a"));
+        // What is turned in silence holds.
+        LoopVolChange(i.s, 0, vol, TakeHold::Yes, UpdateDisplay::Yes);
+        cboDrivers_Click(i.s, 2);
+        cboDrivers_Click(i.s, entry);
+        i.ExpectKept();
+        EXPECT_EQ(i.s.Set[0].Vol, 99);
+        EXPECT_EQ(i.s.Set[0].BeatStart, 25);
+    }
+}
+
+TEST(SessionKept, ADeviceThatRefusesKeepsTheSetInHand) {
+    Played i;
+    i.Sound.Failures["DirectSoundCreate"] = sound_error::kNoDriver;
+    cboDrivers_Click(i.s, 1);
+    ASSERT_EQ(i.Desk.Boxes.size(), 1U);
+    EXPECT_EQ(i.s.Run[2].Loaded, False);
+    EXPECT_EQ(i.s.OpenDriver, -1);
+    cboDrivers_Click(i.s, 1);
+    i.Sound.Failures.clear();
+    i.Desk.Boxes.clear();
+    cboDrivers_Click(i.s, 0);
+    i.ExpectKept();
+}
+
+TEST(SessionKept, ASetThatIsSavedInSilenceHoldsItsSamples) {
     Played i;
     cboDrivers_Click(i.s, 2);
-    EXPECT_EQ(i.s.Run[0].Loaded, False);
-    EXPECT_THAT(i.s.Clips.List, ElementsAre("a", "b", "(2) a"));
+    ASSERT_TRUE(i.Save("x.mvn"));
+    cboDrivers_Click(i.s, 0);
+    LoopClear(i.s, 0);
+    LoopClear(i.s, 2);
+    ASSERT_TRUE(i.Load("x.mvn", test::AllBut(Element::ClipBoard)));
+    i.ExpectKept();
+}
+
+TEST(SessionKept, ASetThatIsOpenedInSilenceSoundsWithTheNextDevice) {
+    for (const std::int16_t emptyBlank : std::initializer_list<std::int16_t>{0, 1}) {
+        SCOPED_TRACE(emptyBlank);
+        Played i;
+        ASSERT_TRUE(i.Save("x.mvn"));
+        LoopClear(i.s, 0);
+        LoopLoad(i.s, 2, i.Folder.Path(), "c.wav");
+        cboDrivers_Click(i.s, 2);
+        i.s.EmptyBlankSetting = emptyBlank;
+        ASSERT_TRUE(i.Load("x.mvn", test::AllBut(Element::ClipBoard)));
+        EXPECT_EQ(i.s.Set[2].FileName, "");
+        EXPECT_EQ(i.s.Run[2].Playing, False);
+        cboDrivers_Click(i.s, 0);
+        i.ExpectKept();
+    }
+}
+
+TEST(SessionKept, PadMapFadeSpeedHistoryAndBinsStayAcrossAnyChange) {
+    Played i;
+    const auto across = [&](const std::function<void()>& change) {
+        double x = 700;
+        double y = -300;
+        PadMix(i.s, x, y, kVolPad, {.Absolute = true});
+        i.s.BallPos[4] = {123, 456};
+        i.s.FadeStep = 1001 / 500.0;
+        i.s.History[kSelectionRow] = {"/y.wav"};
+        i.s.Bins[1].Selected = 3;
+        const auto vol = i.s.ChannelVol;
+        change();
+        EXPECT_EQ(i.s.PadTable[kVolPad].X, 700);
+        EXPECT_EQ(i.s.PadTable[kVolPad].Y, -300);
+        EXPECT_EQ(i.s.ChannelVol, vol);
+        EXPECT_EQ(i.s.BallPos[4].X, 123);
+        EXPECT_EQ(i.s.FadeStep, 1001 / 500.0);
+        EXPECT_THAT(i.s.History[kSelectionRow], ElementsAre("/y.wav"));
+        EXPECT_EQ(i.s.Bins[1].Selected, 3);
+        i.ExpectKept();
+    };
+    across([&] { cboDrivers_Click(i.s, 1); });
+    across([&] { Enable3d_Click(i.s, true); });
+    across([&] { cboDrivers_Click(i.s, 0); });
+    across([&] { Enable3d_Click(i.s, false); });
+}
+
+TEST(SessionKept, With3DOnAChangeOfTheDeviceKeepsPanPatternsAndPlaces) {
+    Played i;
+    i.s.Set[2].Pan = 42;
+    i.s.Set[2].Pattern[kPanPattern][7] = 321;
+    Enable3d_Click(i.s, true);
+    i.s.Set[2].PositionX = 0.5F;
+    for (const std::int16_t entry : std::initializer_list<std::int16_t>{1, 2, 0}) cboDrivers_Click(i.s, entry);
+    EXPECT_EQ(i.s.Set[2].Pattern[kPanPattern][7], 321);
+    EXPECT_EQ(i.s.Set[2].Pan, 42);
+    EXPECT_EQ(i.s.Set[2].PositionX, 0.5F);
+    i.ExpectKept();
+}
+
+TEST(SessionKept, AnEmptyRowKeepsItsSettingsWhateverIsChosenForOpening) {
+    Played i;
+    i.s.EmptyBlankSetting = 1;
+    std::int16_t vol = 55;
+    LoopVolChange(i.s, 1, vol, TakeHold::Yes, UpdateDisplay::Yes);
+    cboDrivers_Click(i.s, 1);
+    Enable3d_Click(i.s, true);
+    EXPECT_EQ(i.s.Set[1].Vol, 55);
+    i.ExpectKept();
+}
+
+TEST(SessionKept, ASetOfTheOther3dStateOpenedForItsStateAloneLeavesTheRowsSounding) {
+    Played i;
+    Enable3d_Click(i.s, true);
+    ASSERT_TRUE(i.Save("3d.mvn"));
+    Enable3d_Click(i.s, false);
+    ASSERT_TRUE(i.Load("3d.mvn", test::Only(Element::ThreeD)));
+    EXPECT_TRUE(i.s.Use3D);
+    EXPECT_NE(i.s.Run[2].Buffer3D, nullptr);
+    EXPECT_EQ(i.Buffer(2).Status, buffer_status::kPlaying);
+    i.ExpectKept();
+}
+
+TEST(SessionKept, AFullDiskLeavesDeviceAnd3dAsTheyAre) {
+    Played i;
+    i.Store.OnSave = [&] {
+        i.Desk.Report("Error Saving Disk full");
+        i.Store.Answer = false;
+    };
+    i.Store.OnLoad = [] { ADD_FAILURE() << "nothing was kept to load"; };
+    cboDrivers_Click(i.s, 1);
+    EXPECT_EQ(i.s.Driver, 0);
+    cboDrivers_Click(i.s, 2);
+    EXPECT_EQ(i.s.Driver, 0);
+    Enable3d_Click(i.s, true);
+    EXPECT_FALSE(i.s.Use3D);
+    EXPECT_EQ(i.Desk.Boxes.size(), 3U);
+    i.Desk.Boxes.clear();
+    i.ExpectKept();
 }
 
 TEST(SessionKept, ARefusedPositionIsReportedAndTheRestOfTheSetIsRestored) {

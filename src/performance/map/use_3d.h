@@ -12,8 +12,11 @@ bool GetUse3D(const Session& s);
 /// LoopTracks are empty afterwards. Does nothing when the state does not change.
 void SetUse3D(Session& s, bool on);
 
-/// The player switched the box `Enable3d`: the whole session is saved to a temporary file before the change and
-/// loaded from it afterwards. Without a temporary file the samples are lost.
+/// Switches 3D sound and carries the instrument across (`CarryAcross`), for the player and for a session file. When
+/// the session cannot be kept, the state stays as it is. Does nothing when the state does not change.
+void ChangeUse3D(Session& s, bool on);
+
+/// The player switched the box `Enable3d`. Does nothing while `MapEnable` sets the box.
 void Enable3d_Click(Session& s, bool on);
 
 /// Enables or disables the controls of the map, and sets the box `Enable3d` to match without running its click.

@@ -1,0 +1,226 @@
+#include "audio/carrying.h"
+
+#include <array>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "audio/ds_error.h"
+#include "audio/reverse.h"
+#include "audio/sample_buffers.h"
+#include "audio/transport.h"
+#include "core/errors.h"
+#include "core/loops/loop_views.h"
+#include "core/routines.h"
+#include "parameters/mapping.h"
+#include "parameters/position.h"
+#include "parameters/setters.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr const char* kNothingChanged = "The session could not be kept, so nothing has changed.";
+
+/// What a file keeps of a LoopTrack, without its sounding.
+constexpr std::array<Element, 9> kCarriedByFile{Element::LoopTrack, Element::Freq,       Element::FreqPattern,
+                                                Element::Vol,       Element::VolPattern, Element::PanPattern,
+                                                Element::Pan,       Element::Position,   Element::CrossFader};
+
+clsSwitchRecord CarriedByFile() {
+    clsSwitchRecord taken;
+    for (const Element element : kCarriedByFile) taken.Put(element, true);
+    return taken;
+}
+
+/// What a file does not bring back of one LoopTrack.
+struct CarriedRow {
+    HeldSample Sample;
+    std::int16_t Pan = kPanCentre;
+    PatternBlock PanPattern;
+    float X = 0;
+    float Y = 0;
+    std::int16_t Line = kVolFull;  ///< of `SndDisp`
+    // The running fade and the step clock.
+    std::int16_t FadeState = kNoFade;
+    double FadeValue = 0;
+    std::int16_t FadeTarget = 0;
+    Boolean FadeToMark = False;
+    std::int16_t Step = 0;
+    std::int32_t StepElapsed = 0;
+    std::int16_t PlayRequest = 0;
+    Boolean StepDue = False;
+};
+
+/// What a file does not bring back.
+struct Carried {
+    Table<CarriedRow, kLoopTracks> Rows;
+    std::string ThinList;
+    Table<std::vector<std::string>, 5> History;
+    bool Use3D = false;
+    float RollOff = 0;
+};
+
+HeldSample HeldBy(Session& s, Row row) {
+    const LoopTrackRun& run = s.Run[row];
+    if (run.Loaded == False || !run.Buffer) return run.InHand;
+    HeldSample held{.FileName = s.Set[row].FileName,
+                    .BeatStart = s.Set[row].BeatStart,
+                    .Playing = run.Playing != False,
+                    .Paused = run.Paused != False,
+                    .Reversed = run.Reversed != False};
+    try {
+        const std::int32_t status = run.Buffer->GetStatus();
+        held.Sounds = (status & buffer_status::kPlaying) != 0;
+        held.Loops = (status & buffer_status::kLooping) != 0;
+        held.Cursor = run.Buffer->GetCurrentPosition();
+    } catch (const RuntimeError&) {
+        // A device that no longer answers: the row starts again where it counts as sounding.
+        held.Sounds = held.Playing && !held.Paused;
+        held.Loops = s.Set[row].PlayMode != kOneShot;
+    }
+    return held;
+}
+
+CarriedRow Take(Session& s, Row row) {
+    const LoopTrackSet& set = s.Set[row];
+    const LoopTrackRun& run = s.Run[row];
+    return {.Sample = HeldBy(s, row),
+            .Pan = set.Pan,
+            .PanPattern = set.Pattern[kPanPattern],
+            .X = set.PositionX,
+            .Y = set.PositionY,
+            .Line = s.SndDisp[row].Line,
+            .FadeState = run.FadeState,
+            .FadeValue = run.FadeValue,
+            .FadeTarget = run.FadeTarget,
+            .FadeToMark = run.FadeToMark,
+            .Step = run.Step,
+            .StepElapsed = run.StepElapsed,
+            .PlayRequest = run.PlayRequest,
+            .StepDue = run.StepDue};
+}
+
+Carried Take(Session& s) {
+    Carried carried{
+        .Rows = {}, .ThinList = s.ThinList, .History = s.History, .Use3D = s.Use3D, .RollOff = s.RollOffValue};
+    for (Row row = 0; row < kLoopTracks; ++row) carried.Rows[row] = Take(s, row);
+    return carried;
+}
+
+void RestoreSettings(Session& s, Row row, const CarriedRow& was) {
+    std::int16_t pan = was.Pan;
+    LoopPanChange(s, row, pan, TakeHold::Yes);
+    s.Set[row].Pattern[kPanPattern] = was.PanPattern;
+    TryPositionSet(s, row, was.X, was.Y, {.Apply = true, .StoreBall = true});
+    s.SndDisp[row].Line = was.Line;
+    s.World.Screen.ShowSoundDisplay(row);
+    LoopTrackRun& run = s.Run[row];
+    run.FadeState = was.FadeState;
+    run.FadeValue = was.FadeValue;
+    run.FadeTarget = was.FadeTarget;
+    run.FadeToMark = was.FadeToMark;
+    run.Step = was.Step;
+    run.StepElapsed = was.StepElapsed;
+    run.PlayRequest = was.PlayRequest;
+    run.StepDue = was.StepDue;
+    if (was.Sample.Reversed && run.Reversed == False) LoopReverse(s, row);
+    // The patterns of the step that is being played.
+    MapHZ(s, row);
+    MapPan(s, row);
+    MapVol(s, row);
+    ShowStep(s, row);
+}
+
+bool IsBack(const Session& s, Row row, const HeldSample& held) {
+    return s.Run[row].Loaded != False && s.Set[row].FileName == held.FileName;
+}
+
+void RestoreSounding(Session& s, Row row, const HeldSample& held) {
+    s.Run[row].Playing = ToBoolean(held.Playing);
+    s.Run[row].Paused = ToBoolean(held.Paused);
+    try {
+        DirectSoundBuffer& buffer = BufferOf(s, row);
+        if (held.Cursor != 0) buffer.SetCurrentPosition(held.Cursor);
+        if (held.Sounds) buffer.Play(held.Loops ? 1 : 0);
+    } catch (const RuntimeError& e) {
+        ShowDSError(s, "playing loop", e.Number());
+    }
+    s.World.Screen.ShowPlay(row);
+}
+
+// The row is empty as long as there is no device.
+void WaitForDevice(Session& s, Row row, const HeldSample& held) {
+    s.Run[row].InHand = held;
+    if (!held.FileName.empty()) s.Run[row].Paused = False;
+}
+
+/// The order of thinning, without rows that have lost their sample.
+std::string ThinListOf(const Session& s, const std::string& before) {
+    std::string list;
+    for (const char letter : before) {
+        if (s.Run[static_cast<Row>(letter - 'A')].Loaded != False) list += letter;
+    }
+    return list;
+}
+
+void Restore(Session& s, const Carried& carried) {
+    s.History = carried.History;
+    for (Row row = 0; row < kLoopTracks; ++row) s.Run[row].InHand = {};
+    if (s.Use3D && carried.Use3D) SetRollOff(s, carried.RollOff);
+    for (Row row = 0; row < kLoopTracks; ++row) RestoreSettings(s, row, carried.Rows[row]);
+    // All rows start at the end, so that they stay together.
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        const HeldSample& held = carried.Rows[row].Sample;
+        if (!s.DSReady) {
+            WaitForDevice(s, row, held);
+        } else if (IsBack(s, row, held)) {
+            RestoreSounding(s, row, held);
+        }
+    }
+    s.ThinList = ThinListOf(s, carried.ThinList);
+    LoopRefreshAny(s);
+    PatternsRefresh(s);
+}
+
+void Remove(const std::string& file) {
+    std::error_code ignored;
+    std::filesystem::remove(file, ignored);
+}
+
+bool Save(Session& s, const std::string& file) {
+    if (file.empty()) {
+        s.World.Desk.Report(std::string("No temporary file can be made. ") + kNothingChanged);
+        return false;
+    }
+    if (s.World.Store.SaveSession(s, file, LoopsSaved::All, AllSwitches())) return true;
+    Remove(file);
+    ShowStatus(s, kNothingChanged);
+    return false;
+}
+
+void Load(Session& s, const std::string& file) {
+    // "Empty Blank Loops on Open" is meant for files that the player opens.
+    const std::int16_t emptyBlank = std::exchange(s.EmptyBlankSetting, std::int16_t{0});
+    const bool loaded = s.World.Store.LoadSession(s, file, SetAsCurrent::No, CarriedByFile(), AdoptSwitches::No);
+    s.EmptyBlankSetting = emptyBlank;
+    if (loaded) {
+        Remove(file);
+    } else {
+        s.World.Desk.Report("The session has been kept in the file " + file);
+    }
+}
+
+}  // namespace
+
+bool CarryAcross(Session& s, const std::function<void()>& change) {
+    const Carried carried = Take(s);
+    const std::string file = TempFileName(s);
+    if (!Save(s, file)) return false;
+    change();
+    Load(s, file);
+    Restore(s, carried);
+    return true;
+}
+
+}  // namespace marvolin
