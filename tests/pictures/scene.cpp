@@ -76,6 +76,7 @@ Scene::Scene() {
     s.DS = s.DX->DirectSoundCreate("guid1");
     s.DSEnum = s.DX->GetDSEnum();
     s.DSReady = true;
+    s.OpenDriver = 0;
     s.GangReady = true;
     s.Drivers = {"Primary Sound Driver", "Second Device", "No Sound"};
     s.Driver = 0;

@@ -43,43 +43,25 @@ TEST(Layout, EveryControlHasAUniqueNameAndAnAccessibleName) {
         EXPECT_TRUE(names.insert(widget->objectName()).second);
         EXPECT_FALSE(widget->accessibleName().isEmpty());
     }
-    for (const char* name : {"VolKnob_0",
-                             "VolKnob_5",
-                             "PanKnob_4",
-                             "HzKnob_3",
-                             "Play_4",
-                             "LoopIt_5",
-                             "Letr_4",
-                             "DropDown_4",
-                             "SndDisp_4",
-                             "ChannelFlag_4",
-                             "Selected_3",
-                             "Thumb_3",
-                             "PlayStop",
-                             "Limiter",
-                             "FadeFactor",
-                             "ToTop",
-                             "Browse",
-                             "SaveOpen",
-                             "QuickLoadPop",
-                             "PatternGraph_2",
-                             "StepReadOut",
-                             "NSteps",
-                             "Eraser",
-                             "Patterns",
-                             "AllTiming",
-                             "TimeDigit_14",
-                             "PercentReadOut_2",
-                             "CloneTime_2",
-                             "SelectorRadio_6",
-                             "Bands",
-                             "SelectPopUp",
-                             "cboDrivers",
-                             "ResetVars",
-                             "DragAxisSelect",
-                             "ResSlider",
-                             "ResReadout",
-                             "ScrollSensitivity_1",
+    for (const char* name : {"VolKnob_0",        "VolKnob_5",
+                             "PanKnob_4",        "HzKnob_3",
+                             "Play_4",           "LoopIt_5",
+                             "Letr_4",           "DropDown_4",
+                             "SndDisp_4",        "ChannelFlag_4",
+                             "Selected_3",       "Thumb_3",
+                             "PlayStop",         "Limiter",
+                             "FadeFactor",       "ToTop",
+                             "Browse",           "SaveOpen",
+                             "QuickLoadPop",     "PatternGraph_2",
+                             "StepReadOut",      "NSteps",
+                             "Eraser",           "Patterns",
+                             "AllTiming",        "TimeDigit_14",
+                             "PercentReadOut_2", "CloneTime_2",
+                             "SelectorRadio_6",  "Bands",
+                             "SelectPopUp",      "cboDrivers",
+                             "ResetVars",        "PlayOnLoad",
+                             "DragAxisSelect",   "ResSlider",
+                             "ResReadout",       "ScrollSensitivity_1",
                              "OptionHelp"}) {
         EXPECT_NE(stage.Form->findChild<QWidget*>(name), nullptr) << name;
     }
@@ -196,12 +178,20 @@ TEST(StatusBars, ADeviceThatIsGoneIsReportedOnceAndShownUntilItIsBack) {
     EXPECT_EQ(stage.Form->Status2->DeviceText(), "No Sound");
 }
 
+TEST(StatusBars, TheOpenDeviceIsShownAlsoWhenASetNamesAnotherOne) {
+    Stage stage;
+    stage.s.Driver = 1;
+    EXPECT_EQ(stage.Form->Status2->DeviceText(), "Primary Sound Driver, 44100 Hz, 256 frames");
+    stage.s.Driver = 2;
+    EXPECT_EQ(stage.Form->Status2->DeviceText(), "Primary Sound Driver, 44100 Hz, 256 frames");
+}
+
 TEST(StatusBars, ANewDeviceIsNotShownAsGone) {
     Stage stage;
     stage.SoundGone = true;
     stage.Form->WatchSound();
     stage.SoundGone = false;
-    stage.s.Driver = 1;
+    stage.s.OpenDriver = 1;
     stage.Screen.ShowDrivers();
     EXPECT_EQ(stage.Form->Status2->DeviceText(), "Second Device, 44100 Hz, 256 frames");
 }

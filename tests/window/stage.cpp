@@ -18,6 +18,7 @@ Stage::Stage() {
     s.DS = s.DX->DirectSoundCreate("guid1");
     s.DSEnum = s.DX->GetDSEnum();
     s.DSReady = true;
+    s.OpenDriver = 0;
     s.GangReady = true;
     s.Drivers = {"Primary Sound Driver", "Second Device", "No Sound"};
     s.Driver = 0;

@@ -100,10 +100,10 @@ QString StatusBar2::LoadText() const {
 }
 
 QString StatusBar2::DeviceText() const {
-    if (s.Driver < 0 || s.Driver >= static_cast<std::int16_t>(s.Drivers.size())) return "No Sound";
-    const QString name = QString::fromStdString(s.Drivers[static_cast<std::size_t>(s.Driver)]);
-    if (s.DSReady && gone_) return name + " is gone: choose a sound driver on the tab Optn";
-    return s.DSReady ? name + ", 44100 Hz, 256 frames" : QString("No Sound");
+    if (!s.DSReady || s.OpenDriver < 0 || s.OpenDriver >= static_cast<std::int16_t>(s.Drivers.size()))
+        return "No Sound";
+    const QString name = QString::fromStdString(s.Drivers[static_cast<std::size_t>(s.OpenDriver)]);
+    return gone_ ? name + " is gone: choose a sound driver on the tab Optn" : name + ", 44100 Hz, 256 frames";
 }
 
 void StatusBar2::RefreshLoad() {
