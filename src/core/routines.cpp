@@ -134,7 +134,16 @@ std::string HourMinute(const Session& s) {
 
 std::string TempFileName(Session& s) { return s.World.Desk.TempFileName("VBN"); }
 
-void ClearProcedureFlags(Session& s) { s.ProcedureFlags.fill(0); }
+void ClearProcedureFlags(Session& s) {
+    s.ProcedureFlags.fill(0);
+    s.Drag = {};
+    s.BandDrag = {};
+    s.SelectDragTag = 0;
+    s.PatternDrawRow = s.PatternRandomRow = -1;
+    s.BallHolds = {};
+    if (!s.CursorFree) s.World.Desk.ReleaseCursor();
+    s.CursorFree = true;
+}
 
 void ReadWorkArea(Session& s) {
     const PixelRect area = s.World.Desk.WorkArea();

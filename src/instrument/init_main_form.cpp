@@ -41,9 +41,9 @@ void ResetOptions(Session& s) {
 }
 
 void SpreadChannels(Session& s) {
-    for (Row row = 0; row < kLoopTracks; ++row) {
+    for (Row row = 0; row < kRows; ++row) {
         s.Set[row].Channel = static_cast<std::uint8_t>(row + 1);
-        s.World.Screen.ShowWire(row);
+        if (row < kLoopTracks) s.World.Screen.ShowWire(row);
     }
 }
 

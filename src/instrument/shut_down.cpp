@@ -4,8 +4,10 @@
 #include <string>
 
 #include "audio/device.h"
+#include "core/errors.h"
 #include "core/help.h"
 #include "core/routines.h"
+#include "instrument/trapped_error.h"
 
 namespace marvolin {
 
@@ -27,6 +29,7 @@ void DisableJoyTimer(Session& s) {
 void DropJoyTimer(Session& s) {
     if (s.JoyEnabled) s.JoyTimer.reset();
 }
+void DisableDemoTimer(Session& s) { Disable(s.StartUpDemoCountDown); }
 void DropDemoTimer(Session& s) { s.StartUpDemoCountDown.reset(); }
 void StopScriptTimer(Session& s) { Disable(s.ScriptTimer); }
 void DropScriptTimer(Session& s) { s.ScriptTimer.reset(); }
@@ -55,7 +58,7 @@ struct Step {
     OnError onError = OnError::Report;
 };
 
-constexpr std::array<Step, 20> kShutDown{{
+constexpr std::array<Step, 21> kShutDown{{
     {"", HideWindow},
     {"", ShowUnloading},
     {"disabling loop timer", DisableLoopTimer},
@@ -64,6 +67,7 @@ constexpr std::array<Step, 20> kShutDown{{
     {"disabling fade timer", DropFadeTimer},
     {"disabling joystick timer", DisableJoyTimer},
     {"disabling joystick timer", DropJoyTimer},
+    {"disabling start up demo counter", DisableDemoTimer, OnError::Ignore},
     {"disabling start up demo counter", DropDemoTimer, OnError::Ignore},
     {"clearing procedure flags", ClearProcedureFlags},
     {"cleaning up help", CloseHelp},
@@ -78,9 +82,9 @@ constexpr std::array<Step, 20> kShutDown{{
     {"unloading forms", UnloadStartUpQuery, OnError::Ignore},
 }};
 
-void ReportError(Session& s, const Step& step, const RuntimeError& e) {
-    s.World.Desk.MessageBox(std::string("Shutdown error while ") + step.context + "; " + e.what() + " #" +
-                            std::to_string(e.Number()));
+void ReportError(Session& s, const Step& step, const TrappedError& error) {
+    s.World.Desk.MessageBox(std::string("Shutdown error while ") + step.context + "; " + error.Description + " #" +
+                            std::to_string(error.Number));
 }
 
 }  // namespace
@@ -89,8 +93,8 @@ void Form_QueryUnload(Session& s) {
     for (const Step& step : kShutDown) {
         try {
             step.action(s);
-        } catch (const RuntimeError& e) {
-            if (step.onError == OnError::Report) ReportError(s, step, e);
+        } catch (...) {
+            if (step.onError == OnError::Report) ReportError(s, step, ErrorInHand());
         }
     }
 }

@@ -8,6 +8,7 @@
 #include "core/files/paths.h"
 #include "core/routines.h"
 #include "instrument/init_main_form.h"
+#include "instrument/trapped_error.h"
 #include "performance/joystick/joystick_setup.h"
 #include "persistence/start_up_demo.h"
 #include "sequencing/patterns.h"
@@ -63,8 +64,9 @@ bool RunMain(Session& s, const StartUpHooks& hooks) {
         if (!CreateDirectX(s)) return false;
         s.World.Forms.Load(Form::Main);
         return Form_Load(s, hooks);
-    } catch (const RuntimeError& e) {
-        s.World.Desk.MessageBox(std::string("Error loading main: ") + e.what());
+    } catch (...) {
+        // Outside the toolkit's event loop nobody else would tell the player.
+        s.World.Desk.MessageBox("Error loading main: " + ErrorInHand().Description);
         return false;
     }
 }

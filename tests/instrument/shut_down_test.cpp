@@ -3,6 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <new>
+#include <stdexcept>
+
 #include "fakes/instrument.h"
 
 namespace marvolin {
@@ -38,6 +42,76 @@ TEST(ShutDown, ShutsTheInstrumentDownInOrder) {
     EXPECT_EQ(i.s.DS, nullptr);
     EXPECT_EQ(i.s.DX, nullptr);
     EXPECT_TRUE(i.Desk.Boxes.empty());
+}
+
+/// A timer that does something when it is switched off.
+class WatchfulTimer : public PeriodicTimer {
+public:
+    explicit WatchfulTimer(std::function<void()> off) : off_(std::move(off)) {}
+    void SetInterval(std::int32_t) override {}
+    void SetResolution(std::int32_t) override {}
+    void SetEnabled(bool on) override {
+        if (!on) off_();
+    }
+
+private:
+    std::function<void()> off_;
+};
+
+TEST(ShutDown, TheTimersStopFirstThenTheHelpClosesThenTheDeviceIsReleased) {
+    Running i;
+    i.Fill(0);
+    std::vector<std::string> order;
+    const auto note = [&](const std::string& name) {
+        return std::make_unique<WatchfulTimer>([&order, &i, name] {
+            order.push_back(name + (i.Desk.Log.empty() ? "" : " after help") + (i.s.DSReady ? "" : " without device"));
+        });
+    };
+    i.s.LoopTimer = note("loop");
+    i.s.FadeTimer = note("fade");
+    i.s.JoyTimer = note("joystick");
+    i.s.StartUpDemoCountDown = note("demo");
+    i.s.ScriptTimer = note("script");
+    Form_QueryUnload(i.s);
+    EXPECT_THAT(order, ElementsAre("loop", "fade", "joystick", "demo", "script after help"));
+    EXPECT_FALSE(i.s.DSReady);
+}
+
+TEST(ShutDown, ClearsEveryGestureThatIsUnderWay) {
+    Running i;
+    i.s.Drag.Dragging = True;
+    i.s.Drag.DragPlayModeRow = 2;
+    i.s.BandDrag.Lane = 3;
+    i.s.SelectDragTag = 1;
+    i.s.PatternDrawRow = 0;
+    i.s.PatternRandomRow = 1;
+    i.s.CursorFree = false;
+    Form_QueryUnload(i.s);
+    EXPECT_EQ(i.s.Drag.Dragging, False);
+    EXPECT_EQ(i.s.Drag.DragPlayModeRow, -1);
+    EXPECT_EQ(i.s.BandDrag.Lane, -1);
+    EXPECT_EQ(i.s.SelectDragTag, 0);
+    EXPECT_EQ(i.s.PatternDrawRow, -1);
+    EXPECT_EQ(i.s.PatternRandomRow, -1);
+    EXPECT_TRUE(i.s.CursorFree);
+    EXPECT_THAT(i.Desk.Log, ElementsAre("ReleaseCursor", "CloseWindowTitled Marvolin Help"));
+}
+
+TEST(ShutDown, AnErrorOfAnyKindIsReportedAndTheNextStepsRun) {
+    Running i;
+    i.s.LoopTimer = std::make_unique<WatchfulTimer>([] { throw std::logic_error("no such timer"); });
+    i.s.FadeTimer = std::make_unique<WatchfulTimer>([] { throw std::bad_alloc(); });
+    i.s.JoyTimer = std::make_unique<WatchfulTimer>([] { throw 1; });
+    i.s.ScriptTimer = std::make_unique<WatchfulTimer>([] { throw SoundError(sound_error::kGeneric); });
+    Form_QueryUnload(i.s);
+    std::vector<std::string> shown;
+    for (const auto& box : i.Desk.Boxes) shown.push_back(box.Text);
+    EXPECT_THAT(shown, ElementsAre("Shutdown error while disabling loop timer; no such timer #51",
+                                   "Shutdown error while disabling fade timer; Out of memory #7",
+                                   "Shutdown error while disabling joystick timer; Internal error #51",
+                                   "Shutdown error while deleting script timer; sound service error #-2147467259"));
+    EXPECT_EQ(i.s.DX, nullptr);
+    EXPECT_EQ(i.Forms.Log.back(), "Unload StartUpQuery");
 }
 
 TEST(ShutDown, SavesNothing) {

@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <ctime>
+#include <stdexcept>
 
 #include "audio/loop_controls.h"
 #include "core/routines.h"
@@ -91,6 +93,16 @@ TEST(RunMain, AnErrorIsShownWithItsDescription) {
     EXPECT_FALSE(i.Desk.Busy);
 }
 
+TEST(RunMain, AnErrorThatIsNotTheProgramsIsShownToo) {
+    Program i;
+    i.Hooks.InitPadGeometry = [](Session&) { throw std::length_error("no such length"); };
+    EXPECT_FALSE(i.Start());
+    EXPECT_EQ(i.Desk.LastBox(), "Error loading main: no such length");
+    i.Hooks.InitPadGeometry = [](Session&) { throw 1; };
+    EXPECT_FALSE(i.Start());
+    EXPECT_EQ(i.Desk.LastBox(), "Error loading main: Internal error");
+}
+
 TEST(RunMain, AnErrorOfTheComponentCheckIsNotTrapped) {
     Program i;
     i.Hooks.CheckComponents = []() -> bool { throw RuntimeError(1, "x"); };
@@ -111,6 +123,36 @@ TEST(FormLoad, ADisplayOfExactlyEightBitsGetsTheWarningOneOfSixteenDoesNot) {
                       "(use the Display applet in control panel).)");
         }
     }
+}
+
+TEST(FormLoad, OpensTheDeviceSetsTheDefaultsAndThePatternsAndThenLooksForAJoystick) {
+    Program i;
+    i.s.Set[1].NSteps = 30;
+    i.Hooks.InitPadGeometry = [&](Session& s) {
+        PadGeometryInit(s, 9000, 4500);
+        i.Note(s.DSReady ? "defaults on a device" : "defaults");
+        i.Note("steps " + std::to_string(s.Set[1].NSteps));
+    };
+    const auto input = i.s.World.CreateDirectInput;
+    i.s.World.CreateDirectInput = [&] {
+        i.Note("joystick, steps " + std::to_string(i.s.Set[1].NSteps));
+        return input();
+    };
+    EXPECT_TRUE(i.Start());
+    EXPECT_THAT(i.Order, ElementsAre("CheckComponents", "defaults on a device", "steps 30", "joystick, steps 3"));
+}
+
+TEST(FormLoad, SeedsTheRandomNumbersBetweenTheBallsAndTheDrivers) {
+    Program i;
+    i.Desk.Depth = 8;
+    i.Sound.Failures["DirectSoundCreate"] = sound_error::kNoDriver;
+    i.Desk.WhenReported = [&] {
+        const bool ballsOff = std::ranges::count(i.Forms.Log, "DisablePadBalls") != 0;
+        i.Note(std::string(ballsOff ? "balls off" : "balls") + (i.Chance.Seeded ? ", seeded" : "") +
+               (i.Desk.Busy ? ", busy" : ""));
+    };
+    EXPECT_TRUE(i.Start());
+    EXPECT_THAT(i.Order, ElementsAre("CheckComponents", "balls", "balls off, seeded, busy", "InitPadGeometry"));
 }
 
 TEST(FormLoad, OpensTheFirstDeviceWithoutSavingASession) {
@@ -269,6 +311,49 @@ TEST(InitMainForm, SetsTheModelToItsDefaults) {
     EXPECT_EQ(s.SaveOpenSwitches[kWhenOpening], AllSwitches());
 }
 
+TEST(InitMainForm, ThreeDIsOffAndTheClockAndTheChannelsAreReset) {
+    Program i;
+    i.s.Use3D = true;
+    i.s.LoopTimerBusy = true;
+    for (std::int16_t& hz : i.s.ChannelHz) hz = 7;
+    EXPECT_TRUE(i.Start());
+    EXPECT_FALSE(i.s.Use3D);
+    EXPECT_FALSE(i.s.LoopTimerBusy);
+    for (int channel = 0; channel <= kChannels; ++channel) EXPECT_EQ(i.s.ChannelHz[channel], 1000) << channel;
+    // The selection and the master follow no channel.
+    EXPECT_EQ(i.s.Set[kSelectionRow].Channel, 5);
+    EXPECT_EQ(i.s.Set[kMasterRow].Channel, 6);
+}
+
+TEST(InitMainForm, ListsTheSessionsOfTheFolder) {
+    const test::TempFolder folder;
+    folder.Touch("mine.mvn");
+    Program i;
+    i.Desk.Folder = folder.Path();
+    EXPECT_TRUE(i.Start());
+    EXPECT_THAT(i.s.QuickLoadRows, Contains(::testing::StartsWith("mine")));
+}
+
+/// A display that looks whether the gang is ready while a row is set.
+struct WatchfulScreen : test::FakeDisplay {
+    const Session* Watched = nullptr;
+    std::vector<bool> Ready;
+    void ShowSelected(Row row) override {
+        FakeDisplay::ShowSelected(row);
+        if (Watched != nullptr) Ready.push_back(Watched->GangReady);
+    }
+};
+
+TEST(InitMainForm, TheGangIsOffWhileTheRowsAreSet) {
+    test::FakeServices services;
+    WatchfulScreen screen;
+    Session s(services.For(screen));
+    screen.Watched = &s;
+    s.GangReady = true;
+    EXPECT_TRUE(RunMain(s, {}));
+    EXPECT_THAT(screen.Ready, ElementsAre(false, false, false, false, false));
+}
+
 TEST(InitMainForm, TheGangIsReadyOnceTheRowsAreSet) {
     Program i;
     bool ready = false;
@@ -357,6 +442,18 @@ TEST(FormActivate, LoadsTheStartUpPackageAndStartsItsCountDownOrElseThePreferenc
     const auto& countDown = dynamic_cast<FakeTimers::Timer&>(*demo.s.StartUpDemoCountDown);
     EXPECT_EQ(countDown.Interval, 3000);
     EXPECT_TRUE(countDown.Enabled);
+}
+
+TEST(FormActivate, ABoxThatALoadShowsDoesNotStartTheContentAgain) {
+    const test::TempFolder folder;
+    folder.Touch("preferences.mvn");
+    Program i;
+    i.Desk.Folder = folder.Path();
+    i.Start();
+    i.Store.OnLoad = [&] { Form_Activate(i.s); };
+    Form_Activate(i.s);
+    EXPECT_EQ(i.Store.Log.size(), 1U);
+    EXPECT_EQ(std::ranges::count(i.Forms.Log, "Show Browse"), 1);
 }
 
 TEST(FormActivate, AMissingHelpFileIsNoErrorAtTheStart) {
