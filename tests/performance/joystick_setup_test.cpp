@@ -215,5 +215,47 @@ TEST(JoyFactor, IsLimitedToItsSlider) {
     EXPECT_THAT(List(i.s.Joy.Factor), ElementsAre(100, 3000, 700));
 }
 
+/// A joystick service whose device only looks around when it is acquired.
+class WatchfulInput : public test::FakeInput {
+public:
+    WatchfulInput(test::FakeJoystick& stick, std::function<void()> atAcquire)
+        : FakeInput(stick), atAcquire_(std::move(atAcquire)) {}
+    std::unique_ptr<DirectInputDevice> CreateDevice(const std::string&) override {
+        return std::make_unique<Device>(atAcquire_);
+    }
+
+private:
+    class Device : public DirectInputDevice {
+    public:
+        explicit Device(std::function<void()> atAcquire) : atAcquire_(std::move(atAcquire)) {}
+        void SetCommonDataFormat(std::int32_t) override {}
+        void SetCooperativeLevel(std::int32_t) override {}
+        void GetCapabilities() override {}
+        std::vector<std::int32_t> GetDeviceObjectsEnum() override { return {}; }
+        void SetProperty(const JoyPropertyRecord&) override {}
+        void Acquire() override { atAcquire_(); }
+        void Poll() override {}
+        void GetDeviceStateJoystick(DIJOYSTATE&) override {}
+
+    private:
+        std::function<void()> atAcquire_;
+    };
+    std::function<void()> atAcquire_;
+};
+
+TEST(InitDirectInput, BothBoxesAreOnWhenTheDeviceIsAcquired) {
+    test::Surfaces i;
+    bool acquired = false;
+    i.s.World.CreateDirectInput = [&] {
+        return std::make_unique<WatchfulInput>(i.Stick, [&] {
+            acquired = true;
+            EXPECT_NE(i.s.Joy.Relative[0], False);
+            EXPECT_NE(i.s.Joy.Relative[1], False);
+        });
+    };
+    InitDirectInput(i.s);
+    EXPECT_TRUE(acquired);
+}
+
 }  // namespace
 }  // namespace marvolin

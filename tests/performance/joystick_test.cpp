@@ -115,6 +115,38 @@ TEST(JoyPoll, AnotherErrorOfThePollIsShownAndEndsTheProgram) {
     EXPECT_THAT(i.Desk.Log, ElementsAre("EndProgram"));
 }
 
+TEST(JoyPoll, TheNumberOfAnErrorIsShownSigned) {
+    Flown i;
+    i.Stick.Failures["Poll"] = 0x80004005;
+    i.Poll();
+    EXPECT_EQ(i.Desk.LastBox(), "Poll failed in joystick handler -2147467259");
+}
+
+TEST(JoyPoll, ARefusedPlaceIsShownOnceUntilStickAndButtonRest) {
+    Flown i;
+    i.Use3D();
+    i.s.ActiveTab = kMapTab;
+    i.Sound.Failures["SetListenerPosition"] = sound_error::kGeneric;
+    for (const std::int32_t x : {6000, 7000, 8000}) i.Push(x, 5000);
+    EXPECT_EQ(i.Desk.Boxes.size(), 1u);
+    EXPECT_EQ(i.Sound.Count("SetListenerPosition"), 1);
+    i.Press(2, true);
+    EXPECT_EQ(i.Desk.Boxes.size(), 1u);
+    i.Press(2, false);
+    i.Push(6000, 5000);
+    EXPECT_EQ(i.Desk.Boxes.size(), 2u);
+    i.Poll();
+    // The button acts at each of its polls; it too is shown once.
+    i.Press(2, true);
+    i.Poll();
+    EXPECT_EQ(i.Desk.Boxes.size(), 3u);
+    i.Press(2, false);
+    i.Sound.Failures.clear();
+    i.Push(9000, 5000);
+    EXPECT_GT(i.s.ListenerX, 0);
+    EXPECT_EQ(i.Desk.Boxes.size(), 3u);
+}
+
 TEST(JoyPoll, TheStickActsBeforeTheCentreButtonAndBothUnderThePadTypeThatTheHatLeaves) {
     Flown i;
     SetJoyRelative(i.s, 0, false);
@@ -291,6 +323,13 @@ TEST(JoyCentre, WhileHeldTheBallIsPutOnTheCentreAtEachPoll) {
     EXPECT_NE(i.Pad().X, 0);
 }
 
+TEST(JoyCentre, IsHeardOnThePad) {
+    Flown i;
+    i.Fill(0);
+    i.Press(2, true);
+    EXPECT_EQ(i.Sound.Count("SetVolume b0"), 1);
+}
+
 TEST(JoyCentre, OnTheMapTheListenerIsPutOnTheCentre) {
     Flown i;
     i.Use3D();
@@ -396,6 +435,7 @@ TEST(JoyMaster, FollowsTheAxisThatIsAssigned) {
     for (const auto& [code, field] :
          {std::pair{3, &DIJOYSTATE::z}, {4, &DIJOYSTATE::rx}, {5, &DIJOYSTATE::ry}, {6, &DIJOYSTATE::rz}}) {
         i.s.Joy.Axis[0] = static_cast<std::int16_t>(code);
+        i.s.Joy.AxisPresent[code] = true;
         i.s.Joy.LastMaster = -1;
         i.Stick.State = DIJOYSTATE{};
         i.Stick.State.*field = 2000 + 200 * code;
@@ -407,6 +447,23 @@ TEST(JoyMaster, FollowsTheAxisThatIsAssigned) {
     i.s.Set[kMasterRow].Vol = 77;
     i.Poll();
     EXPECT_EQ(i.s.Set[kMasterRow].Vol, 77);
+}
+
+TEST(JoyMaster, AnAxisThatThisStickLacksDoesNothingAndStaysAssigned) {
+    Flown i;
+    ASSERT_FALSE(i.s.Joy.AxisPresent[kAxisRX]);
+    i.s.Joy.Axis[kMasterAxis] = kAxisRX;
+    JoyShowAssignments(i.s);
+    EXPECT_EQ(i.s.Joy.AxisNames[static_cast<std::size_t>(i.s.Joy.AxisChoice[kMasterAxis])], "None");
+    i.s.Joy.LastMaster = 5000;
+    i.s.Set[kMasterRow].Vol = 250;
+    i.Poll();
+    EXPECT_EQ(i.s.Set[kMasterRow].Vol, 250);
+    // "None" chosen for the other use takes it from nobody.
+    JAxis_Click(i.s, kTwistAxis, i.s.Joy.AxisChoice[kMasterAxis]);
+    EXPECT_EQ(i.s.Joy.Axis[kMasterAxis], kAxisRX);
+    JAxis_Click(i.s, kMasterAxis, i.s.Joy.AxisChoice[kMasterAxis]);
+    EXPECT_EQ(i.s.Joy.Axis[kMasterAxis], kAxisNone);
 }
 
 TEST(JoyToggle, FlipsTheBoxOfTheTabOnRelease) {

@@ -13,6 +13,20 @@ using test::Surfaces;
 
 constexpr double kHalf = Surfaces::kHalf;
 
+TEST(FadeTick, ATickWithinATickDoesNothing) {
+    test::Surfaces i;
+    i.Fill(0);
+    i.s.Run[0].FadeState = kFalling;
+    i.s.Run[0].FadeValue = 500;
+    i.Sound.Failures["SetVolume"] = sound_error::kGeneric;
+    i.Desk.WhenReported = [&] { FadeTimer_Timer(i.s, 40); };
+    FadeTimer_Timer(i.s, 40);
+    EXPECT_EQ(i.s.Set[0].Vol, 492);
+    EXPECT_EQ(i.Desk.Boxes.size(), 1u);
+    FadeTimer_Timer(i.s, 40);
+    EXPECT_EQ(i.s.Set[0].Vol, 484);
+}
+
 TEST(Scatter, AbsoluteDrawsXThenYOnTheHalfWidthForEachLoopTrackInOrder) {
     Surfaces i;
     i.Chance.Sequence = {0.0, 0.999999, 0.5, 0.25, 0.75, 0.1, 0.9, 0.3};

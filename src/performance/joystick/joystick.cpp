@@ -98,9 +98,24 @@ Snapshot Read(const Session& s) {
 /// The stick and the centre button act on the pad, and on the map while 3D sound is in use.
 bool StickActs(const Session& s) { return s.ActiveTab == kMixPadTab || (s.ActiveTab == kMapTab && s.Use3D); }
 
+bool StickActsAgain(const Session& s) {
+    const JoystickState& joy = s.Joy;
+    return joy.State.x != joy.LastX || joy.State.y != joy.LastY || joy.LastPadType != s.PadTypeIndex;
+}
+
+void RememberStick(Session& s) {
+    s.Joy.LastPadType = s.PadTypeIndex;
+    s.Joy.LastX = s.Joy.State.x;
+    s.Joy.LastY = s.Joy.State.y;
+}
+
+/// Puts the listener where stick or button want it. The service may refuse: the player then knows from a box.
+void MoveListener(Session& s, double x, double y, double scale, MoveFlags flags) {
+    if (!PosScaled(s, x, y, kListenerBall, scale, flags)) s.Joy.Refused = true;
+}
+
 void Stick(Session& s) {
-    JoystickState& joy = s.Joy;
-    if (joy.State.x == joy.LastX && joy.State.y == joy.LastY && joy.LastPadType == s.PadTypeIndex) return;
+    const JoystickState& joy = s.Joy;
     std::int32_t x = joy.State.x;
     std::int32_t y = joy.State.y;
     ClampI4(x, kStickLow, kStickHigh);
@@ -112,12 +127,10 @@ void Stick(Session& s) {
     if (s.ActiveTab == kMixPadTab) {
         PadMove(s, moveX, moveY, kStickScale, {.Absolute = !relative, .Apply = true});
     } else {
-        PosScaled(s, moveX, moveY, kListenerBall, kStickScale, {.Absolute = !relative, .Apply = true, .Quiet = true});
+        MoveListener(s, moveX, moveY, kStickScale, {.Absolute = !relative, .Apply = true, .Quiet = true});
         PosScrollEvent(s, kListenerBall, s.ListenerX, s.ListenerY, Force::No, kJoystickScroll);
     }
-    joy.LastPadType = s.PadTypeIndex;
-    joy.LastX = joy.State.x;
-    joy.LastY = joy.State.y;
+    RememberStick(s);
 }
 
 void Centre(Session& s) {
@@ -125,8 +138,17 @@ void Centre(Session& s) {
         PadRecentre(s);
     } else if (s.ActiveTab == kMapTab) {
         // A script may have opened another tab in the event that the stick sent.
-        PosScaled(s, 0, 0, kListenerBall, 500.0, {.Absolute = true, .Apply = true});
+        MoveListener(s, 0, 0, 500.0, {.Absolute = true, .Apply = true});
     }
+}
+
+/// Stick and centre button. After a refused place both do nothing until both rest: one box is enough.
+void StickAndCentre(Session& s, bool centre) {
+    const bool acts = StickActsAgain(s);
+    if (!acts && !centre) s.Joy.Refused = false;
+    if (s.Joy.Refused) return RememberStick(s);
+    if (acts) Stick(s);
+    if (centre && !s.Joy.Refused) Centre(s);
 }
 
 void Hat(Session& s) {
@@ -145,7 +167,9 @@ void Hat(Session& s) {
 }
 
 void Master(Session& s, std::int32_t value) {
-    if (s.Joy.Axis[kMasterAxis] == kAxisNone || value == s.Joy.LastMaster) return;
+    const std::int16_t axis = s.Joy.Axis[kMasterAxis];
+    // A set may name an axis that this stick lacks.
+    if (axis == kAxisNone || !s.Joy.AxisPresent[axis] || value == s.Joy.LastMaster) return;
     std::int16_t vol = ToI2(500 - value / 20.0);
     LoopVolChange(s, kMasterRow, vol, TakeHold::Yes, UpdateDisplay::Yes);
     s.Joy.LastMaster = value;
@@ -165,10 +189,7 @@ void Toggle(Session& s, bool pressed) {
 void Poll(Session& s) {
     if (!ReadState(s)) return;
     const Snapshot now = Read(s);
-    if (StickActs(s)) {
-        Stick(s);
-        if (now.Centre) Centre(s);
-    }
+    if (StickActs(s)) StickAndCentre(s, now.Centre);
     if (!now.Move) Hat(s);
     Master(s, now.Master);
     Toggle(s, now.Toggle);
@@ -183,7 +204,8 @@ void JoyTimer_Timer(Session& s) {
     } catch (const RuntimeError& e) {
         // No further poll while the box is open.
         s.JoyEnabled = false;
-        s.World.Desk.MessageBox(std::string(e.what()) + " in joystick handler " + std::to_string(e.Number()));
+        s.World.Desk.MessageBox(std::string(e.what()) + " in joystick handler " +
+                                std::to_string(static_cast<std::int32_t>(e.Number())));
         s.World.Desk.EndProgram();
     }
 }

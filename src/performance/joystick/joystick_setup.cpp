@@ -172,7 +172,8 @@ void JAxis_Click(Session& s, int index, std::int16_t entry) {
     joy.Axis[index] = JoyAxisCode(joy.AxisNames[static_cast<std::size_t>(entry)]);
     joy.AxisChoice[index] = entry;
     for (int other = 0; other < std::ssize(kJoyAssignments); ++other) {
-        if (other == index || joy.AxisChoice[other] != entry) continue;
+        // "None" takes nothing away: behind it an axis can be assigned that this stick lacks.
+        if (other == index || entry == none || joy.AxisChoice[other] != entry) continue;
         joy.Axis[other] = kAxisNone;
         joy.AxisChoice[other] = none;
     }

@@ -19,6 +19,18 @@ double SmallStep(Session& s, double from) {
     return to > s.MapRange ? from - step : to;
 }
 
+/// The tick is running; over when this goes, also by an error.
+class Busy {
+public:
+    explicit Busy(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Busy() { flag_ = false; }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+
+private:
+    bool& flag_;
+};
+
 }  // namespace
 
 void ScatterAbsoluteSound(Session& s, int ball) {
@@ -69,6 +81,8 @@ void WanderStep(Session& s, std::int32_t milliseconds) {
 }
 
 void FadeTimer_Timer(Session& s, std::int32_t milliseconds) {
+    if (s.FadeTimerBusy) return;
+    const Busy guard(s.FadeTimerBusy);
     StepFades(s, milliseconds);
     WanderStep(s, milliseconds);
 }

@@ -31,7 +31,7 @@ void PosMacros_Click(Session& s, std::int16_t entry);
 /// LoopTrack.
 void WanderStep(Session& s, std::int32_t milliseconds);
 
-/// The tick of `FadeTimer`: the fades, then the wander step.
+/// The tick of `FadeTimer`: the fades, then the wander step. A tick within a tick does nothing.
 void FadeTimer_Timer(Session& s, std::int32_t milliseconds);
 
 }  // namespace marvolin

@@ -40,7 +40,7 @@ void MapInit(Session& s) {
     RotateListener(s, 0, Apply::Yes);
 }
 
-void PosMove(Session& s, double x, double y, int ball, MoveFlags flags) {
+bool PosMove(Session& s, double x, double y, int ball, MoveFlags flags) {
     const PadGeometry& g = s.Geometry;
     if (!flags.Absolute) {
         x += s.BallPos[ball].X;
@@ -50,13 +50,14 @@ void PosMove(Session& s, double x, double y, int ball, MoveFlags flags) {
     ClampR8(x, -g.PadHalfX, g.PadHalfX);
     const auto mapY = static_cast<float>(y / g.PadHalfX * s.MapRange);
     const auto mapX = static_cast<float>(x / g.PadHalfX * s.MapRange);
-    if (!TryPositionSet(s, ball, mapX, mapY, {.Apply = flags.Apply, .Quiet = flags.Quiet})) return;
+    if (!TryPositionSet(s, ball, mapX, mapY, {.Apply = flags.Apply, .Quiet = flags.Quiet})) return false;
     s.BallPos[ball] = {x, y};
     ShowPosition(s, ball);
+    return true;
 }
 
-void PosScaled(Session& s, double x, double y, int ball, double scale, MoveFlags flags) {
-    PosMove(s, s.Geometry.PadHalfX * x / scale, s.Geometry.PadHalfY * y / scale, ball, flags);
+bool PosScaled(Session& s, double x, double y, int ball, double scale, MoveFlags flags) {
+    return PosMove(s, s.Geometry.PadHalfX * x / scale, s.Geometry.PadHalfY * y / scale, ball, flags);
 }
 
 void PosBall_DblClick(Session& s, int ball) { PosScaled(s, 0, 0, ball, 500.0, {.Absolute = true, .Apply = true}); }

@@ -29,9 +29,9 @@ void MapInit(Session& s);
 /// Moves a ball (0..3 LoopTracks, 4 the listener) in twips, limited to the map, and shows its place. When the sound
 /// service refuses ("placing sound") the ball stays where it was and a wander ends: its next step would open another
 /// box over the first.
-void PosMove(Session& s, double x, double y, int ball, MoveFlags flags);
+bool PosMove(Session& s, double x, double y, int ball, MoveFlags flags);
 /// The same from any unit; `scale` is the map's edge in it.
-void PosScaled(Session& s, double x, double y, int ball, double scale, MoveFlags flags);
+bool PosScaled(Session& s, double x, double y, int ball, double scale, MoveFlags flags);
 
 /// Place of a ball in map units as it is shown: cut to two decimals.
 BallPoint ShownPlace(const Session& s, int ball);
