@@ -1,4 +1,7 @@
 #include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 #include <QApplication>
 #include <QDialog>
@@ -11,6 +14,7 @@
 #include <filesystem>
 
 #include "core/errors.h"
+#include "window/toolkit/front_call.h"
 #include "window/toolkit/qt_desktop.h"
 
 namespace marvolin {
@@ -53,6 +57,66 @@ TEST(QtDesktop, OnlyTheFirstInstanceGetsTheLock) {
     QtDesktop third;
     EXPECT_TRUE(third.ClaimInstance());
     before.isNull() ? qunsetenv("XDG_RUNTIME_DIR") : qputenv("XDG_RUNTIME_DIR", before);
+}
+
+/// A folder of its own for locks, in place of the user's.
+struct RuntimeFolder {
+    QTemporaryDir Folder;
+    QByteArray Before = qgetenv("XDG_RUNTIME_DIR");
+    RuntimeFolder() { qputenv("XDG_RUNTIME_DIR", Folder.path().toUtf8()); }
+    ~RuntimeFolder() { Before.isNull() ? qunsetenv("XDG_RUNTIME_DIR") : qputenv("XDG_RUNTIME_DIR", Before); }
+};
+
+TEST(QtDesktop, ASecondStartBringsTheMinimisedWindowOfTheFirstBack) {
+    const RuntimeFolder folder;
+    QWidget window;
+    QtDesktop first;
+    first.Attach(&window);
+    ASSERT_TRUE(first.ClaimInstance());
+    window.showMinimized();
+    ASSERT_TRUE(window.isMinimized());
+    {
+        QtDesktop second;
+        EXPECT_FALSE(second.ClaimInstance());
+    }
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(window.isMinimized());
+    EXPECT_TRUE(window.isVisible());
+    first.Attach(nullptr);
+}
+
+TEST(QtDesktop, ASecondStartBeforeTheFirstShowsItsWindowChangesNothing) {
+    const RuntimeFolder folder;
+    QWidget window;
+    QtDesktop first;
+    ASSERT_TRUE(first.ClaimInstance());
+    QtDesktop second;
+    EXPECT_FALSE(second.ClaimInstance());
+    first.Attach(&window);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(window.isVisible());
+    first.Attach(nullptr);
+}
+
+TEST(QtDesktop, TheCallOfASecondStartIsHeardAlsoAfterAFirstOneThatDied) {
+    const RuntimeFolder folder;
+    const QString path = folder.Folder.filePath("marvolin.front");
+    // What a process that died leaves behind.
+    const int dead = socket(AF_UNIX, SOCK_DGRAM, 0);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    qstrncpy(address.sun_path, path.toUtf8().constData(), sizeof address.sun_path);
+    ASSERT_EQ(bind(dead, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    close(dead);
+    QByteArray heard = "nothing";
+    const FrontCall call(path, [&](const QByteArray& token) { heard = token; });
+    FrontCall::Send(path, "token");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(heard, "token");
+    FrontCall::Send(path, "");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(heard, "");
+    FrontCall::Send(folder.Folder.filePath("nobody"), "token");
 }
 
 TEST(QtDesktop, TheBusyPointerIsSetOnceHoweverOftenItIsAskedFor) {

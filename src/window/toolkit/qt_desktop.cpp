@@ -39,6 +39,12 @@ QString TitleOf(const std::string& title) {
     return title.empty() ? QString("marvolin") : QString::fromStdString(title);
 }
 
+/// What the desktop gave this start so that its window may take the focus.
+QByteArray FocusToken() {
+    const QByteArray token = qgetenv("XDG_ACTIVATION_TOKEN");
+    return token.isEmpty() ? qgetenv("DESKTOP_STARTUP_ID") : token;
+}
+
 }  // namespace
 
 QtDesktop::QtDesktop() = default;
@@ -166,12 +172,28 @@ std::string QtDesktop::ProgramFolder() { return QCoreApplication::applicationDir
 bool QtDesktop::ClaimInstance() {
     QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
     if (folder.isEmpty()) folder = QDir::tempPath();
+    const QString socket = QDir(folder).filePath("marvolin.front");
     instance_ = std::make_unique<QLockFile>(QDir(folder).filePath("marvolin.lock"));
     // The lock of a process that has died is void at once, that of a living one never.
     instance_->setStaleLockTime(0);
-    if (instance_->tryLock(0)) return true;
-    return instance_->error() !=
-           QLockFile::LockFailedError;  // a lock that cannot be made says nothing about another instance
+    if (instance_->tryLock(0)) {
+        frontCall_ = std::make_unique<FrontCall>(socket, [this](const QByteArray& token) { ComeToFront(token); });
+        return true;
+    }
+    // A lock that cannot be made says nothing about another instance.
+    if (instance_->error() != QLockFile::LockFailedError) return true;
+    FrontCall::Send(socket, FocusToken());
+    return false;
+}
+
+void QtDesktop::ComeToFront(const QByteArray& token) {
+    if (mainWindow_ == nullptr || !mainWindow_->isVisible()) return;
+    // The toolkit takes the right to the focus from here.
+    if (!token.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", token);
+    mainWindow_->setWindowState((mainWindow_->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+    mainWindow_->show();
+    mainWindow_->raise();
+    mainWindow_->activateWindow();
 }
 
 void QtDesktop::ShowHelpTopic(std::int32_t) { throw RuntimeError(kFileNotFound, "File not found"); }

@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "core/desktop.h"
+#include "window/toolkit/front_call.h"
 
 class QWidget;
 
@@ -45,6 +46,7 @@ public:
     void ReleaseCursor() override;
     std::string TempFileName(const std::string& prefix) override;
     std::string ProgramFolder() override;
+    /// The first instance comes to the front when a later one asks for the claim and does not get it.
     bool ClaimInstance() override;
     void ShowHelpTopic(std::int32_t topic) override;
     void CloseWindowTitled(const std::string& title) override;
@@ -56,6 +58,7 @@ protected:
 
 private:
     QWidget* BoxParent() const;
+    void ComeToFront(const QByteArray& token);
 
     QWidget* mainWindow_ = nullptr;
     QPointer<BallSurface> pad_;  // looked up once: each move of a ball asks where its surface is
@@ -64,7 +67,8 @@ private:
     std::optional<PixelRect> cage_;
     std::optional<QFontMetricsF> measure_;  // of the main window's font; made once
     std::unique_ptr<QLockFile> instance_;
-    std::unique_ptr<ReportBox> report_;  // made for the first report
+    std::unique_ptr<FrontCall> frontCall_;  // only in the first instance
+    std::unique_ptr<ReportBox> report_;     // made for the first report
 };
 
 }  // namespace marvolin
