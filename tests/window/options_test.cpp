@@ -46,6 +46,16 @@ TEST(Options, ResetOnLoadIsTheSessionsFlag) {
     EXPECT_TRUE(stage.Find<QCheckBox>("ResetVars").isChecked());
 }
 
+TEST(Options, PlayAfterADropIsTheSessionsFlag) {
+    OptionStage stage;
+    EXPECT_FALSE(stage.Find<QCheckBox>("PlayOnLoad").isChecked());
+    stage.Click("PlayOnLoad", {8, 12});
+    EXPECT_TRUE(stage.s.PlayOnLoad);
+    stage.s.PlayOnLoad = false;
+    stage.Screen.ShowOptions();
+    EXPECT_FALSE(stage.Find<QCheckBox>("PlayOnLoad").isChecked());
+}
+
 TEST(Options, TheSubTabsOpenTheirPages) {
     OptionStage stage;
     for (int tab = 0; tab < 4; ++tab) {

@@ -55,6 +55,8 @@ void TabOptions::MakeLeftSide() {
             [this](int entry) { cboDrivers_Click(s, static_cast<std::int16_t>(entry)); });
     reset_ = new ChoiceBox(s, this, "ResetVars", -1, [this](bool on) { s.ResetVars = on; });
     reset_->setGeometry(20, 84, 266, 26);
+    play_ = new ChoiceBox(s, this, "PlayOnLoad", -1, [this](bool on) { s.PlayOnLoad = on; });
+    play_->setGeometry(20, 114, 266, 26);
     auto* help = new TextButton(s, this, "OptionHelp", nullptr);
     help->setGeometry(20, 270, 84, 30);
 }
@@ -130,6 +132,7 @@ void TabOptions::MakeTiming(QWidget* page) {
 
 void TabOptions::Refresh() {
     reset_->Show(s.ResetVars);
+    play_->Show(s.PlayOnLoad);
     axis_->Show(s.DragAxis == 0 ? 0 : 1);
     for (int member = 0; member < 3; ++member) {
         update_[static_cast<std::size_t>(member)]->Show(s.PositionUpdate[member]);

@@ -17,7 +17,8 @@ class ChoiceList;
 class OptionsJoystick;
 class TabButton;
 
-/// The page "Optn": the sound driver, "Reset on Load", and the sub-tabs Joystick, Mouse, Scripting, Timing.
+/// The page "Optn": the sound driver, "Reset on Load", "Play after a drop", and the sub-tabs Joystick, Mouse,
+/// Scripting, Timing.
 class TabOptions : public QWidget {
 public:
     TabOptions(Session& session, QWidget* parent);
@@ -41,6 +42,7 @@ private:
     // Owned by the toolkit.
     QComboBox* drivers_ = nullptr;
     ChoiceBox* reset_ = nullptr;
+    ChoiceBox* play_ = nullptr;
     ChoiceList* axis_ = nullptr;
     std::array<ChoiceBox*, 3> update_{};
     OptionsJoystick* joystick_ = nullptr;
