@@ -1,3 +1,5 @@
+#include <memory>
+
 #include "audio/openal/sound.h"
 #include "browser/lnk_shortcut.h"
 #include "instrument/keyboard.h"
@@ -28,6 +30,10 @@ int main(int argc, char** argv) {
     SessionFileStore store;
     Session session{Services{display, desktop, windows, chance, timers, scripts, store, CreateOpenAlSound,
                              CreateSdlInput, ResolveLnkShortcut}};
+
+    // Widgets refer to the session, so they go first.
+    const auto dropForms = [](QtWindows* forms) { forms->DropForms(); };
+    const std::unique_ptr<QtWindows, decltype(dropForms)> forms(&windows, dropForms);
 
     const StartUpHooks hooks{nullptr,
                              [](Session& s) { PadGeometryInit(s, TabMixPad::InnerWidth(), TabMixPad::InnerHeight()); }};

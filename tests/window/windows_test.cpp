@@ -41,6 +41,30 @@ QWidget* Shown(const char* name) {
     return nullptr;
 }
 
+TEST(Windows, TheFormsAreDeletedBeforeTheSessionThatTheyShow) {
+    test::Stage stage;
+    QtDisplay display;
+    QtDesktop desktop;
+    QtWindows windows(display, desktop);
+    windows.Attach(stage.s, {});
+    std::vector<QPointer<QWidget>> shown;
+    for (const auto& [form, name] : {std::pair{Form::Browse, "frmBrowse"},
+                                     {Form::Save, "frmSave"},
+                                     {Form::Splash, "frmSplash"},
+                                     {Form::StartUpQuery, "frmStartUpQuery"}}) {
+        windows.Show(form);
+        shown.emplace_back(Shown(name));
+        ASSERT_FALSE(shown.back().isNull()) << name;
+    }
+    windows.Unload(Form::Splash);
+    windows.DropForms();
+    for (const QPointer<QWidget>& window : shown) EXPECT_TRUE(window.isNull());
+    // Nobody shows anything any more.
+    display.ShowDrivers();
+    display.ShowBin(0);
+    windows.DropForms();
+}
+
 TEST(Windows, AFormThatIsUnloadedDuringAGestureOnItOutlivesTheGesture) {
     struct Case {
         Form Which;

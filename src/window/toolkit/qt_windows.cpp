@@ -21,11 +21,19 @@ int Pixels(double twips) { return static_cast<int>(twips / kTwipsPerPixel); }
 
 QtWindows::QtWindows(QtDisplay& display, QtDesktop& desktop) : display_(display), desktop_(desktop) {}
 
-QtWindows::~QtWindows() {
+QtWindows::~QtWindows() { DropForms(); }
+
+void QtWindows::DropForms() {
     display_.Attach(static_cast<FrmMain*>(nullptr));
     display_.Attach(static_cast<FrmBrowse*>(nullptr));
     display_.Attach(static_cast<FrmSave*>(nullptr));
     desktop_.Attach(nullptr);
+    unloaded_.clear();
+    query_.reset();
+    save_.reset();
+    browse_.reset();
+    splash_.reset();
+    main_.reset();
 }
 
 void QtWindows::Attach(Session& session, FrmMain::Events events) {

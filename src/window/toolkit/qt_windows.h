@@ -28,6 +28,8 @@ public:
     /// True once the main window has been closed for good.
     bool Ended() const { return ended_; }
     FrmMain* Main() const { return main_.get(); }
+    /// Deletes all forms. For the end of the program, before the session that they show goes.
+    void DropForms();
 
     void Load(Form form) override;
     void Show(Form form) override;
