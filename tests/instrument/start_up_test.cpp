@@ -350,7 +350,8 @@ TEST(InitMainForm, TheGangIsOffWhileTheRowsAreSet) {
     Session s(services.For(screen));
     screen.Watched = &s;
     s.GangReady = true;
-    EXPECT_TRUE(RunMain(s, {}));
+    EXPECT_TRUE(RunMain(
+        s, {.CheckComponents = nullptr, .InitPadGeometry = [](Session& made) { PadGeometryInit(made, 9000, 4500); }}));
     EXPECT_THAT(screen.Ready, ElementsAre(false, false, false, false, false));
 }
 

@@ -3,6 +3,7 @@
 #include "audio/carrying.h"
 #include "audio/device.h"
 #include "parameters/position.h"
+#include "performance/pad/pad_tables.h"
 
 namespace marvolin {
 
@@ -22,8 +23,13 @@ void SetUse3D(Session& s, bool on) {
 
 void ChangeUse3D(Session& s, bool on) {
     if (on == s.Use3D) return;
+    const std::int16_t padType = s.PadTypeIndex;
+    const std::int16_t twistIcon = s.PadTable[padType].TwistIcon;
     // Otherwise the box goes back to the state that stays.
-    if (!CarryAcross(s, [&s, on] { SetUse3D(s, on); })) MapEnable(s, s.Use3D);
+    if (!CarryAcross(s, [&s, on] { SetUse3D(s, on); })) return MapEnable(s, s.Use3D);
+    s.PadTypeIndex = padType;
+    s.PadTable[padType].TwistIcon = twistIcon;
+    PadTwistShow(s, padType);
 }
 
 void Enable3d_Click(Session& s, bool on) {
