@@ -18,10 +18,15 @@ constexpr std::int32_t kSounding = buffer_status::kPlaying | buffer_status::kLoo
 
 void Start(Session& s, Row row, bool request) {
     if (!StartOrJump(s, row)) return;
+    s.Run[row].MapError = {};
     s.Run[row].Playing = True;
     s.World.Screen.ShowPlay(row);
     s.Run[row].PlayRequest = ToBoolean(request);
     ThinAdd(s, row);
+}
+
+bool HasPanControl(Session& s, Row row) {
+    return s.Run[row].Loaded != False && (BufferOf(s, row).GetCaps().Flags & buffer_flags::kControlPan) != 0;
 }
 
 void SetPlayingOfRowFour(Session& s, bool playing) {
@@ -63,13 +68,15 @@ void LoopStop(Session& s, Row row) {
     inHand.Playing = inHand.Paused = inHand.Sounds = false;
     if (s.Run[row].Loaded == False) return;
     try {
-        DirectSoundBuffer& buffer = BufferOf(s, row);
         ResetLoopClock(s, row);
+        // The Map routines may report a failure, and when that has been shown the row may be empty or have another
+        // buffer.
         MapHZ(s, row);
-        if ((buffer.GetCaps().Flags & buffer_flags::kControlPan) != 0) MapPan(s, row);
+        if (HasPanControl(s, row)) MapPan(s, row);
         MapVol(s, row);
-        buffer.Stop();
-        buffer.SetCurrentPosition(0);
+        if (s.Run[row].Loaded == False) return;
+        BufferOf(s, row).Stop();
+        BufferOf(s, row).SetCurrentPosition(0);
         s.Run[row].Playing = False;
         s.World.Screen.ShowPlay(row);
         LoopRefreshAny(s);

@@ -51,9 +51,17 @@ void MoveLine(Session& s, Row row) {
     s.World.Screen.ShowSoundDisplay(row);
 }
 
+/// Starts the LoopTrack of a rising fade. False when the fade is over: the start failed and has shown its box, which
+/// every tick would show again, or the fade was taken back while the box was open.
+bool StartRising(Session& s, Row row) {
+    LoopTrackRun& run = s.Run[row];
+    LoopPlay(s, row, true);
+    if (run.Loaded != False && run.Playing == False) LoopSetFade(s, row, FadeCommand::Cancel);
+    return run.FadeState == kRising;
+}
+
 void StepRising(Session& s, Row row, double distance) {
     LoopTrackRun& run = s.Run[row];
-    if (run.Playing == False) LoopPlay(s, row, true);
     run.FadeValue += distance;
     if (run.FadeValue < run.FadeTarget) return;
     run.FadeValue = run.FadeTarget;
@@ -127,6 +135,7 @@ void StepFades(Session& s, std::int32_t milliseconds) {
     for (Row row = 0; row < kLoopTracks; ++row) {
         const LoopTrackRun& run = s.Run[row];
         if (run.FadeState == kNoFade) continue;
+        if (run.FadeState != kFalling && run.Playing == False && !StartRising(s, row)) continue;
         if (run.FadeState == kFalling) {
             StepFalling(s, row, distance);
         } else {

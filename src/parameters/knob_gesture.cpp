@@ -105,7 +105,8 @@ void Press(Session& s, Knob knob, Row row, double x, double y) {
 void Move(Session& s, Knob knob, Row row, std::int16_t button, double x, double y) {
     if (s.Drag.Dragging != False) {
         DragTo(s, knob, row, button, x, y);
-        SendScroll(s, knob, row, Force::No);
+        // A report of a failure may have taken the pointer from the knob: the release has then run inside the move.
+        if (s.Drag.Dragging != False) SendScroll(s, knob, row, Force::No);
     }
     ShowValue(s, knob, row);
 }

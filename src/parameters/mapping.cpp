@@ -68,14 +68,29 @@ std::int32_t RateOf(Session& s, Row row) {
     return hertz;
 }
 
+/// Shows a failure of a Map routine, but not the same one again: ticks and drags call many times a second. It is noted
+/// first, as the same routine may run before the report returns.
+void ReportFailure(Session& s, Row row, Knob which, std::string_view context, std::uint32_t number) {
+    std::uint32_t& shown = s.Run[row].MapError[static_cast<int>(which)];
+    if (shown == number) return;
+    shown = number;
+    ShowDSError(s, context, number);
+}
+
+/// After a success the next failure is a new one. A pattern may fail at some of its steps only.
+void NoteSuccess(Session& s, Row row, Knob which) {
+    if (!FollowsPatterns(s.Set[row])) s.Run[row].MapError[static_cast<int>(which)] = 0;
+}
+
 }  // namespace
 
 void MapVol(Session& s, Row row) {
     if (s.Run[row].Loaded == False) return;
     try {
         BufferOf(s, row).SetVolume(VolumeOf(s, row));
+        NoteSuccess(s, row, Knob::Vol);
     } catch (const RuntimeError& e) {
-        ShowDSError(s, "setting volume", e.Number());
+        ReportFailure(s, row, Knob::Vol, "setting volume", e.Number());
     }
 }
 
@@ -83,8 +98,9 @@ void MapPan(Session& s, Row row) {
     if (s.Run[row].Loaded == False || s.Use3D) return;
     try {
         BufferOf(s, row).SetPan(PanOf(s, row));
+        NoteSuccess(s, row, Knob::Pan);
     } catch (const RuntimeError& e) {
-        ShowDSError(s, "panning", e.Number());
+        ReportFailure(s, row, Knob::Pan, "panning", e.Number());
     }
 }
 
@@ -92,8 +108,9 @@ void MapHZ(Session& s, Row row) {
     if (s.Run[row].Loaded == False) return;
     try {
         BufferOf(s, row).SetFrequency(RateOf(s, row));
+        NoteSuccess(s, row, Knob::Hz);
     } catch (const RuntimeError& e) {
-        ShowDSError(s, "setting frequency", e.Number());
+        ReportFailure(s, row, Knob::Hz, "setting frequency", e.Number());
     }
 }
 

@@ -2,6 +2,9 @@
 /// \file
 /// The last step of every change of sound: setting, channel, master and pattern combined into one number for the sound
 /// service.
+///
+/// A failure is shown once: the same failure of the same row is shown again only after the routine has worked outside a
+/// clocked mode, or the row was started, stopped or emptied.
 
 #include "core/session.h"
 

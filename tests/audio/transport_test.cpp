@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "audio/loop_clearing.h"
 #include "audio/play_commands.h"
 #include "fakes/instrument.h"
 
@@ -217,6 +218,25 @@ TEST(Transport, AFailedStopShowsAMessageAndTheRowStillCountsAsPlaying) {
                   "Error stopping loop: An undetermined error occurred inside the DirectSound subsystem.");
         EXPECT_EQ(i.s.Run[0].Playing, True);
         EXPECT_EQ(i.s.ThinList, "A");
+    }
+}
+
+TEST(Transport, ABoxOfAStopMayEmptyTheRowOrExchangeItsBuffer) {
+    for (const bool refilled : {false, true}) {
+        Instrument i;
+        i.Fill(0);
+        LoopPlay(i.s, 0, true);
+        i.Sound.Failures["SetFrequency"] = sound_error::kGeneric;
+        i.Desk.WhenReported = [&] {
+            i.Desk.WhenReported = nullptr;
+            i.Sound.Failures.clear();
+            LoopClear(i.s, 0);
+            if (refilled) i.Fill(0);
+        };
+        LoopStop(i.s, 0);
+        EXPECT_EQ(i.Desk.Boxes.size(), 1U);
+        EXPECT_EQ(i.s.Run[0].Playing, False);
+        EXPECT_EQ(i.Sound.Count("Stop"), 1);
     }
 }
 

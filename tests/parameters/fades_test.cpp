@@ -431,5 +431,70 @@ TEST(FadeFactor, ASpeedIsTruncatedToTheGaugeAndLimitedByIt) {
     }
 }
 
+TEST(FadeFactor, TwelvePlacesOfTheGaugeComeBackOneLowerFromAFile) {
+    Instrument i;
+    std::vector<int> lower;
+    for (std::int16_t place = kFadeFactorLow; place <= kFadeFactorHigh; ++place) {
+        FadeFactor_Change(i.s, place);
+        SetFadeFactor(i.s, i.s.FadeStep);
+        const int back = FadeFactorGauge(i.s);
+        if (back != place) {
+            EXPECT_EQ(back, place - 1);
+            lower.push_back(place);
+        }
+    }
+    EXPECT_THAT(lower, ElementsAre(1001, 1003, 1005, 1007, 1009, 1011, 1013, 1015, 1017, 1019, 1021, 1023));
+}
+
+TEST(StepFades, TheStartOfARisingFadeCountsAsRequested) {
+    Instrument i;
+    i.Fill(0);
+    i.s.Set[0].Vol = 0;
+    LoopSetFade(i.s, 0, FadeCommand::Up);
+    StepFades(i.s, 40);
+    EXPECT_EQ(i.s.Run[0].PlayRequest, True);
+}
+
+TEST(StepFades, AStartThatFailsShowsOneBoxAndEndsTheFade) {
+    Instrument i;
+    i.Fill(0);
+    i.Fill(1);
+    i.s.Set[0].Vol = 30;
+    i.s.SndDisp[0].Line = 200;
+    LoopSetFade(i.s, 0, FadeCommand::Up);
+    LoopSetFade(i.s, 1, FadeCommand::Down);
+    i.Sound.Failures["Play"] = sound_error::kBufferLost;
+    for (int tick = 0; tick < 20; ++tick) StepFades(i.s, 40);
+    ASSERT_EQ(i.Desk.Boxes.size(), 1U);
+    EXPECT_EQ(i.Desk.LastBox(), "Error playing loop: The buffer memory has been lost and must be restored.");
+    EXPECT_EQ(i.s.Run[0].FadeState, kNoFade);
+    EXPECT_EQ(i.s.Set[0].Vol, 30);
+    EXPECT_EQ(i.s.SndDisp[0].Line, 30);
+    EXPECT_EQ(i.s.Set[1].Vol, 340);
+}
+
+TEST(StepFades, AFadeOfAnEmptyRowRunsOnWithoutAStart) {
+    Instrument i;
+    i.s.Set[0].Vol = 0;
+    LoopSetFade(i.s, 0, FadeCommand::Up);
+    StepFades(i.s, 40);
+    EXPECT_EQ(i.s.Set[0].Vol, 8);
+    EXPECT_EQ(i.s.Run[0].FadeState, kRising);
+}
+
+TEST(StepFades, AVolumePatternThatOverflowsShowsOneBoxAndTheFadeGoesOn) {
+    Instrument i;
+    Sounding(i, 0, 500);
+    i.s.Set[0].PlayMode = kTrack;
+    for (int step = 0; step < kPatternSteps; ++step) i.s.Set[0].Pattern[kVolPattern][step] = 32767;
+    i.s.Set[0].Pattern[kVolPattern][kPatternOffset] = 32767;
+    i.Chance.Rest = 0.9;
+    LoopSetFade(i.s, 0, FadeCommand::Down);
+    for (int tick = 0; tick < 10; ++tick) StepFades(i.s, 40);
+    EXPECT_EQ(i.Desk.Boxes.size(), 1U);
+    EXPECT_EQ(i.s.Set[0].Vol, 420);
+    EXPECT_EQ(i.s.Run[0].Playing, True);
+}
+
 }  // namespace
 }  // namespace marvolin

@@ -476,5 +476,22 @@ TEST(KnobFrameOf, UsesTheScaleOfTheKnob) {
     EXPECT_EQ(KnobFrameOf(i.s, Knob::Vol, kMasterRow), 63);
 }
 
+TEST(KnobGesture, AReleaseWhileAMoveReportsAFailureEndsTheDragWithOneReportAndOneSound) {
+    Instrument i;
+    i.Fill(0);
+    i.s.EventWanted[ScriptEvent::OnVolScroll] = -1;
+    i.s.EventWanted[ScriptEvent::OnVolChange] = -1;
+    KnobGesture(i.s, Knob::Vol, 0, Phase::Down, kLeftButton, 1000, 0);
+    i.Sound.Failures["SetVolume"] = sound_error::kGeneric;
+    i.Desk.WhenReported = [&] { KnobGesture(i.s, Knob::Vol, 0, Phase::Up, kLeftButton, 900, 0); };
+    KnobGesture(i.s, Knob::Vol, 0, Phase::Move, kLeftButton, 900, 0);
+    EXPECT_EQ(i.Desk.Boxes.size(), 1U);
+    EXPECT_EQ(i.s.Set[0].Vol, 400);
+    EXPECT_EQ(i.s.Drag.Dragging, False);
+    ASSERT_EQ(i.Scripts.Events.size(), 2U);
+    EXPECT_EQ(i.Scripts.Events.front().Which, ScriptEvent::OnVolChange);
+    EXPECT_EQ(i.Scripts.Events.back().Which, ScriptEvent::OnVolScroll);
+}
+
 }  // namespace
 }  // namespace marvolin

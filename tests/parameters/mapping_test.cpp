@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "audio/transport.h"
 #include "fakes/instrument.h"
 
 namespace marvolin {
@@ -399,6 +400,60 @@ TEST(Map, ARowOutsideTheTableIsASubscriptError) {
     EXPECT_THROW(MapVol(i.s, 6), SubscriptError);
     EXPECT_THROW(MapPan(i.s, -1), SubscriptError);
     EXPECT_THROW(MapHZ(i.s, 6), SubscriptError);
+}
+
+/// A row in Track mode whose volume pattern cannot be summed at its first step.
+void Overflow(Instrument& i, Row row) {
+    i.Fill(row);
+    i.s.Set[row].PlayMode = kTrack;
+    i.s.Set[row].Pattern[kVolPattern][0] = 32767;
+    i.s.Set[row].Pattern[kVolPattern][kPatternOffset] = 32767;
+    i.Chance.Rest = 0.9;
+}
+
+TEST(MapFailures, TheSameFailureOfARowIsShownOnceUntilItHasWorkedAgain) {
+    Instrument i;
+    i.Fill(0);
+    i.Fill(1);
+    i.Sound.Failures = {{"SetVolume", sound_error::kGeneric},
+                        {"SetPan", sound_error::kGeneric},
+                        {"SetFrequency", sound_error::kGeneric}};
+    for (int n = 0; n < 3; ++n) {
+        MapVol(i.s, 0);
+        MapPan(i.s, 0);
+        MapHZ(i.s, 0);
+    }
+    EXPECT_EQ(i.Desk.Boxes.size(), 3U);
+    MapVol(i.s, 1);
+    EXPECT_EQ(i.Desk.Boxes.size(), 4U);
+    i.Sound.Failures["SetVolume"] = sound_error::kBufferLost;
+    MapVol(i.s, 0);
+    EXPECT_EQ(i.Desk.Boxes.size(), 5U);
+    i.Sound.Failures.clear();
+    MapVol(i.s, 0);
+    i.Sound.Failures["SetVolume"] = sound_error::kBufferLost;
+    MapVol(i.s, 0);
+    EXPECT_EQ(i.Desk.Boxes.size(), 6U);
+}
+
+TEST(MapFailures, APatternThatFailsAtSomeOfItsStepsShowsItsBoxOnceAPlay) {
+    Instrument i;
+    Overflow(i, 0);
+    for (int round = 0; round < 3; ++round) {
+        for (std::int16_t step = 0; step < 4; ++step) {
+            i.s.Run[0].Step = step;
+            if (step > 0) i.s.Set[0].Pattern[kVolPattern][kPatternOffset] = 0;
+            MapVol(i.s, 0);
+            i.s.Set[0].Pattern[kVolPattern][kPatternOffset] = 32767;
+        }
+    }
+    EXPECT_EQ(i.Desk.Boxes.size(), 1U);
+    LoopPlay(i.s, 0, true);
+    i.s.Run[0].Step = 0;
+    MapVol(i.s, 0);
+    EXPECT_EQ(i.Desk.Boxes.size(), 2U);
+    LoopStop(i.s, 0);
+    EXPECT_EQ(i.Desk.Boxes.size(), 3U);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "audio/transport.h"
 #include "fakes/instrument.h"
 
 namespace marvolin {
@@ -404,6 +405,21 @@ TEST_F(LoopClock, AOneShotThatEndsSwitchesTheSelectionsButtonOffInTheSameTick) {
     i.Buffer(1).Status = 0;
     LoopTimer_Timer(i.s, 10);
     EXPECT_EQ(i.s.Run[kSelectionRow].Playing, False);
+}
+
+TEST(LoopClock, AVolumePatternThatOverflowsShowsOneBoxAndThePlayGoesOn) {
+    Instrument i;
+    i.Fill(0);
+    i.s.Set[0].PlayMode = kDrum;
+    i.s.Set[0].StepDuration = 1;
+    for (int step = 0; step < kPatternSteps; ++step) i.s.Set[0].Pattern[kVolPattern][step] = 32767;
+    i.s.Set[0].Pattern[kVolPattern][kPatternOffset] = 32767;
+    i.Chance.Rest = 0.9;
+    LoopPlay(i.s, 0, true);
+    for (int tick = 0; tick < 10; ++tick) LoopTimer_Timer(i.s, 10);
+    EXPECT_EQ(i.Desk.Boxes.size(), 1U);
+    EXPECT_EQ(i.s.Run[0].Step, 10 % 4);
+    EXPECT_EQ(i.s.Run[0].Playing, True);
 }
 
 }  // namespace

@@ -19,6 +19,7 @@ void ResetLoopClock(Session& s, Row row) {
     run.StepElapsed = 0;
     run.PlayRequest = 0;
     run.StepDue = False;
+    run.MapError = {};
     ShowStep(s, row);
 }
 

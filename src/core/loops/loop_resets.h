@@ -10,7 +10,7 @@ namespace marvolin {
 /// sets the LoopTrack to four steps.
 void PatternReset(Session& s, Row row, int patternRow);
 
-/// Clears fade, step, step timing and `PlayRequest` of a row and shows its step again.
+/// Clears fade, step, step timing, `PlayRequest` and `MapError` of a row and shows its step again.
 void ResetLoopClock(Session& s, Row row);
 
 }  // namespace marvolin
