@@ -26,12 +26,14 @@ void DragWire(Session& s, Row row, double y, Apply apply) {
 }
 
 void ClickWire(Session& s, Row row, double x, double width) {
-    // The value at the press: a movement of less than a click's limit may have changed the flag since.
+    // The value at the press: a drag that came back may have changed the flag since.
     const auto pressed = static_cast<std::int16_t>(s.Drag.DragStartValue);
     if (x <= width / 3) {
         LoopSetChannelGang(s, row, WireFlip(pressed, kLeftColour), Apply::Yes);
     } else if (x >= 2 * width / 3) {
         LoopSetChannelGang(s, row, WireFlip(pressed, kRightColour), Apply::Yes);
+    } else if (s.Drag.Moved) {
+        LoopSetChannelGang(s, row, pressed, Apply::Yes);  // a drag that came back: what the flag shows is heard
     }
 }
 
@@ -43,12 +45,23 @@ void PressFlag(Session& s, Row row, std::int16_t button, double y) {
     s.Drag.Dragging = True;
     s.Drag.DragStartValue = s.Set[row].Channel;
     s.Drag.DragOrigin = static_cast<float>(y);
+    s.Drag.Moved = false;
+}
+
+bool IsClick(const Session& s, double y) { return std::abs(Moved(s, y)) < kClickTwips; }
+
+void MoveFlag(Session& s, Row row, double y) {
+    if (s.Drag.Dragging == False) return;
+    // A click that trembles is no drag: its release would leave a flag that is not heard.
+    if (!s.Drag.Moved && IsClick(s, y)) return;
+    s.Drag.Moved = true;
+    DragWire(s, row, y, Apply::No);
 }
 
 void ReleaseFlag(Session& s, Row row, double x, double y, double width) {
     if (s.Drag.Dragging == False) return;
     s.Drag.Dragging = False;
-    if (std::abs(Moved(s, y)) < kClickTwips) {
+    if (IsClick(s, y)) {
         ClickWire(s, row, x, width);
     } else {
         DragWire(s, row, y, Apply::Yes);
@@ -92,8 +105,7 @@ void ChannelFlag_Gesture(Session& s, Row row, Phase phase, std::int16_t button, 
         case Phase::Down:
             return PressFlag(s, row, button, y);
         case Phase::Move:
-            if (s.Drag.Dragging != False) DragWire(s, row, y, Apply::No);
-            return;
+            return MoveFlag(s, row, y);
         case Phase::Up:
             return ReleaseFlag(s, row, x, y, width);
     }

@@ -22,8 +22,8 @@ std::int16_t WireFlip(std::int16_t value, WireBit bit);
 /// A dragged wire value, limited to 1..4 while the row is connected and to 5..8 while it is not.
 std::int16_t WireClamp(const Session& s, Row row, std::int16_t value);
 
-/// `ChannelFlag`: right press toggles the connection, a drag steps through the channels, a click flips a colour.
-/// `x`, `y` in twips within the flag, `width` its width.
+/// `ChannelFlag`: right press toggles the connection, a drag steps through the channels, a click flips a colour. A
+/// press that never moved 5 twips is a click. `x`, `y` in twips within the flag, `width` its width.
 void ChannelFlag_Gesture(Session& s, Row row, Phase phase, std::int16_t button, double x, double y, double width);
 
 }  // namespace marvolin

@@ -38,8 +38,8 @@ TEST(Limiter, MovesOneForTwentyTwipsUpwardsMoreWithinOneToFour) {
         double Distance;
         int Limit;
     };
-    for (const Case& c :
-         std::vector<Case>{{0, 2}, {-19, 2}, {-20, 3}, {-40, 4}, {-400, 4}, {1, 1}, {20, 1}, {400, 1}, {900000, 1}}) {
+    for (const Case& c : std::vector<Case>{
+             {0, 2}, {-19, 2}, {-19.5, 3}, {-20, 3}, {-40, 4}, {-400, 4}, {1, 1}, {20, 1}, {400, 1}, {900000, 1}}) {
         Instrument i;
         i.s.Limit = 2;
         Limiter_Gesture(i.s, Phase::Down, 1000);

@@ -50,6 +50,18 @@ TEST(Letr, ADropperDragFromAToAChangesNothing) {
     EXPECT_EQ(d.Settings(0), (std::array<int, 4>{100, 200, 3000, kDrum}));
 }
 
+TEST(Letr, ADropperDragFromAToAChangesNothingInABandEither) {
+    for (const auto drop : {Letr_DragDrop, LoopDragDrop}) {
+        Drops d;
+        d.MakeBand(1, 0, 1);
+        d.Give(0, 100, 200, 3000, kDrum);
+        drop(d.s, 0, Dropper(0));
+        EXPECT_EQ(d.Settings(0), (std::array<int, 4>{100, 200, 3000, kDrum}));
+        EXPECT_EQ(d.Settings(1), (std::array<int, 4>{500, 500, 1000, kLoop}));
+        EXPECT_TRUE(d.Screen.Log.empty());
+    }
+}
+
 TEST(Letr, ADropperDragOntoRowFourDoesNothing) {
     Drops d;
     d.Give(4, 1, 2, 3, kDrum);
@@ -97,6 +109,13 @@ INSTANTIATE_TEST_SUITE_P(LoopDragDrop, LoopDragDropFade,
                                            FadeCase{3, 2, 500, kFalling, kRising},
                                            FadeCase{2, 2, 500, kFalling, kFalling},
                                            FadeCase{2, 2, 0, kRising, kRising}));
+
+TEST(LoopDragDrop, ACrossfadeWithinABandEndsWithTheCommandOfTheTarget) {
+    Drops d;
+    d.MakeBand(1, 0, 1);
+    LoopDragDrop(d.s, 1, {"Letr", 0, "4"});
+    for (const Row row : std::initializer_list<Row>{0, 1}) EXPECT_EQ(d.s.Run[row].FadeState, kRising);
+}
 
 TEST(LoopDragDrop, AnEntryOfThePaletteLoadsOnTheLoopTrackOnWhichItFalls) {
     Drops d;

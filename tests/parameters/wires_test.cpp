@@ -208,9 +208,19 @@ TEST(ChannelFlag, ADragMovesOneChannelForAHundredTwipsUpwardsMore) {
         double Distance;
         int Channel;
     };
-    // Downwards the first step comes at once, because the value is rounded down.
-    for (const Case& c :
-         std::vector<Case>{{0, 2}, {-99, 2}, {-100, 3}, {-199, 3}, {-200, 4}, {-900, 4}, {1, 1}, {100, 1}, {900, 1}}) {
+    // Downwards the first step comes as soon as the press is no click any more, because the value is rounded down. The
+    // distance is rounded down before.
+    for (const Case& c : std::vector<Case>{{0, 2},
+                                           {-99, 2},
+                                           {-100, 3},
+                                           {-199, 3},
+                                           {-200, 4},
+                                           {-900, 4},
+                                           {-99.5, 3},
+                                           {4, 2},
+                                           {5, 1},
+                                           {100, 1},
+                                           {900, 1}}) {
         Instrument i;
         i.s.Set[0].Channel = 2;
         Press(i, 0, kLeftButton, kLeft);
@@ -233,6 +243,42 @@ TEST(ChannelFlag, WhileDraggedTheFlagFollowsAndTheSoundOnlyAtTheEnd) {
     MoveTo(i, 0, 1000);
     Release(i, 0, kLeftButton, kLeft, 1000);
     EXPECT_EQ(i.s.Set[0].Channel, 4);
+}
+
+TEST(ChannelFlag, AClickThatTremblesLeavesFlagsAndSoundOfTheBandAlone) {
+    Instrument i;
+    i.MakeBand(1, 0, 1);
+    i.Fill(0);
+    Press(i, 0, kLeftButton, kMiddle);
+    for (const double y : {1001.0, 1004.9, 995.1, 1003.0}) MoveTo(i, 0, y);
+    Release(i, 0, kLeftButton, kMiddle, 1003);
+    EXPECT_EQ(i.s.Set[0].Channel, 1);
+    EXPECT_EQ(i.s.Set[1].Channel, 2);
+    EXPECT_THAT(i.Screen.Log, IsEmpty());
+    EXPECT_THAT(i.Sound.Log, IsEmpty());
+}
+
+TEST(ChannelFlag, ADragThatComesBackToTheMiddleOfTheFlagIsHeardAsTheFlagShows) {
+    Instrument i;
+    i.MakeBand(1, 0, 1);
+    i.Fill(1);
+    i.s.Set[0].Channel = 2;
+    i.s.Set[1].Channel = 4;
+    Press(i, 0, kLeftButton, kMiddle);
+    MoveTo(i, 0, 1050);
+    Release(i, 0, kLeftButton, kMiddle, 1002);
+    EXPECT_EQ(i.s.Set[0].Channel, 2);
+    EXPECT_EQ(i.s.Set[1].Channel, 2);
+    EXPECT_EQ(i.Sound.Count("SetVolume"), 1);
+}
+
+TEST(ChannelFlag, ADragOverABandRefreshesNoListOfTheBrowser) {
+    Instrument i;
+    i.MakeBand(1, 0, 3);
+    Press(i, 0, kLeftButton, kLeft);
+    for (double y = 1000; y > 500; y -= 20) MoveTo(i, 0, y);
+    Release(i, 0, kLeftButton, kLeft, 500);
+    EXPECT_EQ(i.Screen.Count("ShowDestinations"), 0);
 }
 
 TEST(ChannelFlag, ADisconnectedFlagRunsThroughFiveToEightOnly) {

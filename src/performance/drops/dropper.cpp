@@ -58,6 +58,7 @@ bool DropDropperOnDisplay(Session& s, Row row, const DragSource& source) {
 bool DropDropperOnLetter(Session& s, Row row, const DragSource& source) {
     const Row from = DropperFrom(row, source);
     if (from < 0) return false;
+    // Its own settings are no change, also when it has a band that would follow.
     if (from == row) return true;
     LoopVolChangeGang(s, from, s.Set[row].Vol, UpdateDisplay::Yes);
     LoopPanChangeGang(s, from, s.Set[row].Pan);
