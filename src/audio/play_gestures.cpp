@@ -57,10 +57,12 @@ void StartModeDrag(Session& s, Row row, double y) {
     s.Drag.DragPlayMode = s.Set[LoopItRow(s, row)].PlayMode;
     s.Drag.DragStartValue = s.Drag.DragPlayMode;
     s.Drag.DragPlayModeRow = row;
+    s.Drag.Moved = false;
 }
 
 void ChooseMode(Session& s, double y) {
     const double modes = std::trunc((s.Drag.DragOrigin - y) / kTwipsPerMode);
+    if (modes != 0) s.Drag.Moved = true;
     const double chosen = ClampVar(s.Drag.DragStartValue + modes, kOneShot, kDrum);
     s.Drag.DragPlayMode = static_cast<std::int16_t>(chosen);
     s.World.Screen.ShowPlayMode(s.Drag.DragPlayModeRow);
@@ -71,7 +73,8 @@ bool IsModeDrag(const Session& s, Row row) { return s.Drag.Dragging != False && 
 void EndModeDrag(Session& s, Row row) {
     s.Drag.Dragging = False;
     s.Drag.DragPlayModeRow = -1;
-    LoopSetPlayModeRows(s, LoopItRow(s, row), s.Drag.DragPlayMode);
+    // A click chooses nothing: it must not give the mode of one row to its whole gang.
+    if (s.Drag.Moved) LoopSetPlayModeRows(s, LoopItRow(s, row), s.Drag.DragPlayMode);
     s.World.Screen.ShowPlayMode(row);
 }
 
@@ -112,6 +115,16 @@ void PlayStop_MouseUp(Session& s, double y, double height) {
     }
 }
 
+void PlayStop_Activate(Session& s) {
+    bool plays = false;
+    for (Row row = 0; row < kLoopTracks; ++row) plays = plays || s.Run[row].Playing != False;
+    if (plays) {
+        StopAll(s);
+    } else {
+        PlayAll(s);
+    }
+}
+
 void LoopIt_Gesture(Session& s, Row row, Phase phase, std::int16_t button, double y) {
     switch (phase) {
         case Phase::Down:
@@ -132,6 +145,13 @@ void LoopIt_DblClick(Session& s, Row row) {
     const Row loop = LoopItRow(s, row);
     LoopSetPlayMode(s, loop, kLoop, true);
     if (row != loop) s.World.Screen.ShowPlayMode(row);
+}
+
+void LoopIt_Step(Session& s, Row row, int units) {
+    if (s.Drag.Dragging != False) return;
+    const Row loop = LoopItRow(s, row);
+    const double mode = ClampVar(static_cast<double>(s.Set[loop].PlayMode) + units, kOneShot, kDrum);
+    LoopSetPlayModeRows(s, loop, static_cast<std::int16_t>(mode));
 }
 
 std::int16_t LoopItMode(const Session& s, Row row) {

@@ -19,13 +19,18 @@ enum class PlayStopZone : std::uint8_t { Play, None, Stop };
 PlayStopZone PlayStopZoneAt(double y, double height);
 /// A release at `y` on `PlayStop`, with any button.
 void PlayStop_MouseUp(Session& s, double y, double height);
+/// A key on `PlayStop`, which has no zone: stops all when anything plays, and plays all otherwise.
+void PlayStop_Activate(Session& s);
 
 /// A gesture on `LoopIt` of `row`: 0..4, or 5 for the one that shows `CurrentLoop`. A drag moves the chosen mode by one
-/// for each 100 twips, upwards to the next; the release sets it. A press of the right button jumps to the beginning of
-/// the sample, on the row, its band, or the controlled rows. Errors: "positioning to loop start".
+/// for each 100 twips, upwards to the next; the release sets it, but after a press that never moved so far it sets
+/// nothing. A press of the right button jumps to the beginning of the sample, on the row, its band, or the controlled
+/// rows. Errors: "positioning to loop start".
 void LoopIt_Gesture(Session& s, Row row, Phase phase, std::int16_t button, double y);
 /// Sets mode Loop on the row alone.
 void LoopIt_DblClick(Session& s, Row row);
+/// A notch of the wheel or an arrow key: the mode `units` further, for the gang of the row. Nothing during a drag.
+void LoopIt_Step(Session& s, Row row, int units);
 /// Mode whose picture `LoopIt` shows: the chosen one during its drag, else that of the row.
 std::int16_t LoopItMode(const Session& s, Row row);
 

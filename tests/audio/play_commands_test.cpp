@@ -180,5 +180,13 @@ TEST(TogglePlay, WithNothingControlledOrOnOtherRowsDoesNothing) {
     EXPECT_THAT(i.Sound.Log, IsEmpty());
 }
 
+TEST(LoopPlayCommand, StopOnRowFourPutsItsFlagOutAlsoWhenNothingIsControlled) {
+    Instrument i;
+    i.s.Run[kSelectionRow].Playing = True;
+    LoopPlayCommand(i.s, kSelectionRow, PlayCommand::Stop);
+    EXPECT_EQ(i.s.Run[kSelectionRow].Playing, False);
+    EXPECT_EQ(i.Screen.Count("ShowPlay 4"), 1);
+}
+
 }  // namespace
 }  // namespace marvolin

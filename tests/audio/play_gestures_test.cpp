@@ -126,6 +126,16 @@ TEST(PlayStop, ItsTopThreeEighthsPlayAllItsLastThreeStopAll) {
     }
 }
 
+TEST(PlayStop, AKeyStopsAllWhenAnythingPlaysAndElsePlaysAll) {
+    Instrument i;
+    for (Row row = 0; row < kLoopTracks; ++row) i.Fill(row, "/" + std::to_string(row) + ".WAV");
+    PlayStop_Activate(i.s);
+    EXPECT_EQ(i.s.ThinList, "ABCD");
+    LoopStop(i.s, 0);
+    PlayStop_Activate(i.s);
+    EXPECT_EQ(i.s.ThinList, "");
+}
+
 TEST(PlayStop, IgnoresTheSelectionAndActsOnAllFourRows) {
     Instrument i;
     for (Row row = 0; row < kLoopTracks; ++row) i.Fill(row, "/" + std::to_string(row) + ".WAV");
@@ -162,6 +172,54 @@ TEST(LoopIt, TheReleaseReachesTheGang) {
     EXPECT_EQ(i.s.Set[1].PlayMode, kLoop);
     EXPECT_EQ(i.s.Set[3].PlayMode, kDrum);
     EXPECT_EQ(i.s.Set[4].PlayMode, kDrum);
+}
+
+TEST(LoopIt, AClickSetsNothingInABandOrASelection) {
+    Instrument i;
+    i.Fill(0, "/0.WAV");
+    i.Fill(1, "/1.WAV");
+    i.MakeBand(1, 0, 1);
+    i.s.Set[0].PlayMode = kDrum;
+    i.Select(3);
+    i.s.Set[3].PlayMode = kTrack;
+    LoopPlay(i.s, 1, true);
+    i.Sound.Log.clear();
+    for (const Row row : std::initializer_list<Row>{0, kSelectionRow}) {
+        LoopIt_Gesture(i.s, row, Phase::Down, kLeftButton, 500);
+        LoopIt_Gesture(i.s, row, Phase::Move, kLeftButton, 401);
+        LoopIt_Gesture(i.s, row, Phase::Up, kLeftButton, 599);
+        EXPECT_EQ(i.s.Drag.Dragging, False);
+    }
+    EXPECT_EQ(i.s.Set[0].PlayMode, kDrum);
+    EXPECT_EQ(i.s.Set[1].PlayMode, kLoop);
+    EXPECT_EQ(i.s.Set[3].PlayMode, kTrack);
+    EXPECT_EQ(i.s.Run[1].Playing, True);
+    EXPECT_THAT(i.Sound.Log, IsEmpty());
+}
+
+TEST(LoopIt, ADragThatComesBackGivesTheGangTheModeOfItsRow) {
+    Instrument i;
+    i.MakeBand(1, 0, 1);
+    i.s.Set[0].PlayMode = kDrum;
+    LoopIt_Gesture(i.s, 0, Phase::Down, kLeftButton, 500);
+    LoopIt_Gesture(i.s, 0, Phase::Move, kLeftButton, 600);
+    LoopIt_Gesture(i.s, 0, Phase::Up, kLeftButton, 500);
+    EXPECT_EQ(i.s.Set[0].PlayMode, kDrum);
+    EXPECT_EQ(i.s.Set[1].PlayMode, kDrum);
+}
+
+TEST(LoopIt, AStepSetsTheNextModeOfTheGangAndNothingDuringADrag) {
+    Instrument i;
+    i.MakeBand(1, 0, 1);
+    i.s.CurrentLoop = 1;
+    LoopIt_Step(i.s, 0, 1);
+    EXPECT_EQ(i.s.Set[0].PlayMode, kTrack);
+    EXPECT_EQ(i.s.Set[1].PlayMode, kTrack);
+    LoopIt_Step(i.s, 5, 10);
+    EXPECT_EQ(i.s.Set[1].PlayMode, kDrum);
+    i.s.Drag.Dragging = True;
+    LoopIt_Step(i.s, 0, -1);
+    EXPECT_EQ(i.s.Set[0].PlayMode, kDrum);
 }
 
 TEST(LoopIt, NumberFiveStandsForTheCurrentLoopAndShowsTheChosenModeItself) {

@@ -2,6 +2,7 @@
 
 #include <QTest>
 
+#include "audio/play_modes.h"
 #include "stage.h"
 
 namespace marvolin {
@@ -96,6 +97,7 @@ TEST(PlayStop, ItsTopPlaysAllAndItsBottomStopsAll) {
     for (Row row = 0; row < kLoopTracks; ++row) EXPECT_EQ(stage.s.Run[row].Playing, False);
 }
 
+<<<<<<< HEAD
 TEST(PlayStop, CountsThePlaceOfTheRelease) {
     Stage stage;
     for (Row row = 0; row < kLoopTracks; ++row) stage.Fill(row);
@@ -109,6 +111,21 @@ TEST(PlayStop, CountsThePlaceOfTheRelease) {
     stage.Press("PlayStop", {20, height * 0.2});
     stage.Release("PlayStop", {20, height + 30});
     for (Row row = 0; row < kLoopTracks; ++row) EXPECT_EQ(stage.s.Run[row].Playing, False);
+=======
+TEST(PlayStop, ThePlaceOfTheReleaseCountsAndNotThatOfThePress) {
+    Stage stage;
+    stage.Fill(1);
+    const QPointF top(10, 2);
+    const QPointF bottom(10, stage.At("PlayStop")->height() - 2);
+    stage.Press("PlayStop", bottom);
+    stage.Move("PlayStop", top);
+    stage.Release("PlayStop", top);
+    EXPECT_EQ(stage.s.Run[1].Playing, True);
+    stage.Press("PlayStop", top);
+    stage.Move("PlayStop", bottom);
+    stage.Release("PlayStop", bottom);
+    EXPECT_EQ(stage.s.Run[1].Playing, False);
+>>>>>>> ee801ff (A click on a mode picture gives no mode to the gang)
 }
 
 TEST(PlayStop, EachZoneShowsItsHint) {
@@ -141,6 +158,35 @@ TEST(LoopIt, ShowsTheChosenModeWhileItIsDragged) {
     EXPECT_EQ(stage.s.Set[0].PlayMode, kLoop);
     stage.Release("LoopIt_0", start - QPointF(0, 14));
     EXPECT_EQ(stage.s.Set[0].PlayMode, kDrum);
+}
+
+TEST(LoopIt, AClickOnAMemberOfABandChangesNothing) {
+    Stage stage;
+    for (const Row row : std::initializer_list<Row>{0, 1}) {
+        stage.s.Run[row].InBand = True;
+        stage.s.Run[row].Band = 1;
+    }
+    stage.s.BandTable[1].First = 0;
+    stage.s.BandTable[1].Last = 1;
+    stage.s.Set[0].PlayMode = kDrum;
+    stage.Click("LoopIt_0");
+    EXPECT_EQ(stage.s.Set[0].PlayMode, kDrum);
+    EXPECT_EQ(stage.s.Set[1].PlayMode, kLoop);
+}
+
+TEST(LoopIt, TheLargeOneOfThePatternTabIsPaintedAgainWhenTheModeOfTheCurrentLoopTrackChanges) {
+    Stage stage;
+    stage.s.ActiveTab = kPatternTab;
+    stage.Screen.ShowTab();
+    stage.Settle();
+    PaintWatch watch;
+    LoopSetPlayMode(stage.s, 0, kDrum, false);
+    stage.Settle();
+    EXPECT_EQ(watch.Painted.count("LoopIt_5"), 1U);
+    watch.Painted.clear();
+    LoopSetPlayMode(stage.s, 1, kDrum, false);
+    stage.Settle();
+    EXPECT_EQ(watch.Painted.count("LoopIt_5"), 0U);
 }
 
 TEST(LoopIt, HasAPictureForEachMode) {

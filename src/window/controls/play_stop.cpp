@@ -14,13 +14,7 @@ void PlayStopControl::Gesture(Phase phase, std::int16_t, QPointF twips) {
     if (phase == Phase::Up) PlayStop_MouseUp(s, twips.y(), height() * kTwipsPerPixel);
 }
 
-// A key has no zone: it stops all when anything plays, and plays all otherwise.
-void PlayStopControl::Activate() {
-    bool plays = false;
-    for (Row row = 0; row < kLoopTracks; ++row) plays = plays || s.Run[row].Playing != False;
-    const double y = plays ? height() - 1 : 1;
-    Gesture(Phase::Up, kLeftButton, QPointF(0, y) * kTwipsPerPixel);
-}
+void PlayStopControl::Activate() { PlayStop_Activate(s); }
 
 void PlayStopControl::paintEvent(QPaintEvent*) {
     QPainter p(this);

@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "audio/play_gestures.h"
-#include "audio/play_modes.h"
 
 namespace marvolin {
 
@@ -77,9 +76,7 @@ void LoopItControl::Gesture(Phase phase, std::int16_t button, QPointF twips) {
 void LoopItControl::DoubleClick(std::int16_t, QPointF) { LoopIt_DblClick(s, index); }
 
 void LoopItControl::Step(int units) {
-    const Row row = index == kMasterRow ? s.CurrentLoop : index;
-    LoopSetPlayModeRows(
-        s, row, std::clamp<std::int16_t>(static_cast<std::int16_t>(s.Set[row].PlayMode + units), kOneShot, kDrum));
+    LoopIt_Step(s, index, units);
     described.ShowHint(0, false);
 }
 
