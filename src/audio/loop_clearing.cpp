@@ -35,6 +35,7 @@ void LoopClear(Session& s, Row row) {
     run.Playing = False;
     run.InHand = {};
     set.FileName = "";
+    set.Length = 0;
     LoopSetPlayMode(s, row, kLoop, false);
     std::int16_t hz = kHzUnity;
     LoopHzChange(s, row, hz, TakeHold::Yes);
@@ -52,6 +53,7 @@ void LoopClear(Session& s, Row row) {
     LoopSetBeatStart(s, row, beatStart);
     for (int patternRow = 0; patternRow < kPatternRows; ++patternRow) PatternReset(s, row, patternRow);
     if (row == s.CurrentLoop) PatternsRefresh(s);
+    s.World.Screen.ShowDestinations();
     s.World.Screen.ShowCaption(row);
 }
 

@@ -10,6 +10,7 @@
 #include "audio/transport.h"
 #include "core/busy_pointer.h"
 #include "core/files/paths.h"
+#include "core/files/sample_files.h"
 #include "core/loops/grouping.h"
 #include "core/loops/loop_resets.h"
 #include "core/loops/loop_views.h"
@@ -73,6 +74,7 @@ void ReadSampleFacts(Session& s, Row row) {
     if (format.AvgBytesPerSec == 0) throw RuntimeError(11, "Division by zero");
     set.Length = static_cast<double>(set.BufferBytes) / format.AvgBytesPerSec;
     set.AvgBytesPerSec = format.AvgBytesPerSec;
+    s.World.Screen.ShowDestinations();
     s.World.Screen.ShowCaption(row);
     s.World.Screen.ShowWaveform(row);
 }
@@ -116,7 +118,9 @@ void SetUpLoaded(Session& s, Row row, const std::string& path, Row source) {
 
 void LeaveEmpty(Session& s, Row row) {
     s.Set[row].FileName = "";
+    s.Set[row].Length = 0;
     s.Run[row].Loaded = False;
+    s.World.Screen.ShowDestinations();
     s.World.Screen.ShowCaption(row);
     EnableLoopControls(s, row, false);
     PatternsRefresh(s);
@@ -145,11 +149,12 @@ void LoadRow(Session& s, Row row, const std::string& path) {
     }
     if (failed != 0) {
         LeaveEmpty(s, row);
+        ShowStatus(s, "Not loaded: " + FileNameOf(path));
         return;
     }
     try {
         SetUpLoaded(s, row, path, source);
-    } catch (const RuntimeError&) {
+    } catch (const std::exception&) {
         ShowStatus(s, "Error setting up loaded loop");
         return;
     }

@@ -37,8 +37,9 @@ struct SampleRequest {
 /// Loads a sample into its rows, and then plays them if asked. The only way by which a sample enters a LoopTrack. With
 /// `Reach::Gang` the ball of a target 0..3 is highlighted on the sound map first.
 /// For each row: an empty path shows "No File Name!!", a missing file "File Doesn't Exist !!", and nothing changes; a
-/// file that the service refuses leaves the row empty; a failure while setting up shows "Error setting up loaded loop"
-/// in the status line. Without a device nothing is loaded and nothing shown. Rows 4 and 5 hold no sample.
+/// file that the service refuses leaves the row empty, and the status line names it; a failure while setting up shows
+/// "Error setting up loaded loop" in the status line. Without a device nothing is loaded and nothing shown. Rows 4 and
+/// 5 hold no sample.
 void LoadSample(Session& s, const SampleRequest& request);
 
 /// `LoadSample` of the file `folder`/`fileName` into `row` alone.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "audio/beat_start.h"
 #include "audio/loop_controls.h"
 #include "audio/transport.h"
 #include "fakes/instrument.h"
@@ -90,6 +91,22 @@ TEST(LoopClearRows, RowFourClearsTheControlledRows) {
     LoopClearRows(i.s, 1);
     EXPECT_EQ(i.s.Run[1].Loaded, False);
     EXPECT_EQ(i.s.Run[3].Loaded, True);
+}
+
+TEST(LoopClear, AnEmptiedRowReadsEmptyAndHasNoBeatStart) {
+    Instrument i;
+    i.Fill(0);
+    i.s.ActiveTab = kPatternTab;
+    i.s.CurrentLoop = 0;
+    LoopClear(i.s, 0);
+    EXPECT_EQ(i.s.Set[0].Length, 0);
+    EXPECT_EQ(i.s.PercentText[0], "<Empty>");
+    EXPECT_EQ(i.s.PercentText[1], "0.0%");
+    EXPECT_EQ(i.s.PercentText[2], "<Empty>");
+    std::int32_t start = 50;
+    LoopSetBeatStart(i.s, 0, start);
+    EXPECT_EQ(i.s.Set[0].BeatStart, 0);
+    EXPECT_EQ(i.Screen.Count("ShowDestinations"), 1);
 }
 
 }  // namespace

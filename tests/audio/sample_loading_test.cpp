@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <memory>
+#include <stdexcept>
 
 #include "audio/loader.h"
 #include "audio/loop_clearing.h"
@@ -163,6 +165,84 @@ TEST(LoopLoad, AFileThatTheServiceRefusesLeavesTheRowEmptyAndTheOldSampleGone) {
     EXPECT_GE(i.Screen.Count("ShowCaption 0"), 1);
     EXPECT_EQ(i.s.History[0].size(), 1U);
     EXPECT_FALSE(i.Desk.Busy);
+}
+
+TEST(LoopLoad, ARefusedFileIsNamedInTheStatusLineAndTheRowReadsEmpty) {
+    Loader i;
+    i.Make("a.WAV");
+    i.Make("c\\bad.WAV");
+    i.Load(0, "a.WAV");
+    i.s.ActiveTab = kPatternTab;
+    i.s.CurrentLoop = 0;
+    i.Sound.Failures["CreateSoundBufferFromFile"] = sound_error::kBadFormat;
+    LoadSample(i.s, {.Path = i.Folder / "c\\bad.WAV", .Target = 0});
+    EXPECT_EQ(i.s.StatusText, "Not loaded: c\\bad.WAV");
+    EXPECT_EQ(i.s.Set[0].Length, 0);
+    EXPECT_EQ(i.s.PercentText[0], "<Empty>");
+    EXPECT_EQ(i.s.PercentText[2], "<Empty>");
+    EXPECT_EQ(i.Screen.Count("ShowDestinations"), 2);
+}
+
+TEST(LoopLoad, AnErrorOfAnyKindWhileSettingUpIsShownInTheStatusLine) {
+    struct : test::FakeDisplay {
+        void ShowWaveform(Row) override { throw std::length_error("no error of the instrument"); }
+    } screen;
+    Loader i;
+    Session s{i.For(screen)};
+    s.DX = std::make_unique<test::FakeDirectX>(i.Sound);
+    s.DS = s.DX->DirectSoundCreate("guid1");
+    s.DSReady = true;
+    LoopLoad(s, 0, i.Folder.Path(), "a.WAV");
+    EXPECT_EQ(s.StatusText, "");
+    i.Make("a.WAV");
+    LoopLoad(s, 0, i.Folder.Path(), "a.WAV");
+    EXPECT_EQ(s.StatusText, "Error setting up loaded loop");
+    EXPECT_EQ(s.Run[0].Loaded, True);
+    EXPECT_TRUE(s.History[0].empty());
+}
+
+TEST(LoopLoad, AFreshLoadPutsTheBeatStartToZeroAlsoWhenTheSettingsAreKept) {
+    Loader i;
+    i.Make("a.WAV", 3);
+    i.s.ResetVars = false;
+    i.s.Set[0].BeatStart = 123;
+    i.s.Run[0].BeatStartBytes = 4567;
+    i.Load(0, "a.WAV");
+    EXPECT_EQ(i.s.Set[0].BeatStart, 0);
+    EXPECT_EQ(i.s.Run[0].BeatStartBytes, 0);
+}
+
+TEST(LoopLoad, ADuplicateTakesTheRateOfItsSourceRowAlsoWhenTheSourceIsDetuned) {
+    Loader i;
+    i.Make("a.WAV");
+    i.s.ResetVars = false;
+    i.Load(0, "a.WAV");
+    i.Buffer(0).Frequency = 12345;
+    i.Load(1, "a.WAV");
+    EXPECT_EQ(i.s.Set[1].SampleRate, 44100);
+    EXPECT_EQ(i.Buffer(1).Frequency, 44100);
+}
+
+TEST(LoopLoad, ADuplicateRefreshesTheTimeReadOuts) {
+    Loader i;
+    i.Make("a.WAV");
+    i.s.ResetVars = false;
+    i.Load(0, "a.WAV");
+    i.s.ActiveTab = kPatternTab;
+    i.s.CurrentLoop = 3;
+    i.Load(1, "a.WAV");
+    const int duplicate = i.Screen.Count("ShowTime 2");
+    i.Make("b.WAV");
+    i.Screen.Log.clear();
+    i.Load(2, "b.WAV");
+    EXPECT_EQ(duplicate, i.Screen.Count("ShowTime 2") + 1);
+}
+
+TEST(LoopCreateBuffer, WithoutAPathIsARefusalWithoutABox) {
+    Loader i;
+    EXPECT_EQ(LoopCreateBuffer(i.s, 0, ""), 1);
+    EXPECT_TRUE(i.Desk.Boxes.empty());
+    EXPECT_TRUE(i.Sound.Log.empty());
 }
 
 TEST(LoopLoad, ARefusedDuplicateShowsItsOwnMessage) {

@@ -1,10 +1,13 @@
 #include "performance/drops/file_drops.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
+#include "audio/transport.h"
 #include "fakes/file_bytes.h"
 #include "fakes/instrument.h"
 
@@ -69,7 +72,8 @@ TEST(FileDrops, InABandAFileOfAnyNameLoadsIntoAllRowsBeforeTheFirstOfThemPlays) 
         d.MakeBand(1, 1, 2);
         d.s.PlayOnLoad = true;
         d.s.ActiveTab = kMapTab;
-        const std::string path = d.Put(name);
+        const std::string path = d.Folder / name;
+        WriteBytes(path, "RIFF1234WAVEfmt ");
         DropFilesOnRow(d.s, 2, {path});
         EXPECT_EQ(d.Files(), (std::vector<std::string>{"", path, path, ""}));
         const std::vector<std::string>& log = d.Sound.Log;
@@ -84,6 +88,49 @@ TEST(FileDrops, InABandAFileOfAnyNameLoadsIntoAllRowsBeforeTheFirstOfThemPlays) 
         EXPECT_NE(d.s.Run[2].Playing, False);
         EXPECT_EQ(d.s.PosHighlight, 2);
     }
+}
+
+TEST(FileDrops, AFolderOrATextIsNamedInTheStatusLineAndTheRowPlaysOn) {
+    FileDrops d;
+    std::filesystem::create_directory(d.Folder / "beats.wav");
+    WriteBytes(d.Folder / "read\\me.txt", "RIFF raff, no wave");
+    WriteBytes(d.Folder / "empty", "");
+    for (const char* name : {"beats.wav", "read\\me.txt", "empty"}) {
+        d.Fill(1);
+        LoopPlay(d.s, 1, true);
+        DropFilesOnRow(d.s, 1, {d.Folder / name});
+        EXPECT_EQ(d.s.StatusText, std::string("Not a sample: ") + name);
+        EXPECT_EQ(d.s.Run[1].Playing, True);
+        EXPECT_EQ(d.Sound.Count("Stop"), 0);
+        EXPECT_TRUE(d.Desk.Boxes.empty());
+    }
+}
+
+TEST(FileDrops, WhatIsNoSampleTakesNoRow) {
+    FileDrops d;
+    WriteBytes(d.Folder / "notes.txt", "notes");
+    const std::string a = d.Put("a.wav");
+    const std::string b = d.Put("b.WaV");
+    DropFilesOnRow(d.s, 1, {d.Folder / "notes.txt", a, d.Folder.Path(), b});
+    EXPECT_EQ(d.Files(), (std::vector<std::string>{"", a, b, ""}));
+}
+
+TEST(FileDrops, AWavFileThatIsRubbishEmptiesTheRowAndIsNamed) {
+    FileDrops d;
+    d.Fill(1);
+    d.Sound.Failures["CreateSoundBufferFromFile"] = sound_error::kBadFormat;
+    WriteBytes(d.Folder / "rubbish.wav", "rubbish");
+    DropFilesOnRow(d.s, 1, {d.Folder / "rubbish.wav"});
+    EXPECT_EQ(d.s.StatusText, "Not loaded: rubbish.wav");
+    EXPECT_EQ(d.s.Run[1].Loaded, False);
+    EXPECT_EQ(d.Desk.Boxes.size(), 1U);
+}
+
+TEST(FileDrops, APipeIsNotReadToFindOutWhatItIs) {
+    FileDrops d;
+    ASSERT_EQ(mkfifo((d.Folder / "pipe").c_str(), 0600), 0);
+    DropFilesOnRow(d.s, 0, {d.Folder / "pipe"});
+    EXPECT_EQ(d.s.StatusText, "Not a sample: pipe");
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include "audio/sample_loading.h"
 #include "core/busy_pointer.h"
+#include "core/files/sample_files.h"
+#include "core/routines.h"
 
 namespace marvolin {
 
@@ -10,6 +12,10 @@ void DropFilesOnRow(Session& s, Row row, const std::vector<std::string>& paths) 
     Row target = row;
     for (const std::string& path : paths) {
         if (target != row && target >= kLoopTracks) break;
+        if (IsNoSample(path)) {
+            ShowStatus(s, "Not a sample: " + FileNameOf(path));
+            continue;
+        }
         LoadSample(s, {.Path = path, .Target = target, .Play = s.PlayOnLoad, .Origin = SampleOrigin::File});
         ++target;
     }

@@ -57,8 +57,6 @@ void QtDisplay::ShowCaption(Row row) {
         Again(shown->Play);
         shown->Name->Refresh();
     }
-    // The destination lists of the bins show the names of the samples.
-    if (browse_ != nullptr && row < kLoopTracks) browse_->Bins->RefreshDestinations();
 }
 
 void QtDisplay::ShowEnabled(Row row) {
@@ -230,6 +228,7 @@ void QtDisplay::ShowBin(int bin) {
     if (browse_ != nullptr) browse_->Bins->RefreshBin(bin);
 }
 
+// The lists show the names of the samples.
 void QtDisplay::ShowDestinations() {
     if (browse_ != nullptr) browse_->Bins->RefreshDestinations();
 }
