@@ -9,7 +9,6 @@
 #include <string_view>
 #include <variant>
 
-#include "audio/limiter.h"
 #include "audio/thinning.h"
 #include "core/routines.h"
 #include "parameters/fades.h"
@@ -66,9 +65,7 @@ void ApplyLimit(Session& s, int, std::string text) {
     const int limit = std::atoi(Trim(text).c_str());
     if (limit >= 1 && limit <= kNoLimit) s.Limit = static_cast<std::int16_t>(limit);
     s.World.Screen.ShowLimit();
-    // As if the player released the control: thinning applies the limit at once.
-    s.Drag.Dragging = True;
-    Limiter_Gesture(s, Phase::Up, 0);
+    ThinTo(s);
 }
 
 // The machine knows its own number of drivers; the stored one only decides whether "DeviceNum" means anything here.

@@ -133,17 +133,17 @@ void ClockReset(Session& s) {
 
 void ResSlider_Change(Session& s, std::int16_t milliseconds) {
     ClampI2(milliseconds, kFinestTick, kCoarsestTick);
-    s.TimingRes = milliseconds;
-    s.World.Screen.ShowOptions();
+    SetTimingRes(s, milliseconds);
     ShowStatus(s, TimingResText(s));
-    if (!s.LoopTimer) return;
-    s.LoopTimer->SetResolution(std::min<std::int32_t>(milliseconds, kCoarsestResolution));
-    s.LoopTimer->SetInterval(milliseconds);
 }
 
 void SetTimingRes(Session& s, std::int16_t milliseconds) {
     if (milliseconds < kFinestTick || milliseconds > kCoarsestTick) return;
-    ResSlider_Change(s, milliseconds);
+    s.TimingRes = milliseconds;
+    s.World.Screen.ShowOptions();
+    if (!s.LoopTimer) return;
+    s.LoopTimer->SetResolution(std::min<std::int32_t>(milliseconds, kCoarsestResolution));
+    s.LoopTimer->SetInterval(milliseconds);
 }
 
 std::string TimingResText(const Session& s) { return "Timer Resolution: " + NumberText(s.TimingRes) + " ms"; }

@@ -22,10 +22,10 @@ void StepTiming(Session& s, Row row, std::int32_t milliseconds);
 void LoopStep(Session& s, Row row);
 /// Sets the five clock counters to 0.
 void ClockReset(Session& s);
-/// Sets the tick interval from `ResSlider`, limited to 1..100 ms, and shows it in the status line. Without a timer the
-/// value is only stored.
+/// Sets the tick interval from `ResSlider`, limited to 1..100 ms, and shows it in the status line.
 void ResSlider_Change(Session& s, std::int16_t milliseconds);
-/// Sets the tick interval from a file; a value outside 1..100 is ignored.
+/// Sets the tick interval from a file, without a word in the status line; a value outside 1..100 is ignored. Without a
+/// timer the value is only stored.
 void SetTimingRes(Session& s, std::int16_t milliseconds);
 /// "Timer Resolution: 10 ms": what `ResReadout` shows, and the hint of `ResSlider`.
 std::string TimingResText(const Session& s);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "audio/transport.h"
+#include "parameters/knob_gesture.h"
 #include "performance/joystick/joystick_setup.h"
 #include "persistence/set_instrument.h"
 
@@ -87,6 +89,21 @@ TEST(Settings, AnUnknownKeyChangesNothing) {
     table.Put("Volume", std::int16_t{1});
     ApplySettings(i.s, table);
     EXPECT_EQ(CollectSettings(i.s).Pairs(), before.Pairs());
+}
+
+TEST(Settings, ALimitThinsAndADragGoesOn) {
+    WithJoystick i;
+    i.Fill(0);
+    i.Fill(1);
+    LoopPlay(i.s, 0, true);
+    LoopPlay(i.s, 1, true);
+    KnobGesture(i.s, Knob::Vol, 2, Phase::Down, kLeftButton, 1000, 0);
+    KeyedTable table;
+    table.Put("Limit", std::string("1"));
+    ApplySettings(i.s, table);
+    EXPECT_EQ(i.s.ThinList, "B");
+    KnobGesture(i.s, Knob::Vol, 2, Phase::Move, kLeftButton, 900, 0);
+    EXPECT_EQ(i.s.Set[2].Vol, 400);
 }
 
 TEST(Settings, ADriverWithoutTheNumberOfDriversIsIgnored) {

@@ -181,6 +181,14 @@ TEST_F(TimingRes, AValueOutsideFromAFileIsIgnored) {
     EXPECT_EQ(i.s.TimingRes, 100);
 }
 
+TEST_F(TimingRes, AValueFromAFileLeavesTheStatusLineAlone) {
+    i.s.StatusText = "Ready.";
+    SetTimingRes(i.s, 40);
+    EXPECT_EQ(i.s.StatusText, "Ready.");
+    EXPECT_EQ(i.Screen.Count("ShowStatusText"), 0);
+    EXPECT_EQ(i.Screen.Count("ShowOptions"), 1);
+}
+
 TEST_F(TimingRes, WithoutATimerTheValueIsKept) {
     i.s.LoopTimer.reset();
     ResSlider_Change(i.s, 7);

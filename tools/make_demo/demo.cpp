@@ -14,17 +14,15 @@
 #include "parameters/position.h"
 #include "parameters/setters.h"
 #include "parameters/wires.h"
-#include "sequencing/loop_clock.h"
 
 namespace marvolin::demo {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::int32_t kEighth = 25;    // 1/100 s at 120 beats a minute
-constexpr std::int16_t kTimingRes = 1;  // ms: short ticks, because a late step makes up no time
-constexpr double kFadeStep = 1.5;       // `Vol` units per 10 ms: a fade of three seconds
-constexpr std::int16_t kTwoBars = 16;   // steps of an eighth
+constexpr std::int32_t kEighth = 25;   // 1/100 s at 120 beats a minute
+constexpr double kFadeStep = 1.5;      // `Vol` units per 10 ms: a fade of three seconds
+constexpr std::int16_t kTwoBars = 16;  // steps of an eighth
 
 /// A LoopTrack of the demo. A pattern with fewer values than steps repeats; an empty one stays at its default.
 struct Part {
@@ -93,7 +91,6 @@ std::string WriteDemo(const std::string& programFolder) {
     for (Row row = 0; row < kLoopTracks; ++row) {
         SetUp(s, row, kParts[static_cast<std::size_t>(row)], JoinPath(programFolder, "Samples"));
     }
-    SetTimingRes(s, kTimingRes);
     SetFadeFactor(s, kFadeStep);
     PlayAll(s);
     for (Row row = 0; row < kLoopTracks; ++row) {
