@@ -236,5 +236,64 @@ TEST_F(SoundAdapterFiles, TheFileMayBeDeletedOnceItIsLoaded) {
     EXPECT_EQ(Refusal(path), sound_error::kGeneric);
 }
 
+TEST_F(SoundAdapterFiles, AHighRateIsHalvedInEveryWidthWithoutNoiseFromAboveTheLowerBand) {
+    constexpr int kFrames = 19200;
+    for (const int bits : {8, 16, 24, 32})
+        for (const int channels : {1, 2}) {
+            SCOPED_TRACE(testing::Message() << bits << " bits, " << channels << " channels");
+            Wave wave;
+            wave.Rate = 192000;
+            wave.Bits = bits;
+            wave.Channels = channels;
+            const double full = std::ldexp(1.0, bits - 1);
+            std::vector<std::int32_t> numbers;
+            for (int i = 0; i < kFrames; ++i) {
+                const double low = 0.5 * std::sin(2 * 3.14159265358979 * 1000 * i / 192000.0);
+                const double high = 0.3 * std::sin(2 * 3.14159265358979 * 70000 * i / 192000.0);
+                for (int channel = 0; channel < channels; ++channel)
+                    numbers.push_back(static_cast<std::int32_t>((low + high) * (channel == 0 ? full : -full / 2)));
+            }
+            wave.Data = Pcm(numbers, bits);
+            auto buffer = Load(wave);
+            ASSERT_EQ(buffer->GetCaps().BufferBytes, kFrames / 2 * channels * bits / 8);
+            Bytes back(static_cast<std::size_t>(buffer->GetCaps().BufferBytes));
+            buffer->ReadBuffer(0, back);
+            const int wide = bits / 8;
+            for (int frame = 200; frame < kFrames / 2 - 200; ++frame)
+                for (int channel = 0; channel < channels; ++channel) {
+                    const std::uint8_t* at = back.data() + (frame * channels + channel) * wide;
+                    std::int64_t number = bits == 8 ? *at - 128 : 0;
+                    for (int i = 0; bits > 8 && i < wide; ++i) number |= std::int64_t{at[i]} << (8 * i);
+                    if (bits > 8 && number >= static_cast<std::int64_t>(full)) number -= std::int64_t{1} << bits;
+                    const double wanted = 0.5 * std::sin(2 * 3.14159265358979 * 1000 * frame / 96000.0);
+                    ASSERT_NEAR(static_cast<double>(number) / full, channel == 0 ? wanted : -wanted / 2,
+                                bits == 8 ? 0.012 : 0.0005)
+                        << frame;
+                }
+        }
+}
+
+TEST_F(SoundAdapterFiles, AnEvenLoopOfAHighRateStaysEvenAtItsEnds) {
+    Wave wave;
+    wave.Rate = 176400;
+    wave.Channels = 1;
+    wave.Data = Pcm(std::vector<std::int32_t>(70001, 8000), 16);
+    auto buffer = Load(wave);
+    ASSERT_EQ(buffer->GetCaps().BufferBytes, 70000);
+    Bytes back(70000);
+    buffer->ReadBuffer(0, back);
+    for (std::size_t i = 0; i < back.size(); i += 2) ASSERT_NEAR(back[i] + 256 * back[i + 1], 8000, 1) << i;
+}
+
+TEST_F(SoundAdapterFiles, TheShortestSampleOfAHighRateIsOneFrame) {
+    for (const int frames : {1, 2, 3}) {
+        Wave wave;
+        wave.Rate = 1000000;
+        wave.Channels = 1;
+        wave.Data = Pcm(std::vector<std::int32_t>(static_cast<std::size_t>(frames), 500), 16);
+        EXPECT_EQ(Load(wave)->GetCaps().BufferBytes, 2);
+    }
+}
+
 }  // namespace
 }  // namespace marvolin::test

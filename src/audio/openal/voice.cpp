@@ -28,6 +28,12 @@ OpenAlVoice::OpenAlVoice(std::shared_ptr<OpenAlContext> context, std::shared_ptr
         alGenSources(static_cast<ALsizei>(AllSources().size()), sources_.data());
         setting.Check();
         SetUpSources();
+        try {
+            setting.Check();
+        } catch (const SoundError&) {
+            alDeleteSources(static_cast<ALsizei>(AllSources().size()), sources_.data());
+            throw;
+        }
     }
     if (spatial_)
         for (const ALuint source : AllSources()) context_->AddSpatialSource(source);

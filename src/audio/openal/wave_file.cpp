@@ -134,10 +134,17 @@ WaveFile::WaveFile(const std::string& path) {
     const std::int64_t most = std::numeric_limits<std::int32_t>::max();
     if (info.frames > status.st_size / format_.BlockAlign) Refuse(sound_error::kBadFormat);
     if (info.frames > most / format_.BlockAlign) Refuse(sound_error::kOutOfMemory);
-    bytes_ = static_cast<std::int32_t>(info.frames * format_.BlockAlign);
+    std::int64_t frames = info.frames;
+    if (const std::int32_t factor = RateReducer::FactorFor(format_.SamplesPerSec); factor > 1) {
+        reducer_ = std::make_unique<RateReducer>(format_, frames, factor);
+        format_ = reducer_->Format();
+        frames = reducer_->Frames();
+    }
+    bytes_ = static_cast<std::int32_t>(frames * format_.BlockAlign);
 }
 
 void WaveFile::Read(std::span<std::uint8_t> frames) {
+    if (reducer_) return reducer_->Read(file_.get(), frames);
     const auto wanted = static_cast<sf_count_t>(frames.size());
     if (sf_read_raw(file_.get(), frames.data(), wanted) != wanted) Refuse(sound_error::kGeneric);
 }

@@ -9,6 +9,7 @@
 #include <span>
 #include <string>
 
+#include "audio/openal/rate_reducer.h"
 #include "core/sound_service.h"
 
 namespace marvolin {
@@ -22,10 +23,11 @@ public:
     /// accepted; `kOutOfMemory`: more sample bytes than a position can count.
     explicit WaveFile(const std::string& path);
 
+    /// The format of the bytes that `Read` gives: that of the file, but at most at `kHighestBufferRate`.
     const WaveFormat& Format() const { return format_; }
-    /// Bytes of all whole frames.
+    /// Bytes of all whole frames that `Read` gives.
     std::int32_t Bytes() const { return bytes_; }
-    /// Reads the next bytes unchanged; `frames` is a whole number of frames.
+    /// Reads the next bytes, unchanged unless the rate is brought down; `frames` is a whole number of frames.
     /// `SoundError` `kGeneric` when the file ends too early or cannot be read.
     void Read(std::span<std::uint8_t> frames);
 
@@ -36,6 +38,7 @@ private:
     WaveFormat format_;
     std::int32_t bytes_ = 0;
     std::unique_ptr<SNDFILE, Close> file_;
+    std::unique_ptr<RateReducer> reducer_;  ///< null for a rate at which a buffer can play
 };
 
 }  // namespace marvolin
