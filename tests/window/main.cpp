@@ -1,14 +1,13 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
+#include <QtGlobal>
 
-#include "window/toolkit/theme.h"
+#include "window/toolkit/application.h"
 
 // The tests of the window need no screen.
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     ::testing::InitGoogleTest(&argc, argv);
-    QApplication application(argc, argv);
-    marvolin::theme::Apply(application);
+    marvolin::Application application(argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -3,12 +3,19 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QTest>
+#include <algorithm>
+#include <cstdlib>
+#include <string>
 
+#include "sequencing/loop_clock.h"
+#include "window/stage.h"
 #include "window/toolkit/mersenne_random.h"
 #include "window/toolkit/qt_timer.h"
 
 namespace marvolin {
 namespace {
+
+using test::Stage;
 
 TEST(MillisecondCarry, ReturnsWholeMillisecondsAndKeepsTheFraction) {
     MillisecondCarry carry;
@@ -71,6 +78,98 @@ TEST(QtTimers, ATimerMayBeDroppedByItsOwnTick) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return timer == nullptr; }, 5000));
     QCoreApplication::processEvents();
     EXPECT_EQ(ticks, 1);
+}
+
+TEST(QtTimers, ATickThatWaitsForEventsIsTickedInsideOnceAndTheTimeIsCountedOnce) {
+    QtTimers timers;
+    int depth = 0;
+    int deepest = 0;
+    int inside = 0;
+    std::int64_t sum = 0;
+    bool waited = false;
+    QElapsedTimer clock;
+    auto timer = timers.Create([&](std::int32_t milliseconds) {
+        sum += milliseconds;
+        deepest = std::max(deepest, ++depth);
+        if (depth > 1) ++inside;
+        if (depth == 1 && !waited) {
+            waited = true;
+            EXPECT_TRUE(QTest::qWaitFor([&] { return inside >= 5; }, 5000));
+        }
+        --depth;
+    });
+    timer->SetInterval(2);
+    clock.start();
+    timer->SetEnabled(true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return waited && depth == 0 && sum >= 40; }, 5000));
+    EXPECT_EQ(deepest, 2);
+    EXPECT_LE(sum, clock.elapsed());
+    const int then = inside;
+    const std::int64_t before = sum;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return sum >= before + 10; }, 5000));
+    EXPECT_EQ(inside, then);
+}
+
+TEST(QtTimers, ATimerMayBeDroppedInsideItsWaitingTick) {
+    QtTimers timers;
+    std::unique_ptr<PeriodicTimer> timer;
+    int ticks = 0;
+    timer = timers.Create([&](std::int32_t) {
+        if (++ticks == 1) {
+            EXPECT_TRUE(QTest::qWaitFor([&] { return timer == nullptr; }, 5000));
+        } else {
+            timer.reset();
+        }
+    });
+    timer->SetInterval(1);
+    timer->SetEnabled(true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return timer == nullptr; }, 5000));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ticks, 2);
+}
+
+TEST(LoopClockInTheWindow, AWaitWithinATickIsACollisionAndItsTimeIsLost) {
+    Stage stage;
+    Session& s = stage.s;
+    QtTimers timers;
+    bool waited = false;
+    std::string inside;
+    stage.Desk.WhenReported = [&] {
+        if (waited) return;
+        waited = true;
+        EXPECT_TRUE(QTest::qWaitFor([&] { return s.Clock.Panel == "Timer collision!"; }, 5000));
+        inside = s.Clock.Panel;
+    };
+    s.LoopTimer = timers.Create([&](std::int32_t milliseconds) { LoopTimer_Timer(s, milliseconds); });
+    stage.Fill(0);
+    s.Set[0].PlayMode = kTrack;
+    s.Set[0].StepDuration = 1;
+    s.Run[0].Playing = True;
+    stage.Sound.Failures["SetVolume"] = sound_error::kGeneric;
+    s.LoopTimer->SetInterval(5);
+    s.LoopTimer->SetEnabled(true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return waited && !s.LoopTimerBusy; }, 5000));
+    EXPECT_EQ(inside, "Timer collision!");
+    const std::int32_t after = s.Clock.ClockMs;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return s.Clock.ClockMs > after; }, 5000));
+    s.LoopTimer.reset();
+}
+
+TEST(LoopClockInTheWindow, AFailureOfTheSoundServiceInATickEndsTheProgram) {
+    const auto run = [] {
+        Stage stage;
+        stage.Fill(0);
+        stage.s.Set[0].PlayMode = kOneShot;
+        stage.s.Run[0].Playing = True;
+        stage.Sound.Failures["GetStatus"] = sound_error::kBufferLost;
+        QtTimers timers;
+        auto timer = timers.Create([&](std::int32_t milliseconds) { LoopTimer_Timer(stage.s, milliseconds); });
+        timer->SetInterval(1);
+        timer->SetEnabled(true);
+        QTest::qWait(5000);
+    };
+    EXPECT_EXIT(run(), testing::ExitedWithCode(EXIT_FAILURE), "sound service error .*; the program ends");
 }
 
 TEST(MersenneRandom, ReturnsNumbersBelowOneAndIsSeededFromTheClock) {

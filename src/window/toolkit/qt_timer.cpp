@@ -1,6 +1,7 @@
 #include "window/toolkit/qt_timer.h"
 
 #include <QElapsedTimer>
+#include <QPointer>
 #include <QTimer>
 
 namespace marvolin {
@@ -20,14 +21,23 @@ struct DropLater {
 
 class QtTimer : public PeriodicTimer {
 public:
-    explicit QtTimer(TimerFactory::Tick tick) : tick_(std::move(tick)), timer_(new QTimer) {
-        timer_->setTimerType(Qt::PreciseTimer);
-        timer_->callOnTimeout([this] { OnTimeout(); });
+    explicit QtTimer(TimerFactory::Tick tick) : tick_(std::move(tick)), timer_(new QTimer), standIn_(new QTimer) {
+        for (QTimer* timer : {timer_.get(), standIn_.get()}) {
+            timer->setTimerType(Qt::PreciseTimer);
+            timer->callOnTimeout([this] { OnTimeout(); });
+        }
     }
-    void SetInterval(std::int32_t milliseconds) override { timer_->setInterval(milliseconds); }
+    void SetInterval(std::int32_t milliseconds) override {
+        timer_->setInterval(milliseconds);
+        standIn_->setInterval(milliseconds);
+    }
     void SetResolution(std::int32_t) override {}  // a precise timer always aims at one millisecond
     void SetEnabled(bool enabled) override {
-        if (!enabled) return timer_->stop();
+        if (!enabled) {
+            timer_->stop();
+            standIn_->stop();
+            return;
+        }
         carry_.Reset();
         clock_.start();
         last_ = 0;
@@ -39,12 +49,20 @@ private:
         const std::int64_t now = clock_.nsecsElapsed();
         const std::int32_t elapsed = carry_.Take(now - last_);
         last_ = now;
-        const TimerFactory::Tick tick = tick_;  // survives if the tick drops this timer
+        // The toolkit's timer rests while its own tick runs. If the tick waits for events, as behind a box, the ticks
+        // that fall due meanwhile come from the stand-in. It and the copy of the tick survive when the tick drops this
+        // timer.
+        const bool outermost = !standIn_->isActive();
+        const QPointer<QTimer> standIn(standIn_.get());
+        const TimerFactory::Tick tick = tick_;
+        if (outermost) standIn->start();
         tick(elapsed);
+        if (outermost && standIn) standIn->stop();
     }
 
     TimerFactory::Tick tick_;
     std::unique_ptr<QTimer, DropLater> timer_;
+    std::unique_ptr<QTimer, DropLater> standIn_;
     QElapsedTimer clock_;
     std::int64_t last_ = 0;
     MillisecondCarry carry_;
