@@ -121,7 +121,10 @@ TEST(LastPathPart, IsWhatStandsBehindTheLastSeparatorOrColon) {
 
 TEST(SampleName, IsTheNameWithoutItsExtension) {
     EXPECT_EQ(SampleName("/a/kick.WAV"), "kick");
+    EXPECT_EQ(SampleName("/a/kick.pcm"), "kick");
     EXPECT_EQ(SampleName("/a/.WAV"), "");
+    for (const char* name : {"kick", "kick-120", "a.b", "kick.aiff"})
+        EXPECT_EQ(SampleName(std::string("/a/") + name), name);
     EXPECT_EQ(SampleName(""), "");
 }
 

@@ -5,12 +5,15 @@
 
 #include <algorithm>
 #include <ctime>
+#include <memory>
 #include <stdexcept>
+#include <vector>
 
 #include "audio/loop_controls.h"
 #include "core/routines.h"
 #include "fakes/instrument.h"
 #include "fakes/temp_folder.h"
+#include "instrument/init_main_form.h"
 #include "instrument/shut_down.h"
 #include "performance/pad/mix_pad.h"
 
@@ -227,6 +230,40 @@ TEST(InitMainForm, MakesTheTwoTimersAndEnablesThem) {
     i.s.Run[0].FadeValue = 500;
     fade.OnTick(40);
     EXPECT_EQ(i.s.Set[0].Vol, 492);
+}
+
+TEST(InitMainForm, ClearsTheGuardOfTheClockBeforeItsTimerRuns) {
+    struct Watching : TimerFactory {
+        struct Timer : PeriodicTimer {
+            explicit Timer(Watching& owner) : Owner(owner) {}
+            void SetInterval(std::int32_t) override {}
+            void SetResolution(std::int32_t) override {}
+            void SetEnabled(bool enabled) override {
+                if (enabled) Owner.BusyAtStart.push_back(Owner.Watched->LoopTimerBusy);
+            }
+            Watching& Owner;
+        };
+        std::unique_ptr<PeriodicTimer> Create(Tick) override { return std::make_unique<Timer>(*this); }
+        Session* Watched = nullptr;
+        std::vector<bool> BusyAtStart;
+    } timers;
+    Instrument i;
+    i.Stick.Devices.clear();
+    const Services world = i.For(i.Screen);
+    Session s{Services{.Screen = world.Screen,
+                       .Desk = world.Desk,
+                       .Forms = world.Forms,
+                       .Chance = world.Chance,
+                       .Timers = timers,
+                       .Scripts = world.Scripts,
+                       .Store = world.Store,
+                       .CreateDirectX7 = world.CreateDirectX7,
+                       .CreateDirectInput = world.CreateDirectInput}};
+    timers.Watched = &s;
+    s.LoopTimerBusy = true;
+    InitMainForm(s, [](Session&) {});
+    ASSERT_EQ(timers.BusyAtStart.size(), 2U);
+    EXPECT_FALSE(timers.BusyAtStart.front());
 }
 
 TEST(InitMainForm, SetsTheModelToItsDefaults) {

@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <string>
+
 #include "core/routines.h"
 #include "fakes/instrument.h"
 #include "sequencing/loop_clock.h"
@@ -158,6 +161,20 @@ TEST_F(TimingRes, TheSliderSetsTheIntervalAndAResolutionOfAtMost25) {
         EXPECT_EQ(Timer().Resolution, c.Resolution);
         EXPECT_EQ(i.s.StatusText, "Timer Resolution: " + NumberText(c.Value) + " ms");
     }
+}
+
+TEST_F(TimingRes, TheResolutionIsSetBeforeTheInterval) {
+    struct Ordered : PeriodicTimer {
+        explicit Ordered(std::string& calls) : Calls(calls) {}
+        void SetInterval(std::int32_t) override { Calls += "interval "; }
+        void SetResolution(std::int32_t) override { Calls += "resolution "; }
+        void SetEnabled(bool) override { Calls += "enabled "; }
+        std::string& Calls;
+    };
+    std::string calls;
+    i.s.LoopTimer = std::make_unique<Ordered>(calls);
+    ResSlider_Change(i.s, 20);
+    EXPECT_EQ(calls, "resolution interval ");
 }
 
 TEST_F(TimingRes, TheSliderIsLimitedTo1And100) {

@@ -38,6 +38,23 @@ TEST(DestinationList, NamesTheSamplesOfTheLoopTracksHoweverTheyWereLoaded) {
     EXPECT_EQ(lists.Text(1, 2), "C: ");
 }
 
+TEST(DestinationList, IsNotFilledAgainWhileAFlagIsDraggedOverABand) {
+    Destinations lists;
+    lists.s.BandTable[1].First = 0;
+    lists.s.BandTable[1].Last = 3;
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        lists.s.Run[row].InBand = True;
+        lists.s.Run[row].Band = 1;
+    }
+    // A name that the list does not show yet: any refresh would change it.
+    lists.s.Set[2].FileName = "/samples/new.wav";
+    lists.Drag("ChannelFlag_0", {0, -20});
+    EXPECT_EQ(lists.s.Set[3].Channel, 4);
+    EXPECT_EQ(lists.Text(0, 2), "C: ");
+    lists.Screen.ShowDestinations();
+    EXPECT_EQ(lists.Text(0, 2), "C: new");
+}
+
 TEST(DestinationList, KeepsItsChoiceWhenANameChanges) {
     Destinations lists;
     lists.s.Bins[1].Destination = 3;

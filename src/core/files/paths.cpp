@@ -9,6 +9,8 @@ namespace marvolin {
 
 namespace {
 
+constexpr std::size_t kExtension = 4;  // ".WAV"
+
 bool IsSeparator(char c) { return c == '/' || c == '\\'; }
 
 bool EndsInSeparator(const std::string& path) { return !path.empty() && IsSeparator(path.back()); }
@@ -69,7 +71,8 @@ std::string SampleName(const std::string& path) {
     std::string folder;
     std::string name;
     SplitPath(path, folder, name);
-    return name.size() > 4 ? name.substr(0, name.size() - 4) : "";
+    const bool extended = name.size() >= kExtension && name[name.size() - kExtension] == '.';
+    return extended ? name.substr(0, name.size() - kExtension) : name;
 }
 
 }  // namespace marvolin

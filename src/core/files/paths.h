@@ -24,7 +24,7 @@ void SplitFilePath(const std::string& path, std::string& folder, std::string& na
 /// The part behind the last ":" or separator, one separator at the end ignored; of a path that ends in ":" and a
 /// separator its first two characters.
 std::string LastPathPart(const std::string& path);
-/// The name part of a path without the four characters of its extension.
+/// The name part of a path without the four characters of its extension. A name with no point in that place has none.
 std::string SampleName(const std::string& path);
 
 }  // namespace marvolin
