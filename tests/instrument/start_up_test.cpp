@@ -261,7 +261,7 @@ TEST(InitMainForm, ClearsTheGuardOfTheClockBeforeItsTimerRuns) {
                        .CreateDirectInput = world.CreateDirectInput}};
     timers.Watched = &s;
     s.LoopTimerBusy = true;
-    InitMainForm(s, [](Session&) {});
+    InitMainForm(s, [](Session& session) { PadGeometryInit(session, 9000, 4500); });
     ASSERT_EQ(timers.BusyAtStart.size(), 2U);
     EXPECT_FALSE(timers.BusyAtStart.front());
 }

@@ -407,8 +407,7 @@ TEST_F(LoopClock, AOneShotThatEndsSwitchesTheSelectionsButtonOffInTheSameTick) {
     EXPECT_EQ(i.s.Run[kSelectionRow].Playing, False);
 }
 
-TEST(LoopClock, AVolumePatternThatOverflowsShowsOneBoxAndThePlayGoesOn) {
-    Instrument i;
+TEST_F(LoopClock, AVolumePatternThatOverflowsShowsOneBoxAndThePlayGoesOn) {
     i.Fill(0);
     i.s.Set[0].PlayMode = kDrum;
     i.s.Set[0].StepDuration = 1;
