@@ -52,7 +52,7 @@ TEST(Repaint, WhatIsRepaintedInPartLooksAsIfAllWereRepainted) {
     for (std::uint8_t& byte : buffer.Sample->Bytes) byte = next = static_cast<std::uint8_t>(next * 5 + 17);
     stage.Screen.ShowWaveform(1);
     stage.Click("Play_1");
-    for (const std::int16_t vol : {100, 400, 20}) {
+    for (const std::int16_t vol : {std::int16_t{100}, std::int16_t{400}, std::int16_t{20}}) {
         stage.s.Set[1].Vol = vol;
         stage.s.SndDisp[1].Level = vol;
         stage.Screen.ShowKnob(1, Knob::Vol);
