@@ -12,6 +12,7 @@
 
 #include "browser/clipboard.h"
 #include "browser/sample_bins.h"
+#include "core/files/new_file.h"
 #include "fakes/file_bytes.h"
 #include "fakes/instrument.h"
 #include "performance/pad/mix_pad.h"
@@ -69,7 +70,8 @@ void SaveLarge(benchmark::State& state) {
 }
 BENCHMARK(SaveLarge)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-/// The same bytes in one write, flushed to the disk, and a rename.
+/// The same bytes in one write, flushed to the disk, and a rename; with an argument of 1 the folder is flushed, too, as
+/// a save does.
 void WritePlainly(benchmark::State& state) {
     Large b;
     SaveSession(b.s, b.File, LoopsSaved::All, All());
@@ -81,10 +83,11 @@ void WritePlainly(benchmark::State& state) {
         if (::fsync(file) != 0) state.SkipWithError("not flushed");
         ::close(file);
         std::filesystem::rename(other, b.File);
+        if (state.range(0) == 1) SyncFolder(b.Folder.Path());
     }
     Count(state, b.File);
 }
-BENCHMARK(WritePlainly)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(WritePlainly)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void LoadLarge(benchmark::State& state) {
     Large b;

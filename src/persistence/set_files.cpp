@@ -39,7 +39,7 @@ bool IsWholeSet(const std::string& path) {
     RecordReader file(path);
     try {
         if (file.GetString() != kHeaderText || file.Left() < kEndBytes) return false;
-        file.GetBytes(file.Left() - kEndBytes);
+        file.Skip(file.Left() - kEndBytes);
         return file.GetTagged() == TaggedValue(std::string(kEndTag));
     } catch (const RuntimeError&) {
         return false;

@@ -98,6 +98,20 @@ TEST(RecordStream, ALengthBeyondTheEndOfTheFileIsRefused) {
               "Input past end of file");
 }
 
+TEST(RecordStream, BytesArePassedOverInsideAndBeyondItsBuffer) {
+    TempFolder folder;
+    WriteBytes(folder / "f",
+               Bytes().I16(1).Raw(std::string(10, 'x')).I16(2).Raw(std::string(200000, 'x')).I16(3).Str());
+    RecordReader file(folder / "f");
+    EXPECT_EQ(file.GetInteger(), 1);
+    file.Skip(10);
+    EXPECT_EQ(file.GetInteger(), 2);
+    file.Skip(200000);
+    EXPECT_EQ(file.Left(), 2U);
+    EXPECT_EQ(DescriptionOf([&] { file.Skip(3); }), "Input past end of file");
+    EXPECT_EQ(file.GetInteger(), 3);
+}
+
 TEST(RecordStream, ANegativeLengthAndAnUnknownTypeAreErrors) {
     TempFolder folder;
     WriteBytes(folder / "f", Bytes().I16(-1).I32(0).Str());

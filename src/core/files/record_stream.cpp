@@ -33,16 +33,21 @@ enum TypeCode : std::int16_t {
 
 }  // namespace
 
-RecordWriter::RecordWriter(const std::string& path) : file_(path) { buffer_.reserve(kBufferBytes); }
+RecordWriter::RecordWriter(const std::string& path) : file_(path), buffer_(kBufferBytes) {}
 
 void RecordWriter::Flush() {
-    file_.Write({buffer_.data(), buffer_.size()});
-    buffer_.clear();
+    file_.Write({buffer_.data(), used_});
+    used_ = 0;
+}
+
+void RecordWriter::MakeRoom(std::size_t bytes) {
+    if (bytes > buffer_.size() - used_) Flush();
 }
 
 void RecordWriter::Put(std::uint64_t bits, std::size_t bytes) {
-    for (std::size_t i = 0; i < bytes; ++i) buffer_.push_back(static_cast<char>(bits >> (8 * i) & 0xFF));
-    if (buffer_.size() >= kBufferBytes) Flush();
+    MakeRoom(bytes);
+    for (std::size_t i = 0; i < bytes; ++i) buffer_[used_ + i] = static_cast<char>(bits >> (8 * i) & 0xFF);
+    used_ += bytes;
 }
 
 void RecordWriter::PutByte(std::uint8_t value) { Put(value, 1); }
@@ -54,8 +59,9 @@ void RecordWriter::PutDouble(double value) { Put(std::bit_cast<std::uint64_t>(va
 void RecordWriter::PutString(std::string_view text) {
     if (text.size() > static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max())) throw OverflowError();
     PutInteger(static_cast<std::int16_t>(text.size()));
-    buffer_.insert(buffer_.end(), text.begin(), text.end());
-    if (buffer_.size() >= kBufferBytes) Flush();
+    MakeRoom(text.size());
+    std::copy(text.begin(), text.end(), buffer_.begin() + static_cast<std::ptrdiff_t>(used_));
+    used_ += text.size();
 }
 
 void RecordWriter::PutTagged(const TaggedValue& value) {
@@ -150,6 +156,14 @@ std::string RecordReader::GetString() {
     const std::int16_t length = GetInteger();
     if (length < 0) RaiseBadLength();
     return GetBytes(static_cast<std::size_t>(length));
+}
+
+void RecordReader::Skip(std::uint64_t count) {
+    if (count > left_) RaisePastEnd();
+    const std::uint64_t buffered = std::min<std::uint64_t>(count, buffer_.size() - at_);
+    at_ += buffered;
+    left_ -= count;
+    if (count > buffered && ::lseek(file_, static_cast<off_t>(count - buffered), SEEK_CUR) < 0) RaiseFileError(errno);
 }
 
 std::string RecordReader::GetBytes(std::size_t count) {

@@ -43,8 +43,10 @@ public:
 private:
     void Put(std::uint64_t bits, std::size_t bytes);
     void Flush();
+    void MakeRoom(std::size_t bytes);
     NewFile file_;
-    std::vector<char> buffer_;
+    std::vector<char> buffer_;  ///< longer than any string of a file
+    std::size_t used_ = 0;
 };
 
 /// Reads a file as untrusted bytes: a length or a count beyond the rest of the file is refused.
@@ -65,6 +67,8 @@ public:
     std::string GetString();
     /// The bytes of a string whose length was read already.
     std::string GetBytes(std::size_t count);
+    /// Passes over bytes, also more than fit in memory.
+    void Skip(std::uint64_t count);
     /// An unknown type code is "Type mismatch" (13).
     TaggedValue GetTagged();
     /// Checks a count of items of at least `itemBytes` each and returns it: "Bad record length" when it is negative,
