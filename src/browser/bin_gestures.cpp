@@ -79,8 +79,12 @@ void PickDir_Click(Session& s, int bin) {
     s.World.Screen.ShowFolderTree(true);
 }
 
+bool PickDirTakesDrop(int bin, const DragSource& source) {
+    return source.Name == drags::kPickDir && source.Index >= 0 && source.Index < kBins && source.Index != bin;
+}
+
 void PickDir_DragDrop(Session& s, int bin, const DragSource& source) {
-    if (source.Name != drags::kPickDir || source.Index < 0 || source.Index >= kBins || source.Index == bin) return;
+    if (!PickDirTakesDrop(bin, source)) return;
     TakeFolder(s, bin, std::string(s.Bins[source.Index].Folder));
 }
 

@@ -29,6 +29,8 @@ void DropFromBin(Session& s, Row row, const DragSource& source);
 
 /// Opens the folder tree on the bin's folder.
 void PickDir_Click(Session& s, int bin);
+/// Whether a drop of `source` on the folder button of `bin` does anything: that of another folder button.
+bool PickDirTakesDrop(int bin, const DragSource& source);
 /// A drop on a folder button: the folder of another button is copied; anything else is ignored.
 void PickDir_DragDrop(Session& s, int bin, const DragSource& source);
 /// A folder of the tree dropped on a folder button becomes the bin's.

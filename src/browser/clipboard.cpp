@@ -81,6 +81,17 @@ DragSource ClipBoardList_MouseDown(Session& s, std::int16_t clip, std::int16_t b
     return {drags::kClipBoardList, 0, std::to_string(button)};
 }
 
+bool ClipBoardTakesDrop(const Session& s, const DragSource& source) {
+    if (source.Name != drags::kDropDown) return false;
+    if (source.Index != kSelectionRow) {
+        return source.Index >= 0 && source.Index < kLoopTracks && s.Run[source.Index].Loaded != False;
+    }
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        if (s.Set[row].Selected != False && s.Run[row].Loaded != False) return true;
+    }
+    return false;
+}
+
 void ClipBoardList_DragDrop(Session& s, const DragSource& source) {
     if (source.Name != drags::kDropDown) return;
     if (source.Index == kSelectionRow) {
@@ -90,6 +101,10 @@ void ClipBoardList_DragDrop(Session& s, const DragSource& source) {
     } else if (source.Index >= 0 && source.Index < kRows) {
         AddRowAsClip(s, source.Index);
     }
+}
+
+bool TrashTakesDrop(const Session& s, const DragSource& source) {
+    return source.Name == drags::kClipBoardList && HasClip(s, s.Clips.Selected);
 }
 
 void Trash_DragDrop(Session& s, const DragSource& source) {

@@ -30,9 +30,13 @@ bool HasClip(const Session& s, std::int16_t clip);
 void DeleteClip(Session& s, std::int16_t clipIndex);
 /// A press on a row of `ClipBoardList`: chooses `clip` and returns the source of the drag.
 DragSource ClipBoardList_MouseDown(Session& s, std::int16_t clip, std::int16_t button);
+/// Whether a drop of `source` on `ClipBoardList` adds a clip.
+bool ClipBoardTakesDrop(const Session& s, const DragSource& source);
 /// A drop on `ClipBoardList`: "DropDown" of a loaded LoopTrack adds its settings, that of row 4 those of each selected
 /// LoopTrack that is loaded.
 void ClipBoardList_DragDrop(Session& s, const DragSource& source);
+/// Whether a drop of `source` on `Trash` removes a clip.
+bool TrashTakesDrop(const Session& s, const DragSource& source);
 /// A drop of a clip on `Trash` removes it.
 void Trash_DragDrop(Session& s, const DragSource& source);
 /// Asks, then empties the clipboard.

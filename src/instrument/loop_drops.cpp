@@ -5,7 +5,9 @@
 #include <string_view>
 
 #include "browser/bin_gestures.h"
+#include "browser/clipboard.h"
 #include "core/help.h"
+#include "core/loops/grouping.h"
 #include "performance/drops/dropper.h"
 #include "performance/drops/palette.h"
 #include "performance/drops/row_drops.h"
@@ -18,20 +20,69 @@ namespace {
 struct DropHandler {
     std::string_view Name;  ///< of the dragged control
     void (*Drop)(Session& s, Row row, const DragSource& source);
+    bool (*Acts)(const Session& s, Row row, const DragSource& source);  ///< whether the drop does anything
 };
 
-constexpr std::array<DropHandler, 10> kDropHandlers{{{drags::kHistoryList, DropHistory},
-                                                     {drags::kLetr, DropFade},
-                                                     {drags::kPosBall, DropFade},
-                                                     {drags::kCloneTime, DropTimingElement},
-                                                     {drags::kAllTiming, DropAllTiming},
-                                                     {drags::kPatternGraph, DropPattern},
-                                                     {drags::kPatterns, DropPatterns},
-                                                     {drags::kTabControl, DropSequence},
-                                                     {drags::kPickFile, DropFromBin},
-                                                     {drags::kDropDown, DropLoopTrack}}};
+bool AnyIsControlled(const Session& s) {
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        if (IsControlled(s, row)) return true;
+    }
+    return false;
+}
+
+bool Always(const Session&, Row, const DragSource&) { return true; }
+
+bool Fades(const Session&, Row, const DragSource& source) {
+    return source.Tag == kFadeTag && source.Index >= 0 && source.Index <= kSelectionRow;
+}
+
+// A pattern is not copied onto the LoopTrack that it comes from.
+bool CopiesPattern(const Session& s, Row row, const DragSource&) {
+    return row == kSelectionRow ? AnyIsControlled(s) : row != s.CurrentLoop;
+}
+
+// The timing of a LoopTrack in a band goes to the others of the band.
+bool CopiesTiming(const Session& s, Row row, const DragSource& source) {
+    return CopiesPattern(s, row, source) || (row != kSelectionRow && s.Run[row].InBand != False);
+}
+
+bool LoadsFromBin(const Session& s, Row row, const DragSource& source) {
+    if (row == kSelectionRow && !AnyIsControlled(s)) return false;
+    return source.Index >= 0 && source.Index < kBins &&
+           !SampleAt(s, source.Index, s.Bins[source.Index].Selected).empty();
+}
+
+bool LoadsLoopTrack(const Session& s, Row row, const DragSource& source) {
+    return row != kSelectionRow && source.Index != row && source.Index >= 0 && source.Index < kLoopTracks &&
+           s.Run[source.Index].Loaded != False;
+}
+
+constexpr std::array<DropHandler, 10> kDropHandlers{{{drags::kHistoryList, DropHistory, Always},
+                                                     {drags::kLetr, DropFade, Fades},
+                                                     {drags::kPosBall, DropFade, Fades},
+                                                     {drags::kCloneTime, DropTimingElement, CopiesTiming},
+                                                     {drags::kAllTiming, DropAllTiming, CopiesTiming},
+                                                     {drags::kPatternGraph, DropPattern, CopiesPattern},
+                                                     {drags::kPatterns, DropPatterns, CopiesPattern},
+                                                     {drags::kTabControl, DropSequence, CopiesTiming},
+                                                     {drags::kPickFile, DropFromBin, LoadsFromBin},
+                                                     {drags::kDropDown, DropLoopTrack, LoadsLoopTrack}}};
+
+const DropHandler* HandlerOf(const DragSource& source) {
+    const auto* handler = std::find_if(kDropHandlers.begin(), kDropHandlers.end(),
+                                       [&](const DropHandler& each) { return each.Name == source.Name; });
+    return handler == kDropHandlers.end() ? nullptr : handler;
+}
 
 }  // namespace
+
+bool LoopTakesDrop(const Session& s, Row row, const DragSource& source) {
+    if (source.Tag == kHelpDragName || source.Name == kHelpDragName) return true;
+    if (source.Name == drags::kClipBoardList) return row != kSelectionRow && HasClip(s, s.Clips.Selected);
+    if (clsDropperManager().IsDropping(source)) return DropperReaches(row, source);
+    const DropHandler* handler = HandlerOf(source);
+    return handler != nullptr && handler->Acts(s, row, source);
+}
 
 void Letr_DragDrop(Session& s, Row row, const DragSource& source) {
     if (IsHelpDrop(s, source, kLoopTrackTopic)) return;
@@ -42,9 +93,7 @@ void LoopDragDrop(Session& s, Row row, const DragSource& source) {
     if (IsHelpDrop(s, source, kLoopTrackTopic)) return;
     if (source.Name == drags::kClipBoardList) return DropClip(s, row, source);
     if (DropDropperOnDisplay(s, row, source)) return;
-    const auto* handler = std::find_if(kDropHandlers.begin(), kDropHandlers.end(),
-                                       [&](const DropHandler& each) { return each.Name == source.Name; });
-    if (handler != kDropHandlers.end()) handler->Drop(s, row, source);
+    if (const DropHandler* handler = HandlerOf(source)) handler->Drop(s, row, source);
 }
 
 }  // namespace marvolin

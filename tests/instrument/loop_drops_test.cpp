@@ -285,5 +285,89 @@ TEST(LoopDragDrop, AnyOtherOrForgedSourceDoesNothing) {
     }
 }
 
+/// A LoopTrack with a sample and a sequence of its own (A, which is shown), three empty ones, a chosen clip and bin
+/// row.
+struct Promises : Drops {
+    Promises() {
+        Fill(0, Sample);
+        s.Set[0].StepDuration = 40;
+        s.Set[0].NSteps = 9;
+        s.Set[0].Pattern[kVolPattern][0] = 77;
+        s.Clips.ClipStore.emplace_back();
+        s.Clips.ClipStore[0].Hz = 2000;
+        s.Clips.ClipTop = 0;
+        s.Clips.Selected = 0;
+        s.Bins[1].Folder = Folder.Path();
+        s.Bins[1].Rows.push_back({.Name = "Kick", .Size = "", .Target = "", .File = "Kick.wav"});
+        s.Bins[1].Selected = 0;
+        for (Row row = 0; row < kLoopTracks; ++row) s.Set[row].Vol = static_cast<std::int16_t>(100 + row);
+    }
+    bool Changes(Row row, const DragSource& source) {
+        const auto before = s.Set;
+        LoopDragDrop(s, row, source);
+        for (Row each = 0; each < kLoopTracks; ++each) {
+            if (!(s.Set[each] == before[each])) return true;
+        }
+        return false;
+    }
+};
+
+TEST(LoopTakesDrop, PromisesExactlyTheDropsThatChangeSomething) {
+    const std::vector<DragSource> sources{{"CloneTime", 0, ""},
+                                          {"AllTiming", 0, ""},
+                                          {"PatternGraph", kVolPattern, ""},
+                                          {"Patterns", 0, ""},
+                                          {"TabControl", 0, ""},
+                                          {"PickFile", 1, ""},
+                                          {"PickFile", 0, ""},
+                                          {"PickFile", 9, ""},
+                                          {"DropDown", 0, ""},
+                                          {"DropDown", 2, ""},
+                                          {"DropDown", 77, ""},
+                                          {"ClipBoardList", 0, "1"},
+                                          {"Letr", 0, "1"},
+                                          {"Eraser", 0, ""},
+                                          {"PickDir", 0, ""},
+                                          {"", 0, ""},
+                                          Dropper(1),
+                                          {"Letr", 0, "Dropper~~99"}};
+    for (const DragSource& source : sources) {
+        for (Row row = 0; row <= kSelectionRow; ++row) {
+            for (const bool selected : {false, true}) {
+                SCOPED_TRACE(source.Name + " " + source.Tag + " on " + RowLetter(row));
+                Promises d;
+                if (selected) d.Select(3);
+                const bool promised = LoopTakesDrop(d.s, row, source);
+                EXPECT_EQ(promised, d.Changes(row, source));
+            }
+        }
+    }
+}
+
+TEST(LoopTakesDrop, PromisesFadesThePaletteAndHelp) {
+    Promises d;
+    for (Row row = 0; row <= kSelectionRow; ++row) {
+        EXPECT_TRUE(LoopTakesDrop(d.s, row, {"PosBall", 0, kFadeTag}));
+        EXPECT_TRUE(LoopTakesDrop(d.s, row, {"Letr", row, kFadeTag}));
+        EXPECT_FALSE(LoopTakesDrop(d.s, row, {"Letr", 99, kFadeTag}));
+        EXPECT_TRUE(LoopTakesDrop(d.s, row, {"HistoryList", 0, ""}));
+        EXPECT_TRUE(LoopTakesDrop(d.s, row, {"StatusBar1", 0, std::string(kHelpDragName)}));
+    }
+}
+
+TEST(LoopTakesDrop, InABandTheTimingOfALoopTrackGoesToTheOthers) {
+    Promises d;
+    d.MakeBand(0, 0, 1);
+    EXPECT_TRUE(LoopTakesDrop(d.s, 0, {"AllTiming", 0, ""}));
+    EXPECT_TRUE(d.Changes(0, {"AllTiming", 0, ""}));
+    EXPECT_FALSE(LoopTakesDrop(d.s, 0, {"Patterns", 0, ""}));
+}
+
+TEST(LoopTakesDrop, WithoutAChosenClipNoneIsPromised) {
+    Promises d;
+    d.s.Clips.Selected = -1;
+    EXPECT_FALSE(LoopTakesDrop(d.s, 1, {"ClipBoardList", 0, "1"}));
+}
+
 }  // namespace
 }  // namespace marvolin

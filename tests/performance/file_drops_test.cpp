@@ -35,6 +35,13 @@ TEST(FileDrops, SeveralFilesFillTheRowsBelowAsFarAsThereAreRows) {
     EXPECT_FALSE(d.Desk.Busy);
 }
 
+TEST(FileDrops, ThePointerPromisesADropOfAFileOfThisMachine) {
+    EXPECT_TRUE(TakesFiles({"/samples/a.wav"}));
+    EXPECT_TRUE(TakesFiles({"", "/samples"}));
+    EXPECT_FALSE(TakesFiles({""}));
+    EXPECT_FALSE(TakesFiles({}));
+}
+
 TEST(FileDrops, ThePointerIsBusyFromTheFirstFileToTheLast) {
     FileDrops d;
     DropFilesOnRow(d.s, 0, {d.Put("a.wav"), d.Put("b.wav"), d.Put("c.wav")});

@@ -47,6 +47,11 @@ void Letr_DblClick(Session& s, Row row) {
     s.World.Screen.ShowCaption(row);
 }
 
+bool DropperReaches(Row row, const DragSource& source) {
+    const Row from = DropperFrom(row, source);
+    return from >= 0 && from != row;
+}
+
 bool DropDropperOnDisplay(Session& s, Row row, const DragSource& source) {
     const Row from = DropperFrom(row, source);
     if (from < 0) return false;

@@ -26,6 +26,9 @@ std::optional<DragSource> Letr_MouseDown(Row row, std::int16_t button);
 /// Double click on a letter: flips `Thinnable`; row 4 has none.
 void Letr_DblClick(Session& s, Row row);
 
+/// Whether `source` is the dropper of another LoopTrack, and `row` not 4: only then does its drop on `row` change
+/// anything.
+bool DropperReaches(Row row, const DragSource& source);
 /// When `source` is the dropper and `row` is not 4, the LoopTrack that started the drag takes the volume of `row`, and
 /// the result is true. A drop on the LoopTrack itself changes nothing, also not the others of its band.
 bool DropDropperOnDisplay(Session& s, Row row, const DragSource& source);

@@ -7,6 +7,10 @@
 
 namespace marvolin {
 
+/// Whether a drop of these paths does anything: one of them is on this machine ("" is not). It loads, or the status line
+/// names it.
+bool TakesFiles(const std::vector<std::string>& paths);
+
 /// Files dropped from a file manager on `row` (0..4): the first loads into the row and its gang, the others into the
 /// rows below, as far as there are rows; they are played with `PlayOnLoad`. What is no
 /// sample (`IsNoSample`) is named in the status line, and changes nothing and takes no row.
