@@ -65,14 +65,10 @@ TEST(Browser, TheRightThirdOfARowBeginsADrag) {
     Browser browser;
     SetFileDestination(browser.s, 1, 0);
     QWidget& list = browser.Part("PickFile_1");
-    const auto inside = test::DragOf(list, [&] {
-        QTest::mousePress(&list, Qt::LeftButton, {}, {list.width() * 2 / 3 + 2, 12});
-    });
+    const auto inside = test::DragAway(list, list, {list.width() * 2 / 3 + 2, 12});
     EXPECT_EQ(inside, (DragSource{"PickFile", 1, ""}));
     EXPECT_EQ(browser.s.DragBin, 1);
-    const auto beside = test::DragOf(list, [&] {
-        QTest::mousePress(&list, Qt::LeftButton, {}, {list.width() * 2 / 3 - 4, 12});
-    });
+    const auto beside = test::DragAway(list, list, {list.width() * 2 / 3 - 14, 12});
     EXPECT_EQ(beside, std::nullopt);
 }
 
@@ -81,10 +77,10 @@ TEST(Browser, InDrgDrpAPressAnywhereOnARowBeginsADragAndAClickLoadsNothing) {
     SetFileDestination(browser.s, 0, kDragDestination);
     QWidget& list = browser.Part("PickFile_0");
     for (Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
-        const auto source = test::DragOf(list, [&] { QTest::mousePress(&list, button, {}, Browser::RowAt(2)); });
+        const auto source = test::DragAway(list, list, Browser::RowAt(2), button);
         EXPECT_EQ(source, (DragSource{"PickFile", 0, ""}));
         EXPECT_EQ(browser.s.Bins[0].Selected, 2);
-        QTest::mouseRelease(&list, button, {}, Browser::RowAt(2));
+        QTest::mouseClick(&list, button, {}, Browser::RowAt(2));
     }
     EXPECT_EQ(browser.s.Run[0].Loaded, False);
     browser.DropControl("LoopRow_2", {"PickFile", 0, ""});
@@ -299,17 +295,26 @@ TEST(Browser, AnyButtonDragsInTheRightMarginAndThenLoadsNothing) {
     for (Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
         browser.ClickOn("PickDir_0");
         browser.s.Bins[0].Selected = -1;
-        const auto source = test::DragOf(list, [&] {
-            QTest::mousePress(&list, button, {}, margin);
-            QTest::mouseRelease(&list, button, {}, margin);
-        });
+        const auto source = test::DragAway(list, list, margin, button);
         EXPECT_EQ(source, (DragSource{"PickFile", 0, ""})) << button;
         EXPECT_EQ(browser.s.Bins[0].Selected, 1) << button;
         EXPECT_FALSE(browser.Window.Bins->Tree->isVisible()) << button;
     }
+    EXPECT_EQ(browser.s.Run[0].Loaded, False);
     SetFileDestination(browser.s, 0, kDragDestination);
-    const auto middle = test::DragOf(list, [&] { QTest::mouseClick(&list, Qt::MiddleButton, {}, {30, 34}); });
+    const auto middle = test::DragAway(list, list, {30, 34}, Qt::MiddleButton);
     EXPECT_EQ(middle, std::nullopt);
+}
+
+TEST(Browser, AClickInTheRightMarginLoadsAsAClickDoes) {
+    Browser browser;
+    SetFileDestination(browser.s, 0, 0);
+    QWidget& list = browser.Part("PickFile_0");
+    const auto source = test::DragOf(list, [&] {
+        QTest::mouseClick(&list, Qt::LeftButton, {}, {list.width() - 20, 12 + 22});
+    });
+    EXPECT_EQ(source, std::nullopt);
+    EXPECT_EQ(fs::path(browser.s.Set[0].FileName).stem(), browser.s.Bins[0].Rows[1].Name);
 }
 
 TEST(Browser, AScrolledListLoadsTheRowUnderThePointer) {

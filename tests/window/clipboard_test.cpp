@@ -42,7 +42,7 @@ struct Clips : test::Browser {
         QWidget& view = *List().viewport();
         const QPoint place =
             row < List().count() ? List().visualItemRect(List().item(row)).center() : QPoint(20, view.height() - 10);
-        return test::DragOf(List(), [&] { QTest::mouseClick(&view, button, {}, place); });
+        return test::DragAway(List(), view, place, button);
     }
     void Untick(int box) { ClickOn(("Components_" + std::to_string(box)).c_str(), {10, 12}); }
 };
@@ -70,7 +70,7 @@ TEST(ClipBoardPage, TheNameOfALoadedLoopTrackDroppedOnTheListBecomesAClip) {
     clips.Load(1, "one.wav");
     EXPECT_TRUE(clips.DropOnList({"DropDown", 1, ""}));
     EXPECT_TRUE(clips.DropOnList({"DropDown", 1, ""}));
-    EXPECT_TRUE(clips.DropOnList({"DropDown", 0, ""}));  // empty
+    EXPECT_FALSE(clips.DropOnList({"DropDown", 0, ""}));  // empty
     ASSERT_EQ(clips.Rows(), (QStringList{"one", "(2) one"}));
     EXPECT_EQ(clips.s.Clips.ClipStore[1].Vol, 123);
 }
@@ -79,7 +79,7 @@ TEST(ClipBoardPage, AGripOfTheMainWindowDragsWhatTheListTakes) {
     Clips clips;
     clips.Load(2, "two.WAV");
     QWidget& grip = *clips.At("DropDown_2");
-    const auto source = test::DragOf(grip, [&] { QTest::mouseClick(&grip, Qt::LeftButton, {}, {40, 3}); });
+    const auto source = test::DragAway(grip, grip, {40, 3});
     ASSERT_TRUE(source.has_value());
     EXPECT_TRUE(clips.DropOnList(*source));
     EXPECT_EQ(clips.Rows(), QStringList{"two"});
@@ -90,7 +90,7 @@ TEST(ClipBoardPage, TheSelectionRowAddsEachSelectedLoopTrackThatIsLoaded) {
     clips.Load(0, "one.wav");
     clips.Load(2, "two.WAV");
     clips.Load(3, "three.wav");
-    EXPECT_TRUE(clips.DropOnList({"DropDown", 4, ""}));
+    EXPECT_FALSE(clips.DropOnList({"DropDown", 4, ""}));
     EXPECT_EQ(clips.Rows(), QStringList{});
     for (const char* flag : {"Selected_0", "Selected_1", "Selected_3"}) clips.Click(flag);
     EXPECT_TRUE(clips.DropOnList({"DropDown", 4, ""}));
@@ -107,7 +107,18 @@ TEST(ClipBoardPage, OtherControlsAndFilesAddNothing) {
     EXPECT_EQ(clips.Rows(), QStringList{});
 }
 
-TEST(ClipBoardPage, APressOnAClipDragsItAndTheTagIsTheButton) {
+TEST(ClipBoardPage, AClickOnAClipChoosesItAndDragsNothing) {
+    Clips clips;
+    clips.Load(0, "one.wav");
+    for (int i = 0; i < 2; ++i) clips.DropOnList({"DropDown", 0, ""});
+    QWidget& view = *clips.List().viewport();
+    const QPoint place = clips.List().visualItemRect(clips.List().item(1)).center();
+    EXPECT_EQ(test::DragOf(clips.List(), [&] { QTest::mouseClick(&view, Qt::LeftButton, {}, place); }), std::nullopt);
+    EXPECT_EQ(clips.List().currentRow(), 1);
+    EXPECT_EQ(clips.s.Clips.Selected, -1);
+}
+
+TEST(ClipBoardPage, ADragOfAClipHasTheButtonForItsTag) {
     Clips clips;
     clips.Load(0, "one.wav");
     clips.Load(1, "two.WAV");

@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QUrl>
 #include <filesystem>
 #include <fstream>
 
@@ -79,12 +83,37 @@ TEST(FileDrop, AFileThatDoesNotExistShowsABox) {
     EXPECT_EQ(stage.Desk.LastBox(), "File Doesn't Exist !!");
 }
 
+TEST(FileDrop, ThePointerPromisesNoDropOfAnAddressElsewhere) {
+    Stage stage;
+    QMimeData data;
+    data.setUrls({QUrl("https://samples.invalid/one.wav")});
+    for (const char* name : {"LoopRow_0", "Letr_0", "PatternGraph_0"}) {
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(stage.At(name), &enter);
+        EXPECT_FALSE(enter.isAccepted()) << name;
+    }
+}
+
 TEST(FileDrop, PlaysAfterLoadingWhenPlayOnLoadIsOn) {
     Stage stage;
     Folder folder;
     stage.s.PlayOnLoad = true;
     stage.DropFiles("LoopRow_0", {folder.Put("one.wav")});
     EXPECT_EQ(stage.s.Run[0].Playing, True);
+}
+
+TEST(ControlDrop, ThePointerPromisesOnlyWhatADropDoes) {
+    Stage stage;
+    for (const char* name : {"Letr_0", "SndDisp_0", "LoopRow_0", "VolKnob_0", "Play_0"}) {
+        EXPECT_FALSE(stage.DropControl(name, {"Letr", 0, "Dropper~~0"})) << name;
+        EXPECT_FALSE(stage.DropControl(name, {"Eraser", 0, ""})) << name;
+        EXPECT_FALSE(stage.DropControl(name, {"Patterns", 0, ""})) << name;  // A is shown
+        EXPECT_FALSE(stage.DropControl(name, {"DropDown", 1, ""})) << name;  // empty
+        EXPECT_TRUE(stage.DropControl(name, {"Letr", 1, "Dropper~~1"})) << name;
+    }
+    EXPECT_FALSE(stage.DropControl("PatternGraph_0", {"Letr", 1, "Dropper~~1"}));
+    EXPECT_FALSE(stage.DropControl("PatternGraph_0", {"PatternGraph", 1, ""}));
+    EXPECT_TRUE(stage.DropControl("PatternGraph_0", {"Eraser", 0, ""}));
 }
 
 TEST(ControlDrop, PatternsAndTimingAreCopiedToTheRow) {

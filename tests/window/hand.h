@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QCursor>
 #include <QDrag>
+#include <QMouseEvent>
 #include <QTimer>
 #include <QtTest/QTest>
 #include <functional>
@@ -64,6 +65,19 @@ inline std::optional<DragSource> DragOf(QWidget& from, const std::function<void(
     if (!seen && over != nullptr) seen = FromMimeData(*over->mimeData());
     QCoreApplication::processEvents();
     return seen;
+}
+
+/// What a press at `place` of `pointed` drags once it has gone the drag distance; none when it drags nothing. `from` is
+/// the control: `pointed`, or the list whose viewport that is.
+inline std::optional<DragSource> DragAway(QWidget& from, QWidget& pointed, QPoint place,
+                                          Qt::MouseButton button = Qt::LeftButton) {
+    return DragOf(from, [&] {
+        QTest::mousePress(&pointed, button, {}, place);
+        const QPointF away = place + QPointF(QApplication::startDragDistance(), 0);
+        QMouseEvent move(QEvent::MouseMove, away, pointed.mapToGlobal(away), Qt::NoButton, button, {});
+        QApplication::sendEvent(&pointed, &move);
+        QTest::mouseRelease(&pointed, button, {}, away.toPoint());
+    });
 }
 
 }  // namespace marvolin::test

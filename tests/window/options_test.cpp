@@ -6,6 +6,7 @@
 #include <QSlider>
 #include <QTest>
 
+#include "hand.h"
 #include "stage.h"
 
 namespace marvolin {
@@ -30,9 +31,7 @@ TEST(Options, ListTheDriversAndOpenTheChosenOne) {
     auto& drivers = stage.Find<QComboBox>("cboDrivers");
     ASSERT_EQ(drivers.count(), 3);
     EXPECT_EQ(drivers.itemText(2), "No Sound");
-    drivers.setFocus();
-    QTest::keyClick(&drivers, Qt::Key_Down);
-    QTest::keyClick(&drivers, Qt::Key_Down);
+    test::Choose(drivers, 2);
     EXPECT_EQ(stage.s.Driver, 2);
     EXPECT_FALSE(stage.s.DSReady);
 }
@@ -70,8 +69,7 @@ TEST(Options, TheDragAxisIsChosen) {
     stage.Click("OptionSubTab_1");
     auto& axis = stage.Find<QComboBox>("DragAxisSelect");
     EXPECT_EQ(axis.currentIndex(), 1);
-    axis.setFocus();
-    QTest::keyClick(&axis, Qt::Key_Up);
+    test::Choose(axis, 0);
     EXPECT_EQ(stage.s.DragAxis, 0);
 }
 

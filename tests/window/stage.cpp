@@ -75,30 +75,33 @@ void Stage::Drag(const char* name, QPointF way, Qt::MouseButton button) {
     Release(name, start + way, button);
 }
 
-void Stage::Wheel(const char* name, int notches) {
+void Stage::Wheel(const char* name, int notches, quint64 pause) {
     const QPointF place = Middle(name);
-    QWheelEvent event(place, At(name)->mapToGlobal(place), {}, QPoint(0, notches * 120), Qt::NoButton, {},
-                      Qt::NoScrollPhase, false);
+    QWheelEvent event(place, At(name)->mapToGlobal(place), {}, QPoint(0, notches * 120), QApplication::mouseButtons(),
+                      {}, Qt::NoScrollPhase, false);
+    time_ += pause;
+    event.setTimestamp(time_);
     QApplication::sendEvent(At(name), &event);
 }
 
-void Stage::DropData(const char* name, std::unique_ptr<QMimeData> data) {
+bool Stage::DropData(const char* name, std::unique_ptr<QMimeData> data) {
     const QPointF place = Middle(name);
     QDragEnterEvent enter(place.toPoint(), Qt::CopyAction, data.get(), Qt::LeftButton, {});
     QApplication::sendEvent(At(name), &enter);
-    EXPECT_TRUE(enter.isAccepted()) << name;
+    if (!enter.isAccepted()) return false;
     QDropEvent drop(place, Qt::CopyAction, data.get(), Qt::LeftButton, {});
     QApplication::sendEvent(At(name), &drop);
+    return true;
 }
 
-void Stage::DropControl(const char* name, const DragSource& source) { DropData(name, ToMimeData(source)); }
+bool Stage::DropControl(const char* name, const DragSource& source) { return DropData(name, ToMimeData(source)); }
 
-void Stage::DropFiles(const char* name, const std::vector<std::string>& paths) {
+bool Stage::DropFiles(const char* name, const std::vector<std::string>& paths) {
     auto data = std::make_unique<QMimeData>();
     QList<QUrl> urls;
     for (const std::string& path : paths) urls.append(QUrl::fromLocalFile(QString::fromStdString(path)));
     data->setUrls(urls);
-    DropData(name, std::move(data));
+    return DropData(name, std::move(data));
 }
 
 FakeSound::Buffer& Stage::Fill(Row row) {

@@ -38,11 +38,12 @@ public:
     void DoubleClick(const char* name);
     /// Presses in the middle, moves by `way` pixels and releases there.
     void Drag(const char* name, QPointF way, Qt::MouseButton button = Qt::LeftButton);
-    void Wheel(const char* name, int notches);
+    /// Turns the wheel over the control, `pause` milliseconds after the last time.
+    void Wheel(const char* name, int notches, quint64 pause = 1000);
 
-    /// Drops a control, or files, on the control with this name.
-    void DropControl(const char* name, const DragSource& source);
-    void DropFiles(const char* name, const std::vector<std::string>& paths);
+    /// Drops a control, or files, on the control with this name. False, and no drop, when the pointer promises none.
+    bool DropControl(const char* name, const DragSource& source);
+    bool DropFiles(const char* name, const std::vector<std::string>& paths);
 
     /// Puts a sample into a row: one second, 44100 Hz, 16 bit, stereo.
     FakeSound::Buffer& Fill(Row row);
@@ -58,7 +59,8 @@ public:
     std::unique_ptr<FrmMain> Form;
 
 private:
-    void DropData(const char* name, std::unique_ptr<QMimeData> data);
+    quint64 time_ = 0;  // of the last turn of the wheel, ms
+    bool DropData(const char* name, std::unique_ptr<QMimeData> data);
 };
 
 /// Records the regions that are painted while it lives, by object name.

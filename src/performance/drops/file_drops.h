@@ -7,8 +7,8 @@
 
 namespace marvolin {
 
-/// Whether a drop of these paths does anything: one of them is on this machine ("" is not). It loads, or the status line
-/// names it.
+/// Whether a drop of these paths does anything: one of them is on this machine ("" is not). It loads, or the status
+/// line names it.
 bool TakesFiles(const std::vector<std::string>& paths);
 
 /// Files dropped from a file manager on `row` (0..4): the first loads into the row and its gang, the others into the

@@ -75,7 +75,7 @@ void BinList::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     const int row = RowAt(at.y());
     if (phase == Phase::Down) {
         if (const auto source = PickFile_MouseDown(s, index, button, row, at.x(), ListWidth())) {
-            BeginDrag(*source);
+            ArmDrag(*source);
         }
     } else if (phase == Phase::Up) {
         if (QRectF(rect()).contains(at)) PickFile_MouseUp(s, index, button, row);

@@ -1,10 +1,12 @@
 #include "window/controls/clip_list.h"
 
+#include <QApplication>
 #include <QDragEnterEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
+#include <utility>
 
 #include "browser/clipboard.h"
 #include "window/toolkit/drag.h"
@@ -38,17 +40,30 @@ void ClipList::Refresh() {
 void ClipList::mousePressEvent(QMouseEvent* event) {
     const QListWidgetItem* pressed = itemAt(event->position().toPoint());
     if (pressed == nullptr) return;
-    const int clip = row(pressed);
-    setCurrentRow(clip);
+    button_ = ButtonNumber(event->button());
+    press_ = event->position().toPoint();
+    setCurrentItem(const_cast<QListWidgetItem*>(pressed));
+}
+
+void ClipList::mouseReleaseEvent(QMouseEvent* event) {
+    if (ButtonNumber(event->button()) == button_) button_ = kNoButton;
+}
+
+// Selects nothing, unlike the toolkit's own list: the pointer drags the clip that was pressed.
+void ClipList::mouseMoveEvent(QMouseEvent* event) {
+    if (button_ == kNoButton || currentRow() < 0) return;
+    if ((event->position().toPoint() - press_).manhattanLength() < QApplication::startDragDistance()) return;
     const DragSource source =
-        ClipBoardList_MouseDown(s, static_cast<std::int16_t>(clip), ButtonNumber(event->button()));
+        ClipBoardList_MouseDown(s, static_cast<std::int16_t>(currentRow()), std::exchange(button_, kNoButton));
     RunDrag(*this, s, source);
 }
 
 void ClipList::dragEnterEvent(QDragEnterEvent* event) {
-    if (IsDragSource(*event->mimeData())) event->acceptProposedAction();
+    const auto source = FromMimeData(*event->mimeData());
+    event->setAccepted(source && ClipBoardTakesDrop(s, *source));
 }
 
+// The toolkit's list would refuse the places between its entries.
 void ClipList::dragMoveEvent(QDragMoveEvent* event) { event->acceptProposedAction(); }
 
 void ClipList::dropEvent(QDropEvent* event) {
@@ -75,6 +90,8 @@ void ClipList::paintEvent(QPaintEvent* event) {
 }
 
 Trash::Trash(Session& session, QWidget* parent) : Control(session, parent, "Trash") { setAcceptDrops(true); }
+
+bool Trash::TakesDrop(const DragSource& source) const { return TrashTakesDrop(s, source); }
 
 void Trash::Drop(const DragSource& source) { Trash_DragDrop(s, source); }
 

@@ -14,8 +14,10 @@ public:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
-    /// Selects nothing, unlike the toolkit's own list: a press has begun a drag.
-    void mouseMoveEvent(QMouseEvent*) override {}
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    /// The second press of two is a press like the first.
+    void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -24,6 +26,8 @@ protected:
 
 private:
     Session& s;
+    std::int16_t button_ = kNoButton;  // the button that holds a clip
+    QPoint press_;
 };
 
 /// `Trash`: a drop of a clip removes it.
@@ -32,6 +36,7 @@ public:
     Trash(Session& session, QWidget* parent);
 
 protected:
+    bool TakesDrop(const DragSource& source) const override;
     void Drop(const DragSource& source) override;
     void paintEvent(QPaintEvent* event) override;
 };

@@ -41,14 +41,6 @@ std::int16_t ButtonNumber(Qt::MouseButton button) {
     }
 }
 
-std::int16_t ButtonMask(Qt::MouseButtons buttons) {
-    int mask = kNoButton;
-    for (Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
-        if (buttons.testFlag(button)) mask |= ButtonNumber(button);
-    }
-    return static_cast<std::int16_t>(mask);
-}
-
 Control::Control(Session& session, QWidget* parent, std::string_view name, int controlIndex)
     : QWidget(parent),
       s(session),
@@ -67,6 +59,7 @@ void Control::TakeDropsFor(Row row) {
 void Control::Activate() {
     const QPointF middle = Twips(QRectF(rect()).center());
     Gesture(Phase::Down, kLeftButton, middle);
+    armed_.reset();  // a key drags nothing
     Gesture(Phase::Up, kLeftButton, middle);
 }
 
@@ -74,9 +67,11 @@ void Control::Drop(const DragSource& source) {
     if (dropRow_ >= 0) LoopDragDrop(s, dropRow_, source);
 }
 
-void Control::BeginDrag(const DragSource& source) {
-    armed_.reset();
-    held_ = kNoButton;  // the release goes to the drag
+bool Control::TakesDrop(const DragSource& source) const { return dropRow_ >= 0 && LoopTakesDrop(s, dropRow_, source); }
+
+void Control::BeginDrag() {
+    const DragSource source = *armed_;
+    EndHold();  // the release goes to the drag
     RunDrag(*this, s, source);
     // The event that the pointer left the control may have gone to the drag as well.
     if (underMouse() && !rect().contains(mapFromGlobal(QCursor::pos()))) {
@@ -95,48 +90,58 @@ bool Control::event(QEvent* event) {
     return QWidget::event(event);
 }
 
+// Other buttons do not come here while one holds the control: a hold that is still open has lost its release.
+bool Control::BeginHold(const QMouseEvent& event) {
+    const std::int16_t button = ButtonNumber(event.button());
+    if (button == kNoButton) return false;
+    if (Held()) EndHold();
+    held_ = button;
+    last_ = press_ = event.globalPosition();
+    armed_.reset();
+    return true;
+}
+
+// Ends the hold without a click: a press that armed a drag has begun nothing else.
 void Control::EndHold() {
     const std::int16_t button = held_;
+    const bool armed = armed_.has_value();
     held_ = kNoButton;
-    Gesture(Phase::Up, button, Twips(mapFromGlobal(last_)));
+    armed_.reset();
+    if (!armed) Gesture(Phase::Up, button, Twips(mapFromGlobal(last_)));
     update();
 }
 
 void Control::mousePressEvent(QMouseEvent* event) {
-    held_ = ButtonNumber(event->button());
-    last_ = press_ = event->globalPosition();
-    armed_.reset();
+    if (!BeginHold(*event)) return;
     Gesture(Phase::Down, held_, Twips(event->position()));
     update();
 }
 
 void Control::mouseMoveEvent(QMouseEvent* event) {
     last_ = event->globalPosition();
-    if (armed_ && Held() && (last_ - press_).manhattanLength() >= QApplication::startDragDistance()) {
-        const DragSource source = *armed_;
-        armed_.reset();
-        return BeginDrag(source);
-    }
-    Gesture(Phase::Move, ButtonMask(event->buttons()), Twips(event->position()));
+    const bool far = (last_ - press_).manhattanLength() >= QApplication::startDragDistance();
+    if (armed_ && Held() && far) return BeginDrag();
+    Gesture(Phase::Move, held_, Twips(event->position()));
 }
 
 void Control::mouseReleaseEvent(QMouseEvent* event) {
     const std::int16_t button = ButtonNumber(event->button());
+    if (!Held() || button != held_) return;
     held_ = kNoButton;
-    if (armed_) {
-        const DragSource source = *armed_;
-        armed_.reset();
-        Drop(source);
-    }
+    armed_.reset();
     Gesture(Phase::Up, button, Twips(event->position()));
     update();
 }
 
 void Control::mouseDoubleClickEvent(QMouseEvent* event) {
-    held_ = ButtonNumber(event->button());
-    last_ = press_ = event->globalPosition();
-    armed_.reset();
-    DoubleClick(held_, Twips(event->position()));
+    if (!BeginHold(*event)) return;
+    const QPointF place = Twips(event->position());
+    // Two clicks of another button are two clicks.
+    if (held_ == kLeftButton) {
+        DoubleClick(held_, place);
+    } else {
+        Gesture(Phase::Down, held_, place);
+    }
     update();
 }
 
@@ -177,7 +182,9 @@ void Control::keyPressEvent(QKeyEvent* event) {
 }
 
 void Control::dragEnterEvent(QDragEnterEvent* event) {
-    if (event->mimeData()->hasUrls() || IsDragSource(*event->mimeData())) event->acceptProposedAction();
+    const auto source = FromMimeData(*event->mimeData());
+    const bool takes = source ? TakesDrop(*source) : dropRow_ >= 0 && TakesFiles(FilePaths(*event->mimeData()));
+    event->setAccepted(takes);
 }
 
 void Control::dropEvent(QDropEvent* event) {

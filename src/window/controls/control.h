@@ -32,23 +32,25 @@ protected:
     const Row index;
     Described& described;  ///< the row of the table; belongs to this widget
 
-    /// A press, move or release of the pointer, in twips. `button` is the button of the event; for a move, the sum of
-    /// the held buttons.
+    /// A press, move or release of the pointer, in twips. `button` is the one that holds the control; for a move of a
+    /// pointer that does not hold it, `kNoButton`. While one button holds the control, presses and releases of others
+    /// do not come here; each press is followed by one release, or by a drag that was armed.
     virtual void Gesture(Phase, std::int16_t /*button*/, QPointF /*twips*/) {}
-    /// The second press of a double click. A control without a double click takes it as a press.
+    /// The second press of a double click with the left button. A control without a double click takes it as a press;
+    /// so are two clicks of another button.
     virtual void DoubleClick(std::int16_t button, QPointF twips) { Gesture(Phase::Down, button, twips); }
     /// A fine step of the wheel or an arrow key; up and right are positive.
     virtual void Step(int /*units*/) {}
     /// Space or Return while the control has the focus: a left click in its middle.
     virtual void Activate();
+    /// Whether a drop of another control would change anything. The pointer shows it.
+    virtual bool TakesDrop(const DragSource& source) const;
     /// A drop of another control.
     virtual void Drop(const DragSource& source);
 
-    /// Lets the held pointer become a drag of `source` once it has moved. A release before that drops the source on
-    /// this control.
+    /// Lets the press that is being handled become a drag of `source` once the pointer has gone the desktop's drag
+    /// distance. The release then goes to the drag; before that it is the release of a click.
     void ArmDrag(DragSource source) { armed_ = std::move(source); }
-    /// Starts a drag of this control; returns when it has ended.
-    void BeginDrag(const DragSource& source);
     bool Held() const { return held_ != kNoButton; }
     theme::FaceState Face() const { return {isEnabled(), underMouse(), Held(), hasFocus()}; }
     /// The text that is drawn on the control.
@@ -65,9 +67,11 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    bool BeginHold(const QMouseEvent& event);
     void EndHold();
+    void BeginDrag();
 
-    std::int16_t held_ = kNoButton;
+    std::int16_t held_ = kNoButton;    // the button of the hold
     QPointF last_;                     // last place of the pointer on the screen: a control may move under it
     std::optional<DragSource> armed_;  // the drag that the held pointer may become
     QPointF press_;                    // place of the press on the screen
@@ -75,9 +79,7 @@ private:
     Row dropRow_ = -1;
 };
 
-/// The number that the gesture procedures use for a button of the toolkit.
+/// The number that the gesture procedures use for a button of the toolkit; `kNoButton` for one that they do not know.
 std::int16_t ButtonNumber(Qt::MouseButton button);
-/// The sum of the numbers of the held buttons.
-std::int16_t ButtonMask(Qt::MouseButtons buttons);
 
 }  // namespace marvolin

@@ -40,10 +40,12 @@ void PatternGraphControl::Gesture(Phase phase, std::int16_t button, QPointF twip
                           {passed_.x(), passed_.y()},
                           {width() * kTwipsPerPixel, height() * kTwipsPerPixel}});
     passed_ = twips;
-    if (phase == Phase::Down && button == kRightButton) BeginDrag({drags::kPatternGraph, index, ""});
+    if (phase == Phase::Down && button == kRightButton) ArmDrag({drags::kPatternGraph, index, ""});
 }
 
 void PatternGraphControl::DoubleClick(std::int16_t button, QPointF twips) { Gesture(Phase::Down, button, twips); }
+
+bool PatternGraphControl::TakesDrop(const DragSource& source) const { return source.Name == drags::kEraser; }
 
 void PatternGraphControl::Drop(const DragSource& source) {
     if (source.Name == drags::kEraser) EraserDrop(s, index);

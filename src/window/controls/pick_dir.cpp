@@ -1,6 +1,6 @@
 #include "window/controls/pick_dir.h"
 
-#include <QApplication>
+#include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QMimeData>
@@ -9,6 +9,18 @@
 #include "browser/bin_gestures.h"
 
 namespace marvolin {
+
+namespace {
+
+/// The first folder of a drop; "" when there is none.
+std::string FolderIn(const QMimeData& data) {
+    for (const std::string& path : FilePaths(data)) {
+        if (QFileInfo(QString::fromStdString(path)).isDir()) return path;
+    }
+    return "";
+}
+
+}  // namespace
 
 PickDir::PickDir(Session& session, QWidget* parent, int bin) : Control(session, parent, drags::kPickDir, bin) {
     setAcceptDrops(true);
@@ -19,29 +31,25 @@ void PickDir::Refresh() {
     update();
 }
 
-void PickDir::Gesture(Phase phase, std::int16_t button, QPointF twips) {
-    const QPointF at = twips / kTwipsPerPixel;
-    if (phase == Phase::Down) {
-        press_ = at;
-        pressed_ = true;
-    } else if (phase == Phase::Up) {
-        if (pressed_ && QRectF(rect()).contains(at)) PickDir_Click(s, index);
-        pressed_ = false;
-    } else if (pressed_ && button != kNoButton &&
-               (at - press_).manhattanLength() >= QApplication::startDragDistance()) {
-        pressed_ = false;
-        BeginDrag({drags::kPickDir, index, ""});
-    }
+void PickDir::Gesture(Phase phase, std::int16_t, QPointF twips) {
+    if (phase == Phase::Down) ArmDrag({drags::kPickDir, index, ""});
+    if (phase == Phase::Up && QRectF(rect()).contains(twips / kTwipsPerPixel)) PickDir_Click(s, index);
 }
 
+bool PickDir::TakesDrop(const DragSource& source) const { return PickDirTakesDrop(index, source); }
+
 void PickDir::Drop(const DragSource& source) { PickDir_DragDrop(s, index, source); }
+
+void PickDir::dragEnterEvent(QDragEnterEvent* event) {
+    if (IsDragSource(*event->mimeData())) return Control::dragEnterEvent(event);
+    event->setAccepted(!FolderIn(*event->mimeData()).empty());
+}
 
 void PickDir::dropEvent(QDropEvent* event) {
     event->acceptProposedAction();
     if (IsDragSource(*event->mimeData())) return Control::dropEvent(event);
-    for (const std::string& path : FilePaths(*event->mimeData())) {
-        if (QFileInfo(QString::fromStdString(path)).isDir()) return PickDir_DropFolder(s, index, path);
-    }
+    const std::string folder = FolderIn(*event->mimeData());
+    if (!folder.empty()) PickDir_DropFolder(s, index, folder);
 }
 
 void PickDir::paintEvent(QPaintEvent*) {

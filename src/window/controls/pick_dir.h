@@ -12,13 +12,11 @@ public:
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    bool TakesDrop(const DragSource& source) const override;
     void Drop(const DragSource& source) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-
-private:
-    QPointF press_;
-    bool pressed_ = false;
 };
 
 }  // namespace marvolin

@@ -34,7 +34,7 @@ EraserControl::EraserControl(Session& session, QWidget* parent) : Control(sessio
 }
 
 void EraserControl::Gesture(Phase phase, std::int16_t, QPointF) {
-    if (phase == Phase::Down) BeginDrag({drags::kEraser, 0, ""});
+    if (phase == Phase::Down) ArmDrag({drags::kEraser, 0, ""});
 }
 
 void EraserControl::paintEvent(QPaintEvent*) {
@@ -60,7 +60,7 @@ FrameControl::FrameControl(Session& session, QWidget* parent, const char* name)
 }
 
 void FrameControl::Gesture(Phase phase, std::int16_t, QPointF) {
-    if (phase == Phase::Down) BeginDrag({name_, 0, ""});
+    if (phase == Phase::Down) ArmDrag({name_, 0, ""});
 }
 
 void FrameControl::paintEvent(QPaintEvent*) {

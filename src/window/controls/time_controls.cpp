@@ -54,7 +54,7 @@ CloneTimeControl::CloneTimeControl(Session& session, QWidget* parent, int elemen
 }
 
 void CloneTimeControl::Gesture(Phase phase, std::int16_t, QPointF) {
-    if (phase == Phase::Down) BeginDrag({drags::kCloneTime, index, ""});
+    if (phase == Phase::Down) ArmDrag({drags::kCloneTime, index, ""});
 }
 
 void CloneTimeControl::paintEvent(QPaintEvent*) {

@@ -2,10 +2,17 @@
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
+#include <QApplication>
+#include <QComboBox>
+#include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointer>
+#include <QTabBar>
+#include <QWheelEvent>
 
 #include "core/routines.h"
 #include "window/toolkit/hint_window.h"
+#include "window/toolkit/scroll_watch.h"
 #include "window/toolkit/strings.h"
 
 namespace marvolin {
@@ -16,6 +23,35 @@ namespace {
 QWidget& PointedAt(QWidget& widget) {
     auto* scrolled = qobject_cast<QAbstractScrollArea*>(&widget);
     return scrolled == nullptr ? widget : *scrolled->viewport();
+}
+
+bool AnyButton(Qt::MouseButtons buttons) { return (buttons | QApplication::mouseButtons()) != Qt::NoButton; }
+
+/// Whether the wheel sets a value; elsewhere it only scrolls.
+bool Turns(Keys taken) { return Takes(taken, Keys::Turn) || Takes(taken, Keys::Move); }
+
+bool IsMouse(const QEvent& event) {
+    return event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick ||
+           event.type() == QEvent::MouseMove || event.type() == QEvent::MouseButtonRelease;
+}
+
+bool IsArrow(int key) {
+    return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Left || key == Qt::Key_Right ||
+           key == Qt::Key_PageUp || key == Qt::Key_PageDown || key == Qt::Key_Home || key == Qt::Key_End;
+}
+
+bool IsPress(int key) { return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter; }
+
+/// Whether a control with these keys acts on the key.
+bool IsKeyOf(Keys taken, const QKeyEvent& key) {
+    const bool arrows = Turns(taken) || Takes(taken, Keys::Choose);
+    return (arrows && IsArrow(key.key())) || (Takes(taken, Keys::Press) && IsPress(key.key()));
+}
+
+/// Whether the key chooses an entry of a list that is closed. With Alt the arrows open it.
+bool ChoosesUnseen(const QKeyEvent& key) {
+    if (IsArrow(key.key())) return !key.modifiers().testFlag(Qt::AltModifier);
+    return !IsPress(key.key()) && !key.text().isEmpty() && key.text().front().isPrint();
 }
 
 Described& Attach(Session* session, QWidget& widget, std::string_view name, int index) {
@@ -35,10 +71,11 @@ Described& Attach(Session* session, QWidget& widget, std::string_view name, int 
 
 Described::Described(Session* session, QWidget& widget, const Description& row, int index)
     : QObject(&widget), session_(session), widget_(widget), row_(row), index_(index) {
-    if (session_ == nullptr) return;
     QWidget& pointed = PointedAt(widget_);
-    if (!row_.Hint.Empty()) pointed.setMouseTracking(true);
+    if (session_ != nullptr && !row_.Hint.Empty()) pointed.setMouseTracking(true);
     pointed.installEventFilter(this);
+    if (&pointed != &widget_) widget_.installEventFilter(this);
+    ScrollWatch::Of(*qApp);  // sees every scroll from its beginning
 }
 
 std::string Described::Say(const ControlText& text, int part, bool held) const {
@@ -74,7 +111,57 @@ void Described::HintAt(QPointF place, bool held) {
     ShowHint(parts == nullptr ? 0 : parts->PartAt(place), held);
 }
 
-bool Described::eventFilter(QObject*, QEvent* event) {
+bool Described::Refuses(const QEvent& event) const {
+    const bool list = qobject_cast<const QComboBox*>(&widget_) != nullptr;
+    const bool tabs = qobject_cast<const QTabBar*>(&widget_) != nullptr;
+    if (event.type() == QEvent::Wheel) {
+        if (list || tabs) return true;
+        const auto& wheel = static_cast<const QWheelEvent&>(event);
+        return Turns(row_.Taken) &&
+               (AnyButton(wheel.buttons()) || !ScrollWatch::Of(*qApp).BeganOver(PointedAt(widget_)));
+    }
+    if (event.type() != QEvent::KeyPress) return false;
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    // An open list has the keys itself.
+    return (list && ChoosesUnseen(key)) || (row_.Taken != Keys::None && IsKeyOf(row_.Taken, key) && AnyButton({}));
+}
+
+// True when the control must not see the event as it is. Parts of the toolkit read the buttons of an event: they get a
+// copy that names the holder alone.
+bool Described::TakesFromHolder(QObject& pointed, const QMouseEvent& event) {
+    const QEvent::Type type = event.type();
+    if (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick) {
+        // A holder whose release went to a drag is no longer down.
+        const bool held = holder_ != Qt::NoButton && event.buttons().testFlag(holder_);
+        if (held && event.button() != holder_) return true;
+        holder_ = event.button();
+    } else if (type == QEvent::MouseButtonRelease) {
+        if (holder_ != Qt::NoButton && event.button() != holder_) return true;
+    }
+    const Qt::MouseButtons others = event.buttons() & ~Qt::MouseButtons(holder_);
+    const Qt::MouseButtons own = event.buttons() & holder_;
+    if (type == QEvent::MouseButtonRelease) holder_ = Qt::NoButton;
+    if (others == Qt::NoButton) return false;
+    QMouseEvent clean(type, event.position(), event.scenePosition(), event.globalPosition(), event.button(), own,
+                      event.modifiers(), event.pointingDevice());
+    clean.setTimestamp(event.timestamp());
+    const QPointer<Described> stays(this);  // a click may close the window
+    resending_ = true;
+    QCoreApplication::sendEvent(&pointed, &clean);
+    if (stays) resending_ = false;
+    return true;
+}
+
+bool Described::eventFilter(QObject* object, QEvent* event) {
+    if (Refuses(*event)) {
+        event->accept();  // it does not go to the control below either
+        return true;
+    }
+    if (object != &PointedAt(widget_)) return false;
+    if (!resending_ && IsMouse(*event) && TakesFromHolder(*object, static_cast<const QMouseEvent&>(*event))) {
+        event->accept();
+        return true;
+    }
     // A disabled control gets the pointer's moves too, and ignores them.
     if (event->type() == QEvent::MouseMove && widget_.isEnabled()) {
         const auto& move = static_cast<const QMouseEvent&>(*event);

@@ -9,6 +9,7 @@
 
 #include "window/descriptions/description.h"
 
+class QMouseEvent;
 class QWidget;
 
 namespace marvolin {
@@ -22,7 +23,13 @@ public:
 };
 
 /// The texts of a widget, from its row of the table. Owned by the widget; handles the widget's events before the widget
-/// does. Rules for every control, the toolkit's own included, are here.
+/// does. Rules for every control, the toolkit's own included, are here:
+/// - A move of the pointer over the control shows its hint.
+/// - Nothing acts in passing. The wheel turns the control over which the scroll began; a closed list and a strip of
+/// tabs
+///   take no wheel, and a closed list no key that would choose an entry. While a mouse button is down, on this control
+///   or another, neither the wheel nor a key of the table acts.
+/// - A hold belongs to the button that began it. Until its release the control sees no other button.
 class Described : public QObject {
 public:
     /// `session` may be null in a window that has none. `widget` owns the object.
@@ -48,6 +55,8 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
+    bool Refuses(const QEvent& event) const;
+    bool TakesFromHolder(QObject& pointed, const QMouseEvent& event);
     std::string Say(const ControlText& text, int part = 0, bool held = false) const;
     void HintAt(QPointF place, bool held);
 
@@ -55,6 +64,8 @@ private:
     QWidget& widget_;
     const Description& row_;
     const int index_;
+    Qt::MouseButton holder_ = Qt::NoButton;  // the button that holds the control
+    bool resending_ = false;
 };
 
 /// Gives `widget` its row of the table: object name, caption of a button, accessible name, tool tip, hint and the rules

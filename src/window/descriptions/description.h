@@ -18,7 +18,7 @@ enum class Keys : std::uint8_t {
     Press = 1,   ///< Space and Return: what a click does
     Turn = 2,    ///< arrows: a step up or down; Page Up and Page Down: ten
     Move = 4,    ///< arrows: a step in their direction
-    Choose = 8,  ///< arrows, Page Up and Page Down, Home and End: another entry
+    Choose = 8,  ///< arrows, Page Up and Page Down, Home and End: another entry, in a drop-down list once it is open
     Type = 16,   ///< text
     Delete = 32,
     Escape = 64,  ///< closes the list

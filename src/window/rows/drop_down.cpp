@@ -25,7 +25,7 @@ int DropDownControl::PartAt(QPointF place) const {
 
 void DropDownControl::Gesture(Phase phase, std::int16_t, QPointF twips) {
     if (phase == Phase::Down) {
-        if (const auto source = DropDown_MouseDown(s, index, twips.y())) BeginDrag(*source);
+        if (const auto source = DropDown_MouseDown(s, index, twips.y())) ArmDrag(*source);
     } else if (phase == Phase::Up && QRectF(rect()).contains(twips / kTwipsPerPixel)) {
         DropDown_MouseUp(s, index, twips.y());
     }

@@ -71,7 +71,8 @@ KnobControl& LoopRow::KnobOf(Knob knob) const { return knob == Knob::Vol ? *Vol 
 void LoopRow::RefreshEnabled() { Pan->setEnabled(PanKnobEnabled(s, row_)); }
 
 void LoopRow::dragEnterEvent(QDragEnterEvent* event) {
-    if (event->mimeData()->hasUrls() || IsDragSource(*event->mimeData())) event->acceptProposedAction();
+    const auto source = FromMimeData(*event->mimeData());
+    event->setAccepted(source ? LoopTakesDrop(s, row_, *source) : TakesFiles(FilePaths(*event->mimeData())));
 }
 
 void LoopRow::dropEvent(QDropEvent* event) {

@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QStyleHints>
 #include <cmath>
+#include <utility>
 
 #include "performance/ball_hand.h"
 #include "window/surfaces/surface.h"
@@ -36,7 +37,10 @@ void Ball::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     const DoubleClickLimits limits{static_cast<std::uint64_t>(QApplication::doubleClickInterval()),
                                    static_cast<double>(QGuiApplication::styleHints()->mouseDoubleClickDistance())};
     const BallEvent event{phase, button, {pointer.x(), pointer.y()}, pressTime_, Held()};
-    if (auto drag = BallGesture(s, number_, event, limits)) ArmDrag(std::move(*drag));
+    if (phase == Phase::Up && fade_) Drop(*std::exchange(fade_, std::nullopt));
+    auto drag = BallGesture(s, number_, event, limits);
+    if (phase == Phase::Down) fade_ = drag;
+    if (drag) ArmDrag(std::move(*drag));
     if (phase == Phase::Move) return;
     if (s.CursorFree) {
         unsetCursor();

@@ -26,7 +26,8 @@ protected:
 
 private:
     const int number_;
-    std::uint64_t pressTime_ = 0;  // of the last press, ms
+    std::uint64_t pressTime_ = 0;     // of the last press, ms
+    std::optional<DragSource> fade_;  // of a right press: a click is a drop on the ball itself
 };
 
 }  // namespace marvolin

@@ -25,7 +25,7 @@ TabButton::TabButton(Session& session, QWidget* parent, const char* name, int ta
 void TabButton::Gesture(Phase phase, std::int16_t button, QPointF) {
     if (phase == Phase::Down && button == kLeftButton) choose_(s, index);
     if (phase == Phase::Down && button == kRightButton && active_ == kPatternTab && choose_ == SetTab) {
-        BeginDrag({drags::kTabControl, 0, ""});
+        ArmDrag({drags::kTabControl, 0, ""});
     }
 }
 
@@ -64,7 +64,7 @@ void TabControl::Refresh() {
 
 void TabControl::Gesture(Phase phase, std::int16_t button, QPointF) {
     if (phase == Phase::Down && button == kRightButton && s.ActiveTab == kPatternTab)
-        BeginDrag({drags::kTabControl, 0, ""});
+        ArmDrag({drags::kTabControl, 0, ""});
 }
 
 void TabControl::paintEvent(QPaintEvent*) {

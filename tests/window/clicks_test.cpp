@@ -1,0 +1,175 @@
+// A press is not a drop: what a click and a double click without movement change, and in which rows.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "whole_hand.h"
+
+namespace marvolin {
+namespace {
+
+using test::Changed;
+using test::FactsOf;
+using test::WholeHand;
+using testing::ElementsAreArray;
+using testing::IsEmpty;
+
+// In the stage, A and B are a band, A and C are selected; the modes of A to D are One Shot, Loop, Track and Drum, the
+// volumes 100 to 103, the pans 300 to 303, the frequencies 900 to 903, the wires 1 to 4. D is alone.
+using Facts = std::vector<std::string>;
+
+struct Clicked {
+    const char* Control;
+    Qt::MouseButton Button;
+    Facts Click;
+    Facts DoubleClick;
+    QPointF Place{0.5, 0.5};  ///< shares of the control
+};
+
+std::string NameOf(const testing::TestParamInfo<Clicked>& info) {
+    return std::string(info.param.Control) + "Button" + std::to_string(info.param.Button) + "At" +
+           std::to_string(static_cast<int>(info.param.Place.x() * 100)) + "x" +
+           std::to_string(static_cast<int>(info.param.Place.y() * 100));
+}
+
+class Click : public testing::TestWithParam<Clicked> {
+protected:
+    Facts After(const std::function<void(const test::Spot&)>& act) {
+        hand_.Begin();
+        QWidget& widget = *hand_.At(GetParam().Control);
+        hand_.Reveal(widget);
+        const QPointF place(widget.width() * GetParam().Place.x(), widget.height() * GetParam().Place.y());
+        const auto before = FactsOf(hand_.s);
+        act({&widget, QPointF(hand_.InWindow(GetParam().Control, place))});
+        hand_.FinishDrags();
+        EXPECT_THAT(hand_.Drags, IsEmpty());
+        return Changed(before, FactsOf(hand_.s));
+    }
+    WholeHand hand_;
+};
+
+TEST_P(Click, ChangesNoMoreThanAClickDoes) {
+    EXPECT_THAT(After([&](const test::Spot& spot) { hand_.ClickAt(spot, GetParam().Button); }),
+                ElementsAreArray(GetParam().Click));
+}
+
+TEST_P(Click, TwiceChangesNoMoreThanADoubleClickDoes) {
+    EXPECT_THAT(After([&](const test::Spot& spot) { hand_.DoubleClickAt(spot, GetParam().Button); }),
+                ElementsAreArray(GetParam().DoubleClick));
+}
+
+constexpr Qt::MouseButton kLeft = Qt::LeftButton;
+constexpr Qt::MouseButton kRight = Qt::RightButton;
+
+// A click on a knob sets its gang to the value of the knob, as any release does.
+const Clicked kClicks[] = {
+    {"Letr_0", kLeft, {}, {"A.Thinnable 0"}},
+    {"Letr_0", kRight, {}, {}},
+    {"Letr_0", Qt::MiddleButton, {}, {}},
+    {"Letr_4", kLeft, {}, {}},
+    {"Letr_4", kRight, {}, {}},
+    {"LoopIt_0", kLeft, {}, {"A.PlayMode 1"}},
+    {"LoopIt_0", kRight, {}, {}},
+    {"LoopIt_4", kLeft, {}, {}},
+    {"LoopIt_5", kLeft, {}, {"A.PlayMode 1"}},
+    {"ChannelFlag_0", kLeft, {"A.Channel 3", "B.Channel 3"}, {"B.Channel 1"}, {0.1, 0.5}},
+    {"ChannelFlag_0", kLeft, {}, {}, {0.5, 0.5}},
+    {"ChannelFlag_0", kLeft, {"A.Channel 2"}, {"B.Channel 1"}, {0.9, 0.5}},
+    {"ChannelFlag_0", kRight, {"A.Channel 5", "B.Channel 5"}, {"B.Channel 1"}},
+    {"ChannelFlag_3", kLeft, {"D.Channel 2"}, {}, {0.1, 0.5}},
+    {"ChannelFlag_4", kLeft, {"A.Channel 2", "C.Channel 2", "Z.Channel 2"}, {"C.Channel 1"}, {0.9, 0.5}},
+    {"ChannelFlag_4", kLeft, {}, {}, {0.5, 0.5}},
+    {"VolKnob_0",
+     kLeft,
+     {"B.Level 100", "B.Line 100", "B.Vol 100"},
+     {"A.Level 0", "A.Line 0", "A.Vol 0", "B.Level 0", "B.Line 0", "B.Vol 0"}},
+    {"VolKnob_3", kLeft, {}, {"D.Level 0", "D.Line 0", "D.Vol 0"}},
+    {"VolKnob_4",
+     kLeft,
+     {"A.Level 500", "A.Line 500", "A.Vol 500", "C.Level 500", "C.Line 500", "C.Vol 500"},
+     {"A.Level 0", "A.Line 0", "A.Vol 0", "C.Level 0", "C.Line 0", "C.Vol 0", "Z.Level 0", "Z.Line 0", "Z.Vol 0"}},
+    {"VolKnob_5", kLeft, {}, {"Master.Vol 0"}},
+    {"PanKnob_0", kLeft, {"B.Pan 300"}, {"A.Pan 500", "B.Pan 500"}},
+    {"HzKnob_0", kRight, {"B.Hz 900"}, {"B.Hz 900"}},
+    {"Play_0", kLeft, {"A.Playing -1", "B.Playing -1", "ThinList AB", "Z.Playing -1"}, {}},
+    {"Play_4", kLeft, {"A.Playing -1", "C.Playing -1", "ThinList AC", "Z.Playing -1"}, {}},
+    {"SndDisp_0",
+     kLeft,
+     {"A.Level 250", "A.Line 250", "A.Vol 250", "B.Level 250", "B.Line 250", "B.Vol 250"},
+     {"A.Level 250", "A.Line 250", "A.Vol 250", "B.Level 250", "B.Line 250", "B.Vol 250"},
+     {0.5, 0.2}},
+    {"SndDisp_3",
+     kLeft,
+     {"D.Level 250", "D.Line 250", "D.Vol 250"},
+     {"D.Level 250", "D.Line 250", "D.Vol 250"},
+     {0.5, 0.2}},
+    {"Selected_1", kLeft, {"B.Selected -1"}, {"B.Selected -1"}},
+    {"Selected_0", kRight, {"A.Selected 0"}, {"A.Selected 0"}},
+    {"Thumb_1", kLeft, {"CurrentLoop 1"}, {"ActiveTab 2", "CurrentLoop 1"}},
+    {"SelectorRadio_1", kLeft, {"Band0.Controlled -1"}, {"Band0.Controlled -1", "SelectionControlled 0"}},
+    {"DropDown_0", kLeft, {}, {}, {0.5, 0.1}},
+    {"DropDown_0", kLeft, {}, {}, {0.5, 0.6}},
+    {"PosBall_4", kRight, {}, {}},
+    {"PatternGraph_0", kRight, {}, {}},
+    {"Patterns", kLeft, {}, {}, {0.03, 0.03}},
+    {"AllTiming", kRight, {}, {}, {0.3, 0.03}},
+    {"CloneTime_1", kLeft, {}, {}},
+    {"Eraser", kLeft, {}, {}},
+    {"TabControl", kRight, {}, {}, {0.999, 0.5}},
+    {"Tab_2", kRight, {}, {}},
+    {"NSteps", kLeft, {}, {}},
+    {"TimeDigit_2", kLeft, {}, {}},
+    {"Limiter", kLeft, {}, {}},
+};
+
+INSTANTIATE_TEST_SUITE_P(EachKindOfControl, Click, testing::ValuesIn(kClicks), NameOf);
+
+/// The sources of drags, a button that drags each, and where.
+struct Source {
+    const char* Name;
+    Qt::MouseButton Button;
+    QPointF Place{0.5, 0.5};
+};
+const Source kSources[] = {{"Letr_0", Qt::LeftButton},
+                           {"Letr_0", Qt::RightButton},
+                           {"Letr_4", Qt::LeftButton},
+                           {"DropDown_0", Qt::LeftButton, {0.5, 0.1}},
+                           {"PosBall_1", Qt::RightButton},
+                           {"PatternGraph_1", Qt::RightButton},
+                           {"Patterns", Qt::RightButton, {0.03, 0.03}},
+                           {"AllTiming", Qt::LeftButton, {0.3, 0.03}},
+                           {"CloneTime_1", Qt::RightButton},
+                           {"Eraser", Qt::LeftButton},
+                           {"TabControl", Qt::RightButton, {0.999, 0.02}},
+                           {"Tab_2", Qt::RightButton},
+                           {"PickDir_0", Qt::LeftButton},
+                           {"PickFile_0", Qt::LeftButton, {0.2, 0.1}},
+                           {"PickFile_1", Qt::RightButton, {0.8, 0.1}},
+                           {"ClipBoardList", Qt::LeftButton, {0.3, 0.03}}};
+
+TEST(Drags, BeginAtTheDragDistanceAndNotBefore) {
+    WholeHand hand;
+    for (const Source& source : kSources) {
+        SCOPED_TRACE(source.Name);
+        for (const int way : {0, QApplication::startDragDistance() - 1, QApplication::startDragDistance()}) {
+            hand.Begin();
+            QWidget* widget = hand.Form->findChild<QWidget*>(source.Name);
+            if (widget == nullptr) widget = &hand.Part(source.Name);
+            hand.Reveal(*widget);
+            const QPointF place(widget->width() * source.Place.x(), widget->height() * source.Place.y());
+            const test::Spot spot{widget, widget->mapTo(widget->window(), place)};
+            hand.PressAt(spot, source.Button);
+            hand.MoveTo(spot, QPointF(way, 0));
+            hand.ReleaseAt(spot, source.Button, QPointF(way, 0));
+            hand.FinishDrags();
+            const bool far = way >= QApplication::startDragDistance();
+            ASSERT_EQ(hand.Drags.size(), far ? 1U : 0U) << way;
+            if (far) {
+                EXPECT_TRUE(std::string(source.Name).starts_with(hand.Drags[0].Name));
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace marvolin
