@@ -88,6 +88,15 @@ std::vector<BinRow> InOrder(std::vector<BinRow> rows) {
     return sorted;
 }
 
+/// Rows that would look alike show the whole names of their files.
+void TellApart(std::vector<BinRow>& rows) {
+    for (std::size_t first = 0, last = 0; first < rows.size(); first = last) {
+        while (last < rows.size() && rows[last].Name == rows[first].Name) ++last;
+        if (last - first == 1) continue;
+        for (std::size_t row = first; row < last; ++row) rows[row].Name = rows[row].File;
+    }
+}
+
 Found ScanFolder(const Session& s, const std::string& folder) {
     Found found;
     FolderReader reader(folder);
@@ -103,6 +112,7 @@ Found ScanFolder(const Session& s, const std::string& folder) {
         }
     }
     found.Rows = InOrder(std::move(found.Rows));
+    TellApart(found.Rows);
     return found;
 }
 

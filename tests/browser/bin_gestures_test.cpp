@@ -31,7 +31,7 @@ TEST(BinGestures, TwoSamplesThatDifferInCaseOnlyEachLoadTheFileThatWasChosen) {
     const std::string upper = b.Folder.Touch("a.WAV");
     const std::string lower = b.Folder.Touch("a.wav");
     UpdatePickFile(b.s, 0);
-    ASSERT_EQ(b.Names(), (std::vector<std::string>{"a", "a"}));
+    ASSERT_EQ(b.Names(), (std::vector<std::string>{"a.WAV", "a.wav"})) << "rows that would look alike";
     b.s.Bins[0].Destination = 1;
     PickFile_MouseUp(b.s, 0, kLeftButton, 1);
     EXPECT_EQ(b.s.Set[1].FileName, lower);
