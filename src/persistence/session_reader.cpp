@@ -175,7 +175,7 @@ void ShowNotLoaded(Session& s, const Loading& load) {
     if (load.NotLoaded.empty() || !s.DSReady) return;
     std::string names;
     for (const std::string& name : load.NotLoaded) names += (names.empty() ? "" : ", ") + name;
-    ShowStatus(s, "Could not load " + names);
+    ShowStatus(s, "Not loaded: " + names);
 }
 
 void MakeCurrent(Session& s, const std::string& fileName) {

@@ -185,20 +185,20 @@ TEST(LoadSession, TheStatusLineNamesTheSamplesThatCouldNotBeLoaded) {
     SetInstrument i;
     for (const char* gone : {"a.wav", "d.wav"}) std::filesystem::remove(i.Folder / gone);
     ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path())));
-    EXPECT_EQ(i.s.StatusText, "Could not load a.wav, d.wav");
+    EXPECT_EQ(i.s.StatusText, "Not loaded: a.wav, d.wav");
     SetInstrument refused;
     refused.Sound.Failures["CreateSoundBufferFromFile"] = sound_error::kBadFormat;
     ASSERT_TRUE(refused.LoadBytes(GoldenSession(refused.Folder.Path())));
-    EXPECT_EQ(refused.s.StatusText, "Could not load a.wav, c.wav, d.wav");
+    EXPECT_EQ(refused.s.StatusText, "Not loaded: a.wav, c.wav, d.wav");
     SetInstrument cut;
     std::filesystem::remove(cut.Folder / "a.wav");
     const std::string bytes = GoldenSession(cut.Folder.Path());
     EXPECT_FALSE(cut.LoadBytes(bytes.substr(0, bytes.size() - 7)));
-    EXPECT_EQ(cut.s.StatusText, "Could not load a.wav");
+    EXPECT_EQ(cut.s.StatusText, "Not loaded: a.wav");
     SetInstrument silent;
     silent.s.DSReady = false;
     ASSERT_TRUE(silent.LoadBytes(GoldenSession(silent.Folder.Path())));
-    EXPECT_EQ(silent.s.StatusText.find("Could not"), std::string::npos);
+    EXPECT_EQ(silent.s.StatusText.find("Not loaded"), std::string::npos);
 }
 
 TEST(LoadSession, AFileCutInsideTheLoopTracksAppliesThoseBeforeTheCut) {
