@@ -16,6 +16,7 @@
 #include "instrument/init_main_form.h"
 #include "instrument/shut_down.h"
 #include "performance/pad/mix_pad.h"
+#include "sequencing/loop_clock.h"
 
 namespace marvolin {
 namespace {
@@ -360,6 +361,28 @@ TEST(InitMainForm, ThreeDIsOffAndTheClockAndTheChannelsAreReset) {
     // The selection and the master follow no channel.
     EXPECT_EQ(i.s.Set[kSelectionRow].Channel, 5);
     EXPECT_EQ(i.s.Set[kMasterRow].Channel, 6);
+}
+
+/// A timer that notes what is set, in order.
+class NotingTimer : public PeriodicTimer {
+public:
+    explicit NotingTimer(std::vector<std::string>& order) : order_(order) {}
+    void SetInterval(std::int32_t ms) override { order_.push_back("interval " + std::to_string(ms)); }
+    void SetResolution(std::int32_t ms) override { order_.push_back("resolution " + std::to_string(ms)); }
+    void SetEnabled(bool) override {}
+
+private:
+    std::vector<std::string>& order_;
+};
+
+TEST(ResSlider, SetsTheResolutionBeforeTheInterval) {
+    Program i;
+    i.Start();
+    std::vector<std::string> order;
+    i.s.LoopTimer = std::make_unique<NotingTimer>(order);
+    ResSlider_Change(i.s, 40);
+    EXPECT_THAT(order, ElementsAre("resolution 25", "interval 40"));
+    i.s.LoopTimer.reset();
 }
 
 TEST(InitMainForm, ListsTheSessionsOfTheFolder) {
