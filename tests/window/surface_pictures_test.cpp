@@ -12,6 +12,7 @@
 #include "performance/selection/bands.h"
 #include "performance/selection/selection.h"
 #include "settings_stage.h"
+#include "window/toolkit/theme.h"
 
 namespace marvolin {
 namespace {
@@ -127,6 +128,50 @@ TEST(SelectionPictures, EachIsRepaintedWhenItsValueChangesElsewhere) {
     }
     EXPECT_TRUE(Repainted(stage, "Thumb_2", [&] { SetCurrentLoop(stage.s, 2, OpenPattern::No); }));
     EXPECT_TRUE(Repainted(stage, "Thumb_2", [&] { SetCurrentLoop(stage.s, 1, OpenPattern::No); }));
+}
+
+TEST(SelectionPictures, TheSelectionRowCountsItsLoopTracksAgainWhenABandIsDrawn) {
+    Settings stage;
+    SetSelector(stage.s, 3, true);
+    EXPECT_TRUE(Repainted(stage, "DropDown_4", [&] { SetBand(stage.s, 3, {1, 2}); }));
+    EXPECT_TRUE(Repainted(stage, "DropDown_4", [&] { SetBand(stage.s, 3, {}); }));
+}
+
+TEST(SelectionPictures, OnlyTheCurrentThumbWearsTheFrameInTheColourOfItsRow) {
+    Settings stage;
+    for (Row current = 1; current <= 2; ++current) {
+        SetCurrentLoop(stage.s, current, OpenPattern::No);
+        for (Row row = 0; row < kLoopTracks; ++row) {
+            const QImage thumb = Picture(stage, ("Thumb_" + std::to_string(row)).c_str());
+            EXPECT_EQ(thumb.pixelColor(1, thumb.height() / 2) == theme::RowColour(row), row == current)
+                << current << ", " << row;
+        }
+    }
+}
+
+TEST(SelectionPictures, AFlagIsFilledInTheColourOfItsRowWhileItIsSelected) {
+    Settings stage;
+    for (const bool on : {true, false}) {
+        SelectGroup(stage.s, on ? "All" : "None");
+        for (Row row = 0; row < kLoopTracks; ++row) {
+            const QImage flag = Picture(stage, ("Selected_" + std::to_string(row)).c_str());
+            const QColor ground = flag.pixelColor(flag.width() / 2 + 4, flag.height() / 2 + 5);
+            EXPECT_EQ(ground, on ? theme::RowColour(row) : theme::kSunk) << row;
+        }
+    }
+}
+
+TEST(SelectionPictures, ASelectorsButtonIsLitWhileItIsInControl) {
+    Settings stage;
+    for (int button = 0; button <= kBands; ++button) {
+        const std::string name = "SelectorRadio_" + std::to_string(button);
+        const auto row = static_cast<Row>(button == 0 ? kBands : button - 1);
+        for (const bool on : {false, true}) {
+            SetSelector(stage.s, row, on);
+            const QImage face = Picture(stage, name.c_str());
+            EXPECT_EQ(face.pixelColor(4, face.height() / 2), on ? theme::kAccent : theme::kRaised) << button;
+        }
+    }
 }
 
 TEST(SurfacePictures, EachIsRepaintedWhenItsValueChangesElsewhere) {
