@@ -114,7 +114,7 @@ void SetFiles::NameAll() {
 void SetFiles::PutInPlace() {
     try {
         NameAll();
-    } catch (const RuntimeError&) {
+    } catch (...) {
         set_->File().Undo();
         std::for_each(samples_.rbegin(), samples_.rend(), [](const auto& sample) { sample->Undo(); });
         throw;

@@ -358,6 +358,22 @@ TEST(SavedPackage, ThePackageUnderTheTildeOpensAsAPackage) {
     EXPECT_NE(other.s.Run[0].Loaded, False);
 }
 
+TEST(SavedPackage, SamplesWithABackslashANewlineAndOtherBytesInTheirNamesAreFoundInIt) {
+    for (const char* name : {"c\\d.wav", "a\nb.wav", "caf\xE9.wav"}) {
+        SCOPED_TRACE(name);
+        Saver i;
+        const std::string sample = i.Folder.Touch(name, "sample");
+        i.Fill(0, sample);
+        ASSERT_TRUE(i.SaveTo("set.mvp"));
+        std::filesystem::remove(sample);
+        SetInstrument other;
+        ASSERT_TRUE(LoadSession(other.s, i.Sets / "set.mvp", SetAsCurrent::No, All(), AdoptSwitches::No));
+        EXPECT_NE(other.s.Run[0].Loaded, False);
+        EXPECT_EQ(ReadBytes(other.s.Set[0].FileName), "sample");
+        EXPECT_TRUE(other.Desk.Boxes.empty());
+    }
+}
+
 TEST(SavedPackage, OfTwoSamplesOfOneNameTheLaterWinsAlsoWhenItIsThereAlready) {
     Saver i;
     WriteBytes(i.Sets / "a.wav", "here");
