@@ -90,6 +90,7 @@ bool WholeHand::DragWatch::eventFilter(QObject* object, QEvent* event) {
 }
 
 std::vector<QWidget*> WholeHand::Controls() {
+    Begin();
     std::vector<QWidget*> controls;
     for (QWidget* window : {static_cast<QWidget*>(Form.get()), static_cast<QWidget*>(&Window)}) {
         for (QWidget* widget : window->findChildren<QWidget*>()) {
