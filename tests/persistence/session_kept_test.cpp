@@ -130,12 +130,16 @@ TEST(SessionKept, ADeviceThatRefusesKeepsTheSetInHand) {
 
 TEST(SessionKept, ASetThatIsSavedInSilenceHoldsItsSamples) {
     Played i;
+    i.s.Set[0].BeatStart = 25;
     cboDrivers_Click(i.s, 2);
+    // An empty row cannot keep it.
+    i.s.Set[0].BeatStart = 0;
     ASSERT_TRUE(i.Save("x.mvn"));
     cboDrivers_Click(i.s, 0);
     LoopClear(i.s, 0);
     LoopClear(i.s, 2);
     ASSERT_TRUE(i.Load("x.mvn", test::AllBut(Element::ClipBoard)));
+    EXPECT_EQ(i.s.Set[0].BeatStart, 25);
     i.ExpectKept();
 }
 
