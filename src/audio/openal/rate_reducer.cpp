@@ -49,15 +49,15 @@ RateReducer::RateReducer(const WaveFormat& source, std::int64_t frames, std::int
 
 std::int64_t RateReducer::Frames() const { return std::max<std::int64_t>(sourceFrames_ / factor_, 1); }
 
-void RateReducer::ReadAhead(SNDFILE* file, std::size_t frames) {
+void RateReducer::ReadAhead(const Source& source, std::size_t frames) {
     const auto channels = static_cast<std::size_t>(format_.Channels);
     const auto at = [&](std::size_t frame) { return ahead_.begin() + static_cast<std::ptrdiff_t>(frame * channels); };
     const bool first = left_ == sourceFrames_;
     const std::size_t have = first ? taps_.size() / 2 : ahead_.size() / channels;
     if (have >= frames) return;
     ahead_.resize(frames * channels);
-    const auto wanted = std::min<sf_count_t>(left_, static_cast<sf_count_t>(frames - have));
-    if (sf_readf_double(file, &*at(have), wanted) != wanted) throw SoundError(sound_error::kGeneric);
+    const auto wanted = std::min<std::int64_t>(left_, static_cast<std::int64_t>(frames - have));
+    if (source(&*at(have), wanted) != wanted) throw SoundError(sound_error::kGeneric);
     left_ -= wanted;
     // Beyond its ends a sample stays at its first and its last frame: silence there would put a dip into a loop.
     for (std::size_t frame = 0; first && frame < have; ++frame) std::copy_n(at(have), channels, at(frame));
@@ -76,11 +76,11 @@ double RateReducer::Filtered(std::size_t frame, std::size_t channel) const {
     return sum;
 }
 
-void RateReducer::Read(SNDFILE* file, std::span<std::uint8_t> frames) {
+void RateReducer::Read(const Source& source, std::span<std::uint8_t> frames) {
     const auto channels = static_cast<std::size_t>(format_.Channels);
     const auto factor = static_cast<std::size_t>(factor_);
     const std::size_t count = frames.size() / static_cast<std::size_t>(format_.BlockAlign);
-    ReadAhead(file, (count - 1) * factor + taps_.size());
+    ReadAhead(source, (count - 1) * factor + taps_.size());
     std::uint8_t* bytes = frames.data();
     for (std::size_t frame = 0; frame < count; ++frame) {
         for (std::size_t channel = 0; channel < channels; ++channel) {

@@ -2,9 +2,8 @@
 /// \file
 /// Samples of a rate that no buffer can be played at, brought down to one that can.
 
-#include <sndfile.h>
-
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <vector>
 
@@ -28,11 +27,13 @@ public:
     const WaveFormat& Format() const { return format_; }
     /// Frames that `Read` gives, at least one.
     std::int64_t Frames() const;
+    /// Reads the next frames of the file as numbers of -1 to 1, and returns how many it has read.
+    using Source = std::function<std::int64_t(double* numbers, std::int64_t frames)>;
     /// The next frames. `SoundError` `kGeneric` when the file ends too early.
-    void Read(SNDFILE* file, std::span<std::uint8_t> frames);
+    void Read(const Source& source, std::span<std::uint8_t> frames);
 
 private:
-    void ReadAhead(SNDFILE* file, std::size_t frames);
+    void ReadAhead(const Source& source, std::size_t frames);
     double Filtered(std::size_t frame, std::size_t channel) const;
 
     WaveFormat format_;

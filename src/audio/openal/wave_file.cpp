@@ -144,7 +144,10 @@ WaveFile::WaveFile(const std::string& path) {
 }
 
 void WaveFile::Read(std::span<std::uint8_t> frames) {
-    if (reducer_) return reducer_->Read(file_.get(), frames);
+    if (reducer_) {
+        const auto numbers = [this](double* to, std::int64_t count) { return sf_readf_double(file_.get(), to, count); };
+        return reducer_->Read(numbers, frames);
+    }
     const auto wanted = static_cast<sf_count_t>(frames.size());
     if (sf_read_raw(file_.get(), frames.data(), wanted) != wanted) Refuse(sound_error::kGeneric);
 }
