@@ -59,6 +59,7 @@ TEST(Report, ReturnsAtOnceAndShowsTitleTextAndOneButton) {
     EXPECT_EQ(stage.Box()->buttons().size(), 1);
     EXPECT_EQ(stage.Box()->buttons()[0]->text(), "OK");
     EXPECT_FALSE(stage.Box()->isModal());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     stage.Report("Error playing loop: ");
     EXPECT_EQ(stage.Box()->windowTitle(), "marvolin");
 }
@@ -134,11 +135,12 @@ TEST(Report, NeverStacksButShowsTheNewestAndHowManyThereWere) {
 
 TEST(Report, ComesUpAwayFromTheRowsInBothSizesOfTheWindow) {
     Reported stage;
-    const std::string twoHundred(200, 'x');
+    std::string words;
+    for (int word = 0; word < 30; ++word) words += "loudness ";
     for (const bool mini : {false, true}) {
         if (stage.s.MiniMode != mini) stage.Form->ToggleMode();
         stage.Settle();
-        stage.Report(twoHundred.c_str());
+        stage.Report(words.c_str());
         EXPECT_FALSE(stage.Box()->frameGeometry().intersects(stage.Rows())) << mini;
         EXPECT_TRUE(stage.Form->screen()->availableGeometry().contains(stage.Box()->frameGeometry())) << mini;
         QTest::keyClick(stage.Form.get(), Qt::Key_Escape);

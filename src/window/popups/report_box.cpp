@@ -32,7 +32,6 @@ QPoint PlaceClearOf(const QRect& rows, const QRect& area, QSize box, std::initia
 ReportBox::ReportBox() : QMessageBox(nullptr) {
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
                    Qt::WindowDoesNotAcceptFocus);
-    setWindowModality(Qt::NonModal);
     setAttribute(Qt::WA_ShowWithoutActivating);
     Describe(*this, "MessageBox");
     setTextFormat(Qt::PlainText);
