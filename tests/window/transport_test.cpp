@@ -97,7 +97,6 @@ TEST(PlayStop, ItsTopPlaysAllAndItsBottomStopsAll) {
     for (Row row = 0; row < kLoopTracks; ++row) EXPECT_EQ(stage.s.Run[row].Playing, False);
 }
 
-<<<<<<< HEAD
 TEST(PlayStop, CountsThePlaceOfTheRelease) {
     Stage stage;
     for (Row row = 0; row < kLoopTracks; ++row) stage.Fill(row);
@@ -111,21 +110,6 @@ TEST(PlayStop, CountsThePlaceOfTheRelease) {
     stage.Press("PlayStop", {20, height * 0.2});
     stage.Release("PlayStop", {20, height + 30});
     for (Row row = 0; row < kLoopTracks; ++row) EXPECT_EQ(stage.s.Run[row].Playing, False);
-=======
-TEST(PlayStop, ThePlaceOfTheReleaseCountsAndNotThatOfThePress) {
-    Stage stage;
-    stage.Fill(1);
-    const QPointF top(10, 2);
-    const QPointF bottom(10, stage.At("PlayStop")->height() - 2);
-    stage.Press("PlayStop", bottom);
-    stage.Move("PlayStop", top);
-    stage.Release("PlayStop", top);
-    EXPECT_EQ(stage.s.Run[1].Playing, True);
-    stage.Press("PlayStop", top);
-    stage.Move("PlayStop", bottom);
-    stage.Release("PlayStop", bottom);
-    EXPECT_EQ(stage.s.Run[1].Playing, False);
->>>>>>> ee801ff (A click on a mode picture gives no mode to the gang)
 }
 
 TEST(PlayStop, EachZoneShowsItsHint) {
