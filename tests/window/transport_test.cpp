@@ -8,6 +8,7 @@
 namespace marvolin {
 namespace {
 
+using test::PaintWatch;
 using test::Stage;
 
 TEST(PlayButton, ALeftClickPlaysAndTheNextStops) {
