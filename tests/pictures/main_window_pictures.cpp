@@ -1,3 +1,6 @@
+#include <QLabel>
+#include <QPainter>
+
 #include "fakes/fake_world.h"
 #include "forms.h"
 #include "performance/map/use_3d.h"
@@ -5,6 +8,8 @@
 #include "performance/tabs.h"
 #include "scene.h"
 #include "window/forms/frm_main.h"
+#include "window/toolkit/drag.h"
+#include "window/toolkit/theme.h"
 
 namespace marvolin::test {
 
@@ -106,6 +111,39 @@ void PicturePopups(Album& album) {
         album.Add(*scene.Form, "main-history-" + std::to_string(row));
         scene.Screen.ShowHistoryList(false);
     }
+    scene.Form->ToggleMode();
+    scene.s.HistoryEntries.resize(40, "another sample");
+    scene.s.HistoryRow = 2;
+    scene.Screen.ShowHistoryList(true);
+    album.Add(*scene.Form, "main-mini-history");
+}
+
+/// The small pictures that go with the pointer, one below the other.
+void PictureDrags(Album& album) {
+    MainScene scene(true);
+    scene.s.HistoryChoice = 3;
+    QPixmap sheet(260, 400);
+    sheet.fill(theme::kWindow);
+    QPainter p(&sheet);
+    int top = 4;
+    for (const DragSource& source : {DragSource{drags::kLetr, 0, "Dropper~~0"},
+                                     {drags::kLetr, 3, "Dropper~~3"},
+                                     {drags::kLetr, 1, kFadeTag},
+                                     {drags::kPosBall, 2, kFadeTag},
+                                     {drags::kDropDown, 0, ""},
+                                     {drags::kHistoryList, 1, ""},
+                                     {drags::kPatterns, 0, ""},
+                                     {drags::kCloneTime, 2, ""},
+                                     {drags::kPatternGraph, 0, ""},
+                                     {drags::kTabControl, 0, ""}}) {
+        p.drawPixmap(8, top, DragPicture(scene.s, source));
+        top += 40;
+    }
+    p.end();
+    QLabel shown;
+    shown.setPixmap(sheet);
+    shown.adjustSize();
+    album.Add(shown, "main-drags");
 }
 
 }  // namespace
@@ -123,6 +161,7 @@ void PictureMainWindow(Album& album) {
     PictureMap(album);
     PictureModes(album);
     PicturePopups(album);
+    PictureDrags(album);
 }
 
 }  // namespace marvolin::test

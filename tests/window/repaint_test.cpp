@@ -103,7 +103,7 @@ TEST(Repaint, AStatusTextRepaintsOnlyItsPanel) {
     stage.Screen.ShowStatusText();
     stage.Settle();
     EXPECT_EQ(watch.Names(), Names{"StatusBar1"});
-    EXPECT_LT(watch.Painted["StatusBar1"].boundingRect().right(), 720);
+    EXPECT_LT(watch.Painted["StatusBar1"].boundingRect().right(), 680);
 }
 
 TEST(Repaint, TheLargePictureOfTheModeIsRepaintedWhenTheModeOfItsLoopTrackChanges) {

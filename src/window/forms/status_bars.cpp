@@ -29,9 +29,9 @@ StatusBar1::StatusBar1(Session& session, QWidget* parent) : QWidget(parent), s(s
 QRect StatusBar1::PlaceOf(Panel panel) const {
     switch (panel) {
         case Panel::Hint:
-            return {12, 0, 704, kHeight};
+            return {12, 0, 660, kHeight};
         case Panel::Readout:
-            return {728, 0, 172, kHeight};
+            return {684, 0, 216, kHeight};
         case Panel::Clock:
             return {908, 0, 84, kHeight};
         case Panel::Help:
@@ -68,14 +68,23 @@ void StatusBar1::DrawHelp(QPainter& p) const {
     p.drawText(help, Qt::AlignCenter, "?");
 }
 
+// The longest hint fits when it is written a pixel smaller.
+void StatusBar1::DrawHint(QPainter& p) const {
+    const QRect place = PlaceOf(Panel::Hint);
+    const QString hint = QString::fromStdString(s.StatusText);
+    p.setFont(theme::Sans(13));
+    if (p.fontMetrics().horizontalAdvance(hint) > place.width()) p.setFont(theme::Sans(12));
+    DrawPanel(p, place, hint, theme::kText);
+}
+
 // The readout is written at every move of a drag: the texts of the other panels are not laid out again for it.
 void StatusBar1::paintEvent(QPaintEvent* event) {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
     p.fillRect(event->rect(), QColor(0x17, 0x19, 0x1c));
     const auto due = [&](Panel panel) { return event->region().intersects(PlaceOf(panel)); };
+    if (due(Panel::Hint)) DrawHint(p);
     p.setFont(theme::Sans(13));
-    if (due(Panel::Hint)) DrawPanel(p, PlaceOf(Panel::Hint), QString::fromStdString(s.StatusText), theme::kText);
     if (due(Panel::Readout)) {
         DrawPanel(p, PlaceOf(Panel::Readout), QString::fromStdString(s.ReadoutText), theme::kAccent);
     }

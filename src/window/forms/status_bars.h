@@ -26,6 +26,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void DrawHint(QPainter& p) const;
     void DrawHelp(QPainter& p) const;
 
     Session& s;

@@ -53,7 +53,7 @@ void DrawDropper(QPainter& p) {
     p.drawPolygon(QPolygonF({{0, 0}, {-3, -6}, {-3, -18}, {3, -18}, {3, -6}}));
     p.setBrush(theme::kAccent);
     p.drawPolygon(QPolygonF({{0, 0}, {-3, -6}, {-3, -11}, {3, -11}, {3, -6}}));
-    p.setBrush(theme::kRaised);
+    p.setBrush(theme::kQuiet);
     p.drawRoundedRect(QRectF(-5.5, -21, 11, 4), 1.5, 1.5);
     p.drawRoundedRect(QRectF(-4, -29, 8, 8.5), 4, 4);
     p.resetTransform();
