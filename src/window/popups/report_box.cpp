@@ -30,6 +30,7 @@ QPoint PlaceClearOf(const QRect& rows, const QRect& area, QSize box, std::initia
 }
 
 ReportBox::ReportBox() : QMessageBox(nullptr) {
+    setModal(false);
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
                    Qt::WindowDoesNotAcceptFocus);
     setAttribute(Qt::WA_ShowWithoutActivating);
