@@ -157,6 +157,8 @@ TEST(LoopClockInTheWindow, AWaitWithinATickIsACollisionAndItsTimeIsLost) {
 }
 
 TEST(LoopClockInTheWindow, AFailureOfTheSoundServiceInATickEndsTheProgram) {
+    // A process of its own: a fork of one with threads may hang.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
     const auto run = [] {
         Stage stage;
         stage.Fill(0);
