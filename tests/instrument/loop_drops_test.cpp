@@ -298,7 +298,8 @@ struct Promises : Drops {
         s.Clips.ClipTop = 0;
         s.Clips.Selected = 0;
         s.Bins[1].Folder = Folder.Path();
-        s.Bins[1].Rows.push_back({.Name = "Kick", .Size = "", .Target = "", .File = "Kick.wav"});
+        WriteBytes(Folder / "Snare.wav", "");
+        s.Bins[1].Rows.push_back({.Name = "Snare", .Size = "", .Target = "", .File = "Snare.wav"});
         s.Bins[1].Selected = 0;
         for (Row row = 0; row < kLoopTracks; ++row) s.Set[row].Vol = static_cast<std::int16_t>(100 + row);
     }
