@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <cstdlib>
 #include <ctime>
 
 namespace marvolin {
@@ -17,7 +18,8 @@ constexpr std::time_t kCoarsestTime = 2;  // s; some file systems count in steps
 std::string FolderStamp(const std::string& folder) {
     struct stat now {};
     if (::stat(folder.c_str(), &now) != 0 || !S_ISDIR(now.st_mode)) return "";
-    if (now.st_mtim.tv_sec + kCoarsestTime >= std::time(nullptr)) return "";
+    // A time in the future, as of a clock that was wrong, changes with the next entry all the same.
+    if (std::abs(now.st_mtim.tv_sec - std::time(nullptr)) <= kCoarsestTime) return "";
     std::string stamp = folder;
     for (const auto part : {static_cast<long long>(now.st_dev), static_cast<long long>(now.st_ino),
                             static_cast<long long>(now.st_mtim.tv_sec), static_cast<long long>(now.st_mtim.tv_nsec),

@@ -192,6 +192,19 @@ TEST(LookAtPickFiles, AFolderThatChangedAMomentAgoIsReadAgainAsASecondChangeMayS
     EXPECT_EQ(b.Names(0), (std::vector<std::string>{"new", "one", "two"}));
 }
 
+TEST(LookAtPickFiles, AFolderWhoseTimeLiesInTheFutureIsNotReadAgainUntilItChanges) {
+    QuietBrowser b;
+    std::filesystem::last_write_time(b.Folder.Path(),
+                                     std::filesystem::file_time_type::clock::now() + std::chrono::hours(1));
+    LookAtPickFiles(b.s);
+    b.s.Bins[0].Rows.clear();
+    LookAtPickFiles(b.s);
+    EXPECT_TRUE(b.Names(0).empty());
+    WriteBytes(b.Folder / "new.wav", "");
+    LookAtPickFiles(b.s);
+    EXPECT_EQ(b.Names(0), (std::vector<std::string>{"new", "one", "two"}));
+}
+
 TEST(LookAtPickFiles, AnotherFolderOfTheSameNameAndTimeIsSeen) {
     QuietBrowser b;
     const std::string folder = b.Folder / "loops";
