@@ -5,7 +5,6 @@
 #include <string>
 #include <unordered_map>
 
-#include "audio/transport.h"
 #include "browser/clipboard.h"
 #include "core/errors.h"
 #include "core/loops/loop_views.h"
@@ -57,7 +56,7 @@ void CopyIt(Session& s, Row dest, std::int16_t clipIndex, bool playItNow) {
     const bool loaded = LoadSavedLoop(s, staging, ComponentSwitches(s), from) && HoldsSavedSample(s, staging, from);
     if (loaded) {
         RefreshRow(s, dest);
-        if (playItNow) LoopPlay(s, dest, true);
+        if (playItNow) PlaySavedLoop(s, dest);
     }
     if (dest == s.CurrentLoop) PatternsRefresh(s);
 }

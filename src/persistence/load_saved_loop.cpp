@@ -6,6 +6,7 @@
 #include "audio/play_modes.h"
 #include "audio/sample_loading.h"
 #include "audio/thinning.h"
+#include "audio/transport.h"
 #include "core/files/name_order.h"
 #include "core/files/paths.h"
 #include "core/routines.h"
@@ -17,6 +18,14 @@ namespace marvolin {
 
 namespace {
 
+/// The file of a package that `name` means; "" when there is none. A package that was made on another system may spell
+/// the extension otherwise.
+std::string PackageFile(const std::string& folder, const std::string& name) {
+    const std::string path = JoinPath(folder, name);
+    if (FileExists(path) || !EndsInIgnoringCase(name, ".WAV")) return path;
+    return JoinPath(folder, SampleFileName(folder, SampleName(path)));
+}
+
 /// Where the sample of a stored LoopTrack lies; "" when its path names no file.
 std::string SavedSample(const SavedLoop& saved, const SavedFrom& from) {
     std::string folder;
@@ -24,10 +33,11 @@ std::string SavedSample(const SavedLoop& saved, const SavedFrom& from) {
     SplitPath(saved.Set.FileName, folder, name);
     if (name.empty()) return "";
     if (!from.ForPackage) return saved.Set.FileName;
-    // A package holds its samples by name. One that was made on another system may spell their extension otherwise.
-    const std::string path = JoinPath(from.OpenPath, name);
-    if (FileExists(path) || !EndsInIgnoringCase(name, ".WAV")) return path;
-    return JoinPath(from.OpenPath, SampleFileName(from.OpenPath, SampleName(path)));
+    // A package holds its samples by name. A name of this system may hold "\", which separates folders on others.
+    std::string nameHere;
+    SplitFilePath(saved.Set.FileName, folder, nameHere);
+    const std::string path = PackageFile(from.OpenPath, nameHere);
+    return FileExists(path) ? path : PackageFile(from.OpenPath, name);
 }
 
 void RestoreSample(Session& s, const SavedLoop& saved, const SavedFrom& from) {
@@ -105,6 +115,12 @@ bool HoldsSavedSample(const Session& s, const SavedLoop& saved, const SavedFrom&
     const std::string path = SavedSample(saved, from);
     if (!s.DSReady) return s.Run[saved.Index].InHand.FileName == path;
     return s.Run[saved.Index].Loaded != False && s.Set[saved.Index].FileName == path;
+}
+
+void PlaySavedLoop(Session& s, Row row) {
+    if (s.DSReady) return LoopPlay(s, row, true);
+    s.Run[row].InHand.Playing = s.Run[row].InHand.Sounds = true;
+    s.Run[row].InHand.Loops = s.Set[row].PlayMode != kOneShot;
 }
 
 }  // namespace marvolin

@@ -29,4 +29,7 @@ bool LoadSavedLoop(Session& s, const SavedLoop& saved, const clsSwitchRecord& lo
 /// the slot still holds the previous one. While no device is open, the sample that waits in `InHand` counts.
 bool HoldsSavedSample(const Session& s, const SavedLoop& saved, const SavedFrom& from);
 
+/// Starts a LoopTrack (0..3) that `LoadSavedLoop` has filled. While no device is open, it sounds with the next one.
+void PlaySavedLoop(Session& s, Row row);
+
 }  // namespace marvolin

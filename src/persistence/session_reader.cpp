@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "audio/loop_clearing.h"
-#include "audio/transport.h"
 #include "browser/destinations.h"
 #include "browser/sample_bins.h"
 #include "core/errors.h"
@@ -42,6 +41,15 @@ struct Loading {
 
     bool Asked(Element element) const { return Switches.Get(element); }
 };
+
+/// The name of a sample. A path that starts with "/" is one of this system, where names may hold "\\" and ":".
+std::string NameOfSample(const std::string& path) {
+    if (!path.starts_with('/')) return LastPathPart(path);
+    std::string folder;
+    std::string name;
+    SplitFilePath(path, folder, name);
+    return name;
+}
 
 /// The file is no session file of this format.
 struct FormatError {};
@@ -109,7 +117,7 @@ void ReadLoops(Session& s, RecordReader& file, Loading& load) {
         // A sample that could not be loaded does not count; the previous one is not started in its place.
         const bool asked = LoadSavedLoop(s, saved, effective, from);
         loadedFromFile[saved.Index] = asked && HoldsSavedSample(s, saved, from);
-        if (asked && !loadedFromFile[saved.Index]) load.NotLoaded.push_back(LastPathPart(saved.Set.FileName));
+        if (asked && !loadedFromFile[saved.Index]) load.NotLoaded.push_back(NameOfSample(saved.Set.FileName));
     }
     for (Row row = 0; row < kLoopTracks; ++row) {
         if (s.EmptyBlankSetting == 1 && !loadedFromFile[row]) LoopClear(s, row);
@@ -117,12 +125,7 @@ void ReadLoops(Session& s, RecordReader& file, Loading& load) {
     if (!effective.Get(Element::PlayState)) return;
     for (Row row = 0; row < kLoopTracks; ++row) {
         if (!playingInFile[row] || !loadedFromFile[row]) continue;
-        if (s.DSReady) {
-            LoopPlay(s, row, true);
-        } else {
-            s.Run[row].InHand.Playing = s.Run[row].InHand.Sounds = true;
-            s.Run[row].InHand.Loops = s.Set[row].PlayMode != kOneShot;
-        }
+        PlaySavedLoop(s, row);
     }
 }
 
@@ -191,7 +194,8 @@ bool LoadSession(Session& s, const std::string& fileName, SetAsCurrent current, 
     if (!FileExists(fileName)) return false;
     Loading load{switches, {}, IsPackage(fileName), "", {}};
     std::string name;
-    SplitFilePath(fileName, load.Folder, name);
+    // The samples of a package lie beside its file, not beside a link to it.
+    SplitFilePath(BehindLinks(fileName), load.Folder, name);
     try {
         RecordReader file(fileName);
         ReadHeader(file);

@@ -53,17 +53,14 @@ LoopTrackSet SavedSet(const Session& s, Row row) {
 bool HoldsSample(const LoopTrackRun& run) { return run.Loaded != False || !run.InHand.FileName.empty(); }
 bool Plays(const LoopTrackRun& run) { return run.Playing != False || run.InHand.Playing; }
 
-void WriteLoops(Session& s, SetFiles& files, const std::vector<Row>& rows, bool playState,
-                const std::string& packageFolder) {
+void WriteLoops(Session& s, SetFiles& files, const std::vector<Row>& rows, bool playState, bool isPackage) {
     RecordWriter& file = files.Set();
     file.PutTagged(kLoopsTag);
     file.PutInteger(static_cast<std::int16_t>(rows.size()));
     file.PutBoolean(s.Use3D);
     for (const Row row : rows) {
         const LoopTrackSet set = SavedSet(s, row);
-        if (!packageFolder.empty() && !set.FileName.empty() && HoldsSample(s.Run[row])) {
-            files.AddSample(set.FileName, packageFolder);
-        }
+        if (isPackage && !set.FileName.empty() && HoldsSample(s.Run[row])) files.AddSample(set.FileName);
         file.PutInteger(row);
         WriteLoopTrackSet(file, set);
         file.PutBoolean(playState && Plays(s.Run[row]));
@@ -90,8 +87,7 @@ void WriteBands(const Session& s, RecordWriter& file) {
     }
 }
 
-void WriteSections(Session& s, SetFiles& files, LoopsSaved loops, const clsSwitchRecord& switches,
-                   const std::string& packageFolder) {
+void WriteSections(Session& s, SetFiles& files, LoopsSaved loops, const clsSwitchRecord& switches, bool isPackage) {
     RecordWriter& file = files.Set();
     const std::vector<Row> rows = SavedRows(s, loops);
     if (switches.Get(Element::General)) {
@@ -100,7 +96,7 @@ void WriteSections(Session& s, SetFiles& files, LoopsSaved loops, const clsSwitc
     }
     if (switches.Get(Element::ThreeD)) WriteThreeD(s, file);
     if (switches.Get(Element::PickLists)) WritePickLists(s, file);
-    if (switches.SaveLoopComponent()) WriteLoops(s, files, rows, switches.Get(Element::PlayState), packageFolder);
+    if (switches.SaveLoopComponent()) WriteLoops(s, files, rows, switches.Get(Element::PlayState), isPackage);
     if (switches.Get(Element::HistoryLists)) WriteHistory(s, file, rows);
     if (switches.Get(Element::Bands)) WriteBands(s, file);
     if (switches.Get(Element::ClipBoard)) {
@@ -112,10 +108,6 @@ void WriteSections(Session& s, SetFiles& files, LoopsSaved loops, const clsSwitc
 }  // namespace
 
 bool SaveSession(Session& s, const std::string& fileName, LoopsSaved loops, const clsSwitchRecord& switches) {
-    std::string packageFolder;
-    std::string name;
-    SplitFilePath(fileName, packageFolder, name);
-    if (!IsPackage(fileName)) packageFolder.clear();
     std::optional<SetFiles> files;
     try {
         files.emplace(fileName);
@@ -127,7 +119,7 @@ bool SaveSession(Session& s, const std::string& fileName, LoopsSaved loops, cons
         files->Set().PutString(kHeaderText);
         files->Set().PutInteger(kHeaderNumber);
         PutIt(switches, files->Set());
-        WriteSections(s, *files, loops, switches, packageFolder);
+        WriteSections(s, *files, loops, switches, IsPackage(fileName));
         files->Set().PutTagged(kEndTag);
         files->PutInPlace();
         return true;

@@ -6,11 +6,13 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdint>
+#include <ctime>
 #include <filesystem>
 #include <system_error>
 
 #include "core/errors.h"
 #include "core/files/file_errors.h"
+#include "core/files/hidden_names.h"
 #include "core/files/paths.h"
 #include "persistence/session_format.h"
 
@@ -20,27 +22,25 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The file behind a link, so that the link stays one.
-std::string WithoutLinks(const std::string& path) {
-    std::error_code error;
-    if (!fs::is_symlink(path, error)) return path;
-    const fs::path real = fs::canonical(path, error);
-    return error ? path : real.string();
-}
-
 std::string FolderOf(const std::string& path) {
     const std::string folder = fs::path(path).parent_path().string();
     return folder.empty() ? "." : folder;
 }
 
-/// True for a set that was written to its end.
+/// True for a set that was written to its end. What lies behind the end does not matter.
 bool IsWholeSet(const std::string& path) {
-    constexpr std::uint64_t kEndBytes = 7;  // the tag with its type and length
+    constexpr std::uint64_t kPart = 1 << 16;
+    const std::string end = std::string("\x08\0\x03\0", 4) + std::string(kEndTag);  // with its type and length
     RecordReader file(path);
     try {
-        if (file.GetString() != kHeaderText || file.Left() < kEndBytes) return false;
-        file.Skip(file.Left() - kEndBytes);
-        return file.GetTagged() == TaggedValue(std::string(kEndTag));
+        if (file.GetString() != kHeaderText || file.GetInteger() != kHeaderNumber) return false;
+        std::string part;
+        while (file.Left() > 0) {
+            part = part.substr(part.size() - std::min(part.size(), end.size() - 1));
+            part += file.GetBytes(std::min(kPart, file.Left()));
+            if (part.find(end) != std::string::npos) return true;
+        }
+        return false;
     } catch (const RuntimeError&) {
         return false;
     }
@@ -64,7 +64,7 @@ bool SameContent(const std::string& a, const std::string& b) {
 
 }  // namespace
 
-SetFiles::SetFiles(const std::string& fileName) : path_(WithoutLinks(fileName)) {
+SetFiles::SetFiles(const std::string& fileName) : path_(BehindLinks(fileName)) {
     CheckTarget();
     set_ = std::make_unique<RecordWriter>(path_);
 }
@@ -87,11 +87,11 @@ void SetFiles::CheckTarget() {
     }
 }
 
-void SetFiles::AddSample(const std::string& sample, const std::string& folder) {
+void SetFiles::AddSample(const std::string& sample) {
     std::string ownFolder;
     std::string name;
-    SplitPath(sample, ownFolder, name);
-    const std::string target = JoinPath(folder, name);
+    SplitFilePath(sample, ownFolder, name);
+    const std::string target = JoinPath(FolderOf(path_), name);
     std::erase_if(samples_, [&](const std::unique_ptr<NewFile>& earlier) { return earlier->Path() == target; });
     std::error_code error;
     if (fs::equivalent(sample, target, error) || SameContent(sample, target)) return;
@@ -107,8 +107,14 @@ void SetFiles::NameAll() {
     for (const auto& sample : samples_) sample->TakeName();
     // The set comes last, and on the disk, too, its samples are there before it.
     if (!samples_.empty()) SyncFolder(FolderOf(samples_.front()->Path()));
+    // The copy comes before it: the former set is never without a name of its own.
+    if (keepCopy_) {
+        copy_ = std::make_unique<NewFile>(CopyName(path_));
+        copy_->BecomeNameOf(path_);
+        copy_->TakeName();
+    }
     set_->File().TakeName();
-    if (keepCopy_) set_->File().NameReplaced(CopyName(path_));
+    SyncFolder(FolderOf(path_));
 }
 
 void SetFiles::PutInPlace() {
@@ -116,13 +122,14 @@ void SetFiles::PutInPlace() {
         NameAll();
     } catch (...) {
         set_->File().Undo();
+        if (copy_) copy_->Undo();
         std::for_each(samples_.rbegin(), samples_.rend(), [](const auto& sample) { sample->Undo(); });
         throw;
     }
     set_.reset();
+    copy_.reset();
     samples_.clear();
-    RemoveLeftovers(FolderOf(path_));
-    SyncFolder(FolderOf(path_));
+    RemoveLeftovers(FolderOf(path_), std::time(nullptr));
 }
 
 }  // namespace marvolin

@@ -13,8 +13,8 @@ namespace marvolin {
 /// The file of a set and, in a package, the copies of its samples. All of them are written beside the files that they
 /// replace and get their names together at the end; without `PutInPlace` nothing is left of them.
 ///
-/// The set that is replaced stays as a file with "~" added to its name. Only a whole set becomes such a copy: one that
-/// was cut short replaces none.
+/// The set that is replaced stays as a file with "~" added to its name, which that file has before the new set takes
+/// the old name. Only a whole set becomes such a copy: one that was cut short replaces none.
 class SetFiles {
 public:
     /// Begins the set `fileName`. Raises a `RuntimeError` when it could not be put in place: the folder cannot be
@@ -22,12 +22,12 @@ public:
     /// could not get its name, because that is too long or the name of a folder.
     explicit SetFiles(const std::string& fileName);
 
+    /// The stream to which the set is written. It is there until `PutInPlace` succeeds.
     RecordWriter& Set() { return *set_; }
-    /// Copies a sample into `folder`. A copy of the same name that this save has made before is dropped. A file of that
-    /// name that has the same content, or is the sample itself, is left as it is.
-    void AddSample(const std::string& sample, const std::string& folder);
-    /// Gives all files their names, once they are on the disk. After a failure all names stand for what they did
-    /// before.
+    /// Copies a sample into the folder of the set, links followed. A copy of the same name that this save has made
+    /// before is dropped. A file of that name that has the same content, or is the sample itself, is left as it is.
+    void AddSample(const std::string& sample);
+    /// Gives all files their names, once they are on the disk. After a failure every name refers to its previous file.
     void PutInPlace();
 
 private:
@@ -36,6 +36,7 @@ private:
 
     std::string path_;  ///< of the set, links followed
     bool keepCopy_ = false;
+    std::unique_ptr<NewFile> copy_;  ///< the present set with "~"; null when none is kept
     std::unique_ptr<RecordWriter> set_;
     std::vector<std::unique_ptr<NewFile>> samples_;
 };

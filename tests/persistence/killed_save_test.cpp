@@ -2,25 +2,28 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <linux/filter.h>
-#include <linux/seccomp.h>
 #include <poll.h>
-#include <sys/prctl.h>
+#include <sys/mman.h>
 #include <sys/ptrace.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
-#include <cstddef>
+#include <atomic>
+#include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <optional>
 #include <random>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "fakes/file_bytes.h"
+#include "fakes/limits.h"
+#include "persistence/session_file_store.h"
 #include "persistence/set_instrument.h"
 #include "persistence/snapshot.h"
 
@@ -33,30 +36,18 @@ constexpr std::int16_t kOld = 700;
 constexpr std::int16_t kNew = 800;
 
 /// What the file system can do.
-enum class Abilities : std::uint8_t { All, NoNamelessFiles, NoLinksEither };
+enum class Abilities : std::uint8_t { All, NoNamelessFiles, NoNamesForNamelessFiles, NoLinksEither };
 
 /// Refuses the calls that the process's file system is meant not to support.
 void Restrict(Abilities abilities) {
-    if (abilities == Abilities::All) return;
-    constexpr std::uint32_t kNumber = offsetof(seccomp_data, nr);
-    constexpr std::uint32_t kFlags = offsetof(seccomp_data, args) + 2 * sizeof(std::uint64_t);  // of openat
-    constexpr std::uint32_t kTmpFile = O_TMPFILE & ~O_DIRECTORY;
-    const std::uint32_t link = abilities == Abilities::NoLinksEither ? SECCOMP_RET_ERRNO | EPERM : SECCOMP_RET_ALLOW;
-    std::array<sock_filter, 9> program{
-        {BPF_STMT(BPF_LD | BPF_W | BPF_ABS, kNumber), BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, __NR_openat, 0, 3),
-         BPF_STMT(BPF_LD | BPF_W | BPF_ABS, kFlags), BPF_JUMP(BPF_JMP | BPF_JSET | BPF_K, kTmpFile, 0, 4),
-         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EOPNOTSUPP),
-         BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, __NR_linkat, 1, 0),
-#ifdef __NR_link
-         BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, __NR_link, 0, 1),
-#else
-         BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, __NR_linkat, 0, 1),
-#endif
-         BPF_STMT(BPF_RET | BPF_K, link), BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)}};
-    const sock_fprog filter{static_cast<unsigned short>(program.size()), program.data()};
-    if (::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0 || ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) != 0) {
-        ::_exit(2);
+    const RefusedCall nameless{__NR_openat, EOPNOTSUPP, 2, O_TMPFILE & ~O_DIRECTORY};
+    std::vector<RefusedCall> refused;
+    if (abilities == Abilities::NoNamelessFiles || abilities == Abilities::NoLinksEither) refused.push_back(nameless);
+    if (abilities == Abilities::NoNamesForNamelessFiles) refused.push_back({__NR_linkat, ENOENT, 4, AT_SYMLINK_FOLLOW});
+    if (abilities == Abilities::NoLinksEither) {
+        for (const RefusedCall& link : Links(EPERM)) refused.push_back(link);
     }
+    if (!refused.empty()) RefuseCalls(refused);
 }
 
 /// How a child process ended.
@@ -97,14 +88,15 @@ struct Sets {
     std::string Folder;
     SetInstrument Player;
     SetInstrument Reader;
+    SessionFileStore Files;
+    Session Filed{Player.For(Player.Screen, Files)};  ///< empty, with the real files behind its gestures
 
     Sets() : Folder(QuickFolder() + "/marvolin-test-XXXXXX") {
         if (::mkdtemp(Folder.data()) == nullptr) throw std::runtime_error("no folder");
-        Player.s.SaveOpenSwitches[kWhenSaving] = All();
-        Player.s.CurrentFolder = Folder + "/";
+        Filed.SaveOpenSwitches[kWhenSaving] = All();
+        Filed.CurrentFolder = Folder + "/";
         Player.Fill(0, Player.Folder / "a.wav");
         Player.Fill(1, Player.Folder / "b.wav");
-        Player.Store.OnSave = [this] { SaveSession(Player.s, Folder + "/Snapshot 001.mvn", LoopsSaved::All, All()); };
     }
     ~Sets() { std::filesystem::remove_all(Folder); }
 
@@ -135,7 +127,7 @@ struct Sets {
 
 /// Kills `save` at each of its system calls, in a state that `prepare` makes anew each time, and runs `check` after.
 void KillAtEachSystemCall(Abilities abilities, const std::function<void(Sets&)>& prepare,
-                          const std::function<bool(Sets&)>& save, const std::function<void(Sets&)>& check) {
+                          const std::function<bool(Sets&)>& save, const std::function<void(Sets&, Ending)>& check) {
     constexpr int kFewestCalls = 12;
     for (int call = 1;; ++call) {
         SCOPED_TRACE(call);
@@ -148,7 +140,7 @@ void KillAtEachSystemCall(Abilities abilities, const std::function<void(Sets&)>&
         };
         const Ending ending = Trace(act, [&](std::uint64_t) { return ++entered == call; });
         ASSERT_NE(ending, Ending::Failed);
-        check(sets);
+        check(sets, ending);
         if (::testing::Test::HasFailure()) return;
         if (ending == Ending::Killed) continue;
         EXPECT_GT(call, kFewestCalls);
@@ -163,7 +155,7 @@ TEST_P(KilledSave, OfASessionLeavesTheOldOrTheNewOneAndAWholeCopy) {
         ASSERT_TRUE(sets.Save("x.mvn", kOld - 1));
         ASSERT_TRUE(sets.Save("x.mvn", kOld));
     };
-    const auto check = [](Sets& sets) {
+    const auto check = [](Sets& sets, Ending) {
         const auto pitch = sets.Pitch("x.mvn");
         ASSERT_TRUE(pitch);
         EXPECT_TRUE(*pitch == kOld || *pitch == kNew) << *pitch;
@@ -185,7 +177,7 @@ TEST_P(KilledSave, OfAPackageLeavesTheOldOrTheNewOneWithWholeSamples) {
         WriteBytes(sets.Player.Folder / "a.wav", "changed");
         sets.Player.Fill(2, sets.Player.Folder / "c.wav");
     };
-    const auto check = [](Sets& sets) {
+    const auto check = [](Sets& sets, Ending) {
         const auto pitch = sets.Pitch("set.mvp");
         ASSERT_TRUE(pitch);
         EXPECT_TRUE(*pitch == kOld || *pitch == kNew) << *pitch;
@@ -209,13 +201,13 @@ TEST_P(KilledSave, OfAPackageLeavesTheOldOrTheNewOneWithWholeSamples) {
 TEST_P(KilledSave, OfASnapshotLeavesItWholeOrNotAtAll) {
     const auto prepare = [](Sets& sets) { ASSERT_TRUE(sets.Save("Snapshot 000.mvn", kOld)); };
     const auto save = [](Sets& sets) {
-        for (Row row = 0; row < kLoopTracks; ++row) sets.Player.s.Set[row].Hz = kNew;
-        SnapShot_MouseUp(sets.Player.s);
-        return sets.Player.s.StatusText == "Snapshot 001.mvn";
+        for (Row row = 0; row < kLoopTracks; ++row) sets.Filed.Set[row].Hz = kNew;
+        SnapShot_MouseUp(sets.Filed);
+        return sets.Filed.StatusText == "Snapshot 001.mvn";
     };
-    const auto check = [](Sets& sets) {
+    const auto check = [](Sets& sets, Ending ending) {
         EXPECT_EQ(sets.Pitch("Snapshot 000.mvn"), kOld);
-        if (sets.Has("Snapshot 001.mvn")) {
+        if (ending == Ending::Finished || sets.Has("Snapshot 001.mvn")) {
             EXPECT_EQ(sets.Pitch("Snapshot 001.mvn"), kNew);
         }
     };
@@ -226,6 +218,8 @@ std::string NameOf(const ::testing::TestParamInfo<Abilities>& of) {
     switch (of.param) {
         case Abilities::NoNamelessFiles:
             return "NoNamelessFiles";
+        case Abilities::NoNamesForNamelessFiles:
+            return "NoNamesForNamelessFiles";
         case Abilities::NoLinksEither:
             return "NoLinksEither";
         default:
@@ -233,7 +227,8 @@ std::string NameOf(const ::testing::TestParamInfo<Abilities>& of) {
     }
 }
 INSTANTIATE_TEST_SUITE_P(FileSystems, KilledSave,
-                         ::testing::Values(Abilities::All, Abilities::NoNamelessFiles, Abilities::NoLinksEither),
+                         ::testing::Values(Abilities::All, Abilities::NoNamelessFiles,
+                                           Abilities::NoNamesForNamelessFiles, Abilities::NoLinksEither),
                          NameOf);
 
 /// One letter for each call of a save that flushes (f) or gives a name (n), in their order.
@@ -266,19 +261,46 @@ TEST(FlushedSave, TheSamplesOfAPackageAreOnTheDiskBeforeItsSetHasItsName) {
     EXPECT_EQ(FlushesAndNames([&] { return sets.Save("set.mvp", kNew); }), "fffnnfnnf");
 }
 
+/// Saves that a child process has begun and finished.
+struct Counts {
+    std::atomic<int> Begun = 0;
+    std::atomic<int> Finished = 0;
+};
+
+/// `Counts` in memory that this process and its children share.
+class SharedCounts {
+public:
+    SharedCounts() {
+        void* memory = ::mmap(nullptr, sizeof(Counts), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+        if (memory == MAP_FAILED) throw std::runtime_error("no memory");
+        counts_ = new (memory) Counts;
+    }
+    ~SharedCounts() { ::munmap(counts_, sizeof(Counts)); }
+    SharedCounts(const SharedCounts&) = delete;
+    SharedCounts& operator=(const SharedCounts&) = delete;
+    Counts* operator->() { return counts_; }
+
+private:
+    Counts* counts_;
+};
+
 /// Saves again and again in a child process, which is killed after `micros`.
-void SaveUntilKilled(Sets& sets, std::int16_t pitch, long micros) {
+void SaveUntilKilled(Sets& sets, std::int16_t pitch, long micros, SharedCounts& counts) {
     std::array<int, 2> pipe{};
     ASSERT_EQ(::pipe(pipe.data()), 0);
     const pid_t child = ::fork();
     if (child == 0) {
         ::close(pipe[0]);
-        for (std::int16_t next = pitch;; next = static_cast<std::int16_t>(next % 4000 + 1)) sets.Save("x.mvn", next);
+        for (std::int16_t next = pitch;; next = static_cast<std::int16_t>(next % 4000 + 1)) {
+            ++counts->Begun;
+            if (!sets.Save("x.mvn", next)) ::_exit(1);
+            ++counts->Finished;
+        }
     }
     ::close(pipe[1]);
     // The pipe never has anything to read while the child lives.
     pollfd wait{pipe[0], POLLIN, 0};
-    const timespec moment{0, micros * 1000};
+    const timespec moment{micros / 1000000, micros % 1000000 * 1000};
     EXPECT_EQ(::ppoll(&wait, 1, &moment, nullptr), 0) << "the child ended by itself";
     ::kill(child, SIGKILL);
     int status = 0;
@@ -286,20 +308,36 @@ void SaveUntilKilled(Sets& sets, std::int16_t pitch, long micros) {
     ::close(pipe[0]);
 }
 
+/// Microseconds that a save takes here.
+long OneSave(Sets& sets) {
+    const auto before = std::chrono::steady_clock::now();
+    EXPECT_TRUE(sets.Save("x.mvn", 1));
+    const auto taken = std::chrono::steady_clock::now() - before;
+    return static_cast<long>(std::chrono::duration_cast<std::chrono::microseconds>(taken).count());
+}
+
 TEST(KilledSaves, AThousandAtRandomMomentsLeaveAWholeSetEachTime) {
     constexpr int kKills = 1000;
-    constexpr long kLongest = 4000;  // microseconds
+    constexpr long kShortest = 2000;  // microseconds; a process begins within it
     std::mt19937 random(1);
     Sets sets;
+    SharedCounts counts;
     ASSERT_TRUE(sets.Save("x.mvn", 1));
+    const long longest = kShortest + 4 * OneSave(sets);
+    int interrupted = 0;
     for (int kill = 0; kill < kKills; ++kill) {
         SCOPED_TRACE(kill);
-        SaveUntilKilled(sets, *sets.Pitch("x.mvn"), std::uniform_int_distribution<long>(0, kLongest)(random));
-        ASSERT_TRUE(sets.Pitch("x.mvn"));
+        const auto pitch = sets.Pitch("x.mvn");
+        ASSERT_TRUE(pitch);
+        SaveUntilKilled(sets, *pitch, std::uniform_int_distribution<long>(0, longest)(random), counts);
+        interrupted += counts->Begun > counts->Finished ? 1 : 0;
+        counts->Begun = counts->Finished.load();
         if (sets.Has("x.mvn~")) {
             ASSERT_TRUE(sets.Pitch("x.mvn~"));
         }
     }
+    EXPECT_GT(counts->Finished, 0);
+    EXPECT_GT(interrupted, 0);
     ASSERT_TRUE(sets.Save("x.mvn", 2));
     EXPECT_EQ(sets.Pitch("x.mvn"), 2);
     EXPECT_EQ(sets.HiddenFiles(), 0U);

@@ -1,9 +1,14 @@
 // What a save does to the files that are there.
 
-#include <gmock/gmock.h>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <map>
 #include <stdexcept>
@@ -12,13 +17,13 @@
 #include "fakes/file_bytes.h"
 #include "fakes/limits.h"
 #include "fakes/temp_folder.h"
+#include "persistence/session_format.h"
 #include "persistence/set_instrument.h"
 
 namespace marvolin {
 namespace {
 
 using namespace test;
-using ::testing::HasSubstr;
 
 /// A set of this pitch in all LoopTracks, as bytes.
 std::string SetOfPitch(std::int16_t hz) {
@@ -188,6 +193,42 @@ TEST(SavedFiles, ALinkStaysALinkAndItsSetIsReplaced) {
     EXPECT_EQ(ReadBytes(i.Sets / "real/x.mvn~"), before);
 }
 
+TEST(SavedFiles, ALinkToASetThatIsNotThereYetStaysALink) {
+    Saver i;
+    std::filesystem::create_directory(i.Sets / "real");
+    std::filesystem::create_symlink("real/x.mvn", i.Sets / "link.mvn");
+    ASSERT_TRUE(i.SaveTo("link.mvn"));
+    EXPECT_TRUE(std::filesystem::is_symlink(i.Sets / "link.mvn"));
+    EXPECT_TRUE(std::filesystem::is_regular_file(i.Sets / "real/x.mvn"));
+}
+
+TEST(SavedFiles, ALinkIntoAFolderThatHasGoneOrInACircleIsAnErrorCreating) {
+    Saver i;
+    std::filesystem::create_symlink("gone/x.mvn", i.Sets / "link.mvn");
+    std::filesystem::create_symlink("circle.mvn", i.Sets / "circle.mvn");
+    for (const char* name : {"link.mvn", "circle.mvn"}) {
+        EXPECT_FALSE(i.SaveTo(name));
+        EXPECT_EQ(i.Desk.LastBox(), "Error Creating File: " + (i.Sets / name));
+        EXPECT_TRUE(std::filesystem::is_symlink(i.Sets / name));
+    }
+}
+
+TEST(SavedFiles, ASetWithBytesBehindItsEndIsWholeAndOneOfAnotherFormatIsNot) {
+    Saver i;
+    const std::string older = SetOfPitch(400);
+    const std::string set = SetOfPitch(500);
+    WriteBytes(i.Sets / "x.mvn", set + std::string(100000, 'x'));
+    WriteBytes(i.Sets / "x.mvn~", older);
+    ASSERT_TRUE(i.SaveTo("x.mvn"));
+    EXPECT_EQ(ReadBytes(i.Sets / "x.mvn~"), set + std::string(100000, 'x'));
+    std::string other = set;
+    ++other[2 + kHeaderText.size()];
+    WriteBytes(i.Sets / "x.mvn", other);
+    WriteBytes(i.Sets / "x.mvn~", older);
+    ASSERT_TRUE(i.SaveTo("x.mvn"));
+    EXPECT_EQ(ReadBytes(i.Sets / "x.mvn~"), older);
+}
+
 TEST(SavedFiles, OnAFullDiskTwoSavesInARowLeaveTheSetAndItsCopyAsTheyWere) {
     Saver i;
     ASSERT_TRUE(i.SaveTo("x.mvn"));
@@ -225,6 +266,34 @@ TEST(SavedFiles, OnAFullDiskTwoSavesOfAPackageLeaveItAndItsSamplesAsTheyWere) {
     ASSERT_TRUE(i.SaveTo("set.mvp"));
     EXPECT_EQ(ReadBytes(i.Sets / "b.wav"), longSample + "changed");
     EXPECT_EQ(ReadBytes(i.Sets / "c.wav"), "c.wav");
+}
+
+/// Leaves the process with 7 as the lowest number that a file can get.
+void OccupyFilesBelowSeven() {
+    constexpr int kMost = 256;
+    for (int file = 3; file < kMost; ++file) ::close(file);
+    while (::open("/dev/null", O_RDONLY | O_CLOEXEC) < 6) {
+    }
+}
+
+TEST(SavedFiles, WhenTheNamesCannotBePutOnTheDiskAllFilesAreAsTheyWere) {
+    Saver i;
+    ASSERT_TRUE(i.SaveTo("x.mvn"));
+    i.s.Set[0].Hz = 700;
+    ASSERT_TRUE(i.SaveTo("x.mvn"));
+    const auto before = i.Files();
+    const pid_t child = ::fork();
+    if (child == 0) {
+        OccupyFilesBelowSeven();
+        // The set is file 7, and the folder one of the numbers from 8 to 15.
+        RefuseCalls({{__NR_fsync, EIO, 0, 8}});
+        i.s.Set[0].Hz = 1234;
+        ::_exit(!i.SaveTo("x.mvn") && i.Desk.LastBox() == "Error Saving Device I/O error" ? 0 : 1);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    EXPECT_EQ(i.Files(), before);
 }
 
 TEST(SavedFiles, TheFileIsClosedAndGoneBeforeTheMessageIsShown) {
@@ -320,30 +389,33 @@ TEST(SavedPackage, AFolderInPlaceOfASampleFailsItAndLeavesTheOtherSamplesAsTheyW
     i.ExpectFailure("set.mvp", "Error Saving Path/File access error");
 }
 
+/// A folder whose path is so long that a file of a short name can be made in it, and none of a long name.
+std::string DeepFolder(std::string path) {
+    constexpr std::size_t kDeep = 3900;
+    constexpr std::size_t kPart = 200;
+    while (path.size() + 2 < kDeep) {
+        path += "/" + std::string(std::min(kPart, kDeep - path.size() - 1), 'f');
+        std::filesystem::create_directory(path);
+    }
+    return path;
+}
+
 TEST(SavedPackage, ASampleThatCannotTakeItsNameGivesBackThoseBeforeIt) {
     Saver i;
+    const std::string deep = DeepFolder(i.Sets.Path());
+    const std::string set = deep + "/set.mvp";
     i.Fill(0, i.Folder / "a.wav");
-    ASSERT_TRUE(i.SaveTo("set.mvp"));
+    ASSERT_TRUE(SaveSession(i.s, set, LoopsSaved::All, All()));
     WriteBytes(i.Folder / "a.wav", "changed");
-    WriteBytes(i.Sets / "b.wav", "another user's");
+    const std::string longName = i.Folder / (std::string(240, 'n') + ".wav");
+    WriteBytes(longName, "long");
     i.Fill(1, i.Folder / "b.wav");
-    i.Fill(2, i.Folder / "c.wav");
-    // In a folder like the system's temporary one nobody may replace the files of another user.
-    std::filesystem::permissions(i.Sets.Path(), std::filesystem::perms(01777));
-    std::filesystem::permissions(i.Folder.Path(), std::filesystem::perms(0755));
-    constexpr uid_t kNobody = 65534;
-    constexpr uid_t kOther = 65533;
-    if (::geteuid() == 0) {
-        for (const char* mine : {"a.wav", "set.mvp"}) ASSERT_EQ(::chown((i.Sets / mine).c_str(), kNobody, kNobody), 0);
-        ASSERT_EQ(::chown((i.Sets / "b.wav").c_str(), kOther, kOther), 0);
-        ASSERT_EQ(::chown(i.Sets.Path().c_str(), kOther, kOther), 0);
-        const OrdinaryUser user;
-        i.ExpectFailure("set.mvp", "Error Saving Permission denied");
-    } else {
-        std::filesystem::remove(i.Sets / "b.wav");
-        std::filesystem::create_directory(i.Sets / "b.wav");
-        i.ExpectFailure("set.mvp", "Error Saving Path/File access error");
-    }
+    i.Fill(2, longName);
+    i.Fill(3, i.Folder / "c.wav");
+    const auto before = FilesIn(deep);
+    EXPECT_FALSE(SaveSession(i.s, set, LoopsSaved::All, All()));
+    EXPECT_EQ(i.Desk.LastBox(), "Error Saving Bad file name or number");
+    EXPECT_EQ(FilesIn(deep), before);
 }
 
 TEST(SavedPackage, ThePackageUnderTheTildeOpensAsAPackage) {
@@ -351,11 +423,14 @@ TEST(SavedPackage, ThePackageUnderTheTildeOpensAsAPackage) {
     i.Fill(0, i.Folder / "a.wav");
     ASSERT_TRUE(i.SaveTo("set.mvp"));
     ASSERT_TRUE(i.SaveTo("set.mvp"));
+    WriteBytes(i.Folder / "a.wav", "changed");
+    ASSERT_TRUE(i.SaveTo("set.mvp"));
     std::filesystem::remove(i.Folder / "a.wav");
     SetInstrument other;
     ASSERT_TRUE(LoadSession(other.s, i.Sets / "set.mvp~", SetAsCurrent::No, All(), AdoptSwitches::No));
     EXPECT_EQ(other.s.Set[0].FileName, i.Sets / "a.wav");
     EXPECT_NE(other.s.Run[0].Loaded, False);
+    EXPECT_EQ(ReadBytes(i.Sets / "a.wav"), "changed") << "the two share their samples";
 }
 
 TEST(SavedPackage, SamplesWithABackslashANewlineAndOtherBytesInTheirNamesAreFoundInIt) {
@@ -372,6 +447,40 @@ TEST(SavedPackage, SamplesWithABackslashANewlineAndOtherBytesInTheirNamesAreFoun
         EXPECT_EQ(ReadBytes(other.s.Set[0].FileName), "sample");
         EXPECT_TRUE(other.Desk.Boxes.empty());
     }
+}
+
+TEST(SavedPackage, ThatIsSavedThroughALinkHasItsSamplesBesideTheFileAndOpensThroughBothNames) {
+    Saver i;
+    std::filesystem::create_directory(i.Sets / "real");
+    i.Fill(0, i.Folder / "a.wav");
+    ASSERT_TRUE(i.SaveTo("real/set.mvp"));
+    std::filesystem::create_symlink("real/set.mvp", i.Sets / "link.mvp");
+    WriteBytes(i.Folder / "a.wav", "changed");
+    ASSERT_TRUE(i.SaveTo("link.mvp"));
+    EXPECT_EQ(ReadBytes(i.Sets / "real/a.wav"), "changed");
+    EXPECT_EQ(FilesIn(i.Sets.Path()).size(), 2U) << "the folder and the link";
+    std::filesystem::remove(i.Folder / "a.wav");
+    for (const char* name : {"link.mvp", "real/set.mvp"}) {
+        SetInstrument other;
+        ASSERT_TRUE(LoadSession(other.s, i.Sets / name, SetAsCurrent::Yes, All(), AdoptSwitches::No));
+        EXPECT_NE(other.s.Run[0].Loaded, False);
+        EXPECT_TRUE(std::filesystem::equivalent(other.s.Set[0].FileName, i.Sets / "real/a.wav"));
+        EXPECT_EQ(i.Sets / name, other.s.CurrentFolder + other.s.CurrentFile);
+    }
+}
+
+TEST(SavedPackage, ASampleWithABackslashInItsNameKeepsItBesideOneOfTheNameBehindIt) {
+    Saver i;
+    for (const char* name : {"c\\d.WAV", "d.WAV"}) WriteBytes(i.Folder / name, name);
+    i.Fill(0, i.Folder / "c\\d.WAV");
+    i.Fill(1, i.Folder / "d.WAV");
+    ASSERT_TRUE(i.SaveTo("set.mvp"));
+    EXPECT_EQ(ReadBytes(i.Sets / "c\\d.WAV"), "c\\d.WAV");
+    EXPECT_EQ(ReadBytes(i.Sets / "d.WAV"), "d.WAV");
+    SetInstrument other;
+    ASSERT_TRUE(LoadSession(other.s, i.Sets / "set.mvp", SetAsCurrent::No, All(), AdoptSwitches::No));
+    EXPECT_EQ(other.s.Set[0].FileName, i.Sets / "c\\d.WAV");
+    EXPECT_EQ(other.s.Set[1].FileName, i.Sets / "d.WAV");
 }
 
 TEST(SavedPackage, OfTwoSamplesOfOneNameTheLaterWinsAlsoWhenItIsThereAlready) {

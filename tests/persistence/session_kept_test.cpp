@@ -14,6 +14,7 @@
 #include "parameters/setters.h"
 #include "performance/map/use_3d.h"
 #include "performance/pad/mix_pad.h"
+#include "persistence/clips.h"
 #include "persistence/set_instrument.h"
 
 namespace marvolin {
@@ -141,6 +142,21 @@ TEST(SessionKept, ASetThatIsSavedInSilenceHoldsItsSamples) {
     ASSERT_TRUE(i.Load("x.mvn", test::AllBut(Element::ClipBoard)));
     EXPECT_EQ(i.s.Set[0].BeatStart, 25);
     i.ExpectKept();
+}
+
+TEST(SessionKept, AClipThatIsDroppedInSilenceSoundsWithTheNextDevice) {
+    Played i;
+    cboDrivers_Click(i.s, 2);
+    i.s.Clips.Selected = 1;
+    DropClip(i.s, 3, {"ClipBoardList", 0, "1"});
+    i.s.Clips.Selected = 0;
+    DropClip(i.s, 1, {"ClipBoardList", 0, "2"});
+    EXPECT_TRUE(i.Desk.Boxes.empty());
+    cboDrivers_Click(i.s, 0);
+    EXPECT_EQ(i.s.Set[3].FileName, i.Folder / "b.wav");
+    EXPECT_EQ(i.s.Run[3].Playing, True);
+    EXPECT_EQ(i.s.Set[1].FileName, i.Folder / "a.wav");
+    EXPECT_EQ(i.s.Run[1].Playing, False);
 }
 
 TEST(SessionKept, ASetThatIsOpenedInSilenceSoundsWithTheNextDevice) {

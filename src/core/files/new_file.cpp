@@ -5,8 +5,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <csignal>
-#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <system_error>
@@ -15,6 +13,7 @@
 
 #include "core/errors.h"
 #include "core/files/file_errors.h"
+#include "core/files/hidden_names.h"
 
 namespace marvolin {
 
@@ -25,17 +24,7 @@ namespace fs = std::filesystem;
 constexpr mode_t kNewFileMode = 0666;
 constexpr mode_t kPermissions = 0777;
 constexpr std::size_t kCopyBytes = 1 << 18;
-constexpr std::string_view kHiddenStem = ".marvolin-";
-
-/// Makes a file by `make` under a name in `folder` that no file has, and returns the name.
-std::string UnderHiddenName(const std::string& folder, const std::function<bool(const std::string&)>& make) {
-    const std::string stem = folder + "/" + std::string(kHiddenStem) + std::to_string(::getpid()) + "-";
-    for (int number = 1;; ++number) {
-        const std::string name = stem + std::to_string(number);
-        if (make(name)) return name;
-        if (errno != EEXIST) RaiseFileError(errno);
-    }
-}
+constexpr int kMostLinks = 40;  // as the system
 
 /// The path by which an open file without a name can be given one.
 std::string PathOfOpen(int file) { return "/proc/self/fd/" + std::to_string(file); }
@@ -81,10 +70,14 @@ std::string NewFile::Folder() const {
 
 void NewFile::Open() {
     const std::string folder = Folder();
-    file_ = ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, kNewFileMode);
+    file_ = ::open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, kNewFileMode);
     if (file_ >= 0 && ::access(PathOfOpen(file_).c_str(), F_OK) == 0) return;
     if (file_ >= 0) ::close(file_);
-    hidden_ = UnderHiddenName(folder, [&](const std::string& name) {
+    OpenHidden();
+}
+
+void NewFile::OpenHidden() {
+    hidden_ = UnderHiddenName(Folder(), [&](const std::string& name) {
         file_ = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode);
         return file_ >= 0;
     });
@@ -103,19 +96,39 @@ void NewFile::Write(std::string_view bytes) {
 void NewFile::WriteCopyOf(const std::string& source) {
     const int from = OpenPlainFile(source);
     try {
-        std::vector<char> part(kCopyBytes);
-        for (;;) {
-            const ssize_t got = ::read(from, part.data(), part.size());
-            if (got < 0 && errno == EINTR) continue;
-            if (got < 0) RaiseFileError(errno);
-            if (got == 0) break;
-            Write({part.data(), static_cast<std::size_t>(got)});
-        }
+        Append(from);
     } catch (...) {
         ::close(from);
         throw;
     }
     ::close(from);
+}
+
+void NewFile::Append(int file) {
+    std::vector<char> part(kCopyBytes);
+    for (;;) {
+        const ssize_t got = ::read(file, part.data(), part.size());
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) RaiseFileError(errno);
+        if (got == 0) return;
+        Write({part.data(), static_cast<std::size_t>(got)});
+    }
+}
+
+void NewFile::BecomeNameOf(const std::string& source) {
+    const auto link = [&](const std::string& name) { return ::link(source.c_str(), name.c_str()) == 0; };
+    std::string second;
+    try {
+        second = UnderHiddenName(Folder(), link);
+    } catch (const RuntimeError&) {
+        struct stat state {};
+        if (::stat(source.c_str(), &state) == 0) (void)::fchmod(file_, state.st_mode & kPermissions);
+        WriteCopyOf(source);
+        Sync();
+        return;
+    }
+    if (!hidden_.empty()) ::unlink(hidden_.c_str());
+    hidden_ = second;
 }
 
 void NewFile::Sync() { WaitForDisk(file_); }
@@ -138,25 +151,41 @@ void NewFile::KeepReplaced() {
 void NewFile::TakeHiddenName() {
     if (!hidden_.empty()) return;
     const std::string open = PathOfOpen(file_);
-    hidden_ = UnderHiddenName(Folder(), [&](const std::string& name) {
+    const auto link = [&](const std::string& name) {
         return ::linkat(AT_FDCWD, open.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0;
-    });
+    };
+    try {
+        hidden_ = UnderHiddenName(Folder(), link);
+    } catch (const RuntimeError&) {
+        // Some file systems have nameless files and cannot name them.
+        CopyToHiddenName();
+    }
+}
+
+void NewFile::CopyToHiddenName() {
+    const int nameless = file_;
+    try {
+        OpenHidden();
+        struct stat state {};
+        if (::fstat(nameless, &state) == 0) (void)::fchmod(file_, state.st_mode & kPermissions);
+        if (::lseek(nameless, 0, SEEK_SET) < 0) RaiseFileError(errno);
+        Append(nameless);
+        Sync();
+    } catch (...) {
+        if (file_ != nameless) ::close(nameless);
+        throw;
+    }
+    ::close(nameless);
 }
 
 void NewFile::TakeName() {
     TakeHiddenName();
     KeepReplaced();
     if (::rename(hidden_.c_str(), path_.c_str()) != 0) RaiseFileError(errno);
+    // Still there when both names were names of one file.
+    ::unlink(hidden_.c_str());
     hidden_.clear();
     placed_ = true;
-}
-
-void NewFile::NameReplaced(const std::string& path) {
-    if (replaced_.empty()) return;
-    if (::rename(replaced_.c_str(), path.c_str()) != 0) RaiseFileError(errno);
-    // Still there when both names were names of one file.
-    DropReplaced();
-    placed_ = false;
 }
 
 void NewFile::Undo() noexcept {
@@ -164,9 +193,14 @@ void NewFile::Undo() noexcept {
     placed_ = false;
     if (replaced_.empty()) {
         ::unlink(path_.c_str());
-    } else if (::rename(replaced_.c_str(), path_.c_str()) == 0) {
-        replaced_.clear();
+        return;
     }
+    if (::rename(replaced_.c_str(), path_.c_str()) == 0) {
+        // Still there when both names are names of one file.
+        ::unlink(replaced_.c_str());
+    }
+    // Otherwise it is left: what the player had is under this name alone.
+    replaced_.clear();
 }
 
 void NewFile::DropReplaced() noexcept {
@@ -174,14 +208,18 @@ void NewFile::DropReplaced() noexcept {
     replaced_.clear();
 }
 
-void RemoveLeftovers(const std::string& folder) {
+std::string BehindLinks(const std::string& path) {
     std::error_code error;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-        const std::string name = entry->path().filename().string();
-        if (!name.starts_with(kHiddenStem)) continue;
-        const pid_t process = std::atoi(name.c_str() + kHiddenStem.size());
-        if (process > 0 && ::kill(process, 0) != 0 && errno == ESRCH) ::unlink(entry->path().c_str());
+    if (!fs::is_symlink(path, error)) return path;
+    const fs::path whole = fs::canonical(path, error);
+    if (!error) return whole.string();
+    fs::path real = path;
+    for (int links = 0; links < kMostLinks; ++links) {
+        const fs::path target = fs::read_symlink(real, error);
+        if (error) return real.string();
+        real = real.parent_path() / target;
     }
+    return path;
 }
 
 void SyncFolder(const std::string& folder) {

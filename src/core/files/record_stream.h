@@ -2,8 +2,8 @@
 /// \file
 /// Binary records in a file, written and read strictly in sequence: little-endian, without padding.
 ///
-/// Failures are `RuntimeError`s with a number and a description for the player: those of `RaiseFileError`, and "Input
-/// past end of file" (62) and its like for what a file holds.
+/// Failures are `RuntimeError`s with a number and a description for the player: those of `RaiseFileError`, and
+/// for what a file holds "Input past end of file" (62), "Bad record length" (59) and "Type mismatch" (13).
 
 #include <cstddef>
 #include <cstdint>
@@ -17,8 +17,8 @@
 
 namespace marvolin {
 
-/// Writes a new file, which gets its name when it is whole. Without `Close` nothing is left of it, and the file that
-/// has the name stays as it is.
+/// Writes a new file, which gets its name when it is whole. Without `Close`, or `TakeName` of its
+/// `File`, nothing is left of it, and the file that has the name stays as it is.
 class RecordWriter {
 public:
     explicit RecordWriter(const std::string& path);
@@ -36,6 +36,7 @@ public:
     void PutTagged(std::string_view text) { PutTagged(TaggedValue(std::string(text))); }
     /// Writes what is still in memory and waits until all of it is on the disk. The file has no name yet.
     void Finish();
+    /// The file under way, for those who name several files together. It lives as long as this.
     NewFile& File() { return file_; }
     /// `Finish`, and gives the file its name in place of the one that has it.
     void Close();

@@ -121,7 +121,7 @@ void Apply(QApplication& application) {
     RegisterPictures();
     application.setStyle(new DialogueStyle);  // owned by the toolkit
     application.setPalette(DarkPalette());
-    application.setFont(QFont(Family()));  // the one look at the font database
+    application.setFont(QFont(Family()));  // looks the font up once
     application.setFont(Sans(13));
     application.setStyleSheet(kSheet);
 }
