@@ -25,6 +25,7 @@ constexpr std::int32_t kColumnMargin = 100;  // twips
 constexpr std::string_view kSampleEnding = ".WAV";
 constexpr std::string_view kShortcutEnding = ".WAV.LNK";
 constexpr std::int64_t kKilobyte = 1024;
+constexpr std::size_t kMostNameWidths = 50000;
 
 /// The first `count` characters of a UTF-8 text.
 std::string FirstCharacters(const std::string& text, std::size_t count) {
@@ -116,8 +117,9 @@ Found ScanFolder(const Session& s, const std::string& folder) {
     return found;
 }
 
-/// The width of a name, which is measured once.
+/// The width of a name, which is measured once, as long as there are not too many of them.
 std::int32_t NameWidth(Session& s, const std::string& name) {
+    if (s.NameWidths.size() >= kMostNameWidths) s.NameWidths.clear();
     const auto [known, isNew] = s.NameWidths.try_emplace(name, 0);
     if (isNew) known->second = s.World.Desk.TextWidth(name);
     return known->second;

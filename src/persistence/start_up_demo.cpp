@@ -99,7 +99,10 @@ void cmdNo_Click(Session& s) {
     const std::string demo = InProgramFolder(s, kDemoFile);
     std::error_code error;
     // In one step: an older file of that name goes only when the demo takes its place.
-    std::filesystem::rename(demo, InProgramFolder(s, kDisabledDemoFile), error);
+    const std::string disabled = InProgramFolder(s, kDisabledDemoFile);
+    std::filesystem::rename(demo, disabled, error);
+    // Two names of one file stay two names.
+    if (!error && FileExists(demo)) std::filesystem::remove(demo, error);
     if (FileExists(demo)) {
         s.World.Desk.Report("The startup demo could not be renamed, so it will be shown again: " + error.message());
     } else {

@@ -295,6 +295,14 @@ TEST(UpdatePickFile, ANameIsMeasuredOnce) {
     EXPECT_EQ(b.s.Bins[2].FirstColumn, 1400);
 }
 
+TEST(UpdatePickFile, WidthsOfNamesAreForgottenWhenTheyAreTooMany) {
+    QuietBrowser b;
+    for (int name = 0; name < 60000; ++name) b.s.NameWidths[std::to_string(name)] = 1;
+    UpdatePickFile(b.s, 0);
+    EXPECT_EQ(b.s.NameWidths.size(), 2U);
+    EXPECT_EQ(b.Desk.Measured, (std::vector<std::string>{"one", "two"}));
+}
+
 TEST(SetPickDirCaption, AFolderNameLongerThan10CharactersIsCutAndTheToolTipKeepsThePath) {
     Browser b;
     SetPickDir(b.s, 0, "/x/abcdefghijklm/");

@@ -138,6 +138,17 @@ TEST(StartUpQuery, NoKeepsAnOlderDisabledDemoWhenTheDemoCannotTakeItsName) {
     EXPECT_EQ(i.Desk.LastBox(), "The startup demo could not be renamed, so it will be shown again: Is a directory");
 }
 
+TEST(StartUpQuery, NoRemovesTheNameOfADemoThatHasBothNames) {
+    SetInstrument i;
+    i.Forms.Loaded.insert(Form::StartUpQuery);
+    WriteBytes(i.Folder / "startup.mvp", "demo");
+    std::filesystem::create_hard_link(i.Folder / "startup.mvp", i.Folder / "disabledstartup.mvp");
+    cmdNo_Click(i.s);
+    EXPECT_FALSE(std::filesystem::exists(i.Folder / "startup.mvp"));
+    EXPECT_EQ(ReadBytes(i.Folder / "disabledstartup.mvp"), "demo");
+    EXPECT_TRUE(i.Desk.LastBox().starts_with("To re-enable"));
+}
+
 TEST(StartUpQuery, YesChangesNothing) {
     SetInstrument i;
     i.Forms.Loaded.insert(Form::StartUpQuery);

@@ -33,7 +33,11 @@ QStringList NameFilters(std::string_view filter) {
     return filters;
 }
 
-QString SuffixOf(const QString& filter) { return filter.contains("*.mvp") ? "mvp" : "mvn"; }
+QString SuffixOf(const QString& filter) {
+    if (filter.contains("*.mvp~")) return "mvp~";
+    if (filter.contains("*.mvn~")) return "mvn~";
+    return filter.contains("*.mvp") ? "mvp" : "mvn";
+}
 
 /// A file dialogue that saves only to a folder that exists, and only under a name that the lists of sets show.
 class SessionFileDialogue : public QFileDialog {
