@@ -162,6 +162,7 @@ TEST_P(KilledSave, OfASessionLeavesTheOldOrTheNewOneAndAWholeCopy) {
         const auto copy = sets.Pitch("x.mvn~");
         ASSERT_TRUE(copy);
         EXPECT_TRUE(*copy == kOld || *copy == kOld - 1) << *copy;
+        EXPECT_TRUE(*pitch == kOld || *copy == kOld) << "the old set has one of the two names at each moment";
         ASSERT_TRUE(sets.Save("x.mvn", kNew));
         EXPECT_EQ(sets.Pitch("x.mvn"), kNew);
         EXPECT_EQ(sets.HiddenFiles(), 0U) << "the next save removes what was left";
