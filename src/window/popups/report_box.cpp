@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPushButton>
 #include <QScreen>
 #include <QWindow>
@@ -52,11 +53,12 @@ void ReportBox::Show(const QString& text, const QString& title, Icon icon, QWidg
     setWindowTitle(title);
     setText(text);
     setInformativeText(count_ > 1 ? CountText(count_) : QString());
+    // The toolkit makes the line's label hidden, and would leave it out of the size of an open box.
+    if (auto* line = findChild<QLabel*>("qt_msgbox_informativelabel")) line->show();
     setIcon(icon);
     winId();  // makes the window that gets an owner
     windowHandle()->setTransientParent(owner == nullptr ? nullptr : owner->window()->windowHandle());
     if (!isVisible()) return show();
-    adjustSize();
     Place();
     raise();
     QAccessibleEvent alert(this, QAccessible::Alert);
