@@ -10,6 +10,7 @@
 #include <array>
 #include <functional>
 #include <map>
+#include <regex>
 
 #include "performance/tabs.h"
 #include "whole_hand.h"
@@ -46,6 +47,9 @@ struct Outcome {
     friend bool operator==(const Outcome&, const Outcome&) = default;
 };
 
+/// A call of the sound service without the number of its buffer: each load takes a new one.
+std::string Unnumbered(const std::string& call) { return std::regex_replace(call, std::regex(" b[0-9]+"), ""); }
+
 /// Holds the control with the first button of the chord, alone or with the second, and then clicks on it.
 Outcome Hold(WholeHand& hand, QWidget& widget, const Chord& chord, bool alone) {
     hand.Begin();
@@ -68,7 +72,8 @@ Outcome Hold(WholeHand& hand, QWidget& widget, const Chord& chord, bool alone) {
     hand.FinishDrags();
     outcome.Clicked = FactsOf(hand.s);
     for (const std::string& call : hand.Sound.Log) {
-        if (call.find("GetCurrentPosition") == std::string::npos) outcome.Sound.push_back(call);  // a painting asks
+        if (call.find("GetCurrentPosition") == std::string::npos)
+            outcome.Sound.push_back(Unnumbered(call));  // a painting asks
     }
     outcome.Forms = hand.Forms.Log;
     outcome.Drags = hand.Drags;
