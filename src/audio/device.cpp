@@ -81,7 +81,7 @@ void InitDirectSound(Session& s) {
     s.DSReady = false;
     s.OpenDriver = -1;
     if (!NoSoundChosen(s)) TryToOpenDevice(s);
-    // A bar of the window shows the open device, which need not be the one that it was.
+    // A bar of the window shows the open device, which may differ from the previous one.
     s.World.Screen.ShowDrivers();
 }
 

@@ -11,7 +11,7 @@ void InitAudioDriversList(Session& s);
 
 /// Changes to the device of `entry` in `cboDrivers`, which the player or the start has chosen. While `DeviceSwapArmed`
 /// the instrument is carried across the change (`CarryAcross`); when that cannot be done, the old device stays, and the
-/// list shows it again.
+/// list shows its previous entry again.
 void cboDrivers_Click(Session& s, std::int16_t entry);
 
 /// Opens the device that `Driver` names. "No Sound" opens none and shows nothing. A failure is shown as "creating sound

@@ -18,7 +18,7 @@ inline constexpr std::int32_t kHighestBufferRate = 100'000;
 /// and number format stay.
 class RateReducer {
 public:
-    /// The whole number by which `rate` is to be divided; 1 up to `kHighestBufferRate`.
+    /// The whole divisor of `rate`; 1 up to `kHighestBufferRate`.
     static std::int32_t FactorFor(std::int32_t rate);
 
     /// `source` is the format of the file, `frames` what it holds. `factor` is above 1.

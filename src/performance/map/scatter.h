@@ -24,7 +24,7 @@ void ScatterRelSound(Session& s, int ball);
 void ScatterRel(Session& s);
 
 /// The player chose `entry` of `PosMacros`. The two scatterings act once; the same choice again does nothing. Any other
-/// entry starts the time to the next wander step anew, also when it was chosen before.
+/// entry restarts the time to the next wander step, also when it was chosen before.
 void PosMacros_Click(Session& s, std::int16_t entry);
 
 /// The wander step of the fade tick: a small step every 100 ms, or a jump every 500 ms, each time of the next

@@ -28,7 +28,7 @@ void MapInit(Session& s);
 
 /// Moves a ball (0..3 LoopTracks, 4 the listener) in twips, limited to the map, and shows its place. When the sound
 /// service refuses ("placing sound") the ball stays where it was and a wander ends: its next step would open another
-/// box over the first.
+/// box over the first. False when the service refuses.
 bool PosMove(Session& s, double x, double y, int ball, MoveFlags flags);
 /// The same from any unit; `scale` is the map's edge in it.
 bool PosScaled(Session& s, double x, double y, int ball, double scale, MoveFlags flags);

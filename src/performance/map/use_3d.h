@@ -8,7 +8,7 @@ namespace marvolin {
 
 /// Whether 3D sound is in use.
 bool GetUse3D(const Session& s);
-/// Switches 3D sound: the audio device is taken down and set up afresh, since buffers with 3D and with pan differ. All
+/// Switches 3D sound: the audio device is taken down and opened again, since buffers with 3D and with pan differ. All
 /// LoopTracks are empty afterwards. Does nothing when the state does not change.
 void SetUse3D(Session& s, bool on);
 
