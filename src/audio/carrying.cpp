@@ -6,8 +6,10 @@
 #include <utility>
 
 #include "audio/ds_error.h"
+#include "audio/play_modes.h"
 #include "audio/reverse.h"
 #include "audio/sample_buffers.h"
+#include "audio/thinning.h"
 #include "audio/transport.h"
 #include "core/errors.h"
 #include "core/loops/loop_views.h"
@@ -22,7 +24,7 @@ namespace {
 
 constexpr const char* kNothingChanged = "The session could not be kept, so nothing has changed.";
 
-/// What a file keeps of a LoopTrack, without its sounding.
+/// Elements of a LoopTrack that are reloaded; not whether it plays.
 constexpr std::array<Element, 9> kCarriedByFile{Element::LoopTrack, Element::Freq,       Element::FreqPattern,
                                                 Element::Vol,       Element::VolPattern, Element::PanPattern,
                                                 Element::Pan,       Element::Position,   Element::CrossFader};
@@ -36,6 +38,9 @@ clsSwitchRecord CarriedByFile() {
 /// What a file does not bring back of one LoopTrack.
 struct CarriedRow {
     HeldSample Sample;
+    // A file brings these back only with a sample.
+    std::int16_t PlayMode = kLoop;
+    Boolean Thinnable = True;
     std::int16_t Pan = kPanCentre;
     PatternBlock PanPattern;
     float X = 0;
@@ -77,7 +82,7 @@ HeldSample HeldBy(Session& s, Row row) {
     } catch (const RuntimeError&) {
         // A device that no longer answers: the row starts again where it counts as sounding.
         held.Sounds = held.Playing && !held.Paused;
-        held.Loops = s.Set[row].PlayMode != kOneShot;
+        held.Loops = LoopPlayFlags(s.Set[row].PlayMode) != 0;
     }
     return held;
 }
@@ -86,6 +91,8 @@ CarriedRow Take(Session& s, Row row) {
     const LoopTrackSet& set = s.Set[row];
     const LoopTrackRun& run = s.Run[row];
     return {.Sample = HeldBy(s, row),
+            .PlayMode = set.PlayMode,
+            .Thinnable = set.Thinnable,
             .Pan = set.Pan,
             .PanPattern = set.Pattern[kPanPattern],
             .X = set.PositionX,
@@ -141,7 +148,9 @@ void RestoreSounding(Session& s, Row row, const HeldSample& held) {
     s.Run[row].Paused = ToBoolean(held.Paused);
     try {
         DirectSoundBuffer& buffer = BufferOf(s, row);
-        if (held.Cursor != 0) buffer.SetCurrentPosition(held.Cursor);
+        // The file may have become shorter in the meantime.
+        const std::int32_t place = held.Cursor < s.Set[row].BufferBytes ? held.Cursor : StartPosition(s, row);
+        if (place != 0) buffer.SetCurrentPosition(place);
         if (held.Sounds) buffer.Play(held.Loops ? 1 : 0);
     } catch (const RuntimeError& e) {
         ShowDSError(s, "playing loop", e.Number());
@@ -149,36 +158,43 @@ void RestoreSounding(Session& s, Row row, const HeldSample& held) {
     s.World.Screen.ShowPlay(row);
 }
 
-// The row is empty as long as there is no device.
+// The row is empty until a device takes its sample.
 void WaitForDevice(Session& s, Row row, const HeldSample& held) {
     s.Run[row].InHand = held;
     if (!held.FileName.empty()) s.Run[row].Paused = False;
 }
 
-/// The order of thinning, without rows that have lost their sample.
-std::string ThinListOf(const Session& s, const std::string& before) {
-    std::string list;
+// The order of thinning, without rows that have lost their sample. A row that a device had refused comes last.
+void RestoreThinning(Session& s, const std::string& before) {
+    s.ThinList.clear();
     for (const char letter : before) {
-        if (s.Run[static_cast<Row>(letter - 'A')].Loaded != False) list += letter;
+        if (CanBeThinned(s, static_cast<Row>(letter - 'A'))) s.ThinList += letter;
     }
-    return list;
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        if (s.Run[row].Playing != False) ThinAdd(s, row);
+    }
 }
 
 void Restore(Session& s, const Carried& carried) {
     s.History = carried.History;
-    for (Row row = 0; row < kLoopTracks; ++row) s.Run[row].InHand = {};
+    // Before the settings: more rows than the limit allows are stopped on the way.
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        s.Run[row].InHand = {};
+        LoopSetPlayMode(s, row, carried.Rows[row].PlayMode, false);
+        LoopSetThinnable(s, row, carried.Rows[row].Thinnable != False);
+    }
     if (s.Use3D && carried.Use3D) SetRollOff(s, carried.RollOff);
     for (Row row = 0; row < kLoopTracks; ++row) RestoreSettings(s, row, carried.Rows[row]);
     // All rows start at the end, so that they stay together.
     for (Row row = 0; row < kLoopTracks; ++row) {
         const HeldSample& held = carried.Rows[row].Sample;
-        if (!s.DSReady) {
-            WaitForDevice(s, row, held);
-        } else if (IsBack(s, row, held)) {
+        if (IsBack(s, row, held)) {
             RestoreSounding(s, row, held);
+        } else if (s.Run[row].Loaded == False) {
+            WaitForDevice(s, row, held);
         }
     }
-    s.ThinList = ThinListOf(s, carried.ThinList);
+    RestoreThinning(s, carried.ThinList);
     LoopRefreshAny(s);
     PatternsRefresh(s);
 }

@@ -16,7 +16,8 @@ namespace marvolin {
 /// lost by the change; pad, channels, clips, bins and options stay as they are.
 ///
 /// While no device is open after the change, the LoopTracks are empty, and each row's sample waits in `InHand` for the
-/// next change that opens one.
+/// next change that opens one. So does the sample of a single row that does not load, because the device refuses it or
+/// its file is away, until the row gets another sample or is emptied.
 ///
 /// False when the session cannot be kept; the change is then not made. A box says so when no temporary file can be
 /// made; a failed save shows its own box, and the status line says that nothing has changed. When the load fails, its

@@ -30,7 +30,11 @@ void LoopClear(Session& s, Row row) {
     if (row == kSelectionRow) return;
     LoopTrackSet& set = s.Set[row];
     LoopTrackRun& run = s.Run[row];
-    if (run.Loaded != False) LoopUnload(s, row);
+    if (run.Loaded != False) {
+        LoopUnload(s, row);
+    } else {
+        LoopStop(s, row);
+    }
     run.Loaded = False;
     run.Playing = False;
     run.InHand = {};

@@ -32,12 +32,19 @@ void ChangeLooping(Session& s, Row row, std::int16_t mode) {
     MapVol(s, row);
 }
 
+// A row that waits for a device sounds in the new mode when the device comes.
+void ChangeModeOfWaiting(Session& s, Row row, std::int16_t mode) {
+    HeldSample& inHand = s.Run[row].InHand;
+    if (!inHand.FileName.empty() && s.Set[row].PlayMode != mode) {
+        inHand.Loops = LoopPlayFlags(mode) != 0;
+        inHand.Sounds = inHand.Playing && !inHand.Paused;
+    }
+    s.Set[row].PlayMode = mode;
+}
+
 void ChangeMode(Session& s, Row row, std::int16_t mode) {
     LoopTrackSet& set = s.Set[row];
-    if (row == kSelectionRow || s.Run[row].Loaded == False) {
-        set.PlayMode = mode;
-        return;
-    }
+    if (row == kSelectionRow || s.Run[row].Loaded == False) return ChangeModeOfWaiting(s, row, mode);
     if (set.PlayMode == mode) return;
     BufferOf(s, row).GetStatus();
     if (s.Run[row].Playing == False) {

@@ -96,6 +96,13 @@ void KeepSettings(Session& s, Row row) {
     ApplySettings(s, row, set.Hz, set.Vol, set.Pan, set.PositionX, set.PositionY);
 }
 
+// What waited for a device gives way to the sample that the row has now.
+void DropInHand(Session& s, Row row) {
+    HeldSample& inHand = s.Run[row].InHand;
+    if (!inHand.FileName.empty()) ResetLoopClock(s, row);
+    inHand = {};
+}
+
 // Sets the row up for its new buffer.
 void SetUpLoaded(Session& s, Row row, const std::string& path, Row source) {
     if (s.Run[row].Loaded == False) EnableLoopControls(s, row, true);
@@ -108,6 +115,7 @@ void SetUpLoaded(Session& s, Row row, const std::string& path, Row source) {
         TakeSourceSettings(s, row, source);
     }
     s.Run[row].Loaded = True;
+    DropInHand(s, row);
     ReadSampleFacts(s, row);
     if (s.ResetVars) {
         ResetSettings(s, row);

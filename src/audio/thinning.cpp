@@ -10,6 +10,10 @@ char ThinLetter(Row row) { return static_cast<char>('A' + row); }
 
 }  // namespace
 
+bool CanBeThinned(const Session& s, Row row) {
+    return s.Run[row].Loaded != False || (!s.DSReady && !s.Run[row].InHand.FileName.empty());
+}
+
 void LoopSetThinnable(Session& s, Row row, bool thinnable) {
     s.Set[row].Thinnable = ToBoolean(thinnable);
     if (thinnable) {
@@ -20,7 +24,7 @@ void LoopSetThinnable(Session& s, Row row, bool thinnable) {
 }
 
 void ThinAdd(Session& s, Row row) {
-    if (s.Set[row].Thinnable == False || s.Run[row].Loaded == False) return;
+    if (s.Set[row].Thinnable == False || !CanBeThinned(s, row)) return;
     if (s.ThinList.find(ThinLetter(row)) != std::string::npos) return;
     s.ThinList += ThinLetter(row);
     if (s.Limit == kNoLimit) return;

@@ -9,9 +9,12 @@ namespace marvolin {
 /// The highest `Limit`, which means that there is none.
 inline constexpr std::int16_t kNoLimit = 4;
 
+/// Whether the row holds a sample; without a device, whether one waits for it.
+bool CanBeThinned(const Session& s, Row row);
 /// Lets the row take part in thinning, or not.
 void LoopSetThinnable(Session& s, Row row, bool thinnable);
-/// Enters a starting row in `ThinList`, and stops the oldest one when the limit is passed.
+/// Enters a starting row in `ThinList`, and stops the oldest one when the limit is passed. Does nothing for a row that
+/// does not take part or cannot be thinned.
 void ThinAdd(Session& s, Row row);
 /// Takes the row out of `ThinList`.
 void ThinRemove(Session& s, Row row);

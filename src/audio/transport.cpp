@@ -25,6 +25,16 @@ void Start(Session& s, Row row, bool request) {
     ThinAdd(s, row);
 }
 
+// A row that waits for a device is stopped when the device comes.
+void StopWaiting(Session& s, Row row) {
+    HeldSample& inHand = s.Run[row].InHand;
+    inHand.Playing = inHand.Paused = inHand.Sounds = false;
+    if (inHand.FileName.empty()) return;
+    inHand.Cursor = 0;
+    ResetLoopClock(s, row);
+    ThinRemove(s, row);
+}
+
 bool HasPanControl(Session& s, Row row) {
     return s.Run[row].Loaded != False && (BufferOf(s, row).GetCaps().Flags & buffer_flags::kControlPan) != 0;
 }
@@ -63,10 +73,7 @@ void LoopPlay(Session& s, Row row, bool request) {
 
 void LoopStop(Session& s, Row row) {
     if (row < 0 || row >= kLoopTracks) return;
-    // A row that waits for a device then waits in silence.
-    HeldSample& inHand = s.Run[row].InHand;
-    inHand.Playing = inHand.Paused = inHand.Sounds = false;
-    if (s.Run[row].Loaded == False) return;
+    if (s.Run[row].Loaded == False) return StopWaiting(s, row);
     try {
         ResetLoopClock(s, row);
         // The Map routines may report a failure, and when that has been shown the row may be empty or have another

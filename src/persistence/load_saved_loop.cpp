@@ -43,8 +43,8 @@ std::string SavedSample(const SavedLoop& saved, const SavedFrom& from) {
 void RestoreSample(Session& s, const SavedLoop& saved, const SavedFrom& from) {
     LoadSample(s,
                {.Path = SavedSample(saved, from), .Target = saved.Index, .Rows = Reach::Alone, .Origin = from.Origin});
-    // The sample enters the row as soon as a device is open.
-    if (!s.DSReady) s.Run[saved.Index].InHand = {.FileName = SavedSample(saved, from)};
+    // The sample enters the row as soon as a device is open. It replaces one that still waited.
+    s.Run[saved.Index].InHand = s.DSReady ? HeldSample{} : HeldSample{.FileName = SavedSample(saved, from)};
     LoopSetThinnable(s, saved.Index, saved.Set.Thinnable != False);
     s.World.Screen.ShowCaption(saved.Index);
     const std::int16_t mode = saved.Set.PlayMode;
@@ -120,7 +120,8 @@ bool HoldsSavedSample(const Session& s, const SavedLoop& saved, const SavedFrom&
 void PlaySavedLoop(Session& s, Row row) {
     if (s.DSReady) return LoopPlay(s, row, true);
     s.Run[row].InHand.Playing = s.Run[row].InHand.Sounds = true;
-    s.Run[row].InHand.Loops = s.Set[row].PlayMode != kOneShot;
+    s.Run[row].InHand.Loops = LoopPlayFlags(s.Set[row].PlayMode) != 0;
+    ThinAdd(s, row);
 }
 
 }  // namespace marvolin

@@ -11,6 +11,7 @@
 #include "audio/play_commands.h"
 #include "audio/play_modes.h"
 #include "audio/reverse.h"
+#include "audio/thinning.h"
 #include "audio/transport.h"
 #include "core/routines.h"
 
@@ -123,6 +124,41 @@ TEST(CarryAcross, ASoundingRowGoesOnWhereItWasAndAsItLooped) {
     EXPECT_LT(place("SetFrequency " + i.Name(2) + " 44100"), place("Play " + i.Name(0) + " 1"));
 }
 
+TEST(CarryAcross, ARowWhoseFileHasBecomeShorterThanItsPlaceStartsAtItsStart) {
+    for (const std::int16_t mode : {kLoop, kDrum}) {
+        SCOPED_TRACE(mode);
+        Carrying i;
+        LoopSetPlayMode(i.s, 0, mode, false);
+        LoopPlay(i.s, 0, true);
+        i.Buffer(0).Position = 88200;
+        i.Make("a.WAV", 0.5);
+        i.Store.OnLoad = [&] {
+            i.Load(0, "a.WAV");
+            i.s.Run[0].BeatStartBytes = 400;
+        };
+        i.Reopen();
+        EXPECT_EQ(i.Buffer(0).Position, mode == kDrum ? 400 : 0);
+        EXPECT_EQ(i.Buffer(0).Status, mode == kDrum ? 1 : 5);
+    }
+}
+
+TEST(CarryAcross, AModeThatIsTurnedInSilenceIsHeardAfterwards) {
+    Carrying i;
+    LoopPlay(i.s, 0, true);
+    LoopSetPlayMode(i.s, 2, kOneShot, false);
+    LoopPlay(i.s, 2, true);
+    i.Buffer(2).Status = 0;
+    i.Silence();
+    LoopSetPlayMode(i.s, 0, kOneShot, false);
+    LoopSetPlayMode(i.s, 2, kLoop, false);
+    i.s.Driver = 0;
+    i.Reopen();
+    EXPECT_EQ(i.s.Set[0].PlayMode, kOneShot);
+    EXPECT_EQ(i.Buffer(0).Status, 1);
+    EXPECT_EQ(i.s.Set[2].PlayMode, kLoop);
+    EXPECT_EQ(i.Buffer(2).Status, 5);
+}
+
 TEST(CarryAcross, APausedRowStaysPausedAndSilentAndResumesWhereItWas) {
     Carrying i;
     LoopPlay(i.s, 0, true);
@@ -193,6 +229,92 @@ TEST(CarryAcross, TheOldestOfTheThinnedRowsStaysTheOldest) {
     ASSERT_EQ(i.s.ThinList, "CA");
     i.Reopen();
     EXPECT_EQ(i.s.ThinList, "CA");
+}
+
+TEST(CarryAcross, TheOrderOfThinningStaysThroughSilence) {
+    Carrying i;
+    i.s.ThinList.clear();
+    LoopPlay(i.s, 2, true);
+    LoopPlay(i.s, 0, true);
+    i.Silence();
+    EXPECT_EQ(i.s.ThinList, "CA");
+    i.Silence();
+    i.s.Driver = 0;
+    i.Reopen();
+    EXPECT_EQ(i.s.ThinList, "CA");
+}
+
+TEST(CarryAcross, ALimitThatIsSetInSilenceStopsTheOldestRowThatWaits) {
+    Carrying i;
+    i.s.ThinList.clear();
+    LoopPlay(i.s, 2, true);
+    LoopPlay(i.s, 0, true);
+    i.Silence();
+    i.s.Limit = 1;
+    ThinTo(i.s);
+    EXPECT_EQ(i.s.ThinList, "A");
+    i.s.Limit = kNoLimit;
+    i.s.Driver = 0;
+    i.Reopen();
+    EXPECT_EQ(i.s.Run[2].Playing, False);
+    EXPECT_EQ(i.s.Run[0].Playing, True);
+}
+
+TEST(CarryAcross, ASampleThatADeviceRefusesWaitsForTheNextOneAndIsThinnedLastThen) {
+    for (const bool in3d : {false, true}) {
+        SCOPED_TRACE(in3d);
+        Carrying i;
+        i.s.ThinList.clear();
+        LoopPlay(i.s, 2, true);
+        LoopPlay(i.s, 0, true);
+        i.Buffer(2).Position = 4000;
+        i.s.Use3D = in3d;
+        const auto refuse = [&](bool refused) {
+            i.Sound.Failures.clear();
+            if (refused) i.Sound.Failures[in3d ? "GetDirectSound3dBuffer" : "CreateSoundBufferFromFile"] = 1;
+        };
+        i.Store.OnLoad = [&] {
+            i.Load(0, "a.WAV");
+            refuse(true);
+            i.Load(2, "c.WAV");
+        };
+        i.Reopen();
+        EXPECT_TRUE(i.s.DSReady);
+        EXPECT_EQ(i.s.Run[2].Loaded, False);
+        EXPECT_EQ(i.s.Run[2].Playing, False);
+        EXPECT_EQ(i.s.Run[2].InHand.FileName, i.Folder.In("c.WAV"));
+        EXPECT_EQ(i.s.Run[0].InHand.FileName, "");
+        EXPECT_EQ(i.s.Run[0].Playing, True);
+        EXPECT_EQ(i.s.ThinList, "A");
+        refuse(false);
+        i.Store.OnLoad = [&] {
+            i.Load(0, "a.WAV");
+            i.Load(2, "c.WAV");
+        };
+        i.Reopen();
+        EXPECT_EQ(i.s.Run[2].Playing, True);
+        EXPECT_EQ(i.Buffer(2).Position, 4000);
+        EXPECT_EQ(i.Buffer(2).Status, 5);
+        EXPECT_EQ(i.s.Run[2].InHand.FileName, "");
+        EXPECT_EQ(i.s.ThinList, "AC");
+    }
+}
+
+TEST(CarryAcross, ARefusedRowThatGetsAnotherSampleOrIsEmptiedDropsWhatWaited) {
+    Carrying i;
+    LoopPlay(i.s, 0, true);
+    i.s.Run[0].Step = 2;
+    i.Store.OnLoad = [] {};
+    i.Reopen();
+    ASSERT_EQ(i.s.Run[0].InHand.FileName, i.Folder.In("a.WAV"));
+    ASSERT_EQ(i.s.Run[0].Step, 2);
+    i.Load(0, "c.WAV");
+    EXPECT_EQ(i.s.Run[0].InHand.FileName, "");
+    EXPECT_FALSE(i.s.Run[0].InHand.Playing);
+    EXPECT_EQ(i.s.Run[0].Step, 0);
+    ASSERT_EQ(i.s.Run[2].InHand.FileName, i.Folder.In("c.WAV"));
+    LoopClear(i.s, 2);
+    EXPECT_EQ(i.s.Run[2].InHand.FileName, "");
 }
 
 TEST(CarryAcross, ARowWhoseSampleIsGoneIsEmptyAndOutOfTheThinning) {
@@ -292,13 +414,30 @@ TEST(CarryAcross, WithoutADeviceTheRowsAreEmptyAndTheirSamplesWaitForTheNextOne)
 
 TEST(CarryAcross, ARowThatIsStoppedOrEmptiedInSilenceIsSoAfterwards) {
     Carrying i;
-    LoopPlay(i.s, 0, true);
+    for (const Row row : {Row{0}, Row{2}}) {
+        LoopPlay(i.s, row, true);
+        i.Buffer(row).Position = 4000;
+        i.s.Run[row].Step = 2;
+        i.s.Run[row].FadeState = kFalling;
+    }
     i.Silence();
     StopAll(i.s);
     EXPECT_FALSE(i.s.Run[0].InHand.Playing);
     EXPECT_EQ(i.s.Run[0].InHand.FileName, i.Folder.In("a.WAV"));
-    LoopClear(i.s, 0);
-    EXPECT_EQ(i.s.Run[0].InHand.FileName, "");
+    EXPECT_EQ(i.s.ThinList, "");
+    LoopClear(i.s, 2);
+    EXPECT_EQ(i.s.Run[2].InHand.FileName, "");
+    i.s.Driver = 0;
+    i.Store.OnLoad = [&] { i.Load(0, "a.WAV"); };
+    i.Reopen();
+    EXPECT_EQ(i.s.Run[0].Loaded, True);
+    EXPECT_EQ(i.s.Run[0].Playing, False);
+    EXPECT_EQ(i.s.Run[0].Step, 0);
+    EXPECT_EQ(i.s.Run[0].FadeState, kNoFade);
+    EXPECT_EQ(i.Buffer(0).Status, 0);
+    EXPECT_EQ(i.Buffer(0).Position, 0);
+    EXPECT_EQ(i.s.Run[2].Loaded, False);
+    EXPECT_EQ(i.s.Run[2].Playing, False);
 }
 
 TEST(CarryAcross, APausedRowIsNotResumedInSilenceAndIsPausedAfterwards) {

@@ -10,6 +10,7 @@
 #include "audio/loop_clearing.h"
 #include "audio/play_modes.h"
 #include "audio/sample_loading.h"
+#include "audio/thinning.h"
 #include "browser/clipboard.h"
 #include "parameters/setters.h"
 #include "performance/map/use_3d.h"
@@ -129,6 +130,38 @@ TEST(SessionKept, ADeviceThatRefusesKeepsTheSetInHand) {
     i.ExpectKept();
 }
 
+TEST(SessionKept, ADeviceThatOpensAndRefusesTheSamplesKeepsTheSetInHandAlsoForASaveInBetween) {
+    Played i;
+    i.Sound.Failures["CreateSoundBufferFromFile"] = sound_error::kBadFormat;
+    cboDrivers_Click(i.s, 1);
+    EXPECT_EQ(i.s.OpenDriver, 1);
+    EXPECT_EQ(i.Desk.Boxes.size(), 2U);  // of rows 0 and 2
+    EXPECT_EQ(i.s.Run[0].Loaded, False);
+    EXPECT_EQ(i.s.Run[2].Playing, False);
+    ASSERT_TRUE(i.Save("x.mvn"));
+    i.Sound.Failures.clear();
+    i.Desk.Boxes.clear();
+    cboDrivers_Click(i.s, 0);
+    i.ExpectKept();
+    LoopClear(i.s, 0);
+    LoopClear(i.s, 2);
+    ASSERT_TRUE(i.Load("x.mvn", test::AllBut(Element::ClipBoard)));
+    i.ExpectKept();
+}
+
+TEST(SessionKept, ASetThatIsOpenedReplacesTheSamplesThatWaitForADevice) {
+    Played i;
+    ASSERT_TRUE(i.Save("x.mvn"));
+    LoopLoad(i.s, 0, i.Folder.Path(), "c.wav");
+    i.Sound.Failures["CreateSoundBufferFromFile"] = sound_error::kBadFormat;
+    cboDrivers_Click(i.s, 1);
+    ASSERT_EQ(i.s.Run[0].InHand.FileName, i.Folder / "c.wav");
+    ASSERT_TRUE(i.Load("x.mvn", test::AllBut(Element::ClipBoard)));
+    i.Sound.Failures.clear();
+    cboDrivers_Click(i.s, 0);
+    EXPECT_EQ(i.s.Run[0].Loaded, False);
+}
+
 TEST(SessionKept, ASetThatIsSavedInSilenceHoldsItsSamples) {
     Played i;
     i.s.Set[0].BeatStart = 25;
@@ -149,6 +182,7 @@ TEST(SessionKept, AClipThatIsDroppedInSilenceSoundsWithTheNextDevice) {
     cboDrivers_Click(i.s, 2);
     i.s.Clips.Selected = 1;
     DropClip(i.s, 3, {"ClipBoardList", 0, "1"});
+    EXPECT_TRUE(i.s.ThinList.ends_with("D"));
     i.s.Clips.Selected = 0;
     DropClip(i.s, 1, {"ClipBoardList", 0, "2"});
     EXPECT_TRUE(i.Desk.Boxes.empty());
@@ -221,9 +255,29 @@ TEST(SessionKept, AnEmptyRowKeepsItsSettingsWhateverIsChosenForOpening) {
     i.s.EmptyBlankSetting = 1;
     std::int16_t vol = 55;
     LoopVolChange(i.s, 1, vol, TakeHold::Yes, UpdateDisplay::Yes);
-    cboDrivers_Click(i.s, 1);
+    std::int16_t hz = 1500;
+    LoopHzChange(i.s, 1, hz, TakeHold::Yes);
+    std::int16_t pan = 300;
+    LoopPanChange(i.s, 1, pan, TakeHold::Yes);
+    LoopSetPlayMode(i.s, 1, kTrack, true);
+    LoopSetThinnable(i.s, 1, false);
+    i.s.Set[1].StepDuration = 40;
+    i.s.Set[1].NSteps = 7;
+    const auto expectSettings = [&] {
+        EXPECT_EQ(i.s.Set[1].Vol, 55);
+        EXPECT_EQ(i.s.Set[1].Hz, 1500);
+        EXPECT_EQ(i.s.Set[1].Pan, 300);
+        EXPECT_EQ(i.s.Set[1].PlayMode, kTrack);
+        EXPECT_EQ(i.s.Set[1].Thinnable, False);
+        EXPECT_EQ(i.s.Set[1].StepDuration, 40);
+        EXPECT_EQ(i.s.Set[1].NSteps, 7);
+    };
+    for (const std::int16_t entry : std::initializer_list<std::int16_t>{1, 2, 0}) {
+        cboDrivers_Click(i.s, entry);
+        expectSettings();
+    }
     Enable3d_Click(i.s, true);
-    EXPECT_EQ(i.s.Set[1].Vol, 55);
+    expectSettings();
     i.ExpectKept();
 }
 
