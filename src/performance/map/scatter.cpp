@@ -19,7 +19,7 @@ double SmallStep(Session& s, double from) {
     return to > s.MapRange ? from - step : to;
 }
 
-/// The tick is running; over when this goes, also by an error.
+/// Sets a flag for as long as it lives, also when an error ends the tick.
 class Busy {
 public:
     explicit Busy(bool& flag) : flag_(flag) { flag_ = true; }

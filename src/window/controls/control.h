@@ -34,7 +34,8 @@ protected:
 
     /// A press, move or release of the pointer, in twips. `button` is the one that holds the control; for a move of a
     /// pointer that does not hold it, `kNoButton`. While one button holds the control, presses and releases of others
-    /// do not come here; each press is followed by one release, or by a drag that was armed.
+    /// do not come here; each press is followed by one release or by a drag that was armed; an armed press that
+    /// loses the pointer ends without either.
     virtual void Gesture(Phase, std::int16_t /*button*/, QPointF /*twips*/) {}
     /// The second press of a double click with the left button. A control without a double click takes it as a press;
     /// so are two clicks of another button.

@@ -43,8 +43,6 @@ void PatternGraphControl::Gesture(Phase phase, std::int16_t button, QPointF twip
     if (phase == Phase::Down && button == kRightButton) ArmDrag({drags::kPatternGraph, index, ""});
 }
 
-void PatternGraphControl::DoubleClick(std::int16_t button, QPointF twips) { Gesture(Phase::Down, button, twips); }
-
 bool PatternGraphControl::TakesDrop(const DragSource& source) const { return source.Name == drags::kEraser; }
 
 void PatternGraphControl::Drop(const DragSource& source) {

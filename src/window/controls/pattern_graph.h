@@ -17,7 +17,6 @@ public:
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
-    void DoubleClick(std::int16_t button, QPointF twips) override;
     bool TakesDrop(const DragSource& source) const override;
     void Drop(const DragSource& source) override;
     void paintEvent(QPaintEvent* event) override;

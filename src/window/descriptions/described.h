@@ -26,9 +26,8 @@ public:
 /// does. Rules for every control, the toolkit's own included, are here:
 /// - A move of the pointer over the control shows its hint.
 /// - Nothing acts in passing. The wheel turns the control over which the scroll began; a closed list and a strip of
-/// tabs
-///   take no wheel, and a closed list no key that would choose an entry. While a mouse button is down, on this control
-///   or another, neither the wheel nor a key of the table acts.
+///   tabs take no wheel, and a closed list no key that would choose an entry. While a mouse button is down, on this
+///   control or another, neither the wheel nor a key of the table acts.
 /// - A hold belongs to the button that began it. Until its release the control sees no other button.
 class Described : public QObject {
 public:
