@@ -27,7 +27,7 @@ void TakeFolder(Session& s, int bin, const std::string& folder) {
 std::string SampleAt(const Session& s, int bin, int row) {
     if (bin < 0 || bin >= kBins || !HasRow(s.Bins[bin], row)) return "";
     const BinRow& picked = s.Bins[bin].Rows[static_cast<std::size_t>(row)];
-    return picked.Target.empty() ? JoinPath(s.Bins[bin].Folder, picked.File) : picked.Target;
+    return picked.Target.empty() ? JoinPath(SearchFolder(s.Bins[bin]), picked.File) : picked.Target;
 }
 
 bool BinDragsAt(const Session& s, int bin, double x, double width) {

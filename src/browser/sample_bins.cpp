@@ -38,12 +38,6 @@ std::string FirstCharacters(const std::string& text, std::size_t count) {
     return text.substr(0, at);
 }
 
-/// A folder without the separator at its end, unless it is the root.
-std::string SearchFolder(const std::string& folder) {
-    const bool ends = folder.size() > 1 && (folder.ends_with('/') || folder.ends_with('\\'));
-    return ends ? folder.substr(0, folder.size() - 1) : folder;
-}
-
 /// Size of a file in kilobytes as a text; "" when it is no file.
 std::string SizeText(const fs::path& file) {
     std::error_code error;
@@ -130,7 +124,7 @@ std::size_t EntriesOf(const SampleBin& picks) { return picks.Rows.size() + picks
 
 /// Whether an entry of a bin is still what the bin shows.
 bool IsAsShown(const Session& s, const SampleBin& picks, std::size_t entry) {
-    const std::string folder = SearchFolder(picks.Folder);
+    const std::string folder = SearchFolder(picks);
     if (entry >= picks.Rows.size()) {
         return SampleOf(s, JoinPath(folder, picks.DeadShortcuts[entry - picks.Rows.size()])).empty();
     }
@@ -172,6 +166,14 @@ std::array<std::string, kBins> StartFolders(Session& s) {
 
 }  // namespace
 
+std::string SearchFolder(const SampleBin& picks) {
+    const std::string& folder = picks.Folder;
+    if (folder.empty() || folder.ends_with('/')) return folder;
+    std::error_code error;
+    const bool ownName = !folder.ends_with('\\') || fs::is_directory(folder, error);
+    return (ownName ? folder : folder.substr(0, folder.size() - 1)) + "/";
+}
+
 void InitPicks(Session& s) {
     InitClipBoard(s);
     const std::array<std::string, kBins> folders = StartFolders(s);
@@ -186,10 +188,10 @@ void InitPicks(Session& s) {
 void UpdatePickFile(Session& s, int bin) {
     if (bin < 0 || bin >= kBins) return;
     SampleBin& picks = s.Bins[bin];
-    if (!DirExists(SearchFolder(picks.Folder))) SetPickDir(s, bin, s.World.Desk.ProgramFolder());
+    if (!DirExists(SearchFolder(picks))) SetPickDir(s, bin, s.World.Desk.ProgramFolder());
     // Before the scan: a change during the scan must be found at the next look.
-    picks.Stamp = FolderStamp(SearchFolder(picks.Folder));
-    Found found = ScanFolder(s, SearchFolder(picks.Folder));
+    picks.Stamp = FolderStamp(SearchFolder(picks));
+    Found found = ScanFolder(s, SearchFolder(picks));
     // A rescan of the same folder may come between the press on a sample and its drop: the sample stays selected.
     const bool chosen = picks.Selected >= 0 && static_cast<std::size_t>(picks.Selected) < picks.Rows.size();
     picks.Selected = chosen ? PlaceOf(found.Rows, picks.Rows[static_cast<std::size_t>(picks.Selected)]) : -1;
@@ -205,7 +207,7 @@ void UpdatePickFile(Session& s, int bin) {
 void LookAtPickFiles(Session& s) {
     for (int bin = 0; bin < kBins; ++bin) {
         SampleBin& picks = s.Bins[bin];
-        const std::string stamp = FolderStamp(SearchFolder(picks.Folder));
+        const std::string stamp = FolderStamp(SearchFolder(picks));
         if (stamp.empty() || stamp != picks.Stamp) {
             UpdatePickFile(s, bin);
         } else {

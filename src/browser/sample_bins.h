@@ -12,6 +12,10 @@ namespace marvolin {
 /// Text of the box `ClickPlay`.
 inline constexpr std::string_view kClickPlayText = "AutoPlay";
 
+/// The folder of a bin as the system knows it, with "/" at its end. A "\" at the end of the path is left out, unless
+/// there is a folder whose name ends so.
+std::string SearchFolder(const SampleBin& picks);
+
 /// Builds bins and clipboard at first use. The bins start on the folders in "Samples" beside the program, in the order
 /// of their names; a bin without one starts on "Samples" itself, or without that on the program's folder.
 void InitPicks(Session& s);

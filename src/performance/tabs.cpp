@@ -11,6 +11,11 @@ void SetTab(Session& s, std::int16_t tab) {
     TabControl_Changed(s);
 }
 
+void OptionSubTabs_Click(Session& s, std::int16_t tab) {
+    s.ActiveSubTab = tab;
+    s.World.Screen.ShowTab();
+}
+
 void TabControl_Changed(Session& s) { PatternsRefresh(s); }
 
 }  // namespace marvolin

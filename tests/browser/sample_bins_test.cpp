@@ -123,6 +123,31 @@ TEST(UpdatePickFile, AFolderWhoseNameBeginsAndEndsInBlanksAndTheRootAreFolders) 
     EXPECT_EQ(b.s.Bins[0].Caption, "/");
 }
 
+TEST(UpdatePickFile, ABackslashAtTheEndOfAFolderBelongsToItsNameWhereThereIsSuchAFolder) {
+    Browser b;
+    for (const char* name : {"kicks\\", "snares"}) std::filesystem::create_directory(b.Folder / name);
+    WriteBytes(b.Folder / "kicks\\/boom.wav", std::string(2048, 'x'));
+    WriteBytes(b.Folder / "snares/crack.wav", "");
+    b.s.Bins[0].Destination = 1;
+    for (const char* end : {"", "/"}) {
+        PickDir_DropFolder(b.s, 0, b.Folder / ("kicks\\" + std::string(end)));
+        ASSERT_EQ(b.Names(), std::vector<std::string>{"boom"});
+        EXPECT_EQ(b.s.Bins[0].Rows[0].Size, "2");
+        EXPECT_EQ(SampleAt(b.s, 0, 0), b.Folder / "kicks\\/boom.wav");
+        PickFile_MouseUp(b.s, 0, kLeftButton, 0);
+        EXPECT_EQ(b.s.Set[1].FileName, b.Folder / "kicks\\/boom.wav");
+    }
+    LookAtPickFiles(b.s);
+    EXPECT_FALSE(CheckPickFiles(b.s, 100));
+    EXPECT_EQ(b.Names(), std::vector<std::string>{"boom"});
+    PickDir_DropFolder(b.s, 0, b.Folder / "snares\\");
+    ASSERT_EQ(b.Names(), std::vector<std::string>{"crack"});
+    EXPECT_EQ(SampleAt(b.s, 0, 0), b.Folder / "snares/crack.wav");
+    SetPickDir(b.s, 0, "");
+    UpdatePickFile(b.s, 0);
+    EXPECT_EQ(b.s.Bins[0].Folder, b.Folder.Path()) << "no folder is not the root";
+}
+
 TEST(UpdatePickFile, TenThousandFilesAreListedInOrder) {
     Browser b;
     for (int i = 0; i < 10000; ++i) WriteBytes(b.Folder / (std::to_string(i) + ".wav"), "");

@@ -28,7 +28,8 @@ inline auto HandFields(Session& s) {
                     s.MapSize, s.RollOff, s.Joy, s.ScrollSensitivity, s.TimingRes, s.HistoryRow, s.HistoryChoice,
                     s.HistoryEntries, s.LoopDropTarget, s.Bins, s.DragBin, s.TreeFolder, s.Clips, s.ActiveTab,
                     s.ActiveSubTab, s.ResetVars, s.PlayOnLoad, s.StatusText, s.ReadoutText, s.ChannelVol, s.ChannelPan,
-                    s.ChannelHz);
+                    s.ChannelHz, s.History, s.SaveOpenSwitches, s.SelectionsOnlySetting, s.EmptyBlankSetting,
+                    s.SessionName, s.CurrentFolder, s.CurrentFile, s.DialogueFile, s.SaveItEnabled, s.QuickLoadTag);
 }
 
 template <typename>

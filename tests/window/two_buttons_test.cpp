@@ -43,6 +43,8 @@ struct Outcome {
     Facts Clicked;
     std::vector<std::string> Sound;
     std::vector<std::string> Forms;
+    std::vector<std::string> Files;
+    std::vector<std::string> Shown;  ///< after the hold, and after the click
     std::vector<DragSource> Drags;
     friend bool operator==(const Outcome&, const Outcome&) = default;
 };
@@ -67,6 +69,7 @@ Outcome Hold(WholeHand& hand, QWidget& widget, const Chord& chord, bool alone) {
     hand.Settle();
     Outcome outcome;
     outcome.Held = FactsOf(hand.s);
+    outcome.Shown = hand.Shown();
     hand.Reveal(widget);
     hand.ClickAt(hand.SpotOn(widget));
     hand.FinishDrags();
@@ -76,6 +79,8 @@ Outcome Hold(WholeHand& hand, QWidget& widget, const Chord& chord, bool alone) {
             outcome.Sound.push_back(Unnumbered(call));  // a painting asks
     }
     outcome.Forms = hand.Forms.Log;
+    outcome.Files = hand.Store.Log;
+    for (const std::string& shown : hand.Shown()) outcome.Shown.push_back(shown);
     outcome.Drags = hand.Drags;
     return outcome;
 }
@@ -171,6 +176,16 @@ TEST(TwoButtons, TheHandReachesEveryControlThatHoldsThePointerOrStartsADrag) {
              "Thumb_2",
              "SelectorRadio_3",
              "ResetVars",
+             "HistoryList",
+             "SlctGroup",
+             "QuickLoad",
+             "FolderTreeview1",
+             "Selector_1",
+             "Elements_0_3",
+             "SaveIt",
+             "SaveItAs",
+             "OpenIt",
+             "Reload",
          }) {
         EXPECT_THAT(names, Contains(name));
     }
@@ -190,6 +205,8 @@ void TryEveryChordOn(WholeHand& hand, QWidget& widget) {
         EXPECT_THAT(Changed(one.Clicked, both.Clicked), IsEmpty());
         EXPECT_EQ(one.Sound, both.Sound);
         EXPECT_EQ(one.Forms, both.Forms);
+        EXPECT_EQ(one.Files, both.Files);
+        EXPECT_EQ(one.Shown, both.Shown);
         EXPECT_EQ(one.Drags, both.Drags);
     });
 }

@@ -5,13 +5,17 @@
 #include <QAbstractScrollArea>
 #include <QAbstractSlider>
 #include <QComboBox>
+#include <QDialog>
 #include <QStackedWidget>
+#include <QTreeView>
 #include <QWindow>
 #include <utility>
 
+#include "browser/bin_gestures.h"
 #include "browser/clipboard.h"
 #include "browser/destinations.h"
 #include "parameters/position.h"
+#include "performance/drops/palette.h"
 #include "performance/joystick/joystick_setup.h"
 #include "performance/map/sound_map.h"
 #include "performance/map/use_3d.h"
@@ -19,6 +23,7 @@
 #include "performance/pad/pad_tables.h"
 #include "performance/selection/bands.h"
 #include "performance/tabs.h"
+#include "persistence/quick_load.h"
 #include "sequencing/patterns.h"
 #include "window/controls/control.h"
 #include "window/tabs/tab_mix_pad.h"
@@ -33,9 +38,18 @@ bool IsHandled(const QWidget& widget) {
            qobject_cast<const QAbstractItemView*>(&widget) || qobject_cast<const QTabBar*>(&widget);
 }
 
+/// The lists that open over the windows.
+constexpr const char* kLists[] = {"HistoryList", "SlctGroup", "QuickLoad", "FolderTreeview1"};
+
 QWidget& Pointed(QWidget& widget) {
     auto* scrolled = qobject_cast<QAbstractScrollArea*>(&widget);
     return scrolled == nullptr ? widget : *scrolled->viewport();
+}
+
+/// The entry of a list that a press is made on: the folder that a tree shows, or the last entry.
+QModelIndex EntryOf(const QAbstractItemView& list) {
+    const bool tree = qobject_cast<const QTreeView*>(&list) != nullptr;
+    return tree ? list.currentIndex() : list.model()->index(list.model()->rowCount() - 1, 0);
 }
 
 }  // namespace
@@ -65,36 +79,59 @@ WholeHand::WholeHand() {
         PositionSet(s, ball, static_cast<float>(0.5 * (ball - 2)), 0.75F, {.Apply = false, .StoreBall = true});
     }
     for (Row row = 0; row < 2; ++row) ClipBoardList_DragDrop(s, {drags::kDropDown, row, ""});
+    s.History[0] = {(Folder / "one.wav").string()};
+    for (const char* set : {"night.mvn", "noon.mvn"}) Own.Touch(set);
+    s.CurrentFolder = Own.Path() + "/";
+    s.CurrentFile = s.DialogueFile = "night.mvn";
+    s.SaveItEnabled = true;
+    UpdateQuickLoad(s);
+    Screen.Attach(&Save);
+    Save.Open();
     s.Bins[0].Destination = kDragDestination;
     s.Bins[1].Destination = 3;
     s.Bins[2].Destination = 4;
     Window.Bins->RefreshDestinations();
     Form->move(0, 0);
     Window.move(0, 0);
+    Save.move(0, 0);
     for (Row row = 0; row <= kSelectionRow; ++row) Screen.ShowEnabled(row);
-    canceller_.callOnTimeout([] { QDrag::cancel(); });
+    canceller_.callOnTimeout([this] {
+        QDrag::cancel();
+        auto* asked = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (asked == nullptr) return;
+        ++dialogues_;
+        asked->reject();
+    });
     watch_.Drags = &Drags;
     qApp->installEventFilter(&watch_);
     Settle();
     made_.emplace(s);
 }
 
-WholeHand::~WholeHand() { qApp->removeEventFilter(&watch_); }
+WholeHand::~WholeHand() {
+    Screen.Attach(static_cast<FrmSave*>(nullptr));
+    qApp->removeEventFilter(&watch_);
+}
 
 bool WholeHand::DragWatch::eventFilter(QObject* object, QEvent* event) {
     if (event->type() != QEvent::DeferredDelete) return false;
     const auto* drag = dynamic_cast<const QDrag*>(object);
     if (drag == nullptr || drag->mimeData() == nullptr) return false;
-    if (const auto source = FromMimeData(*drag->mimeData())) Drags->push_back(*source);
+    if (const auto source = FromMimeData(*drag->mimeData())) {
+        Drags->push_back(*source);
+    } else {
+        for (const std::string& path : FilePaths(*drag->mimeData())) Drags->push_back({"FolderTreeview1", 0, path});
+    }
     return false;
 }
 
 std::vector<QWidget*> WholeHand::Controls() {
     Begin();
     std::vector<QWidget*> controls;
-    for (QWidget* window : {static_cast<QWidget*>(Form.get()), static_cast<QWidget*>(&Window)}) {
+    for (QWidget* window : std::initializer_list<QWidget*>{Form.get(), &Window, &Save}) {
         for (QWidget* widget : window->findChildren<QWidget*>()) {
-            if (DescribedOf(*widget) == nullptr || !IsHandled(*widget) || widget->window() != window) continue;
+            if (DescribedOf(*widget) == nullptr || !IsHandled(*widget)) continue;
+            CloseLists();
             Reveal(*widget);
             if (widget->isVisible() && widget->isEnabled() && SpotOn(*widget).Widget != nullptr) {
                 controls.push_back(widget);
@@ -102,6 +139,59 @@ std::vector<QWidget*> WholeHand::Controls() {
         }
     }
     return controls;
+}
+
+QWidget& WholeHand::Named(const char* name) {
+    QWidget* found = nullptr;
+    for (const QWidget* window : std::initializer_list<const QWidget*>{Form.get(), &Window, &Save}) {
+        if (found == nullptr) found = window->findChild<QWidget*>(name);
+    }
+    EXPECT_NE(found, nullptr) << name;
+    return *found;
+}
+
+void WholeHand::OpenList(QWidget& list) {
+    if (list.isVisible()) return;
+    const QString name = list.objectName();
+    if (name == "HistoryList") {
+        DropDown_MouseUp(s, 0, At("DropDown_0")->height() * kTwipsPerPixel);
+    } else if (name == "SlctGroup") {
+        Screen.ShowSelectList(true);
+    } else if (name == "QuickLoad") {
+        QuickLoadPop_MouseUp(s, kLeftButton);
+    } else if (auto* tree = qobject_cast<QTreeView*>(&list)) {
+        PickDir_Click(s, 0);
+        // The folders are read in the background.
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] {
+                const QRect shown = tree->visualRect(tree->currentIndex());
+                return tree->currentIndex().isValid() && tree->viewport()->rect().contains(shown);
+            },
+            5000));
+    }
+}
+
+void WholeHand::CloseLists() {
+    while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+    Screen.ShowHistoryList(false);
+    Screen.ShowFolderTree(false);
+}
+
+std::vector<std::string> WholeHand::OpenLists() {
+    std::vector<std::string> open;
+    for (const char* list : kLists) {
+        if (Named(list).isVisible()) open.emplace_back(list);
+    }
+    return open;
+}
+
+std::vector<std::string> WholeHand::Shown() {
+    std::vector<std::string> shown = OpenLists();
+    for (const QAbstractButton* button : Save.findChildren<QAbstractButton*>()) {
+        if (button->isChecked()) shown.push_back(button->objectName().toStdString());
+    }
+    shown.push_back(std::to_string(dialogues_) + " dialogues");
+    return shown;
 }
 
 void WholeHand::Reveal(QWidget& widget) {
@@ -118,6 +208,7 @@ void WholeHand::Reveal(QWidget& widget) {
         }
     }
     if (widget.objectName() == "TabControl" || widget.objectName() == "Tab_2") s.ActiveTab = kPatternTab;
+    OpenList(widget);
     const bool shown = widget.isVisible() && widget.window()->isActiveWindow();
     if (shown && before == std::pair(s.ActiveTab, s.ActiveSubTab)) return;
     widget.window()->activateWindow();
@@ -128,6 +219,12 @@ void WholeHand::Reveal(QWidget& widget) {
 Spot WholeHand::SpotOn(QWidget& widget) {
     QWidget& pointed = Pointed(widget);
     QWidget& window = *widget.window();
+    if (const auto* list = qobject_cast<QAbstractItemView*>(&widget)) {
+        const QRect entry = list->visualRect(EntryOf(*list));
+        const QPoint inWindow = pointed.mapTo(&window, QPoint(entry.left() + 20, entry.center().y()));
+        if (window.childAt(inWindow) == &pointed) return {&widget, QPointF(inWindow)};
+        return {};
+    }
     for (const double down : {0.1, 0.5, 0.9, 0.03}) {
         for (const double across : {0.5, 0.02, 0.3, 0.7, 0.98}) {
             const QPointF place(pointed.width() * across, pointed.height() * down);
@@ -160,7 +257,7 @@ void WholeHand::DoubleClickAt(const Spot& spot, Qt::MouseButton button) {
 }
 
 void WholeHand::Begin() {
-    while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+    CloseLists();
     if (s.MiniMode) Click("ToTop");
     for (Row row = 0; row < kLoopTracks; ++row) {
         if (s.Run[row].Buffer) s.Run[row].Buffer->Stop();
@@ -171,8 +268,6 @@ void WholeHand::Begin() {
     Screen.ShowMapControls();
     Screen.ShowOptions();
     Screen.ShowJoystick();
-    Screen.ShowHistoryList(false);
-    Screen.ShowFolderTree(false);
     for (int bin = 0; bin < kBins; ++bin) Screen.ShowBin(bin);
     Screen.ShowDestinations();
     Screen.ShowClips();
@@ -182,6 +277,9 @@ void WholeHand::Begin() {
     Desk.Log.clear();
     Desk.Boxes.clear();
     Forms.Log.clear();
+    Store.Log.clear();
+    Screen.ShowSaveOpen();
+    dialogues_ = 0;
     canceller_.start(0);
 }
 

@@ -1,5 +1,6 @@
 #include "window/controls/folder_tree.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -57,10 +58,24 @@ void FolderTree::ShowFolder() {
 
 void FolderTree::mousePressEvent(QMouseEvent* event) {
     settling_ = false;  // the player takes over
-    if (event->button() == Qt::LeftButton) QTreeView::mousePressEvent(event);
+    if (event->button() != Qt::LeftButton) return;
+    QTreeView::mousePressEvent(event);
+    const QPoint place = event->position().toPoint();
+    // Not beside the names, where the arrows that open a folder are.
+    if (visualRect(indexAt(place)).contains(place)) pressed_ = place;
+}
+
+// The toolkit's own drag begins a pixel later than the other drags, and not before the second move.
+void FolderTree::mouseMoveEvent(QMouseEvent* event) {
+    if (!event->buttons().testFlag(Qt::LeftButton)) pressed_.reset();  // the release went elsewhere
+    if (!pressed_) return QTreeView::mouseMoveEvent(event);
+    if ((event->position().toPoint() - *pressed_).manhattanLength() < QApplication::startDragDistance()) return;
+    pressed_.reset();
+    startDrag(folders_.supportedDragActions());
 }
 
 void FolderTree::mouseReleaseEvent(QMouseEvent* event) {
+    pressed_.reset();
     QTreeView::mouseReleaseEvent(event);
     FolderTree_MouseUp(s, ButtonNumber(event->button()));
 }

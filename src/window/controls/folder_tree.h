@@ -2,6 +2,7 @@
 
 #include <QFileSystemModel>
 #include <QTreeView>
+#include <optional>
 
 #include "core/session.h"
 #include "window/toolkit/dialogue_style.h"
@@ -18,6 +19,7 @@ public:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -25,8 +27,9 @@ private:
     void ShowFolder();
 
     Session& s;
-    bool settling_ = false;  // the tree was opened and the player has not touched it yet
-    FilePictures pictures_;  // outlives the folders
+    bool settling_ = false;          // the tree was opened and the player has not touched it yet
+    std::optional<QPoint> pressed_;  // where a folder was pressed that may become a drag
+    FilePictures pictures_;          // outlives the folders
     QFileSystemModel folders_;
 };
 

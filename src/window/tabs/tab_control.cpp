@@ -18,21 +18,22 @@ constexpr int kCaptionWidth = 94;
 
 }  // namespace
 
-TabButton::TabButton(Session& session, QWidget* parent, const char* name, int tab, const std::int16_t& active,
-                     void (*choose)(Session&, std::int16_t))
-    : Control(session, parent, name, tab), active_(active), choose_(choose) {}
+TabButton::TabButton(Session& session, QWidget* parent, TabStrip strip, int tab)
+    : Control(session, parent, strip == TabStrip::Main ? "Tab" : "OptionSubTab", tab), strip_(strip) {}
+
+std::int16_t TabButton::OpenTab() const { return strip_ == TabStrip::Main ? s.ActiveTab : s.ActiveSubTab; }
 
 void TabButton::Gesture(Phase phase, std::int16_t button, QPointF) {
-    if (phase == Phase::Down && button == kLeftButton) choose_(s, index);
-    if (phase == Phase::Down && button == kRightButton && active_ == kPatternTab && choose_ == SetTab) {
-        ArmDrag({drags::kTabControl, 0, ""});
-    }
+    if (phase != Phase::Down) return;
+    const bool main = strip_ == TabStrip::Main;
+    if (button == kLeftButton) main ? SetTab(s, index) : OptionSubTabs_Click(s, index);
+    if (button == kRightButton && main && OpenTab() == kPatternTab) ArmDrag({drags::kTabControl, 0, ""});
 }
 
 void TabButton::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
-    const bool open = active_ == index;
+    const bool open = OpenTab() == index;
     QPainterPath shape;
     shape.addRoundedRect(QRectF(0.5, 0.5, width() - 1, height() + 8), 6, 6);
     p.setPen(QPen(theme::kLine, open ? 0 : 1));
@@ -46,7 +47,7 @@ void TabButton::paintEvent(QPaintEvent*) {
 
 TabControl::TabControl(Session& session, QWidget* parent) : Control(session, parent, drags::kTabControl) {
     for (int tab = 0; tab < kTabs; ++tab) {
-        auto* caption = new TabButton(s, this, "Tab", tab, s.ActiveTab, SetTab);
+        auto* caption = new TabButton(s, this, TabStrip::Main, tab);
         caption->setGeometry(tab * (kCaptionWidth + 2), 0, kCaptionWidth, kCaptionHeight);
         captions_.push_back(caption);
     }

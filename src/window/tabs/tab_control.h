@@ -13,20 +13,23 @@ class TabMixPad;
 class TabOptions;
 class TabPattern;
 
-/// One caption of a strip of tabs.
+/// The strips of tabs: that of `TabControl`, and the one on its page of options.
+enum class TabStrip : std::uint8_t { Main, Options };
+
+/// One caption of a strip of tabs. A click opens its tab.
 class TabButton : public Control {
 public:
-    /// `active` is the session's number of the open tab. `choose` opens a tab.
-    TabButton(Session& session, QWidget* parent, const char* name, int tab, const std::int16_t& active,
-              void (*choose)(Session&, std::int16_t));
+    /// The caption of the tab `tab`, from 0.
+    TabButton(Session& session, QWidget* parent, TabStrip strip, int tab);
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    const std::int16_t& active_;
-    void (*const choose_)(Session&, std::int16_t);
+    std::int16_t OpenTab() const;
+
+    const TabStrip strip_;
 };
 
 /// `TabControl`: the captions "Mix Pad", "3d Map", "Ptrn" and "Optn" and their pages.

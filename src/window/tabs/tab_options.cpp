@@ -31,11 +31,6 @@ QSlider* MakeSlider(QWidget* parent, int low, int high, const QRect& place) {
     return slider;
 }
 
-void OptionSubTabs_Click(Session& s, std::int16_t tab) {
-    s.ActiveSubTab = tab;
-    s.World.Screen.ShowTab();
-}
-
 }  // namespace
 
 TabOptions::TabOptions(Session& session, QWidget* parent) : QWidget(parent), s(session) {
@@ -63,7 +58,7 @@ void TabOptions::MakeLeftSide() {
 
 void TabOptions::MakeSubTabs() {
     for (int tab = 0; tab < 4; ++tab) {
-        auto* caption = new TabButton(s, this, "OptionSubTab", tab, s.ActiveSubTab, OptionSubTabs_Click);
+        auto* caption = new TabButton(s, this, TabStrip::Options, tab);
         caption->setGeometry(kSubPage.left() + tab * 98, kSubPage.top() - 26, 96, 26);
         captions_.push_back(caption);
         auto* page = new QWidget(this);
