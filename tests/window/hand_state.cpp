@@ -1,6 +1,7 @@
 #include "hand_state.h"
 
-#include <sstream>
+#include <array>
+#include <cstdio>
 
 namespace marvolin::test {
 
@@ -27,7 +28,12 @@ void RowFacts(const Session& s, Row row, Facts& facts) {
     put("PositionY", set.PositionY);
     for (int block = 0; block < kPatternRows; ++block) {
         std::string& text = facts[name + "Pattern" + std::to_string(block)];
-        for (const std::int16_t value : set.Pattern[block]) text += std::to_string(value) + " ";
+        // Thousands of numbers: the plainest way is several times as fast.
+        for (const std::int16_t value : set.Pattern[block]) {
+            std::array<char, 8> digits{};
+            text.append(digits.data(),
+                        static_cast<std::size_t>(std::snprintf(digits.data(), digits.size(), "%d ", value)));
+        }
     }
     put("Loaded", run.Loaded);
     put("Playing", run.Playing);

@@ -256,6 +256,11 @@ void WholeHand::DoubleClickAt(const Spot& spot, Qt::MouseButton button) {
     QTest::mouseDClick(spot.Widget->window()->windowHandle(), button, {}, spot.Place.toPoint());
 }
 
+void WholeHand::LookAway() {
+    for (QWidget* window : std::initializer_list<QWidget*>{Form.get(), &Window, &Save})
+        window->setUpdatesEnabled(false);
+}
+
 void WholeHand::Begin() {
     CloseLists();
     if (s.MiniMode) Click("ToTop");
