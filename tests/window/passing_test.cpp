@@ -6,6 +6,8 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTabBar>
 #include <QWheelEvent>
@@ -26,14 +28,32 @@ using testing::IsEmpty;
 constexpr Qt::Key kArrows[] = {Qt::Key_Up,     Qt::Key_Down,     Qt::Key_Left, Qt::Key_Right,
                                Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End};
 
-/// The lists of both windows.
+/// The lists of all windows, and a wheel over them.
 struct Lists : WholeHand {
     std::vector<QComboBox*> Closed() {
         std::vector<QComboBox*> lists;
-        for (QWidget* window : {static_cast<QWidget*>(Form.get()), static_cast<QWidget*>(&Window)}) {
+        for (QWidget* window : std::initializer_list<QWidget*>{Form.get(), &Window, &Save}) {
             for (QComboBox* list : window->findChildren<QComboBox*>()) lists.push_back(list);
         }
         return lists;
+    }
+    /// Visits the drop-down lists of the dialogues of files, each while it is open.
+    void EachOfTheDialogues(const std::function<void(QComboBox&)>& visit) {
+        for (const char* opener : {"SaveItAs", "OpenIt"}) {
+            Begin();
+            int seen = 0;
+            OnDialogue = [&](QDialog& dialogue) {
+                dialogue.activateWindow();
+                Settle();
+                for (QComboBox* list : dialogue.findChildren<QComboBox*>()) {
+                    ++seen;
+                    visit(*list);
+                }
+            };
+            dynamic_cast<QPushButton&>(Named(opener)).click();
+            EXPECT_EQ(seen, 2) << opener;
+            OnDialogue = nullptr;
+        }
     }
     /// A turn of the wheel, with the time of the hand.
     void WheelOver(QWidget& widget, int notches, quint64 pause = 1000) {
@@ -49,54 +69,73 @@ private:
     quint64 time_ = 1'000'000;
 };
 
-TEST(NothingActsInPassing, AClosedListTakesNeitherWheelNorArrowsNorLetters) {
-    Lists hand;
-    ASSERT_GE(hand.Closed().size(), 15U);
-    for (QComboBox* list : hand.Closed()) {
-        SCOPED_TRACE(list->objectName().toStdString());
-        hand.Reveal(*list);
-        list->setEnabled(true);
-        ASSERT_GE(list->count(), 2);
-        for (const bool focused : {false, true}) {
-            focused ? list->setFocus() : list->clearFocus();
-            ASSERT_EQ(list->hasFocus(), focused);
-            // From the middle and from both ends each step would lead somewhere.
-            for (const int entry : {0, list->count() / 2, list->count() - 1}) {
-                {
-                    const QSignalBlocker quiet(list);
-                    list->setCurrentIndex(entry);
-                }
-                const QSignalSpy chosen(list, &QComboBox::activated);
-                const test::Facts before = FactsOf(hand.s);
-                for (const int notches : {1, -1, 5, -5}) hand.WheelOver(*list, notches);
-                for (const Qt::Key key : kArrows) QTest::keyClick(list, key);
-                QTest::keyClicks(list, "d2n");
-                EXPECT_EQ(list->currentIndex(), entry);
-                EXPECT_EQ(chosen.count(), 0);
-                EXPECT_THAT(Changed(before, FactsOf(hand.s)), IsEmpty());
+void ExpectNothingFromAClosedList(Lists& hand, QComboBox& list) {
+    SCOPED_TRACE(list.objectName().toStdString());
+    ASSERT_GE(list.count(), 2);
+    for (const bool focused : {false, true}) {
+        focused ? list.setFocus() : list.clearFocus();
+        ASSERT_EQ(list.hasFocus(), focused);
+        // From the middle and from both ends each step would lead somewhere.
+        for (const int entry : {0, list.count() / 2, list.count() - 1}) {
+            {
+                const QSignalBlocker quiet(&list);
+                list.setCurrentIndex(entry);
             }
+            const QSignalSpy chosen(&list, &QComboBox::activated);
+            const test::Facts before = FactsOf(hand.s);
+            for (const int notches : {1, -1, 5, -5}) hand.WheelOver(list, notches);
+            for (const Qt::Key key : kArrows) QTest::keyClick(&list, key);
+            QTest::keyClicks(&list, "d2n");
+            EXPECT_EQ(list.currentIndex(), entry);
+            EXPECT_EQ(chosen.count(), 0);
+            EXPECT_THAT(Changed(before, FactsOf(hand.s)), IsEmpty());
         }
     }
 }
 
+TEST(NothingActsInPassing, AClosedListTakesNeitherWheelNorArrowsNorLetters) {
+    Lists hand;
+    ASSERT_GE(hand.Closed().size(), 17U);
+    for (QComboBox* list : hand.Closed()) {
+        hand.Reveal(*list);
+        list->setEnabled(true);
+        ExpectNothingFromAClosedList(hand, *list);
+    }
+}
+
+TEST(NothingActsInPassing, TheClosedListsOfTheFileDialoguesNeither) {
+    Lists hand;
+    hand.EachOfTheDialogues([&](QComboBox& list) {
+        // The list of folders is made when it is opened.
+        list.showPopup();
+        list.hidePopup();
+        ExpectNothingFromAClosedList(hand, list);
+    });
+    EXPECT_THAT(hand.Store.Log, IsEmpty());
+}
+
 TEST(NothingActsInPassing, AnOpenListActsOnAChoiceOnly) {
     Lists hand;
+    const auto choose = [&](QComboBox& list) {
+        SCOPED_TRACE(list.objectName().toStdString());
+        QSignalSpy chosen(&list, &QComboBox::activated);
+        const test::Facts before = FactsOf(hand.s);
+        list.showPopup();
+        for (const int notches : {1, -1, 3}) hand.WheelOver(*list.view()->viewport(), notches);
+        for (const Qt::Key key : kArrows) QTest::keyClick(list.view(), key);
+        EXPECT_EQ(chosen.count(), 0);
+        EXPECT_THAT(Changed(before, FactsOf(hand.s)), IsEmpty());
+        list.view()->setCurrentIndex(list.model()->index(1, 0));
+        QTest::keyClick(list.view(), Qt::Key_Return);
+        EXPECT_EQ(chosen.count(), 1);
+    };
     for (QComboBox* list : hand.Closed()) {
-        SCOPED_TRACE(list->objectName().toStdString());
         hand.Begin();
         hand.Reveal(*list);
         list->setEnabled(true);
-        QSignalSpy chosen(list, &QComboBox::activated);
-        const test::Facts before = FactsOf(hand.s);
-        list->showPopup();
-        for (const int notches : {1, -1, 3}) hand.WheelOver(*list->view()->viewport(), notches);
-        for (const Qt::Key key : kArrows) QTest::keyClick(list->view(), key);
-        EXPECT_EQ(chosen.count(), 0);
-        EXPECT_THAT(Changed(before, FactsOf(hand.s)), IsEmpty());
-        list->view()->setCurrentIndex(list->model()->index(1, 0));
-        QTest::keyClick(list->view(), Qt::Key_Return);
-        EXPECT_EQ(chosen.count(), 1);
+        choose(*list);
     }
+    hand.EachOfTheDialogues(choose);
 }
 
 TEST(NothingActsInPassing, TheKeysThatOpenAListStillOpenIt) {
@@ -125,31 +164,69 @@ TEST(NothingActsInPassing, TheWheelTurnsNoTabOver) {
 
 TEST(NothingActsInPassing, OtherListsOnlyMoveTheirChoice) {
     Lists hand;
-    const auto pass = [&](QAbstractItemView& list) {
-        SCOPED_TRACE(list.objectName().toStdString());
+    for (const char* name : {"HistoryList", "SlctGroup", "QuickLoad", "FolderTreeview1", "ClipBoardList"}) {
+        SCOPED_TRACE(name);
+        hand.Begin();
+        auto& list = dynamic_cast<QAbstractItemView&>(hand.Named(name));
+        hand.Reveal(list);
         ASSERT_TRUE(list.isVisible());
+        ASSERT_GE(list.model()->rowCount(list.rootIndex()), 2);
+        hand.Sound.Log.clear();
         const test::Facts before = FactsOf(hand.s);
+        const std::vector<std::string> shown = hand.Shown();
+        const auto nothingActed = [&] {
+            EXPECT_THAT(Changed(before, FactsOf(hand.s)), IsEmpty());
+            EXPECT_EQ(hand.Shown(), shown);
+            EXPECT_THAT(hand.Sound.Log, IsEmpty());
+            EXPECT_THAT(hand.Store.Log, IsEmpty());
+        };
+        list.setFocus();
         for (const int notches : {1, -1}) hand.WheelOver(*list.viewport(), notches);
+        nothingActed();
         for (const Qt::Key key : kArrows) QTest::keyClick(&list, key);
-        EXPECT_THAT(Changed(before, FactsOf(hand.s)), IsEmpty());
-    };
-    hand.Reveal(*hand.At("DropDown_0"));
-    hand.Click("DropDown_0", {40, 20});
-    pass(*hand.Form->findChild<QAbstractItemView*>("HistoryList"));
-    hand.Screen.ShowHistoryList(false);
-    hand.Screen.ShowSelectList(true);
-    pass(*hand.Form->findChild<QAbstractItemView*>("SlctGroup"));
-    hand.Screen.ShowSelectList(false);
-    hand.Reveal(hand.Part("ClipBoardList"));
-    pass(dynamic_cast<QAbstractItemView&>(hand.Part("ClipBoardList")));
-    for (const char* bin : {"PickFile_1", "PickFile_2"}) {
-        const test::Facts before = FactsOf(hand.s);
-        for (const int notches : {1, -1}) hand.WheelOver(hand.Part(bin), notches);
-        EXPECT_THAT(Changed(before, FactsOf(hand.s)), IsEmpty());
-        for (const Qt::Key key : kArrows) QTest::keyClick(&hand.Part(bin), key);
-        EXPECT_EQ(Changed(before, FactsOf(hand.s)).size(), 1U);  // the row that is selected
-        EXPECT_TRUE(hand.Sound.Log.empty());
+        nothingActed();
+        EXPECT_TRUE(list.currentIndex().isValid());
     }
+}
+
+TEST(NothingActsInPassing, TheBinsOnlyScrollByTheWheelAndSelectByTheArrows) {
+    Lists hand;
+    for (const char* bin : {"PickFile_0", "PickFile_1", "PickFile_2"}) {
+        SCOPED_TRACE(bin);
+        hand.Reveal(hand.Part(bin));
+        for (const bool focused : {false, true}) {
+            hand.Part("PickDir_0").setFocus();
+            if (focused) hand.Part(bin).setFocus();
+            const test::Facts before = FactsOf(hand.s);
+            for (const int notches : {1, -1}) hand.WheelOver(hand.Part(bin), notches);
+            EXPECT_THAT(Changed(before, FactsOf(hand.s)), IsEmpty());
+            for (const Qt::Key key : kArrows) QTest::keyClick(hand.Window.windowHandle(), key);
+            EXPECT_EQ(Changed(before, FactsOf(hand.s)).size(), focused ? 1U : 0U);  // the row that is selected
+            EXPECT_THAT(hand.Sound.Log, IsEmpty());
+        }
+    }
+}
+
+TEST(NothingActsInPassing, AListWithoutTheFocusTakesNoArrows) {
+    Lists hand;
+    for (const char* name : {"FolderTreeview1", "ClipBoardList"}) {
+        SCOPED_TRACE(name);
+        hand.Begin();
+        auto& list = dynamic_cast<QAbstractItemView&>(hand.Named(name));
+        hand.Reveal(list);
+        auto& elsewhere = hand.Named(name == std::string_view("ClipBoardList") ? "ClearClip" : "PickDir_0");
+        elsewhere.setFocus();
+        ASSERT_TRUE(elsewhere.hasFocus());
+        const QModelIndex before = list.currentIndex();
+        for (const int notches : {1, -1}) hand.WheelOver(*list.viewport(), notches);
+        for (const Qt::Key key : kArrows) QTest::keyClick(hand.Window.windowHandle(), key);
+        EXPECT_EQ(list.currentIndex(), before);
+    }
+    // A list that opens over the window has the focus as long as it is open.
+    hand.Begin();
+    hand.Reveal(hand.Named("HistoryList"));
+    hand.Named("DropDown_1").setFocus();
+    EXPECT_THAT(hand.OpenLists(), IsEmpty());
 }
 
 /// A control that the wheel and the arrows turn, and a fact of the session that shows it.

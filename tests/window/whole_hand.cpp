@@ -98,8 +98,11 @@ WholeHand::WholeHand() {
     canceller_.callOnTimeout([this] {
         QDrag::cancel();
         auto* asked = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (asked == nullptr) return;
+        if (asked == nullptr || answering_) return;
         ++dialogues_;
+        answering_ = true;
+        if (OnDialogue) OnDialogue(*asked);
+        answering_ = false;
         asked->reject();
     });
     watch_.Drags = &Drags;
@@ -190,7 +193,7 @@ std::vector<std::string> WholeHand::Shown() {
     for (const QAbstractButton* button : Save.findChildren<QAbstractButton*>()) {
         if (button->isChecked()) shown.push_back(button->objectName().toStdString());
     }
-    shown.push_back(std::to_string(dialogues_) + " dialogues");
+    for (int i = 1; i <= dialogues_; ++i) shown.push_back("dialogue " + std::to_string(i));
     return shown;
 }
 
@@ -253,7 +256,15 @@ void WholeHand::ClickAt(const Spot& spot, Qt::MouseButton button) {
 }
 
 void WholeHand::DoubleClickAt(const Spot& spot, Qt::MouseButton button) {
-    QTest::mouseDClick(spot.Widget->window()->windowHandle(), button, {}, spot.Place.toPoint());
+    // The second press goes to what is under the pointer then. A press on a list that opens over the window reaches it
+    // by the window, too.
+    QWidget* window = spot.Widget->window();
+    QPoint place = spot.Place.toPoint();
+    if (window->windowType() == Qt::Popup) {
+        place = Form->mapFromGlobal(window->mapToGlobal(place));
+        window = Form.get();
+    }
+    QTest::mouseDClick(window->windowHandle(), button, {}, place);
 }
 
 void WholeHand::LookAway() {

@@ -38,8 +38,11 @@ public:
     Spot SpotOn(QWidget& widget);
     /// The lists that are open over the windows.
     std::vector<std::string> OpenLists();
-    /// What the windows show and the session does not have: open lists, ticked boxes of Save/Open, dialogues.
+    /// What the windows show and the session does not have: open lists, ticked boxes of Save/Open, and "dialogue 1" for
+    /// the first dialogue since `Begin`.
     std::vector<std::string> Shown();
+    /// Sees each dialogue while it is open; it is cancelled then.
+    std::function<void(QDialog&)> OnDialogue;
 
     void PressAt(const Spot& spot, Qt::MouseButton button, QPointF way = {});
     void MoveTo(const Spot& spot, QPointF way);
@@ -69,6 +72,7 @@ private:
     DragWatch watch_;
     QTimer canceller_;  // of drags and of dialogues, which wait for an answer
     int dialogues_ = 0;
+    bool answering_ = false;
     std::optional<HandState> made_;
 };
 

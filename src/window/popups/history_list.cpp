@@ -48,6 +48,7 @@ void HistoryList::mousePressEvent(QMouseEvent* event) {
     origin_ = event->pos();
     const int entry = row(itemAt(origin_));
     pressed_ = HistoryList_MouseDown(s, static_cast<std::int16_t>(entry));
+    if (!isVisible()) second_.Follows(*event);  // the entry that closes it
 }
 
 void HistoryList::mouseMoveEvent(QMouseEvent* event) {
@@ -60,9 +61,10 @@ void HistoryList::mouseMoveEvent(QMouseEvent* event) {
 }
 
 // A click counts as a drop on the list itself.
-void HistoryList::mouseReleaseEvent(QMouseEvent*) {
+void HistoryList::mouseReleaseEvent(QMouseEvent* event) {
     if (pressed_) HistoryList_DragDrop(s);
     pressed_.reset();
+    if (!isVisible()) second_.Follows(*event);
 }
 
 void HistoryList::keyPressEvent(QKeyEvent* event) {

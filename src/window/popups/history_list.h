@@ -5,6 +5,7 @@
 
 #include "core/drag_source.h"
 #include "core/session.h"
+#include "window/popups/second_press.h"
 
 namespace marvolin {
 
@@ -26,6 +27,7 @@ protected:
 
 private:
     Session& s;
+    SecondPress second_{*this};
     std::optional<DragSource> pressed_;  // the drag that the pressed entry may become
     bool dragging_ = false;
     QPoint origin_;

@@ -64,7 +64,9 @@ void PopupList::mouseReleaseEvent(QMouseEvent* event) {
     const bool chosen = pressed_;
     pressed_ = false;
     const QModelIndex released = indexAt(event->position().toPoint());
-    if (chosen && released.isValid() && OnChoose) OnChoose(released.row());
+    if (!chosen || !released.isValid() || !OnChoose) return;
+    second_.Follows(*event);
+    OnChoose(released.row());
 }
 
 void PopupList::keyPressEvent(QKeyEvent* event) {

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "core/session.h"
+#include "window/popups/second_press.h"
 
 namespace marvolin {
 
@@ -33,6 +34,7 @@ protected:
 
 private:
     bool pressed_ = false;  // a row of the list was pressed
+    SecondPress second_{*this};
 };
 
 }  // namespace marvolin

@@ -1,6 +1,7 @@
 #include "window/popups/select_list.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScreen>
 
 #include "performance/selection/selection.h"
@@ -35,6 +36,11 @@ bool SelectList::event(QEvent* event) { return HideOnPressBeside(*this, *event) 
 
 void SelectList::Choose(const QListWidgetItem* item) {
     if (item != nullptr) SlctGroup_Click(s, item->text().toStdString());
+}
+
+void SelectList::mouseReleaseEvent(QMouseEvent* event) {
+    QListWidget::mouseReleaseEvent(event);
+    if (!isVisible()) second_.Follows(*event);
 }
 
 void SelectList::hideEvent(QHideEvent* event) {

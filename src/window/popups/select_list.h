@@ -3,6 +3,7 @@
 #include <QListWidget>
 
 #include "core/session.h"
+#include "window/popups/second_press.h"
 
 namespace marvolin {
 
@@ -15,6 +16,7 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -22,6 +24,7 @@ private:
     void Choose(const QListWidgetItem* item);
 
     Session& s;
+    SecondPress second_{*this};
 };
 
 }  // namespace marvolin
