@@ -7,8 +7,7 @@ namespace marvolin {
 /// Twips of a drag on `Limiter` that make one step of the limit.
 inline constexpr double kTwipsALimit = 20;
 
-/// A gesture on `Limiter`: a drag sets the limit 1..4, upwards more; its end thins. `y` in twips
-/// within the control.
+/// A gesture on `Limiter`: a drag sets the limit 1..4, upwards more; its end thins. `y` in twips within the control.
 void Limiter_Gesture(Session& s, Phase phase, double y);
 
 }  // namespace marvolin

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QFileDialog>
+#include <QFileSystemModel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTimer>
@@ -9,6 +11,7 @@
 #include <string_view>
 
 #include "fakes/temp_folder.h"
+#include "hand.h"
 #include "persistence/save_open.h"
 #include "stage.h"
 #include "window/forms/frm_save.h"
@@ -98,6 +101,51 @@ TEST(FileDialogue, SavesOnlyIntoAFolderThatExistsAndAsksBeforeItOverwrites) {
     EXPECT_TRUE(dialogue.Store.Log.empty());
     EXPECT_EQ(dialogue.s.CurrentFolder, dialogue.Folder.Path() + "/");
     EXPECT_TRUE(dialogue.Window.isVisible());
+}
+
+/// Chooses a kind of file as a hand does.
+void ChooseFilter(QFileDialog& asked, int entry) {
+    auto& filters = *asked.findChild<QComboBox*>("fileTypeCombo");
+    test::Choose(filters, entry);
+    EXPECT_EQ(filters.currentIndex(), entry);
+}
+
+TEST(FileDialogue, ThePreviousVersionsAreListedAloneByTheirFiltersAndOpenedByNameAlone) {
+    const struct {
+        int Filter;
+        const char* Ending;
+    } previous[] = {{2, ".mvn~"}, {3, ".mvp~"}};
+    for (const auto& [filter, ending] : previous) {
+        SCOPED_TRACE(ending);
+        Dialogue dialogue;
+        for (const char* copy : {"set.mvn~", "set.mvp~"}) dialogue.Folder.Touch(copy);
+        dialogue.s.CurrentFile.clear();
+        dialogue.Ask("OpenIt", [&, filter = filter, ending = ending](QFileDialog& asked) {
+            ChooseFilter(asked, filter);
+            const auto& files = *asked.findChild<QFileSystemModel*>();
+            EXPECT_EQ(files.nameFilters(), QStringList{QString("*") + ending});
+            EXPECT_FALSE(files.nameFilterDisables()) << "others are not shown in grey either";
+            Dialogue::Accept(asked, "set");
+        });
+        const std::string file = dialogue.Folder.In(std::string("set") + ending);
+        EXPECT_EQ(dialogue.Store.Log, std::vector<std::string>{"Load " + file + " current adopt"});
+        EXPECT_EQ(dialogue.s.CurrentFile, std::string("set") + ending);
+    }
+}
+
+TEST(FileDialogue, AnOpenedPreviousVersionIsSavedAsTheSetItself) {
+    for (const char* ending : {".mvn", ".mvp"}) {
+        SCOPED_TRACE(ending);
+        Dialogue dialogue;
+        const std::string copy = std::string("night") + ending + "~";
+        dialogue.Folder.Touch(copy);
+        dialogue.s.CurrentFile = copy;
+        dialogue.Ask("SaveItAs", [&](QFileDialog& asked) {
+            EXPECT_EQ(asked.nameFilters().size(), 2) << "a previous version is not saved by hand";
+            Dialogue::Accept(asked, copy);
+        });
+        EXPECT_EQ(dialogue.s.CurrentFile, std::string("night") + ending);
+    }
 }
 
 TEST(FileDialogue, AFileOfTheOtherFilterGetsItsEnding) {

@@ -8,6 +8,7 @@
 
 #include "all_forms.h"
 #include "audio/play_modes.h"
+#include "browser/destinations.h"
 #include "painted_texts.h"
 #include "parameters/position.h"
 #include "parameters/setters.h"
@@ -172,22 +173,48 @@ TEST(Hints, TheHintOfLoopItFollowsItsMode) {
     EXPECT_EQ(stage.s.StatusText, "clk Toggle Play; rtclk Pause");
 }
 
+/// Adds the hints of all controls of a form.
+void AddHints(const QWidget& form, std::set<std::string>& hints) {
+    for (const QWidget* widget : form.findChildren<QWidget*>()) {
+        const Described* described = DescribedOf(*widget);
+        if (described == nullptr) continue;
+        for (const int part : {0, 1, 2}) hints.insert(described->Hint(part, false));
+    }
+    hints.erase("");
+}
+
 TEST(Hints, NoHintIsCutInItsPanel) {
     AllForms forms;
     std::set<std::string> hints;
     for (std::int16_t mode = kOneShot; mode <= kDrum; ++mode) {
         for (Row row = 0; row < kRows; ++row) forms.s.Set[row].PlayMode = mode;
-        for (const QWidget* widget : forms.Form->findChildren<QWidget*>()) {
-            const Described* described = DescribedOf(*widget);
-            if (described == nullptr) continue;
-            for (const int part : {0, 1, 2}) hints.insert(described->Hint(part, false));
-        }
+        AddHints(*forms.Form, hints);
     }
-    hints.erase("");
     EXPECT_GT(hints.size(), 35U);
     for (const std::string& hint : hints) {
         forms.s.StatusText = hint;
         EXPECT_EQ(test::PaintedTexts(*forms.At("StatusBar1")).front(), hint);
+    }
+}
+
+TEST(Hints, NoHintIsCutInTheBrowserAtItsSmallest) {
+    AllForms forms;
+    const std::string name = "Hat closed 120 bpm";
+    std::set<std::string> hints;
+    for (const auto destination : std::initializer_list<std::int16_t>{3, kDragDestination}) {
+        for (SampleBin& bin : forms.s.Bins) {
+            bin.Destination = destination;
+            bin.Rows.assign(3, {name, "12345", "", name + ".wav"});
+        }
+        AddHints(forms.Window, hints);
+    }
+    EXPECT_EQ(hints.size(), 7U);
+    EXPECT_THAT(hints, testing::Contains(testing::StartsWith(name)));
+    forms.Window.resize(forms.Window.minimumSize());
+    forms.Settle();
+    for (const std::string& hint : hints) {
+        forms.Window.ShowHint(hint);
+        EXPECT_EQ(test::PaintedTexts(forms.Part("BrowseStatusBar1")).front(), hint);
     }
 }
 

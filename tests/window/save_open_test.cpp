@@ -32,18 +32,30 @@ struct Dialogue : test::Stage {
     QCheckBox& Box(const QString& name) { return *Window.findChild<QCheckBox*>(name); }
     QCheckBox& Element(int list, int i) { return Box(QString("Elements_%1_%2").arg(list).arg(i)); }
     QComboBox& Preset(int list) { return *Window.findChild<QComboBox*>(QString("Selector_%1").arg(list)); }
-    /// Answers the file dialogue that `open` shows with `path`; cancels it when that is empty.
-    void Answer(const char* open, const QString& path) {
+    /// Presses the button `open` and runs `answer` on the file dialogue, again until that has closed it.
+    void Ask(const char* open, const std::function<void(QFileDialog&)>& answer) {
         QTimer hand;
         hand.callOnTimeout([&] {
             auto* asked = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
-            if (asked == nullptr) return;
-            if (path.isEmpty()) return asked->reject();
-            asked->selectFile(path);
-            static_cast<QDialog*>(asked)->accept();
+            if (asked != nullptr) answer(*asked);
         });
         hand.start(0);
         Press(open);
+    }
+    /// Answers the file dialogue that `open` shows with `path`; cancels it when that is empty.
+    void Answer(const char* open, const QString& path) {
+        Ask(open, [&](QFileDialog& asked) {
+            if (path.isEmpty()) return asked.reject();
+            asked.selectFile(path);
+            static_cast<QDialog&>(asked).accept();
+        });
+    }
+    /// Types a name into a file dialogue and presses Return.
+    static void Type(QFileDialog& asked, const char* text) {
+        auto* name = asked.findChild<QLineEdit*>("fileNameEdit");
+        name->clear();
+        QTest::keyClicks(name, text);
+        QTest::keyClick(name, Qt::Key_Return);
     }
     FrmSave Window{s};
 };
@@ -212,27 +224,22 @@ TEST(SaveOpen, TheFileDialoguesOfferSessionsAndPackagesInTheCurrentFolder) {
     for (const char* button : {"OpenIt", "SaveItAs"}) {
         SCOPED_TRACE(button);
         int seen = 0;
-        QTimer hand;
-        hand.callOnTimeout([&] {
-            auto* asked = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
-            if (asked == nullptr) return;
+        dialogue.Ask(button, [&](QFileDialog& asked) {
             ++seen;
             const bool save = std::string_view(button) == "SaveItAs";
             QStringList filters{"marvolin File (*.mvn)", "marvolin Package (*.mvp)"};
             if (!save)
                 filters << "Previous marvolin File (*.mvn~)"
                         << "Previous marvolin Package (*.mvp~)";
-            EXPECT_EQ(asked->nameFilters(), filters);
-            EXPECT_EQ(asked->selectedNameFilter(), "marvolin File (*.mvn)");
-            EXPECT_EQ(asked->directory().absolutePath().toStdString(), folder.Path());
-            EXPECT_EQ(asked->selectedFiles().value(0).toStdString(), folder.In("set.mvn"));
-            EXPECT_EQ(asked->acceptMode(), save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-            EXPECT_EQ(asked->fileMode(), save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-            EXPECT_FALSE(asked->testOption(QFileDialog::DontConfirmOverwrite));
-            asked->reject();
+            EXPECT_EQ(asked.nameFilters(), filters);
+            EXPECT_EQ(asked.selectedNameFilter(), "marvolin File (*.mvn)");
+            EXPECT_EQ(asked.directory().absolutePath().toStdString(), folder.Path());
+            EXPECT_EQ(asked.selectedFiles().value(0).toStdString(), folder.In("set.mvn"));
+            EXPECT_EQ(asked.acceptMode(), save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+            EXPECT_EQ(asked.fileMode(), save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+            EXPECT_FALSE(asked.testOption(QFileDialog::DontConfirmOverwrite));
+            asked.reject();
         });
-        hand.start(0);
-        dialogue.Press(button);
         EXPECT_EQ(seen, 1);
     }
 }
@@ -284,18 +291,10 @@ TEST(SaveOpen, ASavedNameGetsTheExtensionOfTheChosenFilter) {
     Dialogue dialogue;
     dialogue.s.CurrentFolder = folder.Path() + "/";
     dialogue.s.CurrentFile.clear();
-    QTimer hand;
-    hand.callOnTimeout([&] {
-        auto* asked = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (asked == nullptr) return;
-        test::Choose(*asked->findChild<QComboBox*>("fileTypeCombo"), 1);
-        auto* name = asked->findChild<QLineEdit*>("fileNameEdit");
-        name->clear();
-        QTest::keyClicks(name, "pack");
-        QTest::keyClick(name, Qt::Key_Return);
+    dialogue.Ask("SaveItAs", [&](QFileDialog& asked) {
+        test::Choose(*asked.findChild<QComboBox*>("fileTypeCombo"), 1);
+        Dialogue::Type(asked, "pack");
     });
-    hand.start(0);
-    dialogue.Press("SaveItAs");
     EXPECT_TRUE(Has(dialogue.Store.Log, "Save " + folder.In("pack.mvp") + " all"));
 }
 
@@ -315,17 +314,7 @@ TEST(SaveOpen, ANameWithAPointIsCompletedBeforeTheQuestionAboutOverwriting) {
         question->button(QMessageBox::Yes)->click();
     });
     answer.start(0);
-    QTimer hand;
-    hand.callOnTimeout([&] {
-        auto* asked = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (asked == nullptr) return;
-        auto* name = asked->findChild<QLineEdit*>("fileNameEdit");
-        name->clear();
-        QTest::keyClicks(name, "my set.1");
-        QTest::keyClick(name, Qt::Key_Return);
-    });
-    hand.start(0);
-    dialogue.Press("SaveItAs");
+    dialogue.Ask("SaveItAs", [&](QFileDialog& asked) { Dialogue::Type(asked, "my set.1"); });
     EXPECT_EQ(questions, 1);
     EXPECT_TRUE(Has(dialogue.Store.Log, "Save " + folder.In("my set.1.mvn") + " all"));
 }
@@ -339,15 +328,10 @@ TEST(SaveOpen, TheCopyOfASetIsFoundByItsFilterAndSaveAsOffersTheSetsOwnName) {
     dialogue.Answer("OpenIt", QString::fromStdString(folder.In("set.mvp~")));
     EXPECT_TRUE(Has(dialogue.Store.Log, "Load " + folder.In("set.mvp~") + " current adopt"));
     QString offered;
-    QTimer hand;
-    hand.callOnTimeout([&] {
-        auto* asked = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (asked == nullptr) return;
-        offered = asked->findChild<QLineEdit*>("fileNameEdit")->text();
-        asked->reject();
+    dialogue.Ask("SaveItAs", [&](QFileDialog& asked) {
+        offered = asked.findChild<QLineEdit*>("fileNameEdit")->text();
+        asked.reject();
     });
-    hand.start(0);
-    dialogue.Press("SaveItAs");
     EXPECT_EQ(offered, "set.mvp");
 }
 

@@ -34,6 +34,14 @@ private:
     Form form_;
 };
 
+/// The real forms over a session on fakes.
+struct FormsOfAProgram : test::Stage {
+    FormsOfAProgram() { Windows.Attach(s, {}); }
+    QtDisplay Shown;
+    QtDesktop Desktop;
+    QtWindows Windows{Shown, Desktop};
+};
+
 QWidget* Shown(const char* name) {
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (window->objectName() == name && window->isVisible()) return window;
@@ -42,11 +50,8 @@ QWidget* Shown(const char* name) {
 }
 
 TEST(Windows, TheFormsAreDeletedBeforeTheSessionThatTheyShow) {
-    test::Stage stage;
-    QtDisplay display;
-    QtDesktop desktop;
-    QtWindows windows(display, desktop);
-    windows.Attach(stage.s, {});
+    FormsOfAProgram program;
+    QtWindows& windows = program.Windows;
     std::vector<QPointer<QWidget>> shown;
     for (const auto& [form, name] : {std::pair{Form::Browse, "frmBrowse"},
                                      {Form::Save, "frmSave"},
@@ -60,8 +65,8 @@ TEST(Windows, TheFormsAreDeletedBeforeTheSessionThatTheyShow) {
     windows.DropForms();
     for (const QPointer<QWidget>& window : shown) EXPECT_TRUE(window.isNull());
     // Nobody shows anything any more.
-    display.ShowDrivers();
-    display.ShowBin(0);
+    program.Shown.ShowDrivers();
+    program.Shown.ShowBin(0);
     windows.DropForms();
 }
 
@@ -99,11 +104,8 @@ TEST(Windows, AFormThatIsUnloadedDuringAGestureOnItOutlivesTheGesture) {
 }
 
 TEST(Windows, AFormThatWasUnloadedCanBeShownAgain) {
-    test::Stage stage;
-    QtDisplay display;
-    QtDesktop desktop;
-    QtWindows windows(display, desktop);
-    windows.Attach(stage.s, {});
+    FormsOfAProgram program;
+    QtWindows& windows = program.Windows;
     for (int i = 0; i < 2; ++i) {
         windows.Show(Form::Browse);
         EXPECT_NE(Shown("frmBrowse"), nullptr);
@@ -114,11 +116,8 @@ TEST(Windows, AFormThatWasUnloadedCanBeShownAgain) {
 }
 
 TEST(Windows, SplashAndStartUpQueryBelongToTheMainWindowSoThatTheyStayInFrontOfIt) {
-    test::Stage stage;
-    QtDisplay display;
-    QtDesktop desktop;
-    QtWindows windows(display, desktop);
-    windows.Attach(stage.s, {});
+    FormsOfAProgram program;
+    QtWindows& windows = program.Windows;
     windows.Show(Form::Main);
     for (const auto& [form, name] : {std::pair{Form::Splash, "frmSplash"}, {Form::StartUpQuery, "frmStartUpQuery"}}) {
         windows.Show(form);
@@ -133,11 +132,8 @@ TEST(Windows, ClosingTheMainWindowEndsTheProgramAlthoughAnotherWindowRefusesToCl
     struct Stubborn : QWidget {
         void closeEvent(QCloseEvent* event) override { event->ignore(); }
     };
-    test::Stage stage;
-    QtDisplay display;
-    QtDesktop desktop;
-    QtWindows windows(display, desktop);
-    windows.Attach(stage.s, {});
+    FormsOfAProgram program;
+    QtWindows& windows = program.Windows;
     windows.Show(Form::Main);
     Stubborn other;
     other.show();

@@ -12,8 +12,8 @@ namespace marvolin {
 bool TakesFiles(const std::vector<std::string>& paths);
 
 /// Files dropped from a file manager on `row` (0..4): the first loads into the row and its gang, the others into the
-/// rows below, as far as there are rows; they are played with `PlayOnLoad`. What is no sample
-/// (`IsNoSample`) is named in the status line, changes nothing and takes no row.
+/// rows below, as far as there are rows; they are played with `PlayOnLoad`. What is no sample (`IsNoSample`) is named
+/// in the status line, changes nothing and takes no row.
 void DropFilesOnRow(Session& s, Row row, const std::vector<std::string>& paths);
 
 }  // namespace marvolin
