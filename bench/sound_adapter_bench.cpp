@@ -32,8 +32,9 @@ std::vector<std::uint8_t> Noise(std::size_t bytes) {
 
 /// A device and one file with noise in it.
 struct Bed {
-    Bed(std::size_t bytes, int channels, int bits) {
+    Bed(std::size_t bytes, int channels, int bits, int rate = kRate) {
         test::Wave wave;
+        wave.Rate = static_cast<std::uint32_t>(rate);
         wave.Channels = channels;
         wave.Bits = bits;
         wave.Data = Noise(bytes / 24 * 24);
@@ -91,6 +92,25 @@ BENCHMARK(Load100MB)
     ->Args({2, 16})
     ->Args({1, 16})
     ->Args({2, 24})
+    ->Unit(benchmark::kMillisecond);
+
+/// Ten seconds of a rate that is brought down to one that a buffer can play, filtered anew at each load and each change
+/// of device; at 96 kHz, for comparison, nothing is filtered.
+void LoadTenSecondsOfAHighRate(benchmark::State& state) {
+    const auto rate = static_cast<int>(state.range(0));
+    const auto channels = static_cast<int>(state.range(1));
+    Bed bed(static_cast<std::size_t>(10 * rate * channels * 2), channels, 16, rate);
+    for (auto _ : state) {
+        auto buffer = bed.Load();
+        benchmark::DoNotOptimize(buffer.get());
+        state.PauseTiming();
+        buffer.reset();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(LoadTenSecondsOfAHighRate)
+    ->ArgNames({"rate", "channels"})
+    ->ArgsProduct({{96000, 176400, 192000, 384000}, {1, 2}})
     ->Unit(benchmark::kMillisecond);
 
 void Write100MB(benchmark::State& state) {
