@@ -1,7 +1,6 @@
 #include "audio/openal/rate_reducer.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -69,14 +68,11 @@ void RateReducer::ReadAhead(const Source& source, std::size_t frames) {
 double RateReducer::Filtered(std::size_t frame, std::size_t channel) const {
     const auto channels = static_cast<std::size_t>(format_.Channels);
     const double* sample = ahead_.data() + frame * channels + channel;
-    // Four sums side by side: a single one would wait for each addition before the next.
-    std::array<double, 4> sums{};
-    std::size_t i = 0;
-    for (; i + sums.size() <= taps_.size(); i += sums.size()) {
-        for (std::size_t k = 0; k < sums.size(); ++k) sums[k] += taps_[i + k] * sample[(i + k) * channels];
+    double sum = 0;
+    for (const double tap : taps_) {
+        sum += tap * *sample;
+        sample += channels;
     }
-    double sum = sums[0] + sums[1] + sums[2] + sums[3];
-    for (; i < taps_.size(); ++i) sum += taps_[i] * sample[i * channels];
     return sum;
 }
 
