@@ -56,7 +56,10 @@ void QuickLoad_Click(Session& s, std::size_t row) {
     // By value: the load of a session can rebuild the list.
     const std::string file = s.QuickLoadFiles[row];
     if (s.QuickLoadTag == kLeftButton) {
-        OpenAsChosen(s, JoinPath(s.CurrentFolder, file));
+        if (!OpenAsChosen(s, JoinPath(s.CurrentFolder, file))) return;
+        // A dialogue that stands open would save the new set with the choices and under the name of the one before.
+        s.DialogueFile = s.CurrentFile;
+        s.World.Screen.ShowSaveOpen();
     } else {
         OpenSaveOpen(s, file);
     }

@@ -133,7 +133,10 @@ void OpenIt_Chosen(Session& s, const SaveOpenChoices& choices, const std::string
     TakeFile(s, path);
     TakeBack(s, choices);
     CloseDialogue(s);
-    if (OpenAsChosen(s, path)) AfterSuccess(s);
+    if (OpenAsChosen(s, path)) return AfterSuccess(s);
+    // "Save" would write what is loaded over a file of which something could still be read.
+    s.SaveItEnabled = false;
+    s.World.Screen.ShowSaveOpen();
 }
 
 }  // namespace marvolin

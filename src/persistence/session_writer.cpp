@@ -50,7 +50,10 @@ LoopTrackSet SavedSet(const Session& s, Row row) {
     return set;
 }
 
-bool HoldsSample(const LoopTrackRun& run) { return run.Loaded != False || !run.InHand.FileName.empty(); }
+/// Whether the file of the row's sample belongs into a package. One that is not loaded may be away; its name is kept.
+bool HoldsSample(const LoopTrackRun& run) {
+    return run.Loaded != False || (!run.InHand.FileName.empty() && FileExists(run.InHand.FileName));
+}
 bool Plays(const LoopTrackRun& run) { return run.Playing != False || run.InHand.Playing; }
 
 void WriteLoops(Session& s, SetFiles& files, const std::vector<Row>& rows, bool playState, bool isPackage) {

@@ -35,6 +35,33 @@ TEST(FileDrops, SeveralFilesFillTheRowsBelowAsFarAsThereAreRows) {
     EXPECT_FALSE(d.Desk.Busy);
 }
 
+TEST(FileDrops, SeveralFilesOnABandFillARowEachAndASingleOneFillsTheBand) {
+    FileDrops d;
+    d.s.BandTable[1].First = 0;
+    d.s.BandTable[1].Last = 3;
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        d.s.Run[row].InBand = True;
+        d.s.Run[row].Band = 1;
+    }
+    const std::string a = d.Put("a.wav");
+    const std::string b = d.Put("b.wav");
+    DropFilesOnRow(d.s, 1, {a});
+    EXPECT_EQ(d.Files(), (std::vector<std::string>{a, a, a, a}));
+    WriteBytes(d.Folder / "notes.txt", "notes");
+    DropFilesOnRow(d.s, 1, {b, d.Put("c.wav"), d.Folder / "notes.txt"});
+    EXPECT_EQ(d.Files(), (std::vector<std::string>{a, b, d.Folder / "c.wav", a}));
+    DropFilesOnRow(d.s, 1, {d.Folder / "notes.txt", b});
+    EXPECT_EQ(d.Files(), (std::vector<std::string>{b, b, b, b}));
+}
+
+TEST(FileDrops, AllThatIsNoSampleIsNamed) {
+    FileDrops d;
+    WriteBytes(d.Folder / "notes.txt", "notes");
+    WriteBytes(d.Folder / "more.txt", "more");
+    DropFilesOnRow(d.s, 1, {d.Folder / "notes.txt", d.Put("a.wav"), d.Folder / "more.txt"});
+    EXPECT_EQ(d.s.StatusText, "Not a sample: notes.txt, more.txt");
+}
+
 TEST(FileDrops, ThePointerPromisesADropOfAFileOfThisMachine) {
     EXPECT_TRUE(TakesFiles({"/samples/a.wav"}));
     EXPECT_TRUE(TakesFiles({"", "/samples"}));

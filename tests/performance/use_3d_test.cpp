@@ -99,8 +99,10 @@ TEST(Use3D, SwitchedOnInSilenceTheRollOffIsThatOfANewDevice) {
     Opened i;
     i.s.Driver = 2;
     UnInitDirectSound(i.s);
+    i.s.RollOff = 35;
     SetUse3D(i.s, true);
     EXPECT_EQ(i.s.RollOffValue, 1.0F);
+    EXPECT_EQ(i.s.RollOff, 10);
     SetUse3D(i.s, false);
     EXPECT_EQ(i.s.RollOffValue, 0.0F);
 }

@@ -249,6 +249,19 @@ TEST(SaveOpen, AnOpenThatFailsEnablesNothing) {
     EXPECT_EQ(i.Screen.Count("ShowQuickLoad"), 0);
 }
 
+TEST(SaveOpen, AfterAnOpenThatFailsSaveDoesNotWriteOverTheFile) {
+    SetInstrument i;
+    i.s.SaveItEnabled = true;
+    i.Store.Answer = false;
+    OpenIt_Chosen(i.s, {}, "/other/old.mvn");
+    EXPECT_FALSE(i.s.SaveItEnabled);
+    EXPECT_EQ(i.Screen.Count("ShowSaveOpen"), 1);
+    // What is loaded can be saved under another name, after which "Save" is meant for it.
+    i.Store.Answer = true;
+    SaveItAs_Chosen(i.s, {}, i.Folder / "rescued.mvn");
+    EXPECT_TRUE(i.s.SaveItEnabled);
+}
+
 TEST(SaveOpen, OpeningAFileChangesTheSaveListAsWell) {
     SetInstrument i;
     ASSERT_TRUE(i.Save("x.mvn", Only(Element::Vol)));
@@ -354,6 +367,22 @@ TEST(QuickLoad, TheLeftButtonLoadsAtOnceAndAnyOtherOpensTheDialogue) {
     EXPECT_EQ(i.s.DialogueFile, "late.mvn");
     QuickLoad_LostFocus(i.s);
     EXPECT_EQ(i.Screen.Log.back(), "ShowQuickLoadList hide");
+}
+
+TEST(QuickLoad, ADialogueThatStandsOpenFollowsALoad) {
+    SetInstrument i;
+    i.s.QuickLoadFiles = {"", "live.mvn"};
+    i.s.DialogueFile = "before.mvn";
+    i.Store.OnLoad = [&] { i.s.CurrentFile = "live.mvn"; };
+    QuickLoadPop_MouseUp(i.s, kLeftButton);
+    i.Store.Answer = false;
+    QuickLoad_Click(i.s, 1);
+    EXPECT_EQ(i.s.DialogueFile, "before.mvn");
+    EXPECT_EQ(i.Screen.Count("ShowSaveOpen"), 0);
+    i.Store.Answer = true;
+    QuickLoad_Click(i.s, 1);
+    EXPECT_EQ(i.s.DialogueFile, "live.mvn");
+    EXPECT_EQ(i.Screen.Count("ShowSaveOpen"), 1);
 }
 
 TEST(Snapshot, UsesTheNextFreeNumberAfterTheSessionsName) {

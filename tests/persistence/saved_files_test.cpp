@@ -327,6 +327,16 @@ TEST(SavedPackage, AMissingSampleFailsItTwiceAndLeavesEverythingAsItWas) {
     i.ExpectFailure("new.mvp", "Error Saving File not found");
 }
 
+TEST(SavedPackage, LeavesOutASampleThatWaitsForADeviceWhileItsFileIsAway) {
+    Saver i;
+    i.s.Run[0].InHand.FileName = i.Folder / "gone.wav";
+    i.s.Run[1].InHand.FileName = i.Folder / "b.wav";
+    WriteBytes(i.Folder / "b.wav", "b");
+    ASSERT_TRUE(i.SaveTo("set.mvp")) << i.Desk.LastBox();
+    EXPECT_TRUE(i.Files().contains("b.wav"));
+    EXPECT_FALSE(i.Files().contains("gone.wav"));
+}
+
 TEST(SavedPackage, AReadOnlySampleIsSavedAgainAndAgain) {
     Saver i;
     std::filesystem::permissions(i.Sets.Path(), std::filesystem::perms(0777));

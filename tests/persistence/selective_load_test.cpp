@@ -72,6 +72,29 @@ TEST(SelectiveLoad, EachOfTheSixteenSwitchesAloneChangesOnlyItsElement) {
     }
 }
 
+TEST(SelectiveLoad, TheFlagsOfTheSelectionAreSavedAndNotRestored) {
+    SetInstrument i;
+    Prepare(i);
+    for (Row row = 0; row < kLoopTracks; ++row) i.s.Set[row].Selected = row == 1 ? True : False;
+    ASSERT_TRUE(i.LoadBytes(GoldenSession(i.Folder.Path()), All())) << i.Desk.LastBox();
+    for (Row row = 0; row < kLoopTracks; ++row) EXPECT_EQ(i.s.Set[row].Selected, row == 1 ? True : False) << row;
+}
+
+TEST(SelectiveLoad, AnOpenedSetLeavesTheListenerWhereItIs) {
+    SetInstrument i;
+    i.s.ListenerX = 0.5;
+    i.s.ListenerY = -0.25;
+    i.s.ListenerAngle = 60;
+    ASSERT_TRUE(i.Save("x.mvn", All()));
+    i.s.ListenerX = -1;
+    i.s.ListenerY = 0.75;
+    i.s.ListenerAngle = 200;
+    ASSERT_TRUE(LoadSession(i.s, i.Folder / "x.mvn", SetAsCurrent::No, All(), AdoptSwitches::No));
+    EXPECT_EQ(i.s.ListenerX, -1);
+    EXPECT_EQ(i.s.ListenerY, 0.75);
+    EXPECT_EQ(i.s.ListenerAngle, 200);
+}
+
 TEST(SelectiveLoad, PositionAloneChangesOnlyThePositionsWith3DOn) {
     SetInstrument i;
     i.s.Use3D = true;

@@ -94,6 +94,18 @@ TEST(FileDrop, ThePointerPromisesNoDropOfAnAddressElsewhere) {
     }
 }
 
+TEST(FileDrop, ANameThatIsNoUtf8ArrivesWithItsBytes) {
+    for (const char* head : {"file://", "file:", "file://localhost"}) {
+        Stage stage;
+        Folder folder;
+        const std::string path = folder.Put("caf\xE9 100%.wav");
+        auto data = std::make_unique<QMimeData>();
+        data->setData("text/uri-list", head + QByteArray::fromStdString(path).toPercentEncoding("/") + "\r\n");
+        EXPECT_TRUE(stage.DropData("LoopRow_0", std::move(data))) << head;
+        EXPECT_EQ(stage.s.Set[0].FileName, path) << head;
+    }
+}
+
 TEST(FileDrop, PlaysAfterLoadingWhenPlayOnLoadIsOn) {
     Stage stage;
     Folder folder;

@@ -15,14 +15,23 @@ bool TakesFiles(const std::vector<std::string>& paths) {
 
 void DropFilesOnRow(Session& s, Row row, const std::vector<std::string>& paths) {
     const BusyPointer busy(s);
-    Row target = row;
+    std::vector<std::string> samples;
+    std::string refused;
     for (const std::string& path : paths) {
-        if (target != row && target >= kLoopTracks) break;
         if (IsNoSample(path)) {
-            ShowStatus(s, "Not a sample: " + FileNameOf(path));
-            continue;
+            refused += (refused.empty() ? "" : ", ") + FileNameOf(path);
+        } else {
+            samples.push_back(path);
         }
-        LoadSample(s, {.Path = path, .Target = target, .Play = s.PlayOnLoad, .Origin = SampleOrigin::File});
+    }
+    if (!refused.empty()) ShowStatus(s, "Not a sample: " + refused);
+    // Each of several has a row of its own: in a band the last one would replace all others.
+    const Reach rows = samples.size() > 1 && row < kLoopTracks ? Reach::Alone : Reach::Gang;
+    Row target = row;
+    for (const std::string& path : samples) {
+        if (target != row && target >= kLoopTracks) break;
+        LoadSample(
+            s, {.Path = path, .Target = target, .Rows = rows, .Play = s.PlayOnLoad, .Origin = SampleOrigin::File});
         ++target;
     }
 }

@@ -15,7 +15,10 @@ void SetUse3D(Session& s, bool on) {
     UnInitDirectSound(s);
     InitDirectSound(s);
     // As every opening with 3D does.
-    if (!s.DSReady) s.RollOffValue = on ? 1.0F : 0.0F;
+    if (!s.DSReady) {
+        s.RollOffValue = on ? 1.0F : 0.0F;
+        RefreshRollOff(s);
+    }
     ListenerRestore(s);
     MapEnable(s, on);
     for (int ball = 0; ball <= kListenerBall; ++ball) PositionRefresh(s, ball);

@@ -38,7 +38,15 @@ std::optional<DragSource> FromMimeData(const QMimeData& data) {
 
 std::vector<std::string> FilePaths(const QMimeData& data) {
     std::vector<std::string> paths;
-    for (const QUrl& url : data.urls()) paths.push_back(url.toLocalFile().toStdString());
+    // The toolkit's strings would lose the bytes of a name that is no UTF-8.
+    for (const QByteArray& url : data.data("text/uri-list").split('\n')) {
+        const QByteArray line = url.trimmed();
+        if (line.isEmpty() || line.startsWith('#')) continue;
+        // A host may stand between the two slashes and the path.
+        const auto path = line.startsWith("file://") ? line.indexOf('/', 7) : line.indexOf('/');
+        const bool local = path >= 0 && QUrl::fromEncoded(line).isLocalFile();
+        paths.push_back(local ? QByteArray::fromPercentEncoding(line.mid(path)).toStdString() : "");
+    }
     return paths;
 }
 
