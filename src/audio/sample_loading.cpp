@@ -141,7 +141,7 @@ void LoadRow(Session& s, Row row, const std::string& path) {
         s.World.Desk.Report("No File Name!!");
         return;
     }
-    if (!FileExists(path)) {
+    if (!TargetExists(path)) {
         s.World.Desk.Report("File Doesn't Exist !!");
         return;
     }

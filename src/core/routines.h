@@ -37,7 +37,7 @@ double ClampVar(double value, double low, double high);
 
 /// The larger; the second when they are equal.
 template <typename T>
-const T& MaxOf(const T& a, const T& b) {
+T MaxOf(const T& a, const T& b) {
     return a > b ? a : b;
 }
 

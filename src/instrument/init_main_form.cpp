@@ -131,7 +131,7 @@ bool InitMainForm(Session& s, const std::function<void(Session&)>& initPadGeomet
     s.World.Screen.ShowClock();
     try {
         MakeTimers(s);
-    } catch (const RuntimeError&) {
+    } catch (const std::exception&) {
         s.World.Desk.MessageBox("Error initializing timer objects. Make sure Marvolin was properly installed.");
         s.World.Desk.EndProgram();
         return false;

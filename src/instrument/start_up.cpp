@@ -75,7 +75,7 @@ bool CreateDirectX(Session& s) {
     try {
         s.DX = s.World.CreateDirectX7();
         return true;
-    } catch (const RuntimeError&) {
+    } catch (const std::exception&) {
         s.World.Desk.MessageBox(
             "Error initializing DirectX. Requires DirectX 7.0a or higher, available at https://openal-soft.org",
             "DirectX Missing", BoxStyle::Critical);

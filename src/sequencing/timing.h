@@ -25,8 +25,7 @@ void TimeDigit_Gesture(Session& s, int digit, Phase phase, double y);
 /// to 0.
 void PercentReadOut_DblClick(Session& s, int element);
 /// Copies `what` (0 `StepDuration`, 1 `BeatStart`, 2 `Swing`, 4 all) to the controlled rows (`to` 4), the band of `to`,
-/// or `to`. With 4 the play mode of each row reached is set
-/// again, which may restart a sounding one. Any other `what` copies nothing.
+/// or `to`. With 4 the play mode of each row reached is set again. Any other `what` copies nothing.
 void TimingCopy(Session& s, Row from, Row to, int what);
 
 }  // namespace marvolin

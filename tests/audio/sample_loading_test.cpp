@@ -44,8 +44,9 @@ TEST(LoopLoad, AnEmptyNameShowsAMessageAndChangesNothing) {
 TEST(LoopLoad, AMissingFileShowsAMessageAndTheOldSampleStays) {
     Loader i;
     i.Fill(0, "/old.WAV");
-    for (const std::string& name :
-         {std::string("none.WAV"), std::string(4000, 'x'), std::string("deep/") + "none.WAV"}) {
+    std::filesystem::create_symlink("/nowhere/at/all.WAV", i.Folder / "link.WAV");
+    for (const std::string& name : {std::string("none.WAV"), std::string(4000, 'x'),
+                                    std::string("deep/") + "none.WAV", std::string("link.WAV")}) {
         SCOPED_TRACE(name.substr(0, 20));
         i.Desk.Boxes.clear();
         i.Load(0, name);

@@ -17,6 +17,15 @@ TEST(FileExists, FindsFilesFoldersAndBrokenLinks) {
     EXPECT_TRUE(FileExists(folder.In("link")));
 }
 
+TEST(TargetExists, DoesNotFindABrokenLink) {
+    const test::TempFolder folder;
+    EXPECT_TRUE(TargetExists(folder.Touch("a.WAV")));
+    EXPECT_TRUE(TargetExists(folder.Path()));
+    EXPECT_FALSE(TargetExists(folder.Path() + "/"));
+    std::filesystem::create_symlink("/nowhere/at/all", folder.In("link"));
+    EXPECT_FALSE(TargetExists(folder.In("link")));
+}
+
 TEST(FileExists, DoesNotFindWhatDoesNotExist) {
     const test::TempFolder folder;
     EXPECT_FALSE(FileExists(""));
@@ -64,6 +73,7 @@ TEST(JoinPath, PutsOneSeparatorBetweenUnlessTheFolderEndsInOne) {
     EXPECT_EQ(JoinPath("/a/", "b"), "/a/b");
     EXPECT_EQ(JoinPath("C:\\a\\", "b"), "C:\\a\\b");
     EXPECT_EQ(JoinPath("", "b"), "/b");
+    EXPECT_EQ(JoinPath("/loops/kicks\\", "b"), "/loops/kicks\\/b") << "a letter of the name";
 }
 
 TEST(SplitPath, TheLastSeparatorStaysWithTheFolder) {
@@ -123,6 +133,8 @@ TEST(SampleName, IsTheNameWithoutItsExtension) {
     EXPECT_EQ(SampleName("/a/kick.WAV"), "kick");
     EXPECT_EQ(SampleName("/a/kick.pcm"), "kick");
     EXPECT_EQ(SampleName("/a/.WAV"), "");
+    EXPECT_EQ(SampleName("C:\\a\\kick.WAV"), "kick");
+    EXPECT_EQ(SampleName("/a/b\\kick.WAV"), "b\\kick") << "a letter of the name";
     for (const char* name : {"kick", "kick-120", "a.b", "kick.aiff"})
         EXPECT_EQ(SampleName(std::string("/a/") + name), name);
     EXPECT_EQ(SampleName(""), "");

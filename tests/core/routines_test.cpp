@@ -67,9 +67,8 @@ TEST(Clamps, LimitInPlaceAndTheLowEndWinsWhenTheEndsCross) {
 }
 
 TEST(MaxOf, GivesTheSecondWhenTheyAreEqual) {
-    const int a = 4;
-    const int b = 4;
-    EXPECT_EQ(&MaxOf(a, b), &b);
+    EXPECT_TRUE(std::signbit(MaxOf(0.0, -0.0)));
+    EXPECT_FALSE(std::signbit(MaxOf(-0.0, 0.0)));
     EXPECT_EQ(MaxOf(5, 4), 5);
     EXPECT_EQ(MaxOf(4, 5), 5);
 }

@@ -24,6 +24,11 @@ bool FileExists(const std::string& path) {
     return std::filesystem::exists(std::filesystem::symlink_status(path, error));
 }
 
+bool TargetExists(const std::string& path) {
+    std::error_code error;
+    return FileExists(path) && std::filesystem::exists(path, error);
+}
+
 bool DirExists(const std::string& path) {
     if (path == "/") return true;
     const std::string name = EndsInSeparator(path) ? path.substr(0, path.size() - 1) : path;
@@ -41,7 +46,9 @@ std::string StripBackslash(const std::string& path) {
 }
 
 std::string JoinPath(const std::string& folder, const std::string& name) {
-    return EndsInSeparator(folder) ? folder + name : folder + "/" + name;
+    // A backslash separates in a path of another system; in one of this system it is a letter of a name.
+    const bool separated = folder.find('/') == std::string::npos ? EndsInSeparator(folder) : folder.ends_with('/');
+    return separated ? folder + name : folder + "/" + name;
 }
 
 void SplitPath(const std::string& path, std::string& folder, std::string& name) {
@@ -70,7 +77,11 @@ std::string LastPathPart(const std::string& path) {
 std::string SampleName(const std::string& path) {
     std::string folder;
     std::string name;
-    SplitPath(path, folder, name);
+    if (path.find('/') == std::string::npos) {
+        SplitPath(path, folder, name);
+    } else {
+        SplitFilePath(path, folder, name);
+    }
     const bool extended = name.size() >= kExtension && name[name.size() - kExtension] == '.';
     return extended ? name.substr(0, name.size() - kExtension) : name;
 }
