@@ -99,9 +99,12 @@ TEST(FileDrop, ANameThatIsNoUtf8ArrivesWithItsBytes) {
         Stage stage;
         Folder folder;
         const std::string path = folder.Put("caf\xE9 100%.wav");
-        auto data = std::make_unique<QMimeData>();
-        data->setData("text/uri-list", head + QByteArray::fromStdString(path).toPercentEncoding("/") + "\r\n");
-        EXPECT_TRUE(stage.DropData("LoopRow_0", std::move(data))) << head;
+        QMimeData data;
+        data.setData("text/uri-list", head + QByteArray::fromStdString(path).toPercentEncoding("/") + "\r\n");
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(stage.At("LoopRow_0"), &enter);
+        QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(stage.At("LoopRow_0"), &drop);
         EXPECT_EQ(stage.s.Set[0].FileName, path) << head;
     }
 }
