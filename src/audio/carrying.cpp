@@ -12,6 +12,7 @@
 #include "audio/thinning.h"
 #include "audio/transport.h"
 #include "core/errors.h"
+#include "core/files/paths.h"
 #include "core/loops/loop_views.h"
 #include "core/routines.h"
 #include "parameters/mapping.h"
@@ -22,6 +23,7 @@ namespace marvolin {
 
 namespace {
 
+constexpr const char* kSessionEnding = ".mvn";
 constexpr const char* kNothingChanged = "The session could not be kept, so nothing has changed.";
 
 /// Elements of a LoopTrack that are reloaded; not whether it plays.
@@ -215,6 +217,23 @@ bool Save(Session& s, const std::string& file) {
     return false;
 }
 
+/// Gives the file of a session that could not be loaded a name that the Open dialogue shows. The name that it has then.
+std::string KeepAsSet(const std::string& file) {
+    const std::filesystem::path kept = std::filesystem::path(file).replace_extension(kSessionEnding);
+    std::error_code failed;
+    if (std::filesystem::exists(kept, failed)) return file;
+    std::filesystem::rename(file, kept, failed);
+    return failed ? file : kept.string();
+}
+
+void ShowKept(Session& s, const std::string& file) {
+    if (FileExists(file)) {
+        s.World.Desk.Report("The session has been kept in the file " + KeepAsSet(file));
+    } else {
+        s.World.Desk.Report("The session could not be loaded again: there is no file " + file);
+    }
+}
+
 void Load(Session& s, const std::string& file) {
     // "Empty Blank Loops on Open" is meant for files that the player opens.
     const std::int16_t emptyBlank = std::exchange(s.EmptyBlankSetting, std::int16_t{0});
@@ -223,7 +242,7 @@ void Load(Session& s, const std::string& file) {
     if (loaded) {
         Remove(file);
     } else {
-        s.World.Desk.Report("The session has been kept in the file " + file);
+        ShowKept(s, file);
     }
 }
 

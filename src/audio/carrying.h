@@ -21,7 +21,8 @@ namespace marvolin {
 ///
 /// False when the session cannot be kept; the change is then not made. A box says so when no temporary file can be
 /// made; a failed save shows its own box, and the status line says that nothing has changed. When the load fails, its
-/// own box is followed by one with the path of the file, which stays.
+/// own report is followed by one with the path of the file, which stays, under a name
+/// ending in ".mvn" when that is free. When the file is gone, a report says that.
 bool CarryAcross(Session& s, const std::function<void()>& change);
 
 }  // namespace marvolin

@@ -7,11 +7,16 @@ namespace marvolin {
 
 namespace {
 
+constexpr double kTwipsALimit = 20;  // of a drag that make one step
+
+void SetLimit(Session& s, double limit) {
+    s.Limit = ToI2(ClampVar(limit, 1, kNoLimit));
+    s.World.Screen.ShowLimit();
+}
+
 void ChooseLimit(Session& s, double y) {
     const float moved = static_cast<float>(y) - s.Drag.DragOrigin;
-    const double chosen = Int(s.Drag.DragStartValue - Int(moved) * (1 / kTwipsALimit));
-    s.Limit = ToI2(ClampVar(chosen, 1, kNoLimit));
-    s.World.Screen.ShowLimit();
+    SetLimit(s, Int(s.Drag.DragStartValue - Int(moved) * (1 / kTwipsALimit)));
 }
 
 }  // namespace
@@ -32,6 +37,12 @@ void Limiter_Gesture(Session& s, Phase phase, double y) {
             ThinTo(s);
             return;
     }
+}
+
+void Limiter_Step(Session& s, int units) {
+    if (s.Drag.Dragging != False) return;
+    SetLimit(s, static_cast<double>(s.Limit) + units);
+    ThinTo(s);
 }
 
 }  // namespace marvolin

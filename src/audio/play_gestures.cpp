@@ -117,7 +117,10 @@ void PlayStop_MouseUp(Session& s, double y, double height) {
 
 void PlayStop_Activate(Session& s) {
     bool plays = false;
-    for (Row row = 0; row < kLoopTracks; ++row) plays = plays || s.Run[row].Playing != False;
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        const LoopTrackRun& run = s.Run[row];
+        plays = plays || run.Playing != False || (!s.DSReady && run.InHand.Playing);
+    }
     if (plays) {
         StopAll(s);
     } else {
@@ -151,7 +154,8 @@ void LoopIt_Step(Session& s, Row row, int units) {
     if (s.Drag.Dragging != False) return;
     const Row loop = LoopItRow(s, row);
     const double mode = ClampVar(static_cast<double>(s.Set[loop].PlayMode) + units, kOneShot, kDrum);
-    LoopSetPlayModeRows(s, loop, static_cast<std::int16_t>(mode));
+    // Beyond the end it would give the gang the mode that the row has.
+    if (mode != s.Set[loop].PlayMode) LoopSetPlayModeRows(s, loop, static_cast<std::int16_t>(mode));
 }
 
 std::int16_t LoopItMode(const Session& s, Row row) {

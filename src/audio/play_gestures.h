@@ -19,7 +19,8 @@ enum class PlayStopZone : std::uint8_t { Play, None, Stop };
 PlayStopZone PlayStopZoneAt(double y, double height);
 /// A release at `y` on `PlayStop`, with any button.
 void PlayStop_MouseUp(Session& s, double y, double height);
-/// A key on `PlayStop`, which has no zone: stops all when anything plays, and plays all otherwise.
+/// A key on `PlayStop`, which has no zone: stops all when anything plays, and plays all otherwise. While no device is
+/// open, what will play with the next one counts.
 void PlayStop_Activate(Session& s);
 
 /// A gesture on `LoopIt` of `row`: 0..4, or 5 for the one that shows `CurrentLoop`. A drag moves the chosen mode by one
@@ -29,7 +30,8 @@ void PlayStop_Activate(Session& s);
 void LoopIt_Gesture(Session& s, Row row, Phase phase, std::int16_t button, double y);
 /// Sets mode Loop on the row alone.
 void LoopIt_DblClick(Session& s, Row row);
-/// A notch of the wheel or an arrow key: the mode `units` further, for the gang of the row. Nothing during a drag.
+/// A notch of the wheel or an arrow key: the mode `units` further, for the gang of the row. Nothing when that is the
+/// mode of the row, and nothing during a drag.
 void LoopIt_Step(Session& s, Row row, int units);
 /// Mode whose picture `LoopIt` shows: the chosen one during its drag, else that of the row.
 std::int16_t LoopItMode(const Session& s, Row row);

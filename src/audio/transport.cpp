@@ -28,7 +28,7 @@ void Start(Session& s, Row row, bool request) {
 // A row that waits for a device is stopped when the device comes.
 void StopWaiting(Session& s, Row row) {
     HeldSample& inHand = s.Run[row].InHand;
-    inHand.Playing = inHand.Paused = inHand.Sounds = false;
+    inHand.Playing = inHand.Sounds = false;  // only a resume ends a pause
     if (inHand.FileName.empty()) return;
     inHand.Cursor = 0;
     ResetLoopClock(s, row);

@@ -111,4 +111,17 @@ void ChannelFlag_Gesture(Session& s, Row row, Phase phase, std::int16_t button, 
     }
 }
 
+void ChannelFlag_PointerLost(Session& s, Row row) {
+    if (s.Drag.Dragging == False) return;
+    s.Drag.Dragging = False;
+    if (s.Drag.Moved) LoopSetChannelGang(s, row, s.Set[row].Channel, Apply::Yes);
+}
+
+void ChannelFlag_Step(Session& s, Row row, int units) {
+    if (s.Drag.Dragging != False) return;
+    const std::int16_t present = s.Set[row].Channel;
+    const std::int16_t value = WireClamp(s, row, static_cast<std::int16_t>(present + units));
+    if (value != present) LoopSetChannelGang(s, row, value, Apply::Yes);
+}
+
 }  // namespace marvolin

@@ -25,5 +25,10 @@ std::int16_t WireClamp(const Session& s, Row row, std::int16_t value);
 /// `ChannelFlag`: right press toggles the connection, a drag steps through the channels, a click flips a colour. A
 /// press that never moved 5 twips is a click. `x`, `y` in twips within the flag, `width` its width.
 void ChannelFlag_Gesture(Session& s, Row row, Phase phase, std::int16_t button, double x, double y, double width);
+/// The pointer was lost while the flag of `row` was held: what a drag has reached is heard, and a click does nothing.
+void ChannelFlag_PointerLost(Session& s, Row row);
+/// A notch of the wheel or an arrow key: the channel `units` further, for the gang of the row, which keeps its
+/// connection. Nothing at the end of the channels, and nothing during a drag.
+void ChannelFlag_Step(Session& s, Row row, int units);
 
 }  // namespace marvolin

@@ -40,11 +40,20 @@ std::string SavedSample(const SavedLoop& saved, const SavedFrom& from) {
     return FileExists(path) ? path : PackageFile(from.OpenPath, name);
 }
 
+// A sample that no device has taken enters the row with the next one. It replaces one that still waited.
+void WaitForDevice(Session& s, Row row, const std::string& path) {
+    if (s.Run[row].Loaded != False) return;
+    if (!s.DSReady || FileExists(path)) s.Run[row].InHand = {.FileName = path};
+}
+
+bool IsWaiting(const Session& s, Row row, const std::string& path) {
+    return !path.empty() && s.Run[row].Loaded == False && s.Run[row].InHand.FileName == path;
+}
+
 void RestoreSample(Session& s, const SavedLoop& saved, const SavedFrom& from) {
     LoadSample(s,
                {.Path = SavedSample(saved, from), .Target = saved.Index, .Rows = Reach::Alone, .Origin = from.Origin});
-    // The sample enters the row as soon as a device is open. It replaces one that still waited.
-    s.Run[saved.Index].InHand = s.DSReady ? HeldSample{} : HeldSample{.FileName = SavedSample(saved, from)};
+    WaitForDevice(s, saved.Index, SavedSample(saved, from));
     LoopSetThinnable(s, saved.Index, saved.Set.Thinnable != False);
     s.World.Screen.ShowCaption(saved.Index);
     const std::int16_t mode = saved.Set.PlayMode;
@@ -73,7 +82,8 @@ void RestoreTiming(Session& s, const SavedLoop& saved) {
     ClampI2(target.NSteps, 0, kPatternSteps - 1);
     std::int32_t beatStart = saved.Set.BeatStart;
     LoopSetBeatStart(s, saved.Index, beatStart);
-    if (!s.DSReady) s.Run[saved.Index].InHand.BeatStart = saved.Set.BeatStart;
+    HeldSample& inHand = s.Run[saved.Index].InHand;
+    if (!inHand.FileName.empty()) inHand.BeatStart = saved.Set.BeatStart;
     target.Swing = saved.Set.Swing;
     target.StepDuration = saved.Set.StepDuration;
 }
@@ -113,12 +123,12 @@ bool LoadSavedLoop(Session& s, const SavedLoop& saved, const clsSwitchRecord& lo
 
 bool HoldsSavedSample(const Session& s, const SavedLoop& saved, const SavedFrom& from) {
     const std::string path = SavedSample(saved, from);
-    if (!s.DSReady) return s.Run[saved.Index].InHand.FileName == path;
+    if (IsWaiting(s, saved.Index, path)) return true;
     return s.Run[saved.Index].Loaded != False && s.Set[saved.Index].FileName == path;
 }
 
 void PlaySavedLoop(Session& s, Row row) {
-    if (s.DSReady) return LoopPlay(s, row, true);
+    if (s.Run[row].Loaded != False) return LoopPlay(s, row, true);
     s.Run[row].InHand.Playing = s.Run[row].InHand.Sounds = true;
     s.Run[row].InHand.Loops = LoopPlayFlags(s.Set[row].PlayMode) != 0;
     ThinAdd(s, row);

@@ -26,10 +26,11 @@ struct SavedFrom {
 bool LoadSavedLoop(Session& s, const SavedLoop& saved, const clsSwitchRecord& loadSwitch, const SavedFrom& from);
 
 /// True when the slot of `saved` (0..3) holds the sample with which it was stored. After a load that did not find it,
-/// the slot still holds the previous one. While no device is open, the sample that waits in `InHand` counts.
+/// the slot still holds the previous one. A sample that waits in `InHand`, since no device is open or the open one has
+/// refused it, counts.
 bool HoldsSavedSample(const Session& s, const SavedLoop& saved, const SavedFrom& from);
 
-/// Starts a LoopTrack (0..3) that `LoadSavedLoop` has filled. While no device is open, it sounds with the next one.
+/// Starts a LoopTrack (0..3) that `LoadSavedLoop` has filled. One whose sample waits sounds with the next device.
 void PlaySavedLoop(Session& s, Row row);
 
 }  // namespace marvolin

@@ -117,7 +117,8 @@ void ReadLoops(Session& s, RecordReader& file, Loading& load) {
         // A sample that could not be loaded does not count; the previous one is not started in its place.
         const bool asked = LoadSavedLoop(s, saved, effective, from);
         loadedFromFile[saved.Index] = asked && HoldsSavedSample(s, saved, from);
-        if (asked && !loadedFromFile[saved.Index]) load.NotLoaded.push_back(NameOfSample(saved.Set.FileName));
+        const bool inRow = loadedFromFile[saved.Index] && s.Run[saved.Index].Loaded != False;
+        if (asked && !inRow) load.NotLoaded.push_back(NameOfSample(saved.Set.FileName));
     }
     for (Row row = 0; row < kLoopTracks; ++row) {
         if (s.EmptyBlankSetting == 1 && !loadedFromFile[row]) LoopClear(s, row);

@@ -17,6 +17,7 @@ namespace {
 
 constexpr double kStepsShare = 1 - kRandomColumnShare;
 constexpr std::int16_t kNoPatternRow = -1;
+constexpr double kTwipsAStep = 20;  // of a drag on `NSteps` that make one step
 
 using ValueText = std::string (*)(std::int16_t);
 constexpr std::array<ValueText, kPatternRows> kValueTexts{Vol2Text, Hz2Text, Pan2Text};
@@ -36,6 +37,16 @@ int ColumnAt(double x, double width, int columns) {
 
 void ShowValue(Session& s, int patternRow, double value, const std::string& prefix) {
     ShowReadout(s, prefix + kValueTexts[static_cast<std::size_t>(patternRow)](ToI2(value)));
+}
+
+void ShowNSteps(Session& s, double steps) {
+    s.StepsShown = static_cast<std::int16_t>(ClampVar(steps, 1, kPatternSteps));
+    s.World.Screen.ShowSteps();
+}
+
+void StoreNSteps(Session& s) {
+    s.Set[s.CurrentLoop].NSteps = static_cast<std::int16_t>(s.StepsShown - 1);
+    PatternsRefresh(s);
 }
 
 /// Draws the column from which the pointer comes at the height that it had there, and those between it and the new one
@@ -141,17 +152,21 @@ void NSteps_Gesture(Session& s, Phase phase, double y) {
         case Phase::Move: {
             if (s.Drag.Dragging == False) return;
             const double steps = Int(s.Drag.DragStartValue - Int(y - s.Drag.DragOrigin) * (1 / kTwipsAStep));
-            s.StepsShown = static_cast<std::int16_t>(ClampVar(steps, 1, kPatternSteps));
-            s.World.Screen.ShowSteps();
+            ShowNSteps(s, steps);
             return;
         }
         case Phase::Up:
             if (s.Drag.Dragging == False) return;
             s.Drag.Dragging = False;
-            s.Set[s.CurrentLoop].NSteps = static_cast<std::int16_t>(s.StepsShown - 1);
-            PatternsRefresh(s);
+            StoreNSteps(s);
             return;
     }
+}
+
+void NSteps_Step(Session& s, int units) {
+    if (s.Drag.Dragging != False) return;
+    ShowNSteps(s, static_cast<double>(s.StepsShown) + units);
+    StoreNSteps(s);
 }
 
 void PatternCopy(Session& s, Row from, Row to, int patternRow) {

@@ -12,9 +12,6 @@ inline constexpr double kRandomColumnShare = 0.05;
 /// Resets the three pattern rows of rows 0..3, lays out the graphs for them and ends any drawing.
 void InitPatternTables(Session& s);
 
-/// Twips of a drag on `NSteps` that make one step.
-inline constexpr double kTwipsAStep = 20;
-
 /// The size of a graph, twips.
 struct GraphSize {
     double Width = 0;
@@ -52,6 +49,8 @@ void PatternStore(Session& s, int patternRow, int column, double value);
 void EraserDrop(Session& s, int patternRow);
 /// `NSteps`: a drag sets the number of steps 1..32; the release stores it in the record. `y` in twips.
 void NSteps_Gesture(Session& s, Phase phase, double y);
+/// A notch of the wheel or an arrow key: `units` steps more, within 1..32, stored at once. Nothing during a drag.
+void NSteps_Step(Session& s, int units);
 
 /// Copies a pattern row, spread included, to the controlled rows (`from` or `to` 4), to the band of `to`, or to `to`.
 void PatternCopy(Session& s, Row from, Row to, int patternRow);

@@ -10,6 +10,8 @@ namespace marvolin {
 
 namespace {
 
+constexpr double kTwipsATimeUnit = 50;  // of a drag that make one unit of a digit
+
 void StoreTime(Session& s, int group, std::int32_t hundredths) {
     switch (group) {
         case kStepDurationGroup:
@@ -66,6 +68,12 @@ void TimeDigit_Gesture(Session& s, int digit, Phase phase, double y) {
             s.Drag.Dragging = False;
             return;
     }
+}
+
+void TimeDigit_Step(Session& s, int digit, int units) {
+    if (s.Drag.Dragging != False) return;
+    const int group = digit / kDigitsAGroup;
+    StoreTime(s, group, ToI4(StoredTime(s, group) + units * kDigitWeight.at(static_cast<std::size_t>(digit))));
 }
 
 void PercentReadOut_DblClick(Session& s, int element) {

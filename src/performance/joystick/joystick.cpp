@@ -109,9 +109,11 @@ void RememberStick(Session& s) {
     s.Joy.LastY = s.Joy.State.y;
 }
 
-/// Puts the listener where stick or button want it. The service may refuse: the player then knows from a box.
-void MoveListener(Session& s, double x, double y, double scale, MoveFlags flags) {
-    if (!PosScaled(s, x, y, kListenerBall, scale, flags)) s.Joy.Refused = true;
+/// Puts the listener where stick or button want it. False when the service refuses: the player then knows from a box.
+bool MoveListener(Session& s, double x, double y, double scale, MoveFlags flags) {
+    if (PosScaled(s, x, y, kListenerBall, scale, flags)) return true;
+    s.Joy.Refused = true;
+    return false;
 }
 
 void Stick(Session& s) {
@@ -127,8 +129,9 @@ void Stick(Session& s) {
     if (s.ActiveTab == kMixPadTab) {
         PadMove(s, moveX, moveY, kStickScale, {.Absolute = !relative, .Apply = true});
     } else {
-        MoveListener(s, moveX, moveY, kStickScale, {.Absolute = !relative, .Apply = true, .Quiet = true});
-        PosScrollEvent(s, kListenerBall, s.ListenerX, s.ListenerY, Force::No, kJoystickScroll);
+        const MoveFlags flags{.Absolute = !relative, .Apply = true, .Quiet = true};
+        if (MoveListener(s, moveX, moveY, kStickScale, flags))
+            PosScrollEvent(s, kListenerBall, s.ListenerX, s.ListenerY, Force::No, kJoystickScroll);
     }
     RememberStick(s);
 }
@@ -142,13 +145,15 @@ void Centre(Session& s) {
     }
 }
 
-/// Stick and centre button. After a refused place both do nothing until both rest: one box is enough.
+/// After a refused place stick and button do nothing on the map until both rest: one box is enough.
+bool IsSilenced(const Session& s) { return s.Joy.Refused && s.ActiveTab == kMapTab; }
+
 void StickAndCentre(Session& s, bool centre) {
     const bool acts = StickActsAgain(s);
     if (!acts && !centre) s.Joy.Refused = false;
-    if (s.Joy.Refused) return RememberStick(s);
+    if (IsSilenced(s)) return RememberStick(s);
     if (acts) Stick(s);
-    if (centre && !s.Joy.Refused) Centre(s);
+    if (centre && !IsSilenced(s)) Centre(s);
 }
 
 void Hat(Session& s) {

@@ -10,7 +10,7 @@ namespace marvolin {
 /// handler " and its signed number, and ends the program.
 ///
 /// An assigned axis that this joystick lacks does nothing, and stays assigned for the next save. A place that the sound
-/// service refuses is shown once; stick and centre button then do nothing until both rest.
+/// service refuses is shown once; stick and centre button then do nothing on the map until both rest.
 void JoyTimer_Timer(Session& s);
 
 }  // namespace marvolin

@@ -95,6 +95,8 @@ void Bands_Gesture(Session& s, Row lane, int column, Phase phase) {
     }
 }
 
+void Bands_PointerLost(Session& s) { s.BandDrag = {}; }
+
 void Bands_DblClick(Session& s, Row lane) {
     s.BandDrag = {};
     SetBand(s, lane, {});

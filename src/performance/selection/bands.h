@@ -26,6 +26,8 @@ void SetBand(Session& s, Row band, BandRun run);
 /// A drag makes the band the run of columns that it passes. A click on an end of the run takes that LoopTrack out, a
 /// click outside the run (or in an empty lane) extends the band to there, a click between the ends does nothing.
 void Bands_Gesture(Session& s, Row lane, int column, Phase phase);
+/// The pointer was lost during a drag or a click: a drag stays as it is, and a click does nothing.
+void Bands_PointerLost(Session& s);
 /// A double click empties the lane.
 void Bands_DblClick(Session& s, Row lane);
 

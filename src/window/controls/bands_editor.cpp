@@ -23,6 +23,8 @@ void BandsEditor::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     Bands_Gesture(s, lane_, static_cast<int>(std::clamp(column, -1.0, static_cast<double>(kLoopTracks))), phase);
 }
 
+void BandsEditor::PointerLost(std::int16_t, QPointF) { Bands_PointerLost(s); }
+
 void BandsEditor::DoubleClick(std::int16_t button, QPointF twips) {
     if (button == kLeftButton) Bands_DblClick(s, LaneAt(twips));
 }

@@ -17,6 +17,7 @@ public:
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    void PointerLost(std::int16_t, QPointF) override {}
     void Step(int units) override;
     void Activate() override;
     void keyPressEvent(QKeyEvent* event) override;

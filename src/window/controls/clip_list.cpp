@@ -38,6 +38,7 @@ void ClipList::Refresh() {
 }
 
 void ClipList::mousePressEvent(QMouseEvent* event) {
+    button_ = kNoButton;
     const QListWidgetItem* pressed = itemAt(event->position().toPoint());
     if (pressed == nullptr) return;
     button_ = ButtonNumber(event->button());
@@ -51,6 +52,7 @@ void ClipList::mouseReleaseEvent(QMouseEvent* event) {
 
 // Selects nothing, unlike the toolkit's own list: the pointer drags the clip that was pressed.
 void ClipList::mouseMoveEvent(QMouseEvent* event) {
+    if (event->buttons() == Qt::NoButton) button_ = kNoButton;  // its release was lost
     if (button_ == kNoButton || currentRow() < 0) return;
     if ((event->position().toPoint() - press_).manhattanLength() < QApplication::startDragDistance()) return;
     const DragSource source =

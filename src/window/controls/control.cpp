@@ -82,7 +82,6 @@ void Control::BeginDrag() {
 }
 
 bool Control::event(QEvent* event) {
-    // When the control loses the pointer, the drag ends as with a release at the last place.
     const bool lost = event->type() == QEvent::UngrabMouse || event->type() == QEvent::Hide ||
                       (event->type() == QEvent::WindowDeactivate && !ReportHasCome()) ||
                       (event->type() == QEvent::EnabledChange && !isEnabled());
@@ -107,7 +106,7 @@ void Control::EndHold() {
     const bool armed = armed_.has_value();
     held_ = kNoButton;
     armed_.reset();
-    if (!armed) Gesture(Phase::Up, button, Twips(mapFromGlobal(last_)));
+    if (!armed) PointerLost(button, Twips(mapFromGlobal(last_)));
     update();
 }
 

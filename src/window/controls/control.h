@@ -34,9 +34,13 @@ protected:
 
     /// A press, move or release of the pointer, in twips. `button` is the one that holds the control; for a move of a
     /// pointer that does not hold it, `kNoButton`. While one button holds the control, presses and releases of others
-    /// do not come here; each press is followed by one release or by a drag that was armed; an armed press that
-    /// loses the pointer ends without either.
+    /// do not come here; each press is followed by one release, by a drag that was armed, or by `PointerLost`; an armed
+    /// press that loses the pointer ends without any.
     virtual void Gesture(Phase, std::int16_t /*button*/, QPointF /*twips*/) {}
+    /// The control has lost the pointer during a hold: it was hidden or disabled, its window is no longer active, or
+    /// the release did not come. What a click does must not happen then; a drag ends with what it has reached. This is
+    /// the end of a drag; a control that acts at the release of a click overrides it.
+    virtual void PointerLost(std::int16_t button, QPointF twips) { Gesture(Phase::Up, button, twips); }
     /// The second press of a double click with the left button. A control without a double click takes it as a press;
     /// so are two clicks of another button.
     virtual void DoubleClick(std::int16_t button, QPointF twips) { Gesture(Phase::Down, button, twips); }

@@ -11,12 +11,9 @@ LimiterControl::LimiterControl(Session& session, QWidget* parent) : Control(sess
 
 void LimiterControl::Gesture(Phase phase, std::int16_t, QPointF twips) { Limiter_Gesture(s, phase, twips.y()); }
 
-// Drags as far as `units` steps take.
 void LimiterControl::Step(int units) {
+    Limiter_Step(s, units);
     described.ShowHint(0, false);
-    Limiter_Gesture(s, Phase::Down, 0);
-    Limiter_Gesture(s, Phase::Move, -units * kTwipsALimit);
-    Limiter_Gesture(s, Phase::Up, -units * kTwipsALimit);
 }
 
 void LimiterControl::paintEvent(QPaintEvent*) {

@@ -13,6 +13,7 @@ public:
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    void PointerLost(std::int16_t, QPointF) override {}
     void Activate() override;
     void paintEvent(QPaintEvent* event) override;
 };

@@ -10,12 +10,9 @@ StepsControl::StepsControl(Session& session, QWidget* parent) : Control(session,
 
 void StepsControl::Gesture(Phase phase, std::int16_t, QPointF twips) { NSteps_Gesture(s, phase, twips.y()); }
 
-// Drags as far as `units` steps take.
 void StepsControl::Step(int units) {
+    NSteps_Step(s, units);
     described.ShowHint(0, false);
-    NSteps_Gesture(s, Phase::Down, 0);
-    NSteps_Gesture(s, Phase::Move, -units * kTwipsAStep);
-    NSteps_Gesture(s, Phase::Up, -units * kTwipsAStep);
 }
 
 void StepsControl::paintEvent(QPaintEvent*) {

@@ -16,6 +16,7 @@ public:
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    void PointerLost(std::int16_t, QPointF) override {}
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -14,12 +14,9 @@ void TimeDigitControl::Gesture(Phase phase, std::int16_t, QPointF twips) {
     TimeDigit_Gesture(s, index, phase, twips.y());
 }
 
-// Drags as far as `units` units of the digit take.
 void TimeDigitControl::Step(int units) {
+    TimeDigit_Step(s, index, units);
     described.ShowHint(0, false);
-    TimeDigit_Gesture(s, index, Phase::Down, 0);
-    TimeDigit_Gesture(s, index, Phase::Move, -units * kTwipsATimeUnit);
-    TimeDigit_Gesture(s, index, Phase::Up, -units * kTwipsATimeUnit);
 }
 
 void TimeDigitControl::paintEvent(QPaintEvent*) {

@@ -35,23 +35,29 @@ bool IsMouse(const QEvent& event) {
            event.type() == QEvent::MouseMove || event.type() == QEvent::MouseButtonRelease;
 }
 
+/// Whether gestures know the button; a mouse may have more at its side.
+bool IsOfTheHand(Qt::MouseButton button) {
+    return button == Qt::LeftButton || button == Qt::RightButton || button == Qt::MiddleButton;
+}
+
 bool IsArrow(int key) {
     return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Left || key == Qt::Key_Right ||
            key == Qt::Key_PageUp || key == Qt::Key_PageDown || key == Qt::Key_Home || key == Qt::Key_End;
 }
 
-bool IsPress(int key) { return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter; }
+bool IsPressKey(int key) { return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter; }
 
 /// Whether a control with these keys acts on the key.
 bool IsKeyOf(Keys taken, const QKeyEvent& key) {
     const bool arrows = Turns(taken) || Takes(taken, Keys::Choose);
-    return (arrows && IsArrow(key.key())) || (Takes(taken, Keys::Press) && IsPress(key.key()));
+    return (arrows && IsArrow(key.key())) || (Takes(taken, Keys::Press) && IsPressKey(key.key())) ||
+           (Takes(taken, Keys::Delete) && key.key() == Qt::Key_Delete);
 }
 
 /// Whether the key chooses an entry of a list that is closed. With Alt the arrows open it.
 bool ChoosesUnseen(const QKeyEvent& key) {
     if (IsArrow(key.key())) return !key.modifiers().testFlag(Qt::AltModifier);
-    return !IsPress(key.key()) && !key.text().isEmpty() && key.text().front().isPrint();
+    return !IsPressKey(key.key()) && !key.text().isEmpty() && key.text().front().isPrint();
 }
 
 Described& Attach(Session* session, QWidget& widget, std::string_view name, int index) {
@@ -133,10 +139,10 @@ bool Described::TakesFromHolder(QObject& pointed, const QMouseEvent& event) {
     if (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick) {
         // A holder whose release went to a drag is no longer down.
         const bool held = holder_ != Qt::NoButton && event.buttons().testFlag(holder_);
-        if (held && event.button() != holder_) return true;
+        if (!IsOfTheHand(event.button()) || (held && event.button() != holder_)) return true;
         holder_ = event.button();
-    } else if (type == QEvent::MouseButtonRelease) {
-        if (holder_ != Qt::NoButton && event.button() != holder_) return true;
+    } else if (type == QEvent::MouseButtonRelease && event.button() != holder_) {
+        return true;  // also when the hold is over: the press of this button was not seen either
     }
     const Qt::MouseButtons others = event.buttons() & ~Qt::MouseButtons(holder_);
     const Qt::MouseButtons own = event.buttons() & holder_;

@@ -28,7 +28,8 @@ public:
 /// - Nothing acts in passing. The wheel turns the control over which the scroll began; a closed list and a strip of
 ///   tabs take no wheel, and a closed list no key that would choose an entry. While a mouse button is down, on this
 ///   control or another, neither the wheel nor a key of the table acts.
-/// - A hold belongs to the button that began it. Until its release the control sees no other button.
+/// - A hold belongs to the button that began it. Until its release the control sees no other button, and a release only
+///   after the press of the same button. It never sees buttons other than left, right and middle.
 class Described : public QObject {
 public:
     /// `session` may be null in a window that has none. `widget` owns the object.

@@ -29,6 +29,7 @@ HistoryList::HistoryList(Session& session, QWidget* parent) : QListWidget(parent
 }
 
 void HistoryList::Open(const QRect& button) {
+    pressed_.reset();
     clear();
     for (const std::string& entry : s.HistoryEntries) addItem(QString::fromStdString(entry));
     const int wanted = std::min(count(), kMostRows) * sizeHintForRow(0) + 10;

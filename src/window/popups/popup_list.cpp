@@ -33,6 +33,7 @@ PopupList::PopupList(Session& session, QWidget* parent, std::string_view name) :
 }
 
 void PopupList::Open(const QStringList& rows, const QRect& at) {
+    pressed_ = false;
     clear();
     addItems(rows);
     setCurrentRow(0);

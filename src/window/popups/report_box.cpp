@@ -18,7 +18,13 @@ constexpr int kGap = 12;  // pixels between the box and what it keeps clear
 
 QPoint CentredIn(const QRect& area, QSize box) { return area.center() - QPoint(box.width() / 2, box.height() / 2); }
 
-QString CountText(int count) { return QString("%1 messages; this is the newest.").arg(count); }
+constexpr qsizetype kMostTexts = 4;
+
+/// Says that there have been more messages than are shown; "" when there have not.
+QString CountText(int count, qsizetype shown) {
+    if (count <= shown) return "";
+    return QString(shown == 1 ? "%1 messages; this is the newest." : "%1 messages; these are the newest.").arg(count);
+}
 
 }  // namespace
 
@@ -39,6 +45,7 @@ ReportBox::ReportBox() : QMessageBox(nullptr) {
     setTextFormat(Qt::PlainText);
     setStandardButtons(QMessageBox::Ok);
     Describe(*button(QMessageBox::Ok), "BoxOk");
+    go_.setSingleShot(true);
     qApp->installEventFilter(this);
 }
 
@@ -50,9 +57,15 @@ void ReportBox::Show(const QString& text, const QString& title, Icon icon, QWidg
     owner_ = owner;
     dialogue_ = QApplication::activeModalWidget();
     ++count_;
+    // The player has not seen what came a moment before.
+    if (!go_.isActive()) texts_.clear();
+    texts_.removeAll(text);
+    texts_.append(text);
+    if (texts_.size() > kMostTexts) texts_.removeFirst();
+    go_.start(0);
     setWindowTitle(title);
-    setText(text);
-    setInformativeText(count_ > 1 ? CountText(count_) : QString());
+    setText(texts_.join("\n\n"));
+    setInformativeText(CountText(count_, texts_.size()));
     // The toolkit makes the line's label hidden, and would leave it out of the size of an open box.
     if (auto* line = findChild<QLabel*>("qt_msgbox_informativelabel")) line->show();
     setIcon(icon);
@@ -73,6 +86,7 @@ void ReportBox::showEvent(QShowEvent* event) {
 
 void ReportBox::hideEvent(QHideEvent* event) {
     count_ = 0;
+    go_.stop();
     QMessageBox::hideEvent(event);
 }
 

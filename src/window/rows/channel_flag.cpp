@@ -35,10 +35,9 @@ void ChannelFlagControl::Gesture(Phase phase, std::int16_t button, QPointF twips
     ChannelFlag_Gesture(s, index, phase, button, twips.x(), twips.y(), width() * kTwipsPerPixel);
 }
 
-void ChannelFlagControl::Step(int units) {
-    const std::int16_t value = WireClamp(s, index, static_cast<std::int16_t>(s.Set[index].Channel + units));
-    LoopSetChannelGang(s, index, value, Apply::Yes);
-}
+void ChannelFlagControl::PointerLost(std::int16_t, QPointF) { ChannelFlag_PointerLost(s, index); }
+
+void ChannelFlagControl::Step(int units) { ChannelFlag_Step(s, index, units); }
 
 void ChannelFlagControl::Activate() { Gesture(Phase::Down, kRightButton, {}); }
 

@@ -12,6 +12,7 @@ public:
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    void PointerLost(std::int16_t button, QPointF twips) override;
     void Step(int units) override;
     void Activate() override;
     void paintEvent(QPaintEvent* event) override;

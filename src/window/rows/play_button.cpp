@@ -12,13 +12,22 @@ PlayButton::PlayButton(Session& session, QWidget* parent, Row row) : Control(ses
 
 void PlayButton::Gesture(Phase phase, std::int16_t button, QPointF) {
     switch (phase) {
-        case Phase::Down:
-            return Play_MouseDown(s, index, button);
+        case Phase::Down: {
+            const bool paused = s.Run[index].Paused != False;
+            Play_MouseDown(s, index, button);
+            pauses_ = !paused && s.Run[index].Paused != False;
+            return;
+        }
         case Phase::Move:
             return;
         case Phase::Up:
             return Play_MouseUp(s, index, button);
     }
+}
+
+// The pause of a held button ends with the hold; anything else would be a click.
+void PlayButton::PointerLost(std::int16_t button, QPointF) {
+    if (pauses_) Play_MouseUp(s, index, button);
 }
 
 void PlayButton::Activate() { Gesture(Phase::Up, kLeftButton, {}); }

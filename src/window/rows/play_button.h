@@ -11,8 +11,12 @@ public:
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    void PointerLost(std::int16_t button, QPointF twips) override;
     void Activate() override;
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    bool pauses_ = false;  // the press that holds the button has paused the row
 };
 
 }  // namespace marvolin

@@ -11,6 +11,7 @@ public:
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    void PointerLost(std::int16_t, QPointF) override {}
     void DoubleClick(std::int16_t button, QPointF twips) override;
     void paintEvent(QPaintEvent* event) override;
 };
