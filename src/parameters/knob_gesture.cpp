@@ -100,10 +100,12 @@ void Press(Session& s, Knob knob, Row row, double x, double y) {
     s.Drag.DragOrigin = static_cast<float>(s.DragAxis == 0 ? y : x);
     s.Drag.DragStartValue = ValueOf(s, knob, row);
     s.Drag.Dragging = True;
+    s.Drag.Moved = false;
 }
 
 void Move(Session& s, Knob knob, Row row, std::int16_t button, double x, double y) {
     if (s.Drag.Dragging != False) {
+        s.Drag.Moved = true;
         DragTo(s, knob, row, button, x, y);
         // A report of a failure may have taken the pointer from the knob: the release has then run inside the move.
         if (s.Drag.Dragging != False) SendScroll(s, knob, row, Force::No);
@@ -131,6 +133,14 @@ void KnobGesture(Session& s, Knob knob, Row row, Phase phase, std::int16_t butto
         case Phase::Up:
             return Release(s, knob, row, button, x, y);
     }
+}
+
+void KnobPointerLost(Session& s, Knob knob, Row row) {
+    if (s.Drag.Dragging == False) return;
+    s.Drag.Dragging = False;
+    if (!s.Drag.Moved) return;
+    SendChange(s, knob, row);
+    SendScroll(s, knob, row, Force::Yes);
 }
 
 void Knob_DblClick(Session& s, Knob knob, Row row) {

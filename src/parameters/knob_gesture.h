@@ -14,6 +14,9 @@ namespace marvolin {
 /// of the row. The release sends the change event to the script. The master knob ignores the press while a joystick
 /// axis is assigned to it.
 void KnobGesture(Session& s, Knob knob, Row row, Phase phase, std::int16_t button, double x, double y);
+/// The pointer was lost while the knob was held: a drag ends with what it has reached, and its events are sent; a press
+/// that has not moved does nothing.
+void KnobPointerLost(Session& s, Knob knob, Row row);
 /// Double click: mute or full volume, pan to the centre, frequency to 100%, for the whole gang.
 void Knob_DblClick(Session& s, Knob knob, Row row);
 /// A fine step by wheel or arrow key: `units` up or down through the gang setter. It acts as a short drag: it cancels

@@ -92,12 +92,79 @@ TEST(CarryAcross, AFailedSavePreventsTheChangeAndLeavesNoFile) {
     EXPECT_EQ(i.Sound.Count("Release"), 0);
 }
 
-TEST(CarryAcross, TheFileOfAFailedLoadStaysAndItsPathIsShown) {
+TEST(CarryAcross, TheFileOfAFailedLoadStaysUnderANameThatOpenShowsAndItsPathIsTold) {
     Carrying i;
+    i.Store.OnLoad = [&] {
+        i.Desk.Report("Error Opening Input past end of file");
+        i.Store.Answer = false;
+    };
+    EXPECT_TRUE(i.Reopen());
+    EXPECT_FALSE(i.TempFileStays());
+    EXPECT_TRUE(std::filesystem::exists(i.Folder.In("VBN1.mvn")));
+    // The window shows both together.
+    ASSERT_EQ(i.Desk.Boxes.size(), 2U);
+    EXPECT_EQ(i.Desk.LastBox(), "The session has been kept in the file " + i.Folder.In("VBN1.mvn"));
+    EXPECT_EQ(i.s.Run[0].InHand.FileName, i.Folder.In("a.WAV"));
+}
+
+TEST(CarryAcross, TheFileOfAFailedLoadReplacesNoOtherAndKeepsItsNameThen) {
+    Carrying i;
+    i.Folder.Touch("VBN1.mvn");
     i.Store.OnLoad = [&] { i.Store.Answer = false; };
     EXPECT_TRUE(i.Reopen());
     EXPECT_TRUE(i.TempFileStays());
+    EXPECT_TRUE(std::filesystem::exists(i.Folder.In("VBN1.mvn")));
     EXPECT_EQ(i.Desk.LastBox(), "The session has been kept in the file " + i.Desk.TempFile);
+}
+
+TEST(CarryAcross, AFileThatIsGoneIsToldAndTheSamplesStayInHand) {
+    Carrying i;
+    i.Store.OnLoad = [&] {
+        std::filesystem::remove(i.Desk.TempFile);
+        i.Store.Answer = false;
+    };
+    EXPECT_TRUE(i.Reopen());
+    ASSERT_EQ(i.Desk.Boxes.size(), 1U);
+    EXPECT_EQ(i.Desk.LastBox(), "The session could not be loaded again: there is no file " + i.Desk.TempFile);
+    EXPECT_EQ(i.s.Run[2].InHand.FileName, i.Folder.In("c.WAV"));
+}
+
+TEST(CarryAcross, FromADeviceThatNoLongerAnswersWhatCountsAsSoundingStartsAgain) {
+    Carrying i;
+    LoopPlay(i.s, 0, true);
+    i.Buffer(0).Position = 4000;
+    LoopPlay(i.s, 2, true);
+    LoopPlayCommand(i.s, 2, PlayCommand::Pause);
+    i.Sound.Failures["GetStatus"] = sound_error::kGeneric;
+    EXPECT_TRUE(CarryAcross(i.s, [&] {
+        i.Sound.Failures.clear();
+        UnInitDirectSound(i.s);
+        InitDirectSound(i.s);
+    }));
+    EXPECT_THAT(i.Desk.Boxes, IsEmpty());
+    EXPECT_EQ(i.s.Run[0].Playing, True);
+    EXPECT_EQ(i.Buffer(0).Status, 5);
+    EXPECT_EQ(i.Buffer(0).Position, 0);
+    EXPECT_EQ(i.s.Run[2].Paused, True);
+    EXPECT_EQ(i.Buffer(2).Status, 0);
+}
+
+TEST(CarryAcross, ARowThatCannotGoBackToItsPlaceIsToldAndTheOthersGoOn) {
+    Carrying i;
+    LoopPlay(i.s, 0, true);
+    LoopPlay(i.s, 2, true);
+    i.Buffer(0).Position = 4000;
+    const auto load = i.Store.OnLoad;
+    i.Store.OnLoad = [&, load] {
+        load();
+        i.Sound.Failures["SetCurrentPosition"] = sound_error::kGeneric;
+    };
+    EXPECT_TRUE(i.Reopen());
+    ASSERT_EQ(i.Desk.Boxes.size(), 1U);
+    EXPECT_EQ(i.Desk.LastBox(), "Error playing loop: An undetermined error occurred inside the DirectSound subsystem.");
+    EXPECT_EQ(i.s.Run[0].Playing, True);
+    EXPECT_EQ(i.Buffer(0).Status, 0);
+    EXPECT_EQ(i.Buffer(2).Status, 5) << "at its beginning, where it need not be put";
 }
 
 TEST(CarryAcross, ASoundingRowGoesOnWhereItWasAndAsItLooped) {
@@ -438,6 +505,21 @@ TEST(CarryAcross, ARowThatIsStoppedOrEmptiedInSilenceIsSoAfterwards) {
     EXPECT_EQ(i.Buffer(0).Position, 0);
     EXPECT_EQ(i.s.Run[2].Loaded, False);
     EXPECT_EQ(i.s.Run[2].Playing, False);
+}
+
+TEST(CarryAcross, AStopInSilenceDoesNotEndAPause) {
+    Carrying i;
+    LoopPlay(i.s, 0, true);
+    i.Buffer(0).Position = 4000;
+    LoopPlayCommand(i.s, 0, PlayCommand::Pause);
+    i.Silence();
+    StopAll(i.s);
+    i.s.Driver = 0;
+    i.Reopen();
+    EXPECT_EQ(i.s.Run[0].Playing, False);
+    EXPECT_EQ(i.s.Run[0].Paused, True);
+    EXPECT_EQ(i.Buffer(0).Status, 0);
+    EXPECT_EQ(i.Buffer(0).Position, 0);
 }
 
 TEST(CarryAcross, APausedRowIsNotResumedInSilenceAndIsPausedAfterwards) {

@@ -65,5 +65,27 @@ TEST(Limiter, AMoveWithoutAPressChangesNothingAndAReleaseDoesNotThin) {
     EXPECT_EQ(i.s.ThinList, "AB");
 }
 
+TEST(Limiter, AStepMovesTheNumberWithinOneToFourAndThinsAtOnce) {
+    Instrument i;
+    Start(i, {2, 0, 1});
+    Limiter_Step(i.s, -2);
+    EXPECT_EQ(i.s.Limit, 2);
+    EXPECT_EQ(i.s.ThinList, "AB");
+    EXPECT_EQ(i.Screen.Count("ShowLimit"), 1);
+    Limiter_Step(i.s, -10);
+    EXPECT_EQ(i.s.Limit, 1);
+    Limiter_Step(i.s, 10);
+    EXPECT_EQ(i.s.Limit, 4);
+}
+
+TEST(Limiter, AStepDuringADragChangesNeitherTheNumberNorTheDrag) {
+    Instrument i;
+    Limiter_Gesture(i.s, Phase::Down, 1000);
+    Limiter_Step(i.s, -1);
+    EXPECT_EQ(i.s.Limit, 4);
+    EXPECT_EQ(i.s.Drag.Dragging, True);
+    EXPECT_EQ(i.s.Drag.DragOrigin, 1000);
+}
+
 }  // namespace
 }  // namespace marvolin

@@ -136,6 +136,22 @@ TEST(PlayStop, AKeyStopsAllWhenAnythingPlaysAndElsePlaysAll) {
     EXPECT_EQ(i.s.ThinList, "");
 }
 
+TEST(PlayStop, InSilenceAKeyStopsWhatWillPlayWithTheNextDevice) {
+    Instrument i;
+    i.s.DSReady = false;
+    i.s.Run[1].InHand = {.FileName = "/1.WAV", .Playing = true, .Sounds = true};
+    PlayStop_Activate(i.s);
+    EXPECT_FALSE(i.s.Run[1].InHand.Playing);
+    EXPECT_EQ(i.s.Run[1].InHand.FileName, "/1.WAV");
+    // Under a device one that waits for another is no reason to stop.
+    i.s.DSReady = true;
+    i.Fill(0);
+    i.s.Run[1].InHand.Playing = true;
+    PlayStop_Activate(i.s);
+    EXPECT_EQ(i.s.Run[0].Playing, True);
+    EXPECT_TRUE(i.s.Run[1].InHand.Playing);
+}
+
 TEST(PlayStop, IgnoresTheSelectionAndActsOnAllFourRows) {
     Instrument i;
     for (Row row = 0; row < kLoopTracks; ++row) i.Fill(row, "/" + std::to_string(row) + ".WAV");
@@ -220,6 +236,20 @@ TEST(LoopIt, AStepSetsTheNextModeOfTheGangAndNothingDuringADrag) {
     i.s.Drag.Dragging = True;
     LoopIt_Step(i.s, 0, -1);
     EXPECT_EQ(i.s.Set[0].PlayMode, kDrum);
+}
+
+TEST(LoopIt, AStepBeyondTheEndGivesTheGangNothing) {
+    Instrument i;
+    i.MakeBand(1, 0, 1);
+    for (const auto& [end, step] : {std::pair{kDrum, 1}, {kOneShot, -3}}) {
+        i.s.Set[0].PlayMode = end;
+        i.s.Set[1].PlayMode = kTrack;
+        i.Screen.Log.clear();
+        LoopIt_Step(i.s, 0, step);
+        EXPECT_EQ(i.s.Set[0].PlayMode, end);
+        EXPECT_EQ(i.s.Set[1].PlayMode, kTrack);
+        EXPECT_THAT(i.Screen.Log, IsEmpty());
+    }
 }
 
 TEST(LoopIt, NumberFiveStandsForTheCurrentLoopAndShowsTheChosenModeItself) {

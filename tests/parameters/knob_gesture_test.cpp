@@ -493,5 +493,47 @@ TEST(KnobGesture, AReleaseWhileAMoveReportsAFailureEndsTheDragWithOneReportAndOn
     EXPECT_EQ(i.Scripts.Events.back().Which, ScriptEvent::OnVolScroll);
 }
 
+TEST(KnobPointerLost, APressThatHasNotMovedDoesNotLevelItsBand) {
+    Instrument i;
+    WantAll(i);
+    i.MakeBand(1, 0, 1);
+    i.s.Set[0].Vol = 100;
+    Press(i, Knob::Vol, 0);
+    KnobPointerLost(i.s, Knob::Vol, 0);
+    EXPECT_EQ(i.s.Set[1].Vol, 500);
+    EXPECT_EQ(i.s.Drag.Dragging, False);
+    EXPECT_TRUE(i.Scripts.Events.empty());
+}
+
+TEST(KnobPointerLost, ADragEndsWithWhatItHasReachedAndSendsItsEvents) {
+    Instrument i;
+    WantAll(i);
+    Press(i, Knob::Vol, 0);
+    KnobGesture(i.s, Knob::Vol, 0, Phase::Move, kLeftButton, 900, 1000);
+    const std::int16_t reached = i.s.Set[0].Vol;
+    ASSERT_NE(reached, 500);
+    i.Scripts.Events.clear();
+    KnobPointerLost(i.s, Knob::Vol, 0);
+    EXPECT_EQ(i.s.Set[0].Vol, reached);
+    EXPECT_EQ(i.s.Drag.Dragging, False);
+    ASSERT_EQ(i.Scripts.Events.size(), 2U);
+    EXPECT_EQ(i.Scripts.Events[0].Which, ScriptEvent::OnVolChange);
+    EXPECT_EQ(i.Scripts.Events[1].Which, ScriptEvent::OnVolScroll);
+    KnobPointerLost(i.s, Knob::Vol, 0);
+    EXPECT_EQ(i.Scripts.Events.size(), 2U);
+}
+
+TEST(KnobGesture, TheMasterStaysTheJoysticksWhenASetNamesAnAxisThatTheStickLacksUntilNoneIsChosen) {
+    Instrument i;
+    i.s.JoyEnabled = true;
+    i.s.Joy.Axis[0] = 5;
+    ASSERT_FALSE(i.s.Joy.AxisPresent[5]);
+    Press(i, Knob::Vol, kMasterRow);
+    EXPECT_EQ(i.s.Drag.Dragging, False);
+    EXPECT_FALSE(KnobStep(i.s, Knob::Vol, kMasterRow, -1));
+    i.s.Joy.Axis[0] = 0;
+    EXPECT_TRUE(KnobStep(i.s, Knob::Vol, kMasterRow, -1));
+}
+
 }  // namespace
 }  // namespace marvolin

@@ -308,5 +308,62 @@ TEST(ChannelFlag, AMoveWithoutAPressChangesNothing) {
     EXPECT_EQ(i.s.Set[0].Channel, 1);
 }
 
+TEST(ChannelFlag, AStepMovesTheChannelOfTheGangAndKeepsTheConnection) {
+    Instrument i;
+    i.MakeBand(1, 0, 1);
+    i.Fill(1);
+    i.s.Set[0].Channel = 2;
+    ChannelFlag_Step(i.s, 0, 1);
+    EXPECT_EQ(i.s.Set[0].Channel, 3);
+    EXPECT_EQ(i.s.Set[1].Channel, 3);
+    EXPECT_EQ(i.Sound.Count("SetVolume"), 1);
+    i.s.Set[2].Channel = 6;
+    ChannelFlag_Step(i.s, 2, -10);
+    EXPECT_EQ(i.s.Set[2].Channel, 5);
+}
+
+TEST(ChannelFlag, AStepBeyondTheEndGivesTheGangNothingAndNorDoesOneDuringADrag) {
+    Instrument i;
+    i.MakeBand(1, 0, 1);
+    i.s.Set[0].Channel = 4;
+    i.s.Set[1].Channel = 2;
+    ChannelFlag_Step(i.s, 0, 1);
+    EXPECT_EQ(i.s.Set[1].Channel, 2);
+    Press(i, 2, kLeftButton, kLeft);
+    ChannelFlag_Step(i.s, 0, -1);
+    EXPECT_EQ(i.s.Set[0].Channel, 4);
+    EXPECT_EQ(i.s.Drag.Dragging, True);
+}
+
+TEST(ChannelFlag, APressThatLosesThePointerIsNoClick) {
+    for (const double x : {kLeft, kMiddle, kRight}) {
+        Instrument i;
+        i.MakeBand(1, 0, 1);
+        i.s.Set[1].Channel = 4;
+        Press(i, 0, kLeftButton, x);
+        ChannelFlag_PointerLost(i.s, 0);
+        EXPECT_EQ(i.s.Set[0].Channel, 1);
+        EXPECT_EQ(i.s.Set[1].Channel, 4);
+        EXPECT_EQ(i.s.Drag.Dragging, False);
+        ChannelFlag_PointerLost(i.s, 0);
+        EXPECT_EQ(i.s.Set[0].Channel, 1);
+    }
+}
+
+TEST(ChannelFlag, ADragThatLosesThePointerIsHeardAsTheFlagShows) {
+    Instrument i;
+    i.Fill(0);
+    i.s.Set[0].Channel = 2;
+    Press(i, 0, kLeftButton, kLeft);
+    MoveTo(i, 0, 800);
+    MoveTo(i, 0, 1003);  // a release here would be one of a click
+    ASSERT_EQ(i.s.Set[0].Channel, 1);
+    i.Sound.Log.clear();
+    ChannelFlag_PointerLost(i.s, 0);
+    EXPECT_EQ(i.s.Set[0].Channel, 1);
+    EXPECT_EQ(i.Sound.Count("SetVolume"), 1);
+    EXPECT_EQ(i.s.Drag.Dragging, False);
+}
+
 }  // namespace
 }  // namespace marvolin

@@ -234,5 +234,17 @@ TEST_F(Bands, EachChangeIsShown) {
     EXPECT_EQ(i.Screen.Count("ShowBands"), 2);
 }
 
+TEST_F(Bands, APressThatLosesThePointerIsNoClickAndADragStaysAsItIs) {
+    Bands_Gesture(i.s, 2, 1, Phase::Down);
+    Bands_PointerLost(i.s);
+    EXPECT_EQ(i.s.BandDrag.Lane, -1);
+    EXPECT_EQ(Members(2), "");
+    Bands_Gesture(i.s, 2, 1, Phase::Down);
+    Bands_Gesture(i.s, 2, 2, Phase::Move);
+    Bands_PointerLost(i.s);
+    Bands_Gesture(i.s, 2, 3, Phase::Move);
+    EXPECT_EQ(Members(2), "BC");
+}
+
 }  // namespace
 }  // namespace marvolin

@@ -159,6 +159,28 @@ TEST(HeardMap, SwitchingThereAndBackKeepsSamplesSettingsAndPatternsAndIsHeard) {
     }
 }
 
+TEST(HeardMap, NoSoundAndBackIsHeardFromTheSamePlaces) {
+    HeardInstrument i;
+    SetUse3D(i.s, true);
+    i.s.DeviceSwapArmed = true;
+    i.Sound(0, 8000);
+    SetRollOff(i.s, 2);
+    i.Place(0, -1, 0);
+    i.Place(kListenerBall, 2, 0);
+    ExpectSides(i, Expected(kLevel, 3, 2), 0);
+    const auto noSound = static_cast<std::int16_t>(i.s.Drivers.size() - 1);
+    cboDrivers_Click(i.s, noSound);
+    EXPECT_FALSE(i.s.DSReady);
+    EXPECT_EQ(i.s.Run[0].Loaded, False);
+    EXPECT_TRUE(i.s.Use3D);
+    // What is placed in silence is heard afterwards.
+    i.Place(kListenerBall, 3, 0);
+    cboDrivers_Click(i.s, 0);
+    EXPECT_EQ(i.s.Run[0].Playing, True);
+    ExpectSides(i, Expected(kLevel, 4, 2), 0);
+    EXPECT_TRUE(i.Desk.Boxes.empty()) << i.Desk.LastBox();
+}
+
 TEST(HeardMap, AnotherDeviceGetsTheListenersPlaceAndHeading) {
     HeardInstrument i;
     SetUse3D(i.s, true);

@@ -147,6 +147,40 @@ TEST(JoyPoll, ARefusedPlaceIsShownOnceUntilStickAndButtonRest) {
     EXPECT_EQ(i.Desk.Boxes.size(), 3u);
 }
 
+TEST(JoyPoll, ARefusedPlaceOnTheMapDoesNotSilenceThePad) {
+    Flown i;
+    i.Use3D();
+    i.s.ActiveTab = kMapTab;
+    i.Sound.Failures["SetListenerPosition"] = sound_error::kGeneric;
+    i.Push(6000, 5000);
+    i.s.ActiveTab = kMixPadTab;
+    i.Push(9000, 5000);
+    EXPECT_GT(i.Pad().X, 0);
+    i.Press(2, true);
+    EXPECT_EQ(i.Pad().X, 0) << "the centre button acts too";
+    // Neither rests: the map stays silent.
+    i.s.ActiveTab = kMapTab;
+    i.Push(8000, 5000);
+    EXPECT_EQ(i.Desk.Boxes.size(), 1u);
+}
+
+TEST(JoyPoll, ARefusedPlaceSendsNoEvent) {
+    Flown i;
+    i.Use3D();
+    i.s.ActiveTab = kMapTab;
+    i.s.EventWanted[ScriptEvent::OnPositionScroll] = 1;
+    i.s.ScrollSensitivity[1] = 1;
+    i.Sound.Failures["SetListenerPosition"] = sound_error::kGeneric;
+    i.Push(6000, 5000);
+    EXPECT_EQ(i.Desk.Boxes.size(), 1u);
+    EXPECT_TRUE(i.Scripts.Events.empty());
+    i.Sound.Failures.clear();
+    i.Push(5000, 5000);
+    i.Poll();
+    i.Push(7000, 5000);
+    EXPECT_EQ(i.Scripts.Events.size(), 1u);
+}
+
 TEST(JoyPoll, TheStickActsBeforeTheCentreButtonAndBothUnderThePadTypeThatTheHatLeaves) {
     Flown i;
     SetJoyRelative(i.s, 0, false);

@@ -159,7 +159,7 @@ TEST(SessionKept, ASetThatIsOpenedReplacesTheSamplesThatWaitForADevice) {
     ASSERT_TRUE(i.Load("x.mvn", test::AllBut(Element::ClipBoard)));
     i.Sound.Failures.clear();
     cboDrivers_Click(i.s, 0);
-    EXPECT_EQ(i.s.Run[0].Loaded, False);
+    EXPECT_EQ(i.s.Set[0].FileName, i.Folder / "a.wav");
 }
 
 TEST(SessionKept, ASetThatIsSavedInSilenceHoldsItsSamples) {

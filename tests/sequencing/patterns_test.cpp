@@ -79,6 +79,22 @@ TEST_F(NSteps, AboutOneStepForEach20TwipsUpwardsAndTheRecordWaitsForTheRelease) 
     EXPECT_EQ(i.s.StepReadOutTop, 8);
 }
 
+TEST_F(NSteps, AStepIsStoredAtOnceWithin1To32AndRefusedDuringADrag) {
+    NSteps_Step(i.s, 2);
+    EXPECT_EQ(i.s.StepsShown, 12);
+    EXPECT_EQ(i.s.Set[0].NSteps, 11);
+    EXPECT_THAT(i.s.GraphColumns, ElementsAre(12, 12, 12));
+    NSteps_Step(i.s, 100);
+    EXPECT_EQ(i.s.Set[0].NSteps, 31);
+    NSteps_Step(i.s, -100);
+    EXPECT_EQ(i.s.Set[0].NSteps, 0);
+    NSteps_Gesture(i.s, Phase::Down, 500);
+    NSteps_Step(i.s, 1);
+    EXPECT_EQ(i.s.Set[0].NSteps, 0);
+    EXPECT_EQ(i.s.Drag.Dragging, True);
+    EXPECT_EQ(i.s.Drag.DragOrigin, 500);
+}
+
 TEST_F(NSteps, APartOfATwipDownwardsDoesNotCount) {
     NSteps_Gesture(i.s, Phase::Down, 500);
     NSteps_Gesture(i.s, Phase::Move, 520.5);

@@ -302,5 +302,21 @@ TEST_F(TimingCopies, ABandIsCopiedRowByRowAndThePlayModeOfEachSetAgainAtOnce) {
     EXPECT_THAT(watch.Steps, ElementsAre(1, 30));
 }
 
+TEST_F(TimeDigit, AStepAddsOneUnitOfItsDigitAndIsRefusedDuringADrag) {
+    TimeDigit_Step(i.s, 2, 1);
+    EXPECT_EQ(Set().StepDuration, 5100);
+    TimeDigit_Step(i.s, 6, -3);
+    EXPECT_EQ(Set().Swing, 4970);
+    TimeDigit_Step(i.s, 11, 1);
+    EXPECT_EQ(Set().BeatStart, 10);
+    const LoopTrackSet before = Set();
+    TimeDigit_Step(i.s, 15, 1);  // of no group
+    EXPECT_EQ(Set(), before);
+    TimeDigit_Gesture(i.s, 0, Phase::Down, 1000);
+    TimeDigit_Step(i.s, 1, 1);
+    EXPECT_EQ(Set(), before);
+    EXPECT_EQ(i.s.Drag.DragOrigin, 1000);
+}
+
 }  // namespace
 }  // namespace marvolin

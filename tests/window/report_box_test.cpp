@@ -135,6 +135,29 @@ TEST(Report, NeverStacksButShowsTheNewestAndHowManyThereWere) {
     EXPECT_EQ(stage.Box()->informativeText(), "");
 }
 
+TEST(Report, WhatIsReportedInOneGoIsShownTogetherEachTextOnce) {
+    Reported stage;
+    stage.Report("long ago");
+    stage.Real.Report("Error Opening Input past end of file");
+    stage.Real.Report("The session has been kept in the file /one.mvn");
+    stage.Settle();
+    EXPECT_EQ(stage.Box()->text(),
+              "Error Opening Input past end of file\n\nThe session has been kept in the file /one.mvn");
+    EXPECT_EQ(stage.Box()->informativeText(), "3 messages; these are the newest.");
+    QTest::keyClick(stage.Form.get(), Qt::Key_Escape);
+    for (const char* text : {"one", "two", "two"}) stage.Real.Report(text);
+    EXPECT_EQ(stage.Box()->text(), "one\n\ntwo");
+    EXPECT_EQ(stage.Box()->informativeText(), "3 messages; these are the newest.");
+    // A box that was closed in between begins anew.
+    QTest::keyClick(stage.Form.get(), Qt::Key_Escape);
+    stage.Real.Report("three");
+    EXPECT_EQ(stage.Box()->text(), "three");
+    EXPECT_EQ(stage.Box()->informativeText(), "");
+    for (const char* text : {"four", "five", "six", "seven"}) stage.Real.Report(text);
+    EXPECT_EQ(stage.Box()->text(), "four\n\nfive\n\nsix\n\nseven");
+    EXPECT_EQ(stage.Box()->informativeText(), "5 messages; these are the newest.");
+}
+
 TEST(Report, ComesUpAwayFromTheRowsInBothSizesOfTheWindow) {
     Reported stage;
     std::string words;

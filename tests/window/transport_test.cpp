@@ -131,6 +131,19 @@ TEST(LoopIt, ADragUpwardsTakesTheNextModeForEachHundredTwips) {
     EXPECT_EQ(stage.s.Set[0].PlayMode, kOneShot);
 }
 
+TEST(LoopIt, ItsHintFollowsAModeThatIsChangedElsewhereWhileThePointerIsOnIt) {
+    Stage stage;
+    stage.Move("LoopIt_1", stage.Middle("LoopIt_1"));
+    stage.Settle();
+    const std::string before = stage.s.StatusText;
+    ASSERT_NE(before.find("Loop (sample loops continuously)"), std::string::npos) << before;
+    LoopSetPlayMode(stage.s, 1, kOneShot, true);
+    EXPECT_NE(stage.s.StatusText.find("One shot"), std::string::npos) << stage.s.StatusText;
+    // A row under whose picture the pointer is not says nothing.
+    LoopSetPlayMode(stage.s, 2, kTrack, true);
+    EXPECT_NE(stage.s.StatusText.find("One shot"), std::string::npos) << stage.s.StatusText;
+}
+
 TEST(LoopIt, ShowsTheChosenModeWhileItIsDragged) {
     Stage stage;
     const QImage loop = stage.At("LoopIt_0")->grab().toImage();

@@ -53,6 +53,8 @@ void KnobControl::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     KnobGesture(s, knob_, index, phase, button, twips.x(), twips.y());
 }
 
+void KnobControl::PointerLost(std::int16_t, QPointF) { KnobPointerLost(s, knob_, index); }
+
 void KnobControl::DoubleClick(std::int16_t, QPointF) { Knob_DblClick(s, knob_, index); }
 
 void KnobControl::Step(int units) {

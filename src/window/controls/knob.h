@@ -15,6 +15,7 @@ public:
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    void PointerLost(std::int16_t button, QPointF twips) override;
     void DoubleClick(std::int16_t button, QPointF twips) override;
     void Step(int units) override;
     void Activate() override { Knob_DblClick(s, knob_, index); }

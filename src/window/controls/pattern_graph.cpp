@@ -43,6 +43,9 @@ void PatternGraphControl::Gesture(Phase phase, std::int16_t button, QPointF twip
     if (phase == Phase::Down && button == kRightButton) ArmDrag({drags::kPatternGraph, index, ""});
 }
 
+// Draws nothing more.
+void PatternGraphControl::PointerLost(std::int16_t, QPointF twips) { Gesture(Phase::Move, kNoButton, twips); }
+
 bool PatternGraphControl::TakesDrop(const DragSource& source) const { return source.Name == drags::kEraser; }
 
 void PatternGraphControl::Drop(const DragSource& source) {

@@ -17,6 +17,7 @@ public:
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    void PointerLost(std::int16_t button, QPointF twips) override;
     bool TakesDrop(const DragSource& source) const override;
     void Drop(const DragSource& source) override;
     void paintEvent(QPaintEvent* event) override;
