@@ -100,6 +100,25 @@ TEST(JoystickPage, EachControlIsVisibleAndHasItsCaption) {
     }
 }
 
+TEST(JoystickPage, ChoosingTheNoneThatIsShownFreesTheMasterFromAnAxisThatTheStickLacks) {
+    Page page({0, 4});
+    page.s.DragAxis = 0;
+    page.s.Joy.Axis[0] = kAxisZ;  // as a set names it
+    JoyShowAssignments(page.s);
+    page.Settle();
+    QComboBox& list = page.List("JAxis_0");
+    ASSERT_EQ(list.currentText(), "None");
+    page.Drag("VolKnob_5", {0, 10});
+    EXPECT_EQ(page.s.Set[kMasterRow].Vol, 500);
+    page.Wheel("VolKnob_5", -1);
+    EXPECT_EQ(page.s.Set[kMasterRow].Vol, 500);
+    test::Choose(list, list.currentIndex());
+    EXPECT_EQ(page.s.Joy.Axis[0], 0);
+    page.Settle();
+    page.Wheel("VolKnob_5", -1);
+    EXPECT_EQ(page.s.Set[kMasterRow].Vol, 499);
+}
+
 TEST(JoystickPage, EachButtonAndNoneCanBeChosenForEachAction) {
     for (int action = 0; action < 5; ++action) {
         Page page;

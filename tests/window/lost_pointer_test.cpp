@@ -206,6 +206,8 @@ TEST(LostPointer, ThePauseOfAHeldButtonEndsWithTheHoldAndAPauseOfBeforeStays) {
     stage.Press("Play_0", {10, 10}, Qt::RightButton);
     stage.At("Play_0")->hide();
     EXPECT_EQ(stage.s.Run[0].Paused, True);
+    stage.At("Play_0")->show();
+    stage.Release("Play_0", {10, 10}, Qt::RightButton);
 }
 
 TEST(LostRelease, AClipWhoseReleaseWasLostIsNotDraggedByAPointerThatHoldsNothing) {
