@@ -14,6 +14,7 @@
 #include "core/errors.h"
 #include "core/files/paths.h"
 #include "core/loops/loop_views.h"
+#include "core/loops/sample_history.h"
 #include "core/routines.h"
 #include "parameters/mapping.h"
 #include "parameters/position.h"
@@ -40,6 +41,7 @@ clsSwitchRecord CarriedByFile() {
 /// What a file does not bring back of one LoopTrack.
 struct CarriedRow {
     HeldSample Sample;
+    bool Waited = false;  ///< the sample has not been loaded since the row got it
     // A file brings these back only with a sample.
     std::int16_t PlayMode = kLoop;
     Boolean Thinnable = True;
@@ -93,6 +95,7 @@ CarriedRow Take(Session& s, Row row) {
     const LoopTrackSet& set = s.Set[row];
     const LoopTrackRun& run = s.Run[row];
     return {.Sample = HeldBy(s, row),
+            .Waited = run.Loaded == False,
             .PlayMode = set.PlayMode,
             .Thinnable = set.Thinnable,
             .Pan = set.Pan,
@@ -160,6 +163,12 @@ void RestoreSounding(Session& s, Row row, const HeldSample& held) {
     s.World.Screen.ShowPlay(row);
 }
 
+// As after any load. A sample that was loaded before is in the palettes that came back, or was replaced there by a set.
+void AddToPalettes(Session& s, Row row) {
+    HistoryAdd(s, row, s.Set[row].FileName);
+    HistoryAdd(s, kSelectionRow, s.Set[row].FileName);
+}
+
 // The row is empty until a device takes its sample.
 void WaitForDevice(Session& s, Row row, const HeldSample& held) {
     s.Run[row].InHand = held;
@@ -191,6 +200,7 @@ void Restore(Session& s, const Carried& carried) {
     for (Row row = 0; row < kLoopTracks; ++row) {
         const HeldSample& held = carried.Rows[row].Sample;
         if (IsBack(s, row, held)) {
+            if (carried.Rows[row].Waited) AddToPalettes(s, row);
             RestoreSounding(s, row, held);
         } else if (s.Run[row].Loaded == False) {
             WaitForDevice(s, row, held);

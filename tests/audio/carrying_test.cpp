@@ -454,6 +454,17 @@ TEST(CarryAcross, ThePalettesKeepTheirEntriesAndTheirOrder) {
     EXPECT_THAT(i.s.History[kSelectionRow], ElementsAre("/y.WAV", "/x.WAV"));
 }
 
+TEST(CarryAcross, ASampleThatWaitedForADeviceComesIntoThePalettes) {
+    Carrying i;
+    EXPECT_TRUE(i.Silence());
+    i.s.History[0] = {"/x.WAV"};
+    i.s.History[kSelectionRow].clear();
+    i.s.Driver = 1;
+    EXPECT_TRUE(i.Reopen());
+    EXPECT_THAT(i.s.History[0], ElementsAre(i.Folder.In("a.WAV"), "/x.WAV"));
+    EXPECT_THAT(i.s.History[kSelectionRow], ElementsAre(i.Folder.In("c.WAV"), i.Folder.In("a.WAV")));
+}
+
 TEST(CarryAcross, WithoutADeviceTheRowsAreEmptyAndTheirSamplesWaitForTheNextOne) {
     Carrying i;
     i.s.Set[0].BeatStart = 12;

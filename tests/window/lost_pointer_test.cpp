@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QComboBox>
 #include <QListWidget>
 #include <array>
@@ -164,6 +165,32 @@ TEST(LostPointer, ADragEndsWithWhatItHasReached) {
         drag("ChannelFlag_2", {0, -14});
         EXPECT_EQ(hand.s.Set[2].Channel, 3);
         EXPECT_EQ(hand.Sound.Count("SetVolume"), 1) << "it is heard";
+    }
+}
+
+TEST(LostPointer, AMoveWithoutAButtonTurnsDrawsAndClicksNothing) {
+    for (const char* name : {"VolKnob_2", "LoopIt_2", "Limiter", "ChannelFlag_2", "PatternGraph_0", "Play_0"}) {
+        SCOPED_TRACE(name);
+        WholeHand hand;
+        hand.s.DragAxis = 0;
+        QWidget& widget = *hand.At(name);
+        hand.Reveal(widget);
+        const Spot spot = hand.SpotOn(widget);
+        hand.PressAt(spot, Qt::LeftButton);
+        hand.MoveTo(spot, {0, -3});
+        const auto hover = [&](QPointF way) {
+            const QPointF place = QRectF(widget.rect()).center() + way;
+            QMouseEvent move(QEvent::MouseMove, place, widget.mapToGlobal(place), Qt::NoButton, Qt::NoButton, {});
+            QApplication::sendEvent(&widget, &move);
+        };
+        hover({0, -4});
+        const Facts ended = Settings(hand.s);
+        hover({0, -30});
+        hover({0, 30});
+        EXPECT_THAT(Changed(ended, Settings(hand.s)), IsEmpty());
+        ExpectNothingHeld(hand.s, widget);
+        hand.ReleaseAt(spot, Qt::LeftButton);
+        EXPECT_THAT(Changed(ended, Settings(hand.s)), IsEmpty());
     }
 }
 

@@ -118,6 +118,8 @@ void Control::mousePressEvent(QMouseEvent* event) {
 
 void Control::mouseMoveEvent(QMouseEvent* event) {
     last_ = event->globalPosition();
+    // A release that never came: the hand has let go.
+    if (Held() && event->buttons() == Qt::NoButton) EndHold();
     const bool far = (last_ - press_).manhattanLength() >= QApplication::startDragDistance();
     if (armed_ && Held() && far) return BeginDrag();
     Gesture(Phase::Move, held_, Twips(event->position()));
