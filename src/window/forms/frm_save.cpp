@@ -64,7 +64,10 @@ private:
         if (edit == nullptr || edit->text().isEmpty()) return;
         if (QFileInfo(directory().absoluteFilePath(edit->text())).isDir()) return;
         const std::string extension = "." + defaultSuffix().toStdString();
-        edit->setText(QString::fromStdString(SetFileName(edit->text().toStdString(), extension)));
+        const std::string name = SetFileName(edit->text().toStdString(), extension);
+        // What is selected would count before the name, and only a name that is typed takes the selection back.
+        if (auto* files = findChild<QListView*>("listView")) files->clearSelection();
+        edit->setText(QString::fromStdString(name));
     }
 
     Session& s;
