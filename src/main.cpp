@@ -28,8 +28,8 @@ int main(int argc, char** argv) {
     MersenneRandom chance;
     NoScripts scripts;
     SessionFileStore store;
-    Session session{Services{display, desktop, windows, chance, timers, scripts, store, CreateOpenAlSound,
-                             CreateSdlInput, ResolveLnkShortcut}};
+    Session session{Services{display, desktop, windows, chance, timers, scripts, store,
+                             [] { return CreateOpenAlSound(); }, CreateSdlInput, ResolveLnkShortcut}};
 
     // Widgets refer to the session, so they go first.
     const auto dropForms = [](QtWindows* forms) { forms->DropForms(); };

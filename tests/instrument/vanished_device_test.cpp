@@ -29,7 +29,7 @@ struct Plugged : FakeServices {
 
     explicit Plugged(const char* driver) : Output(driver) {
         Desk.TempFile = Folder.Path("VBN1.tmp");
-        s.World.CreateDirectX7 = CreateOpenAlSound;
+        s.World.CreateDirectX7 = [] { return CreateOpenAlSound(); };
         s.DX = s.World.CreateDirectX7();
         InitAudioDriversList(s);
         cboDrivers_Click(s, 0);

@@ -3,47 +3,37 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
-#include <cstdlib>
-#include <string_view>
+#include <utility>
 
+#include "audio/openal/call_applier.h"
+#include "audio/openal/source_pool.h"
 #include "core/errors.h"
 
 namespace marvolin {
 
 namespace {
 
-/// Enough for more than a hundred buffers of four sources each.
-constexpr ALCint kSources = 512;
+/// A gesture makes some ten calls and a tick at most about a hundred.
+constexpr std::size_t kRingCalls = 4096;
 
-/// How sharp a resampler is, by its name: sinc filters by their order, all others below them.
-int Sharpness(std::string_view name) {
-    if (name.find("Sinc") != std::string_view::npos) {
-        const int order = std::atoi(name.data());
-        const bool fast = name.find("fast") != std::string_view::npos;
-        return 2 * order + (fast ? 9 : 10);
+/// While it lives, the calls of this thread go to a context.
+class CurrentContext {
+public:
+    explicit CurrentContext(ALCcontext* context) : before_(alcGetThreadContext()), context_(context) {
+        if (before_ != context_) alcSetThreadContext(context_);
     }
-    if (name.find("Cubic") != std::string_view::npos || name.find("Spline") != std::string_view::npos) return 3;
-    return name.find("Linear") != std::string_view::npos ? 2 : 1;
-}
-
-ALint SharpestResampler() {
-    const ALint count = alGetInteger(AL_NUM_RESAMPLERS_SOFT);
-    ALint best = alGetInteger(AL_DEFAULT_RESAMPLER_SOFT);
-    int sharpness = 0;
-    for (ALint i = 0; i < count; ++i) {
-        const ALchar* name = alGetStringiSOFT(AL_RESAMPLER_NAME_SOFT, i);
-        if (name == nullptr || Sharpness(name) <= sharpness) continue;
-        sharpness = Sharpness(name);
-        best = i;
+    ~CurrentContext() {
+        if (before_ != context_) alcSetThreadContext(before_);
     }
-    return best;
-}
+    CurrentContext(const CurrentContext&) = delete;
+    CurrentContext& operator=(const CurrentContext&) = delete;
 
-}  // namespace
+private:
+    ALCcontext* before_;
+    ALCcontext* context_;
+};
 
-OpenAlContext::OpenAlContext(std::shared_ptr<LoadMeter> meter)
-    : meter_(std::move(meter)), device_(alcLoopbackOpenDeviceSOFT(nullptr)) {
-    if (device_ == nullptr) throw SoundError(sound_error::kNoDriver);
+ALCcontext* CreateContext(ALCdevice* device) {
     // The limiter would delay the sound by its look-ahead and change the volume where the sum is loud.
     const std::array<ALCint, 13> attributes{ALC_FREQUENCY,
                                             kOutputRate,
@@ -52,66 +42,152 @@ OpenAlContext::OpenAlContext(std::shared_ptr<LoadMeter> meter)
                                             ALC_FORMAT_TYPE_SOFT,
                                             ALC_SHORT_SOFT,
                                             ALC_MONO_SOURCES,
-                                            kSources,
+                                            SourcePool::kSources,
                                             ALC_HRTF_SOFT,
                                             ALC_FALSE,
                                             ALC_OUTPUT_LIMITER_SOFT,
                                             ALC_FALSE,
                                             0};
-    context_ = alcCreateContext(device_, attributes.data());
+    return alcCreateContext(device, attributes.data());
+}
+
+}  // namespace
+
+OpenAlContext::OpenAlContext(std::shared_ptr<LoadMeter> meter)
+    : meter_(std::move(meter)), device_(alcLoopbackOpenDeviceSOFT(nullptr)), ring_(kRingCalls), sender_(ring_) {
+    if (device_ == nullptr) throw SoundError(sound_error::kNoDriver);
+    context_ = CreateContext(device_);
     if (context_ == nullptr) {
         const bool memory = alcGetError(device_) == ALC_OUT_OF_MEMORY;
         alcCloseDevice(device_);
         throw SoundError(memory ? sound_error::kOutOfMemory : sound_error::kNoDriver);
     }
     const OpenAlSetting setting(*this);
-    resampler_ = SharpestResampler();
     alDistanceModel(AL_INVERSE_DISTANCE_CLAMPED);
+    pool_ = std::make_unique<SourcePool>(device_);
+    applier_ = std::make_unique<CallApplier>(ring_, SourcePool::kSources);
 }
 
 OpenAlContext::~OpenAlContext() {
     AssertOwner();
+    LeaveClock();
+    retired_.clear();
     if (alcGetThreadContext() == context_) alcSetThreadContext(nullptr);
     alcDestroyContext(context_);
     alcCloseDevice(device_);
 }
 
+void OpenAlContext::JoinClock(std::shared_ptr<CardClock> clock, int period) {
+    AssertOwner();
+    clock_ = std::move(clock);
+    sender_.SetClock(clock_, clock_->Open(period));
+    clock_->SetFlush([this] { sender_.Flush(); });
+    const std::lock_guard<std::mutex> guard(clocking_);
+    toldClock_ = clock_.get();
+}
+
+void OpenAlContext::LeaveClock() {
+    AssertOwner();
+    if (!clock_) return;
+    sender_.SetClock(nullptr, 0);
+    clock_->SetFlush(nullptr);
+    {
+        const std::lock_guard<std::mutex> guard(clocking_);
+        toldClock_ = nullptr;
+    }
+    clock_->Close();
+    clock_.reset();
+}
+
+void OpenAlContext::TellClock_rt() noexcept {
+    const std::unique_lock<std::mutex> guard(clocking_, std::try_to_lock);
+    if (guard.owns_lock() && toldClock_ != nullptr) toldClock_->Called_rt(toldClock_->Steadily(), applier_->Position());
+}
+
 void OpenAlContext::Render_rt(std::int16_t* out, int frames) noexcept {
     using Clock = std::chrono::steady_clock;
-    while (frames > 0) {
-        const int now = std::min(frames, kPeriodFrames);
-        const auto begin = Clock::now();
-        {
-            const std::lock_guard<std::mutex> guard(rendering_);
-            alcRenderSamplesSOFT(device_, out, now);
-            ++periods_;
+    const auto begin = Clock::now();
+    // Nobody else holds this while an output renders.
+    const std::lock_guard<std::mutex> applying(applying_);
+    const CurrentContext current(context_);
+    TellClock_rt();
+    for (int left = frames; left > 0;) {
+        int piece = std::min(left, kShortestPiece);
+        if (gate_.Try_rt()) {
+            piece = applier_->Prepare_rt(left);
+            gate_.unlock();
         }
-        meter_->Add_rt(std::chrono::duration<double>(Clock::now() - begin).count(),
-                       static_cast<double>(now) / kOutputRate);
-        out += 2 * now;
-        frames -= now;
+        alcRenderSamplesSOFT(device_, out, piece);
+        applier_->Rendered_rt(piece);
+        out += 2 * piece;
+        left -= piece;
     }
+    if (gate_.Try_rt()) {
+        applier_->Publish_rt();
+        gate_.unlock();
+    }
+    meter_->Add_rt(std::chrono::duration<double>(Clock::now() - begin).count(),
+                   static_cast<double>(frames) / kOutputRate);
 }
 
-void OpenAlContext::SetRolloff(float factor) {
-    const OpenAlCall call(*this);
-    for (const ALuint source : spatial_) alSourcef(source, AL_ROLLOFF_FACTOR, factor);
-    call.Check();
-    rolloff_ = factor;
+void OpenAlContext::Post(Call call, Pace pace, std::int64_t& last) {
+    AssertOwner();
+    sender_.Stamp(call, pace, last);
+    if (sender_.Full()) ApplyByHand();
+    sender_.Write(call);
 }
 
-void OpenAlContext::AddSpatialSource(ALuint source) {
-    const OpenAlCall call(*this);
-    alSourcef(source, AL_ROLLOFF_FACTOR, rolloff_);
-    spatial_.push_back(source);
+void OpenAlContext::RenderByHand() {
+    AssertOwner();
+    byHand_ = true;
+    ApplyByHand();
+    Collect();
 }
 
-void OpenAlContext::RemoveSpatialSource(ALuint source) { std::erase(spatial_, source); }
+void OpenAlContext::ApplyByHand() {
+    if (!byHand_) return;
+    const std::unique_lock<std::mutex> applying(applying_, std::try_to_lock);
+    if (!applying.owns_lock()) return;
+    const OpenAlSetting setting(*this);
+    do {
+        sender_.Flush();
+        const std::lock_guard<SourceGate> gate(gate_);
+        applier_->ApplyAll_rt();
+    } while (sender_.Full());
+}
+
+void OpenAlContext::Retire(std::unique_ptr<Thing> thing) {
+    retired_.push_back(std::move(thing));
+    ApplyByHand();
+    Collect();
+}
+
+void OpenAlContext::Collect() {
+    std::erase_if(retired_, [](const std::unique_ptr<Thing>& thing) { return thing->Past(); });
+}
+
+CallCounts OpenAlContext::Counts() const {
+    CallCounts counts;
+    applier_->Count(counts);
+    counts.Overflowed = sender_.Overflowed();
+    counts.Refused = refused_;
+    return counts;
+}
+
+bool OpenAlContext::TakeSources(std::span<ALuint> sources) { return pool_->Take(sources); }
+
+void OpenAlContext::GiveBackSources(std::span<const ALuint> sources) { pool_->GiveBack(sources); }
+
+void OpenAlContext::Bind(ALuint source, ALuint buffer) {
+    const std::lock_guard<SourceGate> gate(gate_);
+    alSourcei(source, AL_BUFFER, static_cast<ALint>(buffer));
+}
 
 OpenAlSetting::OpenAlSetting(OpenAlContext& context) {
     context.AssertOwner();
     if (alcGetThreadContext() != context.context_) alcSetThreadContext(context.context_);
-    alGetError();
+    // The other thread does not ask for errors, for it would take those of this one.
+    if (alGetError() != AL_NO_ERROR) ++context.refused_;
 }
 
 void OpenAlSetting::Check() const {

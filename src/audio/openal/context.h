@@ -12,17 +12,25 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
+#include <span>
 #include <vector>
 
+#include "audio/openal/call.h"
+#include "audio/openal/call_sender.h"
 #include "audio/openal/load_meter.h"
 #include "audio/openal/owner_thread.h"
+#include "audio/openal/source_gate.h"
 
 namespace marvolin {
 
-inline constexpr int kOutputRate = 44100;  ///< Hz
-inline constexpr int kPeriodFrames = 256;  ///< stereo frames rendered at a time
+class CallApplier;
+class SourcePool;
 
-/// One mixer. It belongs to the thread that makes it; only `Render_rt` may be called from another one.
+inline constexpr int kOutputRate = 44100;  ///< Hz
+inline constexpr int kAskedPeriod = 128;   ///< stereo frames that an output is asked to take at a time
+
+/// One mixer. It belongs to the thread that makes it; only `Render_rt` may be called from another one. What changes the
+/// sound is posted as a `Call` and applied by the thread that renders.
 class OpenAlContext {
 public:
     /// `SoundError` `kNoDriver` when the library opens no device, `kOutOfMemory` when it has no memory for one.
@@ -31,37 +39,72 @@ public:
     OpenAlContext(const OpenAlContext&) = delete;
     OpenAlContext& operator=(const OpenAlContext&) = delete;
 
-    /// Renders the next `frames` stereo frames of 16 bits.
+    /// Renders the next `frames` stereo frames of 16 bits, with each call at its frame.
     void Render_rt(std::int16_t* out, int frames) noexcept;
 
     /// Stops a debug build when another thread than the owner calls.
     void AssertOwner() const noexcept { owner_.Assert(); }
 
-    /// How many periods have been rendered. Call it while rendering is held off.
-    std::uint64_t Periods() const { return periods_; }
+    /// From now on `clock` follows the callbacks, which ask for `period` frames at a time, and gives the calls their
+    /// frames. Before the first callback.
+    void JoinClock(std::shared_ptr<CardClock> clock, int period);
+    /// The clock follows another device or none; calls to this one are heard as soon as can be.
+    void LeaveClock();
+    /// No output renders, or none but a program that waits for each rendering: calls may be applied by the owner as
+    /// well, so that what has been released is freed even when nothing is rendered.
+    void RenderByHand();
 
-    /// Number of the sharpest resampler.
-    ALint Resampler() const { return resampler_; }
+    /// Posts a call; see `CallSender::Stamp`.
+    void Post(Call call, Pace pace, std::int64_t& last);
+    /// Posts a call to the listener or about the roll-off.
+    void PostToListener(Call call) { Post(call, Pace::Soon, listenerLast_); }
+    /// What the thread that renders uses.
+    class Thing {
+    public:
+        virtual ~Thing() = default;
+        /// True when it has been used for the last time.
+        virtual bool Past() const = 0;
+    };
+    /// Keeps `thing` until it is past.
+    void Retire(std::unique_ptr<Thing> thing);
+    /// Frees what has been retired and is past. Called often.
+    void Collect();
+    /// Posts what had to wait for room.
+    void CatchUp() { sender_.CatchUp(); }
 
-    /// Sets the roll-off of all spatial sources, later ones included.
-    void SetRolloff(float factor);
-    /// Makes a source follow the roll-off.
-    void AddSpatialSource(ALuint source);
-    void RemoveSpatialSource(ALuint source);
+    CallCounts Counts() const;
+
+    /// Sources that do not sound, for the owner. False when there are not so many left.
+    bool TakeSources(std::span<ALuint> sources);
+    void GiveBackSources(std::span<const ALuint> sources);
+    /// Gives a source that does not sound a buffer, 0 for none.
+    void Bind(ALuint source, ALuint buffer);
 
 private:
-    friend class OpenAlCall;
     friend class OpenAlSetting;
+    void TellClock_rt() noexcept;
+    /// Applies everything that has been posted, if nobody renders at this moment and the owner may.
+    void ApplyByHand();
 
     std::shared_ptr<LoadMeter> meter_;
     OwnerThread owner_;
     ALCdevice* device_ = nullptr;
     ALCcontext* context_ = nullptr;
-    ALint resampler_ = 0;
-    float rolloff_ = 1;
-    std::vector<ALuint> spatial_;
-    std::uint64_t periods_ = 0;
-    std::mutex rendering_;  ///< held while a period is rendered, and by `OpenAlCall`
+
+    CallRing ring_;
+    CallSender sender_;
+    std::unique_ptr<CallApplier> applier_;
+    std::unique_ptr<SourcePool> pool_;
+    SourceGate gate_;
+    std::mutex applying_;  ///< held while rendering; the owner takes it only by hand, and only if it is free
+    bool byHand_ = false;
+    std::int64_t listenerLast_ = 0;
+    std::vector<std::unique_ptr<Thing>> retired_;
+    std::uint64_t refused_ = 0;
+
+    std::shared_ptr<CardClock> clock_;
+    std::mutex clocking_;  ///< held while the clock is told, and to stop telling it
+    CardClock* toldClock_ = nullptr;
 };
 
 /// While it lives, calls of OpenAL go to this mixer. Rendering goes on meanwhile.
@@ -71,16 +114,6 @@ public:
     /// Raises the first error that OpenAL reports since this was made: `kOutOfMemory`, `kInvalidArgument` or
     /// `kGeneric`.
     void Check() const;
-};
-
-/// The same, with rendering held off: all calls made while it lives are heard from the same frame on.
-/// Keep it short: the output waits for it.
-class OpenAlCall : public OpenAlSetting {
-public:
-    explicit OpenAlCall(OpenAlContext& context) : OpenAlSetting(context), guard_(context.rendering_) {}
-
-private:
-    std::lock_guard<std::mutex> guard_;
 };
 
 }  // namespace marvolin

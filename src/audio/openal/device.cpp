@@ -21,6 +21,13 @@ OpenAlDevice::OpenAlDevice(std::shared_ptr<OpenAlContext> context, std::unique_p
       alive_(std::make_shared<char>()),
       speakers_(kStereoSpeakers) {}
 
+OpenAlDevice::~OpenAlDevice() {
+    // The clock outlives the callback that tells it the time.
+    output_.reset();
+    context_->LeaveClock();
+    context_->RenderByHand();
+}
+
 void OpenAlDevice::SetCooperativeLevel(std::int32_t level) {
     context_->AssertOwner();
     if (level < kLowestLevel || level > kHighestLevel) throw SoundError(sound_error::kInvalidArgument);

@@ -16,11 +16,15 @@ class OpenAlDevice final : public DirectSound {
 public:
     /// `output` is null for a device that is rendered by hand.
     OpenAlDevice(std::shared_ptr<OpenAlContext> context, std::unique_ptr<SdlOutput> output);
+    ~OpenAlDevice() override;
+    OpenAlDevice(const OpenAlDevice&) = delete;
+    OpenAlDevice& operator=(const OpenAlDevice&) = delete;
 
     /// Expires with the device.
     std::weak_ptr<const void> Life() const { return alive_; }
     /// True when its output was pulled out while it was open.
     bool Gone() const { return output_ != nullptr && output_->Gone(); }
+    CallCounts Counts() const { return context_->Counts(); }
 
     /// Only decides whether the primary buffer takes a format.
     void SetCooperativeLevel(std::int32_t level) override;
@@ -33,7 +37,7 @@ public:
 
 private:
     std::shared_ptr<OpenAlContext> context_;
-    std::unique_ptr<SdlOutput> output_;  ///< destroyed before the mixer that it asks for sound
+    std::unique_ptr<SdlOutput> output_;
     std::shared_ptr<std::int32_t> level_;
     std::shared_ptr<const void> alive_;
     std::int32_t speakers_;

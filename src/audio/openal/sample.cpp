@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <limits>
 #include <new>
+#include <utility>
 
 #include "audio/openal/sample_planes.h"
+#include "audio/openal/voice_sources.h"
 #include "audio/openal/wave_file.h"
 #include "core/errors.h"
 
@@ -30,14 +32,13 @@ Plane PlaneAt(std::size_t index, bool spatial) {
 
 }  // namespace
 
-PlaneBuffers::PlaneBuffers(std::shared_ptr<OpenAlContext> context, const WaveFormat& format, std::int32_t frames,
-                           bool spatial)
-    : context_(std::move(context)), format_(format), spatial_(spatial) {
+PlaneBuffers::PlaneBuffers(OpenAlContext& context, const WaveFormat& format, std::int32_t frames, bool spatial)
+    : context_(context), format_(format), spatial_(spatial) {
     const std::int32_t bytes = PlaneNumberBytes(PlaneNumberOf(format_, PlaneAt(0, spatial_)));
     if (frames > std::numeric_limits<ALsizei>::max() / bytes) throw SoundError(sound_error::kOutOfMemory);
     plane_.resize(static_cast<std::size_t>(kPieceBytes / format_.BlockAlign * bytes));
     names_.resize(format_.Channels == 2 && !spatial_ ? 2 : 1);
-    const OpenAlSetting setting(*context_);
+    const OpenAlSetting setting(context_);
     alGenBuffers(static_cast<ALsizei>(names_.size()), names_.data());
     setting.Check();
     try {
@@ -55,12 +56,12 @@ PlaneBuffers::PlaneBuffers(std::shared_ptr<OpenAlContext> context, const WaveFor
 PlaneBuffers::~PlaneBuffers() { Release(); }
 
 void PlaneBuffers::Release() {
-    const OpenAlSetting setting(*context_);
+    const OpenAlSetting setting(context_);
     alDeleteBuffers(static_cast<ALsizei>(names_.size()), names_.data());
 }
 
 void PlaneBuffers::Put(std::int32_t first, std::span<const std::uint8_t> frames) {
-    const OpenAlSetting setting(*context_);
+    const OpenAlSetting setting(context_);
     const auto count = static_cast<std::int32_t>(frames.size()) / format_.BlockAlign;
     for (std::size_t i = 0; i < names_.size(); ++i) {
         const Plane plane = PlaneAt(i, spatial_);
@@ -77,9 +78,10 @@ SampleMemory::SampleMemory(std::shared_ptr<OpenAlContext> context, const std::st
     WaveFile file(path);
     format_ = file.Format();
     bytes_ = file.Bytes();
+    std::shared_ptr<PlaneBuffers> planes;
     try {
         data_ = std::make_unique_for_overwrite<std::uint8_t[]>(static_cast<std::size_t>(bytes_));
-        planes_ = std::make_unique<PlaneBuffers>(context_, format_, bytes_ / format_.BlockAlign, spatial_);
+        planes = NewPlanes();
     } catch (const std::bad_alloc&) {
         throw SoundError(sound_error::kOutOfMemory);
     }
@@ -88,16 +90,23 @@ SampleMemory::SampleMemory(std::shared_ptr<OpenAlContext> context, const std::st
         const std::int32_t size = std::min(PlaneBuffers::kPieceBytes, bytes_ - at);
         const std::span<std::uint8_t> piece(data_.get() + at, static_cast<std::size_t>(size));
         file.Read(piece);
-        planes_->Put(at / format_.BlockAlign, piece);
+        planes->Put(at / format_.BlockAlign, piece);
     }
+    planes_ = std::move(planes);
+}
+
+std::shared_ptr<PlaneBuffers> SampleMemory::NewPlanes() const {
+    return std::make_shared<PlaneBuffers>(*context_, format_, bytes_ / format_.BlockAlign, spatial_);
 }
 
 void SampleMemory::Write(std::int32_t start, std::span<const std::uint8_t> data) {
     if (data.empty()) return;
-    // OpenAL does not replace a buffer in use: new ones are filled and then exchanged with the old ones.
-    std::unique_ptr<PlaneBuffers> planes;
+    // OpenAL does not replace a buffer in use: new ones are filled, and all users go over to them at one frame.
+    std::shared_ptr<PlaneBuffers> planes;
+    std::vector<std::unique_ptr<VoiceSources>> sources;
     try {
-        planes = std::make_unique<PlaneBuffers>(context_, format_, bytes_ / format_.BlockAlign, spatial_);
+        planes = NewPlanes();
+        for (SampleUser* user : users_) sources.push_back(user->SourcesFor(planes));
     } catch (const std::bad_alloc&) {
         throw SoundError(sound_error::kOutOfMemory);
     }
@@ -107,12 +116,10 @@ void SampleMemory::Write(std::int32_t start, std::span<const std::uint8_t> data)
         planes->Put(at / format_.BlockAlign,
                     Data().subspan(static_cast<std::size_t>(at), static_cast<std::size_t>(size)));
     }
-    {
-        const OpenAlCall call(*context_);
-        for (SampleUser* user : users_) user->Rebind(*planes);
-        call.Check();
-    }
-    planes_.swap(planes);
+    std::int64_t frame = 0;
+    for (const SampleUser* user : users_) frame = std::max(frame, user->LastFrame());
+    for (std::size_t i = 0; i < users_.size(); ++i) users_[i]->GoOnIn(std::move(sources[i]), frame);
+    planes_ = std::move(planes);
 }
 
 }  // namespace marvolin

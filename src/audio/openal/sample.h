@@ -16,8 +16,8 @@ namespace marvolin {
 /// The channels of a sample as OpenAL holds them: two of its buffers, or twice the same one.
 class PlaneBuffers {
 public:
-    /// Room for `frames` frames, uninitialised. `spatial`: one channel, mixed from all.
-    PlaneBuffers(std::shared_ptr<OpenAlContext> context, const WaveFormat& format, std::int32_t frames, bool spatial);
+    /// Room for `frames` frames, uninitialised. `spatial`: one channel, mixed from all. `context` must outlive it.
+    PlaneBuffers(OpenAlContext& context, const WaveFormat& format, std::int32_t frames, bool spatial);
     ~PlaneBuffers();
     PlaneBuffers(const PlaneBuffers&) = delete;
     PlaneBuffers& operator=(const PlaneBuffers&) = delete;
@@ -31,19 +31,25 @@ public:
 
 private:
     void Release();
-    std::shared_ptr<OpenAlContext> context_;
+    OpenAlContext& context_;
     WaveFormat format_;
     bool spatial_;
     std::vector<ALuint> names_;
     std::vector<std::uint8_t> plane_;  ///< scratch for one piece of one channel
 };
 
+class VoiceSources;
+
 /// Plays a sample, and changes to its new buffers after a write.
 class SampleUser {
 public:
     virtual ~SampleUser() = default;
-    /// Called with rendering held off.
-    virtual void Rebind(const PlaneBuffers& planes) = 0;
+    /// New sources with the new buffers; `SoundError` `kOutOfMemory` when there are none left.
+    virtual std::unique_ptr<VoiceSources> SourcesFor(const std::shared_ptr<const PlaneBuffers>& planes) = 0;
+    /// The frame of the last call to it.
+    virtual std::int64_t LastFrame() const = 0;
+    /// Goes on in new sources, not before frame `frame` of the device.
+    virtual void GoOnIn(std::unique_ptr<VoiceSources> sources, std::int64_t frame) = 0;
 };
 
 /// The bytes of a sample as in the file, and the buffers of OpenAL made from them.
@@ -55,7 +61,7 @@ public:
     const WaveFormat& Format() const { return format_; }
     std::int32_t Bytes() const { return bytes_; }
     std::span<const std::uint8_t> Data() const { return {data_.get(), static_cast<std::size_t>(bytes_)}; }
-    const PlaneBuffers& Planes() const { return *planes_; }
+    const std::shared_ptr<const PlaneBuffers>& Planes() const { return planes_; }
 
     /// Writes into the sample from byte `start` on; all users sound the new bytes from the same frame on. `start` and
     /// `data` lie within the sample. A failure leaves everything unchanged.
@@ -65,12 +71,14 @@ public:
     void RemoveUser(SampleUser& user) { std::erase(users_, &user); }
 
 private:
+    std::shared_ptr<PlaneBuffers> NewPlanes() const;
+
     std::shared_ptr<OpenAlContext> context_;
     WaveFormat format_;
     std::int32_t bytes_ = 0;
     bool spatial_;
     std::unique_ptr<std::uint8_t[]> data_;
-    std::unique_ptr<PlaneBuffers> planes_;
+    std::shared_ptr<const PlaneBuffers> planes_;
     std::vector<SampleUser*> users_;
 };
 

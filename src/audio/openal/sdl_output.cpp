@@ -39,12 +39,15 @@ SdlOutput::SdlOutput(const std::string& name, OpenAlContext& context) {
     wanted.freq = kOutputRate;
     wanted.format = AUDIO_S16SYS;
     wanted.channels = 2;
-    wanted.samples = kPeriodFrames;
+    wanted.samples = kAskedPeriod;
     wanted.callback = FillPeriod_rt;
     wanted.userdata = &context;
-    device_ = SDL_OpenAudioDevice(name.empty() ? nullptr : name.c_str(), 0, &wanted, nullptr, 0);
+    // SDL would cut a longer period of the device into the wanted ones, but ask for them in bursts all the same.
+    SDL_AudioSpec granted{};
+    const char* device = name.empty() ? nullptr : name.c_str();
+    device_ = SDL_OpenAudioDevice(device, 0, &wanted, &granted, SDL_AUDIO_ALLOW_SAMPLES_CHANGE);
     if (device_ == 0) throw SoundError(sound_error::kNoDriver);
-    SDL_PauseAudioDevice(device_, 0);
+    period_ = granted.samples;
 }
 
 SdlOutput::~SdlOutput() { SDL_CloseAudioDevice(device_); }

@@ -29,21 +29,26 @@ private:
     bool hasOutput_ = false;
 };
 
-/// An open output. It asks a mixer for each period, on a thread of its own.
+/// An open output. Once started, it asks a mixer for each period, on a thread of its own.
 class SdlOutput {
 public:
-    /// Opens and starts the device `name`; "" is the system's default. `context` must outlive it.
+    /// Opens the device `name`; "" is the system's default. `context` must outlive it.
     /// `SoundError` `kNoDriver` when SDL cannot open it.
     SdlOutput(const std::string& name, OpenAlContext& context);
     ~SdlOutput();
     SdlOutput(const SdlOutput&) = delete;
     SdlOutput& operator=(const SdlOutput&) = delete;
 
+    void Start() { SDL_PauseAudioDevice(device_, 0); }
+    /// Frames that it asks for at a time: `kAskedPeriod`, or what the device grants instead.
+    int Period() const { return period_; }
+
     /// True once SDL has released the device, as it does when it was pulled out.
     bool Gone() const { return SDL_GetAudioDeviceStatus(device_) == SDL_AUDIO_STOPPED; }
 
 private:
     SDL_AudioDeviceID device_;
+    int period_;
 };
 
 }  // namespace marvolin

@@ -45,23 +45,30 @@ private:
     std::vector<Driver> drivers_;
 };
 
-/// A root that knows the load of its open device, and whether that device is still there.
+/// A root that knows its open device.
 class MeteredRoot : public DirectX7 {
 public:
-    double Load() const {
-        AssertOwner();
-        return open_.expired() ? 0 : meter_->Percent();
-    }
-    bool Gone() const {
-        AssertOwner();
-        return !open_.expired() && device_->Gone();
-    }
+    explicit MeteredRoot(std::shared_ptr<CardClock> clock) : clock_(std::move(clock)) {}
+
+    double Load() const { return IsOpen() ? meter_->Percent() : 0; }
+    bool Gone() const { return IsOpen() && device_->Gone(); }
+    int Period() const { return IsOpen() ? period_ : 0; }
+    double Delay() const { return IsOpen() && clock_ ? 1000.0 * (clock_->Lead() + period_) / kFramesASecond : 0; }
+    CallCounts Counts() const { return IsOpen() ? device_->Counts() : CallCounts{}; }
 
 protected:
     void AssertOwner() const { owner_.Assert(); }
     std::shared_ptr<OpenAlContext> OpenContext() {
         meter_->Reset();
         return std::make_shared<OpenAlContext>(meter_);
+    }
+    /// The clock follows the new device, which asks for `period` frames at a time.
+    void Follow(const std::shared_ptr<OpenAlContext>& context, int period) {
+        period_ = period;
+        if (!clock_) return;
+        if (const auto previous = followed_.lock()) previous->LeaveClock();
+        context->JoinClock(clock_, period);
+        followed_ = context;
     }
     std::unique_ptr<DirectSound> Opened(std::shared_ptr<OpenAlContext> context, std::unique_ptr<SdlOutput> output) {
         auto device = std::make_unique<OpenAlDevice>(std::move(context), std::move(output));
@@ -71,14 +78,22 @@ protected:
     }
 
 private:
+    bool IsOpen() const {
+        AssertOwner();
+        return !open_.expired();
+    }
     OwnerThread owner_;
+    std::shared_ptr<CardClock> clock_;
     std::shared_ptr<LoadMeter> meter_ = std::make_shared<LoadMeter>();
+    std::weak_ptr<OpenAlContext> followed_;
+    int period_ = 0;
     const OpenAlDevice* device_ = nullptr;  // valid until `open_` expires
     std::weak_ptr<const void> open_;
 };
 
 class SdlRoot final : public MeteredRoot {
 public:
+    using MeteredRoot::MeteredRoot;
     std::unique_ptr<DSEnum> GetDSEnum() override {
         AssertOwner();
         std::vector<Driver> drivers;
@@ -93,6 +108,8 @@ public:
         if (!audio_.HasOutput()) throw SoundError(sound_error::kNoDriver);
         auto context = OpenContext();
         auto output = std::make_unique<SdlOutput>(guid, *context);
+        Follow(context, output->Period());
+        output->Start();
         return Opened(std::move(context), std::move(output));
     }
 
@@ -105,13 +122,17 @@ private:
 /// The mixer that is rendered by hand.
 struct LoopbackRenderer::Slot {
     std::weak_ptr<OpenAlContext> Context;
+    std::shared_ptr<CardClock> Clock;
+    int Period = 0;
 };
 
 namespace {
 
 class LoopbackRoot final : public MeteredRoot {
 public:
-    explicit LoopbackRoot(std::function<void(std::shared_ptr<OpenAlContext>)> opened) : opened_(std::move(opened)) {}
+    LoopbackRoot(std::shared_ptr<CardClock> clock, int period,
+                 std::function<void(std::shared_ptr<OpenAlContext>)> opened)
+        : MeteredRoot(clock), byHand_(clock == nullptr), period_(period), opened_(std::move(opened)) {}
     std::unique_ptr<DSEnum> GetDSEnum() override {
         AssertOwner();
         return std::make_unique<DriverList>(std::vector<Driver>{kPrimaryDriver});
@@ -120,20 +141,24 @@ public:
         AssertOwner();
         if (guid != kPrimaryDriver.Guid) throw SoundError(sound_error::kNoDriver);
         auto context = OpenContext();
+        Follow(context, period_);
+        if (byHand_) context->RenderByHand();
         opened_(context);
         return Opened(std::move(context), nullptr);
     }
 
 private:
+    bool byHand_;
+    int period_;
     std::function<void(std::shared_ptr<OpenAlContext>)> opened_;
 };
 
 }  // namespace
 
-std::unique_ptr<DirectX7> CreateOpenAlSound() {
+std::unique_ptr<DirectX7> CreateOpenAlSound(std::shared_ptr<CardClock> clock) {
     if (alcIsExtensionPresent(nullptr, "ALC_SOFT_loopback") != ALC_TRUE)
         throw RuntimeError(sound_error::kNoDriver, "OpenAL has no loopback device");
-    return std::make_unique<SdlRoot>();
+    return std::make_unique<SdlRoot>(std::move(clock));
 }
 
 double OpenAlSoundLoad(const DirectX7& service) {
@@ -146,13 +171,30 @@ bool OpenAlSoundGone(const DirectX7& service) {
     return root != nullptr && root->Gone();
 }
 
-LoopbackRenderer::LoopbackRenderer() : slot_(std::make_shared<Slot>()) {}
+int OpenAlPeriod(const DirectX7& service) {
+    const auto* root = dynamic_cast<const MeteredRoot*>(&service);
+    return root == nullptr ? 0 : root->Period();
+}
+
+double OpenAlDelay(const DirectX7& service) {
+    const auto* root = dynamic_cast<const MeteredRoot*>(&service);
+    return root == nullptr ? 0 : root->Delay();
+}
+
+CallCounts OpenAlCallCounts(const DirectX7& service) {
+    const auto* root = dynamic_cast<const MeteredRoot*>(&service);
+    return root == nullptr ? CallCounts{} : root->Counts();
+}
+
+LoopbackRenderer::LoopbackRenderer(std::shared_ptr<CardClock> clock, int period)
+    : slot_(std::make_shared<Slot>(Slot{{}, std::move(clock), period})) {}
 LoopbackRenderer::~LoopbackRenderer() = default;
 LoopbackRenderer::LoopbackRenderer(LoopbackRenderer&&) noexcept = default;
 LoopbackRenderer& LoopbackRenderer::operator=(LoopbackRenderer&&) noexcept = default;
 
 std::unique_ptr<DirectX7> LoopbackRenderer::Root() {
     return std::make_unique<LoopbackRoot>(
+        slot_->Clock, slot_->Period,
         [slot = slot_](std::shared_ptr<OpenAlContext> context) { slot->Context = std::move(context); });
 }
 

@@ -4,11 +4,14 @@
 ///
 /// Everything belongs to the thread that makes it: each operation asserts that thread in a debug build. The sound is
 /// rendered on a thread of SDL, or by hand. That thread calls only functions whose names end in `_rt`: they are
-/// `noexcept`, allocate nothing, and wait only for the short calls that `OpenAlCall` guards.
+/// `noexcept`, allocate nothing and wait for nothing. What is asked of a buffer travels to that thread as a call with
+/// the frame at which it is to be heard; what a buffer answers agrees with what was asked of it.
 
 #include <cstdint>
 #include <memory>
 
+#include "audio/openal/call.h"
+#include "audio/openal/card_clock.h"
 #include "core/sound_service.h"
 
 namespace marvolin {
@@ -16,7 +19,9 @@ namespace marvolin {
 /// The service for the program. Its drivers: the system's default output as "Primary Sound Driver" with the
 /// identifier "", then SDL's devices by name; none when SDL has none.
 /// `RuntimeError` `kNoDriver` when OpenAL has no loopback device.
-std::unique_ptr<DirectX7> CreateOpenAlSound();
+/// `clock` follows the open device, and its groups are heard at one frame; one service at a time follows a clock. Null:
+/// every call is heard as soon as can be.
+std::unique_ptr<DirectX7> CreateOpenAlSound(std::shared_ptr<CardClock> clock = nullptr);
 
 /// Share of the real time that rendering the service's open device takes, percent, smoothed over about a third of a
 /// second. 0 without a device, and for any other service.
@@ -26,11 +31,26 @@ double OpenAlSoundLoad(const DirectX7& service);
 /// False without a device, and for any other service.
 bool OpenAlSoundGone(const DirectX7& service);
 
+/// Frames that the service's open device asks for at a time; 0 without a device, and for any other service.
+int OpenAlPeriod(const DirectX7& service);
+
+/// Milliseconds from a gesture that starts a sample to the moment at which the device begins to play it, as far as the
+/// program knows: the lead of the clock (a period and the budget for lateness), and the period that the device plays
+/// while the next one is rendered. What the system keeps in buffers of its own is not contained. 0 without a device or
+/// a clock, and for any other service.
+double OpenAlDelay(const DirectX7& service);
+
+/// How the calls of the service's open device have gone since it was opened. All 0 without a device, and for any other
+/// service.
+CallCounts OpenAlCallCounts(const DirectX7& service);
+
 /// A service without an output: its device is rendered by hand, for tests, bench programs and for writing to a file.
 /// It renders exactly as the program's service does.
 class LoopbackRenderer {
 public:
-    LoopbackRenderer();
+    /// With a clock, calls are applied at their frames, exactly as in the program: the clock takes each rendering for a
+    /// callback of a device with `period` frames. Without one they are applied before the next frame rendered.
+    explicit LoopbackRenderer(std::shared_ptr<CardClock> clock = nullptr, int period = 128);
     ~LoopbackRenderer();
     LoopbackRenderer(LoopbackRenderer&&) noexcept;
     LoopbackRenderer& operator=(LoopbackRenderer&&) noexcept;

@@ -1,6 +1,5 @@
 #include "audio/openal/space.h"
 
-#include <array>
 #include <cmath>
 
 #include "core/errors.h"
@@ -50,24 +49,28 @@ Vector3 OpenAl3DBuffer::GetPosition() { return Voice()->Position(); }
 void OpenAlListener::SetRolloffFactor(float factor) {
     context_->AssertOwner();
     Require(factor >= 0 && factor <= kMostRolloff);
-    context_->SetRolloff(factor);
+    Call call;
+    call.Kind = CallKind::Rolloff;
+    call.Numbers[0] = factor;
+    context_->PostToListener(call);
 }
 
 void OpenAlListener::SetPosition(const Vector3& position) {
     context_->AssertOwner();
     Require(Finite(position));
-    const OpenAlCall call(*context_);
-    alListener3f(AL_POSITION, position.X, position.Y, -position.Z);
-    call.Check();
+    Call call;
+    call.Kind = CallKind::ListenerPlace;
+    call.Numbers = {position.X, position.Y, -position.Z};
+    context_->PostToListener(call);
 }
 
 void OpenAlListener::SetOrientation(const Vector3& front, const Vector3& top) {
     context_->AssertOwner();
     Require(IsDirection(front) && IsDirection(top));
-    const std::array<ALfloat, 6> directions{front.X, front.Y, -front.Z, top.X, top.Y, -top.Z};
-    const OpenAlCall call(*context_);
-    alListenerfv(AL_ORIENTATION, directions.data());
-    call.Check();
+    Call call;
+    call.Kind = CallKind::ListenerTurn;
+    call.Numbers = {front.X, front.Y, -front.Z, top.X, top.Y, -top.Z};
+    context_->PostToListener(call);
 }
 
 }  // namespace marvolin

@@ -2,8 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-
-#include "core/errors.h"
+#include <utility>
 
 namespace marvolin {
 
@@ -13,8 +12,27 @@ constexpr std::int32_t kSilence = -10000;
 
 /// The gain of an attenuation in hundredths of a decibel.
 float Gain(std::int32_t hundredths) {
+    if (hundredths == 0) return 1;
     return hundredths <= kSilence ? 0.0F : static_cast<float>(std::pow(10.0, hundredths / 2000.0));
 }
+
+Call MakeCall(CallKind kind) {
+    Call call;
+    call.Kind = kind;
+    return call;
+}
+
+/// A voice that has been released and may still sound.
+class ReleasedVoice final : public OpenAlContext::Thing {
+public:
+    ReleasedVoice(std::unique_ptr<VoiceSources> sources, std::unique_ptr<VoicePlayer> player)
+        : sources_(std::move(sources)), player_(std::move(player)) {}
+    bool Past() const override { return sources_->Past(); }
+
+private:
+    std::unique_ptr<VoiceSources> sources_;
+    std::unique_ptr<VoicePlayer> player_;
+};
 
 }  // namespace
 
@@ -22,197 +40,110 @@ OpenAlVoice::OpenAlVoice(std::shared_ptr<OpenAlContext> context, std::shared_ptr
     : context_(std::move(context)),
       sample_(std::move(sample)),
       spatial_(spatial),
+      sources_(SourcesFor(sample_->Planes())),
       hertz_(sample_->Format().SamplesPerSec) {
-    {
-        const OpenAlSetting setting(*context_);
-        alGenSources(static_cast<ALsizei>(AllSources().size()), sources_.data());
-        setting.Check();
-        SetUpSources();
-        try {
-            setting.Check();
-        } catch (const SoundError&) {
-            alDeleteSources(static_cast<ALsizei>(AllSources().size()), sources_.data());
-            throw;
-        }
-    }
-    if (spatial_)
-        for (const ALuint source : AllSources()) context_->AddSpatialSource(source);
+    player_ = std::make_unique<VoicePlayer>(*sources_, sample_->Bytes() / sample_->Format().BlockAlign, hertz_);
+    Call call = MakeCall(CallKind::Attach);
+    call.Number = hertz_;
+    Post(call, Pace::Soon);
     sample_->AddUser(*this);
 }
 
 OpenAlVoice::~OpenAlVoice() {
     sample_->RemoveUser(*this);
-    const OpenAlCall call(*context_);
-    if (spatial_)
-        for (const ALuint source : AllSources()) context_->RemoveSpatialSource(source);
-    alDeleteSources(static_cast<ALsizei>(AllSources().size()), sources_.data());
+    Post(MakeCall(CallKind::Detach), Pace::Soon);
+    context_->Retire(std::make_unique<ReleasedVoice>(std::move(sources_), std::move(player_)));
 }
 
-void OpenAlVoice::SetUpSources() {
-    const PlaneBuffers& planes = sample_->Planes();
-    for (std::size_t i = 0; i < AllSources().size(); ++i) {
-        const ALuint source = sources_[i];
-        const bool left = i % Ears() == 0;
-        alSourcei(source, AL_BUFFER, static_cast<ALint>(left ? planes.Left() : planes.Right()));
-        alSourcei(source, AL_SOURCE_RESAMPLER_SOFT, context_->Resampler());
-        if (spatial_) {
-            alSourcef(source, AL_REFERENCE_DISTANCE, minDistance_);
-            alSourcef(source, AL_MAX_DISTANCE, maxDistance_);
-        } else {
-            // Right at the ear: one output gets all of the sound, the other none.
-            alSourcei(source, AL_SOURCE_RELATIVE, AL_TRUE);
-            alSource3f(source, AL_POSITION, left ? -1.0F : 1.0F, 0, 0);
-            alSourcef(source, AL_ROLLOFF_FACTOR, 0);
-        }
-    }
+std::unique_ptr<VoiceSources> OpenAlVoice::SourcesFor(const std::shared_ptr<const PlaneBuffers>& planes) {
+    context_->Collect();
+    return std::make_unique<VoiceSources>(*context_, planes, spatial_);
 }
 
-void OpenAlVoice::CatchUp() {
-    if (fadingSince_ && *fadingSince_ != context_->Periods()) {
-        alSourceStopv(static_cast<ALsizei>(Ears()), OtherSources().data());
-        fadingSince_.reset();
-    }
-    if (!playing_) return;
-    ALint state = AL_STOPPED;
-    alGetSourcei(Sources()[0], AL_SOURCE_STATE, &state);
-    if (state == AL_PLAYING) return;
-    playing_ = false;
-    cursor_ = 0;
+void OpenAlVoice::GoOnIn(std::unique_ptr<VoiceSources> sources, std::int64_t frame) {
+    lastFrame_ = frame;
+    Call call = MakeCall(CallKind::Switch);
+    call.Sources = sources.get();
+    Post(call, Pace::Soon);
+    std::swap(sources_, sources);
+    context_->Retire(std::move(sources));
 }
 
-std::int32_t OpenAlVoice::SoundingFrame() const {
-    ALint frame = 0;
-    alGetSourcei(Sources()[0], AL_SAMPLE_OFFSET, &frame);
-    return frame;
+void OpenAlVoice::Post(Call call, Pace pace) {
+    call.Voice = player_.get();
+    context_->Post(call, pace, lastFrame_);
 }
 
-void OpenAlVoice::StartAt(std::int32_t frame) {
-    alSourcePlayv(static_cast<ALsizei>(Ears()), Sources().data());
-    // OpenAL fades in when the offset is set before the start, which would soften the attack.
-    if (frame != 0)
-        for (const ALuint source : Sources()) alSourcei(source, AL_SAMPLE_OFFSET, frame);
-}
-
-void OpenAlVoice::StopAll() {
-    alSourceStopv(static_cast<ALsizei>(AllSources().size()), sources_.data());
-    fadingSince_.reset();
-}
-
-void OpenAlVoice::SettleOnWholeFrame() {
-    ALdouble place = 0;
-    alGetSourcedSOFT(Sources()[0], AL_SAMPLE_OFFSET, &place);
-    const double last = sample_->Bytes() / sample_->Format().BlockAlign - 1;
-    if (place == std::floor(place) || last < 1) return;
-    // A jump would click. The other set fades in, because its offset is set before its start and is not 0, and this one
-    // fades out: both in a straight line over the next period, so that their sum keeps its level.
-    const auto frame = static_cast<ALint>(std::clamp(std::round(place), 1.0, last));
-    for (const ALuint source : Sources()) alSourcef(source, AL_GAIN, 0);
-    fadingSince_ = context_->Periods();
-    second_ = !second_;
-    SetGains(volume_, pan_);
-    for (const ALuint source : Sources()) alSourcei(source, AL_SAMPLE_OFFSET, frame);
-    alSourcePlayv(static_cast<ALsizei>(Ears()), Sources().data());
+void OpenAlVoice::PostTransport(Call call, Pace pace, bool playing, std::int32_t cursor) {
+    call.Serial = ++serial_;
+    playing_ = playing;
+    stopped_ = call.Kind == CallKind::Stop;
+    cursor_ = cursor;
+    Post(call, pace);
 }
 
 bool OpenAlVoice::Playing() {
-    const OpenAlCall call(*context_);
-    CatchUp();
-    return playing_;
+    context_->CatchUp();
+    const VoiceState state = player_->State();
+    return state.Serial == serial_ ? state.Playing : playing_;
 }
 
 void OpenAlVoice::Play(bool looping) {
-    const OpenAlCall call(*context_);
-    CatchUp();
-    for (const ALuint source : AllSources()) alSourcei(source, AL_LOOPING, looping ? AL_TRUE : AL_FALSE);
-    if (!playing_) StartAt(cursor_);
-    call.Check();
-    playing_ = true;
+    Call call = MakeCall(CallKind::Play);
+    call.Flag = looping;
+    PostTransport(call, Pace::OnFrame, true, Cursor());
     looping_ = looping;
 }
 
 void OpenAlVoice::Stop() {
-    const OpenAlCall call(*context_);
-    CatchUp();
-    if (!playing_) return;
-    cursor_ = SoundingFrame();
-    StopAll();
-    playing_ = false;
-    call.Check();
+    // Stopping again would take the cursor from where the sound really stopped.
+    if (Playing()) PostTransport(MakeCall(CallKind::Stop), Pace::Soon, false, Cursor());
 }
 
 std::int32_t OpenAlVoice::Cursor() {
-    const OpenAlCall call(*context_);
-    CatchUp();
-    return playing_ ? SoundingFrame() : cursor_;
+    context_->CatchUp();
+    const VoiceState state = player_->State();
+    return state.Serial == serial_ && !stopped_ ? state.Frame : cursor_;
 }
 
 void OpenAlVoice::SetCursor(std::int32_t frame) {
-    const OpenAlCall call(*context_);
-    CatchUp();
-    if (!playing_) {
-        cursor_ = frame;
-    } else if (fadingSince_) {
-        // Start the set that is about to fade in again, so that the sound at `frame` keeps its attack.
-        StopAll();
-        StartAt(frame);
-    } else {
-        for (const ALuint source : Sources()) alSourcei(source, AL_SAMPLE_OFFSET, frame);
-    }
-    call.Check();
-}
-
-void OpenAlVoice::SetGains(std::int32_t volume, std::int32_t pan) {
-    const float gain = Gain(volume);
-    alSourcef(Sources()[0], AL_GAIN, gain * Gain(std::min(-pan, 0)));
-    if (!spatial_) alSourcef(Sources()[1], AL_GAIN, gain * Gain(std::min(pan, 0)));
+    Call call = MakeCall(CallKind::Jump);
+    call.Number = frame;
+    call.Flag = Playing();
+    PostTransport(call, call.Flag ? Pace::OnFrame : Pace::Soon, call.Flag, frame);
 }
 
 void OpenAlVoice::SetVolumeAndPan(std::int32_t volume, std::int32_t pan) {
-    const OpenAlCall call(*context_);
-    SetGains(volume, pan);
-    call.Check();
+    Call call = MakeCall(CallKind::Gains);
+    const float gain = Gain(volume);
+    call.Numbers[0] = gain * Gain(std::min(-pan, 0));
+    call.Numbers[1] = gain * Gain(std::min(pan, 0));
+    Post(call, Pace::Soon);
     volume_ = volume;
     pan_ = pan;
 }
 
 void OpenAlVoice::SetFrequency(std::int32_t hertz) {
-    const OpenAlCall call(*context_);
-    CatchUp();
-    const std::int32_t ownRate = sample_->Format().SamplesPerSec;
-    const float pitch = static_cast<float>(hertz) / static_cast<float>(ownRate);
-    for (const ALuint source : AllSources()) alSourcef(source, AL_PITCH, pitch);
-    if (playing_ && hertz == ownRate && ownRate == kOutputRate) SettleOnWholeFrame();
-    call.Check();
+    Call call = MakeCall(CallKind::Pitch);
+    call.Number = hertz;
+    Post(call, Pace::Soon);
     hertz_ = hertz;
 }
 
 void OpenAlVoice::SetPosition(const Vector3& position) {
-    const OpenAlCall call(*context_);
+    Call call = MakeCall(CallKind::Place);
     // OpenAL's z points backwards.
-    for (const ALuint source : AllSources()) alSource3f(source, AL_POSITION, position.X, position.Y, -position.Z);
-    call.Check();
+    call.Numbers = {position.X, position.Y, -position.Z};
+    Post(call, Pace::Soon);
     position_ = position;
 }
 
 void OpenAlVoice::SetDistances(float min, float max) {
-    const OpenAlCall call(*context_);
-    for (const ALuint source : AllSources()) {
-        alSourcef(source, AL_REFERENCE_DISTANCE, min);
-        alSourcef(source, AL_MAX_DISTANCE, max);
-    }
-    call.Check();
+    Call call = MakeCall(CallKind::Distances);
+    call.Numbers = {min, max};
+    Post(call, Pace::Soon);
     minDistance_ = min;
     maxDistance_ = max;
-}
-
-void OpenAlVoice::Rebind(const PlaneBuffers& planes) {
-    CatchUp();
-    const bool sounds = playing_;
-    const std::int32_t frame = sounds ? SoundingFrame() : 0;
-    StopAll();
-    for (std::size_t i = 0; i < AllSources().size(); ++i)
-        alSourcei(sources_[i], AL_BUFFER, static_cast<ALint>(i % Ears() == 0 ? planes.Left() : planes.Right()));
-    if (sounds) StartAt(frame);
 }
 
 }  // namespace marvolin

@@ -2,22 +2,22 @@
 /// \file
 /// One play cursor over a sample, with its volume, pan, frequency and place.
 
-#include <array>
 #include <cstdint>
 #include <memory>
-#include <optional>
-#include <span>
 
+#include "audio/openal/call.h"
 #include "audio/openal/sample.h"
+#include "audio/openal/voice_player.h"
 #include "core/sound_service.h"
 
 namespace marvolin {
 
-/// A sounding sample: without 3D a pair of sources at the left and the right ear that are always called together, with
-/// 3D one source in space. A second set of the same sources takes over when the sound has to move by a part of a frame
-/// without a click. Arguments must have been checked.
+/// A sounding sample, as the user-interface thread knows it. What is asked of it is posted to the thread that renders,
+/// and what it answers agrees with what was asked, whether that has been heard yet or not. Arguments must have been
+/// checked.
 class OpenAlVoice final : public SampleUser {
 public:
+    /// `SoundError` `kOutOfMemory` when the mixer has no more sources.
     OpenAlVoice(std::shared_ptr<OpenAlContext> context, std::shared_ptr<SampleMemory> sample, bool spatial);
     ~OpenAlVoice() override;
     OpenAlVoice(const OpenAlVoice&) = delete;
@@ -29,6 +29,8 @@ public:
     bool Playing();
     bool Looping() const { return looping_; }
     void Play(bool looping);
+    /// The cursor stays where the sound was known to be. The next `Play` goes on where the sound really stopped, which
+    /// is less than the lead and a period later.
     void Stop();
     /// The cursor, in frames.
     std::int32_t Cursor();
@@ -38,7 +40,6 @@ public:
     std::int32_t Pan() const { return pan_; }        ///< 1/100 dB, positive to the right
     std::int32_t Frequency() const { return hertz_; }
     void SetVolumeAndPan(std::int32_t volume, std::int32_t pan);
-    /// When sample and output have this rate, the sound goes on from a whole frame, which keeps its treble.
     void SetFrequency(std::int32_t hertz);
 
     const Vector3& Position() const { return position_; }
@@ -47,38 +48,26 @@ public:
     void SetPosition(const Vector3& position);
     void SetDistances(float min, float max);
 
-    void Rebind(const PlaneBuffers& planes) override;
+    std::unique_ptr<VoiceSources> SourcesFor(const std::shared_ptr<const PlaneBuffers>& planes) override;
+    std::int64_t LastFrame() const override { return lastFrame_; }
+    void GoOnIn(std::unique_ptr<VoiceSources> sources, std::int64_t frame) override;
 
 private:
-    std::size_t Ears() const { return spatial_ ? 1 : 2; }
-    /// Both sets of sources.
-    std::span<const ALuint> AllSources() const { return {sources_.data(), 2 * Ears()}; }
-    /// The set that sounds.
-    std::span<const ALuint> Sources() const { return AllSources().subspan(second_ ? Ears() : 0, Ears()); }
-    /// The set that is silent or fading out.
-    std::span<const ALuint> OtherSources() const { return AllSources().subspan(second_ ? 0 : Ears(), Ears()); }
-    void SetUpSources();
-
-    // Call these while rendering is held off.
-
-    /// Brings the state up to date: a sample that has run out, a set that has faded out.
-    void CatchUp();
-    std::int32_t SoundingFrame() const;
-    void StartAt(std::int32_t frame);
-    void StopAll();
-    void SetGains(std::int32_t volume, std::int32_t pan);
-    /// Moves a sound that stands between two frames to the nearer one, over the next period.
-    void SettleOnWholeFrame();
+    void Post(Call call, Pace pace);
+    /// Posts a start, a stop or a jump, after which the voice is known to play or not, with the cursor at `cursor`.
+    void PostTransport(Call call, Pace pace, bool playing, std::int32_t cursor);
 
     std::shared_ptr<OpenAlContext> context_;
     std::shared_ptr<SampleMemory> sample_;
     bool spatial_;
-    std::array<ALuint, 4> sources_{};
-    bool second_ = false;                            ///< the second set is the one that sounds
-    std::optional<std::uint64_t> fadingSince_ = {};  ///< period in which the other set begins to fade out
-    bool playing_ = false;
+    std::unique_ptr<VoiceSources> sources_;  ///< both belong to the thread that renders
+    std::unique_ptr<VoicePlayer> player_;
+    std::int64_t lastFrame_ = 0;  ///< of the last call
+    std::uint32_t serial_ = 0;    ///< of the last start, stop or jump
+    bool playing_ = false;        ///< as it was called for, until that call has been applied
+    bool stopped_ = false;        ///< the last of those calls was a stop
+    std::int32_t cursor_ = 0;     ///< the same, and after a stop
     bool looping_ = false;
-    std::int32_t cursor_ = 0;  ///< while silent: frame at which the next `Play` begins
     std::int32_t volume_ = 0;
     std::int32_t pan_ = 0;
     std::int32_t hertz_ = 0;

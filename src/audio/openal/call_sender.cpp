@@ -1,0 +1,48 @@
+#include "audio/openal/call_sender.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace marvolin {
+
+void CallSender::SetClock(std::shared_ptr<CardClock> clock, Instant origin) {
+    Flush();
+    clock_ = std::move(clock);
+    origin_ = origin;
+}
+
+void CallSender::Stamp(Call& call, Pace pace, std::int64_t& last) const {
+    std::int64_t frame = 0;
+    call.Soon = true;
+    if (clock_) {
+        const CallTime time = clock_->TimeOfCall();
+        if (time.InTick || pace == Pace::OnFrame) {
+            frame = time.At + clock_->Lead() - origin_;
+            call.Soon = false;
+        }
+    }
+    call.Frame = last = std::max(frame, last);
+}
+
+void CallSender::Write(const Call& call) {
+    CatchUp();
+    if (!overflow_.empty() || !ring_.Write(call)) {
+        overflow_.push_back(call);
+        ++overflowed_;
+    }
+    // A group that fills half of the ring is not held back any longer: it would fill the ring before its end.
+    if (!clock_ || !clock_->InGroup() || ring_.Held() >= ring_.Room() / 2) ring_.Publish();
+}
+
+void CallSender::Flush() {
+    CatchUp();
+    ring_.Publish();
+}
+
+void CallSender::CatchUp() {
+    if (overflow_.empty()) return;
+    while (!overflow_.empty() && ring_.Write(overflow_.front())) overflow_.pop_front();
+    ring_.Publish();
+}
+
+}  // namespace marvolin
