@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "audio/openal/sound.h"
@@ -38,7 +39,9 @@ std::uint32_t NumberOf(Operation operation) {
 
 class LoopbackRig : public ::testing::Test {
 protected:
-    LoopbackRig() : root_(renderer_.Root()), device_(root_->DirectSoundCreate("")) {}
+    /// With a clock: as `LoopbackRenderer`.
+    explicit LoopbackRig(std::shared_ptr<CardClock> clock = nullptr, int period = 128)
+        : renderer_(std::move(clock), period), root_(renderer_.Root()), device_(root_->DirectSoundCreate("")) {}
 
     Heard Render(int frames) {
         std::vector<std::int16_t> out(static_cast<std::size_t>(2 * frames));

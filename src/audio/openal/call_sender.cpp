@@ -25,13 +25,16 @@ void CallSender::Stamp(Call& call, Pace pace, std::int64_t& last) const {
 }
 
 void CallSender::Write(const Call& call) {
-    CatchUp();
     if (!overflow_.empty() || !ring_.Write(call)) {
         overflow_.push_back(call);
         ++overflowed_;
     }
     // A group that fills half of the ring is not held back any longer: it would fill the ring before its end.
-    if (!clock_ || !clock_->InGroup() || ring_.Held() >= ring_.Room() / 2) ring_.Publish();
+    if (!Holding() || ring_.Held() >= ring_.Room() / 2) ring_.Publish();
+}
+
+void CallSender::LetGo() {
+    if (--holds_ == 0 && !Holding()) ring_.Publish();
 }
 
 void CallSender::Flush() {

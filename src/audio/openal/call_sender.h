@@ -31,6 +31,9 @@ public:
     /// may precede; it is brought up to date.
     void Stamp(Call& call, Pace pace, std::int64_t& last) const;
     void Write(const Call& call);
+    /// Holds calls back until as many `LetGo`.
+    void Hold() { ++holds_; }
+    void LetGo();
     /// Shows the other thread everything written so far, as far as there is room.
     void Flush();
     /// True when the next call finds no room.
@@ -41,7 +44,10 @@ public:
     std::uint64_t Overflowed() const { return overflowed_; }
 
 private:
+    bool Holding() const { return holds_ > 0 || (clock_ && clock_->InGroup()); }
+
     CallRing& ring_;
+    int holds_ = 0;
     std::shared_ptr<CardClock> clock_;
     Instant origin_ = 0;
     std::deque<Call> overflow_;

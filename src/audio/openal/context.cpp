@@ -132,6 +132,7 @@ void OpenAlContext::Render_rt(std::int16_t* out, int frames) noexcept {
 
 void OpenAlContext::Post(Call call, Pace pace, std::int64_t& last) {
     AssertOwner();
+    CatchUp();
     sender_.Stamp(call, pace, last);
     if (sender_.Full()) ApplyByHand();
     sender_.Write(call);
@@ -141,7 +142,7 @@ void OpenAlContext::RenderByHand() {
     AssertOwner();
     byHand_ = true;
     ApplyByHand();
-    Collect();
+    CatchUp();
 }
 
 void OpenAlContext::ApplyByHand() {
@@ -159,10 +160,12 @@ void OpenAlContext::ApplyByHand() {
 void OpenAlContext::Retire(std::unique_ptr<Thing> thing) {
     retired_.push_back(std::move(thing));
     ApplyByHand();
-    Collect();
+    CatchUp();
 }
 
-void OpenAlContext::Collect() {
+void OpenAlContext::CatchUp() {
+    sender_.CatchUp();
+    if (retired_.empty()) return;
     std::erase_if(retired_, [](const std::unique_ptr<Thing>& thing) { return thing->Past(); });
 }
 

@@ -67,10 +67,19 @@ public:
     };
     /// Keeps `thing` until it is past.
     void Retire(std::unique_ptr<Thing> thing);
-    /// Frees what has been retired and is past. Called often.
-    void Collect();
-    /// Posts what had to wait for room.
-    void CatchUp() { sender_.CatchUp(); }
+    /// Posts what had to wait for room, and frees what is past.
+    void CatchUp();
+    /// Calls posted while `Held` lives are heard at once, as in a group.
+    class Held {
+    public:
+        explicit Held(OpenAlContext& context) : sender_(context.sender_) { sender_.Hold(); }
+        ~Held() { sender_.LetGo(); }
+        Held(const Held&) = delete;
+        Held& operator=(const Held&) = delete;
+
+    private:
+        CallSender& sender_;
+    };
 
     CallCounts Counts() const;
 

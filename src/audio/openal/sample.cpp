@@ -118,6 +118,7 @@ void SampleMemory::Write(std::int32_t start, std::span<const std::uint8_t> data)
     }
     std::int64_t frame = 0;
     for (const SampleUser* user : users_) frame = std::max(frame, user->LastFrame());
+    const OpenAlContext::Held together(*context_);
     for (std::size_t i = 0; i < users_.size(); ++i) users_[i]->GoOnIn(std::move(sources[i]), frame);
     planes_ = std::move(planes);
 }

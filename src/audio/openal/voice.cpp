@@ -56,7 +56,7 @@ OpenAlVoice::~OpenAlVoice() {
 }
 
 std::unique_ptr<VoiceSources> OpenAlVoice::SourcesFor(const std::shared_ptr<const PlaneBuffers>& planes) {
-    context_->Collect();
+    context_->CatchUp();
     return std::make_unique<VoiceSources>(*context_, planes, spatial_);
 }
 
