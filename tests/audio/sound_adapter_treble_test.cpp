@@ -144,6 +144,30 @@ TEST_F(SoundAdapterTreble, TheReturnToTheOwnRateDoesNotClick) {
     }
 }
 
+TEST_F(SoundAdapterTreble, TheReturnDoesNotClickWhenTheSoundIsMixedInShortPieces) {
+    auto buffer = Load(Tone(1000), 1);
+    auto stepping = LoadLevels(0, 0);
+    buffer->Play(1);
+    Render(kPeriod);
+    const int smooth = SharpestBend(Render(4096).Left);
+    for (int frames = 100; frames < 2000; frames += 37) {
+        SCOPED_TRACE(frames);
+        buffer->SetFrequency(kOwnRate + 130);
+        std::vector<int> heard = Render(frames).Left;
+        buffer->SetFrequency(kOwnRate);
+        for (int piece = 3; piece < 2 * kPeriod / 10; piece += 2) {
+            stepping->SetCurrentPosition(0);
+            stepping->Play(0);
+            const std::vector<int> back = Render(piece).Left;
+            heard.insert(heard.end(), back.begin(), back.end());
+        }
+        EXPECT_LT(SharpestBend(heard), smooth + 40);
+        // By now it is back on a whole frame.
+        const int cursor = buffer->GetCurrentPosition() / 2;
+        EXPECT_NEAR(Render(1).Left[0], 16000 * std::sin(2 * std::numbers::pi * 1000 * cursor / kOwnRate), kStep);
+    }
+}
+
 TEST_F(SoundAdapterTreble, TheReturnIsAsLoudAsTheSoundAndKeepsVolumeAndPan) {
     auto buffer = LoadLevels(20000, 20000);
     buffer->SetVolume(-602);

@@ -42,7 +42,7 @@ ALCcontext* CreateContext(ALCdevice* device) {
                                             ALC_FORMAT_TYPE_SOFT,
                                             ALC_SHORT_SOFT,
                                             ALC_MONO_SOURCES,
-                                            SourcePool::kSources,
+                                            SourcePool::kMostSources,
                                             ALC_HRTF_SOFT,
                                             ALC_FALSE,
                                             ALC_OUTPUT_LIMITER_SOFT,
@@ -65,7 +65,7 @@ OpenAlContext::OpenAlContext(std::shared_ptr<LoadMeter> meter)
     const OpenAlSetting setting(*this);
     alDistanceModel(AL_INVERSE_DISTANCE_CLAMPED);
     pool_ = std::make_unique<SourcePool>(device_);
-    applier_ = std::make_unique<CallApplier>(ring_, SourcePool::kSources);
+    applier_ = std::make_unique<CallApplier>(ring_, SourcePool::kMostSources / 2);
 }
 
 OpenAlContext::~OpenAlContext() {
@@ -177,7 +177,13 @@ CallCounts OpenAlContext::Counts() const {
     return counts;
 }
 
-bool OpenAlContext::TakeSources(std::span<ALuint> sources) { return pool_->Take(sources); }
+bool OpenAlContext::TakeSources(std::span<ALuint> sources) {
+    while (!pool_->Take(sources)) {
+        const std::lock_guard<SourceGate> gate(gate_);
+        if (!pool_->Grow()) return false;
+    }
+    return true;
+}
 
 void OpenAlContext::GiveBackSources(std::span<const ALuint> sources) { pool_->GiveBack(sources); }
 

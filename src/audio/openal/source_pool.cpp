@@ -16,6 +16,9 @@ namespace marvolin {
 
 namespace {
 
+constexpr std::size_t kFirstSources = 256;
+constexpr std::size_t kMoreSources = 64;
+
 /// Voices of the library that are played once at the opening: four times as many as the LoopTracks take.
 constexpr std::size_t kWarm = 64;
 constexpr int kWarmFrames = 64;
@@ -71,12 +74,26 @@ void WarmUp(ALCdevice* device, std::span<const ALuint> sources) {
 
 }  // namespace
 
-SourcePool::SourcePool(ALCdevice* device) : free_(kSources) {
-    alGenSources(kSources, free_.data());
-    if (alGetError() != AL_NO_ERROR) throw SoundError(sound_error::kOutOfMemory);
-    const ALint resampler = SharpestResampler();
-    for (const ALuint source : free_) alSourcei(source, AL_SOURCE_RESAMPLER_SOFT, resampler);
+SourcePool::SourcePool(ALCdevice* device) : resampler_(SharpestResampler()) {
+    Make(kFirstSources);
+    if (free_.empty()) throw SoundError(sound_error::kOutOfMemory);
     WarmUp(device, std::span<const ALuint>(free_).first(kWarm));
+}
+
+void SourcePool::Make(std::size_t count) {
+    std::vector<ALuint> sources(count);
+    free_.reserve(made_ + count);
+    alGenSources(static_cast<ALsizei>(count), sources.data());
+    if (alGetError() != AL_NO_ERROR) return;
+    for (const ALuint source : sources) alSourcei(source, AL_SOURCE_RESAMPLER_SOFT, resampler_);
+    free_.insert(free_.end(), sources.begin(), sources.end());
+    made_ += count;
+}
+
+bool SourcePool::Grow() {
+    const std::size_t before = made_;
+    if (made_ + kMoreSources <= kMostSources) Make(kMoreSources);
+    return made_ > before;
 }
 
 bool SourcePool::Take(std::span<ALuint> sources) {
