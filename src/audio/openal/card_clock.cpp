@@ -1,9 +1,25 @@
 #include "audio/openal/card_clock.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 
 namespace marvolin {
+
+namespace {
+
+constexpr double kPace = kFramesASecond / 1e9;  // frames a nanosecond
+
+// How much faster or slower than the card the clock may run until both agree. Right after the opening, while it is
+// being found out how the device asks, the clock hurries.
+constexpr double kBend = 0.02;
+constexpr double kFirstBend = 0.5;
+constexpr std::int64_t kFirstTime = 300'000'000;  // ns
+
+// How far ahead of a card that stands still a call may be placed.
+constexpr std::int64_t kFurthest = kFramesASecond / 4;
+
+}  // namespace
 
 CardClock::CardClock(Steady steady) : steady_(std::move(steady)) {
     if (!steady_) {
@@ -13,9 +29,35 @@ CardClock::CardClock(Steady steady) : steady_(std::move(steady)) {
                                     .count()};
         };
     }
+    read_ = steady_();
 }
 
-double CardClock::Now() { return static_cast<double>(steady_()) * kFramesASecond / 1e9; }
+double CardClock::Now() {
+    const std::int64_t before = read_;
+    read_ = std::max(steady_(), before);
+    if (following_ != Following::Nothing)
+        if (const auto line = filter_.Read()) line_ = *line;
+    if (following_ == Following::Card && line_.Course != 0 && line_.Course == course_) {
+        FollowCard(read_ - before);
+        return now_;
+    }
+    now_ += static_cast<double>(read_ - before) * kPace;
+    if (line_.Course != 0) MoveOrigin();
+    return now_;
+}
+
+void CardClock::FollowCard(std::int64_t nanoseconds) {
+    const double step = static_cast<double>(nanoseconds) * line_.Pace;
+    const double bend = step * (read_ - begin_ < kFirstTime ? kFirstBend : kBend);
+    const double behind = static_cast<double>(origin_) + line_.FramesAt(read_) - now_ - step;
+    now_ += step + std::clamp(behind, -bend, bend);
+}
+
+void CardClock::MoveOrigin() {
+    if (course_ == 0) begin_ = read_;
+    course_ = line_.Course;
+    origin_ = std::llround(now_ - line_.FramesAt(read_));
+}
 
 void CardClock::Begin(std::optional<Instant> at) {
     if (flush_ && !groups_.empty()) flush_();
@@ -30,15 +72,32 @@ void CardClock::End() {
 }
 
 Instant CardClock::Open(int period) {
+    filter_.Start(period);
     period_ = period;
-    return static_cast<Instant>(std::floor(Now()));
+    following_ = Following::Card;
+    line_ = {};
+    course_ = 0;
+    origin_ = static_cast<Instant>(std::floor(Now()));
+    return origin_;
 }
 
-void CardClock::Close() { period_ = 0; }
+void CardClock::Lose() {
+    if (following_ == Following::Card) following_ = Following::Lost;
+}
 
-void CardClock::Called_rt(std::int64_t, std::int64_t) noexcept {}
+void CardClock::Close() {
+    Now();
+    period_ = 0;
+    following_ = Following::Nothing;
+    line_ = {};
+}
 
 int CardClock::Lead() const { return period_ + kLatenessBudget * kFramesASecond / 1000; }
+
+std::int64_t CardClock::FrameOf(Instant instant) const {
+    const std::int64_t frame = instant - origin_;
+    return line_.Course == 0 ? frame : std::min(frame, line_.Given + Lead() + 3 * std::int64_t{period_} + kFurthest);
+}
 
 CallTime CardClock::TimeOfCall() {
     if (groups_.empty()) return {static_cast<Instant>(std::floor(Now())), false};

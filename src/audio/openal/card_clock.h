@@ -7,6 +7,7 @@
 #include <optional>
 #include <vector>
 
+#include "audio/openal/card_line.h"
 #include "core/card_time.h"
 
 namespace marvolin {
@@ -16,35 +17,44 @@ inline constexpr int kLatenessBudget = 4;
 
 /// What a call of the sound service is to be heard at.
 struct CallTime {
-    Instant At = 0;        ///< the group's instant, or the moment of the call
-    bool InTick = false;   ///< the group is a tick: even a continuous value waits for `At` + `Lead`
+    Instant At = 0;       ///< the group's instant, or the moment of the call
+    bool InTick = false;  ///< the group is a tick: even a continuous value waits for `At` + `Lead`
 };
 
 /// A straight line from the system's steady clock to the frames of the card, and the open groups. It outlives the
-/// devices: one that opens goes on where the clock stands.
+/// devices: one that opens goes on where the clock stands. One device is open at a time.
+///
+/// The clock follows the card by running a little faster or slower, never by a jump. When the card itself loses its
+/// place, because it stopped for a while or the machine was suspended, the clock goes on and `FrameOf` changes instead.
 class CardClock final : public CardTime {
 public:
     /// Nanoseconds of a clock that never goes back.
     using Steady = std::function<std::int64_t()>;
-    /// Without an argument: the system's steady clock.
+    /// Without an argument: the system's steady clock. `steady` is called by both threads.
     explicit CardClock(Steady steady = {});
 
     double Now() override;
     void Begin(std::optional<Instant> at) override;
     void End() override;
 
-    /// A device that renders `period` frames at a time opens; its frame 0 stands at the instant returned.
+    /// A device that renders `period` frames at a time opens. Returns the instant of its frame 0, which holds until its
+    /// first callback; `FrameOf` always knows it.
     Instant Open(int period);
+    /// The open device has gone: from now on the steady clock alone is followed, though callbacks may go on.
+    void Lose();
     /// The device closes; the clock goes on by the steady clock. Its callback has ended before.
     void Close();
     /// Called by the callback of the open device, before it renders: the card asks at `nanoseconds` of the steady clock
     /// and has been given `frames` frames so far.
-    void Called_rt(std::int64_t nanoseconds, std::int64_t frames) noexcept;
+    void Called_rt(std::int64_t nanoseconds, std::int64_t frames) noexcept { filter_.Called_rt(nanoseconds, frames); }
     /// Now, on the steady clock, for `Called_rt`.
     std::int64_t Steadily() const { return steady_(); }
 
     /// Frames between an instant and the frame at which it is heard: a period of the open device and the budget.
     int Lead() const;
+    /// The frame of the open device at `instant`, negative before its frame 0. While the card stands still it is at
+    /// most a quarter of a second ahead of what the card has been given, so that no calls pile up for later.
+    std::int64_t FrameOf(Instant instant) const;
 
     /// The time of a call that is made now.
     CallTime TimeOfCall();
@@ -55,14 +65,28 @@ public:
     void SetFlush(std::function<void()> flush) { flush_ = std::move(flush); }
 
 private:
+    enum class Following : std::uint8_t { Nothing, Card, Lost };
     struct Group {
         std::optional<Instant> At;
         bool IsTick = false;
     };
+
+    void FollowCard(std::int64_t nanoseconds);
+    void MoveOrigin();
+
     Steady steady_;
     std::vector<Group> groups_;
     std::function<void()> flush_;
+
     int period_ = 0;
+    Following following_ = Following::Nothing;
+    std::int64_t read_ = 0;     // when the steady clock was last read
+    std::int64_t begin_ = 0;    // when the first callback was noticed
+    double now_ = 0;            // what was last returned
+    Instant origin_ = 0;        // instant of the device's frame 0
+    CardLine line_;             // the newest that was read
+    std::uint32_t course_ = 0;  // that `origin_` belongs to
+    CardLineFilter filter_;
 };
 
 }  // namespace marvolin
