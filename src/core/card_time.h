@@ -10,6 +10,8 @@ namespace marvolin {
 /// A place on the card's clock: frames of `kFramesASecond` since the program began.
 using Instant = std::int64_t;
 inline constexpr std::int32_t kFramesASecond = 44100;
+/// Lateness of the event loop, in milliseconds, within which nothing is heard late.
+inline constexpr std::int32_t kLatenessBudget = 4;
 
 /// The card's clock as the user-interface thread sees it, and the groups of calls of the sound service that are heard at
 /// one frame. Every operation is for the user-interface thread.

@@ -1,7 +1,7 @@
 #pragma once
 /// \file
-/// The timing service. Behind it stands the event loop of the window's toolkit (`window/toolkit/qt_timer.cpp`), or
-/// ticks by hand in tests. Nothing to do there: `SetResolution`, because the event loop's timers are always precise.
+/// The timing service. Behind it stands the grid of the card's clock (`sequencing/grid_timers.cpp`), or ticks by hand in
+/// tests. Nothing to do there: `SetResolution`, because the grid is always exact.
 
 #include <cstdint>
 #include <functional>
@@ -11,8 +11,8 @@ namespace marvolin {
 
 /// A periodic tick on the user-interface thread. Disabled when made; destroying it ends the ticks.
 ///
-/// Each tick passes on the whole milliseconds that have really elapsed since the previous one, or since the timer was
-/// enabled. The fraction is carried to the next tick, so that the sum never drifts.
+/// Each tick passes on the whole milliseconds since the previous one, or since the timer was enabled, on the clock of the
+/// card. Their sum never drifts.
 class PeriodicTimer {
 public:
     virtual ~PeriodicTimer() = default;

@@ -19,6 +19,9 @@ constexpr std::int64_t kFirstTime = 300'000'000;  // ns
 // How far ahead of a card that stands still a call may be placed.
 constexpr std::int64_t kFurthest = kFramesASecond / 4;
 
+// Groups that nest deeper than this allocate.
+constexpr std::size_t kDeepest = 16;
+
 }  // namespace
 
 CardClock::CardClock(Steady steady) : steady_(std::move(steady)) {
@@ -30,6 +33,7 @@ CardClock::CardClock(Steady steady) : steady_(std::move(steady)) {
         };
     }
     read_ = steady_();
+    groups_.reserve(kDeepest);
 }
 
 double CardClock::Now() {

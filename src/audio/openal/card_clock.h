@@ -12,9 +12,6 @@
 
 namespace marvolin {
 
-/// Lateness of the event loop, in milliseconds, within which nothing is heard late.
-inline constexpr int kLatenessBudget = 4;
-
 /// What a call of the sound service is to be heard at.
 struct CallTime {
     Instant At = 0;       ///< the group's instant, or the moment of the call
