@@ -1,5 +1,6 @@
 #include <memory>
 
+#include "audio/openal/card_clock.h"
 #include "audio/openal/sound.h"
 #include "browser/lnk_shortcut.h"
 #include "instrument/keyboard.h"
@@ -8,23 +9,26 @@
 #include "performance/joystick/sdl_input.h"
 #include "performance/pad/mix_pad.h"
 #include "persistence/session_file_store.h"
+#include "sequencing/grid_timers.h"
 #include "window/tabs/tab_mix_pad.h"
 #include "window/toolkit/application.h"
 #include "window/toolkit/mersenne_random.h"
 #include "window/toolkit/no_scripts.h"
+#include "window/toolkit/qt_alarm.h"
 #include "window/toolkit/qt_desktop.h"
 #include "window/toolkit/qt_display.h"
-#include "window/toolkit/qt_timer.h"
 #include "window/toolkit/qt_windows.h"
 
 using namespace marvolin;
 
 int main(int argc, char** argv) {
-    Application application(argc, argv);
+    const auto clock = std::make_shared<CardClock>();
+    Application application(argc, argv, *clock);
     QtDesktop desktop;
     QtDisplay display;
     QtWindows windows(display, desktop);
-    QtTimers timers;
+    QtAlarm alarm;
+    GridTimers timers(*clock, alarm);
     MersenneRandom chance;
     NoScripts scripts;
     SessionFileStore store;

@@ -22,7 +22,10 @@ struct MainScene : Scene {
     explicit MainScene(bool playing) : Playing(playing) {
         if (playing) Play();
         Form = std::make_unique<FrmMain>(
-            s, FrmMain::Events{nullptr, nullptr, nullptr, [] { return 0.04; }, [this] { return SoundGone; }});
+            s, FrmMain::Events{nullptr, nullptr, nullptr, [] { return 0.04; }, [this] { return SoundGone; },
+                               [] {
+                                   return SoundTiming{128, 9.796};
+                               }});
         Screen.Attach(Form.get());
         Form->show();
     }

@@ -155,7 +155,7 @@ TEST(StatusBars, ShowHintReadoutAndClock) {
 TEST(StatusBars, ADeviceThatIsGoneIsReportedOnceAndShownUntilItIsBack) {
     Stage stage;
     stage.Form->WatchSound();
-    EXPECT_EQ(stage.Form->Status2->DeviceText(), "Primary Sound Driver, 44100 Hz, 256 frames");
+    EXPECT_EQ(stage.Form->Status2->DeviceText(), "Primary Sound Driver, 44100 Hz, 128 frames, 9.8 ms");
     const QImage before = stage.At("StatusBar2")->grab().toImage();
 
     stage.s.StatusText.clear();
@@ -181,9 +181,20 @@ TEST(StatusBars, ADeviceThatIsGoneIsReportedOnceAndShownUntilItIsBack) {
 TEST(StatusBars, TheOpenDeviceIsShownAlsoWhenASetNamesAnotherOne) {
     Stage stage;
     stage.s.Driver = 1;
-    EXPECT_EQ(stage.Form->Status2->DeviceText(), "Primary Sound Driver, 44100 Hz, 256 frames");
+    EXPECT_EQ(stage.Form->Status2->DeviceText(), "Primary Sound Driver, 44100 Hz, 128 frames, 9.8 ms");
     stage.s.Driver = 2;
-    EXPECT_EQ(stage.Form->Status2->DeviceText(), "Primary Sound Driver, 44100 Hz, 256 frames");
+    EXPECT_EQ(stage.Form->Status2->DeviceText(), "Primary Sound Driver, 44100 Hz, 128 frames, 9.8 ms");
+}
+
+TEST(StatusBars, PeriodAndDelayAreThoseOfTheOpenDevice) {
+    Stage stage;
+    SoundTiming timing{2048, 96.88};
+    StatusBar2 bar(stage.s, nullptr, {}, [&] { return timing; });
+    EXPECT_EQ(bar.DeviceText(), "Primary Sound Driver, 44100 Hz, 2048 frames, 96.9 ms");
+    timing = {};
+    EXPECT_EQ(bar.DeviceText(), "Primary Sound Driver, 44100 Hz");
+    StatusBar2 unmeasured(stage.s, nullptr, {}, {});
+    EXPECT_EQ(unmeasured.DeviceText(), "Primary Sound Driver, 44100 Hz");
 }
 
 TEST(StatusBars, ANewDeviceIsNotShownAsGone) {
@@ -193,7 +204,7 @@ TEST(StatusBars, ANewDeviceIsNotShownAsGone) {
     stage.SoundGone = false;
     stage.s.OpenDriver = 1;
     stage.Screen.ShowDrivers();
-    EXPECT_EQ(stage.Form->Status2->DeviceText(), "Second Device, 44100 Hz, 256 frames");
+    EXPECT_EQ(stage.Form->Status2->DeviceText(), "Second Device, 44100 Hz, 128 frames, 9.8 ms");
 }
 
 TEST(StatusBars, TheQuestionMarkShowsItsHint) {

@@ -28,7 +28,10 @@ Stage::Stage() {
                                Keys.push_back(std::string(1, letter) + (shift ? "+shift" : "") +
                                               (control ? "+control" : "") + (alt ? "+alt" : ""));
                            },
-                           nullptr, [this] { return SoundGone; }});
+                           nullptr, [this] { return SoundGone; },
+                           [] {
+                               return SoundTiming{128, 9.796};
+                           }});
     Screen.Attach(Form.get());
     Form->show();
     Settle();

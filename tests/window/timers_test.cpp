@@ -8,28 +8,18 @@
 #include <string>
 
 #include "sequencing/loop_clock.h"
+#include "window/event_time.h"
 #include "window/stage.h"
 #include "window/toolkit/mersenne_random.h"
-#include "window/toolkit/qt_timer.h"
 
 namespace marvolin {
 namespace {
 
+using test::LoopTimers;
 using test::Stage;
 
-TEST(MillisecondCarry, ReturnsWholeMillisecondsAndKeepsTheFraction) {
-    MillisecondCarry carry;
-    EXPECT_EQ(carry.Take(1'600'000), 1);
-    EXPECT_EQ(carry.Take(1'600'000), 2);
-    EXPECT_EQ(carry.Take(700'000), 0);
-    EXPECT_EQ(carry.Take(100'000), 1);
-    std::int64_t sum = 0;
-    for (int tick = 0; tick < 1000; ++tick) sum += carry.Take(10'333'333);
-    EXPECT_EQ(sum, 10'333);
-}
-
-TEST(QtTimers, TheSumOfTheTicksIsTheElapsedTime) {
-    QtTimers timers;
+TEST(TimersOfTheEventLoop, TheSumOfTheTicksIsTheElapsedTime) {
+    LoopTimers timers;
     std::int64_t sum = 0;
     int ticks = 0;
     auto timer = timers.Create([&](std::int32_t milliseconds) {
@@ -45,8 +35,8 @@ TEST(QtTimers, TheSumOfTheTicksIsTheElapsedTime) {
     EXPECT_LE(sum, clock.elapsed());
 }
 
-TEST(QtTimers, DoNotTickBeforeTheyAreEnabledOrAfterTheyAreDisabled) {
-    QtTimers timers;
+TEST(TimersOfTheEventLoop, DoNotTickBeforeTheyAreEnabledOrAfterTheyAreDisabled) {
+    LoopTimers timers;
     int ticks = 0;
     auto timer = timers.Create([&](std::int32_t) { ++ticks; });
     timer->SetInterval(1);
@@ -65,8 +55,8 @@ TEST(QtTimers, DoNotTickBeforeTheyAreEnabledOrAfterTheyAreDisabled) {
     EXPECT_EQ(ticks, then);
 }
 
-TEST(QtTimers, ATimerMayBeDroppedByItsOwnTick) {
-    QtTimers timers;
+TEST(TimersOfTheEventLoop, ATimerMayBeDroppedByItsOwnTick) {
+    LoopTimers timers;
     std::unique_ptr<PeriodicTimer> timer;
     int ticks = 0;
     timer = timers.Create([&](std::int32_t) {
@@ -80,8 +70,8 @@ TEST(QtTimers, ATimerMayBeDroppedByItsOwnTick) {
     EXPECT_EQ(ticks, 1);
 }
 
-TEST(QtTimers, ATickThatWaitsForEventsIsTickedInsideOnceAndTheTimeIsCountedOnce) {
-    QtTimers timers;
+TEST(TimersOfTheEventLoop, ATickThatWaitsForEventsIsTickedInsideOnceAndTheTimeIsCountedOnce) {
+    LoopTimers timers;
     int depth = 0;
     int deepest = 0;
     int inside = 0;
@@ -110,8 +100,8 @@ TEST(QtTimers, ATickThatWaitsForEventsIsTickedInsideOnceAndTheTimeIsCountedOnce)
     EXPECT_EQ(inside, then);
 }
 
-TEST(QtTimers, ATimerMayBeDroppedInsideItsWaitingTick) {
-    QtTimers timers;
+TEST(TimersOfTheEventLoop, ATimerMayBeDroppedInsideItsWaitingTick) {
+    LoopTimers timers;
     std::unique_ptr<PeriodicTimer> timer;
     int ticks = 0;
     timer = timers.Create([&](std::int32_t) {
@@ -132,7 +122,7 @@ TEST(QtTimers, ATimerMayBeDroppedInsideItsWaitingTick) {
 TEST(LoopClockInTheWindow, AWaitWithinATickIsACollisionAndItsTimeIsLost) {
     Stage stage;
     Session& s = stage.s;
-    QtTimers timers;
+    LoopTimers timers;
     bool waited = false;
     std::string inside;
     stage.Desk.WhenReported = [&] {
@@ -165,7 +155,7 @@ TEST(LoopClockInTheWindow, AFailureOfTheSoundServiceInATickEndsTheProgram) {
         stage.s.Set[0].PlayMode = kOneShot;
         stage.s.Run[0].Playing = True;
         stage.Sound.Failures["GetStatus"] = sound_error::kBufferLost;
-        QtTimers timers;
+        LoopTimers timers;
         auto timer = timers.Create([&](std::int32_t milliseconds) { LoopTimer_Timer(stage.s, milliseconds); });
         timer->SetInterval(1);
         timer->SetEnabled(true);

@@ -63,7 +63,7 @@ FrmMain::FrmMain(Session& session, Events events) : s(session), events_(std::mov
     Tabs = new TabControl(s, this);
     Tabs->setGeometry(kEdge, kTabsTop, kWidth - 2 * kEdge, TabControl::kHeight);
     Status1 = new StatusBar1(s, this);
-    Status2 = new StatusBar2(s, this, events_.SoundLoad);
+    Status2 = new StatusBar2(s, this, events_.SoundLoad, events_.Timing);
     selectList_ = new SelectList(s, this);
     historyList_ = new HistoryList(s, this);
     quickLoad_ = new PopupList(s, this, "QuickLoad");

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "core/session.h"
+#include "window/forms/status_bars.h"
 
 namespace marvolin {
 
@@ -14,8 +15,6 @@ class LoopRow;
 class PopupList;
 class SelectList;
 class SelectorStrip;
-class StatusBar1;
-class StatusBar2;
 class TabControl;
 class Toolbar;
 
@@ -29,8 +28,9 @@ public:
         /// A key "A".."Z" was released in the window, whatever control has the focus. `shift`, `control` and `alt` are
         /// those that were held at its press or at its release.
         std::function<void(char letter, bool shift, bool control, bool alt)> KeyUp;
-        std::function<double()> SoundLoad;  ///< share of real time that the sound takes
-        std::function<bool()> SoundGone;    ///< whether the open sound device was pulled out
+        std::function<double()> SoundLoad;         ///< share of real time that the sound takes
+        std::function<bool()> SoundGone;           ///< whether the open sound device was pulled out
+        std::function<SoundTiming()> Timing = {};  ///< period and delay of the open sound device
     };
 
     FrmMain(Session& session, Events events);

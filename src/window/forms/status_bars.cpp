@@ -98,8 +98,9 @@ void StatusBar1::paintEvent(QPaintEvent* event) {
     if (due(Panel::Help)) DrawHelp(p);
 }
 
-StatusBar2::StatusBar2(Session& session, QWidget* parent, std::function<double()> soundLoad)
-    : QWidget(parent), s(session), soundLoad_(std::move(soundLoad)) {
+StatusBar2::StatusBar2(Session& session, QWidget* parent, std::function<double()> soundLoad,
+                       std::function<SoundTiming()> soundTiming)
+    : QWidget(parent), s(session), soundLoad_(std::move(soundLoad)), soundTiming_(std::move(soundTiming)) {
     Describe(s, *this, "StatusBar2");
 }
 
@@ -112,7 +113,10 @@ QString StatusBar2::DeviceText() const {
     if (!s.DSReady || s.OpenDriver < 0 || s.OpenDriver >= static_cast<std::int16_t>(s.Drivers.size()))
         return "No Sound";
     const QString name = QString::fromStdString(s.Drivers[static_cast<std::size_t>(s.OpenDriver)]);
-    return gone_ ? name + " is gone: choose a sound driver on the tab Optn" : name + ", 44100 Hz, 256 frames";
+    if (gone_) return name + " is gone: choose a sound driver on the tab Optn";
+    const SoundTiming timing = soundTiming_ ? soundTiming_() : SoundTiming{};
+    if (timing.Period == 0) return name + ", 44100 Hz";
+    return QString("%1, 44100 Hz, %2 frames, %3 ms").arg(name).arg(timing.Period).arg(timing.Delay, 0, 'f', 1);
 }
 
 void StatusBar2::RefreshLoad() {

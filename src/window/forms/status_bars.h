@@ -32,17 +32,25 @@ private:
     Session& s;
 };
 
+/// How the open sound device takes the sound.
+struct SoundTiming {
+    int Period = 0;    ///< frames at a time; 0 without a device
+    double Delay = 0;  ///< milliseconds from a call of the sound service until it is heard
+};
+
 /// `StatusBar2`: today, the device, the session, and the load of the sound engine.
 class StatusBar2 : public QWidget {
 public:
     static constexpr int kHeight = 22;
 
-    /// `soundLoad` returns the share of real time, 0..1, that the sound takes; empty when nothing measures it.
-    StatusBar2(Session& session, QWidget* parent, std::function<double()> soundLoad);
+    /// `soundLoad` returns the share of real time, 0..1, that the sound takes; either is empty when nothing measures
+    /// it.
+    StatusBar2(Session& session, QWidget* parent, std::function<double()> soundLoad,
+               std::function<SoundTiming()> soundTiming);
     void RefreshLoad();
     /// Shows in red that the device is gone, or shows the device again.
     void ShowGone(bool gone);
-    /// The text of the device's panel.
+    /// The text of the device's panel: name, rate, period, delay.
     QString DeviceText() const;
 
 protected:
@@ -53,6 +61,7 @@ private:
 
     Session& s;
     const std::function<double()> soundLoad_;
+    const std::function<SoundTiming()> soundTiming_;
     QString shownLoad_;
     bool gone_ = false;
 };

@@ -1,5 +1,7 @@
 #include "window/toolkit/application.h"
 
+#include <QScopedValueRollback>
+#include <QThread>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -10,7 +12,7 @@
 
 namespace marvolin {
 
-Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+Application::Application(int& argc, char** argv, CardTime& time) : QApplication(argc, argv), time_(time) {
     setApplicationName("marvolin");
     setApplicationVersion(MARVOLIN_VERSION);
     theme::Apply(*this);
@@ -19,13 +21,23 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
 
 bool Application::notify(QObject* receiver, QEvent* event) {
     try {
-        return QApplication::notify(receiver, event);
+        return Deliver(receiver, event);
     } catch (const RuntimeError& e) {
         std::fprintf(stderr, "marvolin: %s (#%u); the program ends\n", e.what(), e.Number());
     } catch (const std::exception& e) {
         std::fprintf(stderr, "marvolin: %s; the program ends\n", e.what());
     }
     std::_Exit(EXIT_FAILURE);
+}
+
+bool Application::Deliver(QObject* receiver, QEvent* event) {
+    // The toolkit has threads of its own, whose events come here too.
+    if (QThread::currentThread() != thread()) return QApplication::notify(receiver, event);
+    const int level = thread()->loopLevel();
+    if (level <= level_) return QApplication::notify(receiver, event);
+    const QScopedValueRollback<int> delivering(level_, level);
+    const CallGroup group(time_);
+    return QApplication::notify(receiver, event);
 }
 
 }  // namespace marvolin
