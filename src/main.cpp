@@ -33,7 +33,7 @@ int main(int argc, char** argv) {
     NoScripts scripts;
     SessionFileStore store;
     Session session{Services{display, desktop, windows, chance, timers, scripts, store,
-                             [] { return CreateOpenAlSound(); }, CreateSdlInput, ResolveLnkShortcut}};
+                             [clock] { return CreateOpenAlSound(clock); }, CreateSdlInput, ResolveLnkShortcut}};
 
     // Widgets refer to the session, so they go first.
     const auto dropForms = [](QtWindows* forms) { forms->DropForms(); };
@@ -41,13 +41,17 @@ int main(int argc, char** argv) {
 
     const StartUpHooks hooks{nullptr,
                              [](Session& s) { PadGeometryInit(s, TabMixPad::InnerWidth(), TabMixPad::InnerHeight()); }};
-    windows.Attach(session, {[&] { Form_Activate(session); }, [&] { Form_QueryUnload(session); },
-                             [&](char letter, bool shift, bool control, bool alt) {
-                                 Form_KeyUp(session, letter,
-                                            (shift ? kShiftKey : 0) | (control ? kCtrlKey : 0) | (alt ? kAltKey : 0));
-                             },
-                             [&] { return session.DX ? OpenAlSoundLoad(*session.DX) / 100 : 0.0; },
-                             [&] { return session.DX != nullptr && OpenAlSoundGone(*session.DX); }});
+    windows.Attach(
+        session,
+        {[&] { Form_Activate(session); }, [&] { Form_QueryUnload(session); },
+         [&](char letter, bool shift, bool control, bool alt) {
+             Form_KeyUp(session, letter, (shift ? kShiftKey : 0) | (control ? kCtrlKey : 0) | (alt ? kAltKey : 0));
+         },
+         [&] { return session.DX ? OpenAlSoundLoad(*session.DX) / 100 : 0.0; },
+         [&] { return session.DX != nullptr && OpenAlSoundGone(*session.DX); },
+         [&] {
+             return session.DX ? SoundTiming{OpenAlPeriod(*session.DX), OpenAlDelay(*session.DX)} : SoundTiming{};
+         }});
     if (!RunMain(session, hooks) || windows.Ended()) return 0;
     return application.exec();
 }

@@ -5,10 +5,9 @@
 
 namespace marvolin {
 
-void CallSender::SetClock(std::shared_ptr<CardClock> clock, Instant origin) {
+void CallSender::SetClock(std::shared_ptr<CardClock> clock) {
     Flush();
     clock_ = std::move(clock);
-    origin_ = origin;
 }
 
 void CallSender::Stamp(Call& call, Pace pace, std::int64_t& last) const {
@@ -17,7 +16,7 @@ void CallSender::Stamp(Call& call, Pace pace, std::int64_t& last) const {
     if (clock_) {
         const CallTime time = clock_->TimeOfCall();
         if (time.InTick || pace == Pace::OnFrame) {
-            frame = time.At + clock_->Lead() - origin_;
+            frame = clock_->FrameOf(time.At + clock_->Lead());
             call.Soon = false;
         }
     }

@@ -23,9 +23,8 @@ class CallSender {
 public:
     explicit CallSender(CallRing& ring) : ring_(ring) {}
 
-    /// From now on calls follow `clock`, and frame 0 of the device stands at `origin`. Null: every call is to be heard
-    /// as soon as can be.
-    void SetClock(std::shared_ptr<CardClock> clock, Instant origin);
+    /// From now on calls follow `clock`. Null: every call is to be heard as soon as can be.
+    void SetClock(std::shared_ptr<CardClock> clock);
 
     /// Sets `Frame` and `Soon` of a call. `last` is the frame of the last call to the same voice, which no later call
     /// may precede; it is brought up to date.
@@ -49,7 +48,6 @@ private:
     CallRing& ring_;
     int holds_ = 0;
     std::shared_ptr<CardClock> clock_;
-    Instant origin_ = 0;
     std::deque<Call> overflow_;
     std::uint64_t overflowed_ = 0;
 };

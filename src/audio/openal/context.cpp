@@ -80,7 +80,8 @@ OpenAlContext::~OpenAlContext() {
 void OpenAlContext::JoinClock(std::shared_ptr<CardClock> clock, int period) {
     AssertOwner();
     clock_ = std::move(clock);
-    sender_.SetClock(clock_, clock_->Open(period));
+    clock_->Open(period);
+    sender_.SetClock(clock_);
     clock_->SetFlush([this] { sender_.Flush(); });
     const std::lock_guard<std::mutex> guard(clocking_);
     toldClock_ = clock_.get();
@@ -89,7 +90,7 @@ void OpenAlContext::JoinClock(std::shared_ptr<CardClock> clock, int period) {
 void OpenAlContext::LeaveClock() {
     AssertOwner();
     if (!clock_) return;
-    sender_.SetClock(nullptr, 0);
+    sender_.SetClock(nullptr);
     clock_->SetFlush(nullptr);
     {
         const std::lock_guard<std::mutex> guard(clocking_);
