@@ -4,10 +4,17 @@
 #include <malloc.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <atomic>
+#include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <fstream>
 #include <memory>
+#include <optional>
 #include <string>
+#include <thread>
+#include <utility>
 #include <vector>
 
 #include "audio/openal/sound.h"
@@ -32,7 +39,8 @@ std::vector<std::uint8_t> Noise(std::size_t bytes) {
 
 /// A device and one file with noise in it.
 struct Bed {
-    Bed(std::size_t bytes, int channels, int bits, int rate = kRate) {
+    Bed(std::size_t bytes, int channels, int bits, int rate = kRate, std::shared_ptr<CardClock> clock = nullptr)
+        : Renderer(std::move(clock)) {
         test::Wave wave;
         wave.Rate = static_cast<std::uint32_t>(rate);
         wave.Channels = channels;
@@ -63,6 +71,131 @@ void RenderFourLoops(benchmark::State& state) {
         benchmark::Counter(static_cast<double>(state.iterations()) * 256 / kRate, benchmark::Counter::kIsRate);
 }
 BENCHMARK(RenderFourLoops)->ArgNames({"pitch", "channels"})->Args({1370, 2})->Args({1370, 1})->Args({1000, 2});
+
+constexpr int kPeriod = 128;
+constexpr double kPeriodMicroseconds = 1e6 * kPeriod / kRate;
+
+/// Four loops that begin again every 10 ms, each with a new volume, pan and pitch, as a tick asks for them.
+struct Stepping {
+    explicit Stepping(Bed& bed) {
+        for (int i = 0; i < 4; ++i) {
+            Loops.push_back(i == 0 ? bed.Load() : bed.Device->DuplicateSoundBuffer(*Loops[0]));
+            Loops.back()->Play(1);
+        }
+    }
+    void Tick(CardClock& clock, Instant at) {
+        const CallGroup tick(clock, at);
+        ++Ticks;
+        for (auto& loop : Loops) {
+            loop->SetCurrentPosition(0);
+            loop->SetVolume(-(Ticks % 1000));
+            loop->SetPan(Ticks % 1000 - 500);
+            loop->SetFrequency(40000 + Ticks % 10000);
+        }
+    }
+    std::vector<std::unique_ptr<DirectSoundBuffer>> Loops;
+    int Ticks = 0;
+};
+
+void PrintTimes(benchmark::State& state, std::vector<double>& microseconds) {
+    std::sort(microseconds.begin(), microseconds.end());
+    const auto at = [&](double share) {
+        return microseconds[static_cast<std::size_t>(share * static_cast<double>(microseconds.size() - 1))];
+    };
+    state.counters["median_us"] = at(0.5);
+    state.counters["p99.9_us"] = at(0.999);
+    state.counters["longest_us"] = at(1);
+    state.counters["p99.9_share_of_period"] = at(0.999) / kPeriodMicroseconds;
+}
+
+/// Time that the calling thread has had a core, so that what others take does not count.
+double BusyMicroseconds() {
+    timespec now{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return 1e6 * static_cast<double>(now.tv_sec) + 1e-3 * static_cast<double>(now.tv_nsec);
+}
+
+double Microseconds(std::chrono::steady_clock::time_point since) {
+    return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - since).count();
+}
+
+/// The callback's time over 100,000 periods of 128 frames, everything on one thread.
+void CallbackWithFourStepping(benchmark::State& state) {
+    std::atomic<std::int64_t> frames{0};
+    const auto clock = std::make_shared<CardClock>([&] { return frames * 1'000'000'000 / kRate; });
+    for (auto _ : state) {
+        Bed bed(4 * kRate * 2, 2, 16, kRate, clock);
+        Stepping stepping(bed);
+        std::vector<std::int16_t> out(2 * kPeriod);
+        std::vector<double> times;
+        Instant next = static_cast<Instant>(clock->Now());
+        for (int i = 0; i < 100'000; ++i) {
+            for (; static_cast<double>(next) <= clock->Now(); next += 441) stepping.Tick(*clock, next);
+            const double begin = BusyMicroseconds();
+            bed.Renderer.Render(out.data(), kPeriod);
+            times.push_back(BusyMicroseconds() - begin);
+            frames += kPeriod;
+        }
+        PrintTimes(state, times);
+        state.counters["late_calls"] = static_cast<double>(OpenAlCallCounts(*bed.Root).Late);
+    }
+}
+BENCHMARK(CallbackWithFourStepping)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+/// The same in real time for a quarter of a minute, while this thread makes 10,000 calls a second, and writes a sample
+/// of ten seconds again and again.
+void CallbackWhileAnotherThreadCalls(benchmark::State& state) {
+    const auto clock = std::make_shared<CardClock>();
+    for (auto _ : state) {
+        Bed bed(4 * kRate * 10, 2, 16, kRate, clock);
+        Stepping stepping(bed);
+        const std::vector<std::uint8_t> noise = Noise(1000);
+        std::vector<double> times;
+        std::atomic<bool> on{true};
+        std::thread card([&] {
+            std::vector<std::int16_t> out(2 * kPeriod);
+            auto due = std::chrono::steady_clock::now();
+            for (int i = 0; i < 15 * kRate / kPeriod; ++i) {
+                const auto begin = std::chrono::steady_clock::now();
+                bed.Renderer.Render(out.data(), kPeriod);
+                times.push_back(Microseconds(begin));
+                due += std::chrono::nanoseconds(static_cast<std::int64_t>(1000 * kPeriodMicroseconds));
+                std::this_thread::sleep_until(due);
+            }
+            on = false;
+        });
+        for (int i = 0; on; ++i) {
+            stepping.Tick(*clock, static_cast<Instant>(clock->Now()));
+            if (i % 100 == 0) stepping.Loops[0]->WriteBuffer(0, noise);
+            std::this_thread::sleep_for(std::chrono::microseconds(1600));
+        }
+        card.join();
+        PrintTimes(state, times);
+        state.counters["late_calls"] = static_cast<double>(OpenAlCallCounts(*bed.Root).Late);
+    }
+}
+BENCHMARK(CallbackWhileAnotherThreadCalls)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+/// The cost of one call to the user-interface thread, by hand and in a tick, with the system's clock.
+void CostOfACall(benchmark::State& state) {
+    constexpr int kCalls = 1000;
+    const auto clock = std::make_shared<CardClock>();
+    Bed bed(4 * kRate, 2, 16, kRate, clock);
+    auto loop = bed.Load();
+    loop->Play(1);
+    std::vector<std::int16_t> out(2 * 2048);
+    for (auto _ : state) {
+        const auto begin = std::chrono::steady_clock::now();
+        {
+            std::optional<CallGroup> tick;
+            if (state.range(0) != 0) tick.emplace(*clock, static_cast<Instant>(clock->Now()));
+            for (int i = 0; i < kCalls; ++i) loop->SetVolume(-i);
+        }
+        state.SetIterationTime(1e-6 * Microseconds(begin) / kCalls);
+        bed.Renderer.Render(out.data(), 2048);
+    }
+}
+BENCHMARK(CostOfACall)->ArgName("tick")->Arg(0)->Arg(1)->UseManualTime()->Iterations(500);
 
 /// For comparison with `Load100MB`: the same file into fresh memory.
 void ReadPlainly100MB(benchmark::State& state) {

@@ -110,7 +110,8 @@ TEST_F(SoundAdapterTold, CallsAreTakenWhenTheDeviceIsClosedAndWhatIsReleasedIsFr
     device_.reset();
     EXPECT_EQ(first->GetStatus(), 5);
     for (int i = 0; i < 10000; ++i) first->SetVolume(-(i % 5000));
-    for (int i = 0; i < 1000; ++i) first->WriteBuffer(0, Pcm({i, -i}, 16));
+    // More than there are sources.
+    for (int i = 0; i < 5000; ++i) first->WriteBuffer(0, Pcm({i, -i}, 16));
     first->Stop();
     EXPECT_EQ(first->GetStatus(), 0);
 }
