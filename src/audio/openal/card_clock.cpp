@@ -41,26 +41,35 @@ double CardClock::Now() {
     read_ = std::max(steady_(), before);
     if (following_ != Following::Nothing)
         if (const auto line = filter_.Read()) line_ = *line;
-    if (following_ == Following::Card && line_.Course != 0 && line_.Course == course_) {
-        FollowCard(read_ - before);
+    const auto passed = static_cast<double>(read_ - before);
+    if (IsOnCourse(passed)) {
+        FollowCard(passed);
         return now_;
     }
-    now_ += static_cast<double>(read_ - before) * kPace;
-    if (line_.Course != 0) MoveOrigin();
+    now_ += passed * kPace;
+    if (line_.Course != 0) {
+        course_ = line_.Course;
+        origin_ = std::llround(now_ - line_.FramesAt(read_));
+    }
     return now_;
 }
 
-void CardClock::FollowCard(std::int64_t nanoseconds) {
-    const double step = static_cast<double>(nanoseconds) * line_.Pace;
-    const double bend = step * (read_ - begin_ < kFirstTime ? kFirstBend : kBend);
-    const double behind = static_cast<double>(origin_) + line_.FramesAt(read_) - now_ - step;
-    now_ += step + std::clamp(behind, -bend, bend);
+// A device that has just opened asks for frame 0 a little later: the origin stays, and the clock waits for it.
+bool CardClock::IsOnCourse(double passed) {
+    if (following_ != Following::Card || line_.Course == 0) return false;
+    if (course_ == 0) {
+        begin_ = read_;
+        if (std::abs(Ahead() - passed * kPace) < kFirstBend * kFirstTime * kPace) course_ = line_.Course;
+    }
+    return course_ == line_.Course;
 }
 
-void CardClock::MoveOrigin() {
-    if (course_ == 0) begin_ = read_;
-    course_ = line_.Course;
-    origin_ = std::llround(now_ - line_.FramesAt(read_));
+double CardClock::Ahead() const { return static_cast<double>(origin_) + line_.FramesAt(read_) - now_; }
+
+void CardClock::FollowCard(double passed) {
+    const double step = passed * line_.Pace;
+    const double bend = step * (read_ - begin_ < kFirstTime ? kFirstBend : kBend);
+    now_ += step + std::clamp(Ahead() - step, -bend, bend);
 }
 
 void CardClock::Begin(std::optional<Instant> at) {

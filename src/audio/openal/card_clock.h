@@ -34,8 +34,8 @@ public:
     void Begin(std::optional<Instant> at) override;
     void End() override;
 
-    /// A device that renders `period` frames at a time opens. Returns the instant of its frame 0, which holds until its
-    /// first callback; `FrameOf` always knows it.
+    /// A device that renders `period` frames at a time opens. Returns the instant of its frame 0, which stays unless
+    /// the first callback is long in coming or the card loses its place; `FrameOf` always knows it.
     Instant Open(int period);
     /// The open device has gone: from now on the steady clock alone is followed, though callbacks may go on.
     void Lose();
@@ -68,8 +68,11 @@ private:
         bool IsTick = false;
     };
 
-    void FollowCard(std::int64_t nanoseconds);
-    void MoveOrigin();
+    // `passed` is the time since the steady clock was last read, in nanoseconds.
+    bool IsOnCourse(double passed);
+    /// Frames by which the card's line is ahead of what was last returned.
+    double Ahead() const;
+    void FollowCard(double passed);
 
     Steady steady_;
     std::vector<Group> groups_;
