@@ -108,5 +108,30 @@ TEST(Hearing, ACapturedFileIsReadAsFarAsItGoes) {
     EXPECT_THAT(ReadCaptured(name).left, IsEmpty());
 }
 
+TEST(Hearing, ClicksAreFoundOnTheirFrame) {
+    Captured sound = Silence(1000);
+    sound.left[1000] = 16000;
+    sound.left[1005] = -16000;  // the same click
+    sound.right[5000] = -3000;
+    sound.right[5600] = 1999;  // too quiet
+    sound.left[6000] = 16000;
+    EXPECT_THAT(Clicks(sound, 2000, 441), ElementsAre(1000, 5000, 6000));
+    EXPECT_THAT(Clicks(sound, 2000, 2000), ElementsAre(1000, 5000));
+    EXPECT_THAT(Clicks(Silence(100), 2000, 441), IsEmpty());
+}
+
+TEST(Hearing, DistancesAreGivenInMicroseconds) {
+    const Distances even = DistancesOf({100, 11125, 22150, 33175});
+    EXPECT_EQ(even.Count, 3);
+    EXPECT_EQ(even.Mean, 250'000);
+    EXPECT_EQ(even.Deviation, 0);
+    const Distances uneven = DistancesOf({0, 11025 - 441, 22050});
+    EXPECT_EQ(uneven.Mean, 250'000);
+    EXPECT_EQ(uneven.Deviation, 10'000);
+    EXPECT_EQ(uneven.Shortest, 240'000);
+    EXPECT_EQ(uneven.Longest, 260'000);
+    EXPECT_EQ(DistancesOf({7}).Count, 0);
+}
+
 }  // namespace
 }  // namespace marvolin::stage

@@ -79,4 +79,37 @@ std::vector<std::int64_t> Onsets(const Captured& sound, int threshold, int rise,
     return onsets;
 }
 
+std::vector<std::int64_t> Clicks(const Captured& sound, int threshold, std::int64_t quiet) {
+    std::vector<std::int64_t> clicks;
+    std::int64_t since = quiet;
+    for (std::size_t i = 0; i < sound.Frames(); ++i) {
+        if (std::max(std::abs(sound.left[i]), std::abs(sound.right[i])) <= threshold) {
+            ++since;
+            continue;
+        }
+        if (since >= quiet) clicks.push_back(static_cast<std::int64_t>(i));
+        since = 0;
+    }
+    return clicks;
+}
+
+Distances DistancesOf(const std::vector<std::int64_t>& clicks) {
+    if (clicks.size() < 2) return {};
+    constexpr double kMicroseconds = 1e6 / 44100;
+    const auto count = static_cast<double>(clicks.size() - 1);
+    const double mean = static_cast<double>(clicks.back() - clicks.front()) / count;
+    double squares = 0;
+    double shortest = mean;
+    double longest = mean;
+    for (std::size_t i = 1; i < clicks.size(); ++i) {
+        const auto distance = static_cast<double>(clicks[i] - clicks[i - 1]);
+        squares += (distance - mean) * (distance - mean);
+        shortest = std::min(shortest, distance);
+        longest = std::max(longest, distance);
+    }
+    const auto whole = [&](double frames) { return std::llround(frames * kMicroseconds); };
+    return {static_cast<std::int64_t>(clicks.size() - 1), whole(mean), whole(std::sqrt(squares / count)),
+            whole(shortest), whole(longest)};
+}
+
 }  // namespace marvolin::stage

@@ -31,4 +31,19 @@ std::vector<Stretch> Sounding(const Captured& sound, int threshold, int gap);
 /// Onsets are at least `apart` ms apart.
 std::vector<std::int64_t> Onsets(const Captured& sound, int threshold, int rise, int apart);
 
+/// Frames at which a click starts: the first that is louder than `threshold` (0..32767) on either side after at least
+/// `quiet` frames that are not.
+std::vector<std::int64_t> Clicks(const Captured& sound, int threshold, std::int64_t quiet);
+
+/// The distances between neighbouring clicks. Microseconds.
+struct Distances {
+    std::int64_t Count = 0;
+    std::int64_t Mean = 0;
+    std::int64_t Deviation = 0;  ///< standard deviation
+    std::int64_t Shortest = 0;
+    std::int64_t Longest = 0;
+};
+/// All 0 for fewer than two clicks.
+Distances DistancesOf(const std::vector<std::int64_t>& clicks);
+
 }  // namespace marvolin::stage

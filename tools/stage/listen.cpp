@@ -22,10 +22,14 @@ constexpr const char* kUsage =
     "       listen tones FILE FROM TO HZ...     the louder side's level of each pure tone\n"
     "       listen sounding FILE FROM TO        stretches with sound, one per line\n"
     "       listen onsets FILE FROM TO [APART]  times at which a sound starts, one per line\n"
+    "       listen steps FILE FROM TO           distances between clicks: count, then mean, standard deviation,\n"
+    "                                           shortest and longest in microseconds\n"
     "       listen until FILE MS TIMEOUT        waits until the file is that long\n";
 
 constexpr int kThreshold = -5000;  // quieter sound counts as silence
 constexpr int kGap = 120;          // ms; a shorter silence is part of the sound
+constexpr int kClick = 2000;       // of 32767; the start of a click is louder
+constexpr std::int64_t kQuiet = 441;
 constexpr int kRise = 600;
 constexpr int kApart = 80;
 
@@ -94,6 +98,11 @@ int main(int argc, char** argv) {
         const int apart = argc == 6 ? static_cast<int>(number(5)) : kApart;
         for (const std::int64_t at : Onsets(sound, kThreshold, kRise, apart))
             std::printf("%ld\n", static_cast<long>(at) + from);
+    } else if (task == "steps" && argc == 5) {
+        const Distances found = DistancesOf(Clicks(sound, kClick, kQuiet));
+        for (const std::int64_t figure : {found.Count, found.Mean, found.Deviation, found.Shortest, found.Longest})
+            std::printf("%lld ", static_cast<long long>(figure));
+        std::printf("\n");
     } else {
         std::fputs(kUsage, stderr);
         return 2;

@@ -3,7 +3,8 @@
 #
 #   stage_open FOLDER [WIDTHxHEIGHT]   starts the display; all files of the run go to FOLDER
 #   stage_install PROGRAM FOLDER       makes a private program folder with the program and its samples, without the demo
-#   stage_start PROGRAM                starts the program and waits for its window: sets WINDOW
+#   stage_start PROGRAM                starts the program and waits for its window: sets WINDOW. Its sound goes to the
+#                                      card, or to where STAGE_CARD says (settings of SDL in the environment)
 #   stage_clear                        closes the splash
 #   stage_quit                         closes the window as a player does, waits for the end and returns the exit status
 #   stage_close                        ends everything; runs by itself when the script ends
@@ -11,6 +12,7 @@
 # Nothing here waits blindly: until_true retries until a time limit.
 
 STAGE_PIDS=()
+STAGE_CARD=()
 WINDOW=
 SOUND=
 
@@ -67,7 +69,9 @@ stage_install() {
 
 stage_start() {
   # The card sets the pace, so the program's driver need not wait.
-  SDL_AUDIODRIVER=disk SDL_DISKAUDIOFILE="$STAGE/card" SDL_DISKAUDIODELAY=0 "$1" >"$STAGE/program.log" 2>&1 &
+  local card=(SDL_AUDIODRIVER=disk "SDL_DISKAUDIOFILE=$STAGE/card" SDL_DISKAUDIODELAY=0)
+  [[ ${#STAGE_CARD[@]} -eq 0 ]] || card=("${STAGE_CARD[@]}")
+  env "${card[@]}" "$1" >"$STAGE/program.log" 2>&1 &
   PROGRAM=$!
   STAGE_PIDS+=("$PROGRAM")
   until_true 30 stage_window || { echo "the window did not come: $(cat "$STAGE/program.log")" >&2; return 1; }
@@ -167,3 +171,30 @@ drop_at() {
 
 # click_at X Y [BUTTON]: clicks at a position of the window.
 click_at() { xdotool mousemove --window "$WINDOW" "$1" "$2" click "${3:-1}"; }
+
+# stage_click FILE: writes a click of one millisecond as a mono WAV file of 11043 frames. That is 18 more than the quarter
+# of a second to which its steps are rounded, so that steps can be told from a loop.
+stage_click() {
+  {
+    printf 'RIFF\x6a\x56\0\0WAVEfmt \x10\0\0\0\1\0\1\0\x44\xac\0\0\x88\x58\1\0\2\0\x10\0data\x46\x56\0\0'
+    local i
+    for ((i = 0; i < 44; ++i)); do printf '\0\x40'; done
+    head -c $((2 * (11043 - 44))) /dev/zero
+  } >"$1"
+}
+
+# Keeps all cores busy until stage_rest.
+STAGE_BURNERS=()
+stage_burn() {
+  local core
+  for ((core = $(nproc); core > 0; --core)); do
+    while :; do :; done &
+    STAGE_BURNERS+=($!)
+  done
+  STAGE_PIDS+=("${STAGE_BURNERS[@]}")
+}
+stage_rest() {
+  kill "${STAGE_BURNERS[@]}"
+  wait "${STAGE_BURNERS[@]}" 2>/dev/null || true
+  STAGE_BURNERS=()
+}

@@ -10,11 +10,13 @@ namespace {
 
 constexpr double kPace = kFramesASecond / 1e9;  // frames a nanosecond
 
-// How much faster or slower than the card the clock may run until both agree. Right after the opening, while it is
-// being found out how the device asks, the clock hurries.
-constexpr double kBend = 0.02;
-constexpr double kFirstBend = 0.5;
-constexpr std::int64_t kFirstTime = 300'000'000;  // ns
+// How much faster or slower than the card the clock may run until both agree: by so much and, further away, as much
+// more as brings them together within half a second or so.
+constexpr double kLeastBend = 0.02;
+constexpr double kMostBend = 0.5;
+constexpr double kBendTime = 0.25 * kFramesASecond;
+// So far away there is nothing left to keep together.
+constexpr double kLost = 0.25 * kFramesASecond;
 
 // How far ahead of a card that stands still a call may be placed.
 constexpr std::int64_t kFurthest = kFramesASecond / 4;
@@ -42,34 +44,17 @@ double CardClock::Now() {
     if (following_ != Following::Nothing)
         if (const auto line = filter_.Read()) line_ = *line;
     const auto passed = static_cast<double>(read_ - before);
-    if (IsOnCourse(passed)) {
-        FollowCard(passed);
-        return now_;
-    }
-    now_ += passed * kPace;
-    if (line_.Course != 0) {
-        course_ = line_.Course;
-        origin_ = std::llround(now_ - line_.FramesAt(read_));
+    const double card = static_cast<double>(origin_) + line_.FramesAt(read_);
+    if (line_.Pace == 0 || following_ == Following::Lost || std::abs(card - now_ - passed * kPace) > kLost) {
+        now_ += passed * kPace;
+        if (line_.Pace != 0) origin_ = std::llround(now_ - line_.FramesAt(read_));
+    } else {
+        const double step = passed * line_.Pace;
+        const double ahead = card - now_ - step;
+        const double bend = step * std::clamp(std::abs(ahead) / kBendTime, kLeastBend, kMostBend);
+        now_ += step + std::clamp(ahead, -bend, bend);
     }
     return now_;
-}
-
-// A device that has just opened asks for frame 0 a little later: the origin stays, and the clock waits for it.
-bool CardClock::IsOnCourse(double passed) {
-    if (following_ != Following::Card || line_.Course == 0) return false;
-    if (course_ == 0) {
-        begin_ = read_;
-        if (std::abs(Ahead() - passed * kPace) < kFirstBend * kFirstTime * kPace) course_ = line_.Course;
-    }
-    return course_ == line_.Course;
-}
-
-double CardClock::Ahead() const { return static_cast<double>(origin_) + line_.FramesAt(read_) - now_; }
-
-void CardClock::FollowCard(double passed) {
-    const double step = passed * line_.Pace;
-    const double bend = step * (read_ - begin_ < kFirstTime ? kFirstBend : kBend);
-    now_ += step + std::clamp(Ahead() - step, -bend, bend);
 }
 
 void CardClock::Begin(std::optional<Instant> at) {
@@ -89,7 +74,6 @@ Instant CardClock::Open(int period) {
     period_ = period;
     following_ = Following::Card;
     line_ = {};
-    course_ = 0;
     origin_ = static_cast<Instant>(std::floor(Now()));
     return origin_;
 }
@@ -109,7 +93,7 @@ int CardClock::Lead() const { return period_ + kLatenessBudget * kFramesASecond 
 
 std::int64_t CardClock::FrameOf(Instant instant) const {
     const std::int64_t frame = instant - origin_;
-    return line_.Course == 0 ? frame : std::min(frame, line_.Given + Lead() + 3 * std::int64_t{period_} + kFurthest);
+    return line_.Pace == 0 ? frame : std::min(frame, line_.Given + Lead() + 3 * std::int64_t{period_} + kFurthest);
 }
 
 CallTime CardClock::TimeOfCall() {

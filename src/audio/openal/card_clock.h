@@ -68,24 +68,16 @@ private:
         bool IsTick = false;
     };
 
-    // `passed` is the time since the steady clock was last read, in nanoseconds.
-    bool IsOnCourse(double passed);
-    /// Frames by which the card's line is ahead of what was last returned.
-    double Ahead() const;
-    void FollowCard(double passed);
-
     Steady steady_;
     std::vector<Group> groups_;
     std::function<void()> flush_;
 
     int period_ = 0;
     Following following_ = Following::Nothing;
-    std::int64_t read_ = 0;     // when the steady clock was last read
-    std::int64_t begin_ = 0;    // when the first callback was noticed
-    double now_ = 0;            // what was last returned
-    Instant origin_ = 0;        // instant of the device's frame 0
-    CardLine line_;             // the newest that was read
-    std::uint32_t course_ = 0;  // that `origin_` belongs to
+    std::int64_t read_ = 0;  // when the steady clock was last read
+    double now_ = 0;         // what was last returned
+    Instant origin_ = 0;     // instant of the device's frame 0
+    CardLine line_;          // the newest that was read
     CardLineFilter filter_;
 };
 

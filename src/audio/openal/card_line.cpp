@@ -21,15 +21,16 @@ constexpr std::int64_t kWideTime = 4'000'000'000;
 // With long periods the jitter of a single one would bend the line.
 constexpr double kLargestW = 0.1;
 
-// A quartz is wrong by less than a thousandth; a server that resamples, or a file as the output, may be far off.
-constexpr double kSlowest = 2 * kNominal;
-constexpr double kFastest = kNominal / 2;
+// A quartz is wrong by less than a thousandth, a server that resamples by more. What is faster or slower still, as a
+// file as the output may be, is followed by shifts.
+constexpr double kSlowest = kNominal * 1.02;
+constexpr double kFastest = kNominal / 1.02;
 
-// A callback further from the line than this and four periods does not belong to it. An early one shows that the device
-// asks for more in advance. After one that is too late a burst may make up for the time, so the line waits before it
-// starts anew.
+// A callback further from the line than this and some periods does not belong to it. An early one shows that the device
+// asks for more in advance. After one that is late a burst may make up for the time, so the line waits before it
+// concludes that the device has lost its place.
 constexpr double kTooEarly = 0.02 * kSecond;
-constexpr double kTooLate = 0.1 * kSecond;
+constexpr double kTooLate = 0.005 * kSecond;
 constexpr std::int64_t kPatience = 200'000'000;
 
 // The earliest callback counts for one to two of these.
@@ -54,8 +55,11 @@ void CardLineFilter::Earliest::Add_rt(std::int64_t nanoseconds, double early, st
 
 void CardLineFilter::Start(int period) {
     period_ = period;
-    course_ = 0;
+    isRunning_ = false;
     frames_ = 0;
+    expected_ = 0;
+    nanosecondsAFrame_ = kNominal;
+    lateSince_ = 0;
     earliest_ = {};
     Publish_rt(0);
 }
@@ -63,39 +67,41 @@ void CardLineFilter::Start(int period) {
 void CardLineFilter::Called_rt(std::int64_t nanoseconds, std::int64_t frames) noexcept {
     const std::int64_t passed = frames - frames_;
     frames_ = frames;
-    if (course_ == 0) {
-        Restart_rt(nanoseconds);
+    if (!isRunning_) {
+        isRunning_ = true;
+        begin_ = wideSince_ = nanoseconds;
         return Publish_rt(nanoseconds);
     }
     expected_ += static_cast<double>(passed) * nanosecondsAFrame_;
     const double error = static_cast<double>(nanoseconds - begin_) - expected_;
-    const double jitter = 4 * period_ * kNominal;
-    if (error > kTooLate + jitter) {
-        if (!late_) lateSince_ = nanoseconds;
-        late_ = true;
-        if (nanoseconds - lateSince_ > kPatience) Restart_rt(nanoseconds);
-        return Publish_rt(nanoseconds);
-    }
-    late_ = false;
-    if (error < -kTooEarly - jitter) {
-        Restart_rt(nanoseconds);
-    } else {
+    if (error < -kTooEarly - 4 * period_ * kNominal) {
+        Shift_rt(nanoseconds, error);
+    } else if (!IsLate_rt(nanoseconds, error)) {
         Follow_rt(nanoseconds, error, passed);
     }
     Publish_rt(nanoseconds);
 }
 
-void CardLineFilter::Restart_rt(std::int64_t nanoseconds) noexcept {
-    ++course_;
-    begin_ = nanoseconds;
-    expected_ = 0;
-    nanosecondsAFrame_ = kNominal;
-    late_ = false;
+bool CardLineFilter::IsLate_rt(std::int64_t nanoseconds, double error) noexcept {
+    if (error <= kTooLate + 2 * period_ * kNominal) {
+        lateSince_ = 0;
+        return false;
+    }
+    leastLate_ = lateSince_ == 0 ? error : std::min(leastLate_, error);
+    if (lateSince_ == 0) lateSince_ = nanoseconds;
+    if (nanoseconds - lateSince_ > kPatience) Shift_rt(nanoseconds, leastLate_);
+    return true;
+}
+
+void CardLineFilter::Shift_rt(std::int64_t nanoseconds, double error) noexcept {
+    expected_ += error;
+    wideSince_ = nanoseconds;
+    lateSince_ = 0;
 }
 
 void CardLineFilter::Follow_rt(std::int64_t nanoseconds, double error, std::int64_t frames) noexcept {
     if (frames <= 0) return;
-    const bool isWide = nanoseconds - begin_ < kWideTime;
+    const bool isWide = nanoseconds - wideSince_ < kWideTime;
     const double bandwidth = isWide ? kWide : kNarrow;
     const double w =
         std::min(2 * std::numbers::pi * bandwidth * static_cast<double>(frames) / kFramesASecond, kLargestW);
@@ -112,10 +118,9 @@ void CardLineFilter::Publish_rt(std::int64_t nanoseconds) noexcept {
     const double since = static_cast<double>(nanoseconds - begin_) - expected_ + earliest_.Nanoseconds() + kGuard;
     const std::uint32_t version = version_.load(std::memory_order_relaxed);
     version_.store(version + 1, std::memory_order_relaxed);
-    sharedCourse_.store(course_, std::memory_order_release);
     sharedAt_.store(nanoseconds, std::memory_order_release);
     sharedFrames_.store(static_cast<double>(frames_) + since / nanosecondsAFrame_, std::memory_order_release);
-    sharedPace_.store(1 / nanosecondsAFrame_, std::memory_order_release);
+    sharedPace_.store(isRunning_ ? 1 / nanosecondsAFrame_ : 0, std::memory_order_release);
     sharedGiven_.store(frames_ + period_, std::memory_order_release);
     version_.store(version + 2, std::memory_order_release);
 }
@@ -125,7 +130,6 @@ std::optional<CardLine> CardLineFilter::Read() const {
     for (int i = 0; i < kTries; ++i) {
         const std::uint32_t version = version_.load(std::memory_order_acquire);
         CardLine line;
-        line.Course = sharedCourse_.load(std::memory_order_acquire);
         line.At = sharedAt_.load(std::memory_order_acquire);
         line.Frames = sharedFrames_.load(std::memory_order_acquire);
         line.Pace = sharedPace_.load(std::memory_order_acquire);

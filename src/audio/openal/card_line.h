@@ -10,11 +10,10 @@ namespace marvolin {
 
 /// The frames of one device against the steady clock, as of one callback.
 struct CardLine {
-    std::uint32_t Course = 0;  ///< 0 before the first callback; another number when the line starts anew elsewhere
-    std::int64_t At = 0;       ///< nanoseconds of the steady clock
-    double Frames = 0;         ///< where the line is at `At`
-    double Pace = 0;           ///< frames a nanosecond
-    std::int64_t Given = 0;    ///< frames that the card has been given, those of this callback included
+    std::int64_t At = 0;     ///< nanoseconds of the steady clock
+    double Frames = 0;       ///< where the line is at `At`
+    double Pace = 0;         ///< frames a nanosecond; 0 before the first callback
+    std::int64_t Given = 0;  ///< frames that the card has been given, those of this callback included
 
     double FramesAt(std::int64_t nanoseconds) const { return Frames + static_cast<double>(nanoseconds - At) * Pace; }
 };
@@ -45,23 +44,24 @@ private:
         std::int64_t since_ = 0;
     };
 
+    bool IsLate_rt(std::int64_t nanoseconds, double error) noexcept;
+    void Shift_rt(std::int64_t nanoseconds, double error) noexcept;
     void Follow_rt(std::int64_t nanoseconds, double error, std::int64_t frames) noexcept;
-    void Restart_rt(std::int64_t nanoseconds) noexcept;
     void Publish_rt(std::int64_t nanoseconds) noexcept;
 
     // Of the callback's thread.
     int period_ = 0;
-    std::uint32_t course_ = 0;
-    std::int64_t begin_ = 0;   // the callback at which the line started
+    bool isRunning_ = false;
+    std::int64_t begin_ = 0;   // the first callback
     std::int64_t frames_ = 0;  // given before the last callback
     double expected_ = 0;      // when the mean line reaches them: nanoseconds from `begin_`
     double nanosecondsAFrame_ = 1;
-    bool late_ = false;  // the last callback came too late to belong to the line
-    std::int64_t lateSince_ = 0;
+    std::int64_t wideSince_ = 0;
+    std::int64_t lateSince_ = 0;  // 0 while the callbacks are not late
+    double leastLate_ = 0;
     Earliest earliest_;
 
     std::atomic<std::uint32_t> version_{0};  // odd while the fields below are being written
-    std::atomic<std::uint32_t> sharedCourse_{0};
     std::atomic<std::int64_t> sharedAt_{0};
     std::atomic<double> sharedFrames_{0};
     std::atomic<double> sharedPace_{0};
