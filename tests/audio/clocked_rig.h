@@ -46,10 +46,13 @@ protected:
         All.Right.insert(All.Right.end(), heard.Right.begin(), heard.Right.end());
     }
     int Rendered() const { return static_cast<int>(All.Left.size()); }
-    /// The frame of the device at which a call of a tick at `at` is heard.
-    int FrameOf(Instant at) const { return static_cast<int>(at + Clock->Lead() - origin_); }
-    /// The instant of a tick whose calls are heard at a frame of the device.
-    Instant InstantFor(int frame) const { return frame - Clock->Lead() + origin_; }
+    /// The frame of the device at which a call of a tick at `at` is heard when it is made now.
+    int FrameOf(Instant at) const { return static_cast<int>(Clock->FrameOf(at + Clock->Lead())); }
+    /// The instant of a tick whose calls, made now, are heard at a frame of the device.
+    Instant InstantFor(int frame) const {
+        const auto now = static_cast<Instant>(Clock->Now());
+        return now + frame - FrameOf(now);
+    }
     /// The first frame from `from` on at which the left side is louder than `level`; -1 when there is none.
     int Onset(int from = 0, int level = kLevel / 2) const {
         for (int i = from; i < Rendered(); ++i)
@@ -60,7 +63,6 @@ protected:
     CallCounts Counts() const { return OpenAlCallCounts(*root_); }
 
     int period_;
-    Instant origin_ = static_cast<Instant>(Clock->Now());  ///< no time has passed since the device was opened
     Heard All;
 };
 

@@ -120,7 +120,6 @@ TEST_F(SoundAdapterTold, TheNextDeviceGoesOnWithTheClockThoughTheFirstIsStillOpe
     Play(1024);
     auto kept = LoadRamp();
     auto next = root_->DirectSoundCreate("");
-    origin_ = static_cast<Instant>(Clock->Now());
     All = {};
     device_.swap(next);
     auto buffer = LoadLevels(kLevel, kLevel);
