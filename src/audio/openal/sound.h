@@ -27,7 +27,8 @@ std::unique_ptr<DirectX7> CreateOpenAlSound(std::shared_ptr<CardClock> clock = n
 /// second. 0 without a device, and for any other service.
 double OpenAlSoundLoad(const DirectX7& service);
 
-/// True when the service's open device was pulled out. Its sounds go on unheard until another one is opened.
+/// True when the service's open device was pulled out. Its sounds go on unheard until another one is opened. The clock
+/// stops following it when this has been asked.
 /// False without a device, and for any other service.
 bool OpenAlSoundGone(const DirectX7& service);
 
