@@ -138,14 +138,16 @@ TEST_F(SoundAdapterDevice, ARealDeviceOpensAndClosesAndOpensAgain) {
         primary->SetFormat(kPrimaryFormat);
         device->SetCooperativeLevel(1);
         primary->Play(1);
+        EXPECT_EQ(OpenAlPeriod(*root), 128) << "this driver grants what it is asked for";
         device.reset();
+        EXPECT_EQ(OpenAlPeriod(*root), 0);
     }
     EXPECT_EQ(NumberOf([&] { root->DirectSoundCreate("no such output"); }), sound_error::kNoDriver);
 }
 
 TEST_F(SoundAdapterDevice, TheOutputsThreadMovesTheCursorWhileCallsPourIn) {
     ChooseOutputs("dummy");
-    auto root = CreateOpenAlSound();
+    auto root = CreateOpenAlSound(std::make_shared<CardClock>());
     auto device = root->DirectSoundCreate("");
     auto primary = device->CreateSoundBuffer(17);
     auto listener = primary->GetDirectSound3dListener();

@@ -25,7 +25,7 @@ TEST(SoundAdapterVanish, ASampleSoundsOnUnheardAndEveryCallIsTaken) {
         SCOPED_TRACE(driver);
         const SampleFolder folder;
         VanishingOutput output(driver);
-        auto root = CreateOpenAlSound();
+        auto root = CreateOpenAlSound(std::make_shared<CardClock>());
         auto device = root->DirectSoundCreate("");
         auto buffer = device->CreateSoundBufferFromFile(WriteTone(folder), buffer_flags::kSample);
         buffer->Play(1);
@@ -63,7 +63,7 @@ TEST(SoundAdapterVanish, TheNextDeviceIsHeardWhetherTheGoneOneWasClosedBeforeOrN
             SCOPED_TRACE(std::string(driver) + (closed ? ", closed" : ", open"));
             const SampleFolder folder;
             VanishingOutput output(driver);
-            auto root = CreateOpenAlSound();
+            auto root = CreateOpenAlSound(std::make_shared<CardClock>());
             auto gone = root->DirectSoundCreate("");
             auto lost = gone->CreateSoundBufferFromFile(WriteTone(folder), buffer_flags::kSample);
             lost->Play(1);

@@ -62,16 +62,25 @@ OpenAlContext::OpenAlContext(std::shared_ptr<LoadMeter> meter)
         alcCloseDevice(device_);
         throw SoundError(memory ? sound_error::kOutOfMemory : sound_error::kNoDriver);
     }
-    const OpenAlSetting setting(*this);
-    alDistanceModel(AL_INVERSE_DISTANCE_CLAMPED);
-    pool_ = std::make_unique<SourcePool>(device_);
-    applier_ = std::make_unique<CallApplier>(ring_, SourcePool::kMostSources / 2);
+    try {
+        const OpenAlSetting setting(*this);
+        alDistanceModel(AL_INVERSE_DISTANCE_CLAMPED);
+        pool_ = std::make_unique<SourcePool>(device_);
+        applier_ = std::make_unique<CallApplier>(ring_, SourcePool::kMostSources / 2);
+    } catch (...) {
+        Close();
+        throw;
+    }
 }
 
 OpenAlContext::~OpenAlContext() {
     AssertOwner();
     LeaveClock();
     retired_.clear();
+    Close();
+}
+
+void OpenAlContext::Close() {
     if (alcGetThreadContext() == context_) alcSetThreadContext(nullptr);
     alcDestroyContext(context_);
     alcCloseDevice(device_);

@@ -91,6 +91,7 @@ public:
 
 private:
     friend class OpenAlSetting;
+    void Close();
     void TellClock_rt() noexcept;
     /// Applies everything that has been posted, if nobody renders at this moment and the owner may.
     void ApplyByHand();
