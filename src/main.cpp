@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <memory>
 
 #include "audio/openal/card_clock.h"
@@ -21,7 +22,16 @@
 
 using namespace marvolin;
 
+namespace {
+
+/// SDL asks a PulseAudio server to hold a single period. A server that comes a moment late then has nothing to play,
+/// and all that follows is late too. A player may set another buffer in the environment.
+void GiveSoundServersABuffer() { ::setenv("PULSE_LATENCY_MSEC", "40", 0); }
+
+}  // namespace
+
 int main(int argc, char** argv) {
+    GiveSoundServersABuffer();
     const auto clock = std::make_shared<CardClock>();
     Application application(argc, argv, *clock);
     QtDesktop desktop;

@@ -194,6 +194,7 @@ stage_burn() {
   STAGE_PIDS+=("${STAGE_BURNERS[@]}")
 }
 stage_rest() {
+  [[ ${#STAGE_BURNERS[@]} -gt 0 ]] || return 0
   kill "${STAGE_BURNERS[@]}"
   wait "${STAGE_BURNERS[@]}" 2>/dev/null || true
   STAGE_BURNERS=()
