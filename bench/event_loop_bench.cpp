@@ -34,14 +34,15 @@
 #include "instrument/start_up.h"
 #include "performance/pad/mix_pad.h"
 #include "persistence/session_file_store.h"
+#include "sequencing/grid_timers.h"
 #include "window/controls/knob.h"
 #include "window/tabs/tab_mix_pad.h"
 #include "window/toolkit/application.h"
 #include "window/toolkit/mersenne_random.h"
 #include "window/toolkit/no_scripts.h"
+#include "window/toolkit/qt_alarm.h"
 #include "window/toolkit/qt_desktop.h"
 #include "window/toolkit/qt_display.h"
-#include "window/toolkit/qt_timer.h"
 #include "window/toolkit/qt_windows.h"
 
 using namespace marvolin;
@@ -49,9 +50,12 @@ using Clock = std::chrono::steady_clock;
 
 namespace {
 
+constexpr int kPeriod = 128;
+
 /// Timers that record when the ticks of the 10 ms clock come.
 class NotedTimers : public TimerFactory {
 public:
+    NotedTimers(CardTime& time, Alarm& alarm) : timers_(time, alarm) {}
     std::vector<Clock::time_point> Ticks;
     bool Noting = false;
     std::unique_ptr<PeriodicTimer> Create(Tick tick) override {
@@ -63,7 +67,7 @@ public:
     }
 
 private:
-    QtTimers timers_;
+    GridTimers timers_;
     int made_ = 0;
 };
 
@@ -89,7 +93,6 @@ public:
 
 private:
     void Run(LoopbackRenderer& renderer) {
-        constexpr int kPeriod = 256;
         std::vector<std::int16_t> frames(2 * kPeriod);
         const auto period = std::chrono::nanoseconds(1'000'000'000LL * kPeriod / 44100);
         auto due = Clock::now();
@@ -194,14 +197,17 @@ struct NoJoysticks : DirectInput {
 
 /// The program with its window, its sound rendered by hand.
 struct Program {
+    explicit Program(std::shared_ptr<CardClock> clock) : Clock(std::move(clock)) {}
+    std::shared_ptr<CardClock> Clock;
+    QtAlarm Bell;
     QtDesktop Desktop;
     QtDisplay Display;
     QtWindows Windows{Display, Desktop};
-    NotedTimers Timers;
+    NotedTimers Timers{*Clock, Bell};
     MersenneRandom Chance;
     NoScripts Scripts;
     SessionFileStore Store;
-    LoopbackRenderer Renderer;
+    LoopbackRenderer Renderer{Clock, kPeriod};
     Session s{Services{Display,
                        Desktop,
                        Windows,
@@ -308,8 +314,9 @@ void MeasureDrum(Program& program, QApplication& application, double seconds, Ca
 
 int main(int argc, char** argv) {
     const double seconds = argc > 1 ? std::atof(argv[1]) : 30;
-    Application application(argc, argv);
-    Program program;
+    const auto clock = std::make_shared<CardClock>();
+    Application application(argc, argv, *clock);
+    Program program(clock);
     if (!program.Start()) return EXIT_FAILURE;
     Card card(program.Renderer);
     const std::string click = WriteClick();
