@@ -19,7 +19,8 @@ constexpr Place kMillisecond = kFramesASecond * kTenths / 1000;
 // The clock may run a little faster than the event loop's while it follows the card; the service hears calls in time
 // that are late by so much more.
 constexpr Place kBudget = kLatenessBudget * kMillisecond * 21 / 20;
-constexpr double kNanosecondsAFrame = 1e9 / kFramesASecond;
+// A tick beyond the budget is put where its calls are heard in time even if they take half a millisecond to be made.
+constexpr Instant kHeldBack = (kLatenessBudget * kMillisecond - kMillisecond / 2) / kTenths;
 
 /// One timer. Its timer and the service share it, because a tick may drop its own timer.
 struct Entry {
@@ -74,8 +75,7 @@ public:
         if (interval == entry.Interval) return;
         entry.Interval = interval;
         if (!entry.Enabled) return;
-        const Place since = std::max<Place>(Here() - entry.Told, 0);
-        entry.Next = entry.Told + since / kMillisecond * kMillisecond + interval;
+        entry.Next = entry.Told + interval;
         Arm();
     }
     void SetEnabled(Entry& entry, bool enabled) {
@@ -130,9 +130,8 @@ void GridTimers::Grid::Deliver(Entry& entry, Place place) {
     // Before the tick, which may wait for events.
     Arm();
     const PlaceOfTick here(inTick_, place);
-    // A tick beyond the budget is heard as soon as calls can be heard in time.
-    const auto soonest = static_cast<Instant>(std::floor(time_.Now())) - kBudget / kTenths;
-    const CallGroup group(time_, std::max<Instant>(place / kTenths, soonest));
+    const Place now = Now();
+    const CallGroup group(time_, now - place > kBudget ? now / kTenths - kHeldBack : place / kTenths);
     entry.OnTick(static_cast<std::int32_t>(std::min<Place>(milliseconds, std::numeric_limits<std::int32_t>::max())));
 }
 
@@ -141,10 +140,11 @@ void GridTimers::Grid::Arm() {
     for (const auto& entry : entries_)
         if (entry->Enabled && (!next || entry->Next < *next)) next = entry->Next;
     if (next == armed_) return;
+    // What is set for a place that has passed rings at once for all that have.
+    if (next && armed_ && std::max(*next, *armed_) <= Now()) return;
     armed_ = next;
     if (!next) return alarm_.Cancel();
-    const double frames = static_cast<double>(*next) / kTenths - time_.Now();
-    alarm_.Set(std::max<std::int64_t>(std::llround(std::ceil(frames * kNanosecondsAFrame)), 0));
+    alarm_.Set(time_.Until(static_cast<double>(*next) / kTenths));
 }
 
 class GridTimers::Timer final : public PeriodicTimer {

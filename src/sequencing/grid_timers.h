@@ -18,9 +18,10 @@ namespace marvolin {
 /// creation. Beyond it, one tick stands for all that have passed: at the last one's place, with the milliseconds of
 /// all.
 ///
-/// A timer starts at the place of the tick in which it is enabled, else where the clock stands. Changing the interval
-/// of an enabled timer starts its grid anew; the first tick also passes on the milliseconds since the last one. Timers
-/// may be made, changed and dropped within ticks. A tick that waits for events is ticked inside.
+/// A timer starts at the place of the tick in which it is enabled, else where the clock stands. A new interval counts
+/// from the last tick on: the next one comes at its end, or at once if that has passed, so however often the interval
+/// changes the ticks go on. Timers may be made, changed and dropped within ticks. A tick that waits for events is
+/// ticked inside.
 class GridTimers final : public TimerFactory {
 public:
     /// Both must outlive it. `alarm` is used by nothing else.

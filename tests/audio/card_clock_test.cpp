@@ -15,7 +15,8 @@ using test::SimulatedCard;
 
 constexpr double kMillisecond = 44.1;           // frames
 constexpr double kGuard = 0.25 * kMillisecond;  // that the clock is ahead of what it has found out
-constexpr double kSlack = 4;                    // frames
+constexpr double kFirstGuard = 5 * kMillisecond;
+constexpr double kSlack = 4;  // frames
 
 /// What `SimulatedCard::Run` asks: periods late, the same numbers in each run.
 auto UpTo(double periods, unsigned seed = 1) {
@@ -33,54 +34,133 @@ TEST(CardClock, WithoutADeviceItIsTheSteadyClock) {
     EXPECT_DOUBLE_EQ(card.Clock.Now(), 3601 * 44100.0);
 }
 
+// The clock is measured from so many milliseconds after the opening of a device on. It is never behind a callback: a
+// call that is made in time is never late.
+constexpr double kOpening = 500;
+
 TEST(CardClock, AFollowedCardSetsThePaceAndIsNeverAheadOfTheClock) {
     for (const double pace : {1.0, 1.0003, 0.9997, 1.01, 0.99}) {
         SimulatedCard card;
         card.Pace = pace;
         card.Open(128);
-        card.Run(8000);
-        card.Bend = 0.001;
+        card.Run(kOpening);
+        card.StartMeasuring();
+        card.Run(16000);
+        EXPECT_GE(card.Least, 0) << pace;
         card.StartMeasuring();
         card.Run(8000);
-        EXPECT_GT(card.Least, -kSlack) << pace;
-        EXPECT_LT(card.Most, kGuard + kSlack) << pace;
+        EXPECT_GE(card.Least, 0) << pace;
+        EXPECT_LT(card.Most, kGuard + kMillisecond) << pace;
     }
 }
 
 TEST(CardClock, LateCallbacksDoNotDelayTheClock) {
-    SimulatedCard card;
-    card.Open(128);
-    card.Run(8000, UpTo(3));
-    card.Bend = 0.02;
-    card.StartMeasuring();
-    card.Run(60000, UpTo(3));
-    EXPECT_GT(card.Least, -kSlack);
-    EXPECT_LT(card.Most, kGuard + 0.3 * 128);
+    for (unsigned seed = 1; seed <= 10; ++seed) {
+        SimulatedCard card;
+        card.Open(128);
+        const auto late = UpTo(3, seed);
+        card.Run(kOpening, late);
+        card.StartMeasuring();
+        card.Run(8000, late);
+        EXPECT_GE(card.Least, 0) << seed;
+        card.StartMeasuring();
+        card.Run(60000, late);
+        EXPECT_GE(card.Least, 0) << seed;
+        EXPECT_LT(card.Most, kGuard + 2 * 128) << seed;
+    }
 }
 
-TEST(CardClock, BurstsAreFollowedByTheirLastCallback) {
-    // Every fourth period the server asks for four at once: for the last of them three periods before its time.
-    SimulatedCard card;
-    card.Open(128);
-    int count = 0;
-    const auto bursts = [&] { return -static_cast<double>(count++ % 4); };
-    card.Run(5000, bursts);
-    card.StartMeasuring();
-    card.Run(20000, bursts);
-    EXPECT_GT(card.Least, -kSlack);
-    EXPECT_LT(card.Most, 3 * 128 + kGuard + 3 * kSlack);
-}
-
-TEST(CardClock, AnyPeriodIsFollowed) {
-    for (const int period : {32, 256, 1024, 2048, 4096}) {
+TEST(CardClock, BurstsOfAnySizeAreFollowedByTheirLastCallbackAndMoveNoFrame) {
+    struct Bursts {
+        int Count;
+        int Period;
+    };
+    for (const auto [count, period] : {Bursts{4, 128}, {24, 128}, {32, 128}, {48, 128}, {16, 256}, {2, 2048}}) {
         SimulatedCard card;
         card.Open(period);
-        card.Run(8000, UpTo(0.5));
+        const auto bursts = SimulatedCard::Bursts(count);
+        card.Run(kOpening, bursts);
+        const std::int64_t zero = card.Clock.FrameOf(0);
         card.StartMeasuring();
-        card.Run(30000, UpTo(0.5));
-        EXPECT_GT(card.Least, -0.1 * period - kSlack) << period;
-        EXPECT_LT(card.Most, 0.5 * period + kGuard + kSlack) << period;
-        EXPECT_EQ(card.Clock.Lead(), period + 176);
+        card.Run(8000, bursts);
+        EXPECT_GE(card.Least, 0) << count << " x " << period;
+        card.StartMeasuring();
+        card.Run(30000, bursts);
+        EXPECT_GE(card.Least, 0) << count << " x " << period;
+        EXPECT_LT(card.Most, (count - 1) * period + 0.03 * count * period + kGuard + kMillisecond)
+            << count << " x " << period;
+        EXPECT_EQ(card.Clock.FrameOf(0), zero) << count << " x " << period;
+    }
+}
+
+TEST(CardClock, BurstsWithJitterAreFollowedByTheirLastCallback) {
+    for (unsigned seed = 1; seed <= 10; ++seed) {
+        SimulatedCard card;
+        card.Open(128);
+        const auto late = [bursts = SimulatedCard::Bursts(24), jitter = card.Jitter(3, seed)] {
+            return bursts() + jitter();
+        };
+        card.Run(kOpening, late);
+        card.StartMeasuring();
+        card.Run(30000, late);
+        EXPECT_GE(card.Least, 0) << seed;
+    }
+}
+
+TEST(CardClock, ABurstThatComesNowAndThenIsNotForgotten) {
+    // Every twelve seconds the card asks for three periods more at once, then rests until it has played them.
+    SimulatedCard card;
+    card.Open(128);
+    const auto late = [i = 0, jitter = card.Jitter(0.5)]() mutable {
+        const int k = i++ % 4134;
+        return k > 0 && k < 4 ? -static_cast<double>(k) : jitter();
+    };
+    card.Run(14000, late);
+    card.StartMeasuring();
+    card.Run(120'000, late);
+    EXPECT_GE(card.Least, 0);
+    // Once they do not come any more they are forgotten after all.
+    card.Run(100'000);
+    card.StartMeasuring();
+    card.Run(3000);
+    EXPECT_LT(card.Most, kGuard + kMillisecond);
+}
+
+TEST(CardClock, AnAdvanceOfManyPeriodsNowAndThenMovesFramesNoSecondTime) {
+    SimulatedCard card;
+    card.Open(128);
+    std::int64_t zero = 0;
+    for (int i = 0; i < 6; ++i) {
+        card.Run(8000, card.Jitter(0.5));
+        if (i == 3) {
+            zero = card.Clock.FrameOf(0);
+            card.StartMeasuring();
+        }
+        for (int k = 0; k < 24; ++k) card.Ask();
+    }
+    EXPECT_GE(card.Least, 0);
+    EXPECT_EQ(card.Clock.FrameOf(0), zero);
+}
+
+TEST(CardClock, AnyPeriodIsFollowedWhateverTheJitter) {
+    for (const int period : {32, 256, 1024, 2048, 4096}) {
+        for (const double jitter : {0.0, 0.3, 1.0, 3.0, 6.0}) {
+            for (unsigned seed = 1; seed <= 5; ++seed) {
+                SimulatedCard card;
+                card.Open(period);
+                EXPECT_EQ(card.Clock.Lead(), period + 176);
+                const auto late = card.Jitter(jitter, seed);
+                card.Run(kOpening, late);
+                card.StartMeasuring();
+                card.Run(10000, late);
+                EXPECT_GE(card.Least, 0) << period << ", " << jitter << " ms, " << seed;
+                card.StartMeasuring();
+                card.Run(30000, late);
+                EXPECT_GE(card.Least, 0) << period << ", " << jitter << " ms, " << seed;
+                EXPECT_LT(card.Most, kGuard + kSlack + 0.03 * period + jitter * kMillisecond)
+                    << period << ", " << jitter;
+            }
+        }
     }
 }
 
@@ -101,7 +181,7 @@ TEST(CardClock, ACardThatStopsForASecondAndMakesUpForItIsWhereItWas) {
     card.StartMeasuring();
     card.Run(3000, UpTo(0.3));
     EXPECT_EQ(card.Clock.FrameOf(0), zero);
-    EXPECT_GT(card.Least, -kSlack);
+    EXPECT_GE(card.Least, 0);
 }
 
 TEST(CardClock, ACardThatHasLostASecondIsFollowedFromItsNewPlaceWithoutAJump) {
@@ -112,10 +192,10 @@ TEST(CardClock, ACardThatHasLostASecondIsFollowedFromItsNewPlaceWithoutAJump) {
     card.Stand(1000);
     card.Begun += SimulatedCard::kSecond;
     card.Run(1000, UpTo(0.3));
-    EXPECT_NEAR(static_cast<double>(card.Clock.FrameOf(0) - zero), -44100, kMillisecond * 5);
+    EXPECT_NEAR(static_cast<double>(card.Clock.FrameOf(0) - zero), -44100, kMillisecond * 8);
     card.StartMeasuring();
     card.Run(3000, UpTo(0.3));
-    EXPECT_GT(card.Least, -kSlack);
+    EXPECT_GE(card.Least, 0);
     EXPECT_LT(card.Most, kMillisecond * 5);
 }
 
@@ -133,7 +213,7 @@ TEST(CardClock, ACardThatLosesAFewMillisecondsNowAndThenIsFollowedWithoutMovingF
     card.Run(8000, UpTo(0.3));
     card.StartMeasuring();
     card.Run(3000, UpTo(0.3));
-    EXPECT_GT(card.Least, -kSlack);
+    EXPECT_GE(card.Least, 0);
     EXPECT_LT(card.Most, kMillisecond * 5);
 }
 
@@ -162,7 +242,7 @@ TEST(CardClock, ASuspendedMachineMovesTheClockOnAndTheCardFollows) {
     card.Run(1000, UpTo(0.3));
     card.StartMeasuring();
     card.Run(3000, UpTo(0.3));
-    EXPECT_GT(card.Least, -kSlack);
+    EXPECT_GE(card.Least, 0);
     EXPECT_LT(card.Most, kMillisecond * 5);
 }
 
@@ -189,7 +269,7 @@ TEST(CardClock, AServerThatAsksForMoreInAdvanceIsCaughtUpWith) {
     EXPECT_GT(card.Clock.FrameOf(0), zero + 10000);
     card.StartMeasuring();
     card.Run(3000);
-    EXPECT_GT(card.Least, -kSlack);
+    EXPECT_GE(card.Least, 0);
     EXPECT_LT(card.Most, kMillisecond * 5);
 }
 
@@ -207,7 +287,7 @@ TEST(CardClock, DevicesOpenAndCloseWithoutAJump) {
         card.Run(8000, UpTo(1));
         card.StartMeasuring();
         card.Run(3000, UpTo(1));
-        EXPECT_GT(card.Least, -kSlack - 0.1 * period) << period;
+        EXPECT_GE(card.Least, 0) << period;
         card.Look();
         card.Clock.Close();
         card.Look();
@@ -223,69 +303,124 @@ TEST(CardClock, OpeningReturnsTheInstantOfFrameZero) {
     EXPECT_EQ(card.Clock.FrameOf(zero + 7), 7);
 }
 
-TEST(CardClock, ADeviceThatHasGoneDoesNotSetThePaceAnyMore) {
-    SimulatedCard card;
-    card.Open(128);
-    card.Run(3000);
-    card.Clock.Lose();
-    const double then = card.Clock.Now();
-    const std::int64_t at = card.Steady;
-    card.Bend = 0;
-    // SDL goes on asking after pauses of whole milliseconds, a third too fast.
-    for (int i = 0; i < 5000; ++i) {
-        card.Steady += 2'100'000;
-        card.Ask();
-        card.Look();
-        const std::int64_t frame = card.Clock.FrameOf(static_cast<Instant>(card.Clock.Now()));
-        EXPECT_NEAR(static_cast<double>(frame), static_cast<double>(card.Given), 0.2 * 44100) << i;
+TEST(CardClock, ADriverWhoseDeviceHasGoneDoesNotSetThePace) {
+    // SDL goes on asking after pauses of whole milliseconds: up to a third too fast.
+    struct Pauses {
+        int Period;
+        double Milliseconds;
+    };
+    for (const auto [period, milliseconds] : {Pauses{128, 2.1}, {256, 5.1}, {512, 11.1}, {128, 0}, {128, 0.02}}) {
+        SimulatedCard card;
+        card.Open(period);
+        card.Run(3000);
+        const double told = card.Clock.Now();
+        const std::int64_t at = card.Steady;
+        double settled = 0;
+        std::int64_t settledAt = 0;
+        for (std::int64_t i = 0; card.Steady < at + 20 * SimulatedCard::kSecond; ++i) {
+            // A driver that never waits at all takes some time to be rendered.
+            card.Steady +=
+                milliseconds == 0 ? 50'000 : static_cast<std::int64_t>(milliseconds * SimulatedCard::kMillisecond);
+            card.Ask();
+            card.Look();
+            if (card.Steady < at + 2 * SimulatedCard::kSecond) continue;
+            if (settledAt == 0) {
+                settledAt = card.Steady;
+                settled = card.Clock.Now();
+                // By now the clock is ahead by no more than the driver was.
+                EXPECT_NEAR(settled, told + 2 * 44100, 0.7 * 44100) << period;
+            }
+            // What is called now is applied soon, though unheard.
+            const std::int64_t frame = card.Clock.FrameOf(static_cast<Instant>(card.Clock.Now()));
+            ASSERT_NEAR(static_cast<double>(frame), static_cast<double>(card.Given), 0.2 * 44100) << i;
+        }
+        EXPECT_NEAR(card.Clock.Now() - settled, static_cast<double>(card.Steady - settledAt) * 44100 / 1e9, 1)
+            << period;
+        card.Clock.Close();
+        card.Stand(10);
     }
-    EXPECT_NEAR(card.Clock.Now() - then, static_cast<double>(card.Steady - at) * 44100 / 1e9, 1);
-    card.Clock.Close();
-    card.Stand(10);
 }
 
-TEST(CardClock, UntilItsLossIsNoticedADeviceThatHasGoneMakesNoJump) {
+TEST(CardClock, ACardThatKeepsTimeAgainIsFollowedAgain) {
     SimulatedCard card;
     card.Open(128);
     card.Run(3000);
-    card.Pace = 1.4;
-    for (int i = 0; i < 1000; ++i) {
+    for (int i = 0; i < 2000; ++i) {
         card.Steady += 2'100'000;
         card.Ask();
         card.Look();
     }
-    card.Clock.Lose();
-    card.Look();
-    card.Stand(10);
+    card.Begun = card.Steady - SimulatedCard::kSecond * card.Given / 44100;
+    card.Run(2000, UpTo(0.3));
+    const std::int64_t zero = card.Clock.FrameOf(0);
+    card.StartMeasuring();
+    card.Run(8000, UpTo(0.3));
+    EXPECT_GE(card.Least, 0);
+    EXPECT_EQ(card.Clock.FrameOf(0), zero);
+}
+
+TEST(CardClock, ItKnowsHowLongItTakesToAPlaceRatherTooShortThanTooLong) {
+    for (const double pace : {1.0, 1.01, 0.99}) {
+        for (const int settling : {100, 600, 8000}) {
+            SimulatedCard card;
+            EXPECT_EQ(card.Clock.Until(44.1), 1'000'000);
+            EXPECT_EQ(card.Clock.Until(0), 0);
+            card.Pace = pace;
+            card.Open(2048);
+            card.Run(settling, card.Jitter(3));
+            for (const double milliseconds : {0.1, 1.0, 10.0, 40.0}) {
+                const double place = card.Clock.Now() + milliseconds * kMillisecond;
+                const std::int64_t at = card.Steady;
+                const std::int64_t until = card.Clock.Until(place);
+                card.Steady += until;
+                EXPECT_LT(card.Clock.Now(), place + 0.01) << pace << ", " << settling << ", " << milliseconds;
+                card.Steady = at;
+                EXPECT_GT(static_cast<double>(until), milliseconds * SimulatedCard::kMillisecond / 1.55);
+            }
+        }
+    }
+    SimulatedCard card;
+    card.Pace = 1.01;
+    card.Open(2048);
+    card.Run(60000, card.Jitter(0.1));
+    EXPECT_NEAR(static_cast<double>(card.Clock.Until(card.Clock.Now() + 441)), 1e7 / 1.01, 10'000);
 }
 
 TEST(CardClock, EveryThreadOfTheTwoRunsAtFullSpeed) {
+    constexpr std::int64_t kEnd = 200'000 * 128;
     std::atomic<std::int64_t> steady{1};
+    std::atomic<std::int64_t> given{0};
     CardClock clock([&] { return steady.load(std::memory_order_relaxed); });
     clock.Open(128);
     std::atomic<bool> ended{false};
     std::thread card([&] {
-        for (std::int64_t given = 0; given < 200'000 * 128; given += 128) {
-            const std::int64_t now = given * 1'000'000'000 / 44100;
-            steady.store(now, std::memory_order_relaxed);
-            clock.Called_rt(now, given);
+        for (std::int64_t frames = 0; frames < kEnd; frames += 128) {
+            const std::int64_t now = frames * 1'000'000'000 / 44100;
+            given.store(frames);
+            steady.store(now);
+            clock.Called_rt(now, frames);
         }
         ended = true;
     });
     double before = 0;
     bool monotone = true;
-    bool onTheLine = true;
+    double behind = 0;
+    double ahead = 0;
     while (!ended) {
+        const auto least = static_cast<double>(given.load());
         const double now = clock.Now();
+        const auto frame = static_cast<double>(clock.FrameOf(static_cast<Instant>(now)));
+        const auto most = static_cast<double>(given.load());
         monotone = monotone && now >= before;
         before = now;
-        // A torn line would be far off: what it says of 'At' is what was given before.
-        const auto frame = clock.FrameOf(static_cast<Instant>(now));
-        onTheLine = onTheLine && frame > -44100 && frame <= 200'000 * 128 + 44100;
+        behind = std::max(behind, least - frame);
+        ahead = std::max(ahead, frame - most);
     }
     card.join();
     EXPECT_TRUE(monotone);
-    EXPECT_TRUE(onTheLine);
+    // What the line says is true of what was given between two looks, to some periods.
+    EXPECT_LE(behind, 3 * 128);
+    EXPECT_LE(ahead, 3 * 128 + 5 * kMillisecond);
     clock.Close();
 }
 
@@ -304,7 +439,8 @@ TEST(CardLine, ALineThatIsReadIsWhole) {
         if (!line || line->Pace == 0) continue;
         ++read;
         const auto before = static_cast<double>(line->Given - 128);
-        const bool isWhole = std::abs(line->Frames - kGuard - before) < 2 &&
+        const double ahead = line->Frames - before;
+        const bool isWhole = ahead > kGuard - 2 && ahead < kFirstGuard + kGuard + 0.1 * 128 + 2 &&
                              std::abs(static_cast<double>(line->At) * 44100 / 1e9 - before) < 2;
         if (!isWhole) ++torn;
     }

@@ -1,5 +1,6 @@
 #include "allocation_counter.h"
 
+#include <atomic>
 #include <cstdlib>
 #include <new>
 
@@ -7,7 +8,8 @@
 
 namespace {
 
-long allocations = 0;
+// The toolkit has threads of its own.
+std::atomic<long> allocations = 0;
 
 }  // namespace
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -19,7 +21,11 @@ class HandTime final : public CardTime {
 public:
     double Place = 0;
     std::vector<std::optional<Instant>> Groups;
+    double Pace = 1;  ///< of the clock, 1 is a frame of 44100 a second
     double Now() override { return Place; }
+    std::int64_t Until(double place) override {
+        return std::max<std::int64_t>(std::llround((place - Place) / (44.1e-6 * Pace)), 0);
+    }
     void Begin(std::optional<Instant> at) override { Groups.push_back(at); }
     void End() override { Groups.pop_back(); }
 };
@@ -30,11 +36,13 @@ public:
     explicit HandAlarm(const HandTime& time) : time_(time) {}
     std::optional<std::int64_t> SetFor;  ///< ns
     double Due = 0;                      ///< place on the clock
+    int Sets = 0;                        ///< how often it was set
     std::function<void()> OnRing;
     void SetOnRing(std::function<void()> onRing) override { OnRing = std::move(onRing); }
     void Set(std::int64_t nanoseconds) override {
         SetFor = nanoseconds;
-        Due = time_.Place + static_cast<double>(nanoseconds) * 44.1e-6;
+        ++Sets;
+        Due = time_.Place + static_cast<double>(nanoseconds) * 44.1e-6 * time_.Pace;
     }
     void Cancel() override { SetFor.reset(); }
     void Ring() {

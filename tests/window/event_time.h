@@ -2,7 +2,10 @@
 /// \file
 /// A card's clock for tests of the window, and the timing service on it.
 
+#include <algorithm>
 #include <chrono>
+#include <cmath>
+#include <cstdint>
 #include <optional>
 
 #include "core/card_time.h"
@@ -18,6 +21,9 @@ public:
     int Open = 0;
     double Now() override {
         return std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count() * kFramesASecond;
+    }
+    std::int64_t Until(double place) override {
+        return std::max<std::int64_t>(std::llround(std::ceil((place - Now()) * 1e9 / kFramesASecond)), 0);
     }
     void Begin(std::optional<Instant>) override {
         ++Begun;

@@ -4,9 +4,13 @@
 #include <QElapsedTimer>
 #include <QTest>
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
+#include <limits>
 #include <string>
+#include <vector>
 
+#include "sequencing/allocation_counter.h"
 #include "sequencing/loop_clock.h"
 #include "window/event_time.h"
 #include "window/stage.h"
@@ -53,6 +57,55 @@ TEST(TimersOfTheEventLoop, DoNotTickBeforeTheyAreEnabledOrAfterTheyAreDisabled) 
     others = 0;
     ASSERT_TRUE(QTest::qWaitFor([&] { return others >= 5; }, 5000));
     EXPECT_EQ(ticks, then);
+}
+
+TEST(TimersOfTheEventLoop, RingsAfterPartsOfAMillisecond) {
+    // An alarm to the millisecond would ring every two.
+    using Clock = std::chrono::steady_clock;
+    constexpr int kRings = 200;
+    QtAlarm alarm;
+    int rings = 0;
+    bool early = false;
+    Clock::time_point set;
+    const auto setAlarm = [&] {
+        set = Clock::now();
+        alarm.Set(1'050'000);
+    };
+    alarm.SetOnRing([&] {
+        early = early || Clock::now() - set < std::chrono::nanoseconds(1'050'000);
+        if (++rings < kRings) setAlarm();
+    });
+    std::vector<double> turns;
+    for (int attempt = 0; attempt < 5; ++attempt) {
+        rings = 0;
+        const auto begin = Clock::now();
+        setAlarm();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return rings == kRings; }, 20'000));
+        turns.push_back(std::chrono::duration<double, std::milli>(Clock::now() - begin).count() / kRings);
+    }
+    EXPECT_FALSE(early);
+    EXPECT_LT(*std::ranges::min_element(turns), 1.6);
+}
+
+TEST(TimersOfTheEventLoop, TheTicksAllocateNothing) {
+    LoopTimers timers;
+    int ticks = 0;
+    auto timer = timers.Create([&](std::int32_t) { ++ticks; });
+    timer->SetInterval(1);
+    timer->SetEnabled(true);
+    const auto tick = [&](int count) {
+        const int end = ticks + count;
+        while (ticks < end) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    };
+    tick(20);
+    // What else the event loop delivers may allocate, now and then.
+    long least = std::numeric_limits<long>::max();
+    for (int attempt = 0; attempt < 10; ++attempt) {
+        const long before = test::Allocations();
+        tick(20);
+        least = std::min(least, test::Allocations() - before);
+    }
+    EXPECT_EQ(least, 0);
 }
 
 TEST(TimersOfTheEventLoop, ATimerMayBeDroppedByItsOwnTick) {

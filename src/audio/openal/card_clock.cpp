@@ -17,12 +17,16 @@ constexpr double kMostBend = 0.5;
 constexpr double kBendTime = 0.25 * kFramesASecond;
 // So far away there is nothing left to keep together.
 constexpr double kLost = 0.25 * kFramesASecond;
+constexpr double kFirstLost = 0.005 * kFramesASecond;
+constexpr std::int64_t kFirstTime = 500'000'000;  // ns
 
 // How far ahead of a card that stands still a call may be placed.
 constexpr std::int64_t kFurthest = kFramesASecond / 4;
 
 // Groups that nest deeper than this allocate.
 constexpr std::size_t kDeepest = 16;
+
+double BendOf(double ahead) { return std::clamp(std::abs(ahead) / kBendTime, kLeastBend, kMostBend); }
 
 }  // namespace
 
@@ -41,20 +45,37 @@ CardClock::CardClock(Steady steady) : steady_(std::move(steady)) {
 double CardClock::Now() {
     const std::int64_t before = read_;
     read_ = std::max(steady_(), before);
-    if (following_ != Following::Nothing)
+    if (isOpen_)
         if (const auto line = filter_.Read()) line_ = *line;
     const auto passed = static_cast<double>(read_ - before);
-    const double card = static_cast<double>(origin_) + line_.FramesAt(read_);
-    if (line_.Pace == 0 || following_ == Following::Lost || std::abs(card - now_ - passed * kPace) > kLost) {
+    if (!FollowsCard() || IsLost(Ahead() - passed * kPace)) {
         now_ += passed * kPace;
         if (line_.Pace != 0) origin_ = std::llround(now_ - line_.FramesAt(read_));
     } else {
         const double step = passed * line_.Pace;
-        const double ahead = card - now_ - step;
-        const double bend = step * std::clamp(std::abs(ahead) / kBendTime, kLeastBend, kMostBend);
+        const double ahead = Ahead() - step;
+        const double bend = step * BendOf(ahead);
         now_ += step + std::clamp(ahead, -bend, bend);
     }
     return now_;
+}
+
+// Right after the opening nothing is heard yet: a device that fills a long buffer first is caught up with at once.
+bool CardClock::IsLost(double ahead) {
+    if (!begin_) begin_ = read_;
+    return std::abs(ahead) > kLost || (ahead > kFirstLost && read_ - *begin_ < kFirstTime);
+}
+
+std::int64_t CardClock::Until(double place) {
+    const double frames = place - Now();
+    if (frames <= 0) return 0;
+    if (!FollowsCard()) return std::llround(std::ceil(frames / kPace));
+    const double ahead = Ahead();
+    // Until they agree, the clock bends less and less when it is far behind, so this is the time at the earliest.
+    const double bend = ahead > 0 ? BendOf(ahead) : -kLeastBend;
+    const double bent = (1 + bend) * ahead / bend;
+    const double sooner = frames < bent ? frames / (1 + bend) : frames - ahead;
+    return std::llround(std::ceil(sooner / line_.Pace));
 }
 
 void CardClock::Begin(std::optional<Instant> at) {
@@ -72,20 +93,17 @@ void CardClock::End() {
 Instant CardClock::Open(int period) {
     filter_.Start(period);
     period_ = period;
-    following_ = Following::Card;
+    isOpen_ = true;
     line_ = {};
+    begin_.reset();
     origin_ = static_cast<Instant>(std::floor(Now()));
     return origin_;
-}
-
-void CardClock::Lose() {
-    if (following_ == Following::Card) following_ = Following::Lost;
 }
 
 void CardClock::Close() {
     Now();
     period_ = 0;
-    following_ = Following::Nothing;
+    isOpen_ = false;
     line_ = {};
 }
 

@@ -21,8 +21,9 @@ struct CallTime {
 /// A straight line from the system's steady clock to the frames of the card, and the open groups. It outlives the
 /// devices: one that opens goes on where the clock stands. One device is open at a time.
 ///
-/// The clock follows the card by running a little faster or slower, never by a jump. When the card itself loses its
-/// place, because it stopped for a while or the machine was suspended, the clock goes on and `FrameOf` changes instead.
+/// The clock follows the card by running a little faster or slower, never by a jump. When it is a quarter of a second
+/// off, because the card stopped for long or the machine was suspended, the clock goes on and `FrameOf` changes
+/// instead. So it does when a device has been pulled out and its driver asks at a pace of its own.
 class CardClock final : public CardTime {
 public:
     /// Nanoseconds of a clock that never goes back.
@@ -31,14 +32,13 @@ public:
     explicit CardClock(Steady steady = {});
 
     double Now() override;
+    std::int64_t Until(double place) override;
     void Begin(std::optional<Instant> at) override;
     void End() override;
 
     /// A device that renders `period` frames at a time opens. Returns the instant of its frame 0, which stays unless
     /// the first callback is long in coming or the card loses its place; `FrameOf` always knows it.
     Instant Open(int period);
-    /// The open device has gone: from now on the steady clock alone is followed, though callbacks may go on.
-    void Lose();
     /// The device closes; the clock goes on by the steady clock. Its callback has ended before.
     void Close();
     /// Called by the callback of the open device, before it renders: the card asks at `nanoseconds` of the steady clock
@@ -62,22 +62,28 @@ public:
     void SetFlush(std::function<void()> flush) { flush_ = std::move(flush); }
 
 private:
-    enum class Following : std::uint8_t { Nothing, Card, Lost };
     struct Group {
         std::optional<Instant> At;
         bool IsTick = false;
     };
+
+    // True when the card's line is too far ahead of the clock, in frames, or behind it, to be followed.
+    bool IsLost(double ahead);
+    bool FollowsCard() const { return line_.Pace != 0 && line_.KeepsTime; }
+    // How far the card's line is ahead of what was last returned, in frames.
+    double Ahead() const { return static_cast<double>(origin_) + line_.FramesAt(read_) - now_; }
 
     Steady steady_;
     std::vector<Group> groups_;
     std::function<void()> flush_;
 
     int period_ = 0;
-    Following following_ = Following::Nothing;
-    std::int64_t read_ = 0;  // when the steady clock was last read
-    double now_ = 0;         // what was last returned
-    Instant origin_ = 0;     // instant of the device's frame 0
-    CardLine line_;          // the newest that was read
+    bool isOpen_ = false;
+    std::int64_t read_ = 0;              // when the steady clock was last read
+    std::optional<std::int64_t> begin_;  // when the first callback was noticed
+    double now_ = 0;                     // what was last returned
+    Instant origin_ = 0;                 // instant of the device's frame 0
+    CardLine line_;                      // the newest that was read
     CardLineFilter filter_;
 };
 

@@ -51,12 +51,7 @@ public:
     explicit MeteredRoot(std::shared_ptr<CardClock> clock) : clock_(std::move(clock)) {}
 
     double Load() const { return IsOpen() ? meter_->Percent() : 0; }
-    bool Gone() const {
-        const bool gone = IsOpen() && device_->Gone();
-        // SDL goes on asking, at a speed of its own.
-        if (gone && clock_) clock_->Lose();
-        return gone;
-    }
+    bool Gone() const { return IsOpen() && device_->Gone(); }
     int Period() const { return IsOpen() ? period_ : 0; }
     double Delay() const { return IsOpen() && clock_ ? 1000.0 * (clock_->Lead() + period_) / kFramesASecond : 0; }
     CallCounts Counts() const { return IsOpen() ? device_->Counts() : CallCounts{}; }
