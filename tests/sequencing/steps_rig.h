@@ -30,10 +30,12 @@ namespace marvolin::test {
 /// What time and chance do in a run. Nanoseconds.
 struct Weather {
     static constexpr std::int64_t kMillisecond = 1'000'000;
-    /// How late the next callback comes.
+    /// How late the next callback comes; negative for one that comes early, though not before the previous one.
     std::function<std::int64_t()> Card = [] { return 0; };
     /// How late the event loop comes round.
     std::function<std::int64_t()> Loop = [] { return 0; };
+    /// How long the thread is held up before the work of a tick.
+    std::function<std::int64_t()> Tick = [] { return 0; };
 };
 
 /// An alarm on a steady clock that a test moves.
@@ -54,13 +56,14 @@ private:
 using Clicks = std::array<std::vector<std::int64_t>, kLoopTracks>;
 
 struct SteppedInstrument : FakeServices {
-    static constexpr int kPeriod = 128;
     /// Rows A and B click on the left, C and D on the right; any two of a side can be told apart in their sum.
     static constexpr std::array<std::int16_t, kLoopTracks> kLevels{4000, 12000, 4000, 12000};
 
+    const int Period;
+    const double Pace;  ///< of the card, 1 is 44100 frames a second
     std::int64_t Steady = 1'000'000'000;
     std::shared_ptr<CardClock> Clock = std::make_shared<CardClock>([this] { return Steady; });
-    LoopbackRenderer Renderer{Clock, kPeriod};
+    LoopbackRenderer Renderer{Clock, Period};
     SteadyAlarm Bell{Steady};
     GridTimers Grid{*Clock, Bell};
     SampleFolder Folder;
@@ -71,7 +74,7 @@ struct SteppedInstrument : FakeServices {
     std::vector<std::int32_t> Levels;  ///< of the clicks of row A
     std::int64_t Rendered = 0;
 
-    SteppedInstrument() {
+    explicit SteppedInstrument(int period = 128, double pace = 1) : Period(period), Pace(pace) {
         Desk.TempFile = Folder.Path("VBN1.tmp");
         s.World.CreateDirectX7 = [this] { return Renderer.Root(); };
         s.DX = s.World.CreateDirectX7();
@@ -80,7 +83,10 @@ struct SteppedInstrument : FakeServices {
         s.GangReady = true;
         InitDirectSound(s);
         begin_ = Steady;
-        s.LoopTimer = Grid.Create([this](std::int32_t milliseconds) { LoopTimer_Timer(s, milliseconds); });
+        s.LoopTimer = Grid.Create([this](std::int32_t milliseconds) {
+            Steady += Outside.Tick();
+            LoopTimer_Timer(s, milliseconds);
+        });
         s.LoopTimer->SetInterval(10);
         s.LoopTimer->SetEnabled(true);
     }
@@ -126,11 +132,13 @@ struct SteppedInstrument : FakeServices {
     CallCounts Counts() const { return OpenAlCallCounts(*s.DX); }
 
 private:
-    std::int64_t TimeOf(std::int64_t frame) const { return begin_ + frame * 10'000'000 / 441; }
+    std::int64_t TimeOf(std::int64_t frame) const {
+        return begin_ + std::llround(static_cast<double>(frame) * 1e9 / (kFramesASecond * Pace));
+    }
     void Ask() {
-        std::array<std::int16_t, 2 * kPeriod> out;
-        Renderer.Render(out.data(), kPeriod);
-        for (int i = 0; i < kPeriod; ++i, ++Rendered) {
+        std::vector<std::int16_t> out(2 * static_cast<std::size_t>(Period));
+        Renderer.Render(out.data(), Period);
+        for (int i = 0; i < Period; ++i, ++Rendered) {
             Note(0, out[static_cast<std::size_t>(2 * i)]);
             Note(2, out[static_cast<std::size_t>(2 * i + 1)]);
         }

@@ -5,6 +5,7 @@
 #include <memory>
 #include <random>
 #include <set>
+#include <string>
 #include <vector>
 
 #include "core/loops/loop_track.h"
@@ -60,6 +61,45 @@ TEST(Steps, EveryDistanceIsExactThoughTheCallbacksComeInBurstsAndTheEventLoopIsL
         EXPECT_EQ(DistancesOf(i->Heard[row]), std::set<std::int64_t>{kDurations[row] * kTick}) << row;
     }
     EXPECT_EQ(i->Counts().Late, 0U) << i->Counts().LongestLate;
+}
+
+/// In each of them a Drum LoopTrack is stepped for a minute; its distances and the counts of the adapter are looked at.
+void ExpectExactSteps(SteppedInstrument& i, const std::string& weather) {
+    i.Run(2);
+    i.Load(0, kDrum, 5, 400);
+    PlayAll(i.s);
+    i.Run(60);
+    EXPECT_GE(i.Heard[0].size(), 1150U) << weather;
+    EXPECT_EQ(DistancesOf(i.Heard[0]), std::set<std::int64_t>{5 * kTick}) << weather;
+    EXPECT_EQ(i.Counts().Late, 0U) << weather << i.Counts().LongestLate;
+}
+
+TEST(Steps, EveryDistanceIsExactThoughTheCardAsksForManyPeriodsAtOnce) {
+    for (const int count : {4, 24, 32, 48}) {
+        SteppedInstrument i;
+        const auto early = [count, k = 0]() mutable {
+            return -static_cast<std::int64_t>(k++ % count) * 128 * 10'000'000 / 441;
+        };
+        i.Outside = {early, UpTo(kWithinTheBudget, 5)};
+        ExpectExactSteps(i, std::to_string(count) + " at once");
+    }
+}
+
+TEST(Steps, EveryDistanceIsExactAtALongPeriodAndAtAPaceThatIsOff) {
+    for (const int period : {128, 2048}) {
+        for (const double pace : {1.0, 1.01, 0.99}) {
+            SteppedInstrument i(period, pace);
+            i.Outside = {UpTo(3 * Weather::kMillisecond, 6), UpTo(kWithinTheBudget, 7)};
+            ExpectExactSteps(i, std::to_string(period) + " at " + std::to_string(pace));
+        }
+    }
+}
+
+TEST(Steps, EveryDistanceIsExactThoughTimePassesWithinATick) {
+    SteppedInstrument i;
+    // Together with the lateness of the event loop it is within the budget.
+    i.Outside = {UpTo(kThreePeriods, 8), UpTo(2 * Weather::kMillisecond, 9), UpTo(1.9 * Weather::kMillisecond, 10)};
+    ExpectExactSteps(i, "slow ticks");
 }
 
 TEST(Steps, ATickOfOneMillisecondKeepsTheStepsAsExact) {
