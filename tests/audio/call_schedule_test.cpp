@@ -129,7 +129,8 @@ TEST(CallSchedule, TheRingLosesNothingBetweenTwoThreadsAtFullSpeed) {
 TEST(CallSchedule, WhatFindsTheRingFullFollowsInOrder) {
     CallRing ring(8);
     CallSender sender(ring);
-    for (int i = 0; i < 30; ++i) sender.Write(Change(0, i));
+    std::int64_t last = 0;
+    for (int i = 0; i < 30; ++i) sender.Post(Change(0, i), Pace::Soon, last);
     EXPECT_EQ(sender.Overflowed(), 22U);
     Call call;
     for (int expected = 0; expected < 30; ++expected) {
@@ -146,14 +147,15 @@ TEST(CallSchedule, WhatFindsTheRingFullFollowsInOrder) {
 TEST(CallSchedule, AHeldGroupIsShownWhenItEndsOrFillsHalfOfTheRing) {
     CallRing ring(8);
     CallSender sender(ring);
+    std::int64_t last = 0;
     Call call;
     sender.Hold();
-    for (int i = 0; i < 3; ++i) sender.Write(Change(0, i));
+    for (int i = 0; i < 3; ++i) sender.Post(Change(0, i), Pace::Soon, last);
     EXPECT_FALSE(ring.Read_rt(call));
     sender.LetGo();
     for (int i = 0; i < 3; ++i) EXPECT_TRUE(ring.Read_rt(call));
     sender.Hold();
-    for (int i = 0; i < 4; ++i) sender.Write(Change(0, i));
+    for (int i = 0; i < 4; ++i) sender.Post(Change(0, i), Pace::Soon, last);
     EXPECT_TRUE(ring.Read_rt(call));
     sender.LetGo();
 }

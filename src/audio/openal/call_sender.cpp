@@ -1,44 +1,102 @@
 #include "audio/openal/call_sender.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace marvolin {
 
+namespace {
+
+constexpr Instant kBudget = Instant{kLatenessBudget} * kFramesASecond / 1000;
+
+}  // namespace
+
+CallSender::CallSender(CallRing& ring) : ring_(ring) { held_.reserve(ring.Room()); }
+
 void CallSender::SetClock(std::shared_ptr<CardClock> clock) {
     Flush();
     clock_ = std::move(clock);
+    if (clock_) clock_->Renew();
 }
 
-void CallSender::Stamp(Call& call, Pace pace, std::int64_t& last) const {
-    std::int64_t frame = 0;
-    call.Soon = true;
-    if (clock_) {
-        const CallTime time = clock_->TimeOfCall();
-        if (time.InTick || pace == Pace::OnFrame) {
-            frame = clock_->FrameOf(time.At + clock_->Lead());
-            call.Soon = false;
-        }
+void CallSender::Post(const Call& call, Pace pace, std::int64_t& last) {
+    if (held_.empty()) time_ = clock_ ? clock_->TimeOfCall() : CallTime{};
+    held_.push_back({call, pace, last, &last});
+    // A group that fills half of the ring is not held back any longer: it would fill the ring before its end.
+    if (!Holding() || held_.size() >= ring_.Room() / 2) Release();
+}
+
+void CallSender::Forget(const std::int64_t& last) {
+    for (HeldCall& held : held_)
+        if (held.Last == &last) held.Last = nullptr;
+}
+
+bool CallSender::OnFrame() const {
+    const auto isOnFrame = [](const HeldCall& held) { return held.When == Pace::OnFrame; };
+    return clock_ && (time_.InTick || std::any_of(held_.begin(), held_.end(), isOnFrame));
+}
+
+std::int64_t CallSender::FrameOfGroup() {
+    Instant at = time_.At;
+    if (!time_.InTick) {
+        const auto now = static_cast<Instant>(std::floor(clock_->Now()));
+        if (now - at > kBudget) at = now;
     }
-    call.Frame = last = std::max(frame, last);
+    at += clock_->Lead();
+    // The card has lost its place and an instant has a lower frame now. Voices that have been called and voices that
+    // have not would come apart.
+    if (clock_->FrameOf(highestAt_) < highest_) lowest_ = highest_;
+    const std::int64_t frame = std::max(clock_->FrameOf(at), lowest_);
+    if (frame > highest_) {
+        highest_ = frame;
+        highestAt_ = at;
+    }
+    return frame;
+}
+
+void CallSender::Release() {
+    if (held_.empty()) return;
+    const bool onFrame = OnFrame();
+    std::int64_t frame = onFrame ? FrameOfGroup() : 0;
+    if (!time_.InTick || together_)
+        for (const HeldCall& held : held_) frame = std::max(frame, held.After);
+    for (HeldCall& held : held_) {
+        held.What.Frame = std::max(frame, held.After);
+        held.What.Soon = !onFrame;
+        if (held.Last != nullptr) *held.Last = held.What.Frame;
+        Write(held.What);
+    }
+    held_.clear();
+    together_ = holds_ > 0;
+    ring_.Publish();
 }
 
 void CallSender::Write(const Call& call) {
-    if (!overflow_.empty() || !ring_.Write(call)) {
-        overflow_.push_back(call);
-        ++overflowed_;
-    }
-    // A group that fills half of the ring is not held back any longer: it would fill the ring before its end.
-    if (!Holding() || ring_.Held() >= ring_.Room() / 2) ring_.Publish();
+    if (overflow_.empty() && ring_.Write(call)) return;
+    overflow_.push_back(call);
+    ++overflowed_;
+}
+
+void CallSender::Hold() {
+    ++holds_;
+    together_ = true;
 }
 
 void CallSender::LetGo() {
-    if (--holds_ == 0 && !Holding()) ring_.Publish();
+    if (--holds_ > 0) return;
+    if (held_.empty()) together_ = false;
+    if (!Holding()) Release();
 }
 
 void CallSender::Flush() {
+    Release();
     CatchUp();
-    ring_.Publish();
+}
+
+void CallSender::Renew() {
+    Flush();
+    if (clock_) clock_->Renew();
 }
 
 void CallSender::CatchUp() {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <deque>
 #include <memory>
+#include <vector>
 
 #include "audio/openal/call_ring.h"
 #include "audio/openal/card_clock.h"
@@ -17,24 +18,40 @@ enum class Pace : std::uint8_t {
     Soon,     ///< the same in a tick; by hand as soon as can be
 };
 
-/// Stamps calls and writes them into the ring. While a group of the clock is open they are held back, so that they are
-/// heard together. A full ring makes nobody wait: what finds no room follows later, in order.
+/// Gives calls their frames and writes them into the ring. The calls of a group of the clock are held back until it
+/// ends and are heard together:
+///
+/// - those of a tick at its instant and the lead;
+/// - those of a gesture that contains a call `OnFrame` at its instant and the lead, the others too; when the gesture
+/// has
+///   lasted longer than the budget for lateness, at its end and the lead;
+/// - those of another gesture as soon as can be.
+///
+/// No call precedes an earlier one to the same voice. A voice that has to wait for its own earlier calls keeps the
+/// whole gesture waiting, but not a tick: the steps of other voices stay on their grid.
+///
+/// A full ring makes nobody wait: what finds no room follows later, in order.
 class CallSender {
 public:
-    explicit CallSender(CallRing& ring) : ring_(ring) {}
+    explicit CallSender(CallRing& ring);
 
     /// From now on calls follow `clock`. Null: every call is to be heard as soon as can be.
     void SetClock(std::shared_ptr<CardClock> clock);
 
-    /// Sets `Frame` and `Soon` of a call. `last` is the frame of the last call to the same voice, which no later call
-    /// may precede; it is brought up to date.
-    void Stamp(Call& call, Pace pace, std::int64_t& last) const;
-    void Write(const Call& call);
-    /// Holds calls back until as many `LetGo`.
-    void Hold() { ++holds_; }
+    /// Takes a call, whose `Frame` and `Soon` it sets. `last` is the frame of the last call to the same voice. It is
+    /// brought up to date when the group ends, so it must live until then or be forgotten.
+    void Post(const Call& call, Pace pace, std::int64_t& last);
+    /// `last` ends; the calls posted with it are still heard.
+    void Forget(const std::int64_t& last);
+    /// Holds calls back, as in a group, until as many `LetGo`. They are heard at one frame, in a tick too.
+    void Hold();
     void LetGo();
-    /// Shows the other thread everything written so far, as far as there is room.
+    bool Holds() const { return holds_ > 0; }
+    /// Shows the other thread everything posted so far, as far as there is room.
     void Flush();
+    /// Something that takes long begins: what was called before it is heard meanwhile, and the rest of the gesture has
+    /// an instant of its own.
+    void Renew();
     /// True when the next call finds no room.
     bool Full() const { return !overflow_.empty() || ring_.Full(); }
     /// Writes what found no room, if there is room now.
@@ -43,11 +60,29 @@ public:
     std::uint64_t Overflowed() const { return overflowed_; }
 
 private:
+    struct HeldCall {
+        Call What;
+        Pace When = Pace::Soon;
+        std::int64_t After = 0;        ///< the frame of the last call to the voice
+        std::int64_t* Last = nullptr;  ///< null when it is forgotten
+    };
+
     bool Holding() const { return holds_ > 0 || (clock_ && clock_->InGroup()); }
+    bool OnFrame() const;
+    /// The frame at which a group is heard whose calls are on a frame.
+    std::int64_t FrameOfGroup();
+    void Release();
+    void Write(const Call& call);
 
     CallRing& ring_;
-    int holds_ = 0;
     std::shared_ptr<CardClock> clock_;
+    int holds_ = 0;
+    std::vector<HeldCall> held_;
+    CallTime time_;             ///< of what is held
+    bool together_ = false;     ///< something held is to be heard at one frame even in a tick
+    std::int64_t highest_ = 0;  ///< the highest frame given to a group
+    Instant highestAt_ = 0;     ///< the instant, with the lead, to which it belonged
+    std::int64_t lowest_ = 0;   ///< no group gets a lower frame
     std::deque<Call> overflow_;
     std::uint64_t overflowed_ = 0;
 };

@@ -121,4 +121,8 @@ CallTime CardClock::TimeOfCall() {
     return {*group.At, group.IsTick};
 }
 
+void CardClock::Renew() {
+    if (!groups_.empty() && !groups_.back().IsTick) groups_.back().At.reset();
+}
+
 }  // namespace marvolin

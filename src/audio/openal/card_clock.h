@@ -55,6 +55,9 @@ public:
 
     /// The time of a call that is made now.
     CallTime TimeOfCall();
+    /// The next call of an open gesture is the first of its rest and gives it an instant: what came in between took
+    /// long. A tick keeps its instant.
+    void Renew();
     /// True while a group is open: calls may be held back until it ends.
     bool InGroup() const { return !groups_.empty(); }
     /// `flush` is called when a group ends or an inner one begins: the calls made so far are complete. One at a time;

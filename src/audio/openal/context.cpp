@@ -91,7 +91,10 @@ void OpenAlContext::JoinClock(std::shared_ptr<CardClock> clock, int period) {
     clock_ = std::move(clock);
     clock_->Open(period);
     sender_.SetClock(clock_);
-    clock_->SetFlush([this] { sender_.Flush(); });
+    clock_->SetFlush([this] {
+        sender_.Flush();
+        CatchUp();
+    });
     const std::lock_guard<std::mutex> guard(clocking_);
     toldClock_ = clock_.get();
 }
@@ -140,12 +143,24 @@ void OpenAlContext::Render_rt(std::int16_t* out, int frames) noexcept {
                    static_cast<double>(frames) / kOutputRate);
 }
 
-void OpenAlContext::Post(Call call, Pace pace, std::int64_t& last) {
+void OpenAlContext::Post(const Call& call, Pace pace, std::int64_t& last) {
     AssertOwner();
     CatchUp();
-    sender_.Stamp(call, pace, last);
     if (sender_.Full()) ApplyByHand();
-    sender_.Write(call);
+    sender_.Post(call, pace, last);
+}
+
+void OpenAlContext::Renew() {
+    AssertOwner();
+    sender_.Renew();
+    ApplyByHand();
+    CatchUp();
+}
+
+void OpenAlContext::LetGo() {
+    sender_.LetGo();
+    if (!retired_.empty()) ApplyByHand();
+    CatchUp();
 }
 
 void OpenAlContext::RenderByHand() {
@@ -156,7 +171,7 @@ void OpenAlContext::RenderByHand() {
 }
 
 void OpenAlContext::ApplyByHand() {
-    if (!byHand_) return;
+    if (!byHand_ || sender_.Holds()) return;
     const std::unique_lock<std::mutex> applying(applying_, std::try_to_lock);
     if (!applying.owns_lock()) return;
     const OpenAlSetting setting(*this);

@@ -54,10 +54,14 @@ public:
     /// well, so that what has been released is freed even when nothing is rendered.
     void RenderByHand();
 
-    /// Posts a call; see `CallSender::Stamp`.
-    void Post(Call call, Pace pace, std::int64_t& last);
+    /// Posts a call; see `CallSender::Post`.
+    void Post(const Call& call, Pace pace, std::int64_t& last);
+    /// See `CallSender::Forget`.
+    void Forget(const std::int64_t& last) { sender_.Forget(last); }
+    /// Something that takes long begins: what was posted before is heard meanwhile.
+    void Renew();
     /// Posts a call to the listener or about the roll-off.
-    void PostToListener(Call call) { Post(call, Pace::Soon, listenerLast_); }
+    void PostToListener(const Call& call) { Post(call, Pace::Soon, listenerLast_); }
     /// What the thread that renders uses.
     class Thing {
     public:
@@ -69,16 +73,16 @@ public:
     void Retire(std::unique_ptr<Thing> thing);
     /// Posts what had to wait for room, and frees what is past.
     void CatchUp();
-    /// Calls posted while `Held` lives are heard at once, as in a group.
+    /// Calls posted while `Held` lives are heard at one frame.
     class Held {
     public:
-        explicit Held(OpenAlContext& context) : sender_(context.sender_) { sender_.Hold(); }
-        ~Held() { sender_.LetGo(); }
+        explicit Held(OpenAlContext& context) : context_(context) { context_.sender_.Hold(); }
+        ~Held() { context_.LetGo(); }
         Held(const Held&) = delete;
         Held& operator=(const Held&) = delete;
 
     private:
-        CallSender& sender_;
+        OpenAlContext& context_;
     };
 
     CallCounts Counts() const;
@@ -93,6 +97,7 @@ private:
     friend class OpenAlSetting;
     void Close();
     void TellClock_rt() noexcept;
+    void LetGo();
     /// Applies everything that has been posted, if nobody renders at this moment and the owner may.
     void ApplyByHand();
 

@@ -75,10 +75,13 @@ void PlaneBuffers::Put(std::int32_t first, std::span<const std::uint8_t> frames)
 
 SampleMemory::SampleMemory(std::shared_ptr<OpenAlContext> context, const std::string& path, bool spatial)
     : context_(std::move(context)), spatial_(spatial) {
+    context_->Renew();
     WaveFile file(path);
     format_ = file.Format();
     bytes_ = file.Bytes();
     std::shared_ptr<PlaneBuffers> planes;
+    // The sample that was there before gives its memory back first.
+    context_->CatchUp();
     try {
         data_ = std::make_unique_for_overwrite<std::uint8_t[]>(static_cast<std::size_t>(bytes_));
         planes = NewPlanes();
@@ -116,10 +119,8 @@ void SampleMemory::Write(std::int32_t start, std::span<const std::uint8_t> data)
         planes->Put(at / format_.BlockAlign,
                     Data().subspan(static_cast<std::size_t>(at), static_cast<std::size_t>(size)));
     }
-    std::int64_t frame = 0;
-    for (const SampleUser* user : users_) frame = std::max(frame, user->LastFrame());
     const OpenAlContext::Held together(*context_);
-    for (std::size_t i = 0; i < users_.size(); ++i) users_[i]->GoOnIn(std::move(sources[i]), frame);
+    for (std::size_t i = 0; i < users_.size(); ++i) users_[i]->GoOnIn(std::move(sources[i]));
     planes_ = std::move(planes);
 }
 

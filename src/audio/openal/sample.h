@@ -46,10 +46,8 @@ public:
     virtual ~SampleUser() = default;
     /// New sources with the new buffers; `SoundError` `kOutOfMemory` when there are none left.
     virtual std::unique_ptr<VoiceSources> SourcesFor(const std::shared_ptr<const PlaneBuffers>& planes) = 0;
-    /// The frame of the last call to it.
-    virtual std::int64_t LastFrame() const = 0;
-    /// Goes on in new sources, not before frame `frame` of the device.
-    virtual void GoOnIn(std::unique_ptr<VoiceSources> sources, std::int64_t frame) = 0;
+    /// Goes on in new sources.
+    virtual void GoOnIn(std::unique_ptr<VoiceSources> sources) = 0;
 };
 
 /// The bytes of a sample as in the file, and the buffers of OpenAL made from them.

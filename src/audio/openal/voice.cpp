@@ -43,15 +43,26 @@ OpenAlVoice::OpenAlVoice(std::shared_ptr<OpenAlContext> context, std::shared_ptr
       sources_(SourcesFor(sample_->Planes())),
       hertz_(sample_->Format().SamplesPerSec) {
     player_ = std::make_unique<VoicePlayer>(*sources_, sample_->Bytes() / sample_->Format().BlockAlign, hertz_);
+    sample_->AddUser(*this);
+    // Last, because from then on the other thread knows the voice.
+    try {
+        Attach();
+    } catch (...) {
+        sample_->RemoveUser(*this);
+        throw;
+    }
+}
+
+void OpenAlVoice::Attach() {
     Call call = MakeCall(CallKind::Attach);
     call.Number = hertz_;
     Post(call, Pace::Soon);
-    sample_->AddUser(*this);
 }
 
 OpenAlVoice::~OpenAlVoice() {
     sample_->RemoveUser(*this);
     Post(MakeCall(CallKind::Detach), Pace::Soon);
+    context_->Forget(lastFrame_);
     context_->Retire(std::make_unique<ReleasedVoice>(std::move(sources_), std::move(player_)));
 }
 
@@ -60,8 +71,7 @@ std::unique_ptr<VoiceSources> OpenAlVoice::SourcesFor(const std::shared_ptr<cons
     return std::make_unique<VoiceSources>(*context_, planes, spatial_);
 }
 
-void OpenAlVoice::GoOnIn(std::unique_ptr<VoiceSources> sources, std::int64_t frame) {
-    lastFrame_ = frame;
+void OpenAlVoice::GoOnIn(std::unique_ptr<VoiceSources> sources) {
     Call call = MakeCall(CallKind::Switch);
     call.Sources = sources.get();
     Post(call, Pace::Soon);

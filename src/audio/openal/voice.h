@@ -49,11 +49,11 @@ public:
     void SetDistances(float min, float max);
 
     std::unique_ptr<VoiceSources> SourcesFor(const std::shared_ptr<const PlaneBuffers>& planes) override;
-    std::int64_t LastFrame() const override { return lastFrame_; }
-    void GoOnIn(std::unique_ptr<VoiceSources> sources, std::int64_t frame) override;
+    void GoOnIn(std::unique_ptr<VoiceSources> sources) override;
 
 private:
     void Post(Call call, Pace pace);
+    void Attach();
     /// Posts a start, a stop or a jump, after which the voice is known to play or not, with the cursor at `cursor`.
     void PostTransport(Call call, Pace pace, bool playing, std::int32_t cursor);
 
