@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <thread>
 
-#include "audio/openal/call_ring.h"
+#include "audio/openal/call_applier.h"
 #include "audio/openal/call_sender.h"
 #include "audio/openal/schedule.h"
 #include "audio/openal/source_gate.h"
@@ -50,6 +50,31 @@ TEST(CallSchedule, AStartEndsAPieceAtItsFrame) {
     schedule.Add_rt(Start(1005));
     EXPECT_EQ(schedule.Piece_rt(1000, 128), 5);
     EXPECT_EQ(schedule.Piece_rt(1000, 3), 3);
+}
+
+TEST(CallSchedule, AStartThatIsDueAndIsNotTakenWaitsForAShortPiece) {
+    Schedule schedule(64);
+    schedule.Add_rt(Start(1000));
+    EXPECT_EQ(schedule.Piece_rt(1000, 128), kShortestPiece);
+    EXPECT_EQ(schedule.Piece_rt(1010, 128), kShortestPiece);
+    EXPECT_EQ(schedule.Piece_rt(1010, 3), 3);
+}
+
+TEST(CallSchedule, SoManyCallsAreAppliedBeforeEachPieceHoweverManyAreDue) {
+    constexpr int kCalls = 1000;
+    constexpr int kMost = CallApplier::kMostCalls;
+    CallRing ring(1024);
+    CallApplier applier(ring, 4);
+    applier.Rendered_rt(kCalls);
+    // All of them are late, so that they are counted.
+    for (int i = 0; i < kCalls; ++i) ring.Write(At(i % 100, CallKind::Rolloff));
+    ring.Publish();
+    for (int applied = kMost; applied < kCalls + kMost; applied += kMost) {
+        EXPECT_EQ(applier.Prepare_rt(128), applied < kCalls ? kShortestPiece : 128);
+        CallCounts counts;
+        applier.Count(counts);
+        EXPECT_EQ(counts.Late, static_cast<std::uint64_t>(std::min(applied, kCalls)));
+    }
 }
 
 TEST(CallSchedule, AChangeLeavesNoPieceShorterThanTheShortest) {

@@ -240,7 +240,7 @@ TEST_F(SoundAdapterCalls, CallsThatFindTheRingFullAreHeardLaterInOrder) {
     for (int i = 0; i < 20000; ++i) buffer->SetVolume(-(i % 3000));
     buffer->SetVolume(-602);
     EXPECT_GT(Counts().Overflowed, 10000U);
-    for (int i = 0; i < 10; ++i) {
+    for (int i = 0; i < 20; ++i) {
         Play(kPeriod);
         EXPECT_EQ(buffer->GetStatus(), 5);
     }

@@ -217,6 +217,23 @@ TEST_F(SoundAdapterGroups, AChangeFromOneSampleToAnotherInOneGestureIsSeamless) 
     for (int i = 1024; i < Rendered(); ++i) ASSERT_GT(LeftAt(i), kLevel - 100) << i;
 }
 
+TEST_F(SoundAdapterGroups, StartsOfOneFrameAreNotTornApartByTheMostCallsOfAPiece) {
+    for (const int others : {250, 253, 254, 255, 300, 1000}) {
+        SCOPED_TRACE(others);
+        auto buffers = FourLevels();
+        {
+            const CallGroup tick(*Clock, InstantFor(Rendered() + 700));
+            for (int i = 0; i < others; ++i) buffers[0]->SetVolume(0);
+            for (Buffer& buffer : buffers) buffer->Play(1);
+        }
+        const int begin = Rendered();
+        Play(2048);
+        ExpectOneStart(begin);
+        for (Buffer& buffer : buffers) buffer->Stop();
+        Play(kPeriod);
+    }
+}
+
 TEST_F(SoundAdapterGroups, AVoiceMayEndWithinItsGroup) {
     auto kept = LoadLevels(kLevel, kLevel);
     {

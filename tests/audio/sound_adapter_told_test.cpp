@@ -84,6 +84,26 @@ TEST_F(SoundAdapterTold, APlayThatMeetsASampleThatHasJustRunOutStartsItAtItsBegi
     EXPECT_EQ(buffer->GetStatus(), 0);
 }
 
+TEST_F(SoundAdapterTold, APlayAfterAStopGoesOnAtTheCursorThoughTheSampleRanOutBeforeItWasStopped) {
+    auto buffer = LoadRamp(600);
+    buffer->Play(0);
+    Play(640);
+    const int start = Onset(0, 5) - 1;
+    {
+        const CallGroup tick(*Clock, InstantFor(start + 900));
+        buffer->Stop();
+    }
+    const int cursor = buffer->GetCurrentPosition();
+    ASSERT_GT(cursor, 100);
+    Play(2048);
+    EXPECT_EQ(buffer->GetStatus(), 0);
+    EXPECT_EQ(buffer->GetCurrentPosition(), cursor);
+    const int begin = Rendered();
+    buffer->Play(0);
+    Play(2048);
+    EXPECT_NEAR(LeftAt(Onset(begin, 10)), 10 * cursor / 2, 10 + kStep);
+}
+
 TEST_F(SoundAdapterTold, AWriteIsHeardAtTheSamePlaceInAllDuplicatesWhileTheySound) {
     auto first = LoadRamp();
     first->Play(1);

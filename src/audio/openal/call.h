@@ -15,7 +15,7 @@ enum class CallKind : std::uint8_t {
     Detach,         ///< the last call to a voice: it falls silent, and nothing of it is touched afterwards
     Switch,         ///< goes on in `Sources` at the same place
     Play,           ///< `Flag`: looping
-    Stop,           ///< the cursor stays
+    Stop,           ///< `Number`: frame of the sample at which it was known to be, which counts if it has run out since
     Jump,           ///< `Number`: frame of the sample; `Flag`: the voice was known to play, so it plays from there
     Gains,          ///< `Numbers`: left, right
     Pitch,          ///< `Number`: hertz

@@ -20,15 +20,23 @@ CallApplier::CallApplier(CallRing& ring, std::size_t voices) : ring_(ring), sche
 int CallApplier::Prepare_rt(int left) noexcept {
     CatchUp_rt();
     Take_rt();
-    while (const Call* call = schedule_.Due_rt(position_)) {
-        CountLate_rt(*call);
-        Apply_rt(*call);
-        schedule_.Drop_rt();
-        Take_rt();
-    }
+    ApplyDue_rt();
     const int frames = schedule_.Piece_rt(position_, left);
     for (VoicePlayer* voice : voices_) voice->Prepare_rt(position_ + frames);
     return frames;
+}
+
+void CallApplier::ApplyDue_rt() noexcept {
+    std::int64_t started = -1;
+    int room = kMostCalls;
+    while (const Call* call = schedule_.Due_rt(position_)) {
+        // What starts on one frame is not torn apart.
+        if (--room < 0 && call->Frame != started) return;
+        if (IsStart(*call)) started = call->Frame;
+        CountLate_rt(*call);
+        Apply_rt(*call);
+        schedule_.Drop_rt();
+    }
 }
 
 void CallApplier::Publish_rt() noexcept {
@@ -49,7 +57,9 @@ void CallApplier::ApplyAll_rt() noexcept {
 
 void CallApplier::Take_rt() noexcept {
     Call call;
-    while (schedule_.HasRoom_rt() && ring_.Read_rt(call)) schedule_.Add_rt(call);
+    // No more than the ring holds, though the other thread may go on writing.
+    for (std::size_t left = ring_.Room(); left > 0 && schedule_.HasRoom_rt() && ring_.Read_rt(call); --left)
+        schedule_.Add_rt(call);
 }
 
 void CallApplier::CatchUp_rt() noexcept {
@@ -93,7 +103,7 @@ void CallApplier::ApplyToVoice_rt(VoicePlayer& voice, const Call& call) noexcept
         case CallKind::Play:
             return voice.Play_rt(call.Serial, call.Flag);
         case CallKind::Stop:
-            return voice.Stop_rt(call.Serial);
+            return voice.Stop_rt(call.Serial, call.Number);
         case CallKind::Jump:
             return voice.Jump_rt(call.Serial, call.Number, call.Flag);
         case CallKind::Gains:

@@ -17,6 +17,10 @@ namespace marvolin {
 /// made.
 class CallApplier {
 public:
+    /// Calls applied before a piece is rendered, however many are due: a period must not be missed. More are only those
+    /// of a frame at which something starts.
+    static constexpr int kMostCalls = 256;
+
     /// For at most `voices` voices at a time.
     CallApplier(CallRing& ring, std::size_t voices);
 
@@ -35,6 +39,7 @@ public:
 
 private:
     void Take_rt() noexcept;
+    void ApplyDue_rt() noexcept;
     void CatchUp_rt() noexcept;
     void CountLate_rt(const Call& call) noexcept;
     void Apply_rt(const Call& call) noexcept;

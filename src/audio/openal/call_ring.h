@@ -23,7 +23,9 @@ public:
     /// Calls written and not yet published.
     std::size_t Held() const { return written_ - published_.load(std::memory_order_relaxed); }
     std::size_t Room() const { return calls_.size(); }
-    bool Full() const { return written_ - read_.load(std::memory_order_acquire) == calls_.size(); }
+    /// Calls written and not yet read.
+    std::size_t Waiting() const { return written_ - read_.load(std::memory_order_acquire); }
+    bool Full() const { return Waiting() == calls_.size(); }
 
     /// Takes the oldest published call. False when there is none.
     bool Read_rt(Call& call) noexcept;

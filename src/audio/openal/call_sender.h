@@ -54,6 +54,8 @@ public:
     void Renew();
     /// True when the next call finds no room.
     bool Full() const { return !overflow_.empty() || ring_.Full(); }
+    /// Calls on their way that the other thread has not taken yet.
+    std::size_t Waiting() const { return overflow_.size() + ring_.Waiting(); }
     /// Writes what found no room, if there is room now.
     void CatchUp();
     /// How many calls found no room.

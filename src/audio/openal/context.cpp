@@ -55,35 +55,29 @@ ALCcontext* CreateContext(ALCdevice* device) {
 
 OpenAlContext::OpenAlContext(std::shared_ptr<LoadMeter> meter)
     : meter_(std::move(meter)), device_(alcLoopbackOpenDeviceSOFT(nullptr)), ring_(kRingCalls), sender_(ring_) {
-    if (device_ == nullptr) throw SoundError(sound_error::kNoDriver);
-    context_ = CreateContext(device_);
-    if (context_ == nullptr) {
-        const bool memory = alcGetError(device_) == ALC_OUT_OF_MEMORY;
-        alcCloseDevice(device_);
+    if (!device_) throw SoundError(sound_error::kNoDriver);
+    context_.reset(CreateContext(device_.get()));
+    if (!context_) {
+        const bool memory = alcGetError(device_.get()) == ALC_OUT_OF_MEMORY;
         throw SoundError(memory ? sound_error::kOutOfMemory : sound_error::kNoDriver);
     }
-    try {
-        const OpenAlSetting setting(*this);
-        alDistanceModel(AL_INVERSE_DISTANCE_CLAMPED);
-        pool_ = std::make_unique<SourcePool>(device_);
-        applier_ = std::make_unique<CallApplier>(ring_, SourcePool::kMostSources / 2);
-    } catch (...) {
-        Close();
-        throw;
-    }
+    const OpenAlSetting setting(*this);
+    alDistanceModel(AL_INVERSE_DISTANCE_CLAMPED);
+    pool_ = std::make_unique<SourcePool>(device_.get());
+    applier_ = std::make_unique<CallApplier>(ring_, SourcePool::kMostSources / 2);
 }
 
 OpenAlContext::~OpenAlContext() {
     AssertOwner();
     LeaveClock();
     retired_.clear();
-    Close();
 }
 
-void OpenAlContext::Close() {
-    if (alcGetThreadContext() == context_) alcSetThreadContext(nullptr);
-    alcDestroyContext(context_);
-    alcCloseDevice(device_);
+void OpenAlContext::Close::operator()(ALCdevice* device) const { alcCloseDevice(device); }
+
+void OpenAlContext::Close::operator()(ALCcontext* context) const {
+    if (alcGetThreadContext() == context) alcSetThreadContext(nullptr);
+    alcDestroyContext(context);
 }
 
 void OpenAlContext::JoinClock(std::shared_ptr<CardClock> clock, int period) {
@@ -118,11 +112,12 @@ void OpenAlContext::TellClock_rt() noexcept {
 }
 
 void OpenAlContext::Render_rt(std::int16_t* out, int frames) noexcept {
+    if (frames <= 0) return;
     using Clock = std::chrono::steady_clock;
     const auto begin = Clock::now();
     // Nobody else holds this while an output renders.
     const std::lock_guard<std::mutex> applying(applying_);
-    const CurrentContext current(context_);
+    const CurrentContext current(context_.get());
     TellClock_rt();
     for (int left = frames; left > 0;) {
         int piece = std::min(left, kShortestPiece);
@@ -130,23 +125,28 @@ void OpenAlContext::Render_rt(std::int16_t* out, int frames) noexcept {
             piece = applier_->Prepare_rt(left);
             gate_.unlock();
         }
-        alcRenderSamplesSOFT(device_, out, piece);
+        alcRenderSamplesSOFT(device_.get(), out, piece);
         applier_->Rendered_rt(piece);
         out += 2 * piece;
         left -= piece;
     }
     if (gate_.Try_rt()) {
         applier_->Publish_rt();
+        TakeErrors_rt();
         gate_.unlock();
     }
     meter_->Add_rt(std::chrono::duration<double>(Clock::now() - begin).count(),
                    static_cast<double>(frames) / kOutputRate);
 }
 
+void OpenAlContext::TakeErrors_rt() noexcept {
+    if (alGetError() != AL_NO_ERROR) refused_.fetch_add(1, std::memory_order_relaxed);
+}
+
 void OpenAlContext::Post(const Call& call, Pace pace, std::int64_t& last) {
     AssertOwner();
     CatchUp();
-    if (sender_.Full()) ApplyByHand();
+    if (sender_.Waiting() >= CallApplier::kMostCalls) ApplyByHand();
     sender_.Post(call, pace, last);
 }
 
@@ -179,6 +179,7 @@ void OpenAlContext::ApplyByHand() {
         sender_.Flush();
         const std::lock_guard<SourceGate> gate(gate_);
         applier_->ApplyAll_rt();
+        TakeErrors_rt();
     } while (sender_.Full());
 }
 
@@ -203,38 +204,25 @@ CallCounts OpenAlContext::Counts() const {
 }
 
 bool OpenAlContext::TakeSources(std::span<ALuint> sources) {
-    while (!pool_->Take(sources)) {
-        const std::lock_guard<SourceGate> gate(gate_);
-        if (!pool_->Grow()) return false;
-    }
+    while (!pool_->Take(sources))
+        if (!pool_->Grow(gate_)) return false;
     return true;
 }
 
 void OpenAlContext::GiveBackSources(std::span<const ALuint> sources) { pool_->GiveBack(sources); }
 
-void OpenAlContext::Bind(ALuint source, ALuint buffer) {
+bool OpenAlContext::Bind(ALuint source, ALuint buffer) {
     const std::lock_guard<SourceGate> gate(gate_);
+    ALint bound = 0;
     alSourcei(source, AL_BUFFER, static_cast<ALint>(buffer));
+    alGetSourcei(source, AL_BUFFER, &bound);
+    return bound == static_cast<ALint>(buffer);
 }
 
 OpenAlSetting::OpenAlSetting(OpenAlContext& context) {
     context.AssertOwner();
-    if (alcGetThreadContext() != context.context_) alcSetThreadContext(context.context_);
-    // The other thread does not ask for errors, for it would take those of this one.
-    if (alGetError() != AL_NO_ERROR) ++context.refused_;
-}
-
-void OpenAlSetting::Check() const {
-    switch (alGetError()) {
-        case AL_NO_ERROR:
-            return;
-        case AL_OUT_OF_MEMORY:
-            throw SoundError(sound_error::kOutOfMemory);
-        case AL_INVALID_VALUE:
-            throw SoundError(sound_error::kInvalidArgument);
-        default:
-            throw SoundError(sound_error::kGeneric);
-    }
+    ALCcontext* mixer = context.context_.get();
+    if (alcGetThreadContext() != mixer) alcSetThreadContext(mixer);
 }
 
 }  // namespace marvolin

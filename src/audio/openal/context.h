@@ -9,6 +9,7 @@
 #include <AL/alc.h>
 #include <AL/alext.h>
 
+#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <mutex>
@@ -39,7 +40,7 @@ public:
     OpenAlContext(const OpenAlContext&) = delete;
     OpenAlContext& operator=(const OpenAlContext&) = delete;
 
-    /// Renders the next `frames` stereo frames of 16 bits, with each call at its frame.
+    /// Renders the next `frames` stereo frames of 16 bits, with each call at its frame; nothing for 0 or less.
     void Render_rt(std::int16_t* out, int frames) noexcept;
 
     /// Stops a debug build when another thread than the owner calls.
@@ -90,21 +91,27 @@ public:
     /// Sources that do not sound, for the owner. False when there are not so many left.
     bool TakeSources(std::span<ALuint> sources);
     void GiveBackSources(std::span<const ALuint> sources);
-    /// Gives a source that does not sound a buffer, 0 for none.
-    void Bind(ALuint source, ALuint buffer);
+    /// Gives a source that does not sound a buffer, 0 for none. False when it does not take it.
+    bool Bind(ALuint source, ALuint buffer);
 
 private:
     friend class OpenAlSetting;
-    void Close();
+    struct Close {
+        void operator()(ALCdevice* device) const;
+        void operator()(ALCcontext* context) const;
+    };
     void TellClock_rt() noexcept;
     void LetGo();
+    /// Takes and counts the error of the calls that have been applied. OpenAL keeps one by mixer, not by thread: the
+    /// owner does not ask for errors, but looks at results.
+    void TakeErrors_rt() noexcept;
     /// Applies everything that has been posted, if nobody renders at this moment and the owner may.
     void ApplyByHand();
 
     std::shared_ptr<LoadMeter> meter_;
     OwnerThread owner_;
-    ALCdevice* device_ = nullptr;
-    ALCcontext* context_ = nullptr;
+    std::unique_ptr<ALCdevice, Close> device_;
+    std::unique_ptr<ALCcontext, Close> context_;
 
     CallRing ring_;
     CallSender sender_;
@@ -115,7 +122,7 @@ private:
     bool byHand_ = false;
     std::int64_t listenerLast_ = 0;
     std::vector<std::unique_ptr<Thing>> retired_;
-    std::uint64_t refused_ = 0;
+    std::atomic<std::uint64_t> refused_{0};
 
     std::shared_ptr<CardClock> clock_;
     std::mutex clocking_;  ///< held while the clock is told, and to stop telling it
@@ -126,9 +133,6 @@ private:
 class OpenAlSetting {
 public:
     explicit OpenAlSetting(OpenAlContext& context);
-    /// Raises the first error that OpenAL reports since this was made: `kOutOfMemory`, `kInvalidArgument` or
-    /// `kGeneric`.
-    void Check() const;
 };
 
 }  // namespace marvolin

@@ -10,7 +10,7 @@ namespace marvolin {
 /// Share of real time that rendering takes, smoothed. Written by the thread that renders, read by any.
 class LoadMeter {
 public:
-    /// Adds one rendering of `period` seconds of sound that took `seconds`.
+    /// Adds one rendering of `period` seconds of sound, more than 0, that took `seconds`.
     void Add_rt(double seconds, double period) noexcept {
         const double old = percent_.load(std::memory_order_relaxed);
         const double weight = std::min(1.0, period / kSmoothing);

@@ -30,6 +30,14 @@ Plane PlaneAt(std::size_t index, bool spatial) {
     return index == 0 ? Plane::Left : Plane::Right;
 }
 
+/// True when a buffer has been made with room for `bytes` bytes. The library's errors may be those of the other thread.
+bool Holds(ALuint buffer, std::int32_t bytes) {
+    if (buffer == 0) return false;
+    ALint size = -1;
+    alGetBufferi(buffer, AL_SIZE, &size);
+    return size == bytes;
+}
+
 }  // namespace
 
 PlaneBuffers::PlaneBuffers(OpenAlContext& context, const WaveFormat& format, std::int32_t frames, bool spatial)
@@ -40,16 +48,12 @@ PlaneBuffers::PlaneBuffers(OpenAlContext& context, const WaveFormat& format, std
     names_.resize(format_.Channels == 2 && !spatial_ ? 2 : 1);
     const OpenAlSetting setting(context_);
     alGenBuffers(static_cast<ALsizei>(names_.size()), names_.data());
-    setting.Check();
-    try {
-        for (std::size_t i = 0; i < names_.size(); ++i) {
-            const ALenum number = AlFormat(PlaneNumberOf(format_, PlaneAt(i, spatial_)));
-            alBufferData(names_[i], number, nullptr, frames * bytes, format_.SamplesPerSec);
-            setting.Check();
-        }
-    } catch (const SoundError&) {
+    for (std::size_t i = 0; i < names_.size(); ++i) {
+        const ALenum number = AlFormat(PlaneNumberOf(format_, PlaneAt(i, spatial_)));
+        alBufferData(names_[i], number, nullptr, frames * bytes, format_.SamplesPerSec);
+        if (Holds(names_[i], frames * bytes)) continue;
         Release();
-        throw;
+        throw SoundError(sound_error::kOutOfMemory);
     }
 }
 
@@ -70,7 +74,6 @@ void PlaneBuffers::Put(std::int32_t first, std::span<const std::uint8_t> frames)
         ExtractPlane(format_, plane, frames, plane_.data());
         alBufferSubDataSOFT(names_[i], AlFormat(number), plane_.data(), first * bytes, count * bytes);
     }
-    setting.Check();
 }
 
 SampleMemory::SampleMemory(std::shared_ptr<OpenAlContext> context, const std::string& path, bool spatial)

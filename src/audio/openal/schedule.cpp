@@ -51,7 +51,8 @@ void Schedule::Drop_rt() noexcept {
 
 int Schedule::Piece_rt(std::int64_t position, int left) const noexcept {
     const std::int64_t end = position + std::min(left, kLongestPiece);
-    const std::int64_t cut = std::min(end, std::max(First(starts_), position + 1));
+    const std::int64_t start = First(starts_);
+    const std::int64_t cut = std::min(end, start > position ? start : position + kShortestPiece);
     const std::int64_t change = std::max(First(others_), position + kShortestPiece);
     const bool room = change < cut && cut - change >= kShortestPiece;
     return static_cast<int>((room ? change : cut) - position);

@@ -30,7 +30,8 @@ public:
     const Call* Earliest_rt() noexcept;
     /// Removes the call that was returned last.
     void Drop_rt() noexcept;
-    /// How many of the next `left` frames to render before calls are applied again: 1 to `kLongestPiece`.
+    /// How many of the next `left` frames to render before calls are applied again: 1 to `kLongestPiece`. What is due
+    /// and has not been taken waits for `kShortestPiece` frames.
     int Piece_rt(std::int64_t position, int left) const noexcept;
 
 private:

@@ -75,24 +75,32 @@ void WarmUp(ALCdevice* device, std::span<const ALuint> sources) {
 }  // namespace
 
 SourcePool::SourcePool(ALCdevice* device) : resampler_(SharpestResampler()) {
-    Make(kFirstSources);
+    SourceGate nobodyRenders;
+    Make(kFirstSources, nobodyRenders);
     if (free_.empty()) throw SoundError(sound_error::kOutOfMemory);
     WarmUp(device, std::span<const ALuint>(free_).first(kWarm));
 }
 
-void SourcePool::Make(std::size_t count) {
+void SourcePool::Make(std::size_t count, SourceGate& gate) {
     std::vector<ALuint> sources(count);
     free_.reserve(made_ + count);
-    alGenSources(static_cast<ALsizei>(count), sources.data());
-    if (alGetError() != AL_NO_ERROR) return;
-    for (const ALuint source : sources) alSourcei(source, AL_SOURCE_RESAMPLER_SOFT, resampler_);
+    {
+        const std::lock_guard<SourceGate> held(gate);
+        alGenSources(static_cast<ALsizei>(count), sources.data());
+    }
+    // All of them are made or none.
+    if (sources.back() == 0) return;
+    for (const ALuint source : sources) {
+        const std::lock_guard<SourceGate> held(gate);
+        alSourcei(source, AL_SOURCE_RESAMPLER_SOFT, resampler_);
+    }
     free_.insert(free_.end(), sources.begin(), sources.end());
     made_ += count;
 }
 
-bool SourcePool::Grow() {
+bool SourcePool::Grow(SourceGate& gate) {
     const std::size_t before = made_;
-    if (made_ + kMoreSources <= kMostSources) Make(kMoreSources);
+    if (made_ + kMoreSources <= kMostSources) Make(kMoreSources, gate);
     return made_ > before;
 }
 

@@ -8,6 +8,8 @@
 #include <span>
 #include <vector>
 
+#include "audio/openal/source_gate.h"
+
 namespace marvolin {
 
 /// Sources that are not in use. Making sources takes a lock of the library that the thread that renders needs, so most
@@ -24,13 +26,13 @@ public:
 
     /// Fills `sources`. False when there are not so many left.
     bool Take(std::span<ALuint> sources);
-    /// Makes some more, while the thread that renders makes no calls about sources. False when there is no room.
-    bool Grow();
+    /// Makes some more, with `gate` held for each call of the library. False when there is no room.
+    bool Grow(SourceGate& gate);
     /// Takes back sources that do not sound and have no buffer.
     void GiveBack(std::span<const ALuint> sources);
 
 private:
-    void Make(std::size_t count);
+    void Make(std::size_t count, SourceGate& gate);
 
     ALint resampler_;
     std::size_t made_ = 0;

@@ -107,7 +107,10 @@ void OpenAlVoice::Play(bool looping) {
 
 void OpenAlVoice::Stop() {
     // Stopping again would take the cursor from where the sound really stopped.
-    if (Playing()) PostTransport(MakeCall(CallKind::Stop), Pace::Soon, false, Cursor());
+    if (!Playing()) return;
+    Call call = MakeCall(CallKind::Stop);
+    call.Number = Cursor();
+    PostTransport(call, Pace::Soon, false, call.Number);
 }
 
 std::int32_t OpenAlVoice::Cursor() {

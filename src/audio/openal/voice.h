@@ -30,7 +30,7 @@ public:
     bool Looping() const { return looping_; }
     void Play(bool looping);
     /// The cursor stays where the sound was known to be. The next `Play` goes on where the sound really stopped, which
-    /// is less than the lead and a period later.
+    /// is less than the lead and a period later; or at the cursor, if it ran out in between.
     void Stop();
     /// The cursor, in frames.
     std::int32_t Cursor();

@@ -127,10 +127,10 @@ void VoicePlayer::Play_rt(std::uint32_t serial, bool looping) noexcept {
     if (!playing_) StartAt_rt(cursor_);
 }
 
-void VoicePlayer::Stop_rt(std::uint32_t serial) noexcept {
+void VoicePlayer::Stop_rt(std::uint32_t serial, std::int32_t frame) noexcept {
     serial_ = serial;
     RunOut_rt();
-    if (playing_) cursor_ = SoundingFrame_rt();
+    cursor_ = playing_ ? SoundingFrame_rt() : frame;
     playing_ = false;
     StopAll_rt();
 }

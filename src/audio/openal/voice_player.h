@@ -33,7 +33,8 @@ public:
     void Switch_rt(VoiceSources& sources) noexcept;
 
     void Play_rt(std::uint32_t serial, bool looping) noexcept;
-    void Stop_rt(std::uint32_t serial) noexcept;
+    /// It was known to play and to be at `frame`.
+    void Stop_rt(std::uint32_t serial, std::int32_t frame) noexcept;
     /// Starts at `frame` when it plays or is known to (`sounds`), else moves the cursor.
     void Jump_rt(std::uint32_t serial, std::int32_t frame, bool sounds) noexcept;
     void SetGains_rt(float left, float right) noexcept;

@@ -35,6 +35,8 @@ public:
     bool Past() const override { return past_.load(std::memory_order_acquire); }
 
 private:
+    void GiveBack();
+
     OpenAlContext& context_;
     std::shared_ptr<const PlaneBuffers> planes_;
     bool spatial_;
