@@ -129,6 +129,16 @@ TEST_F(SoundAdapterThreads, EveryCallIsTakenWhileTheCardAsksAsFastAsItCan) {
     }
     card.End();
     EXPECT_EQ(Counts().Refused, 0U);
+    second->Stop();
+    spatial->Stop();
+    // Behind what has been written.
+    first->SetCurrentPosition(40000);
+    first->SetFrequency(44100);
+    Play(4096);
+    const double gain = std::pow(10.0, -2999 / 2000.0);
+    EXPECT_NEAR(LeftAt(Rendered() - 1), 3000 * gain * std::pow(10.0, -999 / 2000.0), kStep);
+    EXPECT_NEAR(All.Right.back(), 3000 * gain, kStep);
+    EXPECT_EQ(first->GetFrequency(), 44100);
 }
 
 TEST_F(SoundAdapterThreads, SourcesAndBuffersNeverRunOut) {

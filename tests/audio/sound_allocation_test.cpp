@@ -1,23 +1,29 @@
 /// The thread that renders allocates nothing, and neither does the library on it.
 
+#include <array>
+#include <thread>
+
 #include "audio/clocked_rig.h"
 #include "audio/counted_malloc.h"
+#include "audio/openal/context.h"
 
 namespace marvolin::test {
 namespace {
 
 class SoundAllocation : public ClockedRig {
 protected:
-    /// What is allocated while some callbacks render.
+    /// What is allocated while some callbacks render, on a thread that has not rendered before.
     long Counted(int frames) {
-        std::vector<std::int16_t> out(static_cast<std::size_t>(2 * kPeriod));
         long allocations = 0;
-        for (int done = 0; done < frames; done += kPeriod) {
+        std::thread([&] {
+            std::array<std::int16_t, 2 * kPeriod> out{};
             const long before = Mallocs();
-            renderer_.Render(out.data(), kPeriod);
-            allocations += Mallocs() - before;
-            Time.PassFrames(kPeriod);
-        }
+            for (int done = 0; done < frames; done += kPeriod) {
+                renderer_.Render(out.data(), kPeriod);
+                Time.PassFrames(kPeriod);
+            }
+            allocations = Mallocs() - before;
+        }).join();
         return allocations;
     }
 };
@@ -26,6 +32,61 @@ TEST_F(SoundAllocation, TheCounterSeesWhatTheLibraryAllocates) {
     const long before = Mallocs();
     auto buffer = LoadLevels(1000, 1000);
     EXPECT_GT(Mallocs(), before + 4);
+}
+
+TEST_F(SoundAllocation, TheCounterSeesWhatTheLibraryAllocatesOnTheThreadThatRenders) {
+    std::vector<std::unique_ptr<DirectSoundBuffer>> buffers;
+    for (int i = 0; i < 80; ++i) buffers.push_back(LoadLevels(10, 10, 44100));
+    // More changes of sounding sources than are ever made in one period.
+    for (auto& buffer : buffers) buffer->Play(1);
+    long allocations = Counted(1024);
+    for (auto& buffer : buffers) buffer->SetVolume(-1);
+    allocations += Counted(kPeriod);
+    EXPECT_GT(allocations, 0);
+}
+
+TEST_F(SoundAllocation, AMixerThatCannotBeMadeReleasesEverything) {
+    device_.reset();
+    const auto meter = std::make_shared<LoadMeter>();
+    { const OpenAlContext first(meter); }
+    int failures = 0;
+    for (bool failed = true; failed && failures < 1000; failures += failed) {
+        const long before = BlocksHeld();
+        failed = false;
+        FailNew(failures);
+        try {
+            const OpenAlContext mixer(meter);
+        } catch (const std::bad_alloc&) {
+            failed = true;
+        }
+        FailNew(-1);
+        ASSERT_EQ(BlocksHeld(), before) << "after " << failures << " allocations";
+    }
+    EXPECT_GT(failures, 5);
+    EXPECT_LT(failures, 1000);
+}
+
+TEST_F(SoundAllocation, ABufferThatCannotBeMadeIsUnknownToTheThreadThatRendersAndToItsSample) {
+    auto kept = LoadLevels(kLevel, kLevel, 44100);
+    kept->Play(1);
+    int failures = 0;
+    for (bool failed = true; failed && failures < 100; failures += failed) {
+        failed = false;
+        FailNew(failures);
+        try {
+            const auto duplicate = device_->DuplicateSoundBuffer(*kept);
+            FailNew(-1);
+        } catch (const std::bad_alloc&) {
+            failed = true;
+        }
+        FailNew(-1);
+        Play(1024);
+        kept->WriteBuffer(0, Pcm({kLevel, kLevel}, 16));
+    }
+    EXPECT_GT(failures, 2);
+    EXPECT_LT(failures, 100);
+    Play(1024);
+    EXPECT_NEAR(LeftAt(Rendered() - 1), kLevel, kStep);
 }
 
 TEST_F(SoundAllocation, NothingIsAllocatedWhileEveryKindOfCallIsApplied) {
