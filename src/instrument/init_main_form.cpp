@@ -17,6 +17,7 @@
 #include "performance/pad/pad_tables.h"
 #include "performance/tabs.h"
 #include "persistence/quick_load.h"
+#include "scripting/script_host.h"
 #include "sequencing/loop_clock.h"
 
 namespace marvolin {
@@ -31,6 +32,7 @@ void ResetOptions(Session& s) {
     ScrollSensitivity_Change(s, 0, 1);
     ScrollSensitivity_Change(s, 1, 4);
     ClearProcedureFlags(s);
+    ClearScriptEvents(s);
     s.DeviceSwapArmed = true;
     s.PositionUpdate[0] = true;
     s.PositionUpdate[1] = true;

@@ -8,6 +8,7 @@
 #include "core/help.h"
 #include "core/routines.h"
 #include "instrument/trapped_error.h"
+#include "scripting/script_host.h"
 
 namespace marvolin {
 
@@ -33,6 +34,10 @@ void DisableDemoTimer(Session& s) { Disable(s.StartUpDemoCountDown); }
 void DropDemoTimer(Session& s) { s.StartUpDemoCountDown.reset(); }
 void StopScriptTimer(Session& s) { Disable(s.ScriptTimer); }
 void DropScriptTimer(Session& s) { s.ScriptTimer.reset(); }
+void StopHost(Session& s) {
+    StopScript(s);
+    ClearScriptEvents(s);
+}
 
 void ReleaseDirectX(Session& s) { s.DX.reset(); }
 
@@ -58,7 +63,7 @@ struct Step {
     OnError onError = OnError::Report;
 };
 
-constexpr std::array<Step, 21> kShutDown{{
+constexpr std::array<Step, 22> kShutDown{{
     {"", HideWindow},
     {"", ShowUnloading},
     {"disabling loop timer", DisableLoopTimer},
@@ -73,6 +78,7 @@ constexpr std::array<Step, 21> kShutDown{{
     {"cleaning up help", CloseHelp},
     {"deleting script timer", StopScriptTimer},
     {"deleting script timer", DropScriptTimer},
+    {"deleting script timer", StopHost},
     {"uninitializing DSound", UnInitDirectSound},
     {"uninitializing DSound", ReleaseDirectX},
     {"uninitializing DSound", UnloadSave},

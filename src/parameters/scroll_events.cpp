@@ -26,11 +26,13 @@ void SendScriptEvent(Session& s, ScriptEvent event, std::span<const double> argu
     const std::int16_t wanted = s.EventWanted[event];
     if (wanted == 0) return;
     const bool busy = s.ScriptBusy;
+    const bool enabled = s.ScriptEnabled;
     s.EventWanted[event] = 0;
     s.ScriptBusy = true;
     try {
         s.World.Scripts.Call(event, arguments);
-        s.EventWanted[event] = wanted;
+        // A script that has stopped itself hears nothing any more.
+        if (s.ScriptEnabled == enabled) s.EventWanted[event] = wanted;
     } catch (const RuntimeError&) {
         s.World.Scripts.ReportScriptError(name);
     }

@@ -168,5 +168,19 @@ TEST(ShutDown, ASessionWithoutTimersOrDeviceShutsDownWithoutAMessage) {
     EXPECT_TRUE(i.Desk.Boxes.empty());
 }
 
+TEST(ShutDown, TheScriptTimerStopsBeforeTheHostAndTheDevice) {
+    Running i;
+    i.s.ScriptEnabled = true;
+    for (std::int16_t& wanted : i.s.EventWanted) wanted = True;
+    bool timerFirst = false;
+    i.s.ScriptTimer = std::make_unique<WatchfulTimer>(
+        [&] { timerFirst = i.s.ScriptEnabled && i.s.EventWanted[ScriptEvent::OnClock] == True && i.s.DSReady; });
+    Form_QueryUnload(i.s);
+    EXPECT_TRUE(timerFirst);
+    EXPECT_FALSE(i.s.ScriptEnabled);
+    EXPECT_EQ(i.s.ScriptTimer, nullptr);
+    for (const std::int16_t wanted : i.s.EventWanted) EXPECT_EQ(wanted, 0);
+}
+
 }  // namespace
 }  // namespace marvolin

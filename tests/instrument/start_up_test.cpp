@@ -267,6 +267,13 @@ TEST(InitMainForm, ClearsTheGuardOfTheClockBeforeItsTimerRuns) {
     EXPECT_FALSE(timers.BusyAtStart.front());
 }
 
+TEST(InitMainForm, NoEventOfAScriptIsWanted) {
+    Program i;
+    for (std::int16_t& wanted : i.s.EventWanted) wanted = True;
+    i.Start();
+    for (const std::int16_t wanted : i.s.EventWanted) EXPECT_EQ(wanted, 0);
+}
+
 TEST(InitMainForm, SetsTheModelToItsDefaults) {
     Program i;
     // Nothing is at its default.
