@@ -9,14 +9,14 @@ namespace {
 
 constexpr double kTwipsALimit = 20;  // of a drag that make one step
 
-void SetLimit(Session& s, double limit) {
+void ShowLimited(Session& s, double limit) {
     s.Limit = ToI2(ClampVar(limit, 1, kNoLimit));
     s.World.Screen.ShowLimit();
 }
 
 void ChooseLimit(Session& s, double y) {
     const float moved = static_cast<float>(y) - s.Drag.DragOrigin;
-    SetLimit(s, Int(s.Drag.DragStartValue - Int(moved) * (1 / kTwipsALimit)));
+    ShowLimited(s, Int(s.Drag.DragStartValue - Int(moved) * (1 / kTwipsALimit)));
 }
 
 }  // namespace
@@ -41,7 +41,12 @@ void Limiter_Gesture(Session& s, Phase phase, double y) {
 
 void Limiter_Step(Session& s, int units) {
     if (s.Drag.Dragging != False) return;
-    SetLimit(s, static_cast<double>(s.Limit) + units);
+    ShowLimited(s, static_cast<double>(s.Limit) + units);
+    ThinTo(s);
+}
+
+void SetLimit(Session& s, std::int16_t limit) {
+    ShowLimited(s, limit);
     ThinTo(s);
 }
 

@@ -11,5 +11,7 @@ inline constexpr double kTwipsALimit = 20;
 void Limiter_Gesture(Session& s, Phase phase, double y);
 /// A notch of the wheel or an arrow key: the limit `units` higher, within 1..4, and thins. Nothing during a drag.
 void Limiter_Step(Session& s, int units);
+/// Sets the limit, 1..4, and thins.
+void SetLimit(Session& s, std::int16_t limit);
 
 }  // namespace marvolin

@@ -33,7 +33,7 @@ const Library kLibraries[] = {
     {"OpenAL", R"([<"](AL/.*|al\.h|alc\.h|alext\.h)[>"])", R"(audio/openal/.*)"},
     {"libsndfile", R"([<"]sndfile.*[>"])", R"(audio/openal/wave_file\.(h|cpp))"},
     {"liblnk", R"([<"]liblnk.*[>"])", R"(browser/lnk_shortcut\.(h|cpp))"},
-    {"Lua", R"([<"](lua.*|lauxlib\.h)[>"])", R"(scripting/lua_script\.(h|cpp))"},
+    {"Lua", R"([<"](lua.*|lauxlib\.h)[>"])", R"(scripting/lua_library\.(h|cpp))"},
 };
 
 std::string FolderOf(const std::string& file) {

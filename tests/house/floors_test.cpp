@@ -54,8 +54,8 @@ TEST(FloorsCheck, ReportsALibraryHeaderOutsideItsAdapter) {
     for (const Case& c :
          {Case{"<SDL.h>", "audio/openal/sound.cpp"}, Case{"<SDL2/SDL.h>", "performance/joystick/sdl_input.cpp"},
           Case{"<AL/alext.h>", "audio/openal/sound.cpp"}, Case{"<sndfile.h>", "audio/openal/wave_file.cpp"},
-          Case{"<liblnk.h>", "browser/lnk_shortcut.cpp"}, Case{"<lua.hpp>", "scripting/lua_script.cpp"},
-          Case{"<lua5.4/lualib.h>", "scripting/lua_script.cpp"}}) {
+          Case{"<liblnk.h>", "browser/lnk_shortcut.cpp"}, Case{"<lua.hpp>", "scripting/lua_library.cpp"},
+          Case{"<lua5.4/lualib.h>", "scripting/lua_library.cpp"}}) {
         const std::string text = std::string("#include ") + c.header + "\n";
         EXPECT_EQ(LibrariesOutOfPlace({{"core/routines.cpp", text}}).size(), 1u) << c.header;
         EXPECT_EQ(LibrariesOutOfPlace({{"window/forms/frm_main.cpp", text}}).size(), 1u) << c.header;

@@ -1,0 +1,49 @@
+#include "scripting/api/clock.h"
+
+#include "core/routines.h"
+#include "scripting/delayed_calls.h"
+
+namespace marvolin {
+
+namespace {
+
+void Seconds(ApiCall& call) {
+    const SessionClock& clock = call.s.Clock;
+    call.Return(clock.ClockHours * 3600.0 + clock.ClockMinutes * 60.0 + clock.ClockSeconds +
+                clock.ClockMsPart / 1000.0);
+}
+
+void After(ApiCall& call) {
+    if (call.Engine.After(static_cast<std::int32_t>(call.NumberAt(0)))) return;
+    throw ApiFault("more than " + std::to_string(kMostDelayedCalls) + " calls are waiting");
+}
+
+constexpr ApiFunction kFunctions[] = {
+    {.Name = "clock",
+     .Returns = "seconds, with their fraction",
+     .Text = "The running clock of the status bar. It goes back to 0 after 25 hours.",
+     .Example = "assert(marvolin.clock() == 0)",
+     .Act = Seconds},
+    {.Name = "after",
+     .Parameters = {Whole("delay", 0, 3600000, "ms"), {.Name = "function", .Kind = ArgumentKind::Function}},
+     .Text = "Calls a function once, after so many milliseconds, to the nearest hundredth of a second. A function that "
+             "asks for itself again runs on and on.",
+     .Errors = "More than 256 calls are waiting.",
+     .Example = "marvolin.after(20, function() marvolin.set_volume('A', 10) end)  assert(marvolin.volume('A') == 500)",
+     .Act = After},
+    {.Name = "status",
+     .Parameters = {Text("text")},
+     .Text = "Shows a text in the status line, until the next hint.",
+     .Example = "marvolin.status('Verse')",
+     .Act = [](ApiCall& call) { ShowStatus(call.s, call.TextAt(0)); }},
+    {.Name = "stop_script",
+     .Text = "Ends the script: nothing of it is called any more, and the call under way ends, too.",
+     .Example = "marvolin.stop_script()",
+     .Act = [](ApiCall& call) { call.Engine.EndScript(); }},
+};
+
+}  // namespace
+
+std::span<const ApiFunction> ClockFunctions() { return kFunctions; }
+
+}  // namespace marvolin

@@ -1,0 +1,63 @@
+#include "scripting/lua_rig.h"
+
+#include "performance/map/sound_map.h"
+#include "performance/pad/mix_pad.h"
+#include "performance/pad/pad_tables.h"
+
+namespace marvolin::test {
+
+LuaRig::LuaRig() {
+    Engine.Attach(s);
+    s.DX = std::make_unique<FakeDirectX>(Sound);
+    s.DS = s.DX->DirectSoundCreate("guid1");
+    s.DSReady = true;
+    s.GangReady = true;
+    PadGeometryInit(s, 4500, 4500);
+    PadTablesInit(s);
+    MapInit(s);
+    Fill(0, "/samples/one.WAV");
+    Fill(1, "/samples/two.WAV");
+    s.StatusText.clear();
+}
+
+LuaRig::~LuaRig() = default;
+
+std::string LuaRig::Prints(const std::string& text) {
+    Printed.clear();
+    Desk.Boxes.clear();
+    Run(text);
+    if (!Desk.Boxes.empty()) return Box();
+    std::string all;
+    for (const std::string& line : Printed) all += (all.empty() ? "" : "\n") + line;
+    return all;
+}
+
+std::string LuaRig::Box() const {
+    const std::string text = Desk.LastBox();
+    const std::string start = "Error in code for ";
+    return text.starts_with(start) ? text.substr(start.size()) : text;
+}
+
+void LuaRig::Fill(Row row, const std::string& path) {
+    auto buffer = s.DS->CreateSoundBufferFromFile(path, buffer_flags::kSample);
+    LoopTrackSet& set = s.Set[row];
+    set.FileName = path;
+    set.SampleRate = buffer->GetFrequency();
+    set.BufferBytes = buffer->GetCaps().BufferBytes;
+    set.AvgBytesPerSec = buffer->GetFormat().AvgBytesPerSec;
+    set.Length = static_cast<double>(set.BufferBytes) / set.AvgBytesPerSec;
+    s.Run[row].Buffer = std::move(buffer);
+    s.Run[row].Loaded = True;
+    Sound.Log.clear();
+}
+
+void LuaRig::Pass(std::int32_t milliseconds) {
+    for (std::int32_t at = 0; at < milliseconds; at += 10) {
+        const std::vector<FakeTimers::Timer*> timers = Timers.Live;
+        for (FakeTimers::Timer* timer : timers) {
+            if (timer->Enabled && timer->Interval == 10) timer->OnTick(10);
+        }
+    }
+}
+
+}  // namespace marvolin::test

@@ -1,0 +1,51 @@
+#pragma once
+/// \file
+/// An instrument on fakes whose scripts run on Lua.
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/session.h"
+#include "fakes/fake_display.h"
+#include "fakes/fake_services.h"
+#include "scripting/lua_script.h"
+#include "scripting/script_host.h"
+
+namespace marvolin::test {
+
+/// Samples in rows A and B, pad and map laid out. The engine's clock goes on at each look.
+struct LuaRig : FakeServices {
+    std::int64_t Now = 0;      ///< ns
+    std::int64_t Look = 1000;  ///< ns that a look at the clock takes
+    std::vector<std::string> Printed;
+    FakeDisplay Screen;
+    LuaScript Engine{{.Clock = [this] { return Now += Look; },
+                      .Print = [this](std::string_view line) { Printed.emplace_back(line); }}};
+    ScriptHost Host{Engine, Desk};
+    Session s{Services{.Screen = Screen,
+                       .Desk = Desk,
+                       .Forms = Forms,
+                       .Chance = Chance,
+                       .Timers = Timers,
+                       .Scripts = Host,
+                       .Store = Store,
+                       .CreateDirectX7 = [this] { return std::make_unique<FakeDirectX>(Sound); },
+                       .CreateDirectInput = [this] { return std::make_unique<FakeInput>(Stick); }}};
+
+    LuaRig();
+    ~LuaRig();
+
+    /// Runs a text as the script "song.mvs".
+    bool Run(const std::string& text) { return RunScript(s, Host, text, "song.mvs"); }
+    /// Runs a text, and returns what it prints; the box when it fails.
+    std::string Prints(const std::string& text);
+    /// The text of the last box, without "Error in code for ".
+    std::string Box() const;
+    /// Puts a sample of one second into a row.
+    void Fill(Row row, const std::string& path);
+    /// Lets the timer of delayed calls tick for so many milliseconds, every 10.
+    void Pass(std::int32_t milliseconds);
+};
+
+}  // namespace marvolin::test
