@@ -34,12 +34,13 @@
 #include "instrument/start_up.h"
 #include "performance/pad/mix_pad.h"
 #include "persistence/session_file_store.h"
+#include "scripting/lua_script.h"
+#include "scripting/script_host.h"
 #include "sequencing/grid_timers.h"
 #include "window/controls/knob.h"
 #include "window/tabs/tab_mix_pad.h"
 #include "window/toolkit/application.h"
 #include "window/toolkit/mersenne_random.h"
-#include "window/toolkit/no_scripts.h"
 #include "window/toolkit/qt_alarm.h"
 #include "window/toolkit/qt_desktop.h"
 #include "window/toolkit/qt_display.h"
@@ -205,7 +206,8 @@ struct Program {
     QtWindows Windows{Display, Desktop};
     NotedTimers Timers{*Clock, Bell};
     MersenneRandom Chance;
-    NoScripts Scripts;
+    LuaScript Lua;
+    ScriptHost Scripts{Lua, Desktop};
     SessionFileStore Store;
     LoopbackRenderer Renderer{Clock, kPeriod};
     Session s{Services{Display,

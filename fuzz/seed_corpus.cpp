@@ -1,5 +1,6 @@
 /// \file
-/// Writes the first inputs of the fuzz targets: `seed_corpus session FOLDER` or `seed_corpus shortcut FOLDER`.
+/// Writes the first inputs of the fuzz targets: `seed_corpus session FOLDER`, and so with `shortcut` and
+/// `script`.
 
 #include <filesystem>
 #include <string>
@@ -41,6 +42,27 @@ void SeedShortcuts(const std::string& folder) {
     WriteBytes(folder + "/cut", LnkBytes("C:\\tmp\\Kick.wav", "..\\Kick.wav").substr(0, 90));
 }
 
+void SeedScripts(const std::string& folder) {
+    int number = 0;
+    for (const char* text :
+         {"function OnVolChange(row, vol) marvolin.set_pan(row - 1, vol // 2) end",
+          "function OnClock(ms, part, seconds) for row = 0, 3 do marvolin.set_volume(row, seconds) end end",
+          "function OnPanScroll(...) print(select('#', ...), ...) end  local t = {3, 1, 2} table.sort(t)",
+          "while true do pcall(function() while true do end end) end",
+          "local t = {} while true do t[#t + 1] = ('x'):rep(1000) end",
+          "print(('key = value'):gsub('(%w+)%s*=%s*(%w+)', '%2 = %1'), ('a(b)c'):match('%b()'), ('x'):find('[^%a]'))",
+          "local f = coroutine.wrap(function(a) local b = coroutine.yield(a) error(b) end) f(1) pcall(f, {})",
+          "setmetatable(_G, {__index = function(t, k) return marvolin[k] end}) volume('A') select_group('All')",
+          "marvolin.after(0, function() marvolin.load_set('x') end) marvolin.clear('Z') marvolin.stop_script()",
+          "local t = setmetatable({}, {__close = function() error() end}) do local x <close> = t end goto a ::a::",
+          "marvolin.play_all() marvolin.set_pattern('Z', 'pan', 1, -500) marvolin.set_place('A', 1, 1) "
+          "marvolin.set_pad_ball(1, -1) marvolin.set_wires('Groups of 2') marvolin.fade_to('Z', 100)",
+          "x = = 1", "return 1", "((((", "\"\\", "--[==["}) {
+        WriteBytes(folder + "/script" + std::to_string(number++), text);
+    }
+    WriteBytes(folder + "/binary", std::string("\x1bLua\x54\0\x19\x93\r\n\x1a\n", 12));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -51,6 +73,8 @@ int main(int argc, char** argv) {
         SeedSessions(argv[2]);
     } else if (what == "shortcut") {
         SeedShortcuts(argv[2]);
+    } else if (what == "script") {
+        SeedScripts(argv[2]);
     } else {
         return 1;
     }

@@ -10,11 +10,12 @@
 #include "performance/joystick/sdl_input.h"
 #include "performance/pad/mix_pad.h"
 #include "persistence/session_file_store.h"
+#include "scripting/lua_script.h"
+#include "scripting/script_host.h"
 #include "sequencing/grid_timers.h"
 #include "window/tabs/tab_mix_pad.h"
 #include "window/toolkit/application.h"
 #include "window/toolkit/mersenne_random.h"
-#include "window/toolkit/no_scripts.h"
 #include "window/toolkit/qt_alarm.h"
 #include "window/toolkit/qt_desktop.h"
 #include "window/toolkit/qt_display.h"
@@ -40,10 +41,13 @@ int main(int argc, char** argv) {
     QtAlarm alarm;
     GridTimers timers(*clock, alarm);
     MersenneRandom chance;
-    NoScripts scripts;
+    LuaScript lua;
+    ScriptHost scripts(lua, desktop);
     SessionFileStore store;
     Session session{Services{display, desktop, windows, chance, timers, scripts, store,
                              [clock] { return CreateOpenAlSound(clock); }, CreateSdlInput, ResolveLnkShortcut}};
+    lua.Attach(session);
+    session.ScriptAvailable = lua.Available();
 
     // Widgets refer to the session, so they go first.
     const auto dropForms = [](QtWindows* forms) { forms->DropForms(); };

@@ -1,7 +1,7 @@
 #pragma once
 /// \file
-/// The way from the instrument to the procedures of a script. Behind it stands `NoScripts`
-/// (window/toolkit/no_scripts.h), in which every call does nothing, as no script engine is built in.
+/// The way from the instrument to the procedures of a script. Behind it stands `ScriptHost`
+/// (scripting/script_host.h), which passes the events on to a script engine.
 
 #include <array>
 #include <cstdint>

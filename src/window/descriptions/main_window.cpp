@@ -38,6 +38,10 @@ std::string TabCaption(const Situation& at) {
 
 std::string TabHint(const Situation& at) { return at.State.ActiveTab == kPatternTab ? kSequenceHint : ""; }
 
+std::string ScriptsHint(const Situation& at) {
+    return at.State.ScriptAvailable ? "" : "Scripts need Lua 5.4: install the package liblua5.4-0";
+}
+
 std::string StatusValue(const Situation& at) { return at.State.StatusText; }
 
 std::string StatusHint(const Situation& at) {
@@ -83,6 +87,7 @@ constexpr Description kTable[] = {
      .Caption = "Scripts",
      .Label = "Open Scripting",
      .Tip = "Open Scripting (not available yet)",
+     .Hint = ScriptsHint,
      .Topic = 10007,
      .Role = QAccessible::Button,
      .Taken = Keys::Press},

@@ -1,0 +1,97 @@
+/// \file
+/// Any bytes as a script, with the whole instrument behind it: the text is run, hears each event, and its delayed calls
+/// come.
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "core/loops/loop_track.h"
+#include "fakes/fake_display.h"
+#include "fakes/fake_services.h"
+#include "parameters/scroll_events.h"
+#include "performance/map/scatter.h"
+#include "performance/map/sound_map.h"
+#include "performance/pad/mix_pad.h"
+#include "performance/pad/pad_tables.h"
+#include "scripting/lua_script.h"
+#include "scripting/script_host.h"
+#include "sequencing/loop_clock.h"
+
+namespace {
+
+using namespace marvolin;
+
+/// An instrument on fakes. The engine's clock goes on a millisecond at each look, so that no input takes long.
+struct Instrument : test::FakeServices {
+    std::int64_t Now = 0;
+    test::FakeDisplay Screen;
+    LuaScript Engine{{.Clock = [this] { return Now += 1'000'000; }, .Print = [](std::string_view) {}}};
+    ScriptHost Host{Engine, Desk};
+    Session s{Services{.Screen = Screen,
+                       .Desk = Desk,
+                       .Forms = Forms,
+                       .Chance = Chance,
+                       .Timers = Timers,
+                       .Scripts = Host,
+                       .Store = Store,
+                       .CreateDirectX7 = [this] { return std::make_unique<test::FakeDirectX>(Sound); },
+                       .CreateDirectInput = [this] { return std::make_unique<test::FakeInput>(Stick); }}};
+
+    Instrument() {
+        Engine.Attach(s);
+        s.DX = std::make_unique<test::FakeDirectX>(Sound);
+        s.DS = s.DX->DirectSoundCreate("guid1");
+        s.DSReady = s.GangReady = true;
+        s.CurrentFolder = "/nowhere/";
+        PadGeometryInit(s, 4500, 4500);
+        PadTablesInit(s);
+        MapInit(s);
+        for (Row row = 0; row < 2; ++row) {
+            s.Run[row].Buffer = s.DS->CreateSoundBufferFromFile("/one.WAV", buffer_flags::kSample);
+            s.Run[row].Loaded = True;
+            s.Set[row].SampleRate = 44100;
+            s.Set[row].BufferBytes = s.Run[row].Buffer->GetCaps().BufferBytes;
+            s.Set[row].AvgBytesPerSec = 176400;
+            s.Set[row].Length = 1;
+        }
+    }
+};
+
+/// What a script must not be able to bring about.
+void Check(const Session& s) {
+    for (Row row = 0; row < kRows; ++row) {
+        const LoopTrackSet& set = s.Set[row];
+        const bool sound = set.Vol >= 0 && set.Vol <= kVolFull && set.Pan >= 0 && set.Pan <= kPanRight && set.Hz >= 1 &&
+                           set.Hz <= kHzTop && set.NSteps >= 0 && set.NSteps < kPatternSteps;
+        if (!sound || set.PlayMode < kOneShot || set.PlayMode > kDrum) std::abort();
+    }
+    if (s.Limit < 1 || s.Limit > 4 || s.ScriptBusy) std::abort();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    Instrument i;
+    if (!i.Engine.Available()) std::abort();
+    RunScript(i.s, i.Host, std::string(data, data + size), "fuzz.mvs");
+    Check(i.s);
+    for (int event = 0; event < kScriptEvents; ++event) {
+        SendScriptEvent(i.s, static_cast<ScriptEvent>(event), std::vector<double>{1, 250, 3, 0.5, -1});
+        Check(i.s);
+    }
+    for (int tick = 0; tick < 5; ++tick) {
+        const std::vector<test::FakeTimers::Timer*> timers = i.Timers.Live;
+        for (auto* timer : timers) {
+            if (timer->Enabled) timer->OnTick(10);
+        }
+        LoopTimer_Timer(i.s, 10);
+        FadeTimer_Timer(i.s, 40);
+        Check(i.s);
+    }
+    EndScript(i.s, i.Host);
+    if (i.Engine.Memory() != 0) std::abort();
+    return 0;
+}

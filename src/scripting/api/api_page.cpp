@@ -1,0 +1,102 @@
+#include "scripting/api/api_page.h"
+
+#include "scripting/api/api_arguments.h"
+#include "scripting/api/api_table.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr std::string_view kStart = R"(# Scripting
+
+A script is a text in Lua 5.4. It runs once from its first line to its last; after that the instrument calls the
+functions that it has defined under the names of events. Everything it can do to the instrument is in the table
+`marvolin`. Script files end in ".mvs".
+
+    -- Loop B goes where loop A does not.
+    function OnPanScroll(row, pan)
+        if row == 1 then marvolin.set_pan("B", -pan) end
+    end
+
+## Events
+
+An event is called while the hand is at work, so it has to be quick. Events have no value to return. Knobs that a script
+turns send no events.
+
+| Event | Arguments | When |
+|---|---|---|
+| `OnVolChange` | row, volume 0 to 500 | a volume knob was let go |
+| `OnVolScroll` | row, volume, change since the last of these events | a volume knob is being turned, and once more when it is let go |
+| `OnPanChange` | row, pan -500 to 500 | a pan knob was let go |
+| `OnPanScroll` | row, pan, change | a pan knob is being turned |
+| `OnPitchChange` | row, percent 0.1 to 400 | a frequency knob was let go |
+| `OnPitchScroll` | row, percent, change | a frequency knob is being turned |
+| `OnPositionChange` | ball, x, y in map units | a ball of the sound map was let go |
+| `OnPositionScroll` | ball, x, y, change of x, change of y | a ball is being moved, by the mouse or the joystick |
+| `OnClock` | milliseconds since the last one, milliseconds and seconds of the running clock | ten times a second |
+
+In an event rows count from 1: 1 to 4 are the loops A to D, 5 the selection row, 6 the master; balls are 1 to 4 for the
+loops and 5 for the listener. In the functions below rows count from 0, so a script passes `row - 1`, or a letter.
+
+On the tab Optn, under "Scripting", two settings say how many moves of a knob or a ball make one scroll event. The event
+that is running is not called again until it has ended.
+
+## Limits
+
+- An event may take 20 ms, the first run of the text 1 second.
+- A script may hold 32 MB of memory, a single text 256 KB, the script itself 1 MB.
+- One event may load or reverse at most 8 samples and sets. The time that takes is not charged to it.
+- There are no files, processes, network or system calls: of Lua's library a script has `string` (without `dump`, `pack`,
+  `unpack`, `packsize`), `table`, `math`, `utf8`, `coroutine` (without `close`) and the basic functions (without those
+  that load or collect). `math.random` draws from the instrument's own chance. Metatables have no `__gc`.
+- An error, and a limit that is passed, is reported once with its line. The event it came from is silent from then on;
+  everything else plays on.
+
+## Functions
+
+A row is a number from 0 to 5 or a letter: "A" to "D" (0 to 3) are the loops, "Z" (4) stands for the controlled loops, 5 is
+the master. A wrong argument is an error that names it.
+)";
+
+/// "marvolin.load(row, path [, play])"
+std::string Signature(const ApiFunction& function) {
+    std::string text = "marvolin." + std::string(function.Name) + "(";
+    for (std::size_t i = 0; i < ParameterCount(function); ++i) {
+        const ApiParameter& parameter = function.Parameters[i];
+        const std::string comma = i > 0 ? ", " : "";
+        text +=
+            parameter.Optional ? " [" + comma + std::string(parameter.Name) + "]" : comma + std::string(parameter.Name);
+    }
+    return text + ")";
+}
+
+std::string Section(const ApiFunction& function) {
+    std::string text = "\n#### `" + Signature(function) + "`\n\n" + std::string(function.Text) + "\n";
+    if (ParameterCount(function) > 0 || !function.Returns.empty() || !function.Errors.empty()) text += "\n";
+    for (std::size_t i = 0; i < ParameterCount(function); ++i) {
+        const ApiParameter& parameter = function.Parameters[i];
+        text += "- `" + std::string(parameter.Name) + "`: " + Wanted(parameter) +
+                (parameter.Optional ? "; may be left out" : "") + "\n";
+    }
+    if (!function.Returns.empty()) text += "- returns " + std::string(function.Returns) + "\n";
+    if (!function.Errors.empty()) text += "- errors: " + std::string(function.Errors) + "\n";
+    return text + "\n    " + std::string(function.Example) + "\n";
+}
+
+}  // namespace
+
+std::string ApiPage() {
+    std::string page(kStart);
+    for (const ApiSubject& subject : ApiSubjects()) {
+        page += "\n### " + std::string(subject.Title) + "\n";
+        for (const ApiFunction& function : subject.Functions) page += Section(function);
+    }
+    page +=
+        "\n## Examples\n\nThey are in the folder Scripts beside the program.\n\n| File | What it does |\n|---|---|\n";
+    for (const ScriptExample& example : kScriptExamples) {
+        page += "| " + std::string(example.File) + " | " + std::string(example.Purpose) + " |\n";
+    }
+    return page;
+}
+
+}  // namespace marvolin
