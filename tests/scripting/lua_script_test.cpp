@@ -7,6 +7,8 @@
 
 #include "core/errors.h"
 #include "fakes/temp_folder.h"
+#include "instrument/shut_down.h"
+#include "parameters/knob_gesture.h"
 #include "parameters/scroll_events.h"
 #include "scripting/lua_rig.h"
 
@@ -148,6 +150,50 @@ TEST(LuaScript, AnEventInsideAnEventRuns) {
     Send(i, ScriptEvent::OnVolChange, {1, 2});
     EXPECT_THAT(i.Printed, ElementsAre("in", "pan\t2", "out"));
     EXPECT_THAT(i.Desk.Boxes, IsEmpty());
+}
+
+TEST(LuaScript, TheProgramMayCloseInsideAnEventOrADelayedCall) {
+    for (const char* text :
+         {"function OnVolChange() print('in') marvolin.load_set('scene') print('out') end",
+          "marvolin.after(10, function() print('in') marvolin.load_set('scene') print('out') end)"}) {
+        LuaRig i;
+        i.Run(text);
+        const test::TempFolder folder;
+        folder.Touch("scene.mvn");
+        i.s.CurrentFolder = folder.Path() + "/";
+        i.Store.OnLoad = [&] { Form_QueryUnload(i.s); };
+        if (i.s.EventWanted[ScriptEvent::OnVolChange] != 0) Send(i, ScriptEvent::OnVolChange, {1, 2});
+        i.Pass(20);
+        EXPECT_EQ(i.Printed.front(), "in");
+        EXPECT_FALSE(i.s.ScriptEnabled);
+        EXPECT_EQ(i.s.EventWanted[ScriptEvent::OnVolChange], 0);
+        EXPECT_THAT(i.Desk.Boxes, IsEmpty());
+        for (const auto* timer : i.Timers.Live) EXPECT_FALSE(timer->Enabled);
+    }
+}
+
+TEST(LuaScript, ASetThatIsLoadedInsideAScrollLeavesTheDragOpen) {
+    LuaRig i;
+    i.Run("function OnVolScroll(row) marvolin.load_set('scene') end");
+    const test::TempFolder folder;
+    folder.Touch("scene.mvn");
+    i.s.CurrentFolder = folder.Path() + "/";
+    KnobGesture(i.s, Knob::Vol, 0, Phase::Down, kLeftButton, 0, 0);
+    KnobGesture(i.s, Knob::Vol, 0, Phase::Move, kLeftButton, -50, 0);
+    EXPECT_EQ(i.s.Drag.Dragging, True);
+    KnobGesture(i.s, Knob::Vol, 0, Phase::Up, kLeftButton, -50, 0);
+    EXPECT_EQ(i.s.Set[0].Vol, 450);
+    EXPECT_EQ(i.Store.Log.size(), 2U);
+    EXPECT_THAT(i.Desk.Boxes, IsEmpty());
+}
+
+TEST(LuaScript, TheKnobsOfTheHandReachTheScriptThinnedByTheirOption) {
+    LuaRig i;
+    ScrollSensitivity_Change(i.s, 0, 3);
+    i.Run("function OnVolScroll(row, vol, moved) print(row, vol, moved) end");
+    KnobGesture(i.s, Knob::Vol, 1, Phase::Down, kLeftButton, 0, 0);
+    for (int x = 1; x <= 7; ++x) KnobGesture(i.s, Knob::Vol, 1, Phase::Move, kLeftButton, -10 * x, 0);
+    EXPECT_THAT(i.Printed, ElementsAre("2\t470\t-30", "2\t440\t-30"));
 }
 
 TEST(LuaScript, AScriptThatStopsItselfEndsAtOnceAndHearsNothingMore) {
