@@ -53,6 +53,7 @@ TEST(LuaLibrary, MatchesEveryItemOfAPattern) {
         {"('x%y'):match('[%%]')", "%"},
         {"('aaa'):match('a-')", ""},
         {"('aaab'):match('a-b')", "aaab"},
+        {"('aab'):match('^.-(b)')", "b"},
         {"('aaa'):match('a+')", "aaa"},
         {"('b'):match('a*b')", "b"},
         {"('ac'):match('ab?c')", "ac"},
