@@ -285,13 +285,14 @@ private:
     Counts* counts_;
 };
 
-/// Saves again and again in a child process, which is killed after `micros`.
+/// Saves again and again in a child process, which is killed `micros` after it has begun.
 void SaveUntilKilled(Sets& sets, std::int16_t pitch, long micros, SharedCounts& counts) {
     std::array<int, 2> pipe{};
     ASSERT_EQ(::pipe(pipe.data()), 0);
     const pid_t child = ::fork();
     if (child == 0) {
         ::close(pipe[0]);
+        if (::write(pipe[1], "", 1) != 1) ::_exit(1);
         for (std::int16_t next = pitch;; next = static_cast<std::int16_t>(next % 4000 + 1)) {
             ++counts->Begun;
             if (!sets.Save("x.mvn", next)) ::_exit(1);
@@ -299,7 +300,9 @@ void SaveUntilKilled(Sets& sets, std::int16_t pitch, long micros, SharedCounts& 
         }
     }
     ::close(pipe[1]);
-    // The pipe never has anything to read while the child lives.
+    char begun = 1;
+    EXPECT_EQ(::read(pipe[0], &begun, 1), 1);
+    // From now on the pipe has nothing to read while the child lives.
     pollfd wait{pipe[0], POLLIN, 0};
     const timespec moment{micros / 1000000, micros % 1000000 * 1000};
     EXPECT_EQ(::ppoll(&wait, 1, &moment, nullptr), 0) << "the child ended by itself";
@@ -319,12 +322,11 @@ long OneSave(Sets& sets) {
 
 TEST(KilledSaves, AThousandAtRandomMomentsLeaveAWholeSetEachTime) {
     constexpr int kKills = 1000;
-    constexpr long kShortest = 2000;  // microseconds; a process begins within it
     std::mt19937 random(1);
     Sets sets;
     SharedCounts counts;
     ASSERT_TRUE(sets.Save("x.mvn", 1));
-    const long longest = kShortest + 4 * OneSave(sets);
+    const long longest = 4 * OneSave(sets);
     int interrupted = 0;
     for (int kill = 0; kill < kKills; ++kill) {
         SCOPED_TRACE(kill);
