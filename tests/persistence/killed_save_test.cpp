@@ -312,8 +312,8 @@ void SaveUntilKilled(Sets& sets, std::int16_t pitch, long micros, SharedCounts& 
     ::close(pipe[0]);
 }
 
-/// Microseconds that the first save of a child process takes here. It can be many times slower than one of this process,
-/// whose memory the child first has to copy.
+/// Microseconds that the first save of a child process takes here. It can be many times slower than one of this
+/// process, whose memory the child first has to copy.
 long OneSave(Sets& sets) {
     std::array<int, 2> pipe{};
     EXPECT_EQ(::pipe(pipe.data()), 0);
@@ -341,7 +341,7 @@ TEST(KilledSaves, AThousandAtRandomMomentsLeaveAWholeSetEachTime) {
     Sets sets;
     SharedCounts counts;
     ASSERT_TRUE(sets.Save("x.mvn", 1));
-    const long longest = 4 * OneSave(sets);
+    const long longest = 2 * OneSave(sets);
     int interrupted = 0;
     for (int kill = 0; kill < kKills; ++kill) {
         SCOPED_TRACE(kill);
