@@ -22,9 +22,8 @@ enum class Pace : std::uint8_t {
 /// ends and are heard together:
 ///
 /// - those of a tick at its instant and the lead;
-/// - those of a gesture that contains a call `OnFrame` at its instant and the lead, the others too; when the gesture
-/// has
-///   lasted longer than the budget for lateness, at its end and the lead;
+/// - those of a gesture that contains a call `OnFrame` at its instant and the lead, the others too;
+/// - those of one that has lasted longer than the budget for lateness at its end and the lead;
 /// - those of another gesture as soon as can be.
 ///
 /// No call precedes an earlier one to the same voice. A voice that has to wait for its own earlier calls keeps the
