@@ -16,7 +16,8 @@ namespace marvolin {
 namespace {
 
 constexpr std::size_t kLargestFrame = 129;
-constexpr std::int64_t kPieceBytes = 96 * 1024;  // whole frames of any size that PCM has, small enough for the cache
+constexpr std::int64_t kReversePieceBytes =
+    96 * 1024;  // whole frames of any size that PCM has, small enough for the cache
 
 // Copies frames in reverse order. A size that is known at compile time makes each copy a register move.
 template <std::size_t size>
@@ -79,9 +80,9 @@ void SwapFrames(std::uint8_t* bytes, std::int32_t count, std::int32_t size) {
 // For whole frames: reads in pieces, and reverses each while it is in the cache.
 void ReadReversed(DirectSoundBuffer& buffer, std::uint8_t* bytes, std::int64_t count, std::int32_t size,
                   FrameCopier copy) {
-    std::array<std::uint8_t, kPieceBytes> piece;
+    std::array<std::uint8_t, kReversePieceBytes> piece;
     for (std::int64_t at = 0; at < count;) {
-        const std::int64_t length = std::min(kPieceBytes, count - at);
+        const std::int64_t length = std::min(kReversePieceBytes, count - at);
         buffer.ReadBuffer(static_cast<std::int32_t>(at), {piece.data(), static_cast<std::size_t>(length)});
         at += length;
         copy(piece.data(), bytes + (count - at), length / size);

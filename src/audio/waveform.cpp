@@ -9,7 +9,7 @@ namespace marvolin {
 
 namespace {
 
-constexpr std::int64_t kPieceBytes = 1 << 18;
+constexpr std::int64_t kWavePieceBytes = 1 << 18;
 
 // A sample of `bytes` bytes, little endian, as a number of 32 bits.
 template <int bytes>
@@ -72,7 +72,7 @@ std::vector<WaveformColumn> WaveformPeaks(DirectSoundBuffer& buffer, int columns
     if (frames == 0) return {};
 
     std::vector<WaveformColumn> peaks;
-    std::vector<std::uint8_t> piece(static_cast<std::size_t>(kPieceBytes / frameBytes * frameBytes));
+    std::vector<std::uint8_t> piece(static_cast<std::size_t>(kWavePieceBytes / frameBytes * frameBytes));
     std::int64_t read = 0;
     for (std::int64_t column = from; column < columns && (peaks.empty() || read < most); ++column) {
         const std::int64_t first = column * frames / columns;

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "audio/start.h"
 #include "audio/transport.h"
 #include "fakes/instrument.h"
 
@@ -13,13 +14,6 @@ namespace {
 using test::Instrument;
 
 /// Loads and starts rows in this order.
-void Start(Instrument& i, const std::vector<Row>& rows) {
-    for (const Row row : rows) {
-        if (i.s.Run[row].Loaded == False) i.Fill(row);
-        LoopPlay(i.s, row, true);
-    }
-}
-
 TEST(Limiter, ADragSetsTheNumberAndOnlyItsEndThins) {
     Instrument i;
     Start(i, {2, 0, 1});

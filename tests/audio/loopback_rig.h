@@ -20,6 +20,9 @@ namespace marvolin::test {
 /// Output is rounded to 16 bits with a dither of less than one step.
 inline constexpr int kStep = 2;
 
+/// The factor of a volume in hundredths of a decibel.
+inline double GainOf(int hundredths) { return hundredths <= -10000 ? 0 : std::pow(10.0, hundredths / 2000.0); }
+
 /// Rendered sound.
 struct Heard {
     std::vector<int> Left;

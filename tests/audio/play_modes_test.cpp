@@ -14,14 +14,14 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 TEST(PlayMode, HasItsTextAndItsLoopingFlag) {
-    const std::pair<std::int32_t, const char*> kTold[] = {
+    const std::pair<std::int32_t, const char*> kFlagsAndTexts[] = {
         {0, "One shot (sample plays once, stops)"},
         {1, "Loop (sample loops continuously)"},
         {1, "Track (sample loops continuously, track the Vol, Freq & Pan patterns)"},
         {0, "Drum (track Vol,Pan & Freq pattern, restart sample each beat)"}};
     for (std::int16_t mode = kOneShot; mode <= kDrum; ++mode) {
-        EXPECT_EQ(LoopPlayFlags(mode), kTold[mode].first);
-        EXPECT_EQ(PlayModeText(mode), kTold[mode].second);
+        EXPECT_EQ(LoopPlayFlags(mode), kFlagsAndTexts[mode].first);
+        EXPECT_EQ(PlayModeText(mode), kFlagsAndTexts[mode].second);
     }
     EXPECT_EQ(PlayModeText(4), "");
     EXPECT_EQ(LoopPlayFlags(4), 0);

@@ -39,7 +39,7 @@ TEST_F(SoundAdapterDevice, ThePrimaryBufferPlaysLoopingOnlyAndHoldsNoSample) {
     EXPECT_EQ(primary->GetStatus(), 0);
     EXPECT_EQ(primary->GetCaps().Flags, 17);
     EXPECT_EQ(primary->GetCaps().BufferBytes, 0);
-    Bytes bytes(4);
+    ByteList bytes(4);
     EXPECT_EQ(NumberOf([&] { primary->ReadBuffer(0, bytes); }), sound_error::kInvalidCall);
     EXPECT_EQ(NumberOf([&] { primary->WriteBuffer(0, bytes); }), sound_error::kInvalidCall);
     EXPECT_EQ(NumberOf([&] { primary->SetCurrentPosition(0); }), sound_error::kInvalidCall);
@@ -159,7 +159,7 @@ TEST_F(SoundAdapterDevice, TheOutputsThreadMovesTheCursorWhileCallsPourIn) {
     auto place = spatial->GetDirectSound3dBuffer();
     first->Play(1);
     spatial->Play(1);
-    const Bytes bytes = Pcm(std::vector<std::int32_t>(2000, -1000), 16);
+    const ByteList bytes = Pcm(std::vector<std::int32_t>(2000, -1000), 16);
     for (int i = 0; i < 5000; ++i) {
         first->SetVolume(-(i % 5000));
         first->SetPan(i % 4000 - 2000);

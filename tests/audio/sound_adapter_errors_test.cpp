@@ -64,7 +64,7 @@ TEST_F(SoundAdapterErrors, RenderedByHandCallsFindRoomAndWhatIsReleasedIsFreedTh
     voice.Play(true);
     for (int i = 0; i < 10000; ++i) voice.SetVolumeAndPan(-(i % 5000), 0);
     EXPECT_EQ(Mixer->Counts().Overflowed, 0U);
-    const Bytes bytes = Pcm({1, 2, 3}, 16);
+    const ByteList bytes = Pcm({1, 2, 3}, 16);
     int writes = 0;
     for (; writes < SourcePool::kMostSources; ++writes)
         if (NumberOf([&] { sample->Write(0, bytes); }) != 0) break;

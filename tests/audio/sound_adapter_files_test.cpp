@@ -14,7 +14,7 @@ protected:
     std::uint32_t Refusal(const std::string& path) {
         return NumberOf([&] { device_->CreateSoundBufferFromFile(path, buffer_flags::kSample); });
     }
-    std::uint32_t Refusal(const Bytes& bytes) { return Refusal(folder_.Write("bad.wav", bytes)); }
+    std::uint32_t Refusal(const ByteList& bytes) { return Refusal(folder_.Write("bad.wav", bytes)); }
     std::uint32_t Refusal(const Wave& wave) { return Refusal(WaveBytes(wave)); }
     static Wave Good() {
         Wave wave;
@@ -55,7 +55,7 @@ TEST_F(SoundAdapterFiles, EveryWidthAndChannelCountIsReadCorrectly) {
                                         0};
                 EXPECT_EQ(format, wanted);
                 EXPECT_EQ(buffer->GetCaps().BufferBytes, 600 * bits / 8);
-                Bytes back(wave.Data.size());
+                ByteList back(wave.Data.size());
                 buffer->ReadBuffer(0, back);
                 EXPECT_EQ(back, wave.Data);
                 buffer->Play(0);
@@ -82,8 +82,8 @@ TEST_F(SoundAdapterFiles, ASampleLongerThanAPieceIsReadToItsEnd) {
 }
 
 TEST_F(SoundAdapterFiles, OtherChunksAreSkipped) {
-    Bytes file = WaveBytes(Good());
-    const Bytes extra{'L', 'I', 'S', 'T', 5, 0, 0, 0, 1, 2, 3, 4, 5, 0};
+    ByteList file = WaveBytes(Good());
+    const ByteList extra{'L', 'I', 'S', 'T', 5, 0, 0, 0, 1, 2, 3, 4, 5, 0};
     file.insert(file.begin() + 12, extra.begin(), extra.end());
     file[4] = static_cast<std::uint8_t>(file[4] + extra.size());
     file.insert(file.end(), extra.begin(), extra.end());
@@ -149,20 +149,20 @@ TEST_F(SoundAdapterFiles, AnythingButPlainPcmIsABadFormat) {
 }
 
 TEST_F(SoundAdapterFiles, AFileCutShortAnywhereIsABadFormat) {
-    const Bytes whole = WaveBytes(Good());
+    const ByteList whole = WaveBytes(Good());
     for (std::size_t length = 0; length < whole.size(); ++length) {
         SCOPED_TRACE(length);
-        EXPECT_EQ(Refusal(Bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length))),
+        EXPECT_EQ(Refusal(ByteList(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length))),
                   sound_error::kBadFormat);
     }
 }
 
 TEST_F(SoundAdapterFiles, ADamagedByteIsReadOrRefusedWithoutHarm) {
-    const Bytes whole = WaveBytes(Good());
+    const ByteList whole = WaveBytes(Good());
     for (std::size_t at = 0; at < 44; ++at)
         for (const int value : {0x00, 0x01, 0x7F, 0x80, 0xFF}) {
             SCOPED_TRACE(testing::Message() << "byte " << at << " is " << value);
-            Bytes spoiled = whole;
+            ByteList spoiled = whole;
             spoiled[at] = static_cast<std::uint8_t>(value);
             const std::uint32_t number = Refusal(spoiled);
             EXPECT_TRUE(number == 0 || number == sound_error::kBadFormat) << number;
@@ -170,12 +170,12 @@ TEST_F(SoundAdapterFiles, ADamagedByteIsReadOrRefusedWithoutHarm) {
 }
 
 TEST_F(SoundAdapterFiles, OtherContainersAreABadFormat) {
-    EXPECT_EQ(Refusal(Bytes{}), sound_error::kBadFormat);
-    EXPECT_EQ(Refusal(Bytes(5000, 'x')), sound_error::kBadFormat);
-    EXPECT_EQ(Refusal(Bytes(5000, 0)), sound_error::kBadFormat);
-    Bytes aiff{'F', 'O', 'R', 'M', 0, 0,  0, 46, 'A',  'I',  'F',  'F',  'C', 'O', 'M', 'M', 0, 0, 0,   18,
-               0,   1,   0,   0,   0, 2,  0, 16, 0x40, 0x0E, 0xAC, 0x44, 0,   0,   0,   0,   0, 0, 'S', 'S',
-               'N', 'D', 0,   0,   0, 12, 0, 0,  0,    0,    0,    0,    0,   0,   1,   2,   3, 4};
+    EXPECT_EQ(Refusal(ByteList{}), sound_error::kBadFormat);
+    EXPECT_EQ(Refusal(ByteList(5000, 'x')), sound_error::kBadFormat);
+    EXPECT_EQ(Refusal(ByteList(5000, 0)), sound_error::kBadFormat);
+    ByteList aiff{'F', 'O', 'R', 'M', 0, 0,  0, 46, 'A',  'I',  'F',  'F',  'C', 'O', 'M', 'M', 0, 0, 0,   18,
+                  0,   1,   0,   0,   0, 2,  0, 16, 0x40, 0x0E, 0xAC, 0x44, 0,   0,   0,   0,   0, 0, 'S', 'S',
+                  'N', 'D', 0,   0,   0, 12, 0, 0,  0,    0,    0,    0,    0,   0,   1,   2,   3, 4};
     EXPECT_EQ(Refusal(aiff), sound_error::kBadFormat);
 }
 
@@ -212,7 +212,7 @@ TEST_F(SoundAdapterFiles, NamesAreBytes) {
 
 TEST_F(SoundAdapterFiles, ManyLoadsUseNothingUp) {
     const std::string path = folder_.Write("good.wav", WaveBytes(Good()));
-    const std::string bad = folder_.Write("bad.wav", Bytes(100, 1));
+    const std::string bad = folder_.Write("bad.wav", ByteList(100, 1));
     std::unique_ptr<DirectSoundBuffer> kept = device_->CreateSoundBufferFromFile(path, buffer_flags::kSample);
     // Far more loads than the mixer has sources; each replaces a sounding sample.
     for (int load = 0; load < 1000; ++load) {
@@ -220,7 +220,7 @@ TEST_F(SoundAdapterFiles, ManyLoadsUseNothingUp) {
                                   : device_->CreateSoundBufferFromFile(
                                         path, load % 3 == 1 ? buffer_flags::kSample : buffer_flags::kSample3D);
         next->Play(1);
-        if (load % 10 == 0) next->WriteBuffer(0, Bytes(4, 0));
+        if (load % 10 == 0) next->WriteBuffer(0, ByteList(4, 0));
         kept = std::move(next);
         ASSERT_EQ(Refusal(bad), sound_error::kBadFormat) << load;
     }
@@ -256,7 +256,7 @@ TEST_F(SoundAdapterFiles, AHighRateIsHalvedInEveryWidthWithoutNoiseFromAboveTheL
             wave.Data = Pcm(numbers, bits);
             auto buffer = Load(wave);
             ASSERT_EQ(buffer->GetCaps().BufferBytes, kFrames / 2 * channels * bits / 8);
-            Bytes back(static_cast<std::size_t>(buffer->GetCaps().BufferBytes));
+            ByteList back(static_cast<std::size_t>(buffer->GetCaps().BufferBytes));
             buffer->ReadBuffer(0, back);
             const int wide = bits / 8;
             for (int frame = 200; frame < kFrames / 2 - 200; ++frame)
@@ -280,7 +280,7 @@ TEST_F(SoundAdapterFiles, AnEvenLoopOfAHighRateStaysEvenAtItsEnds) {
     wave.Data = Pcm(std::vector<std::int32_t>(70001, 8000), 16);
     auto buffer = Load(wave);
     ASSERT_EQ(buffer->GetCaps().BufferBytes, 70000);
-    Bytes back(70000);
+    ByteList back(70000);
     buffer->ReadBuffer(0, back);
     for (std::size_t i = 0; i < back.size(); i += 2) ASSERT_NEAR(back[i] + 256 * back[i + 1], 8000, 1) << i;
 }

@@ -7,8 +7,6 @@ namespace {
 
 class SoundAdapterShared : public LoopbackRig {};
 
-double GainOf(int hundredths) { return hundredths <= -10000 ? 0 : std::pow(10.0, hundredths / 2000.0); }
-
 TEST_F(SoundAdapterShared, ADuplicateHasCursorVolumePanAndFrequencyOfItsOwn) {
     auto first = LoadLevels(10000, 10000, 2000);
     first->SetVolume(-600);
@@ -70,13 +68,13 @@ TEST_F(SoundAdapterShared, ASampleIsReadAsItsBytesStandInTheFile) {
     wave.Channels = 1;
     wave.Data = Pcm({1, -2, 300, -400, 32767, -32768}, 16);
     auto buffer = Load(wave);
-    Bytes whole(wave.Data.size() + 1, 0xEE);
+    ByteList whole(wave.Data.size() + 1, 0xEE);
     buffer->ReadBuffer(0, whole);
-    EXPECT_EQ(Bytes(whole.begin(), whole.end() - 1), wave.Data);
+    EXPECT_EQ(ByteList(whole.begin(), whole.end() - 1), wave.Data);
     EXPECT_EQ(whole.back(), 0xEE);
-    Bytes part(3);
+    ByteList part(3);
     buffer->ReadBuffer(5, part);
-    EXPECT_EQ(part, Bytes(wave.Data.begin() + 5, wave.Data.begin() + 8));
+    EXPECT_EQ(part, ByteList(wave.Data.begin() + 5, wave.Data.begin() + 8));
     buffer->ReadBuffer(12, part);
     EXPECT_EQ(NumberOf([&] { buffer->ReadBuffer(13, part); }), sound_error::kInvalidArgument);
     EXPECT_EQ(NumberOf([&] { buffer->ReadBuffer(-1, part); }), sound_error::kInvalidArgument);
@@ -98,7 +96,7 @@ TEST_F(SoundAdapterShared, AWriteIsHeardInAllDuplicatesAtOnceAndTheyGoOn) {
 
     std::vector<std::int32_t> down;
     for (int i = 0; i < 3000; ++i) down.push_back(-10 * i);
-    Bytes bytes = Pcm(down, 16);
+    ByteList bytes = Pcm(down, 16);
     bytes.push_back(0);
     first->WriteBuffer(0, bytes);
     EXPECT_EQ(first->GetStatus(), 5);
@@ -112,7 +110,7 @@ TEST_F(SoundAdapterShared, AWriteIsHeardInAllDuplicatesAtOnceAndTheyGoOn) {
         ASSERT_NEAR(heard.Left[i], -10 * (1024 + static_cast<int>(i)), kStep) << i;
         ASSERT_NEAR(heard.Right[i], -10 * (512 + static_cast<int>(i)), kStep) << i;
     }
-    Bytes back(6000);
+    ByteList back(6000);
     silent->ReadBuffer(0, back);
     bytes.pop_back();
     EXPECT_EQ(back, bytes);

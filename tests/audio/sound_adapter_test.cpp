@@ -9,8 +9,6 @@ namespace {
 
 class SoundAdapter : public LoopbackRig {};
 
-double GainOf(int hundredths) { return hundredths <= -10000 ? 0 : std::pow(10.0, hundredths / 2000.0); }
-
 TEST_F(SoundAdapter, VolumeIsAnExactAttenuation) {
     auto buffer = LoadLevels(20000, -12000);
     for (const int volume : {0, -1, -100, -301, -602, -1000, -2000, -3500, -6000, -9999, -10000}) {

@@ -104,7 +104,7 @@ TEST_F(SoundAdapterThreads, EveryCallIsTakenWhileTheCardAsksAsFastAsItCan) {
     Card card(renderer_, Time, kPeriod);
     first->Play(1);
     spatial->Play(1);
-    const Bytes bytes = Pcm(std::vector<std::int32_t>(2000, -1000), 16);
+    const ByteList bytes = Pcm(std::vector<std::int32_t>(2000, -1000), 16);
     for (int i = 0; i < 3000; ++i) {
         std::optional<Instant> tick;
         if (i % 3 == 0) tick = static_cast<Instant>(Clock->Now());
@@ -152,7 +152,7 @@ TEST_F(SoundAdapterThreads, SourcesAndBuffersNeverRunOut) {
     const std::string path =
         folder_.Write("small.wav", WaveBytes({.Data = Pcm(std::vector<std::int32_t>(200, 3000), 16)}));
     Card card(renderer_, Time, kPeriod);
-    const Bytes bytes = Pcm(std::vector<std::int32_t>(50, -1000), 16);
+    const ByteList bytes = Pcm(std::vector<std::int32_t>(50, -1000), 16);
     std::unique_ptr<DirectSoundBuffer> loaded;
     for (int i = 0; i < 5000; ++i) {
         loaded = device_->CreateSoundBufferFromFile(path, buffer_flags::kSample);

@@ -49,7 +49,7 @@ TEST(SoundAdapterVanish, ASampleSoundsOnUnheardAndEveryCallIsTaken) {
         EXPECT_TRUE(Eventually([&] { return second->GetStatus() == 0; })) << "the one shot does not end";
         buffer->Stop();
         EXPECT_EQ(buffer->GetStatus(), 0);
-        Bytes bytes(4, 1);
+        ByteList bytes(4, 1);
         buffer->WriteBuffer(0, bytes);
         auto third = device->CreateSoundBufferFromFile(WriteTone(folder), buffer_flags::kSample3D);
         third->Play(1);

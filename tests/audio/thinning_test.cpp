@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "audio/start.h"
 #include "audio/transport.h"
 #include "fakes/instrument.h"
 
@@ -21,13 +22,6 @@ struct Four : Instrument {
 };
 
 /// Loads and starts rows in this order.
-void Start(Instrument& i, const std::vector<Row>& rows) {
-    for (const Row row : rows) {
-        if (i.s.Run[row].Loaded == False) i.Fill(row);
-        LoopPlay(i.s, row, true);
-    }
-}
-
 TEST(Thinning, StartsEnterTheListOldestFirst) {
     Four i;
     for (const Row row : std::initializer_list<Row>{2, 0, 3, 1}) LoopPlay(i.s, row, true);

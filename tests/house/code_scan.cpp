@@ -8,8 +8,6 @@
 namespace marvolin::house {
 namespace {
 
-bool IsWord(char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_'; }
-
 /// Blanks one text after the other; each member function handles what starts at `at` and goes behind it.
 class Blanking {
 public:
@@ -214,6 +212,8 @@ private:
 };
 
 }  // namespace
+
+bool IsWord(char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_'; }
 
 std::string WithoutWords(const std::string& text) { return Blanking(text).Run(); }
 

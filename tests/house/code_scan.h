@@ -18,6 +18,9 @@ struct Function {
 /// `text` with its comments, preprocessor lines and the content of its literals blanked; lines stay where they are.
 std::string WithoutWords(const std::string& text);
 
+/// A character of a name.
+bool IsWord(char c);
+
 /// The functions of a source, in order: those with a body, and those that are declared to have one elsewhere. Pure
 /// virtual, defaulted and deleted functions and friends are left out. Reads code that compiles, without macros that
 /// open or close braces.

@@ -102,6 +102,11 @@ Tree ReadTree(const std::filesystem::path& root) {
     return tree;
 }
 
+const Tree& Sources() {
+    static const Tree sources = ReadTree(MARVOLIN_SOURCES);
+    return sources;
+}
+
 std::vector<std::string> IncludesOf(const std::string& text) {
     static const std::regex kInclude(R"(^\s*#\s*include\s*([<"][^>"]+[>"]).*$)");
     std::vector<std::string> includes;

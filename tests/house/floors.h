@@ -13,6 +13,9 @@ using Tree = std::map<std::string, std::string>;
 /// Every .h and .cpp file below `root`.
 Tree ReadTree(const std::filesystem::path& root);
 
+/// The program's own sources, read once.
+const Tree& Sources();
+
 /// The names that a text includes, in order, with their quotes or angle brackets: "\"core/table.h\"", "<vector>".
 std::vector<std::string> IncludesOf(const std::string& text);
 

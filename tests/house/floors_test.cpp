@@ -9,11 +9,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const Tree& Sources() {
-    static const Tree sources = ReadTree(MARVOLIN_SOURCES);
-    return sources;
-}
-
 TEST(Floors, TheSourcesAreReadWhole) {
     EXPECT_GE(Sources().size(), 20u);
     EXPECT_TRUE(Sources().contains("core/session.h"));

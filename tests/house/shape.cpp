@@ -14,9 +14,7 @@ bool Ends(const std::string& file, const char* ending) { return file.ends_with(e
 
 std::string Stem(const std::string& file) { return file.substr(0, file.rfind('.')); }
 
-int LinesOf(const std::string& text) { return static_cast<int>(std::count(text.begin(), text.end(), '\n')); }
-
-bool IsWord(char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_'; }
+int LineCount(const std::string& text) { return static_cast<int>(std::count(text.begin(), text.end(), '\n')); }
 
 /// Whether `word` stands alone in `text`, behind `before` and in front of `after`, blanks apart; "" is anything.
 bool HasWord(const std::string& text, const std::string& word, const std::string& before, const std::string& after) {
@@ -95,7 +93,7 @@ std::vector<std::string> FoldersTooFull(const Tree& tree, std::size_t most) {
 std::vector<std::string> FilesTooLong(const Tree& tree, int most) {
     std::vector<std::string> wrong;
     for (const auto& [file, text] : tree) {
-        if (LinesOf(text) > most) wrong.push_back(file + ": " + std::to_string(LinesOf(text)) + " lines");
+        if (LineCount(text) > most) wrong.push_back(file + ": " + std::to_string(LineCount(text)) + " lines");
     }
     return wrong;
 }
@@ -103,7 +101,7 @@ std::vector<std::string> FilesTooLong(const Tree& tree, int most) {
 int MedianLines(const Tree& tree) {
     if (tree.empty()) return 0;
     std::vector<int> lines;
-    for (const auto& [file, text] : tree) lines.push_back(LinesOf(text));
+    for (const auto& [file, text] : tree) lines.push_back(LineCount(text));
     const auto middle = lines.begin() + static_cast<std::ptrdiff_t>(lines.size() / 2);
     std::nth_element(lines.begin(), middle, lines.end());
     return *middle;

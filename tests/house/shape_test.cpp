@@ -11,11 +11,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-const Tree& Sources() {
-    static const Tree sources = ReadTree(MARVOLIN_SOURCES);
-    return sources;
-}
-
 TEST(Shape, AFolderHoldsAtMostTwentyFiveSubjects) { EXPECT_THAT(FoldersTooFull(Sources(), 25), IsEmpty()); }
 
 TEST(Shape, FilesAreShort) {

@@ -18,7 +18,7 @@ namespace {
 using test::HeardInstrument;
 using test::Sides;
 
-constexpr double kNear = 12;  ///< tolerance for rounding and the mixer's filters
+constexpr double kMapNear = 12;  ///< tolerance for rounding and the mixer's filters
 
 /// Inverse distance with roll-off, as samples are loaded: whole up to 1 map unit, no softer beyond 4.
 double Expected(double level, double distance, double rollOff) {
@@ -27,8 +27,8 @@ double Expected(double level, double distance, double rollOff) {
 
 void ExpectSides(HeardInstrument& i, double left, double right) {
     const Sides heard = i.Heard();
-    EXPECT_NEAR(heard.Left, left, kNear);
-    EXPECT_NEAR(heard.Right, right, kNear);
+    EXPECT_NEAR(heard.Left, left, kMapNear);
+    EXPECT_NEAR(heard.Right, right, kMapNear);
 }
 
 /// In row 0 a mono sample, or a stereo one of the same mean.
@@ -37,7 +37,7 @@ struct Source {
     int Channels;
 };
 constexpr std::array<Source, 2> kSources{{{"mono", 1}, {"stereo", 2}}};
-constexpr double kLevel = 8000;
+constexpr double kMapLevel = 8000;
 
 void SoundOf(HeardInstrument& i, const Source& source) {
     i.Silence();
@@ -59,7 +59,7 @@ TEST(HeardMap, AWalkFromSideToSideAndOutwardsSoftensAsTheInverseOfTheDistance) {
             SetRollOff(i.s, static_cast<float>(rollOff));
             for (const double x : {0.25, 1.0, 1.5, 2.0, 3.0, 4.0, 4.5, 5.0}) {
                 SCOPED_TRACE(x);
-                const double level = Expected(kLevel, x, rollOff);
+                const double level = Expected(kMapLevel, x, rollOff);
                 i.Place(0, -x, 0);
                 ExpectSides(i, level, 0);
                 i.Place(0, x, 0);
@@ -72,7 +72,7 @@ TEST(HeardMap, AWalkFromSideToSideAndOutwardsSoftensAsTheInverseOfTheDistance) {
             SCOPED_TRACE(way);
             i.Place(0, 0, way);
             const double near = i.Heard().Left;
-            EXPECT_GT(near, kLevel / 4);
+            EXPECT_GT(near, kMapLevel / 4);
             for (const double y : {1.0, 2.0, 3.0, 5.0}) {
                 SCOPED_TRACE(y);
                 i.Place(0, 0, way * y);
@@ -88,9 +88,9 @@ TEST(HeardMap, TheListenersBallMovesWhatIsHeardTheOtherWay) {
     SetUse3D(i.s, true);
     i.Sound(0, 8000);
     i.Place(kListenerBall, 3, 0);
-    ExpectSides(i, Expected(kLevel, 3, 1), 0);
+    ExpectSides(i, Expected(kMapLevel, 3, 1), 0);
     i.Place(kListenerBall, -2, 0);
-    ExpectSides(i, 0, Expected(kLevel, 2, 1));
+    ExpectSides(i, 0, Expected(kMapLevel, 2, 1));
     // 22 radians are nearly half a turn: left and right change places.
     RotateListener(i.s, 22, Apply::Yes);
     const Sides turned = i.Heard();
@@ -139,9 +139,9 @@ TEST(HeardMap, SwitchingThereAndBackKeepsSamplesSettingsAndPatternsAndIsHeard) {
         SCOPED_TRACE(on);
         Enable3d_Click(i.s, on);
         if (on) {
-            ExpectSides(i, Expected(kLevel, 3, 1), 0);
+            ExpectSides(i, Expected(kMapLevel, 3, 1), 0);
         } else {
-            ExpectSides(i, 0, kLevel);
+            ExpectSides(i, 0, kMapLevel);
         }
         EXPECT_EQ(i.s.Use3D, on);
         EXPECT_EQ(i.s.Set[0].FileName, file);
@@ -167,7 +167,7 @@ TEST(HeardMap, NoSoundAndBackIsHeardFromTheSamePlaces) {
     SetRollOff(i.s, 2);
     i.Place(0, -1, 0);
     i.Place(kListenerBall, 2, 0);
-    ExpectSides(i, Expected(kLevel, 3, 2), 0);
+    ExpectSides(i, Expected(kMapLevel, 3, 2), 0);
     const auto noSound = static_cast<std::int16_t>(i.s.Drivers.size() - 1);
     cboDrivers_Click(i.s, noSound);
     EXPECT_FALSE(i.s.DSReady);
@@ -177,7 +177,7 @@ TEST(HeardMap, NoSoundAndBackIsHeardFromTheSamePlaces) {
     i.Place(kListenerBall, 3, 0);
     cboDrivers_Click(i.s, 0);
     EXPECT_EQ(i.s.Run[0].Playing, True);
-    ExpectSides(i, Expected(kLevel, 4, 2), 0);
+    ExpectSides(i, Expected(kMapLevel, 4, 2), 0);
     EXPECT_TRUE(i.Desk.Boxes.empty()) << i.Desk.LastBox();
 }
 
@@ -188,9 +188,9 @@ TEST(HeardMap, AnotherDeviceGetsTheListenersPlaceAndHeading) {
     i.Sound(0, 8000);
     SetRollOff(i.s, 2);
     i.Place(kListenerBall, 3, 0);
-    ExpectSides(i, Expected(kLevel, 3, 2), 0);
+    ExpectSides(i, Expected(kMapLevel, 3, 2), 0);
     cboDrivers_Click(i.s, 0);
-    ExpectSides(i, Expected(kLevel, 3, 2), 0);
+    ExpectSides(i, Expected(kMapLevel, 3, 2), 0);
 }
 
 }  // namespace

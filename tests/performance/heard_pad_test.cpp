@@ -17,8 +17,8 @@ namespace {
 using test::HeardInstrument;
 
 constexpr int kFrames = 4410;
-constexpr double kLevel = 4000;
-constexpr double kNear = 10;
+constexpr double kPadLevel = 4000;
+constexpr double kPadNear = 10;
 
 /// Four sines, one a LoopTrack and a channel, each of its own whole number of periods in a tenth of a second.
 struct FourSines : HeardInstrument {
@@ -29,7 +29,7 @@ struct FourSines : HeardInstrument {
             std::vector<std::int32_t> numbers;
             for (int n = 0; n < kFrames; ++n) {
                 const double angle = 2 * std::numbers::pi * kPeriods[static_cast<std::size_t>(row)] * n / kFrames;
-                numbers.push_back(static_cast<std::int32_t>(std::lround(kLevel * std::sin(angle))));
+                numbers.push_back(static_cast<std::int32_t>(std::lround(kPadLevel * std::sin(angle))));
             }
             Sound(row, numbers, 1);
         }
@@ -55,7 +55,7 @@ struct FourSines : HeardInstrument {
     static double Expected(double share) {
         const double left = 500 - std::nearbyint(share * 500);
         if (left <= 0) return 0;
-        return kLevel * std::pow(10, -(left >= 500 ? 0 : (499 - left) * 6) / 2000);
+        return kPadLevel * std::pow(10, -(left >= 500 ? 0 : (499 - left) * 6) / 2000);
     }
     void ExpectLevels() {
         const double x = s.PadTable[2].X / s.Geometry.PadHalfX;
@@ -64,7 +64,7 @@ struct FourSines : HeardInstrument {
         const std::array<double, 4> levels = Levels();
         for (std::size_t row = 0; row < levels.size(); ++row) {
             const double share = std::hypot(kCorners[row][0] - x, kCorners[row][1] - y) / std::sqrt(8.0);
-            EXPECT_NEAR(levels[row], Expected(share), kNear) << "LoopTrack " << row;
+            EXPECT_NEAR(levels[row], Expected(share), kPadNear) << "LoopTrack " << row;
         }
     }
 };
@@ -74,7 +74,7 @@ TEST(HeardPad, TheBallFromCornerToCornerCrossFadesFourLoopTracks) {
     PadMove(i.s, -1, -1, 1, {.Absolute = true, .Apply = true});
     i.ExpectLevels();
     double before = i.Levels()[0];
-    EXPECT_NEAR(before, kLevel, kNear);
+    EXPECT_NEAR(before, kPadLevel, kPadNear);
     PadBallGesture(i.s, Phase::Down, kLeftButton, 225, 225);
     for (int move = 0; move < 20; ++move) {
         SCOPED_TRACE(move);
@@ -85,8 +85,8 @@ TEST(HeardPad, TheBallFromCornerToCornerCrossFadesFourLoopTracks) {
         EXPECT_LT(now, before);
         before = now;
     }
-    EXPECT_NEAR(i.Levels()[0], 0, kNear);
-    EXPECT_NEAR(i.Levels()[2], kLevel, kNear);
+    EXPECT_NEAR(i.Levels()[0], 0, kPadNear);
+    EXPECT_NEAR(i.Levels()[2], kPadLevel, kPadNear);
 }
 
 TEST(HeardPad, EachCornerPlaysItsOwnChannelAtItsLoudest) {
@@ -96,7 +96,7 @@ TEST(HeardPad, EachCornerPlaysItsOwnChannelAtItsLoudest) {
         SCOPED_TRACE(corner);
         PadMove(i.s, kCorners[corner][0], kCorners[corner][1], 1, {.Absolute = true, .Apply = true});
         i.ExpectLevels();
-        EXPECT_NEAR(i.Levels()[corner], kLevel, kNear);
+        EXPECT_NEAR(i.Levels()[corner], kPadLevel, kPadNear);
     }
 }
 
@@ -105,11 +105,11 @@ TEST(HeardPad, ThePanPadMovesEachLoopTrackBetweenTheSides) {
     i.Sound(0, 8000);
     PadType_Click(i.s, 3);
     PadMove(i.s, -1, -1, 1, {.Absolute = true, .Apply = true});
-    EXPECT_NEAR(i.Heard().Left, 8000, kNear);
-    EXPECT_NEAR(i.Heard().Right, 0, kNear);
+    EXPECT_NEAR(i.Heard().Left, 8000, kPadNear);
+    EXPECT_NEAR(i.Heard().Right, 0, kPadNear);
     PadMove(i.s, 1, 1, 1, {.Absolute = true, .Apply = true});
-    EXPECT_NEAR(i.Heard().Left, 0, kNear);
-    EXPECT_NEAR(i.Heard().Right, 8000, kNear);
+    EXPECT_NEAR(i.Heard().Left, 0, kPadNear);
+    EXPECT_NEAR(i.Heard().Right, 8000, kPadNear);
 }
 
 }  // namespace

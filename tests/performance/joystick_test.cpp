@@ -14,7 +14,7 @@ namespace {
 using test::Surfaces;
 using testing::ElementsAre;
 
-constexpr double kHalf = Surfaces::kHalf;
+constexpr double kStickHalf = Surfaces::kHalf;
 
 /// A joystick in its rest position that has been polled once.
 struct Flown : Surfaces {
@@ -195,7 +195,7 @@ TEST(JoyPoll, TheStickActsBeforeTheCentreButtonAndBothUnderThePadTypeThatTheHatL
     EXPECT_EQ(i.s.ChannelPan[1], 123);
     i.Stick.State.buttons[2] = 0;
     i.Poll();
-    EXPECT_EQ(i.Pad().X, kHalf);
+    EXPECT_EQ(i.Pad().X, kStickHalf);
     // Stick and centre button together: the button acts last.
     i.Stick.State.buttons[2] = 1;
     i.Push(8000, 8000);
@@ -229,39 +229,39 @@ TEST(JoyStick, EachAxisIsClampedAndActsAlone) {
     Flown i;
     i.Push(5000, 10000);
     EXPECT_EQ(i.Pad().X, 0);
-    EXPECT_DOUBLE_EQ(i.Pad().Y, kHalf / 2);
+    EXPECT_DOUBLE_EQ(i.Pad().Y, kStickHalf / 2);
     i.Push(5000, 0);
     EXPECT_NEAR(i.Pad().Y, 0, 1e-9);
     i.Push(0, 0);
-    EXPECT_DOUBLE_EQ(i.Pad().X, -kHalf / 2);
-    EXPECT_DOUBLE_EQ(i.Pad().Y, -kHalf / 2);
+    EXPECT_DOUBLE_EQ(i.Pad().X, -kStickHalf / 2);
+    EXPECT_DOUBLE_EQ(i.Pad().Y, -kStickHalf / 2);
 }
 
 TEST(JoyStick, AtTheStopInAbsoluteModeTheEdgeIsReachedTwoThirdsOfTheWayOut) {
     Flown i;
     SetJoyRelative(i.s, 0, false);
     i.Push(10000, 5000);
-    EXPECT_EQ(i.Pad().X, kHalf);
+    EXPECT_EQ(i.Pad().X, kStickHalf);
     EXPECT_EQ(i.Pad().Y, 0);
     i.Push(5000 + 2000, 5000);
-    EXPECT_DOUBLE_EQ(i.Pad().X, 0.75 * kHalf);
+    EXPECT_DOUBLE_EQ(i.Pad().X, 0.75 * kStickHalf);
     i.Push(5000 + 2667, 5000 - 1000);
-    EXPECT_EQ(i.Pad().X, kHalf);
-    EXPECT_DOUBLE_EQ(i.Pad().Y, -0.375 * kHalf);
+    EXPECT_EQ(i.Pad().X, kStickHalf);
+    EXPECT_DOUBLE_EQ(i.Pad().Y, -0.375 * kStickHalf);
 }
 
 TEST(JoyStick, AtTheStopInRelativeModeOnePollMovesByHalfAndOnlyIfTheRawValueChanged) {
     Flown i;
     i.Push(10000, 5000);
-    EXPECT_DOUBLE_EQ(i.Pad().X, kHalf / 2);
+    EXPECT_DOUBLE_EQ(i.Pad().X, kStickHalf / 2);
     i.Poll();
     i.Poll();
-    EXPECT_DOUBLE_EQ(i.Pad().X, kHalf / 2);
+    EXPECT_DOUBLE_EQ(i.Pad().X, kStickHalf / 2);
     // Beyond the clamp a change of the raw value still counts.
     i.Push(9999, 5000);
-    EXPECT_DOUBLE_EQ(i.Pad().X, kHalf);
+    EXPECT_DOUBLE_EQ(i.Pad().X, kStickHalf);
     i.Push(0, 5000);
-    EXPECT_DOUBLE_EQ(i.Pad().X, kHalf / 2);
+    EXPECT_DOUBLE_EQ(i.Pad().X, kStickHalf / 2);
 }
 
 TEST(JoyStick, AChangeOfThePadTypeLetsTheRestingStickActOnceOnTheNewPad) {
@@ -271,7 +271,7 @@ TEST(JoyStick, AChangeOfThePadTypeLetsTheRestingStickActOnceOnTheNewPad) {
     PadType_Click(i.s, 3);
     EXPECT_EQ(i.Pad().X, 0);
     i.Poll();
-    EXPECT_DOUBLE_EQ(i.Pad().X, 0.75 * kHalf);
+    EXPECT_DOUBLE_EQ(i.Pad().X, 0.75 * kStickHalf);
     PadRecentre(i.s);
     i.Poll();
     EXPECT_EQ(i.Pad().X, 0);
@@ -285,7 +285,7 @@ TEST(JoyStick, OnTheMapItMovesTheListenerByTheBoxOfTheMap) {
     i.s.EventWanted[ScriptEvent::OnPositionScroll] = 1;
     i.s.ScrollSensitivity[1] = 1;
     i.Push(6000, 4000);
-    EXPECT_DOUBLE_EQ(i.s.BallPos[4].X, 0.375 * kHalf);
+    EXPECT_DOUBLE_EQ(i.s.BallPos[4].X, 0.375 * kStickHalf);
     EXPECT_DOUBLE_EQ(i.s.ListenerY, -0.5625);
     EXPECT_EQ(i.Sound.Count("SetListenerPosition"), 1);
     ASSERT_EQ(i.Scripts.Events.size(), 1u);
@@ -295,7 +295,7 @@ TEST(JoyStick, OnTheMapItMovesTheListenerByTheBoxOfTheMap) {
     EXPECT_EQ(i.Pad().X, 0);
     SetJoyRelative(i.s, 1, true);
     i.Push(7000, 5000);
-    EXPECT_DOUBLE_EQ(i.s.BallPos[4].X, 0.625 * kHalf);
+    EXPECT_DOUBLE_EQ(i.s.BallPos[4].X, 0.625 * kStickHalf);
 }
 
 TEST(JoyStick, OnTheMapAChangeOfThePadTypeLetsTheRestingStickActOnce) {
@@ -307,7 +307,7 @@ TEST(JoyStick, OnTheMapAChangeOfThePadTypeLetsTheRestingStickActOnce) {
     PosMove(i.s, 0, 0, kListenerBall, {.Absolute = true, .Apply = true});
     PadType_Click(i.s, 3);
     i.Poll();
-    EXPECT_DOUBLE_EQ(i.s.BallPos[4].X, 0.375 * kHalf);
+    EXPECT_DOUBLE_EQ(i.s.BallPos[4].X, 0.375 * kStickHalf);
     PosMove(i.s, 0, 0, kListenerBall, {.Absolute = true, .Apply = true});
     i.Poll();
     EXPECT_EQ(i.s.BallPos[4].X, 0);

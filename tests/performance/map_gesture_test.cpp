@@ -13,14 +13,14 @@ namespace {
 
 using test::Surfaces;
 
-constexpr double kHold = 15 * 15;
+constexpr double kBallHold = 15 * 15;
 
 TEST(PosGesture, ALeftPressTakesThePointerToTheBallAndKeepsItOnTheMap) {
     Surfaces i;
     i.Use3D();
     PosMove(i.s, 157, -293, 1, {.Absolute = true, .Apply = true});
     i.Clear();
-    EXPECT_FALSE(PosGesture(i.s, Phase::Down, 1, kLeftButton, kHold, kHold));
+    EXPECT_FALSE(PosGesture(i.s, Phase::Down, 1, kLeftButton, kBallHold, kBallHold));
     EXPECT_FALSE(i.s.CursorFree);
     EXPECT_THAT(i.Desk.Log, testing::ElementsAre("SetCursorPos 260,330", "ClipCursor 104,204,396,496"));
 }
@@ -31,12 +31,12 @@ TEST(PosGesture, ALeftPressStartsTheCountersOfTheBall) {
     i.s.ScrollSensitivity[1] = 1;
     PosMove(i.s, 710, 0, 0, {.Absolute = true, .Apply = true});
     PosMove(i.s, 0, 1420, kListenerBall, {.Absolute = true, .Apply = true});
-    PosGesture(i.s, Phase::Down, 0, kLeftButton, kHold, kHold);
+    PosGesture(i.s, Phase::Down, 0, kLeftButton, kBallHold, kBallHold);
     PosScrollEvent(i.s, 0, 1, 0, Force::Yes, kMapScroll);
     ASSERT_EQ(i.Scripts.Events.size(), 1u);
     EXPECT_NEAR(i.Scripts.Events[0].Arguments[3], 0.5, 1e-6);
     EXPECT_FALSE(i.s.ScrollDelta[kJoystickScroll]);
-    PosGesture(i.s, Phase::Down, kListenerBall, kLeftButton, kHold, kHold);
+    PosGesture(i.s, Phase::Down, kListenerBall, kLeftButton, kBallHold, kBallHold);
     for (int counter : {kMapScroll, kJoystickScroll}) {
         PosScrollEvent(i.s, kListenerBall, 0, 1.5, Force::Yes, counter);
         EXPECT_NEAR(i.Scripts.Events.back().Arguments[4], 0.5, 1e-6);
@@ -48,7 +48,7 @@ TEST(PosGesture, AMoveShowsThePlaceOfADraggedBall) {
     PosGesture(i.s, Phase::Move, 2, kNoButton, 10, 10);
     PosGesture(i.s, Phase::Move, kListenerBall, kNoButton, 10, 10);
     EXPECT_EQ(i.s.StatusText, "");
-    PosGesture(i.s, Phase::Move, 2, kLeftButton, kHold + 710, kHold);
+    PosGesture(i.s, Phase::Move, 2, kLeftButton, kBallHold + 710, kBallHold);
     EXPECT_EQ(i.s.StatusText, "0.5, 0");
     EXPECT_EQ(i.Screen.Count("ShowStatusText"), 1);
 }
@@ -62,11 +62,11 @@ TEST(PosGesture, TheBoxesDecideWhetherTheSoundFollowsTheDragOrOnlyItsEnd) {
             i.Fill(1);
             i.s.PositionUpdate = Table<bool, 3>{{{ball == 4 ? follow : !follow, ball == 4 ? !follow : follow, false}}};
             const std::string call = ball == 4 ? "SetListenerPosition" : "SetPosition b0";
-            PosGesture(i.s, Phase::Down, ball, kLeftButton, kHold, kHold);
-            PosGesture(i.s, Phase::Move, ball, kLeftButton, kHold + 100, kHold);
+            PosGesture(i.s, Phase::Down, ball, kLeftButton, kBallHold, kBallHold);
+            PosGesture(i.s, Phase::Move, ball, kLeftButton, kBallHold + 100, kBallHold);
             EXPECT_EQ(i.Sound.Count(call), follow ? 1 : 0);
             EXPECT_EQ(i.s.BallPos[ball].X, 100);
-            PosGesture(i.s, Phase::Up, ball, kLeftButton, kHold + 10, kHold - 20);
+            PosGesture(i.s, Phase::Up, ball, kLeftButton, kBallHold + 10, kBallHold - 20);
             EXPECT_EQ(i.Sound.Count(call), follow ? 2 : 1);
             EXPECT_EQ(i.s.BallPos[ball].X, 110);
             EXPECT_EQ(i.s.BallPos[ball].Y, -20);
@@ -78,10 +78,10 @@ TEST(PosGesture, TheBoxesDecideWhetherTheSoundFollowsTheDragOrOnlyItsEnd) {
 
 TEST(PosGesture, ASecondReleaseDoesNothing) {
     Surfaces i;
-    PosGesture(i.s, Phase::Down, 0, kLeftButton, kHold, kHold);
-    PosGesture(i.s, Phase::Up, 0, kLeftButton, kHold, kHold);
+    PosGesture(i.s, Phase::Down, 0, kLeftButton, kBallHold, kBallHold);
+    PosGesture(i.s, Phase::Up, 0, kLeftButton, kBallHold, kBallHold);
     i.Clear();
-    PosGesture(i.s, Phase::Up, 0, kLeftButton, kHold + 90, kHold);
+    PosGesture(i.s, Phase::Up, 0, kLeftButton, kBallHold + 90, kBallHold);
     EXPECT_EQ(i.s.BallPos[0].X, 0);
     EXPECT_TRUE(i.Desk.Log.empty());
 }
@@ -90,12 +90,12 @@ TEST(PosGesture, ThePointerIsFreeBeforeTheLastMoveIsMade) {
     Surfaces i;
     i.Use3D();
     i.Fill(1);
-    PosGesture(i.s, Phase::Down, 1, kLeftButton, kHold, kHold);
+    PosGesture(i.s, Phase::Down, 1, kLeftButton, kBallHold, kBallHold);
     // When the service refuses, a box is shown that the player must be able to close.
     i.Sound.Failures["SetPosition"] = sound_error::kGeneric;
     std::vector<bool> free;
     i.Desk.WhenReported = [&] { free.push_back(i.s.CursorFree && i.Desk.Log.back() == "ReleaseCursor"); };
-    PosGesture(i.s, Phase::Up, 1, kLeftButton, kHold, kHold);
+    PosGesture(i.s, Phase::Up, 1, kLeftButton, kBallHold, kBallHold);
     EXPECT_THAT(free, testing::ElementsAre(true));
 }
 
@@ -148,17 +148,17 @@ TEST(PosGesture, ASecondButtonEndsADragWhereTheBallStandsAndIsHeard) {
             i.Use3D();
             i.Fill(1);
             i.s.PositionUpdate = Table<bool, 3>{{{false, false, false}}};
-            PosGesture(i.s, Phase::Down, ball, kLeftButton, kHold, kHold);
-            PosGesture(i.s, Phase::Move, ball, kLeftButton, kHold + 100, kHold);
+            PosGesture(i.s, Phase::Down, ball, kLeftButton, kBallHold, kBallHold);
+            PosGesture(i.s, Phase::Move, ball, kLeftButton, kBallHold + 100, kBallHold);
             i.Clear();
-            EXPECT_EQ(PosGesture(i.s, Phase::Down, ball, second, kHold, 9999),
+            EXPECT_EQ(PosGesture(i.s, Phase::Down, ball, second, kBallHold, 9999),
                       second == kRightButton && ball != kListenerBall);
             EXPECT_TRUE(i.s.CursorFree);
             EXPECT_THAT(i.Desk.Log, testing::ElementsAre("ReleaseCursor"));
             EXPECT_EQ(i.Sound.Count(ball == 1 ? "SetPosition b0" : "SetListenerPosition"), 1);
             EXPECT_EQ(i.s.BallPos[ball].X, 100);
-            PosGesture(i.s, Phase::Up, ball, second, kHold, 9999);
-            PosGesture(i.s, Phase::Up, ball, kLeftButton, kHold + 50, kHold);
+            PosGesture(i.s, Phase::Up, ball, second, kBallHold, 9999);
+            PosGesture(i.s, Phase::Up, ball, kLeftButton, kBallHold + 50, kBallHold);
             EXPECT_EQ(i.s.BallPos[ball].X, 100);
             EXPECT_TRUE(i.s.CursorFree);
             EXPECT_EQ(i.s.Drag.Dragging, False);
@@ -172,13 +172,13 @@ TEST(PosGesture, ALeftPressEndsTheTurnOfTheListener) {
     PosGesture(i.s, Phase::Down, kListenerBall, kRightButton, 0, 50);
     PosGesture(i.s, Phase::Move, kListenerBall, kRightButton, 0, 40);
     EXPECT_EQ(i.s.ListenerAngle, 3);
-    PosGesture(i.s, Phase::Down, kListenerBall, kLeftButton, kHold, kHold);
+    PosGesture(i.s, Phase::Down, kListenerBall, kLeftButton, kBallHold, kBallHold);
     EXPECT_EQ(i.s.Drag.Dragging, False);
     EXPECT_EQ(i.Sound.Count("SetOrientation"), 1);
     EXPECT_FALSE(i.s.CursorFree);
-    PosGesture(i.s, Phase::Move, kListenerBall, kLeftButton | kRightButton, kHold, kHold + 900);
+    PosGesture(i.s, Phase::Move, kListenerBall, kLeftButton | kRightButton, kBallHold, kBallHold + 900);
     EXPECT_EQ(i.s.ListenerAngle, 3);
-    PosGesture(i.s, Phase::Up, kListenerBall, kLeftButton, kHold, kHold);
+    PosGesture(i.s, Phase::Up, kListenerBall, kLeftButton, kBallHold, kBallHold);
     EXPECT_TRUE(i.s.CursorFree);
 }
 
@@ -189,7 +189,7 @@ TEST(PosGesture, ThePointerOnABallAtAnyEdgeLiesWithinTheRectangleThatKeepsIt) {
             i.Use3D();
             PosMove(i.s, x, y, 0, {.Absolute = true, .Apply = true});
             i.Clear();
-            PosGesture(i.s, Phase::Down, 0, kLeftButton, kHold, kHold);
+            PosGesture(i.s, Phase::Down, 0, kLeftButton, kBallHold, kBallHold);
             const std::string pointer = std::string(x < 0 ? "108" : "392") + "," + (y < 0 ? "208" : "492");
             EXPECT_THAT(i.Desk.Log, testing::ElementsAre("SetCursorPos " + pointer, "ClipCursor 104,204,396,496"));
         }
@@ -207,9 +207,9 @@ TEST(PosGesture, AVeryLongTurnIsLimited) {
 
 TEST(PosGesture, TheWanderStepMovesADraggedBallAndTheDragGoesOnFromThere) {
     Surfaces i;
-    PosGesture(i.s, Phase::Down, 0, kLeftButton, kHold, kHold);
+    PosGesture(i.s, Phase::Down, 0, kLeftButton, kBallHold, kBallHold);
     PosMove(i.s, 500, 0, 0, {.Absolute = true, .Apply = true});
-    PosGesture(i.s, Phase::Move, 0, kLeftButton, kHold + 15, kHold);
+    PosGesture(i.s, Phase::Move, 0, kLeftButton, kBallHold + 15, kBallHold);
     EXPECT_EQ(i.s.BallPos[0].X, 515);
 }
 
@@ -223,9 +223,9 @@ struct Scripted : Surfaces {
 
 TEST(PosEvents, ADragSendsItsScrollsAndAtItsEndTheChangeAndOneMoreScroll) {
     Scripted i;
-    PosGesture(i.s, Phase::Down, 2, kLeftButton, kHold, kHold);
-    PosGesture(i.s, Phase::Move, 2, kLeftButton, kHold + 710, kHold);
-    PosGesture(i.s, Phase::Up, 2, kLeftButton, kHold + 710, kHold - 710);
+    PosGesture(i.s, Phase::Down, 2, kLeftButton, kBallHold, kBallHold);
+    PosGesture(i.s, Phase::Move, 2, kLeftButton, kBallHold + 710, kBallHold);
+    PosGesture(i.s, Phase::Up, 2, kLeftButton, kBallHold + 710, kBallHold - 710);
     ASSERT_EQ(i.Scripts.Events.size(), 3u);
     EXPECT_EQ(i.Scripts.Events[0].Which, ScriptEvent::OnPositionScroll);
     EXPECT_THAT(i.Scripts.Events[0].Arguments, testing::ElementsAre(3, 0.5, 0, 0.5, 0));
@@ -238,10 +238,10 @@ TEST(PosEvents, ADragSendsItsScrollsAndAtItsEndTheChangeAndOneMoreScroll) {
 TEST(PosEvents, TheEndOfADragIsSentHoweverFewMovesPassedTheCounter) {
     Scripted i;
     i.s.ScrollSensitivity[1] = 100;
-    PosGesture(i.s, Phase::Down, 2, kLeftButton, kHold, kHold);
-    PosGesture(i.s, Phase::Move, 2, kLeftButton, kHold + 710, kHold);
+    PosGesture(i.s, Phase::Down, 2, kLeftButton, kBallHold, kBallHold);
+    PosGesture(i.s, Phase::Move, 2, kLeftButton, kBallHold + 710, kBallHold);
     EXPECT_TRUE(i.Scripts.Events.empty());
-    PosGesture(i.s, Phase::Up, 2, kLeftButton, kHold, kHold);
+    PosGesture(i.s, Phase::Up, 2, kLeftButton, kBallHold, kBallHold);
     ASSERT_EQ(i.Scripts.Events.size(), 2u);
     EXPECT_EQ(i.Scripts.Events[0].Which, ScriptEvent::OnPositionChange);
     EXPECT_EQ(i.Scripts.Events[1].Which, ScriptEvent::OnPositionScroll);
@@ -291,8 +291,8 @@ TEST(PosEvents, AScriptThatMovesABallIsNotCalledFromInsideItself) {
 TEST(PosEvents, AFailingScriptIsReportedAndTheMapStaysAsItIs) {
     Scripted i;
     i.Scripts.Fail = true;
-    PosGesture(i.s, Phase::Down, 0, kLeftButton, kHold, kHold);
-    PosGesture(i.s, Phase::Up, 0, kLeftButton, kHold + 30, kHold);
+    PosGesture(i.s, Phase::Down, 0, kLeftButton, kBallHold, kBallHold);
+    PosGesture(i.s, Phase::Up, 0, kLeftButton, kBallHold + 30, kBallHold);
     EXPECT_THAT(i.Scripts.Reports, testing::ElementsAre("OnPosScroll", "OnPosScroll"));
     EXPECT_EQ(i.s.BallPos[0].X, 30);
     EXPECT_FALSE(i.s.ScriptBusy);

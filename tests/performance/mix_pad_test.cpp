@@ -13,7 +13,7 @@ namespace {
 
 using test::Surfaces;
 
-constexpr double kHalf = Surfaces::kHalf;
+constexpr double kPadHalf = Surfaces::kHalf;
 
 /// Mixes a place of the pad under a type and a curve.
 void Mix(Surfaces& i, std::int16_t type, std::int16_t function, double x, double y) {
@@ -64,7 +64,7 @@ TEST(PadMix, BallOnTheCentreOfASquarePadGivesTheMiddleOfEachScale) {
 
 TEST(PadMix, BallOnACornerSilencesTheOppositeChannelAfterTheCentre) {
     Surfaces i;
-    Mix(i, 2, 2, -kHalf, -kHalf);
+    Mix(i, 2, 2, -kPadHalf, -kPadHalf);
     // The neighbouring corners are at 0.7071 of the diagonal.
     EXPECT_EQ(Levels(i, 2), (Four{0, 207, 500, 207}));
 }
@@ -74,7 +74,7 @@ TEST(PadMix, BallOnACornerFadesTheNeighboursWhollyAfterTheSideCentre) {
     const std::array<std::array<double, 2>, 4> corners{{{-1, -1}, {1, -1}, {1, 1}, {-1, 1}}};
     for (std::size_t corner = 0; corner < 4; ++corner) {
         SCOPED_TRACE(corner);
-        Mix(i, 2, 3, corners[corner][0] * kHalf, corners[corner][1] * kHalf);
+        Mix(i, 2, 3, corners[corner][0] * kPadHalf, corners[corner][1] * kPadHalf);
         Four expected{500, 500, 500, 500};
         expected[corner] = 0;
         EXPECT_EQ(Levels(i, 2), expected);
@@ -88,7 +88,7 @@ TEST(PadMix, PitchJumpsFromUnityDownToNearNothingAsTheBallCrossesTheThreshold) {
             SCOPED_TRACE(function);
             const double threshold = function == 2 ? 0.5 : i.s.Geometry.SideCentre;
             // Along the diagonal from corner 1; its weight is the share of the diagonal.
-            const double at = -kHalf + threshold * 2 * kHalf;
+            const double at = -kPadHalf + threshold * 2 * kPadHalf;
             Mix(i, pitch, function, at - 2, at - 2);
             EXPECT_EQ(i.s.ChannelHz[1], 1000);
             Mix(i, pitch, function, at + 2, at + 2);
@@ -112,10 +112,10 @@ TEST(PadMix, OnTheThresholdItselfAChannelIsUntouched) {
 
 TEST(PadMix, PitchPadsRunFromNothingOnTheCornerToThreeOrFourTimesOnTheOppositeOne) {
     Surfaces i;
-    Mix(i, 0, 1, -kHalf, -kHalf);
+    Mix(i, 0, 1, -kPadHalf, -kPadHalf);
     EXPECT_EQ(i.s.ChannelHz[1], 0);
     EXPECT_EQ(i.s.ChannelHz[3], 3000);
-    Mix(i, 1, 1, kHalf, -kHalf);
+    Mix(i, 1, 1, kPadHalf, -kPadHalf);
     EXPECT_EQ(i.s.ChannelHz[2], 0);
     EXPECT_EQ(i.s.ChannelHz[4], 4000);
 }
@@ -125,12 +125,12 @@ TEST(PadMix, APlaceBeyondTheEdgesIsClampedInTheArgumentsInTheStoreAndInTheBall) 
     double x = 99999;
     double y = -99999;
     PadMix(i.s, x, y, 2, {.Absolute = true, .Apply = false, .ReadOut = false});
-    EXPECT_EQ(x, kHalf);
-    EXPECT_EQ(y, -kHalf);
-    EXPECT_EQ(i.s.PadTable[2].X, kHalf);
-    EXPECT_EQ(i.s.PadTable[2].Y, -kHalf);
+    EXPECT_EQ(x, kPadHalf);
+    EXPECT_EQ(y, -kPadHalf);
+    EXPECT_EQ(i.s.PadTable[2].X, kPadHalf);
+    EXPECT_EQ(i.s.PadTable[2].Y, -kPadHalf);
     const BallPoint ball = PadBallPlace(i.s);
-    EXPECT_EQ(ball.X, 2 * kHalf - 127.5);
+    EXPECT_EQ(ball.X, 2 * kPadHalf - 127.5);
     EXPECT_EQ(ball.Y, -127.5);
 }
 
@@ -167,8 +167,8 @@ TEST(PadMix, TheOneAxisFormFadesTheLeftPairAgainstTheRightPair) {
     Surfaces i;
     i.s.PadTable[2].Function = 1;
     for (const auto& [at, left, right] : {std::tuple{-1.0, 0, 500}, {0.0, 250, 250}, {1.0, 500, 0}, {0.5, 375, 125}}) {
-        for (double up : {-kHalf, 0.0, 700.0}) {
-            double x = at * kHalf;
+        for (double up : {-kPadHalf, 0.0, 700.0}) {
+            double x = at * kPadHalf;
             double y = up;
             PadMix(i.s, x, y, 2, {.Absolute = true, .Apply = false, .ReadOut = false, .TwoAxes = false});
             EXPECT_EQ(Levels(i, 2), (Four{left, right, right, left}));
@@ -223,11 +223,11 @@ TEST(PadMix, ATypeOutsideTheTableIsAnInternalFault) {
 
 TEST(PadMix, ReadsOutWhatIsLeftOfTheVolumeThePanAroundTheCentreAndThePitchInPercent) {
     Surfaces i;
-    Mix(i, 2, 2, -kHalf, -kHalf);
+    Mix(i, 2, 2, -kPadHalf, -kPadHalf);
     EXPECT_EQ(i.s.StatusText, "W: 500, WB: 293, BW: 0, B: 293, ");
-    Mix(i, 3, 1, -kHalf, -kHalf);
+    Mix(i, 3, 1, -kPadHalf, -kPadHalf);
     EXPECT_EQ(i.s.StatusText, "W: -500, WB: 207, BW: 500, B: 207, ");
-    Mix(i, 0, 1, -kHalf, -kHalf);
+    Mix(i, 0, 1, -kPadHalf, -kPadHalf);
     EXPECT_EQ(i.s.StatusText, "W: 0, WB: 182.8, BW: 300, B: 182.8, ");
     Mix(i, 1, 1, 0, 0);
     EXPECT_EQ(i.s.StatusText, "W: 100, WB: 100, BW: 100, B: 100, ");
@@ -277,18 +277,18 @@ int Independent(double weight, int type, int function) {
 TEST(PadMix, AgreesWithAnIndependentComputationOverPlacesTypesAndCurves) {
     ASSERT_EQ(std::fegetround(), FE_TONEAREST);
     Surfaces i;
-    const double diagonal = std::hypot(2 * kHalf, 2 * kHalf);
+    const double diagonal = std::hypot(2 * kPadHalf, 2 * kPadHalf);
     int places = 0;
     for (std::int16_t type = 0; type <= 3; ++type) {
         for (const auto function : std::initializer_list<std::int16_t>{0, 1, 2, 3, 9}) {
             for (int column = -21; column <= 21; ++column) {
                 for (int row = -21; row <= 21; ++row) {
-                    const double x = column * kHalf / 21 * 0.9973;
-                    const double y = row * kHalf / 21 * 0.9971;
+                    const double x = column * kPadHalf / 21 * 0.9973;
+                    const double y = row * kPadHalf / 21 * 0.9971;
                     Mix(i, type, function, x, y);
                     const std::array<double, 4> distances{
-                        std::hypot(x + kHalf, y + kHalf), std::hypot(x - kHalf, y + kHalf),
-                        std::hypot(x - kHalf, y - kHalf), std::hypot(x + kHalf, y - kHalf)};
+                        std::hypot(x + kPadHalf, y + kPadHalf), std::hypot(x - kPadHalf, y + kPadHalf),
+                        std::hypot(x - kPadHalf, y - kPadHalf), std::hypot(x + kPadHalf, y - kPadHalf)};
                     for (std::size_t c = 0; c < 4; ++c) {
                         ASSERT_EQ(Levels(i, type)[c], Independent(distances[c] / diagonal, type, function))
                             << "type " << type << " curve " << function << " at " << x << ", " << y << " channel "
@@ -362,7 +362,7 @@ TEST(PadTwist, TheBallStandsOnItsLine) {
     Surfaces i;
     PadTwistMove(i.s, 40);
     EXPECT_EQ(i.s.TwistPosition, 40);
-    EXPECT_EQ(TwistBallLeft(i.s), 40 + kHalf - 127.5);
+    EXPECT_EQ(TwistBallLeft(i.s), 40 + kPadHalf - 127.5);
     EXPECT_EQ(i.Screen.Count("ShowTwist"), 1);
 }
 

@@ -11,8 +11,6 @@ namespace {
 
 using test::Surfaces;
 
-constexpr double kHalf = Surfaces::kHalf;
-
 TEST(FadeTick, ATickWithinATickDoesNothing) {
     test::Surfaces i;
     i.Fill(0);
@@ -37,7 +35,7 @@ TEST(Scatter, AbsoluteDrawsXThenYOnTheHalfWidthForEachLoopTrackInOrder) {
         SCOPED_TRACE(ball);
         EXPECT_DOUBLE_EQ(i.s.BallPos[ball].X, std::floor(4261 * draws[2 * ball]) - 2130);
         EXPECT_DOUBLE_EQ(i.s.BallPos[ball].Y, std::floor(4261 * draws[2 * ball + 1]) - 2130);
-        EXPECT_FLOAT_EQ(i.s.Set[ball].PositionX, static_cast<float>(i.s.BallPos[ball].X / kHalf * 1.5));
+        EXPECT_FLOAT_EQ(i.s.Set[ball].PositionX, static_cast<float>(i.s.BallPos[ball].X / Surfaces::kHalf * 1.5));
     }
     EXPECT_EQ(i.s.BallPos[0].X, -2130);
     EXPECT_EQ(i.s.BallPos[0].Y, 2130);

@@ -14,8 +14,6 @@ namespace {
 
 using test::Surfaces;
 
-constexpr double kHalf = Surfaces::kHalf;
-
 TEST(SoundMap, TheStartPutsTheListenerInTheMiddleAndRaisesTheBallsFromTheListenerDown) {
     Surfaces i;
     i.s.ListenerX = 1;
@@ -82,8 +80,8 @@ TEST(SoundMap, TheListenerMovesInItsOwnPlace) {
 TEST(SoundMap, AMoveBeyondTheEdgeIsClampedToTheMap) {
     Surfaces i;
     PosMove(i.s, 99999, -99999, 0, {.Absolute = true, .Apply = true});
-    EXPECT_EQ(i.s.BallPos[0].X, kHalf);
-    EXPECT_EQ(i.s.BallPos[0].Y, -kHalf);
+    EXPECT_EQ(i.s.BallPos[0].X, Surfaces::kHalf);
+    EXPECT_EQ(i.s.BallPos[0].Y, -Surfaces::kHalf);
     EXPECT_EQ(i.s.Set[0].PositionX, 1.5F);
     EXPECT_EQ(i.s.Set[0].PositionY, -1.5F);
 }

@@ -20,13 +20,13 @@ using testing::IsEmpty;
 
 // In the stage, A and B are a band, A and C are selected; the modes of A to D are One Shot, Loop, Track and Drum, the
 // volumes 100 to 103, the pans 300 to 303, the frequencies 900 to 903, the wires 1 to 4. D is alone.
-using Facts = std::vector<std::string>;
+using ClickFacts = std::vector<std::string>;
 
 struct Clicked {
     const char* Control;
     Qt::MouseButton Button;
-    Facts Click;
-    Facts DoubleClick;
+    ClickFacts Click;
+    ClickFacts DoubleClick;
     QPointF Place{0.5, 0.5};  ///< shares of the control
 };
 
@@ -46,16 +46,16 @@ Spot SpotAt(WholeHand& hand, QWidget& widget, QPointF place) {
 class Click : public testing::TestWithParam<Clicked> {
 protected:
     /// What is different in the session and in what the windows show, and what was done with files.
-    Facts After(const std::function<void(const Spot&)>& act) {
+    ClickFacts After(const std::function<void(const Spot&)>& act) {
         hand_.Begin();
         QWidget& widget = hand_.Named(GetParam().Control);
         hand_.Reveal(widget);
         const auto before = FactsOf(hand_.s);
-        const Facts shown = hand_.Shown();
+        const ClickFacts shown = hand_.Shown();
         act(SpotAt(hand_, widget, GetParam().Place));
         hand_.FinishDrags();
         EXPECT_THAT(hand_.Drags, IsEmpty());
-        Facts changed = Changed(before, FactsOf(hand_.s));
+        ClickFacts changed = Changed(before, FactsOf(hand_.s));
         const std::string own = hand_.Own.Path() + "/";
         for (std::string& fact : changed) {
             if (const auto at = fact.find(own); at != std::string::npos) fact.erase(at, own.size());
@@ -69,7 +69,8 @@ protected:
 
 private:
     /// Adds what is in `all` and not in `some`.
-    static void AddMissing(const Facts& all, const Facts& some, const std::string& prefix, Facts& changed) {
+    static void AddMissing(const ClickFacts& all, const ClickFacts& some, const std::string& prefix,
+                           ClickFacts& changed) {
         for (const std::string& each : all) {
             if (std::find(some.begin(), some.end(), each) == some.end()) changed.push_back(prefix + each);
         }
@@ -90,30 +91,30 @@ constexpr Qt::MouseButton kLeft = Qt::LeftButton;
 constexpr Qt::MouseButton kRight = Qt::RightButton;
 
 // What the load of a sample sets by itself, with the boxes as they are.
-const Facts kLoadedFromThePalette = {"A.FileName marvolin browse test/one.wav",
-                                     "A.Hz 1000",
-                                     "A.Level 500",
-                                     "A.Line 500",
-                                     "A.Pan 500",
-                                     "A.Playing -1",
-                                     "A.StepDuration 100",
-                                     "A.Vol 500",
-                                     "B.FileName marvolin browse test/one.wav",
-                                     "B.Hz 1000",
-                                     "B.Level 500",
-                                     "B.Line 500",
-                                     "B.Pan 500",
-                                     "B.Playing -1",
-                                     "B.StepDuration 100",
-                                     "B.Vol 500",
-                                     "ThinList AB",
-                                     "Z.Playing -1",
-                                     "no HistoryList"};
-const Facts kLoadedFromTheBin = {"Bin1.Selected 1", "D.FileName marvolin browse test/three.wav",
-                                 "D.Hz 1000",       "D.Level 500",
-                                 "D.Line 500",      "D.Pan 500",
-                                 "D.Playing -1",    "D.StepDuration 100",
-                                 "D.Vol 500",       "ThinList D"};
+const ClickFacts kLoadedFromThePalette = {"A.FileName marvolin browse test/one.wav",
+                                          "A.Hz 1000",
+                                          "A.Level 500",
+                                          "A.Line 500",
+                                          "A.Pan 500",
+                                          "A.Playing -1",
+                                          "A.StepDuration 100",
+                                          "A.Vol 500",
+                                          "B.FileName marvolin browse test/one.wav",
+                                          "B.Hz 1000",
+                                          "B.Level 500",
+                                          "B.Line 500",
+                                          "B.Pan 500",
+                                          "B.Playing -1",
+                                          "B.StepDuration 100",
+                                          "B.Vol 500",
+                                          "ThinList AB",
+                                          "Z.Playing -1",
+                                          "no HistoryList"};
+const ClickFacts kLoadedFromTheBin = {"Bin1.Selected 1", "D.FileName marvolin browse test/three.wav",
+                                      "D.Hz 1000",       "D.Level 500",
+                                      "D.Line 500",      "D.Pan 500",
+                                      "D.Playing -1",    "D.StepDuration 100",
+                                      "D.Vol 500",       "ThinList D"};
 
 // A click on a knob sets its gang to the value of the knob, as any release does.
 const Clicked kClicks[] = {

@@ -20,8 +20,8 @@ namespace marvolin {
 namespace {
 
 /// The Save/Open dialogue on a temporary folder that holds the session "set.mvn" and the package "set.mvp".
-struct Dialogue : test::Stage {
-    Dialogue() {
+struct FileDialogueStage : test::Stage {
+    FileDialogueStage() {
         Folder.Touch("set.mvn");
         Folder.Touch("set.mvp");
         s.CurrentFolder = Folder.Path() + "/";
@@ -29,7 +29,7 @@ struct Dialogue : test::Stage {
         Screen.Attach(&Window);
         Window.Open();
     }
-    ~Dialogue() { Screen.Attach(static_cast<FrmSave*>(nullptr)); }
+    ~FileDialogueStage() { Screen.Attach(static_cast<FrmSave*>(nullptr)); }
     /// Presses the button `opener` and runs `answer` once on the file dialogue; cancels the dialogue if it is still
     /// open.
     void Ask(const char* opener, const std::function<void(QFileDialog&)>& answer) {
@@ -55,7 +55,7 @@ struct Dialogue : test::Stage {
 };
 
 TEST(FileDialogue, StartsInTheCurrentFolderAtTheCurrentFileWithTheFirstFilter) {
-    Dialogue dialogue;
+    FileDialogueStage dialogue;
     for (const char* opener : {"OpenIt", "SaveItAs"}) {
         dialogue.Ask(opener, [&](QFileDialog& asked) {
             EXPECT_EQ(asked.directory().absolutePath().toStdString(), dialogue.Folder.Path());
@@ -72,7 +72,7 @@ TEST(FileDialogue, StartsInTheCurrentFolderAtTheCurrentFileWithTheFirstFilter) {
 }
 
 TEST(FileDialogue, OpensOnlyAFileThatExists) {
-    Dialogue dialogue;
+    FileDialogueStage dialogue;
     dialogue.Ask("OpenIt", [&](QFileDialog& asked) {
         EXPECT_EQ(asked.acceptMode(), QFileDialog::AcceptOpen);
         EXPECT_EQ(asked.fileMode(), QFileDialog::ExistingFile);
@@ -81,20 +81,21 @@ TEST(FileDialogue, OpensOnlyAFileThatExists) {
 }
 
 TEST(FileDialogue, OpensWhatWasTyped) {
-    Dialogue dialogue;
+    FileDialogueStage dialogue;
     dialogue.s.CurrentFile.clear();  // a file that is selected at the start wins over text that is set by the program
-    dialogue.Ask("OpenIt", [&](QFileDialog& asked) { Dialogue::Accept(asked, dialogue.Folder.Path() + "/set.mvp"); });
+    dialogue.Ask("OpenIt",
+                 [&](QFileDialog& asked) { FileDialogueStage::Accept(asked, dialogue.Folder.Path() + "/set.mvp"); });
     EXPECT_EQ(dialogue.Store.Log,
               std::vector<std::string>{"Load " + (dialogue.Folder.Path() + "/set.mvp") + " current adopt"});
 }
 
 TEST(FileDialogue, SavesOnlyIntoAFolderThatExistsAndAsksBeforeItOverwrites) {
-    Dialogue dialogue;
+    FileDialogueStage dialogue;
     dialogue.s.CurrentFile.clear();
     dialogue.Ask("SaveItAs", [&](QFileDialog& asked) {
         EXPECT_EQ(asked.acceptMode(), QFileDialog::AcceptSave);
         EXPECT_FALSE(asked.testOption(QFileDialog::DontConfirmOverwrite));
-        Dialogue::Accept(asked, dialogue.Folder.Path() + "/gone/set.mvn");
+        FileDialogueStage::Accept(asked, dialogue.Folder.Path() + "/gone/set.mvn");
         EXPECT_TRUE(asked.isVisible());
     });
     EXPECT_EQ(dialogue.Desk.LastBox(), "There is no folder " + dialogue.Folder.Path() + "/gone");
@@ -117,7 +118,7 @@ TEST(FileDialogue, ThePreviousVersionsAreListedAloneByTheirFiltersAndOpenedByNam
     } previous[] = {{2, ".mvn~"}, {3, ".mvp~"}};
     for (const auto& [filter, ending] : previous) {
         SCOPED_TRACE(ending);
-        Dialogue dialogue;
+        FileDialogueStage dialogue;
         for (const char* copy : {"set.mvn~", "set.mvp~"}) dialogue.Folder.Touch(copy);
         dialogue.s.CurrentFile.clear();
         dialogue.Ask("OpenIt", [&, filter = filter, ending = ending](QFileDialog& asked) {
@@ -125,7 +126,7 @@ TEST(FileDialogue, ThePreviousVersionsAreListedAloneByTheirFiltersAndOpenedByNam
             const auto& files = *asked.findChild<QFileSystemModel*>();
             EXPECT_EQ(files.nameFilters(), QStringList{QString("*") + ending});
             EXPECT_FALSE(files.nameFilterDisables()) << "others are not shown in grey either";
-            Dialogue::Accept(asked, "set");
+            FileDialogueStage::Accept(asked, "set");
         });
         const std::string file = dialogue.Folder.In(std::string("set") + ending);
         EXPECT_EQ(dialogue.Store.Log, std::vector<std::string>{"Load " + file + " current adopt"});
@@ -136,25 +137,25 @@ TEST(FileDialogue, ThePreviousVersionsAreListedAloneByTheirFiltersAndOpenedByNam
 TEST(FileDialogue, AnOpenedPreviousVersionIsSavedAsTheSetItself) {
     for (const char* ending : {".mvn", ".mvp"}) {
         SCOPED_TRACE(ending);
-        Dialogue dialogue;
+        FileDialogueStage dialogue;
         const std::string copy = std::string("night") + ending + "~";
         dialogue.Folder.Touch(copy);
         dialogue.s.CurrentFile = copy;
         dialogue.Ask("SaveItAs", [&](QFileDialog& asked) {
             EXPECT_EQ(asked.nameFilters().size(), 2) << "a previous version is not saved by hand";
-            Dialogue::Accept(asked, copy);
+            FileDialogueStage::Accept(asked, copy);
         });
         EXPECT_EQ(dialogue.s.CurrentFile, std::string("night") + ending);
     }
 }
 
 TEST(FileDialogue, AFileOfTheOtherFilterGetsItsEnding) {
-    Dialogue dialogue;
+    FileDialogueStage dialogue;
     dialogue.s.CurrentFile.clear();
     dialogue.Ask("SaveItAs", [&](QFileDialog& asked) {
         asked.selectNameFilter("marvolin Package (*.mvp)");
         emit asked.filterSelected("marvolin Package (*.mvp)");
-        Dialogue::Accept(asked, "night");
+        FileDialogueStage::Accept(asked, "night");
     });
     EXPECT_EQ(dialogue.s.CurrentFile, "night.mvp");
 }

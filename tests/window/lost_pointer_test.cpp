@@ -28,8 +28,6 @@ using test::WholeHand;
 using testing::Contains;
 using testing::IsEmpty;
 
-constexpr QPointF kTremble{2, 1};
-
 /// A way of losing the pointer.
 struct Loss {
     const char* Name;

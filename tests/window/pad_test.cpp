@@ -10,7 +10,7 @@
 namespace marvolin {
 namespace {
 
-constexpr int kFar = 400;  // pixels, farther than the pad is wide
+constexpr int kBeyond = 400;  // pixels, farther than the pad is wide
 
 struct Pad : test::Stage {
     Pad() {
@@ -43,7 +43,8 @@ struct Pad : test::Stage {
 
 TEST(MixPad, TheBallIsDraggedToEachCornerWithEitherButtonAndStopsThere) {
     for (Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
-        for (const QPoint& way : {QPoint(-kFar, -kFar), QPoint(kFar, -kFar), QPoint(kFar, kFar), QPoint(-kFar, kFar)}) {
+        for (const QPoint& way : {QPoint(-kBeyond, -kBeyond), QPoint(kBeyond, -kBeyond), QPoint(kBeyond, kBeyond),
+                                  QPoint(-kBeyond, kBeyond)}) {
             SCOPED_TRACE(testing::Message() << button << " to " << way.x() << "," << way.y());
             Pad pad;
             pad.Drag(way, button);
@@ -61,10 +62,10 @@ TEST(MixPad, TheBallIsDraggedToEachCornerWithEitherButtonAndStopsThere) {
 
 TEST(MixPad, CornerToCornerCrossfadesTheChannels) {
     Pad pad;
-    pad.Drag({-kFar, -kFar});
+    pad.Drag({-kBeyond, -kBeyond});
     EXPECT_EQ(pad.s.ChannelVol[1], 0);
     EXPECT_EQ(pad.s.ChannelVol[3], 500);
-    pad.Drag({kFar, kFar});
+    pad.Drag({kBeyond, kBeyond});
     EXPECT_EQ(pad.s.ChannelVol[1], 500);
     EXPECT_EQ(pad.s.ChannelVol[3], 0);
     EXPECT_EQ(pad.s.StatusText, "W: 0, WB: 293, BW: 500, B: 293, ");
@@ -99,7 +100,7 @@ TEST(MixPad, TheMiddleButtonMovesNothing) {
 
 TEST(MixPad, ADoubleClickOnTheBallCentresIt) {
     Pad pad;
-    pad.Drag({-kFar, -kFar});
+    pad.Drag({-kBeyond, -kBeyond});
     pad.DoubleClick("PadBall");
     EXPECT_DOUBLE_EQ(pad.Record().X, 0);
     EXPECT_DOUBLE_EQ(pad.Record().Y, 0);
@@ -342,7 +343,7 @@ TEST(MixPad, TheSameEntryChosenAgainCentresTheBall) {
     for (const char* list : {"PadFunction", "PadType"}) {
         SCOPED_TRACE(list);
         Pad pad;
-        pad.Drag({-kFar, -kFar});
+        pad.Drag({-kBeyond, -kBeyond});
         test::Choose(pad.List(list), pad.List(list).currentIndex());
         EXPECT_DOUBLE_EQ(pad.Record().X, 0);
         EXPECT_EQ(pad.s.ChannelVol[3], 0);
@@ -372,7 +373,7 @@ TEST(MixPad, TheLevelsOfTheChannelsAreShownAsTheBallMoves) {
     Pad pad;
     const QRect levels(640, 8, 368, 170);
     const QImage before = pad.At("MixPadPage")->grab(levels).toImage();
-    pad.Drag({-kFar, -kFar});
+    pad.Drag({-kBeyond, -kBeyond});
     const QImage corner = pad.At("MixPadPage")->grab(levels).toImage();
     EXPECT_NE(before, corner);
     pad.DoubleClick("PadBall");

@@ -17,7 +17,7 @@ namespace {
 
 using test::PaintWatch;
 using test::Stage;
-using Names = std::vector<std::string>;
+using PaintedNames = std::vector<std::string>;
 
 TEST(Repaint, AKnobRepaintsOnlyItself) {
     Stage stage;
@@ -25,7 +25,7 @@ TEST(Repaint, AKnobRepaintsOnlyItself) {
     PaintWatch watch;
     stage.Screen.ShowKnob(2, Knob::Vol);
     stage.Settle();
-    EXPECT_EQ(watch.Names(), Names{"VolKnob_2"});
+    EXPECT_EQ(watch.Names(), PaintedNames{"VolKnob_2"});
 }
 
 TEST(Repaint, ATurnRepaintsTheDialOfAKnobWithoutTheLabelBelowIt) {
@@ -93,7 +93,7 @@ TEST(Repaint, AKnobWhosePictureDoesNotChangeIsNotRepainted) {
     PaintWatch watch;
     stage.Screen.ShowKnob(2, Knob::Vol);
     stage.Settle();
-    EXPECT_EQ(watch.Names(), Names{});
+    EXPECT_EQ(watch.Names(), PaintedNames{});
 }
 
 TEST(Repaint, AStatusTextRepaintsOnlyItsPanel) {
@@ -102,7 +102,7 @@ TEST(Repaint, AStatusTextRepaintsOnlyItsPanel) {
     PaintWatch watch;
     stage.Screen.ShowStatusText();
     stage.Settle();
-    EXPECT_EQ(watch.Names(), Names{"StatusBar1"});
+    EXPECT_EQ(watch.Names(), PaintedNames{"StatusBar1"});
     EXPECT_LT(watch.Painted["StatusBar1"].boundingRect().right(), 680);
 }
 
@@ -134,7 +134,7 @@ TEST(Repaint, ThePlayPositionRepaintsOnlyTwoNarrowStrips) {
     PaintWatch watch;
     buffer.SetCurrentPosition(88200);
     ASSERT_TRUE(QTest::qWaitFor([&] { return watch.Painted.contains("SndDisp_1"); }, 2000));
-    EXPECT_EQ(watch.Names(), Names{"SndDisp_1"});
+    EXPECT_EQ(watch.Names(), PaintedNames{"SndDisp_1"});
     int area = 0;
     for (const QRect& strip : watch.Painted["SndDisp_1"]) area += strip.width() * strip.height();
     EXPECT_LE(area, 3 * 6 * stage.At("SndDisp_1")->height());
@@ -149,7 +149,7 @@ TEST(Repaint, NothingIsRepaintedWhileNothingPlays) {
     PaintWatch watch;
     for (int tick = 0; tick < 50; ++tick) LoopTimer_Timer(stage.s, 10);
     stage.Settle();
-    EXPECT_EQ(watch.Names(), Names{});
+    EXPECT_EQ(watch.Names(), PaintedNames{});
 }
 
 TEST(Repaint, AStepRepaintsOnlyTheMarker) {
@@ -162,7 +162,7 @@ TEST(Repaint, AStepRepaintsOnlyTheMarker) {
     PaintWatch watch;
     ShowStep(stage.s, 0);
     stage.Settle();
-    EXPECT_EQ(watch.Names(), Names{"StepReadOut"});
+    EXPECT_EQ(watch.Names(), PaintedNames{"StepReadOut"});
     EXPECT_LT(watch.Painted["StepReadOut"].rectCount(), 4);
 }
 
@@ -175,7 +175,7 @@ TEST(Repaint, ADrawnColumnRepaintsOnlyItself) {
     PaintWatch watch;
     stage.Screen.ShowPatternColumn(1, 2);
     stage.Settle();
-    EXPECT_EQ(watch.Names(), Names{"PatternGraph_1"});
+    EXPECT_EQ(watch.Names(), PaintedNames{"PatternGraph_1"});
     const int width = stage.At("PatternGraph_1")->width();
     EXPECT_LT(watch.Painted["PatternGraph_1"].boundingRect().width(), width / 4 + 8);
 }
@@ -186,7 +186,7 @@ TEST(Repaint, HiddenControlsAreNotRepainted) {
     stage.Screen.ShowPattern(0);
     stage.Screen.ShowTime(1);
     stage.Settle();
-    EXPECT_EQ(watch.Names(), Names{});
+    EXPECT_EQ(watch.Names(), PaintedNames{});
 }
 
 }  // namespace

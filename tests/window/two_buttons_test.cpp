@@ -136,7 +136,7 @@ void EachChord(std::span<const Qt::MouseButton> buttons, const std::function<voi
     }
 }
 
-std::vector<std::string> Names(const std::vector<QWidget*>& controls) {
+std::vector<std::string> NamesOf(const std::vector<QWidget*>& controls) {
     std::vector<std::string> names;
     for (const QWidget* control : controls) names.push_back(control->objectName().toStdString());
     return names;
@@ -144,7 +144,7 @@ std::vector<std::string> Names(const std::vector<QWidget*>& controls) {
 
 TEST(TwoButtons, TheHandReachesEveryControlThatHoldsThePointerOrStartsADrag) {
     WholeHand hand;
-    const std::vector<std::string> names = Names(hand.Controls());
+    const std::vector<std::string> names = NamesOf(hand.Controls());
     for (const char* name : {
              "Letr_0",
              "Letr_4",

@@ -10,7 +10,7 @@ namespace {
 
 constexpr float kMostRolloff = 10;
 
-void Require(bool condition) {
+void RequireValid(bool condition) {
     if (!condition) throw SoundError(sound_error::kInvalidArgument);
 }
 
@@ -28,19 +28,19 @@ std::shared_ptr<OpenAlVoice> OpenAl3DBuffer::Voice() const {
 
 void OpenAl3DBuffer::SetMinDistance(float distance) {
     const auto voice = Voice();
-    Require(std::isfinite(distance) && distance > 0);
+    RequireValid(std::isfinite(distance) && distance > 0);
     voice->SetDistances(distance, voice->MaxDistance());
 }
 
 void OpenAl3DBuffer::SetMaxDistance(float distance) {
     const auto voice = Voice();
-    Require(std::isfinite(distance) && distance > 0);
+    RequireValid(std::isfinite(distance) && distance > 0);
     voice->SetDistances(voice->MinDistance(), distance);
 }
 
 void OpenAl3DBuffer::SetPosition(const Vector3& position) {
     const auto voice = Voice();
-    Require(Finite(position));
+    RequireValid(Finite(position));
     voice->SetPosition(position);
 }
 
@@ -48,7 +48,7 @@ Vector3 OpenAl3DBuffer::GetPosition() { return Voice()->Position(); }
 
 void OpenAlListener::SetRolloffFactor(float factor) {
     context_->AssertOwner();
-    Require(factor >= 0 && factor <= kMostRolloff);
+    RequireValid(factor >= 0 && factor <= kMostRolloff);
     Call call;
     call.Kind = CallKind::Rolloff;
     call.Numbers[0] = factor;
@@ -57,7 +57,7 @@ void OpenAlListener::SetRolloffFactor(float factor) {
 
 void OpenAlListener::SetPosition(const Vector3& position) {
     context_->AssertOwner();
-    Require(Finite(position));
+    RequireValid(Finite(position));
     Call call;
     call.Kind = CallKind::ListenerPlace;
     call.Numbers = {position.X, position.Y, -position.Z};
@@ -66,7 +66,7 @@ void OpenAlListener::SetPosition(const Vector3& position) {
 
 void OpenAlListener::SetOrientation(const Vector3& front, const Vector3& top) {
     context_->AssertOwner();
-    Require(IsDirection(front) && IsDirection(top));
+    RequireValid(IsDirection(front) && IsDirection(top));
     Call call;
     call.Kind = CallKind::ListenerTurn;
     call.Numbers = {front.X, front.Y, -front.Z, top.X, top.Y, -top.Z};

@@ -18,7 +18,7 @@ void After(ApiCall& call) {
     throw ApiFault("more than " + std::to_string(kMostDelayedCalls) + " calls are waiting");
 }
 
-constexpr ApiFunction kFunctions[] = {
+constexpr ApiFunction kClockFunctions[] = {
     {.Name = "clock",
      .Returns = "seconds, with their fraction",
      .Text = "The running clock of the status bar. It goes back to 0 after 25 hours.",
@@ -44,6 +44,6 @@ constexpr ApiFunction kFunctions[] = {
 
 }  // namespace
 
-std::span<const ApiFunction> ClockFunctions() { return kFunctions; }
+std::span<const ApiFunction> ClockFunctions() { return kClockFunctions; }
 
 }  // namespace marvolin

@@ -25,7 +25,7 @@ void ReturnPlace(ApiCall& call, int ball) {
 
 constexpr ApiParameter Coordinate(std::string_view name) { return Number(name, -5, 5, "map units"); }
 
-constexpr ApiFunction kFunctions[] = {
+constexpr ApiFunction kMapFunctions[] = {
     {.Name = "use_3d",
      .Returns = "true or false",
      .Text = "Whether 3D sound is in use. Without it places are kept, and not heard.",
@@ -86,6 +86,6 @@ constexpr ApiFunction kFunctions[] = {
 
 }  // namespace
 
-std::span<const ApiFunction> MapFunctions() { return kFunctions; }
+std::span<const ApiFunction> MapFunctions() { return kMapFunctions; }
 
 }  // namespace marvolin

@@ -40,7 +40,7 @@ void Level(ApiCall& call) {
     }
 }
 
-constexpr ApiFunction kFunctions[] = {
+constexpr ApiFunction kPadFunctions[] = {
     {.Name = "pad_ball",
      .Returns = "two numbers, -1 to 1",
      .Text = "The place of the ball on the mix pad: from left to right, and from top to bottom.",
@@ -100,6 +100,6 @@ constexpr ApiFunction kFunctions[] = {
 
 }  // namespace
 
-std::span<const ApiFunction> PadFunctions() { return kFunctions; }
+std::span<const ApiFunction> PadFunctions() { return kPadFunctions; }
 
 }  // namespace marvolin

@@ -80,7 +80,7 @@ void SetSteps(ApiCall& call) {
     PatternsRefresh(call.s);
 }
 
-constexpr ApiFunction kFunctions[] = {
+constexpr ApiFunction kPatternsFunctions[] = {
     {.Name = "pattern",
      .Parameters = {LoopTrackArgument(), Choice("pattern", kRows), Whole("step", 1, 32)},
      .Returns = "volume 0 to 500, frequency in percent 0.1 to 400, pan -500 to 500",
@@ -150,6 +150,6 @@ constexpr ApiFunction kFunctions[] = {
 
 }  // namespace
 
-std::span<const ApiFunction> PatternsFunctions() { return kFunctions; }
+std::span<const ApiFunction> PatternsFunctions() { return kPatternsFunctions; }
 
 }  // namespace marvolin

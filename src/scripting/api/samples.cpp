@@ -23,7 +23,7 @@ void Load(ApiCall& call) {
     LoadSample(call.s, request);
 }
 
-constexpr ApiFunction kFunctions[] = {
+constexpr ApiFunction kSamplesFunctions[] = {
     {.Name = "load",
      .Parameters = {PlayRowArgument(), Text("path"), Optional(Flag("play"))},
      .Text = "Loads a WAV file into a row, its band, or with row \"Z\" the controlled rows, and plays it if asked. A "
@@ -76,6 +76,6 @@ constexpr ApiFunction kFunctions[] = {
 
 }  // namespace
 
-std::span<const ApiFunction> SamplesFunctions() { return kFunctions; }
+std::span<const ApiFunction> SamplesFunctions() { return kSamplesFunctions; }
 
 }  // namespace marvolin

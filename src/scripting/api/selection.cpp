@@ -22,7 +22,7 @@ void Selector(ApiCall& call) {
     call.ReturnFlag(row == kSelectionButton ? call.s.SelectionControlled : call.s.BandTable[row].Controlled != False);
 }
 
-constexpr ApiFunction kFunctions[] = {
+constexpr ApiFunction kSelectionFunctions[] = {
     {.Name = "selected",
      .Parameters = {LoopTrackArgument()},
      .Returns = "true or false",
@@ -82,6 +82,6 @@ constexpr ApiFunction kFunctions[] = {
 
 }  // namespace
 
-std::span<const ApiFunction> SelectionFunctions() { return kFunctions; }
+std::span<const ApiFunction> SelectionFunctions() { return kSelectionFunctions; }
 
 }  // namespace marvolin

@@ -33,7 +33,7 @@ void LoadSet(ApiCall& call) {
     call.ReturnFlag(OpenAsChosen(s, JoinPath(s.CurrentFolder, file)));
 }
 
-constexpr ApiFunction kFunctions[] = {
+constexpr ApiFunction kSetsFunctions[] = {
     {.Name = "set_count",
      .Returns = "a number",
      .Text = "How many sets QuickLoad lists.",
@@ -62,6 +62,6 @@ constexpr ApiFunction kFunctions[] = {
 
 }  // namespace
 
-std::span<const ApiFunction> SetsFunctions() { return kFunctions; }
+std::span<const ApiFunction> SetsFunctions() { return kSetsFunctions; }
 
 }  // namespace marvolin

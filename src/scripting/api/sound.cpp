@@ -35,7 +35,7 @@ void Fading(ApiCall& call) {
     call.ReturnText(state == kRising ? "up" : "down");
 }
 
-constexpr ApiFunction kFunctions[] = {
+constexpr ApiFunction kSoundFunctions[] = {
     {.Name = "volume",
      .Parameters = {RowArgument()},
      .Returns = "0 to 500",
@@ -102,6 +102,6 @@ constexpr ApiFunction kFunctions[] = {
 
 }  // namespace
 
-std::span<const ApiFunction> SoundFunctions() { return kFunctions; }
+std::span<const ApiFunction> SoundFunctions() { return kSoundFunctions; }
 
 }  // namespace marvolin

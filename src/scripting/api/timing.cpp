@@ -33,7 +33,7 @@ void SetSampleStart(ApiCall& call) {
     ForTimes(call, [&](Row row, std::int32_t time) { LoopSetBeatStart(call.s, row, time); });
 }
 
-constexpr ApiFunction kFunctions[] = {
+constexpr ApiFunction kTimingFunctions[] = {
     {.Name = "step_duration",
      .Parameters = {LoopTrackArgument()},
      .Returns = "seconds",
@@ -71,6 +71,6 @@ constexpr ApiFunction kFunctions[] = {
 
 }  // namespace
 
-std::span<const ApiFunction> TimingFunctions() { return kFunctions; }
+std::span<const ApiFunction> TimingFunctions() { return kTimingFunctions; }
 
 }  // namespace marvolin

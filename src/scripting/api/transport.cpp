@@ -21,7 +21,7 @@ void Resume(ApiCall& call) {
     if (call.s.Run[call.RowAt(0)].Paused != False) LoopPlayCommand(call.s, call.RowAt(0), PlayCommand::Resume);
 }
 
-constexpr ApiFunction kFunctions[] = {
+constexpr ApiFunction kTransportFunctions[] = {
     {.Name = "play",
      .Parameters = {PlayRowArgument()},
      .Text = "Starts a row, its band, or with row \"Z\" the controlled rows. A row that plays starts again from its "
@@ -94,6 +94,6 @@ constexpr ApiFunction kFunctions[] = {
 
 }  // namespace
 
-std::span<const ApiFunction> TransportFunctions() { return kFunctions; }
+std::span<const ApiFunction> TransportFunctions() { return kTransportFunctions; }
 
 }  // namespace marvolin

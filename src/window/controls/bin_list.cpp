@@ -17,7 +17,6 @@ constexpr int kRowHeight = 22;
 constexpr int kBar = 10;         // width of a scroll bar
 constexpr int kSizeColumn = 54;  // pixels
 constexpr int kNotchRows = 3;
-constexpr int kNotch = 120;  // eighths of a degree of one wheel step
 const QColor kInk(0x1d, 0x1f, 0x23);
 const QColor kFaint(0x4c, 0x50, 0x58);
 
@@ -122,7 +121,7 @@ void BinList::keyPressEvent(QKeyEvent* event) {
 }
 
 void BinList::wheelEvent(QWheelEvent* event) {
-    rows_->setValue(rows_->value() - event->angleDelta().y() * kNotchRows / kNotch);
+    rows_->setValue(rows_->value() - event->angleDelta().y() * kNotchRows / QWheelEvent::DefaultDeltasPerStep);
     event->accept();
 }
 

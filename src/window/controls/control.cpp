@@ -16,8 +16,6 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kNotch = 120;  // eighths of a degree of one wheel step
-
 QPointF Twips(QPointF pixels) { return pixels * kTwipsPerPixel; }
 
 // Some desktops activate every new window, also one that takes no focus and gives the activation back.
@@ -148,8 +146,8 @@ void Control::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void Control::wheelEvent(QWheelEvent* event) {
     wheelRest_ += event->angleDelta().y();
-    const int notches = wheelRest_ / kNotch;
-    wheelRest_ -= notches * kNotch;
+    const int notches = wheelRest_ / QWheelEvent::DefaultDeltasPerStep;
+    wheelRest_ -= notches * QWheelEvent::DefaultDeltasPerStep;
     if (notches != 0) Step(notches);
     event->accept();
 }

@@ -8,7 +8,7 @@ namespace marvolin {
 
 namespace {
 
-constexpr double kStart = 10;  // pixels from the left edge to the beginning of the scale
+constexpr double kScaleStart = 10;  // pixels from the left edge to the beginning of the scale
 constexpr double kTextWidth = 74;
 
 }  // namespace
@@ -16,10 +16,10 @@ constexpr double kTextWidth = 74;
 Gauge::Gauge(Session& session, QWidget* parent, std::string_view name, GaugeRules rules)
     : Control(session, parent, name), rules_(std::move(rules)) {}
 
-double Gauge::TrackEnd() const { return width() - kTextWidth - kStart; }
+double Gauge::TrackEnd() const { return width() - kTextWidth - kScaleStart; }
 
 int Gauge::ValueAt(double x) const {
-    const double share = std::clamp((x - kStart) / (TrackEnd() - kStart), 0.0, 1.0);
+    const double share = std::clamp((x - kScaleStart) / (TrackEnd() - kScaleStart), 0.0, 1.0);
     return static_cast<int>(std::lround(rules_.Low + share * (rules_.High - rules_.Low)));
 }
 
@@ -46,13 +46,13 @@ void Gauge::paintEvent(QPaintEvent*) {
     const double y = height() / 2.0;
     const double share =
         std::clamp(static_cast<double>(rules_.Value() - rules_.Low) / (rules_.High - rules_.Low), 0.0, 1.0);
-    const double x = kStart + share * (TrackEnd() - kStart);
+    const double x = kScaleStart + share * (TrackEnd() - kScaleStart);
     p.setPen(QPen(theme::kLine, 1));
     p.setBrush(theme::kSunk);
-    p.drawRoundedRect(QRectF(kStart - 3, y - 3, TrackEnd() - kStart + 6, 6), 3, 3);
+    p.drawRoundedRect(QRectF(kScaleStart - 3, y - 3, TrackEnd() - kScaleStart + 6, 6), 3, 3);
     p.setPen(Qt::NoPen);
     p.setBrush(isEnabled() ? theme::kAccent : QColor(0x4a, 0x50, 0x5a));
-    p.drawRoundedRect(QRectF(kStart - 3, y - 3, x - kStart + 3, 6), 3, 3);
+    p.drawRoundedRect(QRectF(kScaleStart - 3, y - 3, x - kScaleStart + 3, 6), 3, 3);
     p.setBrush(isEnabled() ? theme::kText : QColor(0x6c, 0x74, 0x80));
     p.setPen(QPen(hasFocus() ? theme::kAccent : theme::kWindow, hasFocus() ? 2 : 1));
     p.drawEllipse(QPointF(x, y), 7, 7);

@@ -9,10 +9,10 @@ namespace marvolin {
 
 namespace {
 
-constexpr std::array<const char*, 3> kNames{"VolKnob", "PanKnob", "HzKnob"};  // by `Knob`
+constexpr std::array<const char*, 3> kKnobNames{"VolKnob", "PanKnob", "HzKnob"};  // by `Knob`
 
-constexpr double kSweep = 270;  // degrees from the first picture to the last
-constexpr double kStart = 225;  // degrees of the first picture, counter-clockwise from three o'clock
+constexpr double kSweep = 270;      // degrees from the first picture to the last
+constexpr double kRingStart = 225;  // degrees of the first picture, counter-clockwise from three o'clock
 constexpr double kLastFrame = 63;
 constexpr double kRadius = 17;
 
@@ -26,7 +26,7 @@ void DrawArc(QPainter& p, const QRectF& ring, double fromDegrees, double spanDeg
 }  // namespace
 
 KnobControl::KnobControl(Session& session, QWidget* parent, Knob knob, Row row)
-    : Control(session, parent, kNames[static_cast<std::size_t>(knob)], row), knob_(knob) {
+    : Control(session, parent, kKnobNames[static_cast<std::size_t>(knob)], row), knob_(knob) {
     if (row != kMasterRow) TakeDropsFor(row);
 }
 
@@ -67,11 +67,11 @@ void KnobControl::DrawDial(QPainter& p) const {
     const QRectF ring(centre.x() - kRadius + 1.5, centre.y() - kRadius + 1.5, 2 * kRadius - 3, 2 * kRadius - 3);
 
     const QColor colour = index == kMasterRow ? theme::kText : theme::RowColour(index);
-    DrawArc(p, ring, kStart, -kSweep, theme::kLine, 3.2);
+    DrawArc(p, ring, kRingStart, -kSweep, theme::kLine, 3.2);
     if (isEnabled()) {
         // A dark row colour gets a pale edge, so that its arc is seen on the dark ground.
         const bool dark = theme::Contrast(colour, theme::kPanel) < 3;
-        const double base = knob_ == Knob::Pan ? kStart - kSweep / 2 : kStart;
+        const double base = knob_ == Knob::Pan ? kRingStart - kSweep / 2 : kRingStart;
         const double span = knob_ == Knob::Pan ? -(turn - kSweep / 2) : -turn;
         if (dark) DrawArc(p, ring, base, span, QColor(0xb9, 0xc4, 0xe6), 5.2);
         DrawArc(p, ring, base, span, colour, 3.2);
@@ -83,7 +83,7 @@ void KnobControl::DrawDial(QPainter& p) const {
     p.setPen(hasFocus() ? QPen(theme::kAccent, 1.5) : QPen(QColor(0x17, 0x19, 0x1c), 1));
     p.drawEllipse(centre, kRadius - 4.5, kRadius - 4.5);
 
-    const double angle = (kStart - turn) * M_PI / 180;
+    const double angle = (kRingStart - turn) * M_PI / 180;
     const QPointF way(std::cos(angle), -std::sin(angle));
     p.setPen(QPen(isEnabled() ? QColor(Qt::white) : theme::kQuiet, 2.2, Qt::SolidLine, Qt::RoundCap));
     p.drawLine(centre + way * 4.5, centre + way * (kRadius - 7));

@@ -17,7 +17,7 @@ struct Scale {
 };
 constexpr std::array<Scale, kPatternRows> kScales{
     {{"Vol", "500", "250", "0"}, {"Freq", "400%", "200%", "0%"}, {"Pan", "right", "centre", "left"}}};
-constexpr int kLine = 12;
+constexpr int kLabelHeight = 12;
 
 }  // namespace
 
@@ -31,11 +31,12 @@ void ScaleLabels::paintEvent(QPaintEvent*) {
     p.setPen(theme::kQuiet);
     p.setFont(theme::Sans(10));
     const auto at = [&](double y, const char* text) {
-        p.drawText(QRectF(0, y - kLine / 2.0, width() - 3, kLine), Qt::AlignVCenter | Qt::AlignRight, text);
+        p.drawText(QRectF(0, y - kLabelHeight / 2.0, width() - 3, kLabelHeight), Qt::AlignVCenter | Qt::AlignRight,
+                   text);
     };
-    at(kLine / 2.0 + 3, scale.Top);
+    at(kLabelHeight / 2.0 + 3, scale.Top);
     at(height() / 2.0, scale.Middle);
-    at(height() - kLine / 2.0 - 3, scale.Bottom);
+    at(height() - kLabelHeight / 2.0 - 3, scale.Bottom);
     p.setPen(PatternColour(patternRow_));
     p.setFont(theme::Sans(11, QFont::DemiBold));
     p.drawText(QRectF(0, 2, 30, 14), Qt::AlignVCenter | Qt::AlignLeft, scale.Name);

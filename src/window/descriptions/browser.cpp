@@ -29,7 +29,7 @@ std::string ComponentCaption(const Situation& at) {
 
 constexpr Indices kBinIndices{0, kBins - 1};
 
-constexpr Description kTable[] = {
+constexpr Description kBrowserTable[] = {
     {.Name = "frmBrowse", .Topic = 10120, .Role = QAccessible::Window},
     {.Name = "Sstab", .Topic = 10121, .Role = QAccessible::PageTabList, .Taken = Keys::Choose},
     {.Name = "BrowsePages", .Topic = 10122, .Role = QAccessible::LayeredPane},
@@ -101,6 +101,6 @@ constexpr Description kTable[] = {
 
 }  // namespace
 
-std::span<const Description> BrowserDescriptions() { return kTable; }
+std::span<const Description> BrowserDescriptions() { return kBrowserTable; }
 
 }  // namespace marvolin

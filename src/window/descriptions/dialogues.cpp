@@ -4,7 +4,7 @@ namespace marvolin {
 
 namespace {
 
-constexpr Description kTable[] = {
+constexpr Description kDialogueTable[] = {
     {.Name = "SaveFileDialogue", .Topic = 10160, .Role = QAccessible::Dialog, .Taken = Keys::Escape},
     {.Name = "OpenFileDialogue", .Topic = 10161, .Role = QAccessible::Dialog, .Taken = Keys::Escape},
     {.Name = "lookInCombo",
@@ -78,6 +78,6 @@ constexpr Description kTable[] = {
 
 }  // namespace
 
-std::span<const Description> DialogueDescriptions() { return kTable; }
+std::span<const Description> DialogueDescriptions() { return kDialogueTable; }
 
 }  // namespace marvolin

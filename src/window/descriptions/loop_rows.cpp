@@ -43,7 +43,7 @@ constexpr Indices kLoopTrackRows{0, kLoopTracks - 1};
 constexpr Indices kSelection{kSelectionRow, kSelectionRow};
 constexpr Indices kGangRows{0, kSelectionRow};
 
-constexpr Description kTable[] = {
+constexpr Description kLoopRowTable[] = {
     {.Name = "LoopRow", .Range = kGangRows, .Topic = kLoopTrackTopic, .Role = QAccessible::Grouping},
     {.Name = "Selected",
      .Range = kLoopTrackRows,
@@ -197,6 +197,6 @@ constexpr Description kTable[] = {
 
 }  // namespace
 
-std::span<const Description> LoopRowDescriptions() { return kTable; }
+std::span<const Description> LoopRowDescriptions() { return kLoopRowTable; }
 
 }  // namespace marvolin

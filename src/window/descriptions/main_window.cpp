@@ -48,7 +48,7 @@ std::string StatusHint(const Situation& at) {
     return at.Part == kHelpPanel ? "drg Question Mark to Control for Help" : "";
 }
 
-constexpr Description kTable[] = {
+constexpr Description kMainWindowTable[] = {
     {.Name = "frmMain", .Topic = 10001, .Role = QAccessible::Window},
     {.Name = "Toolbar", .Topic = 10002, .Role = QAccessible::ToolBar},
     {.Name = "Browse",
@@ -162,6 +162,6 @@ constexpr Description kTable[] = {
 
 }  // namespace
 
-std::span<const Description> MainWindowDescriptions() { return kTable; }
+std::span<const Description> MainWindowDescriptions() { return kMainWindowTable; }
 
 }  // namespace marvolin

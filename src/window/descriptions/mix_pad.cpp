@@ -8,7 +8,7 @@ std::string PadBallHint(const Situation& at) { return at.Held ? "" : "drg Mix Ch
 
 std::string RelativeTip(const Situation& at) { return at.State.JoyEnabled ? "" : "No joystick was found at the start"; }
 
-constexpr Description kTable[] = {
+constexpr Description kMixPadTable[] = {
     {.Name = "MixPadPage", .Topic = 10040, .Role = QAccessible::Pane},
     {.Name = "Pad", .Topic = 10041, .Role = QAccessible::Graphic},
     {.Name = "PadBall",
@@ -59,6 +59,6 @@ constexpr Description kTable[] = {
 
 }  // namespace
 
-std::span<const Description> MixPadDescriptions() { return kTable; }
+std::span<const Description> MixPadDescriptions() { return kMixPadTable; }
 
 }  // namespace marvolin

@@ -33,7 +33,7 @@ std::string ResolutionHint(const Situation& at) { return TimingResText(at.State)
 
 constexpr const char* kPositionUpdateTip = "On: the sound follows the drag. Off: it follows when the drag ends.";
 
-constexpr Description kTable[] = {
+constexpr Description kOptionTable[] = {
     {.Name = "OptionPage", .Topic = 10100, .Role = QAccessible::Pane},
     {.Name = "cboDrivers",
      .Label = "Sound driver",
@@ -142,6 +142,6 @@ constexpr Description kTable[] = {
 
 }  // namespace
 
-std::span<const Description> OptionDescriptions() { return kTable; }
+std::span<const Description> OptionDescriptions() { return kOptionTable; }
 
 }  // namespace marvolin

@@ -58,7 +58,7 @@ std::string CurrentValue(const Situation& at) { return std::string(1, RowLetter(
 
 std::string StepValue(const Situation& at) { return std::to_string(at.State.Run[at.State.CurrentLoop].Step + 1); }
 
-constexpr Description kTable[] = {
+constexpr Description kPatternTable[] = {
     {.Name = "PatternPage", .Hint = kSequenceHint, .Topic = 10080, .Role = QAccessible::Pane},
     {.Name = drags::kPatterns,
      .Caption = "Patterns",
@@ -132,6 +132,6 @@ constexpr Description kTable[] = {
 
 }  // namespace
 
-std::span<const Description> PatternDescriptions() { return kTable; }
+std::span<const Description> PatternDescriptions() { return kPatternTable; }
 
 }  // namespace marvolin

@@ -12,7 +12,7 @@ std::string ElementCaption(const Situation& at) {
 
 constexpr Indices kElementIndices{0, kElements - 1};
 
-constexpr Description kTable[] = {
+constexpr Description kSaveOpenTable[] = {
     {.Name = "frmSave", .Topic = 10140, .Role = QAccessible::Dialog, .Taken = Keys::Escape},
     {.Name = "Selector",
      .Range = {0, 0},
@@ -64,6 +64,6 @@ constexpr Description kTable[] = {
 
 }  // namespace
 
-std::span<const Description> SaveOpenDescriptions() { return kTable; }
+std::span<const Description> SaveOpenDescriptions() { return kSaveOpenTable; }
 
 }  // namespace marvolin

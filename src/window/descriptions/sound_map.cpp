@@ -15,7 +15,7 @@ std::string RollOffHint(const Situation& at) { return at.Held ? "" : RollOffText
 std::string MapSizeValue(const Situation& at) { return NumberText(at.State.MapSize / 10.0); }
 std::string RollOffValue(const Situation& at) { return NumberText(at.State.RollOff / 10.0); }
 
-constexpr Description kTable[] = {
+constexpr Description kSoundMapTable[] = {
     {.Name = "MapPage", .Topic = 10070, .Role = QAccessible::Pane},
     {.Name = "Map", .Topic = 10071, .Role = QAccessible::Graphic},
     {.Name = drags::kPosBall,
@@ -84,6 +84,6 @@ constexpr Description kTable[] = {
 
 }  // namespace
 
-std::span<const Description> SoundMapDescriptions() { return kTable; }
+std::span<const Description> SoundMapDescriptions() { return kSoundMapTable; }
 
 }  // namespace marvolin

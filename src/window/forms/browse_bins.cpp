@@ -11,7 +11,7 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kEdge = 10;
+constexpr int kBinsEdge = 10;
 constexpr int kHead = 106;  // height of the controls above a list
 
 }  // namespace
@@ -33,17 +33,17 @@ BrowseBins::BrowseBins(Session& session, QWidget* parent) : QWidget(parent), s(s
 }
 
 void BrowseBins::resizeEvent(QResizeEvent*) {
-    const int wide = (width() - kEdge * (kBins + 1)) / kBins;
+    const int wide = (width() - kBinsEdge * (kBins + 1)) / kBins;
     for (int bin = 0; bin < kBins; ++bin) {
         const auto i = static_cast<std::size_t>(bin);
-        const int left = kEdge + bin * (wide + kEdge);
+        const int left = kBinsEdge + bin * (wide + kBinsEdge);
         folders_[i]->setGeometry(left, 8, wide, 30);
         plays_[i]->setGeometry(left, 73, wide, 28);
         destinations_[i]->setGeometry(left, 43, plays_[i]->width(), 28);
-        lists_[i]->setGeometry(left, kHead, wide, height() - kHead - kEdge);
+        lists_[i]->setGeometry(left, kHead, wide, height() - kHead - kBinsEdge);
     }
     const int treeTop = kHead + (height() - kHead) / 3;
-    Tree->setGeometry(kEdge, treeTop, width() - 2 * kEdge, height() - treeTop - kEdge);
+    Tree->setGeometry(kBinsEdge, treeTop, width() - 2 * kBinsEdge, height() - treeTop - kBinsEdge);
 }
 
 void BrowseBins::RefreshBin(int bin) {

@@ -11,7 +11,7 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kEdge = 10;
+constexpr int kClipsEdge = 10;
 constexpr int kSide = 230;
 
 }  // namespace
@@ -39,8 +39,8 @@ BrowseClips::BrowseClips(Session& session, QWidget* parent) : QWidget(parent), s
 }
 
 void BrowseClips::resizeEvent(QResizeEvent*) {
-    list_->setGeometry(kEdge, kEdge, width() - kSide - 3 * kEdge, height() - 2 * kEdge);
-    side_->setGeometry(width() - kSide - kEdge, kEdge, kSide, height() - 2 * kEdge);
+    list_->setGeometry(kClipsEdge, kClipsEdge, width() - kSide - 3 * kClipsEdge, height() - 2 * kClipsEdge);
+    side_->setGeometry(width() - kSide - kClipsEdge, kClipsEdge, kSide, height() - 2 * kClipsEdge);
 }
 
 void BrowseClips::Refresh() {

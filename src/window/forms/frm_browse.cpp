@@ -16,8 +16,8 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kWidth = 780;
-constexpr int kHeight = 520;
+constexpr int kBrowserWidth = 780;
+constexpr int kBrowserHeight = 520;
 constexpr int kBinTab = 0;
 constexpr std::size_t kFilesATurn = 16;  // of the check, in one turn of the event loop: the step clock must not wait
 
@@ -35,7 +35,7 @@ FrmBrowse::FrmBrowse(Session& session) : s(session) {
     Describe(s, *this, "frmBrowse");
     setWindowTitle("marvolin browser");
     setMinimumSize(620, 420);
-    resize(kWidth, kHeight);
+    resize(kBrowserWidth, kBrowserHeight);
     tabs_ = new QTabBar;
     Describe(s, *tabs_, "Sstab");
     tabs_->setDrawBase(false);

@@ -31,8 +31,8 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kWidth = 1040;
-constexpr int kEdge = 8;
+constexpr int kMainWidth = 1040;
+constexpr int kMainEdge = 8;
 constexpr int kRowPitch = LoopRow::kHeight + 2;
 constexpr int kRowsTop = Toolbar::kHeight;
 constexpr int kStripTop = kRowsTop + 5 * kRowPitch;
@@ -52,16 +52,16 @@ FrmMain::FrmMain(Session& session, Events events) : s(session), events_(std::mov
     setWindowTitle(QString::fromStdString(s.Title));
     setFocusPolicy(Qt::ClickFocus);
     Bar = new Toolbar(s, this, [this] { ToggleMode(); });
-    Bar->setGeometry(0, 0, kWidth, Toolbar::kHeight);
+    Bar->setGeometry(0, 0, kMainWidth, Toolbar::kHeight);
     for (Row row = 0; row <= kSelectionRow; ++row) {
         auto* made = new LoopRow(s, this, row);
-        made->setGeometry(kEdge, kRowsTop + row * kRowPitch, kWidth - 2 * kEdge, LoopRow::kHeight);
+        made->setGeometry(kMainEdge, kRowsTop + row * kRowPitch, kMainWidth - 2 * kMainEdge, LoopRow::kHeight);
         Rows[static_cast<std::size_t>(row)] = made;
     }
     Selectors = new SelectorStrip(s, this);
-    Selectors->setGeometry(kEdge, kStripTop, kWidth - 2 * kEdge, SelectorStrip::kHeight);
+    Selectors->setGeometry(kMainEdge, kStripTop, kMainWidth - 2 * kMainEdge, SelectorStrip::kHeight);
     Tabs = new TabControl(s, this);
-    Tabs->setGeometry(kEdge, kTabsTop, kWidth - 2 * kEdge, TabControl::kHeight);
+    Tabs->setGeometry(kMainEdge, kTabsTop, kMainWidth - 2 * kMainEdge, TabControl::kHeight);
     Status1 = new StatusBar1(s, this);
     Status2 = new StatusBar2(s, this, events_.SoundLoad, events_.Timing);
     selectList_ = new SelectList(s, this);
@@ -89,9 +89,9 @@ void FrmMain::PlaceBars() {
     const int height = s.MiniMode ? kMiniHeight : kRegularHeight;
     Selectors->setVisible(!s.MiniMode);
     Tabs->setVisible(!s.MiniMode);
-    setFixedSize(kWidth, height);
-    Status1->setGeometry(0, height - kBarsHeight, kWidth, StatusBar1::kHeight);
-    Status2->setGeometry(0, height - StatusBar2::kHeight, kWidth, StatusBar2::kHeight);
+    setFixedSize(kMainWidth, height);
+    Status1->setGeometry(0, height - kBarsHeight, kMainWidth, StatusBar1::kHeight);
+    Status2->setGeometry(0, height - StatusBar2::kHeight, kMainWidth, StatusBar2::kHeight);
     Bar->ToTop->Refresh();
 }
 

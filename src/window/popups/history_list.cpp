@@ -14,9 +14,9 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kWidth = 230;
-constexpr int kMostRows = 14;
-constexpr int kGap = 2;  // pixels between the button and the list
+constexpr int kHistoryWidth = 230;
+constexpr int kMostEntries = 14;
+constexpr int kHistoryGap = 2;  // pixels between the button and the list
 
 }  // namespace
 
@@ -32,13 +32,13 @@ void HistoryList::Open(const QRect& button) {
     pressed_.reset();
     clear();
     for (const std::string& entry : s.HistoryEntries) addItem(QString::fromStdString(entry));
-    const int wanted = std::min(count(), kMostRows) * sizeHintForRow(0) + 10;
-    const int under = parentWidget()->height() - button.bottom() - kGap;
-    const int over = button.top() - kGap;
+    const int wanted = std::min(count(), kMostEntries) * sizeHintForRow(0) + 10;
+    const int under = parentWidget()->height() - button.bottom() - kHistoryGap;
+    const int over = button.top() - kHistoryGap;
     // Where neither side has room, as in Mini, the larger one takes what fits, and the list scrolls.
     const bool below = wanted <= under || (wanted > over && under >= over);
     const int height = std::min(wanted, below ? under : over);
-    setGeometry(button.left(), below ? button.bottom() + kGap : over - height, kWidth, height);
+    setGeometry(button.left(), below ? button.bottom() + kHistoryGap : over - height, kHistoryWidth, height);
     raise();
     show();
     setFocus();

@@ -11,7 +11,7 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kMostRows = 14;
+constexpr int kMostPopupRows = 14;
 constexpr int kLeastWidth = 150;  // pixels
 constexpr int kMostWidth = 420;
 
@@ -38,7 +38,7 @@ void PopupList::Open(const QStringList& rows, const QRect& at) {
     addItems(rows);
     setCurrentRow(0);
     const int wide = qBound(kLeastWidth, sizeHintForColumn(0) + 40, kMostWidth);
-    const int high = qMin(count(), kMostRows) * sizeHintForRow(0) + 12;
+    const int high = qMin(count(), kMostPopupRows) * sizeHintForRow(0) + 12;
     resize(wide, high);
     const QRect area = screen()->availableGeometry();
     const int top = at.bottom() + high > area.bottom() ? at.top() - high : at.bottom() + 1;

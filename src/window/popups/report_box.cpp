@@ -14,7 +14,7 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kGap = 12;  // pixels between the box and what it keeps clear
+constexpr int kBoxGap = 12;  // pixels between the box and what it keeps clear
 
 QPoint CentredIn(const QRect& area, QSize box) { return area.center() - QPoint(box.width() / 2, box.height() / 2); }
 
@@ -33,7 +33,7 @@ QPoint PlaceClearOf(const QRect& rows, const QRect& area, QSize box, std::initia
         const QRect there(place, box);
         if (area.contains(there) && !there.intersects(rows)) return place;
     }
-    return {area.center().x() - box.width() / 2, area.bottom() - kGap - box.height()};
+    return {area.center().x() - box.width() / 2, area.bottom() - kBoxGap - box.height()};
 }
 
 ReportBox::ReportBox() : QMessageBox(nullptr) {
@@ -114,15 +114,15 @@ void ReportBox::Place() {
     const QSize box = frameGeometry().size();
     const QRect form = at != nullptr ? at->frameGeometry() : area;
     QRect below = form;  // what a form has below the rows
-    if (at == main_ && !rows.isNull()) below.setTop(rows.bottom() + kGap);
+    if (at == main_ && !rows.isNull()) below.setTop(rows.bottom() + kBoxGap);
     const int middle = form.center().x() - box.width() / 2;
     move(PlaceClearOf(rows, area, box,
                       {CentredIn(below, box),
-                       {middle, form.bottom() - kGap - box.height()},
-                       {middle, form.bottom() + kGap},
-                       {middle, form.top() - kGap - box.height()},
-                       {area.left() + kGap, area.bottom() - kGap - box.height()},
-                       {area.right() - kGap - box.width(), area.bottom() - kGap - box.height()}}));
+                       {middle, form.bottom() - kBoxGap - box.height()},
+                       {middle, form.bottom() + kBoxGap},
+                       {middle, form.top() - kBoxGap - box.height()},
+                       {area.left() + kBoxGap, area.bottom() - kBoxGap - box.height()},
+                       {area.right() - kBoxGap - box.width(), area.bottom() - kBoxGap - box.height()}}));
 }
 
 // What opened later than the report has the keyboard: a box that asks, a dialogue, an open list.

@@ -15,8 +15,8 @@ namespace marvolin {
 
 namespace {
 
-constexpr std::array<const char*, kChannels> kNames{"W", "WB", "BW", "B"};
-constexpr int kLine = 34;  // pixels from bar to bar
+constexpr std::array<const char*, kChannels> kLevelNames{"W", "WB", "BW", "B"};
+constexpr int kBarPitch = 34;  // pixels from bar to bar
 constexpr int kBarLeft = 84;
 constexpr int kNumber = 62;  // width of the numbers
 
@@ -64,13 +64,13 @@ void ChannelLevels::paintEvent(QPaintEvent*) {
     p.drawText(QRect(0, 0, width(), 18), Qt::AlignLeft | Qt::AlignVCenter, "Channels");
     const double length = width() - kBarLeft - kNumber;
     for (int channel = 1; channel <= kChannels; ++channel) {
-        const double y = 12 + (channel - 1) * kLine + 14.0;
+        const double y = 12 + (channel - 1) * kBarPitch + 14.0;
         const Level level = LevelOf(s, channel);
         DrawWire(p, QRectF(0, y + 1, 30, 17), channel - 1);
         p.setFont(theme::Sans(13, QFont::DemiBold));
         p.setPen(theme::kText);
         p.drawText(QRectF(40, y, 40, 19), Qt::AlignLeft | Qt::AlignVCenter,
-                   kNames[static_cast<std::size_t>(channel - 1)]);
+                   kLevelNames[static_cast<std::size_t>(channel - 1)]);
         p.setPen(QPen(theme::kLine, 1));
         p.setBrush(theme::kSunk);
         p.drawRoundedRect(QRectF(kBarLeft, y + 3.5, length, 12), 4, 4);

@@ -19,8 +19,8 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kMiddle = 352;
-constexpr int kRight = 700;
+constexpr int kMapMiddle = 352;
+constexpr int kMapRight = 700;
 
 QString Shown(double value) { return QString::fromStdString(NumberText(value)); }
 
@@ -37,26 +37,26 @@ TabMap::TabMap(Session& session, QWidget* parent) : QWidget(parent), s(session) 
 
 void TabMap::MakeSide() {
     enable_ = new ChoiceBox(s, this, "Enable3d", -1, [this](bool on) { Enable3d_Click(s, on); });
-    enable_->setGeometry(kMiddle, 14, 280, 26);
+    enable_->setGeometry(kMapMiddle, 14, 280, 26);
     MakeGauges();
 
-    MakeLabel(this, "Positions", {kMiddle, 172, 200, 18});
+    MakeLabel(this, "Positions", {kMapMiddle, 172, 200, 18});
     macros_ = new ChoiceList(s, this, "PosMacros", -1,
                              [this](int entry) { PosMacros_Click(s, static_cast<std::int16_t>(entry)); });
     macros_->addItems(ToQStrings(kPosMacros));
-    macros_->setGeometry(kMiddle, 192, 220, 30);
+    macros_->setGeometry(kMapMiddle, 192, 220, 30);
 
     centre_ = new TextButton(s, this, "CentreAll", [this] { CentreAll_Click(s); });
-    centre_->setGeometry(kMiddle, 234, 106, 30);
+    centre_->setGeometry(kMapMiddle, 234, 106, 30);
     auto* front = new TextButton(s, this, "PosPop", [this] { PosPop_Click(s); });
-    front->setGeometry(kMiddle + 114, 234, 106, 30);
+    front->setGeometry(kMapMiddle + 114, 234, 106, 30);
 
     relative_ = new ChoiceBox(s, this, "JoyRelative", 1, [this](bool on) { SetJoyRelative(s, 1, on); });
-    relative_->setGeometry(kMiddle, 278, 260, 24);
+    relative_->setGeometry(kMapMiddle, 278, 260, 24);
 }
 
 void TabMap::MakeGauges() {
-    MakeLabel(this, "Map size", {kMiddle, 56, 200, 18});
+    MakeLabel(this, "Map size", {kMapMiddle, 56, 200, 18});
     size_ = new Gauge(s, this, "MapSize",
                       {kMapSizeLow, kMapSizeHigh, 1, [this] { return static_cast<int>(s.MapSize); },
                        [this] { return Shown(s.MapSize / 10.0) + " x " + Shown(s.MapSize / 10.0); },
@@ -64,16 +64,16 @@ void TabMap::MakeGauges() {
                        [this](std::int16_t button, int value) {
                            if (button == kLeftButton) MapSize_Change(s, static_cast<std::int16_t>(value));
                        }});
-    size_->setGeometry(kMiddle - 8, 76, 312, 26);
+    size_->setGeometry(kMapMiddle - 8, 76, 312, 26);
 
-    MakeLabel(this, "Roll off", {kMiddle, 114, 200, 18});
+    MakeLabel(this, "Roll off", {kMapMiddle, 114, 200, 18});
     rollOff_ = new Gauge(
         s, this, "RollOff",
         {kRollOffLow, kRollOffHigh, 1, [this] { return static_cast<int>(s.RollOff); },
          [this] { return Shown(s.RollOff / 10.0); },
          [this](int value) { RollOff_Moving(s, static_cast<std::int16_t>(value)); },
          [this](std::int16_t button, int value) { RollOff_Release(s, button, static_cast<std::int16_t>(value)); }});
-    rollOff_->setGeometry(kMiddle - 8, 134, 312, 26);
+    rollOff_->setGeometry(kMapMiddle - 8, 134, 312, 26);
 }
 
 void TabMap::Refresh() {
@@ -94,7 +94,7 @@ void TabMap::Refresh() {
 void TabMap::RefreshBall(int ball) {
     Map->BallOf(ball).Refresh();
     Map->BallOf(ball).update();
-    update(kRight, 0, width() - kRight, height());
+    update(kMapRight, 0, width() - kMapRight, height());
 }
 
 void TabMap::RaiseBall(int ball) { Map->BallOf(ball).raise(); }
@@ -117,27 +117,27 @@ void TabMap::paintEvent(QPaintEvent*) {
     p.setRenderHint(QPainter::Antialiasing);
     p.setFont(theme::Sans(12));
     p.setPen(theme::kQuiet);
-    p.drawText(QRect(kRight, 8, 300, 18), Qt::AlignLeft | Qt::AlignVCenter, "Places");
+    p.drawText(QRect(kMapRight, 8, 300, 18), Qt::AlignLeft | Qt::AlignVCenter, "Places");
     for (int ball = 0; ball <= kListenerBall; ++ball) {
         const int y = 34 + ball * 30;
         const bool listener = ball == kListenerBall;
         const QColor colour = listener ? theme::kText : theme::RowColour(static_cast<Row>(ball));
         p.setPen(Qt::NoPen);
         p.setBrush(s.MapEnabled ? colour : theme::kRaised);
-        p.drawEllipse(QRectF(kRight, y, 18, 18));
+        p.drawEllipse(QRectF(kMapRight, y, 18, 18));
         p.setFont(theme::Sans(11, QFont::Bold));
         p.setPen(s.MapEnabled ? theme::InkOn(colour) : theme::kQuiet);
-        p.drawText(QRectF(kRight, y, 18, 18), Qt::AlignCenter, listener ? QString("L") : QString(QChar('A' + ball)));
+        p.drawText(QRectF(kMapRight, y, 18, 18), Qt::AlignCenter, listener ? QString("L") : QString(QChar('A' + ball)));
         const BallPoint place = ShownPlace(s, ball);
         p.setFont(theme::Digits(12));
         p.setPen(s.MapEnabled ? theme::kText : theme::kQuiet);
         QString text = QString("%1, %2").arg(place.X, 6, 'f', 2).arg(place.Y, 6, 'f', 2);
         if (listener) text += QString("   %1°").arg(s.ListenerAngle);
-        p.drawText(QRect(kRight + 30, y, 270, 18), Qt::AlignLeft | Qt::AlignVCenter, text);
+        p.drawText(QRect(kMapRight + 30, y, 270, 18), Qt::AlignLeft | Qt::AlignVCenter, text);
     }
     p.setFont(theme::Sans(12));
     p.setPen(theme::kQuiet);
-    p.drawText(QRect(kRight, 200, 300, 90), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,
+    p.drawText(QRect(kMapRight, 200, 300, 90), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,
                s.MapEnabled
                    ? "Drag the letters to where their LoopTracks shall sound, and the listener L to where they are "
                      "heard. A right drag turns the listener, a double click puts a ball on the centre."

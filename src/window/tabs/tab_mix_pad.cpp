@@ -15,8 +15,8 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kMiddle = 352;
-constexpr int kRight = 640;
+constexpr int kPadMiddle = 352;
+constexpr int kPadRight = 640;
 
 int CurveEntry(std::int16_t function) {
     const auto found = std::find_if(kPadCurves.begin(), kPadCurves.end(),
@@ -31,33 +31,33 @@ TabMixPad::TabMixPad(Session& session, QWidget* parent) : QWidget(parent), s(ses
     Pad = new PadSurface(s, this);
     Pad->move(14 - BallSurface::kFrame, 10 - BallSurface::kFrame);
 
-    MakeLabel(this, "Pad type", {kMiddle, 8, 220, 18});
+    MakeLabel(this, "Pad type", {kPadMiddle, 8, 220, 18});
     type_ = new ChoiceList(s, this, "PadType", -1,
                            [this](int entry) { PadType_Click(s, static_cast<std::int16_t>(entry)); });
     type_->addItems(ToQStrings(kPadTypeTexts));
-    type_->setGeometry(kMiddle, 28, 220, 30);
+    type_->setGeometry(kPadMiddle, 28, 220, 30);
 
-    MakeLabel(this, "Fade function", {kMiddle, 68, 220, 18});
+    MakeLabel(this, "Fade function", {kPadMiddle, 68, 220, 18});
     function_ = new ChoiceList(s, this, "PadFunction", -1, [this](int entry) {
         PadFunction_Click(s, kPadCurves[static_cast<std::size_t>(entry)].Function);
     });
     for (const PadCurve& curve : kPadCurves) function_->addItem(ToQString(curve.Text));
-    function_->setGeometry(kMiddle, 88, 220, 30);
+    function_->setGeometry(kPadMiddle, 88, 220, 30);
 
-    MakeLabel(this, "Wire sets:", {kMiddle, 128, 220, 18});
+    MakeLabel(this, "Wire sets:", {kPadMiddle, 128, 220, 18});
     wires_ = new ChoiceList(s, this, "SetChannel", -1,
                             [this](int entry) { SetChannel_Click(s, static_cast<std::int16_t>(entry)); });
     wires_->addItems(ToQStrings(kWireSets));
     wires_->setPlaceholderText("Choose");
-    wires_->setGeometry(kMiddle, 148, 220, 30);
+    wires_->setGeometry(kPadMiddle, 148, 220, 30);
 
     relative_ = new ChoiceBox(s, this, "JoyRelative", 0, [this](bool on) { SetJoyRelative(s, 0, on); });
-    relative_->setGeometry(kMiddle, 194, 250, 24);
+    relative_->setGeometry(kPadMiddle, 194, 250, 24);
 
     levels_ = new ChannelLevels(s, this);
-    levels_->setGeometry(kRight, 8, 368, 170);
+    levels_->setGeometry(kPadRight, 8, 368, 170);
     twist_ = new TwistLine(s, this);
-    twist_->setGeometry(kMiddle, 254, 656, 54);
+    twist_->setGeometry(kPadMiddle, 254, 656, 54);
     Refresh();
     RefreshJoystick();
 }

@@ -101,7 +101,7 @@ private:
     Glyph glyph_;
 };
 
-QIcon IconOf(Glyph glyph) { return QIcon(new GlyphEngine(glyph)); }
+QIcon GlyphIcon(Glyph glyph) { return QIcon(new GlyphEngine(glyph)); }
 
 std::optional<Glyph> GlyphOf(QStyle::StandardPixmap picture) {
     switch (picture) {
@@ -139,17 +139,17 @@ int DialogueStyle::styleHint(StyleHint hint, const QStyleOption* option, const Q
 }
 
 QIcon DialogueStyle::standardIcon(StandardPixmap picture, const QStyleOption* option, const QWidget* widget) const {
-    if (const auto glyph = GlyphOf(picture)) return IconOf(*glyph);
+    if (const auto glyph = GlyphOf(picture)) return GlyphIcon(*glyph);
     return QProxyStyle::standardIcon(picture, option, widget);
 }
 
 QIcon FilePictures::icon(IconType type) const {
-    if (type == Computer || type == Desktop || type == Network) return IconOf(Glyph::Computer);
-    return IconOf(type == File ? Glyph::File : Glyph::Folder);
+    if (type == Computer || type == Desktop || type == Network) return GlyphIcon(Glyph::Computer);
+    return GlyphIcon(type == File ? Glyph::File : Glyph::Folder);
 }
 
 QIcon FilePictures::icon(const QFileInfo& file) const {
-    return IconOf(file.isRoot() ? Glyph::Computer : file.isDir() ? Glyph::Folder : Glyph::File);
+    return GlyphIcon(file.isRoot() ? Glyph::Computer : file.isDir() ? Glyph::Folder : Glyph::File);
 }
 
 QString FilePictures::type(const QFileInfo& file) const {

@@ -23,7 +23,7 @@ namespace {
 
 constexpr std::uint32_t kFileNotFound = 53;
 
-QMessageBox::Icon IconOf(BoxStyle style) {
+QMessageBox::Icon BoxIcon(BoxStyle style) {
     switch (style) {
         case BoxStyle::Critical:
             return QMessageBox::Critical;
@@ -72,7 +72,7 @@ bool QtDesktop::MessageBox(const std::string& text, const std::string& title, Bo
     box.setWindowTitle(TitleOf(title));
     box.setTextFormat(Qt::PlainText);
     box.setText(QString::fromStdString(text));
-    box.setIcon(IconOf(style));
+    box.setIcon(BoxIcon(style));
     box.setStandardButtons(style == BoxStyle::Question ? QMessageBox::Ok | QMessageBox::Cancel : QMessageBox::Ok);
     Describe(*box.button(QMessageBox::Ok), "BoxOk");
     if (QAbstractButton* cancel = box.button(QMessageBox::Cancel)) Describe(*cancel, "BoxCancel");
@@ -94,7 +94,7 @@ void QtDesktop::Report(const std::string& text, const std::string& title, BoxSty
         report_ = std::make_unique<ReportBox>();
         report_->Attach(mainWindow_);
     }
-    report_->Show(QString::fromStdString(text), TitleOf(title), IconOf(style), BoxParent());
+    report_->Show(QString::fromStdString(text), TitleOf(title), BoxIcon(style), BoxParent());
 }
 
 void QtDesktop::SetBusyPointer(bool busy) {
