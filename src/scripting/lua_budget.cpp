@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "scripting/lua_context.h"
+#include "scripting/lua_messages.h"
 
 namespace marvolin {
 
@@ -78,14 +79,7 @@ void LuaBudget::OnCount(lua_State* L, lua_Debug*) {
 
 // The place of the failure is noted here: for an error of memory Lua calls no handler.
 void LuaBudget::NoteLine() {
-    lua_Debug at{};
-    for (int level = 0; lua_.lua_getstack(main_, level, &at) != 0; ++level) {
-        lua_.lua_getinfo(main_, "Sl", &at);
-        if (std::string_view(at.source) == kScriptChunk && at.currentline > 0) {
-            now_.Line = at.currentline;
-            return;
-        }
-    }
+    if (const std::int32_t line = ScriptLine(lua_, main_)) now_.Line = line;
 }
 
 bool LuaBudget::Grants(const void* block, std::size_t kind, std::size_t before, std::size_t after) {

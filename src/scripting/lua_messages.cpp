@@ -1,5 +1,6 @@
 #include "scripting/lua_messages.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "scripting/lua_context.h"
@@ -30,6 +31,33 @@ std::string_view LineOf(std::string_view text, std::int32_t line) {
     return text.substr(0, text.find('\n'));
 }
 
+// Lua counts levels from the innermost anew at each look, so a recursion that is deep is not looked through.
+constexpr int kNearLevels = 200;
+constexpr int kFarLevels = 20;
+
+/// The line of the script at a level; 0 when something else runs there.
+std::int32_t LineAt(const LuaLibrary& lua, lua_State* L, int level) {
+    lua_Debug at{};
+    if (lua.lua_getstack(L, level, &at) == 0) return 0;
+    lua.lua_getinfo(L, "Sl", &at);
+    return std::string_view(at.source) == kScriptChunk ? std::max(at.currentline, 0) : 0;
+}
+
+int Depth(const LuaLibrary& lua, lua_State* L) {
+    lua_Debug at{};
+    int there = 0;
+    int beyond = 1;
+    while (lua.lua_getstack(L, beyond - 1, &at) != 0) {
+        there = beyond;
+        beyond *= 2;
+    }
+    while (beyond - there > 1) {
+        const int middle = there + (beyond - there) / 2;
+        (lua.lua_getstack(L, middle - 1, &at) != 0 ? there : beyond) = middle;
+    }
+    return there;
+}
+
 }  // namespace
 
 ScriptError TakenApart(std::string_view message) {
@@ -48,6 +76,17 @@ std::int32_t ColumnOf(const ScriptError& error, std::string_view text) {
     const std::string token = error.Description.substr(begin, error.Description.size() - 1 - begin);
     const std::size_t column = LineOf(text, error.Line).find(token);
     return token.empty() || column == std::string_view::npos ? 0 : static_cast<std::int32_t>(column) + 1;
+}
+
+std::int32_t ScriptLine(const LuaLibrary& lua, lua_State* L) {
+    const int depth = Depth(lua, L);
+    for (int level = 0; level < std::min(depth, kNearLevels); ++level) {
+        if (const std::int32_t line = LineAt(lua, L, level)) return line;
+    }
+    for (int level = std::max(depth - kFarLevels, kNearLevels); level < depth; ++level) {
+        if (const std::int32_t line = LineAt(lua, L, level)) return line;
+    }
+    return 0;
 }
 
 }  // namespace marvolin

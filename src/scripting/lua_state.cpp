@@ -108,11 +108,7 @@ int LuaState::Explain(lua_State* L) {
         context.Error = {};
         context.Error.Description.append("an error that is a ").append(lua.lua_typename(L, lua.lua_type(L, 1)));
     }
-    lua_Debug at{};
-    for (int level = 0; context.Error.Line == 0 && lua.lua_getstack(L, level, &at) != 0; ++level) {
-        lua.lua_getinfo(L, "Sl", &at);
-        if (std::string_view(at.source) == kScriptChunk && at.currentline > 0) context.Error.Line = at.currentline;
-    }
+    if (context.Error.Line == 0) context.Error.Line = ScriptLine(lua, L);
     return 1;
 }
 

@@ -12,6 +12,7 @@ namespace marvolin {
 namespace {
 
 using test::LuaRig;
+using ::testing::AllOf;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
@@ -181,7 +182,9 @@ TEST(LuaSandbox, DeepRecursionIsAnError) {
     EXPECT_THAT(i.Prints("local t = setmetatable({}, {__index = function(t, k) return t[k] end})\nprint(t.x)"),
                 HasSubstr("overflow"));
     EXPECT_THAT(i.Prints("local function f() return coroutine.wrap(f)() end\nf()"), HasSubstr("overflow"));
-    EXPECT_THAT(i.Prints("local function f() return ('x'):gsub('x', f) end\nf()"), StartsWith("song.mvs: "));
+    // The library calls itself here, and the script is the outermost: its line is found at once.
+    EXPECT_THAT(i.Prints("local function f() return ('x'):gsub('x', f) end\nf()"),
+                AllOf(StartsWith("song.mvs: "), HasSubstr("ln:2")));
     EXPECT_EQ(i.Prints("print('still here')"), "still here");
 }
 
