@@ -4,6 +4,7 @@
 
 #define SDL_MAIN_HANDLED
 #include <SDL.h>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "core/errors.h"
