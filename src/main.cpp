@@ -4,6 +4,8 @@
 #include "audio/openal/card_clock.h"
 #include "audio/openal/sound.h"
 #include "browser/lnk_shortcut.h"
+#include "check/check_components.h"
+#include "check/loader_libraries.h"
 #include "instrument/keyboard.h"
 #include "instrument/shut_down.h"
 #include "instrument/start_up.h"
@@ -47,13 +49,16 @@ int main(int argc, char** argv) {
     Session session{Services{display, desktop, windows, chance, timers, scripts, store,
                              [clock] { return CreateOpenAlSound(clock); }, CreateSdlInput, ResolveLnkShortcut}};
     lua.Attach(session);
-    session.ScriptAvailable = lua.Available();
 
     // Widgets refer to the session, so they go first.
     const auto dropForms = [](QtWindows* forms) { forms->DropForms(); };
     const std::unique_ptr<QtWindows, decltype(dropForms)> forms(&windows, dropForms);
 
-    const StartUpHooks hooks{nullptr,
+    const auto checkComponents = [&session] {
+        LoaderLibraries loader;
+        return CheckComponents(session, loader);
+    };
+    const StartUpHooks hooks{checkComponents,
                              [](Session& s) { PadGeometryInit(s, TabMixPad::InnerWidth(), TabMixPad::InnerHeight()); }};
     windows.Attach(
         session,
