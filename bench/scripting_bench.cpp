@@ -4,13 +4,12 @@
 #include <benchmark/benchmark.h>
 
 #include <array>
-#include <memory>
 
 #include "core/session.h"
 #include "fakes/fake_display.h"
-#include "fakes/fake_services.h"
 #include "parameters/scroll_events.h"
 #include "parameters/setters.h"
+#include "scripting/lua_rig.h"
 #include "scripting/lua_script.h"
 #include "scripting/script_host.h"
 
@@ -23,24 +22,15 @@ struct QuietDisplay : test::FakeDisplay {
     void ShowSoundDisplay(Row) override {}
 };
 
-struct Bench : test::FakeServices {
+/// The rig with the clock of the system, on a silent instrument: the fakes of the sound would log each call.
+struct Bench {
     QuietDisplay Screen;
-    LuaScript Engine;
-    ScriptHost Host{Engine, Desk};
-    Session s{Services{.Screen = Screen,
-                       .Desk = Desk,
-                       .Forms = Forms,
-                       .Chance = Chance,
-                       .Timers = Timers,
-                       .Scripts = Host,
-                       .Store = Store,
-                       .CreateDirectX7 = [this] { return std::make_unique<test::FakeDirectX>(Sound); },
-                       .CreateDirectInput = [this] { return std::make_unique<test::FakeInput>(Stick); }}};
+    test::LuaRig Rig{{.Screen = &Screen, .Clock = SteadyNanoseconds}};
+    Session& s = Rig.s;
 
     explicit Bench(const char* text) {
-        Engine.Attach(s);
-        s.GangReady = true;
-        if (*text != '\0') RunScript(s, Host, text, "bench.mvs");
+        for (Row row = 0; row < kLoopTracks; ++row) s.Run[row].Buffer.reset();
+        if (*text != '\0') RunScript(s, Rig.Host, text, "bench.mvs");
     }
 };
 
@@ -71,7 +61,7 @@ void OscillatorOnFourRows(benchmark::State& state) {
         b.s.Clock.ClockMsPart = part = (part + 10) % 1000;
         ScriptTimer_Timer(b.s, 10);
     }
-    if (!b.Desk.Boxes.empty()) state.SkipWithError(b.Desk.LastBox().c_str());
+    if (!b.Rig.Desk.Boxes.empty()) state.SkipWithError(b.Rig.Desk.LastBox().c_str());
 }
 
 void LoadTheLibrary(benchmark::State& state) {
@@ -80,7 +70,7 @@ void LoadTheLibrary(benchmark::State& state) {
 
 void TakeAText(benchmark::State& state) {
     Bench b("");
-    for (auto _ : state) RunScript(b.s, b.Host, "function OnClock() end", "bench.mvs");
+    for (auto _ : state) RunScript(b.s, b.Rig.Host, "function OnClock() end", "bench.mvs");
 }
 
 BENCHMARK(VolumeWithoutAScript);

@@ -9,56 +9,15 @@
 #include <vector>
 
 #include "core/loops/loop_track.h"
-#include "fakes/fake_display.h"
-#include "fakes/fake_services.h"
 #include "parameters/scroll_events.h"
 #include "performance/map/scatter.h"
-#include "performance/map/sound_map.h"
-#include "performance/pad/mix_pad.h"
-#include "performance/pad/pad_tables.h"
-#include "scripting/lua_script.h"
+#include "scripting/lua_rig.h"
 #include "scripting/script_host.h"
 #include "sequencing/loop_clock.h"
 
 namespace {
 
 using namespace marvolin;
-
-/// An instrument on fakes. The engine's clock goes on a millisecond at each look, so that no input takes long.
-struct Instrument : test::FakeServices {
-    std::int64_t Now = 0;
-    test::FakeDisplay Screen;
-    LuaScript Engine{{.Clock = [this] { return Now += 1'000'000; }, .Print = [](std::string_view) {}}};
-    ScriptHost Host{Engine, Desk};
-    Session s{Services{.Screen = Screen,
-                       .Desk = Desk,
-                       .Forms = Forms,
-                       .Chance = Chance,
-                       .Timers = Timers,
-                       .Scripts = Host,
-                       .Store = Store,
-                       .CreateDirectX7 = [this] { return std::make_unique<test::FakeDirectX>(Sound); },
-                       .CreateDirectInput = [this] { return std::make_unique<test::FakeInput>(Stick); }}};
-
-    Instrument() {
-        Engine.Attach(s);
-        s.DX = std::make_unique<test::FakeDirectX>(Sound);
-        s.DS = s.DX->DirectSoundCreate("guid1");
-        s.DSReady = s.GangReady = true;
-        s.CurrentFolder = "/nowhere/";
-        PadGeometryInit(s, 4500, 4500);
-        PadTablesInit(s);
-        MapInit(s);
-        for (Row row = 0; row < 2; ++row) {
-            s.Run[row].Buffer = s.DS->CreateSoundBufferFromFile("/one.WAV", buffer_flags::kSample);
-            s.Run[row].Loaded = True;
-            s.Set[row].SampleRate = 44100;
-            s.Set[row].BufferBytes = s.Run[row].Buffer->GetCaps().BufferBytes;
-            s.Set[row].AvgBytesPerSec = 176400;
-            s.Set[row].Length = 1;
-        }
-    }
-};
 
 /// What a script must not be able to bring about.
 void Check(const Session& s) {
@@ -74,7 +33,9 @@ void Check(const Session& s) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    Instrument i;
+    test::LuaRig i;
+    i.Look = 1'000'000;  // no input takes long
+    i.s.CurrentFolder = "/nowhere/";
     if (!i.Engine.Available()) std::abort();
     RunScript(i.s, i.Host, std::string(data, data + size), "fuzz.mvs");
     Check(i.s);

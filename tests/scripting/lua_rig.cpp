@@ -6,7 +6,10 @@
 
 namespace marvolin::test {
 
-LuaRig::LuaRig() {
+LuaRig::LuaRig(const LuaRigParts& parts)
+    : Engine({.Clock = parts.Clock ? parts.Clock : [this] { return Now += Look; },
+              .Print = [this](std::string_view line) { Printed.emplace_back(line); }}),
+      s(Scripted(parts.Screen != nullptr ? *parts.Screen : Screen)) {
     Engine.Attach(s);
     s.DX = std::make_unique<FakeDirectX>(Sound);
     s.DS = s.DX->DirectSoundCreate("guid1");
@@ -21,6 +24,18 @@ LuaRig::LuaRig() {
 }
 
 LuaRig::~LuaRig() = default;
+
+Services LuaRig::Scripted(Display& screen) {
+    return {.Screen = screen,
+            .Desk = Desk,
+            .Forms = Forms,
+            .Chance = Chance,
+            .Timers = Timers,
+            .Scripts = Host,
+            .Store = Store,
+            .CreateDirectX7 = [this] { return std::make_unique<FakeDirectX>(Sound); },
+            .CreateDirectInput = [this] { return std::make_unique<FakeInput>(Stick); }};
+}
 
 std::string LuaRig::Prints(const std::string& text) {
     Printed.clear();

@@ -14,28 +14,27 @@
 
 namespace marvolin::test {
 
+/// What a rig may have in the place of its own.
+struct LuaRigParts {
+    Display* Screen = nullptr;  ///< instead of the one that logs
+    LuaClock Clock = {};        ///< instead of the one that goes on at each look
+};
+
 /// Samples in rows A and B, pad and map laid out. The engine's clock goes on at each look.
 struct LuaRig : FakeServices {
     std::int64_t Now = 0;      ///< ns
     std::int64_t Look = 1000;  ///< ns that a look at the clock takes
     std::vector<std::string> Printed;
     FakeDisplay Screen;
-    LuaScript Engine{{.Clock = [this] { return Now += Look; },
-                      .Print = [this](std::string_view line) { Printed.emplace_back(line); }}};
+    LuaScript Engine;
     ScriptHost Host{Engine, Desk};
-    Session s{Services{.Screen = Screen,
-                       .Desk = Desk,
-                       .Forms = Forms,
-                       .Chance = Chance,
-                       .Timers = Timers,
-                       .Scripts = Host,
-                       .Store = Store,
-                       .CreateDirectX7 = [this] { return std::make_unique<FakeDirectX>(Sound); },
-                       .CreateDirectInput = [this] { return std::make_unique<FakeInput>(Stick); }}};
+    Session s;
 
-    LuaRig();
+    explicit LuaRig(const LuaRigParts& parts = {});
     ~LuaRig();
 
+    /// The services of a session whose events reach Lua, shown on `screen`.
+    Services Scripted(Display& screen);
     /// Runs a text as the script "song.mvs".
     bool Run(const std::string& text) { return RunScript(s, Host, text, "song.mvs"); }
     /// Runs a text, and returns what it prints; the box when it fails.
