@@ -29,7 +29,10 @@ struct Bench {
     Session& s = Rig.s;
 
     explicit Bench(const char* text) {
-        for (Row row = 0; row < kLoopTracks; ++row) s.Run[row].Buffer.reset();
+        for (Row row = 0; row < kLoopTracks; ++row) {
+            s.Run[row].Buffer.reset();
+            s.Run[row].Loaded = False;
+        }
         if (*text != '\0') RunScript(s, Rig.Host, text, "bench.mvs");
     }
 };

@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 #include <link.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <charconv>
@@ -16,6 +17,7 @@ namespace marvolin {
 namespace {
 
 constexpr std::uint32_t kFileNotFound = 2;
+constexpr int kMostLinks = 8;
 constexpr const char* kWidgets = "libQt6Widgets.so.6";
 
 // The functions of the toolkit have the names that the compiler gives them; each makes the control that stands in.
@@ -32,8 +34,20 @@ constexpr std::array<StandIn, 13> kStandIns{{
     {kRequiredComponents[9], {{{kWidgets, "_ZN11QHBoxLayoutC1EP7QWidget"}}}},
     {kRequiredComponents[10], {{{"libQt6Gui.so.6", "_ZN8QPainterC1EP12QPaintDevice"}}}},
     {kRequiredComponents[11], {{{kWidgets, "_ZN11QFileDialogC1EP7QWidgetRK7QStringS4_S4_"}}}},
-    {kScriptComponent, {{{"liblua5.4.so.0", "lua_setwarnf"}}}},
+    {kScriptComponent, {{{"liblua5.4.so.0"}}}},
 }};
+
+/// Where the links of a path lead. Only the file is a link here, so its folders are not asked one by one, as
+/// `canonical` would, which is most of the time of the whole check.
+std::filesystem::path Followed(std::filesystem::path path) {
+    std::error_code error;
+    for (int link = 0; link < kMostLinks; ++link) {
+        const std::filesystem::path target = std::filesystem::read_symlink(path, error);
+        if (error) break;
+        path = path.parent_path() / target;
+    }
+    return path;
+}
 
 std::uint32_t Word(std::string_view& numbers) {
     std::uint16_t word = 0;
@@ -67,12 +81,7 @@ void* LoaderLibraries::Loaded(const char* file) {
     return loaded_.emplace(file, Handle(::dlopen(file, RTLD_LAZY | RTLD_LOCAL))).first->second.get();
 }
 
-bool LoaderLibraries::Has(const LoaderLibrary& library) {
-    void* const loaded = Loaded(library.File);
-    return loaded != nullptr && ::dlsym(loaded, library.Function) != nullptr;
-}
-
-LocatedFile LoaderLibraries::Located(const char* file) {
+LocatedFile LoaderLibraries::Module(const char* file) {
     void* const library = Loaded(file);
     if (library == nullptr) return {"", kLibraryNotLoaded};
     const link_map* module = nullptr;
@@ -82,13 +91,38 @@ LocatedFile LoaderLibraries::Located(const char* file) {
     return {module->l_name, 0};
 }
 
+LocatedFile LoaderLibraries::Beside(std::string_view file) const {
+    for (const auto& [name, library] : loaded_) {
+        const link_map* module = nullptr;
+        if (!library || ::dlinfo(library.get(), RTLD_DI_LINKMAP, &module) != 0 || module == nullptr) continue;
+        const std::string_view path = module->l_name;
+        const std::string beside = std::string(path.substr(0, path.rfind('/') + 1)).append(file);
+        if (::access(beside.c_str(), R_OK) == 0) return {beside, 0};
+    }
+    return {};
+}
+
+LocatedFile LoaderLibraries::Located(const LoaderLibrary& library) {
+    if (library.Function == nullptr) {
+        const LocatedFile beside = Beside(library.File);
+        if (!beside.Path.empty()) return beside;
+    }
+    return Module(library.File);
+}
+
+bool LoaderLibraries::Has(const LoaderLibrary& library) {
+    if (library.Function == nullptr) return !Located(library).Path.empty();
+    void* const loaded = Loaded(library.File);
+    return loaded != nullptr && ::dlsym(loaded, library.Function) != nullptr;
+}
+
 std::vector<std::string> LoaderLibraries::Versions(const std::string& library) {
     const StandIn* const standIn = ByLibrary(library);
     if (standIn == nullptr) return {};
     bool whole = true;
     for (const LoaderLibrary& part : standIn->Libraries) {
         if (part.File == nullptr) continue;
-        if (Loaded(part.File) == nullptr) return {};
+        if (Located(part).Path.empty()) return {};
         whole = whole && Has(part);
     }
     return {whole ? std::string(standIn->For.Version) : "0"};
@@ -103,18 +137,18 @@ std::optional<RegistryValue> LoaderLibraries::Win32(const std::string& library, 
                                                     const std::string&) {
     const StandIn* const standIn = ByLibrary(library);
     if (standIn == nullptr) return std::nullopt;
-    const LocatedFile file = Located(standIn->Libraries.front().File);
+    const LocatedFile file = Located(standIn->Libraries.front());
     if (file.Path.empty()) return std::nullopt;
     return RegistryValue{RegistryValue::Kind::Text, file.Path + '\0'};
 }
 
 LocatedFile LoaderLibraries::LoadLibrary(const std::string& file) {
     const StandIn* const standIn = ByFile(file);
-    if (standIn == nullptr) return Located(file.c_str());
+    if (standIn == nullptr) return Module(file.c_str());
     for (const LoaderLibrary& part : standIn->Libraries) {
-        if (part.File != nullptr && Loaded(part.File) == nullptr) return {"", kLibraryNotLoaded};
+        if (part.File != nullptr && Located(part).Path.empty()) return {"", kLibraryNotLoaded};
     }
-    return Located(standIn->Libraries.front().File);
+    return Located(standIn->Libraries.front());
 }
 
 LocatedFile LoaderLibraries::FindProgram(const std::string& file) {
@@ -129,10 +163,9 @@ std::string LoaderLibraries::ErrorText(std::uint32_t error) {
 
 std::optional<FixedVersion> LoaderLibraries::VersionResource(const std::string& path) {
     constexpr std::string_view kMark = ".so.";
-    std::error_code error;
-    const std::string name = std::filesystem::canonical(path, error).filename().string();
+    const std::string name = Followed(path).filename().string();
     const std::size_t mark = name.find(kMark);
-    if (error || mark == std::string::npos) return std::nullopt;
+    if (mark == std::string::npos) return std::nullopt;
     std::string_view numbers = std::string_view(name).substr(mark + kMark.size());
     FixedVersion version;
     version.High = Word(numbers) << 16;

@@ -18,7 +18,8 @@
 
 namespace marvolin {
 
-/// A library, and a function that it must have, by the loader's name for it.
+/// A library, and a function that it must have, by the loader's name for it. Without a function it is enough that the
+/// library is there: it is not loaded before somebody needs it, if it lies beside one that is loaded.
 struct LoaderLibrary {
     const char* File = nullptr;  ///< null: no library
     const char* Function = nullptr;
@@ -63,8 +64,10 @@ private:
     const StandIn* ByLibrary(std::string_view library) const;
     const StandIn* ByFile(std::string_view file) const;
     void* Loaded(const char* file);
+    LocatedFile Module(const char* file);
+    LocatedFile Beside(std::string_view file) const;
+    LocatedFile Located(const LoaderLibrary& library);
     bool Has(const LoaderLibrary& library);
-    LocatedFile Located(const char* file);
 
     std::span<const StandIn> standIns_;
     std::map<std::string, Handle, std::less<>> loaded_;  ///< null: cannot be loaded

@@ -1,5 +1,6 @@
 #include "check/loader_libraries.h"
 
+#include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -59,7 +60,7 @@ TEST(LoaderLibraries, EachComponentHasALibraryThatDoesItsWork) {
         const Component& component = row < kRequiredComponents.size() ? kRequiredComponents[row] : kScriptComponent;
         EXPECT_EQ(StandIns()[row].For.File, component.File);
         EXPECT_EQ(StandIns()[row].For.Library, component.Library);
-        EXPECT_NE(StandIns()[row].Libraries[0].Function, nullptr);
+        EXPECT_EQ(StandIns()[row].Libraries[0].Function != nullptr, &component != &kScriptComponent);
     }
     EXPECT_STREQ(StandIns().back().Libraries[0].File, kLuaFile);
 }
@@ -110,6 +111,27 @@ TEST(LoaderLibraries, WithoutLuaTheProgramStartsWithoutScripts) {
     EXPECT_FALSE(i.s.ScriptAvailable);
 }
 
+TEST(LoaderLibraries, ALibraryThatIsOnlyNeededLaterIsFoundBesideAnotherOneAndNotLoaded) {
+    const test::TempFolder folder;
+    const std::string first = folder / "libfirst.so.1";
+    std::filesystem::copy_file(OLD_RELEASE, first);
+    folder.Touch("liblater.so.2");  // no library at all: loading it would fail
+    auto standIns = With(kRequiredComponents[8], {{{first.c_str(), "OldFunction"}}});
+    standIns.back().Libraries[0].File = "liblater.so.2";
+    LoaderLibraries alone(standIns);
+    EXPECT_EQ(Verdict(alone, kScriptComponent), "SubKey not found");
+    LoaderLibraries loader(standIns);
+    EXPECT_EQ(Verdict(loader, kRequiredComponents[8]), "OK");
+    EXPECT_EQ(Verdict(loader, kScriptComponent), "OK");
+    EXPECT_EQ(loader.LoadLibrary("MSSCRIPT.OCX").Path, folder / "liblater.so.2");
+}
+
+TEST(LoaderLibraries, TheCheckDoesNotLoadLua) {
+    const Checked i(StandIns());
+    EXPECT_TRUE(i.s.ScriptAvailable);
+    EXPECT_EQ(::dlopen(kLuaFile, RTLD_LAZY | RTLD_NOLOAD), nullptr);
+}
+
 TEST(LoaderLibraries, ALibraryIsFoundWhereItWasLoadedFromWithTheNumbersOfItsName) {
     const auto standIns = With(kRequiredComponents[8], {{{OLD_RELEASE, "OldFunction"}}});
     LoaderLibraries loader(standIns);
@@ -137,7 +159,11 @@ TEST(LoaderLibraries, TheNameOfALibraryLeadsToTheNumbersOfItsFile) {
     EXPECT_EQ(version("libtool.so.1")->High, 0x00010014U);
     EXPECT_EQ(version("libtool.so.1")->Low, 0x00030004U);
     EXPECT_FALSE(version("libtool.so").has_value());
-    EXPECT_FALSE(version("libmissing.so.1").has_value());
+    std::filesystem::create_symlink("libtool.so.1", folder / "libtwice.so");
+    ASSERT_TRUE(version("libtwice.so").has_value());
+    EXPECT_EQ(version("libtwice.so")->High, 0x00010014U);
+    std::filesystem::create_symlink("libring.so.1", folder / "libring.so.1");
+    EXPECT_EQ(version("libring.so.1")->High, 0x00010000U);
     EXPECT_EQ(version("libodd.so.x")->High, 0U);
     EXPECT_EQ(version("liblong.so.99999.1")->High, 1U);
     EXPECT_THROW(loader.Stamp(folder / "libmissing.so.1"), RuntimeError);

@@ -1,5 +1,7 @@
 #include "scripting/lua_rig.h"
 
+#include <utility>
+
 #include "performance/map/sound_map.h"
 #include "performance/pad/mix_pad.h"
 #include "performance/pad/pad_tables.h"
@@ -18,8 +20,10 @@ LuaRig::LuaRig(const LuaRigParts& parts)
     PadGeometryInit(s, 4500, 4500);
     PadTablesInit(s);
     MapInit(s);
-    Fill(0, "/samples/one.WAV");
-    Fill(1, "/samples/two.WAV");
+    for (const auto& [row, path] : {std::pair<Row, std::string>{0, "/samples/one.WAV"}, {1, "/samples/two.WAV"}}) {
+        if (parts.Sample != nullptr) Sound.Samples.emplace(path, *parts.Sample);
+        Fill(row, path);
+    }
     s.StatusText.clear();
 }
 

@@ -16,8 +16,9 @@ namespace marvolin::test {
 
 /// What a rig may have in the place of its own.
 struct LuaRigParts {
-    Display* Screen = nullptr;  ///< instead of the one that logs
-    LuaClock Clock = {};        ///< instead of the one that goes on at each look
+    Display* Screen = nullptr;           ///< instead of the one that logs
+    LuaClock Clock = {};                 ///< instead of the one that goes on at each look
+    const FakeSample* Sample = nullptr;  ///< instead of one of a second
 };
 
 /// Samples in rows A and B, pad and map laid out. The engine's clock goes on at each look.
