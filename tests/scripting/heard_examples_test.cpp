@@ -161,13 +161,19 @@ TEST(HeardExamples, TheEuclideanPatternsAreHeardAsSoManyHitsARound) {
     i.Sound(1, 0, kLevel);
     i.Start("euclidean.mvs");
     Rises a{.Low = 100, .High = kLevel / 2.0}, b = a;
+    int hit = 0, shortest = kTenMinutes;
     i.Live(kTenMinutes, [&](const Sides& heard) {
+        const int before = a.Count;
         a.Hear(heard.Left);
         b.Hear(heard.Right);
+        if (a.Count == before) return;
+        if (hit > 0) shortest = std::min(shortest, i.Time - hit);
+        hit = i.Time;
     });
     // 250 rounds of 16 steps of 0.15 s
     EXPECT_NEAR(a.Count, 4 * 250, 4);
     EXPECT_NEAR(b.Count, 3 * 250, 3);
+    EXPECT_NEAR(shortest, 4 * 150, 2 * kTick);
 }
 
 TEST(HeardExamples, TheHumanisedLoopIsALittleOutOfTuneAndOffItsLevelAllTheTime) {
@@ -249,14 +255,16 @@ TEST(HeardExamples, TheFadeOutIsHeardToFallToSilence) {
     i.Sound(0, kLevel);
     i.Live(100);
     i.Start("fade_out.mvs");
-    double last = kLevel, rise = 0, early = 0;
+    double last = kLevel, rise = 0, early = 0, late = kLevel;
     i.Live(300'000, [&](const Sides& heard) {
         rise = std::max(rise, heard.Left - last);
         last = heard.Left;
         if (i.Time == 30'000) early = heard.Left;
+        if (i.Time == 299'000) late = heard.Left;
     });
     EXPECT_LE(rise, 1);
     EXPECT_GT(early, 0.3 * kLevel);
+    EXPECT_LT(late, 0.05 * kLevel);
     double loudest = 0;
     i.Live(1000);
     i.Live(kTenMinutes - 301'000, [&](const Sides& heard) { loudest = std::max(loudest, heard.Left); });
