@@ -20,13 +20,14 @@ constexpr std::uint32_t kFileNotFound = 2;
 constexpr int kMostLinks = 8;
 constexpr const char* kWidgets = "libQt6Widgets.so.6";
 
-// The functions of the toolkit have the names that the compiler gives them; each makes the control that stands in.
+// The functions of the toolkit have the names that the compiler gives them; each makes the control that stands in. The
+// reader of pictures and Lua are loaded when they are first needed.
 constexpr std::array<StandIn, 13> kStandIns{{
     {kRequiredComponents[0], {{{"libopenal.so.1", "alcRenderSamplesSOFT"}, {"libSDL2-2.0.so.0", "SDL_JoystickPath"}}}},
     {kRequiredComponents[1], {{{"libsndfile.so.1", "sf_open_fd"}}}},
     {kRequiredComponents[2], {{{"libQt6Core.so.6", "_ZN6QTimerC1EP7QObject"}}}},
     {kRequiredComponents[3], {{{kWidgets, "_ZN7QTabBarC1EP7QWidget"}}}},
-    {kRequiredComponents[4], {{{"libQt6Svg.so.6", "_ZN12QSvgRendererC1EP7QObject"}}}},
+    {kRequiredComponents[4], {{{"libQt6Svg.so.6"}}}},
     {kRequiredComponents[5], {{{kWidgets, "_ZN11QListWidgetC1EP7QWidget"}}}},
     {kRequiredComponents[6], {{{kWidgets, "_ZN10QScrollBarC1EP7QWidget"}}}},
     {kRequiredComponents[7], {{{kWidgets, "_ZN9QTreeViewC1EP7QWidget"}}}},
