@@ -14,6 +14,7 @@
 #include "persistence/session_file_store.h"
 #include "scripting/lua_script.h"
 #include "scripting/script_host.h"
+#include "scripting/script_room.h"
 #include "sequencing/grid_timers.h"
 #include "window/tabs/tab_mix_pad.h"
 #include "window/toolkit/application.h"
@@ -39,16 +40,20 @@ int main(int argc, char** argv) {
     Application application(argc, argv, *clock);
     QtDesktop desktop;
     QtDisplay display;
+    ScriptRoom room;
     QtWindows windows(display, desktop);
     QtAlarm alarm;
     GridTimers timers(*clock, alarm);
     MersenneRandom chance;
-    LuaScript lua;
+    LuaScript lua(
+        {.Print = [&room](std::string_view line) { room.Print(line); }, .Ended = [&room] { room.EndedItself(); }});
     ScriptHost scripts(lua, desktop);
     SessionFileStore store;
     Session session{Services{display, desktop, windows, chance, timers, scripts, store,
                              [clock] { return CreateOpenAlSound(clock); }, CreateSdlInput, ResolveLnkShortcut}};
     lua.Attach(session);
+    room.Attach(session, scripts);
+    windows.AttachScripts(room);
 
     // Widgets refer to the session, so they go first.
     const auto dropForms = [](QtWindows* forms) { forms->DropForms(); };

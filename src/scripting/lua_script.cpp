@@ -33,8 +33,8 @@ void LuaScript::Fail(const ScriptError& error) {
     throw RuntimeError(kScriptFailed, error.Description);
 }
 
-void LuaScript::AddCode(const std::string& text) {
-    Reset();
+/// A state with the library, ready to read the text.
+std::shared_ptr<LuaState> LuaScript::StateFor(const std::string& text) {
     if (!Available()) Fail({"Lua 5.4 is not installed. Its package is liblua5.4-0", 0, 0});
     if (session_ == nullptr) throw NoObjectError();
     if (text.size() > kLongestScript) {
@@ -44,6 +44,17 @@ void LuaScript::AddCode(const std::string& text) {
     const auto state = std::make_shared<LuaState>(*lua_, options_.Clock, *session_, engine);
     state->Context.Print = options_.Print;
     if (!state->Open()) Fail(state->Context.Error);
+    return state;
+}
+
+void LuaScript::Check(const std::string& text) {
+    const std::shared_ptr<LuaState> state = StateFor(text);
+    if (!state->Check(text)) Fail(state->Context.Error);
+}
+
+void LuaScript::AddCode(const std::string& text) {
+    Reset();
+    const std::shared_ptr<LuaState> state = StateFor(text);
     state_ = state;
     if (state->Load(text) || state_ != state) return;
     state_.reset();
@@ -82,6 +93,7 @@ void LuaScript::EndScript() {
     StopScript(*session_);
     ClearScriptEvents(*session_);
     Reset();
+    if (options_.Ended) options_.Ended();
 }
 
 void LuaScript::Tick(std::int32_t milliseconds) {

@@ -27,6 +27,7 @@ public:
     struct Options {
         LuaClock Clock = SteadyNanoseconds;
         std::function<void(std::string_view)> Print = {};  ///< gets each line that a script prints
+        std::function<void()> Ended = {};                  ///< the script has ended itself
         const char* Library = kLuaFile;
     };
     explicit LuaScript(Options options);
@@ -39,6 +40,7 @@ public:
 
     bool Available() override;
     void AddCode(const std::string& text) override;
+    void Check(const std::string& text) override;
     void Reset() override;
     ScriptCode& CodeObject() override { return *this; }
     const ScriptError& Error() const override { return error_; }
@@ -53,6 +55,7 @@ private:
     void EndScript() override;
 
     [[noreturn]] void Fail(const ScriptError& error);
+    std::shared_ptr<LuaState> StateFor(const std::string& text);
     void Tick(std::int32_t milliseconds);
     void RunDue(LuaState& state);
 

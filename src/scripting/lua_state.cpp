@@ -37,6 +37,13 @@ bool LuaState::Open() {
     return open;
 }
 
+bool LuaState::Check(const std::string& text) {
+    Work work{.Text = text};
+    if (Protected(ReadText, work, kFirstRunTime)) return true;
+    Context.Error.Column = ColumnOf(Context.Error, text);
+    return false;
+}
+
 bool LuaState::Load(const std::string& text) {
     Work work{.Text = text};
     if (Protected(LoadText, work, kFirstRunTime)) return true;
@@ -112,12 +119,19 @@ int LuaState::Explain(lua_State* L) {
     return 1;
 }
 
-int LuaState::LoadText(lua_State* L) {
+/// Leaves the text on top, as a function.
+int LuaState::ReadText(lua_State* L) {
     const LuaLibrary& lua = ContextOf(L).Lua;
     auto& work = *static_cast<Work*>(lua.lua_touserdata(L, 1));
     const int status = lua.luaL_loadbufferx(L, work.Text.data(), work.Text.size(), kScriptChunk.data(), "t");
     if (status != LUA_OK) return lua.lua_error(L);
     work.Found = true;
+    return 1;
+}
+
+int LuaState::LoadText(lua_State* L) {
+    const LuaLibrary& lua = ContextOf(L).Lua;
+    ReadText(L);
     lua.lua_callk(L, 0, 0, 0, nullptr);
     return 0;
 }

@@ -23,6 +23,8 @@ public:
 
     /// Puts the script's library into the state.
     bool Open();
+    /// Reads the text.
+    bool Check(const std::string& text);
     /// Reads the text and runs its top level.
     bool Load(const std::string& text);
     /// Calls a procedure, if there is one of this name.
@@ -40,6 +42,7 @@ public:
 private:
     struct Work;
     static int Explain(lua_State* L);
+    static int ReadText(lua_State* L);
     static int LoadText(lua_State* L);
     static int CallProcedure(lua_State* L);
     static int CallReference(lua_State* L);

@@ -36,6 +36,9 @@ public:
     /// Takes `text` in the place of the previous one, and runs its top level once. Raises `RuntimeError` when the
     /// text cannot be read or fails, which `Error` then describes; the engine is then without a text.
     virtual void AddCode(const std::string& text) = 0;
+    /// Reads `text` as `AddCode` does, and neither runs nor keeps it. Raises `RuntimeError` when it cannot be read,
+    /// which `Error` then describes.
+    virtual void Check(const std::string& text) = 0;
     /// Forgets the text and all that it has made. From inside a procedure: once that procedure has ended.
     virtual void Reset() = 0;
     /// The procedures of the text.

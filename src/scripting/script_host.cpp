@@ -33,7 +33,8 @@ void ScriptHost::Call(ScriptEvent event, std::span<const double> arguments) {
 
 void ScriptHost::ReportScriptError(std::string_view name) {
     try {
-        const ScriptError& error = MyScript.Error();
+        const ScriptError error = MyScript.Error();
+        if (OnError) OnError(name, error);
         desk_.Report("Error in code for " + std::string(name) + ": " + error.Description +
                      ",  ln:" + std::to_string(error.Line) + "  col:" + std::to_string(error.Column));
     } catch (const std::exception&) {

@@ -2,6 +2,7 @@
 /// \file
 /// The host of the player's script: which of the nine events it hears, its clock, and how its failures are shown.
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,8 @@ public:
 
     ScriptControl& MyScript;          ///< the engine
     ScriptCode* MyCodeObj = nullptr;  ///< the procedures of the text; null while there is none
+    /// Gets each error that is reported, with the name under which it is.
+    std::function<void(std::string_view name, const ScriptError& error)> OnError;
 
 private:
     Desktop& desk_;

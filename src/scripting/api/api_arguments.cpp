@@ -129,6 +129,17 @@ std::size_t ParameterCount(const ApiFunction& function) {
     return count;
 }
 
+std::string SignatureOf(const ApiFunction& function) {
+    std::string text = "marvolin." + std::string(function.Name) + "(";
+    for (std::size_t i = 0; i < ParameterCount(function); ++i) {
+        const ApiParameter& parameter = function.Parameters[i];
+        const std::string comma = i > 0 ? ", " : "";
+        text +=
+            parameter.Optional ? " [" + comma + std::string(parameter.Name) + "]" : comma + std::string(parameter.Name);
+    }
+    return text + ")";
+}
+
 int ChoiceOf(std::string_view choices, std::string_view text) {
     for (int place = 0;; ++place) {
         const std::size_t end = choices.find('|');

@@ -30,6 +30,9 @@ std::string Wanted(const ApiParameter& parameter);
 /// How many parameters a function has.
 std::size_t ParameterCount(const ApiFunction& function);
 
+/// How a function is called: "marvolin.load(row, path [, play])".
+std::string SignatureOf(const ApiFunction& function);
+
 /// Place of `text` in `choices` ("a|b|c"), from 0; -1 when it is none of them.
 int ChoiceOf(std::string_view choices, std::string_view text);
 

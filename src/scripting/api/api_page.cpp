@@ -2,6 +2,7 @@
 
 #include "scripting/api/api_arguments.h"
 #include "scripting/api/api_table.h"
+#include "scripting/api/event_table.h"
 
 namespace marvolin {
 
@@ -18,6 +19,16 @@ functions that it has defined under the names of events. Everything it can do to
         if row == 1 then marvolin.set_pan("B", -pan) end
     end
 
+## The window
+
+*Scripts* in the toolbar opens the window in which scripts are written. *Examples* begins with one of those at the end of
+this page. *Run* (`F5`) reads the whole text first: a line that cannot be read is marked, and the script that runs goes on.
+*Stop* (`Shift+F5`) ends it. What a script prints stands below the text, and so do its errors; beside them are the events
+that it hears. Behind `marvolin.` the window lists the functions, and shows what each takes. A script runs on when its
+window is closed: the main window shows its name.
+
+The window needs the package `libqscintilla2-qt6-15`, scripts need `liblua5.4-0`. Without them everything else plays.
+
 ## Events
 
 An event is called while the hand is at work, so it has to be quick. Events have no value to return. Knobs that a script
@@ -25,16 +36,9 @@ turns send no events.
 
 | Event | Arguments | When |
 |---|---|---|
-| `OnVolChange` | row, volume 0 to 500 | a volume knob was let go |
-| `OnVolScroll` | row, volume, change since the last of these events | a volume knob is being turned, and once more when it is let go |
-| `OnPanChange` | row, pan -500 to 500 | a pan knob was let go |
-| `OnPanScroll` | row, pan, change | a pan knob is being turned |
-| `OnPitchChange` | row, percent 0.1 to 400 | a frequency knob was let go |
-| `OnPitchScroll` | row, percent, change | a frequency knob is being turned |
-| `OnPositionChange` | ball, x, y in map units | a ball of the sound map was let go |
-| `OnPositionScroll` | ball, x, y, change of x, change of y | a ball is being moved, by the mouse or the joystick |
-| `OnClock` | milliseconds since the last one, milliseconds and seconds of the running clock | ten times a second |
+)";
 
+constexpr std::string_view kBehindEvents = R"(
 In an event rows count from 1: 1 to 4 are the loops A to D, 5 the selection row, 6 the master; balls are 1 to 4 for the
 loops and 5 for the listener. In the functions below rows count from 0, so a script passes `row - 1`, or a letter.
 
@@ -58,20 +62,18 @@ A row is a number from 0 to 5 or a letter: "A" to "D" (0 to 3) are the loops, "Z
 the master. A wrong argument is an error that names it.
 )";
 
-/// "marvolin.load(row, path [, play])"
-std::string Signature(const ApiFunction& function) {
-    std::string text = "marvolin." + std::string(function.Name) + "(";
-    for (std::size_t i = 0; i < ParameterCount(function); ++i) {
-        const ApiParameter& parameter = function.Parameters[i];
-        const std::string comma = i > 0 ? ", " : "";
-        text +=
-            parameter.Optional ? " [" + comma + std::string(parameter.Name) + "]" : comma + std::string(parameter.Name);
-    }
-    return text + ")";
+std::string TableRow(const ApiEvent& event) {
+    return std::string("| `")
+        .append(kScriptEventNames[static_cast<std::size_t>(event.Which)])
+        .append("` | ")
+        .append(event.Arguments)
+        .append(" | ")
+        .append(event.When)
+        .append(" |\n");
 }
 
 std::string Section(const ApiFunction& function) {
-    std::string text = "\n#### `" + Signature(function) + "`\n\n" + std::string(function.Text) + "\n";
+    std::string text = "\n#### `" + SignatureOf(function) + "`\n\n" + std::string(function.Text) + "\n";
     if (ParameterCount(function) > 0 || !function.Returns.empty() || !function.Errors.empty()) text += "\n";
     for (std::size_t i = 0; i < ParameterCount(function); ++i) {
         const ApiParameter& parameter = function.Parameters[i];
@@ -87,6 +89,8 @@ std::string Section(const ApiFunction& function) {
 
 std::string ApiPage() {
     std::string page(kStart);
+    for (const ApiEvent& event : kApiEvents) page += TableRow(event);
+    page += kBehindEvents;
     for (const ApiSubject& subject : ApiSubjects()) {
         page += "\n### " + std::string(subject.Title) + "\n";
         for (const ApiFunction& function : subject.Functions) page += Section(function);

@@ -10,12 +10,13 @@
 #include "window/descriptions/options.h"
 #include "window/descriptions/patterns.h"
 #include "window/descriptions/save_open.h"
+#include "window/descriptions/scripts.h"
 #include "window/descriptions/sound_map.h"
 #include "window/descriptions/start_forms.h"
 
 namespace marvolin {
 
-std::array<DescriptionTable, 11> DescriptionTables() {
+std::array<DescriptionTable, 12> DescriptionTables() {
     return {{{"frmMain", MainWindowDescriptions()},
              {"frmMain", LoopRowDescriptions()},
              {"frmMain", MixPadDescriptions()},
@@ -26,6 +27,7 @@ std::array<DescriptionTable, 11> DescriptionTables() {
              {"frmSave", SaveOpenDescriptions()},
              {"frmSplash", SplashDescriptions()},
              {"frmStartUpQuery", StartUpQueryDescriptions()},
+             {"frmScripts", ScriptsDescriptions()},
              {"dialogues", DialogueDescriptions()}}};
 }
 

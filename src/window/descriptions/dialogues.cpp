@@ -74,6 +74,8 @@ constexpr Description kDialogueTable[] = {
     {.Name = "MessageBox", .Topic = 10180, .Role = QAccessible::AlertMessage, .Taken = Keys::Escape},
     {.Name = "BoxOk", .Topic = 10181, .Role = QAccessible::Button, .Taken = Keys::Press},
     {.Name = "BoxCancel", .Topic = 10182, .Role = QAccessible::Button, .Taken = Keys::Press | Keys::Escape},
+    {.Name = "BoxSave", .Topic = 10183, .Role = QAccessible::Button, .Taken = Keys::Press},
+    {.Name = "BoxDiscard", .Topic = 10184, .Role = QAccessible::Button, .Taken = Keys::Press},
 };
 
 }  // namespace

@@ -39,7 +39,7 @@ std::string TabCaption(const Situation& at) {
 std::string TabHint(const Situation& at) { return at.State.ActiveTab == kPatternTab ? kSequenceHint : ""; }
 
 std::string ScriptsHint(const Situation& at) {
-    return at.State.ScriptAvailable ? "" : "Scripts need Lua 5.4: install the package liblua5.4-0";
+    return at.State.ScriptAvailable ? "clk Open Scripting" : "Scripts need Lua 5.4: install the package liblua5.4-0";
 }
 
 std::string StatusValue(const Situation& at) { return at.State.StatusText; }
@@ -86,7 +86,7 @@ constexpr Description kMainWindowTable[] = {
     {.Name = "Scripts",
      .Caption = "Scripts",
      .Label = "Open Scripting",
-     .Tip = "Open Scripting (not available yet)",
+     .Tip = kLabelAsTip,
      .Hint = ScriptsHint,
      .Topic = 10007,
      .Role = QAccessible::Button,

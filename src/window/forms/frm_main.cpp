@@ -51,7 +51,8 @@ FrmMain::FrmMain(Session& session, Events events) : s(session), events_(std::mov
     Describe(s, *this, "frmMain");
     setWindowTitle(QString::fromStdString(s.Title));
     setFocusPolicy(Qt::ClickFocus);
-    Bar = new Toolbar(s, this, [this] { ToggleMode(); });
+    Bar = new Toolbar(
+        s, this, [this] { ToggleMode(); }, events_.OpenScripts);
     Bar->setGeometry(0, 0, kMainWidth, Toolbar::kHeight);
     for (Row row = 0; row <= kSelectionRow; ++row) {
         auto* made = new LoopRow(s, this, row);
@@ -128,6 +129,10 @@ void FrmMain::RefreshTitle() {
     Status2->update();
 }
 
+void FrmMain::RefreshScript() {
+    if (Status2->ShowScript(events_.Script ? events_.Script() : "")) Bar->Scripts->Refresh();
+}
+
 void FrmMain::ShowSelectList(bool open) {
     if (!open) return selectList_->hide();
     const LoopRow& row = *Rows[kSelectionRow];
@@ -170,6 +175,7 @@ bool FrmMain::event(QEvent* event) {
 }
 
 void FrmMain::closeEvent(QCloseEvent* event) {
+    if (events_.MayClose && !events_.MayClose()) return event->ignore();
     places_.stop();
     load_.stop();
     if (events_.Unload) events_.Unload();

@@ -31,6 +31,10 @@ public:
         std::function<double()> SoundLoad;         ///< share of real time that the sound takes
         std::function<bool()> SoundGone;           ///< whether the open sound device was pulled out
         std::function<SoundTiming()> Timing = {};  ///< period and delay of the open sound device
+        /// Whether the window may be closed; it may without this.
+        std::function<bool()> MayClose = {};
+        std::function<void()> OpenScripts = {};    ///< what `Scripts` does; without this it is disabled
+        std::function<std::string()> Script = {};  ///< name of the script that runs, "" for none
     };
 
     FrmMain(Session& session, Events events);
@@ -41,6 +45,8 @@ public:
     /// Moves the lines at the places that play as long as anything plays.
     void FollowPlaying();
     void RefreshTitle();
+    /// Shows whether a script runs, and which.
+    void RefreshScript();
     /// Shows the load of the sound, and whether the device is gone. Runs every two seconds, and when a device is
     /// chosen.
     void WatchSound();

@@ -1,29 +1,22 @@
 #include "window/forms/frm_save.h"
 
-#include <QDialogButtonBox>
-#include <QDir>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QFrame>
 #include <QGridLayout>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QTreeView>
 #include <QVBoxLayout>
 
 #include "persistence/save_open.h"
 #include "window/controls/choice.h"
 #include "window/descriptions/described.h"
 #include "window/toolkit/dialogue_style.h"
+#include "window/toolkit/file_dialogue.h"
 #include "window/toolkit/strings.h"
 #include "window/toolkit/theme.h"
 
 namespace marvolin {
 
 namespace {
-
-constexpr QSize kFileDialogue(760, 460);
 
 /// Filters in the toolkit's own notation.
 QStringList NameFilters(std::string_view filter) {
@@ -37,56 +30,6 @@ QString SuffixOf(const QString& filter) {
     if (filter.contains("*.mvp~")) return "mvp~";
     if (filter.contains("*.mvn~")) return "mvn~";
     return filter.contains("*.mvp") ? "mvp" : "mvn";
-}
-
-/// A file dialogue that saves only to a folder that exists, and only under a name that the lists of sets show.
-class SessionFileDialogue : public QFileDialog {
-public:
-    SessionFileDialogue(Session& session, QWidget* parent, const QString& caption)
-        : QFileDialog(parent, caption), s(session) {}
-
-protected:
-    void accept() override {
-        if (acceptMode() == AcceptSave) CompleteName();
-        const QStringList files = selectedFiles();
-        const QString folder = files.isEmpty() ? QString() : QFileInfo(files.first()).absolutePath();
-        if (acceptMode() == AcceptSave && !folder.isEmpty() && !QDir(folder).exists()) {
-            s.World.Desk.Report("There is no folder " + folder.toStdString());
-            return;
-        }
-        QFileDialog::accept();
-    }
-
-private:
-    // Before the toolkit asks about overwriting, so that it asks about the file that will be written.
-    void CompleteName() {
-        auto* edit = findChild<QLineEdit*>("fileNameEdit");
-        if (edit == nullptr || edit->text().isEmpty()) return;
-        if (QFileInfo(directory().absoluteFilePath(edit->text())).isDir()) return;
-        const std::string extension = "." + defaultSuffix().toStdString();
-        const std::string name = SetFileName(edit->text().toStdString(), extension);
-        // What is selected would count before the name, and only a name that is typed takes the selection back.
-        if (auto* files = findChild<QListView*>("listView")) files->clearSelection();
-        edit->setText(QString::fromStdString(name));
-    }
-
-    Session& s;
-};
-
-/// Gives the dialogue and the toolkit's controls in it their rows of the table.
-void DescribeParts(Session& s, QFileDialog& dialogue, const char* name) {
-    Describe(s, dialogue, name);
-    for (const char* part :
-         {"lookInCombo", "backButton", "forwardButton", "toParentButton", "newFolderButton", "listModeButton",
-          "detailModeButton", "sidebar", "listView", "treeView", "fileNameEdit", "fileTypeCombo"}) {
-        if (auto* widget = dialogue.findChild<QWidget*>(part)) Describe(s, *widget, part);
-    }
-    auto* buttons = dialogue.findChild<QDialogButtonBox*>();
-    if (buttons == nullptr) return;
-    for (QAbstractButton* button : buttons->buttons()) {
-        const bool accepts = buttons->buttonRole(button) == QDialogButtonBox::AcceptRole;
-        Describe(s, *button, accepts ? "AcceptFile" : "CancelFile");
-    }
 }
 
 QLabel* Caption(const QString& text) {
@@ -226,17 +169,11 @@ void FrmSave::Open() {
 
 void FrmSave::AskFile(bool save) {
     FilePictures pictures;  // must outlive the dialogue
-    SessionFileDialogue dialogue(s, this, save ? "Save As" : "Open");
-    dialogue.setOption(QFileDialog::DontUseNativeDialog);
-    dialogue.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    DescribeParts(s, dialogue, save ? "SaveFileDialogue" : "OpenFileDialogue");
-    dialogue.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    // Only a name that the lists of sets show.
+    FileDialogue dialogue(s, this, save, save ? "Save As" : "Open", [&dialogue](const std::string& typed) {
+        return SetFileName(typed, "." + dialogue.defaultSuffix().toStdString());
+    });
     dialogue.setIconProvider(&pictures);
-    dialogue.resize(kFileDialogue);
-    if (auto* files = dialogue.findChild<QTreeView*>("treeView")) {
-        files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-        files->header()->setSectionResizeMode(0, QHeaderView::Stretch);
-    }
     const QStringList filters = save ? NameFilters(kFileFilter) : NameFilters(kFileFilter) + NameFilters(kCopyFilter);
     dialogue.setNameFilters(filters);
     dialogue.setDefaultSuffix(SuffixOf(filters.first()));

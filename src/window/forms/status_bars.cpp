@@ -129,13 +129,25 @@ void StatusBar2::ShowGone(bool gone) {
     update();
 }
 
+bool StatusBar2::ShowScript(const std::string& name) {
+    if (name == script_) return false;
+    script_ = name;
+    update();
+    return true;
+}
+
 void StatusBar2::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.fillRect(rect(), QColor(0x13, 0x15, 0x17));
     p.setFont(theme::Sans(12));
     shownLoad_ = LoadText();
     DrawPanel(p, QRect(12, 0, 72, kHeight), QString::fromStdString(s.TodayLabel), theme::kQuiet);
-    DrawPanel(p, QRect(90, 0, 580, kHeight), DeviceText(), gone_ ? theme::kRed : theme::kQuiet);
+    // A script that runs takes some of the room of the device, unless that has something urgent to say.
+    const bool script = !script_.empty() && !gone_;
+    DrawPanel(p, QRect(90, 0, script ? 360 : 580, kHeight), DeviceText(), gone_ ? theme::kRed : theme::kQuiet);
+    if (script) {
+        DrawPanel(p, QRect(462, 0, 210, kHeight), "script " + QString::fromStdString(script_), theme::kGreen);
+    }
     DrawPanel(p, QRect(684, 0, 190, kHeight), QString::fromStdString(s.CurrentFile), theme::kQuiet);
     p.setPen(theme::kQuiet);
     p.drawText(kLoadPlace, Qt::AlignVCenter | Qt::AlignRight, shownLoad_);

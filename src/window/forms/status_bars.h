@@ -38,7 +38,7 @@ struct SoundTiming {
     double Delay = 0;  ///< milliseconds from a call of the sound service until it is heard
 };
 
-/// `StatusBar2`: today, the device, the session, and the load of the sound engine.
+/// `StatusBar2`: today, the device, the script that runs, the session, and the load of the sound engine.
 class StatusBar2 : public QWidget {
 public:
     static constexpr int kHeight = 22;
@@ -50,6 +50,8 @@ public:
     void RefreshLoad();
     /// Shows in red that the device is gone, or shows the device again.
     void ShowGone(bool gone);
+    /// Shows the name of the script that runs, "" for none. False when it is shown already.
+    bool ShowScript(const std::string& name);
     /// The text of the device's panel: name, rate, period, delay.
     QString DeviceText() const;
 
@@ -63,6 +65,7 @@ private:
     const std::function<double()> soundLoad_;
     const std::function<SoundTiming()> soundTiming_;
     QString shownLoad_;
+    std::string script_;
     bool gone_ = false;
 };
 

@@ -9,6 +9,7 @@
 #include "window/controls/knob.h"
 #include "window/controls/limiter.h"
 #include "window/controls/play_stop.h"
+#include "window/controls/scripts_button.h"
 #include "window/controls/text_button.h"
 #include "window/toolkit/theme.h"
 
@@ -25,7 +26,8 @@ void DrawLabel(QPainter& p, int right, const QString& text) {
 
 }  // namespace
 
-Toolbar::Toolbar(Session& s, QWidget* parent, std::function<void()> toggleMode) : QWidget(parent) {
+Toolbar::Toolbar(Session& s, QWidget* parent, std::function<void()> toggleMode, std::function<void()> openScripts)
+    : QWidget(parent) {
     Describe(s, *this, "Toolbar");
     const auto add = [&](const char* name, QRect place, std::function<void()> click) {
         auto* button = new TextButton(s, this, name, std::move(click));
@@ -41,7 +43,8 @@ Toolbar::Toolbar(Session& s, QWidget* parent, std::function<void()> toggleMode) 
     QuickLoadPop = add("QuickLoadPop", at(180, 88), [&s] { QuickLoadPop_MouseUp(s, kLeftButton); });
     QuickLoadPop->OnOtherClick([&s](std::int16_t button) { QuickLoadPop_MouseUp(s, button); });
     add("SnapShot", at(273, 86), [&s] { SnapShot_MouseUp(s); });
-    add("Scripts", at(364, 70), nullptr);
+    Scripts = new ScriptsButton(s, this, std::move(openScripts));
+    Scripts->setGeometry(at(364, 70));
     auto* playStop = new PlayStopControl(s, this);
     playStop->setGeometry(446, 2, 46, 42);
     Limiter = new LimiterControl(s, this);

@@ -16,8 +16,8 @@ class Toolbar : public QWidget {
 public:
     static constexpr int kHeight = 46;
 
-    /// `toggleMode` is what `ToTop` does.
-    Toolbar(Session& session, QWidget* parent, std::function<void()> toggleMode);
+    /// `toggleMode` is what `ToTop` does, `openScripts` what `Scripts` does; without it that is disabled.
+    Toolbar(Session& session, QWidget* parent, std::function<void()> toggleMode, std::function<void()> openScripts);
 
     // Owned by the toolkit.
     Control* Limiter = nullptr;
@@ -25,6 +25,7 @@ public:
     KnobControl* Master = nullptr;
     TextButton* ToTop = nullptr;
     TextButton* QuickLoadPop = nullptr;
+    TextButton* Scripts = nullptr;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -13,7 +13,6 @@ namespace {
 
 constexpr int kMostPopupRows = 14;
 constexpr int kLeastWidth = 150;  // pixels
-constexpr int kMostWidth = 420;
 
 }  // namespace
 
@@ -32,12 +31,12 @@ PopupList::PopupList(Session& session, QWidget* parent, std::string_view name) :
     setMouseTracking(true);
 }
 
-void PopupList::Open(const QStringList& rows, const QRect& at) {
+void PopupList::Open(const QStringList& rows, const QRect& at, int mostWidth) {
     pressed_ = false;
     clear();
     addItems(rows);
     setCurrentRow(0);
-    const int wide = qBound(kLeastWidth, sizeHintForColumn(0) + 40, kMostWidth);
+    const int wide = qBound(kLeastWidth, sizeHintForColumn(0) + 40, mostWidth);
     const int high = qMin(count(), kMostPopupRows) * sizeHintForRow(0) + 12;
     resize(wide, high);
     const QRect area = screen()->availableGeometry();

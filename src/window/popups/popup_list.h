@@ -18,8 +18,9 @@ class PopupList : public QListWidget {
 public:
     /// `name` chooses the row of the table of controls.
     PopupList(Session& session, QWidget* parent, std::string_view name);
-    /// Opens with `rows` below `at` (a rectangle on the screen), or above it when there is no room below.
-    void Open(const QStringList& rows, const QRect& at);
+    /// Opens with `rows` below `at` (a rectangle on the screen), or above it when there is no room below. Rows are cut
+    /// at `mostWidth` pixels.
+    void Open(const QStringList& rows, const QRect& at, int mostWidth = 420);
 
     std::function<void(int row)> OnChoose;  ///< a row, from 0, was clicked or chosen by key
     std::function<void()> OnHide;           ///< the list was hidden

@@ -62,7 +62,8 @@ void QtDesktop::Attach(QWidget* mainWindow) {
 QWidget* QtDesktop::BoxParent() const {
     if (QWidget* dialogue = QApplication::activeModalWidget()) return dialogue;
     QWidget* active = QApplication::activeWindow();
-    if (active != nullptr && (active->objectName() == "frmSave" || active->objectName() == "frmBrowse")) return active;
+    const auto isActive = [active](const char* form) { return active != nullptr && active->objectName() == form; };
+    if (isActive("frmSave") || isActive("frmBrowse") || isActive("frmScripts")) return active;
     return mainWindow_ != nullptr && mainWindow_->isVisible() ? mainWindow_ : nullptr;
 }
 

@@ -4,6 +4,9 @@
 #include <QWindow>
 
 #include "core/errors.h"
+#include "scripting/script_room.h"
+#include "window/editor/code_view_module.h"
+#include "window/editor/frm_scripts.h"
 #include "window/forms/frm_browse.h"
 #include "window/forms/frm_save.h"
 #include "window/forms/frm_splash.h"
@@ -29,6 +32,8 @@ void QtWindows::DropForms() {
     display_.Attach(static_cast<FrmSave*>(nullptr));
     desktop_.Attach(nullptr);
     unloaded_.clear();
+    if (room_ != nullptr) room_->OnChange = nullptr;
+    scripts_.reset();
     query_.reset();
     save_.reset();
     browse_.reset();
@@ -57,20 +62,53 @@ QWidget* QtWindows::WidgetOf(Form form) const {
     return nullptr;
 }
 
+void QtWindows::AttachScripts(ScriptRoom& room) {
+    room_ = &room;
+    room.OnChange = [this] { ShowScript(); };
+}
+
+void QtWindows::OpenScripts() {
+    if (!scripts_) {
+        std::string error;
+        CodeViewMaker* maker = LoadCodeView(session_->World.Desk.ProgramFolder(), error);
+        if (maker == nullptr) {
+            return session_->World.Desk.Report(
+                "The window of scripts cannot be opened. It needs the package "
+                "libqscintilla2-qt6-15.\n" +
+                error);
+        }
+        scripts_ = std::make_unique<FrmScripts>(*session_, *room_, *maker);
+    }
+    scripts_->Open();
+}
+
+void QtWindows::ShowScript() {
+    if (main_) main_->RefreshScript();
+    if (scripts_) scripts_->RefreshSoon();
+}
+
+void QtWindows::LoadMain() {
+    FrmMain::Events events = events_;
+    events.MayClose = [this] { return !scripts_ || scripts_->Document->MayLose(); };
+    if (room_ != nullptr) {
+        events.OpenScripts = [this] { OpenScripts(); };
+        events.Script = [this] { return room_->Name(); };
+    }
+    events.Unload = [this] {
+        ended_ = true;
+        if (scripts_) scripts_->hide();
+        if (events_.Unload) events_.Unload();
+        // Not quit(), which any window can refuse: the program would go on running without a window.
+        QCoreApplication::exit();
+    };
+    main_ = std::make_unique<FrmMain>(*session_, std::move(events));
+    display_.Attach(main_.get());
+    desktop_.Attach(main_.get());
+}
+
 void QtWindows::Load(Form form) {
     loaded_.insert(form);
-    if (form == Form::Main && !main_) {
-        FrmMain::Events events = events_;
-        events.Unload = [this] {
-            ended_ = true;
-            if (events_.Unload) events_.Unload();
-            // Not quit(), which any window can refuse: the program would go on running without a window.
-            QCoreApplication::exit();
-        };
-        main_ = std::make_unique<FrmMain>(*session_, std::move(events));
-        display_.Attach(main_.get());
-        desktop_.Attach(main_.get());
-    }
+    if (form == Form::Main && !main_) LoadMain();
     if (form == Form::Splash && !splash_) splash_ = std::make_unique<FrmSplash>();
     if (form == Form::StartUpQuery && !query_) query_ = std::make_unique<FrmStartUpQuery>(*session_);
     if (form == Form::Browse && !browse_) {

@@ -14,8 +14,10 @@ class FrmBrowse;
 class FrmSave;
 class FrmSplash;
 class FrmStartUpQuery;
+class FrmScripts;
 class QtDesktop;
 class QtDisplay;
+class ScriptRoom;
 
 /// The forms, by the toolkit. Each is made when it is first loaded or shown.
 class QtWindows : public Windows {
@@ -25,9 +27,14 @@ public:
 
     /// Sets the session that the forms show, and what the events of the main window run.
     void Attach(Session& session, FrmMain::Events events);
+    /// Lets the button `Scripts` open a window in which the scripts of `room` are written. For the start, before the
+    /// main window is made. `room` must outlive the forms.
+    void AttachScripts(ScriptRoom& room);
     /// True once the main window has been closed for good.
     bool Ended() const { return ended_; }
     FrmMain* Main() const { return main_.get(); }
+    /// The window of scripts; null until it is first opened.
+    FrmScripts* Scripts() const { return scripts_.get(); }
     /// Deletes all forms. For the end of the program, before the session that they show goes.
     void DropForms();
 
@@ -44,6 +51,9 @@ public:
 private:
     QWidget* WidgetOf(Form form) const;
     void Retire(std::unique_ptr<QWidget> form);
+    void LoadMain();
+    void OpenScripts();
+    void ShowScript();
 
     QtDisplay& display_;
     QtDesktop& desktop_;
@@ -54,6 +64,8 @@ private:
     std::unique_ptr<FrmBrowse> browse_;
     std::unique_ptr<FrmSave> save_;
     std::unique_ptr<FrmStartUpQuery> query_;
+    std::unique_ptr<FrmScripts> scripts_;
+    ScriptRoom* room_ = nullptr;
     /// Unloaded forms. A drag from one may still be running, so they are deleted with this object.
     std::vector<std::unique_ptr<QWidget>> unloaded_;
     std::set<Form> loaded_{Form::Main, Form::Browse, Form::Save, Form::Splash};

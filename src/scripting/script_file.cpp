@@ -1,0 +1,125 @@
+#include "scripting/script_file.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdint>
+#include <ctime>
+#include <filesystem>
+#include <memory>
+
+#include "core/errors.h"
+#include "core/files/file_errors.h"
+#include "core/files/hidden_names.h"
+#include "core/files/new_file.h"
+#include "core/files/record_stream.h"
+#include "scripting/lua_budget.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr std::uint32_t kBadText = 321;  // "Invalid file format"
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+std::string FolderOf(const std::string& path) {
+    const std::string folder = std::filesystem::path(path).parent_path().string();
+    return folder.empty() ? "." : folder;
+}
+
+/// Whether there is a file to be replaced. Raises the error of one that must not be.
+bool HasFormer(const std::string& path) {
+    struct stat state {};
+    if (::stat(path.c_str(), &state) != 0) {
+        if (errno != ENOENT) RaiseFileError(errno);
+        return false;
+    }
+    if (!S_ISREG(state.st_mode)) throw RuntimeError(75, "Path/File access error");
+    // A player who has protected a script wants to keep it, although its folder would let it be replaced.
+    if (::eaccess(path.c_str(), W_OK) != 0) RaiseFileError(errno);
+    return true;
+}
+
+/// The copy of the former file, still without its name.
+std::unique_ptr<NewFile> CopyOf(const std::string& path) {
+    const std::string name = path + "~";
+    struct stat state {};
+    if (::lstat(name.c_str(), &state) == 0 && S_ISDIR(state.st_mode)) RaiseFileError(EISDIR);
+    auto copy = std::make_unique<NewFile>(name);
+    copy->BecomeNameOf(path);
+    return copy;
+}
+
+/// How many bytes follow the first byte of a character; -1 when it begins none.
+int BytesBehind(unsigned char first) {
+    if (first < 0x80) return 0;
+    if (first >= 0xC2 && first <= 0xDF) return 1;
+    if (first >= 0xE0 && first <= 0xEF) return 2;
+    return first >= 0xF0 && first <= 0xF4 ? 3 : -1;
+}
+
+/// Whether the second byte of a character may follow the first: no longer form than needed, no surrogate, nothing
+/// above U+10FFFF.
+bool Follows(unsigned char first, unsigned char second) {
+    if (first == 0xE0) return second >= 0xA0;
+    if (first == 0xED) return second <= 0x9F;
+    if (first == 0xF0) return second >= 0x90;
+    return first != 0xF4 || second <= 0x8F;
+}
+
+}  // namespace
+
+bool IsUtf8(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        const auto first = static_cast<unsigned char>(text[at]);
+        const int behind = BytesBehind(first);
+        if (behind < 0 || text.size() - at <= static_cast<std::size_t>(behind)) return false;
+        for (int i = 1; i <= behind; ++i) {
+            const auto next = static_cast<unsigned char>(text[at + static_cast<std::size_t>(i)]);
+            if (next < 0x80 || next > 0xBF || (i == 1 && !Follows(first, next))) return false;
+        }
+        at += static_cast<std::size_t>(behind) + 1;
+    }
+    return true;
+}
+
+std::string ReadScript(const std::string& path) {
+    RecordReader file(path);
+    if (file.Left() > kLongestScript) {
+        throw RuntimeError(kBadText, "It is longer than " + std::to_string(kLongestScript / 1024 / 1024) +
+                                         " MB, the most for a script");
+    }
+    std::string text = file.GetBytes(file.Left());
+    if (text.starts_with(kByteOrderMark)) text.erase(0, kByteOrderMark.size());
+    if (text.find('\0') != std::string::npos) throw RuntimeError(kBadText, "It is no text: it holds a zero byte");
+    if (!IsUtf8(text)) throw RuntimeError(kBadText, "It is no text in UTF-8");
+    return text;
+}
+
+void WriteScript(const std::string& path, const std::string& text) {
+    const std::string place = BehindLinks(path);
+    const bool former = HasFormer(place);
+    NewFile file(place);
+    file.Write(text);
+    file.Sync();
+    std::unique_ptr<NewFile> copy;
+    try {
+        // The copy comes first: the former text is never without a name of its own.
+        if (former) {
+            copy = CopyOf(place);
+            copy->TakeName();
+        }
+        file.TakeName();
+        SyncFolder(FolderOf(place));
+    } catch (...) {
+        file.Undo();
+        if (copy) copy->Undo();
+        throw;
+    }
+    file.DropReplaced();
+    if (copy) copy->DropReplaced();
+    RemoveLeftovers(FolderOf(place), std::time(nullptr));
+}
+
+}  // namespace marvolin

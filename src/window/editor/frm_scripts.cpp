@@ -1,0 +1,269 @@
+#include "window/editor/frm_scripts.h"
+
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QLabel>
+#include <QMimeData>
+#include <QScreen>
+#include <QShortcut>
+#include <QSplitter>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include "scripting/api/api_page.h"
+#include "scripting/script_file.h"
+#include "window/controls/text_button.h"
+#include "window/descriptions/described.h"
+#include "window/editor/console_view.h"
+#include "window/editor/event_list.h"
+#include "window/editor/find_bar.h"
+#include "window/editor/script_status.h"
+#include "window/popups/popup_list.h"
+#include "window/toolkit/strings.h"
+#include "window/toolkit/theme.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr QSize kSize(900, 680);
+constexpr QSize kLeast(700, 420);
+constexpr int kEdge = 8;
+constexpr int kButtonHeight = 30;
+constexpr int kListWidth = 620;
+
+QLabel* Heading(const QString& text) {
+    auto* label = new QLabel(text);
+    label->setFont(theme::Sans(12));
+    label->setStyleSheet("color: #9aa2ad;");
+    return label;
+}
+
+QVBoxLayout* Column(QWidget* owner) {
+    auto* column = new QVBoxLayout(owner);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    return column;
+}
+
+/// The script among dragged files; "" when they are something else.
+QString DroppedScript(const QMimeData& data) {
+    if (data.urls().size() != 1 || !data.urls().first().isLocalFile()) return "";
+    const QString path = data.urls().first().toLocalFile();
+    return path.endsWith(ToQString(kScriptExtension), Qt::CaseInsensitive) ? path : QString();
+}
+
+}  // namespace
+
+FrmScripts::FrmScripts(Session& session, ScriptRoom& room, CodeViewMaker& maker) : s(session), room_(room) {
+    Describe(s, *this, "frmScripts");
+    setAcceptDrops(true);
+    failures_ = room_.LastFailure().Number;
+    soon_.setSingleShot(true);
+    soon_.callOnTimeout(this, [this] { Refresh(); });
+    auto* column = Column(this);
+    column->addWidget(MakeToolbar());
+    auto* halves = new QSplitter(Qt::Vertical);
+    halves->setChildrenCollapsible(false);
+    halves->addWidget(MakeHead(maker));
+    halves->addWidget(MakeFoot());
+    halves->setStretchFactor(0, 1);
+    halves->setStretchFactor(1, 0);
+    column->addWidget(halves, 1);
+    Status = new ScriptStatus(s, this);
+    column->addWidget(Status);
+    list_ = new PopupList(s, this, "ExampleList");
+    list_->OnChoose = [this](int row) {
+        list_->hide();
+        Document->BeginExample(row);
+    };
+    Document = std::make_unique<ScriptDocument>(s, *this, *View,
+                                                ScriptDocument::Events{[this] { Open(); }, [this] { Refresh(); },
+                                                                       [this](const auto& hint) { ShowHint(hint); }});
+    View->OnEdit = [this] { ran_ = false; };
+    View->OnChange = [this] { RefreshSoon(); };
+    MakeKeys();
+    FitScreen();
+    Refresh();
+}
+
+QWidget* FrmScripts::MakeToolbar() {
+    auto* bar = new QWidget;
+    auto* row = new QHBoxLayout(bar);
+    row->setContentsMargins(kEdge, kEdge, kEdge, kEdge);
+    row->setSpacing(5);
+    const auto add = [&](const char* name, int width, std::function<void()> click) {
+        auto* button = new TextButton(s, nullptr, name, std::move(click));
+        button->setFixedSize(width, kButtonHeight);
+        row->addWidget(button);
+        return button;
+    };
+    add("NewScript", 50, [this] { Document->New(); });
+    examples_ = add("Examples", 80, [this] { OpenExamples(); });
+    add("OpenScript", 56, [this] { Document->AskOpen(); });
+    add("SaveScript", 54, [this] { Document->Save(); });
+    add("SaveScriptAs", 70, [this] { Document->SaveAs(); });
+    row->addSpacing(14);
+    undo_ = add("UndoText", 56, [this] { View->Undo(); });
+    redo_ = add("RedoText", 56, [this] { View->Redo(); });
+    add("FindText", 52, [this] { Find->Open(); });
+    row->addStretch(1);
+    add("RunScript", 62, [this] { Run(); });
+    stop_ = add("StopScript", 62, [this] { Stop(); });
+    return bar;
+}
+
+QWidget* FrmScripts::MakeHead(CodeViewMaker& maker) {
+    auto* head = new QWidget;
+    auto* column = Column(head);
+    View = maker.Make(head, theme::Digits(14), ScriptWords());
+    QWidget& text = View->Widget();
+    Describe(s, text, "ScriptText");
+    text.setMinimumHeight(80);
+    text.installEventFilter(this);
+    column->addWidget(&text, 1);
+    Find = new FindBar(s, *View, head);
+    column->addWidget(Find);
+    return head;
+}
+
+QWidget* FrmScripts::MakeFoot() {
+    auto* foot = new QWidget;
+    auto* row = new QHBoxLayout(foot);
+    row->setContentsMargins(kEdge, 2, kEdge, kEdge);
+    row->setSpacing(kEdge);
+    auto* left = new QVBoxLayout;
+    left->setSpacing(4);
+    auto* title = new QHBoxLayout;
+    title->addWidget(Heading("Console"), 1);
+    auto* clear = new TextButton(s, nullptr, "ClearConsole", [this] {
+        room_.Console.Clear();
+        Refresh();
+    });
+    clear->setFixedSize(52, 22);
+    title->addWidget(clear);
+    left->addLayout(title);
+    Console = new ConsoleView(s, room_.Console, nullptr);
+    left->addWidget(Console, 1);
+    row->addLayout(left, 1);
+    auto* right = new QVBoxLayout;
+    right->setSpacing(4);
+    auto* hears = Heading("Hears");
+    hears->setMinimumHeight(22);
+    right->addWidget(hears);
+    Events = new EventList(s, room_, nullptr);
+    right->addWidget(Events);
+    right->addStretch(1);
+    row->addLayout(right);
+    return foot;
+}
+
+void FrmScripts::MakeKeys() {
+    const auto add = [this](const char* key, std::function<void()> act) {
+        connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, this,
+                std::move(act));  // the window owns it
+    };
+    add("Ctrl+N", [this] { Document->New(); });
+    add("Ctrl+O", [this] { Document->AskOpen(); });
+    add("Ctrl+S", [this] { Document->Save(); });
+    add("Ctrl+Shift+S", [this] { Document->SaveAs(); });
+    add("Ctrl+F", [this] { Find->Open(); });
+    add("F3", [this] { Find->Go(Search::Next); });
+    add("Shift+F3", [this] { Find->Go(Search::Previous); });
+    add("F5", [this] { Run(); });
+    add("Shift+F5", [this] { Stop(); });
+}
+
+void FrmScripts::FitScreen() {
+    const QSize room = screen()->availableSize() * 9 / 10;
+    setMinimumSize(kLeast.boundedTo(room));
+    resize(kSize.boundedTo(room));
+}
+
+void FrmScripts::Open() {
+    if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+    View->Widget().setFocus();
+}
+
+void FrmScripts::OpenExamples() {
+    QStringList rows;
+    for (const ScriptExample& example : kScriptExamples) {
+        const std::string_view name = example.File.substr(0, example.File.size() - kScriptExtension.size());
+        rows << ToQString(name) + ": " + ToQString(example.Purpose);
+    }
+    list_->Open(rows, QRect(examples_->mapToGlobal(QPoint(0, 0)), examples_->size()), kListWidth);
+}
+
+void FrmScripts::Run() {
+    View->Mark(0);
+    ran_ = true;  // the lines of a failure are those of this text
+    const bool taken = room_.Run(View->Text(), Document->Name());
+    Refresh();
+    ran_ = taken;
+    const ScriptError& error = room_.LastFailure().Error;
+    if (taken || error.Line <= 0) return;
+    View->GoTo({error.Line, std::max(error.Column, 1)});
+    View->Widget().setFocus();
+}
+
+void FrmScripts::Stop() {
+    room_.Stop();
+    Refresh();
+}
+
+void FrmScripts::RefreshSoon() {
+    if (!soon_.isActive()) soon_.start(0);
+}
+
+void FrmScripts::Refresh() {
+    setWindowTitle(ToQString("marvolin scripts - " + Document->Name() + "[*]"));
+    setWindowModified(View->IsModified());
+    undo_->setEnabled(View->CanUndo());
+    redo_->setEnabled(View->CanRedo());
+    stop_->setEnabled(room_.Runs());
+    Status->ShowState(ToQString(room_.Name()), View->Caret());
+    Events->update();
+    Console->Refresh();
+    ShowFailure();
+}
+
+void FrmScripts::ShowFailure() {
+    const ScriptRoom::Failure& failure = room_.LastFailure();
+    if (failure.Number == failures_) return;
+    failures_ = failure.Number;
+    const std::string line = failure.Error.Line > 0 ? "Line " + std::to_string(failure.Error.Line) + ": " : "";
+    ShowHint(line + failure.Error.Description);
+    if (ran_ && failure.Error.Line > 0) View->Mark(failure.Error.Line);
+}
+
+void FrmScripts::ShowHint(std::string_view hint) { Status->ShowHint(ToQString(hint)); }
+
+void FrmScripts::closeEvent(QCloseEvent* event) {
+    if (!Document->MayLose()) return event->ignore();
+    Document->Discard();
+    event->accept();
+}
+
+void FrmScripts::dragEnterEvent(QDragEnterEvent* event) {
+    if (!DroppedScript(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void FrmScripts::dropEvent(QDropEvent* event) {
+    const QString path = DroppedScript(*event->mimeData());
+    if (path.isEmpty()) return;
+    event->acceptProposedAction();
+    // The desktop waits for the drop to end, and the player may be asked.
+    QTimer::singleShot(0, this, [this, path] { Document->Open(path.toStdString()); });
+}
+
+bool FrmScripts::eventFilter(QObject*, QEvent* event) {
+    const bool escape = event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+    if (!escape || !Find->isVisible()) return false;
+    Find->Close();
+    return true;
+}
+
+}  // namespace marvolin

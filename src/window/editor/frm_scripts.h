@@ -1,0 +1,73 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+#include <cstdint>
+#include <memory>
+
+#include "scripting/script_room.h"
+#include "window/editor/code_view.h"
+#include "window/editor/script_document.h"
+#include "window/toolkit/hint_window.h"
+
+namespace marvolin {
+
+class ConsoleView;
+class EventList;
+class FindBar;
+class PopupList;
+class ScriptStatus;
+class TextButton;
+
+/// The window in which scripts are written and run. Closing hides it; a script that runs goes on.
+class FrmScripts : public QWidget, public HintWindow {
+public:
+    /// Room and maker must outlive it.
+    FrmScripts(Session& session, ScriptRoom& room, CodeViewMaker& maker);
+
+    /// Shows the window in front of the others.
+    void Open();
+    /// Shows again what the room knows; for any number of changes once, when the event that is under way has ended.
+    void RefreshSoon();
+    void ShowHint(std::string_view hint) override;
+
+    std::unique_ptr<ScriptDocument> Document;
+    // Owned by the toolkit.
+    CodeView* View = nullptr;
+    ConsoleView* Console = nullptr;
+    EventList* Events = nullptr;
+    FindBar* Find = nullptr;
+    ScriptStatus* Status = nullptr;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+private:
+    QWidget* MakeToolbar();
+    QWidget* MakeHead(CodeViewMaker& maker);
+    QWidget* MakeFoot();
+    void MakeKeys();
+    void FitScreen();
+
+    void OpenExamples();
+    void Run();
+    void Stop();
+    void Refresh();
+    void ShowFailure();
+
+    Session& s;
+    ScriptRoom& room_;
+    TextButton* examples_ = nullptr;
+    TextButton* undo_ = nullptr;
+    TextButton* redo_ = nullptr;
+    TextButton* stop_ = nullptr;
+    PopupList* list_ = nullptr;
+    QTimer soon_;
+    std::uint64_t failures_ = 0;  ///< of the room, that have been shown
+    bool ran_ = false;            ///< the text is the one that was run last, unchanged
+};
+
+}  // namespace marvolin

@@ -1,0 +1,97 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QScrollBar>
+#include <QtTest/QTest>
+
+#include "editor_stage.h"
+#include "window/editor/console_view.h"
+
+namespace marvolin {
+namespace {
+
+using test::EditorStage;
+using testing::ElementsAre;
+
+std::vector<std::string> Kept(const ScriptConsole& console) {
+    std::vector<std::string> texts;
+    for (const ConsoleLine& line : console.Lines()) texts.push_back(line.Text);
+    return texts;
+}
+
+TEST(ScriptConsole, ATextBecomesALineForEachOfItsOwn) {
+    ScriptConsole console;
+    console.Add(ConsoleLine::Kind::Printed, "one\ntwo\r\n");
+    EXPECT_THAT(Kept(console), ElementsAre("one", "two", ""));
+    EXPECT_EQ(console.Count(), 3U);
+    console.Add(ConsoleLine::Kind::Printed, std::string_view("a\0b", 3));
+    EXPECT_EQ(Kept(console).back(), "a?b");
+    console.Clear();
+    EXPECT_TRUE(console.Lines().empty());
+    EXPECT_EQ(console.Count(), 4U);
+}
+
+TEST(ScriptConsole, OnlyTheNewestThousandLinesAreKept) {
+    ScriptConsole console;
+    for (int i = 0; i < 1500; ++i) console.Add(ConsoleLine::Kind::Printed, std::to_string(i));
+    EXPECT_EQ(console.Lines().size(), 1000U);
+    EXPECT_EQ(console.Lines().front().Text, "500");
+    EXPECT_EQ(console.Count(), 1500U);
+    console.Add(ConsoleLine::Kind::Printed, std::string(5000, '\n') + "end");
+    EXPECT_EQ(console.Lines().size(), 1000U);
+    EXPECT_EQ(console.Lines().front().Text, "");
+    EXPECT_EQ(console.Lines().back().Text, "end");
+}
+
+TEST(ScriptConsole, ALongLineIsCutBetweenCharacters) {
+    ScriptConsole console;
+    console.Add(ConsoleLine::Kind::Printed, std::string(ScriptConsole::kLongestLine, 'x'));
+    EXPECT_EQ(console.Lines().back().Text.size(), ScriptConsole::kLongestLine);
+    console.Add(ConsoleLine::Kind::Printed, std::string(ScriptConsole::kLongestLine - 1, 'x') + "\xC3\xA4");
+    EXPECT_EQ(console.Lines().back().Text, std::string(ScriptConsole::kLongestLine - 1, 'x') + "...");
+}
+
+TEST(ConsoleView, ShowsWhatHasComeAndStaysAtItsEnd) {
+    EditorStage stage;
+    stage.Room.Print("first");
+    stage.Settle();
+    EXPECT_EQ(stage.Window.Console->toPlainText(), "first");
+    for (int i = 0; i < 200; ++i) stage.Room.Print("line " + std::to_string(i));
+    stage.Settle();
+    EXPECT_EQ(stage.Window.Console->blockCount(), 201);
+    const QScrollBar& bar = *stage.Window.Console->verticalScrollBar();
+    EXPECT_GT(bar.maximum(), 0);
+    EXPECT_EQ(bar.value(), bar.maximum());
+}
+
+TEST(ConsoleView, DoesNotMoveUnderAPlayerWhoHasScrolledUp) {
+    EditorStage stage;
+    for (int i = 0; i < 200; ++i) stage.Room.Print("line " + std::to_string(i));
+    stage.Settle();
+    stage.Window.Console->verticalScrollBar()->setValue(3);
+    stage.Room.Print("more");
+    stage.Settle();
+    EXPECT_EQ(stage.Window.Console->verticalScrollBar()->value(), 3);
+}
+
+TEST(ConsoleView, IsBoundedAndItsButtonEmptiesIt) {
+    EditorStage stage;
+    for (int i = 0; i < 3000; ++i) stage.Room.Print(std::to_string(i));
+    stage.Settle();
+    EXPECT_EQ(stage.Window.Console->blockCount(), 1000);
+    EXPECT_TRUE(stage.Window.Console->toPlainText().endsWith("2999"));
+    stage.Click("ClearConsole");
+    EXPECT_EQ(stage.Window.Console->toPlainText(), "");
+    stage.Room.Print("again");
+    stage.Settle();
+    EXPECT_EQ(stage.Window.Console->toPlainText(), "again");
+}
+
+TEST(ConsoleView, CannotBeTypedInto) {
+    EditorStage stage;
+    QTest::keyClicks(stage.Window.Console, "text");
+    EXPECT_EQ(stage.Window.Console->toPlainText(), "");
+}
+
+}  // namespace
+}  // namespace marvolin

@@ -1,0 +1,86 @@
+#pragma once
+/// \file
+/// The window of scripts over a session on fakes whose scripts run on Lua, operated by real events.
+
+#include <QPoint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "core/session.h"
+#include "fakes/fake_display.h"
+#include "fakes/fake_services.h"
+#include "fakes/temp_folder.h"
+#include "scripting/lua_script.h"
+#include "scripting/script_host.h"
+#include "scripting/script_room.h"
+#include "window/editor/frm_scripts.h"
+
+class QDialog;
+class QsciScintilla;
+
+namespace marvolin::test {
+
+/// The module that the build has made.
+CodeViewMaker& Maker();
+
+/// An instrument whose scripts run on Lua, and the room in which they do.
+struct ScriptRig : FakeServices {
+    std::int64_t Now = 0;         ///< ns
+    std::int64_t Look = 1000;     ///< ns that a look at the clock takes
+    ScriptRoom Room;
+    FakeDisplay Screen;
+    LuaScript Engine{{.Clock = [this] { return Now += Look; },
+                      .Print = [this](std::string_view line) { Room.Print(line); },
+                      .Ended = [this] { Room.EndedItself(); }}};
+    ScriptHost Host{Engine, Desk};
+    Session s{Services{.Screen = Screen,
+                       .Desk = Desk,
+                       .Forms = Forms,
+                       .Chance = Chance,
+                       .Timers = Timers,
+                       .Scripts = Host,
+                       .Store = Store,
+                       .CreateDirectX7 = [this] { return std::make_unique<FakeDirectX>(Sound); },
+                       .CreateDirectInput = [this] { return std::make_unique<FakeInput>(Stick); }}};
+    ScriptRig();
+    ~ScriptRig();
+
+    /// The lines of the console, each with its kind: "  " printed, "- " a note, "! " an error.
+    std::vector<std::string> Lines() const;
+    /// One tick of the script's clock.
+    void Tick() { ScriptTimer_Timer(s, 100); }
+};
+
+/// The window, shown. Examples are those of the sources; files are in a folder of its own.
+struct EditorStage : ScriptRig {
+    EditorStage();
+    ~EditorStage();
+
+    /// The control with this object name; fails the test when there is none.
+    QWidget* At(const char* name);
+    void Click(const char* name);
+    /// Types into the text.
+    void Type(const std::string& text);
+    /// Presses a key in the text.
+    void Key(int key, Qt::KeyboardModifiers modifiers = {});
+    /// Replaces the text as typing would: it is not saved.
+    void Write(const std::string& text);
+    std::string Text() const { return Window.View->Text(); }
+    /// The view as what it is.
+    QsciScintilla& Code();
+    /// Runs `act` and answers each dialogue that it opens, in order, by one of `answers`. Fails the test when there are
+    /// fewer dialogues than answers; a dialogue without an answer is cancelled, which fails it, too.
+    void Answer(const std::vector<std::function<void(QDialog&)>>& answers, const std::function<void()>& act);
+    /// Handles all events.
+    void Settle();
+
+    TempFolder Folder;
+    FrmScripts Window{s, Room, Maker()};
+};
+
+/// Answers for `EditorStage::Answer`: the button with this object name; a file name in a file dialogue.
+std::function<void(QDialog&)> Press(const char* button);
+std::function<void(QDialog&)> Choose(const std::string& path);
+
+}  // namespace marvolin::test
