@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "window/editor/scintilla/call_text.h"
+
+#include <gtest/gtest.h>
 
 namespace marvolin {
 namespace {

@@ -85,6 +85,7 @@ void EditorStage::Type(const std::string& text) {
 }
 
 void EditorStage::Key(int key, Qt::KeyboardModifiers modifiers) {
+    Window.activateWindow();  // no window manager does it after a dialogue
     QTest::keyClick(Window.windowHandle(), static_cast<Qt::Key>(key), modifiers);
     Settle();
 }
@@ -135,7 +136,8 @@ std::function<void(QDialog&)> Choose(const std::string& path) {
         auto* edit = dialogue.findChild<QLineEdit*>("fileNameEdit");
         ASSERT_NE(edit, nullptr);
         edit->setText(QString::fromStdString(path));
-        QTest::keyClick(edit, Qt::Key_Return);
+        // The toolkit may ask something in its turn, which the same hand has to answer.
+        QTimer::singleShot(0, edit, [edit] { QTest::keyClick(edit, Qt::Key_Return); });
     };
 }
 

@@ -26,8 +26,8 @@ CodeViewMaker& Maker();
 
 /// An instrument whose scripts run on Lua, and the room in which they do.
 struct ScriptRig : FakeServices {
-    std::int64_t Now = 0;         ///< ns
-    std::int64_t Look = 1000;     ///< ns that a look at the clock takes
+    std::int64_t Now = 0;      ///< ns
+    std::int64_t Look = 1000;  ///< ns that a look at the clock takes
     ScriptRoom Room;
     FakeDisplay Screen;
     LuaScript Engine{{.Clock = [this] { return Now += Look; },

@@ -43,7 +43,8 @@ TEST(ScriptRoom, ATextThatCannotBeReadLeavesTheScriptThatRuns) {
     EXPECT_EQ(failure.Where, "wrong.mvs");
     EXPECT_EQ(failure.Error.Line, 2);
     EXPECT_EQ(failure.Error.Column, 1);
-    EXPECT_THAT(rig.Lines(), ElementsAre("- song.mvs", "! Error in wrong.mvs: <name> expected near 'for', line 2", "  tick"));
+    EXPECT_THAT(rig.Lines(),
+                ElementsAre("- song.mvs", "! Error in wrong.mvs: <name> expected near 'for', line 2", "  tick"));
     EXPECT_THAT(rig.Desk.Boxes, IsEmpty());
 }
 

@@ -59,11 +59,13 @@ TEST(ScriptFile, WhatIsNoScriptIsRefusedInWords) {
 }
 
 TEST(ScriptFile, Utf8HasNoHalfLongSurrogateOrTooLargeCharacters) {
-    for (const char* good : {"", "a", "\xC2\x80", "\xE0\xA0\x80", "\xED\x9F\xBF", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
+    for (const char* good :
+         {"", "a", "\xC2\x80", "\xE0\xA0\x80", "\xED\x9F\xBF", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
         EXPECT_TRUE(IsUtf8(good)) << good;
     }
-    for (const char* bad : {"\x80", "\xC3", "\xC0\x80", "\xC1\xBF", "\xE0\x9F\x80", "\xED\xA0\x80", "\xE2\x82",
-                            "\xF0\x8F\x80\x80", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xFF", "\xC3(", "\xE2\x28\xA1"}) {
+    for (const char* bad :
+         {"\x80", "\xC3", "\xC0\x80", "\xC1\xBF", "\xE0\x9F\x80", "\xED\xA0\x80", "\xE2\x82", "\xF0\x8F\x80\x80",
+          "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xFF", "\xC3(", "\xE2\x28\xA1"}) {
         EXPECT_FALSE(IsUtf8(bad)) << bad;
     }
 }
@@ -87,7 +89,7 @@ TEST(ScriptFile, ASaveThatFailsLeavesEveryFileAsItWas) {
     EXPECT_EQ(ReadScript(folder / "a.mvs"), "one");
     EXPECT_TRUE(fs::is_directory(folder / "a.mvs~"));
     EXPECT_THAT(NamesIn(folder), testing::UnorderedElementsAre("a.mvs", "a.mvs~"));
-    EXPECT_EQ(FailureOf([&] { WriteScript(folder / "gone/a.mvs", "two"); }), "Path not found");
+    EXPECT_EQ(FailureOf([&] { WriteScript(folder / "gone/a.mvs", "two"); }), "File not found");
     EXPECT_EQ(FailureOf([&] { WriteScript(folder.Path(), "two"); }), "Path/File access error");
 }
 

@@ -10,6 +10,8 @@ namespace marvolin::test {
 void PictureMainWindow(Album& album);
 /// The browser's pages, its folder tree, and the lists it opens.
 void PictureBrowser(Album& album);
+/// The window of scripts with a text, a wrong line, the search, what it lists and tells, and in a small size.
+void PictureScripts(Album& album);
 /// Save/Open with its file dialogues, the splash, the question at the start, message boxes.
 void PictureDialogues(Album& album);
 

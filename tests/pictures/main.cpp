@@ -41,6 +41,7 @@ int ShowAtScale(int argc, char** argv, const char* folder, const char* scale) {
     PictureMainWindow(album);
     PictureBrowser(album);
     PictureDialogues(album);
+    PictureScripts(album);
     std::printf("%zu pictures at %s\n", album.Count(), scale);
     return 0;
 }

@@ -25,6 +25,10 @@ public:
         Texts.push_back(text);
         if (TopLevel) TopLevel();
     }
+    std::function<void()> Reading;  ///< what a check does
+    void Check(const std::string&) override {
+        if (Reading) Reading();
+    }
     void Reset() override { Texts.emplace_back(); }
     ScriptCode& CodeObject() override { return *this; }
     const ScriptError& Error() const override { return Last; }

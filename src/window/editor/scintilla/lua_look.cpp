@@ -21,7 +21,7 @@ constexpr const char* kLibraries =
     "table.concat table.insert table.move table.pack table.remove table.sort table.unpack utf8.char utf8.charpattern "
     "utf8.codepoint utf8.codes utf8.len utf8.offset";
 
-const QColor kComment{0x8b, 0x94, 0xa1};
+const QColor kComment{0x9a, 0xa2, 0xad};
 const QColor kNumber{0xf2, 0xa6, 0x6b};
 const QColor kString{0x8f, 0xd6, 0x9c};
 const QColor kLibrary{0x8c, 0xc4, 0xff};

@@ -18,7 +18,7 @@ constexpr int kWrongSign = 2;
 constexpr int kTab = 4;  // blanks
 constexpr double kPointsAnInch = 72;
 const QColor kCaretLine{0x2e, 0x32, 0x38};
-const QColor kNumberInk{0x7d, 0x86, 0x93};
+const QColor kNumberInk{0x8b, 0x94, 0xa1};
 
 /// The same font with a size in points, which is all that the library reads.
 QFont InPoints(const QWidget& widget, const QFont& font) {
@@ -63,7 +63,7 @@ void ScintillaView::SetInks(const QFont& font) {
     setCaretLineBackgroundColor(kCaretLine);
     // A filled line would hide the mark of a wrong one.
     setCaretLineFrameWidth(1);
-    setSelectionBackgroundColor(theme::kAmberGround);
+    setSelectionBackgroundColor(kSelectedGround);
     resetSelectionForegroundColor();
     setMatchedBraceForegroundColor(theme::kAccent);
     setMatchedBraceBackgroundColor(theme::kAmberGround);
