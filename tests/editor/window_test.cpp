@@ -114,7 +114,7 @@ TEST(Editor, WhatAScriptPrintsStandsInTheConsole) {
     EditorStage stage;
     stage.Write("print('hello', 1)");
     stage.Click("RunScript");
-    EXPECT_EQ(stage.Window.Console->toPlainText(), "untitled.mvs\nhello\t1");
+    EXPECT_EQ(stage.Window.Console->toPlainText(), "untitled.mvs runs\nhello\t1");
 }
 
 TEST(Editor, ATextOfTenMegabytesIsToldAndKept) {

@@ -69,6 +69,7 @@ FrmScripts::FrmScripts(Session& session, ScriptRoom& room, CodeViewMaker& maker)
     halves->addWidget(MakeFoot());
     halves->setStretchFactor(0, 1);
     halves->setStretchFactor(1, 0);
+    halves->setSizes({kSize.height(), 0});  // the text gets all that the events leave
     column->addWidget(halves, 1);
     Status = new ScriptStatus(s, this);
     column->addWidget(Status);
@@ -144,6 +145,7 @@ QWidget* FrmScripts::MakeFoot() {
     title->addWidget(clear);
     left->addLayout(title);
     Console = new ConsoleView(s, room_.Console, nullptr);
+    Console->setMinimumHeight(60);
     left->addWidget(Console, 1);
     row->addLayout(left, 1);
     auto* right = new QVBoxLayout;

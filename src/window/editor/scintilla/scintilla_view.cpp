@@ -1,5 +1,6 @@
 #include "window/editor/scintilla/scintilla_view.h"
 
+#include <QDragEnterEvent>
 #include <QMimeData>
 #include <QScreen>
 #include <algorithm>
@@ -187,6 +188,16 @@ bool ScintillaView::Find(const std::string& words, Search search) {
     const long last = SendScintilla(SCI_GETLENGTH);
     if (search == Search::Previous) return FindFrom(words, begin, 0) || FindFrom(words, last, 0);
     return FindFrom(words, search == Search::Here ? begin : end, last) || FindFrom(words, 0, last);
+}
+
+void ScintillaView::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls()) return event->ignore();
+    QsciScintilla::dragEnterEvent(event);
+}
+
+void ScintillaView::dragMoveEvent(QDragMoveEvent* event) {
+    if (event->mimeData()->hasUrls()) return event->ignore();
+    QsciScintilla::dragMoveEvent(event);
 }
 
 bool ScintillaView::canInsertFromMimeData(const QMimeData* source) const {

@@ -31,8 +31,10 @@ public:
     bool Find(const std::string& words, Search search) override;
 
 protected:
-    /// Files are not text: the window opens them.
+    // Files are not text: the window opens them.
     bool canInsertFromMimeData(const QMimeData* source) const override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
 
 private:
     void SetMargins(const QFont& font);
