@@ -1,12 +1,16 @@
 // Prints the position of each control of the main window, one per line: "name x y width height", in pixels from the
-// window's inner corner; then those of the browser as "browse/name" and of the Save/Open dialogue as "save/name". The
-// layout is fixed, so the positions hold in the running program too, while the tab of the control is open.
+// window's inner corner; then those of the browser as "browse/name", of the Save/Open dialogue as "save/name", and of the
+// window of scripts as "scripts/name". The layout is fixed, so the positions hold in the running program too, while the
+// tab of the control is open.
 
 #include <QApplication>
 #include <QStackedWidget>
 #include <cstdio>
 
 #include "fakes/fake_services.h"
+#include "scripting/script_room.h"
+#include "window/editor/code_view_module.h"
+#include "window/editor/frm_scripts.h"
 #include "window/forms/frm_browse.h"
 #include "window/forms/frm_main.h"
 #include "window/forms/frm_save.h"
@@ -47,5 +51,15 @@ int main(int argc, char** argv) {
     PrintControls(browse, "browse/");
     FrmSave save(session);
     PrintControls(save, "save/");
+    std::string error;
+    CodeViewMaker* maker = LoadCodeView(MARVOLIN_FOLDER, error);
+    if (maker == nullptr) {
+        std::fprintf(stderr, "%s\n", error.c_str());
+        return 1;
+    }
+    ScriptRoom room;
+    FrmScripts scripts(session, room, *maker);
+    scripts.resize(FrmScripts::kSize);  // as it is where the screen leaves the room
+    PrintControls(scripts, "scripts/");
     return 0;
 }

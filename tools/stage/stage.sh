@@ -2,7 +2,7 @@
 # STAGE_TOOLS, the folder of record_sound, drop_files and listen.
 #
 #   stage_open FOLDER [WIDTHxHEIGHT]   starts the display; all files of the run go to FOLDER
-#   stage_install PROGRAM FOLDER       makes a private program folder with the program and its samples, without the demo
+#   stage_install PROGRAM FOLDER       makes a private program folder with the program and what comes with it, without the demo
 #   stage_start PROGRAM                starts the program and waits for its window: sets WINDOW. Its sound goes to the
 #                                      card, or to where STAGE_CARD says (settings of SDL in the environment)
 #   stage_clear                        closes the splash
@@ -64,7 +64,7 @@ stage_open() {
 stage_install() {
   mkdir -p "$2"
   ln "$1" "$2/" 2>/dev/null || cp "$1" "$2/"
-  cp -r "$(dirname "$1")/Samples" "$2/"
+  cp -r "$(dirname "$1")/"{Samples,Scripts,marvolin-editor.so} "$2/"
 }
 
 stage_start() {

@@ -31,7 +31,6 @@ constexpr Description kTable[] = {
     Button("Examples", "Examples", "Begin with an example", "clk Open List of Examples", 10192),
     {.Name = "ExampleList",
      .Label = "Examples",
-     .Hint = "slct Begin with This Example",
      .Topic = 10193,
      .Role = QAccessible::List,
      .Taken = Keys::Choose | Keys::Press | Keys::Escape},

@@ -26,7 +26,6 @@ namespace marvolin {
 
 namespace {
 
-constexpr QSize kSize(900, 680);
 constexpr QSize kLeast(700, 420);
 constexpr int kEdge = 8;
 constexpr int kButtonHeight = 30;

@@ -22,6 +22,8 @@ class TextButton;
 /// The window in which scripts are written and run. Closing hides it; a script that runs goes on.
 class FrmScripts : public QWidget, public HintWindow {
 public:
+    static constexpr QSize kSize{900, 680};  ///< less on a small screen
+
     /// Room and maker must outlive it.
     FrmScripts(Session& session, ScriptRoom& room, CodeViewMaker& maker);
 
