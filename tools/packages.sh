@@ -2,7 +2,8 @@
 
 # Needed to build the program.
 packages_program=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libsdl2-dev libopenal-dev
-  libsndfile1-dev liblnk-dev libx11-dev liblua5.4-dev liblua5.4-0 fonts-inter)
+  libsndfile1-dev liblnk-dev libx11-dev liblua5.4-dev liblua5.4-0 libqscintilla2-qt6-dev
+  libqscintilla2-qt6-15 fonts-inter)
 # Needed in addition to run without a display.
 packages_stage=(xvfb openbox xdotool imagemagick x11-utils)
 # Needed in addition by the tests.

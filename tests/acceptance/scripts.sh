@@ -51,9 +51,11 @@ write() {
 }
 # red_line: the text has a line on the ground of a wrong one.
 red_line() {
-  local x y w h
+  local x y w h red
   read -r x y w h <<<"${PLACE[scripts/ScriptText]}"
-  [[ $(import -window "$SCRIPTS" -crop "${w}x$h+$x+$y" +repage txt:- | grep -c -i '#4A2020') -gt 2000 ]]
+  red=$(import -window "$SCRIPTS" -crop "${w}x$h+$x+$y" +repage -format '%c' histogram:info:- |
+    sed -n 's/^ *\([0-9]*\): .*#4A2020.*/\1/p')
+  [[ ${red:-0} -gt 2000 ]]
 }
 no_red_line() { ! red_line; }
 # leans SIDE FROM: in the last 400 ms since FROM that side is louder by 10 dB.
@@ -64,6 +66,9 @@ leans() {
   read -r left right <<<"$("$LISTEN" level "$SOUND" $((end - 400)) "$end")"
   if [[ $1 == left ]]; then [[ $left -ge $((right + 1000)) ]]; else [[ $right -ge $((left + 1000)) ]]; fi
 }
+# mapped: the library of the window of scripts is in the program's memory.
+mapped() { grep -q qscintilla "/proc/$PROGRAM/maps"; }
+not_mapped() { ! mapped; }
 report_open() {
   local window
   for window in $(stage_windows); do
@@ -86,8 +91,10 @@ dark=$(face Scripts)
 middle=$(face PanKnob_0)
 
 echo "An example"
+expect "the program has started without the library of that window" not_mapped
 click Scripts
 expect "Scripts opens a window" name_is "untitled.mvs"
+expect "which has loaded it" mapped
 # Beside the main window, of which pictures are taken.
 xdotool windowmove "$SCRIPTS" 10 40
 keep_scripts "empty"

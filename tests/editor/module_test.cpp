@@ -203,6 +203,20 @@ TEST(Scripts, ATextThatIsSavedHoldsNothingUp) {
     EXPECT_EQ(program.Unloads, 1);
 }
 
+TEST(Scripts, AReportStaysInFrontOfTheWindowOfScripts) {
+    Program program;
+    program.ClickScripts();
+    program.Windows.Scripts()->activateWindow();
+    Program::Settle();
+    program.Desktop.Report("Error in code for song.mvs");
+    const QWidget* box = nullptr;
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window->objectName() == "MessageBox") box = window;
+    }
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->windowHandle()->transientParent(), program.Windows.Scripts()->windowHandle());
+}
+
 TEST(Scripts, TheWindowGoesBeforeTheSession) {
     QPointer<QWidget> window;
     {

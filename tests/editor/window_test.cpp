@@ -7,6 +7,7 @@
 #include <QScreen>
 #include <QWindow>
 #include <QtTest/QTest>
+#include <set>
 
 #include "editor_stage.h"
 #include "parameters/scroll_events.h"
@@ -16,6 +17,7 @@
 #include "window/editor/event_list.h"
 #include "window/editor/find_bar.h"
 #include "window/editor/script_status.h"
+#include "window/painted_texts.h"
 
 namespace marvolin {
 namespace {
@@ -35,13 +37,14 @@ TEST(Editor, RunRunsTheTextAndStopStopsIt) {
     EXPECT_TRUE(stage.Room.Runs());
     EXPECT_EQ(stage.Room.Name(), "untitled.mvs");
     EXPECT_TRUE(stage.At("StopScript")->isEnabled());
-    EXPECT_EQ(stage.Window.Status->State(), "untitled.mvs runs; line 4, column 1");
+    EXPECT_EQ(stage.Window.Running->text(), "untitled.mvs runs");
     SendScriptEvent(stage.s, ScriptEvent::OnVolChange, std::array{1.0, 123.0});
     EXPECT_EQ(stage.s.Set[0].Pan, 623);
     stage.Click("StopScript");
     EXPECT_FALSE(stage.Room.Runs());
     EXPECT_FALSE(stage.At("StopScript")->isEnabled());
-    EXPECT_EQ(stage.Window.Status->State(), "no script runs; line 4, column 1");
+    EXPECT_EQ(stage.Window.Running->text(), "no script runs");
+    EXPECT_THAT(test::PaintedTexts(*stage.Window.Status), testing::Contains("line 4, column 1"));
 }
 
 TEST(Editor, TheKeysOfRunAndStopWorkInTheText) {
@@ -194,6 +197,24 @@ TEST(Editor, EveryControlHasItsHintInTheWindowsOwnBar) {
     EXPECT_EQ(stage.s.StatusText, "");
 }
 
+TEST(Editor, NoHintIsCutInTheSmallestWindow) {
+    EditorStage stage;
+    stage.Window.resize(stage.Window.minimumSize());
+    stage.Settle();
+    std::set<std::string> hints;
+    for (const QWidget* control : stage.Window.findChildren<QWidget*>()) {
+        const Described* described = DescribedOf(*control);
+        if (described == nullptr) continue;
+        for (int part = 0; part < kScriptEvents; ++part) hints.insert(described->Hint(part, false));
+    }
+    hints.erase("");
+    EXPECT_GT(hints.size(), 20U);
+    for (const std::string& hint : hints) {
+        stage.Window.ShowHint(hint);
+        EXPECT_THAT(test::PaintedTexts(*stage.Window.Status), testing::Contains(hint));
+    }
+}
+
 TEST(Editor, FindOpensABarThatFindsWhileWordsAreTyped) {
     EditorStage stage;
     stage.Write("one two one");
@@ -263,7 +284,7 @@ TEST(Editor, AScriptRunsOnWhenItsWindowIsClosed) {
     stage.Window.Open();
     stage.Settle();
     EXPECT_TRUE(stage.Window.Console->toPlainText().endsWith("tick"));
-    EXPECT_TRUE(stage.Window.Status->State().startsWith("untitled.mvs runs"));
+    EXPECT_EQ(stage.Window.Running->text(), "untitled.mvs runs");
     EXPECT_TRUE(stage.At("StopScript")->isEnabled());
 }
 
@@ -295,9 +316,9 @@ TEST(Editor, TheWindowFitsItsScreen) {
     const QSize room = stage.Window.screen()->availableSize();
     EXPECT_LE(stage.Window.width(), room.width());
     EXPECT_LE(stage.Window.height(), room.height());
-    stage.Window.resize(700, 420);
+    stage.Window.resize(760, 420);
     stage.Settle();
-    EXPECT_EQ(stage.Window.size(), QSize(700, 420));
+    EXPECT_EQ(stage.Window.size(), QSize(760, 420));
     for (const char* name : {"StopScript", "ScriptText", "Console", "EventList", "ScriptStatusBar", "ClearConsole"}) {
         const QWidget& widget = *stage.At(name);
         const QRect place(widget.mapTo(&stage.Window, QPoint(0, 0)), widget.size());

@@ -29,6 +29,7 @@ struct Library {
 
 const Library kLibraries[] = {
     {"Qt", R"([<"](Q[A-Za-z0-9_/.]*|qt[a-z0-9_/.]*)[>"])", R"(window/.*|main\.cpp)"},
+    {"QScintilla", R"([<"]Qsci/.*[>"])", R"(window/editor/scintilla/.*)"},
     {"SDL", R"([<"](SDL.*)[>"])", R"(audio/openal/.*|performance/joystick/sdl_input\.(h|cpp))"},
     {"OpenAL", R"([<"](AL/.*|al\.h|alc\.h|alext\.h)[>"])", R"(audio/openal/.*)"},
     {"libsndfile", R"([<"]sndfile.*[>"])", R"(audio/openal/wave_file\.(h|cpp))"},

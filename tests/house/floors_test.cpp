@@ -58,6 +58,12 @@ TEST(FloorsCheck, ReportsALibraryHeaderOutsideItsAdapter) {
     }
 }
 
+TEST(FloorsCheck, ReportsTheLibraryOfTheEditorOutsideItsModule) {
+    const std::string text = "#include <Qsci/qsciscintilla.h>\n";
+    EXPECT_EQ(LibrariesOutOfPlace({{"window/editor/frm_scripts.cpp", text}}).size(), 1u);
+    EXPECT_THAT(LibrariesOutOfPlace({{"window/editor/scintilla/scintilla_view.h", text}}), IsEmpty());
+}
+
 TEST(FloorsCheck, ReportsAnIncludeThatGoesUp) {
     EXPECT_THAT(FloorsBroken({{"core/a.cpp", "#include \"audio/device.h\"\n"}}),
                 ElementsAre("core/a.cpp: audio/device.h stands above it"));

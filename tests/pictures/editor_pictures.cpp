@@ -65,7 +65,7 @@ void PictureTexts(Album& album) {
     editor.Press("FindText");
     QTest::keyClicks(editor.Window.findChild<QWidget*>("FindWords"), "pan");
     album.Add(editor.Window, "scripts-find");
-    editor.Window.resize(700, 420);
+    editor.Window.resize(760, 420);
     album.Add(editor.Window, "scripts-small");
     album.AddFocused(editor.Window, "scripts");
 }

@@ -10,6 +10,10 @@
 #include <string>
 
 #include "browser_stage.h"
+#include "plain_view.h"
+#include "scripting/fake_script_control.h"
+#include "window/editor/frm_scripts.h"
+#include "window/editor/script_questions.h"
 #include "window/forms/frm_save.h"
 #include "window/forms/frm_splash.h"
 #include "window/forms/frm_start_up_query.h"
@@ -25,12 +29,18 @@ struct AllForms : Browser {
         visit("frmMain", *Form);
         visit("frmBrowse", Window);
         visit("frmSave", Save);
+        visit("frmScripts", Scripts);
         visit("frmSplash", Splash);
         visit("frmStartUpQuery", Query);
         EachDialogue([&](QWidget& dialogue) { visit("dialogues", dialogue); });
     }
 
     FrmSave Save{s};
+    FakeScriptControl Engine;
+    ScriptHost Host{Engine, Desk};
+    ScriptRoom Room;
+    PlainViews Views;
+    FrmScripts Scripts{s, Room, Views};
     FrmSplash Splash;
     FrmStartUpQuery Query{s};
 
@@ -42,6 +52,7 @@ private:
         }
         QtDesktop desk;
         WhileOpen(visit, [&] { desk.MessageBox("Sure?", "Question", BoxStyle::Question); });
+        WhileOpen(visit, [&] { AskUnsaved(Scripts, "song.mvs"); });
     }
 
     /// Visits the dialogue that `open` opens, and closes it.

@@ -52,7 +52,7 @@ constexpr Description kTable[] = {
     {.Name = "FindBar", .Topic = 10203, .Role = QAccessible::ToolBar},
     {.Name = "FindWords",
      .Label = "Words to find",
-     .Hint = "type Words to Find; key Return Next; key Shift+Return Previous; key Esc Closes",
+     .Hint = "type Words; key Return Next; key Shift+Return Previous; key Esc Close",
      .Topic = 10204,
      .Role = QAccessible::EditableText,
      .Taken = Keys::Type | Keys::Press | Keys::Escape},

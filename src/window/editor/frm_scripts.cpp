@@ -1,8 +1,9 @@
 #include "window/editor/frm_scripts.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QCursor>
 #include <QDragEnterEvent>
-#include <QLabel>
 #include <QMimeData>
 #include <QScreen>
 #include <QShortcut>
@@ -26,7 +27,7 @@ namespace marvolin {
 
 namespace {
 
-constexpr QSize kLeast(700, 420);
+constexpr QSize kLeast(760, 420);
 constexpr int kEdge = 8;
 constexpr int kButtonHeight = 30;
 constexpr int kListWidth = 620;
@@ -73,6 +74,12 @@ FrmScripts::FrmScripts(Session& session, ScriptRoom& room, CodeViewMaker& maker)
     Status = new ScriptStatus(s, this);
     column->addWidget(Status);
     list_ = new PopupList(s, this, "ExampleList");
+    list_->OnHide = [this] {
+        // The list has had the pointer: the button has not seen it go.
+        QEvent left(QEvent::Leave);
+        if (!examples_->rect().contains(examples_->mapFromGlobal(QCursor::pos())))
+            QApplication::sendEvent(examples_, &left);
+    };
     list_->OnChoose = [this](int row) {
         list_->hide();
         Document->BeginExample(row);
@@ -135,7 +142,12 @@ QWidget* FrmScripts::MakeFoot() {
     auto* left = new QVBoxLayout;
     left->setSpacing(4);
     auto* title = new QHBoxLayout;
-    title->addWidget(Heading("Console"), 1);
+    title->setSpacing(16);
+    title->addWidget(Heading("Console"));
+    Running = Heading("");
+    Running->setTextFormat(Qt::PlainText);
+    Running->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // a long name is cut
+    title->addWidget(Running, 1);
     auto* clear = new TextButton(s, nullptr, "ClearConsole", [this] {
         room_.Console.Clear();
         Refresh();
@@ -225,7 +237,9 @@ void FrmScripts::Refresh() {
     undo_->setEnabled(View->CanUndo());
     redo_->setEnabled(View->CanRedo());
     stop_->setEnabled(room_.Runs());
-    Status->ShowState(ToQString(room_.Name()), View->Caret());
+    Running->setText(room_.Runs() ? ToQString(room_.Name() + " runs") : QString("no script runs"));
+    Running->setStyleSheet(room_.Runs() ? "color: #5fd07a;" : "color: #9aa2ad;");
+    Status->ShowCaret(View->Caret());
     Events->update();
     Console->Refresh();
     ShowFailure();

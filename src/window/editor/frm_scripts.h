@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLabel>
 #include <QTimer>
 #include <QWidget>
 #include <cstdint>
@@ -40,6 +41,7 @@ public:
     EventList* Events = nullptr;
     FindBar* Find = nullptr;
     ScriptStatus* Status = nullptr;
+    QLabel* Running = nullptr;  ///< says whether a script runs, and which
 
 protected:
     void closeEvent(QCloseEvent* event) override;
