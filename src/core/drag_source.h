@@ -26,6 +26,7 @@ inline constexpr char kPatterns[] = "Patterns";
 inline constexpr char kPickDir[] = "PickDir";
 inline constexpr char kPickFile[] = "PickFile";
 inline constexpr char kPosBall[] = "PosBall";
+inline constexpr char kStatusBar[] = "StatusBar1";
 inline constexpr char kTabControl[] = "TabControl";
 }  // namespace drags
 
@@ -39,5 +40,8 @@ struct DragSource {
     std::string Tag;
     friend bool operator==(const DragSource&, const DragSource&) = default;
 };
+
+/// Whether `source` is the dragged question mark.
+inline bool IsHelpDrag(const DragSource& source) { return source.Tag == kHelpDragName || source.Name == kHelpDragName; }
 
 }  // namespace marvolin

@@ -17,7 +17,7 @@ bool ShowHelp(Session& s, std::string_view name, std::int32_t topic) {
 }
 
 bool IsHelpDrop(Session& s, const DragSource& source, std::int32_t topic) {
-    if (source.Tag != kHelpDragName && source.Name != kHelpDragName) return false;
+    if (!IsHelpDrag(source)) return false;
     ShowHelp(s, kHelpDragName, topic);
     return true;
 }

@@ -30,7 +30,11 @@ bool AnyIsControlled(const Session& s) {
     return false;
 }
 
-bool Always(const Session&, Row, const DragSource&) { return true; }
+// An entry of the palette; a LoopTrack without a sample has nothing to reverse.
+bool ActsFromPalette(const Session& s, Row row, const DragSource&) {
+    if (s.HistoryChoice == kHistoryReverse) return row != kSelectionRow && s.Run[row].Loaded != False;
+    return row != kSelectionRow || AnyIsControlled(s);
+}
 
 bool Fades(const Session&, Row, const DragSource& source) {
     return source.Tag == kFadeTag && source.Index >= 0 && source.Index <= kSelectionRow;
@@ -57,7 +61,7 @@ bool LoadsLoopTrack(const Session& s, Row row, const DragSource& source) {
            s.Run[source.Index].Loaded != False;
 }
 
-constexpr std::array<DropHandler, 10> kDropHandlers{{{drags::kHistoryList, DropHistory, Always},
+constexpr std::array<DropHandler, 10> kDropHandlers{{{drags::kHistoryList, DropHistory, ActsFromPalette},
                                                      {drags::kLetr, DropFade, Fades},
                                                      {drags::kPosBall, DropFade, Fades},
                                                      {drags::kCloneTime, DropTimingElement, CopiesTiming},
@@ -77,7 +81,7 @@ const DropHandler* HandlerOf(const DragSource& source) {
 }  // namespace
 
 bool LoopTakesDrop(const Session& s, Row row, const DragSource& source) {
-    if (source.Tag == kHelpDragName || source.Name == kHelpDragName) return true;
+    if (IsHelpDrag(source)) return true;
     if (source.Name == drags::kClipBoardList) return row != kSelectionRow && HasClip(s, s.Clips.Selected);
     if (clsDropperManager().IsDropping(source)) return DropperReaches(row, source);
     const DropHandler* handler = HandlerOf(source);

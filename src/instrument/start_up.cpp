@@ -6,6 +6,7 @@
 #include "audio/device.h"
 #include "core/busy_pointer.h"
 #include "core/files/paths.h"
+#include "core/help.h"
 #include "core/routines.h"
 #include "instrument/init_main_form.h"
 #include "instrument/trapped_error.h"
@@ -107,7 +108,7 @@ bool Form_Load(Session& s, const StartUpHooks& hooks) {
 void Form_Activate(Session& s) {
     if (!s.FirstActivate) return;
     s.HelpShown = false;
-    s.HelpFile = JoinPath(s.World.Desk.ProgramFolder(), "Help/marvolin.chm");
+    s.HelpFile = JoinPath(s.World.Desk.ProgramFolder(), std::string(kHelpFile));
     ReadWorkArea(s);
     s.FirstActivate = false;
     s.World.Forms.EnablePadBalls(true);

@@ -17,6 +17,7 @@
 #include "window/forms/frm_save.h"
 #include "window/forms/frm_splash.h"
 #include "window/forms/frm_start_up_query.h"
+#include "window/help/help_viewer.h"
 #include "window/toolkit/qt_desktop.h"
 
 namespace marvolin::test {
@@ -32,6 +33,7 @@ struct AllForms : Browser {
         visit("frmScripts", Scripts);
         visit("frmSplash", Splash);
         visit("frmStartUpQuery", Query);
+        visit("frmHelp", Help);
         EachDialogue([&](QWidget& dialogue) { visit("dialogues", dialogue); });
     }
 
@@ -43,6 +45,7 @@ struct AllForms : Browser {
     FrmScripts Scripts{s, Room, Views};
     FrmSplash Splash;
     FrmStartUpQuery Query{s};
+    HelpViewer Help;
 
 private:
     void EachDialogue(const std::function<void(QWidget&)>& visit) {

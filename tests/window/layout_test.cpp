@@ -75,14 +75,6 @@ TEST(Layout, ControlsThatAreNotPureMouseSurfacesAreReachedByTab) {
     }
 }
 
-TEST(Layout, AControlWithoutItsFeatureIsDisabledAndSaysSo) {
-    Stage stage;
-    for (const char* name : {"OptionHelp"}) {
-        EXPECT_FALSE(stage.At(name)->isEnabled());
-        EXPECT_TRUE(stage.At(name)->toolTip().contains("not available yet"));
-    }
-}
-
 TEST(Mini, CutsTheWindowBelowTheRowsAndBack) {
     Stage stage;
     const int regular = stage.Form->height();

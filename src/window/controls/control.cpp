@@ -8,8 +8,8 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 
+#include "instrument/dropped_files.h"
 #include "instrument/loop_drops.h"
-#include "performance/drops/file_drops.h"
 #include "window/toolkit/drag.h"
 
 namespace marvolin {
@@ -182,7 +182,8 @@ void Control::keyPressEvent(QKeyEvent* event) {
 
 void Control::dragEnterEvent(QDragEnterEvent* event) {
     const auto source = FromMimeData(*event->mimeData());
-    const bool takes = source ? TakesDrop(*source) : dropRow_ >= 0 && TakesFiles(FilePaths(*event->mimeData()));
+    const bool takes =
+        source ? TakesDrop(*source) : dropRow_ >= 0 && TakesDroppedFiles(dropRow_, FilePaths(*event->mimeData()));
     event->setAccepted(takes);
 }
 
@@ -191,7 +192,7 @@ void Control::dropEvent(QDropEvent* event) {
     if (const auto source = FromMimeData(*event->mimeData())) {
         Drop(*source);
     } else if (dropRow_ >= 0) {
-        DropFilesOnRow(s, dropRow_, FilePaths(*event->mimeData()));
+        DropFiles(s, dropRow_, FilePaths(*event->mimeData()));
     }
 }
 

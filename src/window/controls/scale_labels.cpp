@@ -42,8 +42,11 @@ void ScaleLabels::paintEvent(QPaintEvent*) {
     p.drawText(QRectF(0, 2, 30, 14), Qt::AlignVCenter | Qt::AlignLeft, scale.Name);
 }
 
-CurrentBadge::CurrentBadge(Session& session, QWidget* parent) : Control(session, parent, "CurrentLoop") {
-    setAttribute(Qt::WA_TransparentForMouseEvents);
+CurrentBadge::CurrentBadge(Session& session, QWidget* parent) : Control(session, parent, "CurrentLoop") {}
+
+// It lies on the frame "Patterns", which is dragged here, too.
+void CurrentBadge::Gesture(Phase phase, std::int16_t, QPointF) {
+    if (phase == Phase::Down) ArmDrag({drags::kPatterns, 0, ""});
 }
 
 void CurrentBadge::paintEvent(QPaintEvent*) {

@@ -22,6 +22,7 @@ public:
     CurrentBadge(Session& session, QWidget* parent);
 
 protected:
+    void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void paintEvent(QPaintEvent* event) override;
 };
 

@@ -4,6 +4,7 @@
 #include "browser/destinations.h"
 #include "browser/sample_bins.h"
 #include "core/drag_source.h"
+#include "window/descriptions/parts.h"
 
 namespace marvolin {
 
@@ -16,6 +17,7 @@ std::string FolderTip(const Situation& at) { return BinOf(at).Folder; }
 /// Name and size of the sample under the pointer, and what the mouse does here.
 std::string SampleHint(const Situation& at) {
     const SampleBin& bin = BinOf(at);
+    if (bin.Rows.empty()) return "clk Choose a Folder for this Bin";
     if (at.Part < 0 || static_cast<std::size_t>(at.Part) >= bin.Rows.size()) return "";
     const BinRow& sample = bin.Rows[static_cast<std::size_t>(at.Part)];
     return sample.Name + " (" + sample.Size + "k) " +
@@ -27,11 +29,17 @@ std::string ComponentCaption(const Situation& at) {
     return std::string(kComponentTexts[static_cast<std::size_t>(at.Index)]);
 }
 
+std::string StatusHint(const Situation& at) { return at.Part == kHelpPanel ? kHelpPanelHint : ""; }
+
 constexpr Indices kBinIndices{0, kBins - 1};
 
 constexpr Description kBrowserTable[] = {
     {.Name = "frmBrowse", .Topic = 10120, .Role = QAccessible::Window},
-    {.Name = "Sstab", .Topic = 10121, .Role = QAccessible::PageTabList, .Taken = Keys::Choose},
+    {.Name = "Sstab",
+     .Hint = "clk Open Tab: 1-3 the Sample Bins, ClipBrd the Clipboard",
+     .Topic = 10121,
+     .Role = QAccessible::PageTabList,
+     .Taken = Keys::Choose},
     {.Name = "BrowsePages", .Topic = 10122, .Role = QAccessible::LayeredPane},
     {.Name = drags::kPickDir,
      .Range = kBinIndices,
@@ -54,6 +62,7 @@ constexpr Description kBrowserTable[] = {
      .Range = kBinIndices,
      .Caption = kClickPlayText,
      .Tip = "Starts the LoopTrack after loading into it",
+     .Hint = "clk On: the LoopTrack plays at once when a Sample loads into it",
      .Topic = 10125,
      .Role = QAccessible::CheckBox,
      .Taken = Keys::Press},
@@ -79,6 +88,7 @@ constexpr Description kBrowserTable[] = {
     {.Name = "Components",
      .Range = {0, static_cast<int>(kComponentTexts.size()) - 1},
      .Caption = ComponentCaption,
+     .Hint = "clk On: a right drag of a Clip copies this",
      .Topic = 10129,
      .Role = QAccessible::CheckBox,
      .Taken = Keys::Press},
@@ -93,10 +103,16 @@ constexpr Description kBrowserTable[] = {
      .Caption = "Clear all",
      .Label = "Removes all clips, after a question",
      .Tip = kLabelAsTip,
+     .Hint = "clk Remove all Clips; you are asked first",
      .Topic = 10131,
      .Role = QAccessible::Button,
      .Taken = Keys::Press},
-    {.Name = "BrowseStatusBar1", .Topic = 10132, .Role = QAccessible::StatusBar},
+    {.Name = "BrowseStatusBar1",
+     .Label = "Hints",
+     .Tip = kHelpPanelTip,
+     .Hint = StatusHint,
+     .Topic = 10132,
+     .Role = QAccessible::StatusBar},
 };
 
 }  // namespace

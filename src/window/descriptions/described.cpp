@@ -9,6 +9,7 @@
 #include <QPointer>
 #include <QTabBar>
 #include <QWheelEvent>
+#include <utility>
 
 #include "core/routines.h"
 #include "window/toolkit/hint_window.h"
@@ -18,6 +19,21 @@
 namespace marvolin {
 
 namespace {
+
+/// The main window; null when there is none.
+HintWindow* MainWindow() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        auto* main = dynamic_cast<HintWindow*>(window);
+        if (main != nullptr && main->TakesHintsOfOthers()) return main;
+    }
+    return nullptr;
+}
+
+/// Whether the focus came by the keyboard.
+bool CameByKey(const QEvent& event) {
+    const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
+    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
+}
 
 /// The widget that gets the pointer's events.
 QWidget& PointedAt(QWidget& widget) {
@@ -78,7 +94,7 @@ Described& Attach(Session* session, QWidget& widget, std::string_view name, int 
 Described::Described(Session* session, QWidget& widget, const Description& row, int index)
     : QObject(&widget), session_(session), widget_(widget), row_(row), index_(index) {
     QWidget& pointed = PointedAt(widget_);
-    if (session_ != nullptr && !row_.Hint.Empty()) pointed.setMouseTracking(true);
+    if (!row_.Hint.Empty()) pointed.setMouseTracking(true);
     pointed.installEventFilter(this);
     if (&pointed != &widget_) widget_.installEventFilter(this);
     ScrollWatch::Of(*qApp);  // sees every scroll from its beginning
@@ -98,17 +114,40 @@ std::string Described::Tip() const {
 
 std::string Described::Value() const { return Say(row_.Value); }
 std::string Described::Shortcut() const { return Say(row_.Shortcut); }
-std::string Described::Hint(int part, bool held) const { return Say(row_.Hint, part, held); }
+std::string Described::Hint(int part, bool held) const {
+    std::string hint = Say(row_.Hint, part, held);
+    if (hint.empty() || widget_.isEnabled()) return hint;
+    const std::string off = Say(row_.Off);
+    return off.empty() ? hint : off + ": " + hint;
+}
 
 void Described::RefreshTip() { widget_.setToolTip(ToQString(Tip())); }
 
 void Described::ShowHint(int part, bool held) {
     const std::string hint = Hint(part, held);
-    if (hint.empty() || session_ == nullptr) return;
-    if (auto* window = dynamic_cast<HintWindow*>(widget_.window())) {
-        window->ShowHint(hint);
-    } else {
+    if (hint.empty()) return;
+    shown_ = hint;
+    if (HintWindow* bar = Bar()) {
+        bar->ShowHint(hint);
+    } else if (session_ != nullptr) {
         ShowStatus(*session_, hint);
+    }
+}
+
+/// Null when the hint goes to the main window of the session, which is not known here.
+HintWindow* Described::Bar() const {
+    auto* own = dynamic_cast<HintWindow*>(widget_.window());
+    return own != nullptr || session_ != nullptr ? own : MainWindow();
+}
+
+// What a gesture or a report has written since stays.
+void Described::TakeHintAway() {
+    const std::string shown = std::exchange(shown_, {});
+    if (shown.empty()) return;
+    if (HintWindow* bar = Bar()) {
+        bar->TakeHintAway(shown);
+    } else if (session_ != nullptr && session_->StatusText == shown) {
+        ShowStatus(*session_, "");
     }
 }
 
@@ -163,15 +202,21 @@ bool Described::eventFilter(QObject* object, QEvent* event) {
         event->accept();  // it does not go to the control below either
         return true;
     }
+    if (object == &widget_ && event->type() == QEvent::FocusIn && CameByKey(*event)) ShowHint(0, false);
     if (object != &PointedAt(widget_)) return false;
     if (!resending_ && IsMouse(*event) && TakesFromHolder(*object, static_cast<const QMouseEvent&>(*event))) {
         event->accept();
         return true;
     }
-    // A disabled control gets the pointer's moves too, and ignores them.
-    if (event->type() == QEvent::MouseMove && widget_.isEnabled()) {
+    if (event->type() == QEvent::Leave) TakeHintAway();
+    // A disabled control gets the pointer's moves too.
+    if (event->type() == QEvent::MouseMove) {
         const auto& move = static_cast<const QMouseEvent&>(*event);
         HintAt(move.position(), move.buttons() != Qt::NoButton);
+        if (!widget_.isEnabled()) {  // what lies below it would show its own
+            event->accept();
+            return true;
+        }
     }
     return false;
 }

@@ -14,6 +14,8 @@ class QWidget;
 
 namespace marvolin {
 
+class HintWindow;
+
 /// A widget whose hint differs from part to part.
 class HasParts {
 public:
@@ -24,7 +26,9 @@ public:
 
 /// The texts of a widget, from its row of the table. Owned by the widget; handles the widget's events before the widget
 /// does. Rules for every control, the toolkit's own included, are here:
-/// - A move of the pointer over the control shows its hint.
+/// - A move of the pointer over the control shows its hint, and so does the Tab key that reaches it. The hint goes when
+/// the
+///   pointer leaves the control, unless something else is shown by then.
 /// - Nothing acts in passing. The wheel turns the control over which the scroll began; a closed list and a strip of
 ///   tabs take no wheel, and a closed list no key that would choose an entry. While a mouse button is down, on this
 ///   control or another, neither the wheel nor a key of the table acts.
@@ -43,12 +47,13 @@ public:
     std::string Tip() const;
     std::string Value() const;
     std::string Shortcut() const;
+    /// What the status line shows: the hint, and in front of it, while the control is disabled, why it is.
     std::string Hint(int part, bool held) const;
 
     /// Sets the tool tip again after something changed that it depends on.
     void RefreshTip();
     /// Shows the hint in the status bar of the widget's window, or of the main window when it has none. An empty hint
-    /// leaves the bar unchanged.
+    /// leaves the bar unchanged. Without a session there is a hint only where its text is always the same.
     void ShowHint(int part, bool held);
 
 protected:
@@ -59,6 +64,8 @@ private:
     bool TakesFromHolder(QObject& pointed, const QMouseEvent& event);
     std::string Say(const ControlText& text, int part = 0, bool held = false) const;
     void HintAt(QPointF place, bool held);
+    void TakeHintAway();
+    HintWindow* Bar() const;
 
     Session* const session_;
     QWidget& widget_;
@@ -66,6 +73,7 @@ private:
     const int index_;
     Qt::MouseButton holder_ = Qt::NoButton;  // the button that holds the control
     bool resending_ = false;
+    std::string shown_;  // the hint that this control showed last
 };
 
 /// Gives `widget` its row of the table: object name, caption of a button, accessible name, tool tip, hint and the rules

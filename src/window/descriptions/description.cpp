@@ -4,6 +4,7 @@
 
 #include "window/descriptions/browser.h"
 #include "window/descriptions/dialogues.h"
+#include "window/descriptions/help.h"
 #include "window/descriptions/loop_rows.h"
 #include "window/descriptions/main_window.h"
 #include "window/descriptions/mix_pad.h"
@@ -16,7 +17,7 @@
 
 namespace marvolin {
 
-std::array<DescriptionTable, 12> DescriptionTables() {
+std::array<DescriptionTable, 13> DescriptionTables() {
     return {{{"frmMain", MainWindowDescriptions()},
              {"frmMain", LoopRowDescriptions()},
              {"frmMain", MixPadDescriptions()},
@@ -28,7 +29,8 @@ std::array<DescriptionTable, 12> DescriptionTables() {
              {"frmSplash", SplashDescriptions()},
              {"frmStartUpQuery", StartUpQueryDescriptions()},
              {"frmScripts", ScriptsDescriptions()},
-             {"dialogues", DialogueDescriptions()}}};
+             {"dialogues", DialogueDescriptions()},
+             {"frmHelp", HelpDescriptions()}}};
 }
 
 const Description& DescriptionOf(std::string_view name, int index) {

@@ -40,8 +40,8 @@ struct Indices {
 ///
 /// Help topics are numbers from 10001, one for each name, in tens by place: 10001 the main window, 10020 a LoopTrack's
 /// row, 10040 the mix pad, 10060 splash, start-up question and message boxes, 10070 the sound map, 10080 patterns and
-/// timing, 10100 options, 10120 the browser, 10140 Save/Open, 10160 the file dialogue, 10190 scripts. Letter, sound
-/// display and ground of a row share the page of the LoopTrack, 10022.
+/// timing, 10100 options, 10120 the browser, 10140 Save/Open, 10160 the file dialogue, 10190 the window of Help, 10210
+/// that of scripts. Letter, sound display and ground of a row share the page of the LoopTrack, 10022.
 struct Description {
     std::string_view Name;  ///< the object name, in an array without "_" and the index
     Indices Range{};
@@ -49,6 +49,7 @@ struct Description {
     ControlText Label{};    ///< the accessible name; the caption when it is empty
     ControlText Tip{};      ///< the tool tip
     ControlText Hint{};     ///< for the status line
+    ControlText Off{};      ///< in front of the hint while the control is disabled: why it is
     std::int32_t Topic = 0;
     QAccessible::Role Role = QAccessible::NoRole;
     Keys Taken = Keys::None;
@@ -66,7 +67,7 @@ struct DescriptionTable {
 };
 
 /// All rows, by form.
-std::array<DescriptionTable, 12> DescriptionTables();
+std::array<DescriptionTable, 13> DescriptionTables();
 
 /// The row of a control. Throws `std::out_of_range` for one that is not in the table.
 const Description& DescriptionOf(std::string_view name, int index = -1);

@@ -36,7 +36,20 @@ std::string TabCaption(const Situation& at) {
     return kCaptions[static_cast<std::size_t>(at.Index)];
 }
 
-std::string TabHint(const Situation& at) { return at.State.ActiveTab == kPatternTab ? kSequenceHint : ""; }
+std::string TabControlHint(const Situation& at) { return at.State.ActiveTab == kPatternTab ? kSequenceHint : ""; }
+
+std::string TabHint(const Situation& at) {
+    if (at.State.ActiveTab == kPatternTab) return kSequenceHint;
+    constexpr std::array<const char*, kTabs> kHints{
+        "clk Open Mix Pad: one Ball mixes the four Channels", "clk Open Sound Map: LoopTracks around a Listener",
+        "clk Open Patterns & Timing of a LoopTrack",
+        "clk Open Options: Sound Driver, Joystick, Mouse, Scripting, Timing"};
+    return kHints[static_cast<std::size_t>(at.Index)];
+}
+
+std::string QuickLoadHint(const Situation& at) {
+    return at.State.QuickLoadTag == kLeftButton ? "clk Load Session" : "clk Open Session in the Save/Open Dialogue";
+}
 
 std::string ScriptsHint(const Situation& at) {
     return at.State.ScriptAvailable ? "clk Open Scripting" : "Scripts need Lua 5.4: install the package liblua5.4-0";
@@ -44,9 +57,7 @@ std::string ScriptsHint(const Situation& at) {
 
 std::string StatusValue(const Situation& at) { return at.State.StatusText; }
 
-std::string StatusHint(const Situation& at) {
-    return at.Part == kHelpPanel ? "drg Question Mark to Control for Help" : "";
-}
+std::string StatusHint(const Situation& at) { return at.Part == kHelpPanel ? kHelpPanelHint : ""; }
 
 constexpr Description kMainWindowTable[] = {
     {.Name = "frmMain", .Topic = 10001, .Role = QAccessible::Window},
@@ -124,13 +135,21 @@ constexpr Description kMainWindowTable[] = {
      .Taken = Keys::Press},
     {.Name = "StatusBar1",
      .Label = "Hints",
-     .Tip = "Drag and drop onto a control to get help on it",
+     .Tip = kHelpPanelTip,
      .Hint = StatusHint,
      .Topic = 10012,
      .Role = QAccessible::StatusBar,
      .Value = StatusValue},
-    {.Name = "StatusBar2", .Label = "Session and device", .Topic = 10013, .Role = QAccessible::StatusBar},
-    {.Name = drags::kTabControl, .Label = "Tabs", .Hint = TabHint, .Topic = 10014, .Role = QAccessible::PageTabList},
+    {.Name = "StatusBar2",
+     .Label = "Session and device",
+     .Hint = "Today; Sound Driver, its Period & Delay; Session; Load of the Sound",
+     .Topic = 10013,
+     .Role = QAccessible::StatusBar},
+    {.Name = drags::kTabControl,
+     .Label = "Tabs",
+     .Hint = TabControlHint,
+     .Topic = 10014,
+     .Role = QAccessible::PageTabList},
     {.Name = "Tab",
      .Range = {0, kTabs - 1},
      .Caption = TabCaption,
@@ -155,6 +174,8 @@ constexpr Description kMainWindowTable[] = {
      .Role = QAccessible::Graphic},
     {.Name = "QuickLoad",
      .Label = "Sessions of the current folder",
+     .Hint = QuickLoadHint,
+     .Off = "off: the Folder of the Sessions is gone",
      .Topic = 10019,
      .Role = QAccessible::List,
      .Taken = Keys::Choose | Keys::Press | Keys::Escape},

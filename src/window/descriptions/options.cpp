@@ -1,5 +1,6 @@
 #include "window/descriptions/options.h"
 
+#include "core/routines.h"
 #include "parameters/scroll_events.h"
 #include "performance/joystick/joystick_setup.h"
 #include "sequencing/loop_clock.h"
@@ -31,6 +32,36 @@ std::string SensitivityHint(const Situation& at) { return ScrollSensitivityText(
 
 std::string ResolutionHint(const Situation& at) { return TimingResText(at.State); }
 
+std::string SubTabHint(const Situation& at) {
+    constexpr std::array<const char*, 4> kHints{
+        "clk Open Options of the Joystick", "clk Open Options of the Mouse: Knobs, 3d Position",
+        "clk Open Options of Scripting: Moves an Event", "clk Open Options of Timing: Interval of the Step Clock"};
+    return kHints[static_cast<std::size_t>(at.Index)];
+}
+
+std::string ButtonHint(const Situation& at) {
+    constexpr std::array<const char*, 5> kHints{"slct Joystick Button: while it is held, the Hat is ignored",
+                                                "slct Joystick Button that puts Ball or Listener on the Centre",
+                                                "slct Joystick Button \"Twist Centre\", which moves no sound",
+                                                "slct Joystick Button that flips Relative Movement",
+                                                "slct Joystick Button \"ToggleTwist\", which moves no sound"};
+    return kHints[static_cast<std::size_t>(at.Index)];
+}
+
+std::string AxisHint(const Situation& at) {
+    return at.Index == kMasterAxis ? "slct Joystick Axis that turns the Master Volume"
+                                   : "slct Joystick Axis \"Twist\", which moves no sound";
+}
+
+std::string FactorHint(const Situation& at) {
+    constexpr std::array<const char*, 3> kHints{"drg Reach of a Relative Movement: ", "drg Reach of the whole Stick: ",
+                                                "drg Reach of the Twist, which moves no sound: "};
+    return kHints[static_cast<std::size_t>(at.Index)] + NumberText(at.State.Joy.Factor[at.Index] / 1000.0) + " x";
+}
+
+constexpr const char* kNoStick = "off without a Joystick";
+constexpr const char* kResetHint = "clk On: a Sample that loads puts Vol, Pan, Freq, Patterns & Timing back to Plain";
+constexpr const char* kPositionUpdateHint = "clk On: Sound follows the Drag; Off: Sound follows when the Drag ends";
 constexpr const char* kPositionUpdateTip = "On: the sound follows the drag. Off: it follows when the drag ends.";
 
 constexpr Description kOptionTable[] = {
@@ -38,6 +69,7 @@ constexpr Description kOptionTable[] = {
     {.Name = "cboDrivers",
      .Label = "Sound driver",
      .Tip = kLabelAsTip,
+     .Hint = "slct Sound Driver; the LoopTracks play on there",
      .Topic = 10101,
      .Role = QAccessible::ComboBox,
      .Taken = Keys::Choose | Keys::Press},
@@ -45,6 +77,7 @@ constexpr Description kOptionTable[] = {
      .Caption = "Reset on Load",
      .Label = "Loading a sample resets the settings of its LoopTrack",
      .Tip = kLabelAsTip,
+     .Hint = kResetHint,
      .Topic = 10102,
      .Role = QAccessible::CheckBox,
      .Taken = Keys::Press},
@@ -52,19 +85,22 @@ constexpr Description kOptionTable[] = {
      .Caption = "Play after a drop",
      .Label = "A sample that is dropped on a LoopTrack plays at once",
      .Tip = kLabelAsTip,
+     .Hint = "clk On: a Sample that is dropped on a LoopTrack plays at once",
      .Topic = 10115,
      .Role = QAccessible::CheckBox,
      .Taken = Keys::Press},
     {.Name = "OptionHelp",
      .Caption = "Help",
      .Label = "Help on the options",
-     .Tip = "Help on the options (not available yet)",
+     .Tip = kLabelAsTip,
+     .Hint = "clk Open Help on the Options",
      .Topic = 10103,
      .Role = QAccessible::Button,
      .Taken = Keys::Press},
     {.Name = "OptionSubTab",
      .Range = {0, 3},
      .Caption = SubTabCaption,
+     .Hint = SubTabHint,
      .Topic = 10104,
      .Role = QAccessible::PageTab,
      .Taken = Keys::Press},
@@ -74,6 +110,8 @@ constexpr Description kOptionTable[] = {
      .Range = {0, 4},
      .Label = ButtonLabel,
      .Tip = kLabelAsTip,
+     .Hint = ButtonHint,
+     .Off = kNoStick,
      .Topic = 10107,
      .Role = QAccessible::ComboBox,
      .Taken = Keys::Choose | Keys::Press},
@@ -81,6 +119,8 @@ constexpr Description kOptionTable[] = {
      .Range = {0, 1},
      .Label = AxisLabel,
      .Tip = kLabelAsTip,
+     .Hint = AxisHint,
+     .Off = kNoStick,
      .Topic = 10108,
      .Role = QAccessible::ComboBox,
      .Taken = Keys::Choose | Keys::Press},
@@ -88,12 +128,14 @@ constexpr Description kOptionTable[] = {
      .Range = {0, 2},
      .Label = FactorLabel,
      .Tip = FactorTip,
+     .Hint = FactorHint,
      .Topic = 10109,
      .Role = QAccessible::Slider,
      .Taken = Keys::Turn},
     {.Name = "DragAxisSelect",
      .Label = "Direction in which knobs are dragged",
      .Tip = kLabelAsTip,
+     .Hint = "slct Direction in which Knobs are dragged",
      .Topic = 10110,
      .Role = QAccessible::ComboBox,
      .Taken = Keys::Choose | Keys::Press},
@@ -101,6 +143,7 @@ constexpr Description kOptionTable[] = {
      .Range = {0, 0},
      .Caption = "Listener",
      .Tip = kPositionUpdateTip,
+     .Hint = kPositionUpdateHint,
      .Topic = 10111,
      .Role = QAccessible::CheckBox,
      .Taken = Keys::Press},
@@ -108,6 +151,7 @@ constexpr Description kOptionTable[] = {
      .Range = {1, 1},
      .Caption = "Loop",
      .Tip = kPositionUpdateTip,
+     .Hint = kPositionUpdateHint,
      .Topic = 10111,
      .Role = QAccessible::CheckBox,
      .Taken = Keys::Press},
@@ -115,6 +159,7 @@ constexpr Description kOptionTable[] = {
      .Range = {2, 2},
      .Caption = "Listener Rotation",
      .Tip = kPositionUpdateTip,
+     .Hint = kPositionUpdateHint,
      .Topic = 10111,
      .Role = QAccessible::CheckBox,
      .Taken = Keys::Press},
@@ -136,6 +181,7 @@ constexpr Description kOptionTable[] = {
     {.Name = "ResReadout",
      .Label = "Interval of the step clock",
      .Tip = kLabelAsTip,
+     .Hint = ResolutionHint,
      .Topic = 10114,
      .Role = QAccessible::StaticText},
 };

@@ -7,8 +7,11 @@ namespace marvolin {
 /// Of `DropDown`: the grip along its top, by which it is dragged, and the rest, which opens the list.
 enum DropDownPart : int { kOpeningPart = 0, kGripPart = 1 };
 
-/// Of `StatusBar1`: the panel with the question mark, and the others.
+/// Of `StatusBar1`, in either window: the panel with the question mark, and the others.
 enum StatusBarPart : int { kTextPanels = 0, kHelpPanel = 1 };
+
+inline constexpr char kHelpPanelHint[] = "drg Question Mark to Control for Help";
+inline constexpr char kHelpPanelTip[] = "Drag and drop onto a control to get help on it";
 
 /// Of `TabControl` while "Ptrn" is open: its captions, and the margins of that page.
 inline constexpr char kSequenceHint[] = "rtdrg Copy All Patterns & Timing Elements";

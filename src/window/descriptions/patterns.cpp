@@ -50,6 +50,13 @@ std::string PercentLabel(const Situation& at) {
     return OneOf(kLabels, at.Index);
 }
 
+std::string PercentHint(const Situation& at) {
+    constexpr std::array<const char*, kTimeGroups> kHints{"Step Duration as % of the Sample; dblclk 100%",
+                                                          "Swing as % of the Step Duration; dblclk 0%",
+                                                          "Sample Start as % of the Sample; dblclk 0%"};
+    return OneOf(kHints, at.Index);
+}
+
 std::string PercentValue(const Situation& at) { return at.State.PercentText[static_cast<std::size_t>(at.Index)]; }
 
 std::string StepsValue(const Situation& at) { return std::to_string(at.State.StepsShown); }
@@ -57,6 +64,8 @@ std::string StepsValue(const Situation& at) { return std::to_string(at.State.Ste
 std::string CurrentValue(const Situation& at) { return std::string(1, RowLetter(at.State.CurrentLoop)); }
 
 std::string StepValue(const Situation& at) { return std::to_string(at.State.Run[at.State.CurrentLoop].Step + 1); }
+
+std::string StepHint(const Situation& at) { return "Step that sounds, of " + StepsValue(at); }
 
 constexpr Description kPatternTable[] = {
     {.Name = "PatternPage", .Hint = kSequenceHint, .Topic = 10080, .Role = QAccessible::Pane},
@@ -68,6 +77,7 @@ constexpr Description kPatternTable[] = {
     {.Name = "CurrentLoop",
      .Label = "LoopTrack shown here",
      .Tip = kLabelAsTip,
+     .Hint = "LoopTrack shown here; clk a Thumb to show another; rtdrg Copy All Patterns",
      .Topic = 10082,
      .Role = QAccessible::Indicator,
      .Value = CurrentValue},
@@ -90,6 +100,7 @@ constexpr Description kPatternTable[] = {
     {.Name = "StepReadOut",
      .Label = "Step that sounds",
      .Tip = kLabelAsTip,
+     .Hint = StepHint,
      .Topic = 10085,
      .Role = QAccessible::Indicator,
      .Value = StepValue},
@@ -124,6 +135,7 @@ constexpr Description kPatternTable[] = {
      .Range = {0, kTimeGroups - 1},
      .Label = PercentLabel,
      .Tip = kLabelAsTip,
+     .Hint = PercentHint,
      .Topic = 10090,
      .Role = QAccessible::Button,
      .Taken = Keys::Press,

@@ -15,14 +15,21 @@ std::string RollOffHint(const Situation& at) { return at.Held ? "" : RollOffText
 std::string MapSizeValue(const Situation& at) { return NumberText(at.State.MapSize / 10.0); }
 std::string RollOffValue(const Situation& at) { return NumberText(at.State.RollOff / 10.0); }
 
+constexpr const char* kNo3d = "off until 3D Sound is on";
+
 constexpr Description kSoundMapTable[] = {
     {.Name = "MapPage", .Topic = 10070, .Role = QAccessible::Pane},
-    {.Name = "Map", .Topic = 10071, .Role = QAccessible::Graphic},
+    {.Name = "Map",
+     .Hint = "drg Letters to where LoopTracks sound, L to where they are heard",
+     .Off = kNo3d,
+     .Topic = 10071,
+     .Role = QAccessible::Graphic},
     {.Name = drags::kPosBall,
      .Range = {0, kLoopTracks - 1},
      .Label = "Place of {row}",
      .Tip = kLabelAsTip,
      .Hint = "drg to Location; dblclk Centre; rtclk Fade",
+     .Off = kNo3d,
      .Topic = 10072,
      .Role = QAccessible::Indicator,
      .Taken = Keys::Press | Keys::Move},
@@ -31,6 +38,7 @@ constexpr Description kSoundMapTable[] = {
      .Label = "The listener",
      .Tip = kLabelAsTip,
      .Hint = "drag to Location; rtdrg Rotate; dblclk Centre",
+     .Off = kNo3d,
      .Topic = 10072,
      .Role = QAccessible::Indicator,
      .Taken = Keys::Press | Keys::Move},
@@ -45,6 +53,7 @@ constexpr Description kSoundMapTable[] = {
      .Label = "Map size",
      .Tip = kLabelAsTip,
      .Hint = MapSizeHint,
+     .Off = kNo3d,
      .Topic = 10074,
      .Role = QAccessible::Slider,
      .Taken = Keys::Turn,
@@ -53,6 +62,7 @@ constexpr Description kSoundMapTable[] = {
      .Label = "Roll off: how fast sounds fade with their distance",
      .Tip = "Roll off: how fast sounds fade with their distance; a right click sets it to 1",
      .Hint = RollOffHint,
+     .Off = kNo3d,
      .Topic = 10075,
      .Role = QAccessible::Slider,
      .Taken = Keys::Turn,
@@ -69,6 +79,7 @@ constexpr Description kSoundMapTable[] = {
      .Label = "All balls to the centre",
      .Tip = kLabelAsTip,
      .Hint = "clk Center All",
+     .Off = kNo3d,
      .Topic = 10077,
      .Role = QAccessible::Button,
      .Taken = Keys::Press},

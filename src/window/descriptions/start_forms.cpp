@@ -12,8 +12,18 @@ constexpr Description kSplash[] = {
 
 constexpr Description kStartUpQuery[] = {
     {.Name = "frmStartUpQuery", .Topic = kStartUpQueryTopic, .Role = QAccessible::Dialog},
-    {.Name = "cmdYes", .Caption = "Yes", .Topic = 10061, .Role = QAccessible::Button, .Taken = Keys::Press},
-    {.Name = "cmdNo", .Caption = "No", .Topic = 10062, .Role = QAccessible::Button, .Taken = Keys::Press},
+    {.Name = "cmdYes",
+     .Caption = "Yes",
+     .Hint = "clk Show the Demo at the next Start, too",
+     .Topic = 10061,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press},
+    {.Name = "cmdNo",
+     .Caption = "No",
+     .Hint = "clk Put the Demo away",
+     .Topic = 10062,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press},
 };
 
 }  // namespace

@@ -19,6 +19,8 @@ namespace {
 constexpr int kBrowserWidth = 780;
 constexpr int kBrowserHeight = 520;
 constexpr int kBinTab = 0;
+constexpr int kBarHeight = 26;
+constexpr int kHelpWidth = 32;
 constexpr std::size_t kFilesATurn = 16;  // of the check, in one turn of the event loop: the step clock must not wait
 
 QWidget* EmptyPage(const char* text) {
@@ -73,6 +75,10 @@ FrmBrowse::FrmBrowse(Session& session) : s(session) {
 
 void FrmBrowse::ShowHint(std::string_view hint) { status_->Show(ToQString(hint)); }
 
+void FrmBrowse::TakeHintAway(std::string_view hint) {
+    if (status_->Text() == ToQString(hint)) status_->Show("");
+}
+
 void FrmBrowse::Rescan() {
     LookAtPickFiles(s);
     check_.start();
@@ -98,10 +104,11 @@ void FrmBrowse::closeEvent(QCloseEvent* event) {
     hide();
 }
 
-BrowseStatus::BrowseStatus(Session& session, QWidget* parent) : QWidget(parent) {
-    Describe(session, *this, "BrowseStatusBar1");
-    setFixedHeight(26);
+BrowseStatus::BrowseStatus(Session& session, QWidget* parent) : HelpBar(session, parent, "BrowseStatusBar1") {
+    setFixedHeight(kBarHeight);
 }
+
+QRect BrowseStatus::HelpPanel() const { return {width() - kHelpWidth, 2, kHelpWidth, kBarHeight - 4}; }
 
 void BrowseStatus::Show(const QString& text) {
     if (text_ == text) return;
@@ -113,8 +120,9 @@ void BrowseStatus::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.setFont(theme::Sans(12));
     p.setPen(theme::kText);
-    p.drawText(rect().adjusted(4, 0, -4, 0), Qt::AlignVCenter | Qt::AlignLeft,
-               p.fontMetrics().elidedText(text_, Qt::ElideRight, width() - 8));
+    const QRect hint = rect().adjusted(4, 0, -kHelpWidth - 8, 0);
+    p.drawText(hint, Qt::AlignVCenter | Qt::AlignLeft, p.fontMetrics().elidedText(text_, Qt::ElideRight, hint.width()));
+    DrawHelpPanel(p);
 }
 
 }  // namespace marvolin

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include "core/session.h"
+#include "window/help/help_bar.h"
 #include "window/toolkit/hint_window.h"
 
 namespace marvolin {
@@ -19,6 +20,7 @@ class FrmBrowse : public QWidget, public HintWindow {
 public:
     explicit FrmBrowse(Session& session);
     void ShowHint(std::string_view hint) override;
+    void TakeHintAway(std::string_view hint) override;
     /// The next close ends the form instead of hiding it.
     void AllowClose() { mayClose_ = true; }
 
@@ -42,10 +44,12 @@ private:
 };
 
 /// `StatusBar1` of the browser.
-class BrowseStatus : public QWidget {
+class BrowseStatus : public HelpBar {
 public:
     BrowseStatus(Session& session, QWidget* parent);
     void Show(const QString& text);
+    QString Text() const { return text_; }
+    QRect HelpPanel() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

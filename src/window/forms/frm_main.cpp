@@ -3,6 +3,7 @@
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -10,11 +11,13 @@
 #include <utility>
 
 #include "core/routines.h"
+#include "instrument/dropped_files.h"
 #include "persistence/quick_load.h"
 #include "window/controls/text_button.h"
 #include "window/forms/selector_strip.h"
 #include "window/forms/status_bars.h"
 #include "window/forms/toolbar.h"
+#include "window/help/help_asker.h"
 #include "window/popups/history_list.h"
 #include "window/popups/popup_list.h"
 #include "window/popups/select_list.h"
@@ -26,6 +29,7 @@
 #include "window/tabs/tab_control.h"
 #include "window/tabs/tab_map.h"
 #include "window/tabs/tab_mix_pad.h"
+#include "window/toolkit/drag_source.h"
 
 namespace marvolin {
 
@@ -51,6 +55,7 @@ FrmMain::FrmMain(Session& session, Events events) : s(session), events_(std::mov
     Describe(s, *this, "frmMain");
     setWindowTitle(QString::fromStdString(s.Title));
     setFocusPolicy(Qt::ClickFocus);
+    setAcceptDrops(true);
     Bar = new Toolbar(
         s, this, [this] { ToggleMode(); }, events_.OpenScripts);
     Bar->setGeometry(0, 0, kMainWidth, Toolbar::kHeight);
@@ -82,9 +87,16 @@ FrmMain::FrmMain(Session& session, Events events) : s(session), events_(std::mov
     load_.callOnTimeout(this, [this] { WatchSound(); });
     if (events_.SoundLoad) load_.start();
     qApp->installEventFilter(this);
+    help_ = std::make_unique<HelpAsker>(s);
 }
 
 FrmMain::~FrmMain() { qApp->removeEventFilter(this); }
+
+void FrmMain::ShowHint(std::string_view hint) { ShowStatus(s, std::string(hint)); }
+
+void FrmMain::TakeHintAway(std::string_view hint) {
+    if (s.StatusText == hint) ShowStatus(s, "");
+}
 
 void FrmMain::PlaceBars() {
     const int height = s.MiniMode ? kMiniHeight : kRegularHeight;
@@ -180,6 +192,16 @@ void FrmMain::closeEvent(QCloseEvent* event) {
     load_.stop();
     if (events_.Unload) events_.Unload();
     event->accept();
+}
+
+// Rows take files themselves; a set opens wherever it is dropped.
+void FrmMain::dragEnterEvent(QDragEnterEvent* event) {
+    event->setAccepted(TakesDroppedFiles(-1, FilePaths(*event->mimeData())));
+}
+
+void FrmMain::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    DropFiles(s, -1, FilePaths(*event->mimeData()));
 }
 
 bool FrmMain::IsTyping() const {

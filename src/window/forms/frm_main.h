@@ -4,12 +4,15 @@
 #include <QWidget>
 #include <array>
 #include <functional>
+#include <memory>
 
 #include "core/session.h"
 #include "window/forms/status_bars.h"
+#include "window/toolkit/hint_window.h"
 
 namespace marvolin {
 
+class HelpAsker;
 class HistoryList;
 class LoopRow;
 class PopupList;
@@ -19,7 +22,7 @@ class TabControl;
 class Toolbar;
 
 /// The main window: toolbar, five rows, the strip of selectors, the tabs, two status bars.
-class FrmMain : public QWidget {
+class FrmMain : public QWidget, public HintWindow {
 public:
     /// What the window does beyond its controls.
     struct Events {
@@ -39,6 +42,10 @@ public:
 
     FrmMain(Session& session, Events events);
     ~FrmMain() override;
+
+    void ShowHint(std::string_view hint) override;
+    void TakeHintAway(std::string_view hint) override;
+    bool TakesHintsOfOthers() const override { return true; }
 
     /// Regular to Mini and back.
     void ToggleMode();
@@ -73,6 +80,8 @@ protected:
     bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* object, QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void PlaceBars();
@@ -84,6 +93,7 @@ private:
     QTimer places_;  // runs while anything plays
     QTimer load_;
     bool soundGone_ = false;
+    std::unique_ptr<HelpAsker> help_;
     std::array<Qt::KeyboardModifiers, 26> pressed_{};  // what was held when each letter was pressed
     PopupList* quickLoad_ = nullptr;
     HistoryList* historyList_ = nullptr;

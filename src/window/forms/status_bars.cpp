@@ -1,11 +1,9 @@
 #include "window/forms/status_bars.h"
 
-#include <QHelpEvent>
 #include <QPainter>
-#include <QToolTip>
 #include <cmath>
 
-#include "window/descriptions/parts.h"
+#include "window/descriptions/described.h"
 #include "window/toolkit/theme.h"
 
 namespace marvolin {
@@ -22,9 +20,7 @@ void DrawPanel(QPainter& p, const QRect& place, const QString& text, const QColo
 
 }  // namespace
 
-StatusBar1::StatusBar1(Session& session, QWidget* parent) : QWidget(parent), s(session) {
-    Describe(s, *this, "StatusBar1");
-}
+StatusBar1::StatusBar1(Session& session, QWidget* parent) : HelpBar(session, parent, "StatusBar1") {}
 
 QRect StatusBar1::PlaceOf(Panel panel) const {
     switch (panel) {
@@ -38,34 +34,6 @@ QRect StatusBar1::PlaceOf(Panel panel) const {
             return {1000, 2, 32, kHeight - 4};
     }
     return {};
-}
-
-int StatusBar1::PartAt(QPointF place) const {
-    return PlaceOf(Panel::Help).contains(place.toPoint()) ? kHelpPanel : kTextPanels;
-}
-
-// The tool tip belongs to the question mark alone.
-bool StatusBar1::event(QEvent* event) {
-    if (event->type() == QEvent::ToolTip) {
-        auto* help = static_cast<QHelpEvent*>(event);
-        if (PlaceOf(Panel::Help).contains(help->pos())) {
-            QToolTip::showText(help->globalPos(), toolTip(), this);
-        } else {
-            QToolTip::hideText();
-        }
-        return true;
-    }
-    return QWidget::event(event);
-}
-
-void StatusBar1::DrawHelp(QPainter& p) const {
-    const QRect help = PlaceOf(Panel::Help);
-    theme::FaceState resting;
-    resting.Enabled = false;
-    theme::DrawFace(p, help, resting);
-    p.setFont(theme::Sans(14, QFont::Bold));
-    p.setPen(theme::kQuiet);
-    p.drawText(help, Qt::AlignCenter, "?");
 }
 
 // The longest hint fits when it is written a pixel smaller.
@@ -95,7 +63,7 @@ void StatusBar1::paintEvent(QPaintEvent* event) {
         DrawPanel(p, PlaceOf(Panel::Clock), clock.empty() ? QString("00:00:00") : QString::fromStdString(clock),
                   theme::kText);
     }
-    if (due(Panel::Help)) DrawHelp(p);
+    if (due(Panel::Help)) DrawHelpPanel(p);
 }
 
 StatusBar2::StatusBar2(Session& session, QWidget* parent, std::function<double()> soundLoad,

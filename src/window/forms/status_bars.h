@@ -4,12 +4,12 @@
 #include <functional>
 
 #include "core/session.h"
-#include "window/descriptions/described.h"
+#include "window/help/help_bar.h"
 
 namespace marvolin {
 
 /// `StatusBar1` of the main window: hint, readout, running clock, and the question mark.
-class StatusBar1 : public QWidget, public HasParts {
+class StatusBar1 : public HelpBar {
 public:
     static constexpr int kHeight = 24;
     enum class Panel : std::uint8_t { Hint, Readout, Clock, Help };
@@ -18,18 +18,13 @@ public:
     /// Repaints one panel.
     void Refresh(Panel panel) { update(PlaceOf(panel)); }
     QRect PlaceOf(Panel panel) const;
-    /// A `StatusBarPart`.
-    int PartAt(QPointF place) const override;
+    QRect HelpPanel() const override { return PlaceOf(Panel::Help); }
 
 protected:
-    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void DrawHint(QPainter& p) const;
-    void DrawHelp(QPainter& p) const;
-
-    Session& s;
 };
 
 /// How the open sound device takes the sound.

@@ -6,8 +6,8 @@
 #include <QPainter>
 
 #include "audio/loop_controls.h"
+#include "instrument/dropped_files.h"
 #include "instrument/loop_drops.h"
-#include "performance/drops/file_drops.h"
 #include "performance/selection/selection.h"
 #include "window/controls/knob.h"
 #include "window/controls/text_button.h"
@@ -72,7 +72,8 @@ void LoopRow::RefreshEnabled() { Pan->setEnabled(PanKnobEnabled(s, row_)); }
 
 void LoopRow::dragEnterEvent(QDragEnterEvent* event) {
     const auto source = FromMimeData(*event->mimeData());
-    event->setAccepted(source ? LoopTakesDrop(s, row_, *source) : TakesFiles(FilePaths(*event->mimeData())));
+    event->setAccepted(source ? LoopTakesDrop(s, row_, *source)
+                              : TakesDroppedFiles(row_, FilePaths(*event->mimeData())));
 }
 
 void LoopRow::dropEvent(QDropEvent* event) {
@@ -80,7 +81,7 @@ void LoopRow::dropEvent(QDropEvent* event) {
     if (const auto source = FromMimeData(*event->mimeData())) {
         LoopDragDrop(s, row_, *source);
     } else {
-        DropFilesOnRow(s, row_, FilePaths(*event->mimeData()));
+        DropFiles(s, row_, FilePaths(*event->mimeData()));
     }
 }
 

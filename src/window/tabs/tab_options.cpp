@@ -7,6 +7,7 @@
 #include <QSlider>
 
 #include "audio/device.h"
+#include "core/help.h"
 #include "parameters/knob_gesture.h"
 #include "parameters/scroll_events.h"
 #include "sequencing/loop_clock.h"
@@ -52,7 +53,8 @@ void TabOptions::MakeLeftSide() {
     reset_->setGeometry(20, 84, 266, 26);
     play_ = new ChoiceBox(s, this, "PlayOnLoad", -1, [this](bool on) { s.PlayOnLoad = on; });
     play_->setGeometry(20, 114, 266, 26);
-    auto* help = new TextButton(s, this, "OptionHelp", nullptr);
+    auto* help = new TextButton(s, this, "OptionHelp",
+                                [this] { ShowHelp(s, kHelpDragName, DescriptionOf("OptionHelp").Topic); });
     help->setGeometry(20, 270, 84, 30);
 }
 

@@ -19,6 +19,7 @@ namespace {
 
 constexpr QSize kTool{42, 34};       // of `Dropper` and `DissolveCursor`
 constexpr QPoint kToolTip{2, 31};    // the tip of the dropper: where the drop falls
+constexpr QPoint kArrowTip{1, 1};    // of the help pointer
 constexpr QPoint kBeside{-14, -10};  // a label stands below the pointer and to its right
 constexpr int kMostLabel = 220;      // pixels
 constexpr int kLabelHeight = 24;
@@ -70,6 +71,18 @@ void DrawDissolve(QPainter& p) {
     p.setOpacity(1);
 }
 
+/// An arrow with a question mark beside it.
+void DrawHelpPointer(QPainter& p) {
+    p.setPen(QPen(theme::kWindow, 1));
+    p.setBrush(theme::kText);
+    p.drawPolygon(QPolygonF({{1, 1}, {1, 17}, {5, 13.5}, {8, 20}, {11, 18.6}, {8, 12.5}, {13, 12}}));
+    p.setBrush(theme::kAccent);
+    p.drawEllipse(QRectF(15, 7, 22, 22));
+    p.setPen(theme::kWindow);
+    p.setFont(theme::Sans(16, QFont::Bold));
+    p.drawText(QRectF(15, 7, 22, 22), Qt::AlignCenter, "?");
+}
+
 std::string EntryName(const std::vector<std::string>& entries, int entry) {
     return entry >= 0 && static_cast<std::size_t>(entry) < entries.size() ? entries[static_cast<std::size_t>(entry)]
                                                                           : "";
@@ -92,9 +105,16 @@ std::string SequenceName(const Session& s, const DragSource& source) {
 bool IsDropper(const DragSource& source) { return clsDropperManager().IsDropping(source); }
 bool IsTool(const DragSource& source) { return IsDropper(source) || source.Tag == kFadeTag; }
 
+/// Where the pointer is in the picture.
+QPoint HotSpot(const DragSource& source) {
+    if (IsHelpDrag(source)) return kArrowTip;
+    return IsTool(source) ? kToolTip : kBeside;
+}
+
 }  // namespace
 
 std::string DragName(const Session& s, const DragSource& source) {
+    if (IsHelpDrag(source)) return "Help";
     if (source.Name == drags::kPickFile) return BinSampleName(s, source.Index);
     if (source.Name == drags::kPickDir) return s.Bins[source.Index].Caption;
     if (source.Name == drags::kClipBoardList) return EntryName(s.Clips.List, s.Clips.Selected);
@@ -108,6 +128,7 @@ std::string DragName(const Session& s, const DragSource& source) {
 }
 
 QPixmap DragPicture(const Session& s, const DragSource& source, double ratio) {
+    if (IsHelpDrag(source)) return Painted(kTool, ratio, DrawHelpPointer);
     if (IsTool(source)) {
         return Painted(kTool, ratio, [&](QPainter& p) {
             IsDropper(source) ? DrawDropper(p) : DrawDissolve(p);
@@ -130,7 +151,9 @@ void RunDrag(QWidget& from, const Session& s, const DragSource& source) {
     auto* drag = new QDrag(&from);  // the toolkit deletes it after the drop
     drag->setMimeData(ToMimeData(source).release());
     drag->setPixmap(DragPicture(s, source, from.devicePixelRatioF()));
-    drag->setHotSpot(IsTool(source) ? kToolTip : kBeside);
+    drag->setHotSpot(HotSpot(source));
+    // The help pointer is the pointer itself; beside it the usual one would be a second arrow.
+    if (IsHelpDrag(source)) drag->setDragCursor(Painted({1, 1}, 1, [](QPainter&) {}), Qt::CopyAction);
     drag->exec(Qt::CopyAction);
 }
 

@@ -17,7 +17,8 @@ namespace marvolin {
 std::string DragName(const Session& s, const DragSource& source);
 
 /// The picture of a drag: `Dropper` or, for a fade drag, `DissolveCursor`, with the letter of the row that it starts
-/// from; for any other drag a label with its name. `ratio` is the number of screen pixels a logical pixel.
+/// from; for help an arrow with a question mark; for any other drag a label with its name. `ratio` is the number of
+/// screen pixels a logical pixel.
 QPixmap DragPicture(const Session& s, const DragSource& source, double ratio = 1);
 
 /// Drags `source`, which begins on `from`, with its picture. Returns when the drag has ended.

@@ -10,6 +10,10 @@ public:
     virtual ~HintWindow() = default;
     /// Shows `hint`; does nothing when it is shown already.
     virtual void ShowHint(std::string_view hint) = 0;
+    /// Shows nothing when `hint` is still shown.
+    virtual void TakeHintAway(std::string_view hint) = 0;
+    /// Whether it shows the hints of windows without a bar, too: the main window does.
+    virtual bool TakesHintsOfOthers() const { return false; }
 };
 
 }  // namespace marvolin

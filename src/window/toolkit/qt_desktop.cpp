@@ -11,8 +11,11 @@
 #include <cstdlib>
 
 #include "core/errors.h"
+#include "core/files/paths.h"
+#include "core/help.h"
 #include "core/types.h"
 #include "window/descriptions/described.h"
+#include "window/help/help_viewer.h"
 #include "window/popups/report_box.h"
 #include "window/surfaces/surface.h"
 #include "window/toolkit/theme.h"
@@ -20,8 +23,6 @@
 namespace marvolin {
 
 namespace {
-
-constexpr std::uint32_t kFileNotFound = 53;
 
 QMessageBox::Icon BoxIcon(BoxStyle style) {
     switch (style) {
@@ -197,7 +198,10 @@ void QtDesktop::ComeToFront(const QByteArray& token) {
     mainWindow_->activateWindow();
 }
 
-void QtDesktop::ShowHelpTopic(std::int32_t) { throw RuntimeError(kFileNotFound, "File not found"); }
+void QtDesktop::ShowHelpTopic(std::int32_t topic) {
+    if (!help_) help_ = std::make_unique<HelpViewer>();
+    help_->Open(JoinPath(ProgramFolder(), std::string(kHelpFile)), topic, mainWindow_);
+}
 
 void QtDesktop::CloseWindowTitled(const std::string& title) {
     for (QWidget* window : QApplication::topLevelWidgets()) {

@@ -15,6 +15,7 @@ class QWidget;
 namespace marvolin {
 
 class BallSurface;
+class HelpViewer;
 class ReportBox;
 
 /// The desktop, by the toolkit.
@@ -69,6 +70,7 @@ private:
     std::unique_ptr<QLockFile> instance_;
     std::unique_ptr<FrontCall> frontCall_;  // only in the first instance
     std::unique_ptr<ReportBox> report_;     // made for the first report
+    std::unique_ptr<HelpViewer> help_;      // made when help is asked for first
 };
 
 }  // namespace marvolin

@@ -1,0 +1,49 @@
+#include "instrument/dropped_files.h"
+
+#include <algorithm>
+
+#include "core/busy_pointer.h"
+#include "core/files/name_order.h"
+#include "core/files/paths.h"
+#include "performance/drops/file_drops.h"
+#include "persistence/quick_load.h"
+#include "persistence/save_open.h"
+#include "persistence/session_format.h"
+
+namespace marvolin {
+
+namespace {
+
+bool IsSet(const std::string& path) {
+    return (EndsInIgnoringCase(path, kSessionExtension) || EndsInIgnoringCase(path, kPackageExtension)) &&
+           FileExists(path);
+}
+
+void OpenSet(Session& s, const std::string& path) {
+    const BusyPointer busy(s);
+    if (!OpenAsChosen(s, path)) return;
+    // A dialogue that stands open would save the new set with the choices and under the name of the one before.
+    s.DialogueFile = s.CurrentFile;
+    s.SaveItEnabled = true;
+    s.World.Screen.ShowSaveOpen();
+    UpdateQuickLoad(s);
+}
+
+}  // namespace
+
+std::string SetAmong(const std::vector<std::string>& paths) {
+    const auto set = std::find_if(paths.begin(), paths.end(), IsSet);
+    return set == paths.end() ? "" : *set;
+}
+
+bool TakesDroppedFiles(Row row, const std::vector<std::string>& paths) {
+    return !SetAmong(paths).empty() || (row >= 0 && TakesFiles(paths));
+}
+
+void DropFiles(Session& s, Row row, const std::vector<std::string>& paths) {
+    const std::string set = SetAmong(paths);
+    if (!set.empty()) return OpenSet(s, set);
+    if (row >= 0) DropFilesOnRow(s, row, paths);
+}
+
+}  // namespace marvolin

@@ -1,0 +1,25 @@
+#pragma once
+/// \file
+/// Files dropped on the main window from a file manager.
+
+#include <string>
+#include <vector>
+
+#include "core/session.h"
+
+namespace marvolin {
+
+/// The first session file or package among `paths`, "" when there is none: a file that is there and whose name ends in
+/// ".mvn" or ".mvp", in any letter case.
+std::string SetAmong(const std::vector<std::string>& paths);
+
+/// Whether a drop of these paths does anything: a set opens anywhere on the window, everything else on a row. `row` is
+/// 0..4, -1 beside the rows.
+bool TakesDroppedFiles(Row row, const std::vector<std::string>& paths);
+
+/// Files dropped on `row` (0..4), or beside the rows (-1). A set among them opens as QuickLoad's left click opens one,
+/// with the elements that are chosen for opening, and nothing else of the drop is looked at. Without a set they are
+/// samples for the row (`DropFilesOnRow`). Messages are those of `LoadSession` and of the loads.
+void DropFiles(Session& s, Row row, const std::vector<std::string>& paths);
+
+}  // namespace marvolin

@@ -1,0 +1,75 @@
+#include "window/descriptions/help.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr Description kHelpTable[] = {
+    {.Name = "frmHelp", .Label = "Help", .Topic = 10190, .Role = QAccessible::Window, .Taken = Keys::Escape},
+    {.Name = "HelpContents",
+     .Caption = "Contents",
+     .Tip = kLabelAsTip,
+     .Hint = "clk Open the List of all Pages",
+     .Topic = 10191,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press},
+    {.Name = "HelpBack",
+     .Caption = "<",
+     .Label = "Back",
+     .Tip = kLabelAsTip,
+     .Hint = "clk Page before this one",
+     .Off = "off: there was no Page before",
+     .Topic = 10192,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press},
+    {.Name = "HelpForward",
+     .Caption = ">",
+     .Label = "Forward",
+     .Tip = kLabelAsTip,
+     .Hint = "clk Page after this one",
+     .Off = "off: there is no Page after",
+     .Topic = 10193,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press},
+    {.Name = "HelpSmaller",
+     .Caption = "A-",
+     .Label = "Smaller text",
+     .Tip = kLabelAsTip,
+     .Hint = "clk Smaller Text",
+     .Topic = 10194,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press},
+    {.Name = "HelpLarger",
+     .Caption = "A+",
+     .Label = "Larger text",
+     .Tip = kLabelAsTip,
+     .Hint = "clk Larger Text",
+     .Topic = 10195,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press},
+    {.Name = "HelpFind",
+     .Label = "Find in all pages",
+     .Tip = kLabelAsTip,
+     .Hint = "type Words to find in all Pages",
+     .Topic = 10196,
+     .Role = QAccessible::EditableText,
+     .Taken = Keys::Type | Keys::Escape},
+    {.Name = "HelpTree",
+     .Label = "Contents",
+     .Hint = "clk Open Page; dblclk Open Chapter",
+     .Topic = 10197,
+     .Role = QAccessible::Tree,
+     .Taken = Keys::Choose},
+    {.Name = "HelpText",
+     .Label = "Page",
+     .Hint = "clk Follow Link",
+     .Topic = 10198,
+     .Role = QAccessible::StaticText,
+     .Taken = Keys::Choose},
+};
+
+}  // namespace
+
+std::span<const Description> HelpDescriptions() { return kHelpTable; }
+
+}  // namespace marvolin

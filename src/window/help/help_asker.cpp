@@ -1,0 +1,95 @@
+#include "window/help/help_asker.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QDropEvent>
+#include <QKeyEvent>
+#include <QWidget>
+#include <QWindow>
+
+#include "core/help.h"
+#include "window/descriptions/described.h"
+#include "window/descriptions/parts.h"
+#include "window/toolkit/drag_source.h"
+
+namespace marvolin {
+
+namespace {
+
+/// The widget that an event of `object` is for: `object` itself, or the form of a window of the desktop.
+QWidget* FormOf(QObject& object) {
+    if (auto* widget = qobject_cast<QWidget*>(&object)) return widget;
+    for (QWidget* form : QApplication::topLevelWidgets()) {
+        if (form->windowHandle() == &object) return form;
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+HelpAsker::HelpAsker(Session& session) : s(session) { qApp->installEventFilter(this); }
+
+HelpAsker::~HelpAsker() { qApp->removeEventFilter(this); }
+
+std::int32_t HelpAsker::TopicAt(const QWidget* widget, QPoint place) {
+    for (const QWidget* at = widget; at != nullptr; at = at->parentWidget()) {
+        const Described* described = DescribedOf(*at);
+        if (described == nullptr) continue;
+        const bool bar = described->Row().Role == QAccessible::StatusBar;
+        const auto* parts = dynamic_cast<const HasParts*>(at);
+        if (bar && parts != nullptr && parts->PartAt(at->mapFrom(widget, place)) == kHelpPanel) return kHelpContents;
+        return described->Row().Topic;
+    }
+    return kHelpContents;
+}
+
+bool HelpAsker::TakeDrag(QObject& object, QDropEvent& event, bool dropped) {
+    const auto source = FromMimeData(*event.mimeData());
+    QWidget* form = source && IsHelpDrag(*source) ? FormOf(object) : nullptr;
+    if (form == nullptr) return false;
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+    if (!dropped) return true;
+    const QPoint place = event.position().toPoint();
+    const QWidget* control = form->childAt(place);
+    if (control == nullptr) control = form;
+    IsHelpDrop(s, *source, TopicAt(control, control->mapFrom(form, place)));
+    return true;
+}
+
+bool HelpAsker::TakeKey(QWidget& focus, const QKeyEvent& event) {
+    if (event.key() != Qt::Key_F1 || event.modifiers() != Qt::NoModifier) return false;
+    const QWidget* under = pointed_ ? QApplication::widgetAt(QCursor::pos()) : nullptr;
+    const QWidget& asked = under == nullptr ? focus : *under;
+    const QPoint place = under == nullptr ? QPoint(-1, -1) : asked.mapFromGlobal(QCursor::pos());
+    if (!event.isAutoRepeat()) ShowHelp(s, kHelpDragName, TopicAt(&asked, place));
+    return true;
+}
+
+void HelpAsker::Watch(const QObject& object, const QEvent& event) {
+    if (event.type() == QEvent::MouseMove) pointed_ = true;
+    if (event.type() != QEvent::FocusIn || !object.isWidgetType()) return;
+    const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
+    if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason) pointed_ = false;
+}
+
+bool HelpAsker::eventFilter(QObject* object, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::MouseMove:
+        case QEvent::FocusIn:
+            Watch(*object, *event);
+            return false;
+        case QEvent::DragEnter:
+        case QEvent::DragMove:
+            return TakeDrag(*object, *static_cast<QDropEvent*>(event), false);
+        case QEvent::Drop:
+            return TakeDrag(*object, *static_cast<QDropEvent*>(event), true);
+        case QEvent::KeyPress:
+            return object->isWidgetType() &&
+                   TakeKey(*static_cast<QWidget*>(object), *static_cast<const QKeyEvent*>(event));
+        default:
+            return false;
+    }
+}
+
+}  // namespace marvolin

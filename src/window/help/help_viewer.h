@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QTextBrowser>
+#include <QTreeWidget>
+#include <QWidget>
+#include <memory>
+
+#include "window/help/help_pages.h"
+#include "window/help/help_search.h"
+
+class QLineEdit;
+class QToolButton;
+
+namespace marvolin {
+
+/// The window of Help: contents at its left side, the page at its right, back and forward, a search in all pages, and
+/// the size of the text. Its title is `kHelpTitle`.
+class HelpViewer : public QWidget {
+public:
+    static constexpr int kSmallestText = 11;  ///< pixels
+    static constexpr int kLargestText = 27;   ///< pixels
+
+    HelpViewer();
+
+    /// Shows the page of `topic`, the contents when it has none, in front of all windows that can be used. `avoid` is a
+    /// window whose rows it leaves free where the screen has room; null for none. Raises `RuntimeError` when the help
+    /// file cannot be read; nothing is shown then.
+    void Open(const std::string& helpFile, std::int32_t topic, const QWidget* avoid);
+    /// Shows a page by its file, or says in the window that the file is missing.
+    void Go(const QString& file);
+
+    const QTextBrowser& Text() const { return *text_; }
+    const QTreeWidget& Contents() const { return *tree_; }
+    int TextSize() const { return size_; }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    QWidget* MakeBar();
+    QToolButton* AddButton(QWidget& bar, const char* name, std::function<void()> click);
+    void FillContents();
+    void Find(const QString& text);
+    void AddFound(const HelpPage& page);
+    void MarkFound();
+    void Place(const QWidget* avoid);
+    void SetTextSize(int pixels);
+    void ShowWhere();
+
+    std::unique_ptr<HelpPages> pages_;
+    std::unique_ptr<HelpSearch> search_;  // in `pages_`
+    int size_ = 15;
+    // Owned by the toolkit.
+    QTextBrowser* text_ = nullptr;
+    QTreeWidget* tree_ = nullptr;
+    QLineEdit* find_ = nullptr;
+    QToolButton* back_ = nullptr;
+    QToolButton* forward_ = nullptr;
+};
+
+}  // namespace marvolin

@@ -1,0 +1,194 @@
+// The pages of Help as they come with the program: fresh, whole, and with a page for everything.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <set>
+#include <stdexcept>
+
+#include "core/help.h"
+#include "fakes/file_bytes.h"
+#include "fakes/temp_folder.h"
+#include "pages.h"
+#include "scripting/api/api_table.h"
+#include "window/descriptions/description.h"
+
+namespace marvolin {
+namespace {
+
+namespace fs = std::filesystem;
+using help::Files;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+const fs::path kRoot = MARVOLIN_ROOT;
+const fs::path kMade = fs::path(MARVOLIN_FOLDER) / "Help";  ///< as it lies beside the program
+
+std::vector<help::PageText> Texts() { return help::ReadTexts((kRoot / "tools/make_help/texts").string()); }
+
+Files FilesIn(const fs::path& folder) {
+    Files files;
+    for (const auto& entry : fs::directory_iterator(folder)) {
+        if (entry.is_regular_file()) {
+            files[entry.path().filename().string()] = test::ReadBytes(entry.path().string());
+        }
+    }
+    return files;
+}
+
+std::vector<std::string> All(const std::string& text, const char* pattern) {
+    std::vector<std::string> found;
+    const std::regex wanted(pattern);
+    for (std::sregex_iterator at(text.begin(), text.end(), wanted); at != std::sregex_iterator(); ++at) {
+        found.push_back((*at)[1]);
+    }
+    return found;
+}
+
+TEST(HelpPages, ThoseInTheFolderOfAssetsAreFresh) {
+    const Files fresh = help::MakePages(Texts());
+    const Files there = FilesIn(kRoot / "assets/Help");
+    EXPECT_EQ(fresh.size(), there.size());
+    for (const auto& [name, content] : fresh) {
+        const auto found = there.find(name);
+        EXPECT_TRUE(found != there.end() && found->second == content)
+            << name << " is old. Write it anew: cmake --build BUILD --target help_pages";
+    }
+}
+
+TEST(HelpPages, ThoseBesideTheProgramAreTheSame) { EXPECT_EQ(FilesIn(kMade), FilesIn(kRoot / "assets/Help")); }
+
+TEST(HelpPages, EveryControlHasThePageOfItsNumber) {
+    const Files files = FilesIn(kMade);
+    std::vector<std::string> missing;
+    for (const DescriptionTable& table : DescriptionTables()) {
+        for (const Description& row : table.Rows) {
+            if (!files.contains(std::to_string(row.Topic) + ".html")) missing.push_back(std::string(row.Name));
+        }
+    }
+    EXPECT_THAT(missing, IsEmpty());
+}
+
+TEST(HelpPages, EveryPageIsReachedFromTheContentsAndEveryLinkAndPictureExists) {
+    const Files files = FilesIn(kMade);
+    std::set<std::string> reached{"10000.html"};
+    std::vector<std::string> waiting{"10000.html"};
+    std::size_t pictures = 0;
+    while (!waiting.empty()) {
+        const std::string page = waiting.back();
+        waiting.pop_back();
+        ASSERT_TRUE(files.contains(page)) << page;
+        for (const std::string& link : All(files.at(page), "href=\"([^\"]*)\"")) {
+            if (reached.insert(link).second) waiting.push_back(link);
+        }
+        for (const std::string& picture : All(files.at(page), "src=\"([^\"]*)\"")) {
+            const QImage image(QString::fromStdString((kMade / picture).string()));
+            EXPECT_FALSE(image.isNull()) << page << ": " << picture;
+            EXPECT_LE(image.width(), 560) << picture;
+            ++pictures;
+        }
+    }
+    EXPECT_EQ(reached.size() + 1, files.size());  // and the list of pages
+    EXPECT_GT(pictures, 130U);
+}
+
+TEST(HelpPages, TheListNamesEveryPageOnceAndTheContentsFirst) {
+    const Files files = FilesIn(kMade);
+    const std::vector<std::string> listed = All(files.at("marvolin.chm"), "\t([0-9]+\\.html)\t");
+    EXPECT_EQ(listed.front(), "10000.html");
+    EXPECT_EQ(std::set(listed.begin(), listed.end()).size(), listed.size());
+    EXPECT_EQ(listed.size() + 1, files.size());
+}
+
+TEST(HelpPages, EachPageOfAControlHasItsPictureAndAnExample) {
+    for (const help::PageText& text : Texts()) {
+        int index = 0;
+        if (help::ControlOf(text.Topic, index).empty()) continue;
+        const std::string page = test::ReadBytes((kMade / (std::to_string(text.Topic) + ".html")).string());
+        EXPECT_THAT(page, HasSubstr("pictures/" + std::to_string(text.Topic) + ".png")) << text.Title;
+        EXPECT_THAT(page, HasSubstr("class=\"evening\"")) << text.Title;
+    }
+}
+
+TEST(HelpPages, ThePageOfAControlTellsItsHintItsKeysAndWhyItIsGrey) {
+    const std::string pan = test::ReadBytes((kMade / "10027.html").string());
+    EXPECT_THAT(pan, HasSubstr("drg Pan -/+; rtdrg Fine; dblclk Centre"));
+    EXPECT_THAT(pan, HasSubstr("off until a Sample is loaded"));
+    EXPECT_THAT(pan, HasSubstr("arrows: one step; Page Up and Page Down: ten"));
+}
+
+TEST(HelpPages, ThePageOfKeysNamesEveryControlThatTakesSome) {
+    const std::string keys = test::ReadBytes((kMade / "10902.html").string());
+    for (const DescriptionTable& table : DescriptionTables()) {
+        for (const Description& row : table.Rows) {
+            if (row.Taken == Keys::None) continue;
+            EXPECT_THAT(keys, HasSubstr("href=\"" + std::to_string(row.Topic) + ".html\"")) << row.Name;
+        }
+    }
+}
+
+TEST(HelpPages, ThePageOfMessagesHasEveryMessageOfTheProgram) {
+    const std::string page = test::ReadBytes((kMade / "10904.html").string());
+    std::size_t messages = 0;
+    const auto expect = [&](const std::string& text) {
+        // A text that is put together is told by its beginning, and a long one, too.
+        const std::string head = text.substr(0, std::min<std::size_t>(text.find_last_not_of(" :,") + 1, 40));
+        EXPECT_THAT(page, HasSubstr(head)) << text;
+        ++messages;
+    };
+    for (const auto& entry : fs::recursive_directory_iterator(kRoot / "src")) {
+        if (entry.path().extension() != ".cpp") continue;
+        const std::string source = test::ReadBytes(entry.path().string());
+        for (const std::string& text : All(source, "(?:Report|MessageBox)\\(\\s*(?:std::string\\()?\"([^\"]+)\"")) {
+            expect(text);
+        }
+        for (const std::string& context : All(source, "ShowDSError\\(s, \"([^\"]+)\"")) expect("Error " + context);
+    }
+    EXPECT_GT(messages, 35U);
+}
+
+TEST(HelpPages, TheScriptingPageHasEveryFunction) {
+    const std::string page = test::ReadBytes((kMade / "10913.html").string());
+    for (const ApiSubject& subject : ApiSubjects()) {
+        for (const ApiFunction& function : subject.Functions) {
+            EXPECT_THAT(page, HasSubstr("<code>marvolin." + std::string(function.Name) + "("));
+        }
+    }
+}
+
+TEST(MakeHelp, RefusesALinkThatLeadsNowhere) {
+    EXPECT_THROW(help::MakePages({{10901, "One", "Chapter", {"[two](10902)"}}}), std::runtime_error);
+    EXPECT_THROW(help::MakePages({{10901, "One", "Chapter", {"+ 10902"}}}), std::runtime_error);
+    EXPECT_THROW(help::MakePages({{10901, "One", "Chapter", {"- a gesture without its meaning"}}}), std::runtime_error);
+    EXPECT_NO_THROW(help::MakePages({{10901, "One", "Chapter", {"[one](10901)"}}}));
+}
+
+TEST(MakeHelp, RefusesAPageWithoutNumberTitleOrChapterAndANumberTwice) {
+    const auto refused = [](const char* text) {
+        test::TempFolder folder;
+        std::ofstream(folder / "a.txt") << text;
+        try {
+            help::ReadTexts(folder.Path());
+        } catch (const std::runtime_error&) {
+            return true;
+        }
+        return false;
+    };
+    EXPECT_FALSE(refused("# Chapter\n= 10901 Title\ntext\n"));
+    EXPECT_TRUE(refused("# Chapter\n= Title\n"));
+    EXPECT_TRUE(refused("# Chapter\n= 10901\n"));
+    EXPECT_TRUE(refused("= 10901 Title\n"));
+    EXPECT_TRUE(refused("# Chapter\n= 10901 One\n= 10901 Two\n"));
+}
+
+TEST(MakeHelp, WritesMarksAsHtmlAndEverythingElseAsItIs) {
+    EXPECT_EQ(help::Inline("a < b & *strong* [Play](10023) `x`"),
+              "a &lt; b &amp; <b>strong</b> <a href=\"10023.html\">Play</a> <code>x</code>");
+}
+
+}  // namespace
+}  // namespace marvolin

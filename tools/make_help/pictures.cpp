@@ -1,0 +1,237 @@
+// Draws the pictures of Help from the real controls, with the demo in them: make_help_pictures TEXTS PROGRAMFOLDER.
+// They are written into PROGRAMFOLDER/Help/pictures, one for each topic.
+
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QDialog>
+#include <QPainter>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QTimer>
+#include <cstdio>
+#include <filesystem>
+#include <functional>
+
+#include "browser/clipboard.h"
+#include "browser/sample_bins.h"
+#include "headless_world.h"
+#include "pages.h"
+#include "performance/map/sound_map.h"
+#include "performance/selection/bands.h"
+#include "persistence/session_file_store.h"
+#include "window/descriptions/described.h"
+#include "window/forms/browse_bins.h"
+#include "window/forms/browse_clips.h"
+#include "window/forms/frm_browse.h"
+#include "window/forms/frm_main.h"
+#include "window/forms/frm_save.h"
+#include "window/forms/frm_splash.h"
+#include "window/forms/frm_start_up_query.h"
+#include "window/help/help_viewer.h"
+#include "window/tabs/tab_control.h"
+#include "window/tabs/tab_map.h"
+#include "window/toolkit/qt_desktop.h"
+#include "window/toolkit/strings.h"
+#include "window/toolkit/theme.h"
+
+using namespace marvolin;
+
+namespace {
+
+constexpr int kAround = 46;       // pixels of a control's surroundings in its picture
+constexpr QSize kLeast(300, 96);  // of a picture
+constexpr int kWidest = 560;      // wider pictures are made smaller
+
+/// Everything that can be pictured.
+class Forms {
+public:
+    explicit Forms(Session& session, const std::string& help)
+        : s(session), main_(session, FrmMain::Events{}), browse_(session), save_(session), query_(session) {
+        browse_.Bins->RefreshDestinations();
+        for (int bin = 0; bin < kBins; ++bin) browse_.Bins->RefreshBin(bin);
+        browse_.Clips->Refresh();
+        save_.Refresh();
+        viewer_.Open(help, 10023, nullptr);
+        for (QWidget* form : All()) form->show();
+        Settle();
+    }
+
+    /// The control with this object name, shown; null when no form has it.
+    QWidget* Show(const QString& name) {
+        for (QWidget* form : All()) {
+            QWidget* found = form->objectName() == name ? form : form->findChild<QWidget*>(name);
+            if (found == nullptr) continue;
+            Reveal(*found);
+            return found;
+        }
+        return nullptr;
+    }
+
+    /// Shows a control of a dialogue while it is open.
+    bool InDialogue(const QString& name, const std::function<void(QWidget&)>& picture) {
+        return WhileOpen(name, picture, [&] { save_.findChild<QPushButton*>("OpenIt")->click(); }) ||
+               WhileOpen(name, picture, [&] { save_.findChild<QPushButton*>("SaveItAs")->click(); }) ||
+               WhileOpen(name, picture,
+                         [&] { desktop_.MessageBox("Clear all items from clipboard?", "Clear?", BoxStyle::Question); });
+    }
+
+    static void Settle() {
+        for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
+    }
+
+private:
+    std::vector<QWidget*> All() { return {&main_, &browse_, &save_, &splash_, &query_, &viewer_}; }
+
+    void Reveal(QWidget& widget) {
+        const QString name = widget.objectName();
+        for (QWidget* at = &widget; at != nullptr; at = at->parentWidget()) {
+            const QStringList tabs{"MixPadPage", "MapPage", "PatternPage", "OptionPage"};
+            const auto tab = tabs.indexOf(at->objectName());
+            if (tab >= 0) s.ActiveTab = static_cast<std::int16_t>(tab);
+            if (at->objectName().startsWith("OptionSubPage_")) {
+                s.ActiveSubTab = static_cast<std::int16_t>(at->objectName().back().digitValue());
+            }
+            if (auto* pages = qobject_cast<QStackedWidget*>(at->parentWidget())) {
+                browse_.findChild<QTabBar*>("Sstab")->setCurrentIndex(pages->indexOf(at));
+            }
+        }
+        main_.Tabs->Refresh();
+        if (name == "SlctGroup") main_.ShowSelectList(true);
+        if (name == "QuickLoad") main_.ShowQuickLoad(true);
+        if (name == "HistoryList") main_.ShowHistoryList(true);
+        if (name == "FolderTreeview1") browse_.Bins->Tree->show();
+        Settle();
+    }
+
+    static bool WhileOpen(const QString& name, const std::function<void(QWidget&)>& picture,
+                          const std::function<void()>& open) {
+        bool done = false;
+        QTimer hand;
+        hand.callOnTimeout([&] {
+            auto* dialogue = dynamic_cast<QDialog*>(QApplication::activeModalWidget());
+            if (dialogue == nullptr) return;
+            hand.stop();
+            Settle();
+            QWidget* found = dialogue->objectName() == name ? dialogue : dialogue->findChild<QWidget*>(name);
+            if (found != nullptr) picture(*found);
+            done = found != nullptr;
+            dialogue->reject();
+        });
+        hand.start(0);
+        open();
+        return done;
+    }
+
+    Session& s;
+    FrmMain main_;
+    FrmBrowse browse_;
+    FrmSave save_;
+    FrmSplash splash_;
+    FrmStartUpQuery query_;
+    HelpViewer viewer_;
+    QtDesktop desktop_;
+};
+
+/// A control with a frame around it, in its surroundings, which are darker.
+QImage PictureOf(QWidget& control) {
+    QWidget& form = *control.window();
+    const QImage whole = form.grab().toImage();
+    const QRect place(control.mapTo(&form, QPoint(0, 0)), control.size());
+    QRect shown = place.adjusted(-kAround, -kAround, kAround, kAround);
+    if (shown.width() < kLeast.width())
+        shown.adjust(-(kLeast.width() - shown.width()) / 2, 0, (kLeast.width() - shown.width()) / 2, 0);
+    shown = shown.intersected(whole.rect());
+    QImage picture = whole.copy(shown);
+    const QRect framed = place.translated(-shown.topLeft());
+    if (!framed.contains(picture.rect())) {
+        QPainter p(&picture);
+        p.setRenderHint(QPainter::Antialiasing);
+        const QRegion around = QRegion(picture.rect()) - QRegion(framed.adjusted(-3, -3, 3, 3));
+        p.setClipRegion(around);
+        p.fillRect(picture.rect(), QColor(0, 0, 0, 120));
+        p.setClipping(false);
+        p.setPen(QPen(theme::kAccent, 2));
+        p.drawRoundedRect(QRectF(framed).adjusted(-3, -3, 3, 3), 5, 5);
+    }
+    return picture.width() > kWidest ? picture.scaledToWidth(kWidest, Qt::SmoothTransformation) : picture;
+}
+
+void Write(QWidget& control, const std::string& path) {
+    const QImage picture = PictureOf(control);
+    if (picture.isNull() || !picture.save(QString::fromStdString(path)))
+        throw std::runtime_error("cannot write " + path);
+}
+
+/// The demo, with a band, a selection, clips and folders beside it.
+void SetUp(Session& s, const std::string& folder) {
+    SessionFileStore store;
+    clsSwitchRecord all;
+    all.SetSwitch(true);
+    if (!store.LoadSession(s, folder + "/startup.mvp", SetAsCurrent::No, all, AdoptSwitches::No)) {
+        throw std::runtime_error("the demo cannot be loaded");
+    }
+    s.TodayLabel = "Mar 14";
+    s.Drivers = {"Primary Sound Driver", "No Sound"};
+    SetBand(s, 0, {1, 2});
+    s.Set[0].Selected = s.Set[3].Selected = True;
+    s.CurrentLoop = 1;
+    MapEnable(s, true);
+    for (const Row row : {Row{0}, Row{1}, Row{2}}) {
+        s.Clips.ClipStaging = s.Set[row];
+        AddNewClip(s);
+    }
+    s.HistoryRow = 1;
+    s.HistoryEntries = {"<Close>", "<Empty Looptrack>", "<Reverse Looptrack>", "Bass pulse D", "Bass deep D"};
+    s.QuickLoadEnabled = true;
+    s.QuickLoadRows = {"<Close>", "Friday 001", "Friday 002", "slow one"};
+    s.QuickLoadTag = kLeftButton;
+    s.CurrentFile = s.DialogueFile = "slow one.mvn";
+    s.SaveItEnabled = true;
+    s.SaveOpenSwitches[0].SetSwitch(true);
+    s.SaveOpenSwitches[1].SetSwitch(true);
+    s.StatusText.clear();
+}
+
+int Draw(const std::string& texts, const std::string& folder) {
+    headless::World world(folder);
+    if (!world.Started) throw std::runtime_error("the instrument does not start");
+    SetUp(world.s, folder);
+    const std::string pictures = folder + "/Help/pictures";
+    std::filesystem::create_directories(pictures);
+    Forms forms(world.s, folder + "/Help/marvolin.chm");
+    int drawn = 0;
+    for (const std::int32_t topic : help::PicturesOf(help::ReadTexts(texts))) {
+        int index = -1;
+        const std::string control = help::ControlOf(topic, index);
+        const QString name = ToQString(ObjectNameOf(control, index));
+        const std::string path = pictures + "/" + std::to_string(topic) + ".png";
+        if (QWidget* found = forms.Show(name)) {
+            Write(*found, path);
+            while (QWidget* popup = QApplication::activePopupWidget()) popup->hide();
+        } else if (!forms.InDialogue(name, [&](QWidget& part) { Write(part, path); })) {
+            throw std::runtime_error("no control " + name.toStdString() + " for " + std::to_string(topic));
+        }
+        ++drawn;
+    }
+    std::printf("%d pictures\n", drawn);
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationVersion("");
+    theme::Apply(application);
+    if (argc != 3) {
+        std::fprintf(stderr, "usage: make_help_pictures TEXTS PROGRAMFOLDER\n");
+        return 2;
+    }
+    try {
+        return Draw(argv[1], std::filesystem::absolute(argv[2]).string());
+    } catch (const std::exception& e) {
+        std::fprintf(stderr, "make_help_pictures: %s\n", e.what());
+        return 1;
+    }
+}
