@@ -238,10 +238,6 @@ TEST(AskHelp, F1AsksAboutWhatIsUnderThePointer) {
         QWidget& widget = stage.Named(name);
         stage.Begin();
         stage.Reveal(widget);
-        // All lie at the same place of the screen.
-        for (QWidget* window : std::initializer_list<QWidget*>{stage.Form.get(), &stage.Window, &stage.Save}) {
-            window->setVisible(window == widget.window());
-        }
         stage.MoveTo(stage.SpotOn(widget), {});
         stage.Settle();
         stage.Desk.Log.clear();

@@ -126,7 +126,7 @@ TEST(HelpPages, ThePageOfKeysNamesEveryControlThatTakesSome) {
     for (const DescriptionTable& table : DescriptionTables()) {
         for (const Description& row : table.Rows) {
             if (row.Taken == Keys::None) continue;
-            EXPECT_THAT(keys, HasSubstr("href=\"" + std::to_string(row.Topic) + ".html\"")) << row.Name;
+            EXPECT_NE(keys.find("href=\"" + std::to_string(row.Topic) + ".html\""), std::string::npos) << row.Name;
         }
     }
 }
@@ -134,10 +134,11 @@ TEST(HelpPages, ThePageOfKeysNamesEveryControlThatTakesSome) {
 TEST(HelpPages, ThePageOfMessagesHasEveryMessageOfTheProgram) {
     const std::string page = test::ReadBytes((kMade / "10904.html").string());
     std::size_t messages = 0;
+    std::vector<std::string> missing;
     const auto expect = [&](const std::string& text) {
         // A text that is put together is told by its beginning, and a long one, too.
         const std::string head = text.substr(0, std::min<std::size_t>(text.find_last_not_of(" :,") + 1, 40));
-        EXPECT_THAT(page, HasSubstr(head)) << text;
+        if (page.find(head) == std::string::npos) missing.push_back(text);
         ++messages;
     };
     for (const auto& entry : fs::recursive_directory_iterator(kRoot / "src")) {
@@ -148,6 +149,7 @@ TEST(HelpPages, ThePageOfMessagesHasEveryMessageOfTheProgram) {
         }
         for (const std::string& context : All(source, "ShowDSError\\(s, \"([^\"]+)\"")) expect("Error " + context);
     }
+    EXPECT_THAT(missing, IsEmpty());
     EXPECT_GT(messages, 35U);
 }
 

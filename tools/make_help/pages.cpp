@@ -36,6 +36,17 @@ const Description* RowOf(std::int32_t topic) {
     return nullptr;
 }
 
+/// The keys of all controls that share the page.
+Keys KeysOf(std::int32_t topic) {
+    Keys keys = Keys::None;
+    for (const DescriptionTable& table : DescriptionTables()) {
+        for (const Description& row : table.Rows) {
+            if (row.Topic == topic) keys = keys | row.Taken;
+        }
+    }
+    return keys;
+}
+
 std::string KeyWords(Keys keys) {
     std::string words;
     const auto add = [&](Keys key, const char* text) {
@@ -156,7 +167,7 @@ private:
         };
         add("Status line", row->Hint.Without(index));
         add("When it is grey", row->Off.Without(index));
-        add("Keys, with the focus", KeyWords(row->Taken));
+        add("Keys, with the focus", KeyWords(KeysOf(topic)));
         add("Key", row->Shortcut.Without(index));
         if (!lines.empty()) html_ += "<h2>In short</h2>\n<table>\n" + lines + "</table>\n";
     }
@@ -164,9 +175,9 @@ private:
     void KeysOfAll() {
         html_ += "<table>\n";
         for (const PageText& text : texts_) {
-            const Description* row = RowOf(text.Topic);
-            if (row == nullptr || row->Taken == Keys::None) continue;
-            html_ += "<tr><td>" + Link(text.Topic) + "</td><td>" + Escaped(KeyWords(row->Taken)) + "</td></tr>\n";
+            const Keys keys = KeysOf(text.Topic);
+            if (keys == Keys::None) continue;
+            html_ += "<tr><td>" + Link(text.Topic) + "</td><td>" + Escaped(KeyWords(keys)) + "</td></tr>\n";
         }
         html_ += "</table>\n";
     }

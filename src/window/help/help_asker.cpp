@@ -1,9 +1,9 @@
 #include "window/help/help_asker.h"
 
 #include <QApplication>
-#include <QCursor>
 #include <QDropEvent>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QWidget>
 #include <QWindow>
 
@@ -59,24 +59,42 @@ bool HelpAsker::TakeDrag(QObject& object, QDropEvent& event, bool dropped) {
 
 bool HelpAsker::TakeKey(QWidget& focus, const QKeyEvent& event) {
     if (event.key() != Qt::Key_F1 || event.modifiers() != Qt::NoModifier) return false;
-    const QWidget* under = pointed_ ? QApplication::widgetAt(QCursor::pos()) : nullptr;
-    const QWidget& asked = under == nullptr ? focus : *under;
-    const QPoint place = under == nullptr ? QPoint(-1, -1) : asked.mapFromGlobal(QCursor::pos());
-    if (!event.isAutoRepeat()) ShowHelp(s, kHelpDragName, TopicAt(&asked, place));
+    QPoint place(-1, -1);
+    const QWidget* asked = Pointed(place);
+    if (asked == nullptr) asked = &focus;
+    if (!event.isAutoRepeat()) ShowHelp(s, kHelpDragName, TopicAt(asked, place));
     return true;
 }
 
-void HelpAsker::Watch(const QObject& object, const QEvent& event) {
-    if (event.type() == QEvent::MouseMove) pointed_ = true;
-    if (event.type() != QEvent::FocusIn || !object.isWidgetType()) return;
-    const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
-    if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason) pointed_ = false;
+/// What the pointer is on, with the place in it; null when Tab has moved the focus since the pointer has moved, and
+/// when the pointer is in no window of the program.
+const QWidget* HelpAsker::Pointed(QPoint& place) const {
+    const QWidget* form = pointed_ == nullptr ? nullptr : FormOf(*pointed_);
+    if (form == nullptr || !form->isVisible()) return nullptr;
+    const QWidget* child = form->childAt(place_);
+    if (child == nullptr) child = form;
+    place = child->mapFrom(form, place_);
+    return child;
+}
+
+void HelpAsker::Watch(QObject& object, const QEvent& event) {
+    const bool window = object.isWindowType();
+    if (window && event.type() == QEvent::MouseMove) {
+        pointed_ = &object;
+        place_ = static_cast<const QMouseEvent&>(event).position().toPoint();
+    } else if (window && event.type() == QEvent::Leave && pointed_ == &object) {
+        pointed_.clear();
+    } else if (!window && event.type() == QEvent::FocusIn) {
+        const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
+        if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason) pointed_.clear();
+    }
 }
 
 bool HelpAsker::eventFilter(QObject* object, QEvent* event) {
     switch (event->type()) {
         case QEvent::MouseMove:
         case QEvent::FocusIn:
+        case QEvent::Leave:
             Watch(*object, *event);
             return false;
         case QEvent::DragEnter:

@@ -1,12 +1,13 @@
 #pragma once
 
 #include <QObject>
+#include <QPoint>
+#include <QPointer>
 
 #include "core/session.h"
 
 class QDropEvent;
 class QKeyEvent;
-class QPoint;
 class QWidget;
 
 namespace marvolin {
@@ -31,12 +32,14 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
-    void Watch(const QObject& object, const QEvent& event);
+    void Watch(QObject& object, const QEvent& event);
+    const QWidget* Pointed(QPoint& place) const;
     bool TakeDrag(QObject& object, QDropEvent& event, bool dropped);
     bool TakeKey(QWidget& focus, const QKeyEvent& event);
 
     Session& s;
-    bool pointed_ = false;  // the pointer has moved since the keyboard moved the focus
+    QPointer<QObject> pointed_;  // the window in which the pointer has moved since Tab moved the focus
+    QPoint place_;               // of the pointer there
 };
 
 }  // namespace marvolin

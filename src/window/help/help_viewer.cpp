@@ -146,6 +146,7 @@ void HelpViewer::Open(const std::string& helpFile, std::int32_t topic, const QWi
     show();
     raise();
     activateWindow();
+    ShowWhere();
 }
 
 void HelpViewer::Go(const QString& file) {
@@ -167,6 +168,7 @@ void HelpViewer::ShowWhere() {
     for (QTreeWidgetItemIterator at(tree_); *at != nullptr; ++at) {
         if ((*at)->data(0, kFileRole).toString() != file) continue;
         const QSignalBlocker quiet(tree_);
+        if ((*at)->parent() != nullptr) (*at)->parent()->setExpanded(true);
         tree_->setCurrentItem(*at);
         tree_->scrollToItem(*at);
         return;
