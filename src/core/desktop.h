@@ -3,8 +3,7 @@
 /// What the instrument asks of the desktop around it. Behind it stands the toolkit (window/toolkit/qt_desktop.h).
 ///
 /// Lengths of the window are twips, 15 to a logical pixel on every screen. `SetCursorPos` and `ClipCursor` do nothing
-/// on a system that does not let programs move the pointer. `ShowHelpTopic` always raises its error, as there is no
-/// help viewer.
+/// on a system that does not let programs move the pointer.
 
 #include <cstdint>
 #include <string>
@@ -84,7 +83,8 @@ public:
     /// True when no other instance of the program is running. The claim holds until the process ends.
     virtual bool ClaimInstance() = 0;
 
-    /// Opens the help viewer on `topic`. Raises `RuntimeError` when the help file cannot be opened.
+    /// Opens the help viewer on `topic`, on the contents when it has no page. Raises `RuntimeError` when the help file
+    /// cannot be opened.
     virtual void ShowHelpTopic(std::int32_t topic) = 0;
     /// Closes the top window with this title, if there is one.
     virtual void CloseWindowTitled(const std::string& title) = 0;

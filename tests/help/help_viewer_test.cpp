@@ -8,6 +8,7 @@
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTextBlock>
 #include <QToolButton>
@@ -72,6 +73,7 @@ TEST(HelpViewer, OpensOnThePageOfTheTopicAndShowsWhereItIs) {
     EXPECT_EQ(view.Viewer.windowTitle().toStdString(), kHelpTitle);
     EXPECT_EQ(view.Heading(), "Play");
     EXPECT_EQ(view.Viewer.Contents().currentItem()->text(0).toStdString(), "Play");
+    EXPECT_EQ(view.Viewer.Text().verticalScrollBar()->value(), 0);
     EXPECT_THAT(view.Entries(), ElementsAre("[Marvolin Help]", "Contents", "[Rows]", "Play", "Gone", "Name"));
 }
 
@@ -294,6 +296,7 @@ TEST(HelpOnTheDesktop, EveryPageOfTheProgramOpens) {
     EXPECT_GT(pages.All().size(), 140U);
     for (const HelpPage& page : pages.All()) {
         viewer.Go(page.File);
+        EXPECT_EQ(viewer.Text().verticalScrollBar()->value(), 0) << page.Title.toStdString();
         EXPECT_NE(viewer.Text().document()->toPlainText().indexOf(page.Chapter), -1) << page.Title.toStdString();
     }
 }

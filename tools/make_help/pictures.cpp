@@ -11,15 +11,18 @@
 #include <QTimer>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 
 #include "browser/clipboard.h"
 #include "browser/sample_bins.h"
 #include "headless_world.h"
 #include "pages.h"
+#include "parameters/position.h"
 #include "performance/map/sound_map.h"
 #include "performance/map/use_3d.h"
 #include "performance/selection/bands.h"
+#include "performance/selection/selection.h"
 #include "persistence/session_file_store.h"
 #include "window/controls/folder_tree.h"
 #include "window/descriptions/described.h"
@@ -166,7 +169,7 @@ void Write(QWidget& control, const std::string& path) {
 }
 
 /// The demo, with a band, a selection, clips and folders beside it.
-void SetUp(Session& s, const std::string& folder) {
+void SetUp(Session& s, const std::string& folder, const std::string& sets) {
     SessionFileStore store;
     clsSwitchRecord all;
     all.SetSwitch(true);
@@ -177,8 +180,13 @@ void SetUp(Session& s, const std::string& folder) {
     s.Drivers = {"Primary Sound Driver", "No Sound"};
     SetBand(s, 0, {1, 2});
     s.Set[0].Selected = s.Set[3].Selected = True;
-    s.CurrentLoop = 1;
+    SetCurrentLoop(s, 1, OpenPattern::No);
+    s.Use3D = true;  // the map as it looks while 3D sound is on
     MapEnable(s, true);
+    constexpr float kPlaces[][2] = {{0.0F, 0.7F}, {-0.8F, 0.4F}, {0.9F, 0.6F}, {-0.5F, -0.8F}, {0.0F, 0.0F}};
+    for (int ball = 0; ball <= kListenerBall; ++ball) {
+        PositionSet(s, ball, kPlaces[ball][0], kPlaces[ball][1], {.Apply = false, .StoreBall = true});
+    }
     for (const Row row : {Row{0}, Row{1}, Row{2}}) {
         s.Clips.ClipStaging = s.Set[row];
         AddNewClip(s);
@@ -189,6 +197,7 @@ void SetUp(Session& s, const std::string& folder) {
     s.QuickLoadRows = {"<Close>", "Friday 001", "Friday 002", "slow one"};
     s.QuickLoadTag = kLeftButton;
     s.CurrentFile = s.DialogueFile = "slow one.mvn";
+    s.CurrentFolder = sets + "/";
     s.SaveItEnabled = true;
     s.SaveOpenSwitches[0].SetSwitch(true);
     s.SaveOpenSwitches[1].SetSwitch(true);
@@ -198,7 +207,10 @@ void SetUp(Session& s, const std::string& folder) {
 int Draw(const std::string& texts, const std::string& folder) {
     headless::World world(folder);
     if (!world.Started) throw std::runtime_error("the instrument does not start");
-    SetUp(world.s, folder);
+    const std::string sets = (std::filesystem::temp_directory_path() / "Marvolin sets").string();
+    std::filesystem::create_directories(sets);
+    for (const char* set : {"Friday 001.mvn", "Friday 002.mvn", "slow one.mvn"}) std::ofstream(sets + "/" + set) << set;
+    SetUp(world.s, folder, sets);
     const std::string pictures = folder + "/Help/pictures";
     std::filesystem::create_directories(pictures);
     Forms forms(world.s, folder + "/Help/marvolin.chm");
@@ -216,6 +228,7 @@ int Draw(const std::string& texts, const std::string& folder) {
         }
         ++drawn;
     }
+    std::filesystem::remove_all(sets);
     std::printf("%d pictures\n", drawn);
     return 0;
 }

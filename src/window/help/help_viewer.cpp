@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScreen>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
 #include <QToolButton>
@@ -146,6 +147,7 @@ void HelpViewer::Open(const std::string& helpFile, std::int32_t topic, const QWi
     show();
     raise();
     activateWindow();
+    text_->verticalScrollBar()->setValue(0);  // the page has got its width only now
     ShowWhere();
 }
 
@@ -157,6 +159,7 @@ void HelpViewer::Go(const QString& file) {
         return;
     }
     text_->setSource(QUrl(file));
+    if (!file.contains('#')) text_->verticalScrollBar()->setValue(0);
     MarkFound();
 }
 
