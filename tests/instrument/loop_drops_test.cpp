@@ -351,8 +351,20 @@ TEST(LoopTakesDrop, PromisesFadesThePaletteAndHelp) {
         EXPECT_TRUE(LoopTakesDrop(d.s, row, {"PosBall", 0, kFadeTag}));
         EXPECT_TRUE(LoopTakesDrop(d.s, row, {"Letr", row, kFadeTag}));
         EXPECT_FALSE(LoopTakesDrop(d.s, row, {"Letr", 99, kFadeTag}));
-        EXPECT_TRUE(LoopTakesDrop(d.s, row, {"HistoryList", 0, ""}));
+        EXPECT_EQ(LoopTakesDrop(d.s, row, {"HistoryList", 0, ""}), row != kSelectionRow);
         EXPECT_TRUE(LoopTakesDrop(d.s, row, {"StatusBar1", 0, std::string(kHelpDragName)}));
+    }
+}
+
+TEST(LoopTakesDrop, PromisesThePaletteToTheSelectionThatReachesALoopTrackAndAReverseToWhatHasASample) {
+    Promises d;
+    d.s.HistoryChoice = kHistoryEmpty;
+    d.s.Set[1].Selected = True;
+    EXPECT_TRUE(LoopTakesDrop(d.s, kSelectionRow, {"HistoryList", 0, ""}));
+    d.s.HistoryChoice = kHistoryReverse;
+    EXPECT_FALSE(LoopTakesDrop(d.s, kSelectionRow, {"HistoryList", 0, ""}));
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        EXPECT_EQ(LoopTakesDrop(d.s, row, {"HistoryList", 0, ""}), d.s.Run[row].Loaded != False) << row;
     }
 }
 

@@ -211,7 +211,7 @@ TEST(Hints, NoHintIsCutInTheBrowserAtItsSmallest) {
         }
         AddHints(forms.Window, hints);
     }
-    EXPECT_EQ(hints.size(), 13U);
+    EXPECT_EQ(hints.size(), 12U);
     EXPECT_THAT(hints, testing::Contains(testing::StartsWith(name)));
     forms.Window.resize(forms.Window.minimumSize());
     forms.Settle();

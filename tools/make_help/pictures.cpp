@@ -168,14 +168,19 @@ void Write(QWidget& control, const std::string& path) {
         throw std::runtime_error("cannot write " + path);
 }
 
-/// The demo, with a band, a selection, clips and folders beside it.
-void SetUp(Session& s, const std::string& folder, const std::string& sets) {
+/// A player may have put the demo away; without any the pictures show empty rows.
+void LoadDemo(Session& s, const std::string& folder) {
     SessionFileStore store;
     clsSwitchRecord all;
     all.SetSwitch(true);
-    if (!store.LoadSession(s, folder + "/startup.mvp", SetAsCurrent::No, all, AdoptSwitches::No)) {
-        throw std::runtime_error("the demo cannot be loaded");
+    for (const char* demo : {"/startup.mvp", "/disabledstartup.mvp"}) {
+        if (store.LoadSession(s, folder + demo, SetAsCurrent::No, all, AdoptSwitches::No)) return;
     }
+}
+
+/// The demo, with a band, a selection, clips and folders beside it.
+void SetUp(Session& s, const std::string& folder, const std::string& sets) {
+    LoadDemo(s, folder);
     s.TodayLabel = "Mar 14";
     s.Drivers = {"Primary Sound Driver", "No Sound"};
     SetBand(s, 0, {1, 2});

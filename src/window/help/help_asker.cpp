@@ -11,6 +11,7 @@
 #include "window/descriptions/described.h"
 #include "window/descriptions/parts.h"
 #include "window/toolkit/drag_source.h"
+#include "window/toolkit/drop_ring.h"
 
 namespace marvolin {
 
@@ -23,6 +24,14 @@ QWidget* FormOf(QObject& object) {
         if (form->windowHandle() == &object) return form;
     }
     return nullptr;
+}
+
+/// Shows what the question mark asks about here.
+void RingAround(QWidget& pointed) {
+    for (QWidget* at = &pointed; at != nullptr; at = at->parentWidget()) {
+        if (DescribedOf(*at) != nullptr) return DropRing::Of(*qApp).Show(*at);
+    }
+    DropRing::Of(*qApp).Hide();
 }
 
 }  // namespace
@@ -49,10 +58,14 @@ bool HelpAsker::TakeDrag(QObject& object, QDropEvent& event, bool dropped) {
     if (form == nullptr) return false;
     event.setDropAction(Qt::CopyAction);
     event.accept();
-    if (!dropped) return true;
     const QPoint place = event.position().toPoint();
-    const QWidget* control = form->childAt(place);
+    QWidget* control = form->childAt(place);
     if (control == nullptr) control = form;
+    if (!dropped) {
+        RingAround(*control);
+        return true;
+    }
+    DropRing::Of(*qApp).Hide();
     IsHelpDrop(s, *source, TopicAt(control, control->mapFrom(form, place)));
     return true;
 }

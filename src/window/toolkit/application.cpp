@@ -8,9 +8,25 @@
 
 #include "core/errors.h"
 #include "window/descriptions/accessible.h"
+#include "window/toolkit/drop_ring.h"
 #include "window/toolkit/theme.h"
 
 namespace marvolin {
+
+namespace {
+
+/// Rings the control that has accepted a drag, until the drag leaves it or ends.
+void FollowDrag(QObject& receiver, const QEvent& event) {
+    if (event.type() == QEvent::DragLeave || event.type() == QEvent::Drop) return DropRing::Of(*qApp).Hide();
+    if (event.type() != QEvent::DragEnter || !receiver.isWidgetType()) return;
+    if (event.isAccepted()) {
+        DropRing::Of(*qApp).Show(static_cast<QWidget&>(receiver));
+    } else {
+        DropRing::Of(*qApp).Hide();
+    }
+}
+
+}  // namespace
 
 Application::Application(int& argc, char** argv, CardTime& time) : QApplication(argc, argv), time_(time) {
     setApplicationName("marvolin");
@@ -21,7 +37,9 @@ Application::Application(int& argc, char** argv, CardTime& time) : QApplication(
 
 bool Application::notify(QObject* receiver, QEvent* event) {
     try {
-        return Deliver(receiver, event);
+        const bool done = Deliver(receiver, event);
+        FollowDrag(*receiver, *event);
+        return done;
     } catch (const RuntimeError& e) {
         std::fprintf(stderr, "marvolin: %s (#%u); the program ends\n", e.what(), e.Number());
     } catch (const std::exception& e) {

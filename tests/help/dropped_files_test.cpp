@@ -1,0 +1,86 @@
+// Files dropped on the main window: a set opens wherever it falls.
+
+#include "instrument/dropped_files.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "fakes/temp_folder.h"
+#include "stage.h"
+
+namespace marvolin {
+namespace {
+
+using test::Stage;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(DroppedSet, OpensWhereverItFallsAsQuickLoadDoes) {
+    test::TempFolder folder;
+    const std::string set = folder.Touch("night.mvn");
+    for (const char* name : {"LoopRow_2", "Letr_0", "VolKnob_3", "frmMain"}) {
+        SCOPED_TRACE(name);
+        Stage stage;
+        stage.s.SaveOpenSwitches[1].SetSwitch(true);
+        stage.s.CurrentFile = "night.mvn";
+        if (std::string(name) == "frmMain") {
+            DropFiles(stage.s, -1, {set});
+            EXPECT_TRUE(TakesDroppedFiles(-1, {set}));
+        } else {
+            EXPECT_TRUE(stage.DropFiles(name, {set}));
+        }
+        EXPECT_THAT(stage.Store.Log, ElementsAre("Load " + set + " current adopt everything"));
+        EXPECT_EQ(stage.s.DialogueFile, "night.mvn");
+        EXPECT_TRUE(stage.s.SaveItEnabled);
+        EXPECT_EQ(stage.s.Run[2].Loaded, False);
+    }
+}
+
+TEST(DroppedSet, APackageAndCapitalsCountAndTheRestOfTheDropDoesNot) {
+    test::TempFolder folder;
+    const std::string sample = folder.Touch("one.wav");
+    const std::string package = folder.Touch("NIGHT.MVP");
+    Stage stage;
+    EXPECT_EQ(SetAmong({sample, package}), package);
+    stage.DropFiles("LoopRow_0", {sample, package});
+    EXPECT_THAT(stage.Store.Log, ElementsAre("Load " + package + " current adopt"));
+    EXPECT_EQ(stage.s.Run[0].Loaded, False);
+}
+
+TEST(DroppedSet, ThatCannotBeOpenedLeavesTheDialogueAsItIs) {
+    test::TempFolder folder;
+    Stage stage;
+    stage.Store.Answer = false;
+    stage.s.DialogueFile = "other.mvn";
+    stage.DropFiles("LoopRow_0", {folder.Touch("night.mvn")});
+    EXPECT_EQ(stage.s.DialogueFile, "other.mvn");
+    EXPECT_FALSE(stage.s.SaveItEnabled);
+    EXPECT_FALSE(stage.Desk.Busy);
+}
+
+TEST(DroppedSet, BesideTheRowsNothingElseIsTaken) {
+    test::TempFolder folder;
+    const std::string sample = folder.Touch("one.wav");
+    EXPECT_FALSE(TakesDroppedFiles(-1, {sample}));
+    EXPECT_FALSE(TakesDroppedFiles(-1, {"/nowhere/night.mvn"}));
+    EXPECT_TRUE(TakesDroppedFiles(1, {sample}));
+    Stage stage;
+    DropFiles(stage.s, -1, {sample});
+    EXPECT_THAT(stage.Store.Log, IsEmpty());
+    EXPECT_FALSE(stage.DropFiles("Browse", {sample}));
+    EXPECT_TRUE(stage.Desk.Boxes.empty());
+}
+
+TEST(DroppedSamples, SeveralFillTheRowsFromThereDownwards) {
+    test::TempFolder folder;
+    Stage stage;
+    stage.DropFiles("Letr_1",
+                    {folder.Touch("a.wav"), folder.Touch("b.wav"), folder.Touch("c.wav"), folder.Touch("d.wav")});
+    EXPECT_EQ(stage.s.Run[0].Loaded, False);
+    EXPECT_TRUE(stage.s.Set[1].FileName.ends_with("/a.wav"));
+    EXPECT_TRUE(stage.s.Set[2].FileName.ends_with("/b.wav"));
+    EXPECT_TRUE(stage.s.Set[3].FileName.ends_with("/c.wav"));
+}
+
+}  // namespace
+}  // namespace marvolin
