@@ -152,6 +152,7 @@ private:
         } else if (mark == "@scripting") {
             html_ += ScriptPage(ApiPage());
         } else if (!line.empty()) {
+            if (inTable_) End();
             paragraph_ += (paragraph_.empty() ? "" : " ") + line;
         }
     }
