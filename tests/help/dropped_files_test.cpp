@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "browser_stage.h"
 #include "fakes/temp_folder.h"
 #include "stage.h"
 
@@ -80,6 +81,30 @@ TEST(DroppedSamples, SeveralFillTheRowsFromThereDownwards) {
     EXPECT_TRUE(stage.s.Set[1].FileName.ends_with("/a.wav"));
     EXPECT_TRUE(stage.s.Set[2].FileName.ends_with("/b.wav"));
     EXPECT_TRUE(stage.s.Set[3].FileName.ends_with("/c.wav"));
+}
+
+struct Bins : test::Browser {
+    std::string FolderOf(int bin) { return s.Bins[bin].Folder; }
+};
+
+TEST(DroppedFolder, OnTheListOfABinIsTakenAsOnItsButton) {
+    Bins stage;
+    for (const char* name : {"PickFile_1", "PickDir_2"}) {
+        EXPECT_TRUE(stage.DropFolder(name, stage.Own.Path())) << name;
+    }
+    EXPECT_EQ(stage.FolderOf(0), stage.Folder.string());
+    EXPECT_EQ(stage.FolderOf(1), stage.Own.Path());
+    EXPECT_EQ(stage.FolderOf(2), stage.Own.Path());
+}
+
+TEST(DroppedFolder, OfAnotherBinsButtonIsTakenByTheListAndSamplesAreNot) {
+    Bins stage;
+    stage.DropFolder("PickDir_0", stage.Own.Path());
+    EXPECT_TRUE(stage.DropOn("PickFile_1", {"PickDir", 0, ""}));
+    EXPECT_EQ(stage.FolderOf(1), stage.Own.Path());
+    EXPECT_FALSE(stage.DropOn("PickFile_1", {"PickDir", 1, ""}));
+    EXPECT_FALSE(stage.DropOn("PickFile_1", {"PickFile", 0, ""}));
+    EXPECT_FALSE(stage.DropFolder("PickFile_2", stage.Folder / "one.wav"));
 }
 
 }  // namespace

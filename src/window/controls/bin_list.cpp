@@ -23,7 +23,7 @@ const QColor kFaint(0x4c, 0x50, 0x58);
 }  // namespace
 
 BinList::BinList(Session& session, QWidget* parent, int bin)
-    : Control(session, parent, drags::kPickFile, bin),
+    : FolderTarget(session, parent, drags::kPickFile, bin),
       rows_(new QScrollBar(Qt::Vertical, this)),
       columns_(new QScrollBar(Qt::Horizontal, this)) {
     setFocusPolicy(Qt::StrongFocus);

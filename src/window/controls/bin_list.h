@@ -2,13 +2,13 @@
 
 #include <QScrollBar>
 
-#include "window/controls/control.h"
+#include "window/controls/folder_target.h"
 
 namespace marvolin {
 
 /// `PickFile`: the samples of a bin with name and size. It draws only the rows in sight, as a folder may hold
 /// thousands.
-class BinList : public Control, public HasParts {
+class BinList : public FolderTarget, public HasParts {
 public:
     BinList(Session& session, QWidget* parent, int bin);
     void Refresh() override;

@@ -1,30 +1,12 @@
 #include "window/controls/pick_dir.h"
 
-#include <QDragEnterEvent>
-#include <QDropEvent>
-#include <QFileInfo>
-#include <QMimeData>
 #include <QPainter>
 
 #include "browser/bin_gestures.h"
 
 namespace marvolin {
 
-namespace {
-
-/// The first folder of a drop; "" when there is none.
-std::string FolderIn(const QMimeData& data) {
-    for (const std::string& path : FilePaths(data)) {
-        if (QFileInfo(QString::fromStdString(path)).isDir()) return path;
-    }
-    return "";
-}
-
-}  // namespace
-
-PickDir::PickDir(Session& session, QWidget* parent, int bin) : Control(session, parent, drags::kPickDir, bin) {
-    setAcceptDrops(true);
-}
+PickDir::PickDir(Session& session, QWidget* parent, int bin) : FolderTarget(session, parent, drags::kPickDir, bin) {}
 
 void PickDir::Refresh() {
     described.RefreshTip();
@@ -34,22 +16,6 @@ void PickDir::Refresh() {
 void PickDir::Gesture(Phase phase, std::int16_t, QPointF twips) {
     if (phase == Phase::Down) ArmDrag({drags::kPickDir, index, ""});
     if (phase == Phase::Up && QRectF(rect()).contains(twips / kTwipsPerPixel)) PickDir_Click(s, index);
-}
-
-bool PickDir::TakesDrop(const DragSource& source) const { return PickDirTakesDrop(index, source); }
-
-void PickDir::Drop(const DragSource& source) { PickDir_DragDrop(s, index, source); }
-
-void PickDir::dragEnterEvent(QDragEnterEvent* event) {
-    if (IsDragSource(*event->mimeData())) return Control::dragEnterEvent(event);
-    event->setAccepted(!FolderIn(*event->mimeData()).empty());
-}
-
-void PickDir::dropEvent(QDropEvent* event) {
-    event->acceptProposedAction();
-    if (IsDragSource(*event->mimeData())) return Control::dropEvent(event);
-    const std::string folder = FolderIn(*event->mimeData());
-    if (!folder.empty()) PickDir_DropFolder(s, index, folder);
 }
 
 void PickDir::paintEvent(QPaintEvent*) {

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "window/controls/control.h"
+#include "window/controls/folder_target.h"
 
 namespace marvolin {
 
-/// `PickDir`: the folder button of a bin. It takes the folder of another button, and folders of the tree.
-class PickDir : public Control {
+/// `PickDir`: the folder button of a bin.
+class PickDir : public FolderTarget {
 public:
     PickDir(Session& session, QWidget* parent, int bin);
     void Refresh() override;
@@ -13,10 +13,6 @@ public:
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void PointerLost(std::int16_t, QPointF) override {}
-    bool TakesDrop(const DragSource& source) const override;
-    void Drop(const DragSource& source) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 };
 

@@ -1,0 +1,45 @@
+#include "window/controls/folder_target.h"
+
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QMimeData>
+
+#include "browser/bin_gestures.h"
+
+namespace marvolin {
+
+namespace {
+
+/// The first folder of a drop; "" when there is none.
+std::string FolderIn(const QMimeData& data) {
+    for (const std::string& path : FilePaths(data)) {
+        if (QFileInfo(QString::fromStdString(path)).isDir()) return path;
+    }
+    return "";
+}
+
+}  // namespace
+
+FolderTarget::FolderTarget(Session& session, QWidget* parent, std::string_view name, int bin)
+    : Control(session, parent, name, bin) {
+    setAcceptDrops(true);
+}
+
+bool FolderTarget::TakesDrop(const DragSource& source) const { return PickDirTakesDrop(index, source); }
+
+void FolderTarget::Drop(const DragSource& source) { PickDir_DragDrop(s, index, source); }
+
+void FolderTarget::dragEnterEvent(QDragEnterEvent* event) {
+    if (IsDragSource(*event->mimeData())) return Control::dragEnterEvent(event);
+    event->setAccepted(!FolderIn(*event->mimeData()).empty());
+}
+
+void FolderTarget::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    if (IsDragSource(*event->mimeData())) return Control::dropEvent(event);
+    const std::string folder = FolderIn(*event->mimeData());
+    if (!folder.empty()) PickDir_DropFolder(s, index, folder);
+}
+
+}  // namespace marvolin
