@@ -51,14 +51,18 @@ constexpr int kWidest = 560;      // wider pictures are made smaller
 /// Everything that can be pictured.
 class Forms {
 public:
-    explicit Forms(Session& session, const std::string& help)
-        : s(session), main_(session, FrmMain::Events{}), browse_(session), save_(session), query_(session) {
+    Forms(Session& session, std::string help)
+        : s(session),
+          help_(std::move(help)),
+          main_(session, FrmMain::Events{}),
+          browse_(session),
+          save_(session),
+          query_(session) {
         browse_.Bins->RefreshDestinations();
         for (int bin = 0; bin < kBins; ++bin) browse_.Bins->RefreshBin(bin);
         browse_.Clips->Refresh();
         save_.Refresh();
-        viewer_.Open(help, 10023, nullptr);
-        for (QWidget* form : All()) form->show();
+        for (QWidget* form : All()) form->setVisible(form != &viewer_);
         Settle();
     }
 
@@ -67,6 +71,8 @@ public:
         for (QWidget* form : All()) {
             QWidget* found = form->objectName() == name ? form : form->findChild<QWidget*>(name);
             if (found == nullptr) continue;
+            // Only now, when the pictures of its page have been drawn.
+            if (form == &viewer_ && !viewer_.isVisible()) viewer_.Open(help_, 10023, nullptr);
             Reveal(*found);
             return found;
         }
@@ -129,6 +135,7 @@ private:
     }
 
     Session& s;
+    const std::string help_;  // the help file
     FrmMain main_;
     FrmBrowse browse_;
     FrmSave save_;
@@ -185,6 +192,7 @@ void SetUp(Session& s, const std::string& folder, const std::string& sets) {
     s.Drivers = {"Primary Sound Driver", "No Sound"};
     SetBand(s, 0, {1, 2});
     s.Set[0].Selected = s.Set[3].Selected = True;
+    s.ActiveTab = kPatternTab;  // times and lanes are made while their tab is open
     SetCurrentLoop(s, 1, OpenPattern::No);
     s.Use3D = true;  // the map as it looks while 3D sound is on
     MapEnable(s, true);
