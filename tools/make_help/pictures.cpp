@@ -24,6 +24,7 @@
 #include "performance/selection/bands.h"
 #include "performance/selection/selection.h"
 #include "persistence/session_file_store.h"
+#include "script_window.h"
 #include "window/controls/folder_tree.h"
 #include "window/descriptions/described.h"
 #include "window/forms/browse_bins.h"
@@ -51,12 +52,13 @@ constexpr int kWidest = 560;      // wider pictures are made smaller
 /// Everything that can be pictured.
 class Forms {
 public:
-    Forms(Session& session, std::string help)
+    Forms(Session& session, const std::string& folder)
         : s(session),
-          help_(std::move(help)),
+          help_(folder + "/Help/marvolin.chm"),
           main_(session, FrmMain::Events{}),
           browse_(session),
           save_(session),
+          scripts_(session, folder),
           query_(session) {
         browse_.Bins->RefreshDestinations();
         for (int bin = 0; bin < kBins; ++bin) browse_.Bins->RefreshBin(bin);
@@ -83,8 +85,10 @@ public:
     bool InDialogue(const QString& name, const std::function<void(QWidget&)>& picture) {
         return WhileOpen(name, picture, [&] { save_.findChild<QPushButton*>("OpenIt")->click(); }) ||
                WhileOpen(name, picture, [&] { save_.findChild<QPushButton*>("SaveItAs")->click(); }) ||
-               WhileOpen(name, picture,
-                         [&] { desktop_.MessageBox("Clear all items from clipboard?", "Clear?", BoxStyle::Question); });
+               WhileOpen(
+                   name, picture,
+                   [&] { desktop_.MessageBox("Clear all items from clipboard?", "Clear?", BoxStyle::Question); }) ||
+               WhileOpen(name, picture, [&] { scripts_.AskUnsaved(); });
     }
 
     static void Settle() {
@@ -92,7 +96,7 @@ public:
     }
 
 private:
-    std::vector<QWidget*> All() { return {&main_, &browse_, &save_, &splash_, &query_, &viewer_}; }
+    std::vector<QWidget*> All() { return {&main_, &browse_, &save_, &scripts_.Form(), &splash_, &query_, &viewer_}; }
 
     void Reveal(QWidget& widget) {
         const QString name = widget.objectName();
@@ -108,6 +112,7 @@ private:
             }
         }
         main_.Tabs->Refresh();
+        scripts_.Reveal(name);
         if (name == "SlctGroup") main_.ShowSelectList(true);
         if (name == "QuickLoad") main_.ShowQuickLoad(true);
         if (name == "HistoryList") main_.ShowHistoryList(true);
@@ -139,6 +144,7 @@ private:
     FrmMain main_;
     FrmBrowse browse_;
     FrmSave save_;
+    help::ScriptWindow scripts_;
     FrmSplash splash_;
     FrmStartUpQuery query_;
     HelpViewer viewer_;
@@ -226,7 +232,7 @@ int Draw(const std::string& texts, const std::string& folder) {
     SetUp(world.s, folder, sets);
     const std::string pictures = folder + "/Help/pictures";
     std::filesystem::create_directories(pictures);
-    Forms forms(world.s, folder + "/Help/marvolin.chm");
+    Forms forms(world.s, folder);
     int drawn = 0;
     for (const std::int32_t topic : help::PicturesOf(help::ReadTexts(texts))) {
         int index = -1;
