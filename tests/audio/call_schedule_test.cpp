@@ -155,7 +155,7 @@ TEST(CallSchedule, WhatFindsTheRingFullFollowsInOrder) {
     CallRing ring(8);
     CallSender sender(ring);
     std::int64_t last = 0;
-    for (int i = 0; i < 30; ++i) sender.Post(Change(0, i), Pace::Soon, last);
+    for (int i = 0; i < 30; ++i) sender.Post(Start(0, i), Pace::Soon, last);
     EXPECT_EQ(sender.Overflowed(), 22U);
     Call call;
     for (int expected = 0; expected < 30; ++expected) {

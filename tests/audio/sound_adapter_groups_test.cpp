@@ -66,6 +66,56 @@ TEST_F(SoundAdapterGroups, StartsAfterALoadInTheSameGroupAreNotLateAndStandAtOne
     EXPECT_EQ(Counts().Late, 0U);
 }
 
+TEST_F(SoundAdapterGroups, WhatIsStoppedBeforeAWriteIsSilentBeforeTheGroupEnds) {
+    auto old = LoadLevels(kLevel, kLevel);
+    auto written = LoadLevels(kLevel, kLevel);
+    old->Play(1);
+    Play(2048);
+    ASSERT_GT(LeftAt(Rendered() - 1), kLevel / 2);
+    const CallGroup gesture(*Clock);
+    old->Stop();
+    written->WriteBuffer(0, Bytes(4, 1));
+    Play(kPeriod);
+    EXPECT_NEAR(LeftAt(Rendered() - 1), 0, kStep);
+}
+
+TEST_F(SoundAdapterGroups, StartsAfterALoadInATickAreNotLateAndStandAtOneFrame) {
+    Settle();
+    std::array<Buffer, 4> fresh;
+    Instant end = 0;
+    {
+        const CallGroup tick(*Clock, static_cast<Instant>(Clock->Now()));
+        for (Buffer& buffer : fresh) {
+            Play(4480);
+            buffer = LoadLevels(kPart, kPart, 44100);
+        }
+        for (Buffer& buffer : fresh) buffer->Play(1);
+        end = static_cast<Instant>(Clock->Now());
+    }
+    const int begin = Rendered();
+    const int frame = FrameOf(end);
+    Play(4096);
+    EXPECT_NEAR(ExpectOneStart(begin), frame, 1);
+    EXPECT_EQ(Counts().Late, 0U);
+}
+
+TEST_F(SoundAdapterGroups, ATickThatLoadsWithinTheBudgetKeepsItsPlace) {
+    Settle();
+    const auto grid = static_cast<Instant>(Clock->Now());
+    const int frame = FrameOf(grid);
+    Buffer buffer;
+    {
+        const CallGroup tick(*Clock, grid);
+        buffer = LoadLevels(kLevel, kLevel, 44100);
+        Time.PassFrames(100);
+        buffer->Play(1);
+    }
+    Time.PassFrames(28);
+    const int begin = Rendered();
+    Play(2048);
+    EXPECT_EQ(Onset(begin), frame);
+}
+
 TEST_F(SoundAdapterGroups, AGestureThatLastsLongerThanTheBudgetIsHeardTogetherAtItsEnd) {
     Settle();
     auto buffers = FourLevels();
@@ -145,6 +195,24 @@ TEST_F(SoundAdapterGroups, AStartByHandDoesNotMoveTheStepOfAnotherSample) {
     Time.PassFrames(28);
     Play(2048);
     EXPECT_EQ(Onset(), frame);
+}
+
+TEST_F(SoundAdapterGroups, SamplesWithoutAStepToComeDoNotWaitForTheOneThatHasOne) {
+    auto buffers = FourLevels();
+    for (Buffer& buffer : buffers) buffer->Play(1);
+    Play(4096);
+    {
+        const CallGroup tick(*Clock, InstantFor(Rendered() + 300));
+        buffers[1]->SetCurrentPosition(0);
+    }
+    {
+        const CallGroup gesture(*Clock);
+        for (Buffer& buffer : buffers) buffer->SetVolume(-10000);
+    }
+    Play(kPeriod);
+    EXPECT_NEAR(LeftAt(Rendered() - 1), kPart, kPart / 20) << "the other three are not silent after one period";
+    Play(1024);
+    EXPECT_NEAR(LeftAt(Rendered() - 1), 0, kStep);
 }
 
 TEST_F(SoundAdapterGroups, SamplesThatAreStoppedByOneGestureFallSilentTogether) {

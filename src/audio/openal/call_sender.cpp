@@ -10,6 +10,28 @@ namespace {
 
 constexpr Instant kBudget = Instant{kLatenessBudget} * kFramesASecond / 1000;
 
+/// A start, a stop or a jump: what belongs together must not come apart.
+bool MovesTheCursor(CallKind kind) {
+    return kind == CallKind::Play || kind == CallKind::Stop || kind == CallKind::Jump;
+}
+
+/// A newer call of this kind to the same voice makes an older one of no account.
+bool Supersedes(CallKind kind) {
+    switch (kind) {
+        case CallKind::Gains:
+        case CallKind::Pitch:
+        case CallKind::Place:
+        case CallKind::Distances:
+        case CallKind::Rolloff:
+        case CallKind::ListenerPlace:
+        case CallKind::ListenerTurn:
+        case CallKind::Jump:
+            return true;
+        default:
+            return false;
+    }
+}
+
 }  // namespace
 
 CallSender::CallSender(CallRing& ring) : ring_(ring) { held_.reserve(ring.Room()); }
@@ -39,7 +61,7 @@ bool CallSender::OnFrame() const {
 
 std::int64_t CallSender::FrameOfGroup() {
     Instant at = time_.At;
-    if (!time_.InTick) {
+    if (time_.Moves) {
         const auto now = static_cast<Instant>(std::floor(clock_->Now()));
         if (now - at > kBudget) at = now;
     }
@@ -55,11 +77,17 @@ std::int64_t CallSender::FrameOfGroup() {
     return frame;
 }
 
+bool CallSender::StaysTogether() const {
+    if (together_) return true;
+    return !time_.InTick &&
+           std::any_of(held_.begin(), held_.end(), [](const HeldCall& held) { return MovesTheCursor(held.What.Kind); });
+}
+
 void CallSender::Release() {
     if (held_.empty()) return;
     const bool onFrame = OnFrame();
     std::int64_t frame = onFrame ? FrameOfGroup() : 0;
-    if (!time_.InTick || together_)
+    if (StaysTogether())
         for (const HeldCall& held : held_) frame = std::max(frame, held.After);
     for (HeldCall& held : held_) {
         held.What.Frame = std::max(frame, held.After);
@@ -74,8 +102,22 @@ void CallSender::Release() {
 
 void CallSender::Write(const Call& call) {
     if (overflow_.empty() && ring_.Write(call)) return;
-    overflow_.push_back(call);
     ++overflowed_;
+    if (Call* older = Superseded(call))
+        *older = call;
+    else
+        overflow_.push_back(call);
+}
+
+Call* CallSender::Superseded(const Call& call) {
+    if (!Supersedes(call.Kind)) return nullptr;
+    for (auto older = overflow_.rbegin(); older != overflow_.rend(); ++older) {
+        if (older->Voice != call.Voice) continue;
+        if (older->Kind == call.Kind) return &*older;
+        // A start is heard with what was called before it, and starts and stops are all kept.
+        if (!Supersedes(older->Kind)) return nullptr;
+    }
+    return nullptr;
 }
 
 void CallSender::Hold() {

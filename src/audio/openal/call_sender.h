@@ -27,9 +27,11 @@ enum class Pace : std::uint8_t {
 /// - those of another gesture as soon as can be.
 ///
 /// No call precedes an earlier one to the same voice. A voice that has to wait for its own earlier calls keeps the
-/// whole gesture waiting, but not a tick: the steps of other voices stay on their grid.
+/// whole gesture waiting if it contains a start, a stop or a jump, else each voice waits for itself. It does not keep a
+/// tick: the steps of other voices stay on their grid.
 ///
-/// A full ring makes nobody wait: what finds no room follows later, in order.
+/// A full ring makes nobody wait: what finds no room follows later, in order. Meanwhile a newer value or jump of a
+/// voice replaces the older one, unless a start or stop lies between them.
 class CallSender {
 public:
     explicit CallSender(CallRing& ring);
@@ -70,10 +72,14 @@ private:
 
     bool Holding() const { return holds_ > 0 || (clock_ && clock_->InGroup()); }
     bool OnFrame() const;
+    /// What is held is heard at one frame, though a voice has to wait for its own earlier calls.
+    bool StaysTogether() const;
     /// The frame at which a group is heard whose calls are on a frame.
     std::int64_t FrameOfGroup();
     void Release();
     void Write(const Call& call);
+    /// The call in `overflow_` that a newer one makes of no account; null when there is none.
+    Call* Superseded(const Call& call);
 
     CallRing& ring_;
     std::shared_ptr<CardClock> clock_;
@@ -84,6 +90,7 @@ private:
     std::int64_t highest_ = 0;  ///< the highest frame given to a group
     Instant highestAt_ = 0;     ///< the instant, with the lead, to which it belonged
     std::int64_t lowest_ = 0;   ///< no group gets a lower frame
+    /// Found no room. A card that never asks makes it no longer than voices and starts and stops are many.
     std::deque<Call> overflow_;
     std::uint64_t overflowed_ = 0;
 };

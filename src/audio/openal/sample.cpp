@@ -107,6 +107,7 @@ std::shared_ptr<PlaneBuffers> SampleMemory::NewPlanes() const {
 
 void SampleMemory::Write(std::int32_t start, std::span<const std::uint8_t> data) {
     if (data.empty()) return;
+    context_->Renew();
     // OpenAL does not replace a buffer in use: new ones are filled, and all users go over to them at one frame.
     std::shared_ptr<PlaneBuffers> planes;
     std::vector<std::unique_ptr<VoiceSources>> sources;

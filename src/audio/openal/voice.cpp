@@ -101,7 +101,8 @@ bool OpenAlVoice::Playing() {
 void OpenAlVoice::Play(bool looping) {
     Call call = MakeCall(CallKind::Play);
     call.Flag = looping;
-    PostTransport(call, Pace::OnFrame, true, Cursor());
+    // Of a sounding sample it only changes the looping.
+    PostTransport(call, Playing() ? Pace::Soon : Pace::OnFrame, true, Cursor());
     looping_ = looping;
 }
 
