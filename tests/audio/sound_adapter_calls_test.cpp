@@ -337,6 +337,15 @@ TEST_F(SoundAdapterCalls, ThePeriodAndTheDelayAreKnownWhileADeviceIsOpen) {
     EXPECT_EQ(Counts().Late, 0U);
 }
 
+TEST(SoundAdapterDelay, TheBufferOfAServerIsKnownWhereTheDriverAsksForIt) {
+    EXPECT_EQ(ServerBuffer("pulseaudio", "40"), 40);
+    EXPECT_EQ(ServerBuffer("pulseaudio", "0"), 0);
+    EXPECT_EQ(ServerBuffer("pulseaudio", nullptr), 0);
+    for (const char* noNumber : {"", "-3", "4x", "40 "}) EXPECT_EQ(ServerBuffer("pulseaudio", noNumber), 0) << noNumber;
+    for (const char* driver : {"alsa", "pipewire", "jack", "disk", ""})
+        EXPECT_EQ(ServerBuffer(driver, "40"), 0) << driver;
+}
+
 class SoundAdapterLongPeriod : public ClockedRig {
 protected:
     SoundAdapterLongPeriod() : ClockedRig(2048) {}

@@ -1,5 +1,7 @@
 /// A device that is unplugged while it sounds.
 
+#include <atomic>
+
 #include "audio/loopback_rig.h"
 #include "audio/vanishing_output.h"
 
@@ -54,6 +56,33 @@ TEST(SoundAdapterVanish, ASampleSoundsOnUnheardAndEveryCallIsTaken) {
         auto third = device->CreateSoundBufferFromFile(WriteTone(folder), buffer_flags::kSample3D);
         third->Play(1);
         EXPECT_TRUE(GetsOn(*third));
+    }
+}
+
+TEST(SoundAdapterVanish, ADriverThatAsksTooFastInPlaceOfAGoneDeviceDoesNotSetThePace) {
+    for (const char* driver : kDrivers) {
+        SCOPED_TRACE(driver);
+        const SampleFolder folder;
+        VanishingOutput output(driver);
+        std::atomic<std::int64_t> steady{1'000'000'000};
+        const auto clock = std::make_shared<CardClock>([&] { return steady.load(); });
+        auto root = CreateOpenAlSound(clock);
+        auto device = root->DirectSoundCreate("");
+        auto buffer = device->CreateSoundBufferFromFile(WriteTone(folder), buffer_flags::kSample);
+        buffer->Play(1);
+        ASSERT_TRUE(output.Heard());
+        output.Vanish();
+        ASSERT_TRUE(Eventually([&] { return OpenAlSoundGone(*root); }));
+        ASSERT_TRUE(GetsOn(*buffer));
+        const double before = clock->Now();
+        // One millisecond for each time the cursor is seen to move by a period or more: far less than is asked for.
+        constexpr int kMilliseconds = 600;
+        for (int i = 1; i <= kMilliseconds; ++i) {
+            const std::int32_t at = buffer->GetCurrentPosition();
+            ASSERT_TRUE(Eventually([&] { return buffer->GetCurrentPosition() != at; }));
+            steady += 1'000'000;
+            ASSERT_NEAR(clock->Now(), before + 44.1 * i, 0.5) << i;
+        }
     }
 }
 

@@ -70,7 +70,7 @@ void PaceWatch::Add_rt(std::int64_t nanoseconds, std::int64_t frames, bool endsB
         const double off = static_cast<double>(frames - frames_) * kNominal / static_cast<double>(passed) - 1;
         fast_ = off > kMostOff ? fast_ + 1 : 0;
         if (fast_ >= kStretches) keepsTime_ = false;
-        if (std::abs(off) <= kMostOff) keepsTime_ = true;
+        if (std::abs(off) <= kMostOff) keepsTime_ = !isLost_;
     }
     hasBegun_ = true;
     begin_ = nanoseconds;
@@ -88,7 +88,8 @@ void CardLineFilter::Start(int period) {
     Publish_rt();
 }
 
-void CardLineFilter::Called_rt(std::int64_t nanoseconds, std::int64_t frames) noexcept {
+void CardLineFilter::Called_rt(std::int64_t nanoseconds, std::int64_t frames, bool hasGone) noexcept {
+    if (hasGone) watch_.Lose_rt();
     const std::int64_t last = std::exchange(last_, nanoseconds);
     if (!isRunning_) {
         isRunning_ = true;

@@ -30,6 +30,11 @@ public:
     /// False once the pace has been higher than any card's for more than a second, until it has been right for a good
     /// third of one. Too slow a pace is that of a card which loses its place now and then.
     bool KeepsTime_rt() const noexcept { return keepsTime_; }
+    /// The device has gone: it never keeps time again.
+    void Lose_rt() noexcept {
+        isLost_ = true;
+        keepsTime_ = false;
+    }
 
 private:
     bool hasBegun_ = false;
@@ -37,6 +42,7 @@ private:
     std::int64_t frames_ = 0;
     int fast_ = 0;  // stretches in a row
     bool keepsTime_ = true;
+    bool isLost_ = false;
 };
 
 /// Filters the times of the callbacks. One thread writes it and one other reads it; neither waits for the other.
@@ -47,8 +53,9 @@ class CardLineFilter {
 public:
     /// A device that renders `period` frames at a time opens. No callback runs meanwhile.
     void Start(int period);
-    /// The card asks at `nanoseconds` of the steady clock and has been given `frames` frames so far.
-    void Called_rt(std::int64_t nanoseconds, std::int64_t frames) noexcept;
+    /// The card asks at `nanoseconds` of the steady clock and has been given `frames` frames so far. `hasGone`: it was
+    /// pulled out, and its driver asks in its place.
+    void Called_rt(std::int64_t nanoseconds, std::int64_t frames, bool hasGone = false) noexcept;
     /// The newest line; nothing while the other thread is writing it.
     std::optional<CardLine> Read() const;
 

@@ -106,19 +106,20 @@ void OpenAlContext::LeaveClock() {
     clock_.reset();
 }
 
-void OpenAlContext::TellClock_rt() noexcept {
+void OpenAlContext::TellClock_rt(bool hasGone) noexcept {
     const std::unique_lock<std::mutex> guard(clocking_, std::try_to_lock);
-    if (guard.owns_lock() && toldClock_ != nullptr) toldClock_->Called_rt(toldClock_->Steadily(), applier_->Position());
+    if (guard.owns_lock() && toldClock_ != nullptr)
+        toldClock_->Called_rt(toldClock_->Steadily(), applier_->Position(), hasGone);
 }
 
-void OpenAlContext::Render_rt(std::int16_t* out, int frames) noexcept {
+void OpenAlContext::Render_rt(std::int16_t* out, int frames, bool hasGone) noexcept {
     if (frames <= 0) return;
     using Clock = std::chrono::steady_clock;
     const auto begin = Clock::now();
     // Nobody else holds this while an output renders.
     const std::lock_guard<std::mutex> applying(applying_);
     const CurrentContext current(context_.get());
-    TellClock_rt();
+    TellClock_rt(hasGone);
     for (int left = frames; left > 0;) {
         int piece = std::min(left, kShortestPiece);
         if (gate_.Try_rt()) {

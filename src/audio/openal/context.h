@@ -41,7 +41,8 @@ public:
     OpenAlContext& operator=(const OpenAlContext&) = delete;
 
     /// Renders the next `frames` stereo frames of 16 bits, with each call at its frame; nothing for 0 or less.
-    void Render_rt(std::int16_t* out, int frames) noexcept;
+    /// `hasGone`: the device was pulled out and does not set the pace any more.
+    void Render_rt(std::int16_t* out, int frames, bool hasGone = false) noexcept;
 
     /// Stops a debug build when another thread than the owner calls.
     void AssertOwner() const noexcept { owner_.Assert(); }
@@ -100,7 +101,7 @@ private:
         void operator()(ALCdevice* device) const;
         void operator()(ALCcontext* context) const;
     };
-    void TellClock_rt() noexcept;
+    void TellClock_rt(bool hasGone) noexcept;
     void LetGo();
     /// Takes and counts the error of the calls that have been applied. OpenAL keeps one by mixer, not by thread: the
     /// owner does not ask for errors, but looks at results.

@@ -8,10 +8,6 @@ namespace {
 
 constexpr int kFrameBytes = 4;
 
-void SDLCALL FillPeriod_rt(void* context, Uint8* stream, int bytes) noexcept {
-    static_cast<OpenAlContext*>(context)->Render_rt(reinterpret_cast<std::int16_t*>(stream), bytes / kFrameBytes);
-}
-
 }  // namespace
 
 SdlAudio::SdlAudio() {
@@ -34,14 +30,25 @@ std::vector<std::string> SdlAudio::OutputNames() const {
     return names;
 }
 
-SdlOutput::SdlOutput(const std::string& name, OpenAlContext& context) {
+std::string SdlAudio::Driver() const {
+    const char* name = up_ ? SDL_GetCurrentAudioDriver() : nullptr;
+    return name == nullptr ? "" : name;
+}
+
+// SDL goes on asking when the device was pulled out.
+void SDLCALL SdlOutput::FillPeriod_rt(void* output, Uint8* stream, int bytes) noexcept {
+    const SdlOutput& self = *static_cast<const SdlOutput*>(output);
+    self.context_.Render_rt(reinterpret_cast<std::int16_t*>(stream), bytes / kFrameBytes, self.HasGone_rt());
+}
+
+SdlOutput::SdlOutput(const std::string& name, OpenAlContext& context) : context_(context) {
     SDL_AudioSpec wanted{};
     wanted.freq = kOutputRate;
     wanted.format = AUDIO_S16SYS;
     wanted.channels = 2;
     wanted.samples = kAskedPeriod;
     wanted.callback = FillPeriod_rt;
-    wanted.userdata = &context;
+    wanted.userdata = this;
     // SDL would cut a longer period of the device into the wanted ones, but ask for them in bursts all the same.
     SDL_AudioSpec granted{};
     const char* device = name.empty() ? nullptr : name.c_str();

@@ -23,6 +23,8 @@ public:
     bool HasOutput() const { return hasOutput_; }
     /// Names of the output devices that SDL can tell apart. They serve as identifiers too.
     std::vector<std::string> OutputNames() const;
+    /// SDL's name of the driver in use, "" when there is none.
+    std::string Driver() const;
 
 private:
     bool up_;
@@ -44,10 +46,14 @@ public:
     int Period() const { return period_; }
 
     /// True once SDL has released the device, as it does when it was pulled out.
-    bool Gone() const { return SDL_GetAudioDeviceStatus(device_) == SDL_AUDIO_STOPPED; }
+    bool Gone() const { return HasGone_rt(); }
 
 private:
-    SDL_AudioDeviceID device_;
+    static void SDLCALL FillPeriod_rt(void* output, Uint8* stream, int bytes) noexcept;
+    bool HasGone_rt() const noexcept { return SDL_GetAudioDeviceStatus(device_) == SDL_AUDIO_STOPPED; }
+
+    OpenAlContext& context_;
+    SDL_AudioDeviceID device_ = 0;
     int period_;
 };
 

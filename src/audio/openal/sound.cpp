@@ -1,6 +1,8 @@
 #include "audio/openal/sound.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cstdlib>
 #include <functional>
 #include <string>
 #include <utility>
@@ -53,7 +55,11 @@ public:
     double Load() const { return IsOpen() ? meter_->Percent() : 0; }
     bool Gone() const { return IsOpen() && device_->Gone(); }
     int Period() const { return IsOpen() ? period_ : 0; }
-    double Delay() const { return IsOpen() && clock_ ? 1000.0 * (clock_->Lead() + period_) / kFramesASecond : 0; }
+    double Delay() const {
+        if (!IsOpen() || !clock_) return 0;
+        const double ahead = std::max(1000.0 * period_ / kFramesASecond, serverBuffer_);
+        return 1000.0 * clock_->Lead() / kFramesASecond + ahead;
+    }
     CallCounts Counts() const { return IsOpen() ? device_->Counts() : CallCounts{}; }
 
 protected:
@@ -62,9 +68,11 @@ protected:
         meter_->Reset();
         return std::make_shared<OpenAlContext>(meter_);
     }
-    /// The clock follows the new device, which asks for `period` frames at a time.
-    void Follow(const std::shared_ptr<OpenAlContext>& context, int period) {
+    /// The clock follows the new device, which asks for `period` frames at a time, into a server's buffer of
+    /// `serverBuffer` milliseconds.
+    void Follow(const std::shared_ptr<OpenAlContext>& context, int period, double serverBuffer = 0) {
         period_ = period;
+        serverBuffer_ = serverBuffer;
         if (!clock_) return;
         if (const auto previous = followed_.lock()) previous->LeaveClock();
         context->JoinClock(clock_, period);
@@ -87,6 +95,7 @@ private:
     std::shared_ptr<LoadMeter> meter_ = std::make_shared<LoadMeter>();
     std::weak_ptr<OpenAlContext> followed_;
     int period_ = 0;
+    double serverBuffer_ = 0;
     const OpenAlDevice* device_ = nullptr;  // valid until `open_` expires
     std::weak_ptr<const void> open_;
 };
@@ -108,7 +117,7 @@ public:
         if (!audio_.HasOutput()) throw SoundError(sound_error::kNoDriver);
         auto context = OpenContext();
         auto output = std::make_unique<SdlOutput>(guid, *context);
-        Follow(context, output->Period());
+        Follow(context, output->Period(), ServerBuffer(audio_.Driver(), std::getenv("PULSE_LATENCY_MSEC")));
         output->Start();
         return Opened(std::move(context), std::move(output));
     }
@@ -179,6 +188,14 @@ int OpenAlPeriod(const DirectX7& service) {
 double OpenAlDelay(const DirectX7& service) {
     const auto* root = dynamic_cast<const MeteredRoot*>(&service);
     return root == nullptr ? 0 : root->Delay();
+}
+
+double ServerBuffer(std::string_view driver, const char* latency) {
+    if (driver != "pulseaudio" || latency == nullptr) return 0;
+    const std::string_view text(latency);
+    unsigned milliseconds = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), milliseconds);
+    return error == std::errc() && end == text.data() + text.size() ? milliseconds : 0;
 }
 
 CallCounts OpenAlCallCounts(const DirectX7& service) {

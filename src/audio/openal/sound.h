@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string_view>
 
 #include "audio/openal/call.h"
 #include "audio/openal/card_clock.h"
@@ -28,7 +29,7 @@ std::unique_ptr<DirectX7> CreateOpenAlSound(std::shared_ptr<CardClock> clock = n
 double OpenAlSoundLoad(const DirectX7& service);
 
 /// True when the service's open device was pulled out. Its sounds go on unheard until another one is opened. The clock
-/// stops following it when this has been asked.
+/// stops following it with the first callback after that, whether this is asked or not.
 /// False without a device, and for any other service.
 bool OpenAlSoundGone(const DirectX7& service);
 
@@ -36,10 +37,14 @@ bool OpenAlSoundGone(const DirectX7& service);
 int OpenAlPeriod(const DirectX7& service);
 
 /// Milliseconds from a gesture that starts a sample to the moment at which the device begins to play it, as far as the
-/// program knows: the lead of the clock (a period and the budget for lateness), and the period that the device plays
-/// while the next one is rendered. What the system keeps in buffers of its own is not contained. 0 without a device or
-/// a clock, and for any other service.
+/// program knows: the lead of the clock (`CardClock::Lead`), and what is played while the next period is rendered,
+/// which is a period, or the buffer of a sound server that has been asked for one (`ServerBuffer`). What else the
+/// system keeps in buffers of its own is not contained. 0 without a device or a clock, and for any other service.
 double OpenAlDelay(const DirectX7& service);
+
+/// Milliseconds of sound that a server is asked to hold: `latency` is the text of PULSE_LATENCY_MSEC, null when it is
+/// not set. 0 when SDL's `driver` is one that has nothing to do with it, or when the text is no number.
+double ServerBuffer(std::string_view driver, const char* latency);
 
 /// How the calls of the service's open device have gone since it was opened. All 0 without a device, and for any other
 /// service.
