@@ -12,6 +12,8 @@ using Instant = std::int64_t;
 inline constexpr std::int32_t kFramesASecond = 44100;
 /// Lateness of the event loop, in milliseconds, within which nothing is heard late.
 inline constexpr std::int32_t kLatenessBudget = 4;
+/// Half a millisecond: what comes at the end of the budget takes so long to make its calls and is still heard in time.
+inline constexpr std::int32_t kFramesForCalls = 22;
 
 /// The card's clock as the user-interface thread sees it, and the groups of calls of the sound service that are heard
 /// at one frame. Every operation is for the user-interface thread.

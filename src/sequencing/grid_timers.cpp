@@ -16,11 +16,11 @@ namespace {
 using Place = std::int64_t;
 constexpr Place kTenths = 10;
 constexpr Place kMillisecond = kFramesASecond * kTenths / 1000;
-// The clock may run a little faster than the event loop's while it follows the card; the service hears calls in time
-// that are late by so much more.
+// The clock may run a little faster than the event loop's while it follows the card. It keeps ahead of the card by so
+// much, so such a tick still has its time for its calls.
 constexpr Place kBudget = kLatenessBudget * kMillisecond * 21 / 20;
-// A tick beyond the budget is put where its calls are heard in time even if they take half a millisecond to be made.
-constexpr Instant kHeldBack = (kLatenessBudget * kMillisecond - kMillisecond / 2) / kTenths;
+// A tick beyond the budget is put where its calls are heard as soon as can be, with their time to be made.
+constexpr Instant kHeldBack = kLatenessBudget * kMillisecond / kTenths;
 
 /// One timer. Its timer and the service share it, because a tick may drop its own timer.
 struct Entry {

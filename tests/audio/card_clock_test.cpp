@@ -148,7 +148,7 @@ TEST(CardClock, AnyPeriodIsFollowedWhateverTheJitter) {
             for (unsigned seed = 1; seed <= 5; ++seed) {
                 SimulatedCard card;
                 card.Open(period);
-                EXPECT_EQ(card.Clock.Lead(), period + 176);
+                EXPECT_EQ(card.Clock.Lead(), period + 198);
                 const auto late = card.Jitter(jitter, seed);
                 card.Run(kOpening, late);
                 card.StartMeasuring();
@@ -279,7 +279,7 @@ TEST(CardClock, DevicesOpenAndCloseWithoutAJump) {
     for (const int period : {128, 2048, 256}) {
         card.Stand(50);
         card.Open(period);
-        EXPECT_EQ(card.Clock.Lead(), period + 176);
+        EXPECT_EQ(card.Clock.Lead(), period + 198);
         EXPECT_EQ(card.Clock.FrameOf(static_cast<Instant>(card.Clock.Now())), 0);
         // SDL takes a moment before it asks.
         card.Stand(80);
@@ -291,7 +291,7 @@ TEST(CardClock, DevicesOpenAndCloseWithoutAJump) {
         card.Look();
         card.Clock.Close();
         card.Look();
-        EXPECT_EQ(card.Clock.Lead(), 176);
+        EXPECT_EQ(card.Clock.Lead(), 198);
     }
 }
 
@@ -338,6 +338,35 @@ TEST(CardClock, ADriverWhoseDeviceHasGoneDoesNotSetThePace) {
             << period;
         card.Clock.Close();
         card.Stand(10);
+    }
+}
+
+TEST(CardClock, ADeviceThatIsKnownToHaveGoneDoesNotSetThePaceFromTheFirstCallbackOn) {
+    // Too fast, too slow, and just right.
+    for (const double milliseconds : {2.1, 4.0, 128 / 44.1, 0.02}) {
+        SCOPED_TRACE(milliseconds);
+        SimulatedCard card;
+        card.Open(128);
+        card.Run(3000, UpTo(0.3));
+        const double told = card.Clock.Now();
+        const std::int64_t at = card.Steady;
+        for (int i = 0; i < 5000; ++i) {
+            card.Steady += static_cast<std::int64_t>(milliseconds * SimulatedCard::kMillisecond);
+            card.Clock.Called_rt(card.Steady, card.Given, true);
+            card.Given += 128;
+            ASSERT_NEAR(card.Clock.Now(), told + static_cast<double>(card.Steady - at) * 44100 / 1e9, 1) << i;
+            // What is called now is applied soon, though unheard.
+            const std::int64_t frame = card.Clock.FrameOf(static_cast<Instant>(card.Clock.Now()));
+            ASSERT_NEAR(static_cast<double>(frame), static_cast<double>(card.Given), 10 * kMillisecond) << i;
+        }
+        card.Look();
+        card.Clock.Close();
+        card.Open(256);
+        card.Run(2000);
+        card.StartMeasuring();
+        card.Run(3000);
+        EXPECT_GE(card.Least, 0);
+        EXPECT_LT(card.Most, kMillisecond * 5) << "the next device is not followed";
     }
 }
 

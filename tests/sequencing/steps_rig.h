@@ -52,6 +52,16 @@ private:
     const std::int64_t& steady_;
 };
 
+/// A display that lets a test look on while a row gets its sample.
+class WatchedDisplay final : public FakeDisplay {
+public:
+    std::function<void()> WhenCaptionIsShown;
+    void ShowCaption(Row row) override {
+        FakeDisplay::ShowCaption(row);
+        if (WhenCaptionIsShown) WhenCaptionIsShown();
+    }
+};
+
 /// The frames at which the clicks of the four rows are heard.
 using Clicks = std::array<std::vector<std::int64_t>, kLoopTracks>;
 
@@ -67,12 +77,14 @@ struct SteppedInstrument : FakeServices {
     SteadyAlarm Bell{Steady};
     GridTimers Grid{*Clock, Bell};
     SampleFolder Folder;
-    FakeDisplay Screen;
+    WatchedDisplay Screen;
     Session s{For(Screen)};
     Weather Outside;
     Clicks Heard;
     std::vector<std::int32_t> Levels;  ///< of the clicks of row A
     std::int64_t Rendered = 0;
+    std::vector<std::int16_t> Sound;  ///< left and right interleaved, of the time in which `KeepsSound` is set
+    bool KeepsSound = false;
 
     explicit SteppedInstrument(int period = 128, double pace = 1) : Period(period), Pace(pace) {
         Desk.TempFile = Folder.Path("VBN1.tmp");
@@ -94,11 +106,15 @@ struct SteppedInstrument : FakeServices {
 
     /// A click of one frame and then silence, `frames` frames in all, in `mode` with steps of `duration` / 100 s.
     void Load(Row row, std::int16_t mode, std::int32_t duration, int frames) {
-        Wave wave;
         std::vector<std::int32_t> numbers(static_cast<std::size_t>(2 * frames), 0);
         numbers[row < 2 ? 0 : 1] = kLevels[static_cast<std::size_t>(row)];
+        Load(row, mode, duration, numbers, "click" + std::to_string(row) + ".wav");
+    }
+    /// A stereo sample of these numbers.
+    void Load(Row row, std::int16_t mode, std::int32_t duration, const std::vector<std::int32_t>& numbers,
+              const std::string& name) {
+        Wave wave;
         wave.Data = Pcm(numbers, 16);
-        const std::string name = "click" + std::to_string(row) + ".wav";
         Folder.Write(name, WaveBytes(wave));
         LoopLoad(s, row, Folder.Path(""), name);
         LoopSetPlayMode(s, row, mode, false);
@@ -128,6 +144,23 @@ struct SteppedInstrument : FakeServices {
             }
         }
     }
+    /// The thread is at work for so long: the card goes on alone.
+    void Work(double seconds) {
+        const auto end = Steady + static_cast<std::int64_t>(seconds * 1e9);
+        while (TimeOf(Rendered) <= end) {
+            Steady = std::max(Steady, TimeOf(Rendered));
+            Ask();
+        }
+        ask_.reset();
+        Steady = end;
+    }
+    /// The machine is suspended for so long: the card stands still, and the steady clock goes on.
+    void Suspend(double seconds) {
+        const auto passed = static_cast<std::int64_t>(seconds * 1e9);
+        Steady += passed;
+        begin_ += passed;
+        ask_.reset();
+    }
     /// What the adapter counts.
     CallCounts Counts() const { return OpenAlCallCounts(*s.DX); }
 
@@ -138,6 +171,7 @@ private:
     void Ask() {
         std::vector<std::int16_t> out(2 * static_cast<std::size_t>(Period));
         Renderer.Render(out.data(), Period);
+        if (KeepsSound) Sound.insert(Sound.end(), out.begin(), out.end());
         for (int i = 0; i < Period; ++i, ++Rendered) {
             Note(0, out[static_cast<std::size_t>(2 * i)]);
             Note(2, out[static_cast<std::size_t>(2 * i + 1)]);

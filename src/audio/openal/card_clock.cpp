@@ -80,7 +80,7 @@ std::int64_t CardClock::Until(double place) {
 
 void CardClock::Begin(std::optional<Instant> at) {
     if (flush_ && !groups_.empty()) flush_();
-    groups_.push_back({at, at.has_value()});
+    groups_.push_back({at, at.has_value(), false});
 }
 
 void CardClock::End() {
@@ -107,7 +107,7 @@ void CardClock::Close() {
     line_ = {};
 }
 
-int CardClock::Lead() const { return period_ + kLatenessBudget * kFramesASecond / 1000; }
+int CardClock::Lead() const { return period_ + kLatenessBudget * kFramesASecond / 1000 + kFramesForCalls; }
 
 std::int64_t CardClock::FrameOf(Instant instant) const {
     const std::int64_t frame = instant - origin_;
@@ -115,14 +115,17 @@ std::int64_t CardClock::FrameOf(Instant instant) const {
 }
 
 CallTime CardClock::TimeOfCall() {
-    if (groups_.empty()) return {static_cast<Instant>(std::floor(Now())), false};
+    if (groups_.empty()) return {static_cast<Instant>(std::floor(Now())), false, true};
     Group& group = groups_.back();
     if (!group.At) group.At = static_cast<Instant>(std::floor(Now()));
-    return {*group.At, group.IsTick};
+    return {*group.At, group.IsTick, !group.IsTick || group.WasRenewed};
 }
 
 void CardClock::Renew() {
-    if (!groups_.empty() && !groups_.back().IsTick) groups_.back().At.reset();
+    if (groups_.empty()) return;
+    Group& group = groups_.back();
+    group.WasRenewed = true;
+    if (!group.IsTick) group.At.reset();
 }
 
 }  // namespace marvolin

@@ -16,6 +16,7 @@ namespace marvolin {
 struct CallTime {
     Instant At = 0;       ///< the group's instant, or the moment of the call
     bool InTick = false;  ///< the group is a tick: even a continuous value waits for `At` + `Lead`
+    bool Moves = true;    ///< a group that lasts longer than the budget is heard at its end; a tick only after `Renew`
 };
 
 /// A straight line from the system's steady clock to the frames of the card, and the open groups. It outlives the
@@ -42,12 +43,16 @@ public:
     /// The device closes; the clock goes on by the steady clock. Its callback has ended before.
     void Close();
     /// Called by the callback of the open device, before it renders: the card asks at `nanoseconds` of the steady clock
-    /// and has been given `frames` frames so far.
-    void Called_rt(std::int64_t nanoseconds, std::int64_t frames) noexcept { filter_.Called_rt(nanoseconds, frames); }
+    /// and has been given `frames` frames so far. From the first call with `hasGone` on, the clock goes by the steady
+    /// clock until another device opens.
+    void Called_rt(std::int64_t nanoseconds, std::int64_t frames, bool hasGone = false) noexcept {
+        filter_.Called_rt(nanoseconds, frames, hasGone);
+    }
     /// Now, on the steady clock, for `Called_rt`.
     std::int64_t Steadily() const { return steady_(); }
 
-    /// Frames between an instant and the frame at which it is heard: a period of the open device and the budget.
+    /// Frames between an instant and the frame at which it is heard: a period of the open device, the budget, and
+    /// `kFramesForCalls`.
     int Lead() const;
     /// The frame of the open device at `instant`, negative before its frame 0. While the card stands still it is at
     /// most a quarter of a second ahead of what the card has been given, so that no calls pile up for later.
@@ -56,7 +61,7 @@ public:
     /// The time of a call that is made now.
     CallTime TimeOfCall();
     /// The next call of an open gesture is the first of its rest and gives it an instant: what came in between took
-    /// long. A tick keeps its instant.
+    /// long. A tick keeps its instant as long as that can be heard in time.
     void Renew();
     /// True while a group is open: calls may be held back until it ends.
     bool InGroup() const { return !groups_.empty(); }
@@ -68,6 +73,7 @@ private:
     struct Group {
         std::optional<Instant> At;
         bool IsTick = false;
+        bool WasRenewed = false;
     };
 
     // True when the card's line is too far ahead of the clock, in frames, or behind it, to be followed.
