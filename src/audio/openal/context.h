@@ -28,7 +28,6 @@ class CallApplier;
 class SourcePool;
 
 inline constexpr int kOutputRate = 44100;  ///< Hz
-inline constexpr int kAskedPeriod = 128;   ///< stereo frames that an output is asked to take at a time
 
 /// One mixer. It belongs to the thread that makes it; only `Render_rt` may be called from another one. What changes the
 /// sound is posted as a `Call` and applied by the thread that renders.

@@ -7,6 +7,7 @@ namespace marvolin {
 namespace {
 
 constexpr int kFrameBytes = 4;
+constexpr int kAskedPeriod = MARVOLIN_PERIOD;  // stereo frames that an output is asked to take at a time
 
 }  // namespace
 

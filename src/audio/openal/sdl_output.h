@@ -42,7 +42,7 @@ public:
     SdlOutput& operator=(const SdlOutput&) = delete;
 
     void Start() { SDL_PauseAudioDevice(device_, 0); }
-    /// Frames that it asks for at a time: `kAskedPeriod`, or what the device grants instead.
+    /// Frames that it asks for at a time: what the build says (MARVOLIN_PERIOD), or what the device grants instead.
     int Period() const { return period_; }
 
     /// True once SDL has released the device, as it does when it was pulled out.
