@@ -237,12 +237,18 @@ void FrmScripts::Refresh() {
     undo_->setEnabled(View->CanUndo());
     redo_->setEnabled(View->CanRedo());
     stop_->setEnabled(room_.Runs());
-    Running->setText(room_.Runs() ? ToQString(room_.Name() + " runs") : QString("no script runs"));
-    Running->setStyleSheet(room_.Runs() ? "color: #5fd07a;" : "color: #9aa2ad;");
+    ShowRunning();
     Status->ShowCaret(View->Caret());
     Events->update();
     Console->Refresh();
     ShowFailure();
+}
+
+void FrmScripts::ShowRunning() {
+    const QString says = room_.Runs() ? ToQString(room_.Name() + " runs") : QString("no script runs");
+    if (says == Running->text()) return;
+    Running->setText(says);
+    Running->setStyleSheet(room_.Runs() ? "color: #5fd07a;" : "color: #9aa2ad;");
 }
 
 void FrmScripts::ShowFailure() {

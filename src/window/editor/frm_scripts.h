@@ -60,6 +60,7 @@ private:
     void Run();
     void Stop();
     void Refresh();
+    void ShowRunning();
     void ShowFailure();
 
     Session& s;
