@@ -15,7 +15,7 @@
 namespace marvolin::test {
 namespace {
 
-constexpr int kPeriod = 128;
+constexpr int kStoppedPeriod = 128;
 constexpr int kStops = 400;
 constexpr int kPeriodsOfAStop = 20;
 constexpr long kLongestStop = 10;  // seconds
@@ -67,7 +67,7 @@ void Player(LoopbackRenderer& renderer, CardClock& clock, const std::string& pat
 TEST(SoundAdapterStopped, TheCardGoesOnWhileTheCallingThreadIsStoppedInTheMiddleOfACallOfTheLibrary) {
     HandTime time;
     const auto clock = time.MakeClock();
-    LoopbackRenderer renderer(clock, kPeriod);
+    LoopbackRenderer renderer(clock, kStoppedPeriod);
     const SampleFolder folder;
     const std::string path =
         folder.Write("level.wav", WaveBytes({.Channels = 1, .Data = Pcm(std::vector<std::int32_t>(4410, 3000), 16)}));
@@ -80,13 +80,13 @@ TEST(SoundAdapterStopped, TheCardGoesOnWhileTheCallingThreadIsStoppedInTheMiddle
     std::thread player([&] { Player(renderer, *clock, path, ready, ended); });
     ASSERT_TRUE(Eventually([&] { return ready.load(); }));
 
-    std::vector<std::int16_t> out(2 * kPeriod);
+    std::vector<std::int16_t> out(2 * kStoppedPeriod);
     std::mt19937 chance(1);
     bool heard = false;
     bool sounds = true;
     const auto render = [&] {
-        renderer.Render(out.data(), kPeriod);
-        time.PassFrames(kPeriod);
+        renderer.Render(out.data(), kStoppedPeriod);
+        time.PassFrames(kStoppedPeriod);
         heard = heard || out[0] > 2000;
         // Once it sounds, no period is silent.
         sounds = sounds && (!heard || out[0] > 2000);

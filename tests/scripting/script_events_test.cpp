@@ -95,12 +95,12 @@ std::string Printing(std::span<const std::string_view> names) {
 }
 
 /// An instrument with a host, whose engine's procedures are the test's.
-struct Hosted : test::Surfaces {
+struct HostedHand : test::Surfaces {
     test::FakeScriptControl Engine;
     ScriptHost Host{Engine, Desk};
     std::vector<std::string> Heard;
 
-    Hosted() {
+    HostedHand() {
         Scripts.During = [this](ScriptEvent event) { Host.Call(event, Scripts.Events.back().Arguments); };
         for (Row row = 0; row < 2; ++row) Fill(row);
     }
@@ -116,7 +116,7 @@ struct Hosted : test::Surfaces {
 
 TEST(ScriptEventsOfTheHand, EachEventReachesTheEngineWithItsArguments) {
     for (const Gesture& gesture : Gestures()) {
-        Hosted i;
+        HostedHand i;
         i.Define(kScriptEventNames);
         gesture.Make(i.s);
         EXPECT_EQ(i.Heard, gesture.Events) << gesture.Name;
@@ -135,7 +135,7 @@ TEST(ScriptEventsOfTheHand, EachEventReachesLuaWithItsArguments) {
 
 TEST(ScriptEventsOfTheHand, OnlyTheEventsThatTheScriptDefinesAreHeard) {
     for (const std::string_view only : kScriptEventNames) {
-        Hosted fake;
+        HostedHand fake;
         fake.Define(std::array{only});
         LuaRig lua;
         lua.Run(Printing(std::array{only}));
@@ -165,7 +165,7 @@ TEST(ScriptEventsOfTheHand, NoEventIsCalledInsideItself) {
     for (int event = 0; event < kScriptEvents; ++event) {
         const auto which = static_cast<ScriptEvent>(event);
         const std::string name(kScriptEventNames[static_cast<std::size_t>(event)]);
-        Hosted i;
+        HostedHand i;
         int calls = 0;
         i.Engine.Procedures[name] = [&](auto) {
             ++calls;

@@ -21,7 +21,7 @@ namespace {
 using test::SteppedInstrument;
 using test::Weather;
 
-constexpr std::int64_t kTick = 441;  // frames of 10 ms
+constexpr std::int64_t kFramesOfATick = 441;  // frames of 10 ms
 // Hundredths of a second. Each step of a row is one of all rows above it.
 constexpr std::array<std::int32_t, kLoopTracks> kDurations{3, 6, 12, 24};
 constexpr std::array<int, kLoopTracks> kLengths{400, 20000, 300, 30000};
@@ -70,14 +70,15 @@ void ExpectExact(const SteppedInstrument& i, std::int64_t frame) {
         const std::vector<std::int64_t> clicks = From(i, row, frame);
         ASSERT_GE(clicks.size(), 10U) << row;
         for (std::size_t k = 1; k < clicks.size(); ++k)
-            ASSERT_EQ(clicks[k] - clicks[k - 1], kDurations[row] * kTick) << "row " << row << ", " << clicks[k];
+            ASSERT_EQ(clicks[k] - clicks[k - 1], kDurations[row] * kFramesOfATick)
+                << "row " << row << ", " << clicks[k];
     }
     ExpectTogether(i, frame);
 }
 
 /// Where the steps of the quickest row lie within its step.
 std::int64_t GridOf(const SteppedInstrument& i, std::int64_t frame) {
-    return From(i, 0, frame).front() % (kDurations[0] * kTick);
+    return From(i, 0, frame).front() % (kDurations[0] * kFramesOfATick);
 }
 
 TEST(StepsOfFour, CallbacksThatStopForASecondAndComeInABurstLeaveTheGridWhereItWas) {
@@ -115,10 +116,10 @@ TEST(StepsOfFour, TurnsOfTheEventLoopBeyondTheBudgetMoveAllFourTogetherAndTheNex
         i->Outside.Loop = Lateness(0);
         i->Run(4);
         ExpectTogether(*i, begin);
-        ExpectExact(*i, end + 2 * kTick);
-        EXPECT_EQ(GridOf(*i, end + 2 * kTick), grid);
+        ExpectExact(*i, end + 2 * kFramesOfATick);
+        EXPECT_EQ(GridOf(*i, end + 2 * kFramesOfATick), grid);
         // Within the second they were late indeed.
-        EXPECT_NE(GridOf(*i, begin + 4 * kTick), grid);
+        EXPECT_NE(GridOf(*i, begin + 4 * kFramesOfATick), grid);
         EXPECT_EQ(i->Counts().Late, 0U) << i->Counts().LongestLate;
     }
 }

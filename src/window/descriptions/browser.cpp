@@ -29,7 +29,7 @@ std::string ComponentCaption(const Situation& at) {
     return std::string(kComponentTexts[static_cast<std::size_t>(at.Index)]);
 }
 
-std::string StatusHint(const Situation& at) { return at.Part == kHelpPanel ? kHelpPanelHint : ""; }
+std::string BrowserBarHint(const Situation& at) { return at.Part == kHelpPanel ? kHelpPanelHint : ""; }
 
 constexpr Indices kBinIndices{0, kBins - 1};
 
@@ -110,7 +110,7 @@ constexpr Description kBrowserTable[] = {
     {.Name = "BrowseStatusBar1",
      .Label = "Hints",
      .Tip = kHelpPanelTip,
-     .Hint = StatusHint,
+     .Hint = BrowserBarHint,
      .Topic = 10132,
      .Role = QAccessible::StatusBar},
 };

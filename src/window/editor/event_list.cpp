@@ -10,7 +10,7 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kTop = 3;
+constexpr int kEventsTop = 3;
 constexpr double kMark = 8;  // pixels across
 
 void DrawMark(QPainter& p, QPointF centre, Hearing hearing) {
@@ -31,7 +31,7 @@ EventList::EventList(Session& session, const ScriptRoom& room, QWidget* parent) 
 }
 
 int EventList::PartAt(QPointF place) const {
-    const int row = static_cast<int>(std::floor((place.y() - kTop) / kRowHeight));
+    const int row = static_cast<int>(std::floor((place.y() - kEventsTop) / kRowHeight));
     return row >= 0 && row < kScriptEvents ? row : -1;
 }
 
@@ -41,7 +41,7 @@ void EventList::paintEvent(QPaintEvent*) {
     p.setFont(theme::Sans(12));
     for (int event = 0; event < kScriptEvents; ++event) {
         const Hearing hearing = room_.Hears(static_cast<ScriptEvent>(event));
-        const QRect row(22, kTop + event * kRowHeight, width() - 22, kRowHeight);
+        const QRect row(22, kEventsTop + event * kRowHeight, width() - 22, kRowHeight);
         DrawMark(p, QPointF(11, row.center().y() + 0.5), hearing);
         p.setPen(hearing == Hearing::No ? theme::kQuiet : theme::kText);
         p.drawText(row, Qt::AlignVCenter | Qt::AlignLeft,

@@ -11,7 +11,7 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kButtonHeight = 26;
+constexpr int kFindButtonHeight = 26;
 
 }  // namespace
 
@@ -28,7 +28,7 @@ FindBar::FindBar(Session& session, CodeView& view, QWidget* parent) : QWidget(pa
     row->addWidget(words_);
     const auto add = [&](const char* name, int width, std::function<void()> click) {
         auto* button = new TextButton(session, nullptr, name, std::move(click));
-        button->setFixedSize(width, kButtonHeight);
+        button->setFixedSize(width, kFindButtonHeight);
         row->addWidget(button);
     };
     add("FindPrevious", 78, [this] { Go(Search::Previous); });

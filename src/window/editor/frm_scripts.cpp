@@ -27,9 +27,9 @@ namespace marvolin {
 
 namespace {
 
-constexpr QSize kLeast(760, 420);
-constexpr int kEdge = 8;
-constexpr int kButtonHeight = 30;
+constexpr QSize kLeastScripts(760, 420);
+constexpr int kScriptsEdge = 8;
+constexpr int kScriptsButtonHeight = 30;
 constexpr int kListWidth = 620;
 
 QLabel* Heading(const QString& text) {
@@ -97,11 +97,11 @@ FrmScripts::FrmScripts(Session& session, ScriptRoom& room, CodeViewMaker& maker)
 QWidget* FrmScripts::MakeToolbar() {
     auto* bar = new QWidget;
     auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(kEdge, kEdge, kEdge, kEdge);
+    row->setContentsMargins(kScriptsEdge, kScriptsEdge, kScriptsEdge, kScriptsEdge);
     row->setSpacing(5);
     const auto add = [&](const char* name, int width, std::function<void()> click) {
         auto* button = new TextButton(s, nullptr, name, std::move(click));
-        button->setFixedSize(width, kButtonHeight);
+        button->setFixedSize(width, kScriptsButtonHeight);
         row->addWidget(button);
         return button;
     };
@@ -137,8 +137,8 @@ QWidget* FrmScripts::MakeHead(CodeViewMaker& maker) {
 QWidget* FrmScripts::MakeFoot() {
     auto* foot = new QWidget;
     auto* row = new QHBoxLayout(foot);
-    row->setContentsMargins(kEdge, 2, kEdge, kEdge);
-    row->setSpacing(kEdge);
+    row->setContentsMargins(kScriptsEdge, 2, kScriptsEdge, kScriptsEdge);
+    row->setSpacing(kScriptsEdge);
     auto* left = new QVBoxLayout;
     left->setSpacing(4);
     auto* title = new QHBoxLayout;
@@ -189,7 +189,7 @@ void FrmScripts::MakeKeys() {
 
 void FrmScripts::FitScreen() {
     const QSize room = screen()->availableSize() * 9 / 10;
-    setMinimumSize(kLeast.boundedTo(room));
+    setMinimumSize(kLeastScripts.boundedTo(room));
     resize(kSize.boundedTo(room));
 }
 
@@ -261,6 +261,10 @@ void FrmScripts::ShowFailure() {
 }
 
 void FrmScripts::ShowHint(std::string_view hint) { Status->ShowHint(ToQString(hint)); }
+
+void FrmScripts::TakeHintAway(std::string_view hint) {
+    if (Status->Hint() == ToQString(hint)) Status->ShowHint("");
+}
 
 void FrmScripts::closeEvent(QCloseEvent* event) {
     if (!Document->MayLose()) return event->ignore();

@@ -33,6 +33,7 @@ public:
     /// Shows again what the room knows; for any number of changes once, when the event that is under way has ended.
     void RefreshSoon();
     void ShowHint(std::string_view hint) override;
+    void TakeHintAway(std::string_view hint) override;
 
     std::unique_ptr<ScriptDocument> Document;
     // Owned by the toolkit.

@@ -9,7 +9,7 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kEdge = 12;
+constexpr int kScriptStatusEdge = 12;
 constexpr int kCaretWidth = 110;
 
 void DrawPart(QPainter& p, const QRect& place, const QString& text, const QColor& ink) {
@@ -44,9 +44,9 @@ void ScriptStatus::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.fillRect(rect(), QColor(0x17, 0x19, 0x1c));
     p.setFont(theme::Sans(12));
-    const int caret = width() - kEdge - kCaretWidth;
+    const int caret = width() - kScriptStatusEdge - kCaretWidth;
     DrawPart(p, QRect(caret, 0, kCaretWidth, height()), CaretText(caret_), theme::kQuiet);
-    const QRect hint(kEdge, 0, caret - 2 * kEdge, height());
+    const QRect hint(kScriptStatusEdge, 0, caret - 2 * kScriptStatusEdge, height());
     if (p.fontMetrics().horizontalAdvance(hint_) > hint.width()) p.setFont(theme::Sans(11));
     DrawPart(p, hint, hint_, theme::kText);
 }

@@ -24,11 +24,11 @@ namespace marvolin {
 
 namespace {
 
-constexpr QSize kSize(820, 620);
+constexpr QSize kHelpSize(820, 620);
 constexpr int kContentsWidth = 240;
 constexpr int kGap = 12;  // pixels
 constexpr int kFileRole = Qt::UserRole;
-constexpr const char* kSheet = R"(
+constexpr const char* kPageSheet = R"(
 body { color: #e6e8eb; }
 h1 { color: #ffffff; font-size: x-large; }
 h2 { color: #ffc94d; font-size: large; margin-top: 14px; }
@@ -56,11 +56,11 @@ HelpViewer::HelpViewer() {
     text_ = new QTextBrowser;
     Describe(*text_, "HelpText");
     text_->setOpenLinks(false);
-    text_->document()->setDefaultStyleSheet(kSheet);
+    text_->document()->setDefaultStyleSheet(kPageSheet);
     text_->document()->setDocumentMargin(14);
     halves->addWidget(tree_);
     halves->addWidget(text_);
-    halves->setSizes({kContentsWidth, kSize.width() - kContentsWidth});
+    halves->setSizes({kContentsWidth, kHelpSize.width() - kContentsWidth});
     halves->setStretchFactor(1, 1);
     column->addWidget(halves, 1);
     connect(text_, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) { Go(link.toString()); });
@@ -223,7 +223,7 @@ void HelpViewer::MarkFound() {
 void HelpViewer::Place(const QWidget* avoid) {
     const QScreen* at = avoid != nullptr ? avoid->screen() : QGuiApplication::primaryScreen();
     const QRect area = at->availableGeometry();
-    resize(kSize.boundedTo(area.size() - QSize(2 * kGap, 4 * kGap)));
+    resize(kHelpSize.boundedTo(area.size() - QSize(2 * kGap, 4 * kGap)));
     const QRect keep = avoid != nullptr && avoid->isVisible() ? avoid->frameGeometry() : QRect();
     const QPoint place = PlaceClearOf(keep, area, size(),
                                       {{keep.right() + kGap, qMax(area.top() + kGap, keep.top())},

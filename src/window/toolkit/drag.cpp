@@ -22,7 +22,7 @@ constexpr QPoint kToolTip{2, 31};    // the tip of the dropper: where the drop f
 constexpr QPoint kArrowTip{1, 1};    // of the help pointer
 constexpr QPoint kBeside{-14, -10};  // a label stands below the pointer and to its right
 constexpr int kMostLabel = 220;      // pixels
-constexpr int kLabelHeight = 24;
+constexpr int kDragLabelHeight = 24;
 
 QPixmap Painted(const QSize& size, double ratio, const std::function<void(QPainter&)>& paint) {
     QPixmap picture(size * ratio);
@@ -138,7 +138,7 @@ QPixmap DragPicture(const Session& s, const DragSource& source, double ratio) {
     const QFont font = theme::Sans(13);
     const QFontMetrics metrics(font);
     const QString name = metrics.elidedText(QString::fromStdString(DragName(s, source)), Qt::ElideMiddle, kMostLabel);
-    const QRect label(0, 0, metrics.horizontalAdvance(name) + 18, kLabelHeight);
+    const QRect label(0, 0, metrics.horizontalAdvance(name) + 18, kDragLabelHeight);
     return Painted(label.size(), ratio, [&](QPainter& p) {
         theme::DrawFace(p, label, {}, theme::kRaised, theme::kAccent);
         p.setFont(font);
