@@ -53,7 +53,8 @@ write() {
 red_line() {
   local x y w h red
   read -r x y w h <<<"${PLACE[scripts/ScriptText]}"
-  red=$(import -window "$SCRIPTS" -crop "${w}x$h+$x+$y" +repage -format '%c' histogram:info:- |
+  keep_scripts "text"
+  red=$(convert "$FOLDER/text.png" -crop "${w}x$h+$x+$y" +repage -format '%c' histogram:info:- |
     sed -n 's/^ *\([0-9]*\): .*#4A2020.*/\1/p')
   [[ ${red:-0} -gt 2000 ]]
 }
