@@ -1,7 +1,7 @@
 // Prints the position of each control of the main window, one per line: "name x y width height", in pixels from the
-// window's inner corner; then those of the browser as "browse/name", of the Save/Open dialogue as "save/name", and of the
-// window of scripts as "scripts/name". The layout is fixed, so the positions hold in the running program too, while the
-// tab of the control is open.
+// window's inner corner; then those of the browser as "browse/name", of the Save/Open dialogue as "save/name", and of
+// the window of scripts as "scripts/name". The layout is fixed, so the positions hold in the running program too, while
+// the tab of the control is open.
 
 #include <QApplication>
 #include <QStackedWidget>
