@@ -243,7 +243,9 @@ int Draw(const std::string& texts, const std::string& folder) {
             Write(*found, path);
             while (QWidget* popup = QApplication::activePopupWidget()) popup->hide();
         } else if (!forms.InDialogue(name, [&](QWidget& part) { Write(part, path); })) {
-            throw std::runtime_error("no control " + name.toStdString() + " for " + std::to_string(topic));
+            // The build goes on: `help_test` names each picture that is missing.
+            std::fprintf(stderr, "make_help_pictures: no form has the control %s\n", qPrintable(name));
+            continue;
         }
         ++drawn;
     }

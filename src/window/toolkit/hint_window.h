@@ -10,8 +10,8 @@ public:
     virtual ~HintWindow() = default;
     /// Shows `hint`; does nothing when it is shown already.
     virtual void ShowHint(std::string_view hint) = 0;
-    /// Shows nothing when `hint` is still shown.
-    virtual void TakeHintAway(std::string_view hint) = 0;
+    /// Shows nothing when `hint` is still shown. A window that leaves its last hint does nothing.
+    virtual void TakeHintAway(std::string_view /*hint*/) {}
     /// Whether it shows the hints of windows without a bar, too: the main window does.
     virtual bool TakesHintsOfOthers() const { return false; }
 };
