@@ -74,7 +74,7 @@ TEST_F(SoundAdapterGroups, WhatIsStoppedBeforeAWriteIsSilentBeforeTheGroupEnds) 
     ASSERT_GT(LeftAt(Rendered() - 1), kLevel / 2);
     const CallGroup gesture(*Clock);
     old->Stop();
-    written->WriteBuffer(0, Bytes(4, 1));
+    written->WriteBuffer(0, ByteList(4, 1));
     Play(kPeriod);
     EXPECT_NEAR(LeftAt(Rendered() - 1), 0, kStep);
 }

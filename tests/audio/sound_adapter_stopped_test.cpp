@@ -50,7 +50,7 @@ void Player(LoopbackRenderer& renderer, CardClock& clock, const std::string& pat
     auto buffer = device->CreateSoundBufferFromFile(path, buffer_flags::kSample);
     buffer->Play(1);
     ready = true;
-    const Bytes bytes = Pcm(std::vector<std::int32_t>(500, 3000), 16);
+    const ByteList bytes = Pcm(std::vector<std::int32_t>(500, 3000), 16);
     for (int i = 0; !ended; ++i) {
         std::optional<Instant> tick;
         if (i % 2 == 0) tick = static_cast<Instant>(clock.Now());
