@@ -79,7 +79,8 @@ const StandIn* LoaderLibraries::ByFile(std::string_view file) const {
 void* LoaderLibraries::Loaded(const char* file) {
     const auto known = loaded_.find(std::string_view(file));
     if (known != loaded_.end()) return known->second.get();
-    return loaded_.emplace(file, Handle(::dlopen(file, RTLD_LAZY | RTLD_LOCAL))).first->second.get();
+    // Not every library bears being unloaded. In the program all of them stay anyhow: it is linked to them.
+    return loaded_.emplace(file, Handle(::dlopen(file, RTLD_LAZY | RTLD_LOCAL | RTLD_NODELETE))).first->second.get();
 }
 
 LocatedFile LoaderLibraries::Module(const char* file) {
