@@ -29,7 +29,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr const char* kHelpFile = "/p/Help/marvolin.chm";
+constexpr const char* kToldHelpFile = "/p/Help/marvolin.chm";
 
 const DragSource kQuestionMark{"StatusBar1", 0, "ForHelp~~"};
 
@@ -67,7 +67,7 @@ std::string Whole(Session& s, const std::string& folder) {
 
 struct Asked : WholeHand {
     Asked() {
-        s.HelpFile = kHelpFile;
+        s.HelpFile = kToldHelpFile;
         Begin();
     }
     /// All widgets of the windows that have a row of the table.
@@ -126,7 +126,7 @@ TEST(AskHelp, AQuestionMarkDroppedOnAnyControlAsksForItsPageAndChangesNothing) {
 
 TEST(AskHelp, AQuestionMarkAsksInEveryOtherFormAndDialogueToo) {
     AllForms forms;
-    forms.s.HelpFile = kHelpFile;
+    forms.s.HelpFile = kToldHelpFile;
     int asked = 0;
     forms.Each([&](const std::string& form, QWidget& window) {
         window.show();
@@ -152,7 +152,7 @@ TEST(AskHelp, AQuestionMarkAsksInEveryOtherFormAndDialogueToo) {
 
 TEST(AskHelp, ADisabledControlAnswersToo) {
     Stage stage;
-    stage.s.HelpFile = kHelpFile;
+    stage.s.HelpFile = kToldHelpFile;
     ASSERT_FALSE(stage.At("PanKnob_0")->isEnabled() && stage.At("Scripts")->isEnabled());
     for (const char* name : {"PanKnob_0", "Scripts"}) {
         stage.At(name)->setEnabled(false);
@@ -165,7 +165,7 @@ TEST(AskHelp, ADisabledControlAnswersToo) {
 TEST(AskHelp, AFailureIsToldAndTheDropStillDoesNothingElse) {
     Stage stage;
     stage.Fill(0);
-    stage.s.HelpFile = kHelpFile;
+    stage.s.HelpFile = kToldHelpFile;
     stage.Desk.HelpFails = true;
     const test::Facts before = FactsOf(stage.s);
     EXPECT_TRUE(DropInWindow(*stage.Form, stage.InWindow("SndDisp_0", {50, 20}), kQuestionMark));
@@ -183,7 +183,7 @@ TEST(AskHelp, WithoutAHelpFileADropDoesNothingAtAll) {
 
 TEST(AskHelp, OtherDragsPassUntouched) {
     Stage stage;
-    stage.s.HelpFile = kHelpFile;
+    stage.s.HelpFile = kToldHelpFile;
     stage.s.Set[1].Vol = 77;
     EXPECT_TRUE(stage.DropControl("SndDisp_1", {"Letr", 0, "Dropper~~0"}));
     EXPECT_EQ(stage.s.Set[0].Vol, 77);
@@ -215,7 +215,7 @@ TEST(AskHelp, TheQuestionMarkHasItsOwnPointer) {
 
 TEST(AskHelp, TheQuestionMarkDroppedWhereItCameFromOpensTheContents) {
     Stage stage;
-    stage.s.HelpFile = kHelpFile;
+    stage.s.HelpFile = kToldHelpFile;
     auto& bar = dynamic_cast<HelpBar&>(*stage.At("StatusBar1"));
     EXPECT_TRUE(DropInWindow(*stage.Form, bar.mapTo(stage.Form.get(), bar.HelpPanel().center()), kQuestionMark));
     EXPECT_THAT(stage.Desk.Log, ElementsAre(Opened(kHelpContents)));
@@ -223,7 +223,7 @@ TEST(AskHelp, TheQuestionMarkDroppedWhereItCameFromOpensTheContents) {
 
 TEST(AskHelp, OptionHelpOpensTheHelpOnTheOptions) {
     Stage stage;
-    stage.s.HelpFile = kHelpFile;
+    stage.s.HelpFile = kToldHelpFile;
     stage.s.ActiveTab = kOptionTab;
     stage.Screen.ShowTab();
     stage.Click("OptionHelp");
@@ -248,7 +248,7 @@ TEST(AskHelp, F1AsksAboutWhatIsUnderThePointer) {
 
 TEST(AskHelp, F1AsksAboutTheFocusThatTabHasMovedUntilThePointerMoves) {
     Stage stage;
-    stage.s.HelpFile = kHelpFile;
+    stage.s.HelpFile = kToldHelpFile;
     stage.Move("Browse", stage.Middle("Browse"));
     stage.At("VolKnob_1")->setFocus(Qt::TabFocusReason);
     QTest::keyClick(stage.At("VolKnob_1"), Qt::Key_F1);
@@ -259,7 +259,7 @@ TEST(AskHelp, F1AsksAboutTheFocusThatTabHasMovedUntilThePointerMoves) {
 
 TEST(AskHelp, F1AsksOnceWhileItIsHeldAndNotWithShift) {
     Stage stage;
-    stage.s.HelpFile = kHelpFile;
+    stage.s.HelpFile = kToldHelpFile;
     QKeyEvent held(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier, "", true);
     QApplication::sendEvent(stage.At("VolKnob_1"), &held);
     QTest::keyClick(stage.At("VolKnob_1"), Qt::Key_F1, Qt::ShiftModifier);

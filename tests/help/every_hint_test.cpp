@@ -15,6 +15,8 @@
 #include "whole_hand.h"
 #include "window/controls/control.h"
 #include "window/descriptions/described.h"
+#include "window/editor/find_bar.h"
+#include "window/editor/script_status.h"
 #include "window/forms/frm_browse.h"
 
 namespace marvolin {
@@ -141,7 +143,8 @@ TEST(EveryHint, ButtonsListsAndFieldsOfTheOtherFormsAndOfDialoguesShowTheirsInTh
     AllForms forms;
     int shown = 0;
     forms.Each([&](const std::string& form, QWidget& window) {
-        if (form == "frmMain" || form == "frmBrowse" || form == "frmSave") return;
+        // The window of scripts has a bar of its own: `TheWindowOfScriptsShowsItsHintsItself`.
+        if (form == "frmMain" || form == "frmBrowse" || form == "frmSave" || form == "frmScripts") return;
         window.show();
         forms.Settle();
         for (QWidget* widget : window.findChildren<QWidget*>()) {
@@ -157,6 +160,34 @@ TEST(EveryHint, ButtonsListsAndFieldsOfTheOtherFormsAndOfDialoguesShowTheirsInTh
         }
     });
     EXPECT_GT(shown, 28);
+}
+
+TEST(EveryHint, TheWindowOfScriptsShowsItsHintsItself) {
+    AllForms forms;
+    forms.Scripts.show();
+    forms.Scripts.Find->Open();
+    forms.Settle();
+    forms.s.StatusText.clear();
+    std::vector<std::string> wrong;
+    int shown = 0;
+    for (QWidget* widget : forms.Scripts.findChildren<QWidget*>()) {
+        const Described* described = DescribedOf(*widget);
+        if (described == nullptr || !widget->isVisible() || described->Hint(0, false).empty()) continue;
+        auto* scrolled = qobject_cast<QAbstractScrollArea*>(widget);
+        QWidget& pointed = scrolled == nullptr ? *widget : *scrolled->viewport();
+        forms.Scripts.ShowHint("");
+        // Each event in the list has a hint of its own: the first one is at the top.
+        const bool list = widget->objectName() == "EventList";
+        const QRectF rect(pointed.rect());
+        forms.Hover(pointed, list ? rect.topLeft() + QPointF(20, 8) : rect.center());
+        if (forms.Scripts.Status->Hint().toStdString() != described->Hint(0, false)) {
+            wrong.push_back(widget->objectName().toStdString() + ": " + forms.Scripts.Status->Hint().toStdString());
+        }
+        ++shown;
+    }
+    EXPECT_THAT(wrong, IsEmpty());
+    EXPECT_GT(shown, 17);
+    EXPECT_EQ(forms.s.StatusText, "");
 }
 
 TEST(EveryHint, ADisabledControlTellsWhyInFrontOfItsHint) {
