@@ -21,9 +21,7 @@ bool IsSet(const std::string& path) {
 
 void OpenSet(Session& s, const std::string& path) {
     const BusyPointer busy(s);
-    if (!OpenAsChosen(s, path)) return;
-    // A dialogue that stands open would save the new set with the choices and under the name of the one before.
-    s.DialogueFile = s.CurrentFile;
+    if (!OpenBesideDialogue(s, path)) return;
     s.SaveItEnabled = true;
     s.World.Screen.ShowSaveOpen();
     UpdateQuickLoad(s);

@@ -56,10 +56,7 @@ void QuickLoad_Click(Session& s, std::size_t row) {
     // By value: the load of a session can rebuild the list.
     const std::string file = s.QuickLoadFiles[row];
     if (s.QuickLoadTag == kLeftButton) {
-        if (!OpenAsChosen(s, JoinPath(s.CurrentFolder, file))) return;
-        // A dialogue that stands open would save the new set with the choices and under the name of the one before.
-        s.DialogueFile = s.CurrentFile;
-        s.World.Screen.ShowSaveOpen();
+        OpenBesideDialogue(s, JoinPath(s.CurrentFolder, file));
     } else {
         OpenSaveOpen(s, file);
     }

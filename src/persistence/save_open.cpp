@@ -50,6 +50,13 @@ bool OpenAsChosen(Session& s, const std::string& path) {
     return s.World.Store.LoadSession(s, path, SetAsCurrent::Yes, s.SaveOpenSwitches[kWhenOpening], AdoptSwitches::Yes);
 }
 
+bool OpenBesideDialogue(Session& s, const std::string& path) {
+    if (!OpenAsChosen(s, path)) return false;
+    s.DialogueFile = s.CurrentFile;
+    s.World.Screen.ShowSaveOpen();
+    return true;
+}
+
 std::string SetFileName(const std::string& name, std::string_view extension) {
     const std::string set = WithoutCopy(name);
     return HasSetExtension(set) ? set : set + std::string(extension);

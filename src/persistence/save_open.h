@@ -31,6 +31,9 @@ bool SaveAsChosen(Session& s, const std::string& path);
 /// Opens `path` as the current session, with the elements that the player has chosen in the dialogue, and adopts its
 /// switches. Result and messages are those of `LoadSession`.
 bool OpenAsChosen(Session& s, const std::string& path);
+/// The same for a set that is not opened in the dialogue. A dialogue that stands open follows, as it would save the new
+/// set under the name of the one before.
+bool OpenBesideDialogue(Session& s, const std::string& path);
 
 /// The file name for a set that the player wants to save as `name`: a name that ends in neither ".mvn" nor ".mvp" gets
 /// `extension`. A "~" behind one of the two is dropped, so that no set is saved as the copy of another. ".mvn" counts

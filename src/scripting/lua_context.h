@@ -8,6 +8,7 @@
 
 #include <deque>
 #include <functional>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -42,6 +43,7 @@ struct LuaContext {
     std::deque<ApiAnswer> Answers;  ///< of the functions of the API that are at work, the outermost first
     std::size_t Depth = 0;          ///< how many of them are in use
     DelayedCalls Delayed;           ///< by references to functions in Lua's registry
+    std::set<std::string> Told;     ///< places and words of the failures of delayed calls that have been reported
     std::int32_t AskedDelay = -1;   ///< ms: the call of the API under way wants its second argument called; -1 not
 };
 

@@ -1,6 +1,8 @@
 #include "scripting/lua_script.h"
 
 #include <chrono>
+#include <set>
+#include <string>
 
 #include "core/errors.h"
 #include "scripting/script_host.h"
@@ -10,6 +12,15 @@ namespace marvolin {
 namespace {
 
 constexpr std::uint32_t kScriptFailed = 1;  // number of the error that a failing script raises
+// A script whose failures all differ would be told of without end.
+constexpr std::size_t kMostTold = 20;
+
+/// Whether a failure of a delayed call has not been told yet; from now on it has. Such a call asks for itself again,
+/// and would fail a hundred times a second.
+bool IsNews(std::set<std::string>& told, const ScriptError& error) {
+    if (told.size() >= kMostTold) return false;
+    return told.insert(std::to_string(error.Line) + " " + error.Description).second;
+}
 
 }  // namespace
 
@@ -120,7 +131,7 @@ void LuaScript::RunDue(LuaState& state) {
         if (&state != state_.get()) return;
         if (done) continue;
         error_ = state.Context.Error;
-        session_->World.Scripts.ReportScriptError("after");
+        if (IsNews(state.Context.Told, error_)) session_->World.Scripts.ReportScriptError("after");
     }
 }
 

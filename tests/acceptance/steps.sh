@@ -4,14 +4,14 @@
 # are the steps'.
 #
 # A machine that gives the program no time for longer than the budget makes a step late, and tells nothing about the program.
-# So each case is taken several times, and fewer than half of its takes may be uneven: a fault in every second take shows,
-# and so do steps that come by the event loop alone. The fine clock needs a thousand ticks a second of a core, which a busy
-# machine may not give: with it the busy cases are judged where all takes of the coarse clock were even, else only shown.
+# So each case is taken several times. While nothing else happens fewer than half of the takes may be uneven. While the
+# machine is busy two takes must be even: steps that come by the event loop alone would be uneven in every one. The fine clock
+# needs a thousand ticks a second of a core, which a machine whose cores are all busy may not give: that case is only shown.
 source "$(dirname "${BASH_SOURCE[0]}")/hands.sh"
 
 BUDGET=4000  # microseconds
 
-TAKES=4      # of a case; more, while too many are uneven, up to
+TAKES=3      # of a case; more, while too many are uneven, up to
 MOST_TAKES=8
 
 # measure FROM: sets COUNT, MEAN, DEVIATION, SHORTEST and LONGEST of the distances since FROM, in microseconds.
@@ -22,33 +22,42 @@ is_even() {
     $SHORTEST -ge $((250000 - BUDGET)) && $LONGEST -le $((250000 + BUDGET)) ]]
 }
 
-# takes WORDS COMMAND...: measures the distances while COMMAND runs, again and again. Sets TAKEN and UNEVEN.
-takes() {
+# take WORDS COMMAND...: measures the distances while COMMAND runs. Counts into TAKEN and EVEN.
+take() {
   local words=$1 begin
   shift
-  TAKEN=0 UNEVEN=0
-  while [[ $TAKEN -lt $TAKES || ($((2 * UNEVEN)) -ge $TAKEN && $TAKEN -lt $MOST_TAKES) ]]; do
-    begin=$(now)
-    "$@"
-    measure "$begin"
-    TAKEN=$((TAKEN + 1))
-    if is_even; then continue; fi
-    UNEVEN=$((UNEVEN + 1))
+  begin=$(now)
+  "$@"
+  measure "$begin"
+  TAKEN=$((TAKEN + 1))
+  if is_even; then
+    EVEN=$((EVEN + 1))
+  else
     echo "  take $TAKEN of $words: $COUNT distances, mean $MEAN, deviation $DEVIATION, $SHORTEST to $LONGEST microseconds"
-  done
-  echo "  $words: $TAKEN takes, $UNEVEN uneven"
+  fi
 }
 
 # even WORDS COMMAND...: while COMMAND runs, the distances are those of the steps.
-declare -A ALL_EVEN
 even() {
-  takes "$@"
-  between "$1: uneven takes" "$UNEVEN" 0 $(((TAKEN - 1) / 2))
-  if [[ $UNEVEN -eq 0 ]]; then ALL_EVEN[$1]=1; fi
+  TAKEN=0 EVEN=0
+  while [[ $TAKEN -lt $TAKES || ($((2 * EVEN)) -le $TAKEN && $TAKEN -lt $MOST_TAKES) ]]; do take "$@"; done
+  between "$1: even takes of $TAKEN" "$EVEN" $((TAKEN / 2 + 1)) "$TAKEN"
 }
 
-# even_if_coarse_is WORDS COMMAND...: the same where the case of these words had no uneven take before.
-even_if_coarse_is() { if [[ -n ${ALL_EVEN[$1]:-} ]]; then even "$@"; else takes "$@"; fi; }
+# even_at_times WORDS COMMAND...: so they are in two takes.
+even_at_times() {
+  TAKEN=0 EVEN=0
+  while [[ $EVEN -lt 2 && $TAKEN -lt $MOST_TAKES ]]; do take "$@"; done
+  between "$1: even takes of $TAKEN" "$EVEN" 2 2
+}
+
+# shown WORDS COMMAND...: the distances of two takes.
+shown() {
+  TAKEN=0 EVEN=0
+  take "$@"
+  take "$@"
+  echo "  $1: $EVEN of $TAKEN takes even"
+}
 
 # Moves the window about and changes tabs for as long as it takes to record MS more.
 bustle() {
@@ -68,10 +77,10 @@ bustle() {
 
 stage_click "$FOLDER/click.wav"
 drop SndDisp_0 "$FOLDER/click.wav"
-shown=$(face LoopIt_0)
+before=$(face LoopIt_0)
 drag LoopIt_0 0 -14
 park
-expect "the mode of row A changes to Drum" looks_unlike LoopIt_0 "$shown"
+expect "the mode of row A changes to Drum" looks_unlike LoopIt_0 "$before"
 begin=$(now)
 click Play_0
 expect "it is heard" sounds_since "$begin"
@@ -81,20 +90,20 @@ for resolution in 10 1; do
   if [[ $resolution -eq 1 ]]; then
     click Tab_3
     click OptionSubTab_3
-    shown=$(face ResReadout)
+    before=$(face ResReadout)
     click ResSlider
     xdotool key Home
-    expect "the clock is set to its finest" looks_unlike ResReadout "$shown"
+    expect "the clock is set to its finest" looks_unlike ResReadout "$before"
   fi
   picture "clock of $resolution ms"
   wait_ms 1000
   even "quiet" wait_ms 4000
-  take=even
-  if [[ $resolution -eq 1 ]]; then take=even_if_coarse_is; fi
-  $take "the window moves, tabs change" bustle 5000
+  even_at_times "the window moves, tabs change" bustle 5000
   stage_burn
   wait_ms 1000
-  $take "the same with all cores busy" bustle 5000
+  busy=even_at_times
+  if [[ $resolution -eq 1 ]]; then busy=shown; fi
+  $busy "the same with all cores busy" bustle 5000
   stage_rest
 done
 finish

@@ -259,6 +259,32 @@ TEST(Api, SetsAreListedAndLoadedByName) {
     EXPECT_EQ(i.Prints("print(marvolin.load_set('verse'))"), "false");
 }
 
+TEST(Api, ASetThatAScriptLoadsIsTheOneThatSaveWrites) {
+    LuaRig i;
+    const test::TempFolder folder;
+    folder.Touch("verse.mvn");
+    i.s.CurrentFolder = folder.Path() + "/";
+    i.s.DialogueFile = "chorus.mvn";
+    i.Store.OnLoad = [&] { i.s.CurrentFile = "verse.mvn"; };
+    EXPECT_EQ(i.Prints("print(marvolin.load_set('verse'))"), "true");
+    EXPECT_EQ(i.s.DialogueFile, "verse.mvn");
+    EXPECT_THAT(i.Screen.Log, testing::Contains("ShowSaveOpen"));
+    i.s.DialogueFile = "chorus.mvn";
+    i.Store.Answer = false;
+    EXPECT_EQ(i.Prints("print(marvolin.load_set('verse'))"), "false");
+    EXPECT_EQ(i.s.DialogueFile, "chorus.mvn");
+}
+
+TEST(Api, ATextForTheStatusLineIsCutAndItsLineEndsAreBlanks) {
+    LuaRig i;
+    EXPECT_EQ(i.Prints("marvolin.status('one\\ntwo\\0three')"), "");
+    EXPECT_EQ(i.s.StatusText, "one two three");
+    EXPECT_EQ(i.Prints("marvolin.status(('x'):rep(100000))"), "");
+    EXPECT_EQ(i.s.StatusText, std::string(200, 'x'));
+    EXPECT_EQ(i.Prints("marvolin.status(('x'):rep(199) .. 'ü')"), "");
+    EXPECT_EQ(i.s.StatusText, std::string(199, 'x'));
+}
+
 TEST(Api, AScriptThatClearsTheRowInTheHandLeavesTheDragAsItIs) {
     LuaRig i;
     i.Run("function OnVolScroll(row) marvolin.clear(row - 1) end");

@@ -85,6 +85,23 @@ TEST(After, AnErrorIsToldAndTheOtherCallsGoOn) {
     EXPECT_FALSE(i.s.ScriptBusy);
 }
 
+TEST(After, AnErrorThatComesAgainIsToldOnceAScriptAndAtMost20AreTold) {
+    LuaRig i;
+    const std::string again = "local n = 0\nlocal function f() n = n + 1 marvolin.after(10, f) error(";
+    i.Run(again + "'no') end\nmarvolin.after(10, f)");
+    i.Desk.Boxes.clear();
+    for (int tick = 0; tick < 100; ++tick) i.Pass(10);
+    EXPECT_EQ(i.Desk.Boxes.size(), 1U);
+    i.Run(again + "'no' .. n) end\nmarvolin.after(10, f)");
+    i.Desk.Boxes.clear();
+    for (int tick = 0; tick < 100; ++tick) i.Pass(10);
+    EXPECT_EQ(i.Desk.Boxes.size(), 20U);
+    i.Run("marvolin.after(10, function() error('no') end)");
+    i.Desk.Boxes.clear();
+    i.Pass(10);
+    EXPECT_EQ(i.Desk.Boxes.size(), 1U);
+}
+
 TEST(After, AnEndlessFunctionEndsInTime) {
     LuaRig i;
     i.Run("marvolin.after(10, function() while true do end end)");

@@ -11,6 +11,7 @@
 #include "fakes/temp_folder.h"
 #include "parameters/knob_gesture.h"
 #include "parameters/scroll_events.h"
+#include "parameters/setters.h"
 #include "performance/map/scatter.h"
 #include "persistence/quick_load.h"
 #include "scripting/lua_rig.h"
@@ -103,6 +104,9 @@ TEST(Examples, DuckingLetsTheOthersStepBackAtEachStepOfA) {
     i.Live(900);
     EXPECT_LE(i.s.Set[1].Vol, 200);
     i.Live(2000, [&] { EXPECT_LE(i.s.Set[1].Vol, 200); });
+    // Muted, as by a double click, which is no event for scripts.
+    LoopVolChangeGang(i.s, 2, 0, UpdateDisplay::Yes);
+    i.Live(3000, [&] { EXPECT_EQ(i.s.Set[2].Vol, 0); });
 }
 
 TEST(Examples, TheEuclideanPatternsHaveTheirHitsEvenlySpread) {
@@ -152,6 +156,10 @@ TEST(Examples, TheHumaniserStaysCloseToWhatThePlayerSets) {
     i.Live(1000);
     // The hand took the knob at most 3 off its middle.
     EXPECT_NEAR(i.s.Set[1].Hz, 800, 6);
+    LoopVolChangeGang(i.s, 0, 0, UpdateDisplay::Yes);
+    i.Live(1000, [&] { EXPECT_EQ(i.s.Set[0].Vol, 0); });
+    LoopVolChangeGang(i.s, 0, 300, UpdateDisplay::Yes);
+    i.Live(2000, [&] { EXPECT_NEAR(i.s.Set[0].Vol, 300, 8); });
 }
 
 TEST(Examples, TheMapWalkGoesRoundTheListenerAndStaysOnTheMap) {

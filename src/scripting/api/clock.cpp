@@ -1,5 +1,9 @@
 #include "scripting/api/clock.h"
 
+#include <algorithm>
+#include <string>
+#include <string_view>
+
 #include "core/routines.h"
 #include "scripting/delayed_calls.h"
 
@@ -18,6 +22,19 @@ void After(ApiCall& call) {
     throw ApiFault("more than " + std::to_string(kMostDelayedCalls) + " calls are waiting");
 }
 
+/// The status line has one line, and no room for more.
+void Status(ApiCall& call) {
+    constexpr std::size_t kMostBytes = 200;
+    const std::string_view whole = call.TextAt(0);
+    std::size_t end = std::min(whole.size(), kMostBytes);
+    // Not in the middle of a letter in UTF-8.
+    while (end > 0 && end < whole.size() && (static_cast<unsigned char>(whole[end]) & 0xC0U) == 0x80U) --end;
+    std::string text(whole.substr(0, end));
+    std::replace_if(
+        text.begin(), text.end(), [](unsigned char c) { return c < ' '; }, ' ');
+    ShowStatus(call.s, text);
+}
+
 constexpr ApiFunction kClockFunctions[] = {
     {.Name = "clock",
      .Returns = "seconds, with their fraction",
@@ -33,9 +50,9 @@ constexpr ApiFunction kClockFunctions[] = {
      .Act = After},
     {.Name = "status",
      .Parameters = {Text("text")},
-     .Text = "Shows a text in the status line, until the next hint.",
+     .Text = "Shows a text in the status line, until the next hint; at most 200 bytes of it.",
      .Example = "marvolin.status('Verse')",
-     .Act = [](ApiCall& call) { ShowStatus(call.s, call.TextAt(0)); }},
+     .Act = Status},
     {.Name = "stop_script",
      .Text = "Ends the script: nothing of it is called any more, and the call under way ends, too.",
      .Example = "marvolin.stop_script()",

@@ -30,7 +30,7 @@ void LoadSet(ApiCall& call) {
     }
     // By value: the load of a set can rebuild the list.
     const std::string file = s.QuickLoadFiles[static_cast<std::size_t>(named - s.QuickLoadRows.begin())];
-    call.ReturnFlag(OpenAsChosen(s, JoinPath(s.CurrentFolder, file)));
+    call.ReturnFlag(OpenBesideDialogue(s, JoinPath(s.CurrentFolder, file)));
 }
 
 constexpr ApiFunction kSetsFunctions[] = {

@@ -2,6 +2,7 @@
 
 #include <QScopedValueRollback>
 #include <QThread>
+#include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -29,6 +30,10 @@ void FollowDrag(QObject& receiver, const QEvent& event) {
 }  // namespace
 
 Application::Application(int& argc, char** argv, CardTime& time) : QApplication(argc, argv), time_(time) {
+    // The toolkit takes the numbers and the order of texts of the player's language over into the C library. Scripts
+    // would then print 0,5, and comparing two texts would take far longer than their time.
+    std::setlocale(LC_NUMERIC, "C");
+    std::setlocale(LC_COLLATE, "C");
     setApplicationName("marvolin");
     setApplicationVersion(MARVOLIN_VERSION);
     theme::Apply(*this);
