@@ -121,6 +121,21 @@ TEST(HelpPages, ThePageOfAControlTellsItsHintItsKeysAndWhyItIsGrey) {
     EXPECT_THAT(pan, HasSubstr("arrows: one step; Page Up and Page Down: ten"));
 }
 
+TEST(HelpPages, APageTellsWhatSpaceDoesWhereAClickDoesSomethingElse) {
+    const auto page = [](int topic) { return test::ReadBytes((kMade / (std::to_string(topic) + ".html")).string()); };
+    EXPECT_THAT(page(10003), HasSubstr("Space or Return: what a click does"));
+    EXPECT_THAT(page(10026), HasSubstr("Space or Return: silent, or full again"));
+    EXPECT_THAT(page(10043), HasSubstr("Space: opens it; then arrows"));
+    for (const int topic : {10022, 10024, 10026, 10027, 10028, 10029, 10042, 10043, 10072, 10090}) {
+        EXPECT_EQ(page(topic).find("what a click does"), std::string::npos) << topic;
+    }
+}
+
+TEST(HelpPages, ThePageOfThePlayButtonsTellsTheKeysOfAllRowsAndNotThatOfTheFirst) {
+    const std::string page = test::ReadBytes((kMade / "10023.html").string());
+    EXPECT_THAT(page, HasSubstr("<td class=\"key\">Key</td><td>the letter of its row</td>"));
+}
+
 TEST(HelpPages, ThePageOfKeysNamesEveryControlThatTakesSome) {
     const std::string keys = test::ReadBytes((kMade / "10902.html").string());
     for (const DescriptionTable& table : DescriptionTables()) {

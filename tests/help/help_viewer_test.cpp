@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <QDialog>
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QShortcut>
@@ -99,6 +98,23 @@ TEST(HelpViewer, GoesBackAndForwardAndToTheContents) {
     EXPECT_EQ(view.Heading(), "Contents");
 }
 
+TEST(HelpViewer, ThePageHasTheFocusAndAltWithAnArrowGoesBackAndForwardWhereverTheFocusIs) {
+    Viewed view;
+    view.Open(10023);
+    EXPECT_EQ(view.Viewer.focusWidget(), &view.Viewer.Text());
+    for (const char* name : {"HelpText", "HelpTree", "HelpFind"}) {
+        SCOPED_TRACE(name);
+        view.Viewer.Go("10023.html");
+        view.Viewer.Go("10025.html");
+        view.Viewer.findChild<QWidget*>(name)->setFocus();
+        QCoreApplication::processEvents();
+        QTest::keyClick(view.Viewer.windowHandle(), Qt::Key_Left, Qt::AltModifier);
+        EXPECT_EQ(view.Heading(), "Play");
+        QTest::keyClick(view.Viewer.windowHandle(), Qt::Key_Right, Qt::AltModifier);
+        EXPECT_EQ(view.Heading(), "Name");
+    }
+}
+
 TEST(HelpViewer, AnEntryOfTheContentsOpensItsPage) {
     Viewed view;
     view.Open(10000);
@@ -149,7 +165,7 @@ TEST(HelpViewer, FindsWordsInAllPagesAndMarksThem) {
     view.Search("click palette");
     EXPECT_THAT(view.Entries(), ElementsAre("[Found on 1 pages]", "Name"));
     view.Search("secret");
-    EXPECT_THAT(view.Entries(), ElementsAre("[Found]"));
+    EXPECT_THAT(view.Entries(), ElementsAre("[Found on no page]"));
     view.Search("& it");
     EXPECT_THAT(view.Entries(), ElementsAre("[Found on 1 pages]", "Play"));
     view.Search("");
@@ -272,20 +288,6 @@ TEST(HelpOnTheDesktop, ADialogueThatWaitsDoesNotBlockIt) {
     QTest::mouseClick(viewer->windowHandle(), Qt::LeftButton, {}, find->mapTo(viewer, find->rect().center()));
     QTest::keyClick(viewer->windowHandle(), Qt::Key_X);
     EXPECT_EQ(find->text(), "x");
-}
-
-TEST(HelpOnTheDesktop, OpensInLessThan150Milliseconds) {
-    qint64 best = 1000;
-    for (int i = 0; i < 3; ++i) {
-        Desk desk(MARVOLIN_FOLDER);
-        QElapsedTimer time;
-        time.start();
-        desk.ShowHelpTopic(10022);
-        QCoreApplication::processEvents();
-        best = std::min(best, time.elapsed());
-    }
-    RecordProperty("milliseconds", static_cast<int>(best));
-    EXPECT_LT(best, 150);
 }
 
 TEST(HelpOnTheDesktop, EveryPageOfTheProgramOpens) {

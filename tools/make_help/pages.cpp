@@ -4,6 +4,7 @@
 #include <functional>
 #include <set>
 #include <stdexcept>
+#include <string_view>
 
 #include "core/help.h"
 #include "script_page.h"
@@ -47,15 +48,54 @@ Keys KeysOf(std::int32_t topic) {
     return keys;
 }
 
-std::string KeyWords(Keys keys) {
+/// What Space and Return do on the controls of a page.
+struct PressText {
+    std::int32_t Topic;
+    std::string_view Text;  ///< "" for nothing
+};
+
+/// Where they do something else than a click.
+constexpr PressText kPressTexts[] = {
+    {10008, "Space or Return: stops all if anything plays, and plays all otherwise"},
+    {10019, "Return: takes the entry"},
+    {10020, "Space or Return: selects or deselects"},
+    {10022, "Space or Return on the letter: thinnable or not"},
+    {10024, ""},
+    {10026, "Space or Return: silent, or full again"},
+    {10027, "Space or Return: the middle"},
+    {10028, "Space or Return: 100 %"},
+    {10029, "Space or Return: disconnects, or connects again"},
+    {10031, "Return: takes the entry"},
+    {10032, "Return: takes the entry"},
+    {10042, "Space or Return: puts it on the centre"},
+    {10072, "Space or Return: puts it on the centre"},
+    {10090, "Space or Return: what a double click does"},
+    {10172, "Return: what the button of the dialogue does"},
+    {10193, "Return: takes the entry"},
+    {10204, "Return: the next place; Shift+Return: the one before"},
+};
+
+std::string_view PressTextOf(std::int32_t topic) {
+    for (const PressText& press : kPressTexts) {
+        if (press.Topic == topic) return press.Text;
+    }
+    return "Space or Return: what a click does";
+}
+
+/// The keys of a page's controls, in words.
+std::string KeyWords(std::int32_t topic) {
+    const Keys keys = KeysOf(topic);
     std::string words;
-    const auto add = [&](Keys key, const char* text) {
-        if (Takes(keys, key)) words += (words.empty() ? "" : "; ") + std::string(text);
+    const auto add = [&](Keys key, std::string_view text) {
+        if (Takes(keys, key) && !text.empty()) words += (words.empty() ? "" : "; ") + std::string(text);
     };
-    add(Keys::Press, "Space or Return: what a click does");
+    const Description* row = RowOf(topic);
+    const bool dropDown = row != nullptr && row->Role == QAccessible::ComboBox;
+    add(Keys::Press, dropDown ? "Space: opens it" : PressTextOf(topic));
     add(Keys::Turn, "arrows: one step; Page Up and Page Down: ten");
     add(Keys::Move, "arrows: a step in their direction");
-    add(Keys::Choose, "arrows, Page Up, Page Down, Home, End: another entry");
+    add(Keys::Choose, dropDown ? "then arrows, Page Up, Page Down, Home, End: another entry; Return: takes it"
+                               : "arrows, Page Up, Page Down, Home, End: another entry");
     add(Keys::Type, "letters and digits: the text");
     add(Keys::Delete, "Delete: removes the entry");
     add(Keys::Escape, "Escape: closes");
@@ -168,17 +208,17 @@ private:
         };
         add("Status line", row->Hint.Without(index));
         add("When it is grey", row->Off.Without(index));
-        add("Keys, with the focus", KeyWords(KeysOf(topic)));
-        add("Key", row->Shortcut.Without(index));
+        add("Keys, with the focus", KeyWords(topic));
+        const bool each = row->Range.Last > row->Range.First && !row->Shortcut.Empty();
+        add("Key", each ? "the letter of its row" : row->Shortcut.Without(index));
         if (!lines.empty()) html_ += "<h2>In short</h2>\n<table>\n" + lines + "</table>\n";
     }
 
     void KeysOfAll() {
         html_ += "<table>\n";
         for (const PageText& text : texts_) {
-            const Keys keys = KeysOf(text.Topic);
-            if (keys == Keys::None) continue;
-            html_ += "<tr><td>" + Link(text.Topic) + "</td><td>" + Escaped(KeyWords(keys)) + "</td></tr>\n";
+            if (KeysOf(text.Topic) == Keys::None) continue;
+            html_ += "<tr><td>" + Link(text.Topic) + "</td><td>" + Escaped(KeyWords(text.Topic)) + "</td></tr>\n";
         }
         html_ += "</table>\n";
     }

@@ -14,12 +14,13 @@ std::string EventHint(const Situation& at) {
 }
 
 constexpr Description Button(std::string_view name, std::string_view caption, std::string_view label,
-                             std::string_view hint, std::int32_t topic) {
+                             std::string_view hint, std::int32_t topic, std::string_view off = {}) {
     return {.Name = name,
             .Caption = caption,
             .Label = label,
             .Tip = kLabelAsTip,
             .Hint = hint,
+            .Off = off,
             .Topic = topic,
             .Role = QAccessible::Button,
             .Taken = Keys::Press};
@@ -31,6 +32,7 @@ constexpr Description kScriptsTable[] = {
     Button("Examples", "Examples", "Begin with an example", "clk Open List of Examples", 10192),
     {.Name = "ExampleList",
      .Label = "Examples",
+     .Hint = "clk Begin with this Example; key Esc Close",
      .Topic = 10193,
      .Role = QAccessible::List,
      .Taken = Keys::Choose | Keys::Press | Keys::Escape},
@@ -38,11 +40,12 @@ constexpr Description kScriptsTable[] = {
     Button("SaveScript", "Save", "Save the script", "clk Save Script; key Ctrl+S", 10195),
     Button("SaveScriptAs", "Save As", "Save the script under another name",
            "clk Save Script under Another Name; key Ctrl+Shift+S", 10196),
-    Button("UndoText", "Undo", "Undo", "clk Undo; key Ctrl+Z", 10197),
-    Button("RedoText", "Redo", "Redo", "clk Redo; key Ctrl+Y", 10198),
+    Button("UndoText", "Undo", "Undo", "clk Undo; key Ctrl+Z", 10197, "off: nothing to undo"),
+    Button("RedoText", "Redo", "Redo", "clk Redo; key Ctrl+Y", 10198, "off: nothing to redo"),
     Button("FindText", "Find", "Find in the text", "clk Find Text; key Ctrl+F", 10199),
     Button("RunScript", "Run", "Run the script", "clk Run Script; key F5", 10200),
-    Button("StopScript", "Stop", "Stop the script that runs", "clk Stop Script; key Shift+F5", 10201),
+    Button("StopScript", "Stop", "Stop the script that runs", "clk Stop Script; key Shift+F5", 10201,
+           "off until a Script runs"),
     {.Name = "ScriptText",
      .Label = "Text of the script",
      .Hint = "type Script; marvolin. Lists Functions; key F5 Runs It",

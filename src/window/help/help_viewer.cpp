@@ -76,6 +76,8 @@ HelpViewer::HelpViewer() {
     connect(new QShortcut(QKeySequence::ZoomIn, this), &QShortcut::activated, this, [this] { SetTextSize(size_ + 2); });
     connect(new QShortcut(QKeySequence::ZoomOut, this), &QShortcut::activated, this,
             [this] { SetTextSize(size_ - 2); });
+    connect(new QShortcut(QKeySequence("Alt+Left"), this), &QShortcut::activated, this, [this] { text_->backward(); });
+    connect(new QShortcut(QKeySequence("Alt+Right"), this), &QShortcut::activated, this, [this] { text_->forward(); });
     SetTextSize(size_);
 }
 
@@ -133,7 +135,7 @@ void HelpViewer::Open(const std::string& helpFile, std::int32_t topic, const QWi
     search_.reset();
     pages_ = std::move(pages);
     search_ = std::make_unique<HelpSearch>(
-        *pages_, [this](const HelpPage& page) { AddFound(page); }, [] {});
+        *pages_, [this](const HelpPage& page) { AddFound(page); }, [this] { TellNothingFound(); });
     text_->setSearchPaths({pages_->Folder()});
     FillContents();
     Find(find_->text());
@@ -147,6 +149,7 @@ void HelpViewer::Open(const std::string& helpFile, std::int32_t topic, const QWi
     show();
     raise();
     activateWindow();
+    text_->setFocus();                        // the arrows and Page Down read on
     text_->verticalScrollBar()->setValue(0);  // the page has got its width only now
     ShowWhere();
 }
@@ -200,6 +203,11 @@ void HelpViewer::AddFound(const HelpPage& page) {
     auto* entry = new QTreeWidgetItem(found, {page.Title});
     entry->setData(0, kFileRole, page.File);
     found->setText(0, QString("Found on %1 pages").arg(found->childCount()));
+}
+
+void HelpViewer::TellNothingFound() {
+    QTreeWidgetItem* found = tree_->topLevelItem(0);
+    if (found != nullptr && found->childCount() == 0) found->setText(0, "Found on no page");
 }
 
 // Every word that is looked for stands out in the page.

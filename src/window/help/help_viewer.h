@@ -42,6 +42,7 @@ private:
     void FillContents();
     void Find(const QString& text);
     void AddFound(const HelpPage& page);
+    void TellNothingFound();
     void MarkFound();
     void Place(const QWidget* avoid);
     void SetTextSize(int pixels);
