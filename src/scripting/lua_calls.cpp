@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <exception>
+#include <tuple>
 #include <utility>
 
 #include "audio/ds_error.h"
@@ -56,7 +57,8 @@ bool Perform(LuaContext& context, lua_State* L, const ApiFunction& function, Api
     bool charged = true;
     lua_State* const around = context.Running;
     context.Running = L;
-    context.Failure.clear();
+    // Not yet in the context: an event inside this call may have failures of its own.
+    std::string failure;
     try {
         std::array<ApiGiven, kMostParameters> given;
         const auto count = static_cast<std::size_t>(context.Lua.lua_gettop(L));
@@ -70,12 +72,13 @@ bool Perform(LuaContext& context, lua_State* L, const ApiFunction& function, Api
         ApiCall call(context.s, context.Engine, values, answer);
         function.Act(call);
     } catch (const std::exception& error) {
-        context.Failure = std::string(function.Name) + ": " + WordsOf(error);
+        failure = std::string(function.Name) + ": " + WordsOf(error);
     } catch (...) {
-        context.Failure = std::string(function.Name) + ": internal error";
+        failure = std::string(function.Name) + ": internal error";
     }
     if (!charged) context.Budget.EndSlow();
     context.Running = around;
+    context.Failure = std::move(failure);
     return context.Failure.empty();
 }
 
@@ -117,7 +120,8 @@ int CallApi(lua_State* L) {
     --context.Depth;
     if (!done) return context.Lua.Raise(L, context.Failure);
     if (context.AskedDelay >= 0) KeepForLater(context, L);
-    if (context.Lua.lua_checkstack(L, static_cast<int>(answer.Count)) == 0) return RaiseBroken(L);
+    // Lua has room for so many in every function that it calls.
+    static_assert(std::tuple_size_v<decltype(answer.Items)> <= LUA_MINSTACK);
     for (std::size_t i = 0; i < answer.Count; ++i) PushItem(context.Lua, L, answer.Items[i]);
     return static_cast<int>(answer.Count);
 }

@@ -4,10 +4,13 @@
 #include <charconv>
 
 #include "scripting/lua_context.h"
+#include "scripting/text_cut.h"
 
 namespace marvolin {
 
 namespace {
+
+constexpr std::size_t kLongestDescription = 500;  // bytes: boxes and lines of hints show it
 
 /// Cuts "name:12: " off the message and returns the line; 0 when it does not begin so.
 std::int32_t CutPlace(std::string_view& message, std::string_view chunk) {
@@ -64,7 +67,7 @@ ScriptError TakenApart(std::string_view message) {
     ScriptError error;
     error.Line = CutPlace(message, kScriptChunk);
     if (error.Line == 0) CutPlace(message, kLibraryChunk);
-    error.Description = message;
+    error.Description = Shortened(message, kLongestDescription);
     return error;
 }
 

@@ -11,7 +11,7 @@
 namespace marvolin {
 
 /// A message as "script:12: text", or without a place, as description and line. A message of the library loses its
-/// place, and `Line` is 0.
+/// place, and `Line` is 0. A long description is shortened.
 ScriptError TakenApart(std::string_view message);
 
 /// Column of what a syntax error of `text` complains about ("... near 'x'"): of its first place in the line; 0 when it

@@ -78,13 +78,25 @@ void LuaScript::Reset() {
     state_->Context.Budget.EndAll();
     state_.reset();
     if (timer_) timer_->SetEnabled(false);
+    rest_.Forgive();
+}
+
+void LuaScript::ChargeFrom(std::int64_t begin) {
+    const std::int64_t now = options_.Clock();
+    rest_.Charge(now, now - begin);
 }
 
 bool LuaScript::Defines(std::string_view procedure) { return state_ && state_->Defines(procedure); }
 
 void LuaScript::Run(std::string_view procedure, std::span<const double> arguments) {
     const std::shared_ptr<LuaState> state = state_;
-    if (!state || state->Call(procedure, arguments)) return;
+    if (!state) return;
+    // An event inside another one belongs to the time of that one.
+    const bool outermost = !state->IsRunning();
+    const std::int64_t begin = options_.Clock();
+    const bool done = state->Call(procedure, arguments);
+    if (outermost && state == state_) ChargeFrom(begin);
+    if (done) return;
     // A script that was ended meanwhile has not failed.
     if (state == state_) Fail(state->Context.Error);
 }
@@ -114,9 +126,11 @@ void LuaScript::Tick(std::int32_t milliseconds) {
         return;
     }
     state->Context.Delayed.Pass(milliseconds);
-    if (session_->ScriptBusy) return;
+    if (session_->ScriptBusy || rest_.Owed(options_.Clock()) > ScriptRest::kBeforeDelayed) return;
     session_->ScriptBusy = true;
+    const std::int64_t begin = options_.Clock();
     RunDue(*state);
+    if (state == state_) ChargeFrom(begin);
     session_->ScriptBusy = false;
     if (state == state_ && state->Context.Delayed.Empty()) timer_->SetEnabled(false);
 }

@@ -73,7 +73,9 @@ int FindPattern(LuaContext& context, lua_State* L, std::string_view text, std::s
         lua.lua_pushnil(L);
         return 1;
     }
-    lua.lua_checkstack(L, static_cast<int>(kMostCaptures) + 2);
+    if (lua.lua_checkstack(L, static_cast<int>(kMostCaptures) + 2) == 0) {
+        return context.Budget.IsBroken() ? RaiseBroken(L) : lua.Raise(L, "stack overflow (too many captures)");
+    }
     PushFound(context, L, matcher.Start(), matcher.End());
     for (std::size_t i = 0; i < matcher.Captures(); ++i) {
         const LuaCapture& capture = matcher.Capture(i);

@@ -2,16 +2,11 @@
 
 #include <algorithm>
 
+#include "scripting/text_cut.h"
+
 namespace marvolin {
 
 namespace {
-
-/// The beginning of a line, not cut within a character.
-std::string_view Beginning(std::string_view line, std::size_t bytes) {
-    constexpr unsigned char kBehind = 0x80;  // of the bytes of a character behind its first
-    while (bytes > 0 && (static_cast<unsigned char>(line[bytes]) & 0xC0) == kBehind) --bytes;
-    return line.substr(0, bytes);
-}
 
 /// What `text` has from its last so many lines on.
 std::string_view LastLines(std::string_view text, std::size_t lines) {
@@ -28,9 +23,7 @@ std::string_view LastLines(std::string_view text, std::size_t lines) {
 
 void ScriptConsole::AddLine(ConsoleLine::Kind kind, std::string_view line) {
     if (line.ends_with('\r')) line.remove_suffix(1);
-    const bool cut = line.size() > kLongestLine;
-    std::string text(cut ? Beginning(line, kLongestLine) : line);
-    if (cut) text += "...";
+    std::string text = Shortened(line, kLongestLine);
     std::replace(text.begin(), text.end(), '\0', '?');
     if (lines_.size() == kMostLines) lines_.pop_front();
     lines_.push_back({kind, std::move(text)});

@@ -41,6 +41,8 @@ public:
     virtual void Check(const std::string& text) = 0;
     /// Forgets the text and all that it has made. From inside a procedure: once that procedure has ended.
     virtual void Reset() = 0;
+    /// Whether the script has lately taken so much time that `OnClock` is to be left out.
+    virtual bool IsResting() = 0;
     /// The procedures of the text.
     virtual ScriptCode& CodeObject() = 0;
     /// The last failure.

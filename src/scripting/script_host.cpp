@@ -25,15 +25,41 @@ void TakeEvents(Session& s, ScriptHost& host) {
     }
 }
 
+/// False without a timer, which is reported.
+bool StartClock(Session& s, ScriptHost& host, std::string_view name) {
+    try {
+        StartScript(s);
+        return true;
+    } catch (const RuntimeError& error) {
+        host.Report(name, {std::string("Scripts have no clock: ") + error.what(), 0, 0});
+        return false;
+    }
+}
+
+/// False when the text fails, which is reported.
+bool TakeText(Session& s, ScriptHost& host, const std::string& text, std::string_view name) {
+    try {
+        host.MyScript.AddCode(text);
+        return true;
+    } catch (const RuntimeError&) {
+        StopScript(s);
+        host.ReportScriptError(name);
+        return false;
+    }
+}
+
 }  // namespace
 
 void ScriptHost::Call(ScriptEvent event, std::span<const double> arguments) {
-    if (MyCodeObj != nullptr) MyCodeObj->Run(NameOf(event), arguments);
+    if (MyCodeObj == nullptr || (event == ScriptEvent::OnClock && MyScript.IsResting())) return;
+    MyCodeObj->Run(NameOf(event), arguments);
 }
 
-void ScriptHost::ReportScriptError(std::string_view name) {
+void ScriptHost::ReportScriptError(std::string_view name) { Report(name, MyScript.Error()); }
+
+void ScriptHost::Report(std::string_view name, const ScriptError& failure) {
     try {
-        const ScriptError error = MyScript.Error();
+        const ScriptError error = failure;  // by value: what hears of it may run into the next one
         if (OnError) OnError(name, error);
         desk_.Report("Error in code for " + std::string(name) + ": " + error.Description +
                      ",  ln:" + std::to_string(error.Line) + "  col:" + std::to_string(error.Column));
@@ -79,16 +105,8 @@ bool RunScript(Session& s, ScriptHost& host, const std::string& text, std::strin
     EndScript(s, host);
     const bool busy = s.ScriptBusy;
     s.ScriptBusy = true;
-    bool taken = true;
-    try {
-        // First, as calls that the top level asks for come only to a script that runs.
-        StartScript(s);
-        host.MyScript.AddCode(text);
-    } catch (const RuntimeError&) {
-        taken = false;
-        StopScript(s);
-        host.ReportScriptError(name);
-    }
+    // First the clock, as calls that the top level asks for come only to a script that runs.
+    const bool taken = StartClock(s, host, name) && TakeText(s, host, text, name);
     s.ScriptBusy = busy;
     if (s.ScriptEnabled) TakeEvents(s, host);
     return taken;

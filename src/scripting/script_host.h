@@ -19,11 +19,14 @@ inline constexpr std::int32_t kScriptInterval = 100;  // ms
 class ScriptHost : public ScriptEvents {
 public:
     ScriptHost(ScriptControl& engine, Desktop& desk) : MyScript(engine), desk_(desk) {}
-    /// Calls the procedure of this event on `MyCodeObj`. Nothing happens without a text, or when it does not define it.
+    /// Calls the procedure of this event on `MyCodeObj`. Nothing happens without a text, or when it does not define it,
+    /// or for `OnClock` while the script rests.
     void Call(ScriptEvent event, std::span<const double> arguments) override;
     /// Shows the engine's error as a report: "Error in code for ", `name`, ": ", its description, ",  ln:" and its
     /// line, "  col:" and its column.
     void ReportScriptError(std::string_view name) override;
+    /// The same with a failure that is not the engine's.
+    void Report(std::string_view name, const ScriptError& failure);
 
     ScriptControl& MyScript;          ///< the engine
     ScriptCode* MyCodeObj = nullptr;  ///< the procedures of the text; null while there is none
@@ -45,7 +48,8 @@ void StartScript(Session& s);
 /// Stops it, errors ignored. Does nothing unless it runs.
 void StopScript(Session& s);
 /// The tick of `ScriptTimer`: sends `OnClock` with the milliseconds since the last tick and the running clock's
-/// `ClockMsPart` and `ClockSeconds`. A tick that comes while an event of the script runs is dropped.
+/// `ClockMsPart` and `ClockSeconds`. A tick that comes while an event of the script runs, or while the script rests, is
+/// dropped.
 void ScriptTimer_Timer(Session& s, std::int32_t milliseconds);
 
 /// Gives the engine a text in the place of the one that runs: takes note of the events that it defines, and starts its

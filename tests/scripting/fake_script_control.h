@@ -30,6 +30,8 @@ public:
         if (Reading) Reading();
     }
     void Reset() override { Texts.emplace_back(); }
+    bool Resting = false;
+    bool IsResting() override { return Resting; }
     ScriptCode& CodeObject() override { return *this; }
     const ScriptError& Error() const override { return Last; }
 

@@ -60,6 +60,7 @@ struct Heard : HeardInstrument {
     }
     void Tick() {
         Time += kTick;
+        Now += kTick * 1'000'000;
         LoopTimer_Timer(s, kTick);
         if (Time % 40 == 0) FadeTimer_Timer(s, 40);
         if (Time % kScriptInterval == 0 && s.ScriptEnabled) ScriptTimer_Timer(s, kScriptInterval);

@@ -31,6 +31,45 @@ TEST(LuaLibrary, FindsPlainTexts) {
     EXPECT_EQ(Value("string.find(12345, 34)"), "3\t4");
 }
 
+TEST(LuaLibrary, APlainTextHasNoSpecialCharacters) {
+    for (const char* text : {"%d", "[a", "(", "^a", "a$", ".-", "%", "%b", "a+"}) {
+        EXPECT_EQ(Value("('x" + std::string(text) + "x'):find('" + text + "', 1, true)"),
+                  "2\t" + std::to_string(1 + std::string_view(text).size()))
+            << text;
+    }
+    EXPECT_EQ(Value("('a.b.c'):find('.', 3, true)"), "4\t4");
+    EXPECT_EQ(Value("('a.b'):find('.', 3, true)"), "nil");
+    EXPECT_EQ(Value("('ab'):find('a%w', 1, true)"), "nil");
+    EXPECT_EQ(Value("('ab'):find('a%w', 1, false)"), "1\t2");
+    EXPECT_EQ(Value("('a\\0b'):find('\\0', 1, true)"), "2\t2");
+}
+
+TEST(LuaLibrary, APlainTextIsFoundInATimeThatDoesNotGrowWithBothLengths) {
+    // The product of the lengths would take a minute and more.
+    const std::int64_t begin = SteadyNanoseconds();
+    EXPECT_EQ(Value("(('a'):rep(262144)):find(('a'):rep(131071) .. 'b', 1, true)"), "nil");
+    EXPECT_LT(SteadyNanoseconds() - begin, 2'000'000'000);
+}
+
+// A function of the library gets 20 places; a match of 32 captures needs more, and at the end of the stack they are not
+// to be had.
+TEST(LuaLibrary, AMatchOfManyCapturesAtTheEndOfTheStackIsAnError) {
+    LuaRig i;
+    std::string wide = "local a0";
+    for (int local = 1; local < 180; ++local) wide += ", a" + std::to_string(local);
+    const std::string text =
+        "local captures, text, find = ('(.)'):rep(32), ('x'):rep(32), string.find\nlocal told, found = {}, 0\n"
+        "local function narrow()\n local ok, why = pcall(find, text, captures)\n"
+        " if ok then found = found + 1 else told[why] = true end\n local r = narrow() return r\nend\n"
+        "local function wide(n)\n " +
+        wide +
+        "\n if n > 0 then local r = wide(n - 1) return r end\n local r = narrow() return r\nend\n"
+        "print(pcall(wide, 5200))\nprint(found > 100)\nfor why in pairs(told) do print(why) end";
+    const std::string printed = i.Prints(text);
+    EXPECT_THAT(printed, HasSubstr("stack overflow\ntrue\n"));
+    EXPECT_THAT(printed, HasSubstr("stack overflow (too many captures)"));
+}
+
 TEST(LuaLibrary, MatchesEveryItemOfAPattern) {
     const std::pair<const char*, const char*> cases[] = {
         {"('key = value'):match('(%w+)%s*=%s*(%w+)')", "key\tvalue"},

@@ -10,7 +10,8 @@ namespace marvolin::test {
 
 LuaRig::LuaRig(const LuaRigParts& parts)
     : Engine({.Clock = parts.Clock ? parts.Clock : [this] { return Now += Look; },
-              .Print = [this](std::string_view line) { Printed.emplace_back(line); }}),
+              .Print = parts.Print ? parts.Print : [this](std::string_view line) { Printed.emplace_back(line); },
+              .Ended = parts.Ended}),
       s(Scripted(parts.Screen != nullptr ? *parts.Screen : Screen)) {
     Engine.Attach(s);
     s.DX = std::make_unique<FakeDirectX>(Sound);
@@ -72,6 +73,7 @@ void LuaRig::Fill(Row row, const std::string& path) {
 
 void LuaRig::Pass(std::int32_t milliseconds) {
     for (std::int32_t at = 0; at < milliseconds; at += 10) {
+        Now += 10'000'000;
         const std::vector<FakeTimers::Timer*> timers = Timers.Live;
         for (FakeTimers::Timer* timer : timers) {
             if (timer->Enabled && timer->Interval == 10) timer->OnTick(10);

@@ -2,6 +2,7 @@
 /// \file
 /// An instrument on fakes whose scripts run on Lua.
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -16,9 +17,11 @@ namespace marvolin::test {
 
 /// What a rig may have in the place of its own.
 struct LuaRigParts {
-    Display* Screen = nullptr;           ///< instead of the one that logs
-    LuaClock Clock = {};                 ///< instead of the one that goes on at each look
-    const FakeSample* Sample = nullptr;  ///< instead of one of a second
+    Display* Screen = nullptr;                         ///< instead of the one that logs
+    LuaClock Clock = {};                               ///< instead of the one that goes on at each look
+    const FakeSample* Sample = nullptr;                ///< instead of one of a second
+    std::function<void(std::string_view)> Print = {};  ///< instead of noting the lines
+    std::function<void()> Ended = {};                  ///< the script has ended itself
 };
 
 /// Samples in rows A and B, pad and map laid out. The engine's clock goes on at each look.
@@ -44,7 +47,7 @@ struct LuaRig : FakeServices {
     std::string Box() const;
     /// Puts a sample of one second into a row.
     void Fill(Row row, const std::string& path);
-    /// Lets the timer of delayed calls tick for so many milliseconds, every 10.
+    /// Lets so many milliseconds pass, with a tick of the timer of delayed calls every 10.
     void Pass(std::int32_t milliseconds);
 };
 

@@ -152,6 +152,32 @@ TEST(LuaScript, AnEventInsideAnEventRuns) {
     EXPECT_THAT(i.Desk.Boxes, IsEmpty());
 }
 
+TEST(LuaScript, AnErrorOfAnInnerEventIsNotOneOfTheCallAroundIt) {
+    LuaRig i;
+    i.Run(
+        "function OnVolChange() print(pcall(marvolin.load_set, 'scene')) end\n"
+        "function OnPanChange() marvolin.set_volume('A', 9999) end");
+    i.Store.OnLoad = [&] { Send(i, ScriptEvent::OnPanChange, {2, 0}); };
+    const test::TempFolder folder;
+    folder.Touch("scene.mvn");
+    i.s.CurrentFolder = folder.Path() + "/";
+    Send(i, ScriptEvent::OnVolChange, {1, 2});
+    EXPECT_THAT(i.Printed, ElementsAre("true\ttrue"));
+    ASSERT_EQ(i.Desk.Boxes.size(), 1U);
+    EXPECT_THAT(i.Box(), StartsWith("OnPanChange: set_volume: "));
+    EXPECT_NE(i.s.EventWanted[ScriptEvent::OnVolChange], 0);
+}
+
+TEST(LuaScript, ALongDescriptionOfAnErrorIsShortened) {
+    LuaRig i;
+    i.Run("error(('\xC3\xA4'):rep(100000))");
+    std::string umlauts;
+    for (int letter = 0; letter < 250; ++letter) umlauts += "\xC3\xA4";
+    EXPECT_EQ(i.Box(), "song.mvs: " + umlauts + "...,  ln:1  col:0");
+    EXPECT_THAT(i.Prints("x = '" + std::string(100000, 'x')), StartsWith("song.mvs: unfinished string near"));
+    EXPECT_LT(i.Box().size(), 600U);
+}
+
 TEST(LuaScript, TheProgramMayCloseInsideAnEventOrADelayedCall) {
     for (const char* text :
          {"function OnVolChange() print('in') marvolin.load_set('scene') print('out') end",

@@ -284,9 +284,30 @@ TEST(ScriptHost, AScriptThatEndsInsideItsEventHearsThatEventNoMore) {
 TEST(ScriptHost, WithoutATimerTheScriptDoesNotRun) {
     Hosted i;
     i.Timers.Fail = true;
+    i.Engine.Last = {"the error of another script", 7, 1};
+    ScriptError told;
+    i.Host.OnError = [&](std::string_view, const ScriptError& error) { told = error; };
     EXPECT_FALSE(RunScript(i.s, i.Host, "text", "song.mvs"));
     EXPECT_FALSE(i.s.ScriptEnabled);
-    EXPECT_EQ(i.Desk.Boxes.size(), 1U);
+    ASSERT_EQ(i.Desk.Boxes.size(), 1U);
+    EXPECT_EQ(i.Desk.LastBox(),
+              "Error in code for song.mvs: Scripts have no clock: ActiveX component can't create object,  ln:0  col:0");
+    EXPECT_EQ(told.Line, 0);
+    EXPECT_THAT(i.Engine.Texts, ElementsAre("")) << "the text is not taken";
+}
+
+TEST(ScriptHost, ATickWhileTheScriptRestsIsDroppedAndEventsOfTheHandAreNot) {
+    Hosted i;
+    i.Define({"OnClock", "OnVolChange"});
+    i.Engine.Resting = true;
+    i.Tick(100);
+    EXPECT_TRUE(i.Heard.empty());
+    EXPECT_EQ(i.s.EventWanted[ScriptEvent::OnClock], True);
+    SendScriptEvent(i.s, ScriptEvent::OnVolChange, std::array{1.0, 2.0});
+    EXPECT_EQ(i.Heard.size(), 1U);
+    i.Engine.Resting = false;
+    i.Tick(100);
+    EXPECT_EQ(i.Heard.size(), 2U);
 }
 
 }  // namespace

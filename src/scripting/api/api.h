@@ -137,7 +137,7 @@ private:
     ApiAnswer& answer_;
 };
 
-/// How a function is carried out: in the time of the event, or as something slow that is not charged to it.
+/// How a function is carried out: in the time of the event, or as something slow that is paid for by a rest.
 enum class Pace : std::uint8_t { Quick, Slow };
 
 /// A function of the table `marvolin`.

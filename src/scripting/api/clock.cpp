@@ -6,6 +6,7 @@
 
 #include "core/routines.h"
 #include "scripting/delayed_calls.h"
+#include "scripting/text_cut.h"
 
 namespace marvolin {
 
@@ -25,11 +26,7 @@ void After(ApiCall& call) {
 /// The status line has one line, and no room for more.
 void Status(ApiCall& call) {
     constexpr std::size_t kMostBytes = 200;
-    const std::string_view whole = call.TextAt(0);
-    std::size_t end = std::min(whole.size(), kMostBytes);
-    // Not in the middle of a letter in UTF-8.
-    while (end > 0 && end < whole.size() && (static_cast<unsigned char>(whole[end]) & 0xC0U) == 0x80U) --end;
-    std::string text(whole.substr(0, end));
+    std::string text(Beginning(call.TextAt(0), kMostBytes));
     std::replace_if(
         text.begin(), text.end(), [](unsigned char c) { return c < ' '; }, ' ');
     ShowStatus(call.s, text);
@@ -38,7 +35,8 @@ void Status(ApiCall& call) {
 constexpr ApiFunction kClockFunctions[] = {
     {.Name = "clock",
      .Returns = "seconds, with their fraction",
-     .Text = "The running clock of the status bar. It goes back to 0 after 25 hours.",
+     .Text = "The running clock of the status bar. It goes back to 0 after 25 hours, so the time between two looks at "
+             "it is (later - earlier) % 90000.",
      .Example = "assert(marvolin.clock() == 0)",
      .Act = Seconds},
     {.Name = "after",
