@@ -10,6 +10,8 @@ namespace marvolin {
 
 namespace {
 
+constexpr std::string_view kSoundAddress = "https://openal-soft.org";
+
 bool IsGood(CDLLVersion& info, const Component& component) {
     std::string version(component.Version);
     info.LoadFileInfo(std::string(component.File), std::string(component.Library), version);
@@ -39,9 +41,11 @@ bool CheckComponents(Session& s, TypeLibraries& system) {
         if (std::find(failed.begin(), failed.end(), name) == failed.end()) failed.push_back(name);
     }
     if (!directX) {
-        s.World.Desk.MessageBox(
-            "DirectX 7.0a or higher not correctly installed. Get this component at https://openal-soft.org",
-            "DirectX 7.0a missing", BoxStyle::Critical);
+        // The text is fixed; which library it is about is told by the address.
+        const std::string address = system.Address(std::string(kRequiredComponents.front().File));
+        s.World.Desk.MessageBox("DirectX 7.0a or higher not correctly installed. Get this component at " +
+                                    (address.empty() ? std::string(kSoundAddress) : address),
+                                "DirectX 7.0a missing", BoxStyle::Critical);
     }
     if (!failed.empty()) {
         s.World.Desk.MessageBox("Crucial file(s) not properly installed. File(s): " + Joined(failed) +

@@ -23,7 +23,9 @@ constexpr const char* kWidgets = "libQt6Widgets.so.6";
 // The functions of the toolkit have the names that the compiler gives them; each makes the control that stands in. The
 // reader of pictures and Lua are loaded when they are first needed.
 constexpr std::array<StandIn, 13> kStandIns{{
-    {kRequiredComponents[0], {{{"libopenal.so.1", "alcRenderSamplesSOFT"}, {"libSDL2-2.0.so.0", "SDL_JoystickPath"}}}},
+    {kRequiredComponents[0],
+     {{{"libopenal.so.1", "alcRenderSamplesSOFT", "https://openal-soft.org"},
+       {"libSDL2-2.0.so.0", "SDL_JoystickPath", "https://libsdl.org"}}}},
     {kRequiredComponents[1], {{{"libsndfile.so.1", "sf_open_fd"}}}},
     {kRequiredComponents[2], {{{"libQt6Core.so.6", "_ZN6QTimerC1EP7QObject"}}}},
     {kRequiredComponents[3], {{{kWidgets, "_ZN7QTabBarC1EP7QWidget"}}}},
@@ -183,13 +185,24 @@ FileStamp LoaderLibraries::Stamp(const std::string& path) {
     return {static_cast<std::int64_t>(file.st_size), static_cast<std::int64_t>(file.st_mtime)};
 }
 
+/// The first library of a component that is not good; null when all are.
+const LoaderLibrary* LoaderLibraries::BadOne(const StandIn& standIn) {
+    for (const LoaderLibrary& part : standIn.Libraries) {
+        if (part.File != nullptr && !Has(part)) return &part;
+    }
+    return nullptr;
+}
+
 std::string LoaderLibraries::PlayersName(const std::string& file) {
     const StandIn* const standIn = ByFile(file);
-    if (standIn == nullptr) return file;
-    for (const LoaderLibrary& part : standIn->Libraries) {
-        if (part.File != nullptr && !Has(part)) return part.File;
-    }
-    return file;
+    const LoaderLibrary* const bad = standIn == nullptr ? nullptr : BadOne(*standIn);
+    return bad == nullptr ? file : bad->File;
+}
+
+std::string LoaderLibraries::Address(const std::string& file) {
+    const StandIn* const standIn = ByFile(file);
+    const LoaderLibrary* const bad = standIn == nullptr ? nullptr : BadOne(*standIn);
+    return bad == nullptr ? "" : bad->Address;
 }
 
 }  // namespace marvolin

@@ -23,6 +23,7 @@ namespace marvolin {
 struct LoaderLibrary {
     const char* File = nullptr;  ///< null: no library
     const char* Function = nullptr;
+    const char* Address = "";  ///< where players get it, if a box tells them
 };
 
 /// What does the work of a component.
@@ -54,6 +55,8 @@ public:
     SystemVersion System() override { return {}; }
     /// The file of the first library of the component that is not good.
     std::string PlayersName(const std::string& file) override;
+    /// That of the same library.
+    std::string Address(const std::string& file) override;
 
 private:
     struct Close {
@@ -68,6 +71,7 @@ private:
     LocatedFile Beside(std::string_view file) const;
     LocatedFile Located(const LoaderLibrary& library);
     bool Has(const LoaderLibrary& library);
+    const LoaderLibrary* BadOne(const StandIn& standIn);
 
     std::span<const StandIn> standIns_;
     std::map<std::string, Handle, std::less<>> loaded_;  ///< null: cannot be loaded

@@ -77,6 +77,8 @@ public:
     virtual SystemVersion System() = 0;
     /// Under which name the player knows this component: what is to be installed.
     virtual std::string PlayersName(const std::string& file) { return file; }
+    /// Where the player gets what this component lacks; "" when nobody knows.
+    virtual std::string Address(const std::string&) { return ""; }
 };
 
 }  // namespace marvolin

@@ -105,6 +105,21 @@ TEST(LoaderLibraries, WithoutTheSoundTheBoxOfTheSoundIsShown) {
     EXPECT_EQ(i.Desk.Boxes[0].Title, "DirectX 7.0a missing");
 }
 
+TEST(LoaderLibraries, TheBoxOfTheSoundLeadsToTheLibraryThatIsNotGood) {
+    const std::array<LoaderLibrary, 2> real = StandIns()[0].Libraries;
+    const auto box = [&](std::array<LoaderLibrary, 2> libraries) {
+        const Checked i(With(kRequiredComponents[0], libraries));
+        EXPECT_FALSE(i.Good);
+        EXPECT_EQ(i.Desk.Boxes.size(), 1U);
+        return i.Desk.LastBox();
+    };
+    const std::string text = "DirectX 7.0a or higher not correctly installed. Get this component at ";
+    for (const char* bad : {kMissing, OLD_RELEASE}) {
+        EXPECT_EQ(box({{{bad, "NewFunction", real[0].Address}, real[1]}}), text + "https://openal-soft.org");
+        EXPECT_EQ(box({{real[0], {bad, "NewFunction", real[1].Address}}}), text + "https://libsdl.org");
+    }
+}
+
 TEST(LoaderLibraries, WithoutLuaTheProgramStartsWithoutScripts) {
     const Checked i(With(kScriptComponent, {{{kMissing, "Function"}}}));
     EXPECT_TRUE(i.Good);
