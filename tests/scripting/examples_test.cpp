@@ -80,6 +80,65 @@ TEST(Examples, ThePanOscillatorSwingsSmoothlyOnceInFourSeconds) {
     EXPECT_EQ(i.s.Set[1].Pan, kPanCentre);
 }
 
+/// The running clock a second before it goes back to 0.
+void BeforeTheWrap(Playing& i) {
+    i.s.Clock.ClockHours = 24;
+    i.s.Clock.ClockMinutes = 59;
+    i.s.Clock.ClockSeconds = 59;
+}
+
+TEST(Examples, ThePanOscillatorGoesOnWithoutAJumpWhenTheClockGoesBackToZero) {
+    Playing i("pan_oscillator.mvs");
+    i.Text.replace(i.Text.find("period = 4"), 10, "period = 7");  // 25 hours are no whole number of these
+    BeforeTheWrap(i);
+    i.Start();
+    int jump = 0, last = 0, widest = 0;
+    i.Live(20'000, [&] {
+        const int pan = i.s.Set[0].Pan - kPanCentre;
+        jump = std::max(jump, std::abs(pan - last));
+        widest = std::max(widest, std::abs(pan));
+        last = pan;
+    });
+    EXPECT_LT(i.s.Clock.ClockHours, 24);
+    EXPECT_EQ(widest, 400);
+    EXPECT_LE(jump, 16);
+}
+
+TEST(Examples, TheMapWalkGoesOnWithoutAJumpWhenTheClockGoesBackToZero) {
+    Playing i("map_walk.mvs");
+    BeforeTheWrap(i);
+    i.Start();
+    Table<double, kLoopTracks> x, y;
+    double jump = 0;
+    const auto look = [&] {
+        for (Row row = 0; row < kLoopTracks; ++row) {
+            jump = std::max(jump, std::hypot(i.s.Set[row].PositionX - x[row], i.s.Set[row].PositionY - y[row]));
+            x[row] = i.s.Set[row].PositionX;
+            y[row] = i.s.Set[row].PositionY;
+        }
+    };
+    look();
+    jump = 0;
+    i.Live(3000, look);
+    EXPECT_LT(i.s.Clock.ClockHours, 24);
+    EXPECT_GT(jump, 0);
+    EXPECT_LT(jump, 0.05);
+}
+
+TEST(Examples, TheFadeOutGoesOnWhenTheClockGoesBackToZero) {
+    Playing i("fade_out.mvs");
+    BeforeTheWrap(i);
+    i.Start();
+    int last = 500, jump = 0;
+    i.Live(60'000, [&] {
+        jump = std::max(jump, std::abs(i.s.Set[5].Vol - last));
+        last = i.s.Set[5].Vol;
+    });
+    EXPECT_LT(i.s.Clock.ClockHours, 24);
+    EXPECT_NEAR(last, 400, 2);
+    EXPECT_LE(jump, 1);
+}
+
 TEST(Examples, DuckingLetsTheOthersStepBackAtEachStepOfA) {
     Playing i("ducking.mvs");
     i.s.Set[0].StepDuration = 100;
