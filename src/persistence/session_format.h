@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "core/files/former_file.h"
+
 namespace marvolin {
 
 inline constexpr std::string_view kHeaderText = "Marvolin File Format (C) K. Venner, 2000 v0.5f";
@@ -23,10 +25,6 @@ inline constexpr std::string_view kEndTag = "END";
 inline constexpr std::string_view kSessionExtension = ".mvn";
 inline constexpr std::string_view kPackageExtension = ".mvp";
 
-/// Added to the name of a set that a save has replaced.
-inline constexpr std::string_view kCopyMark = "~";
-/// File name of the set that a save to `fileName` replaces.
-inline std::string CopyName(std::string_view fileName) { return std::string(fileName).append(kCopyMark); }
 /// File name of the set of which `fileName` is the copy; `fileName` itself when it does not end in "~".
 inline std::string_view WithoutCopyMark(std::string_view fileName) {
     return fileName.ends_with(kCopyMark) ? fileName.substr(0, fileName.size() - kCopyMark.size()) : fileName;

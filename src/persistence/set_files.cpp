@@ -1,18 +1,13 @@
 #include "persistence/set_files.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <cstdint>
-#include <ctime>
 #include <filesystem>
 #include <system_error>
 
 #include "core/errors.h"
 #include "core/files/file_errors.h"
-#include "core/files/hidden_names.h"
 #include "core/files/paths.h"
 #include "persistence/session_format.h"
 
@@ -21,11 +16,6 @@ namespace marvolin {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string FolderOf(const std::string& path) {
-    const std::string folder = fs::path(path).parent_path().string();
-    return folder.empty() ? "." : folder;
-}
 
 /// True for a set that was written to its end. What lies behind the end does not matter.
 bool IsWholeSet(const std::string& path) {
@@ -64,27 +54,9 @@ bool SameContent(const std::string& a, const std::string& b) {
 
 }  // namespace
 
-SetFiles::SetFiles(const std::string& fileName) : path_(BehindLinks(fileName)) {
-    CheckTarget();
+SetFiles::SetFiles(const std::string& fileName) : path_(BehindLinks(fileName)), former_(path_) {
+    if (former_.Exists() && IsWholeSet(path_)) former_.Keep();
     set_ = std::make_unique<RecordWriter>(path_);
-}
-
-void SetFiles::CheckTarget() {
-    struct stat state {};
-    if (::stat(path_.c_str(), &state) != 0) {
-        if (errno != ENOENT) RaiseFileError(errno);
-        return;
-    }
-    if (!S_ISREG(state.st_mode)) throw RuntimeError(75, "Path/File access error");
-    // A player who has protected a set wants to keep it, although its folder would let it be replaced.
-    if (::eaccess(path_.c_str(), W_OK) != 0) RaiseFileError(errno);
-    keepCopy_ = IsWholeSet(path_);
-    if (!keepCopy_) return;
-    if (::lstat(CopyName(path_).c_str(), &state) != 0) {
-        if (errno != ENOENT) RaiseFileError(errno);
-    } else if (S_ISDIR(state.st_mode)) {
-        RaiseFileError(EISDIR);
-    }
 }
 
 void SetFiles::AddSample(const std::string& sample) {
@@ -102,34 +74,19 @@ void SetFiles::AddSample(const std::string& sample) {
     samples_.push_back(std::move(copy));
 }
 
-void SetFiles::NameAll() {
-    set_->Finish();
-    for (const auto& sample : samples_) sample->TakeName();
-    // The set comes last, and on the disk, too, its samples are there before it.
-    if (!samples_.empty()) SyncFolder(FolderOf(samples_.front()->Path()));
-    // The copy comes before it: the former set is never without a name of its own.
-    if (keepCopy_) {
-        copy_ = std::make_unique<NewFile>(CopyName(path_));
-        copy_->BecomeNameOf(path_);
-        copy_->TakeName();
-    }
-    set_->File().TakeName();
-    SyncFolder(FolderOf(path_));
-}
-
 void SetFiles::PutInPlace() {
     try {
-        NameAll();
+        set_->Finish();
+        for (const auto& sample : samples_) sample->TakeName();
+        // The set comes last, and on the disk, too, its samples are there before it.
+        if (!samples_.empty()) SyncFolder(FolderOf(samples_.front()->Path()));
+        former_.ReplaceBy(set_->File());
     } catch (...) {
-        set_->File().Undo();
-        if (copy_) copy_->Undo();
         std::for_each(samples_.rbegin(), samples_.rend(), [](const auto& sample) { sample->Undo(); });
         throw;
     }
     set_.reset();
-    copy_.reset();
     samples_.clear();
-    RemoveLeftovers(FolderOf(path_), std::time(nullptr));
 }
 
 }  // namespace marvolin

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "core/files/former_file.h"
 #include "core/files/record_stream.h"
 
 namespace marvolin {
@@ -31,12 +32,8 @@ public:
     void PutInPlace();
 
 private:
-    void CheckTarget();
-    void NameAll();
-
     std::string path_;  ///< of the set, links followed
-    bool keepCopy_ = false;
-    std::unique_ptr<NewFile> copy_;  ///< the present set with "~"; null when none is kept
+    FormerFile former_;
     std::unique_ptr<RecordWriter> set_;
     std::vector<std::unique_ptr<NewFile>> samples_;
 };

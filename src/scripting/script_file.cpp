@@ -1,18 +1,9 @@
 #include "scripting/script_file.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <cstdint>
-#include <ctime>
-#include <filesystem>
-#include <memory>
 
 #include "core/errors.h"
-#include "core/files/file_errors.h"
-#include "core/files/hidden_names.h"
-#include "core/files/new_file.h"
+#include "core/files/former_file.h"
 #include "core/files/record_stream.h"
 #include "scripting/lua_budget.h"
 
@@ -22,34 +13,6 @@ namespace {
 
 constexpr std::uint32_t kBadText = 321;  // "Invalid file format"
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
-std::string FolderOf(const std::string& path) {
-    const std::string folder = std::filesystem::path(path).parent_path().string();
-    return folder.empty() ? "." : folder;
-}
-
-/// Whether there is a file to be replaced. Raises the error of one that must not be.
-bool HasFormer(const std::string& path) {
-    struct stat state {};
-    if (::stat(path.c_str(), &state) != 0) {
-        if (errno != ENOENT) RaiseFileError(errno);
-        return false;
-    }
-    if (!S_ISREG(state.st_mode)) throw RuntimeError(75, "Path/File access error");
-    // A player who has protected a script wants to keep it, although its folder would let it be replaced.
-    if (::eaccess(path.c_str(), W_OK) != 0) RaiseFileError(errno);
-    return true;
-}
-
-/// The copy of the former file, still without its name.
-std::unique_ptr<NewFile> CopyOf(const std::string& path) {
-    const std::string name = path + "~";
-    struct stat state {};
-    if (::lstat(name.c_str(), &state) == 0 && S_ISDIR(state.st_mode)) RaiseFileError(EISDIR);
-    auto copy = std::make_unique<NewFile>(name);
-    copy->BecomeNameOf(path);
-    return copy;
-}
 
 /// How many bytes follow the first byte of a character; -1 when it begins none.
 int BytesBehind(unsigned char first) {
@@ -99,27 +62,12 @@ std::string ReadScript(const std::string& path) {
 
 void WriteScript(const std::string& path, const std::string& text) {
     const std::string place = BehindLinks(path);
-    const bool former = HasFormer(place);
+    FormerFile former(place);
+    if (former.Exists()) former.Keep();
     NewFile file(place);
     file.Write(text);
     file.Sync();
-    std::unique_ptr<NewFile> copy;
-    try {
-        // The copy comes first: the former text is never without a name of its own.
-        if (former) {
-            copy = CopyOf(place);
-            copy->TakeName();
-        }
-        file.TakeName();
-        SyncFolder(FolderOf(place));
-    } catch (...) {
-        file.Undo();
-        if (copy) copy->Undo();
-        throw;
-    }
-    file.DropReplaced();
-    if (copy) copy->DropReplaced();
-    RemoveLeftovers(FolderOf(place), std::time(nullptr));
+    former.ReplaceBy(file);
 }
 
 }  // namespace marvolin

@@ -26,6 +26,7 @@
 #include "persistence/session_file_store.h"
 #include "persistence/set_instrument.h"
 #include "persistence/snapshot.h"
+#include "scripting/script_file.h"
 
 namespace marvolin {
 namespace {
@@ -215,6 +216,28 @@ TEST_P(KilledSave, OfASnapshotLeavesItWholeOrNotAtAll) {
     KillAtEachSystemCall(GetParam(), prepare, save, check);
 }
 
+TEST_P(KilledSave, OfAScriptLeavesTheOldOrTheNewTextAndAWholeCopy) {
+    const auto prepare = [](Sets& sets) {
+        WriteScript(sets.Folder + "/x.mvs", "oldest");
+        WriteScript(sets.Folder + "/x.mvs", "old");
+    };
+    const auto save = [](Sets& sets) {
+        WriteScript(sets.Folder + "/x.mvs", "new");
+        return true;
+    };
+    const auto check = [](Sets& sets, Ending ending) {
+        const std::string text = sets.Bytes("x.mvs");
+        const std::string copy = sets.Bytes("x.mvs~");
+        EXPECT_TRUE(text == "new" || (text == "old" && ending == Ending::Killed)) << text;
+        EXPECT_TRUE(copy == "old" || (copy == "oldest" && ending == Ending::Killed)) << copy;
+        EXPECT_TRUE(text == "old" || copy == "old") << "the old text has one of the two names at each moment";
+        WriteScript(sets.Folder + "/x.mvs", "new");
+        EXPECT_EQ(sets.Bytes("x.mvs"), "new");
+        EXPECT_EQ(sets.HiddenFiles(), 0U) << "the next save removes what was left";
+    };
+    KillAtEachSystemCall(GetParam(), prepare, save, check);
+}
+
 std::string NameOf(const ::testing::TestParamInfo<Abilities>& of) {
     switch (of.param) {
         case Abilities::NoNamelessFiles:
@@ -252,6 +275,16 @@ TEST(FlushedSave, ASetIsOnTheDiskBeforeItHasItsNameAndThenItsFolderIs) {
     ASSERT_TRUE(sets.Save("x.mvn", kOld));
     // The file; its name and that of the copy; the folder.
     EXPECT_EQ(FlushesAndNames([&] { return sets.Save("x.mvn", kNew); }), "fnnf");
+}
+
+TEST(FlushedSave, AScriptIsOnTheDiskBeforeItHasItsNameAndThenItsFolderIs) {
+    Sets sets;
+    const auto save = [&] {
+        WriteScript(sets.Folder + "/x.mvs", "text");
+        return true;
+    };
+    save();
+    EXPECT_EQ(FlushesAndNames(save), "fnnf");
 }
 
 TEST(FlushedSave, TheSamplesOfAPackageAreOnTheDiskBeforeItsSetHasItsName) {
