@@ -78,6 +78,7 @@ double ScriptValue(const KnobRules& rules, std::int16_t value) {
 
 void SendChange(Session& s, Knob knob, Row row) {
     const KnobRules& rules = RulesOf(knob);
+    if (s.EventWanted[rules.Change] == 0) return;
     const std::array<double, 2> arguments{row + 1.0, ScriptValue(rules, ValueOf(s, knob, row))};
     SendScriptEvent(s, rules.Change, arguments);
 }
