@@ -24,7 +24,8 @@ bool ScriptRoom::Run(const std::string& text, const std::string& name) {
         TakeError(name, *wrong);
         return false;
     }
-    Note(name + " runs");
+    if (Runs()) Note(name_ + " is stopped");
+    Note(name + " starts");
     name_ = name;
     const bool taken = RunScript(*session_, *host_, text, name);
     for (int event = 0; event < kScriptEvents; ++event) defined_[event] = session_->EventWanted[event] != 0;

@@ -28,7 +28,7 @@ TEST(ScriptRoom, AScriptRunsUnderItsNameAndIsStopped) {
     EXPECT_EQ(rig.Room.Name(), "");
     rig.Tick();
     rig.Room.Stop();
-    EXPECT_THAT(rig.Lines(), ElementsAre("- song.mvs runs", "  tick", "- song.mvs is stopped"));
+    EXPECT_THAT(rig.Lines(), ElementsAre("- song.mvs starts", "  tick", "- song.mvs is stopped"));
     EXPECT_THAT(rig.Desk.Boxes, IsEmpty());
 }
 
@@ -44,7 +44,7 @@ TEST(ScriptRoom, ATextThatCannotBeReadLeavesTheScriptThatRuns) {
     EXPECT_EQ(failure.Error.Line, 2);
     EXPECT_EQ(failure.Error.Column, 1);
     EXPECT_THAT(rig.Lines(),
-                ElementsAre("- song.mvs runs", "! Error in wrong.mvs: <name> expected near 'for', line 2", "  tick"));
+                ElementsAre("- song.mvs starts", "! Error in wrong.mvs: <name> expected near 'for', line 2", "  tick"));
     EXPECT_THAT(rig.Desk.Boxes, IsEmpty());
 }
 
@@ -64,7 +64,8 @@ TEST(ScriptRoom, AFirstRunThatFailsIsReportedAndNoScriptRuns) {
     EXPECT_FALSE(rig.Room.Run("\nerror('no')", "wrong.mvs"));
     EXPECT_FALSE(rig.Room.Runs());
     EXPECT_EQ(rig.Desk.LastBox(), "Error in code for wrong.mvs: no,  ln:2  col:0");
-    EXPECT_THAT(rig.Lines(), ElementsAre("- song.mvs runs", "- wrong.mvs runs", "! Error in wrong.mvs: no, line 2"));
+    EXPECT_THAT(rig.Lines(), ElementsAre("- song.mvs starts", "- song.mvs is stopped", "- wrong.mvs starts",
+                                         "! Error in wrong.mvs: no, line 2"));
 }
 
 TEST(ScriptRoom, ALoopWithoutEndIsStoppedAndTold) {
