@@ -11,9 +11,6 @@
 #include <QWindow>
 #include <QtTest/QTest>
 
-#include "performance/map/sound_map.h"
-#include "performance/pad/mix_pad.h"
-#include "performance/pad/pad_tables.h"
 #include "window/editor/code_view_module.h"
 
 namespace marvolin::test {
@@ -25,21 +22,11 @@ CodeViewMaker& Maker() {
     return *maker;
 }
 
-ScriptRig::ScriptRig() {
-    Engine.Attach(s);
+ScriptRig::ScriptRig()
+    : LuaRig({.Print = [this](std::string_view line) { Room.Print(line); }, .Ended = [this] { Room.EndedItself(); }}) {
     Room.Attach(s, Host);
-    s.DX = std::make_unique<FakeDirectX>(Sound);
-    s.DS = s.DX->DirectSoundCreate("guid1");
-    s.DSReady = true;
-    s.GangReady = true;
-    PadGeometryInit(s, 4500, 4500);
-    PadTablesInit(s);
-    MapInit(s);
-    s.StatusText.clear();
     s.ScriptAvailable = true;
 }
-
-ScriptRig::~ScriptRig() = default;
 
 std::vector<std::string> ScriptRig::Lines() const {
     std::vector<std::string> lines;

@@ -1,18 +1,14 @@
 #pragma once
 /// \file
-/// The window of scripts over a session on fakes whose scripts run on Lua, operated by real events.
+/// The window of scripts over an instrument whose scripts run on Lua, operated by real events.
 
 #include <QPoint>
 #include <functional>
 #include <string>
 #include <vector>
 
-#include "core/session.h"
-#include "fakes/fake_display.h"
-#include "fakes/fake_services.h"
 #include "fakes/temp_folder.h"
-#include "scripting/lua_script.h"
-#include "scripting/script_host.h"
+#include "scripting/lua_rig.h"
 #include "scripting/script_room.h"
 #include "window/editor/frm_scripts.h"
 
@@ -24,27 +20,10 @@ namespace marvolin::test {
 /// The module that the build has made.
 CodeViewMaker& Maker();
 
-/// An instrument whose scripts run on Lua, and the room in which they do.
-struct ScriptRig : FakeServices {
-    std::int64_t Now = 0;      ///< ns
-    std::int64_t Look = 1000;  ///< ns that a look at the clock takes
+/// The room in which the scripts of an instrument run.
+struct ScriptRig : LuaRig {
     ScriptRoom Room;
-    FakeDisplay Screen;
-    LuaScript Engine{{.Clock = [this] { return Now += Look; },
-                      .Print = [this](std::string_view line) { Room.Print(line); },
-                      .Ended = [this] { Room.EndedItself(); }}};
-    ScriptHost Host{Engine, Desk};
-    Session s{Services{.Screen = Screen,
-                       .Desk = Desk,
-                       .Forms = Forms,
-                       .Chance = Chance,
-                       .Timers = Timers,
-                       .Scripts = Host,
-                       .Store = Store,
-                       .CreateDirectX7 = [this] { return std::make_unique<FakeDirectX>(Sound); },
-                       .CreateDirectInput = [this] { return std::make_unique<FakeInput>(Stick); }}};
     ScriptRig();
-    ~ScriptRig();
 
     /// The lines of the console, each with its kind: "  " printed, "- " a note, "! " an error.
     std::vector<std::string> Lines() const;

@@ -117,7 +117,7 @@ TEST(Editor, WhatAScriptPrintsStandsInTheConsole) {
     EditorStage stage;
     stage.Write("print('hello', 1)");
     stage.Click("RunScript");
-    EXPECT_EQ(stage.Window.Console->toPlainText(), "untitled.mvs runs\nhello\t1");
+    EXPECT_EQ(stage.Window.Console->toPlainText(), "untitled.mvs starts\nhello\t1");
 }
 
 TEST(Editor, ATextOfTenMegabytesIsToldAndKept) {
@@ -213,6 +213,15 @@ TEST(Editor, NoHintIsCutInTheSmallestWindow) {
         stage.Window.ShowHint(hint);
         EXPECT_THAT(test::PaintedTexts(*stage.Window.Status), testing::Contains(hint));
     }
+}
+
+TEST(Editor, ALongTextInTheBarIsCut) {
+    EditorStage stage;
+    std::string letters(299, 'x');
+    stage.Window.ShowHint(letters + "\xC3\xA4" + std::string(1'000'000, 'x'));
+    EXPECT_EQ(stage.Window.Status->Hint().toStdString(), letters + "...");
+    stage.Window.TakeHintAway(letters + "\xC3\xA4" + std::string(1'000'000, 'x'));
+    EXPECT_EQ(stage.Window.Status->Hint().toStdString(), "");
 }
 
 TEST(Editor, FindOpensABarThatFindsWhileWordsAreTyped) {

@@ -1,8 +1,6 @@
 #include "window/editor/frm_scripts.h"
 
-#include <QApplication>
 #include <QCloseEvent>
-#include <QCursor>
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QScreen>
@@ -11,15 +9,15 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
-#include "scripting/api/api_page.h"
 #include "scripting/script_file.h"
+#include "scripting/script_words.h"
+#include "scripting/text_cut.h"
 #include "window/controls/text_button.h"
 #include "window/descriptions/described.h"
 #include "window/editor/console_view.h"
 #include "window/editor/event_list.h"
 #include "window/editor/find_bar.h"
 #include "window/editor/script_status.h"
-#include "window/popups/popup_list.h"
 #include "window/toolkit/strings.h"
 #include "window/toolkit/theme.h"
 
@@ -29,8 +27,7 @@ namespace {
 
 constexpr QSize kLeastScripts(760, 420);
 constexpr int kScriptsEdge = 8;
-constexpr int kScriptsButtonHeight = 30;
-constexpr int kListWidth = 620;
+constexpr std::size_t kLongestHint = 300;  // bytes
 
 QLabel* Heading(const QString& text) {
     auto* label = new QLabel(text);
@@ -62,7 +59,8 @@ FrmScripts::FrmScripts(Session& session, ScriptRoom& room, CodeViewMaker& maker)
     soon_.setSingleShot(true);
     soon_.callOnTimeout(this, [this] { Refresh(); });
     auto* column = Column(this);
-    column->addWidget(MakeToolbar());
+    toolbar_ = new ScriptToolbar(s, *this, ToolbarActions());
+    column->addWidget(toolbar_);
     auto* halves = new QSplitter(Qt::Vertical);
     halves->setChildrenCollapsible(false);
     halves->addWidget(MakeHead(maker));
@@ -73,17 +71,6 @@ FrmScripts::FrmScripts(Session& session, ScriptRoom& room, CodeViewMaker& maker)
     column->addWidget(halves, 1);
     Status = new ScriptStatus(s, this);
     column->addWidget(Status);
-    list_ = new PopupList(s, this, "ExampleList");
-    list_->OnHide = [this] {
-        // The list has had the pointer: the button has not seen it go.
-        QEvent left(QEvent::Leave);
-        if (!examples_->rect().contains(examples_->mapFromGlobal(QCursor::pos())))
-            QApplication::sendEvent(examples_, &left);
-    };
-    list_->OnChoose = [this](int row) {
-        list_->hide();
-        Document->BeginExample(row);
-    };
     Document = std::make_unique<ScriptDocument>(s, *this, *View,
                                                 ScriptDocument::Events{[this] { Open(); }, [this] { Refresh(); },
                                                                        [this](const auto& hint) { ShowHint(hint); }});
@@ -94,30 +81,17 @@ FrmScripts::FrmScripts(Session& session, ScriptRoom& room, CodeViewMaker& maker)
     Refresh();
 }
 
-QWidget* FrmScripts::MakeToolbar() {
-    auto* bar = new QWidget;
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(kScriptsEdge, kScriptsEdge, kScriptsEdge, kScriptsEdge);
-    row->setSpacing(5);
-    const auto add = [&](const char* name, int width, std::function<void()> click) {
-        auto* button = new TextButton(s, nullptr, name, std::move(click));
-        button->setFixedSize(width, kScriptsButtonHeight);
-        row->addWidget(button);
-        return button;
-    };
-    add("NewScript", 50, [this] { Document->New(); });
-    examples_ = add("Examples", 80, [this] { OpenExamples(); });
-    add("OpenScript", 56, [this] { Document->AskOpen(); });
-    add("SaveScript", 54, [this] { Document->Save(); });
-    add("SaveScriptAs", 70, [this] { Document->SaveAs(); });
-    row->addSpacing(14);
-    undo_ = add("UndoText", 56, [this] { View->Undo(); });
-    redo_ = add("RedoText", 56, [this] { View->Redo(); });
-    add("FindText", 52, [this] { Find->Open(); });
-    row->addStretch(1);
-    add("RunScript", 62, [this] { Run(); });
-    stop_ = add("StopScript", 62, [this] { Stop(); });
-    return bar;
+ScriptToolbar::Actions FrmScripts::ToolbarActions() {
+    return {.New = [this] { Document->New(); },
+            .Example = [this](int number) { Document->BeginExample(number); },
+            .Open = [this] { Document->AskOpen(); },
+            .Save = [this] { Document->Save(); },
+            .SaveAs = [this] { Document->SaveAs(); },
+            .Undo = [this] { View->Undo(); },
+            .Redo = [this] { View->Redo(); },
+            .Find = [this] { Find->Open(); },
+            .Run = [this] { Run(); },
+            .Stop = [this] { Stop(); }};
 }
 
 QWidget* FrmScripts::MakeHead(CodeViewMaker& maker) {
@@ -176,15 +150,8 @@ void FrmScripts::MakeKeys() {
         connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, this,
                 std::move(act));  // the window owns it
     };
-    add("Ctrl+N", [this] { Document->New(); });
-    add("Ctrl+O", [this] { Document->AskOpen(); });
-    add("Ctrl+S", [this] { Document->Save(); });
-    add("Ctrl+Shift+S", [this] { Document->SaveAs(); });
-    add("Ctrl+F", [this] { Find->Open(); });
     add("F3", [this] { Find->Go(Search::Next); });
     add("Shift+F3", [this] { Find->Go(Search::Previous); });
-    add("F5", [this] { Run(); });
-    add("Shift+F5", [this] { Stop(); });
 }
 
 void FrmScripts::FitScreen() {
@@ -199,15 +166,6 @@ void FrmScripts::Open() {
     raise();
     activateWindow();
     View->Widget().setFocus();
-}
-
-void FrmScripts::OpenExamples() {
-    QStringList rows;
-    for (const ScriptExample& example : kScriptExamples) {
-        const std::string_view name = example.File.substr(0, example.File.size() - kScriptExtension.size());
-        rows << ToQString(name) + ": " + ToQString(example.Purpose);
-    }
-    list_->Open(rows, QRect(examples_->mapToGlobal(QPoint(0, 0)), examples_->size()), kListWidth);
 }
 
 void FrmScripts::Run() {
@@ -234,9 +192,7 @@ void FrmScripts::RefreshSoon() {
 void FrmScripts::Refresh() {
     setWindowTitle(ToQString("marvolin scripts - " + Document->Name() + "[*]"));
     setWindowModified(View->IsModified());
-    undo_->setEnabled(View->CanUndo());
-    redo_->setEnabled(View->CanRedo());
-    stop_->setEnabled(room_.Runs());
+    toolbar_->Show({.CanUndo = View->CanUndo(), .CanRedo = View->CanRedo(), .Runs = room_.Runs()});
     ShowRunning();
     Status->ShowCaret(View->Caret());
     Events->update();
@@ -260,10 +216,11 @@ void FrmScripts::ShowFailure() {
     if (ran_ && failure.Error.Line > 0) View->Mark(failure.Error.Line);
 }
 
-void FrmScripts::ShowHint(std::string_view hint) { Status->ShowHint(ToQString(hint)); }
+// A path or a description can be long, and the bar has one line.
+void FrmScripts::ShowHint(std::string_view hint) { Status->ShowHint(ToQString(Shortened(hint, kLongestHint))); }
 
 void FrmScripts::TakeHintAway(std::string_view hint) {
-    if (Status->Hint() == ToQString(hint)) Status->ShowHint("");
+    if (Status->Hint() == ToQString(Shortened(hint, kLongestHint))) Status->ShowHint("");
 }
 
 void FrmScripts::closeEvent(QCloseEvent* event) {

@@ -9,6 +9,7 @@
 #include "scripting/script_room.h"
 #include "window/editor/code_view.h"
 #include "window/editor/script_document.h"
+#include "window/editor/script_toolbar.h"
 #include "window/toolkit/hint_window.h"
 
 namespace marvolin {
@@ -16,9 +17,7 @@ namespace marvolin {
 class ConsoleView;
 class EventList;
 class FindBar;
-class PopupList;
 class ScriptStatus;
-class TextButton;
 
 /// The window in which scripts are written and run. Closing hides it; a script that runs goes on.
 class FrmScripts : public QWidget, public HintWindow {
@@ -51,13 +50,12 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
-    QWidget* MakeToolbar();
+    ScriptToolbar::Actions ToolbarActions();
     QWidget* MakeHead(CodeViewMaker& maker);
     QWidget* MakeFoot();
     void MakeKeys();
     void FitScreen();
 
-    void OpenExamples();
     void Run();
     void Stop();
     void Refresh();
@@ -66,11 +64,7 @@ private:
 
     Session& s;
     ScriptRoom& room_;
-    TextButton* examples_ = nullptr;
-    TextButton* undo_ = nullptr;
-    TextButton* redo_ = nullptr;
-    TextButton* stop_ = nullptr;
-    PopupList* list_ = nullptr;
+    ScriptToolbar* toolbar_ = nullptr;  ///< owned by the toolkit
     QTimer soon_;
     std::uint64_t failures_ = 0;  ///< of the room, that have been shown
     bool ran_ = false;            ///< the text is the one that was run last, unchanged
