@@ -33,6 +33,11 @@ function G.setmetatable(t, meta)
     if type(meta) == "table" and rawget(meta, "__gc") ~= nil then
         error("a script has no use for __gc", 2)
     end
+    -- Which entries with weak keys are alive can take the square of their number to find out, in one go.
+    local mode = type(meta) == "table" and rawget(meta, "__mode")
+    if type(mode) == "string" and find(mode, "k", 1, true) then
+        error("a script has no use for weak keys", 2)
+    end
     if type(t) ~= "table" then fail("setmetatable", 1, "table", t) end
     if meta ~= nil and type(meta) ~= "table" then fail("setmetatable", 2, "nil or table", meta) end
     return setmetatable(t, meta)

@@ -72,6 +72,18 @@ TEST(LuaSandbox, AnObjectMayNotActAtTheEndOfItsLife) {
     EXPECT_THAT(i.Printed, IsEmpty());
 }
 
+TEST(LuaSandbox, ValuesMayBeWeakAndKeysMayNot) {
+    LuaRig i;
+    EXPECT_EQ(i.Prints("local t = setmetatable({}, {__mode = 'v'})  t.x = {}\n"
+                       "for n = 1, 200000 do local garbage = {n} end  print(t.x)"),
+              "nil");
+    for (const char* mode : {"k", "kv", "vk"}) {
+        EXPECT_EQ(i.Prints("\nsetmetatable({}, {__mode = '" + std::string(mode) + "'})"),
+                  "song.mvs: a script has no use for weak keys,  ln:2  col:0");
+    }
+    EXPECT_EQ(i.Prints("setmetatable({}, {__mode = 7})  setmetatable({}, {__mode = 'K'})"), "");
+}
+
 TEST(LuaSandbox, ChanceIsTheInstrumentsOwn) {
     LuaRig i;
     i.Chance.Sequence = {0.25, 0.0, 0.999, 0.5, 0.999};
