@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The window of scripts: an example is chosen and run, and is heard and seen; a knob is turned, and a script that was typed
-# answers; a wrong line is marked; a loop without end is stopped and told. What plays goes on throughout.
+# answers; a wrong line is marked; a loop without end, in an event, too, is stopped and told. What plays goes on throughout.
 STAGE_SIZE=2000x1000
 source "$(dirname "${BASH_SOURCE[0]}")/hands.sh"
 
@@ -154,6 +154,27 @@ wait_ms 300
 expect "what plays goes on without a gap" sounds_throughout "$begin" "$(now)"
 xdotool windowactivate --sync "$WINDOW" key Escape
 expect "the box closes" report_closed
+
+echo "A loop without end in an event"
+write "function OnVolScroll() while true do end end"
+xdotool key F5
+park
+expect "the script runs" looks_unlike Scripts "$dark"
+begin=$(now)
+drag VolKnob_0 -6 0
+park
+expect "it is told in a box" report_open
+import -window "$REPORT" "$FOLDER/told in an event.png"
+expect "its line is marked" red_line
+expect "the script runs on" looks_unlike Scripts "$dark"
+wait_ms 300
+expect "what plays goes on without a gap" sounds_throughout "$begin" "$(now)"
+xdotool windowactivate --sync "$WINDOW" key Escape
+expect "the box closes" report_closed
+drag VolKnob_0 6 0
+park
+wait_ms 200
+expect "the event is silent from then on" report_closed
 
 echo "Closing"
 xdotool windowactivate --sync "$SCRIPTS" key alt+F4
