@@ -13,8 +13,8 @@ using testing::ElementsAre;
 
 // Run a second time under a German desktop, where the toolkit takes over a comma and another order.
 TEST(Language, ScriptsWriteAndReadNumbersWithAPointAndSortTextsByTheirBytes) {
-    if (const char* language = std::getenv("LC_ALL")) {
-        EXPECT_STREQ(std::setlocale(LC_CTYPE, nullptr), language) << "the toolkit has not taken the language";
+    if (std::getenv("LOCPATH") != nullptr) {
+        EXPECT_STREQ(std::setlocale(LC_CTYPE, nullptr), std::getenv("LC_ALL")) << "the toolkit has not taken it";
     }
     test::ScriptRig rig;
     rig.Room.Run(
