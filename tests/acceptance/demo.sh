@@ -39,8 +39,7 @@ stage_clear
 park
 playing=$(face Play_0)
 for row in 1 2 3; do expect "LoopTrack $row looks as A does: playing" looks_like "Play_$row" "$playing"; done
-picture "demo"
-for row in 0 1 2 3; do knob[row]=$(face "VolKnob_$row"); done
+mapfile -t knob < <(look VolKnob_0 VolKnob_1 VolKnob_2 VolKnob_3)
 
 # fades ROW MS: the knob of the row starts to turn at that time of the demo.
 fades() {
@@ -53,6 +52,7 @@ fades() {
 }
 fades 1 3000
 fades 2 5000
+picture "demo"
 expect "the splash has closed" stage_no_splash
 fades 3 9000
 expect "the question comes with the last fade" stage_named "Startup Demo"

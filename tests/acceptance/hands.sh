@@ -130,14 +130,34 @@ sounding_ms() {
 
 # --- eyes ---
 
-# face NAME: prints a checksum of a control's picture. Move the pointer away first.
-face() {
-  local x y w h
-  read -r x y w h <<<"${PLACE[$1]}"
-  import -window "$WINDOW" -crop "${w}x$h+$x+$y" +repage rgb:- | sha1sum
+# look NAME...: prints a checksum of the picture of each control as it is now, one a line.
+look() {
+  local name places=()
+  # shellcheck disable=SC2206
+  for name in "$@"; do places+=(${PLACE[$name]:?no control $name}); done
+  "$STAGE_TOOLS/picture_sums" "$WINDOW" "${places[@]}"
 }
-looks_like() { [[ $(face "$1") == "$2" ]]; }
-looks_unlike() { [[ $(face "$1") != "$2" ]]; }
+# face NAME...: the same, once the pictures rest: two, a tenth of a second apart, are alike. What never rests is taken after a
+# second. Move the pointer away first.
+face() {
+  local i before now
+  now=$(look "$@")
+  for i in 1 2 3 4 5 6 7 8 9 10; do
+    before=$now
+    sleep 0.1
+    now=$(look "$@")
+    [[ $now != "$before" ]] || break
+  done
+  echo "$now"
+}
+looks_like() {
+  local now
+  now=$(look "$1") && [[ $now == "$2" ]]
+}
+looks_unlike() {
+  local now
+  now=$(look "$1") && [[ $now != "$2" ]]
+}
 
 # --- judgement ---
 

@@ -17,17 +17,21 @@ browser_tab() {
 browser_looks() { in_window "$BROWSER" "$@"; }
 
 # ball_to BALL X Y: drags a LoopTrack's ball from its place to another, in pixels from the map's centre. A press holds it by
-# its centre.
+# its centre. It is let go when it has been seen to arrive, since a hand does not outrun what it sees.
 declare -A STANDS
 ball_to() {
-  local x y i from moves=()
+  local x y i from before moves=()
+  before=$(look Map)
   read -r x y <<<"$(at Map)"
   read -ra from <<<"${STANDS[$1]:-0 0}"
   for i in 1 2 3 4 5 6 7 8; do
     moves+=(mousemove --window "$WINDOW" $((x + from[0] + ($2 - from[0]) * i / 8))
       $((y + from[1] + ($3 - from[1]) * i / 8)) sleep 0.01)
   done
-  xdotool mousemove --window "$WINDOW" $((x + from[0])) $((y + from[1])) mousedown 1 "${moves[@]}" mouseup 1
+  xdotool mousemove --window "$WINDOW" $((x + from[0])) $((y + from[1])) mousedown 1 "${moves[@]}"
+  expect "the ball of LoopTrack $1 moves" looks_unlike Map "$before"
+  before=$(face Map)
+  release 1
   STANDS[$1]="$2 $3"
 }
 # side ROW: prints how much louder the left side is than the right one, in the first second that was heard.

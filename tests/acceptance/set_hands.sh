@@ -68,15 +68,21 @@ stop_all() {
 declare -A LOOK
 # remember NAME...: keeps the pictures of these controls. Nothing may play, because the play position is drawn.
 remember() {
-  local name
+  local name looks
   park
-  for name in "$@"; do LOOK[$name]=$(face "$name"); done
+  mapfile -t looks < <(face "$@")
+  for name in "$@"; do
+    LOOK[$name]=${looks[0]:?no picture of $name}
+    looks=("${looks[@]:1}")
+  done
 }
 looks_the_same() {
-  local name
+  local name looks
   differs=
+  mapfile -t looks < <(look "$@")
   for name in "$@"; do
-    looks_like "$name" "${LOOK[$name]}" || differs+=" $name"
+    [[ ${looks[0]:-} == "${LOOK[$name]}" ]] || differs+=" $name"
+    looks=("${looks[@]:1}")
   done
   [[ -z $differs ]]
 }

@@ -1,5 +1,5 @@
 # A stage for the program: a virtual display, a window manager, a sound card that writes to a file. To be sourced; needs
-# STAGE_TOOLS, the folder of record_sound, drop_files and listen.
+# STAGE_TOOLS, the folder of record_sound, drop_files, picture_sums and listen.
 #
 #   stage_open FOLDER [WIDTHxHEIGHT]   starts the display; all files of the run go to FOLDER
 #   stage_install PROGRAM FOLDER       makes a private program folder with the program and what comes with it, without the demo
