@@ -34,8 +34,9 @@ std::string SetAmong(const std::vector<std::string>& paths) {
     return set == paths.end() ? "" : *set;
 }
 
-bool TakesDroppedFiles(Row row, const std::vector<std::string>& paths) {
-    return !SetAmong(paths).empty() || (row >= 0 && TakesFiles(paths));
+std::string WhyDropIsRefused(const Session& s, Row row, const std::vector<std::string>& paths) {
+    if (!SetAmong(paths).empty()) return "";
+    return row >= 0 ? WhyFilesAreRefused(s, row, paths) : "Drop samples on a row; a set opens anywhere here";
 }
 
 void DropFiles(Session& s, Row row, const std::vector<std::string>& paths) {

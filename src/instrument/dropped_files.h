@@ -13,9 +13,9 @@ namespace marvolin {
 /// ".mvn" or ".mvp", in any letter case.
 std::string SetAmong(const std::vector<std::string>& paths);
 
-/// Whether a drop of these paths does anything: a set opens anywhere on the window, everything else on a row. `row` is
-/// 0..4, -1 beside the rows.
-bool TakesDroppedFiles(Row row, const std::vector<std::string>& paths);
+/// Why a drop of these paths would do nothing, for the status line; "" when it does something: a set opens anywhere on
+/// the window, a sample loads on a row. `row` is 0..4, -1 beside the rows.
+std::string WhyDropIsRefused(const Session& s, Row row, const std::vector<std::string>& paths);
 
 /// Files dropped on `row` (0..4), or beside the rows (-1). A set among them opens as QuickLoad's left click opens one,
 /// with the elements that are chosen for opening, and nothing else of the drop is looked at. Without a set they are

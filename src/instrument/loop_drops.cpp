@@ -7,7 +7,6 @@
 #include "browser/bin_gestures.h"
 #include "browser/clipboard.h"
 #include "core/help.h"
-#include "core/loops/grouping.h"
 #include "performance/drops/dropper.h"
 #include "performance/drops/palette.h"
 #include "performance/drops/row_drops.h"
@@ -22,13 +21,6 @@ struct DropHandler {
     void (*Drop)(Session& s, Row row, const DragSource& source);
     bool (*Acts)(const Session& s, Row row, const DragSource& source);  ///< whether the drop does anything
 };
-
-bool AnyIsControlled(const Session& s) {
-    for (Row row = 0; row < kLoopTracks; ++row) {
-        if (IsControlled(s, row)) return true;
-    }
-    return false;
-}
 
 // An entry of the palette; a LoopTrack without a sample has nothing to reverse.
 bool ActsFromPalette(const Session& s, Row row, const DragSource&) {

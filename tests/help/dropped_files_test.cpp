@@ -26,7 +26,7 @@ TEST(DroppedSet, OpensWhereverItFallsAsQuickLoadDoes) {
         stage.s.CurrentFile = "night.mvn";
         if (std::string(name) == "frmMain") {
             DropFiles(stage.s, -1, {set});
-            EXPECT_TRUE(TakesDroppedFiles(-1, {set}));
+            EXPECT_EQ(WhyDropIsRefused(stage.s, -1, {set}), "");
         } else {
             EXPECT_TRUE(stage.DropFiles(name, {set}));
         }
@@ -62,10 +62,10 @@ TEST(DroppedSet, ThatCannotBeOpenedLeavesTheDialogueAsItIs) {
 TEST(DroppedSet, BesideTheRowsNothingElseIsTaken) {
     test::TempFolder folder;
     const std::string sample = folder.Touch("one.wav");
-    EXPECT_FALSE(TakesDroppedFiles(-1, {sample}));
-    EXPECT_FALSE(TakesDroppedFiles(-1, {"/nowhere/night.mvn"}));
-    EXPECT_TRUE(TakesDroppedFiles(1, {sample}));
     Stage stage;
+    EXPECT_EQ(WhyDropIsRefused(stage.s, -1, {sample}), "Drop samples on a row; a set opens anywhere here");
+    EXPECT_NE(WhyDropIsRefused(stage.s, -1, {"/nowhere/night.mvn"}), "");
+    EXPECT_EQ(WhyDropIsRefused(stage.s, 1, {sample}), "");
     DropFiles(stage.s, -1, {sample});
     EXPECT_THAT(stage.Store.Log, IsEmpty());
     EXPECT_FALSE(stage.DropFiles("Browse", {sample}));
@@ -81,6 +81,28 @@ TEST(DroppedSamples, SeveralFillTheRowsFromThereDownwards) {
     EXPECT_TRUE(stage.s.Set[1].FileName.ends_with("/a.wav"));
     EXPECT_TRUE(stage.s.Set[2].FileName.ends_with("/b.wav"));
     EXPECT_TRUE(stage.s.Set[3].FileName.ends_with("/c.wav"));
+}
+
+TEST(DroppedFiles, ThatWouldDoNothingAreRefusedAndTheStatusLineTellsWhyBeforeTheDrop) {
+    test::TempFolder folder;
+    const std::string sample = folder.Touch("one.wav");
+    const std::string text = folder.Touch("readme.txt");
+    Stage stage;
+    for (const char* name : {"LoopRow_4", "VolKnob_4", "SndDisp_4"}) {
+        stage.s.StatusText.clear();
+        EXPECT_FALSE(stage.DropFiles(name, {sample})) << name;
+        EXPECT_EQ(stage.s.StatusText, "Nothing is in control of Z: select LoopTracks first") << name;
+    }
+    for (const char* name : {"LoopRow_0", "Letr_1"}) {
+        stage.s.StatusText.clear();
+        EXPECT_FALSE(stage.DropFiles(name, {text})) << name;
+        EXPECT_EQ(stage.s.StatusText, "Not a sample: readme.txt") << name;
+    }
+    EXPECT_FALSE(stage.DropFiles("Browse", {sample}));
+    EXPECT_EQ(stage.s.StatusText, "Drop samples on a row; a set opens anywhere here");
+    stage.s.Set[1].Selected = True;
+    EXPECT_TRUE(stage.DropFiles("LoopRow_4", {sample}));
+    EXPECT_EQ(stage.s.Run[1].Loaded, True);
 }
 
 struct Bins : test::Browser {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "audio/transport.h"
+#include "core/files/sample_files.h"
 #include "fakes/file_bytes.h"
 #include "fakes/instrument.h"
 
@@ -62,11 +63,50 @@ TEST(FileDrops, AllThatIsNoSampleIsNamed) {
     EXPECT_EQ(d.s.StatusText, "Not a sample: notes.txt, more.txt");
 }
 
-TEST(FileDrops, ThePointerPromisesADropOfAFileOfThisMachine) {
-    EXPECT_TRUE(TakesFiles({"/samples/a.wav"}));
-    EXPECT_TRUE(TakesFiles({"", "/samples"}));
-    EXPECT_FALSE(TakesFiles({""}));
-    EXPECT_FALSE(TakesFiles({}));
+TEST(FileDrops, ThePointerPromisesADropOfASampleOfThisMachineAndTellsWhyOfNoOther) {
+    FileDrops d;
+    const auto why = [&](const std::vector<std::string>& paths) { return WhyFilesAreRefused(d.s, 2, paths); };
+    WriteBytes(d.Folder / "notes.txt", "notes");
+    EXPECT_EQ(why({d.Put("a.wav")}), "");
+    EXPECT_EQ(why({"/gone/a.wav"}), "");  // the drop tells so in a box
+    EXPECT_EQ(why({"", d.Folder / "notes.txt", d.Put("a.wav")}), "");
+    EXPECT_EQ(why({d.Folder / "notes.txt", ""}), "Not a sample: notes.txt");
+    EXPECT_EQ(why({d.Folder.Path()}), "Not a sample: " + FileNameOf(d.Folder.Path()));
+    EXPECT_EQ(why({""}), "Not a file of this computer");
+    EXPECT_EQ(why({}), "Not a file of this computer");
+}
+
+TEST(FileDrops, TheSelectionTakesFilesOnlyWhileAnythingIsInControl) {
+    FileDrops d;
+    const std::string a = d.Put("a.wav");
+    EXPECT_EQ(WhyFilesAreRefused(d.s, kSelectionRow, {a}), "Nothing is in control of Z: select LoopTracks first");
+    d.Select(1);
+    EXPECT_EQ(WhyFilesAreRefused(d.s, kSelectionRow, {a}), "");
+}
+
+TEST(FileDrops, SamplesForWhichNoRowIsLeftAreNamed) {
+    FileDrops d;
+    WriteBytes(d.Folder / "notes.txt", "notes");
+    const std::string a = d.Put("a.wav");
+    const std::string b = d.Put("b.wav");
+    const std::string c = d.Put("c.wav");
+    DropFilesOnRow(d.s, 2, {a, b, c, d.Put("e.wav")});
+    EXPECT_EQ(d.s.StatusText, "No row left for: c.wav, e.wav");
+    DropFilesOnRow(d.s, 3, {d.Folder / "notes.txt", a, b});
+    EXPECT_EQ(d.Files(), (std::vector<std::string>{"", "", a, a}));
+    EXPECT_EQ(d.s.StatusText, "No row left for: b.wav; not a sample: notes.txt");
+    d.Select(0);
+    DropFilesOnRow(d.s, kSelectionRow, {c, b});
+    EXPECT_EQ(d.Files(), (std::vector<std::string>{c, "", a, a}));
+    EXPECT_EQ(d.s.StatusText, "No row left for: b.wav");
+}
+
+TEST(FileDrops, TwoFilesOnTheLastRowOfABandReplaceThatRowAlone) {
+    FileDrops d;
+    d.MakeBand(1, 2, 3);
+    const std::string a = d.Put("a.wav");
+    DropFilesOnRow(d.s, 3, {a, d.Put("b.wav")});
+    EXPECT_EQ(d.Files(), (std::vector<std::string>{"", "", "", a}));
 }
 
 TEST(FileDrops, ThePointerIsBusyFromTheFirstFileToTheLast) {

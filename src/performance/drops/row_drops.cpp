@@ -1,6 +1,10 @@
 #include "performance/drops/row_drops.h"
 
+#include <algorithm>
+#include <array>
+
 #include "audio/sample_loading.h"
+#include "core/loops/grouping.h"
 #include "core/loops/loop_views.h"
 #include "parameters/fades.h"
 #include "sequencing/patterns.h"
@@ -13,6 +17,11 @@ namespace {
 bool IsRow(Row row) { return row >= 0 && row <= kSelectionRow; }
 
 }  // namespace
+
+bool AnyIsControlled(const Session& s) {
+    constexpr std::array<Row, kLoopTracks> kAll{0, 1, 2, 3};
+    return std::any_of(kAll.begin(), kAll.end(), [&](Row row) { return IsControlled(s, row); });
+}
 
 void DropFade(Session& s, Row row, const DragSource& source) {
     if (source.Tag != kFadeTag || !IsRow(source.Index)) return;

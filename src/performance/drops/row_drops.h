@@ -8,6 +8,9 @@
 
 namespace marvolin {
 
+/// Whether anything is in control: only then does a drop on row 4 reach a LoopTrack.
+bool AnyIsControlled(const Session& s);
+
 /// A fade drag of a letter or a ball: fades the two rows across, the source up when its volume is 0 and down otherwise;
 /// on its own row toggles the fade.
 void DropFade(Session& s, Row row, const DragSource& source);

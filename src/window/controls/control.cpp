@@ -182,8 +182,8 @@ void Control::keyPressEvent(QKeyEvent* event) {
 
 void Control::dragEnterEvent(QDragEnterEvent* event) {
     const auto source = FromMimeData(*event->mimeData());
-    const bool takes =
-        source ? TakesDrop(*source) : dropRow_ >= 0 && TakesDroppedFiles(dropRow_, FilePaths(*event->mimeData()));
+    const bool takes = source ? TakesDrop(*source)
+                              : dropRow_ >= 0 && WhyDropIsRefused(s, dropRow_, FilePaths(*event->mimeData())).empty();
     event->setAccepted(takes);
 }
 

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTextEdit>
+#include <algorithm>
 #include <utility>
 
 #include "core/routines.h"
@@ -194,9 +195,16 @@ void FrmMain::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
-// Rows take files themselves; a set opens wherever it is dropped.
+// Rows take files themselves; a set opens wherever it is dropped. What a row has refused comes here next.
 void FrmMain::dragEnterEvent(QDragEnterEvent* event) {
-    event->setAccepted(TakesDroppedFiles(-1, FilePaths(*event->mimeData())));
+    const std::vector<std::string> paths = FilePaths(*event->mimeData());
+    event->setAccepted(WhyDropIsRefused(s, -1, paths).empty());
+    if (event->isAccepted() || paths.empty()) return;
+    const QPoint place = event->position().toPoint();
+    const auto below =
+        std::find_if(Rows.begin(), Rows.end(), [&](LoopRow* row) { return row->geometry().contains(place); });
+    const Row row = below == Rows.end() ? Row{-1} : static_cast<Row>(below - Rows.begin());
+    ShowStatus(s, WhyDropIsRefused(s, row, paths));
 }
 
 void FrmMain::dropEvent(QDropEvent* event) {

@@ -73,7 +73,7 @@ void LoopRow::RefreshEnabled() { Pan->setEnabled(PanKnobEnabled(s, row_)); }
 void LoopRow::dragEnterEvent(QDragEnterEvent* event) {
     const auto source = FromMimeData(*event->mimeData());
     event->setAccepted(source ? LoopTakesDrop(s, row_, *source)
-                              : TakesDroppedFiles(row_, FilePaths(*event->mimeData())));
+                              : WhyDropIsRefused(s, row_, FilePaths(*event->mimeData())).empty());
 }
 
 void LoopRow::dropEvent(QDropEvent* event) {
