@@ -6,6 +6,7 @@
 #include "audio/play_commands.h"
 #include "audio/play_modes.h"
 #include "audio/sample_buffers.h"
+#include "audio/silent_starts.h"
 #include "audio/transport.h"
 #include "core/loops/grouping.h"
 #include "core/routines.h"
@@ -51,6 +52,12 @@ void JumpToBeginning(Session& s, Row row) {
     }
 }
 
+void PlayAllByHand(Session& s) {
+    const auto before = PlayingRows(s);
+    PlayAll(s);
+    TellSilentStarts(s, before);
+}
+
 void StartModeDrag(Session& s, Row row, double y) {
     s.Drag.Dragging = True;
     s.Drag.DragOrigin = static_cast<float>(y);
@@ -91,11 +98,13 @@ void Play_MouseDown(Session& s, Row row, std::int16_t button) {
 }
 
 void Play_MouseUp(Session& s, Row row, std::int16_t button) {
+    const auto before = PlayingRows(s);
     try {
         Release(s, row, button);
     } catch (const RuntimeError& e) {
         ShowDSError(s, "stopping/playing loop", e.Number());
     }
+    TellSilentStarts(s, before);
 }
 
 PlayStopZone PlayStopZoneAt(double y, double height) {
@@ -107,7 +116,7 @@ PlayStopZone PlayStopZoneAt(double y, double height) {
 void PlayStop_MouseUp(Session& s, double y, double height) {
     switch (PlayStopZoneAt(y, height)) {
         case PlayStopZone::Play:
-            return PlayAll(s);
+            return PlayAllByHand(s);
         case PlayStopZone::Stop:
             return StopAll(s);
         case PlayStopZone::None:
@@ -124,7 +133,7 @@ void PlayStop_Activate(Session& s) {
     if (plays) {
         StopAll(s);
     } else {
-        PlayAll(s);
+        PlayAllByHand(s);
     }
 }
 

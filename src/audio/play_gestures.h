@@ -9,7 +9,7 @@ namespace marvolin {
 /// The right button pauses a playing row (0..4). Errors here and at the release: "stopping/playing loop".
 void Play_MouseDown(Session& s, Row row, std::int16_t button);
 /// Any button resumes a paused row; else the left one stops a playing row and plays any other. A row 0..3 that holds no
-/// sample ignores it.
+/// sample ignores it. Of what starts at volume 0, here and at `PlayStop`, the status line says how it is heard again.
 void Play_MouseUp(Session& s, Row row, std::int16_t button);
 
 /// What a release on `PlayStop` does: in its top three eighths it plays all rows, in its bottom three eighths it stops

@@ -2,9 +2,12 @@
 
 #include <filesystem>
 #include <system_error>
+#include <vector>
 
+#include "audio/silent_starts.h"
 #include "core/errors.h"
 #include "core/files/paths.h"
+#include "core/routines.h"
 #include "parameters/fades.h"
 #include "persistence/quick_load.h"
 
@@ -34,6 +37,23 @@ void NextStage(Session& s, Row fading, std::int32_t milliseconds) {
     ++s.DemoStep;
     s.StartUpDemoCountDown->SetInterval(milliseconds);
     s.StartUpDemoCountDown->SetEnabled(true);
+}
+
+/// The demo leaves LoopTracks at volume 0, whose keys then seem silent: the status line says how they come back.
+void TellWhatHasFaded(Session& s) {
+    std::vector<Row> faded;
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        const bool fades = s.Run[row].FadeState == kFalling && s.Run[row].FadeTarget == 0;
+        if (s.Run[row].Loaded != False && (s.Set[row].Vol == 0 || fades)) faded.push_back(row);
+    }
+    if (faded.empty()) return;
+    ShowStatus(
+        s, LettersOf(faded) + (faded.size() == 1 ? " has" : " have") + " faded out: " + HowItFadesIn(faded.front()));
+}
+
+void CloseQuestion(Session& s) {
+    s.World.Forms.Unload(Form::StartUpQuery);
+    TellWhatHasFaded(s);
 }
 
 void UnloadSplash(Session& s) {
@@ -76,6 +96,7 @@ void StartUpDemoCountDown_Timer(Session& s) {
             s.StartUpDemoCountDown->SetEnabled(false);
             s.StartUpDemoCountDown.reset();
             s.World.Forms.Show(Form::StartUpQuery);
+            TellWhatHasFaded(s);
             return;
         default:
             return;
@@ -93,7 +114,7 @@ void StartUpQuery_Activate(Session& s) {
     }
 }
 
-void cmdYes_Click(Session& s) { s.World.Forms.Unload(Form::StartUpQuery); }
+void cmdYes_Click(Session& s) { CloseQuestion(s); }
 
 void cmdNo_Click(Session& s) {
     const std::string demo = InProgramFolder(s, kDemoFile);
@@ -110,7 +131,7 @@ void cmdNo_Click(Session& s) {
             "To re-enable the startup demo, change the name disabledstartup.mvp in your marvolin directory to "
             "startup.mvp");
     }
-    s.World.Forms.Unload(Form::StartUpQuery);
+    CloseQuestion(s);
 }
 
 }  // namespace marvolin

@@ -89,6 +89,40 @@ TEST(PlayButton, TheButtonOfRowFourActsOnTheControlledRowsOnly) {
     EXPECT_EQ(i.s.Run[1].Playing, False);
 }
 
+TEST(PlayButton, OfALoopTrackThatStartsAtVolume0TheStatusLineSaysHowItIsHeardAgain) {
+    Instrument i;
+    i.Fill(0);
+    i.Fill(1);
+    i.s.Set[1].Vol = 0;
+    Play_MouseUp(i.s, 0, kLeftButton);
+    EXPECT_EQ(i.s.StatusText, "");
+    Play_MouseUp(i.s, 1, kLeftButton);
+    EXPECT_EQ(i.s.StatusText, "B plays at volume 0: Shift+B fades B in");
+    i.s.StatusText.clear();
+    Play_MouseUp(i.s, 1, kLeftButton);  // stops it
+    EXPECT_EQ(i.s.StatusText, "");
+}
+
+TEST(PlayButton, SeveralSilentStartsAreToldTogether) {
+    Instrument i;
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        i.Fill(row);
+        i.Select(row);
+        i.s.Set[row].Vol = row == 0 ? 500 : 0;
+    }
+    Play_MouseUp(i.s, kSelectionRow, kLeftButton);
+    EXPECT_EQ(i.s.StatusText, "B, C & D play at volume 0: Shift+B fades B in");
+    StopAll(i.s);
+    i.s.StatusText.clear();
+    i.s.Set[1].Vol = 500;
+    PlayStop_MouseUp(i.s, 0, 8);
+    EXPECT_EQ(i.s.StatusText, "C & D play at volume 0: Shift+C fades C in");
+    StopAll(i.s);
+    i.s.StatusText.clear();
+    PlayStop_Activate(i.s);
+    EXPECT_EQ(i.s.StatusText, "C & D play at volume 0: Shift+C fades C in");
+}
+
 TEST(PlayButton, FailuresOfTheGestureAreShownInItsOwnWords) {
     Instrument i;
     i.Fill(0);

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "fakes/limits.h"
+#include "parameters/fades.h"
 #include "persistence/set_instrument.h"
 
 namespace marvolin {
@@ -77,6 +78,31 @@ TEST(StartUpDemo, BCAndDFadeOneAfterTheOtherAndThenTheQuestionIsShown) {
     EXPECT_EQ(i.s.DemoStep, 4);
     EXPECT_TRUE(i.Timers.Live.empty());
     EXPECT_EQ(i.Forms.Log.back(), "Show StartUpQuery");
+}
+
+TEST(StartUpDemo, AtItsEndAndBehindTheQuestionTheStatusLineSaysHowTheFadedComeBack) {
+    SetInstrument i;
+    WriteBytes(i.Folder / "startup.mvp", "");
+    LoadStartUpContent(i.s);
+    for (Row row = 0; row < kLoopTracks; ++row) i.Fill(row);
+    for (int stage = 0; stage < 3; ++stage) {
+        Tick(i);
+        StepFades(i.s, 2500);
+    }
+    EXPECT_EQ(i.s.StatusText, "B, C & D have faded out: Shift+B fades B in");
+    i.s.StatusText.clear();
+    i.Forms.Loaded.insert(Form::StartUpQuery);
+    cmdYes_Click(i.s);
+    EXPECT_EQ(i.s.StatusText, "B, C & D have faded out: Shift+B fades B in");
+    i.s.Set[1].Vol = i.s.Set[2].Vol = 500;
+    i.Forms.Loaded.insert(Form::StartUpQuery);
+    cmdNo_Click(i.s);
+    EXPECT_EQ(i.s.StatusText, "D has faded out: Shift+D fades D in");
+    i.s.Set[3].Vol = 500;
+    i.s.StatusText.clear();
+    i.Forms.Loaded.insert(Form::StartUpQuery);
+    cmdNo_Click(i.s);
+    EXPECT_EQ(i.s.StatusText, "");
 }
 
 TEST(StartUpDemo, ASplashThatIsAlreadyClosedDoesNotStopTheDemo) {
