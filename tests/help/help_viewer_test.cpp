@@ -128,8 +128,50 @@ TEST(HelpViewer, AMissingPageIsToldWithItsFile) {
     view.Open(10024);
     EXPECT_EQ(view.Heading(), "This page is missing");
     EXPECT_TRUE(view.Viewer.Text().toPlainText().contains("/gone.html"));
+    EXPECT_EQ(view.Viewer.Contents().currentItem()->text(0).toStdString(), "Gone");
     view.Press("HelpContents");
     EXPECT_EQ(view.Heading(), "Contents");
+}
+
+TEST(HelpViewer, AMissingPageIsAStepOfTheWayBackAndForward) {
+    Viewed view;
+    view.Open(10023);
+    view.Viewer.Go("gone.html");
+    EXPECT_TRUE(view.Enabled("HelpBack"));
+    view.Viewer.Go("10025.html");
+    view.Press("HelpBack");
+    EXPECT_EQ(view.Heading(), "This page is missing");
+    EXPECT_EQ(view.Viewer.Contents().currentItem()->text(0).toStdString(), "Gone");
+    view.Press("HelpBack");
+    EXPECT_EQ(view.Heading(), "Play");
+    EXPECT_EQ(view.Viewer.Contents().currentItem()->text(0).toStdString(), "Play");
+    view.Press("HelpForward");
+    EXPECT_EQ(view.Heading(), "This page is missing");
+    view.Write("gone.html", "<h1>Back again</h1>");
+    view.Open(10024);
+    EXPECT_EQ(view.Heading(), "Back again");
+}
+
+TEST(HelpViewer, ANextQuestionLooksForNoWords) {
+    Viewed view;
+    view.Open(10023);
+    view.Search("click");
+    EXPECT_EQ(view.Entries().front(), "[Found on 2 pages]");
+    view.Open(10025);
+    EXPECT_EQ(view.Find().text(), "");
+    EXPECT_EQ(view.Entries().size(), 6U);
+    EXPECT_EQ(view.Viewer.Contents().currentItem()->text(0).toStdString(), "Name");
+    EXPECT_TRUE(view.Viewer.Text().extraSelections().isEmpty());
+}
+
+TEST(HelpViewer, ALongPageIsMarkedAtItsFirstPlacesOnly) {
+    Viewed view;
+    std::string page = "<h1>Name</h1>";
+    for (int i = 0; i < 2000; ++i) page += "word and word<br>";
+    view.Write("10025.html", page);
+    view.Open(10025);
+    view.Search("word");
+    EXPECT_EQ(view.Viewer.Text().extraSelections().size(), HelpText::kMostMarks);
 }
 
 TEST(HelpViewer, AMissingOrEmptyHelpFileIsAnErrorAndNothingIsShown) {
@@ -163,11 +205,11 @@ TEST(HelpViewer, FindsWordsInAllPagesAndMarksThem) {
     view.Viewer.Go("10025.html");
     EXPECT_EQ(view.Viewer.Text().extraSelections().size(), 2);
     view.Search("click palette");
-    EXPECT_THAT(view.Entries(), ElementsAre("[Found on 1 pages]", "Name"));
+    EXPECT_THAT(view.Entries(), ElementsAre("[Found on 1 page]", "Name"));
     view.Search("secret");
     EXPECT_THAT(view.Entries(), ElementsAre("[Found on no page]"));
     view.Search("& it");
-    EXPECT_THAT(view.Entries(), ElementsAre("[Found on 1 pages]", "Play"));
+    EXPECT_THAT(view.Entries(), ElementsAre("[Found on 1 page]", "Play"));
     view.Search("");
     EXPECT_EQ(view.Entries().size(), 6U);
     EXPECT_EQ(view.Viewer.Text().extraSelections().size(), 0);

@@ -1,7 +1,6 @@
 #include "window/help/help_viewer.h"
 
 #include <QApplication>
-#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -53,7 +52,7 @@ HelpViewer::HelpViewer() {
     tree_ = new QTreeWidget;
     Describe(*tree_, "HelpTree");
     tree_->header()->hide();
-    text_ = new QTextBrowser;
+    text_ = new HelpText;
     Describe(*text_, "HelpText");
     text_->setOpenLinks(false);
     text_->document()->setDefaultStyleSheet(kPageSheet);
@@ -65,6 +64,7 @@ HelpViewer::HelpViewer() {
     column->addWidget(halves, 1);
     connect(text_, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) { Go(link.toString()); });
     connect(text_, &QTextBrowser::sourceChanged, this, [this] { ShowWhere(); });
+    connect(text_, &QTextBrowser::historyChanged, this, [this] { ShowWhere(); });  // comes after it
     connect(tree_, &QTreeWidget::currentItemChanged, this, [this](const QTreeWidgetItem* item) {
         const QString file = item == nullptr ? QString() : item->data(0, kFileRole).toString();
         if (!file.isEmpty() && file != text_->source().fileName()) Go(file);
@@ -133,12 +133,15 @@ void HelpViewer::FillContents() {
 void HelpViewer::Open(const std::string& helpFile, std::int32_t topic, const QWidget* avoid) {
     auto pages = std::make_unique<HelpPages>(helpFile);
     search_.reset();
+    text_->Read(*pages);
     pages_ = std::move(pages);
     search_ = std::make_unique<HelpSearch>(
         *pages_, [this](const HelpPage& page) { AddFound(page); }, [this] { TellNothingFound(); });
-    text_->setSearchPaths({pages_->Folder()});
+    {
+        const QSignalBlocker quiet(find_);
+        find_->clear();  // the words were about another question
+    }
     FillContents();
-    Find(find_->text());
     const HelpPage* page = pages_->Of(topic);
     Go(page == nullptr ? pages_->All().front().File : page->File);
     if (!isVisible()) Place(avoid);
@@ -155,13 +158,12 @@ void HelpViewer::Open(const std::string& helpFile, std::int32_t topic, const QWi
 }
 
 void HelpViewer::Go(const QString& file) {
-    const QString name = file.section('#', 0, 0);
-    if (!name.isEmpty() && !QFileInfo::exists(pages_->PathOf(name))) {
-        text_->setHtml("<h1>This page is missing</h1><p>The file <b>" + pages_->PathOf(name).toHtmlEscaped() +
-                       "</b> cannot be found. Install Marvolin again, or copy the folder Help beside the program.</p>");
-        return;
+    const QUrl page(file);
+    if (text_->source() == page) {
+        text_->reload();  // it may have been put back
+    } else {
+        text_->setSource(page);
     }
-    text_->setSource(QUrl(file));
     if (!file.contains('#')) text_->verticalScrollBar()->setValue(0);
     MarkFound();
 }
@@ -202,7 +204,8 @@ void HelpViewer::AddFound(const HelpPage& page) {
     if (found == nullptr) return;
     auto* entry = new QTreeWidgetItem(found, {page.Title});
     entry->setData(0, kFileRole, page.File);
-    found->setText(0, QString("Found on %1 pages").arg(found->childCount()));
+    const int pages = found->childCount();
+    found->setText(0, QString(pages == 1 ? "Found on %1 page" : "Found on %1 pages").arg(pages));
 }
 
 void HelpViewer::TellNothingFound() {
@@ -211,21 +214,7 @@ void HelpViewer::TellNothingFound() {
 }
 
 // Every word that is looked for stands out in the page.
-void HelpViewer::MarkFound() {
-    QList<QTextEdit::ExtraSelection> marks;
-    const QStringList words = find_->text().split(' ', Qt::SkipEmptyParts);
-    for (const QString& word : words) {
-        QTextCursor at = text_->document()->find(word);
-        for (; !at.isNull(); at = text_->document()->find(word, at)) {
-            QTextEdit::ExtraSelection mark;
-            mark.cursor = at;
-            mark.format.setBackground(theme::kAccent);
-            mark.format.setForeground(theme::kWindow);
-            marks.append(mark);
-        }
-    }
-    text_->setExtraSelections(marks);
-}
+void HelpViewer::MarkFound() { text_->Mark(find_->text().split(' ', Qt::SkipEmptyParts)); }
 
 // Beside the main window where the screen has room for both, and never larger than the screen.
 void HelpViewer::Place(const QWidget* avoid) {

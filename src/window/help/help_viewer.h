@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QTextBrowser>
 #include <QTreeWidget>
 #include <QWidget>
 #include <memory>
 
 #include "window/help/help_pages.h"
 #include "window/help/help_search.h"
+#include "window/help/help_text.h"
 
 class QLineEdit;
 class QToolButton;
@@ -22,14 +22,15 @@ public:
 
     HelpViewer();
 
-    /// Shows the page of `topic`, the contents when it has none, in front of all windows that can be used. `avoid` is a
+    /// Shows the page of `topic`, the contents when it has none, in front of all windows that can be used, and looks
+    /// for no words. `avoid` is a
     /// window whose rows it leaves free where the screen has room; null for none. Raises `RuntimeError` when the help
     /// file cannot be read; nothing is shown then.
     void Open(const std::string& helpFile, std::int32_t topic, const QWidget* avoid);
-    /// Shows a page by its file, or says in the window that the file is missing.
+    /// Shows a page by its file; one whose file is missing says so.
     void Go(const QString& file);
 
-    const QTextBrowser& Text() const { return *text_; }
+    const HelpText& Text() const { return *text_; }
     const QTreeWidget& Contents() const { return *tree_; }
     int TextSize() const { return size_; }
 
@@ -52,7 +53,7 @@ private:
     std::unique_ptr<HelpSearch> search_;  // in `pages_`
     int size_ = 15;
     // Owned by the toolkit.
-    QTextBrowser* text_ = nullptr;
+    HelpText* text_ = nullptr;
     QTreeWidget* tree_ = nullptr;
     QLineEdit* find_ = nullptr;
     QToolButton* back_ = nullptr;
