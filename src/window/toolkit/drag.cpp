@@ -1,6 +1,8 @@
 #include "window/toolkit/drag.h"
 
+#include <QApplication>
 #include <QDrag>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QWidget>
 #include <functional>
@@ -111,6 +113,27 @@ QPoint HotSpot(const DragSource& source) {
     return IsTool(source) ? kToolTip : kBeside;
 }
 
+/// A drag belongs to the button that began it. The toolkit would give the press of another one to what is under the
+/// pointer, and take its release for the drop.
+class OneButton : public QObject {
+public:
+    OneButton() {
+        // Only once the drag runs: of several filters the last one comes first.
+        QMetaObject::invokeMethod(
+            this, [this] { qApp->installEventFilter(this); }, Qt::QueuedConnection);
+    }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::MouseButtonPress) return true;
+        if (event->type() != QEvent::MouseButtonRelease || began_ == Qt::NoButton) return false;
+        return !began_.testFlag(static_cast<const QMouseEvent*>(event)->button());
+    }
+
+private:
+    const Qt::MouseButtons began_ = QGuiApplication::mouseButtons();
+};
+
 }  // namespace
 
 std::string DragName(const Session& s, const DragSource& source) {
@@ -154,6 +177,7 @@ void RunDrag(QWidget& from, const Session& s, const DragSource& source) {
     drag->setHotSpot(HotSpot(source));
     // The help pointer is the pointer itself; beside it the usual one would be a second arrow.
     if (IsHelpDrag(source)) drag->setDragCursor(Painted({1, 1}, 1, [](QPainter&) {}), Qt::CopyAction);
+    const OneButton only;
     drag->exec(Qt::CopyAction);
 }
 

@@ -21,7 +21,8 @@ std::string DragName(const Session& s, const DragSource& source);
 /// screen pixels a logical pixel.
 QPixmap DragPicture(const Session& s, const DragSource& source, double ratio = 1);
 
-/// Drags `source`, which begins on `from`, with its picture. Returns when the drag has ended.
+/// Drags `source`, which begins on `from`, with its picture. Returns when the drag has ended. Meanwhile no other button
+/// and no key reaches anything; Escape ends the drag without a drop.
 void RunDrag(QWidget& from, const Session& s, const DragSource& source);
 
 }  // namespace marvolin
