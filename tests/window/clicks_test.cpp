@@ -198,6 +198,7 @@ const Clicked kClicks[] = {
     {"ClipBoardList", kRight, {}, {}},
     {"Trash", kLeft, {}, {}},
     // Save/Open, which stays open on this stage.
+    {"ElementsFold", kLeft, {}, {}},
     {"Elements_0_3", kLeft, {"Elements_0_3"}, {}, {0.05, 0.5}},
     {"Elements_0_3", kRight, {}, {}, {0.05, 0.5}},
     {"SaveIt", kLeft, {"Save"}, {"Save", "Save"}},

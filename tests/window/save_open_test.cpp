@@ -7,6 +7,7 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QToolButton>
 #include <algorithm>
 
 #include "fakes/temp_folder.h"
@@ -26,7 +27,11 @@ struct Dialogue : test::Stage {
         s.SaveItEnabled = true;
         Screen.Attach(&Window);
         Window.Open();
+        Unfold();
     }
+    void Unfold() { QTest::mouseClick(Window.findChild<QToolButton*>("ElementsFold"), Qt::LeftButton); }
+    bool Unfolded() { return Element(0, 0).isVisible() && Element(1, 15).isVisible(); }
+    QString Count(int list) { return Window.findChild<QLabel*>(QString("ElementCount_%1").arg(list))->text(); }
     ~Dialogue() { Screen.Attach(static_cast<FrmSave*>(nullptr)); }
     void Press(const char* name) { QTest::mouseClick(Window.findChild<QPushButton*>(name), Qt::LeftButton); }
     QCheckBox& Box(const QString& name) { return *Window.findChild<QCheckBox*>(name); }
@@ -202,6 +207,66 @@ TEST(SaveOpen, ShowsTheChoicesOfTheSessionWhenItOpens) {
     EXPECT_TRUE(dialogue.Box("SelectionsOnly").isChecked());
     EXPECT_TRUE(dialogue.Box("EmptyBlank").isChecked());
     EXPECT_EQ(dialogue.Window.findChild<QLineEdit*>("Session")->text(), "Night");
+}
+
+TEST(SaveOpen, ItsButtonsComeFirstAndTheOneThatSavesHasTheFocus) {
+    Dialogue dialogue;
+    EXPECT_EQ(dialogue.Window.focusWidget()->objectName(), "SaveIt");
+    dialogue.s.SaveItEnabled = false;
+    dialogue.Window.Open();
+    EXPECT_EQ(dialogue.Window.focusWidget()->objectName(), "SaveItAs");
+    dialogue.s.SaveItEnabled = true;
+    dialogue.Window.Open();
+    QStringList order;
+    for (QWidget* at = dialogue.Window.focusWidget(); order.size() < 4; at = at->nextInFocusChain()) {
+        if (qobject_cast<QPushButton*>(at) != nullptr) order << at->objectName();
+    }
+    EXPECT_EQ(order, (QStringList{"SaveIt", "SaveItAs", "Reload", "OpenIt"}));
+    const auto top = [&](const char* name) {
+        const QWidget* widget = dialogue.Window.findChild<QWidget*>(name);
+        return widget->mapTo(&dialogue.Window, QPoint(0, 0)).y();
+    };
+    EXPECT_LT(top("SaveIt"), top("SelectionsOnly"));
+    EXPECT_LT(top("SelectionsOnly"), top("ElementsFold"));
+    EXPECT_LT(top("ElementsFold"), top("Selector_0"));
+}
+
+TEST(SaveOpen, ReturnPressesTheButtonThatHasTheFocus) {
+    Dialogue dialogue;
+    QTest::keyClick(&dialogue.Window, Qt::Key_Return);
+    EXPECT_EQ(dialogue.Store.Log.size(), 1U);
+}
+
+TEST(SaveOpen, TheElementsAreFoldedAwayBehindTheirNumber) {
+    Dialogue dialogue;
+    FrmSave fresh(dialogue.s);
+    fresh.show();
+    EXPECT_FALSE(fresh.findChild<QWidget*>("Elements_0_0")->isVisible());
+    EXPECT_TRUE(fresh.findChild<QWidget*>("Selector_0")->isVisible());
+    EXPECT_TRUE(dialogue.Unfolded());
+    EXPECT_LT(fresh.height(), dialogue.Window.height() - 200);
+    for (int list : {0, 1}) {
+        test::Choose(dialogue.Preset(list), 0);
+        EXPECT_EQ(dialogue.Count(list), "all");
+        for (int element = 0; element < 5; ++element) dialogue.Element(list, element).click();
+        EXPECT_EQ(dialogue.Count(list), "11 of 16");
+        test::Choose(dialogue.Preset(list), 1);
+        EXPECT_EQ(dialogue.Count(list), "0 of 16");
+    }
+    dialogue.Unfold();  // folds
+    EXPECT_FALSE(dialogue.Unfolded());
+    EXPECT_EQ(dialogue.Count(0), "0 of 16");
+}
+
+TEST(SaveOpen, OnceUnfoldedTheElementsStaySo) {
+    Dialogue dialogue;
+    QTest::keyClick(&dialogue.Window, Qt::Key_Escape);
+    dialogue.Window.Open();
+    EXPECT_TRUE(dialogue.Unfolded());
+    dialogue.Unfold();
+    dialogue.Window.hide();
+    dialogue.Window.Open();
+    EXPECT_FALSE(dialogue.Unfolded());
 }
 
 TEST(SaveOpen, ClosingItWithoutAButtonAppliesNothing) {

@@ -212,6 +212,8 @@ void WholeHand::Reveal(QWidget& widget) {
     }
     if (widget.objectName() == "TabControl" || widget.objectName() == "Tab_2") s.ActiveTab = kPatternTab;
     OpenList(widget);
+    const bool element = widget.objectName().startsWith("Elements_");
+    if (element && !widget.isVisible()) Save.findChild<QAbstractButton*>("ElementsFold")->click();
     const bool shown = widget.isVisible() && widget.window()->isActiveWindow();
     if (shown && before == std::pair(s.ActiveTab, s.ActiveSubTab)) return;
     widget.window()->activateWindow();

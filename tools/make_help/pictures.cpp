@@ -113,6 +113,9 @@ private:
         }
         main_.Tabs->Refresh();
         scripts_.Reveal(name);
+        if (name.startsWith("Elements_") && !widget.isVisible()) {
+            save_.findChild<QAbstractButton*>("ElementsFold")->click();
+        }
         if (name == "SlctGroup") main_.ShowSelectList(true);
         if (name == "QuickLoad") main_.ShowQuickLoad(true);
         if (name == "HistoryList") main_.ShowHistoryList(true);

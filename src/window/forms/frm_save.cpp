@@ -1,10 +1,9 @@
 #include "window/forms/frm_save.h"
 
-#include <QFrame>
 #include <QGridLayout>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "persistence/save_open.h"
 #include "window/controls/choice.h"
@@ -47,11 +46,37 @@ FrmSave::FrmSave(Session& session) : s(session) {
     grid->setContentsMargins(16, 14, 16, 14);
     grid->setHorizontalSpacing(16);
     grid->setVerticalSpacing(12);
-    grid->addWidget(MakeList(0), 0, 0);
-    grid->addWidget(MakeList(1), 0, 1);
+    grid->addWidget(MakeButtons(), 0, 0, 1, 2);
     grid->addWidget(MakeOptions(), 1, 0, 1, 2);
-    grid->addWidget(MakeButtons(), 2, 0, 1, 2);
+    grid->addWidget(MakeFold(), 2, 0, 1, 2);
+    grid->addWidget(MakeList(0), 3, 0);
+    grid->addWidget(MakeList(1), 3, 1);
     grid->setSizeConstraint(QLayout::SetFixedSize);
+    Fold(true);
+}
+
+QWidget* FrmSave::MakeFold() {
+    fold_ = new QToolButton;
+    Describe(s, *fold_, "ElementsFold");
+    fold_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    fold_->setFocusPolicy(Qt::StrongFocus);
+    fold_->setFont(theme::Sans(13));
+    connect(fold_, &QToolButton::clicked, this, [this] { Fold(frames_[0]->isVisibleTo(this)); });
+    return fold_;
+}
+
+void FrmSave::Fold(bool folded) {
+    for (QFrame* frame : frames_) frame->setVisible(!folded);
+    fold_->setArrowType(folded ? Qt::RightArrow : Qt::DownArrow);
+}
+
+// How many elements are ticked, for the player who does not unfold them.
+void FrmSave::ShowCounts() {
+    for (std::size_t list = 0; list < 2; ++list) {
+        const auto ticked = std::count_if(elements_[list].begin(), elements_[list].end(),
+                                          [](const QCheckBox* element) { return element->isChecked(); });
+        counts_[list]->setText(ticked == kElements ? QString("all") : QString("%1 of %2").arg(ticked).arg(kElements));
+    }
 }
 
 QWidget* FrmSave::MakeList(int list) {
@@ -60,14 +85,20 @@ QWidget* FrmSave::MakeList(int list) {
     auto* column = new QVBoxLayout(box);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(6);
-    column->addWidget(Caption(ToQString(kElementLabels[row])));
+    auto* heading = new QHBoxLayout;
+    heading->addWidget(Caption(ToQString(kElementLabels[row])));
+    counts_[row] = new QLabel;
+    counts_[row]->setObjectName(QString("ElementCount_%1").arg(list));
+    heading->addWidget(counts_[row]);
+    heading->addStretch(1);
+    column->addLayout(heading);
     auto* preset = new ChoiceList(s, nullptr, "Selector", list, [this, list](int entry) { Preset(list, entry); });
     for (const ElementPreset& one : kElementPresets) preset->addItem(ToQString(one.Text));
     preset->setCurrentIndex(-1);
     preset->setPlaceholderText("Preset");
     presets_[row] = preset;
     column->addWidget(preset);
-    auto* frame = new QFrame;
+    auto* frame = frames_[row] = new QFrame;
     Describe(s, *frame, "Elements", list);
     frame->setStyleSheet(
         QString("#Elements_%1 { background: #14161a; border: 1px solid #3a3f47; border-radius: 5px; }").arg(list));
@@ -79,6 +110,7 @@ QWidget* FrmSave::MakeList(int list) {
         Describe(s, *element, list == 0 ? "Elements_0" : "Elements_1", i);
         rows->addWidget(element);
         elements_[row][static_cast<std::size_t>(i)] = element;
+        connect(element, &QCheckBox::toggled, this, [this] { ShowCounts(); });
     }
     column->addWidget(frame);
     return box;
@@ -107,7 +139,7 @@ QWidget* FrmSave::MakeOptions() {
 QWidget* FrmSave::MakeButtons() {
     auto* box = new QWidget;
     auto* row = new QHBoxLayout(box);
-    row->setContentsMargins(0, 4, 0, 0);
+    row->setContentsMargins(0, 0, 0, 4);
     const auto add = [&](const char* name, auto click) {
         auto* button = new QPushButton;
         Describe(s, *button, name);
@@ -117,7 +149,7 @@ QWidget* FrmSave::MakeButtons() {
         return button;
     };
     saveIt_ = add("SaveIt", [this] { SaveIt_Click(s, Choices()); });
-    add("SaveItAs", [this] { AskFile(true); });
+    saveItAs_ = add("SaveItAs", [this] { AskFile(true); });
     row->addStretch(1);
     reload_ = add("Reload", [this] { Reload_Click(s, Choices()); });
     add("OpenIt", [this] { AskFile(false); });
@@ -156,12 +188,14 @@ void FrmSave::Refresh() {
     emptyBlank_->setChecked(shown.EmptyBlank);
     session_->setText(QString::fromStdString(shown.Session));
     setWindowTitle(QString::fromStdString(SaveOpenTitle(s)));
+    ShowCounts();
     saveIt_->setEnabled(s.SaveItEnabled);
     reload_->setEnabled(!s.DialogueFile.empty());
 }
 
 void FrmSave::Open() {
     Refresh();
+    (saveIt_->isEnabled() ? saveIt_ : saveItAs_)->setFocus();
     show();
     raise();
     activateWindow();
@@ -193,6 +227,10 @@ void FrmSave::AskFile(bool save) {
 
 void FrmSave::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape) return hide();
+    // In a plain window of the toolkit only the space bar presses a button.
+    auto* button = qobject_cast<QAbstractButton*>(focusWidget());
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && button != nullptr) return button->click();
     QWidget::keyPressEvent(event);
 }
 

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <QCheckBox>
+#include <QFrame>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QToolButton>
 #include <QWidget>
 #include <array>
 
@@ -13,7 +16,8 @@ namespace marvolin {
 class ChoiceList;
 
 /// `frmSave`: what to save and what to open, element by element. Its boxes hold choices that the session does not have
-/// yet: a button hands them over.
+/// yet: a button hands them over. The buttons come first; the boxes are folded away behind "Elements", beside which
+/// stands how many of them are ticked, until the player unfolds them. They stay so as long as the program runs.
 class FrmSave : public QWidget {
 public:
     explicit FrmSave(Session& session);
@@ -29,6 +33,9 @@ private:
     QWidget* MakeList(int list);
     QWidget* MakeOptions();
     QWidget* MakeButtons();
+    QWidget* MakeFold();
+    void Fold(bool folded);
+    void ShowCounts();
     SaveOpenChoices Choices() const;
     void Preset(int list, int entry);
     void AskFile(bool save);
@@ -36,10 +43,14 @@ private:
     Session& s;
     std::array<ChoiceList*, 2> presets_{};
     std::array<std::array<QCheckBox*, kElements>, 2> elements_{};
+    std::array<QLabel*, 2> counts_{};
+    std::array<QFrame*, 2> frames_{};
+    QToolButton* fold_ = nullptr;
     QCheckBox* selectionsOnly_ = nullptr;
     QCheckBox* emptyBlank_ = nullptr;
     QLineEdit* session_ = nullptr;
     QPushButton* saveIt_ = nullptr;
+    QPushButton* saveItAs_ = nullptr;
     QPushButton* reload_ = nullptr;
 };
 
