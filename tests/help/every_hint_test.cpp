@@ -7,10 +7,20 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAbstractSlider>
+#include <QComboBox>
 #include <QLineEdit>
+#include <QListWidget>
+#include <map>
 
 #include "all_forms.h"
+#include "browser/destinations.h"
 #include "core/routines.h"
+#include "fakes/file_bytes.h"
+#include "page_text.h"
+#include "performance/map/scatter.h"
+#include "performance/pad/pad_tables.h"
+#include "performance/pad/wire_sets.h"
+#include "performance/selection/selection.h"
 #include "performance/tabs.h"
 #include "whole_hand.h"
 #include "window/controls/control.h"
@@ -25,7 +35,9 @@ namespace {
 using test::AllForms;
 using test::Stage;
 using test::WholeHand;
+using testing::EndsWith;
 using testing::IsEmpty;
+using testing::StartsWith;
 
 struct Hinted {
     const char* Name;
@@ -34,12 +46,13 @@ struct Hinted {
 
 constexpr Hinted kHints[] = {
     {"LoopRow_1", "drop Sample, LoopTrack, Pattern or Clip to put it here"},
-    {"SlctGroup", "clk Select LoopTracks by Rule"},
+    {"SlctGroup", "Freq High: clk Select those above 100 %"},
     {"HistoryList", "clk Use on this LoopTrack; drg to another LoopTrack"},
     {"QuickLoad", "clk Load Session"},
     {"StatusBar2", "Today; Sound Driver, its Period & Delay; Session; Load of the Sound"},
     {"Pad", "drg Ball to mix Vol of the Channels: each Corner is one, Flags wire LoopTracks to it"},
-    {"ChannelLevels", "Levels of the Channels: W both Colours white, WB white & black, BW black & white, B both black"},
+    {"ChannelLevels",
+     "Channels by their Flags: 1 W both white, 2 WB white & black, 3 BW black & white, 4 B both black"},
     {"TwistIndicator", "Twist: a mark for an Axis of the Joystick, which moves no sound"},
     {"JoyRelative_0", "clk On: Joystick moves on from where the Ball is; Off: Ball is where the Stick is"},
     {"JoyRelative_1", "clk On: Joystick moves on from where the Ball is; Off: Ball is where the Stick is"},
@@ -50,7 +63,8 @@ constexpr Hinted kHints[] = {
     {"PercentReadOut_1", "Swing as % of the Step Duration; dblclk 0%"},
     {"PercentReadOut_2", "Sample Start as % of the Sample; dblclk 0%"},
     {"cboDrivers", "slct Sound Driver; the LoopTracks play on there"},
-    {"ResetVars", "clk On: a Sample that loads puts Vol, Pan, Freq, Patterns & Timing back to Plain"},
+    {"ResetVars",
+     "clk On: a Sample that loads puts Vol to full, Pan to Centre, Freq to 100%, Patterns & Timing to Plain"},
     {"PlayOnLoad", "clk On: a Sample that is dropped on a LoopTrack plays at once"},
     {"OptionHelp", "clk Open Help on the Options"},
     {"OptionSubTab_0", "clk Open Options of the Joystick"},
@@ -83,6 +97,7 @@ constexpr Hinted kHints[] = {
     {"ClearClip", "clk Remove all Clips; you are asked first"},
     {"Selector_0", "slct Elements to save, many at once"},
     {"Selector_1", "slct Elements to open, many at once"},
+    {"ElementsFold", "clk Show or Hide the Elements to save and to open"},
     {"Elements_0_4", "clk On: Save this Element"},
     {"Elements_1_4", "clk On: Open this Element, if it was saved"},
     {"SelectionsOnly", "clk On: Save only the LoopTracks that are selected"},
@@ -190,6 +205,49 @@ TEST(EveryHint, TheWindowOfScriptsShowsItsHintsItself) {
     EXPECT_EQ(forms.s.StatusText, "");
 }
 
+/// A hint without its values.
+std::string WithoutNumbers(const std::string& hint) {
+    std::string words;
+    for (const char c : hint) {
+        if ((c < '0' || c > '9') && c != '.' && c != ' ') words += c;
+    }
+    return words;
+}
+
+// What a control shows at run time its page shows, too: word for word, but for values and names.
+TEST(EveryHint, StandsOnThePageOfItsControl) {
+    AllForms forms;
+    std::vector<std::string> missing;
+    int shown = 0;
+    forms.Each([&](const std::string& form, QWidget& window) {
+        if (form == "frmScripts") return;  // its events have hints of their own
+        for (QWidget* widget : window.findChildren<QWidget*>()) {
+            const Described* described = DescribedOf(*widget);
+            if (described == nullptr || widget->objectName().startsWith("PickFile")) continue;  // names of samples
+            const std::string path = std::string(MARVOLIN_FOLDER) + "/Help/" + std::to_string(described->Row().Topic);
+            const std::string page = WithoutNumbers(test::ReadBytes(path + ".html"));
+            // What the entries of a list do has lines of its own on the page.
+            const bool list = described->Row().Role == QAccessible::ComboBox || widget->objectName() == "SlctGroup";
+            for (int part = 0; part <= (list ? 0 : 2); ++part) {
+                const std::string hint = described->Hint(part, false);
+                const bool off = hint.starts_with("off");  // why it is has a line of its own
+                for (const QString& piece : QString::fromStdString(off ? hint.substr(hint.rfind(": ") + 2) : hint)
+                                                .split("; ", Qt::SkipEmptyParts)) {
+                    // A tempo is a value.
+                    if (piece.startsWith("4 Steps a Beat")) continue;
+                    const std::string words = WithoutNumbers(help::Escaped(piece.toStdString()));
+                    if (page.find(words) == std::string::npos) {
+                        missing.push_back(widget->objectName().toStdString() + ": " + piece.toStdString());
+                    }
+                    ++shown;
+                }
+            }
+        }
+    });
+    EXPECT_THAT(missing, IsEmpty());
+    EXPECT_GT(shown, 400);
+}
+
 TEST(EveryHint, ADisabledControlTellsWhyInFrontOfItsHint) {
     AllForms forms;
     const auto hint = [&](const char* name) {
@@ -251,6 +309,119 @@ TEST(EveryHint, QuickLoadTellsWhatItsButtonDecided) {
     EXPECT_EQ(list.Hint(0, false), "clk Load Session");
     stage.s.QuickLoadTag = kRightButton;
     EXPECT_EQ(list.Hint(0, false), "clk Open Session in the Save/Open Dialogue");
+}
+
+TEST(EveryHint, AnOpenListTellsWhatItsEntriesDo) {
+    AllForms forms;
+    const auto hint = [&](const char* name, int entry) {
+        auto& list = dynamic_cast<QComboBox&>(*forms.Form->findChild<QWidget*>(name));
+        forms.s.StatusText.clear();
+        emit list.highlighted(entry);
+        return forms.s.StatusText;
+    };
+    for (std::size_t entry = 0; entry < kPadTypeTexts.size(); ++entry) {
+        EXPECT_THAT(hint("PadType", static_cast<int>(entry)), StartsWith(std::string(kPadTypeTexts[entry]) + ": "));
+    }
+    for (std::size_t entry = 0; entry < kPadCurves.size(); ++entry) {
+        EXPECT_THAT(hint("PadFunction", static_cast<int>(entry)),
+                    StartsWith(std::string(kPadCurves[entry].Text) + ": "));
+    }
+    for (std::size_t entry = 0; entry < kPosMacros.size(); ++entry) {
+        EXPECT_THAT(hint("PosMacros", static_cast<int>(entry)), StartsWith(std::string(kPosMacros[entry]) + ": "));
+    }
+    // What the wire sets are said to do is what they do.
+    for (std::size_t entry = 0; entry < kWireSets.size(); ++entry) {
+        const std::string text = hint("SetChannel", static_cast<int>(entry));
+        EXPECT_THAT(text, StartsWith(std::string(kWireSets[entry]) + ": "));
+        WireSet(forms.s, kWireSets[entry]);
+        std::string wires;
+        for (Row row = 0; row < kLoopTracks; ++row) {
+            wires += (row == 0 ? "" : ", ") + std::to_string(forms.s.Set[row].Channel);
+        }
+        const std::map<std::string, std::string> told{{"1, 1, 1, 1", "A, B, C & D on Channel 1"},
+                                                      {"1, 1, 1, 2", "A, B & C on Channel 1, D on Channel 2"},
+                                                      {"1, 1, 2, 2", "A & B on Channel 1, C & D on Channel 2"}};
+        const auto group = told.find(wires);
+        EXPECT_THAT(text, EndsWith(group == told.end() ? "A, B, C, D on Channels " + wires : group->second));
+    }
+    auto& destination = dynamic_cast<QComboBox&>(forms.Part("FileDestination_0"));
+    emit destination.highlighted(kAllDistribute);
+    EXPECT_TRUE(forms.Shows("Distribute (All): Bin 1 loads into A, Bin 2 into B, Bin 3 into C"));
+    emit destination.highlighted(2);
+    EXPECT_TRUE(forms.Shows("clk on a Sample loads it into LoopTrack C"));
+}
+
+TEST(EveryHint, TheRulesOfSelectionSayWhatTheySelect) {
+    Stage stage;
+    auto& list = dynamic_cast<QListWidget&>(*stage.At("SlctGroup"));
+    stage.Screen.ShowSelectList(true);
+    stage.Settle();
+    EXPECT_EQ(list.count(), static_cast<int>(kSelectRules.size()));
+    for (int row = 0; row < list.count(); ++row) {
+        QTest::mouseMove(list.viewport(), list.visualItemRect(list.item(row)).center());
+        EXPECT_THAT(stage.s.StatusText, StartsWith(list.item(row)->text().toStdString() + ": clk Select "));
+    }
+    EXPECT_EQ(DescribedOf(list)->Hint(8, false), "Channel 1: clk Select those with the Flag W, white & white");
+    stage.s.StatusText.clear();
+    list.setCurrentRow(11);
+    EXPECT_EQ(stage.s.StatusText, "Vol Low: clk Select those at Vol 250 or less");
+    list.hide();
+}
+
+TEST(EveryHint, ASampleThatIsDoubleClickedWhereItCanOnlyBeDraggedSaysSo) {
+    AllForms forms;
+    forms.s.Bins[0].Destination = kDragDestination;
+    QWidget& list = forms.Part("PickFile_0");
+    const std::string told = "Drg Drp: drg to a LoopTrack; or slct a LoopTrack above, then clk loads";
+    QTest::mouseDClick(&list, Qt::LeftButton, {}, QPoint(20, 10));
+    EXPECT_TRUE(forms.Shows(told));
+    QTest::mouseRelease(&list, Qt::LeftButton, {}, QPoint(20, 10));
+    forms.Hover(list, {22, 10});
+    EXPECT_TRUE(forms.Shows(told));
+    EXPECT_EQ(forms.s.Run[0].Loaded, False);
+    forms.Hover(list, {22, 34});
+    EXPECT_FALSE(forms.Shows(told));
+    forms.s.Bins[0].Destination = 2;
+    QTest::mouseDClick(&list, Qt::LeftButton, {}, QPoint(20, 10));
+    EXPECT_FALSE(forms.Shows(told));
+}
+
+TEST(EveryHint, TheDigitsOfAStepTellTheTempoOfFourSteps) {
+    Stage stage;
+    const auto hint = [&](const char* name) { return DescribedOf(*stage.At(name))->Hint(0, false); };
+    stage.s.Set[0].StepDuration = 15;
+    EXPECT_EQ(hint("TimeDigit_0"), "drg Digits -/+; 4 Steps a Beat: 100.0 bpm");
+    EXPECT_EQ(hint("TimeDigit_5"), "drg Digits -/+");
+    EXPECT_EQ(hint("TimeDigit_14"), "drg Digits -/+");
+    stage.s.CurrentLoop = 2;
+    stage.s.Set[2].StepDuration = 13;
+    EXPECT_EQ(hint("TimeDigit_4"), "drg Digits -/+; 4 Steps a Beat: 115.4 bpm");
+    stage.s.Set[2].StepDuration = 0;  // as a file may say
+    EXPECT_EQ(hint("TimeDigit_4"), "drg Digits -/+; 4 Steps a Beat: 1500.0 bpm");
+}
+
+TEST(EveryHint, TheTempoFollowsTheHandThatDragsADigit) {
+    Stage stage;
+    stage.Fill(0);
+    stage.s.ActiveTab = kPatternTab;
+    stage.s.Set[0].StepDuration = 15;
+    stage.Screen.ShowTab();
+    stage.Press("TimeDigit_0", stage.Middle("TimeDigit_0"));
+    stage.Move("TimeDigit_0", stage.Middle("TimeDigit_0") - QPointF(0, 17));
+    EXPECT_EQ(stage.s.Set[0].StepDuration, 21);
+    EXPECT_EQ(stage.s.StatusText, "drg Digits -/+; 4 Steps a Beat: 71.4 bpm");
+    stage.Release("TimeDigit_0", stage.Middle("TimeDigit_0") - QPointF(0, 17));
+}
+
+TEST(EveryHint, TheGroundOfTheSoundMapTellsWhyItRests) {
+    Stage stage;
+    const auto hint = [&](const char* name) { return DescribedOf(*stage.At(name))->Hint(0, false); };
+    EXPECT_EQ(hint("MapPage"), "off until 3D Sound is on: clk the Box above");
+    EXPECT_EQ(hint("Map"),
+              "off until 3D Sound is on: drg Letters to where LoopTracks sound, L to where they are heard");
+    stage.s.MapEnabled = true;
+    EXPECT_EQ(hint("MapPage"), "");
+    EXPECT_EQ(hint("Map"), "drg Letters to where LoopTracks sound, L to where they are heard");
 }
 
 TEST(EveryHint, AnEmptyBinSaysThatAClickChoosesAFolder) {

@@ -41,6 +41,21 @@ TEST(PatternGraph, ADragDrawsEachColumnThatItPasses) {
     EXPECT_TRUE(stage.s.ReadoutText.starts_with("Step: 4 Vol: "));
 }
 
+TEST(PatternGraph, TheLowestAndTheHighestPixelOfALaneAreItsEnds) {
+    PatternStage stage;
+    for (int row = 0; row < kPatternRows; ++row) {
+        SCOPED_TRACE(row);
+        const std::string name = "PatternGraph_" + std::to_string(row);
+        const PatternLimits& range = kPatternRange[static_cast<std::size_t>(row)];
+        stage.Click(name.c_str(), {stage.Column(2, 4), stage.Height - 1});
+        stage.Click(name.c_str(), {stage.Column(3, 4), 0});
+        stage.Click(name.c_str(), {3, stage.Height - 1});
+        EXPECT_EQ(stage.Block(row)[1], range.Min);
+        EXPECT_NEAR(stage.Block(row)[2], range.Max, 1);  // the scale of the frequency leaves out its lowest value
+        EXPECT_EQ(stage.Block(row)[kPatternOffset], range.Min);
+    }
+}
+
 TEST(PatternGraph, AQuickDragSkipsNoColumn) {
     PatternStage stage;
     stage.s.Set[0].NSteps = 15;

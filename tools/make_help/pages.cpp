@@ -48,6 +48,19 @@ Keys KeysOf(std::int32_t topic) {
     return keys;
 }
 
+/// A text of all controls that share the page, each wording once.
+std::vector<std::string> TextsOf(std::int32_t topic, ControlText Description::*text) {
+    std::vector<std::string> texts;
+    for (const DescriptionTable& table : DescriptionTables()) {
+        for (const Description& row : table.Rows) {
+            if (row.Topic != topic) continue;
+            const std::string words = (row.*text).Without(row.Range.First);
+            if (!words.empty() && std::find(texts.begin(), texts.end(), words) == texts.end()) texts.push_back(words);
+        }
+    }
+    return texts;
+}
+
 /// What Space and Return do on the controls of a page.
 struct PressText {
     std::int32_t Topic;
@@ -206,8 +219,9 @@ private:
             if (text.empty()) return;
             lines += "<tr><td class=\"key\">" + std::string(what) + "</td><td>" + Escaped(text) + "</td></tr>\n";
         };
-        add("Status line", row->Hint.Without(index));
-        add("When it is grey", row->Off.Without(index));
+        // Several controls may share the page.
+        for (const std::string& hint : TextsOf(topic, &Description::Hint)) add("Status line", hint);
+        for (const std::string& off : TextsOf(topic, &Description::Off)) add("When it is grey", off);
         add("Keys, with the focus", KeyWords(topic));
         const bool each = row->Range.Last > row->Range.First && !row->Shortcut.Empty();
         add("Key", each ? "the letter of its row" : row->Shortcut.Without(index));

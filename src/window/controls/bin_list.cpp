@@ -8,6 +8,7 @@
 
 #include "browser/bin_gestures.h"
 #include "browser/destinations.h"
+#include "window/descriptions/parts.h"
 
 namespace marvolin {
 
@@ -17,8 +18,16 @@ constexpr int kRowHeight = 22;
 constexpr int kBar = 10;         // width of a scroll bar
 constexpr int kSizeColumn = 54;  // pixels
 constexpr int kNotchRows = 3;
-const QColor kInk(0x1d, 0x1f, 0x23);
-const QColor kFaint(0x4c, 0x50, 0x58);
+
+/// Inks of a list. On the darker ground of a bin with a destination they are darker, too: it must not look disabled.
+struct BinInks {
+    QColor Text;
+    QColor Faint;
+};
+BinInks InksOf(const SampleBin& bin) {
+    if (bin.Destination == kDragDestination) return {QColor(0x1d, 0x1f, 0x23), QColor(0x4c, 0x50, 0x58)};
+    return {QColor(0x00, 0x00, 0x00), QColor(0x30, 0x34, 0x3a)};
+}
 
 }  // namespace
 
@@ -79,14 +88,31 @@ void BinList::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     } else if (phase == Phase::Up) {
         if (QRectF(rect()).contains(at)) PickFile_MouseUp(s, index, button, row);
     } else {
-        if (row != hovered_) update();
+        if (row != hovered_) {
+            update();
+            refused_ = false;
+        }
         hovered_ = row;
         setCursor(row >= 0 && BinDragsAt(s, index, at.x(), ListWidth()) ? Qt::OpenHandCursor : Qt::ArrowCursor);
     }
 }
 
+// Where samples are only dragged a double click loads nothing. The bar says what does, as long as the pointer stays.
+void BinList::DoubleClick(std::int16_t button, QPointF twips) {
+    const QPointF at = twips / kTwipsPerPixel;
+    refused_ = s.Bins[index].Destination == kDragDestination && RowAt(at.y()) >= 0;
+    Gesture(Phase::Down, button, twips);
+    described.ShowHint(PartAt(at), false);
+}
+
+int BinList::PartAt(QPointF place) const {
+    const int row = RowAt(place.y());
+    return refused_ && row >= 0 && s.Bins[index].Destination == kDragDestination ? kDragOnlyPart : row;
+}
+
 void BinList::leaveEvent(QEvent* event) {
     hovered_ = -1;
+    refused_ = false;
     update();
     Control::leaveEvent(event);
 }
@@ -136,11 +162,12 @@ void BinList::PaintRow(QPainter& p, int row) const {
     }
     const double left = 8 - columns_->value();
     const double nameWidth = std::max(NameWidth(), ListWidth() - kSizeColumn) - 12;
-    p.setPen(kInk);
+    const BinInks inks = InksOf(s.Bins[index]);
+    p.setPen(inks.Text);
     p.setFont(theme::Sans(13));
     p.drawText(QRectF(left, y, nameWidth, kRowHeight), Qt::AlignVCenter | Qt::AlignLeft,
                QString::fromStdString(shown.Name));
-    p.setPen(kFaint);
+    p.setPen(inks.Faint);
     p.setFont(theme::Digits(11));
     p.drawText(QRectF(left + nameWidth, y, kSizeColumn - 8, kRowHeight), Qt::AlignVCenter | Qt::AlignRight,
                QString::fromStdString(shown.Size));
@@ -155,7 +182,7 @@ void BinList::paintEvent(QPaintEvent*) {
     p.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
     p.setClipRect(rect().adjusted(1, 1, -1, -1));
     if (RowCount() == 0) {
-        p.setPen(kFaint);
+        p.setPen(InksOf(s.Bins[index]).Faint);
         p.setFont(theme::Sans(12));
         p.drawText(rect().adjusted(12, 0, -12, 0), Qt::AlignCenter | Qt::TextWordWrap,
                    "No samples in this folder.\nClick to choose another one.");

@@ -12,11 +12,12 @@ class BinList : public FolderTarget, public HasParts {
 public:
     BinList(Session& session, QWidget* parent, int bin);
     void Refresh() override;
-    /// The row of samples at a place; -1 beside the rows.
-    int PartAt(QPointF place) const override { return RowAt(place.y()); }
+    /// The row of samples at a place; -1 beside the rows, `kDragOnlyPart` on one that was double clicked in vain.
+    int PartAt(QPointF place) const override;
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    void DoubleClick(std::int16_t button, QPointF twips) override;
     void PointerLost(std::int16_t, QPointF) override {}
     void Step(int units) override;
     void Activate() override;
@@ -39,6 +40,7 @@ private:
     QScrollBar* rows_;     // owned by the toolkit
     QScrollBar* columns_;  // owned by the toolkit
     int hovered_ = -1;
+    bool refused_ = false;  // the row below the pointer was double clicked where samples are only dragged
 };
 
 }  // namespace marvolin

@@ -11,7 +11,8 @@ namespace marvolin {
 ChoiceList::ChoiceList(Session& session, QWidget* parent, std::string_view name, int index,
                        std::function<void(int)> choose)
     : QComboBox(parent) {
-    Describe(session, *this, name, index);
+    Described& described = Describe(session, *this, name, index);
+    connect(this, &QComboBox::highlighted, this, [&described](int entry) { described.ShowHint(entry + 1, false); });
     setItemDelegate(new QStyledItemDelegate(this));  // gives the rows the height that the stylesheet sets
     connect(this, &QComboBox::activated, this, [choose = std::move(choose)](int entry) { choose(entry); });
 }

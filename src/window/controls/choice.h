@@ -13,6 +13,7 @@
 namespace marvolin {
 
 /// A drop-down list. `choose` gets the entry that the player chose, also when it is the one that was chosen before.
+/// While it is open the hint is that of the entry under the pointer, which counts as a part of the list, from 1.
 class ChoiceList : public QComboBox {
 public:
     /// `name` and `index` choose the row of the table of controls; `index` is -1 without an array.

@@ -32,14 +32,17 @@ PatternGraphControl::PatternGraphControl(Session& session, QWidget* parent, int 
     setAcceptDrops(true);
 }
 
+// A pixel counts by its upper edge, and the lowest one still has a height above the bottom. Its edge is taken for the
+// bottom, so that a lane can be drawn down to nothing without leaving it.
 void PatternGraphControl::Gesture(Phase phase, std::int16_t button, QPointF twips) {
+    const QPointF at(twips.x(), twips.y() * height() / (height() - 1));
     PatternGraph_Gesture(s, index,
                          {phase,
                           button,
-                          {twips.x(), twips.y()},
+                          {at.x(), at.y()},
                           {passed_.x(), passed_.y()},
                           {width() * kTwipsPerPixel, height() * kTwipsPerPixel}});
-    passed_ = twips;
+    passed_ = at;
     if (phase == Phase::Down && button == kRightButton) ArmDrag({drags::kPatternGraph, index, ""});
 }
 

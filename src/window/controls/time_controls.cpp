@@ -12,6 +12,7 @@ TimeDigitControl::TimeDigitControl(Session& session, QWidget* parent, int digit)
 
 void TimeDigitControl::Gesture(Phase phase, std::int16_t, QPointF twips) {
     TimeDigit_Gesture(s, index, phase, twips.y());
+    if (phase == Phase::Move && Held()) described.ShowHint(0, true);  // it tells the tempo that is reached
 }
 
 void TimeDigitControl::Step(int units) {

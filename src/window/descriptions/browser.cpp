@@ -18,12 +18,26 @@ std::string FolderTip(const Situation& at) { return BinOf(at).Folder; }
 std::string SampleHint(const Situation& at) {
     const SampleBin& bin = BinOf(at);
     if (bin.Rows.empty()) return "clk Choose a Folder for this Bin";
+    if (at.Part == kDragOnlyPart) return "Drg Drp: drg to a LoopTrack; or slct a LoopTrack above, then clk loads";
     if (at.Part < 0 || static_cast<std::size_t>(at.Part) >= bin.Rows.size()) return "";
     const BinRow& sample = bin.Rows[static_cast<std::size_t>(at.Part)];
     return sample.Name + " (" + sample.Size + "k) " +
            (bin.Destination == kDragDestination ? "drg to Target"
                                                 : "clk Ld->Dest; rtclk Stp/Ply Dest; rt margin drg to Target");
 }
+
+constexpr std::array<const char*, kDestinations + 1> kDestinationHints{
+    "slct Destination for Sounds",
+    "clk on a Sample loads it into LoopTrack A",
+    "clk on a Sample loads it into LoopTrack B",
+    "clk on a Sample loads it into LoopTrack C",
+    "clk on a Sample loads it into LoopTrack D",
+    "> Gang: clk on a Sample loads it into all LoopTracks in control",
+    "Drg Drp: clk on a Sample loads nothing; drg it to a LoopTrack",
+    "Drg Drp (All): sets all three Bins to Drg Drp",
+    "Distribute (All): Bin 1 loads into A, Bin 2 into B, Bin 3 into C",
+    "Gang (All): all three Bins load into all LoopTracks in control"};
+std::string DestinationHint(const Situation& at) { return OfEntry(kDestinationHints, at.Part); }
 
 std::string ComponentCaption(const Situation& at) {
     return std::string(kComponentTexts[static_cast<std::size_t>(at.Index)]);
@@ -54,7 +68,7 @@ constexpr Description kBrowserTable[] = {
      .Range = kBinIndices,
      .Label = "Destination of bin {number}",
      .Tip = kLabelAsTip,
-     .Hint = "slct Destination for Sounds",
+     .Hint = {DestinationHint, kDestinationHints[0]},
      .Topic = 10124,
      .Role = QAccessible::ComboBox,
      .Taken = Keys::Choose | Keys::Press},
@@ -69,7 +83,9 @@ constexpr Description kBrowserTable[] = {
     {.Name = drags::kPickFile,
      .Range = kBinIndices,
      .Label = "Samples of bin {number}",
-     .Hint = SampleHint,
+     .Hint =
+         {SampleHint,
+          "drg to Target; clk Ld->Dest; rtclk Stp/Ply Dest; rt margin drg to Target; clk Choose a Folder for this Bin"},
      .Topic = 10126,
      .Role = QAccessible::List,
      .Taken = Keys::Choose | Keys::Press},
@@ -110,7 +126,7 @@ constexpr Description kBrowserTable[] = {
     {.Name = "BrowseStatusBar1",
      .Label = "Hints",
      .Tip = kHelpPanelTip,
-     .Hint = BrowserBarHint,
+     .Hint = {BrowserBarHint, kHelpPanelHint},
      .Topic = 10132,
      .Role = QAccessible::StatusBar},
 };

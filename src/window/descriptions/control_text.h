@@ -27,10 +27,12 @@ public:
     constexpr ControlText(const char* same) : same_(same) {}
     constexpr ControlText(std::string_view same) : same_(same) {}
     constexpr ControlText(Maker maker) : maker_(maker) {}
+    /// Made from what it depends on; where that is not known, as on the pages of Help, it is `plain`.
+    constexpr ControlText(Maker maker, std::string_view plain) : same_(plain), maker_(maker) {}
 
     constexpr bool Empty() const { return maker_ == nullptr && same_.empty(); }
     std::string At(const Situation& situation) const;
-    /// The text in a window that has no session: "" for one that is made from it.
+    /// The text where there is no session: of one that is made from it the plain one, "" when there is none.
     std::string Without(int index) const;
 
 private:

@@ -6,6 +6,7 @@
 #include "core/drag_source.h"
 #include "instrument/loop_drops.h"
 #include "parameters/setters.h"
+#include "performance/selection/selection.h"
 #include "window/descriptions/parts.h"
 
 namespace marvolin {
@@ -36,8 +37,36 @@ std::string VolValue(const Situation& at) { return Vol2Text(SetOf(at).Vol); }
 std::string PanValue(const Situation& at) { return Pan2Text(SetOf(at).Pan); }
 std::string HzValue(const Situation& at) { return Hz2Text(SetOf(at).Hz); }
 
+constexpr const char* kLoopItHints =
+    "drg Play Mode -/+; rtclk Jump to Beginning; One shot (sample plays once, stops); Loop (sample loops "
+    "continuously); "
+    "Track (sample loops continuously, track the Vol, Freq & Pan patterns); Drum (track Vol,Pan & Freq pattern, "
+    "restart "
+    "sample each beat)";
+constexpr const char* kDropDownHints =
+    "drg Copy Sample to LoopTrack, or Copy LoopTrack to Clipboard; clk Open Palette & History";
 constexpr const char* kLetrHint = "drg Start Dropper Op; rtdrg Start Fade Drg & Drop; dblclk Toggle Thinnable";
 constexpr const char* kSndDispHint = "clk/drg along top: Vol Jump; clk/drg along bottom: Vol Fade; rtclk Fade";
+
+constexpr std::array<const char*, kSelectRules.size() + 1> kSlctGroupHints{
+    "clk Select LoopTracks by Rule",
+    "All: clk Select all LoopTracks",
+    "None: clk Select no LoopTrack",
+    "Toggle: clk Select those that are not selected",
+    "Playing: clk Select those that play",
+    "Stopped: clk Select those that do not play",
+    "Filled: clk Select those with a Sample",
+    "Empty: clk Select those without a Sample",
+    "Channel 1: clk Select those with the Flag W, white & white",
+    "Channel 2: clk Select those with the Flag WB, white & black",
+    "Channel 3: clk Select those with the Flag BW, black & white",
+    "Channel 4: clk Select those with the Flag B, black & black",
+    "Vol Low: clk Select those at Vol 250 or less",
+    "Vol High: clk Select those above Vol 250",
+    "Freq Low: clk Select those below 100 %",
+    "Freq 100%: clk Select those at 100 %",
+    "Freq High: clk Select those above 100 %"};
+std::string SlctGroupHint(const Situation& at) { return OfEntry(kSlctGroupHints, at.Part); }
 
 constexpr Indices kLoopTrackRows{0, kLoopTracks - 1};
 constexpr Indices kSelection{kSelectionRow, kSelectionRow};
@@ -94,7 +123,7 @@ constexpr Description kLoopRowTable[] = {
      .Range = kGangRows,
      .Label = "Play mode of {row}",
      .Tip = kLabelAsTip,
-     .Hint = LoopItHint,
+     .Hint = {LoopItHint, kLoopItHints},
      .Topic = 10024,
      .Role = QAccessible::SpinBox,
      .Taken = Keys::Press | Keys::Turn,
@@ -103,7 +132,7 @@ constexpr Description kLoopRowTable[] = {
      .Range = {kMasterRow, kMasterRow},
      .Label = "Play mode of the LoopTrack shown here",
      .Tip = kLabelAsTip,
-     .Hint = LoopItHint,
+     .Hint = {LoopItHint, kLoopItHints},
      .Topic = 10024,
      .Role = QAccessible::SpinBox,
      .Taken = Keys::Press | Keys::Turn,
@@ -112,7 +141,7 @@ constexpr Description kLoopRowTable[] = {
      .Range = kLoopTrackRows,
      .Label = "Sample of {row}",
      .Tip = SampleTip,
-     .Hint = DropDownHint,
+     .Hint = {DropDownHint, kDropDownHints},
      .Topic = 10025,
      .Role = QAccessible::ButtonDropDown,
      .Taken = Keys::Press,
@@ -121,7 +150,7 @@ constexpr Description kLoopRowTable[] = {
      .Range = kSelection,
      .Label = "Samples of {row}",
      .Tip = SampleTip,
-     .Hint = DropDownHint,
+     .Hint = {DropDownHint, kDropDownHints},
      .Topic = 10025,
      .Role = QAccessible::ButtonDropDown,
      .Taken = Keys::Press},
@@ -190,7 +219,7 @@ constexpr Description kLoopRowTable[] = {
      .Taken = Keys::Press},
     {.Name = "SlctGroup",
      .Label = "Selection rules",
-     .Hint = "clk Select LoopTracks by Rule",
+     .Hint = {SlctGroupHint, kSlctGroupHints[0]},
      .Topic = 10031,
      .Role = QAccessible::List,
      .Taken = Keys::Choose | Keys::Press | Keys::Escape},

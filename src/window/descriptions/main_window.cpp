@@ -47,6 +47,11 @@ std::string TabHint(const Situation& at) {
     return kHints[static_cast<std::size_t>(at.Index)];
 }
 
+constexpr const char* kTabHints =
+    "clk Open Mix Pad: one Ball mixes the four Channels; clk Open Sound Map: LoopTracks around a Listener; "
+    "clk Open Patterns & Timing of a LoopTrack; clk Open Options: Sound Driver, Joystick, Mouse, Scripting, Timing; "
+    "rtdrg Copy All Patterns & Timing Elements";
+
 std::string QuickLoadHint(const Situation& at) {
     return at.State.QuickLoadTag == kLeftButton ? "clk Load Session" : "clk Open Session in the Save/Open Dialogue";
 }
@@ -98,14 +103,14 @@ constexpr Description kMainWindowTable[] = {
      .Caption = "Scripts",
      .Label = "Open Scripting",
      .Tip = kLabelAsTip,
-     .Hint = ScriptsHint,
+     .Hint = {ScriptsHint, "clk Open Scripting; Scripts need Lua 5.4: install the package liblua5.4-0"},
      .Topic = 10007,
      .Role = QAccessible::Button,
      .Taken = Keys::Press},
     {.Name = "PlayStop",
      .Label = "Play all (top), stop all (bottom)",
      .Tip = kLabelAsTip,
-     .Hint = PlayStopHint,
+     .Hint = {PlayStopHint, "clk Play All Sounds; clk Stop All Sounds"},
      .Topic = 10008,
      .Role = QAccessible::Button,
      .Taken = Keys::Press},
@@ -136,7 +141,7 @@ constexpr Description kMainWindowTable[] = {
     {.Name = "StatusBar1",
      .Label = "Hints",
      .Tip = kHelpPanelTip,
-     .Hint = StatusHint,
+     .Hint = {StatusHint, kHelpPanelHint},
      .Topic = 10012,
      .Role = QAccessible::StatusBar,
      .Value = StatusValue},
@@ -147,13 +152,13 @@ constexpr Description kMainWindowTable[] = {
      .Role = QAccessible::StatusBar},
     {.Name = drags::kTabControl,
      .Label = "Tabs",
-     .Hint = TabControlHint,
+     .Hint = {TabControlHint, kSequenceHint},
      .Topic = 10014,
      .Role = QAccessible::PageTabList},
     {.Name = "Tab",
      .Range = {0, kTabs - 1},
      .Caption = TabCaption,
-     .Hint = TabHint,
+     .Hint = {TabHint, kTabHints},
      .Topic = 10015,
      .Role = QAccessible::PageTab,
      .Taken = Keys::Press},
@@ -174,7 +179,7 @@ constexpr Description kMainWindowTable[] = {
      .Role = QAccessible::Graphic},
     {.Name = "QuickLoad",
      .Label = "Sessions of the current folder",
-     .Hint = QuickLoadHint,
+     .Hint = {QuickLoadHint, "clk Load Session; clk Open Session in the Save/Open Dialogue"},
      .Off = "off: the Folder of the Sessions is gone",
      .Topic = 10019,
      .Role = QAccessible::List,

@@ -1,5 +1,7 @@
 #include "window/descriptions/mix_pad.h"
 
+#include "window/descriptions/parts.h"
+
 namespace marvolin {
 
 namespace {
@@ -12,6 +14,29 @@ std::string PadHint(const Situation& at) {
     return std::string("drg Ball to mix ") + what + " of the Channels: each Corner is one, Flags wire LoopTracks to it";
 }
 
+// Of a list the first text is that of the list itself, the others are those of its entries while it is open.
+constexpr std::array<const char*, 5> kPadTypeHints{
+    "slct What the Ball Moves", "300 Pitch: Freq of the Channels, up to 3 times",
+    "400 Pitch: Freq of the Channels, up to 4 times", "Vol: Volume of the Channels", "Pan: Pan of the Channels"};
+constexpr std::array<const char*, 4> kPadFunctionHints{
+    "slct Where the Fade Begins", "Fde Dgnl: a Channel fades all the way from its Corner to the opposite one",
+    "Fde aftr Centr: a Channel fades only beyond the Centre",
+    "Fde aftr Side Centr: a Channel fades only beyond the Middles of the Sides"};
+constexpr std::array<const char*, 10> kSetChannelHints{"slct Wires of all LoopTracks",
+                                                       "Groups of 4: A, B, C & D on Channel 1",
+                                                       "Groups of 3: A, B & C on Channel 1, D on Channel 2",
+                                                       "Groups of 2: A & B on Channel 1, C & D on Channel 2",
+                                                       "Alternate by 4: A, B, C, D on Channels 1, 2, 3, 4",
+                                                       "Alternate by 3: A, B, C, D on Channels 1, 2, 3, 1",
+                                                       "Alternate by 2: A, B, C, D on Channels 1, 2, 1, 2",
+                                                       "Groups of 8: A, B, C & D on Channel 1",
+                                                       "All to 1: A, B, C & D on Channel 1",
+                                                       "All to 0: A, B, C & D on Channel 1"};
+
+std::string PadTypeHint(const Situation& at) { return OfEntry(kPadTypeHints, at.Part); }
+std::string PadFunctionHint(const Situation& at) { return OfEntry(kPadFunctionHints, at.Part); }
+std::string SetChannelHint(const Situation& at) { return OfEntry(kSetChannelHints, at.Part); }
+
 std::string RelativeTip(const Situation& at) { return at.State.JoyEnabled ? "" : "No joystick was found at the start"; }
 
 constexpr const char* kRelativeHint =
@@ -20,14 +45,14 @@ constexpr const char* kRelativeHint =
 constexpr Description kMixPadTable[] = {
     {.Name = "MixPadPage", .Topic = 10040, .Role = QAccessible::Pane},
     {.Name = "Pad",
-     .Hint = PadHint,
+     .Hint = {PadHint, "drg Ball to mix Vol of the Channels: each Corner is one, Flags wire LoopTracks to it"},
      .Off = "off until the start is done",
      .Topic = 10041,
      .Role = QAccessible::Graphic},
     {.Name = "PadBall",
      .Label = "Ball of the mix pad",
      .Tip = kLabelAsTip,
-     .Hint = PadBallHint,
+     .Hint = {PadBallHint, "drg Mix Channels; dblclk Centre"},
      .Off = "off until the start is done",
      .Topic = 10042,
      .Role = QAccessible::Indicator,
@@ -35,27 +60,27 @@ constexpr Description kMixPadTable[] = {
     {.Name = "PadType",
      .Label = "Pad type: what the ball moves",
      .Tip = kLabelAsTip,
-     .Hint = "slct What the Ball Moves",
+     .Hint = {PadTypeHint, kPadTypeHints[0]},
      .Topic = 10043,
      .Role = QAccessible::ComboBox,
      .Taken = Keys::Choose | Keys::Press},
     {.Name = "PadFunction",
      .Label = "Fade function: where the ball begins to work",
      .Tip = kLabelAsTip,
-     .Hint = "slct Where the Fade Begins",
+     .Hint = {PadFunctionHint, kPadFunctionHints[0]},
      .Topic = 10044,
      .Role = QAccessible::ComboBox,
      .Taken = Keys::Choose | Keys::Press},
     {.Name = "SetChannel",
      .Label = "Wire sets: wires all LoopTracks at once",
      .Tip = kLabelAsTip,
-     .Hint = "slct Wires of all LoopTracks",
+     .Hint = {SetChannelHint, kSetChannelHints[0]},
      .Topic = 10045,
      .Role = QAccessible::ComboBox,
      .Taken = Keys::Choose | Keys::Press},
     {.Name = "ChannelLevels",
      .Label = "Levels of the channels",
-     .Hint = "Levels of the Channels: W both Colours white, WB white & black, BW black & white, B both black",
+     .Hint = "Channels by their Flags: 1 W both white, 2 WB white & black, 3 BW black & white, 4 B both black",
      .Topic = 10046,
      .Role = QAccessible::Chart},
     {.Name = "TwistIndicator",

@@ -59,8 +59,26 @@ std::string FactorHint(const Situation& at) {
     return kHints[static_cast<std::size_t>(at.Index)] + NumberText(at.State.Joy.Factor[at.Index] / 1000.0) + " x";
 }
 
+// The same for the pages of Help, of all members of an array.
+constexpr const char* kSubTabHints =
+    "clk Open Options of the Joystick; clk Open Options of the Mouse: Knobs, 3d Position; clk Open Options of "
+    "Scripting: "
+    "Moves an Event; clk Open Options of Timing: Interval of the Step Clock";
+constexpr const char* kButtonHints =
+    "slct Joystick Button: while it is held, the Hat is ignored; slct Joystick Button that puts Ball or Listener on "
+    "the "
+    "Centre; slct Joystick Button \"Twist Centre\", which moves no sound; slct Joystick Button that flips Relative "
+    "Movement; slct Joystick Button \"ToggleTwist\", which moves no sound";
+constexpr const char* kAxisHints =
+    "slct Joystick Axis that turns the Master Volume; slct Joystick Axis \"Twist\", which moves no sound";
+constexpr const char* kFactorHints =
+    "drg Reach of a Relative Movement: 0.5 x; drg Reach of the whole Stick: 1.5 x; drg Reach of the Twist, which moves "
+    "no "
+    "sound: 1 x";
+constexpr const char* kResolutionHint = "Timer Resolution: 10 ms";
 constexpr const char* kNoStick = "off without a Joystick";
-constexpr const char* kResetHint = "clk On: a Sample that loads puts Vol, Pan, Freq, Patterns & Timing back to Plain";
+constexpr const char* kResetHint =
+    "clk On: a Sample that loads puts Vol to full, Pan to Centre, Freq to 100%, Patterns & Timing to Plain";
 constexpr const char* kPositionUpdateHint = "clk On: Sound follows the Drag; Off: Sound follows when the Drag ends";
 constexpr const char* kPositionUpdateTip = "On: the sound follows the drag. Off: it follows when the drag ends.";
 
@@ -100,7 +118,7 @@ constexpr Description kOptionTable[] = {
     {.Name = "OptionSubTab",
      .Range = {0, 3},
      .Caption = SubTabCaption,
-     .Hint = SubTabHint,
+     .Hint = {SubTabHint, kSubTabHints},
      .Topic = 10104,
      .Role = QAccessible::PageTab,
      .Taken = Keys::Press},
@@ -110,7 +128,7 @@ constexpr Description kOptionTable[] = {
      .Range = {0, 4},
      .Label = ButtonLabel,
      .Tip = kLabelAsTip,
-     .Hint = ButtonHint,
+     .Hint = {ButtonHint, kButtonHints},
      .Off = kNoStick,
      .Topic = 10107,
      .Role = QAccessible::ComboBox,
@@ -119,7 +137,7 @@ constexpr Description kOptionTable[] = {
      .Range = {0, 1},
      .Label = AxisLabel,
      .Tip = kLabelAsTip,
-     .Hint = AxisHint,
+     .Hint = {AxisHint, kAxisHints},
      .Off = kNoStick,
      .Topic = 10108,
      .Role = QAccessible::ComboBox,
@@ -128,7 +146,7 @@ constexpr Description kOptionTable[] = {
      .Range = {0, 2},
      .Label = FactorLabel,
      .Tip = FactorTip,
-     .Hint = FactorHint,
+     .Hint = {FactorHint, kFactorHints},
      .Topic = 10109,
      .Role = QAccessible::Slider,
      .Taken = Keys::Turn},
@@ -167,21 +185,21 @@ constexpr Description kOptionTable[] = {
      .Range = {0, 1},
      .Label = SensitivityLabel,
      .Tip = kLabelAsTip,
-     .Hint = SensitivityHint,
+     .Hint = {SensitivityHint, "Send scroll event every 1 moves"},
      .Topic = 10112,
      .Role = QAccessible::Slider,
      .Taken = Keys::Turn},
     {.Name = "ResSlider",
      .Label = "Interval of the step clock in milliseconds",
      .Tip = kLabelAsTip,
-     .Hint = ResolutionHint,
+     .Hint = {ResolutionHint, kResolutionHint},
      .Topic = 10113,
      .Role = QAccessible::Slider,
      .Taken = Keys::Turn},
     {.Name = "ResReadout",
      .Label = "Interval of the step clock",
      .Tip = kLabelAsTip,
-     .Hint = ResolutionHint,
+     .Hint = {ResolutionHint, kResolutionHint},
      .Topic = 10114,
      .Role = QAccessible::StaticText},
 };

@@ -1,5 +1,8 @@
 #include "window/descriptions/patterns.h"
 
+#include <algorithm>
+#include <cstdio>
+
 #include "core/drag_source.h"
 #include "core/loops/loop_views.h"
 #include "window/descriptions/parts.h"
@@ -7,6 +10,8 @@
 namespace marvolin {
 
 namespace {
+
+constexpr const char* kDigitHint = "drg Digits -/+";
 
 template <std::size_t N>
 std::string OneOf(const std::array<const char*, N>& texts, int index) {
@@ -35,6 +40,17 @@ std::string DigitLabel(const Situation& at) {
     constexpr std::array<const char*, kDigitsAGroup> kDigits{"hundredths", "tenths", "seconds", "tens of seconds",
                                                              "hundreds of seconds"};
     return OneOf(kTimes, at.Index / kDigitsAGroup) + ", " + OneOf(kDigits, at.Index % kDigitsAGroup);
+}
+
+/// Behind the hint of a step's digits the tempo that it makes: four steps are a beat.
+std::string DigitHint(const Situation& at) {
+    const std::string hint = kDigitHint;
+    if (at.Index / kDigitsAGroup != kStepDurationGroup) return hint;
+    constexpr double kStepsOfABeatAMinute = 60.0 * 100 / 4;  // steps last hundredths of a second
+    const double tempo = kStepsOfABeatAMinute / std::max(1, at.State.Set[at.State.CurrentLoop].StepDuration);
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), "%.1f", tempo);
+    return hint + "; 4 Steps a Beat: " + text.data() + " bpm";
 }
 
 std::string DigitValue(const Situation& at) {
@@ -100,7 +116,7 @@ constexpr Description kPatternTable[] = {
     {.Name = "StepReadOut",
      .Label = "Step that sounds",
      .Tip = kLabelAsTip,
-     .Hint = StepHint,
+     .Hint = {StepHint, "Step that sounds, of all"},
      .Topic = 10085,
      .Role = QAccessible::Indicator,
      .Value = StepValue},
@@ -126,7 +142,7 @@ constexpr Description kPatternTable[] = {
      .Range = {0, kTimeGroups* kDigitsAGroup - 1},
      .Label = DigitLabel,
      .Tip = kLabelAsTip,
-     .Hint = "drg Digits -/+",
+     .Hint = {DigitHint, "drg Digits -/+; 4 Steps a Beat: the Tempo in bpm"},
      .Topic = 10089,
      .Role = QAccessible::SpinBox,
      .Taken = Keys::Turn,
@@ -135,7 +151,9 @@ constexpr Description kPatternTable[] = {
      .Range = {0, kTimeGroups - 1},
      .Label = PercentLabel,
      .Tip = kLabelAsTip,
-     .Hint = PercentHint,
+     .Hint = {PercentHint,
+              "Step Duration as % of the Sample; dblclk 100%; Swing as % of the Step Duration; dblclk 0%; "
+              "Sample Start as % of the Sample; dblclk 0%"},
      .Topic = 10090,
      .Role = QAccessible::Button,
      .Taken = Keys::Press,

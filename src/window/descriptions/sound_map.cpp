@@ -4,6 +4,7 @@
 #include "core/routines.h"
 #include "parameters/position.h"
 #include "performance/map/sound_map.h"
+#include "window/descriptions/parts.h"
 
 namespace marvolin {
 
@@ -16,12 +17,27 @@ std::string MapSizeValue(const Situation& at) { return NumberText(at.State.MapSi
 std::string RollOffValue(const Situation& at) { return NumberText(at.State.RollOff / 10.0); }
 
 constexpr const char* kNo3d = "off until 3D Sound is on";
+constexpr const char* kMapHint = "drg Letters to where LoopTracks sound, L to where they are heard";
+constexpr const char* kMapPageHint = "off until 3D Sound is on: clk the Box above";
+
+std::string MapHint(const Situation& at) {
+    return at.State.MapEnabled ? kMapHint : std::string(kNo3d) + ": " + kMapHint;
+}
+std::string MapPageHint(const Situation& at) { return at.State.MapEnabled ? "" : kMapPageHint; }
+
+constexpr std::array<const char*, 6> kPosMacrosHints{"slct Scatter or Wander",
+                                                     "Off: the LoopTracks stay where they are",
+                                                     "Scatter Abs: all LoopTracks jump to somewhere, once",
+                                                     "Scatter Rel: all LoopTracks take a small Step, once",
+                                                     "Wander: one LoopTrack after the other takes small Steps",
+                                                     "Wander Jump: one LoopTrack after the other jumps"};
+std::string PosMacrosHint(const Situation& at) { return OfEntry(kPosMacrosHints, at.Part); }
 
 constexpr Description kSoundMapTable[] = {
-    {.Name = "MapPage", .Topic = 10070, .Role = QAccessible::Pane},
+    {.Name = "MapPage", .Hint = {MapPageHint, kMapPageHint}, .Topic = 10070, .Role = QAccessible::Pane},
     {.Name = "Map",
-     .Hint = "drg Letters to where LoopTracks sound, L to where they are heard",
-     .Off = kNo3d,
+     .Hint = {MapHint, kMapHint},
+     .Off = "off until the start is done",
      .Topic = 10071,
      .Role = QAccessible::Graphic},
     {.Name = drags::kPosBall,
@@ -52,7 +68,7 @@ constexpr Description kSoundMapTable[] = {
     {.Name = "MapSize",
      .Label = "Map size",
      .Tip = kLabelAsTip,
-     .Hint = MapSizeHint,
+     .Hint = {MapSizeHint, "3. x 3."},
      .Off = kNo3d,
      .Topic = 10074,
      .Role = QAccessible::Slider,
@@ -61,7 +77,7 @@ constexpr Description kSoundMapTable[] = {
     {.Name = "RollOff",
      .Label = "Roll off: how fast sounds fade with their distance",
      .Tip = "Roll off: how fast sounds fade with their distance; a right click sets it to 1",
-     .Hint = RollOffHint,
+     .Hint = {RollOffHint, "RollOff =1"},
      .Off = kNo3d,
      .Topic = 10075,
      .Role = QAccessible::Slider,
@@ -70,7 +86,7 @@ constexpr Description kSoundMapTable[] = {
     {.Name = "PosMacros",
      .Label = "Positions: scatter the sounds, or let them wander",
      .Tip = kLabelAsTip,
-     .Hint = "slct Scatter or Wander",
+     .Hint = {PosMacrosHint, kPosMacrosHints[0]},
      .Topic = 10076,
      .Role = QAccessible::ComboBox,
      .Taken = Keys::Choose | Keys::Press},

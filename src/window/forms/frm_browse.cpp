@@ -23,6 +23,8 @@ constexpr int kBarHeight = 26;
 constexpr int kHelpWidth = 32;
 constexpr std::size_t kFilesATurn = 16;  // of the check, in one turn of the event loop: the step clock must not wait
 
+constexpr const char* kNoBins = "Kept for more sample bins. The three that there are stand on the tab 1-3.";
+
 QWidget* EmptyPage(const char* text) {
     auto* page = new QLabel(text);
     page->setAlignment(Qt::AlignCenter);
@@ -51,8 +53,8 @@ FrmBrowse::FrmBrowse(Session& session) : s(session) {
         pages_->addWidget(page);
     };
     add("1-3", Bins);
-    add("4-6", EmptyPage("There are no bins on this tab."));
-    add("7-9", EmptyPage("There are no bins on this tab."));
+    add("4-6", EmptyPage(kNoBins));
+    add("7-9", EmptyPage(kNoBins));
     add("ClipBrd", Clips);
     status_ = new BrowseStatus(s, this);
     auto* column = new QVBoxLayout(this);

@@ -40,6 +40,8 @@ void SelectorStrip::paintEvent(QPaintEvent*) {
     p.setPen(theme::kQuiet);
     p.drawText(QRect(16, 0, 60, kHeight), Qt::AlignVCenter | Qt::AlignLeft, "Control");
     p.drawText(QRect(330, 0, 50, kHeight), Qt::AlignVCenter | Qt::AlignLeft, "Bands");
+    p.drawText(QRect(660, 0, width() - 670, kHeight), Qt::AlignVCenter | Qt::AlignLeft,
+               "Row Z moves what is lit: S the selection, 0 to 5 the bands");
 }
 
 }  // namespace marvolin

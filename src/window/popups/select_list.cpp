@@ -5,14 +5,14 @@
 #include <QScreen>
 
 #include "performance/selection/selection.h"
-#include "window/descriptions/described.h"
 #include "window/popups/popup_list.h"
 #include "window/toolkit/theme.h"
 
 namespace marvolin {
 
 SelectList::SelectList(Session& session, QWidget* parent) : QListWidget(parent), s(session) {
-    Describe(s, *this, "SlctGroup");
+    Described& described = Describe(s, *this, "SlctGroup");
+    connect(this, &QListWidget::currentRowChanged, this, [&described](int row) { described.ShowHint(row + 1, false); });
     setWindowFlags(Qt::Popup);
     setFont(theme::Sans(13));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -33,6 +33,8 @@ void SelectList::Open(QPoint place) {
 }
 
 bool SelectList::event(QEvent* event) { return HideOnPressBeside(*this, *event) || QListWidget::event(event); }
+
+int SelectList::PartAt(QPointF place) const { return indexAt(place.toPoint()).row() + 1; }
 
 void SelectList::Choose(const QListWidgetItem* item) {
     if (item != nullptr) SlctGroup_Click(s, item->text().toStdString());

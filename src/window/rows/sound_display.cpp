@@ -100,6 +100,12 @@ void SoundDisplay::DrawWave(QPainter& p) const {
     const double middle = inner.center().y();
     const double half = inner.height() / 2 - 3;
     if (peaks_.empty()) {
+        if (index < kLoopTracks && s.Run[index].Loaded == False) {
+            p.setFont(theme::Sans(12));
+            p.setPen(theme::kQuiet);
+            p.drawText(inner, Qt::AlignCenter, "Drop a sample here, from the browser or from a folder");
+            return;
+        }
         p.setPen(QPen(theme::kLine, 1));
         p.drawLine(QPointF(inner.left(), middle), QPointF(inner.right(), middle));
         return;

@@ -17,8 +17,10 @@ namespace {
 
 constexpr std::array<const char*, kChannels> kLevelNames{"W", "WB", "BW", "B"};
 constexpr int kBarPitch = 34;  // pixels from bar to bar
-constexpr int kBarLeft = 84;
-constexpr int kNumber = 62;  // width of the numbers
+constexpr int kBarLeft = 146;
+constexpr int kLettersLeft = 76;  // of the LoopTracks that follow the channel
+constexpr int kLetter = 16;       // pixels from letter to letter
+constexpr int kNumber = 62;       // width of the numbers
 
 /// A channel's level as a bar from `From` to `To` of its length, and as the number that the status line shows. At
 /// `Plain` the channel leaves its LoopTracks unchanged.
@@ -48,6 +50,21 @@ Level LevelOf(const Session& s, int channel) {
     }
 }
 
+/// The letters of the LoopTracks whose wire leads to the channel.
+void DrawWired(QPainter& p, const Session& s, int channel, double y) {
+    p.setFont(theme::Sans(10, QFont::Bold));
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        if (s.Set[row].Channel != channel) continue;
+        const QColor ground = theme::RowColour(row);
+        const QRectF badge(kLettersLeft + row * kLetter, y + 2, kLetter - 2, kLetter - 1);
+        p.setPen(QPen(theme::kLine, 1));
+        p.setBrush(ground);
+        p.drawRoundedRect(badge, 3, 3);
+        p.setPen(theme::InkOn(ground));
+        p.drawText(badge, Qt::AlignCenter, QString(QChar(RowLetter(row))));
+    }
+}
+
 }  // namespace
 
 ChannelLevels::ChannelLevels(Session& session, QWidget* parent) : QWidget(parent), s(session) {
@@ -71,6 +88,7 @@ void ChannelLevels::paintEvent(QPaintEvent*) {
         p.setPen(theme::kText);
         p.drawText(QRectF(40, y, 40, 19), Qt::AlignLeft | Qt::AlignVCenter,
                    kLevelNames[static_cast<std::size_t>(channel - 1)]);
+        DrawWired(p, s, channel, y);
         p.setPen(QPen(theme::kLine, 1));
         p.setBrush(theme::kSunk);
         p.drawRoundedRect(QRectF(kBarLeft, y + 3.5, length, 12), 4, 4);

@@ -56,6 +56,13 @@ TabMixPad::TabMixPad(Session& session, QWidget* parent) : QWidget(parent), s(ses
 
     levels_ = new ChannelLevels(s, this);
     levels_->setGeometry(kPadRight, 8, 368, 170);
+    QLabel* words =
+        MakeLabel(this,
+                  "Each corner of the pad is a channel, by the colours of its flag. A LoopTrack follows the "
+                  "channel whose flag it shows: drag the ball, and one corner comes to the front.",
+                  {kPadRight, 184, 368, 54});
+    words->setWordWrap(true);
+    words->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     twist_ = new TwistLine(s, this);
     twist_->setGeometry(kPadMiddle, 254, 656, 54);
     Refresh();
@@ -76,6 +83,8 @@ void TabMixPad::RefreshBall() {
     Pad->Ball->Refresh();
     levels_->update();
 }
+
+void TabMixPad::RefreshWires() { levels_->update(); }
 
 void TabMixPad::RefreshTwist() { twist_->update(); }
 

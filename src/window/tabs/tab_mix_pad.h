@@ -26,6 +26,8 @@ public:
     void Refresh();
     /// Shows the ball and the levels of the channels again.
     void RefreshBall();
+    /// Shows again which LoopTracks follow which channel.
+    void RefreshWires();
     void RefreshTwist();
     /// Shows the box "Relative JStick Movement (Pad)" again.
     void RefreshJoystick();

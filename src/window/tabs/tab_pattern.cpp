@@ -2,6 +2,7 @@
 
 #include "core/loops/loop_views.h"
 #include "sequencing/timing.h"
+#include "window/controls/choice.h"
 #include "window/controls/pattern_graph.h"
 #include "window/controls/scale_labels.h"
 #include "window/controls/steps_control.h"
@@ -33,6 +34,16 @@ TabPattern::TabPattern(Session& session, QWidget* parent) : QWidget(parent), s(s
     Describe(s, *this, "PatternPage");
     MakePatterns();
     MakeTiming();
+    unheard_ = MakeLabel(this, "", {kGraphLeft + 12, 291, 700, 20});
+    unheard_->setAttribute(Qt::WA_TransparentForMouseEvents);  // the margin is dragged here, too
+    RefreshHeard();
+}
+
+void TabPattern::RefreshHeard() {
+    const bool heard = s.Set[s.CurrentLoop].PlayMode >= kTrack;
+    const QString letter(QChar(RowLetter(s.CurrentLoop)));
+    unheard_->setText("Steps are heard in Track and Drum: drag the picture of the mode of " + letter + " up.");
+    unheard_->setVisible(!heard);
 }
 
 void TabPattern::MakePatterns() {
@@ -75,8 +86,10 @@ void TabPattern::MakeTiming() {
             point->setGeometry(left - 1, top + 24, 8, 38);
             left += 8;
         }
+        QLabel* unit = MakeLabel(timing_, "s", {left + 1, top + 32, 10, 30});
+        unit->setAttribute(Qt::WA_TransparentForMouseEvents);  // the frame is dragged here, too
         auto* percent = new PercentReadOutControl(s, timing_, time.Group);
-        percent->setGeometry(left + 4, top + 28, 280 - left - 12, 30);
+        percent->setGeometry(left + 14, top + 28, 280 - left - 22, 30);
         percents_[static_cast<std::size_t>(time.Group)] = percent;
         top += 82;
     }
@@ -88,6 +101,7 @@ void TabPattern::RefreshSteps() {
     steps_->Refresh();
     badge_->Refresh();
     readOut_->Refresh();
+    RefreshHeard();
 }
 
 void TabPattern::RefreshGraph(int patternRow) { graphs_[static_cast<std::size_t>(patternRow)]->Refresh(); }

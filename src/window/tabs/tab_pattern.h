@@ -6,6 +6,8 @@
 #include "core/loops/loop_views.h"
 #include "core/session.h"
 
+class QLabel;
+
 namespace marvolin {
 
 class Control;
@@ -19,6 +21,8 @@ public:
     TabPattern(Session& session, QWidget* parent);
 
     void RefreshPlayMode();
+    /// Says in a line that the steps are not heard, while the mode of the LoopTrack is none that follows them.
+    void RefreshHeard();
     void RefreshSteps();
     void RefreshGraph(int patternRow);
     void RefreshColumn(int patternRow, int column);
@@ -38,6 +42,7 @@ private:
     Control* steps_ = nullptr;
     Control* loopIt_ = nullptr;
     Control* badge_ = nullptr;
+    QLabel* unheard_ = nullptr;
     std::array<std::array<Control*, kDigitsAGroup>, kTimeGroups> digits_{};
     std::array<Control*, kTimeGroups> percents_{};
 };

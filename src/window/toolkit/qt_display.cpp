@@ -44,6 +44,7 @@ void QtDisplay::ShowPlay(Row row) {
 void QtDisplay::ShowPlayMode(Row row) {
     if (LoopRow* shown = RowOf(form_, row)) Again(shown->LoopIt);
     if (form_ != nullptr && row == kMasterRow) form_->Tabs->Pattern->RefreshPlayMode();
+    if (form_ != nullptr) form_->Tabs->Pattern->RefreshHeard();
 }
 
 void QtDisplay::ShowKnob(Row row, Knob knob) {
@@ -73,6 +74,7 @@ void QtDisplay::ShowWaveform(Row row) {
 
 void QtDisplay::ShowWire(Row row) {
     if (LoopRow* shown = RowOf(form_, row)) Again(shown->Flag);
+    if (form_ != nullptr) form_->Tabs->MixPad->RefreshWires();
 }
 
 void QtDisplay::ShowSelected(Row row) {
