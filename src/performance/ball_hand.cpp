@@ -4,6 +4,7 @@
 
 #include "parameters/position.h"
 #include "performance/ball_drag.h"
+#include "performance/map/listener.h"
 #include "performance/map/map_gesture.h"
 #include "performance/map/sound_map.h"
 #include "performance/pad/mix_pad.h"
@@ -13,7 +14,6 @@ namespace marvolin {
 
 namespace {
 
-constexpr double kStepPixels = 4;
 constexpr double kSamePlace = 2;  // pixels: on a scaled display a pointer stands between whole ones
 
 double Distance(ScreenPoint a, ScreenPoint b) { return std::abs(a.X - b.X) + std::abs(a.Y - b.Y); }
@@ -151,14 +151,16 @@ void BallCentre(Session& s, int ball) {
     }
 }
 
-void BallStep(Session& s, int ball, int right, int down) {
-    const double x = right * kStepPixels * s.World.Desk.TwipsPerPixelX();
-    const double y = down * kStepPixels * s.World.Desk.TwipsPerPixelY();
+void BallStep(Session& s, int ball, int right, int down, double pixels) {
+    const double x = right * pixels * s.World.Desk.TwipsPerPixelX();
+    const double y = down * pixels * s.World.Desk.TwipsPerPixelY();
     if (ball == kPadBall) {
         PadMove(s, x, y, s.Geometry.PadHalfX, {.Absolute = false, .Apply = true});
     } else {
         PosMove(s, x, y, ball, {.Absolute = false, .Apply = true, .Quiet = true});
     }
 }
+
+void ListenerStep(Session& s, int degrees) { RotateListener(s, s.ListenerAngle + degrees, Apply::Yes); }
 
 }  // namespace marvolin

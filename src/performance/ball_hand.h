@@ -42,7 +42,11 @@ std::optional<DragSource> BallGesture(Session& s, int ball, const BallEvent& eve
 BallPoint BallPlace(const Session& s, int ball);
 /// Puts the ball on the centre, as a double click does.
 void BallCentre(Session& s, int ball);
-/// Moves the ball by steps of four pixels, to the right and down positive, heard at once.
-void BallStep(Session& s, int ball, int right, int down);
+/// A step of a ball by key, pixels; a fine one is one pixel.
+inline constexpr double kBallStep = 4;
+/// Moves the ball by steps of `pixels`, to the right and down positive, heard at once.
+void BallStep(Session& s, int ball, int right, int down, double pixels = kBallStep);
+/// Turns the listener by `degrees`, heard at once.
+void ListenerStep(Session& s, int degrees);
 
 }  // namespace marvolin

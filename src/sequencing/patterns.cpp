@@ -39,6 +39,8 @@ void ShowValue(Session& s, int patternRow, double value, const std::string& pref
     ShowReadout(s, prefix + kValueTexts[static_cast<std::size_t>(patternRow)](ToI2(value)));
 }
 
+int SlotOf(int column) { return column == 0 ? kPatternOffset : column - 1; }
+
 void ShowNSteps(Session& s, double steps) {
     s.StepsShown = static_cast<std::int16_t>(ClampVar(steps, 1, kPatternSteps));
     s.World.Screen.ShowSteps();
@@ -129,12 +131,26 @@ void PatternEdit(Session& s, int patternRow, std::int16_t button, GraphPlace at,
 void PatternStore(Session& s, int patternRow, int column, double value) {
     // A file may hold more steps than a pattern has slots; the graph then has as many columns.
     if (column < 0 || column > kPatternOffset + 1) return;
-    const int slot = column == 0 ? kPatternOffset : column - 1;
+    const int slot = SlotOf(column);
     s.Set[s.CurrentLoop].Pattern[patternRow][slot] = ToI2(value);
     // The slot after the last step of a full pattern is the spread, which the random column shows.
     const int shown = slot == kPatternOffset ? 0 : column;
     if (shown > s.GraphColumns[static_cast<std::size_t>(patternRow)]) return;
     s.World.Screen.ShowPatternColumn(patternRow, shown);
+}
+
+void PatternShow(Session& s, int patternRow, int column) {
+    if (column < 0 || column > kPatternOffset + 1) return;
+    const std::string prefix = column == 0 ? "Random: " : "Step: " + NumberText(column) + " ";
+    ShowValue(s, patternRow, s.Set[s.CurrentLoop].Pattern[patternRow][SlotOf(column)], prefix);
+}
+
+void PatternStep(Session& s, int patternRow, int column, int units) {
+    if (column < 0 || column > kPatternOffset + 1) return;
+    const PatternLimits& range = kPatternRange[static_cast<std::size_t>(patternRow)];
+    const double value = s.Set[s.CurrentLoop].Pattern[patternRow][SlotOf(column)] + static_cast<double>(units);
+    PatternStore(s, patternRow, column, ClampVar(value, range.Min, range.Max));
+    PatternShow(s, patternRow, column);
 }
 
 void EraserDrop(Session& s, int patternRow) {

@@ -45,6 +45,12 @@ void PatternEdit(Session& s, int patternRow, std::int16_t button, GraphPlace at,
 /// the slot of step n; the 33rd slot is the row's spread. Any other column is ignored.
 void PatternStore(Session& s, int patternRow, int column, double value);
 
+/// A key on a graph, which has no height of the pointer: the value of `column` as in `PatternStore`, `units` up or down
+/// within the range of the pattern, stored and shown beside the hint.
+void PatternStep(Session& s, int patternRow, int column, int units);
+/// Shows the value of `column` beside the hint.
+void PatternShow(Session& s, int patternRow, int column);
+
 /// A drop of `Eraser` on graph `patternRow`. Only this graph is laid out and shown again.
 void EraserDrop(Session& s, int patternRow);
 /// `NSteps`: a drag sets the number of steps 1..32; the release stores it in the record. `y` in twips.

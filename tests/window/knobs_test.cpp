@@ -127,15 +127,15 @@ TEST(Knobs, LosingTheMouseGrabEndsTheDragAtTheLastPoint) {
     stage.Release("VolKnob_1", start);
 }
 
-TEST(Knobs, TheWheelAndTheArrowKeysAreFineSteps) {
+TEST(Knobs, TheWheelAndTheArrowKeysWithShiftAreFineSteps) {
     Stage stage;
     stage.Wheel("VolKnob_0", -1);
     const std::int16_t wheeled = stage.s.Set[0].Vol;
     EXPECT_LT(wheeled, 500);
     stage.At("VolKnob_0")->setFocus();
-    QTest::keyClick(stage.At("VolKnob_0"), Qt::Key_Up);
+    QTest::keyClick(stage.At("VolKnob_0"), Qt::Key_Up, Qt::ShiftModifier);
     EXPECT_EQ(stage.s.Set[0].Vol, 500);
-    QTest::keyClick(stage.At("VolKnob_0"), Qt::Key_Left);
+    QTest::keyClick(stage.At("VolKnob_0"), Qt::Key_Left, Qt::ShiftModifier);
     EXPECT_EQ(stage.s.Set[0].Vol, wheeled);
 }
 

@@ -69,19 +69,24 @@ struct PressText {
 
 /// Where they do something else than a click.
 constexpr PressText kPressTexts[] = {
+    {10005, "Space or Return: what a click does; with Shift: what a right click does"},
     {10008, "Space or Return: stops all if anything plays, and plays all otherwise"},
-    {10019, "Return: takes the entry"},
+    {10017, "Space or Return: what a click does; with Ctrl: this one alone"},
+    {10019, "Return or Space: takes the entry"},
     {10020, "Space or Return: selects or deselects"},
-    {10022, "Space or Return on the letter: thinnable or not"},
-    {10024, ""},
+    {10021, "Space or Return: shows its pattern; with Ctrl: opens the tab, too"},
+    {10023, "Space or Return: plays or stops; with Shift: pauses as long as the key is down"},
+    {10024, "Shift and Space: jumps to the beginning; Ctrl and Space: the mode Loop"},
     {10026, "Space or Return: silent, or full again"},
     {10027, "Space or Return: the middle"},
     {10028, "Space or Return: 100 %"},
     {10029, "Space or Return: disconnects, or connects again"},
-    {10031, "Return: takes the entry"},
-    {10032, "Return: takes the entry"},
+    {10031, "Return or Space: takes the entry"},
+    {10032, "Return or Space: takes the entry"},
     {10042, "Space or Return: puts it on the centre"},
-    {10072, "Space or Return: puts it on the centre"},
+    {10072, "Space or Return: puts it on the centre; with Shift: turns its fade round"},
+    {10126, "Return or Space: loads the sample into the destination; with Shift: plays or stops it"},
+    {10127, "Return: the folder for the bin whose button has opened the tree"},
     {10090, "Space or Return: what a double click does"},
     {10172, "Return: what the button of the dialogue does"},
     {10193, "Return: takes the entry"},
@@ -95,8 +100,31 @@ std::string_view PressTextOf(std::int32_t topic) {
     return "Space or Return: what a click does";
 }
 
+/// Where all keys have a meaning of their own.
+constexpr PressText kOwnKeys[] = {
+    {10015,
+     "Space or Return: what a click does; arrows: the tab beside it; Insert, while Ptrn is open: picks up all patterns "
+     "and timing"},
+    {10018,
+     "arrows: another lane, another LoopTrack; Space or Return: what a click does; Shift and left or right: draws; "
+     "Delete: empties the lane"},
+    {10022,
+     "On the letter Space or Return: thinnable or not; Insert: picks up the dropper, with Shift the fade. On the "
+     "picture of the sound left and right: the volume; up, down, Page Up, Page Down: the mark where a fade is to end; "
+     "Space or Return: fades there; Escape: puts the mark back; Shift and Space: turns the fade round; Shift and an "
+     "arrow: fine"},
+    {10075, "arrows: one step; Page Up and Page Down: ten; Shift and Space: sets it to 1"},
+    {10104, "Space or Return: what a click does; arrows: the tab beside it"},
+    {10086,
+     "left, right, Home, End: another step; left of the first one is the hatched column; up, down, Page Up, Page Down: "
+     "its value, with Shift finely; Delete: erases the lane; Insert: picks it up for another LoopTrack"},
+};
+
 /// The keys of a page's controls, in words.
 std::string KeyWords(std::int32_t topic) {
+    for (const PressText& own : kOwnKeys) {
+        if (own.Topic == topic) return std::string(own.Text);
+    }
     const Keys keys = KeysOf(topic);
     std::string words;
     const auto add = [&](Keys key, std::string_view text) {
@@ -105,12 +133,15 @@ std::string KeyWords(std::int32_t topic) {
     const Description* row = RowOf(topic);
     const bool dropDown = row != nullptr && row->Role == QAccessible::ComboBox;
     add(Keys::Press, dropDown ? "Space: opens it" : PressTextOf(topic));
-    add(Keys::Turn, "arrows: one step; Page Up and Page Down: ten");
-    add(Keys::Move, "arrows: a step in their direction");
+    const bool map = topic == 10072;
+    add(Keys::Turn, map ? "Page Up and Page Down turn the listener"
+                        : "arrows: one step; Page Up and Page Down: ten; with Shift finely");
+    add(Keys::Move, "arrows: a step in their direction; with Shift finely");
     add(Keys::Choose, dropDown ? "then arrows, Page Up, Page Down, Home, End: another entry; Return: takes it"
                                : "arrows, Page Up, Page Down, Home, End: another entry");
     add(Keys::Type, "letters and digits: the text");
     add(Keys::Delete, "Delete: removes the entry");
+    add(Keys::Carry, "Insert: picks it up");
     add(Keys::Escape, "Escape: closes");
     return words;
 }

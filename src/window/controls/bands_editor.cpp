@@ -1,10 +1,11 @@
 #include "window/controls/bands_editor.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
 
-#include "performance/selection/bands.h"
+#include "core/routines.h"
 
 namespace marvolin {
 
@@ -29,6 +30,54 @@ void BandsEditor::DoubleClick(std::int16_t button, QPointF twips) {
     if (button == kLeftButton) Bands_DblClick(s, LaneAt(twips));
 }
 
+void BandsEditor::Activate() {
+    Bands_Gesture(s, keyLane_, keyColumn_, Phase::Down);
+    Bands_Gesture(s, keyLane_, keyColumn_, Phase::Up);
+}
+
+void BandsEditor::GoTo(int lane, int column, bool draws) {
+    keyLane_ = static_cast<Row>(std::clamp(lane, 0, kBands - 1));
+    keyColumn_ = static_cast<Row>(std::clamp(column, 0, kLoopTracks - 1));
+    if (draws) {
+        SetBand(s, keyLane_, {std::min(keyFrom_, keyColumn_), std::max(keyFrom_, keyColumn_)});
+    } else {
+        keyFrom_ = keyColumn_;
+    }
+    ShowReadout(s, "Band " + std::to_string(keyLane_) + ", " + RowLetter(keyColumn_));
+    update();
+}
+
+void BandsEditor::keyPressEvent(QKeyEvent* event) {
+    const bool draws = event->modifiers().testFlag(Qt::ShiftModifier);
+    switch (event->key()) {
+        case Qt::Key_Left:
+            return GoTo(keyLane_, keyColumn_ - 1, draws);
+        case Qt::Key_Right:
+            return GoTo(keyLane_, keyColumn_ + 1, draws);
+        case Qt::Key_Up:
+            return GoTo(keyLane_ - 1, keyColumn_, false);
+        case Qt::Key_Down:
+            return GoTo(keyLane_ + 1, keyColumn_, false);
+        case Qt::Key_Delete:
+            return Bands_DblClick(s, keyLane_);
+        default:
+            Control::keyPressEvent(event);
+    }
+}
+
+// A lane is thin: the place of the keys is a frame in white on black, which stands out on every band.
+void BandsEditor::DrawCursor(QPainter& p) const {
+    theme::DrawFocus(p, rect(), 4);
+    const double column = width() / static_cast<double>(kLoopTracks);
+    const double lane = height() / static_cast<double>(kBands);
+    const QRectF cell(keyColumn_ * column + 1, keyLane_ * lane - 0.5, column - 2, lane + 1);
+    p.setBrush(Qt::NoBrush);
+    p.setPen(QPen(Qt::black, 3));
+    p.drawRect(cell);
+    p.setPen(QPen(Qt::white, 1.2));
+    p.drawRect(cell);
+}
+
 void BandsEditor::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
@@ -49,12 +98,13 @@ void BandsEditor::paintEvent(QPaintEvent*) {
         const BandRun run = DrawnBand(s, band);
         if (run.Empty()) continue;
         const QColor colour = theme::RowColour(band);
-        p.setPen(theme::Contrast(colour, theme::kSunk) < 3 ? QPen(QColor(0xb9, 0xc4, 0xe6), 1) : QPen(Qt::NoPen));
+        p.setPen(theme::RowEdge(band) == colour ? QPen(Qt::NoPen) : QPen(theme::RowEdge(band), 1));
         p.setBrush(colour);
         p.drawRoundedRect(
             QRectF(run.First * column + 2, band * lane + 0.8, (run.Last - run.First + 1) * column - 4, lane - 1.6), 1.5,
             1.5);
     }
+    if (hasFocus()) DrawCursor(p);
 }
 
 }  // namespace marvolin

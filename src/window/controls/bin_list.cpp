@@ -128,7 +128,20 @@ void BinList::Select(int row) {
 
 void BinList::Step(int units) { Select(s.Bins[index].Selected - units); }
 
-void BinList::Activate() { PickFile_MouseUp(s, index, kLeftButton, s.Bins[index].Selected); }
+void BinList::Activate() {
+    if (RowCount() == 0) return PickDir_Click(s, index);
+    PickFile_MouseUp(s, index, kLeftButton, s.Bins[index].Selected);
+}
+
+void BinList::RightButton(Phase phase) {
+    if (phase == Phase::Up) PickFile_MouseUp(s, index, kRightButton, s.Bins[index].Selected);
+}
+
+std::optional<DragSource> BinList::Carried(std::int16_t) {
+    if (RowCount() == 0) return std::nullopt;
+    // From the right margin every bin is dragged.
+    return PickFile_MouseDown(s, index, kLeftButton, s.Bins[index].Selected, ListWidth(), ListWidth());
+}
 
 void BinList::keyPressEvent(QKeyEvent* event) {
     const int here = s.Bins[index].Selected;

@@ -14,6 +14,7 @@ public:
     void Refresh() override;
     /// The row of samples at a place; -1 beside the rows, `kDragOnlyPart` on one that was double clicked in vain.
     int PartAt(QPointF place) const override;
+    std::optional<DragSource> Carried(std::int16_t button) override;
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
@@ -21,6 +22,10 @@ protected:
     void PointerLost(std::int16_t, QPointF) override {}
     void Step(int units) override;
     void Activate() override;
+    void DoubleActivate() override { Activate(); }
+    /// Plays or stops the destination, as a right click on the chosen row does.
+    void RightButton(Phase phase) override;
+    void TurnByKey(int units, bool) override { Step(units); }
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void leaveEvent(QEvent* event) override;

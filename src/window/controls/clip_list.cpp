@@ -37,6 +37,11 @@ void ClipList::Refresh() {
     viewport()->update();
 }
 
+std::optional<DragSource> ClipList::Carried(std::int16_t button) {
+    if (currentRow() < 0) return std::nullopt;
+    return ClipBoardList_MouseDown(s, static_cast<std::int16_t>(currentRow()), button);
+}
+
 void ClipList::mousePressEvent(QMouseEvent* event) {
     button_ = kNoButton;
     const QListWidgetItem* pressed = itemAt(event->position().toPoint());

@@ -7,10 +7,11 @@
 namespace marvolin {
 
 /// `ClipBoardList`: one row for each clip. LoopTracks are dropped here, clips are dragged away.
-class ClipList : public QListWidget {
+class ClipList : public QListWidget, public Carries {
 public:
     ClipList(Session& session, QWidget* parent);
     void Refresh();
+    std::optional<DragSource> Carried(std::int16_t button) override;
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;

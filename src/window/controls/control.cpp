@@ -7,6 +7,9 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+#include <utility>
 
 #include "instrument/dropped_files.h"
 #include "instrument/loop_drops.h"
@@ -17,6 +20,8 @@ namespace marvolin {
 namespace {
 
 QPointF Twips(QPointF pixels) { return pixels * kTwipsPerPixel; }
+
+constexpr int kPage = 10;  // steps
 
 // Some desktops activate every new window, also one that takes no focus and gives the activation back.
 bool ReportHasCome() {
@@ -55,10 +60,40 @@ void Control::TakeDropsFor(Row row) {
 }
 
 void Control::Activate() {
-    const QPointF middle = Twips(QRectF(rect()).center());
-    Gesture(Phase::Down, kLeftButton, middle);
+    Gesture(Phase::Down, kLeftButton, MiddleTwips());
     armed_.reset();  // a key drags nothing
-    Gesture(Phase::Up, kLeftButton, middle);
+    Gesture(Phase::Up, kLeftButton, MiddleTwips());
+}
+
+void Control::RightButton(Phase phase) {
+    Gesture(phase, kRightButton, MiddleTwips());
+    armed_.reset();
+}
+
+void Control::TurnTo(double value) {
+    const ControlScale scale = described.Scale();
+    if (scale.Step > 0) Step(static_cast<int>(std::lround((value - scale.Now) / scale.Step)));
+}
+
+void Control::PressByRequest() {
+    if (isEnabled()) Activate();
+}
+
+void Control::SetByRequest(double value) {
+    const ControlScale scale = described.Scale();
+    if (isEnabled() && scale.Step > 0) TurnTo(std::clamp(value, scale.Low, scale.High));
+}
+
+void Control::MenuByRequest() {
+    if (!isEnabled()) return;
+    RightButton(Phase::Down);
+    RightButton(Phase::Up);
+}
+
+std::optional<DragSource> Control::Carried(std::int16_t button) {
+    if (!Takes(described.Row().Taken, Keys::Carry)) return std::nullopt;
+    Gesture(Phase::Down, button, MiddleTwips());
+    return std::exchange(armed_, std::nullopt);
 }
 
 void Control::Drop(const DragSource& source) {
@@ -84,7 +119,21 @@ bool Control::event(QEvent* event) {
                       (event->type() == QEvent::WindowDeactivate && !ReportHasCome()) ||
                       (event->type() == QEvent::EnabledChange && !isEnabled());
     if (lost && Held()) EndHold();
+    if (lost) ReleaseKey(true);
     return QWidget::event(event);
+}
+
+// Escape lets go of what the mouse holds.
+bool Control::eventFilter(QObject*, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) return false;
+    EndHold();
+    return true;
+}
+
+void Control::SetHolder(std::int16_t button) {
+    held_ = button;
+    qApp->removeEventFilter(this);
+    if (Held()) qApp->installEventFilter(this);
 }
 
 // Other buttons do not come here while one holds the control: a hold that is still open has lost its release.
@@ -92,7 +141,7 @@ bool Control::BeginHold(const QMouseEvent& event) {
     const std::int16_t button = ButtonNumber(event.button());
     if (button == kNoButton) return false;
     if (Held()) EndHold();
-    held_ = button;
+    SetHolder(button);
     last_ = press_ = event.globalPosition();
     armed_.reset();
     return true;
@@ -102,7 +151,7 @@ bool Control::BeginHold(const QMouseEvent& event) {
 void Control::EndHold() {
     const std::int16_t button = held_;
     const bool armed = armed_.has_value();
-    held_ = kNoButton;
+    SetHolder(kNoButton);
     armed_.reset();
     if (!armed) PointerLost(button, Twips(mapFromGlobal(last_)));
     update();
@@ -126,7 +175,7 @@ void Control::mouseMoveEvent(QMouseEvent* event) {
 void Control::mouseReleaseEvent(QMouseEvent* event) {
     const std::int16_t button = ButtonNumber(event->button());
     if (!Held() || button != held_) return;
-    held_ = kNoButton;
+    SetHolder(kNoButton);
     armed_.reset();
     Gesture(Phase::Up, button, Twips(event->position()));
     update();
@@ -153,31 +202,55 @@ void Control::wheelEvent(QWheelEvent* event) {
 }
 
 void Control::keyPressEvent(QKeyEvent* event) {
+    const bool fine = event->modifiers().testFlag(Qt::ShiftModifier);
     switch (event->key()) {
         case Qt::Key_Up:
         case Qt::Key_Right:
-            Step(1);
-            return;
+            return TurnByKey(1, fine);
         case Qt::Key_Down:
         case Qt::Key_Left:
-            Step(-1);
-            return;
+            return TurnByKey(-1, fine);
         case Qt::Key_PageUp:
-            Step(10);
-            return;
+            return TurnByKey(kPage, fine);
         case Qt::Key_PageDown:
-            Step(-10);
-            return;
+            return TurnByKey(-kPage, fine);
         case Qt::Key_Space:
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            if (!Takes(described.Row().Taken, Keys::Press)) break;
-            if (!event->isAutoRepeat()) Activate();
-            return;
+            return PressByKey(*event);
         default:
-            break;
+            event->ignore();
     }
-    event->ignore();
+}
+
+void Control::PressByKey(const QKeyEvent& event) {
+    if (event.isAutoRepeat()) return;
+    if (event.modifiers().testFlag(Qt::ShiftModifier)) {
+        ReleaseKey(true);
+        rightKey_ = event.key();
+        RightButton(Phase::Down);
+    } else if (Takes(described.Row().Taken, Keys::Press)) {
+        event.modifiers().testFlag(Qt::ControlModifier) ? DoubleActivate() : Activate();
+    }
+}
+
+void Control::keyReleaseEvent(QKeyEvent* event) {
+    if (event->key() != rightKey_ || rightKey_ == 0) return event->ignore();
+    if (!event->isAutoRepeat()) ReleaseKey(false);
+}
+
+void Control::ReleaseKey(bool lost) {
+    if (std::exchange(rightKey_, 0) == 0) return;
+    if (lost) {
+        PointerLost(kRightButton, MiddleTwips());
+    } else {
+        RightButton(Phase::Up);
+    }
+}
+
+void Control::focusOutEvent(QFocusEvent* event) {
+    ReleaseKey(true);
+    QWidget::focusOutEvent(event);
 }
 
 void Control::dragEnterEvent(QDragEnterEvent* event) {

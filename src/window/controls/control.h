@@ -10,6 +10,7 @@
 
 #include "core/session.h"
 #include "window/descriptions/described.h"
+#include "window/keys/carried.h"
 #include "window/toolkit/drag_source.h"
 #include "window/toolkit/theme.h"
 
@@ -17,7 +18,7 @@ namespace marvolin {
 
 /// A control that paints from the session and forwards its gestures. It decides nothing and keeps no value of the
 /// session, only the state of the pointer on it. Where its row of the table names no keys, Tab passes it by.
-class Control : public QWidget {
+class Control : public QWidget, public Carries {
 public:
     /// `name` and `index` choose the row of the table. `index` is -1 for a control that belongs to no array.
     Control(Session& session, QWidget* parent, std::string_view name, int index = -1);
@@ -26,6 +27,14 @@ public:
     virtual void Refresh() { update(); }
     /// Makes a drop on this control a drop on `row`; -1 (the default) takes no drops.
     void TakeDropsFor(Row row);
+
+    /// What assistive technology asks for: a press, the nearest value that a step can reach, the right button. A
+    /// disabled control does nothing.
+    void PressByRequest();
+    void SetByRequest(double value);
+    void MenuByRequest();
+    /// By default what a press in the middle with this button drags.
+    std::optional<DragSource> Carried(std::int16_t button) override;
 
 protected:
     Session& s;
@@ -44,10 +53,20 @@ protected:
     /// The second press of a double click with the left button. A control without a double click takes it as a press;
     /// so are two clicks of another button.
     virtual void DoubleClick(std::int16_t button, QPointF twips) { Gesture(Phase::Down, button, twips); }
-    /// A fine step of the wheel or an arrow key; up and right are positive.
+    /// A fine step of the wheel; up and right are positive.
     virtual void Step(int /*units*/) {}
+    /// A step of an arrow key: as `Step`, or coarser. With Shift it is `Step` itself.
+    virtual void CoarseStep(int units) { Step(units); }
     /// Space or Return while the control has the focus: a left click in its middle.
     virtual void Activate();
+    /// The same keys with Shift: the right button, which is down in the middle for as long as the key.
+    virtual void RightButton(Phase phase);
+    /// The same keys with Ctrl: a double click in the middle.
+    virtual void DoubleActivate() { DoubleClick(kLeftButton, MiddleTwips()); }
+    /// An arrow key or Page Up and Page Down; `units` are 1 or 10, up and right are positive.
+    virtual void TurnByKey(int units, bool fine) { fine ? Step(units) : CoarseStep(units); }
+    /// Sets the value of `Description::Scale`.
+    virtual void TurnTo(double value);
     /// Whether a drop of another control would change anything. The pointer shows it.
     virtual bool TakesDrop(const DragSource& source) const;
     /// A drop of another control.
@@ -58,20 +77,27 @@ protected:
     void ArmDrag(DragSource source) { armed_ = std::move(source); }
     bool Held() const { return held_ != kNoButton; }
     theme::FaceState Face() const { return {isEnabled(), underMouse(), Held(), hasFocus()}; }
+    QPointF MiddleTwips() const { return QRectF(rect()).center() * kTwipsPerPixel; }
     /// The text that is drawn on the control.
     QString Caption() const { return QString::fromStdString(described.Caption()); }
 
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* object, QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
 private:
+    void PressByKey(const QKeyEvent& event);
+    void ReleaseKey(bool lost);
+    void SetHolder(std::int16_t button);
     bool BeginHold(const QMouseEvent& event);
     void EndHold();
     void BeginDrag();
@@ -80,6 +106,7 @@ private:
     QPointF last_;                     // last place of the pointer on the screen: a control may move under it
     std::optional<DragSource> armed_;  // the drag that the held pointer may become
     QPointF press_;                    // place of the press on the screen
+    int rightKey_ = 0;                 // the key that stands for the right button and is down; 0 none
     int wheelRest_ = 0;                // eighths of a degree short of a notch
     Row dropRow_ = -1;
 };

@@ -13,7 +13,7 @@ namespace {
 constexpr double kLow = kFadeFactorLow;
 constexpr double kHigh = kFadeFactorHigh;
 constexpr double kMargin = 9;  // pixels from the control's edge to the end of the scale
-constexpr int kFineStep = 20;
+constexpr int kGaugeStep = 20;
 
 void SetGauge(Session& s, double value) {
     FadeFactor_Change(s, static_cast<std::int16_t>(std::lround(std::clamp(value, kLow, kHigh))));
@@ -29,7 +29,13 @@ void FadeFactorControl::Gesture(Phase, std::int16_t button, QPointF twips) {
     SetGauge(s, kLow + share * (kHigh - kLow));
 }
 
-void FadeFactorControl::Step(int units) { SetGauge(s, FadeFactorGauge(s) + units * kFineStep); }
+void FadeFactorControl::Step(int units) { SetGauge(s, FadeFactorGauge(s) + units * kGaugeStep); }
+
+void FadeFactorControl::TurnByKey(int units, bool fine) {
+    SetGauge(s, FadeFactorGauge(s) + units * (fine ? 1 : kGaugeStep));
+}
+
+void FadeFactorControl::TurnTo(double value) { SetGauge(s, value); }
 
 void FadeFactorControl::paintEvent(QPaintEvent*) {
     QPainter p(this);
@@ -44,8 +50,9 @@ void FadeFactorControl::paintEvent(QPaintEvent*) {
     p.setBrush(theme::kAccent);
     p.drawRoundedRect(QRectF(kMargin - 3, y - 3, x - kMargin + 3, 6), 3, 3);
     p.setBrush(theme::kText);
-    p.setPen(QPen(hasFocus() ? theme::kAccent : theme::kWindow, hasFocus() ? 2 : 1));
+    p.setPen(QPen(theme::kWindow, 1));
     p.drawEllipse(QPointF(x, y), 7, 7);
+    if (hasFocus()) theme::DrawRoundFocus(p, QPointF(x, y), 8);
 }
 
 }  // namespace marvolin

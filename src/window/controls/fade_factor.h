@@ -12,6 +12,8 @@ public:
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void Step(int units) override;
+    void TurnByKey(int units, bool fine) override;
+    void TurnTo(double value) override;
     void paintEvent(QPaintEvent* event) override;
 };
 

@@ -10,6 +10,7 @@ class FolderTarget : public Control {
 public:
     /// `name` chooses the row of the table of controls.
     FolderTarget(Session& session, QWidget* parent, std::string_view name, int bin);
+    int Bin() const { return index; }
 
 protected:
     bool TakesDrop(const DragSource& source) const override;

@@ -6,7 +6,7 @@
 #include <QMouseEvent>
 
 #include "browser/bin_gestures.h"
-#include "window/controls/control.h"
+#include "window/controls/folder_target.h"
 
 namespace marvolin {
 
@@ -37,6 +37,7 @@ void FolderTree::Open(bool open) {
         setRootIndex(folders_.setRootPath("/"));
     }
     settling_ = true;
+    if (QWidget* focus = QApplication::focusWidget(); focus != this) before_ = focus;
     show();
     raise();
     setFocus();
@@ -80,8 +81,20 @@ void FolderTree::mouseReleaseEvent(QMouseEvent* event) {
     FolderTree_MouseUp(s, ButtonNumber(event->button()));
 }
 
+// The focus goes back to where the tree was opened.
+void FolderTree::Close() {
+    if (before_ != nullptr && before_->isVisible()) before_->setFocus();
+    FolderTree_MouseUp(s, kRightButton);
+}
+
 void FolderTree::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape) return FolderTree_MouseUp(s, kRightButton);
+    if (event->key() == Qt::Key_Escape) return Close();
+    const bool takes = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const auto* opener = dynamic_cast<const FolderTarget*>(before_.data());
+    if (takes && opener != nullptr) {
+        PickDir_DropFolder(s, opener->Bin(), folders_.filePath(currentIndex()).toStdString());
+        return Close();
+    }
     settling_ = false;
     QTreeView::keyPressEvent(event);
 }

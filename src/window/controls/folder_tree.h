@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFileSystemModel>
+#include <QPointer>
 #include <QTreeView>
 #include <optional>
 
@@ -21,12 +22,15 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    /// Return gives the chosen folder to the bin whose button has opened the tree by key.
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void ShowFolder();
+    void Close();
 
     Session& s;
+    QPointer<QWidget> before_;       // had the focus when the tree opened
     bool settling_ = false;          // the tree was opened and the player has not touched it yet
     std::optional<QPoint> pressed_;  // where a folder was pressed that may become a drag
     FilePictures pictures_;          // outlives the folders

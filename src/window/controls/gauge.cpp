@@ -54,8 +54,9 @@ void Gauge::paintEvent(QPaintEvent*) {
     p.setBrush(isEnabled() ? theme::kAccent : QColor(0x4a, 0x50, 0x5a));
     p.drawRoundedRect(QRectF(kScaleStart - 3, y - 3, x - kScaleStart + 3, 6), 3, 3);
     p.setBrush(isEnabled() ? theme::kText : QColor(0x6c, 0x74, 0x80));
-    p.setPen(QPen(hasFocus() ? theme::kAccent : theme::kWindow, hasFocus() ? 2 : 1));
+    p.setPen(QPen(theme::kWindow, 1));
     p.drawEllipse(QPointF(x, y), 7, 7);
+    if (hasFocus()) theme::DrawRoundFocus(p, QPointF(x, y), 8);
     p.setFont(theme::Digits(12));
     p.setPen(isEnabled() ? theme::kText : theme::kQuiet);
     p.drawText(QRectF(width() - kTextWidth, 0, kTextWidth, height()), Qt::AlignRight | Qt::AlignVCenter, rules_.Text());

@@ -70,18 +70,19 @@ void KnobControl::DrawDial(QPainter& p) const {
     DrawArc(p, ring, kRingStart, -kSweep, theme::kLine, 3.2);
     if (isEnabled()) {
         // A dark row colour gets a pale edge, so that its arc is seen on the dark ground.
-        const bool dark = theme::Contrast(colour, theme::kPanel) < 3;
+        const QColor edge = index == kMasterRow ? colour : theme::RowEdge(index);
         const double base = knob_ == Knob::Pan ? kRingStart - kSweep / 2 : kRingStart;
         const double span = knob_ == Knob::Pan ? -(turn - kSweep / 2) : -turn;
-        if (dark) DrawArc(p, ring, base, span, QColor(0xb9, 0xc4, 0xe6), 5.2);
+        if (edge != colour) DrawArc(p, ring, base, span, edge, 5.2);
         DrawArc(p, ring, base, span, colour, 3.2);
     }
     QRadialGradient face(centre - QPointF(2, 4), kRadius);
     face.setColorAt(0, isEnabled() ? QColor(0x4a, 0x50, 0x5a) : theme::kRaised);
     face.setColorAt(1, isEnabled() ? theme::kRaised : theme::kPanel);
     p.setBrush(face);
-    p.setPen(hasFocus() ? QPen(theme::kAccent, 1.5) : QPen(QColor(0x17, 0x19, 0x1c), 1));
+    p.setPen(QPen(QColor(0x17, 0x19, 0x1c), 1));
     p.drawEllipse(centre, kRadius - 4.5, kRadius - 4.5);
+    if (hasFocus()) theme::DrawRoundFocus(p, centre, kRadius - 4.5);
 
     const double angle = (kRingStart - turn) * M_PI / 180;
     const QPointF way(std::cos(angle), -std::sin(angle));

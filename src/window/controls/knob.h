@@ -18,6 +18,7 @@ protected:
     void PointerLost(std::int16_t button, QPointF twips) override;
     void DoubleClick(std::int16_t button, QPointF twips) override;
     void Step(int units) override;
+    void CoarseStep(int units) override { Step(10 * units); }
     void Activate() override { Knob_DblClick(s, knob_, index); }
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;

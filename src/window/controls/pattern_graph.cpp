@@ -11,7 +11,8 @@ namespace marvolin {
 
 namespace {
 
-constexpr double kPanFoot = kPanCentre;  // bars of the pan pattern start from the centre
+constexpr std::array<int, kPatternRows> kCoarse{10, 50, 20};  // of an arrow key
+constexpr double kPanFoot = kPanCentre;                       // bars of the pan pattern start from the centre
 
 QRectF StepPlace(double width, double height, int step, int steps) {
     const double left = kRandomColumnShare * width;
@@ -53,6 +54,39 @@ bool PatternGraphControl::TakesDrop(const DragSource& source) const { return sou
 
 void PatternGraphControl::Drop(const DragSource& source) {
     if (source.Name == drags::kEraser) EraserDrop(s, index);
+}
+
+void PatternGraphControl::GoTo(int column) {
+    cursor_ = std::clamp(column, 0, Columns());
+    PatternShow(s, index, cursor_);
+    update();
+}
+
+void PatternGraphControl::keyPressEvent(QKeyEvent* event) {
+    const int unit = event->modifiers().testFlag(Qt::ShiftModifier) ? 1 : kCoarse[static_cast<std::size_t>(index)];
+    cursor_ = std::min(cursor_, Columns());
+    switch (event->key()) {
+        case Qt::Key_Left:
+            return GoTo(cursor_ - 1);
+        case Qt::Key_Right:
+            return GoTo(cursor_ + 1);
+        case Qt::Key_Home:
+            return GoTo(1);
+        case Qt::Key_End:
+            return GoTo(Columns());
+        case Qt::Key_Up:
+            return PatternStep(s, index, cursor_, unit);
+        case Qt::Key_Down:
+            return PatternStep(s, index, cursor_, -unit);
+        case Qt::Key_PageUp:
+            return PatternStep(s, index, cursor_, 10 * unit);
+        case Qt::Key_PageDown:
+            return PatternStep(s, index, cursor_, -10 * unit);
+        case Qt::Key_Delete:
+            return EraserDrop(s, index);
+        default:
+            Control::keyPressEvent(event);
+    }
 }
 
 QRectF PatternGraphControl::ColumnPlace(int column) const {
@@ -114,6 +148,15 @@ void PatternGraphControl::paintEvent(QPaintEvent* event) {
     p.setPen(QPen(theme::kLine, 1));
     p.setBrush(Qt::NoBrush);
     p.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+    if (hasFocus()) DrawCursor(p);
+}
+
+void PatternGraphControl::DrawCursor(QPainter& p) const {
+    theme::DrawFocus(p, rect(), 1);
+    const QRectF column = ColumnPlace(std::min(cursor_, Columns())).adjusted(0, 3, 0, -3);
+    p.setPen(QPen(Qt::white, 1));
+    p.setBrush(Qt::NoBrush);
+    p.drawRect(column);
 }
 
 StepReadOutControl::StepReadOutControl(Session& session, QWidget* parent) : Control(session, parent, "StepReadOut") {

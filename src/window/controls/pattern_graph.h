@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+
 #include "window/controls/control.h"
 
 namespace marvolin {
@@ -14,18 +16,25 @@ public:
     /// Repaints one column: 0 the random column, 1 the first step.
     void RefreshColumn(int column);
     QRectF ColumnPlace(int column) const;
+    std::optional<DragSource> Carried(std::int16_t) override { return DragSource{drags::kPatternGraph, index, ""}; }
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void PointerLost(std::int16_t button, QPointF twips) override;
     bool TakesDrop(const DragSource& source) const override;
     void Drop(const DragSource& source) override;
+    /// Left and right, Home and End choose a column, the others turn its value; Delete erases the pattern.
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    int Columns() const { return std::max<int>(1, s.GraphColumns[static_cast<std::size_t>(index)]); }
+    void GoTo(int column);
     void DrawColumn(QPainter& p, int column) const;
+    void DrawCursor(QPainter& p) const;
     double HeightOf(double value) const;
     QPointF passed_;  // the previous place of the pointer, twips
+    int cursor_ = 1;  // the column that the keys turn
 };
 
 /// `StepReadOut`: marks the current step of `CurrentLoop` above the graphs, in line with their columns.

@@ -53,9 +53,9 @@ void CurrentBadge::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
     const QColor colour = theme::RowColour(s.CurrentLoop);
-    p.setPen(Qt::NoPen);
+    p.setPen(QPen(theme::RowEdge(s.CurrentLoop), 1));
     p.setBrush(colour);
-    p.drawRoundedRect(rect(), 5, 5);
+    p.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 5, 5);
     p.setPen(theme::InkOn(colour));
     p.setFont(theme::Sans(18, QFont::Bold));
     p.drawText(rect(), Qt::AlignCenter, QString(QChar(RowLetter(s.CurrentLoop))));

@@ -69,6 +69,7 @@ void FrameControl::paintEvent(QPaintEvent*) {
     p.setFont(theme::Sans(12, QFont::DemiBold));
     p.setPen(theme::kQuiet);
     p.drawText(QRect(12, 5, width() - 24, 18), Qt::AlignVCenter | Qt::AlignLeft, Caption());
+    if (hasFocus()) theme::DrawFocus(p, rect(), 6);
 }
 
 }  // namespace marvolin

@@ -65,6 +65,7 @@ void CloneTimeControl::paintEvent(QPaintEvent*) {
     p.setFont(theme::Sans(12));
     p.setPen(underMouse() ? theme::kText : theme::kQuiet);
     p.drawText(rect().adjusted(15, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft, Caption());
+    if (hasFocus()) theme::DrawFocus(p, rect(), 4);
 }
 
 }  // namespace marvolin

@@ -3,6 +3,7 @@
 #include <QAccessibleWidget>
 #include <cstring>
 
+#include "window/controls/control.h"
 #include "window/descriptions/described.h"
 #include "window/toolkit/strings.h"
 
@@ -10,7 +11,7 @@ namespace marvolin {
 
 namespace {
 
-class DrawnControl : public QAccessibleWidget {
+class DrawnControl : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
     DrawnControl(QWidget& widget, const Described& described)
         : QAccessibleWidget(&widget, described.Row().Role), described_(described) {}
@@ -18,6 +19,7 @@ public:
     QString text(QAccessible::Text kind) const override {
         switch (kind) {
             case QAccessible::Value:
+            case QAccessible::Description:  // a value in words is read to the user here
                 return ToQString(described_.Value());
             case QAccessible::Help:
                 return ToQString(described_.Hint(0, false));
@@ -28,7 +30,68 @@ public:
         }
     }
 
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        const bool on = described_.On();
+        switch (role()) {
+            case QAccessible::PageTab:
+                state.selectable = true;
+                state.selected = on;
+                break;
+            case QAccessible::Button:
+                state.pressed = on;
+                break;
+            default:
+                state.checkable = described_.HasState();
+                state.checked = on;
+        }
+        return state;
+    }
+
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        if (type == QAccessible::ValueInterface && HasScale()) return static_cast<QAccessibleValueInterface*>(this);
+        return QAccessibleWidget::interface_cast(type);
+    }
+
+    QVariant currentValue() const override { return described_.Scale().Now; }
+    QVariant maximumValue() const override { return described_.Scale().High; }
+    QVariant minimumValue() const override { return described_.Scale().Low; }
+    QVariant minimumStepSize() const override { return described_.Scale().Step; }
+    void setCurrentValue(const QVariant& value) override {
+        if (Control* control = Drawn()) control->SetByRequest(value.toDouble());
+    }
+
+    QStringList actionNames() const override {
+        QStringList names;
+        if (Drawn() == nullptr || !widget()->isEnabled()) return names;
+        const Keys taken = described_.Row().Taken;
+        if (Takes(taken, Keys::Press))
+            names << (described_.HasState() ? toggleAction() : pressAction()) << showMenuAction();
+        if (HasScale()) names << increaseAction() << decreaseAction();
+        if (taken != Keys::None) names << setFocusAction();
+        return names;
+    }
+
+    void doAction(const QString& name) override {
+        Control* control = Drawn();
+        if (control == nullptr || !actionNames().contains(name)) return;
+        if (name == toggleAction() || name == pressAction()) return control->PressByRequest();
+        if (name == showMenuAction()) return control->MenuByRequest();
+        if (name == setFocusAction()) return control->setFocus(Qt::TabFocusReason);
+        const ControlScale scale = described_.Scale();
+        control->SetByRequest(scale.Now + (name == increaseAction() ? scale.Step : -scale.Step));
+    }
+
+    QStringList keyBindingsForAction(const QString& name) const override {
+        const std::string key = described_.Shortcut();
+        const bool main = name == toggleAction() || name == pressAction();
+        return main && !key.empty() ? QStringList{ToQString(key)} : QStringList{};
+    }
+
 private:
+    bool HasScale() const { return described_.Scale().Step > 0; }
+    Control* Drawn() const { return dynamic_cast<Control*>(widget()); }
+
     const Described& described_;  // belongs to the widget, whose end ends this object too
 };
 

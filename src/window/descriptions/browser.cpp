@@ -38,6 +38,11 @@ constexpr std::array<const char*, kDestinations + 1> kDestinationHints{
     "Distribute (All): Bin 1 loads into A, Bin 2 into B, Bin 3 into C",
     "Gang (All): all three Bins load into all LoopTracks in control"};
 std::string DestinationHint(const Situation& at) { return OfEntry(kDestinationHints, at.Part); }
+std::string ChosenSample(const Situation& at) {
+    const SampleBin& bin = BinOf(at);
+    const auto row = static_cast<std::size_t>(bin.Selected);
+    return bin.Selected < 0 || row >= bin.Rows.size() ? "no sample chosen" : bin.Rows[row].Name;
+}
 
 std::string ComponentCaption(const Situation& at) {
     return std::string(kComponentTexts[static_cast<std::size_t>(at.Index)]);
@@ -62,7 +67,7 @@ constexpr Description kBrowserTable[] = {
      .Hint = "clk Open FolderExplorer",
      .Topic = 10123,
      .Role = QAccessible::Button,
-     .Taken = Keys::Press,
+     .Taken = Keys::Press | Keys::Carry,
      .Value = FolderTip},
     {.Name = "FileDestination",
      .Range = kBinIndices,
@@ -88,19 +93,20 @@ constexpr Description kBrowserTable[] = {
           "drg to Target; clk Ld->Dest; rtclk Stp/Ply Dest; rt margin drg to Target; clk Choose a Folder for this Bin"},
      .Topic = 10126,
      .Role = QAccessible::List,
-     .Taken = Keys::Choose | Keys::Press},
+     .Taken = Keys::Choose | Keys::Press | Keys::Carry,
+     .Value = ChosenSample},
     {.Name = "FolderTreeview1",
      .Label = "Folders",
      .Hint = "drg Folder to Sample Bin; rtclk to Close",
      .Topic = 10127,
      .Role = QAccessible::Tree,
-     .Taken = Keys::Choose | Keys::Escape},
+     .Taken = Keys::Choose | Keys::Press | Keys::Escape},
     {.Name = drags::kClipBoardList,
      .Label = "Clipboard of LoopTracks",
      .Hint = "drg Copy to LoopTrack; rtdrg Copy by Element",
      .Topic = 10128,
      .Role = QAccessible::List,
-     .Taken = Keys::Choose | Keys::Delete},
+     .Taken = Keys::Choose | Keys::Delete | Keys::Carry},
     {.Name = "Components",
      .Range = {0, static_cast<int>(kComponentTexts.size()) - 1},
      .Caption = ComponentCaption,

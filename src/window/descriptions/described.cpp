@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
+#include <QAbstractSlider>
 #include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
@@ -89,6 +90,18 @@ Described& Attach(Session* session, QWidget& widget, std::string_view name, int 
     return *described;
 }
 
+/// A slider of the toolkit has no fine step: with Shift the arrows go by one, and the page keys by a plain step.
+bool TurnFinely(QWidget& widget, const QKeyEvent& key) {
+    auto* slider = qobject_cast<QAbstractSlider*>(&widget);
+    if (slider == nullptr || !key.modifiers().testFlag(Qt::ShiftModifier)) return false;
+    const bool page = key.key() == Qt::Key_PageUp || key.key() == Qt::Key_PageDown;
+    const bool up = key.key() == Qt::Key_Up || key.key() == Qt::Key_Right || key.key() == Qt::Key_PageUp;
+    const bool down = key.key() == Qt::Key_Down || key.key() == Qt::Key_Left || key.key() == Qt::Key_PageDown;
+    const int step = page ? slider->singleStep() : 1;
+    if (up || down) slider->setValue(slider->value() + (up ? step : -step));
+    return up || down;
+}
+
 }  // namespace
 
 Described::Described(Session* session, QWidget& widget, const Description& row, int index)
@@ -114,6 +127,11 @@ std::string Described::Tip() const {
 
 std::string Described::Value() const { return Say(row_.Value); }
 std::string Described::Shortcut() const { return Say(row_.Shortcut); }
+
+ControlScale Described::Scale() const {
+    return row_.Scale == nullptr || session_ == nullptr ? ControlScale{} : row_.Scale({*session_, index_});
+}
+
 std::string Described::Hint(int part, bool held) const {
     std::string hint = Say(row_.Hint, part, held);
     if (hint.empty() || widget_.isEnabled()) return hint;
@@ -200,6 +218,11 @@ bool Described::TakesFromHolder(QObject& pointed, const QMouseEvent& event) {
 bool Described::eventFilter(QObject* object, QEvent* event) {
     if (Refuses(*event)) {
         event->accept();  // it does not go to the control below either
+        return true;
+    }
+    if (event->type() == QEvent::KeyPress && object == &widget_ &&
+        TurnFinely(widget_, static_cast<const QKeyEvent&>(*event))) {
+        event->accept();
         return true;
     }
     if (object == &widget_ && event->type() == QEvent::FocusIn && CameByKey(*event)) ShowHint(0, false);

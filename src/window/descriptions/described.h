@@ -47,6 +47,11 @@ public:
     std::string Tip() const;
     std::string Value() const;
     std::string Shortcut() const;
+    /// Without a scale, or without a session, `Step` is 0.
+    ControlScale Scale() const;
+    bool HasState() const { return row_.On != nullptr && session_ != nullptr; }
+    /// Whether it is ticked, lit or open.
+    bool On() const { return HasState() && row_.On({*session_, index_}); }
     /// What the status line shows: the hint, and in front of it, while the control is disabled, why it is.
     std::string Hint(int part, bool held) const;
 

@@ -22,6 +22,7 @@ enum class Keys : std::uint8_t {
     Type = 16,   ///< text
     Delete = 32,
     Escape = 64,  ///< closes the list
+    Carry = 128,  ///< Insert: picks up what the mouse would drag
 };
 constexpr Keys operator|(Keys a, Keys b) {
     return static_cast<Keys>(static_cast<std::uint8_t>(a) | static_cast<std::uint8_t>(b));
@@ -34,6 +35,14 @@ constexpr bool Takes(Keys set, Keys key) {
 struct Indices {
     int First = -1;
     int Last = -1;
+};
+
+/// A value on a scale. Without one `Step` is 0.
+struct ControlScale {
+    double Now = 0;
+    double Low = 0;
+    double High = 0;
+    double Step = 0;  ///< of the wheel
 };
 
 /// A row of the table. Members of an array that differ in more than the texts can say have rows of their own.
@@ -53,8 +62,10 @@ struct Description {
     std::int32_t Topic = 0;
     QAccessible::Role Role = QAccessible::NoRole;
     Keys Taken = Keys::None;
-    ControlText Value{};     ///< what it is set to, for assistive technology
-    ControlText Shortcut{};  ///< the key of the main window that does the same
+    ControlText Value{};                                   ///< what it is set to, for assistive technology
+    ControlScale (*Scale)(const Situation& at) = nullptr;  ///< where the value is a number
+    bool (*On)(const Situation& at) = nullptr;             ///< whether it is ticked, lit or open
+    ControlText Shortcut{};                                ///< the key of the main window that does the same
 };
 
 /// For `Description::Tip`: the same text as `Description::Label`.

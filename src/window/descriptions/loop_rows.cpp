@@ -1,11 +1,15 @@
 #include "window/descriptions/loop_rows.h"
 
+#include <algorithm>
+#include <array>
+
 #include "audio/play_gestures.h"
 #include "audio/play_modes.h"
 #include "audio/sample_loading.h"
 #include "core/drag_source.h"
 #include "instrument/loop_drops.h"
 #include "parameters/setters.h"
+#include "parameters/wires.h"
 #include "performance/selection/selection.h"
 #include "window/descriptions/parts.h"
 
@@ -45,6 +49,42 @@ constexpr const char* kLoopItHints =
     "sample each beat)";
 constexpr const char* kDropDownHints =
     "drg Copy Sample to LoopTrack, or Copy LoopTrack to Clipboard; clk Open Palette & History";
+std::string PlayValue(const Situation& at) {
+    const LoopTrackRun& run = at.State.Run[static_cast<Row>(at.Index)];
+    if (run.Paused != False) return "paused";
+    if (run.Playing != False) return "plays";
+    return at.Index == kSelectionRow || run.Loaded != False ? "stands still" : "empty";
+}
+
+std::string LetterValue(const Situation& at) { return SetOf(at).Thinnable != False ? "thinnable" : "not thinnable"; }
+
+std::string WireValue(const Situation& at) {
+    constexpr std::array<const char*, kChannels> kWireNames{"both white", "white and black", "black and white",
+                                                            "both black"};
+    const int wire = std::max<int>(SetOf(at).Channel, 1) - 1;
+    const std::string name = kWireNames[static_cast<std::size_t>(wire % kChannels)];
+    const std::string channel = "channel " + std::to_string(wire % kChannels + 1) + ", " + name;
+    return (wire & kDisconnected) == 0 ? channel : "disconnected from " + channel;
+}
+
+bool SelectedOn(const Situation& at) { return SetOf(at).Selected != False; }
+bool ThumbOn(const Situation& at) { return at.State.CurrentLoop == at.Index; }
+bool PlayOn(const Situation& at) { return at.State.Run[static_cast<Row>(at.Index)].Playing != False; }
+
+// Numbers as the readouts show them.
+ControlScale VolScale(const Situation& at) { return {static_cast<double>(SetOf(at).Vol), 0, kVolFull, 1}; }
+ControlScale PanScale(const Situation& at) {
+    return {static_cast<double>(SetOf(at).Pan - kPanCentre), -kPanCentre, kPanRight - kPanCentre, 1};
+}
+ControlScale HzScale(const Situation& at) { return {SetOf(at).Hz / 10.0, 0.1, kHzTop / 10.0, 0.1}; }
+ControlScale ModeScale(const Situation& at) {
+    return {static_cast<double>(LoopItMode(at.State, static_cast<Row>(at.Index))), kOneShot, kDrum, 1};
+}
+ControlScale WireScale(const Situation& at) {
+    const int wire = std::max<int>(SetOf(at).Channel, 1) - 1;
+    return {wire % kChannels + 1.0, 1, kChannels, 1};
+}
+
 constexpr const char* kLetrHint = "drg Start Dropper Op; rtdrg Start Fade Drg & Drop; dblclk Toggle Thinnable";
 constexpr const char* kSndDispHint = "clk/drg along top: Vol Jump; clk/drg along bottom: Vol Fade; rtclk Fade";
 
@@ -85,7 +125,8 @@ constexpr Description kLoopRowTable[] = {
      .Hint = "drg Select LoopTracks; rtdrg Deselect LoopTracks (drg over to select/deselect)",
      .Topic = 10020,
      .Role = QAccessible::CheckBox,
-     .Taken = Keys::Press},
+     .Taken = Keys::Press,
+     .On = SelectedOn},
     {.Name = "Thumb",
      .Range = kLoopTrackRows,
      .Label = "Show {row} on the pattern tab",
@@ -93,7 +134,8 @@ constexpr Description kLoopRowTable[] = {
      .Hint = "clk Select Pattern/LoopTrack Position; dblclk Open Pattern",
      .Topic = 10021,
      .Role = QAccessible::RadioButton,
-     .Taken = Keys::Press},
+     .Taken = Keys::Press,
+     .On = ThumbOn},
     {.Name = drags::kLetr,
      .Range = kLoopTrackRows,
      .Label = "{row}",
@@ -101,7 +143,8 @@ constexpr Description kLoopRowTable[] = {
      .Hint = kLetrHint,
      .Topic = kLoopTrackTopic,
      .Role = QAccessible::Button,
-     .Taken = Keys::Press},
+     .Taken = Keys::Press | Keys::Carry,
+     .Value = LetterValue},
     {.Name = drags::kLetr,
      .Range = kSelection,
      .Label = "Selection, {letter}",
@@ -109,7 +152,7 @@ constexpr Description kLoopRowTable[] = {
      .Hint = kLetrHint,
      .Topic = kLoopTrackTopic,
      .Role = QAccessible::Button,
-     .Taken = Keys::Press},
+     .Taken = Keys::Press | Keys::Carry},
     {.Name = "Play",
      .Range = kGangRows,
      .Label = "Play {row}",
@@ -118,6 +161,8 @@ constexpr Description kLoopRowTable[] = {
      .Topic = 10023,
      .Role = QAccessible::Button,
      .Taken = Keys::Press,
+     .Value = PlayValue,
+     .On = PlayOn,
      .Shortcut = "{letter}"},
     {.Name = "LoopIt",
      .Range = kGangRows,
@@ -127,7 +172,8 @@ constexpr Description kLoopRowTable[] = {
      .Topic = 10024,
      .Role = QAccessible::SpinBox,
      .Taken = Keys::Press | Keys::Turn,
-     .Value = ModeValue},
+     .Value = ModeValue,
+     .Scale = ModeScale},
     {.Name = "LoopIt",
      .Range = {kMasterRow, kMasterRow},
      .Label = "Play mode of the LoopTrack shown here",
@@ -136,7 +182,8 @@ constexpr Description kLoopRowTable[] = {
      .Topic = 10024,
      .Role = QAccessible::SpinBox,
      .Taken = Keys::Press | Keys::Turn,
-     .Value = ModeValue},
+     .Value = ModeValue,
+     .Scale = ModeScale},
     {.Name = drags::kDropDown,
      .Range = kLoopTrackRows,
      .Label = "Sample of {row}",
@@ -144,7 +191,7 @@ constexpr Description kLoopRowTable[] = {
      .Hint = {DropDownHint, kDropDownHints},
      .Topic = 10025,
      .Role = QAccessible::ButtonDropDown,
-     .Taken = Keys::Press,
+     .Taken = Keys::Press | Keys::Carry,
      .Value = SampleValue},
     {.Name = drags::kDropDown,
      .Range = kSelection,
@@ -153,23 +200,27 @@ constexpr Description kLoopRowTable[] = {
      .Hint = {DropDownHint, kDropDownHints},
      .Topic = 10025,
      .Role = QAccessible::ButtonDropDown,
-     .Taken = Keys::Press},
+     .Taken = Keys::Press | Keys::Carry},
     {.Name = "SndDisp",
      .Range = kLoopTrackRows,
      .Label = "Sound of {row}",
      .Tip = kLabelAsTip,
      .Hint = kSndDispHint,
      .Topic = kLoopTrackTopic,
-     .Role = QAccessible::Graphic,
-     .Value = VolValue},
+     .Role = QAccessible::Slider,
+     .Taken = Keys::Press | Keys::Move,
+     .Value = VolValue,
+     .Scale = VolScale},
     {.Name = "SndDisp",
      .Range = kSelection,
      .Label = "Level of {row}",
      .Tip = kLabelAsTip,
      .Hint = kSndDispHint,
      .Topic = kLoopTrackTopic,
-     .Role = QAccessible::Graphic,
-     .Value = VolValue},
+     .Role = QAccessible::Slider,
+     .Taken = Keys::Press | Keys::Move,
+     .Value = VolValue,
+     .Scale = VolScale},
     {.Name = "VolKnob",
      .Range = {0, kMasterRow},
      .Caption = "Vol",
@@ -179,7 +230,8 @@ constexpr Description kLoopRowTable[] = {
      .Topic = 10026,
      .Role = QAccessible::Dial,
      .Taken = Keys::Press | Keys::Turn,
-     .Value = VolValue},
+     .Value = VolValue,
+     .Scale = VolScale},
     {.Name = "PanKnob",
      .Range = kGangRows,
      .Caption = "Pan",
@@ -190,7 +242,8 @@ constexpr Description kLoopRowTable[] = {
      .Topic = 10027,
      .Role = QAccessible::Dial,
      .Taken = Keys::Press | Keys::Turn,
-     .Value = PanValue},
+     .Value = PanValue,
+     .Scale = PanScale},
     {.Name = "HzKnob",
      .Range = kGangRows,
      .Caption = "Freq",
@@ -200,7 +253,8 @@ constexpr Description kLoopRowTable[] = {
      .Topic = 10028,
      .Role = QAccessible::Dial,
      .Taken = Keys::Press | Keys::Turn,
-     .Value = HzValue},
+     .Value = HzValue,
+     .Scale = HzScale},
     {.Name = "ChannelFlag",
      .Range = kGangRows,
      .Label = "Wire of {row}",
@@ -208,7 +262,9 @@ constexpr Description kLoopRowTable[] = {
      .Hint = "drg Wire -/+; click Flip Colour; rtclk tggle Connect",
      .Topic = 10029,
      .Role = QAccessible::SpinBox,
-     .Taken = Keys::Press | Keys::Turn},
+     .Taken = Keys::Press | Keys::Turn,
+     .Value = WireValue,
+     .Scale = WireScale},
     {.Name = "SelectPopUp",
      .Caption = "Select",
      .Label = "Selection tools",
@@ -228,7 +284,7 @@ constexpr Description kLoopRowTable[] = {
      .Hint = "clk Use on this LoopTrack; drg to another LoopTrack",
      .Topic = 10032,
      .Role = QAccessible::List,
-     .Taken = Keys::Choose | Keys::Press | Keys::Escape},
+     .Taken = Keys::Choose | Keys::Press | Keys::Escape | Keys::Carry},
 };
 
 }  // namespace

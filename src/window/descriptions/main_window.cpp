@@ -1,8 +1,10 @@
 #include "window/descriptions/main_window.h"
 
 #include "audio/play_gestures.h"
+#include "audio/thinning.h"
 #include "core/drag_source.h"
 #include "parameters/fades.h"
+#include "performance/selection/bands.h"
 #include "window/descriptions/parts.h"
 
 namespace marvolin {
@@ -51,6 +53,33 @@ constexpr const char* kTabHints =
     "clk Open Mix Pad: one Ball mixes the four Channels; clk Open Sound Map: LoopTracks around a Listener; "
     "clk Open Patterns & Timing of a LoopTrack; clk Open Options: Sound Driver, Joystick, Mouse, Scripting, Timing; "
     "rtdrg Copy All Patterns & Timing Elements";
+ControlScale LimitScale(const Situation& at) { return {static_cast<double>(at.State.Limit), 1, kNoLimit, 1}; }
+ControlScale FadeSpeedScale(const Situation& at) {
+    return {static_cast<double>(FadeFactorGauge(at.State)), kFadeFactorLow, kFadeFactorHigh, 20};
+}
+
+bool TabOn(const Situation& at) { return at.State.ActiveTab == at.Index; }
+bool SelectorOn(const Situation& at) {
+    return at.Index == 0 ? at.State.SelectionControlled : at.State.BandTable[at.Index - 1].Controlled != False;
+}
+
+std::string BandsValue(const Situation& at) {
+    std::string bands;
+    for (Row band = 0; band < kBands; ++band) {
+        const BandRun run = DrawnBand(at.State, band);
+        if (run.Empty()) continue;
+        bands += (bands.empty() ? "band " : "; band ") + std::to_string(band) + " from " + RowLetter(run.First) +
+                 " to " + RowLetter(run.Last);
+    }
+    return bands.empty() ? "no bands" : bands;
+}
+
+std::string ScriptsValue(const Situation& at) { return at.State.ScriptEnabled ? "a script runs" : ""; }
+
+std::string SessionValue(const Situation& at) {
+    const std::string set = at.State.CurrentFile.empty() ? "no session" : "session " + at.State.CurrentFile;
+    return at.State.TodayLabel + ", " + set;
+}
 
 std::string QuickLoadHint(const Situation& at) {
     return at.State.QuickLoadTag == kLeftButton ? "clk Load Session" : "clk Open Session in the Save/Open Dialogue";
@@ -106,7 +135,8 @@ constexpr Description kMainWindowTable[] = {
      .Hint = {ScriptsHint, "clk Open Scripting; Scripts need Lua 5.4: install the package liblua5.4-0"},
      .Topic = 10007,
      .Role = QAccessible::Button,
-     .Taken = Keys::Press},
+     .Taken = Keys::Press,
+     .Value = ScriptsValue},
     {.Name = "PlayStop",
      .Label = "Play all (top), stop all (bottom)",
      .Tip = kLabelAsTip,
@@ -121,7 +151,8 @@ constexpr Description kMainWindowTable[] = {
      .Topic = 10009,
      .Role = QAccessible::SpinBox,
      .Taken = Keys::Turn,
-     .Value = LimitValue},
+     .Value = LimitValue,
+     .Scale = LimitScale},
     {.Name = "FadeFactor",
      .Label = "Fade speed",
      .Tip = kLabelAsTip,
@@ -129,7 +160,8 @@ constexpr Description kMainWindowTable[] = {
      .Topic = 10010,
      .Role = QAccessible::Slider,
      .Taken = Keys::Turn,
-     .Value = FadeSpeedValue},
+     .Value = FadeSpeedValue,
+     .Scale = FadeSpeedScale},
     {.Name = "ToTop",
      .Caption = ToTopCaption,
      .Label = "Minimize Toggle",
@@ -149,7 +181,8 @@ constexpr Description kMainWindowTable[] = {
      .Label = "Session and device",
      .Hint = "Today; Sound Driver, its Period & Delay; Session; Load of the Sound",
      .Topic = 10013,
-     .Role = QAccessible::StatusBar},
+     .Role = QAccessible::StatusBar,
+     .Value = SessionValue},
     {.Name = drags::kTabControl,
      .Label = "Tabs",
      .Hint = {TabControlHint, kSequenceHint},
@@ -161,7 +194,8 @@ constexpr Description kMainWindowTable[] = {
      .Hint = {TabHint, kTabHints},
      .Topic = 10015,
      .Role = QAccessible::PageTab,
-     .Taken = Keys::Press},
+     .Taken = Keys::Press | Keys::Move | Keys::Carry,
+     .On = TabOn},
     {.Name = "SelectorStrip", .Topic = 10016, .Role = QAccessible::Grouping},
     {.Name = "SelectorRadio",
      .Range = {0, kBands},
@@ -170,13 +204,16 @@ constexpr Description kMainWindowTable[] = {
      .Hint = "clk Toggle Control of Selection/Band; dblclk Control Selection/Band",
      .Topic = 10017,
      .Role = QAccessible::CheckBox,
-     .Taken = Keys::Press},
+     .Taken = Keys::Press,
+     .On = SelectorOn},
     {.Name = "Bands",
      .Label = "Bands: runs of LoopTracks that move together",
      .Tip = kLabelAsTip,
      .Hint = "drg Band over LoopTracks; clk Add/Remove; dblclk Empty",
      .Topic = 10018,
-     .Role = QAccessible::Graphic},
+     .Role = QAccessible::Graphic,
+     .Taken = Keys::Press | Keys::Move | Keys::Delete,
+     .Value = BandsValue},
     {.Name = "QuickLoad",
      .Label = "Sessions of the current folder",
      .Hint = {QuickLoadHint, "clk Load Session; clk Open Session in the Save/Open Dialogue"},

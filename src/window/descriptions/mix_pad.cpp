@@ -1,5 +1,9 @@
 #include "window/descriptions/mix_pad.h"
 
+#include <cmath>
+
+#include "core/routines.h"
+#include "performance/pad/mix_pad.h"
 #include "window/descriptions/parts.h"
 
 namespace marvolin {
@@ -36,6 +40,30 @@ constexpr std::array<const char*, 10> kSetChannelHints{"slct Wires of all LoopTr
 std::string PadTypeHint(const Situation& at) { return OfEntry(kPadTypeHints, at.Part); }
 std::string PadFunctionHint(const Situation& at) { return OfEntry(kPadFunctionHints, at.Part); }
 std::string SetChannelHint(const Situation& at) { return OfEntry(kSetChannelHints, at.Part); }
+/// The share of the way from left to right, or from top to bottom.
+std::string Share(double place, double half) {
+    return std::to_string(half > 0 ? static_cast<int>(std::lround(place * 50 / half)) : 0) + " %";
+}
+
+std::string PadBallValue(const Situation& at) {
+    const BallPoint place = PadBallPlace(at.State);
+    return Share(place.X, at.State.Geometry.PadHalfX) + " to the right, " + Share(place.Y, at.State.Geometry.PadHalfY) +
+           " down";
+}
+
+std::string LevelsValue(const Situation& at) {
+    constexpr std::array<const char*, kChannels + 1> kLevelLabels{"", "W ", ", WB ", ", BW ", ", B "};
+    std::string levels;
+    for (int channel = 1; channel <= kChannels; ++channel) {
+        const Session& s = at.State;
+        const bool pan = s.PadTypeIndex == kPanPad;
+        const std::string level = s.PadTypeIndex == kVolPad ? std::to_string(kVolFull - s.ChannelVol[channel])
+                                  : pan                     ? std::to_string(s.ChannelPan[channel] - kPanCentre)
+                                                            : NumberText(s.ChannelHz[channel] / 10.0) + " %";
+        levels += kLevelLabels[static_cast<std::size_t>(channel)] + level;
+    }
+    return levels;
+}
 
 std::string RelativeTip(const Situation& at) { return at.State.JoyEnabled ? "" : "No joystick was found at the start"; }
 
@@ -56,7 +84,8 @@ constexpr Description kMixPadTable[] = {
      .Off = "off until the start is done",
      .Topic = 10042,
      .Role = QAccessible::Indicator,
-     .Taken = Keys::Press | Keys::Move | Keys::Turn},
+     .Taken = Keys::Press | Keys::Move | Keys::Turn,
+     .Value = PadBallValue},
     {.Name = "PadType",
      .Label = "Pad type: what the ball moves",
      .Tip = kLabelAsTip,
@@ -82,7 +111,8 @@ constexpr Description kMixPadTable[] = {
      .Label = "Levels of the channels",
      .Hint = "Channels by their Flags: 1 W both white, 2 WB white & black, 3 BW black & white, 4 B both black",
      .Topic = 10046,
-     .Role = QAccessible::Chart},
+     .Role = QAccessible::Chart,
+     .Value = LevelsValue},
     {.Name = "TwistIndicator",
      .Label = "Twist",
      .Hint = "Twist: a mark for an Axis of the Joystick, which moves no sound",

@@ -13,6 +13,8 @@ constexpr std::array<const char*, 4> kSubTabs{"Joystick", "Mouse", "Scripting", 
 
 std::string SubTabCaption(const Situation& at) { return kSubTabs[static_cast<std::size_t>(at.Index)]; }
 
+bool SubTabOn(const Situation& at) { return at.State.ActiveSubTab == at.Index; }
+
 std::string ButtonLabel(const Situation& at) {
     return "Button of \"" + std::string(kJoyActions[static_cast<std::size_t>(at.Index)]) + "\"";
 }
@@ -121,7 +123,8 @@ constexpr Description kOptionTable[] = {
      .Hint = {SubTabHint, kSubTabHints},
      .Topic = 10104,
      .Role = QAccessible::PageTab,
-     .Taken = Keys::Press},
+     .Taken = Keys::Press | Keys::Move,
+     .On = SubTabOn},
     {.Name = "OptionSubPage", .Range = {0, 3}, .Topic = 10105, .Role = QAccessible::Pane},
     {.Name = "JoystickPage", .Topic = 10106, .Role = QAccessible::Pane},
     {.Name = "JButton",

@@ -83,13 +83,26 @@ std::string StepValue(const Situation& at) { return std::to_string(at.State.Run[
 
 std::string StepHint(const Situation& at) { return "Step that sounds, of " + StepsValue(at); }
 
+ControlScale StepsScale(const Situation& at) { return {static_cast<double>(at.State.StepsShown), 1, kPatternSteps, 1}; }
+
+ControlScale DigitScale(const Situation& at) { return {DigitValue(at)[0] - static_cast<double>('0'), 0, 9, 1}; }
+
+/// The values of the steps, then how far chance may move them.
+std::string GraphValue(const Situation& at) {
+    const PatternBlock& block = at.State.Set[at.State.CurrentLoop].Pattern[at.Index];
+    std::string values = "steps";
+    for (int step = 0; step < at.State.StepsShown; ++step) values += " " + std::to_string(block[step]);
+    return values + "; random " + std::to_string(block[kPatternOffset]);
+}
+
 constexpr Description kPatternTable[] = {
     {.Name = "PatternPage", .Hint = kSequenceHint, .Topic = 10080, .Role = QAccessible::Pane},
     {.Name = drags::kPatterns,
      .Caption = "Patterns",
      .Hint = "rtdrg Copy All Patterns",
      .Topic = 10081,
-     .Role = QAccessible::Grouping},
+     .Role = QAccessible::Grouping,
+     .Taken = Keys::Carry},
     {.Name = "CurrentLoop",
      .Label = "LoopTrack shown here",
      .Tip = kLabelAsTip,
@@ -105,14 +118,16 @@ constexpr Description kPatternTable[] = {
      .Topic = 10083,
      .Role = QAccessible::SpinBox,
      .Taken = Keys::Turn,
-     .Value = StepsValue},
+     .Value = StepsValue,
+     .Scale = StepsScale},
     {.Name = drags::kEraser,
      .Caption = "eraser",
      .Label = "Eraser: drag it onto a pattern",
      .Tip = kLabelAsTip,
      .Hint = "drg onto Pattern to Reset Pattern",
      .Topic = 10084,
-     .Role = QAccessible::Graphic},
+     .Role = QAccessible::Graphic,
+     .Taken = Keys::Carry},
     {.Name = "StepReadOut",
      .Label = "Step that sounds",
      .Tip = kLabelAsTip,
@@ -125,19 +140,23 @@ constexpr Description kPatternTable[] = {
      .Label = GraphLabel,
      .Hint = "clk, drg Draw Pattern; rtdrg Copy Pattern",
      .Topic = 10086,
-     .Role = QAccessible::Chart},
+     .Role = QAccessible::Chart,
+     .Taken = Keys::Move | Keys::Delete | Keys::Carry,
+     .Value = GraphValue},
     {.Name = drags::kAllTiming,
      .Caption = "Timing",
      .Hint = "rtdrg Copy All Timing Elements",
      .Topic = 10087,
-     .Role = QAccessible::Grouping},
+     .Role = QAccessible::Grouping,
+     .Taken = Keys::Carry},
     {.Name = drags::kCloneTime,
      .Range = {0, kTimeGroups - 1},
      .Caption = CloneCaption,
      .Tip = CloneTip,
      .Hint = "rtdrg Copy Timing Element",
      .Topic = 10088,
-     .Role = QAccessible::StaticText},
+     .Role = QAccessible::StaticText,
+     .Taken = Keys::Carry},
     {.Name = "TimeDigit",
      .Range = {0, kTimeGroups* kDigitsAGroup - 1},
      .Label = DigitLabel,
@@ -146,7 +165,8 @@ constexpr Description kPatternTable[] = {
      .Topic = 10089,
      .Role = QAccessible::SpinBox,
      .Taken = Keys::Turn,
-     .Value = DigitValue},
+     .Value = DigitValue,
+     .Scale = DigitScale},
     {.Name = "PercentReadOut",
      .Range = {0, kTimeGroups - 1},
      .Label = PercentLabel,

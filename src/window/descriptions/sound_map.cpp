@@ -16,6 +16,19 @@ std::string RollOffHint(const Situation& at) { return at.Held ? "" : RollOffText
 std::string MapSizeValue(const Situation& at) { return NumberText(at.State.MapSize / 10.0); }
 std::string RollOffValue(const Situation& at) { return NumberText(at.State.RollOff / 10.0); }
 
+ControlScale MapSizeScale(const Situation& at) {
+    return {at.State.MapSize / 10.0, kMapSizeLow / 10.0, kMapSizeHigh / 10.0, 0.1};
+}
+ControlScale RollOffScale(const Situation& at) {
+    return {at.State.RollOff / 10.0, kRollOffLow / 10.0, kRollOffHigh / 10.0, 0.1};
+}
+
+std::string PlaceValue(const Situation& at) {
+    const BallPoint place = ShownPlace(at.State, at.Index);
+    const std::string text = NumberText(place.X) + ", " + NumberText(place.Y);
+    return at.Index == kListenerBall ? text + ", " + std::to_string(at.State.ListenerAngle) + " degrees" : text;
+}
+
 constexpr const char* kNo3d = "off until 3D Sound is on";
 constexpr const char* kMapHint = "drg Letters to where LoopTracks sound, L to where they are heard";
 constexpr const char* kMapPageHint = "off until 3D Sound is on: clk the Box above";
@@ -48,7 +61,8 @@ constexpr Description kSoundMapTable[] = {
      .Off = kNo3d,
      .Topic = 10072,
      .Role = QAccessible::Indicator,
-     .Taken = Keys::Press | Keys::Move},
+     .Taken = Keys::Press | Keys::Move | Keys::Carry,
+     .Value = PlaceValue},
     {.Name = drags::kPosBall,
      .Range = {kListenerBall, kListenerBall},
      .Label = "The listener",
@@ -57,7 +71,8 @@ constexpr Description kSoundMapTable[] = {
      .Off = kNo3d,
      .Topic = 10072,
      .Role = QAccessible::Indicator,
-     .Taken = Keys::Press | Keys::Move},
+     .Taken = Keys::Press | Keys::Move | Keys::Turn,
+     .Value = PlaceValue},
     {.Name = "Enable3d",
      .Caption = "3D sound",
      .Tip = "Places sounds around the listener; pan rests while it is on",
@@ -73,7 +88,8 @@ constexpr Description kSoundMapTable[] = {
      .Topic = 10074,
      .Role = QAccessible::Slider,
      .Taken = Keys::Turn,
-     .Value = MapSizeValue},
+     .Value = MapSizeValue,
+     .Scale = MapSizeScale},
     {.Name = "RollOff",
      .Label = "Roll off: how fast sounds fade with their distance",
      .Tip = "Roll off: how fast sounds fade with their distance; a right click sets it to 1",
@@ -82,7 +98,8 @@ constexpr Description kSoundMapTable[] = {
      .Topic = 10075,
      .Role = QAccessible::Slider,
      .Taken = Keys::Turn,
-     .Value = RollOffValue},
+     .Value = RollOffValue,
+     .Scale = RollOffScale},
     {.Name = "PosMacros",
      .Label = "Positions: scatter the sounds, or let them wander",
      .Tip = kLabelAsTip,

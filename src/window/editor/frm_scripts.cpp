@@ -152,6 +152,9 @@ void FrmScripts::MakeKeys() {
     };
     add("F3", [this] { Find->Go(Search::Next); });
     add("Shift+F3", [this] { Find->Go(Search::Previous); });
+    // In the text Tab is a letter.
+    add("Ctrl+Tab", [this] { focusNextChild(); });
+    add("Ctrl+Shift+Tab", [this] { focusPreviousChild(); });
 }
 
 void FrmScripts::FitScreen() {

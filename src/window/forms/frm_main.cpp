@@ -15,10 +15,12 @@
 #include "instrument/dropped_files.h"
 #include "persistence/quick_load.h"
 #include "window/controls/text_button.h"
+#include "window/descriptions/announcer.h"
 #include "window/forms/selector_strip.h"
 #include "window/forms/status_bars.h"
 #include "window/forms/toolbar.h"
 #include "window/help/help_asker.h"
+#include "window/keys/key_drag.h"
 #include "window/popups/history_list.h"
 #include "window/popups/popup_list.h"
 #include "window/popups/select_list.h"
@@ -89,6 +91,8 @@ FrmMain::FrmMain(Session& session, Events events) : s(session), events_(std::mov
     if (events_.SoundLoad) load_.start();
     qApp->installEventFilter(this);
     help_ = std::make_unique<HelpAsker>(s);
+    keys_ = std::make_unique<KeyDrag>(s);
+    announcer_ = std::make_unique<Announcer>();
 }
 
 FrmMain::~FrmMain() { qApp->removeEventFilter(this); }
@@ -214,8 +218,15 @@ void FrmMain::dropEvent(QDropEvent* event) {
 
 bool FrmMain::IsTyping() const {
     QWidget* focus = QApplication::focusWidget();
+    const auto* text = dynamic_cast<QTextEdit*>(focus);
     return dynamic_cast<QLineEdit*>(focus) != nullptr || dynamic_cast<QAbstractSpinBox*>(focus) != nullptr ||
-           dynamic_cast<QTextEdit*>(focus) != nullptr || dynamic_cast<QPlainTextEdit*>(focus) != nullptr;
+           dynamic_cast<QPlainTextEdit*>(focus) != nullptr || (text != nullptr && !text->isReadOnly());
+}
+
+// One reads and plays. Ctrl and a letter are keys of Help itself.
+bool FrmMain::PlaysFrom(const QWidget& widget, const QKeyEvent& key) const {
+    if (widget.window() == this) return true;
+    return widget.window()->objectName() == "frmHelp" && !key.modifiers().testFlag(Qt::ControlModifier);
 }
 
 // Letters play the instrument whatever control of the main window has the focus. They are taken here, before a list
@@ -224,9 +235,9 @@ bool FrmMain::eventFilter(QObject* object, QEvent* event) {
     const bool press = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
     if (!press && event->type() != QEvent::KeyRelease) return false;
     auto* widget = dynamic_cast<QWidget*>(object);
-    if (widget == nullptr || widget->window() != this) return false;
+    if (widget == nullptr) return false;
     auto* key = static_cast<QKeyEvent*>(event);
-    if (key->key() < Qt::Key_A || key->key() > Qt::Key_Z || IsTyping()) return false;
+    if (key->key() < Qt::Key_A || key->key() > Qt::Key_Z || IsTyping() || !PlaysFrom(*widget, *key)) return false;
     Qt::KeyboardModifiers& pressed = pressed_[static_cast<std::size_t>(key->key() - Qt::Key_A)];
     if (event->type() == QEvent::KeyPress && !key->isAutoRepeat()) pressed = key->modifiers();
     if (event->type() == QEvent::KeyRelease && !key->isAutoRepeat() && events_.KeyUp) {

@@ -12,7 +12,9 @@
 
 namespace marvolin {
 
+class Announcer;
 class HelpAsker;
+class KeyDrag;
 class HistoryList;
 class LoopRow;
 class PopupList;
@@ -86,6 +88,7 @@ protected:
 private:
     void PlaceBars();
     bool IsTyping() const;
+    bool PlaysFrom(const QWidget& widget, const QKeyEvent& key) const;
     void ShowPlaces();
 
     Session& s;
@@ -94,6 +97,8 @@ private:
     QTimer load_;
     bool soundGone_ = false;
     std::unique_ptr<HelpAsker> help_;
+    std::unique_ptr<KeyDrag> keys_;
+    std::unique_ptr<Announcer> announcer_;
     std::array<Qt::KeyboardModifiers, 26> pressed_{};  // what was held when each letter was pressed
     PopupList* quickLoad_ = nullptr;
     HistoryList* historyList_ = nullptr;

@@ -7,6 +7,7 @@
 
 #include "performance/drops/palette.h"
 #include "window/descriptions/described.h"
+#include "window/popups/popup_list.h"
 #include "window/toolkit/drag.h"
 #include "window/toolkit/theme.h"
 
@@ -38,6 +39,7 @@ void HistoryList::Open(const QRect& button) {
     // Where neither side has room, as in Mini, the larger one takes what fits, and the list scrolls.
     const bool below = wanted <= under || (wanted > over && under >= over);
     const int height = std::min(wanted, below ? under : over);
+    if (!isVisible()) before_ = QApplication::focusWidget();
     setGeometry(button.left(), below ? button.bottom() + kHistoryGap : over - height, kHistoryWidth, height);
     raise();
     show();
@@ -70,8 +72,21 @@ void HistoryList::mouseReleaseEvent(QMouseEvent* event) {
 
 void HistoryList::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape) return HistoryList_LostFocus(s);
-    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) return QListWidget::keyPressEvent(event);
+    if (!IsChoosingKey(*event)) return QListWidget::keyPressEvent(event);
     if (HistoryList_MouseDown(s, static_cast<std::int16_t>(currentRow()))) HistoryList_DragDrop(s);
+}
+
+std::optional<DragSource> HistoryList::Carried(std::int16_t) {
+    if (currentRow() <= 0) return std::nullopt;  // the first entry closes the list
+    const auto source = HistoryList_MouseDown(s, static_cast<std::int16_t>(currentRow()));
+    HistoryList_LostFocus(s);
+    return source;
+}
+
+// Who came by key goes on where the list was opened.
+void HistoryList::hideEvent(QHideEvent* event) {
+    if (before_ != nullptr && hasFocus()) before_->setFocus();
+    QListWidget::hideEvent(event);
 }
 
 void HistoryList::focusOutEvent(QFocusEvent* event) {

@@ -23,6 +23,10 @@ bool HideOnPressBeside(QWidget& popup, const QEvent& event) {
     return true;
 }
 
+bool IsChoosingKey(const QKeyEvent& key) {
+    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter || key.key() == Qt::Key_Space;
+}
+
 PopupList::PopupList(Session& session, QWidget* parent, std::string_view name) : QListWidget(parent) {
     Describe(session, *this, name);
     setWindowFlags(Qt::Popup);
@@ -70,7 +74,7 @@ void PopupList::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void PopupList::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    if (IsChoosingKey(*event)) {
         if (OnChoose && currentItem() != nullptr) OnChoose(currentRow());
         return;
     }

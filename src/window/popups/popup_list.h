@@ -13,6 +13,9 @@ namespace marvolin {
 /// press and would stay open.
 bool HideOnPressBeside(QWidget& popup, const QEvent& event);
 
+/// Whether the key takes the current entry of an open list: Return, Enter or Space.
+bool IsChoosingKey(const QKeyEvent& key);
+
 /// A list that opens at a control and closes when the player presses elsewhere.
 class PopupList : public QListWidget {
 public:

@@ -51,7 +51,7 @@ void SelectList::hideEvent(QHideEvent* event) {
 }
 
 void SelectList::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) return Choose(currentItem());
+    if (IsChoosingKey(*event)) return Choose(currentItem());
     if (event->key() == Qt::Key_Escape) return hide();
     QListWidget::keyPressEvent(event);
 }

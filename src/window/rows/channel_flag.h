@@ -15,6 +15,7 @@ protected:
     void PointerLost(std::int16_t button, QPointF twips) override;
     void Step(int units) override;
     void Activate() override;
+    void DoubleActivate() override { Activate(); }
     void paintEvent(QPaintEvent* event) override;
 };
 

@@ -4,7 +4,6 @@
 
 #include "audio/sample_loading.h"
 #include "core/loops/grouping.h"
-#include "performance/drops/palette.h"
 #include "window/descriptions/parts.h"
 
 namespace marvolin {

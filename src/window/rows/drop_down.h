@@ -1,5 +1,6 @@
 #pragma once
 
+#include "performance/drops/palette.h"
 #include "window/controls/control.h"
 
 namespace marvolin {
@@ -12,6 +13,7 @@ public:
     void Refresh() override;
     /// A `DropDownPart`.
     int PartAt(QPointF place) const override;
+    std::optional<DragSource> Carried(std::int16_t) override { return DropDown_MouseDown(s, index, 0); }
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;

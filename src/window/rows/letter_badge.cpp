@@ -25,7 +25,8 @@ void LetterBadge::paintEvent(QPaintEvent*) {
     p.setRenderHint(QPainter::Antialiasing);
     const QColor ground = theme::RowColour(index);
     const QRectF badge = QRectF(rect()).adjusted(2, 2, -2, -2);
-    p.setPen(Qt::NoPen);
+    const QColor edge = theme::RowEdge(index);
+    p.setPen(edge == ground ? QPen(Qt::NoPen) : QPen(edge, 1));
     p.setBrush(underMouse() ? ground.lighter(112) : ground);
     p.drawRoundedRect(badge, 5, 5);
     p.setPen(theme::InkOn(ground));

@@ -98,7 +98,8 @@ void LoopRow::paintEvent(QPaintEvent* event) {
     p.setBrush(ground);
     p.drawRoundedRect(rect(), 5, 5);
     p.setBrush(theme::RowColour(row_));
-    p.drawRoundedRect(QRectF(0, 0, 4, height()), 2, 2);
+    if (theme::RowEdge(row_) != theme::RowColour(row_)) p.setPen(QPen(theme::RowEdge(row_), 1));
+    p.drawRoundedRect(QRectF(0.5, 0.5, 4, height() - 1), 2, 2);
 }
 
 }  // namespace marvolin

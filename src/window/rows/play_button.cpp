@@ -39,7 +39,7 @@ void PlayButton::paintEvent(QPaintEvent*) {
     const bool ready = index == kSelectionRow || s.Run[index].Loaded != False;
     QColor ground = theme::kRaised;
     QColor line = theme::kLine;
-    QColor ink = ready ? theme::kText : QColor(0x6c, 0x74, 0x80);
+    QColor ink = ready ? theme::kText : theme::kOff;
     if (paused) {
         ground = theme::kAmberGround;
         line = ink = theme::kAccent;
@@ -55,6 +55,7 @@ void PlayButton::paintEvent(QPaintEvent*) {
         p.drawRoundedRect(QRectF(c.x() - 6.5, c.y() - 7, 4, 14), 1, 1);
         p.drawRoundedRect(QRectF(c.x() + 2.5, c.y() - 7, 4, 14), 1, 1);
     } else {
+        if (!playing) p.setBrush(Qt::NoBrush);  // full while it plays, hollow while it stands still
         p.drawPolygon(QPolygonF({c + QPointF(-5, -7), c + QPointF(8, 0), c + QPointF(-5, 7)}));
     }
 }

@@ -50,9 +50,7 @@ void SelectFlag::paintEvent(QPaintEvent*) {
     const QColor colour = theme::RowColour(index);
     const QPointF c = QRectF(rect()).center();
     const QRectF box(c.x() - 8.5, c.y() - 8.5, 17, 17);
-    p.setPen(QPen(on ? (theme::Contrast(colour, theme::kPanel) < 3 ? QColor(0xb9, 0xc4, 0xe6) : colour)
-                     : QColor(0x7d, 0x85, 0x90),
-                  1.4));
+    p.setPen(QPen(on ? theme::RowEdge(index) : theme::kOff, 1.4));
     p.setBrush(on ? colour : theme::kSunk);
     p.drawRoundedRect(box, 4, 4);
     if (on) {

@@ -1,5 +1,6 @@
 #include "window/rows/sound_display.h"
 
+#include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QTimer>
@@ -7,7 +8,8 @@
 #include <cmath>
 
 #include "core/errors.h"
-#include "performance/sound_display.h"
+#include "core/routines.h"
+#include "parameters/setters.h"
 
 namespace marvolin {
 
@@ -38,6 +40,42 @@ void SoundDisplay::Gesture(Phase phase, std::int16_t button, QPointF twips) {
             SndDisp_Change(s, index, needle_, LevelAt(twips));
             needle_ = kNoNeedle;
             return;
+    }
+}
+
+void SoundDisplay::MoveLevel(int units) {
+    SndDisp_Change(s, index, kLevelNeedle, static_cast<std::int16_t>(s.Set[index].Vol + units));
+    ShowReadout(s, described.Value());
+}
+
+void SoundDisplay::MoveTarget(int units) {
+    const int target = std::clamp<int>(s.SndDisp[index].Line + units, 0, kVolFull);
+    SndDisp_Moving(s, index, kTargetNeedle, static_cast<std::int16_t>(target));
+    ShowReadout(s, "Fade to " + Vol2Text(static_cast<std::int16_t>(target)));
+}
+
+void SoundDisplay::keyPressEvent(QKeyEvent* event) {
+    const int unit = event->modifiers().testFlag(Qt::ShiftModifier) ? 1 : 10;
+    switch (event->key()) {
+        case Qt::Key_Left:
+            return MoveLevel(-unit);
+        case Qt::Key_Right:
+            return MoveLevel(unit);
+        case Qt::Key_Down:
+            return MoveTarget(-unit);
+        case Qt::Key_Up:
+            return MoveTarget(unit);
+        case Qt::Key_PageDown:
+            return MoveTarget(-10 * unit);
+        case Qt::Key_PageUp:
+            return MoveTarget(10 * unit);
+        case Qt::Key_Escape:
+            if (s.SndDisp[index].Line == s.SndDisp[index].Level || s.Run[index].FadeState != kNoFade) {
+                return event->ignore();
+            }
+            return SndDisp_Moving(s, index, kTargetNeedle, s.SndDisp[index].Level);
+        default:
+            Control::keyPressEvent(event);
     }
 }
 
@@ -173,9 +211,11 @@ void SoundDisplay::paintEvent(QPaintEvent* event) {
     DrawNeedle(p, state.Line, false);
     DrawNeedle(p, state.Level, true);
     shownX_ = PlaceX();
-    if (shownX_ < 0) return;
-    p.setPen(QPen(theme::InkOn(Ground()), 1.6));
-    p.drawLine(QPointF(shownX_, 2), QPointF(shownX_, height() - 2));
+    if (shownX_ >= 0) {
+        p.setPen(QPen(theme::InkOn(Ground()), 1.6));
+        p.drawLine(QPointF(shownX_, 2), QPointF(shownX_, height() - 2));
+    }
+    if (hasFocus()) theme::DrawFocus(p, rect(), 5);
 }
 
 }  // namespace marvolin

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "audio/waveform.h"
+#include "performance/sound_display.h"
 #include "window/controls/control.h"
 
 namespace marvolin {
@@ -20,10 +21,19 @@ public:
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
+    /// Fades to the lower needle.
+    void Activate() override { SndDisp_Change(s, index, kTargetNeedle, s.SndDisp[index].Line); }
+    void DoubleActivate() override { Activate(); }
+    void TurnTo(double value) override { SndDisp_Change(s, index, kLevelNeedle, static_cast<std::int16_t>(value)); }
+    /// Left and right move the volume, up and down the lower needle, with Page Up and Page Down in long steps; Escape
+    /// puts the lower needle back to the volume.
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void MoveLevel(int units);
+    void MoveTarget(int units);
     std::int16_t LevelAt(QPointF twips) const;
     QRectF Inner() const;
     int Columns() const;

@@ -28,16 +28,18 @@ void ThumbControl::paintEvent(QPaintEvent*) {
     QPainter p(this);
     const bool current = s.CurrentLoop == index;
     const QColor colour = theme::RowColour(index);
-    const bool dark = theme::Contrast(colour, theme::kRaised) < 3;
+    const QColor edge = theme::RowEdge(index);
+    const bool dark = edge != colour;
     theme::DrawFace(p, rect(), Face(), current ? theme::kLifted : theme::kRaised);
     if (current) {
-        p.setPen(QPen(dark ? QColor(0xb9, 0xc4, 0xe6) : colour, 2));
+        p.setPen(QPen(edge, 2));
         p.setBrush(Qt::NoBrush);
-        p.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 6, 6);
+        const double inset = hasFocus() ? 5 : 1;  // within the ring of the focus, which is as light
+        p.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), 6, 6);
     }
     const QPointF c = QRectF(rect()).center();
     for (int pass = dark ? 0 : 1; pass < 2; ++pass) {
-        p.setPen(QPen(pass == 0 ? QColor(0xb9, 0xc4, 0xe6) : colour, pass == 0 ? 3.4 : 2, Qt::SolidLine, Qt::FlatCap));
+        p.setPen(QPen(pass == 0 ? edge : colour, pass == 0 ? 3.4 : 2, Qt::SolidLine, Qt::FlatCap));
         double x = c.x() - 12;
         for (const double height : kStrokes) {
             const double half = height / 2 + (pass == 0 ? 0.7 : 0);

@@ -6,10 +6,19 @@
 #include <cmath>
 #include <utility>
 
+#include "parameters/position.h"
 #include "performance/ball_hand.h"
 #include "window/surfaces/surface.h"
 
 namespace marvolin {
+
+namespace {
+
+// Degrees a key. The picture of the listener shows each fifth one.
+constexpr int kTurn = 15;
+constexpr int kFineTurn = 5;
+
+}  // namespace
 
 Ball::Ball(Session& session, QWidget* parent, const char* name, int ballNumber)
     : Control(session, parent, name, ballNumber == kPadBall ? -1 : ballNumber), number_(ballNumber) {
@@ -51,11 +60,26 @@ void Ball::Gesture(Phase phase, std::int16_t button, QPointF twips) {
 
 void Ball::Activate() { BallCentre(s, number_); }
 
+std::optional<DragSource> Ball::Carried(std::int16_t) {
+    if (number_ >= kLoopTracks) return std::nullopt;
+    return DragSource{drags::kPosBall, static_cast<Row>(number_), kFadeTag};
+}
+
+void Ball::RightButton(Phase phase) {
+    if (phase != Phase::Down) return;
+    if (const auto fade = Carried(kRightButton)) Drop(*fade);
+}
+
 void Ball::keyPressEvent(QKeyEvent* event) {
+    const bool fine = event->modifiers().testFlag(Qt::ShiftModifier);
+    const int turn = event->key() == Qt::Key_PageUp ? -1 : event->key() == Qt::Key_PageDown ? 1 : 0;
+    if (turn != 0 && number_ == kListenerBall) {
+        return ListenerStep(s, turn * (fine ? kFineTurn : kTurn));
+    }
     const int right = event->key() == Qt::Key_Right ? 1 : event->key() == Qt::Key_Left ? -1 : 0;
     const int down = event->key() == Qt::Key_Down ? 1 : event->key() == Qt::Key_Up ? -1 : 0;
     if (right == 0 && down == 0) return Control::keyPressEvent(event);
-    BallStep(s, number_, right, down);
+    BallStep(s, number_, right, down, fine ? 1 : kBallStep);
 }
 
 }  // namespace marvolin

@@ -15,10 +15,14 @@ public:
     Ball(Session& session, QWidget* parent, const char* name, int ballNumber);
     /// Moves the ball to its place in the session.
     void Refresh() override;
+    std::optional<DragSource> Carried(std::int16_t button) override;
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void Activate() override;
+    void DoubleActivate() override { Activate(); }
+    /// On the ball of a LoopTrack a click of it turns the fade round.
+    void RightButton(Phase phase) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

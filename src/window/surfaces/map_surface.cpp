@@ -25,9 +25,10 @@ void PosBall::PaintLoopTrack(QPainter& p) const {
     const QRectF ball = BallFace().adjusted(-1, -1, 1, 1);
     QColor colour = theme::RowColour(index);
     if (!isEnabled()) colour = theme::kRaised;
-    p.setPen(QPen(lit || hasFocus() ? QColor(Qt::white) : colour.darker(160), lit || hasFocus() ? 2.4 : 1));
+    p.setPen(QPen(lit ? QColor(Qt::white) : isEnabled() ? theme::RowEdge(index) : theme::kOff, lit ? 2.4 : 1));
     p.setBrush(colour);
     p.drawEllipse(ball);
+    if (hasFocus()) theme::DrawRoundFocus(p, ball.center(), ball.width() / 2 + 0.5);
     p.setFont(theme::Sans(11, QFont::Bold));
     p.setPen(isEnabled() ? theme::InkOn(colour) : theme::kQuiet);
     p.drawText(ball, Qt::AlignCenter, QString(QChar('A' + index)));
@@ -47,8 +48,9 @@ void PosBall::PaintListener(QPainter& p) const {
     p.drawPath(nose);
     p.drawRoundedRect(QRectF(-10.5, -3, 4, 7), 2, 2);
     p.drawRoundedRect(QRectF(6.5, -3, 4, 7), 2, 2);
-    p.setPen(QPen(hasFocus() ? theme::kAccent : theme::kWindow, hasFocus() ? 2 : 1));
+    p.setPen(QPen(theme::kWindow, 1));
     p.drawEllipse(QPointF(0, 0), 7.8, 7.8);
+    if (hasFocus()) theme::DrawRoundFocus(p, QPointF(0, 0), 7.8);
     p.setPen(Qt::NoPen);
     p.setBrush(theme::kAccent);
     p.drawEllipse(QPointF(0, -4), 1.8, 1.8);

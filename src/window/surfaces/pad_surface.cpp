@@ -54,10 +54,11 @@ void PadBall::paintEvent(QPaintEvent*) {
     p.setPen(Qt::NoPen);
     p.setBrush(QColor(0, 0, 0, 50));
     p.drawEllipse(ball.adjusted(-2, -1, 2, 3));
-    p.setPen(QPen(hasFocus() ? theme::kAccent : QColor(Qt::white), 2));
+    p.setPen(QPen(Qt::white, 2));
     p.setBrush(isEnabled() ? theme::kWindow : QColor(0x6c, 0x74, 0x80));
     p.drawEllipse(ball.adjusted(-1, -1, 1, 1));
     DrawBallFace(p, ball.center(), PadBallFace(s));
+    if (hasFocus()) theme::DrawRoundFocus(p, ball.center(), ball.width() / 2 + 1.5);
 }
 
 PadSurface::PadSurface(Session& session, QWidget* parent)

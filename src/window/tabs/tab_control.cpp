@@ -1,5 +1,6 @@
 #include "window/tabs/tab_control.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -22,6 +23,32 @@ TabButton::TabButton(Session& session, QWidget* parent, TabStrip strip, int tab)
     : Control(session, parent, strip == TabStrip::Main ? "Tab" : "OptionSubTab", tab), strip_(strip) {}
 
 std::int16_t TabButton::OpenTab() const { return strip_ == TabStrip::Main ? s.ActiveTab : s.ActiveSubTab; }
+
+std::optional<DragSource> TabButton::Carried(std::int16_t) {
+    if (strip_ != TabStrip::Main || OpenTab() != kPatternTab) return std::nullopt;
+    return DragSource{drags::kTabControl, 0, ""};
+}
+
+void TabButton::GoTo(int tab) {
+    auto* beside = parentWidget()->findChild<QWidget*>(QString::fromStdString(ObjectNameOf(described.Row().Name, tab)));
+    if (beside == nullptr) return;  // there is none at the ends
+    beside->setFocus(Qt::TabFocusReason);
+    const auto opened = static_cast<std::int16_t>(tab);
+    strip_ == TabStrip::Main ? SetTab(s, opened) : OptionSubTabs_Click(s, opened);
+}
+
+void TabButton::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Left:
+        case Qt::Key_Up:
+            return GoTo(index - 1);
+        case Qt::Key_Right:
+        case Qt::Key_Down:
+            return GoTo(index + 1);
+        default:
+            Control::keyPressEvent(event);
+    }
+}
 
 void TabButton::Gesture(Phase phase, std::int16_t button, QPointF) {
     if (phase != Phase::Down) return;

@@ -21,13 +21,18 @@ class TabButton : public Control {
 public:
     /// The caption of the tab `tab`, from 0.
     TabButton(Session& session, QWidget* parent, TabStrip strip, int tab);
+    /// While "Ptrn" is open all that it shows.
+    std::optional<DragSource> Carried(std::int16_t button) override;
 
 protected:
+    /// The arrows open the tab beside this one.
+    void keyPressEvent(QKeyEvent* event) override;
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     std::int16_t OpenTab() const;
+    void GoTo(int tab);
 
     const TabStrip strip_;
 };

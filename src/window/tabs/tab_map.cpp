@@ -122,9 +122,10 @@ void TabMap::paintEvent(QPaintEvent*) {
         const int y = 34 + ball * 30;
         const bool listener = ball == kListenerBall;
         const QColor colour = listener ? theme::kText : theme::RowColour(static_cast<Row>(ball));
-        p.setPen(Qt::NoPen);
+        const QColor edge = listener ? colour : theme::RowEdge(static_cast<Row>(ball));
+        p.setPen(QPen(s.MapEnabled ? edge : theme::kOff, 1));
         p.setBrush(s.MapEnabled ? colour : theme::kRaised);
-        p.drawEllipse(QRectF(kMapRight, y, 18, 18));
+        p.drawEllipse(QRectF(kMapRight + 0.5, y + 0.5, 17, 17));
         p.setFont(theme::Sans(11, QFont::Bold));
         p.setPen(s.MapEnabled ? theme::InkOn(colour) : theme::kQuiet);
         p.drawText(QRectF(kMapRight, y, 18, 18), Qt::AlignCenter, listener ? QString("L") : QString(QChar('A' + ball)));

@@ -40,7 +40,7 @@ QPixmap Painted(const QSize& size, double ratio, const std::function<void(QPaint
 void DrawLetter(QPainter& p, Row row) {
     const QRectF badge(23, 1, 18, 18);
     const QColor ground = theme::RowColour(row);
-    p.setPen(QPen(theme::kWindow, 1));
+    p.setPen(QPen(theme::RowEdge(row), 1));
     p.setBrush(ground);
     p.drawRoundedRect(badge, 4, 4);
     p.setPen(theme::InkOn(ground));
@@ -147,6 +147,7 @@ std::string DragName(const Session& s, const DragSource& source) {
         return sample.empty() ? std::string("LoopTrack ") + RowLetter(source.Index) : sample;
     }
     if (source.Name == drags::kEraser) return "Eraser";
+    if (IsTool(source)) return std::string(IsDropper(source) ? "Settings of " : "Fade of ") + RowLetter(source.Index);
     return SequenceName(s, source);
 }
 

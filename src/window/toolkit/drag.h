@@ -12,8 +12,8 @@ class QWidget;
 
 namespace marvolin {
 
-/// What `source` carries, in a few words: a sample, a folder, a clip, an entry of the palette, or what it copies from
-/// which LoopTrack.
+/// What `source` carries, in a few words: a sample, a folder, a clip, an entry of the palette, the settings or the fade
+/// of a LoopTrack, or what it copies from which LoopTrack.
 std::string DragName(const Session& s, const DragSource& source);
 
 /// The picture of a drag: `Dropper` or, for a fade drag, `DissolveCursor`, with the letter of the row that it starts

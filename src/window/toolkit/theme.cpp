@@ -16,6 +16,7 @@ namespace marvolin::theme {
 
 namespace {
 
+constexpr double kLeastShapeContrast = 3;
 constexpr double kPaleEnough = 0.12;  // luminance from which a row colour is visible on the dark ground
 
 QString Family() {
@@ -69,7 +70,8 @@ QCheckBox::indicator { border-radius: 4px; }
 QRadioButton::indicator { border-radius: 8px; }
 QCheckBox::indicator:checked { background: #ffc94d; border-color: #ffc94d; image: url(:/marvolin/check.svg); }
 QRadioButton::indicator:checked { background: #ffc94d; border: 4px solid #14161a; width: 9px; height: 9px; }
-QCheckBox:focus, QRadioButton:focus { color: #ffc94d; }
+QCheckBox, QRadioButton { border: 1px solid transparent; border-radius: 4px; }
+QCheckBox:focus, QRadioButton:focus { border-color: #ffc94d; }
 QSlider::groove:horizontal { height: 6px; border-radius: 3px; background: #14161a; border: 1px solid #3a3f47; }
 QSlider::sub-page:horizontal { border-radius: 3px; background: #ffc94d; border: 1px solid #ffc94d; }
 QSlider::sub-page:horizontal:disabled { background: #4a505a; border-color: #4a505a; }
@@ -94,10 +96,13 @@ QTabBar::tab { background: #1d1f23; color: #9aa2ad; border: 1px solid #3a3f47; b
   border-top-left-radius: 6px; border-top-right-radius: 6px; padding: 5px 20px; margin-right: 2px; }
 QTabBar::tab:hover { background: #2e3238; }
 QTabBar::tab:selected { background: #26292f; color: #e6e8eb; font-weight: 600; }
-QTabBar::tab:focus { color: #ffc94d; }
+QTabBar::tab:focus { border-color: #ffc94d; color: #ffc94d; }
 QTreeView, QListView { border: 1px solid #3a3f47; outline: none; }
 QTreeView::item, QFileDialog QListView::item { padding: 2px; }
 QTreeView::item:selected, QFileDialog QListView::item:selected { background: #ffc94d; color: #1d1f23; }
+QTextEdit, QPlainTextEdit { border: 1px solid #3a3f47; }
+QTreeView:focus, QListView:focus, QListWidget:focus, QTextEdit:focus, QPlainTextEdit:focus {
+  border: 1px solid #ffc94d; }
 QHeaderView::section { background: #2e3238; color: #e6e8eb; border: none; border-right: 1px solid #3a3f47;
   padding: 4px 6px; }
 QToolButton { background: #2e3238; border: 1px solid #4a505a; border-radius: 4px; padding: 3px; }
@@ -145,6 +150,11 @@ QColor RowColour(Row row) {
     return {colour.Red, colour.Green, colour.Blue};
 }
 
+QColor RowEdge(Row row) {
+    const QColor colour = RowColour(row);
+    return Contrast(colour, kRaised) < kLeastShapeContrast ? kPale : colour;
+}
+
 double Luminance(const QColor& colour) {
     const auto linear = [](double c) { return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
     return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
@@ -181,9 +191,20 @@ void DrawFace(QPainter& p, const QRectF& rect, const FaceState& state, const QCo
 
 void DrawFocus(QPainter& p, const QRectF& rect, double radius) {
     p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(QPen(kAccent, 1.5));
     p.setBrush(Qt::NoBrush);
-    p.drawRoundedRect(rect.adjusted(0.75, 0.75, -0.75, -0.75), radius, radius);
+    p.setPen(QPen(kSunk, 1.5));
+    p.drawRoundedRect(rect.adjusted(2.5, 2.5, -2.5, -2.5), radius - 1.5, radius - 1.5);
+    p.setPen(QPen(kAccent, 2));
+    p.drawRoundedRect(rect.adjusted(1, 1, -1, -1), radius, radius);
+}
+
+void DrawRoundFocus(QPainter& p, const QPointF& centre, double radius) {
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setBrush(Qt::NoBrush);
+    p.setPen(QPen(kSunk, 4));
+    p.drawEllipse(centre, radius, radius);
+    p.setPen(QPen(kAccent, 2));
+    p.drawEllipse(centre, radius, radius);
 }
 
 }  // namespace marvolin::theme

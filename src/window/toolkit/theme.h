@@ -26,6 +26,8 @@ inline const QColor kGreen{0x5f, 0xd0, 0x7a};
 inline const QColor kGreenGround{0x1d, 0x46, 0x2a};
 inline const QColor kAmberGround{0x4a, 0x3a, 0x16};
 inline const QColor kRed{0xe5, 0x5b, 0x50};
+inline const QColor kOff{0x7d, 0x85, 0x90};   ///< shapes that are off
+inline const QColor kPale{0xb9, 0xc4, 0xe6};  ///< edges of what is too dark for its ground
 
 /// Sets style, palette, font and stylesheet of the whole program.
 void Apply(QApplication& application);
@@ -37,6 +39,9 @@ QFont Digits(int pixels, QFont::Weight weight = QFont::Normal);
 
 /// The colour of a row, exactly as in the model.
 QColor RowColour(Row row);
+/// The colour of lines and edges of a row: its own, or a pale one where that is too dark for the dark grounds. Always
+/// three times as light as they, or more.
+QColor RowEdge(Row row);
 /// Relative luminance, 0 black..1 white.
 double Luminance(const QColor& colour);
 /// Contrast ratio of two colours, 1..21.
@@ -56,7 +61,10 @@ struct FaceState {
 /// Draws a rounded face with its border: lighter under the pointer, with a ring in the accent colour when focused.
 void DrawFace(QPainter& p, const QRectF& rect, const FaceState& state, const QColor& fill = kRaised,
               const QColor& line = kLine, double radius = 6);
-/// Draws the focus ring alone.
+/// Draws the focus ring alone: accent, with a dark one inside, so that it stands out on every ground, the accent itself
+/// included.
 void DrawFocus(QPainter& p, const QRectF& rect, double radius = 6);
+/// The same around something round.
+void DrawRoundFocus(QPainter& p, const QPointF& centre, double radius);
 
 }  // namespace marvolin::theme

@@ -1,0 +1,60 @@
+#include "window/descriptions/announcer.h"
+
+#include <QApplication>
+#include <QWidget>
+#include <string_view>
+#include <utility>
+
+#include "window/controls/control.h"
+#include "window/descriptions/described.h"
+
+namespace marvolin {
+
+Announcer::Announcer(std::function<void(QAccessibleEvent*)> tell) : tell_(std::move(tell)) {
+    timer_.setInterval(kPeriod);
+    timer_.callOnTimeout(this, [this] { Look(); });
+    QAccessible::installActivationObserver(this);
+    accessibilityActiveChanged(QAccessible::isActive());
+}
+
+Announcer::~Announcer() { QAccessible::removeActivationObserver(this); }
+
+void Announcer::accessibilityActiveChanged(bool active) {
+    told_.clear();
+    active ? timer_.start() : timer_.stop();
+}
+
+void Announcer::Tell(QWidget& widget, const Told& before, const Told& now) {
+    if (before.Number != now.Number) {
+        QAccessibleValueChangeEvent value(&widget, now.Number);
+        tell_(&value);
+    }
+    if (before.Value != now.Value) {
+        QAccessibleEvent words(&widget, QAccessible::DescriptionChanged);
+        tell_(&words);
+    }
+    if (before.On == now.On) return;
+    QAccessible::State changed;
+    const QAccessible::Role role = DescribedOf(widget)->Row().Role;
+    changed.selected = role == QAccessible::PageTab;
+    changed.pressed = role == QAccessible::Button;
+    changed.checked = !changed.selected && !changed.pressed;
+    QAccessibleStateChangeEvent state(&widget, changed);
+    tell_(&state);
+}
+
+void Announcer::Look() {
+    std::map<const QWidget*, Told> seen;
+    for (QWidget* widget : QApplication::allWidgets()) {
+        const Described* described = widget->isVisible() ? DescribedOf(*widget) : nullptr;
+        // The toolkit's own controls tell by themselves.
+        if (described == nullptr || std::string_view(widget->metaObject()->className()) != "QWidget") continue;
+        const Told now{described->Value(), described->Scale().Now, described->On()};
+        const auto before = told_.find(widget);
+        if (before != told_.end() && before->second != now) Tell(*widget, before->second, now);
+        seen.emplace(widget, now);
+    }
+    told_ = std::move(seen);
+}
+
+}  // namespace marvolin

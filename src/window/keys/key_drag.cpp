@@ -1,0 +1,159 @@
+#include "window/keys/key_drag.h"
+
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QDropEvent>
+#include <QKeyEvent>
+#include <algorithm>
+
+#include "core/routines.h"
+#include "window/keys/carried.h"
+#include "window/toolkit/drag.h"
+#include "window/toolkit/drag_source.h"
+#include "window/toolkit/drop_ring.h"
+
+namespace marvolin {
+
+namespace {
+
+bool IsWindowToWorkIn(const QWidget& window) {
+    const Qt::WindowType type = window.windowType();
+    return window.isVisible() && (type == Qt::Window || type == Qt::Dialog) &&
+           !window.windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus);
+}
+
+/// Activates the window `way` places behind the active one, in the order of their names.
+void GoToWindow(int way) {
+    if (QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr) return;
+    QWidgetList windows = QApplication::topLevelWidgets();
+    windows.removeIf([](const QWidget* window) { return !IsWindowToWorkIn(*window); });
+    if (windows.empty()) return;
+    std::sort(windows.begin(), windows.end(),
+              [](const QWidget* a, const QWidget* b) { return a->objectName() < b->objectName(); });
+    const auto count = windows.size();
+    const auto here = std::max<qsizetype>(0, windows.indexOf(QApplication::activeWindow()));
+    QWidget* next = windows[(here + way + count) % count];
+    next->raise();
+    next->activateWindow();
+}
+
+bool IsCarryKey(int key) { return key == Qt::Key_Insert || key == Qt::Key_F9; }
+
+/// A list keeps its drops for what it scrolls.
+QWidget& DroppedAt(QWidget& widget) {
+    auto* scrolled = qobject_cast<QAbstractScrollArea*>(&widget);
+    return scrolled == nullptr ? widget : *scrolled->viewport();
+}
+
+/// Whether the arrows stop here: the mouse drops on anything in a row, the keys on what takes the drop itself.
+bool IsTarget(QWidget& widget) {
+    return DroppedAt(widget).acceptDrops() && widget.isVisible() && widget.isEnabled() &&
+           (widget.focusPolicy() & Qt::TabFocus) != 0;
+}
+
+}  // namespace
+
+KeyDrag::KeyDrag(Session& session) : s(session) {
+    qApp->installEventFilter(this);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { ShowWhere(now); });
+}
+
+KeyDrag::~KeyDrag() {
+    qApp->removeEventFilter(this);
+    if (load_) DropRing::Of(*qApp).Hide();
+}
+
+bool KeyDrag::TakenBy(QWidget& widget) const {
+    const auto data = ToMimeData(*load_);
+    QWidget& at = DroppedAt(widget);
+    QDragEnterEvent enter(at.rect().center(), Qt::CopyAction, data.get(), Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&at, &enter);
+    return enter.isAccepted();
+}
+
+// As under the mouse, a ring is around what takes the drop.
+void KeyDrag::ShowWhere(QWidget* focus) {
+    if (!load_) return;
+    if (focus != nullptr && TakenBy(*focus)) {
+        DropRing::Of(*qApp).Show(*focus);
+    } else {
+        DropRing::Of(*qApp).Hide();
+    }
+}
+
+void KeyDrag::PickUp(QWidget& focus, std::int16_t button) {
+    auto* from = dynamic_cast<Carries*>(&focus);
+    if (from != nullptr && focus.isEnabled()) load_ = from->Carried(button);
+    if (!load_) return ShowStatus(s, "Nothing can be picked up here");
+    ShowStatus(s, DragName(s, *load_) + ": key Arrows Choose where; key Insert Drop; key Esc Let go");
+    // The browser's samples and clips go to the rows.
+    const bool toRows = load_->Name == drags::kPickFile || load_->Name == drags::kClipBoardList;
+    if (toRows) s.World.Forms.BringToFront(Form::Main);
+}
+
+void KeyDrag::DropOn(QWidget& focus) {
+    if (!TakenBy(focus)) return ShowStatus(s, DragName(s, *load_) + " cannot be dropped here; key Esc Let go");
+    const auto data = ToMimeData(*load_);
+    LetGo();
+    QWidget& at = DroppedAt(focus);
+    QDropEvent drop(QRectF(at.rect()).center(), Qt::CopyAction, data.get(), Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&at, &drop);
+}
+
+void KeyDrag::LetGo() {
+    load_.reset();
+    DropRing::Of(*qApp).Hide();
+    ShowStatus(s, "");
+}
+
+void KeyDrag::GoToTarget(QWidget& focus, bool forward, bool otherRow) {
+    QWidget* at = &focus;
+    do {
+        at = forward ? at->nextInFocusChain() : at->previousInFocusChain();
+        const bool same = otherRow && at->parentWidget() == focus.parentWidget();
+        if (same || at->window() != focus.window() || !IsTarget(*at) || !TakenBy(*at)) continue;
+        return at->setFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    } while (at != &focus);
+}
+
+bool KeyDrag::CarryOn(QWidget& focus, const QKeyEvent& key) {
+    switch (key.key()) {
+        case Qt::Key_Escape:
+            LetGo();
+            return true;
+        case Qt::Key_Right:
+        case Qt::Key_Left:
+            GoToTarget(focus, key.key() == Qt::Key_Right, false);
+            return true;
+        case Qt::Key_Down:
+        case Qt::Key_Up:
+            GoToTarget(focus, key.key() == Qt::Key_Down, true);
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool KeyDrag::TakeKey(QWidget& focus, const QKeyEvent& key) {
+    if (key.key() == Qt::Key_F6) {
+        GoToWindow(key.modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1);
+        return true;
+    }
+    if (!IsCarryKey(key.key())) return load_ && CarryOn(focus, key);
+    const auto* carries = dynamic_cast<Carries*>(&focus);
+    if (!load_ && carries == nullptr) return false;  // a field of text has an Insert of its own
+    if (key.isAutoRepeat() || QApplication::mouseButtons() != Qt::NoButton) return true;
+    if (load_) {
+        DropOn(focus);
+    } else {
+        PickUp(focus, key.modifiers().testFlag(Qt::ShiftModifier) ? kRightButton : kLeftButton);
+    }
+    return true;
+}
+
+bool KeyDrag::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || !object->isWidgetType()) return false;
+    return TakeKey(*static_cast<QWidget*>(object), *static_cast<const QKeyEvent*>(event));
+}
+
+}  // namespace marvolin

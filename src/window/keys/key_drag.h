@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <optional>
+
+#include "core/drag_source.h"
+#include "core/session.h"
+
+class QKeyEvent;
+class QWidget;
+
+namespace marvolin {
+
+/// Drags by key, for every control and list of the program, and the way from window to window.
+///
+/// Insert (or F9) picks up what the mouse would drag from the control with the focus, with Shift what the right button
+/// would. The focus then goes on by Tab as always, or by the arrows to the places that take it: to the next one, up and
+/// down to another row. Insert again drops it on the focus, Escape lets it go. F6 goes to the next window, Shift+F6
+/// to the one before.
+class KeyDrag : public QObject {
+public:
+    /// Filters the keys of the application while it lives.
+    explicit KeyDrag(Session& session);
+    ~KeyDrag() override;
+
+    /// What is carried; none when nothing is.
+    const std::optional<DragSource>& Load() const { return load_; }
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+private:
+    bool TakeKey(QWidget& focus, const QKeyEvent& key);
+    bool CarryOn(QWidget& focus, const QKeyEvent& key);
+    void PickUp(QWidget& focus, std::int16_t button);
+    void DropOn(QWidget& focus);
+    void LetGo();
+    void GoToTarget(QWidget& focus, bool forward, bool otherRow);
+    bool TakenBy(QWidget& widget) const;
+    void ShowWhere(QWidget* focus);
+
+    Session& s;
+    std::optional<DragSource> load_;
+};
+
+}  // namespace marvolin
