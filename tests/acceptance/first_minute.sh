@@ -51,9 +51,6 @@ expect "B stands still" looks_unlike Play_1 "$playing"
 key b shift
 park
 expect "Shift+B lets B play" looks_like Play_1 "$playing"
-key b
-key b
-expect "while it is silent no line is needed" stage_not_named "Startup Demo"
 
 echo "Making a beat"
 reads LoopIt_0 "drg Play Mode -/+; rtclk Jump to Beginning; Loop (sample loops continuously)"
@@ -68,7 +65,7 @@ plain=$(face PatternGraph_0)
 drag PatternGraph_0 $((graph_width / 2)) $((graph_height / 2)) 1 $((graph_width / 3)) 8
 park
 expect "the steps are drawn" looks_unlike PatternGraph_0 "$plain"
-reads TimeDigit_1 "drg Digits -/+; 4 Steps a Beat: $(awk 'BEGIN { printf "%.1f", 1500 / 800 }') bpm"
+reads TimeDigit_1 "drg Digits -/+; 4 Steps a Beat: 60.0 bpm"
 picture "beat"
 begin=$(now)
 expect "it is heard" sounds_since "$begin"

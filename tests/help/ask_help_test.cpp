@@ -3,9 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QDrag>
-#include <QTimer>
-#include <functional>
 #include <map>
 #include <set>
 
@@ -20,6 +17,7 @@
 #include "window/descriptions/described.h"
 #include "window/help/help_asker.h"
 #include "window/toolkit/drag.h"
+#include "window/toolkit/one_button.h"
 
 namespace marvolin {
 namespace {
@@ -207,64 +205,45 @@ TEST(AskHelp, APressOnTheQuestionMarkOfEitherBarDragsItAtOnce) {
     }
 }
 
-/// Presses the question mark of the main window and runs `act` while it is dragged.
-void WhileDragged(Stage& stage, const std::function<void(QWindow&)>& act) {
-    auto& bar = dynamic_cast<HelpBar&>(*stage.At("StatusBar1"));
-    QWindow& window = *stage.Form->windowHandle();
-    bool done = false;
-    QTimer hand;
-    hand.callOnTimeout([&] {
-        if (bar.findChild<QDrag*>() == nullptr) return;
-        hand.stop();
-        QCoreApplication::processEvents();
-        act(window);
-        done = true;
-        QDrag::cancel();
-    });
-    hand.start(0);
-    QTest::mousePress(&window, Qt::LeftButton, {}, bar.mapTo(stage.Form.get(), bar.HelpPanel().center()));
-    QTest::mouseRelease(&window, Qt::LeftButton, {}, QPoint(2, 2));
-    EXPECT_TRUE(done);
-}
-
-TEST(AskHelp, WhileTheQuestionMarkIsDraggedKeysAndOtherButtonsReachNothing) {
-    for (const char* name : {"Play_0", "SndDisp_0", "VolKnob_1", "LoopIt_2", "ChannelFlag_3", "Tab_2"}) {
-        SCOPED_TRACE(name);
-        Stage stage;
-        stage.s.HelpFile = kToldHelpFile;
-        for (Row row = 0; row < kLoopTracks; ++row) stage.Fill(row);
-        stage.At(name)->setFocus();
-        const test::Facts before = FactsOf(stage.s);
-        WhileDragged(stage, [&](QWindow& window) {
-            const QPoint place = stage.InWindow(name, stage.Middle(name));
-            QTest::mouseMove(&window, place);
-            for (const Qt::Key key :
-                 {Qt::Key_PageDown, Qt::Key_Space, Qt::Key_Return, Qt::Key_Up, Qt::Key_B, Qt::Key_F1}) {
-                QTest::keyClick(&window, key);
-            }
-            for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
-                QTest::mousePress(&window, button, {}, place);
-                QTest::mouseRelease(&window, button, {}, place);
-            }
-            EXPECT_NE(stage.At("StatusBar1")->findChild<QDrag*>(), nullptr);
-            EXPECT_THAT(stage.Desk.Log, IsEmpty());
-        });
-        EXPECT_THAT(test::Changed(before, FactsOf(stage.s)), IsEmpty());
-        EXPECT_THAT(stage.Keys, IsEmpty());
-    }
-}
-
-TEST(AskHelp, EscapeEndsTheDragOfTheQuestionMarkAndNothingIsAsked) {
+TEST(OneButton, WhileSomethingIsDraggedPressAndReleaseOfAnotherReachNothing) {
     Stage stage;
-    stage.s.HelpFile = kToldHelpFile;
+    for (Row row = 0; row < kLoopTracks; ++row) stage.Fill(row);
+    QWindow& window = *stage.Form->windowHandle();
+    const QPoint ground(4, stage.Form->height() - 60);
+    const std::vector<const char*> controls{"SndDisp_0", "ChannelFlag_3", "LoopIt_2", "Tab_2"};
+    const auto press = [&](const char* name, Qt::MouseButton button) {
+        QTest::mousePress(&window, button, {}, stage.InWindow(name, stage.Middle(name)));
+        QTest::mouseRelease(&window, button, {}, stage.InWindow(name, stage.Middle(name)));
+    };
     const test::Facts before = FactsOf(stage.s);
-    WhileDragged(stage, [&](QWindow& window) {
-        QTest::mouseMove(&window, stage.InWindow("Play_0", stage.Middle("Play_0")));
-        QTest::keyClick(&window, Qt::Key_Escape);
-    });
-    EXPECT_THAT(stage.Desk.Log, IsEmpty());
-    EXPECT_THAT(test::Changed(before, FactsOf(stage.s)), IsEmpty());
-    EXPECT_TRUE(stage.Form->isVisible());
+    QTest::mousePress(&window, Qt::LeftButton, {}, ground);
+    {
+        const OneButton only;
+        QCoreApplication::processEvents();
+        for (const char* name : controls) {
+            press(name, Qt::RightButton);
+            press(name, Qt::MiddleButton);
+        }
+        EXPECT_THAT(test::Changed(before, FactsOf(stage.s)), IsEmpty());
+    }
+    QTest::mouseRelease(&window, Qt::LeftButton, {}, ground);
+    EXPECT_EQ(stage.s.Run[0].FadeState, kNoFade);
+    press("SndDisp_0", Qt::RightButton);
+    EXPECT_EQ(stage.s.Run[0].FadeState, kFalling);
+}
+
+TEST(OneButton, TheReleaseOfTheButtonThatBeganPasses) {
+    Stage stage;
+    stage.Fill(0);
+    QWindow& window = *stage.Form->windowHandle();
+    const QPoint place = stage.InWindow("Play_0", stage.Middle("Play_0"));
+    QTest::mousePress(&window, Qt::LeftButton, {}, place);
+    const OneButton only;
+    QCoreApplication::processEvents();
+    QTest::mouseRelease(&window, Qt::RightButton, {}, place);
+    EXPECT_EQ(stage.s.Run[0].Playing, False);
+    QTest::mouseRelease(&window, Qt::LeftButton, {}, place);
+    EXPECT_EQ(stage.s.Run[0].Playing, True);
 }
 
 TEST(AskHelp, TheQuestionMarkHasItsOwnPointer) {

@@ -8,6 +8,7 @@
 #include <QCheckBox>
 #include <QLabel>
 
+#include "audio/play_modes.h"
 #include "parameters/position.h"
 #include "sequencing/loop_clock.h"
 #include "settings_stage.h"
@@ -47,11 +48,51 @@ TEST(StatusBars, HintAndReadoutStandInPanelsOfTheirOwn) {
 
 TEST(MixPadPage, TheLevelsAreNamedAsInTheStatusLine) {
     Settings stage;
+    for (Row row = 0; row < kLoopTracks; ++row) stage.s.Set[row].Channel = static_cast<std::int16_t>(row + 1);
     const std::vector<std::string> texts = PaintedTexts(*stage.At("ChannelLevels"));
-    ASSERT_EQ(texts.size(), 9U);
+    ASSERT_EQ(texts.size(), 13U);
     EXPECT_EQ(texts[0], "Channels");
-    EXPECT_EQ((std::vector<std::string>{texts[1], texts[3], texts[5], texts[7]}),
+    EXPECT_EQ((std::vector<std::string>{texts[1], texts[4], texts[7], texts[10]}),
               (std::vector<std::string>{"W", "WB", "BW", "B"}));
+}
+
+TEST(MixPadPage, TheLettersOfTheLoopTracksThatFollowAChannelStandBesideIt) {
+    Settings stage;
+    stage.s.Set[0].Channel = stage.s.Set[2].Channel = 2;
+    stage.s.Set[1].Channel = 4;
+    stage.s.Set[3].Channel = 6;  // disconnected
+    const std::vector<std::string> texts = PaintedTexts(*stage.At("ChannelLevels"));
+    ASSERT_EQ(texts.size(), 12U);
+    EXPECT_EQ((std::vector<std::string>{texts[3], texts[4], texts[5]}), (std::vector<std::string>{"WB", "A", "C"}));
+    EXPECT_EQ((std::vector<std::string>{texts[9], texts[10]}), (std::vector<std::string>{"B", "B"}));
+}
+
+TEST(Words, AnEmptyLoopTrackSaysHowASampleGetsThereAndALoadedOneDoesNot) {
+    Settings stage;
+    const std::string words = "Drop a sample here, from the browser or from a folder";
+    EXPECT_EQ(PaintedTexts(*stage.At("SndDisp_1")), std::vector<std::string>{words});
+    EXPECT_TRUE(PaintedTexts(*stage.At("SndDisp_4")).empty());
+    stage.Fill(1);
+    stage.Screen.ShowWaveform(1);
+    EXPECT_TRUE(PaintedTexts(*stage.At("SndDisp_1")).empty());
+}
+
+TEST(Words, TheTabOfPatternsSaysWhileItsStepsAreNotHeard) {
+    Settings stage;
+    stage.s.ActiveTab = kPatternTab;
+    stage.Screen.ShowTab();
+    const auto said = [&] {
+        stage.Settle();
+        for (const QLabel* label : stage.Form->findChildren<QLabel*>()) {
+            if (label->isVisible() && label->text().startsWith("Steps are heard")) return label->text().toStdString();
+        }
+        return std::string();
+    };
+    EXPECT_EQ(said(), "Steps are heard in Track and Drum: drag the picture of the mode of A up.");
+    LoopSetPlayModeRows(stage.s, 0, kDrum);
+    EXPECT_EQ(said(), "");
+    LoopSetPlayModeRows(stage.s, 0, kOneShot);
+    EXPECT_EQ(said(), "Steps are heard in Track and Drum: drag the picture of the mode of A up.");
 }
 
 /// The wire with this picture on `ground`, of the size of the given rectangle.

@@ -29,7 +29,7 @@ struct Dialogue : test::Stage {
         Window.Open();
         Unfold();
     }
-    void Unfold() { QTest::mouseClick(Window.findChild<QToolButton*>("ElementsFold"), Qt::LeftButton); }
+    void Unfold() { Window.findChild<QToolButton*>("ElementsFold")->click(); }
     bool Unfolded() { return Element(0, 0).isVisible() && Element(1, 15).isVisible(); }
     QString Count(int list) { return Window.findChild<QLabel*>(QString("ElementCount_%1").arg(list))->text(); }
     ~Dialogue() { Screen.Attach(static_cast<FrmSave*>(nullptr)); }

@@ -1,8 +1,6 @@
 #include "window/toolkit/drag.h"
 
-#include <QApplication>
 #include <QDrag>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QWidget>
 #include <functional>
@@ -13,6 +11,7 @@
 #include "performance/drops/dropper.h"
 #include "window/descriptions/description.h"
 #include "window/toolkit/drag_source.h"
+#include "window/toolkit/one_button.h"
 #include "window/toolkit/theme.h"
 
 namespace marvolin {
@@ -112,27 +111,6 @@ QPoint HotSpot(const DragSource& source) {
     if (IsHelpDrag(source)) return kArrowTip;
     return IsTool(source) ? kToolTip : kBeside;
 }
-
-/// A drag belongs to the button that began it. The toolkit would give the press of another one to what is under the
-/// pointer, and take its release for the drop.
-class OneButton : public QObject {
-public:
-    OneButton() {
-        // Only once the drag runs: of several filters the last one comes first.
-        QMetaObject::invokeMethod(
-            this, [this] { qApp->installEventFilter(this); }, Qt::QueuedConnection);
-    }
-
-protected:
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::MouseButtonPress) return true;
-        if (event->type() != QEvent::MouseButtonRelease || began_ == Qt::NoButton) return false;
-        return !began_.testFlag(static_cast<const QMouseEvent*>(event)->button());
-    }
-
-private:
-    const Qt::MouseButtons began_ = QGuiApplication::mouseButtons();
-};
 
 }  // namespace
 
