@@ -48,7 +48,7 @@ TEST(StatusBars, HintAndReadoutStandInPanelsOfTheirOwn) {
 
 TEST(MixPadPage, TheLevelsAreNamedAsInTheStatusLine) {
     Settings stage;
-    for (Row row = 0; row < kLoopTracks; ++row) stage.s.Set[row].Channel = static_cast<std::int16_t>(row + 1);
+    for (Row row = 0; row < kLoopTracks; ++row) stage.s.Set[row].Channel = static_cast<std::uint8_t>(row + 1);
     const std::vector<std::string> texts = PaintedTexts(*stage.At("ChannelLevels"));
     ASSERT_EQ(texts.size(), 13U);
     EXPECT_EQ(texts[0], "Channels");
