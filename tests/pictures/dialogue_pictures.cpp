@@ -20,6 +20,8 @@ void PictureSave(Album& album, bool playing) {
     album.Add(form, name);
     album.AddLists(form, name);
     album.AddFocused(form, name);
+    form.findChild<QToolButton*>("ElementsFold")->click();
+    album.Add(form, name + "-unfolded");
     if (!playing) return;
     for (const char* button : {"OpenIt", "SaveItAs"}) {
         album.AddDialogue([&] { form.findChild<QPushButton*>(button)->click(); }, name + "-file-" + button);
