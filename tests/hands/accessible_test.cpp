@@ -111,10 +111,11 @@ TEST(Accessible, EveryObjectOfEveryFormHasARoleAndWhatHandsCanUseAName) {
 TEST(Accessible, EveryControlWithAValueTellsItInWords) {
     WholeHand hand;
     hand.Begin();
-    hand.s.PercentText[0] = hand.s.PercentText[1] = hand.s.PercentText[2] = "25 %";
     std::vector<std::string> without;
     int told = 0;
-    for (QWidget* widget : hand.Controls()) {
+    const std::vector<QWidget*> controls = hand.Controls();
+    hand.s.PercentText[0] = hand.s.PercentText[1] = hand.s.PercentText[2] = "25 %";
+    for (QWidget* widget : controls) {
         const Description& row = DescribedOf(*widget)->Row();
         const bool value = !row.Value.Empty() || row.Scale != nullptr;
         if (!value || dynamic_cast<Control*>(widget) == nullptr) continue;

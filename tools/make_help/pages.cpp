@@ -84,7 +84,6 @@ constexpr PressText kPressTexts[] = {
     {10031, "Return or Space: takes the entry"},
     {10032, "Return or Space: takes the entry"},
     {10042, "Space or Return: puts it on the centre"},
-    {10072, "Space or Return: puts it on the centre; with Shift: turns its fade round"},
     {10126, "Return or Space: loads the sample into the destination; with Shift: plays or stops it"},
     {10127, "Return: the folder for the bin whose button has opened the tree"},
     {10090, "Space or Return: what a double click does"},
@@ -113,6 +112,10 @@ constexpr PressText kOwnKeys[] = {
      "picture of the sound left and right: the volume; up, down, Page Up, Page Down: the mark where a fade is to end; "
      "Space or Return: fades there; Escape: puts the mark back; Shift and Space: turns the fade round; Shift and an "
      "arrow: fine"},
+    {10072,
+     "arrows: a step in their direction, with Shift finely; Space or Return: puts it on the centre; Shift and Space: "
+     "turns its fade round; Insert: picks up its fade; on the listener Page Up and Page Down: turn it, with Shift "
+     "finely"},
     {10075, "arrows: one step; Page Up and Page Down: ten; Shift and Space: sets it to 1"},
     {10104, "Space or Return: what a click does; arrows: the tab beside it"},
     {10086,
@@ -133,9 +136,7 @@ std::string KeyWords(std::int32_t topic) {
     const Description* row = RowOf(topic);
     const bool dropDown = row != nullptr && row->Role == QAccessible::ComboBox;
     add(Keys::Press, dropDown ? "Space: opens it" : PressTextOf(topic));
-    const bool map = topic == 10072;
-    add(Keys::Turn, map ? "Page Up and Page Down turn the listener"
-                        : "arrows: one step; Page Up and Page Down: ten; with Shift finely");
+    add(Keys::Turn, "arrows: one step; Page Up and Page Down: ten; with Shift finely");
     add(Keys::Move, "arrows: a step in their direction; with Shift finely");
     add(Keys::Choose, dropDown ? "then arrows, Page Up, Page Down, Home, End: another entry; Return: takes it"
                                : "arrows, Page Up, Page Down, Home, End: another entry");

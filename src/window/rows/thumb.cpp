@@ -34,7 +34,7 @@ void ThumbControl::paintEvent(QPaintEvent*) {
     if (current) {
         p.setPen(QPen(edge, 2));
         p.setBrush(Qt::NoBrush);
-        const double inset = hasFocus() ? 5 : 1;  // within the ring of the focus, which is as light
+        const double inset = hasFocus() ? 6 : 1;  // within the ring of the focus
         p.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), 6, 6);
     }
     const QPointF c = QRectF(rect()).center();
@@ -47,7 +47,12 @@ void ThumbControl::paintEvent(QPaintEvent*) {
             x += 3;
         }
     }
-    if (hasFocus()) theme::DrawFocus(p, rect(), 6);
+    if (!hasFocus()) return;
+    // Dark where the ring of the current LoopTrack is without the focus: both rings are light.
+    p.setBrush(Qt::NoBrush);
+    p.setPen(QPen(theme::kSunk, 2));
+    p.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 6, 6);
+    theme::DrawFocus(p, QRectF(rect()).adjusted(2, 2, -2, -2), 5);
 }
 
 }  // namespace marvolin
