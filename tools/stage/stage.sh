@@ -60,11 +60,13 @@ stage_open() {
   until_true 10 test -p "$STAGE/card" -a -s "$SOUND"
 }
 
-# Keeps start-up files beside the built program out of the run, and the run away from them.
+# Keeps start-up files beside the built program out of the run, and the run away from them. Places in the window are those at
+# 100 %.
 stage_install() {
   mkdir -p "$2"
   ln "$1" "$2/" 2>/dev/null || cp "$1" "$2/"
   cp -r "$(dirname "$1")/"{Samples,Scripts,marvolin-editor.so} "$2/"
+  printf 'marvolin windows 1\nsize 100\n' >"$2/marvolin.windows"
 }
 
 stage_start() {
