@@ -16,6 +16,9 @@
 #include "scripting/script_host.h"
 #include "scripting/script_room.h"
 #include "sequencing/grid_timers.h"
+#include "window/forms/frm_browse.h"
+#include "window/screens/small_painting.h"
+#include "window/screens/window_keeper.h"
 #include "window/tabs/tab_mix_pad.h"
 #include "window/toolkit/application.h"
 #include "window/toolkit/mersenne_random.h"
@@ -32,6 +35,10 @@ namespace {
 /// and all that follows is late too. A player may set another buffer in the environment.
 void GiveSoundServersABuffer() { ::setenv("PULSE_LATENCY_MSEC", "40", 0); }
 
+QString WindowFile(Desktop& desktop) { return QString::fromStdString(desktop.ProgramFolder()) + "/marvolin.windows"; }
+
+FormSizes FormsOfTheProgram() { return {FrmMain::RegularSize(), FrmBrowse::kSize.width()}; }
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -39,6 +46,10 @@ int main(int argc, char** argv) {
     const auto clock = std::make_shared<CardClock>();
     Application application(argc, argv, *clock);
     QtDesktop desktop;
+    const SmallPainting smallPainting;
+    WindowKeeper keeper(WindowFile(desktop), FormsOfTheProgram(), WindowKeeper::OfTheDesktop());
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, &keeper, &WindowKeeper::Keep);
+    keeper.Start();
     QtDisplay display;
     ScriptRoom room;
     QtWindows windows(display, desktop);
@@ -54,6 +65,7 @@ int main(int argc, char** argv) {
     lua.Attach(session);
     room.Attach(session, scripts);
     windows.AttachScripts(room);
+    windows.Attach(keeper);
 
     // Widgets refer to the session, so they go first.
     const auto dropForms = [](QtWindows* forms) { forms->DropForms(); };

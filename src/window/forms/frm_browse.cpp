@@ -16,8 +16,6 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kBrowserWidth = 780;
-constexpr int kBrowserHeight = 520;
 constexpr int kBinTab = 0;
 constexpr int kBarHeight = 26;
 constexpr int kHelpWidth = 32;
@@ -38,8 +36,8 @@ QWidget* EmptyPage(const char* text) {
 FrmBrowse::FrmBrowse(Session& session) : s(session) {
     Describe(s, *this, "frmBrowse");
     setWindowTitle("marvolin browser");
-    setMinimumSize(620, 420);
-    resize(kBrowserWidth, kBrowserHeight);
+    setMinimumSize(kLeastSize);
+    resize(kSize);
     tabs_ = new QTabBar;
     Describe(s, *tabs_, "Sstab");
     tabs_->setDrawBase(false);

@@ -18,6 +18,9 @@ class BrowseStatus;
 /// `frmBrowse`: the sample bins and the clipboard. Until the program ends, closing it only hides it.
 class FrmBrowse : public QWidget, public HintWindow {
 public:
+    static constexpr QSize kSize{780, 520};  ///< less where there is no room
+    static constexpr QSize kLeastSize{620, 420};
+
     explicit FrmBrowse(Session& session);
     void ShowHint(std::string_view hint) override;
     void TakeHintAway(std::string_view hint) override;

@@ -27,6 +27,8 @@
 #include "window/rows/drop_down.h"
 #include "window/rows/loop_row.h"
 #include "window/rows/sound_display.h"
+#include "window/screens/fitting.h"
+#include "window/screens/topmost.h"
 #include "window/surfaces/map_surface.h"
 #include "window/surfaces/pad_surface.h"
 #include "window/tabs/tab_control.h"
@@ -113,14 +115,41 @@ void FrmMain::PlaceBars() {
     Bar->ToTop->Refresh();
 }
 
+QSize FrmMain::RegularSize() { return {kMainWidth, kRegularHeight}; }
+
 void FrmMain::ToggleMode() {
     s.MiniMode = !s.MiniMode;
-    const QPoint place = pos();
-    const bool shown = isVisible();
     PlaceBars();
-    setWindowFlag(Qt::WindowStaysOnTopHint, s.MiniMode);
-    move(place);
-    if (shown) show();
+    SetTopmost(*this, s.MiniMode);
+    KeepOnScreen();
+}
+
+// A strip that stands at the lower edge of the screen has its place there: the tabs only borrow the room above.
+void FrmMain::KeepOnScreen() {
+    if (s.MiniMode) {
+        if (std::exchange(raised_, false) && pos() == raisedPlace_) move(miniPlace_);
+        return;
+    }
+    const QRect frame = FrameOf(*this);
+    const QRect fits = MovedUpInto(frame, FreeAreaOf(*this));
+    raised_ = fits != frame;
+    if (!raised_) return;
+    miniPlace_ = frame.topLeft();
+    raisedPlace_ = fits.topLeft();
+    move(raisedPlace_);
+}
+
+void FrmMain::Form_Resize() {
+    const Qt::WindowState state = isMinimized()   ? Qt::WindowMinimized
+                                  : isMaximized() ? Qt::WindowMaximized
+                                                  : Qt::WindowNoState;
+    const bool changed = state != std::exchange(lastWindowState_, state);
+    if (changed && state != Qt::WindowMaximized && events_.StateChanged) events_.StateChanged(state);
+}
+
+void FrmMain::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::WindowStateChange) Form_Resize();
+    QWidget::changeEvent(event);
 }
 
 void FrmMain::FollowPlaying() {

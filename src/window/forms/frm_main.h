@@ -40,6 +40,8 @@ public:
         std::function<bool()> MayClose = {};
         std::function<void()> OpenScripts = {};    ///< what `Scripts` does; without this it is disabled
         std::function<std::string()> Script = {};  ///< name of the script that runs, "" for none
+        /// The window was minimised or restored: the state that the browser gets, too.
+        std::function<void(Qt::WindowState state)> StateChanged = {};
     };
 
     FrmMain(Session& session, Events events);
@@ -49,7 +51,10 @@ public:
     void TakeHintAway(std::string_view hint) override;
     bool TakesHintsOfOthers() const override { return true; }
 
-    /// Regular to Mini and back.
+    /// Size of the window without its frame, in Regular.
+    static QSize RegularSize();
+    /// Regular to Mini and back, in the same native window. Mini stays in front of other programs. Where Regular would
+    /// end below the screen it moves up, and the way back to Mini takes it down again.
     void ToggleMode();
     /// Moves the lines at the places that play as long as anything plays.
     void FollowPlaying();
@@ -84,9 +89,12 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
+    void Form_Resize();
     void PlaceBars();
+    void KeepOnScreen();
     bool IsTyping() const;
     bool PlaysFrom(const QWidget& widget, const QKeyEvent& key) const;
     void ShowPlaces();
@@ -96,6 +104,10 @@ private:
     QTimer places_;  // runs while anything plays
     QTimer load_;
     bool soundGone_ = false;
+    Qt::WindowState lastWindowState_ = Qt::WindowNoState;
+    QPoint miniPlace_;     // where Mini was before Regular had to move up
+    QPoint raisedPlace_;   // and where that has brought it
+    bool raised_ = false;  // both are set
     std::unique_ptr<HelpAsker> help_;
     std::unique_ptr<KeyDrag> keys_;
     std::unique_ptr<Announcer> announcer_;

@@ -14,6 +14,7 @@
 #include "window/controls/choice.h"
 #include "window/controls/text_button.h"
 #include "window/descriptions/described.h"
+#include "window/screens/size_choice.h"
 #include "window/tabs/options_joystick.h"
 #include "window/tabs/tab_control.h"
 #include "window/toolkit/strings.h"
@@ -53,6 +54,9 @@ void TabOptions::MakeLeftSide() {
     reset_->setGeometry(20, 84, 266, 26);
     play_ = new ChoiceBox(s, this, "PlayOnLoad", -1, [this](bool on) { s.PlayOnLoad = on; });
     play_->setGeometry(20, 114, 266, 26);
+    MakeLabel(this, "Size", {20, 154, 200, 18});
+    Size = new SizeChoice(s, this);
+    Size->setGeometry(20, 176, 266, 30);
     auto* help = new TextButton(s, this, "OptionHelp",
                                 [this] { ShowHelp(s, kHelpDragName, DescriptionOf("OptionHelp").Topic); });
     help->setGeometry(20, 270, 84, 30);

@@ -15,9 +15,10 @@ namespace marvolin {
 class ChoiceBox;
 class ChoiceList;
 class OptionsJoystick;
+class SizeChoice;
 class TabButton;
 
-/// The page "Optn": the sound driver, "Reset on Load", "Play after a drop", and the sub-tabs Joystick, Mouse,
+/// The page "Optn": the sound driver, "Reset on Load", "Play after a drop", "Size", and the sub-tabs Joystick, Mouse,
 /// Scripting, Timing.
 class TabOptions : public QWidget {
 public:
@@ -26,6 +27,8 @@ public:
     void Refresh();
     void RefreshDrivers();
     void RefreshJoystick();
+
+    SizeChoice* Size = nullptr;  // owned by the toolkit
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -3,6 +3,7 @@
 #include <QDrag>
 #include <QPainter>
 #include <QWidget>
+#include <algorithm>
 #include <functional>
 
 #include "audio/sample_loading.h"
@@ -26,10 +27,12 @@ constexpr int kMostLabel = 220;      // pixels
 constexpr int kDragLabelHeight = 24;
 
 QPixmap Painted(const QSize& size, double ratio, const std::function<void(QPainter&)>& paint) {
-    QPixmap picture(size * ratio);
-    picture.setDevicePixelRatio(ratio);
+    // The toolkit does not scale pictures below 1: there a part of the picture stays empty.
+    QPixmap picture(size * std::max(ratio, 1.0));
+    picture.setDevicePixelRatio(std::max(ratio, 1.0));
     picture.fill(Qt::transparent);
     QPainter p(&picture);
+    p.scale(std::min(ratio, 1.0), std::min(ratio, 1.0));
     p.setRenderHint(QPainter::Antialiasing);
     paint(p);
     return picture;
@@ -48,6 +51,7 @@ void DrawLetter(QPainter& p, Row row) {
 }
 
 void DrawDropper(QPainter& p) {
+    p.save();
     p.translate(kToolTip);
     p.rotate(45);  // the dropper stands upright on its tip
     p.setPen(QPen(theme::kWindow, 1.2));
@@ -58,7 +62,7 @@ void DrawDropper(QPainter& p) {
     p.setBrush(theme::kQuiet);
     p.drawRoundedRect(QRectF(-5.5, -21, 11, 4), 1.5, 1.5);
     p.drawRoundedRect(QRectF(-4, -29, 8, 8.5), 4, 4);
-    p.resetTransform();
+    p.restore();
 }
 
 /// One sound fades out while another fades in.

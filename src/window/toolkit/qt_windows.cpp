@@ -11,6 +11,10 @@
 #include "window/forms/frm_save.h"
 #include "window/forms/frm_splash.h"
 #include "window/forms/frm_start_up_query.h"
+#include "window/screens/size_choice.h"
+#include "window/screens/window_keeper.h"
+#include "window/tabs/tab_control.h"
+#include "window/tabs/tab_options.h"
 #include "window/toolkit/qt_desktop.h"
 #include "window/toolkit/qt_display.h"
 
@@ -94,6 +98,9 @@ void QtWindows::LoadMain() {
         events.OpenScripts = [this] { OpenScripts(); };
         events.Script = [this] { return room_->Name(); };
     }
+    events.StateChanged = [this](Qt::WindowState state) {
+        if (browse_) browse_->setWindowState(state);
+    };
     events.Unload = [this] {
         ended_ = true;
         if (scripts_) scripts_->hide();
@@ -102,6 +109,7 @@ void QtWindows::LoadMain() {
         QCoreApplication::exit();
     };
     main_ = std::make_unique<FrmMain>(*session_, std::move(events));
+    if (keeper_ != nullptr) main_->Tabs->Options->Size->Attach(*keeper_);
     display_.Attach(main_.get());
     desktop_.Attach(main_.get());
 }
@@ -179,7 +187,10 @@ TwipRect QtWindows::Place(Form form) {
 }
 
 void QtWindows::Move(Form form, double left, double top) {
-    if (QWidget* widget = WidgetOf(form)) widget->move(Pixels(left), Pixels(top));
+    QWidget* widget = WidgetOf(form);
+    if (widget == nullptr) return;
+    widget->move(Pixels(left), Pixels(top));
+    if (keeper_ != nullptr) keeper_->Arrange(*widget, main_.get());
 }
 
 void QtWindows::AllowBrowserToClose() {

@@ -18,6 +18,7 @@ class FrmScripts;
 class QtDesktop;
 class QtDisplay;
 class ScriptRoom;
+class WindowKeeper;
 
 /// The forms, by the toolkit. Each is made when it is first loaded or shown.
 class QtWindows : public Windows {
@@ -27,6 +28,9 @@ public:
 
     /// Sets the session that the forms show, and what the events of the main window run.
     void Attach(Session& session, FrmMain::Events events);
+    /// Lets `keeper` arrange the forms and the player choose their size. For the start, before the main window is made.
+    /// `keeper` must outlive the forms.
+    void Attach(WindowKeeper& keeper) { keeper_ = &keeper; }
     /// Lets the button `Scripts` open a window in which the scripts of `room` are written. For the start, before the
     /// main window is made. `room` must outlive the forms.
     void AttachScripts(ScriptRoom& room);
@@ -66,6 +70,7 @@ private:
     std::unique_ptr<FrmStartUpQuery> query_;
     std::unique_ptr<FrmScripts> scripts_;
     ScriptRoom* room_ = nullptr;
+    WindowKeeper* keeper_ = nullptr;
     /// Unloaded forms. A drag from one may still be running, so they are deleted with this object.
     std::vector<std::unique_ptr<QWidget>> unloaded_;
     std::set<Form> loaded_{Form::Main, Form::Browse, Form::Save, Form::Splash};

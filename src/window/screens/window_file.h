@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QPoint>
+#include <QSize>
+#include <QString>
+#include <map>
+
+namespace marvolin {
+
+/// Where a window was.
+struct WindowPlace {
+    QPoint Corner;  ///< top left corner of the frame, pixels at 100 %
+    QSize Size;     ///< of the window without its frame, pixels of the window
+    friend bool operator==(const WindowPlace&, const WindowPlace&) = default;
+};
+
+/// What the program knows of its windows from one start to the next.
+struct WindowRecord {
+    int Size = 0;                           ///< that the player has chosen, percent; 0 none
+    std::map<QString, WindowPlace> Places;  ///< by name of the window
+    friend bool operator==(const WindowRecord&, const WindowRecord&) = default;
+};
+
+/// Reads the file of the windows. Lines that mean nothing, and numbers that cannot be meant, are left out; a file that
+/// is missing or something else is an empty record.
+WindowRecord ReadWindowFile(const QString& path);
+/// Writes the file; what was there before stays whole until the new one is. False when the folder cannot be written.
+bool WriteWindowFile(const QString& path, const WindowRecord& record);
+
+}  // namespace marvolin

@@ -1,0 +1,230 @@
+#include <gtest/gtest.h>
+
+#include <QListWidget>
+#include <QScreen>
+#include <QWindow>
+
+#include "stage.h"
+#include "window/forms/frm_browse.h"
+#include "window/toolkit/qt_desktop.h"
+#include "window/toolkit/qt_windows.h"
+
+namespace marvolin {
+namespace {
+
+using test::Stage;
+
+/// Counts what a window of the desktop goes through.
+class NativeWatch : public QObject {
+public:
+    explicit NativeWatch(QWidget& window) : window_(window) { qApp->installEventFilter(this); }
+    ~NativeWatch() override { qApp->removeEventFilter(this); }
+    int Changes = 0;  ///< times it was hidden, shown, or made anew
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override {
+        const auto type = event->type();
+        const bool counts = type == QEvent::Hide || type == QEvent::Show || type == QEvent::WinIdChange ||
+                            type == QEvent::PlatformSurface;
+        if (counts && (object == &window_ || object == window_.windowHandle())) ++Changes;
+        return false;
+    }
+
+private:
+    QWidget& window_;
+};
+
+/// The forms of the program over a session on fakes.
+struct Forms : test::Stage {
+    Forms() {
+        Windows.Attach(s, {});
+        Windows.Show(Form::Main);
+        Settle();
+    }
+    FrmMain& Main() { return *Windows.Main(); }
+    static QWidget* Browser() {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->objectName() == "frmBrowse") return window;
+        }
+        return nullptr;
+    }
+    void SetState(Qt::WindowState state) {
+        Main().setWindowState(state);
+        Settle();
+    }
+    QtDisplay Shown;
+    QtDesktop Desktop;
+    QtWindows Windows{Shown, Desktop};
+};
+
+TEST(ToTop, TheNativeWindowStaysTheSameAndIsNeverHidden) {
+    Stage stage;
+    const WId id = stage.Form->winId();
+    const QWindow* native = stage.Form->windowHandle();
+    NativeWatch watch(*stage.Form);
+    for (int i = 0; i < 3; ++i) {
+        stage.Click("ToTop");
+        stage.Settle();
+        EXPECT_EQ(stage.Form->winId(), id);
+        EXPECT_EQ(stage.Form->windowHandle(), native);
+    }
+    EXPECT_EQ(watch.Changes, 0);
+}
+
+TEST(ToTop, MiniIsTheStripWithBothStatusBarsAtItsLowerEdge) {
+    Stage stage;
+    const int regular = stage.Form->height();
+    stage.Click("ToTop");
+    const QWidget* last = stage.At("LoopRow_4");
+    const QWidget* hints = stage.At("StatusBar1");
+    const QWidget* second = stage.At("StatusBar2");
+    EXPECT_LE(last->geometry().bottom(), hints->geometry().top());
+    EXPECT_LT(hints->geometry().top() - last->geometry().bottom(), 8);
+    EXPECT_EQ(hints->geometry().bottom() + 1, second->geometry().top());
+    EXPECT_EQ(second->geometry().bottom() + 1, stage.Form->height());
+    EXPECT_TRUE(stage.s.MiniMode);
+
+    stage.Click("ToTop");
+    EXPECT_FALSE(stage.s.MiniMode);
+    EXPECT_EQ(stage.Form->size(), FrmMain::RegularSize());
+    EXPECT_EQ(stage.Form->height(), regular);
+    EXPECT_LE(stage.At("TabControl")->geometry().bottom(), stage.At("StatusBar1")->geometry().top());
+    EXPECT_EQ(stage.At("StatusBar2")->geometry().bottom() + 1, regular);
+}
+
+TEST(ToTop, TheWindowManagerIsAskedToKeepMiniInFrontAndRegularNoMore) {
+    Stage stage;
+    const QWindow& native = *stage.Form->windowHandle();
+    EXPECT_FALSE(native.flags().testFlag(Qt::WindowStaysOnTopHint));
+    stage.Click("ToTop");
+    EXPECT_TRUE(native.flags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_TRUE(stage.Form->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    stage.Click("ToTop");
+    EXPECT_FALSE(native.flags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_FALSE(stage.Form->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+}
+
+TEST(ToTop, AWindowThatIsNotShownYetComesUpTopmost) {
+    Stage stage;
+    FrmMain other(stage.s, {});
+    other.ToggleMode();
+    other.show();
+    stage.Settle();
+    EXPECT_TRUE(other.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_LT(other.height(), FrmMain::RegularSize().height());
+}
+
+TEST(ToTop, RegularMovesUpWhereItWouldEndBelowTheScreenAndMiniGoesBackDown) {
+    Stage stage;
+    const QRect area = stage.Form->screen()->availableGeometry();
+    stage.Click("ToTop");
+    const QPoint low(20, area.top() + area.height() - stage.Form->frameGeometry().height());
+    stage.Form->move(low);
+    stage.Settle();
+    ASSERT_EQ(stage.Form->pos(), low);
+    stage.Click("ToTop");
+    stage.Settle();
+    EXPECT_EQ(stage.Form->pos().x(), 20);
+    EXPECT_EQ(stage.Form->frameGeometry().bottom(), area.bottom());
+    stage.Click("ToTop");
+    stage.Settle();
+    EXPECT_EQ(stage.Form->pos(), low);
+}
+
+TEST(ToTop, AWindowThatThePlayerHasMovedStaysThereInMini) {
+    Stage stage;
+    stage.Click("ToTop");
+    stage.Form->move(20, 500);
+    stage.Settle();
+    stage.Click("ToTop");
+    stage.Form->move(30, 10);
+    stage.Settle();
+    stage.Click("ToTop");
+    stage.Settle();
+    EXPECT_EQ(stage.Form->pos(), QPoint(30, 10));
+}
+
+TEST(FormResize, TheBrowserIsMinimisedAndRestoredWithTheMainWindow) {
+    Forms forms;
+    forms.Windows.Show(Form::Browse);
+    forms.Settle();
+    forms.SetState(Qt::WindowMinimized);
+    EXPECT_TRUE(Forms::Browser()->isMinimized());
+    forms.SetState(Qt::WindowNoState);
+    EXPECT_FALSE(Forms::Browser()->isMinimized());
+    EXPECT_TRUE(Forms::Browser()->isVisible());
+}
+
+TEST(FormResize, TheStateOfTheLastResizeDecidesWhatIsAChange) {
+    Forms forms;
+    forms.Windows.Show(Form::Browse);
+    forms.SetState(Qt::WindowMinimized);
+    Forms::Browser()->setWindowState(Qt::WindowNoState);
+    QWindowStateChangeEvent again(Qt::WindowMinimized);
+    QApplication::sendEvent(&forms.Main(), &again);
+    EXPECT_FALSE(Forms::Browser()->isMinimized());
+}
+
+TEST(FormResize, AMaximisedMainWindowLeavesTheBrowserAsItIs) {
+    Forms forms;
+    forms.Windows.Show(Form::Browse);
+    forms.SetState(Qt::WindowMaximized);
+    EXPECT_FALSE(Forms::Browser()->isMaximized());
+    forms.SetState(Qt::WindowMinimized);
+    EXPECT_TRUE(Forms::Browser()->isMinimized());
+    // Back from the taskbar to maximised: the browser keeps what it has.
+    forms.SetState(Qt::WindowMaximized);
+    EXPECT_TRUE(Forms::Browser()->isMinimized());
+    forms.SetState(Qt::WindowNoState);
+    EXPECT_FALSE(Forms::Browser()->isMinimized());
+}
+
+TEST(FormResize, ABrowserThatIsNotLoadedStaysUnloaded) {
+    Forms forms;
+    ASSERT_EQ(Forms::Browser(), nullptr);
+    forms.SetState(Qt::WindowMinimized);
+    forms.SetState(Qt::WindowNoState);
+    EXPECT_EQ(Forms::Browser(), nullptr);
+}
+
+TEST(FormResize, ABrowserThatThePlayerHasClosedStaysClosed) {
+    Forms forms;
+    forms.Windows.Show(Form::Browse);
+    Forms::Browser()->close();
+    forms.SetState(Qt::WindowMinimized);
+    forms.SetState(Qt::WindowNoState);
+    EXPECT_FALSE(Forms::Browser()->isVisible());
+    forms.Windows.Show(Form::Browse);
+    EXPECT_TRUE(Forms::Browser()->isVisible());
+    EXPECT_FALSE(Forms::Browser()->isMinimized());
+}
+
+TEST(FormResize, TheBrowserDoesNotCarryTheMainWindowAlong) {
+    Forms forms;
+    forms.Windows.Show(Form::Browse);
+    Forms::Browser()->setWindowState(Qt::WindowMinimized);
+    forms.Settle();
+    EXPECT_FALSE(forms.Main().isMinimized());
+}
+
+TEST(Mini, TheListsOfRulesAndOfSetsOpenOverItsEdge) {
+    Stage stage;
+    const QRect area = stage.Form->screen()->availableGeometry();
+    stage.Click("ToTop");
+    stage.Form->move(0, area.bottom() - stage.Form->height());
+    stage.Settle();
+    for (int i = 0; i < 20; ++i) stage.s.QuickLoadRows.push_back("set " + std::to_string(i));
+    stage.Form->ShowQuickLoad(true);
+    stage.Form->ShowSelectList(true);
+    for (const char* name : {"QuickLoad", "SlctGroup"}) {
+        const auto* list = stage.Form->findChild<QListWidget*>(name);
+        ASSERT_NE(list, nullptr) << name;
+        EXPECT_TRUE(list->isWindow()) << name;
+        // The platform of the tests gives lists a frame of two pixels.
+        EXPECT_TRUE(area.adjusted(0, 0, 4, 4).contains(list->frameGeometry())) << name;
+        EXPECT_GE(list->height(), 10 * list->sizeHintForRow(0)) << name;
+    }
+}
+
+}  // namespace
+}  // namespace marvolin
