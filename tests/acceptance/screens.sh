@@ -93,6 +93,17 @@ not_above() { ! is_above; }
 browser_seen() { stage_named "marvolin browser"; }
 browser_gone() { stage_not_named "marvolin browser"; }
 
+SHOWN=first
+declare -A FIRST=([1024x600]=75 [1280x720]=90 [1366x768]=95 [1920x1080]=100 [3840x2160]=200)
+rm "$KEPT"
+start
+percent=${FIRST[$STAGE_SIZE]}
+between "the first start is drawn at $percent %" "$(width_of "$WINDOW")" $((1040 * percent / 100)) $((1040 * percent / 100 + 1))
+whole "start"
+stage_quit
+expect "it remembers places" grep -q '^frmMain ' "$KEPT"
+expect "and no size" eval "! grep -q '^size' '$KEPT'"
+
 for size in 75 100 200; do
   SHOWN=$size
   printf 'marvolin windows 1\nsize %s\n' "$size" >"$KEPT"
