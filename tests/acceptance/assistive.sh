@@ -38,6 +38,7 @@ between "the sound is softer, hundredths of a decibel" \
 picture "volume set"
 
 echo "A change by the hand is told"
+: >"$FOLDER/watched"
 reader watch "Volume of LoopTrack B" 20 >"$FOLDER/watched" &
 watcher=$!
 until_true 10 grep -q ready "$FOLDER/watched"
