@@ -1,16 +1,7 @@
 #!/usr/bin/env bash
 # Every form on every screen, at 75, 100 and 200 %: at each start all windows are whole on the screen, clear of the panel, with
 # their title bars. Then the modes of the main window, a size that is chosen while a loop plays, places that are found again,
-# and no window manager at all.
-if [[ $# -eq 4 ]]; then
-  failed=0
-  for screen in 1024x600 1280x720 1366x768 1920x1080 3840x2160; do
-    echo "== $screen"
-    bash "$0" "$1" "$2" "$3" "$4/$screen" "$screen" || failed=1
-  done
-  exit $failed
-fi
-
+# and no window manager at all. The last argument is the size of the screen.
 NOT_STARTED=1
 STAGE_SIZE=$5
 source "$(dirname "${BASH_SOURCE[0]}")/hands.sh"
