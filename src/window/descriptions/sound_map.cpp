@@ -34,7 +34,8 @@ constexpr const char* kMapHint = "drg Letters to where LoopTracks sound, L to wh
 constexpr const char* kMapPageHint = "off until 3D Sound is on: clk the Box above";
 
 std::string MapHint(const Situation& at) {
-    return at.State.MapEnabled ? kMapHint : std::string(kNo3d) + ": " + kMapHint;
+    if (at.State.MapEnabled) return kMapHint;
+    return std::string(kNo3d).append(": ").append(kMapHint);
 }
 std::string MapPageHint(const Situation& at) { return at.State.MapEnabled ? "" : kMapPageHint; }
 
