@@ -95,6 +95,7 @@ stage_quit
 expect "it remembers places" grep -q '^frmMain ' "$KEPT"
 expect "and no size" eval "! grep -q '^size' '$KEPT'"
 
+toured=
 for size in 75 100 200; do
   SHOWN=$size
   printf 'marvolin windows 1\nsize %s\n' "$size" >"$KEPT"
@@ -102,6 +103,12 @@ for size in 75 100 200; do
   fits=$(largest)
   percent=$((size < fits ? size : fits))
   between "$size % is drawn at $percent %" "$(width_of "$WINDOW")" $((1040 * percent / 100)) $((1040 * percent / 100 + 1))
+  if [[ " $toured " == *" $percent "* ]]; then
+    # The same as at a size before.
+    stage_quit
+    continue
+  fi
+  toured+=" $percent"
   expect "the browser is open" browser_seen
   BROWSER=$NAMED
   if ((ROOM[0] >= 1850 * percent / 100)); then expect "the browser is beside the main window" beside; fi
