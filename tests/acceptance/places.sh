@@ -74,6 +74,12 @@ read -r _ _ flag_width _ <<<"${PLACE[ChannelFlag_0]}"
 click ChannelFlag_0 1 $((flag_width / 6)) 16
 hear_before 0
 browser_tab 3
+# The list has the focus, which shows on it, in all its pictures.
+focus_clips() {
+  in_window "$BROWSER" click browse/ClipBoardList 1 30 300
+  xdotool mousemove --window "$BROWSER" 4 490
+}
+focus_clips
 none=$(browser_looks face browse/ClipBoardList)
 carry 1 "DropDown_0 60 4" browse/ClipBoardList
 xdotool mousemove --window "$BROWSER" 4 490
@@ -97,6 +103,7 @@ click Tab_1
 park
 expect "3D sound is off at the start" looks_like Map "$off"
 browser_tab 3
+focus_clips
 expect "there are no clips" browser_looks looks_like browse/ClipBoardList "$none"
 quick_load 1
 expect "the title names the session" title_is "marvolin-places.mvn"
