@@ -38,6 +38,13 @@ TEST(ScriptRest, CallsAddUpToASecondAndALongOneCountsWhole) {
     EXPECT_EQ(rest.Owed(10'000 * kMs), 0);
 }
 
+TEST(ScriptRest, AShortCallDoesNotShortenALongDebt) {
+    ScriptRest rest;
+    rest.Charge(5000 * kMs, 5000 * kMs);
+    rest.Charge(5010 * kMs, kMs);
+    EXPECT_EQ(rest.Owed(5010 * kMs), 4991 * kMs) << "9 ms were paid off before the short call began";
+}
+
 /// A script on a clock by hand, with a function `work()` that takes about 19 ms.
 struct Worked : LuaRig {
     std::int64_t Taken = 0;  ///< ns, in events and delayed calls
@@ -142,6 +149,24 @@ TEST(ScriptShare, ALoadIsFollowedByAsLongARest) {
     EXPECT_THAT(i.Desk.Boxes, IsEmpty());
     EXPECT_EQ(i.Store.Log.size(), 2U);
     EXPECT_LT(i.Taken, 650 * kMs);
+}
+
+TEST(ScriptShare, AnEventInsideAnotherBelongsToTheTimeOfThatOne) {
+    Worked i;
+    const test::TempFolder folder;
+    folder.Touch("scene.mvn");
+    i.s.CurrentFolder = folder.Path() + "/";
+    i.Begin("function OnVolChange() marvolin.load_set('scene') end\nfunction OnPanChange() work() end");
+    i.Store.OnLoad = [&] {
+        i.Now += 15 * kMs;
+        SendScriptEvent(i.s, ScriptEvent::OnPanChange, std::vector<double>{1, 2});
+    };
+    const std::int64_t before = i.Now;
+    SendScriptEvent(i.s, ScriptEvent::OnVolChange, std::vector<double>{1, 2});
+    EXPECT_GT(i.Now - before, 30 * kMs);
+    EXPECT_LT(i.Now - before, 45 * kMs);
+    EXPECT_FALSE(i.Engine.IsResting()) << "the inner event was charged twice";
+    EXPECT_THAT(i.Desk.Boxes, IsEmpty());
 }
 
 TEST(ScriptShare, AnotherScriptBeginsWithoutADebt) {
