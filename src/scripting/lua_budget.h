@@ -60,6 +60,7 @@ public:
     void Restore(lua_State* L);
     /// The script is being forgotten: whatever of it still runs ends at its next instruction.
     void EndAll() { ended_ = true; }
+    bool HasEnded() const { return ended_; }
     /// Begins something slow that the script may do a few times in one call. It is not part of the call's time; the
     /// script rests for it afterwards. False when it has done so too often.
     bool BeginSlow();

@@ -109,6 +109,14 @@ void KeepForLater(LuaContext& context, lua_State* L) {
     context.Delayed.Add(delay, context.Lua.luaL_ref(L, LUA_REGISTRYINDEX));
 }
 
+/// Keeps the function that is the first argument until the script ends.
+void KeepForEnd(LuaContext& context, lua_State* L) {
+    context.AskedEnd = false;
+    context.Lua.luaL_unref(L, LUA_REGISTRYINDEX, std::exchange(context.AtEnd, LUA_NOREF));
+    context.Lua.lua_pushvalue(L, 1);
+    context.AtEnd = context.Lua.luaL_ref(L, LUA_REGISTRYINDEX);
+}
+
 /// The function behind every member of `marvolin`.
 int CallApi(lua_State* L) {
     LuaContext& context = ContextOf(L);
@@ -120,6 +128,7 @@ int CallApi(lua_State* L) {
     --context.Depth;
     if (!done) return context.Lua.Raise(L, context.Failure);
     if (context.AskedDelay >= 0) KeepForLater(context, L);
+    if (context.AskedEnd) KeepForEnd(context, L);
     // Lua has room for so many in every function that it calls.
     static_assert(std::tuple_size_v<decltype(answer.Items)> <= LUA_MINSTACK);
     for (std::size_t i = 0; i < answer.Count; ++i) PushItem(context.Lua, L, answer.Items[i]);

@@ -44,6 +44,9 @@ struct LuaContext {
     std::size_t Depth = 0;          ///< how many of them are in use
     DelayedCalls Delayed;           ///< by references to functions in Lua's registry
     std::set<std::string> Told;     ///< places and words of the failures of delayed calls that have been reported
+    std::int64_t NextLine = 0;      ///< ns: from here on a failure of them that is not new has a line on the console
+    int AtEnd = LUA_NOREF;          ///< the function to be called when the script ends, in Lua's registry
+    bool AskedEnd = false;          ///< the call of the API under way wants its first argument called then
     std::int32_t AskedDelay = -1;   ///< ms: the call of the API under way wants its second argument called; -1 not
 };
 

@@ -3,8 +3,10 @@
 #include <chrono>
 #include <set>
 #include <string>
+#include <utility>
 
 #include "core/errors.h"
+#include "scripting/lua_calls.h"
 #include "scripting/script_host.h"
 
 namespace marvolin {
@@ -14,6 +16,7 @@ namespace {
 constexpr std::uint32_t kScriptFailed = 1;  // number of the error that a failing script raises
 // A script whose failures all differ would be told of without end.
 constexpr std::size_t kMostTold = 20;
+constexpr std::int64_t kBetweenRepeats = 1'000'000'000;  // ns, of lines on the console about failures told before
 
 /// Whether a failure of a delayed call has not been told yet; from now on it has. Such a call asks for itself again,
 /// and would fail a hundred times a second.
@@ -68,17 +71,35 @@ void LuaScript::AddCode(const std::string& text) {
     const std::shared_ptr<LuaState> state = StateFor(text);
     state_ = state;
     if (state->Load(text) || state_ != state) return;
-    state_.reset();
-    Fail(state->Context.Error);
+    const ScriptError error = state->Context.Error;
+    Reset();
+    Fail(error);
 }
 
 void LuaScript::Reset() {
+    // Behind a box that its last call has opened another text may begin.
+    if (ending_) ending_->Context.Budget.EndAll();
     if (!state_) return;
-    // What still runs of it holds it until it has ended.
-    state_->Context.Budget.EndAll();
-    state_.reset();
+    const std::shared_ptr<LuaState> state = std::exchange(state_, nullptr);
     if (timer_) timer_->SetEnabled(false);
     rest_.Forgive();
+    CallAtEnd(*state);
+    // What still runs of it holds it until it has ended.
+    state->Context.Budget.EndAll();
+}
+
+void LuaScript::CallAtEnd(LuaState& state) {
+    const int last = std::exchange(state.Context.AtEnd, LUA_NOREF);
+    if (last == LUA_NOREF) return;
+    const bool busy = std::exchange(session_->ScriptBusy, true);
+    LuaState* const around = std::exchange(ending_, &state);
+    const bool done = state.CallKept(last);
+    ending_ = around;
+    if (!done && !state.Context.Budget.HasEnded()) {
+        error_ = state.Context.Error;
+        session_->World.Scripts.ReportScriptError("at_end");
+    }
+    session_->ScriptBusy = busy;
 }
 
 void LuaScript::ChargeFrom(std::int64_t begin) {
@@ -101,8 +122,13 @@ void LuaScript::Run(std::string_view procedure, std::span<const double> argument
     if (state == state_) Fail(state->Context.Error);
 }
 
+void LuaScript::AtEnd() {
+    if (state_) state_->Context.AskedEnd = true;
+}
+
 bool LuaScript::After(std::int32_t milliseconds) {
-    if (!state_ || !state_->Context.Delayed.HasRoom()) return false;
+    if (!state_) return true;  // it is ending, and nothing will be called
+    if (!state_->Context.Delayed.HasRoom()) return false;
     if (!timer_) {
         timer_ = session_->World.Timers.Create([this](std::int32_t elapsed) { Tick(elapsed); });
         timer_->SetInterval(kDelayInterval);
@@ -113,10 +139,11 @@ bool LuaScript::After(std::int32_t milliseconds) {
 }
 
 void LuaScript::EndScript() {
+    const bool runs = state_ != nullptr;
     StopScript(*session_);
     ClearScriptEvents(*session_);
     Reset();
-    if (options_.Ended) options_.Ended();
+    if (runs && options_.Ended) options_.Ended();
 }
 
 void LuaScript::Tick(std::int32_t milliseconds) {
@@ -144,9 +171,21 @@ void LuaScript::RunDue(LuaState& state) {
         const bool done = state.CallKept(*due);
         if (&state != state_.get()) return;
         if (done) continue;
-        error_ = state.Context.Error;
-        if (IsNews(state.Context.Told, error_)) session_->World.Scripts.ReportScriptError("after");
+        TellOfDelayed(state);
     }
+}
+
+// A box for what is new; of the rest a line once a second, so that the player sees that it fails still.
+void LuaScript::TellOfDelayed(LuaState& state) {
+    LuaContext& context = state.Context;
+    error_ = context.Error;
+    const std::int64_t now = options_.Clock();
+    const bool news = IsNews(context.Told, error_);
+    if (!news && now < context.NextLine) return;
+    context.NextLine = now + kBetweenRepeats;
+    if (news) return session_->World.Scripts.ReportScriptError("after");
+    const std::string line = error_.Line > 0 ? ", line " + std::to_string(error_.Line) : "";
+    PrintLine(context, "Error in after: " + error_.Description + line);
 }
 
 }  // namespace marvolin

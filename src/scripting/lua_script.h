@@ -54,12 +54,15 @@ private:
     bool Defines(std::string_view procedure) override;
     void Run(std::string_view procedure, std::span<const double> arguments) override;
     bool After(std::int32_t milliseconds) override;
+    void AtEnd() override;
     void EndScript() override;
 
     [[noreturn]] void Fail(const ScriptError& error);
     std::shared_ptr<LuaState> StateFor(const std::string& text);
+    void CallAtEnd(LuaState& state);
     void Tick(std::int32_t milliseconds);
     void RunDue(LuaState& state);
+    void TellOfDelayed(LuaState& state);
     void ChargeFrom(std::int64_t begin);
 
     Options options_;
@@ -68,7 +71,8 @@ private:
     Session* session_ = nullptr;
     ScriptError error_;
     ScriptRest rest_;
-    std::shared_ptr<LuaState> state_;  ///< null without a text; a call that is under way holds it, too
+    std::shared_ptr<LuaState> state_;  ///< null without a text; a call under way holds it, too
+    LuaState* ending_ = nullptr;       ///< the text whose last function is at work; null for none
     std::unique_ptr<PeriodicTimer> timer_;
 };
 

@@ -39,7 +39,7 @@ public:
     /// Reads `text` as `AddCode` does, and neither runs nor keeps it. Raises `RuntimeError` when it cannot be read,
     /// which `Error` then describes.
     virtual void Check(const std::string& text) = 0;
-    /// Forgets the text and all that it has made. From inside a procedure: once that procedure has ended.
+    /// Calls what the text has left to be called at its end, then forgets it and all that it has made. From inside a procedure: once that procedure has ended.
     virtual void Reset() = 0;
     /// Whether the script has lately taken so much time that `OnClock` is to be left out.
     virtual bool IsResting() = 0;

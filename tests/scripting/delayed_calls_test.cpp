@@ -102,6 +102,20 @@ TEST(After, AnErrorThatComesAgainIsToldOnceAScriptAndAtMost20AreTold) {
     EXPECT_EQ(i.Desk.Boxes.size(), 1U);
 }
 
+TEST(After, AFailureThatGetsNoBoxHasALineOnTheConsoleOnceASecond) {
+    LuaRig i;
+    i.Run(
+        "local n = 0\nlocal function f() n = n + 1 marvolin.after(10, f) error('no ' .. n) end\nmarvolin.after(10, f)");
+    i.Pass(200);
+    EXPECT_EQ(i.Desk.Boxes.size(), 20U);
+    EXPECT_THAT(i.Printed, IsEmpty());
+    i.Pass(5000);
+    EXPECT_EQ(i.Desk.Boxes.size(), 20U);
+    EXPECT_GE(i.Printed.size(), 4U);
+    EXPECT_LE(i.Printed.size(), 6U);
+    EXPECT_THAT(i.Printed.back(), ::testing::MatchesRegex("Error in after: no [0-9]+, line 2"));
+}
+
 TEST(After, AnEndlessFunctionEndsInTime) {
     LuaRig i;
     i.Run("marvolin.after(10, function() while true do end end)");

@@ -168,6 +168,60 @@ TEST(Examples, DuckingLetsTheOthersStepBackAtEachStepOfA) {
     i.Live(3000, [&] { EXPECT_EQ(i.s.Set[2].Vol, 0); });
 }
 
+/// Ducking, just behind a step of loop A: the others are down.
+void InMidDuck(Playing& i) {
+    i.s.Set[0].StepDuration = 100;
+    i.s.Set[0].PlayMode = kTrack;
+    i.s.Run[0].Playing = True;
+    i.s.Set[3].Vol = 400;
+    i.Start();
+    for (int look = 0; look < 500 && i.s.Set[1].Vol > 350; ++look) i.Live(10);
+    ASSERT_LE(i.s.Set[1].Vol, 350);
+}
+
+TEST(Examples, DuckingGivesTheVolumesBackWhenItIsStopped) {
+    Playing i("ducking.mvs");
+    InMidDuck(i);
+    LoopVolChangeGang(i.s, 2, 123, UpdateDisplay::Yes);
+    EndScript(i.s, i.Host);
+    EXPECT_EQ(i.s.Set[1].Vol, 500);
+    EXPECT_EQ(i.s.Set[2].Vol, 123) << "what the hand has set since stays";
+    EXPECT_EQ(i.s.Set[3].Vol, 400);
+}
+
+TEST(Examples, DuckingThatIsRunAgainInMidDuckComesUpToTheFullVolumes) {
+    Playing i("ducking.mvs");
+    InMidDuck(i);
+    i.Start();
+    EXPECT_EQ(i.s.Set[1].Vol, 500);
+    i.s.Run[0].Playing = False;
+    i.Live(2000);
+    EXPECT_EQ(i.s.Set[1].Vol, 500);
+    EXPECT_EQ(i.s.Set[3].Vol, 400);
+}
+
+TEST(Examples, TheFadeOutThatIsStoppedGivesTheMasterVolumeBack) {
+    Playing i("fade_out.mvs");
+    i.Start();
+    i.Live(60'000);
+    ASSERT_LT(i.s.Set[5].Vol, 450);
+    EndScript(i.s, i.Host);
+    EXPECT_EQ(i.s.Set[5].Vol, 500);
+}
+
+TEST(Examples, TheHumaniserThatIsStoppedLeavesEachLoopAtItsMiddle) {
+    Playing i("humaniser.mvs");
+    i.s.Set[1].Vol = 300;
+    i.Start();
+    i.Chance.Rest = 0.9;
+    i.Live(2000);
+    ASSERT_NE(i.s.Set[1].Hz, 1000);
+    ASSERT_NE(i.s.Set[1].Vol, 300);
+    EndScript(i.s, i.Host);
+    EXPECT_EQ(i.s.Set[1].Hz, 1000);
+    EXPECT_EQ(i.s.Set[1].Vol, 300);
+}
+
 TEST(Examples, TheEuclideanPatternsHaveTheirHitsEvenlySpread) {
     Playing i("euclidean.mvs");
     i.Start();

@@ -250,6 +250,72 @@ TEST(LuaScript, AScriptThatStopsItselfAtItsTopLevelHasRun) {
     EXPECT_FALSE(i.s.ScriptEnabled);
 }
 
+TEST(LuaScriptsEnd, CallsItsLastFunctionOnceHoweverItEnds) {
+    LuaRig i;
+    const std::string last =
+        "marvolin.at_end(function() print('never') end)\n"
+        "marvolin.at_end(function() print('end') end)\n";
+    i.Run(last);
+    EXPECT_THAT(i.Printed, IsEmpty());
+    EndScript(i.s, i.Host);
+    EXPECT_THAT(i.Printed, ElementsAre("end"));
+    EndScript(i.s, i.Host);
+    EXPECT_EQ(i.Printed.size(), 1U);
+    i.Run(last);
+    i.Run("print('next')");
+    EXPECT_THAT(i.Printed, ElementsAre("end", "end", "next"));
+    i.Printed.clear();
+    EXPECT_FALSE(i.Run(last + "error('wrong')"));
+    EXPECT_THAT(i.Printed, ElementsAre("end"));
+    EXPECT_THAT(i.Box(), StartsWith("song.mvs: wrong"));
+    i.Printed.clear();
+    i.Run(last + "function OnVolChange() marvolin.stop_script() print('on') end");
+    Send(i, ScriptEvent::OnVolChange, {1, 2});
+    EXPECT_THAT(i.Printed, ElementsAre("end"));
+    EXPECT_EQ(i.Engine.Memory(), 0U);
+}
+
+TEST(LuaScriptsEnd, IsAsShortAsAnEventAndItsFailuresAreTold) {
+    LuaRig i;
+    i.Run("marvolin.at_end(function() while true do pcall(error) end end)");
+    i.Desk.Boxes.clear();
+    EndScript(i.s, i.Host);
+    EXPECT_THAT(i.Box(), StartsWith("at_end: The script ran longer than 20 ms"));
+    EXPECT_EQ(i.Engine.Memory(), 0U);
+    EXPECT_FALSE(i.s.ScriptBusy);
+    i.Run("marvolin.at_end(function()\n error('no') end)");
+    EXPECT_TRUE(i.Run("print('next')"));
+    EXPECT_EQ(i.Box(), "at_end: no,  ln:2  col:0");
+    EXPECT_THAT(i.Printed, ElementsAre("next"));
+}
+
+TEST(LuaScriptsEnd, MayNeitherWaitNorEndTheScriptAgain) {
+    int ended = 0;
+    LuaRig i({.Ended = [&] { ++ended; }});
+    i.Run(
+        "marvolin.at_end(function() marvolin.after(0, function() print('late') end)\n"
+        "print('end') marvolin.stop_script() print('on') end)");
+    EndScript(i.s, i.Host);
+    i.Pass(50);
+    EXPECT_THAT(i.Printed, ElementsAre("end"));
+    EXPECT_THAT(i.Desk.Boxes, IsEmpty());
+    EXPECT_EQ(ended, 0) << "it was stopped";
+    for (const auto* timer : i.Timers.Live) EXPECT_FALSE(timer->Enabled);
+}
+
+TEST(LuaScriptsEnd, IsOverWhenAnotherScriptBeginsBehindABoxOfIt) {
+    LuaRig i;
+    const test::TempFolder folder;
+    folder.Touch("scene.mvn");
+    i.s.CurrentFolder = folder.Path() + "/";
+    i.Store.OnLoad = [&] { i.Run("marvolin.after(10, function() print('second') end)"); };
+    i.Run("marvolin.at_end(function() marvolin.load_set('scene') print('first') end)");
+    EndScript(i.s, i.Host);
+    i.Pass(20);
+    EXPECT_THAT(i.Printed, ElementsAre("second"));
+    EXPECT_THAT(i.Desk.Boxes, IsEmpty());
+}
+
 TEST(LuaScript, AnotherScriptTakesThePlaceOfOneThatIsRunning) {
     LuaRig i;
     i.Run("x = 5  function OnClock() end");

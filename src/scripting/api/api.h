@@ -95,6 +95,9 @@ public:
     /// Calls the function that is the second argument of the running call, once, after so many milliseconds. False
     /// when too many calls wait already.
     virtual bool After(std::int32_t milliseconds) = 0;
+    /// Calls the function that is the first argument of the running call once the script ends, in the place of the one
+    /// that was given before.
+    virtual void AtEnd() = 0;
     /// Ends the script once the running call has ended.
     virtual void EndScript() = 0;
 };

@@ -53,8 +53,8 @@ that is running is not called again until it has ended.
 - Altogether a script has about half of the time. Delayed calls wait for as long as its events and loads have taken, and
   after long loads `OnClock` is left out for as long. Events of the hand always come.
 - There are no files, processes, network or system calls: of Lua's library a script has `string` (without `dump`, `pack`,
-  `unpack`, `packsize`), `table`, `math`, `utf8`, `coroutine` (without `close`) and the basic functions (without those
-  that load or collect). `math.random` draws from the instrument's own chance. Metatables have no `__gc`,
+  `unpack`, `packsize`), `table`, `math` (without `randomseed`), `utf8`, `coroutine` (without `close`) and the basic
+  functions (without `warn`, `require` and those that load or collect). `math.random` draws from the instrument's own chance. Metatables have no `__gc`,
   and tables may have weak values, but no weak keys.
 - An error, and a limit that is passed, is reported once with its line. The event it came from is silent from then on;
   everything else plays on.

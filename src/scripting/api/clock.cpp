@@ -46,13 +46,23 @@ constexpr ApiFunction kClockFunctions[] = {
      .Errors = "More than 256 calls are waiting.",
      .Example = "marvolin.after(20, function() marvolin.set_volume('A', 10) end)  assert(marvolin.volume('A') == 500)",
      .Act = After},
+    {.Name = "at_end",
+     .Parameters = {ApiParameter{.Name = "function", .Kind = ArgumentKind::Function}},
+     .Text = "Calls a function once when the script ends: by Stop, by the next script, by stop_script, or because its "
+             "first run fails. There it gives back what the script has only borrowed. It may take 20 ms, and nothing "
+             "waits behind it. A further at_end takes the place of the one before.",
+     .Example = "local full = marvolin.volume('A')  marvolin.at_end(function() marvolin.set_volume('A', full) end)  "
+                "assert(full == 500)",
+     .Act = [](ApiCall& call) { call.Engine.AtEnd(); }},
     {.Name = "status",
      .Parameters = {Text("text")},
      .Text = "Shows a text in the status line, until the next hint; at most 200 bytes of it.",
      .Example = "marvolin.status('Verse')",
      .Act = Status},
     {.Name = "stop_script",
-     .Text = "Ends the script: nothing of it is called any more, and the call under way ends, too.",
+     .Text =
+         "Ends the script: nothing of it is called any more but the function of at_end, and the call under way ends, "
+         "too.",
      .Example = "marvolin.stop_script()",
      .Act = [](ApiCall& call) { call.Engine.EndScript(); }},
 };

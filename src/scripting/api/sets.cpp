@@ -36,9 +36,13 @@ void LoadSet(ApiCall& call) {
 constexpr ApiFunction kSetsFunctions[] = {
     {.Name = "set_count",
      .Returns = "a number",
-     .Text = "How many sets QuickLoad lists.",
+     .Text = "How many sets QuickLoad lists. The list is read anew, for set_name as well.",
      .Example = "assert(marvolin.set_count() == 0)",
-     .Act = [](ApiCall& call) { call.Return(static_cast<double>(SetCount(call.s))); }},
+     .Act =
+         [](ApiCall& call) {
+             UpdateQuickLoad(call.s);
+             call.Return(static_cast<double>(SetCount(call.s)));
+         }},
     {.Name = "set_name",
      .Parameters = {Whole("number", 1, 32000)},
      .Returns = "a name, or nil when there are not so many",
