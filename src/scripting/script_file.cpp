@@ -31,6 +31,10 @@ bool Follows(unsigned char first, unsigned char second) {
     return first != 0xF4 || second <= 0x8F;
 }
 
+std::string TooLong() {
+    return "It is longer than " + std::to_string(kLongestScript / 1024 / 1024) + " MB, the most for a script";
+}
+
 }  // namespace
 
 bool IsUtf8(std::string_view text) {
@@ -47,16 +51,19 @@ bool IsUtf8(std::string_view text) {
     return true;
 }
 
+std::string ScriptFault(std::string_view text) {
+    if (text.size() > kLongestScript) return TooLong();
+    if (text.find('\0') != std::string_view::npos) return "It is no text: it holds a zero byte";
+    return IsUtf8(text) ? "" : "It is no text in UTF-8";
+}
+
 std::string ReadScript(const std::string& path) {
     RecordReader file(path);
-    if (file.Left() > kLongestScript) {
-        throw RuntimeError(kBadText, "It is longer than " + std::to_string(kLongestScript / 1024 / 1024) +
-                                         " MB, the most for a script");
-    }
+    if (file.Left() > kLongestScript) throw RuntimeError(kBadText, TooLong());
     std::string text = file.GetBytes(file.Left());
     if (text.starts_with(kByteOrderMark)) text.erase(0, kByteOrderMark.size());
-    if (text.find('\0') != std::string::npos) throw RuntimeError(kBadText, "It is no text: it holds a zero byte");
-    if (!IsUtf8(text)) throw RuntimeError(kBadText, "It is no text in UTF-8");
+    const std::string fault = ScriptFault(text);
+    if (!fault.empty()) throw RuntimeError(kBadText, fault);
     return text;
 }
 

@@ -87,6 +87,51 @@ TEST(ConsoleView, IsBoundedAndItsButtonEmptiesIt) {
     EXPECT_EQ(stage.Window.Console->toPlainText(), "again");
 }
 
+TEST(ConsoleView, ShowsAFloodOfLinesAFewTimesASecondAndNotWithEachEvent) {
+    EditorStage stage;
+    ConsoleView& view = *stage.Window.Console;
+    view.Pause.setInterval(3'600'000);  // ms: it ends when the test says so
+    stage.Room.Print("first");
+    for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
+    EXPECT_EQ(view.toPlainText(), "first");
+    int changes = 0;
+    QObject::connect(view.document(), &QTextDocument::contentsChanged, [&] { ++changes; });
+    for (int event = 0; event < 50; ++event) {
+        stage.Room.Print("line");
+        for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
+    }
+    EXPECT_EQ(changes, 0);
+    stage.EndPause();
+    EXPECT_EQ(changes, 1) << "all lines at once";
+    EXPECT_EQ(view.blockCount(), 51);
+    stage.EndPause();
+    EXPECT_FALSE(view.Pause.isActive()) << "nothing has come";
+}
+
+TEST(ConsoleView, DoesNothingWhileItIsHiddenAndShowsAllWhenItComesBack) {
+    EditorStage stage;
+    stage.Window.close();
+    stage.Room.Print("unseen");
+    stage.Settle();
+    EXPECT_EQ(stage.Window.Console->toPlainText(), "");
+    stage.Window.Open();
+    stage.Settle();
+    EXPECT_EQ(stage.Window.Console->toPlainText(), "unseen");
+}
+
+TEST(ConsoleView, KeepsAnEmptyFirstLine) {
+    EditorStage stage;
+    stage.Room.Print("");
+    stage.Settle();
+    stage.Room.Print("second");
+    stage.Settle();
+    EXPECT_EQ(stage.Window.Console->toPlainText(), "\nsecond");
+    stage.Click("ClearConsole");
+    stage.Room.Print("again");
+    stage.Settle();
+    EXPECT_EQ(stage.Window.Console->toPlainText(), "again");
+}
+
 TEST(ConsoleView, CannotBeTypedInto) {
     EditorStage stage;
     QTest::keyClicks(stage.Window.Console, "text");

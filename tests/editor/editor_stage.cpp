@@ -12,6 +12,7 @@
 #include <QtTest/QTest>
 
 #include "window/editor/code_view_module.h"
+#include "window/editor/console_view.h"
 
 namespace marvolin::test {
 
@@ -108,6 +109,13 @@ void EditorStage::Answer(const std::vector<std::function<void(QDialog&)>>& answe
 
 void EditorStage::Settle() {
     for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
+    EndPause();
+}
+
+void EditorStage::EndPause() {
+    QTimer& pause = Window.Console->Pause;
+    QTimerEvent end(pause.timerId());
+    if (pause.isActive()) QCoreApplication::sendEvent(&pause, &end);
 }
 
 std::function<void(QDialog&)> Press(const char* button) {

@@ -51,8 +51,9 @@ struct EditorStage : ScriptRig {
     /// Runs `act` and answers each dialogue that it opens, in order, by one of `answers`. Fails the test when there are
     /// fewer dialogues than answers; a dialogue without an answer is cancelled, which fails it, too.
     void Answer(const std::vector<std::function<void(QDialog&)>>& answers, const std::function<void()>& act);
-    /// Handles all events.
+    /// Handles all events, and lets the pause of the console pass.
     void Settle();
+    void EndPause();
 
     TempFolder Folder;
     FrmScripts Window{s, Room, Maker()};

@@ -124,6 +124,43 @@ TEST(EditorFiles, ASaveThatIsCancelledOrFailsLosesNothing) {
     EXPECT_EQ(ReadScript(path), "old");
 }
 
+TEST(EditorFiles, TheOpenFileOpenedAgainIsReadAfterTheChangesWereSavedToIt) {
+    EditorStage stage;
+    const std::string path = stage.Folder.Touch("song.mvs", "old");
+    stage.Window.Document->Open(path);
+    stage.Type("new ");
+    stage.Answer({Press("BoxSave")}, [&] { stage.Window.Document->Open(path); });
+    EXPECT_EQ(stage.Text(), "new old");
+    EXPECT_EQ(ReadScript(path), "new old");
+    EXPECT_FALSE(stage.Window.View->IsModified());
+    stage.Type("more ");
+    stage.Answer({Press("BoxDiscard")}, [&] { stage.Window.Document->Open(path); });
+    EXPECT_EQ(stage.Text(), "new old");
+    stage.Type("mine ");
+    stage.Answer({Press("BoxCancel")}, [&] { stage.Window.Document->Open(path); });
+    EXPECT_EQ(stage.Text(), "mine new old");
+    EXPECT_TRUE(stage.Window.View->IsModified());
+    EXPECT_THAT(stage.Desk.Boxes, IsEmpty());
+}
+
+TEST(EditorFiles, ATextThatCannotBeOpenedAgainIsSavedAndThatIsTold) {
+    EditorStage stage;
+    const std::string path = stage.Folder.Touch("song.mvs", "old");
+    stage.Window.Document->Open(path);
+    const std::string longer(1024 * 1024 + 1, 'x');
+    stage.Window.View->SetText(longer);
+    EXPECT_TRUE(stage.Window.Document->Save());
+    EXPECT_EQ(std::filesystem::file_size(path), longer.size());
+    EXPECT_EQ(
+        stage.Desk.LastBox(),
+        "The script song.mvs is saved, but cannot be opened again: It is longer than 1 MB, the most for a script");
+    EXPECT_FALSE(stage.Desk.Boxes.back().Waits);
+    stage.Desk.Boxes.clear();
+    stage.Window.View->SetText("x");
+    EXPECT_TRUE(stage.Window.Document->Save());
+    EXPECT_THAT(stage.Desk.Boxes, IsEmpty());
+}
+
 TEST(EditorFiles, AFileThatHasVanishedIsSavedAgain) {
     EditorStage stage;
     const std::string path = stage.Folder.Touch("song.mvs", "old");

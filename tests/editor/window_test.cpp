@@ -344,5 +344,29 @@ TEST(Editor, EveryButtonIsReachedByTab) {
     }
 }
 
+TEST(Editor, CtrlTabGoesFromTheTextToEachButtonAndBack) {
+    EditorStage stage;
+    for (const Qt::KeyboardModifiers keys :
+         {Qt::KeyboardModifiers(Qt::ControlModifier), Qt::KeyboardModifiers(Qt::ControlModifier | Qt::ShiftModifier)}) {
+        QWidget& text = stage.Window.View->Widget();
+        text.setFocus();
+        std::set<const QWidget*> seen;
+        for (int step = 0; step < 100; ++step) {
+            stage.Key(Qt::Key_Tab, keys);
+            const QWidget* at = stage.Window.focusWidget();
+            ASSERT_NE(at, nullptr);
+            if (at == &text) break;
+            EXPECT_TRUE(seen.insert(at).second) << at->objectName().toStdString() << " comes twice before the text";
+        }
+        EXPECT_EQ(stage.Window.focusWidget(), &text) << "the walk does not come back";
+        for (const QWidget* widget : stage.Window.findChildren<QWidget*>()) {
+            const bool button = dynamic_cast<const TextButton*>(widget) != nullptr;
+            if (!button || !widget->isVisible() || !widget->isEnabled()) continue;
+            EXPECT_TRUE(seen.contains(widget)) << widget->objectName().toStdString();
+        }
+        EXPECT_EQ(stage.Text(), "") << "a tab was typed";
+    }
+}
+
 }  // namespace
 }  // namespace marvolin

@@ -21,26 +21,18 @@ struct ApiEvent {
 
 /// In the order of the page.
 inline constexpr std::array<ApiEvent, kScriptEvents> kApiEvents{{
-    {ScriptEvent::OnVolChange, "row, volume", "row, volume 0 to 500",
-     "a volume knob was let go, or turned a step by a key or the wheel"},
+    {ScriptEvent::OnVolChange, "row, volume", "row, volume 0 to 500", "a volume knob was let go"},
     {ScriptEvent::OnVolScroll, "row, volume, change", "row, volume, change since the last of these events",
-     "a volume knob is being turned, and once more when it is let go; at each step by a key or the wheel, too"},
-    {ScriptEvent::OnPanChange, "row, pan", "row, pan -500 to 500",
-     "a pan knob was let go, or turned a step by a key or the wheel"},
-    {ScriptEvent::OnPanScroll, "row, pan, change", "row, pan, change",
-     "a pan knob is being turned; at each step by a key or the wheel, too"},
-    {ScriptEvent::OnPitchChange, "row, percent", "row, percent 0.1 to 400",
-     "a frequency knob was let go, or turned a step by a key or the wheel"},
-    {ScriptEvent::OnPitchScroll, "row, percent, change", "row, percent, change",
-     "a frequency knob is being turned; at each step by a key or the wheel, too"},
+     "a volume knob is being turned, and once more when it is let go"},
+    {ScriptEvent::OnPanChange, "row, pan", "row, pan -500 to 500", "a pan knob was let go"},
+    {ScriptEvent::OnPanScroll, "row, pan, change", "row, pan, change", "a pan knob is being turned"},
+    {ScriptEvent::OnPitchChange, "row, percent", "row, percent 0.1 to 400", "a frequency knob was let go"},
+    {ScriptEvent::OnPitchScroll, "row, percent, change", "row, percent, change", "a frequency knob is being turned"},
     {ScriptEvent::OnPositionChange, "ball, x, y", "ball, x, y in map units", "a ball of the sound map was let go"},
     {ScriptEvent::OnPositionScroll, "ball, x, y, dx, dy", "ball, x, y, change of x, change of y",
      "a ball is being moved, by the mouse or the joystick"},
     {ScriptEvent::OnClock, "milliseconds, part, seconds",
-     "milliseconds since the last tick, milliseconds and seconds of the running clock",
-     "ten times a second; a tick that comes during an event or in a rest is left out, and its milliseconds are not "
-     "added to "
-     "the next"},
+     "milliseconds since the last one, milliseconds and seconds of the running clock", "ten times a second"},
 }};
 
 /// The row of an event.

@@ -11,6 +11,9 @@ namespace marvolin {
 
 namespace {
 
+// What a script prints without end costs the thread of the steps only so much.
+constexpr int kConsolePause = 100;  // ms
+
 const QColor kErrorInk{0xff, 0x8d, 0x82};
 
 QColor InkOf(ConsoleLine::Kind kind) {
@@ -37,28 +40,47 @@ ConsoleView::ConsoleView(Session& session, const ScriptConsole& console, QWidget
     setFont(theme::Digits(12));
     setFrameShape(QFrame::NoFrame);
     setPlaceholderText("What a script prints stands here, and so do its errors.");
-    Refresh();
+    Pause.setSingleShot(true);
+    Pause.setInterval(kConsolePause);
+    Pause.callOnTimeout(this, [this] { Refresh(); });
 }
 
-void ConsoleView::Append(const ConsoleLine& line) {
-    QTextCursor end(document());
-    end.movePosition(QTextCursor::End);
-    if (!document()->isEmpty()) end.insertBlock();
+void ConsoleView::Append(QTextCursor& end, const ConsoleLine& line) {
+    if (filled_) end.insertBlock();
+    filled_ = true;
     QTextCharFormat format;
     format.setForeground(InkOf(line.What));
     end.insertText(ToQString(line.Text), format);
 }
 
+void ConsoleView::RefreshInTime() {
+    if (!Pause.isActive()) Refresh();
+}
+
+void ConsoleView::showEvent(QShowEvent* event) {
+    QPlainTextEdit::showEvent(event);
+    Refresh();
+}
+
 void ConsoleView::Refresh() {
+    if (!isVisible()) return;
     const auto& lines = console_.Lines();
-    if (lines.empty()) clear();
+    if (lines.empty()) {
+        clear();
+        filled_ = false;
+    }
     const std::uint64_t come = console_.Count() - shown_;
     shown_ = console_.Count();
     if (come == 0) return;
+    Pause.start();
     const QScrollBar& bar = *verticalScrollBar();
     const bool atEnd = bar.value() == bar.maximum();
     const std::size_t fresh = std::min<std::uint64_t>(come, lines.size());
-    for (std::size_t i = lines.size() - fresh; i < lines.size(); ++i) Append(lines[i]);
+    QTextCursor end(document());
+    end.movePosition(QTextCursor::End);
+    end.beginEditBlock();
+    for (std::size_t i = lines.size() - fresh; i < lines.size(); ++i) Append(end, lines[i]);
+    end.endEditBlock();
     if (atEnd) verticalScrollBar()->setValue(verticalScrollBar()->maximum());
 }
 

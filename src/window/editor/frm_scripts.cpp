@@ -57,7 +57,10 @@ FrmScripts::FrmScripts(Session& session, ScriptRoom& room, CodeViewMaker& maker)
     setAcceptDrops(true);
     failures_ = room_.LastFailure().Number;
     soon_.setSingleShot(true);
-    soon_.callOnTimeout(this, [this] { Refresh(); });
+    soon_.callOnTimeout(this, [this] {
+        ShowState();
+        Console->RefreshInTime();
+    });
     auto* column = Column(this);
     toolbar_ = new ScriptToolbar(s, *this, ToolbarActions());
     column->addWidget(toolbar_);
@@ -193,13 +196,17 @@ void FrmScripts::RefreshSoon() {
 }
 
 void FrmScripts::Refresh() {
+    ShowState();
+    Console->Refresh();
+}
+
+void FrmScripts::ShowState() {
     setWindowTitle(ToQString("marvolin scripts - " + Document->Name() + "[*]"));
     setWindowModified(View->IsModified());
     toolbar_->Show({.CanUndo = View->CanUndo(), .CanRedo = View->CanRedo(), .Runs = room_.Runs()});
     ShowRunning();
     Status->ShowCaret(View->Caret());
     Events->update();
-    Console->Refresh();
     ShowFailure();
 }
 

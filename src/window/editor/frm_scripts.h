@@ -59,6 +59,7 @@ private:
     void Run();
     void Stop();
     void Refresh();
+    void ShowState();  ///< all but the console
     void ShowRunning();
     void ShowFailure();
 

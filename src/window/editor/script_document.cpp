@@ -33,11 +33,19 @@ void ScriptDocument::New() {
 void ScriptDocument::BeginExample(int number) {
     const std::string file(kScriptExamples.at(static_cast<std::size_t>(number)).File);
     try {
-        const std::string text = ReadScript(JoinPath(s.World.Desk.ProgramFolder(), "Scripts/" + file));
-        if (MayLose()) Begin(text, file, "");
+        const std::string path = JoinPath(s.World.Desk.ProgramFolder(), "Scripts/" + file);
+        if (const std::optional<std::string> text = Read(path)) Begin(*text, file, "");
     } catch (const RuntimeError& error) {
         s.World.Desk.Report("The example " + file + " cannot be opened: " + error.what());
     }
+}
+
+// Read once more after the question: the answer may have saved to this very file.
+std::optional<std::string> ScriptDocument::Read(const std::string& path) {
+    std::string text = ReadScript(path);
+    if (!view_.IsModified()) return text;
+    if (!MayLose()) return std::nullopt;
+    return ReadScript(path);
 }
 
 std::string ScriptDocument::Folder() const {
@@ -55,10 +63,10 @@ void ScriptDocument::Open(const std::string& path) {
     std::string name;
     SplitFilePath(path, folder, name);
     try {
-        const std::string text = ReadScript(path);
-        if (!MayLose()) return;
+        const std::optional<std::string> text = Read(path);
+        if (!text) return;
         folder_ = folder;
-        Begin(text, name, path);
+        Begin(*text, name, path);
     } catch (const RuntimeError& error) {
         s.World.Desk.Report("The script " + name + " cannot be opened: " + error.what());
     }
@@ -75,8 +83,9 @@ bool ScriptDocument::SaveTo(const std::string& path) {
     std::string folder;
     std::string name;
     SplitFilePath(path, folder, name);
+    const std::string text = view_.Text();
     try {
-        WriteScript(path, view_.Text());
+        WriteScript(path, text);
     } catch (const RuntimeError& error) {
         s.World.Desk.Report("The script " + name + " cannot be saved: " + error.what());
         return false;
@@ -87,6 +96,8 @@ bool ScriptDocument::SaveTo(const std::string& path) {
     name_ = name;
     events_.Changed();
     events_.Tell("Saved " + path);
+    const std::string fault = ScriptFault(text);
+    if (!fault.empty()) s.World.Desk.Report("The script " + name + " is saved, but cannot be opened again: " + fault);
     return true;
 }
 

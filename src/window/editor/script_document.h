@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "core/session.h"
@@ -44,6 +45,8 @@ public:
 
 private:
     void Begin(const std::string& text, const std::string& name, const std::string& path);
+    /// The text of a file, after the question for the one that is not saved; none when the player keeps that.
+    std::optional<std::string> Read(const std::string& path);
     bool SaveTo(const std::string& path);
     std::string Folder() const;
 
