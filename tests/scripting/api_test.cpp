@@ -251,10 +251,10 @@ TEST(Api, SetsAreListedAndLoadedByName) {
     const test::TempFolder folder;
     for (const char* name : {"verse.mvn", "chorus.mvn"}) folder.Touch(name);
     i.s.CurrentFolder = folder.Path() + "/";
-    EXPECT_THAT(i.Prints("marvolin.load_set('bridge')"), HasSubstr("load_set: QuickLoad has no set \"bridge\""));
-    EXPECT_THAT(i.Prints("marvolin.load_set('<Close>')"), HasSubstr("has no set"));
     EXPECT_EQ(i.Prints("print(marvolin.set_count(), marvolin.set_name(1), marvolin.set_name(2), marvolin.set_name(3))"),
               "2\tchorus\tverse\tnil");
+    EXPECT_THAT(i.Prints("marvolin.load_set('bridge')"), HasSubstr("load_set: QuickLoad has no set \"bridge\""));
+    EXPECT_THAT(i.Prints("marvolin.load_set('<Close>')"), HasSubstr("has no set"));
     i.Store.Answer = false;
     EXPECT_EQ(i.Prints("print(marvolin.load_set('verse'))"), "false");
 }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <ctime>
 
 #include "parameters/scroll_events.h"
 #include "scripting/lua_rig.h"
@@ -234,9 +235,9 @@ TEST(LuaSandbox, LibraryCallsThatWouldTakeForeverEndInTime) {
     for (const char* call : calls) {
         LuaRig i;
         i.Look = 1'000'000;
-        const auto begin = SteadyNanoseconds();
+        const std::clock_t begin = std::clock();  // of this process: a busy machine does not count
         EXPECT_THAT(i.Prints(call), StartsWith("song.mvs: ")) << call;
-        EXPECT_LT(SteadyNanoseconds() - begin, 10'000'000'000) << call;
+        EXPECT_LT(std::clock() - begin, 10 * CLOCKS_PER_SEC) << call;
     }
 }
 

@@ -42,6 +42,10 @@ constexpr std::string_view kBehindEvents = R"(
 In an event rows count from 1: 1 to 4 are the loops A to D, 5 the selection row, 6 the master; balls are 1 to 4 for the
 loops and 5 for the listener. In the functions below rows count from 0, so a script passes `row - 1`, or a letter.
 
+A step by a key or the wheel turns a knob and lets it go: it sends both events. A tick of `OnClock` that falls into another
+event or into a rest (see Limits) is left out, and its milliseconds are not added to those of the next; for times that add
+up take `marvolin.clock()`.
+
 On the tab Optn, under "Scripting", two settings say how many moves of a knob or a ball make one scroll event. The event
 that is running is not called again until it has ended.
 

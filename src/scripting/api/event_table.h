@@ -32,7 +32,7 @@ inline constexpr std::array<ApiEvent, kScriptEvents> kApiEvents{{
     {ScriptEvent::OnPositionScroll, "ball, x, y, dx, dy", "ball, x, y, change of x, change of y",
      "a ball is being moved, by the mouse or the joystick"},
     {ScriptEvent::OnClock, "milliseconds, part, seconds",
-     "milliseconds since the last one, milliseconds and seconds of the running clock", "ten times a second"},
+     "milliseconds since the last tick, milliseconds and seconds of the running clock", "ten times a second"},
 }};
 
 /// The row of an event.
