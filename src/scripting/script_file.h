@@ -10,8 +10,8 @@ namespace marvolin {
 /// Ending of a script's file name.
 inline constexpr std::string_view kScriptExtension = ".mvs";
 
-/// Why a text can be no script, as a sentence for the player: it is longer than a script may be, holds a zero byte or is
-/// not UTF-8. "" when nothing is wrong with it.
+/// Why a text can be no script, as a sentence for the player: it is longer than a script may be, holds a zero byte or
+/// is not UTF-8. "" when nothing is wrong with it.
 std::string ScriptFault(std::string_view text);
 
 /// The whole text of a script's file, without a byte order mark at its start. Raises a `RuntimeError`, whose
