@@ -61,6 +61,31 @@ TEST(PlaceBeside, EndsOnTheScreen) {
     EXPECT_EQ(PlaceBeside({874, 800, 1040, 300}, {0, 0, 1920, 1080}, {782, 540}, 622).bottom(), 1079);
 }
 
+TEST(PlacedClear, MovesAsLittleAsPossible) {
+    const QRect strip(100, 300, 1040, 200);
+    EXPECT_EQ(PlacedClear({10, 510, 400, 200}, strip, kScreen, 200), QRect(10, 510, 400, 200)) << "clear already";
+    EXPECT_EQ(PlacedClear({10, 350, 400, 200}, strip, kScreen, 200), QRect(10, 500, 400, 200));
+    EXPECT_EQ(PlacedClear({10, 200, 400, 200}, strip, kScreen, 200), QRect(10, 100, 400, 200));
+    EXPECT_EQ(PlacedClear({1000, 350, 200, 600}, strip, kScreen, 600), QRect(1140, 168, 200, 600)) << "beside";
+}
+
+TEST(PlacedClear, AWindowThatIsTooTallGetsLowerOrStays) {
+    const QRect strip(100, 300, 1040, 200);
+    EXPECT_EQ(PlacedClear({10, 350, 400, 400}, strip, kScreen, 200), QRect(10, 0, 400, 300));
+    EXPECT_EQ(PlacedClear({10, 350, 400, 400}, strip, kScreen, 301), QRect(10, 350, 400, 400));
+}
+
+TEST(NeverEmpty, ADesktopWithoutAScreenHasTheOneThatItHad) {
+    std::vector<ScreenArea> now;
+    const auto screens = NeverEmpty([&] { return now; });
+    EXPECT_EQ(screens().size(), 1u);
+    now = {{kScreen, kScreen}, {{1366, 0, 1280, 720}, {1366, 0, 1280, 690}}};
+    EXPECT_EQ(screens().size(), 2u);
+    now.clear();
+    ASSERT_EQ(screens().size(), 2u);
+    EXPECT_EQ(screens()[0].Free, kScreen);
+}
+
 const FormSizes kForms{{1040, 740}, 780};
 
 TEST(ProgramSize, AFirstStartTakesTheLargestThatFits) {

@@ -6,6 +6,8 @@
 
 #include "stage.h"
 #include "window/forms/frm_browse.h"
+#include "window/screens/fitting.h"
+#include "window/screens/toolkit_scale.h"
 #include "window/toolkit/qt_desktop.h"
 #include "window/toolkit/qt_windows.h"
 
@@ -142,6 +144,26 @@ TEST(ToTop, AWindowThatThePlayerHasMovedStaysThereInMini) {
     stage.Click("ToTop");
     stage.Settle();
     EXPECT_EQ(stage.Form->pos(), QPoint(30, 10));
+}
+
+TEST(ToTop, TheWayBackIsFoundBelowAHundredToo) {
+    Stage stage;
+    ReopenWindows([] { ASSERT_TRUE(ScaleToolkit(0.75)); });
+    const QRect area = stage.Form->screen()->availableGeometry();
+    for (int i = 0; i < 8; ++i) {
+        SCOPED_TRACE(i);
+        stage.Form->ToggleMode();
+        const QPoint low(20 + i, area.top() + area.height() - stage.Form->frameGeometry().height() - i);
+        stage.Form->move(low);
+        stage.Settle();
+        stage.Form->ToggleMode();
+        stage.Settle();
+        stage.Form->ToggleMode();
+        stage.Settle();
+        EXPECT_TRUE(IsSamePlace(stage.Form->pos(), low)) << stage.Form->pos().y() << " " << low.y();
+        stage.Form->ToggleMode();
+    }
+    ReopenWindows([] { ScaleToolkit(1); });
 }
 
 TEST(FormResize, TheBrowserIsMinimisedAndRestoredWithTheMainWindow) {

@@ -7,10 +7,15 @@
 #include <QStandardItemModel>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QWindow>
 #include <QtTest/QTest>
+#include <fstream>
 
+#include "core/routines.h"
 #include "performance/tabs.h"
 #include "stage.h"
+#include "window/forms/frm_start_up_query.h"
+#include "window/popups/report_box.h"
 #include "window/screens/size_choice.h"
 #include "window/screens/small_painting.h"
 #include "window/screens/toolkit_scale.h"
@@ -73,6 +78,7 @@ TEST(ProgramSize, ANewSizeKeepsMiniAndItsPlaceInFront) {
     program.Take(125);
     EXPECT_TRUE(program.s.MiniMode);
     EXPECT_TRUE(program.Form->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_TRUE(program.Form->windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
     EXPECT_LT(program.Form->height(), FrmMain::RegularSize().height());
     EXPECT_EQ(program.Unloads, 0);
 }
@@ -119,6 +125,105 @@ TEST(ProgramSize, ADialogueThatWaitsIsNotAnsweredByANewSize) {
     EXPECT_EQ(dialogue.exec(), QDialog::Accepted);
     EXPECT_TRUE(waited);
     EXPECT_TRUE(QTest::qWaitFor([&] { return program.Keeper.Size() == 125; }));
+}
+
+TEST(ProgramSize, WhatAHandHoldsIsNotLetGo) {
+    Sized program;
+    QWindow* native = program.Form->windowHandle();
+    const QPoint place = program.InWindow("ProgramSize", QPointF(-30, 3));
+    QTest::mousePress(native, Qt::LeftButton, {}, place);
+    program.Keeper.Choose(125);
+    QTest::qWait(50);
+    EXPECT_EQ(program.Keeper.Size(), 100);
+    QTest::mouseRelease(native, Qt::LeftButton, {}, place);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return program.Keeper.Size() == 125; }));
+}
+
+TEST(ProgramSize, WhatIsInFrontOfTheMainWindowStaysInFrontOfIt) {
+    Sized program;
+    QWidget question;
+    question.winId();
+    question.windowHandle()->setTransientParent(program.Form->windowHandle());
+    question.show();
+    program.Take(125);
+    ASSERT_TRUE(question.isVisible());
+    EXPECT_EQ(question.windowHandle()->transientParent(), program.Form->windowHandle());
+}
+
+TEST(ProgramSize, AReportIsTheSameOneInANewSize) {
+    Sized program;
+    ReportBox box;
+    box.Attach(program.Form.get());
+    for (const char* text : {"one", "two"}) {
+        box.Show(text, "", QMessageBox::Warning, program.Form.get());
+        program.Settle();
+    }
+    const QString count = box.informativeText();
+    ASSERT_NE(count, "");
+    program.Take(125);
+    EXPECT_TRUE(box.isVisible());
+    EXPECT_EQ(box.windowHandle()->transientParent(), program.Form->windowHandle());
+    box.Show("three", "", QMessageBox::Warning, program.Form.get());
+    EXPECT_TRUE(box.informativeText().startsWith("3 ")) << box.informativeText().toStdString();
+    box.hide();
+}
+
+TEST(ProgramSize, TheQuestionOfTheDemoDoesNotOpenHelpAgain) {
+    Sized program;
+    std::ofstream(program.s.HelpFile = program.Folder.filePath("help").toStdString()) << "x";
+    FrmStartUpQuery question(program.s);
+    question.show();
+    ASSERT_TRUE(program.s.HelpShown);
+    program.s.HelpShown = false;
+    program.Take(125);
+    EXPECT_TRUE(question.isVisible());
+    EXPECT_FALSE(program.s.HelpShown);
+}
+
+TEST(ProgramSize, TheActiveWindowIsTheSameAfterwards) {
+    Sized program;
+    QWidget other;
+    other.show();
+    program.Settle();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &other; }));
+    program.Take(125);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &other; }));
+    EXPECT_FALSE(other.testAttribute(Qt::WA_ShowWithoutActivating));
+}
+
+TEST(SizeChoice, WhatFitsIsAskedAnewWhenTheListOpens) {
+    Sized program;
+    QRect screen(0, 0, 3840, 2160);
+    WindowKeeper keeper(program.Folder.filePath("other"), {FrmMain::RegularSize(), 780},
+                        {[&] {
+                             return std::vector<ScreenArea>{{screen, screen}};
+                         },
+                         [](double) { return true; }, true});
+    program.Choice().Attach(keeper);
+    const auto& entries = dynamic_cast<QStandardItemModel&>(*program.Choice().model());
+    ASSERT_TRUE(entries.item(10)->isEnabled());
+    screen.setSize({1366, 740});
+    program.Choice().showPopup();
+    EXPECT_FALSE(entries.item(10)->isEnabled());
+    program.Choice().hidePopup();
+    program.Choice().Attach(program.Keeper);
+}
+
+TEST(SizeChoice, AFolderThatCannotBeWrittenIsSaidOnce) {
+    Sized program;
+    WindowKeeper keeper(program.Folder.filePath("nowhere/file"), {FrmMain::RegularSize(), 780},
+                        {[] {
+                             return std::vector<ScreenArea>{{{0, 0, 3840, 2160}, {0, 0, 3840, 2160}}};
+                         },
+                         [](double) { return true; }, true});
+    program.Choice().Attach(keeper);
+    keeper.Choose(110);
+    EXPECT_EQ(program.s.StatusText, "Size and places of the windows cannot be kept: the folder cannot be written.");
+    ShowStatus(program.s, "");
+    keeper.Choose(125);
+    EXPECT_EQ(program.s.StatusText, "");
+    program.Choice().Attach(program.Keeper);
 }
 
 TEST(SizeChoice, ShowsTheSizeAndGreysWhatDoesNotFit) {

@@ -57,6 +57,13 @@ TEST_F(WindowFile, APlaceThatCannotBeMeantIsLeftOutAndTheOthersStay) {
     }
 }
 
+TEST_F(WindowFile, AWindowThatFilledTheScreenIsKeptSo) {
+    const WindowRecord record{0, {{"frmHelp", {{7, 8}, {300, 400}, true}}, {"frmMain", {{1, 2}, {300, 400}}}}};
+    ASSERT_TRUE(WriteWindowFile(Path, record));
+    EXPECT_EQ(ReadWindowFile(Path), record);
+    EXPECT_EQ(Read("marvolin windows 1\nfrmHelp 7 8 300 400 maximal\nfrmMain 1 2 maximised\n"), WindowRecord{});
+}
+
 TEST_F(WindowFile, AFolderThatCannotBeWrittenIsNoError) {
     EXPECT_FALSE(WriteWindowFile(Folder.filePath("nowhere/marvolin.windows"), {}));
     EXPECT_FALSE(WriteWindowFile(Folder.path(), {})) << "the name is a folder's";

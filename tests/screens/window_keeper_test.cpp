@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QtTest/QTest>
 
@@ -235,6 +236,148 @@ TEST_F(Keeper, AScreenThatGetsSmallerMakesTheProgramSmallerAndALargerOneGivesThe
     Screens = {{{0, 0, 1920, 1080}, {0, 0, 1920, 1052}}};
     keeper->ScreensChanged();
     EXPECT_EQ(keeper->Size(), 125);
+}
+
+TEST_F(Keeper, ASizeThatWasNotChosenGrowsBackWithTheScreen) {
+    auto keeper = Start();
+    auto main = Window("frmMain");
+    main->show();
+    ASSERT_EQ(keeper->Size(), 100);
+    Screens = {{{0, 0, 1024, 600}, {0, 0, 1024, 600}}};
+    keeper->ScreensChanged();
+    ASSERT_EQ(keeper->Size(), 75);
+    Screens = {{{0, 0, 1920, 1080}, {0, 0, 1920, 1052}}};
+    keeper->ScreensChanged();
+    EXPECT_EQ(keeper->Size(), 100);
+}
+
+TEST_F(Keeper, AChangeThatTheDesktopTellsComesByItself) {
+    auto keeper = Start();
+    auto main = Window("frmMain");
+    main->show();
+    Screens = {{{0, 0, 1024, 600}, {0, 0, 1024, 600}}};
+    emit QGuiApplication::primaryScreen()->availableGeometryChanged({});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return keeper->Size() == 75; }));
+}
+
+TEST_F(Keeper, AMainWindowThatIsMovedToASmallScreenGetsSmallerThere) {
+    Screens.push_back({{1920, 0, 1024, 600}, {1920, 0, 1024, 600}});
+    Write("size 125\n");
+    auto keeper = Start();
+    auto main = Window("frmMain");
+    main->move(100, 100);
+    main->show();
+    ASSERT_EQ(keeper->Size(), 125);
+    main->move(120, 100);
+    main->move(2200, 100);
+    EXPECT_EQ(keeper->Size(), 125) << "it may be moved further";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return keeper->Size() == 75; }));
+    main->move(100, 100);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return keeper->Size() == 125; }));
+}
+
+TEST_F(Keeper, APlaceThatTheProgramChoseIsNotThePlayers) {
+    auto keeper = Start();
+    auto help = Window("frmHelp");
+    help->move(1700, 1000);  // is brought in
+    help->show();
+    QTest::qWait(300);
+    help->hide();
+    help->move(0, 0);
+    help->show();
+    EXPECT_EQ(help->pos(), QPoint(0, 0)) << "its own wish";
+    help->hide();
+    keeper->Keep();
+    EXPECT_FALSE(QFile::exists(Path));
+}
+
+TEST_F(Keeper, APlaceThatHadToBeCorrectedIsKeptForTheScreenOnWhichItFits) {
+    Write("frmHelp 1800 1000 400 300\n");
+    auto keeper = Start();
+    auto help = Window("frmHelp");
+    help->show();
+    help->hide();
+    keeper->Keep();
+    EXPECT_EQ(ReadWindowFile(Path).Places["frmHelp"].Corner, QPoint(1800, 1000));
+}
+
+TEST_F(Keeper, AWindowThatNobodyHasPlacedStaysOnItsPixelsInANewSize) {
+    auto keeper = Start();
+    auto help = Window("frmHelp");
+    help->move(500, 250);
+    help->show();
+    keeper->Choose(125);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return keeper->Size() == 125; }));
+    EXPECT_EQ(help->pos(), QPoint(400, 200));
+    help->hide();
+    keeper->Keep();
+    EXPECT_EQ(ReadWindowFile(Path).Places.count("frmHelp"), 0u);
+}
+
+TEST_F(Keeper, AWindowThatFillsTheScreenComesUpSoAndGoesBackToItsPlace) {
+    {
+        auto keeper = Start();
+        auto help = Window("frmHelp");
+        help->show();
+        help->move(300, 200);
+        help->showMaximized();
+        QTest::qWait(10);
+        keeper->Keep();
+    }
+    const WindowPlace kept = ReadWindowFile(Path).Places["frmHelp"];
+    EXPECT_EQ(kept, (WindowPlace{{300, 200}, {400, 300}, true}));
+    auto keeper = Start();
+    auto help = Window("frmHelp");
+    help->show();
+    EXPECT_TRUE(help->isMaximized());
+    help->showNormal();
+    EXPECT_EQ(help->pos(), QPoint(300, 200));
+    EXPECT_EQ(help->size(), QSize(400, 300));
+}
+
+TEST_F(Keeper, AWindowThatGrowsByItselfIsBroughtBack) {
+    auto keeper = Start();
+    auto save = Window("frmSave");
+    save->setFixedSize(400, 300);
+    save->show();
+    save->move(100, 700);
+    save->setFixedSize(400, 500);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Screens.front().Free.contains(save->frameGeometry()); }, 150));
+    EXPECT_EQ(save->x(), 100);
+}
+
+TEST_F(Keeper, AWindowThatThePlayerEnlargesIsLeftAlone) {
+    auto keeper = Start();
+    auto help = Window("frmHelp");
+    help->show();
+    QTest::qWait(300);
+    help->move(100, 900);
+    help->resize(400, 500);
+    QTest::qWait(30);
+    EXPECT_EQ(help->geometry(), QRect(100, 900, 400, 500));
+}
+
+TEST_F(Keeper, WindowsComeUpClearOfATopmostStrip) {
+    auto keeper = Start();
+    auto main = Window("frmMain");
+    main->setWindowFlag(Qt::WindowStaysOnTopHint);
+    main->setFixedSize(1040, 354);
+    main->move(100, 100);
+    main->show();
+    for (const char* name : {"frmSave", "frmScripts", "frmHelp"}) {
+        SCOPED_TRACE(name);
+        auto other = Window(name);
+        other->move(300, 150);
+        other->show();
+        EXPECT_FALSE(other->frameGeometry().intersects(main->frameGeometry()));
+        EXPECT_TRUE(Screens.front().Free.contains(other->frameGeometry()));
+    }
+    main->setWindowFlag(Qt::WindowStaysOnTopHint, false);
+    main->show();
+    auto other = Window("frmHelp");
+    other->move(300, 150);
+    other->show();
+    EXPECT_EQ(other->pos(), QPoint(300, 150));
 }
 
 TEST_F(Keeper, AWindowThatCameUpOutOfReachIsBroughtInOnceItsFrameIsKnown) {

@@ -127,7 +127,7 @@ void FrmMain::ToggleMode() {
 // A strip that stands at the lower edge of the screen has its place there: the tabs only borrow the room above.
 void FrmMain::KeepOnScreen() {
     if (s.MiniMode) {
-        if (std::exchange(raised_, false) && pos() == raisedPlace_) move(miniPlace_);
+        if (std::exchange(raised_, false) && IsSamePlace(pos(), raisedPlace_)) move(miniPlace_);
         return;
     }
     const QRect frame = FrameOf(*this);

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "window/descriptions/described.h"
+#include "window/screens/toolkit_scale.h"
 #include "window/toolkit/theme.h"
 
 namespace marvolin {
@@ -22,7 +23,9 @@ FrmSplash::FrmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindow
     setFixedSize(420, 220);
 }
 
-void FrmSplash::showEvent(QShowEvent*) { QTimer::singleShot(kShownFor, this, &QWidget::hide); }
+void FrmSplash::showEvent(QShowEvent*) {
+    if (!IsReopening()) QTimer::singleShot(kShownFor, this, &QWidget::hide);
+}
 
 void FrmSplash::mousePressEvent(QMouseEvent*) {}
 

@@ -9,6 +9,7 @@
 
 #include "persistence/start_up_demo.h"
 #include "window/descriptions/described.h"
+#include "window/screens/toolkit_scale.h"
 #include "window/toolkit/theme.h"
 
 namespace marvolin {
@@ -40,7 +41,7 @@ FrmStartUpQuery::FrmStartUpQuery(Session& session) : s(session) {
 
 void FrmStartUpQuery::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
-    if (!event->spontaneous()) StartUpQuery_Activate(s);
+    if (!event->spontaneous() && !IsReopening()) StartUpQuery_Activate(s);
 }
 
 // In a plain window of the toolkit only the space bar presses a button.

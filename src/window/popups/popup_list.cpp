@@ -43,7 +43,8 @@ void PopupList::Open(const QStringList& rows, const QRect& at, int mostWidth) {
     const int wide = qBound(kLeastWidth, sizeHintForColumn(0) + 40, mostWidth);
     const int high = qMin(count(), kMostPopupRows) * sizeHintForRow(0) + 12;
     resize(wide, high);
-    const QRect area = screen()->availableGeometry();
+    // Its own native window may be left from another screen.
+    const QRect area = parentWidget()->screen()->availableGeometry();
     const int top = at.bottom() + high > area.bottom() ? at.top() - high : at.bottom() + 1;
     move(qBound(area.left(), at.left(), area.right() - wide), qMax(area.top(), top));
     show();

@@ -9,6 +9,7 @@
 #include <QWindow>
 
 #include "window/descriptions/described.h"
+#include "window/screens/toolkit_scale.h"
 
 namespace marvolin {
 
@@ -85,8 +86,10 @@ void ReportBox::showEvent(QShowEvent* event) {
 }
 
 void ReportBox::hideEvent(QHideEvent* event) {
-    count_ = 0;
-    go_.stop();
+    if (!IsReopening()) {
+        count_ = 0;
+        go_.stop();
+    }
     QMessageBox::hideEvent(event);
 }
 

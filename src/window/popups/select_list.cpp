@@ -24,7 +24,8 @@ SelectList::SelectList(Session& session, QWidget* parent) : QListWidget(parent),
 }
 
 void SelectList::Open(QPoint place) {
-    const QRect area = screen()->availableGeometry();
+    // Its own native window may be left from another screen.
+    const QRect area = parentWidget()->screen()->availableGeometry();
     move(qBound(area.left(), place.x(), area.right() - width()),
          qBound(area.top(), place.y(), area.bottom() - height()));
     show();

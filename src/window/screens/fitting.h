@@ -3,6 +3,7 @@
 /// Where windows lie on the screens. All rectangles are pixels of the window, frames included.
 
 #include <QRect>
+#include <functional>
 #include <vector>
 
 class QWidget;
@@ -26,6 +27,15 @@ const ScreenArea* ScreenOf(const QRect& frame, const std::vector<ScreenArea>& sc
 /// edge of `area`, or else at the right one. It gets narrower, but not below `least`. A null rectangle where neither
 /// side has room.
 QRect PlaceBeside(const QRect& main, const QRect& area, QSize wanted, int least);
+/// `frame` moved within `area` as little as possible so that it is clear of `cover`. One for which there is no room
+/// gets lower, but not below `least`; without that room it stays where it is.
+QRect PlacedClear(const QRect& frame, const QRect& cover, const QRect& area, int least);
+/// The screens of the desktop, the first one first. None while the desktop has none.
+std::vector<ScreenArea> DesktopScreens();
+/// Asks `ask`, and answers what it told last when it tells no screen: a desktop may have none for a moment.
+std::function<std::vector<ScreenArea>()> NeverEmpty(std::function<std::vector<ScreenArea>()> ask);
+/// Whether the places are within two pixels of each other: below 100 % they are rounded.
+bool IsSamePlace(QPoint one, QPoint other);
 /// The window with its frame, as far as the window manager has told it. The widget's own frame may be an old one.
 QRect FrameOf(const QWidget& window);
 /// The part of the window's screen that panels leave free.

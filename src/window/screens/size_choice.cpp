@@ -3,6 +3,7 @@
 #include <QStandardItemModel>
 #include <algorithm>
 
+#include "core/routines.h"
 #include "window/screens/program_size.h"
 #include "window/screens/window_keeper.h"
 
@@ -15,9 +16,11 @@ int EntryOf(int percent) { return static_cast<int>(std::ranges::find(kProgramSiz
 }  // namespace
 
 SizeChoice::SizeChoice(Session& session, QWidget* parent)
-    : ChoiceList(session, parent, "ProgramSize", -1, [this](int entry) {
-          if (keeper_ != nullptr) keeper_->Choose(kProgramSizes[static_cast<std::size_t>(entry)]);
-      }) {
+    : ChoiceList(session, parent, "ProgramSize", -1,
+                 [this](int entry) {
+                     if (keeper_ != nullptr) keeper_->Choose(kProgramSizes[static_cast<std::size_t>(entry)]);
+                 }),
+      s(session) {
     for (const int percent : kProgramSizes) addItem(QString("%1 %").arg(percent));
     Show(EntryOf(100));
 }
@@ -25,8 +28,20 @@ SizeChoice::SizeChoice(Session& session, QWidget* parent)
 void SizeChoice::Attach(WindowKeeper& keeper) {
     keeper_ = &keeper;
     keeper.OnChange = [this] { Refresh(); };
-    connect(this, &QObject::destroyed, &keeper, [&keeper] { keeper.OnChange = nullptr; });
+    keeper.OnUnwritten = [this] {
+        ShowStatus(s, "Size and places of the windows cannot be kept: the folder cannot be written.");
+    };
+    connect(this, &QObject::destroyed, &keeper, [&keeper] {
+        keeper.OnChange = nullptr;
+        keeper.OnUnwritten = nullptr;
+    });
     Refresh();
+}
+
+// The main window may have been moved to another screen.
+void SizeChoice::showPopup() {
+    if (keeper_ != nullptr) Refresh();
+    ChoiceList::showPopup();
 }
 
 void SizeChoice::Refresh() {

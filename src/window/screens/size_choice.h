@@ -13,9 +13,12 @@ public:
     /// Shows and chooses the size of `keeper`, which must outlive this; until then it shows 100 %.
     void Attach(WindowKeeper& keeper);
 
+    void showPopup() override;
+
 private:
     void Refresh();
 
+    Session& s;
     WindowKeeper* keeper_ = nullptr;
 };
 

@@ -5,6 +5,9 @@
 #include <QApplication>
 #include <QWidget>
 #include <QWindow>
+#include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace marvolin {
 
@@ -27,6 +30,40 @@ struct NativeWindow : QWidget {
     using QWidget::destroy;
 };
 
+constexpr const char* kReopening = "marvolinReopening";  // a property of the application
+
+using Owners = std::vector<std::pair<QWidget*, QWidget*>>;
+
+/// The open windows that stay in front of another one, with that one.
+Owners OwnersOf(const QWidgetList& open) {
+    Owners owners;
+    for (QWidget* window : open) {
+        const QWindow* native = window->windowHandle();
+        const QWindow* owner = native == nullptr ? nullptr : native->transientParent();
+        const auto found = std::ranges::find_if(
+            open, [&](const QWidget* other) { return owner != nullptr && other->windowHandle() == owner; });
+        if (found != open.end()) owners.emplace_back(window, *found);
+    }
+    return owners;
+}
+
+void SetOwners(const Owners& owners) {
+    for (const auto& [window, owner] : owners) {
+        // Makes the native windows.
+        owner->winId();
+        window->winId();
+        window->windowHandle()->setTransientParent(owner->windowHandle());
+    }
+}
+
+/// Shows `window` without the keyboard.
+void ShowBehind(QWidget& window) {
+    const bool was = window.testAttribute(Qt::WA_ShowWithoutActivating);
+    window.setAttribute(Qt::WA_ShowWithoutActivating);
+    window.show();
+    window.setAttribute(Qt::WA_ShowWithoutActivating, was);
+}
+
 bool IsPassing(const QWidget& window) { return window.windowType() == Qt::Popup || window.windowType() == Qt::ToolTip; }
 
 }  // namespace
@@ -48,18 +85,27 @@ void ReopenWindows(const std::function<void()>& between) {
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (!window->isVisible()) continue;
         if (!IsPassing(*window)) open.append(window);
-        window->hide();
     }
+    const Owners owners = OwnersOf(open);
+    qApp->setProperty(kReopening, true);
+    for (QWidget* window : QApplication::topLevelWidgets()) window->hide();
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (window->windowHandle() != nullptr) (window->*&NativeWindow::destroy)(true, true);
     }
     between();
-    for (QWidget* window : open) window->show();
+    SetOwners(owners);
+    for (QWidget* window : open) ShowBehind(*window);
+    qApp->setProperty(kReopening, false);
+    for (QWidget* window : open) {
+        if (window->objectName() == "frmMain") window->raise();
+    }
     if (active != nullptr && open.contains(active)) {
         active->raise();
         active->activateWindow();
     }
     QGuiApplication::setQuitOnLastWindowClosed(quits);
 }
+
+bool IsReopening() { return qApp->property(kReopening).toBool(); }
 
 }  // namespace marvolin

@@ -12,8 +12,11 @@ bool CanScale();
 /// Makes everything `factor` times as large as the desktop and `QT_SCALE_FACTOR` have it. No window may be open
 /// natively. False, and nothing changes, when the toolkit cannot.
 bool ScaleToolkit(double factor);
-/// Closes all native windows, runs `between`, and opens again those that were open, in front the one that was active.
-/// What the forms hold stays. No dialogue may be waiting for its answer.
+/// Closes all native windows, runs `between`, and opens again those that were open, each in front of the same one as
+/// before, the main window in front of the others, and before all the one that was active. What the forms hold stays.
+/// No dialogue may be waiting for its answer.
 void ReopenWindows(const std::function<void()>& between);
+/// Whether a window is hidden and shown by `ReopenWindows`: for the player it is open all the time.
+bool IsReopening();
 
 }  // namespace marvolin

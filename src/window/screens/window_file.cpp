@@ -12,6 +12,7 @@ namespace marvolin {
 namespace {
 
 constexpr const char* kFirstLine = "marvolin windows 1";
+constexpr const char* kMaximised = "maximised";
 constexpr qint64 kMostBytes = 4096;    // a larger file is something else
 constexpr int kFarthest = 100000;      // pixels
 constexpr int kLeastWindow = 50;       // pixels
@@ -29,15 +30,17 @@ std::vector<int> Numbers(const QStringList& words) {
 }
 
 void ReadLine(const QString& line, WindowRecord& record) {
-    const QStringList words = line.split(' ', Qt::SkipEmptyParts);
+    QStringList words = line.split(' ', Qt::SkipEmptyParts);
     if (words.isEmpty()) return;
+    const bool maximised = words.size() == 6 && words.last() == kMaximised;
+    if (maximised) words.removeLast();
     const std::vector<int> numbers = Numbers(words);
     if (words[0] == "size" && numbers.size() == 1 && IsProgramSize(numbers[0])) record.Size = numbers[0];
     if (numbers.size() != 4) return;
     const auto near = [](int value) { return value > -kFarthest && value < kFarthest; };
     const auto possible = [](int side) { return side >= kLeastWindow && side <= kLargestWindow; };
     if (!near(numbers[0]) || !near(numbers[1]) || !possible(numbers[2]) || !possible(numbers[3])) return;
-    record.Places[words[0]] = {{numbers[0], numbers[1]}, {numbers[2], numbers[3]}};
+    record.Places[words[0]] = {{numbers[0], numbers[1]}, {numbers[2], numbers[3]}, maximised};
 }
 
 }  // namespace
@@ -60,7 +63,9 @@ bool WriteWindowFile(const QString& path, const WindowRecord& record) {
     if (record.Size != 0) text << "size " << record.Size << '\n';
     for (const auto& [name, place] : record.Places) {
         text << name << ' ' << place.Corner.x() << ' ' << place.Corner.y() << ' ' << place.Size.width() << ' '
-             << place.Size.height() << '\n';
+             << place.Size.height();
+        if (place.Maximised) text << ' ' << kMaximised;
+        text << '\n';
     }
     text.flush();
     return file.commit();

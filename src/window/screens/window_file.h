@@ -11,6 +11,8 @@ namespace marvolin {
 struct WindowPlace {
     QPoint Corner;  ///< top left corner of the frame, pixels at 100 %
     QSize Size;     ///< of the window without its frame, pixels of the window
+    /// It filled the screen; `Corner` and `Size` are those to which it goes back.
+    bool Maximised = false;
     friend bool operator==(const WindowPlace&, const WindowPlace&) = default;
 };
 

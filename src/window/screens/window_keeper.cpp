@@ -2,10 +2,12 @@
 
 #include <QApplication>
 #include <QScreen>
+#include <QTimer>
 #include <QWidget>
 #include <algorithm>
-#include <array>
+#include <utility>
 
+#include "window/screens/kept_windows.h"
 #include "window/screens/toolkit_scale.h"
 
 namespace marvolin {
@@ -15,66 +17,43 @@ namespace {
 constexpr int kSettleTime = 200;  // ms in which a window manager usually frames a window
 constexpr int kMostSettles = 10;  // then there is no manager, or it gives no frames
 constexpr int kRetryTime = 300;   // ms until it is seen whether a dialogue is still open
-constexpr std::array kKeptWindows{"frmMain", "frmBrowse", "frmSave", "frmScripts", "frmHelp"};
-
-bool IsKept(const QWidget& window) {
-    return window.isWindow() && std::ranges::find(kKeptWindows, window.objectName()) != kKeptWindows.end();
-}
-
-bool IsFixed(const QWidget& window) { return window.minimumSize() == window.maximumSize(); }
+constexpr int kMoveTime = 700;    // ms after which a window that is moved by hand stays
 
 /// Pixels at 100 % of pixels at `percent`, counted from `origin`, and back.
 QPoint AtHundred(QPoint place, QPoint origin, int percent) { return origin + (place - origin) * percent / 100; }
 QPoint FromHundred(QPoint place, QPoint origin, int percent) { return origin + (place - origin) * 100 / percent; }
 
-QSize FrameAround(const QWidget& window) { return FrameOf(window).size() - window.size(); }
-
-std::vector<ScreenArea> DesktopScreens() {
-    std::vector<ScreenArea> areas;
-    for (const QScreen* screen : QGuiApplication::screens()) {
-        areas.push_back({screen->geometry(), screen->availableGeometry()});
-    }
-    return areas;
-}
-
 }  // namespace
 
-WindowKeeper::Surroundings WindowKeeper::OfTheDesktop() { return {DesktopScreens, ScaleToolkit, marvolin::CanScale()}; }
+WindowKeeper::Surroundings WindowKeeper::OfTheDesktop() {
+    return {NeverEmpty(DesktopScreens), ScaleToolkit, marvolin::CanScale()};
+}
 
 WindowKeeper::WindowKeeper(QString file, const FormSizes& forms, Surroundings around)
-    : file_(std::move(file)), forms_(forms), around_(std::move(around)), record_(ReadWindowFile(file_)) {
+    : file_(std::move(file)),
+      forms_(forms),
+      around_(std::move(around)),
+      record_(ReadWindowFile(file_)),
+      screensWatch_([this] { ScreensChanged(); }) {
     written_ = record_;
     settle_.setSingleShot(true);
     settle_.callOnTimeout(this, [this] { Settle(); });
     apply_.setSingleShot(true);
     apply_.callOnTimeout(this, [this] { Apply(); });
     qApp->installEventFilter(this);
-    WatchScreens();
 }
 
 WindowKeeper::~WindowKeeper() { qApp->removeEventFilter(this); }
 
-void WindowKeeper::WatchScreens() {
-    // A change comes as several signals, and the toolkit moves windows of its own accord after them.
-    changed_.setSingleShot(true);
-    changed_.callOnTimeout(this, [this] { ScreensChanged(); });
-    const auto later = [this] { changed_.start(kSettleTime); };
-    const auto watch = [this, later](QScreen* screen) {
-        connect(screen, &QScreen::availableGeometryChanged, this, later);
-    };
-    for (QScreen* screen : QGuiApplication::screens()) watch(screen);
-    connect(qApp, &QGuiApplication::screenAdded, this, [watch, later](QScreen* screen) {
-        watch(screen);
-        later();
-    });
-    connect(qApp, &QGuiApplication::screenRemoved, this, later);
-    connect(qApp, &QGuiApplication::primaryScreenChanged, this, later);
+void WindowKeeper::Start() {
+    size_ = WantedSize();
+    if (size_ != 100 && !around_.Scale(size_ / 100.0)) size_ = 100;
 }
 
-void WindowKeeper::Start() {
+// As long as none was chosen it is that of a first start on the screen that there is now.
+int WindowKeeper::WantedSize() const {
     const QSize room = Room();
-    size_ = record_.Size == 0 ? LargestSize(forms_, room) : UsableSize(record_.Size, forms_, room);
-    if (size_ != 100 && !around_.Scale(size_ / 100.0)) size_ = 100;
+    return record_.Size == 0 ? LargestSize(forms_, room) : UsableSize(record_.Size, forms_, room);
 }
 
 // At 100 %, rounded up: what was rounded before must not cost a size.
@@ -82,9 +61,9 @@ QSize WindowKeeper::Room() const {
     const std::vector<ScreenArea> screens = around_.Screens();
     const ScreenArea* at = nullptr;
     for (const QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->objectName() == kKeptWindows[0]) at = ScreenOf(FrameOf(*window), screens);
+        if (IsMain(*window)) at = ScreenOf(FrameOf(*window), screens);
     }
-    const auto main = record_.Places.find(kKeptWindows[0]);
+    const auto main = record_.Places.find(kMainWindow);
     if (at == nullptr && main != record_.Places.end()) at = ScreenOf({main->second.Corner, main->second.Size}, screens);
     const QSize free = (at == nullptr ? screens.front() : *at).Free.size();
     return {(free.width() * size_ + 99) / 100, (free.height() * size_ + 99) / 100};
@@ -99,15 +78,18 @@ void WindowKeeper::Choose(int percent) {
 }
 
 void WindowKeeper::Apply() {
-    const int size = UsableSize(record_.Size == 0 ? size_ : record_.Size, forms_, Room());
+    moved_ = false;
+    const int size = WantedSize();
     if (size != size_ && around_.CanScale) {
-        // Hiding a dialogue would answer it.
-        if (QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr) {
+        // Hiding a dialogue would answer it; hiding what a hand holds would let go of it.
+        if (QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr ||
+            QGuiApplication::mouseButtons() != Qt::NoButton) {
             return apply_.start(kRetryTime);
         }
         ReopenWindows([&] {
             if (around_.Scale(size / 100.0)) size_ = size;
         });
+        reopened_.clear();
     }
     if (OnChange) OnChange();
 }
@@ -117,7 +99,9 @@ void WindowKeeper::Settle() {
     bool framed = true;
     for (const QPointer<QWidget>& window : shown_) {
         if (window == nullptr || !window->isVisible()) continue;
+        Give(*window);  // where the window manager has put it
         BringBack(*window);
+        Clear(*window);
         framed = framed && !FrameAround(*window).isNull();
     }
     if (!framed && ++settles_ < kMostSettles) return settle_.start(kSettleTime);
@@ -139,43 +123,107 @@ QRect WindowKeeper::FreeAreaFor(const QRect& frame) const {
 
 // Only where its title bar could still be seen: the screen on which it was may be gone.
 std::optional<QRect> WindowKeeper::Remembered(const QWidget& window) const {
-    const auto place = record_.Places.find(window.objectName());
-    if (place == record_.Places.end()) return {};
-    const QSize size = IsFixed(window) ? window.size() : place->second.Size;
+    const auto open = reopened_.find(window.objectName());
+    const auto kept = record_.Places.find(window.objectName());
+    if (open == reopened_.end() && kept == record_.Places.end()) return {};
+    const WindowPlace& place = (open == reopened_.end() ? kept : open)->second;
+    const QSize size = IsFixed(window) ? window.size() : place.Size;
     for (const ScreenArea& screen : around_.Screens()) {
-        const QPoint corner = FromHundred(place->second.Corner, screen.Whole.topLeft(), size_);
+        const QPoint corner = FromHundred(place.Corner, screen.Whole.topLeft(), size_);
         const QRect title(corner, QSize(size.width(), kTitleRoom));
         if (title.intersects(screen.Free)) return QRect(corner, size);
     }
     return {};
 }
 
-void WindowKeeper::PutBack(QWidget& window, const QRect& frame) const {
+void WindowKeeper::PutBack(QWidget& window, const QRect& frame) {
+    if (window.isMaximized()) return;
     const QRect area = FreeAreaFor(frame);
     // The frame may not be known yet.
     const QSize around = FrameAround(window).expandedTo({0, kTitleRoom * 100 / size_});
     if (!IsFixed(window)) window.resize(frame.size().boundedTo(area.size() - around));
     window.move(MovedInto({frame.topLeft(), window.size() + around}, area).topLeft());
+    Give(window);
 }
 
-void WindowKeeper::Note(const QWidget& window) {
+WindowPlace WindowKeeper::PlaceOf(const QWidget& window) const {
     const QRect frame = FrameOf(window);
     const std::vector<ScreenArea> screens = around_.Screens();
     const ScreenArea* at = ScreenOf(frame, screens);
     const QPoint origin = at == nullptr ? QPoint() : at->Whole.topLeft();
-    record_.Places[window.objectName()] = {AtHundred(frame.topLeft(), origin, size_), window.size()};
+    if (!window.isMaximized()) return {AtHundred(frame.topLeft(), origin, size_), window.size()};
+    const QRect normal = window.normalGeometry();
+    return {AtHundred(normal.topLeft(), origin, size_), normal.size(), true};
 }
 
-void WindowKeeper::BringBack(QWidget& window) const {
+void WindowKeeper::Give(const QWidget& window) {
+    given_[window.objectName()] = {FrameOf(window).topLeft(), window.size(), window.isMaximized()};
+}
+
+// Where the program or the window manager has put a window, they put it again: only the player's places are kept.
+void WindowKeeper::Note(const QWidget& window) {
+    const auto given = given_.find(window.objectName());
+    const bool same = given != given_.end() && given->second.Maximised == window.isMaximized() &&
+                      IsSamePlace(given->second.Corner, FrameOf(window).topLeft()) &&
+                      (IsFixed(window) || given->second.Size == window.size());
+    if (same) return;
+    record_.Places[window.objectName()] = PlaceOf(window);
+    Give(window);
+}
+
+// Grown by itself, as Save/Open does: the player cannot resize it.
+void WindowKeeper::BringBackGrown(QWidget& window) {
+    const QPointer<QWidget> grown(&window);
+    QTimer::singleShot(0, this, [this, grown] {
+        if (grown == nullptr || !grown->isVisible()) return;
+        Note(*grown);
+        BringBack(*grown);
+    });
+}
+
+// A window that comes up under a topmost strip could not be seen.
+void WindowKeeper::Clear(QWidget& window) {
+    const QWidget* main = TopmostMain();
+    if (main == nullptr || main == &window || window.isMaximized() || window.isMinimized()) return;
+    const QRect frame = FrameOf(window);
+    const QSize around = FrameAround(window);
+    const int least = IsFixed(window) ? frame.height() : std::max(window.minimumHeight() + around.height(), 200);
+    const QRect clear = PlacedClear(frame, FrameOf(*main), FreeAreaFor(frame), least);
+    if (clear == frame) return;
+    if (!IsFixed(window)) window.resize(clear.size() - around);
+    window.move(clear.topLeft());
+    Give(window);
+}
+
+// The program is as large as its screen lets it be.
+void WindowKeeper::MainMoved(const QWidget& main) {
+    const std::vector<ScreenArea> screens = around_.Screens();
+    const ScreenArea* at = ScreenOf(FrameOf(main), screens);
+    if (at == nullptr) return;
+    const bool other = mainScreen_ && *mainScreen_ != at->Whole.topLeft();
+    mainScreen_ = at->Whole.topLeft();
+    if (!other && !moved_) return;
+    moved_ = true;
+    apply_.start(kMoveTime);
+}
+
+void WindowKeeper::BringBack(QWidget& window) {
     if (!window.isVisible() || window.isMinimized() || window.isMaximized()) return;
     const QRect frame = FrameOf(window);
     const QRect area = FreeAreaFor(frame);
     if (!IsFixed(window)) window.resize(window.size().boundedTo(area.size() - FrameAround(window)));
     const QPoint place = MovedInto({frame.topLeft(), FrameOf(window).size()}, area).topLeft();
-    if (place != frame.topLeft()) window.move(place);
+    if (place == frame.topLeft() && FrameOf(window).size() == frame.size()) return;
+    window.move(place);
+    Give(window);
 }
 
 void WindowKeeper::Arrange(QWidget& form, QWidget* main) {
+    ArrangeForm(form, main);
+    if (IsKept(form)) Give(form);
+}
+
+void WindowKeeper::ArrangeForm(QWidget& form, QWidget* main) {
     if (const auto frame = Remembered(form)) return PutBack(form, *frame);
     if (form.objectName() == "frmSplash" && main != nullptr) {
         form.move(FrameOf(*main).center() - form.rect().center());
@@ -210,22 +258,43 @@ void WindowKeeper::Keep() {
         if (IsKept(*window) && window->isVisible()) Note(*window);
     }
     if (record_ == written_) return;
-    if (WriteWindowFile(file_, record_)) written_ = record_;
+    if (WriteWindowFile(file_, record_)) {
+        written_ = record_;
+    } else if (OnUnwritten && !std::exchange(told_, true)) {
+        OnUnwritten();
+    }
 }
 
-bool WindowKeeper::eventFilter(QObject* object, QEvent* event) {
-    const bool shown = event->type() == QEvent::Show;
-    if ((!shown && event->type() != QEvent::Hide) || event->spontaneous() || !object->isWidgetType()) return false;
-    auto& window = static_cast<QWidget&>(*object);
-    if (!IsKept(window)) return false;
-    if (!shown) {
-        Note(window);
-        return false;
-    }
+void WindowKeeper::Shown(QWidget& window) {
     if (const auto frame = Remembered(window)) PutBack(window, *frame);
+    if (!IsReopening()) {
+        const auto place = record_.Places.find(window.objectName());
+        if (place != record_.Places.end() && place->second.Maximised)
+            window.setWindowState(window.windowState() | Qt::WindowMaximized);
+        Clear(window);
+    }
+    Give(window);
     shown_.emplace_back(&window);
     settles_ = 0;
     settle_.start(kSettleTime);
+}
+
+void WindowKeeper::Hidden(QWidget& window) {
+    if (IsReopening()) reopened_[window.objectName()] = PlaceOf(window);
+    Note(window);
+}
+
+bool WindowKeeper::eventFilter(QObject* object, QEvent* event) {
+    const QEvent::Type type = event->type();
+    const bool kind = type == QEvent::Show || type == QEvent::Hide || type == QEvent::Move || type == QEvent::Resize;
+    if (!kind || !object->isWidgetType()) return false;
+    auto& window = static_cast<QWidget&>(*object);
+    if (!IsKept(window)) return false;
+    if (type == QEvent::Show && !event->spontaneous()) Shown(window);
+    if (type == QEvent::Hide && !event->spontaneous()) Hidden(window);
+    if (IsReopening() || !window.isVisible()) return false;
+    if (type == QEvent::Move && IsMain(window)) MainMoved(window);
+    if (type == QEvent::Resize && !IsMain(window) && IsFixed(window)) BringBackGrown(window);
     return false;
 }
 

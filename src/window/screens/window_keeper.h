@@ -4,11 +4,13 @@
 #include <QPointer>
 #include <QTimer>
 #include <functional>
+#include <map>
 #include <optional>
 #include <vector>
 
 #include "window/screens/fitting.h"
 #include "window/screens/program_size.h"
+#include "window/screens/screen_watch.h"
 #include "window/screens/window_file.h"
 
 class QWidget;
@@ -17,7 +19,7 @@ namespace marvolin {
 
 /// Keeps the windows of the program whole on the screens, in the size that the player has chosen and where the player
 /// has put them, also from one start to the next. It looks after main window, browser, Save/Open, Help and the window
-/// of scripts.
+/// of scripts. Without a chosen size it is the largest that fits on the screen of the main window.
 class WindowKeeper : public QObject {
 public:
     /// What it asks the desktop.
@@ -53,34 +55,48 @@ public:
     /// here by themselves.
     void ScreensChanged();
 
-    std::function<void()> OnChange;  ///< the size, or which sizes fit, has changed
+    std::function<void()> OnChange;     ///< the size, or which sizes fit, has changed
+    std::function<void()> OnUnwritten;  ///< the file cannot be written; runs once
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
     QSize Room() const;
+    int WantedSize() const;
     QRect FreeAreaFor(const QRect& frame) const;
     std::optional<QRect> Remembered(const QWidget& window) const;
-    void PutBack(QWidget& window, const QRect& frame) const;
+    WindowPlace PlaceOf(const QWidget& window) const;
+    void ArrangeForm(QWidget& form, QWidget* main);
+    void PutBack(QWidget& window, const QRect& frame);
+    void Give(const QWidget& window);
     void Note(const QWidget& window);
-    void BringBack(QWidget& window) const;
+    void BringBack(QWidget& window);
+    void BringBackGrown(QWidget& window);
+    void Clear(QWidget& window);
+    void MainMoved(const QWidget& main);
+    void Shown(QWidget& window);
+    void Hidden(QWidget& window);
     void ShowBeside(QWidget& browser, QWidget& main) const;
     void Settle();
     void Apply();
-    void WatchScreens();
 
     const QString file_;
     const FormSizes forms_;
     const Surroundings around_;
     WindowRecord record_;
     WindowRecord written_;
+    std::map<QString, WindowPlace> given_;     // where the program has put them; pixels of the window
+    std::map<QString, WindowPlace> reopened_;  // of those that a change of the size closes and opens again
+    std::optional<QPoint> mainScreen_;         // where the main window's screen begins
+    bool moved_ = false;                       // it has come to another one, and may be moved further
+    bool told_ = false;                        // that the file cannot be written
     int size_ = 100;
     std::vector<QPointer<QWidget>> shown_;  // whose frames are not known yet
     QTimer settle_;                         // until they are
     int settles_ = 0;                       // times it has looked for them
     QTimer apply_;
-    QTimer changed_;  // while the screens may change further
+    const ScreenWatch screensWatch_;
 };
 
 }  // namespace marvolin
