@@ -195,7 +195,6 @@ void WindowKeeper::Clear(QWidget& window) {
     Give(window);
 }
 
-// The program is as large as its screen lets it be.
 void WindowKeeper::MainMoved(const QWidget& main) {
     const std::vector<ScreenArea> screens = around_.Screens();
     const ScreenArea* at = ScreenOf(FrameOf(main), screens);
