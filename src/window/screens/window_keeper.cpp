@@ -153,7 +153,8 @@ WindowPlace WindowKeeper::PlaceOf(const QWidget& window) const {
     const QPoint origin = at == nullptr ? QPoint() : at->Whole.topLeft();
     if (!window.isMaximized()) return {AtHundred(frame.topLeft(), origin, size_), window.size()};
     const QRect normal = window.normalGeometry();
-    return {AtHundred(normal.topLeft(), origin, size_), normal.size(), true};
+    const QPoint corner = normal.topLeft() - (window.geometry().topLeft() - frame.topLeft());
+    return {AtHundred(corner, origin, size_), normal.size(), true};
 }
 
 void WindowKeeper::Give(const QWidget& window) {
@@ -199,10 +200,9 @@ void WindowKeeper::MainMoved(const QWidget& main) {
     const std::vector<ScreenArea> screens = around_.Screens();
     const ScreenArea* at = ScreenOf(FrameOf(main), screens);
     if (at == nullptr) return;
-    const bool other = mainScreen_ && *mainScreen_ != at->Whole.topLeft();
+    moved_ = moved_ || (mainScreen_ && *mainScreen_ != at->Whole.topLeft());
     mainScreen_ = at->Whole.topLeft();
-    if (!other && !moved_) return;
-    moved_ = true;
+    if (!moved_) return;
     apply_.start(kMoveTime);
 }
 
