@@ -158,6 +158,8 @@ TEST(ToTop, TheWayBackIsFoundBelowAHundredToo) {
         stage.Settle();
         stage.Form->ToggleMode();
         stage.Settle();
+        stage.Form->move(stage.Form->pos() - QPoint(i % 2, 1));  // as a desktop rounds the place that it tells
+        stage.Settle();
         stage.Form->ToggleMode();
         stage.Settle();
         EXPECT_TRUE(IsSamePlace(stage.Form->pos(), low)) << stage.Form->pos().y() << " " << low.y();
