@@ -157,7 +157,7 @@ void BallStep(Session& s, int ball, int right, int down, double pixels) {
     if (ball == kPadBall) {
         PadMove(s, x, y, s.Geometry.PadHalfX, {.Absolute = false, .Apply = true});
     } else {
-        PosMove(s, x, y, ball, {.Absolute = false, .Apply = true, .Quiet = true});
+        MapStep(s, ball, x, y);
     }
 }
 

@@ -44,7 +44,8 @@ BallPoint BallPlace(const Session& s, int ball);
 void BallCentre(Session& s, int ball);
 /// A step of a ball by key, pixels; a fine one is one pixel.
 inline constexpr double kBallStep = 4;
-/// Moves the ball by steps of `pixels`, to the right and down positive, heard at once.
+/// Moves the ball by steps of `pixels`, to the right and down positive, heard at once. On the map the script gets what
+/// a drag sends.
 void BallStep(Session& s, int ball, int right, int down, double pixels = kBallStep);
 /// Turns the listener by `degrees`, heard at once.
 void ListenerStep(Session& s, int degrees);

@@ -88,6 +88,15 @@ void Up(Session& s, int ball, double x, double y) {
 
 }  // namespace
 
+void MapStep(Session& s, int ball, double x, double y) {
+    const BallPoint before = MapUnits(s, ball);
+    ScrollCounter(s, kMapScroll).Reset(before.X, before.Y);
+    PosMove(s, x, y, ball, {.Absolute = false, .Apply = true, .Quiet = true});
+    const BallPoint place = MapUnits(s, ball);
+    PosChangeEvent(s, ball, place.X, place.Y);
+    PosScrollEvent(s, ball, place.X, place.Y, Force::Yes, kMapScroll);
+}
+
 bool PosGesture(Session& s, Phase phase, int ball, std::int16_t button, double x, double y) {
     switch (phase) {
         case Phase::Down:

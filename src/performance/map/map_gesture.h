@@ -9,5 +9,7 @@ namespace marvolin {
 /// drag of a LoopTrack's ball, a drag and drop with the tag `kFadeTag`. The press of a second button ends the gesture
 /// of the first before it begins its own.
 bool PosGesture(Session& s, Phase phase, int ball, std::int16_t button, double x, double y);
+/// A key moves a ball by `x`, `y` twips, heard at once. The script gets what the release of a drag sends.
+void MapStep(Session& s, int ball, double x, double y);
 
 }  // namespace marvolin
