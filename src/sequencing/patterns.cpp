@@ -153,6 +153,13 @@ void PatternStep(Session& s, int patternRow, int column, int units) {
     PatternShow(s, patternRow, column);
 }
 
+void PatternStepReset(Session& s, int patternRow, int column) {
+    if (column < 0 || column > kPatternOffset + 1) return;
+    const PatternLimits& range = kPatternRange[static_cast<std::size_t>(patternRow)];
+    PatternStore(s, patternRow, column, SlotOf(column) == kPatternOffset ? range.Min : range.Default);
+    PatternShow(s, patternRow, column);
+}
+
 void EraserDrop(Session& s, int patternRow) {
     PatternReset(s, s.CurrentLoop, patternRow);
     PatternRefresh(s, patternRow);

@@ -51,6 +51,10 @@ void PatternStep(Session& s, int patternRow, int column, int units);
 /// Shows the value of `column` beside the hint.
 void PatternShow(Session& s, int patternRow, int column);
 
+/// Puts the value of `column` back to that of an empty pattern and shows it beside the hint. Any column beyond
+/// `PatternStore`'s is ignored.
+void PatternStepReset(Session& s, int patternRow, int column);
+
 /// A drop of `Eraser` on graph `patternRow`. Only this graph is laid out and shown again.
 void EraserDrop(Session& s, int patternRow);
 /// `NSteps`: a drag sets the number of steps 1..32; the release stores it in the record. `y` in twips.

@@ -120,7 +120,8 @@ constexpr PressText kOwnKeys[] = {
     {10104, "Space or Return: what a click does; arrows: the tab beside it"},
     {10086,
      "left, right, Home, End: another step; left of the first one is the hatched column; up, down, Page Up, Page Down: "
-     "its value, with Shift finely; Delete: erases the lane; Insert: picks it up for another LoopTrack"},
+     "its value, with Shift finely; Delete: resets the step; Shift+Delete: erases the lane; Insert: picks it up for "
+     "another LoopTrack"},
 };
 
 /// The keys of a page's controls, in words.

@@ -56,6 +56,11 @@ void PatternGraphControl::Drop(const DragSource& source) {
     if (source.Name == drags::kEraser) EraserDrop(s, index);
 }
 
+std::string PatternGraphControl::CursorWords() const {
+    const int column = std::min(cursor_, Columns());
+    return column == 0 ? "the random column" : "step " + std::to_string(column);
+}
+
 void PatternGraphControl::GoTo(int column) {
     cursor_ = std::clamp(column, 0, Columns());
     PatternShow(s, index, cursor_);
@@ -63,7 +68,8 @@ void PatternGraphControl::GoTo(int column) {
 }
 
 void PatternGraphControl::keyPressEvent(QKeyEvent* event) {
-    const int unit = event->modifiers().testFlag(Qt::ShiftModifier) ? 1 : kCoarse[static_cast<std::size_t>(index)];
+    const bool fine = event->modifiers().testFlag(Qt::ShiftModifier);
+    const int unit = fine ? 1 : kCoarse[static_cast<std::size_t>(index)];
     cursor_ = std::min(cursor_, Columns());
     switch (event->key()) {
         case Qt::Key_Left:
@@ -83,7 +89,7 @@ void PatternGraphControl::keyPressEvent(QKeyEvent* event) {
         case Qt::Key_PageDown:
             return PatternStep(s, index, cursor_, -10 * unit);
         case Qt::Key_Delete:
-            return EraserDrop(s, index);
+            return fine ? EraserDrop(s, index) : PatternStepReset(s, index, cursor_);
         default:
             Control::keyPressEvent(event);
     }

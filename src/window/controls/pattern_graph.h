@@ -17,18 +17,21 @@ public:
     void RefreshColumn(int column);
     QRectF ColumnPlace(int column) const;
     std::optional<DragSource> Carried(std::int16_t) override { return DragSource{drags::kPatternGraph, index, ""}; }
+    std::string CursorWords() const override;
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void PointerLost(std::int16_t button, QPointF twips) override;
     bool TakesDrop(const DragSource& source) const override;
     void Drop(const DragSource& source) override;
-    /// Left and right, Home and End choose a column, the others turn its value; Delete erases the pattern.
+    /// Left and right, Home and End choose a column, the others turn its value; Delete resets the step, Shift
+    /// and Delete erases the pattern.
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    int Columns() const { return std::max<int>(1, s.GraphColumns[static_cast<std::size_t>(index)]); }
+    /// A file may lay out more columns than a pattern has steps; the keys go to the steps.
+    int Columns() const { return std::clamp<int>(s.GraphColumns[static_cast<std::size_t>(index)], 1, kPatternSteps); }
     void GoTo(int column);
     void DrawColumn(QPainter& p, int column) const;
     void DrawCursor(QPainter& p) const;
