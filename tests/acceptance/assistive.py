@@ -6,7 +6,7 @@
     assistive.py act NAME ACTION     runs one of its actions: Press, Toggle, Increase ...
     assistive.py focus NAME          gives it the focus
     assistive.py watch NAME SECONDS  prints the numbers that are told to have changed, until one has
-    assistive.py unnamed             prints the controls of all windows that have no name; nothing when all have one
+    assistive.py unnamed             prints the controls of all windows that have no name, and then how many controls there are
 """
 import sys
 import time
@@ -88,9 +88,11 @@ def main(what, *arguments):
     elif what == "watch":
         watch(arguments[0], float(arguments[1]))
     elif what == "unnamed":
-        for found in everything(program()):
-            if found.getRole() in FOR_HANDS and not found.name:
+        controls = [found for found in everything(program()) if found.getRole() in FOR_HANDS]
+        for found in controls:
+            if not found.name:
                 print(found.getRoleName(), found.getApplication().name)
+        print("controls", len(controls))
     else:
         sys.exit(__doc__)
 

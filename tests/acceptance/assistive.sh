@@ -15,7 +15,12 @@ dbus-send --session --print-reply --dest=org.a11y.Bus /org/a11y/bus org.freedesk
 
 reader() { /usr/bin/python3 "$(dirname "${BASH_SOURCE[0]}")/assistive.py" "$@" 2>>"$FOLDER/reader.log"; }
 reads() { [[ $(reader "$1" "$2") == "$3" ]]; }
-nothing_unnamed() { [[ -z $(reader unnamed) ]]; }
+# The count at the end tells that the reader has come to the end.
+nothing_unnamed() {
+  local unnamed
+  unnamed=$(reader unnamed) || return 1
+  [[ $unnamed =~ ^controls\ ([0-9]+)$ ]] && ((BASH_REMATCH[1] >= 100))
+}
 
 start
 "$(dirname "$PRINT_PLACES")/make_tone" "$FOLDER/tone.wav" 400
