@@ -48,6 +48,10 @@ TEST(ThemeContrast, TextsAreReadOnEveryGround) {
     for (const Named& ground : kGrounds) {
         EXPECT_GE(theme::Contrast(theme::kText, ground.Colour), kTextContrast) << ground.Name;
     }
+    // Faces are lighter under the pointer and darker while they are pressed.
+    for (const QColor& ground : {theme::kLifted, theme::kRaised.lighter(118), theme::kRaised.darker(118)}) {
+        EXPECT_GE(theme::Contrast(theme::kQuiet, ground), kTextContrast) << ground.name().toStdString();
+    }
     for (const QColor& ground : {theme::kWindow, theme::kPanel, theme::kRaised, theme::kSunk}) {
         EXPECT_GE(theme::Contrast(theme::kQuiet, ground), kTextContrast) << ground.name().toStdString();
         EXPECT_GE(theme::Contrast(theme::kAccent, ground), kTextContrast) << ground.name().toStdString();

@@ -54,7 +54,7 @@ QComboBox { background: #2e3238; color: #e6e8eb; border: 1px solid #3a3f47; bord
 QComboBox { combobox-popup: 0; }
 QComboBox:hover { background: #373c44; }
 QComboBox:focus { border-color: #ffc94d; }
-QComboBox:disabled { color: #9aa2ad; background: #26292f; }
+QComboBox:disabled { color: #a0a8b3; background: #26292f; }
 QComboBox::drop-down { border: none; width: 22px; }
 QComboBox::down-arrow { image: url(:/marvolin/down.svg); width: 11px; height: 7px; }
 QComboBox::down-arrow:disabled { image: url(:/marvolin/down_off.svg); }
@@ -63,7 +63,7 @@ QComboBox QAbstractItemView { background: #2e3238; color: #e6e8eb; border: 1px s
 QComboBox QAbstractItemView::item { min-height: 24px; padding: 0 6px; border-radius: 3px; }
 QComboBox QAbstractItemView::item:selected { background: #ffc94d; color: #1d1f23; }
 QCheckBox, QRadioButton { color: #e6e8eb; spacing: 8px; background: transparent; }
-QCheckBox:disabled, QRadioButton:disabled { color: #9aa2ad; }
+QCheckBox:disabled, QRadioButton:disabled { color: #a0a8b3; }
 QCheckBox::indicator, QRadioButton::indicator { width: 15px; height: 15px; border: 1px solid #6c7480;
   background: #14161a; }
 QCheckBox::indicator { border-radius: 4px; }
@@ -88,11 +88,11 @@ QMessageBox { background: #26292f; }
 QPushButton { background: #2e3238; color: #e6e8eb; border: 1px solid #4a505a; border-radius: 5px; padding: 5px 18px; }
 QPushButton:hover { background: #373c44; }
 QPushButton:focus { border-color: #ffc94d; }
-QPushButton:disabled { color: #9aa2ad; background: #26292f; border-color: #3a3f47; }
+QPushButton:disabled { color: #a0a8b3; background: #26292f; border-color: #3a3f47; }
 QLineEdit { background: #14161a; color: #e6e8eb; border: 1px solid #4a505a; border-radius: 5px; padding: 4px 6px;
   selection-background-color: #ffc94d; selection-color: #1d1f23; }
 QLineEdit:focus { border-color: #ffc94d; }
-QTabBar::tab { background: #1d1f23; color: #9aa2ad; border: 1px solid #3a3f47; border-bottom: none;
+QTabBar::tab { background: #1d1f23; color: #a0a8b3; border: 1px solid #3a3f47; border-bottom: none;
   border-top-left-radius: 6px; border-top-right-radius: 6px; padding: 5px 20px; margin-right: 2px; }
 QTabBar::tab:hover { background: #2e3238; }
 QTabBar::tab:selected { background: #26292f; color: #e6e8eb; font-weight: 600; }
