@@ -54,6 +54,15 @@ static_assert(kRegularHeight <= 740);
 constexpr int kPlacePeriod = 33;   // ms
 constexpr int kLoadPeriod = 2000;  // ms
 
+/// The window that a widget belongs to: that of an open list is the one it was opened from.
+const QWidget& WindowBehind(const QWidget& widget) {
+    const QWidget* window = widget.window();
+    while (window->windowType() == Qt::Popup && window->parentWidget() != nullptr) {
+        window = window->parentWidget()->window();
+    }
+    return *window;
+}
+
 }  // namespace
 
 FrmMain::FrmMain(Session& session, Events events) : s(session), events_(std::move(events)) {
@@ -254,8 +263,9 @@ bool FrmMain::IsTyping() const {
 
 // One reads and plays. Ctrl and a letter are keys of Help itself.
 bool FrmMain::PlaysFrom(const QWidget& widget, const QKeyEvent& key) const {
-    if (widget.window() == this) return true;
-    return widget.window()->objectName() == "frmHelp" && !key.modifiers().testFlag(Qt::ControlModifier);
+    const QWidget& window = WindowBehind(widget);
+    if (&window == this) return true;
+    return window.objectName() == "frmHelp" && !key.modifiers().testFlag(Qt::ControlModifier);
 }
 
 // Letters play the instrument whatever control of the main window has the focus. They are taken here, before a list
