@@ -24,6 +24,7 @@ bool HideOnPressBeside(QWidget& popup, const QEvent& event) {
 }
 
 bool IsChoosingKey(const QKeyEvent& key) {
+    if (key.isAutoRepeat()) return false;  // a key that is held has opened the list and must not close it
     return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter || key.key() == Qt::Key_Space;
 }
 
