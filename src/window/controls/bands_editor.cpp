@@ -35,6 +35,10 @@ void BandsEditor::Activate() {
     Bands_Gesture(s, keyLane_, keyColumn_, Phase::Up);
 }
 
+std::string BandsEditor::CursorWords() const {
+    return "Band " + std::to_string(keyLane_) + ", " + RowLetter(keyColumn_);
+}
+
 void BandsEditor::GoTo(int lane, int column, bool draws) {
     keyLane_ = static_cast<Row>(std::clamp(lane, 0, kBands - 1));
     keyColumn_ = static_cast<Row>(std::clamp(column, 0, kLoopTracks - 1));
@@ -43,7 +47,7 @@ void BandsEditor::GoTo(int lane, int column, bool draws) {
     } else {
         keyFrom_ = keyColumn_;
     }
-    ShowReadout(s, "Band " + std::to_string(keyLane_) + ", " + RowLetter(keyColumn_));
+    ShowReadout(s, CursorWords());
     update();
 }
 

@@ -9,6 +9,7 @@ namespace marvolin {
 class BandsEditor : public Control {
 public:
     BandsEditor(Session& session, QWidget* parent);
+    std::string CursorWords() const override;
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;

@@ -20,7 +20,7 @@ public:
         switch (kind) {
             case QAccessible::Value:
             case QAccessible::Description:  // a value in words is read to the user here
-                return ToQString(described_.Value());
+                return ToQString(Words());
             case QAccessible::Help:
                 return ToQString(described_.Hint(0, false));
             case QAccessible::Accelerator:
@@ -89,6 +89,13 @@ public:
     }
 
 private:
+    /// The value, and where the keys are on it.
+    std::string Words() const {
+        const std::string value = described_.Value();
+        const Control* control = Drawn();
+        const std::string cursor = control == nullptr ? "" : control->CursorWords();
+        return cursor.empty() ? value : value + (value.empty() ? "" : "; ") + "the keys are on " + cursor;
+    }
     bool HasScale() const { return described_.Scale().Step > 0; }
     Control* Drawn() const { return dynamic_cast<Control*>(widget()); }
 

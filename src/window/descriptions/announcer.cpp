@@ -43,16 +43,28 @@ void Announcer::Tell(QWidget& widget, const Told& before, const Told& now) {
     tell_(&state);
 }
 
+// A value that moved the last time too, and moves again, is told when it rests.
+Announcer::Heard Announcer::LookAt(QWidget& widget, const Told& now) {
+    const auto before = told_.find(&widget);
+    if (before == told_.end()) return {now, now, false};
+    const Heard& last = before->second;
+    const bool moves = now != last.Seen;
+    const bool waits = moves && last.Moves && now.On == last.Said.On;
+    if (waits || now == last.Said) return {last.Said, now, moves};
+    Tell(widget, last.Said, now);
+    return {now, now, moves};
+}
+
 void Announcer::Look() {
-    std::map<const QWidget*, Told> seen;
+    std::map<const QWidget*, Heard> seen;
     for (QWidget* widget : QApplication::allWidgets()) {
         const Described* described = widget->isVisible() ? DescribedOf(*widget) : nullptr;
         // The toolkit's own controls tell by themselves.
         if (described == nullptr || std::string_view(widget->metaObject()->className()) != "QWidget") continue;
+        // The marker of the steps runs by itself: nobody could listen to it.
+        if (described->Row().Name == "StepReadOut") continue;
         const Told now{described->Value(), described->Scale().Now, described->On()};
-        const auto before = told_.find(widget);
-        if (before != told_.end() && before->second != now) Tell(*widget, before->second, now);
-        seen.emplace(widget, now);
+        seen.emplace(widget, LookAt(*widget, now));
     }
     told_ = std::move(seen);
 }

@@ -13,7 +13,7 @@ namespace marvolin {
 
 /// Tells assistive technology what has changed on the drawn controls in sight: values, texts, states. It looks at all
 /// of them a few times a second and tells the difference, so nothing can change untold, and what moves all the time, as
-/// in a fade, is not told at each of its steps. Without assistive technology it does not look.
+/// in a fade, is told when it begins to and when it rests. Without assistive technology it does not look.
 class Announcer : public QObject, QAccessible::ActivationObserver {
 public:
     static constexpr int kPeriod = 150;  ///< ms
@@ -37,11 +37,17 @@ private:
         bool On = false;
         friend bool operator==(const Told&, const Told&) = default;
     };
+    struct Heard {
+        Told Said;           // told last
+        Told Seen;           // seen last
+        bool Moves = false;  // that was another than before
+    };
     void Tell(QWidget& widget, const Told& before, const Told& now);
+    Heard LookAt(QWidget& widget, const Told& now);
 
     const std::function<void(QAccessibleEvent*)> tell_;
     QTimer timer_;
-    std::map<const QWidget*, Told> told_;
+    std::map<const QWidget*, Heard> told_;
 };
 
 }  // namespace marvolin

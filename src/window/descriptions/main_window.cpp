@@ -89,7 +89,12 @@ std::string ScriptsHint(const Situation& at) {
     return at.State.ScriptAvailable ? "clk Open Scripting" : "Scripts need Lua 5.4: install the package liblua5.4-0";
 }
 
-std::string StatusValue(const Situation& at) { return at.State.StatusText; }
+/// The hint, and the value that the hand has just moved.
+std::string StatusValue(const Situation& at) {
+    const std::string& hint = at.State.StatusText;
+    const std::string& readout = at.State.ReadoutText;
+    return hint + (hint.empty() || readout.empty() ? "" : "; ") + readout;
+}
 
 std::string StatusHint(const Situation& at) { return at.Part == kHelpPanel ? kHelpPanelHint : ""; }
 
