@@ -209,6 +209,33 @@ TEST(KeyDrag, ASecondKeyWhileTheMouseHoldsSomethingDoesNothing) {
     EXPECT_EQ(hand.Ring(), nullptr);
 }
 
+TEST(KeyDrag, WhatHasChangedSinceThePickUpIsLetGo) {
+    CarryHand hand;
+    hand.s.Bins[0].Selected = 1;
+    hand.Go("PickFile_0");
+    hand.Key(Qt::Key_Insert);
+    hand.s.Bins[0].Selected = 0;
+    const std::string before = hand.s.Set[2].FileName;
+    hand.Go("Play_2");
+    hand.Key(Qt::Key_Insert);
+    EXPECT_EQ(hand.s.Set[2].FileName, before);
+    EXPECT_THAT(hand.s.StatusText, testing::HasSubstr("is not there any more"));
+    EXPECT_EQ(hand.Ring(), nullptr);
+}
+
+TEST(KeyDrag, WhatIsCarriedStandsBesideTheFocusUntilItIsLetGo) {
+    CarryHand hand;
+    hand.Go("Letr_0");
+    hand.Key(Qt::Key_Insert);
+    hand.Go("Browse");
+    hand.s.StatusText = "something else";
+    auto* sign = hand.Form->findChild<QWidget*>("Carried");
+    ASSERT_NE(sign, nullptr);
+    EXPECT_TRUE(sign->isVisible());
+    hand.Key(Qt::Key_Escape);
+    EXPECT_EQ(hand.Form->findChild<QWidget*>("Carried"), nullptr);
+}
+
 TEST(WindowKey, F6GoesFromWindowToWindowAndBack) {
     CarryHand hand;
     hand.Save.hide();

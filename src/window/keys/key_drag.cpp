@@ -1,16 +1,24 @@
 #include "window/keys/key_drag.h"
 
+#include <QAbstractButton>
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QDropEvent>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QScopedValueRollback>
 #include <algorithm>
 
+#include "audio/sample_loading.h"
+#include "browser/bin_gestures.h"
 #include "core/routines.h"
+#include "window/descriptions/described.h"
 #include "window/keys/carried.h"
 #include "window/toolkit/drag.h"
 #include "window/toolkit/drag_source.h"
 #include "window/toolkit/drop_ring.h"
+#include "window/toolkit/strings.h"
 
 namespace marvolin {
 
@@ -18,7 +26,7 @@ namespace {
 
 bool IsWindowToWorkIn(const QWidget& window) {
     const Qt::WindowType type = window.windowType();
-    return window.isVisible() && (type == Qt::Window || type == Qt::Dialog) &&
+    return window.isVisible() && !window.isMinimized() && (type == Qt::Window || type == Qt::Dialog) &&
            !window.windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus);
 }
 
@@ -35,6 +43,40 @@ void GoToWindow(int way) {
     QWidget* next = windows[(here + way + count) % count];
     next->raise();
     next->activateWindow();
+}
+
+/// Where something can be carried: in the main window and the browser, while no list or question is open over them.
+bool IsWhereOneCarries(const QWidget& focus) {
+    if (QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr) return false;
+    const QString window = focus.window()->objectName();
+    return window == "frmMain" || window == "frmBrowse";
+}
+
+/// The sample, clip or LoopTrack that `source` stands for now. A drop takes what is there then.
+std::string ContentOf(const Session& s, const DragSource& source) {
+    std::string content = DragName(s, source);
+    const auto row = static_cast<std::size_t>(source.Index);
+    if (source.Name == drags::kPickFile) content += "\n" + SampleAt(s, source.Index, s.Bins[row].Selected);
+    if (source.Name == drags::kPickDir) content += "\n" + s.Bins[row].Folder;
+    if (source.Name == drags::kDropDown && row < kLoopTracks) content += "\n" + s.Set[source.Index].FileName;
+    if (source.Name == drags::kClipBoardList) content += "\n" + std::to_string(s.Clips.Selected);
+    if (source.Name == drags::kHistoryList) {
+        content += "\n" + std::to_string(s.HistoryRow) + " " + std::to_string(s.HistoryChoice);
+        for (const std::string& path : s.History[s.HistoryRow]) content += "\n" + path;
+    }
+    return content;
+}
+
+/// Return presses a button as Space does. A button of a dialogue knows Return itself.
+bool PressByReturn(QWidget& focus, const QKeyEvent& key) {
+    if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) return false;
+    auto* button = qobject_cast<QAbstractButton*>(&focus);
+    const Described* described = button == nullptr ? nullptr : DescribedOf(focus);
+    if (described == nullptr || !Takes(described->Row().Taken, Keys::Press) || !button->isEnabled()) return false;
+    const auto* push = qobject_cast<QPushButton*>(button);
+    if (push != nullptr && (push->autoDefault() || push->isDefault())) return false;
+    if (!key.isAutoRepeat() && QApplication::mouseButtons() == Qt::NoButton) button->click();
+    return true;
 }
 
 bool IsCarryKey(int key) { return key == Qt::Key_Insert || key == Qt::Key_F9; }
@@ -61,9 +103,11 @@ KeyDrag::KeyDrag(Session& session) : s(session) {
 KeyDrag::~KeyDrag() {
     qApp->removeEventFilter(this);
     if (load_) DropRing::Of(*qApp).Hide();
+    delete sign_;
 }
 
-bool KeyDrag::TakenBy(QWidget& widget) const {
+bool KeyDrag::TakenBy(QWidget& widget) {
+    const QScopedValueRollback asking(asks_, true);
     const auto data = ToMimeData(*load_);
     QWidget& at = DroppedAt(widget);
     QDragEnterEvent enter(at.rect().center(), Qt::CopyAction, data.get(), Qt::LeftButton, {});
@@ -71,10 +115,31 @@ bool KeyDrag::TakenBy(QWidget& widget) const {
     return enter.isAccepted();
 }
 
+// What is carried stands below the focus as long as it is carried, whatever the status line says meanwhile.
+void KeyDrag::ShowSign(const QWidget& focus) {
+    delete sign_;
+    sign_ = new QLabel(focus.window());  // owned by the window; here only seen
+    sign_->setObjectName("Carried");
+    sign_->setAccessibleName(ToQString(carried_));
+    sign_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    sign_->setPixmap(DragPicture(s, *load_, focus.devicePixelRatioF()));
+    sign_->adjustSize();
+    const QPoint below = focus.mapTo(focus.window(), QPoint(focus.width() / 2, focus.height() + 2));
+    const QPoint last(focus.window()->width() - sign_->width(), focus.window()->height() - sign_->height());
+    sign_->move(std::max(0, std::min(below.x(), last.x())), std::max(0, std::min(below.y(), last.y())));
+    sign_->show();
+    sign_->raise();
+}
+
 // As under the mouse, a ring is around what takes the drop.
 void KeyDrag::ShowWhere(QWidget* focus) {
     if (!load_) return;
-    if (focus != nullptr && TakenBy(*focus)) {
+    if (focus == nullptr || !IsWhereOneCarries(*focus)) {
+        delete sign_;
+        return DropRing::Of(*qApp).Hide();
+    }
+    ShowSign(*focus);
+    if (TakenBy(*focus)) {
         DropRing::Of(*qApp).Show(*focus);
     } else {
         DropRing::Of(*qApp).Hide();
@@ -85,14 +150,17 @@ void KeyDrag::PickUp(QWidget& focus, std::int16_t button) {
     auto* from = dynamic_cast<Carries*>(&focus);
     if (from != nullptr && focus.isEnabled()) load_ = from->Carried(button);
     if (!load_) return ShowStatus(s, "Nothing can be picked up here");
-    ShowStatus(s, DragName(s, *load_) + ": key Arrows Choose where; key Insert Drop; key Esc Let go");
+    carried_ = DragName(s, *load_);
+    content_ = ContentOf(s, *load_);
+    ShowSign(focus);
+    ShowStatus(s, carried_ + ": key Arrows Choose where; key Insert Drop; key Esc Let go");
     // The browser's samples and clips go to the rows.
     const bool toRows = load_->Name == drags::kPickFile || load_->Name == drags::kClipBoardList;
     if (toRows) s.World.Forms.BringToFront(Form::Main);
 }
 
 void KeyDrag::DropOn(QWidget& focus) {
-    if (!TakenBy(focus)) return ShowStatus(s, DragName(s, *load_) + " cannot be dropped here; key Esc Let go");
+    if (!TakenBy(focus)) return ShowStatus(s, carried_ + " cannot be dropped here; key Esc Let go");
     const auto data = ToMimeData(*load_);
     LetGo();
     QWidget& at = DroppedAt(focus);
@@ -102,6 +170,7 @@ void KeyDrag::DropOn(QWidget& focus) {
 
 void KeyDrag::LetGo() {
     load_.reset();
+    delete sign_;
     DropRing::Of(*qApp).Hide();
     ShowStatus(s, "");
 }
@@ -139,11 +208,17 @@ bool KeyDrag::TakeKey(QWidget& focus, const QKeyEvent& key) {
         GoToWindow(key.modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1);
         return true;
     }
+    if (PressByReturn(focus, key)) return true;
+    if (load_ && !IsWhereOneCarries(focus)) return false;
     if (!IsCarryKey(key.key())) return load_ && CarryOn(focus, key);
     const auto* carries = dynamic_cast<Carries*>(&focus);
     if (!load_ && carries == nullptr) return false;  // a field of text has an Insert of its own
     if (key.isAutoRepeat() || QApplication::mouseButtons() != Qt::NoButton) return true;
-    if (load_) {
+    if (load_ && ContentOf(s, *load_) != content_) {
+        const std::string gone = carried_;
+        LetGo();
+        ShowStatus(s, gone + " is not there any more");
+    } else if (load_) {
         DropOn(focus);
     } else {
         PickUp(focus, key.modifiers().testFlag(Qt::ShiftModifier) ? kRightButton : kLeftButton);
@@ -152,6 +227,8 @@ bool KeyDrag::TakeKey(QWidget& focus, const QKeyEvent& key) {
 }
 
 bool KeyDrag::eventFilter(QObject* object, QEvent* event) {
+    // The mouse has begun a drag of its own.
+    if (event->type() == QEvent::DragEnter && load_ && !asks_) LetGo();
     if (event->type() != QEvent::KeyPress || !object->isWidgetType()) return false;
     return TakeKey(*static_cast<QWidget*>(object), *static_cast<const QKeyEvent*>(event));
 }

@@ -3,11 +3,13 @@
 #include <QObject>
 #include <QPointer>
 #include <optional>
+#include <string>
 
 #include "core/drag_source.h"
 #include "core/session.h"
 
 class QKeyEvent;
+class QLabel;
 class QWidget;
 
 namespace marvolin {
@@ -17,7 +19,11 @@ namespace marvolin {
 /// Insert (or F9) picks up what the mouse would drag from the control with the focus, with Shift what the right button
 /// would. The focus then goes on by Tab as always, or by the arrows to the places that take it: to the next one, up and
 /// down to another row. Insert again drops it on the focus, Escape lets it go. F6 goes to the next window, Shift+F6
-/// to the one before.
+/// to the one before. Return presses a button of the toolkit as Space does.
+///
+/// What is carried is what was picked up: where that has changed meanwhile, the drop lets go. Nothing is carried in
+/// other windows, or while a list or a question is open: there the keys have their own meaning. A drag of the mouse
+/// lets go.
 class KeyDrag : public QObject {
 public:
     /// Filters the keys of the application while it lives.
@@ -37,11 +43,16 @@ private:
     void DropOn(QWidget& focus);
     void LetGo();
     void GoToTarget(QWidget& focus, bool forward, bool otherRow);
-    bool TakenBy(QWidget& widget) const;
+    bool TakenBy(QWidget& widget);
+    void ShowSign(const QWidget& focus);
     void ShowWhere(QWidget* focus);
 
     Session& s;
     std::optional<DragSource> load_;
+    std::string carried_;    // its name
+    std::string content_;    // what it stood for at the pick-up
+    bool asks_ = false;      // a control is asked whether it takes it
+    QPointer<QLabel> sign_;  // shows what is carried
 };
 
 }  // namespace marvolin
