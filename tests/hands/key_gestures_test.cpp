@@ -136,6 +136,23 @@ TEST(PressKeys, CtrlAndSpaceAreADoubleClick) {
     EXPECT_EQ(hand.s.Set[3].PlayMode, kLoop);
 }
 
+TEST(PressKeys, WithoutARightClickTheRightButtonOfTheKeysDoesNothing) {
+    KeyHand hand;
+    QWidget& knob = hand.Go("VolKnob_0");
+    QTest::keyPress(&knob, Qt::Key_Space, Qt::ShiftModifier);
+    EXPECT_EQ(hand.s.Drag.Dragging, False);
+    QTest::keyRelease(&knob, Qt::Key_Space);
+}
+
+TEST(PressKeys, CtrlAndSpaceOnASelectionFlagLeavesNothingHeld) {
+    KeyHand hand;
+    const auto before = hand.s.Set[1].Selected;
+    hand.On("Selected_1", Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_NE(hand.s.Set[1].Selected, before);
+    hand.On("Selected_1", Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_EQ(hand.s.Set[1].Selected, before);
+}
+
 TEST(SoundKeys, LeftAndRightJumpUpAndDownMoveTheTargetAndSpaceFadesThere) {
     KeyHand hand;
     hand.s.Set[3].Vol = 100;

@@ -23,6 +23,7 @@ protected:
     void Step(int units) override;
     void Activate() override;
     void DoubleActivate() override { Activate(); }
+    bool TakesRightClick() const override { return true; }
     /// Plays or stops the destination, as a right click on the chosen row does.
     void RightButton(Phase phase) override;
     void TurnByKey(int units, bool) override { Step(units); }

@@ -70,6 +70,13 @@ void Control::RightButton(Phase phase) {
     armed_.reset();
 }
 
+// The second press of a double click, and its release.
+void Control::DoubleActivate() {
+    DoubleClick(kLeftButton, MiddleTwips());
+    armed_.reset();
+    Gesture(Phase::Up, kLeftButton, MiddleTwips());
+}
+
 void Control::TurnTo(double value) {
     const ControlScale scale = described.Scale();
     if (scale.Step > 0) Step(static_cast<int>(std::lround((value - scale.Now) / scale.Step)));
@@ -85,7 +92,7 @@ void Control::SetByRequest(double value) {
 }
 
 void Control::MenuByRequest() {
-    if (!isEnabled()) return;
+    if (!isEnabled() || !TakesRightClick()) return;
     RightButton(Phase::Down);
     RightButton(Phase::Up);
 }
@@ -123,8 +130,11 @@ bool Control::event(QEvent* event) {
     return QWidget::event(event);
 }
 
-// Escape lets go of what the mouse holds.
+// Escape lets go of what the mouse holds. One hand at a time: a press of the mouse ends what a key holds.
 bool Control::eventFilter(QObject*, QEvent* event) {
+    const bool press = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+    if (press) ReleaseKey(true);
+    if (!Held()) return false;
     if (event->type() != QEvent::KeyPress || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) return false;
     EndHold();
     return true;
@@ -132,8 +142,12 @@ bool Control::eventFilter(QObject*, QEvent* event) {
 
 void Control::SetHolder(std::int16_t button) {
     held_ = button;
+    WatchWhileHeld();
+}
+
+void Control::WatchWhileHeld() {
     qApp->removeEventFilter(this);
-    if (Held()) qApp->installEventFilter(this);
+    if (Held() || rightKey_ != 0) qApp->installEventFilter(this);
 }
 
 // Other buttons do not come here while one holds the control: a hold that is still open has lost its release.
@@ -226,8 +240,10 @@ void Control::keyPressEvent(QKeyEvent* event) {
 void Control::PressByKey(const QKeyEvent& event) {
     if (event.isAutoRepeat()) return;
     if (event.modifiers().testFlag(Qt::ShiftModifier)) {
+        if (!TakesRightClick()) return;
         ReleaseKey(true);
         rightKey_ = event.key();
+        WatchWhileHeld();
         RightButton(Phase::Down);
     } else if (Takes(described.Row().Taken, Keys::Press)) {
         event.modifiers().testFlag(Qt::ControlModifier) ? DoubleActivate() : Activate();
@@ -241,6 +257,7 @@ void Control::keyReleaseEvent(QKeyEvent* event) {
 
 void Control::ReleaseKey(bool lost) {
     if (std::exchange(rightKey_, 0) == 0) return;
+    WatchWhileHeld();
     if (lost) {
         PointerLost(kRightButton, MiddleTwips());
     } else {

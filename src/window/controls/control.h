@@ -6,6 +6,7 @@
 #include <QWidget>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "core/session.h"
@@ -35,6 +36,8 @@ public:
     void MenuByRequest();
     /// By default what a press in the middle with this button drags.
     std::optional<DragSource> Carried(std::int16_t button) override;
+    /// Where the keys are on a control that has a cursor, in words; else "".
+    virtual std::string CursorWords() const { return {}; }
 
 protected:
     Session& s;
@@ -59,10 +62,12 @@ protected:
     virtual void CoarseStep(int units) { Step(units); }
     /// Space or Return while the control has the focus: a left click in its middle.
     virtual void Activate();
+    /// Whether a click with the right button does something here. Without it the keys have no right button.
+    virtual bool TakesRightClick() const { return false; }
     /// The same keys with Shift: the right button, which is down in the middle for as long as the key.
     virtual void RightButton(Phase phase);
     /// The same keys with Ctrl: a double click in the middle.
-    virtual void DoubleActivate() { DoubleClick(kLeftButton, MiddleTwips()); }
+    virtual void DoubleActivate();
     /// An arrow key or Page Up and Page Down; `units` are 1 or 10, up and right are positive.
     virtual void TurnByKey(int units, bool fine) { fine ? Step(units) : CoarseStep(units); }
     /// Sets the value of `Description::Scale`.
@@ -98,6 +103,7 @@ private:
     void PressByKey(const QKeyEvent& event);
     void ReleaseKey(bool lost);
     void SetHolder(std::int16_t button);
+    void WatchWhileHeld();
     bool BeginHold(const QMouseEvent& event);
     void EndHold();
     void BeginDrag();

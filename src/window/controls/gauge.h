@@ -15,6 +15,7 @@ struct GaugeRules {
     std::function<QString()> Text;                                ///< gives the text to the right of the scale
     std::function<void(int)> Moving;                              ///< the player drags it to a value
     std::function<void(std::int16_t button, int value)> Release;  ///< the player released it at a value
+    bool RightClick = false;                                      ///< a click with the right button does something
 };
 
 /// A horizontal gauge that is dragged, as `MapSize` and `RollOff`.
@@ -25,6 +26,7 @@ public:
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void Step(int units) override;
+    bool TakesRightClick() const override { return rules_.RightClick; }
     void paintEvent(QPaintEvent* event) override;
 
 private:

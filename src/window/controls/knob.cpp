@@ -50,6 +50,8 @@ void KnobControl::changeEvent(QEvent* event) {
 }
 
 void KnobControl::Gesture(Phase phase, std::int16_t button, QPointF twips) {
+    // A pointer that passes does not turn what something else holds.
+    if (phase == Phase::Move && !Held() && s.Drag.Dragging != False) return;
     KnobGesture(s, knob_, index, phase, button, twips.x(), twips.y());
 }
 

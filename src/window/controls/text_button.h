@@ -17,6 +17,7 @@ public:
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void PointerLost(std::int16_t, QPointF) override {}
+    bool TakesRightClick() const override { return otherClick_ != nullptr; }
     void paintEvent(QPaintEvent* event) override;
 
 private:

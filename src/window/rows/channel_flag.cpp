@@ -32,6 +32,7 @@ ChannelFlagControl::ChannelFlagControl(Session& session, QWidget* parent, Row ro
 }
 
 void ChannelFlagControl::Gesture(Phase phase, std::int16_t button, QPointF twips) {
+    if (phase == Phase::Move && !Held()) return;
     ChannelFlag_Gesture(s, index, phase, button, twips.x(), twips.y(), width() * kTwipsPerPixel);
 }
 

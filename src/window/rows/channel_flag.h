@@ -16,6 +16,7 @@ protected:
     void Step(int units) override;
     void Activate() override;
     void DoubleActivate() override { Activate(); }
+    bool TakesRightClick() const override { return true; }
     void paintEvent(QPaintEvent* event) override;
 };
 

@@ -14,6 +14,7 @@ protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void DoubleClick(std::int16_t button, QPointF twips) override;
     void Step(int units) override;
+    bool TakesRightClick() const override { return true; }
     void paintEvent(QPaintEvent* event) override;
 };
 

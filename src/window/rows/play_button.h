@@ -13,6 +13,7 @@ protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void PointerLost(std::int16_t button, QPointF twips) override;
     void Activate() override;
+    bool TakesRightClick() const override { return true; }
     void paintEvent(QPaintEvent* event) override;
 
 private:

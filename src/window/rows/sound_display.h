@@ -24,6 +24,7 @@ protected:
     /// Fades to the lower needle.
     void Activate() override { SndDisp_Change(s, index, kTargetNeedle, s.SndDisp[index].Line); }
     void DoubleActivate() override { Activate(); }
+    bool TakesRightClick() const override { return true; }
     void TurnTo(double value) override { SndDisp_Change(s, index, kLevelNeedle, static_cast<std::int16_t>(value)); }
     /// Left and right move the volume, up and down the lower needle, with Page Up and Page Down in long steps; Escape
     /// puts the lower needle back to the volume.

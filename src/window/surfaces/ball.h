@@ -21,6 +21,7 @@ protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void Activate() override;
     void DoubleActivate() override { Activate(); }
+    bool TakesRightClick() const override { return true; }
     /// On the ball of a LoopTrack a click of it turns the fade round.
     void RightButton(Phase phase) override;
     void mousePressEvent(QMouseEvent* event) override;

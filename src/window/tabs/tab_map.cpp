@@ -72,7 +72,8 @@ void TabMap::MakeGauges() {
         {kRollOffLow, kRollOffHigh, 1, [this] { return static_cast<int>(s.RollOff); },
          [this] { return Shown(s.RollOff / 10.0); },
          [this](int value) { RollOff_Moving(s, static_cast<std::int16_t>(value)); },
-         [this](std::int16_t button, int value) { RollOff_Release(s, button, static_cast<std::int16_t>(value)); }});
+         [this](std::int16_t button, int value) { RollOff_Release(s, button, static_cast<std::int16_t>(value)); },
+         true});
     rollOff_->setGeometry(kMapMiddle - 8, 134, 312, 26);
 }
 
