@@ -204,7 +204,7 @@ TEST(BandKeys, ArrowsChooseSpaceClicksShiftDrawsAndDeleteEmpties) {
     EXPECT_TRUE(DrawnBand(hand.s, 2).Empty());
 }
 
-TEST(PatternKeys, ArrowsChooseAStepAndTurnItAndDeleteErases) {
+TEST(PatternKeys, ArrowsChooseAStepDeleteResetsItAndWithShiftTheLane) {
     KeyHand hand;
     hand.s.CurrentLoop = 0;
     hand.s.Set[0].NSteps = 3;
@@ -230,7 +230,12 @@ TEST(PatternKeys, ArrowsChooseAStepAndTurnItAndDeleteErases) {
     EXPECT_EQ(hand.s.ReadoutText, "Random: Vol: 100");
     hand.Key(Qt::Key_End);
     EXPECT_TRUE(hand.s.ReadoutText.starts_with("Step: 4 "));
+    vol[3] = 7;
     hand.Key(Qt::Key_Delete);
+    EXPECT_EQ(vol[3], 500);
+    EXPECT_EQ(vol[0], 290);
+    EXPECT_EQ(vol[kPatternOffset], 100);
+    hand.Key(Qt::Key_Delete, Qt::ShiftModifier);
     EXPECT_EQ(vol[0], 500);
     EXPECT_EQ(vol[kPatternOffset], 0);
 }
