@@ -9,6 +9,7 @@
 #include "all_forms.h"
 #include "audio/play_modes.h"
 #include "browser/destinations.h"
+#include "core/routines.h"
 #include "painted_texts.h"
 #include "parameters/position.h"
 #include "parameters/setters.h"
@@ -35,10 +36,56 @@ void Expect(Stage& stage, const std::vector<Hinted>& controls) {
         SCOPED_TRACE(one.Name);
         const QWidget& widget = *stage.At(one.Name);
         ASSERT_TRUE(widget.isVisible());
+        const QPointF place(one.Place.x() * widget.width(), one.Place.y() * widget.height());
+        // From beside the control, where another hint or a report may have been shown.
+        QEvent leave(QEvent::Leave);
+        QApplication::sendEvent(stage.At(one.Name), &leave);
         stage.s.StatusText.clear();
-        stage.Move(one.Name, {one.Place.x() * widget.width(), one.Place.y() * widget.height()});
+        stage.Move(one.Name, place);
         EXPECT_EQ(stage.s.StatusText, one.Hint);
     }
+}
+
+TEST(Hints, APartWithoutAHintTakesTheHintOfThePartBesideItAway) {
+    Stage stage;
+    const QPointF size(stage.At("PlayStop")->width(), stage.At("PlayStop")->height());
+    const auto move = [&](double share) { stage.Move("PlayStop", {size.x() / 2, size.y() * share}); };
+    move(0.2);
+    ASSERT_EQ(stage.s.StatusText, "clk Play All Sounds");
+    move(0.5);
+    EXPECT_EQ(stage.s.StatusText, "");
+    move(0.8);
+    ASSERT_EQ(stage.s.StatusText, "clk Stop All Sounds");
+    ShowStatus(stage.s, "A report");
+    move(0.5);
+    EXPECT_EQ(stage.s.StatusText, "A report");
+}
+
+TEST(Hints, AReportStaysWhileThePointerMovesWithinTheControl) {
+    Stage stage;
+    const QPointF middle = stage.Middle("Play_1");
+    stage.Move("Play_1", middle);
+    ASSERT_EQ(stage.s.StatusText, "clk Toggle Play; rtclk Pause");
+    ShowStatus(stage.s, "B plays at volume 0: Shift+B fades B in");
+    stage.Move("Play_1", middle + QPointF(1, 0));
+    EXPECT_EQ(stage.s.StatusText, "B plays at volume 0: Shift+B fades B in");
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(stage.At("Play_1"), &leave);
+    stage.Move("Play_1", middle);
+    EXPECT_EQ(stage.s.StatusText, "clk Toggle Play; rtclk Pause");
+}
+
+TEST(Hints, TheHintOfAnEntryGoesWhenItsListCloses) {
+    test::Settings stage;
+    stage.OpenMap();
+    auto& list = dynamic_cast<QComboBox&>(*stage.At("PosMacros"));
+    list.showPopup();
+    list.view()->setCurrentIndex(list.model()->index(1, 0));
+    emit list.highlighted(1);
+    ASSERT_NE(stage.s.StatusText, "");
+    QTest::keyClick(list.view(), Qt::Key_Escape);
+    EXPECT_FALSE(list.view()->isVisible());
+    EXPECT_EQ(stage.s.StatusText, "");
 }
 
 TEST(Hints, AMoveOverAControlShowsItsHint) {

@@ -22,6 +22,11 @@ void ChoiceList::Show(int entry) {
     setCurrentIndex(entry);
 }
 
+void ChoiceList::hidePopup() {
+    QComboBox::hidePopup();
+    if (Described* described = DescribedOf(*this)) described->TakeHintAway();
+}
+
 void ChoiceList::SetEntries(const QStringList& entries) {
     QStringList shown;
     for (int i = 0; i < count(); ++i) shown << itemText(i);

@@ -22,6 +22,8 @@ public:
     void Show(int entry);
     /// Replaces the entries when they differ, without choosing one.
     void SetEntries(const QStringList& entries);
+    /// Closes the list. The hint of the entry goes with it.
+    void hidePopup() override;
 };
 
 /// A tick box. `choose` gets its new state.

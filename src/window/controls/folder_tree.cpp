@@ -7,6 +7,7 @@
 
 #include "browser/bin_gestures.h"
 #include "window/controls/folder_target.h"
+#include "window/toolkit/drag.h"
 
 namespace marvolin {
 
@@ -66,13 +67,15 @@ void FolderTree::mousePressEvent(QMouseEvent* event) {
     if (visualRect(indexAt(place)).contains(place)) pressed_ = place;
 }
 
-// The toolkit's own drag begins a pixel later than the other drags, and not before the second move.
+// The toolkit's own drag would begin a pixel later than the other drags, and any button would end it.
 void FolderTree::mouseMoveEvent(QMouseEvent* event) {
     if (!event->buttons().testFlag(Qt::LeftButton)) pressed_.reset();  // the release went elsewhere
     if (!pressed_) return QTreeView::mouseMoveEvent(event);
-    if ((event->position().toPoint() - *pressed_).manhattanLength() < QApplication::startDragDistance()) return;
+    const QPoint moved = event->position().toPoint() - *pressed_;
+    if (moved.manhattanLength() < QApplication::startDragDistance()) return;
     pressed_.reset();
-    startDrag(folders_.supportedDragActions());
+    const QModelIndex folder = indexAt(event->position().toPoint() - moved);
+    if (folder.isValid()) RunFolderDrag(*this, folders_.filePath(folder));
 }
 
 void FolderTree::mouseReleaseEvent(QMouseEvent* event) {

@@ -143,7 +143,7 @@ void Described::RefreshTip() { widget_.setToolTip(ToQString(Tip())); }
 
 void Described::ShowHint(int part, bool held) {
     const std::string hint = Hint(part, held);
-    if (hint.empty()) return;
+    if (hint.empty()) return TakeHintAway();
     shown_ = hint;
     if (HintWindow* bar = Bar()) {
         bar->ShowHint(hint);
@@ -171,7 +171,17 @@ void Described::TakeHintAway() {
 
 void Described::HintAt(QPointF place, bool held) {
     const auto* parts = dynamic_cast<const HasParts*>(&widget_);
-    ShowHint(parts == nullptr ? 0 : parts->PartAt(place), held);
+    const int part = parts == nullptr ? 0 : parts->PartAt(place);
+    // What a click has reported is read while the pointer still lies on the control.
+    if (const std::string hint = Hint(part, held); hint.empty() || hint != shown_) ShowHint(part, held);
+}
+
+// The hint of the focus has taken the place of the hint under the pointer, which the next move shows again.
+void Described::ForgetHints() const {
+    for (const QWidget* other : widget_.window()->findChildren<QWidget*>()) {
+        Described* described = other->underMouse() ? DescribedOf(*other) : nullptr;
+        if (described != nullptr && described != this) described->shown_.clear();
+    }
 }
 
 bool Described::Refuses(const QEvent& event) const {
@@ -225,7 +235,10 @@ bool Described::eventFilter(QObject* object, QEvent* event) {
         event->accept();
         return true;
     }
-    if (object == &widget_ && event->type() == QEvent::FocusIn && CameByKey(*event)) ShowHint(0, false);
+    if (object == &widget_ && event->type() == QEvent::FocusIn && CameByKey(*event)) {
+        ForgetHints();
+        ShowHint(0, false);
+    }
     if (object != &PointedAt(widget_)) return false;
     if (!resending_ && IsMouse(*event) && TakesFromHolder(*object, static_cast<const QMouseEvent&>(*event))) {
         event->accept();

@@ -26,9 +26,9 @@ public:
 
 /// The texts of a widget, from its row of the table. Owned by the widget; handles the widget's events before the widget
 /// does. Rules for every control, the toolkit's own included, are here:
-/// - A move of the pointer over the control shows its hint, and so does the Tab key that reaches it. The hint goes when
-/// the
-///   pointer leaves the control, unless something else is shown by then.
+/// - A move of the pointer over the control shows its hint, and so does the Tab key that reaches it. A report that has
+///   taken the place of the hint stays until the hint becomes another. The hint goes when the pointer leaves the
+///   control or comes to a part without a hint, unless something else is shown by then.
 /// - Nothing acts in passing. The wheel turns the control over which the scroll began; a closed list and a strip of
 ///   tabs take no wheel, and a closed list no key that would choose an entry. While a mouse button is down, on this
 ///   control or another, neither the wheel nor a key of the table acts.
@@ -57,9 +57,13 @@ public:
 
     /// Sets the tool tip again after something changed that it depends on.
     void RefreshTip();
-    /// Shows the hint in the status bar of the widget's window, or of the main window when it has none. An empty hint
-    /// leaves the bar unchanged. Without a session there is a hint only where its text is always the same.
+    /// Shows the hint in the status bar of the widget's window, or of the main window when it has none. Where there is
+    /// none it takes the former one away. Without a session there is a hint only where its text is always the same.
     void ShowHint(int part, bool held);
+    /// Takes the hint away that this control showed last, if it is still shown.
+    void TakeHintAway();
+    /// The mouse button that holds the control; `Qt::NoButton` when none does.
+    Qt::MouseButton Holder() const { return holder_; }
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
@@ -69,7 +73,7 @@ private:
     bool TakesFromHolder(QObject& pointed, const QMouseEvent& event);
     std::string Say(const ControlText& text, int part = 0, bool held = false) const;
     void HintAt(QPointF place, bool held);
-    void TakeHintAway();
+    void ForgetHints() const;
     HintWindow* Bar() const;
 
     Session* const session_;

@@ -1,7 +1,9 @@
 #include "window/toolkit/drag.h"
 
 #include <QDrag>
+#include <QFileInfo>
 #include <QPainter>
+#include <QUrl>
 #include <QWidget>
 #include <algorithm>
 #include <functional>
@@ -10,7 +12,7 @@
 #include "browser/bin_gestures.h"
 #include "core/routines.h"
 #include "performance/drops/dropper.h"
-#include "window/descriptions/description.h"
+#include "window/descriptions/described.h"
 #include "window/toolkit/drag_source.h"
 #include "window/toolkit/one_button.h"
 #include "window/toolkit/theme.h"
@@ -116,6 +118,27 @@ QPoint HotSpot(const DragSource& source) {
     return IsTool(source) ? kToolTip : kBeside;
 }
 
+/// A label with `text`, which is elided where it is too long.
+QPixmap LabelPicture(const QString& text, double ratio) {
+    const QFont font = theme::Sans(13);
+    const QFontMetrics metrics(font);
+    const QString name = metrics.elidedText(text, Qt::ElideMiddle, kMostLabel);
+    const QRect label(0, 0, metrics.horizontalAdvance(name) + 18, kDragLabelHeight);
+    return Painted(label.size(), ratio, [&](QPainter& p) {
+        theme::DrawFace(p, label, {}, theme::kRaised, theme::kAccent);
+        p.setFont(font);
+        p.setPen(theme::kText);
+        p.drawText(label, Qt::AlignCenter, name);
+    });
+}
+
+/// Runs a drag that has all it carries. Only the button that holds `from` ends it.
+void RunAlone(QWidget& from, QDrag& drag) {
+    const Described* described = DescribedOf(from);
+    const OneButton only(described == nullptr ? Qt::NoButton : described->Holder());
+    drag.exec(Qt::CopyAction);
+}
+
 }  // namespace
 
 std::string DragName(const Session& s, const DragSource& source) {
@@ -141,16 +164,7 @@ QPixmap DragPicture(const Session& s, const DragSource& source, double ratio) {
             DrawLetter(p, source.Index);
         });
     }
-    const QFont font = theme::Sans(13);
-    const QFontMetrics metrics(font);
-    const QString name = metrics.elidedText(QString::fromStdString(DragName(s, source)), Qt::ElideMiddle, kMostLabel);
-    const QRect label(0, 0, metrics.horizontalAdvance(name) + 18, kDragLabelHeight);
-    return Painted(label.size(), ratio, [&](QPainter& p) {
-        theme::DrawFace(p, label, {}, theme::kRaised, theme::kAccent);
-        p.setFont(font);
-        p.setPen(theme::kText);
-        p.drawText(label, Qt::AlignCenter, name);
-    });
+    return LabelPicture(QString::fromStdString(DragName(s, source)), ratio);
 }
 
 void RunDrag(QWidget& from, const Session& s, const DragSource& source) {
@@ -160,8 +174,17 @@ void RunDrag(QWidget& from, const Session& s, const DragSource& source) {
     drag->setHotSpot(HotSpot(source));
     // The help pointer is the pointer itself; beside it the usual one would be a second arrow.
     if (IsHelpDrag(source)) drag->setDragCursor(Painted({1, 1}, 1, [](QPainter&) {}), Qt::CopyAction);
-    const OneButton only;
-    drag->exec(Qt::CopyAction);
+    RunAlone(from, *drag);
+}
+
+void RunFolderDrag(QWidget& from, const QString& path) {
+    auto* drag = new QDrag(&from);  // the toolkit deletes it after the drop
+    auto* data = new QMimeData;     // belongs to the drag
+    data->setUrls({QUrl::fromLocalFile(path)});
+    drag->setMimeData(data);
+    drag->setPixmap(LabelPicture(QFileInfo(path).fileName(), from.devicePixelRatioF()));
+    drag->setHotSpot(kBeside);
+    RunAlone(from, *drag);
 }
 
 }  // namespace marvolin

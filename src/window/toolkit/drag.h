@@ -25,4 +25,7 @@ QPixmap DragPicture(const Session& s, const DragSource& source, double ratio = 1
 /// and no key reaches anything; Escape ends the drag without a drop.
 void RunDrag(QWidget& from, const Session& s, const DragSource& source);
 
+/// Drags the folder at `path` in the same way, as a file manager would.
+void RunFolderDrag(QWidget& from, const QString& path);
+
 }  // namespace marvolin

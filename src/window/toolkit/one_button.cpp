@@ -5,7 +5,8 @@
 
 namespace marvolin {
 
-OneButton::OneButton() : began_(QGuiApplication::mouseButtons()) {
+OneButton::OneButton(Qt::MouseButton holder)
+    : began_(holder == Qt::NoButton ? QGuiApplication::mouseButtons() : Qt::MouseButtons(holder)) {
     // Of several filters the last one comes first.
     QMetaObject::invokeMethod(
         this, [this] { qApp->installEventFilter(this); }, Qt::QueuedConnection);
