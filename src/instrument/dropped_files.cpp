@@ -15,8 +15,8 @@ namespace marvolin {
 namespace {
 
 bool IsSet(const std::string& path) {
-    return (EndsInIgnoringCase(path, kSessionExtension) || EndsInIgnoringCase(path, kPackageExtension)) &&
-           FileExists(path);
+    // The store knows a package by this spelling alone.
+    return (EndsInIgnoringCase(path, kSessionExtension) || path.ends_with(kPackageExtension)) && FileExists(path);
 }
 
 void OpenSet(Session& s, const std::string& path) {

@@ -10,7 +10,7 @@
 namespace marvolin {
 
 /// The first session file or package among `paths`, "" when there is none: a file that is there and whose name ends in
-/// ".mvn" or ".mvp", in any letter case.
+/// ".mvn", in any letter case, or in ".mvp", in this spelling alone.
 std::string SetAmong(const std::vector<std::string>& paths);
 
 /// Why a drop of these paths would do nothing, for the status line; "" when it does something: a set opens anywhere on

@@ -6,7 +6,9 @@
 #include <gtest/gtest.h>
 
 #include "browser_stage.h"
+#include "core/routines.h"
 #include "fakes/temp_folder.h"
+#include "persistence/session_format.h"
 #include "stage.h"
 
 namespace marvolin {
@@ -40,12 +42,21 @@ TEST(DroppedSet, OpensWhereverItFallsAsQuickLoadDoes) {
 TEST(DroppedSet, APackageAndCapitalsCountAndTheRestOfTheDropDoesNot) {
     test::TempFolder folder;
     const std::string sample = folder.Touch("one.wav");
-    const std::string package = folder.Touch("NIGHT.MVP");
+    const std::string package = folder.Touch("night.mvp");
     Stage stage;
+    EXPECT_EQ(SetAmong({sample, folder.Touch("NIGHT.MVN"), package}), folder.Path() + "/NIGHT.MVN");
     EXPECT_EQ(SetAmong({sample, package}), package);
     stage.DropFiles("LoopRow_0", {sample, package});
     EXPECT_THAT(stage.Store.Log, ElementsAre("Load " + package + " current adopt"));
     EXPECT_EQ(stage.s.Run[0].Loaded, False);
+}
+
+TEST(DroppedSet, APackageIsWhatTheStoreKnowsAsOne) {
+    test::TempFolder folder;
+    for (const char* name : {"night.mvp", "NIGHT.MVP", "night.Mvp"}) {
+        const std::string path = folder.Touch(name);
+        EXPECT_EQ(!SetAmong({path}).empty(), IsPackage(path)) << name;
+    }
 }
 
 TEST(DroppedSet, ThatCannotBeOpenedLeavesTheDialogueAsItIs) {
@@ -105,6 +116,36 @@ TEST(DroppedFiles, ThatWouldDoNothingAreRefusedAndTheStatusLineTellsWhyBeforeThe
     EXPECT_EQ(stage.s.Run[1].Loaded, True);
 }
 
+struct Refused : Stage {
+    test::TempFolder Folder;
+    std::string Sample = Folder.Touch("one.wav");
+    Refused() {
+        EXPECT_FALSE(DropFiles("Browse", {Sample}));
+        EXPECT_EQ(s.StatusText, "Drop samples on a row; a set opens anywhere here");
+    }
+};
+
+TEST(DroppedFiles, WhyTheyAreRefusedGoesWhenAControlTakesThem) {
+    Refused stage;
+    EXPECT_TRUE(stage.DropFiles("LoopRow_0", {stage.Sample}));
+    EXPECT_EQ(stage.s.StatusText, "");
+}
+
+TEST(DroppedFiles, WhyTheyAreRefusedGoesWhenTheyLeaveTheWindow) {
+    Refused stage;
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(stage.Form->windowHandle(), &leave);
+    EXPECT_EQ(stage.s.StatusText, "");
+}
+
+TEST(DroppedFiles, WhatIsShownInPlaceOfTheRefusalStays) {
+    Refused stage;
+    ShowStatus(stage.s, "A report");
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(stage.Form->windowHandle(), &leave);
+    EXPECT_EQ(stage.s.StatusText, "A report");
+}
+
 struct Bins : test::Browser {
     std::string FolderOf(int bin) { return s.Bins[bin].Folder; }
 };
@@ -117,6 +158,16 @@ TEST(DroppedFolder, OnTheListOfABinIsTakenAsOnItsButton) {
     EXPECT_EQ(stage.FolderOf(0), stage.Folder.string());
     EXPECT_EQ(stage.FolderOf(1), stage.Own.Path());
     EXPECT_EQ(stage.FolderOf(2), stage.Own.Path());
+}
+
+TEST(DroppedFolder, WhoseNameIsNoUtf8IsTakenToo) {
+    Bins stage;
+    const std::string folder = stage.Own.Path() + "/B\xe4nke";
+    std::filesystem::create_directories(folder);
+    auto data = std::make_unique<QMimeData>();
+    data->setData("text/uri-list", QByteArray::fromStdString("file://" + stage.Own.Path() + "/B%E4nke\r\n"));
+    EXPECT_TRUE(stage.DropOn(stage.Part("PickFile_1"), std::move(data)));
+    EXPECT_EQ(stage.FolderOf(1), folder);
 }
 
 TEST(DroppedFolder, OfAnotherBinsButtonIsTakenByTheListAndSamplesAreNot) {

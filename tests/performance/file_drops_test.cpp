@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -74,6 +75,25 @@ TEST(FileDrops, ThePointerPromisesADropOfASampleOfThisMachineAndTellsWhyOfNoOthe
     EXPECT_EQ(why({d.Folder.Path()}), "Not a sample: " + FileNameOf(d.Folder.Path()));
     EXPECT_EQ(why({""}), "Not a file of this computer");
     EXPECT_EQ(why({}), "Not a file of this computer");
+}
+
+TEST(FileDrops, OfManyTheFirstIsNamedAndTheOthersAreCounted) {
+    FileDrops d;
+    std::vector<std::string> paths;
+    for (int i = 0; i < 999; ++i) {
+        paths.push_back(d.Folder / ("readme" + std::to_string(i) + ".txt"));
+        WriteBytes(paths.back(), "text");
+    }
+    EXPECT_EQ(WhyFilesAreRefused(d.s, 0, paths), "Not a sample: readme0.txt and 998 more");
+    DropFilesOnRow(d.s, 0, paths);
+    EXPECT_EQ(d.s.StatusText, "Not a sample: readme0.txt and 998 more");
+    // No drag looks at so many files at every control.
+    paths.insert(paths.begin() + 47, d.Put("a.wav"));
+    EXPECT_EQ(WhyFilesAreRefused(d.s, 0, paths), "");
+    std::rotate(paths.begin(), paths.begin() + 40, paths.begin() + 47);
+    EXPECT_EQ(WhyFilesAreRefused(d.s, 0, paths), "");
+    paths.insert(paths.begin(), d.Folder / "readme998.txt");
+    EXPECT_NE(WhyFilesAreRefused(d.s, 0, paths), "");
 }
 
 TEST(FileDrops, TheSelectionTakesFilesOnlyWhileAnythingIsInControl) {

@@ -10,44 +10,58 @@ namespace marvolin {
 
 namespace {
 
-/// Adds the name of a file to a list of names.
-void AddName(std::string& names, const std::string& path) { names += (names.empty() ? "" : ", ") + FileNameOf(path); }
+constexpr std::size_t kMostNamed = 3;  // of the files that are not loaded
+constexpr int kMostRead = 48;          // files of a drag whose beginnings are looked at
+
+using Paths = std::vector<std::string>;
+
+/// The names of the files; of many the first, and how many more there are.
+std::string NamesOf(const Paths& paths) {
+    if (paths.size() > kMostNamed)
+        return FileNameOf(paths.front()) + " and " + std::to_string(paths.size() - 1) + " more";
+    std::string names;
+    for (const std::string& path : paths) names += (names.empty() ? "" : ", ") + FileNameOf(path);
+    return names;
+}
 
 /// What the status line says of files that were not loaded; "" when there are none.
-std::string TextOf(const std::string& refused, const std::string& surplus) {
-    if (surplus.empty()) return refused.empty() ? "" : "Not a sample: " + refused;
-    const std::string left = "No row left for: " + surplus;
-    return refused.empty() ? left : left + "; not a sample: " + refused;
+std::string TextOf(const Paths& refused, const Paths& surplus) {
+    if (surplus.empty()) return refused.empty() ? "" : "Not a sample: " + NamesOf(refused);
+    const std::string left = "No row left for: " + NamesOf(surplus);
+    return refused.empty() ? left : left + "; not a sample: " + NamesOf(refused);
 }
 
 }  // namespace
 
 std::string WhyFilesAreRefused(const Session& s, Row row, const std::vector<std::string>& paths) {
     if (row == kSelectionRow && !AnyIsControlled(s)) return "Nothing is in control of Z: select LoopTracks first";
-    std::string refused;
+    Paths refused;
+    int read = 0;
     for (const std::string& path : paths) {
         if (path.empty()) continue;
-        if (!IsNoSample(path)) return "";
-        AddName(refused, path);
+        // Every control on the way of a drag asks this: what lies behind so many others is not read.
+        if (read < kMostRead && !IsNoSample(path)) return "";
+        ++read;
+        refused.push_back(path);
     }
-    return refused.empty() ? "Not a file of this computer" : TextOf(refused, "");
+    return refused.empty() ? "Not a file of this computer" : TextOf(refused, {});
 }
 
 void DropFilesOnRow(Session& s, Row row, const std::vector<std::string>& paths) {
     const BusyPointer busy(s);
     std::vector<std::string> samples;
-    std::string refused;
-    std::string surplus;  // names of samples for which no row is left
+    Paths refused;
+    Paths surplus;  // samples for which no row is left
     // On the selection one sample goes to all.
     const std::size_t room = row < kLoopTracks ? static_cast<std::size_t>(kLoopTracks - row) : 1;
     for (const std::string& path : paths) {
         if (path.empty()) continue;
         if (IsNoSample(path)) {
-            AddName(refused, path);
+            refused.push_back(path);
         } else if (samples.size() < room) {
             samples.push_back(path);
         } else {
-            AddName(surplus, path);
+            surplus.push_back(path);
         }
     }
     const std::string text = TextOf(refused, surplus);

@@ -8,7 +8,7 @@
 namespace marvolin {
 
 /// Why a drop of these paths on `row` (0..4) would do nothing, for the status line; "" when it does something: when one
-/// of them can be a sample, and a LoopTrack takes it. A path of "" is not on this machine.
+/// of the first 48 can be a sample, and a LoopTrack takes it. A path of "" is not on this machine.
 std::string WhyFilesAreRefused(const Session& s, Row row, const std::vector<std::string>& paths);
 
 /// Files dropped from a file manager on `row` (0..4), played with `PlayOnLoad`. One sample loads into the row and its

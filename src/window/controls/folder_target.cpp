@@ -2,8 +2,9 @@
 
 #include <QDragEnterEvent>
 #include <QDropEvent>
-#include <QFileInfo>
 #include <QMimeData>
+#include <filesystem>
+#include <system_error>
 
 #include "browser/bin_gestures.h"
 
@@ -11,10 +12,12 @@ namespace marvolin {
 
 namespace {
 
+// The toolkit's strings would lose the bytes of a name that is no UTF-8.
 /// The first folder of a drop; "" when there is none.
 std::string FolderIn(const QMimeData& data) {
     for (const std::string& path : FilePaths(data)) {
-        if (QFileInfo(QString::fromStdString(path)).isDir()) return path;
+        std::error_code error;
+        if (!path.empty() && std::filesystem::is_directory(path, error)) return path;
     }
     return "";
 }

@@ -35,6 +35,7 @@
 #include "window/tabs/tab_map.h"
 #include "window/tabs/tab_mix_pad.h"
 #include "window/toolkit/drag_source.h"
+#include "window/toolkit/drop_refusal.h"
 
 namespace marvolin {
 
@@ -246,7 +247,7 @@ void FrmMain::dragEnterEvent(QDragEnterEvent* event) {
     const auto below =
         std::find_if(Rows.begin(), Rows.end(), [&](LoopRow* row) { return row->geometry().contains(place); });
     const Row row = below == Rows.end() ? Row{-1} : static_cast<Row>(below - Rows.begin());
-    ShowStatus(s, WhyDropIsRefused(s, row, paths));
+    DropRefusal::Of(*this, s).Tell(WhyDropIsRefused(s, row, paths));
 }
 
 void FrmMain::dropEvent(QDropEvent* event) {
