@@ -22,13 +22,16 @@ struct DropHandler {
     bool (*Acts)(const Session& s, Row row, const DragSource& source);  ///< whether the drop does anything
 };
 
-// An entry of the palette; a LoopTrack without a sample has nothing to reverse.
+// An entry of the palette; a LoopTrack without a sample has nothing to reverse. Emptying sets its patterns and timing
+// back also without one.
 bool ActsFromPalette(const Session& s, Row row, const DragSource&) {
     if (s.HistoryChoice == kHistoryReverse) return row != kSelectionRow && s.Run[row].Loaded != False;
     return row != kSelectionRow || AnyIsControlled(s);
 }
 
-bool Fades(const Session&, Row, const DragSource& source) {
+// Z on itself fades what it controls.
+bool Fades(const Session& s, Row row, const DragSource& source) {
+    if (row == kSelectionRow && source.Index == kSelectionRow && !AnyIsControlled(s)) return false;
     return source.Tag == kFadeTag && source.Index >= 0 && source.Index <= kSelectionRow;
 }
 

@@ -349,10 +349,21 @@ TEST(LoopTakesDrop, PromisesFadesThePaletteAndHelp) {
     Promises d;
     for (Row row = 0; row <= kSelectionRow; ++row) {
         EXPECT_TRUE(LoopTakesDrop(d.s, row, {"PosBall", 0, kFadeTag}));
-        EXPECT_TRUE(LoopTakesDrop(d.s, row, {"Letr", row, kFadeTag}));
+        EXPECT_EQ(LoopTakesDrop(d.s, row, {"Letr", row, kFadeTag}), row != kSelectionRow);
         EXPECT_FALSE(LoopTakesDrop(d.s, row, {"Letr", 99, kFadeTag}));
         EXPECT_EQ(LoopTakesDrop(d.s, row, {"HistoryList", 0, ""}), row != kSelectionRow);
         EXPECT_TRUE(LoopTakesDrop(d.s, row, {"StatusBar1", 0, std::string(kHelpDragName)}));
+    }
+}
+
+TEST(LoopTakesDrop, PromisesTheFadeOfTheSelectionOnItselfOnlyWhileAnythingIsInControl) {
+    const DragSource fade{"Letr", kSelectionRow, kFadeTag};
+    for (const bool selected : {false, true}) {
+        Promises d;
+        if (selected) d.Select(3);
+        EXPECT_EQ(LoopTakesDrop(d.s, kSelectionRow, fade), selected);
+        LoopDragDrop(d.s, kSelectionRow, fade);
+        EXPECT_EQ(d.s.Run[3].FadeState != kNoFade, selected);
     }
 }
 
