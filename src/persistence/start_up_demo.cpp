@@ -1,5 +1,6 @@
 #include "persistence/start_up_demo.h"
 
+#include <array>
 #include <filesystem>
 #include <system_error>
 #include <vector>
@@ -7,6 +8,7 @@
 #include "audio/silent_starts.h"
 #include "core/errors.h"
 #include "core/files/paths.h"
+#include "core/help.h"
 #include "core/routines.h"
 #include "parameters/fades.h"
 #include "persistence/quick_load.h"
@@ -18,6 +20,7 @@ namespace {
 constexpr const char* kDemoFile = "startup.mvp";
 constexpr const char* kDisabledDemoFile = "disabledstartup.mvp";
 constexpr const char* kPreferencesFile = "preferences.mvn";
+constexpr std::array<Row, 3> kFadingRows{1, 2, 3};  // in the order of the stages
 
 std::string InProgramFolder(Session& s, const char* name) { return JoinPath(s.World.Desk.ProgramFolder(), name); }
 
@@ -42,13 +45,23 @@ void NextStage(Session& s, Row fading, std::int32_t milliseconds) {
 /// The demo leaves LoopTracks at volume 0, whose keys then seem silent: the status line says how they come back.
 void TellWhatHasFaded(Session& s) {
     std::vector<Row> faded;
-    for (Row row = 0; row < kLoopTracks; ++row) {
-        const bool fades = s.Run[row].FadeState == kFalling && s.Run[row].FadeTarget == 0;
-        if (s.Run[row].Loaded != False && (s.Set[row].Vol == 0 || fades)) faded.push_back(row);
+    std::vector<Row> falling;
+    for (const Row row : kFadingRows) {
+        if (s.Run[row].Loaded == False) continue;
+        if (s.Set[row].Vol == 0) {
+            faded.push_back(row);
+        } else if (s.Run[row].FadeState == kFalling && s.Run[row].FadeTarget == 0) {
+            falling.push_back(row);
+        }
     }
-    if (faded.empty()) return;
-    ShowStatus(
-        s, LettersOf(faded) + (faded.size() == 1 ? " has" : " have") + " faded out: " + HowItFadesIn(faded.front()));
+    if (faded.empty() && falling.empty()) return;
+    std::string text;
+    if (!faded.empty()) text = LettersOf(faded) + (faded.size() == 1 ? " has" : " have") + " faded out";
+    if (!falling.empty()) {
+        text +=
+            (text.empty() ? "" : ", ") + LettersOf(falling) + (falling.size() == 1 ? " is" : " are") + " fading out";
+    }
+    ShowStatus(s, text + ": " + HowItFadesIn(faded.empty() ? falling.front() : faded.front()));
 }
 
 void CloseQuestion(Session& s) {
@@ -85,13 +98,13 @@ void StartUpDemoCountDown_Timer(Session& s) {
         case 1:
             UnloadSplash(s);
             s.World.Forms.BringToFront(Form::Main);
-            NextStage(s, 1, 2000);
+            NextStage(s, kFadingRows[0], 2000);
             return;
         case 2:
-            NextStage(s, 2, 4000);
+            NextStage(s, kFadingRows[1], 4000);
             return;
         case 3:
-            LoopSetFade(s, 3, FadeCommand::Down);
+            LoopSetFade(s, kFadingRows[2], FadeCommand::Down);
             s.DemoStep = 4;
             s.StartUpDemoCountDown->SetEnabled(false);
             s.StartUpDemoCountDown.reset();
@@ -105,13 +118,7 @@ void StartUpDemoCountDown_Timer(Session& s) {
 
 void StartUpQuery_Activate(Session& s) {
     // The question comes by itself; a message about missing help would only disturb.
-    if (!FileExists(s.HelpFile)) return;
-    try {
-        s.World.Desk.ShowHelpTopic(kStartUpQueryTopic);
-        s.HelpShown = true;
-    } catch (const RuntimeError& e) {
-        s.World.Desk.Report(std::string("Error trying to open help file, ") + e.what());
-    }
+    if (FileExists(s.HelpFile)) ShowHelp(s, kHelpDragName, kStartUpQueryTopic);
 }
 
 void cmdYes_Click(Session& s) { CloseQuestion(s); }

@@ -87,9 +87,13 @@ TEST(StartUpDemo, AtItsEndAndBehindTheQuestionTheStatusLineSaysHowTheFadedComeBa
     for (Row row = 0; row < kLoopTracks; ++row) i.Fill(row);
     for (int stage = 0; stage < 3; ++stage) {
         Tick(i);
+        EXPECT_EQ(i.s.Run[stage + 1].FadeState, kFalling);
+        if (stage == 2) {
+            EXPECT_EQ(i.s.StatusText, "B & C have faded out, D is fading out: Shift+B fades B in");
+        }
         StepFades(i.s, 2500);
     }
-    EXPECT_EQ(i.s.StatusText, "B, C & D have faded out: Shift+B fades B in");
+    i.s.Set[0].Vol = 0;  // the player's own doing
     i.s.StatusText.clear();
     i.Forms.Loaded.insert(Form::StartUpQuery);
     cmdYes_Click(i.s);
