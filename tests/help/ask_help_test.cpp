@@ -140,7 +140,9 @@ TEST(AskHelp, AQuestionMarkAsksInEveryOtherFormAndDialogueToo) {
             if (hit != widget && (hit == nullptr || hit->parentWidget() != widget)) continue;
             SCOPED_TRACE(form + " " + widget->objectName().toStdString());
             forms.Desk.Log.clear();
+            const test::Facts before = FactsOf(forms.s);
             EXPECT_TRUE(DropInWindow(window, place, kQuestionMark));
+            EXPECT_THAT(test::Changed(before, FactsOf(forms.s)), IsEmpty());
             EXPECT_THAT(forms.Desk.Log, Contains(Opened(HelpAsker::TopicAt(hit, hit->mapFrom(&window, place)))));
             if (hit == widget) {
                 EXPECT_THAT(forms.Desk.Log, ElementsAre(Opened(described->Row().Topic)));
@@ -205,6 +207,16 @@ TEST(AskHelp, APressOnTheQuestionMarkOfEitherBarDragsItAtOnce) {
     }
 }
 
+/// Counts the releases that reach anything.
+struct Releases : QObject {
+    Releases() { qApp->installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        Count += event->type() == QEvent::MouseButtonRelease ? 1 : 0;
+        return false;
+    }
+    int Count = 0;
+};
+
 TEST(OneButton, WhileSomethingIsDraggedPressAndReleaseOfAnotherReachNothing) {
     Stage stage;
     for (Row row = 0; row < kLoopTracks; ++row) stage.Fill(row);
@@ -243,6 +255,25 @@ TEST(OneButton, TheReleaseOfTheButtonThatBeganPasses) {
     QTest::mouseRelease(&window, Qt::RightButton, {}, place);
     EXPECT_EQ(stage.s.Run[0].Playing, False);
     QTest::mouseRelease(&window, Qt::LeftButton, {}, place);
+    EXPECT_EQ(stage.s.Run[0].Playing, True);
+}
+
+TEST(OneButton, OfTwoButtonsThatAreDownOnlyTheHoldersReleasePasses) {
+    Stage stage;
+    stage.Fill(0);
+    QWindow& window = *stage.Form->windowHandle();
+    const QPoint place = stage.InWindow("Play_0", stage.Middle("Play_0"));
+    QTest::mousePress(&window, Qt::LeftButton, {}, place);
+    QTest::mousePress(&window, Qt::RightButton, {}, place);
+    Described& play = *DescribedOf(*stage.At("Play_0"));
+    EXPECT_EQ(play.Holder(), Qt::LeftButton);
+    const OneButton only(play.Holder());
+    QCoreApplication::processEvents();
+    Releases seen;
+    QTest::mouseRelease(&window, Qt::RightButton, {}, place);
+    EXPECT_EQ(seen.Count, 0);
+    QTest::mouseRelease(&window, Qt::LeftButton, {}, place);
+    EXPECT_GT(seen.Count, 0);
     EXPECT_EQ(stage.s.Run[0].Playing, True);
 }
 
@@ -297,6 +328,35 @@ TEST(AskHelp, F1AsksAboutTheFocusThatTabHasMovedUntilThePointerMoves) {
     stage.Move("Browse", stage.Middle("Browse") + QPointF(1, 0));
     QTest::keyClick(stage.At("VolKnob_1"), Qt::Key_F1);
     EXPECT_THAT(stage.Desk.Log, ElementsAre(Opened(10026), Opened(10003)));
+}
+
+TEST(AskHelp, F1InAnotherWindowThanThatUnderThePointerAsksAboutTheFocus) {
+    Asked stage;
+    stage.Reveal(stage.Named("VolKnob_1"));
+    stage.Move("VolKnob_1", stage.Middle("VolKnob_1"));
+    QWidget& open = stage.Named("OpenIt");
+    QTest::keyClick(&open, Qt::Key_F1);
+    EXPECT_THAT(stage.Desk.Log, Contains(Opened(stage.TopicOf("OpenIt"))));
+    EXPECT_THAT(stage.Desk.Log, testing::Not(Contains(Opened(stage.TopicOf("VolKnob_1")))));
+}
+
+TEST(AskHelp, F1OverAnOpenListClosesItAndAsksAboutIt) {
+    Asked stage;
+    auto& list = dynamic_cast<QComboBox&>(stage.Named("PadType"));
+    stage.Reveal(list);
+    list.showPopup();
+    stage.Settle();
+    ASSERT_TRUE(list.view()->isVisible());
+    QTest::keyClick(list.view(), Qt::Key_F1);
+    EXPECT_FALSE(list.view()->isVisible());
+    EXPECT_THAT(stage.Desk.Log, Contains(Opened(stage.TopicOf("PadType"))));
+}
+
+TEST(AskHelp, TheQuestionMarkSaysWhatItIsFor) {
+    AllForms forms;
+    const QString tip = "Drag and drop onto a control to get help on it";
+    EXPECT_EQ(forms.At("StatusBar1")->toolTip(), tip);
+    EXPECT_EQ(forms.Part("BrowseStatusBar1").toolTip(), tip);
 }
 
 TEST(AskHelp, F1AsksOnceWhileItIsHeldAndNotWithShift) {

@@ -73,17 +73,21 @@ bool HelpAsker::TakeDrag(QObject& object, QDropEvent& event, bool dropped) {
 bool HelpAsker::TakeKey(QWidget& focus, const QKeyEvent& event) {
     if (event.key() != Qt::Key_F1 || event.modifiers() != Qt::NoModifier) return false;
     QPoint place(-1, -1);
-    const QWidget* asked = Pointed(place);
+    const QWidget* asked = Pointed(focus, place);
     if (asked == nullptr) asked = &focus;
-    if (!event.isAutoRepeat()) ShowHelp(s, kHelpDragName, TopicAt(asked, place));
+    if (event.isAutoRepeat()) return true;
+    const std::int32_t topic = TopicAt(asked, place);
+    // Help would open behind an open list, which has the keys.
+    if (QWidget* list = QApplication::activePopupWidget()) list->close();
+    ShowHelp(s, kHelpDragName, topic);
     return true;
 }
 
 /// What the pointer is on, with the place in it; null when Tab has moved the focus since the pointer has moved, and
-/// when the pointer is in no window of the program.
-const QWidget* HelpAsker::Pointed(QPoint& place) const {
+/// when the pointer is not in the window that has the keys.
+const QWidget* HelpAsker::Pointed(const QWidget& focus, QPoint& place) const {
     const QWidget* form = pointed_ == nullptr ? nullptr : FormOf(*pointed_);
-    if (form == nullptr || !form->isVisible()) return nullptr;
+    if (form == nullptr || !form->isVisible() || form != focus.window()) return nullptr;
     const QWidget* child = form->childAt(place_);
     if (child == nullptr) child = form;
     place = child->mapFrom(form, place_);

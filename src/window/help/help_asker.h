@@ -33,7 +33,7 @@ protected:
 
 private:
     void Watch(QObject& object, const QEvent& event);
-    const QWidget* Pointed(QPoint& place) const;
+    const QWidget* Pointed(const QWidget& focus, QPoint& place) const;
     bool TakeDrag(QObject& object, QDropEvent& event, bool dropped);
     bool TakeKey(QWidget& focus, const QKeyEvent& event);
 
