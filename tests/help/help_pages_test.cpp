@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <regex>
@@ -166,6 +167,22 @@ TEST(HelpPages, ThePageOfMessagesHasEveryMessageOfTheProgram) {
     }
     EXPECT_THAT(missing, IsEmpty());
     EXPECT_GT(messages, 35U);
+}
+
+TEST(HelpPages, ThePageOfMessagesHasWhatTheStatusLineSaysOfDrags) {
+    const QString page = QString::fromStdString(test::ReadBytes((kMade / "10904.html").string()));
+    const std::regex ends("^[ :;,]+|[ :;,]+$");
+    std::size_t messages = 0;
+    for (const char* file :
+         {"window/keys/key_drag.cpp", "performance/drops/file_drops.cpp", "instrument/dropped_files.cpp"}) {
+        for (const std::string& text : All(test::ReadBytes((kRoot / "src" / file).string()), "\"([^\"\n/]*)\"")) {
+            const std::string told = std::regex_replace(text, ends, "");
+            if (std::count(told.begin(), told.end(), ' ') < 2) continue;  // a name, or a word between two
+            EXPECT_TRUE(page.contains(QString::fromStdString(told), Qt::CaseInsensitive)) << told;
+            ++messages;
+        }
+    }
+    EXPECT_GE(messages, 8U);
 }
 
 TEST(HelpPages, TheScriptingPageHasEveryFunction) {
