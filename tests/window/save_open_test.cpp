@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QFileDialog>
 #include <QLabel>
@@ -256,6 +257,17 @@ TEST(SaveOpen, TheElementsAreFoldedAwayBehindTheirNumber) {
     dialogue.Unfold();  // folds
     EXPECT_FALSE(dialogue.Unfolded());
     EXPECT_EQ(dialogue.Count(0), "0 of 16");
+}
+
+TEST(SaveOpen, AScreenReaderHearsWhetherTheElementsAreShown) {
+    Dialogue dialogue;
+    const auto said = [&] {
+        auto* fold = dialogue.Window.findChild<QToolButton*>("ElementsFold");
+        return QAccessible::queryAccessibleInterface(fold)->text(QAccessible::Description).toStdString();
+    };
+    EXPECT_EQ(said(), "shown");
+    dialogue.Unfold();  // folds
+    EXPECT_EQ(said(), "hidden");
 }
 
 TEST(SaveOpen, OnceUnfoldedTheElementsStaySo) {

@@ -42,11 +42,10 @@ std::string PanValue(const Situation& at) { return Pan2Text(SetOf(at).Pan); }
 std::string HzValue(const Situation& at) { return Hz2Text(SetOf(at).Hz); }
 
 constexpr const char* kLoopItHints =
-    "drg Play Mode -/+; rtclk Jump to Beginning; One shot (sample plays once, stops); Loop (sample loops "
-    "continuously); "
-    "Track (sample loops continuously, track the Vol, Freq & Pan patterns); Drum (track Vol,Pan & Freq pattern, "
-    "restart "
-    "sample each beat)";
+    "drg Play Mode -/+; rtclk Jump to Beginning; One shot (sample plays once, stops); "
+    "Loop (sample loops continuously); "
+    "Track (sample loops continuously, track the Vol, Freq & Pan patterns); "
+    "Drum (track Vol,Pan & Freq pattern, restart sample each beat)";
 constexpr const char* kDropDownHints =
     "drg Copy Sample to LoopTrack, or Copy LoopTrack to Clipboard; clk Open Palette & History";
 std::string PlayValue(const Situation& at) {

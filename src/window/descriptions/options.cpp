@@ -63,14 +63,14 @@ std::string FactorHint(const Situation& at) {
 
 // The same for the pages of Help, of all members of an array.
 constexpr const char* kSubTabHints =
-    "clk Open Options of the Joystick; clk Open Options of the Mouse: Knobs, 3d Position; clk Open Options of "
-    "Scripting: "
-    "Moves an Event; clk Open Options of Timing: Interval of the Step Clock";
+    "clk Open Options of the Joystick; clk Open Options of the Mouse: Knobs, 3d Position; "
+    "clk Open Options of Scripting: Moves an Event; clk Open Options of Timing: Interval of the Step Clock";
 constexpr const char* kButtonHints =
-    "slct Joystick Button: while it is held, the Hat is ignored; slct Joystick Button that puts Ball or Listener on "
-    "the "
-    "Centre; slct Joystick Button \"Twist Centre\", which moves no sound; slct Joystick Button that flips Relative "
-    "Movement; slct Joystick Button \"ToggleTwist\", which moves no sound";
+    "slct Joystick Button: while it is held, the Hat is ignored; "
+    "slct Joystick Button that puts Ball or Listener on the Centre; "
+    "slct Joystick Button \"Twist Centre\", which moves no sound; "
+    "slct Joystick Button that flips Relative Movement; "
+    "slct Joystick Button \"ToggleTwist\", which moves no sound";
 constexpr const char* kAxisHints =
     "slct Joystick Axis that turns the Master Volume; slct Joystick Axis \"Twist\", which moves no sound";
 constexpr const char* kFactorHints =

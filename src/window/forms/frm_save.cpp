@@ -68,6 +68,7 @@ QWidget* FrmSave::MakeFold() {
 void FrmSave::Fold(bool folded) {
     for (QFrame* frame : frames_) frame->setVisible(!folded);
     fold_->setArrowType(folded ? Qt::RightArrow : Qt::DownArrow);
+    fold_->setAccessibleDescription(folded ? "hidden" : "shown");
 }
 
 // How many elements are ticked, for the player who does not unfold them.

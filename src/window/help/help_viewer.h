@@ -23,9 +23,8 @@ public:
     HelpViewer();
 
     /// Shows the page of `topic`, the contents when it has none, in front of all windows that can be used, and looks
-    /// for no words. `avoid` is a
-    /// window whose rows it leaves free where the screen has room; null for none. Raises `RuntimeError` when the help
-    /// file cannot be read; nothing is shown then.
+    /// for no words. `avoid` is a window whose rows it leaves free where the screen has room; null for none. Raises
+    /// `RuntimeError` when the help file cannot be read; nothing is shown then.
     void Open(const std::string& helpFile, std::int32_t topic, const QWidget* avoid);
     /// Shows a page by its file; one whose file is missing says so.
     void Go(const QString& file);
