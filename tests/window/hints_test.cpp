@@ -219,7 +219,7 @@ TEST(Hints, TheHintOfLoopItFollowsItsMode) {
     stage.Move("Play_0", stage.Middle("Play_0"));
     stage.Wheel("LoopIt_1", 1);
     EXPECT_TRUE(ends("Track (sample loops continuously, track the Vol, Freq & Pan patterns)")) << stage.s.StatusText;
-    stage.Move("Play_0", stage.Middle("Play_0") + QPointF(1, 0));
+    stage.Move("Play_1", stage.Middle("Play_1"));
     LoopSetPlayModeRows(stage.s, 1, kDrum);
     EXPECT_EQ(stage.s.StatusText, "clk Toggle Play; rtclk Pause");
 }

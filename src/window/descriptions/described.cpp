@@ -172,8 +172,14 @@ void Described::TakeHintAway() {
 void Described::HintAt(QPointF place, bool held) {
     const auto* parts = dynamic_cast<const HasParts*>(&widget_);
     const int part = parts == nullptr ? 0 : parts->PartAt(place);
+    const std::string hint = Hint(part, held);
     // What a click has reported is read while the pointer still lies on the control.
-    if (const std::string hint = Hint(part, held); hint.empty() || hint != shown_) ShowHint(part, held);
+    if (hint.empty() || hint != shown_ || NothingIsShown()) ShowHint(part, held);
+}
+
+bool Described::NothingIsShown() const {
+    if (const HintWindow* bar = Bar()) return bar->ShowsNothing();
+    return session_ != nullptr && session_->StatusText.empty();
 }
 
 // The hint of the focus has taken the place of the hint under the pointer, which the next move shows again.

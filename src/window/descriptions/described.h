@@ -75,6 +75,7 @@ private:
     void HintAt(QPointF place, bool held);
     void ForgetHints() const;
     HintWindow* Bar() const;
+    bool NothingIsShown() const;
 
     Session* const session_;
     QWidget& widget_;

@@ -233,6 +233,8 @@ void FrmScripts::TakeHintAway(std::string_view hint) {
     if (Status->Hint() == ToQString(Shortened(hint, kLongestHint))) Status->ShowHint("");
 }
 
+bool FrmScripts::ShowsNothing() const { return Status->Hint().isEmpty(); }
+
 void FrmScripts::closeEvent(QCloseEvent* event) {
     if (!Document->MayLose()) return event->ignore();
     Document->Discard();

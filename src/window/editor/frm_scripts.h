@@ -33,6 +33,7 @@ public:
     void RefreshSoon();
     void ShowHint(std::string_view hint) override;
     void TakeHintAway(std::string_view hint) override;
+    bool ShowsNothing() const override;
 
     std::unique_ptr<ScriptDocument> Document;
     // Owned by the toolkit.

@@ -79,6 +79,8 @@ void FrmBrowse::TakeHintAway(std::string_view hint) {
     if (status_->Text() == ToQString(hint)) status_->Show("");
 }
 
+bool FrmBrowse::ShowsNothing() const { return status_->Text().isEmpty(); }
+
 void FrmBrowse::Rescan() {
     LookAtPickFiles(s);
     check_.start();

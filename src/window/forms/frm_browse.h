@@ -24,6 +24,7 @@ public:
     explicit FrmBrowse(Session& session);
     void ShowHint(std::string_view hint) override;
     void TakeHintAway(std::string_view hint) override;
+    bool ShowsNothing() const override;
     /// The next close ends the form instead of hiding it.
     void AllowClose() { mayClose_ = true; }
 

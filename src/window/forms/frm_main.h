@@ -49,6 +49,7 @@ public:
 
     void ShowHint(std::string_view hint) override;
     void TakeHintAway(std::string_view hint) override;
+    bool ShowsNothing() const override { return s.StatusText.empty(); }
     bool TakesHintsOfOthers() const override { return true; }
 
     /// Size of the window without its frame, in Regular.

@@ -12,6 +12,7 @@ public:
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
     void Activate() override;
+    void DoubleActivate() override { Activate(); }
     void paintEvent(QPaintEvent* event) override;
 
 private:

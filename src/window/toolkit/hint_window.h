@@ -12,6 +12,8 @@ public:
     virtual void ShowHint(std::string_view hint) = 0;
     /// Shows nothing when `hint` is still shown. A window that leaves its last hint does nothing.
     virtual void TakeHintAway(std::string_view /*hint*/) {}
+    /// Whether its bar is empty: then nothing that was reported stands there.
+    virtual bool ShowsNothing() const = 0;
     /// Whether it shows the hints of windows without a bar, too: the main window does.
     virtual bool TakesHintsOfOthers() const { return false; }
 };
