@@ -7,7 +7,7 @@ packages_program=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libs
 # Needed in addition to run without a display.
 packages_stage=(xvfb openbox xdotool imagemagick x11-utils)
 # Needed in addition by the tests.
-packages_tests=("${packages_stage[@]}" libgtest-dev libgmock-dev ccache alsa-utils locales at-spi2-core dbus
+packages_tests=("${packages_stage[@]}" libgtest-dev libgmock-dev ccache mold alsa-utils locales at-spi2-core dbus
   python3-pyatspi)
 
 package_missing() {
