@@ -14,6 +14,7 @@
 #include "core/help.h"
 #include "fakes/file_bytes.h"
 #include "fakes/temp_folder.h"
+#include "manual.h"
 #include "pages.h"
 #include "scripting/api/api_table.h"
 #include "window/descriptions/description.h"
@@ -50,15 +51,31 @@ std::vector<std::string> All(const std::string& text, const char* pattern) {
     return found;
 }
 
-TEST(HelpPages, ThoseInTheFolderOfAssetsAreFresh) {
-    const Files fresh = help::MakePages(Texts());
-    const Files there = FilesIn(kRoot / "assets/Help");
+void ExpectFresh(const Files& fresh, const fs::path& folder) {
+    const Files there = FilesIn(folder);
     EXPECT_EQ(fresh.size(), there.size());
     for (const auto& [name, content] : fresh) {
         const auto found = there.find(name);
         EXPECT_TRUE(found != there.end() && found->second == content)
             << name << " is old. Write it anew: cmake --build BUILD --target help_pages";
     }
+}
+
+TEST(HelpPages, ThoseInTheFolderOfAssetsAreFresh) { ExpectFresh(help::MakePages(Texts()), kRoot / "assets/Help"); }
+
+TEST(HelpPages, TheManualIsFresh) { ExpectFresh(help::MakeManual(Texts()), kRoot / "docs/manual"); }
+
+TEST(HelpPages, InTheManualAPageIsMarkdown) {
+    const std::string html =
+        "<title>Play</title><p class=\"quiet\">Help</p>\n<h1>Play</h1>\n<p><img src=\"pictures/1.png\" "
+        "alt=\"Play\"></p>\n"
+        "<p>Plays <code>a|b</code> &amp; [x]_y.</p>\n<table>\n<tr><td class=\"key\">clk</td><td>&lt;on&gt;</td></tr>\n"
+        "</table>\n<p class=\"evening\"><i>Now.</i></p>\n<h2>Go on with</h2>\n"
+        "<p><a href=\"10024.html\">Mode</a> &middot; <a href=\"10000.html\">All</a></p>\n";
+    EXPECT_EQ(
+        help::MarkdownOf(html, 10023, {{10024, "rows.md"}}),
+        "<a id=\"10023\"></a>\n\n## Play\n\nPlays `a\\|b` & \\[x\\]\\_y.\n\n| | |\n|---|---|\n| clk | \\<on> |\n\n"
+        "*Now.*\n\n### Go on with\n\n[Mode](rows.md#10024) \u00b7 [All](README.md)\n\n");
 }
 
 TEST(HelpPages, ThoseBesideTheProgramAreTheSame) { EXPECT_EQ(FilesIn(kMade), FilesIn(kRoot / "assets/Help")); }
