@@ -7,13 +7,16 @@
 #include <QStandardItemModel>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QToolButton>
 #include <QWindow>
 #include <QtTest/QTest>
 #include <fstream>
+#include <stdexcept>
 
 #include "core/routines.h"
 #include "performance/tabs.h"
 #include "stage.h"
+#include "window/forms/frm_save.h"
 #include "window/forms/frm_start_up_query.h"
 #include "window/popups/report_box.h"
 #include "window/screens/size_choice.h"
@@ -22,6 +25,8 @@
 #include "window/screens/window_keeper.h"
 #include "window/tabs/tab_control.h"
 #include "window/tabs/tab_options.h"
+#include "window/toolkit/qt_desktop.h"
+#include "window/toolkit/qt_windows.h"
 
 namespace marvolin {
 namespace {
@@ -190,6 +195,73 @@ TEST(ProgramSize, TheActiveWindowIsTheSameAfterwards) {
     program.Take(125);
     EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &other; }));
     EXPECT_FALSE(other.testAttribute(Qt::WA_ShowWithoutActivating));
+}
+
+TEST(ProgramSize, WithoutAnActiveWindowAllComeBackAndNoneTakesTheKeyboard) {
+    Sized program;
+    QWidget other;
+    other.setObjectName("frmOther");
+    other.show();
+    QApplication::setActiveWindow(nullptr);
+    ASSERT_EQ(QApplication::activeWindow(), nullptr);
+    std::vector<const QObject*> activated;
+    const auto watch = QObject::connect(qApp, &QGuiApplication::focusWindowChanged, [&](const QWindow* window) {
+        if (window) activated.push_back(window);
+    });
+    ReopenWindows([] {});
+    QObject::disconnect(watch);
+    EXPECT_TRUE(program.Form->isVisible());
+    EXPECT_TRUE(other.isVisible());
+    EXPECT_FALSE(IsReopening());
+    EXPECT_TRUE(activated.empty()) << activated.size();
+}
+
+/// The forms of a program with a file of its own.
+struct FormsWithAFile : test::Stage {
+    explicit FormsWithAFile(const QString& file)
+        : Keeper(file, {FrmMain::RegularSize(), 780},
+                 {[] {
+                      return std::vector<ScreenArea>{{{0, 0, 3840, 2160}, {0, 0, 3840, 2160}}};
+                  },
+                  [](double) { return true; }, true}) {
+        Windows.Attach(Keeper);
+        Windows.Attach(s, {});
+        Windows.Show(marvolin::Form::Save);
+    }
+    static FrmSave& Save() {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->objectName() == "frmSave" && window->isVisible()) return dynamic_cast<FrmSave&>(*window);
+        }
+        throw std::runtime_error("Save/Open is not open");
+    }
+    static bool Unfolded() { return Save().findChild<QWidget*>("Elements_0_0")->isVisible(); }
+    static void ClickTheFold() { Save().findChild<QToolButton*>("ElementsFold")->click(); }
+
+    WindowKeeper Keeper;
+    QtDisplay Shown;
+    QtDesktop Desktop;
+    QtWindows Windows{Shown, Desktop};
+};
+
+TEST(SaveOpenElements, OnceUnfoldedAreSoAtTheNextStartTooUntilTheyAreFoldedAway) {
+    QTemporaryDir folder;
+    const QString file = folder.filePath("marvolin.windows");
+    {
+        FormsWithAFile program(file);
+        EXPECT_FALSE(FormsWithAFile::Unfolded());
+        FormsWithAFile::ClickTheFold();
+        EXPECT_FALSE(QFile::exists(file)) << "nothing is written while one plays";
+        program.Keeper.Keep();
+    }
+    EXPECT_TRUE(ReadWindowFile(file).Elements);
+    {
+        FormsWithAFile program(file);
+        EXPECT_TRUE(FormsWithAFile::Unfolded());
+        FormsWithAFile::ClickTheFold();
+        program.Keeper.Keep();
+    }
+    FormsWithAFile program(file);
+    EXPECT_FALSE(FormsWithAFile::Unfolded());
 }
 
 TEST(SizeChoice, WhatFitsIsAskedAnewWhenTheListOpens) {

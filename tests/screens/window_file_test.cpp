@@ -23,7 +23,7 @@ struct WindowFile : testing::Test {
 };
 
 TEST_F(WindowFile, BringsBackWhatWasWritten) {
-    const WindowRecord record{125, {{"frmMain", {{-30, 12}, {1040, 740}}}, {"frmBrowse", {{0, 20}, {780, 520}}}}};
+    const WindowRecord record{125, true, {{"frmMain", {{-30, 12}, {1040, 740}}}, {"frmBrowse", {{0, 20}, {780, 520}}}}};
     ASSERT_TRUE(WriteWindowFile(Path, record));
     EXPECT_EQ(ReadWindowFile(Path), record);
     ASSERT_TRUE(WriteWindowFile(Path, {}));
@@ -48,17 +48,28 @@ TEST_F(WindowFile, ASizeThatCannotBeChosenIsLeftOut) {
     EXPECT_EQ(Read("marvolin windows 1\nsize 175\n").Size, 175);
 }
 
+TEST_F(WindowFile, OnlyElementsThatAreUnfoldedAreWritten) {
+    EXPECT_TRUE(Read("marvolin windows 1\nelements 1\n").Elements);
+    for (const char* value : {"0", "2", "-1", "yes", "", "1 1"}) {
+        EXPECT_FALSE(Read(QByteArray("marvolin windows 1\nelements ") + value + "\n").Elements) << value;
+    }
+    ASSERT_TRUE(WriteWindowFile(Path, {}));
+    QFile file(Path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), QByteArray("marvolin windows 1\n"));
+}
+
 TEST_F(WindowFile, APlaceThatCannotBeMeantIsLeftOutAndTheOthersStay) {
     for (const char* place : {"1 2 3", "1 2 300 400 5", "a 2 300 400", "1 2 300 0", "1 2 -300 400", "100000 2 300 400",
                               "1 -100000 300 400", "1 2 300 20001", "1 2 49 400", "1e3 2 300 400"}) {
         const WindowRecord read =
             Read(QByteArray("marvolin windows 1\nfrmMain ") + place + "\nsize 80\nfrmHelp 7 8 300 400\n");
-        EXPECT_EQ(read, (WindowRecord{80, {{"frmHelp", {{7, 8}, {300, 400}}}}})) << place;
+        EXPECT_EQ(read, (WindowRecord{80, false, {{"frmHelp", {{7, 8}, {300, 400}}}}})) << place;
     }
 }
 
 TEST_F(WindowFile, AWindowThatFilledTheScreenIsKeptSo) {
-    const WindowRecord record{0, {{"frmHelp", {{7, 8}, {300, 400}, true}}, {"frmMain", {{1, 2}, {300, 400}}}}};
+    const WindowRecord record{0, false, {{"frmHelp", {{7, 8}, {300, 400}, true}}, {"frmMain", {{1, 2}, {300, 400}}}}};
     ASSERT_TRUE(WriteWindowFile(Path, record));
     EXPECT_EQ(ReadWindowFile(Path), record);
     EXPECT_EQ(Read("marvolin windows 1\nfrmHelp 7 8 300 400 maximal\nfrmMain 1 2 maximised\n"), WindowRecord{});
@@ -70,8 +81,8 @@ TEST_F(WindowFile, AFolderThatCannotBeWrittenIsNoError) {
 }
 
 TEST_F(WindowFile, NothingElseIsLeftInTheFolder) {
-    ASSERT_TRUE(WriteWindowFile(Path, {100, {}}));
-    ASSERT_TRUE(WriteWindowFile(Path, {110, {}}));
+    ASSERT_TRUE(WriteWindowFile(Path, {100, false, {}}));
+    ASSERT_TRUE(WriteWindowFile(Path, {110, false, {}}));
     EXPECT_EQ(QDir(Folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"marvolin.windows"});
 }
 

@@ -52,7 +52,7 @@ FrmSave::FrmSave(Session& session) : s(session) {
     grid->addWidget(MakeList(0), 3, 0);
     grid->addWidget(MakeList(1), 3, 1);
     grid->setSizeConstraint(QLayout::SetFixedSize);
-    Fold(true);
+    Unfold(false);
 }
 
 QWidget* FrmSave::MakeFold() {
@@ -61,14 +61,18 @@ QWidget* FrmSave::MakeFold() {
     fold_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     fold_->setFocusPolicy(Qt::StrongFocus);
     fold_->setFont(theme::Sans(13));
-    connect(fold_, &QToolButton::clicked, this, [this] { Fold(frames_[0]->isVisibleTo(this)); });
+    connect(fold_, &QToolButton::clicked, this, [this] {
+        const bool unfolded = !frames_[0]->isVisibleTo(this);
+        Unfold(unfolded);
+        if (OnFold) OnFold(unfolded);
+    });
     return fold_;
 }
 
-void FrmSave::Fold(bool folded) {
-    for (QFrame* frame : frames_) frame->setVisible(!folded);
-    fold_->setArrowType(folded ? Qt::RightArrow : Qt::DownArrow);
-    fold_->setAccessibleDescription(folded ? "hidden" : "shown");
+void FrmSave::Unfold(bool unfolded) {
+    for (QFrame* frame : frames_) frame->setVisible(unfolded);
+    fold_->setArrowType(unfolded ? Qt::DownArrow : Qt::RightArrow);
+    fold_->setAccessibleDescription(unfolded ? "shown" : "hidden");
 }
 
 // How many elements are ticked, for the player who does not unfold them.

@@ -8,6 +8,7 @@
 #include <QToolButton>
 #include <QWidget>
 #include <array>
+#include <functional>
 
 #include "persistence/save_open.h"
 
@@ -17,7 +18,7 @@ class ChoiceList;
 
 /// `frmSave`: what to save and what to open, element by element. Its boxes hold choices that the session does not have
 /// yet: a button hands them over. The buttons come first; the boxes are folded away behind "Elements", beside which
-/// stands how many of them are ticked, until the player unfolds them. They stay so as long as the program runs.
+/// stands how many of them are ticked, until the player unfolds them.
 class FrmSave : public QWidget {
 public:
     explicit FrmSave(Session& session);
@@ -25,6 +26,10 @@ public:
     void Refresh();
     /// Shows the form in front of the others.
     void Open();
+    /// Shows the elements, or folds them away.
+    void Unfold(bool unfolded);
+    /// The player has unfolded the elements, or folded them away.
+    std::function<void(bool unfolded)> OnFold;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -34,7 +39,6 @@ private:
     QWidget* MakeOptions();
     QWidget* MakeButtons();
     QWidget* MakeFold();
-    void Fold(bool folded);
     void ShowCounts();
     SaveOpenChoices Choices() const;
     void Preset(int list, int entry);

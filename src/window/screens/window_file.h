@@ -19,6 +19,7 @@ struct WindowPlace {
 /// What the program knows of its windows from one start to the next.
 struct WindowRecord {
     int Size = 0;                           ///< that the player has chosen, percent; 0 none
+    bool Elements = false;                  ///< those of Save/Open are unfolded
     std::map<QString, WindowPlace> Places;  ///< by name of the window
     friend bool operator==(const WindowRecord&, const WindowRecord&) = default;
 };

@@ -49,6 +49,9 @@ public:
     /// A form has been moved to where it comes up: it is taken to where the player left it, or else onto the screen,
     /// the browser beside `main` where there is room; the splash onto the middle of `main`. `main` may be null.
     void Arrange(QWidget& form, QWidget* main);
+    /// Whether the elements of Save/Open are unfolded, from one start to the next.
+    bool Unfolded() const { return record_.Elements; }
+    void SetUnfolded(bool unfolded) { record_.Elements = unfolded; }
     /// Writes the file, if anything has changed. For the end of the program.
     void Keep();
     /// Brings the windows back after a change of the screens, smaller if they no longer fit. The desktop's changes come

@@ -125,6 +125,10 @@ void QtWindows::Load(Form form) {
     }
     if (form == Form::Save && !save_) {
         save_ = std::make_unique<FrmSave>(*session_);
+        if (keeper_ != nullptr) {
+            save_->Unfold(keeper_->Unfolded());
+            save_->OnFold = [this](bool unfolded) { keeper_->SetUnfolded(unfolded); };
+        }
         display_.Attach(save_.get());
     }
 }
