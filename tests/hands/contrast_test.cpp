@@ -98,6 +98,28 @@ TEST(ThemeContrast, EveryRuleOfTheStylesheetThatSetsTextAndGroundIsReadable) {
     EXPECT_GE(pairs, 12);
 }
 
+// What stands within a frame is seen by itself; the frame shows where the control is on its ground.
+TEST(ThemeContrast, FramesShowTheShapesOfControlsOnTheirGrounds) {
+    for (const QColor& ground : {theme::kWindow, theme::kPanel, theme::kSunk}) {
+        EXPECT_GE(theme::Contrast(theme::kFrame, ground), kShapeContrast) << ground.name().toStdString();
+    }
+    const QRegularExpression rule(R"(([^{}]+)\{([^{}]*)\})");
+    const QRegularExpression edge(R"(border(?:-color)?:[^;]*(#[0-9a-f]{6}))");
+    int frames = 0;
+    for (auto each = rule.globalMatch(qApp->styleSheet()); each.hasNext();) {
+        const auto match = each.next();
+        const QString what = match.captured(1).trimmed();
+        // What is off may be quiet, a tool tip is no control, and lines of a heading only separate.
+        const bool quiet = what.contains(":disabled") || what == "QToolTip" || what == "QHeaderView::section";
+        const auto colour = edge.match(match.captured(2));
+        // The handle of a slider and a chosen ring are bright themselves, with a dark edge.
+        if (quiet || !colour.hasMatch() || colour.captured(1) == "#14161a") continue;
+        ++frames;
+        EXPECT_GE(theme::Contrast(QColor(colour.captured(1)), theme::kPanel), kShapeContrast) << what.toStdString();
+    }
+    EXPECT_GE(frames, 20);
+}
+
 /// A text that is painted, its colour and about where it stands.
 struct PaintedText {
     QString Text;
@@ -269,6 +291,44 @@ TEST(ColourAlone, SaysNothing) {
         for (Row band = 0; band < kBands; ++band) SetBand(s, band, {});
         if (state > 0) SetBand(s, static_cast<Row>(state == 1 ? 0 : 3), {0, 1});
     });
+}
+
+/// The contrast of the brightest of the two outermost pixels in the middle of the side with the panel around.
+double SideContrast(const QImage& picture, bool left) {
+    const auto at = [&](int x) { return picture.pixelColor(left ? x : picture.width() - 1 - x, picture.height() / 2); };
+    return std::max(theme::Contrast(at(0), theme::kPanel), theme::Contrast(at(1), theme::kPanel));
+}
+
+TEST(Frames, ShowWhereADrawnControlBeginsAndEnds) {
+    States stage;
+    stage.s.Set[1].Channel = 2;
+    for (const char* name : {"Play_1", "LoopIt_1", "Thumb_1", "DropDown_1", "ChannelFlag_1", "SndDisp_1",
+                             "SelectorRadio_3", "Limiter", "Bands", "PickDir_0", "PickFile_0", "PlayStop",
+                             "TimeDigit_1", "NSteps", "PatternGraph_0", "PatternGraph_1", "Map", "Pad"}) {
+        const QImage picture = stage.Picture(name);
+        for (const bool left : {true, false}) EXPECT_GE(SideContrast(picture, left), kShapeContrast) << name << left;
+    }
+    // The round ones: enough of the edge is grey and neither the needle nor the label below.
+    for (const char* name : {"VolKnob_1", "PanKnob_1", "HzKnob_1"}) {
+        const QImage picture = stage.Picture(name);
+        int edge = 0;
+        for (int x = 0; x < picture.width(); ++x) {
+            for (int y = 0; y < picture.height() - 14; ++y) {
+                const QColor colour = picture.pixelColor(x, y);
+                const double contrast = theme::Contrast(colour, theme::kPanel);
+                if (colour.hsvSaturation() < 60 && contrast > 2.8 && contrast < 3.5) ++edge;
+            }
+        }
+        EXPECT_GE(edge, 24) << name;
+    }
+}
+
+TEST(Frames, AreQuietAroundWhatIsOff) {
+    States stage;
+    stage.Named("LoopIt_1").setEnabled(false);
+    const double off = SideContrast(stage.Picture("LoopIt_1"), true);
+    EXPECT_LT(off, kShapeContrast);
+    EXPECT_GT(off, 1.1);
 }
 
 // The two pitches differ by a bar below the arrow; the list beside the pad names the type in words.

@@ -85,7 +85,7 @@ void BandsEditor::DrawCursor(QPainter& p) const {
 void BandsEditor::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(QPen(theme::kLine, 1));
+    p.setPen(QPen(theme::kFrame, 1));
     p.setBrush(theme::kSunk);
     p.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
     const double column = width() / static_cast<double>(kLoopTracks);

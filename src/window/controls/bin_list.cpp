@@ -190,7 +190,7 @@ void BinList::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
     const Colour back = BinColour(s, index);
-    p.setPen(QPen(hasFocus() ? theme::kAccent : theme::kLine, 1));
+    p.setPen(QPen(hasFocus() ? theme::kAccent : theme::kFrame, 1));
     p.setBrush(QColor(back.Red, back.Green, back.Blue));
     p.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
     p.setClipRect(rect().adjusted(1, 1, -1, -1));

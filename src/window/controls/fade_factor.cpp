@@ -43,7 +43,7 @@ void FadeFactorControl::paintEvent(QPaintEvent*) {
     const double y = height() / 2.0;
     const double share = (FadeFactorGauge(s) - kLow) / (kHigh - kLow);
     const double x = kMargin + share * (width() - 2 * kMargin);
-    p.setPen(QPen(theme::kLine, 1));
+    p.setPen(QPen(theme::kFrame, 1));
     p.setBrush(theme::kSunk);
     p.drawRoundedRect(QRectF(kMargin - 3, y - 3, width() - 2 * kMargin + 6, 6), 3, 3);
     p.setPen(Qt::NoPen);

@@ -47,7 +47,7 @@ void Gauge::paintEvent(QPaintEvent*) {
     const double share =
         std::clamp(static_cast<double>(rules_.Value() - rules_.Low) / (rules_.High - rules_.Low), 0.0, 1.0);
     const double x = kScaleStart + share * (TrackEnd() - kScaleStart);
-    p.setPen(QPen(theme::kLine, 1));
+    p.setPen(QPen(theme::kFrame, 1));
     p.setBrush(theme::kSunk);
     p.drawRoundedRect(QRectF(kScaleStart - 3, y - 3, TrackEnd() - kScaleStart + 6, 6), 3, 3);
     p.setPen(Qt::NoPen);

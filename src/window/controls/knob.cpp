@@ -82,7 +82,7 @@ void KnobControl::DrawDial(QPainter& p) const {
     face.setColorAt(0, isEnabled() ? QColor(0x4a, 0x50, 0x5a) : theme::kRaised);
     face.setColorAt(1, isEnabled() ? theme::kRaised : theme::kPanel);
     p.setBrush(face);
-    p.setPen(QPen(QColor(0x17, 0x19, 0x1c), 1));
+    p.setPen(QPen(isEnabled() ? theme::kFrame : theme::kLine, 1.5));
     p.drawEllipse(centre, kRadius - 4.5, kRadius - 4.5);
     if (hasFocus()) theme::DrawRoundFocus(p, centre, kRadius - 4.5);
 

@@ -151,7 +151,7 @@ void PatternGraphControl::paintEvent(QPaintEvent* event) {
     for (int column = 0; column <= steps; ++column) {
         if (ColumnPlace(column).intersects(dirty)) DrawColumn(p, column);
     }
-    p.setPen(QPen(theme::kLine, 1));
+    p.setPen(QPen(theme::kFrame, 1));
     p.setBrush(Qt::NoBrush);
     p.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
     if (hasFocus()) DrawCursor(p);
@@ -188,7 +188,7 @@ void StepReadOutControl::Refresh() {
 void StepReadOutControl::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(QPen(theme::kLine, 1));
+    p.setPen(QPen(theme::kFrame, 1));
     p.setBrush(theme::kSunk);
     p.drawRoundedRect(QRectF(kRandomColumnShare * width(), 0.5, (1 - kRandomColumnShare) * width(), height() - 1.0), 3,
                       3);

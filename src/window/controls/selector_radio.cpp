@@ -20,7 +20,7 @@ void SelectorRadioButton::DoubleClick(std::int16_t button, QPointF) {
 void SelectorRadioButton::paintEvent(QPaintEvent*) {
     QPainter p(this);
     const bool on = index == 0 ? s.SelectionControlled : s.BandTable[index - 1].Controlled != False;
-    theme::DrawFace(p, rect(), Face(), on ? theme::kAccent : theme::kRaised, on ? theme::kAccent : theme::kLine);
+    theme::DrawFace(p, rect(), Face(), on ? theme::kAccent : theme::kRaised, on ? theme::kAccent : theme::kFrame);
     p.setFont(theme::Sans(12, QFont::DemiBold));
     p.setPen(on ? theme::kWindow : theme::kQuiet);
     p.drawText(rect(), Qt::AlignCenter, index == 0 ? QString("S") : QString::number(index - 1));

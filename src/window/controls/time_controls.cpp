@@ -24,7 +24,8 @@ void TimeDigitControl::paintEvent(QPaintEvent*) {
     QPainter p(this);
     theme::FaceState face = Face();
     face.Down = false;
-    theme::DrawFace(p, rect(), face, Held() ? theme::kLifted : theme::kSunk, Held() ? theme::kAccent : theme::kLine, 4);
+    theme::DrawFace(p, rect(), face, Held() ? theme::kLifted : theme::kSunk, Held() ? theme::kAccent : theme::kFrame,
+                    4);
     p.setFont(theme::Digits(20));
     p.setPen(Held() ? theme::kAccent : theme::kText);
     const std::string& text = s.TimeText[static_cast<std::size_t>(index / kDigitsAGroup)];
@@ -38,7 +39,7 @@ void PercentReadOutControl::DoubleClick(std::int16_t, QPointF) { PercentReadOut_
 
 void PercentReadOutControl::paintEvent(QPaintEvent*) {
     QPainter p(this);
-    if (underMouse() || hasFocus()) theme::DrawFace(p, rect(), Face(), theme::kPanel, theme::kLine, 4);
+    if (underMouse() || hasFocus()) theme::DrawFace(p, rect(), Face(), theme::kPanel, theme::kFrame, 4);
     p.setFont(theme::Sans(13));
     p.setPen(theme::kAccent);
     const QString text = QString::fromStdString(s.PercentText[static_cast<std::size_t>(index)]);

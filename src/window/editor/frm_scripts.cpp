@@ -32,7 +32,7 @@ constexpr std::size_t kLongestHint = 300;  // bytes
 QLabel* Heading(const QString& text) {
     auto* label = new QLabel(text);
     label->setFont(theme::Sans(12));
-    label->setStyleSheet("color: #9aa2ad;");
+    theme::SetInk(*label, theme::kQuiet);
     return label;
 }
 
@@ -214,7 +214,7 @@ void FrmScripts::ShowRunning() {
     const QString says = room_.Runs() ? ToQString(room_.Name() + " runs") : QString("no script runs");
     if (says == Running->text()) return;
     Running->setText(says);
-    Running->setStyleSheet(room_.Runs() ? "color: #5fd07a;" : "color: #9aa2ad;");
+    theme::SetInk(*Running, room_.Runs() ? theme::kGreen : theme::kQuiet);
 }
 
 void FrmScripts::ShowFailure() {

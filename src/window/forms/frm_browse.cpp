@@ -27,7 +27,7 @@ QWidget* EmptyPage(const char* text) {
     auto* page = new QLabel(text);
     page->setAlignment(Qt::AlignCenter);
     page->setFont(theme::Sans(13));
-    page->setStyleSheet("color: #9aa2ad;");
+    theme::SetInk(*page, theme::kQuiet);
     return page;
 }
 

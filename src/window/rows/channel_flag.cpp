@@ -45,7 +45,7 @@ void ChannelFlagControl::Activate() { Gesture(Phase::Down, kRightButton, {}); }
 void ChannelFlagControl::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(QPen(underMouse() ? theme::kQuiet : theme::kLine, 1));
+    p.setPen(QPen(underMouse() ? theme::kQuiet : theme::kFrame, 1));
     p.setBrush(theme::kSunk);
     p.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 5, 5);
     const int channel = s.Set[index].Channel < 1 ? 1 : s.Set[index].Channel;

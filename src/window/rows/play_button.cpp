@@ -38,7 +38,7 @@ void PlayButton::paintEvent(QPaintEvent*) {
     const bool paused = s.Run[index].Paused != False;
     const bool ready = index == kSelectionRow || s.Run[index].Loaded != False;
     QColor ground = theme::kRaised;
-    QColor line = theme::kLine;
+    QColor line = theme::kFrame;
     QColor ink = ready ? theme::kText : theme::kOff;
     if (paused) {
         ground = theme::kAmberGround;

@@ -176,7 +176,7 @@ void SoundDisplay::DrawNeedle(QPainter& p, double level, bool top) const {
 
 void SoundDisplay::DrawGround(QPainter& p) const {
     p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(QPen(theme::kLine, 1));
+    p.setPen(QPen(theme::kFrame, 1));
     p.setBrush(Ground());
     p.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 5, 5);
     DrawWave(p);

@@ -89,7 +89,7 @@ void ChannelLevels::paintEvent(QPaintEvent*) {
         p.drawText(QRectF(40, y, 40, 19), Qt::AlignLeft | Qt::AlignVCenter,
                    kLevelNames[static_cast<std::size_t>(channel - 1)]);
         DrawWired(p, s, channel, y);
-        p.setPen(QPen(theme::kLine, 1));
+        p.setPen(QPen(theme::kFrame, 1));
         p.setBrush(theme::kSunk);
         p.drawRoundedRect(QRectF(kBarLeft, y + 3.5, length, 12), 4, 4);
         p.setPen(Qt::NoPen);
@@ -119,7 +119,7 @@ void TwistLine::paintEvent(QPaintEvent*) {
     p.setRenderHint(QPainter::Antialiasing);
     const double y = 18;
     const double scale = width() / std::max(1.0, 2 * s.Geometry.PadHalfX + s.Geometry.BallSizeX);
-    p.setPen(QPen(theme::kLine, 3, Qt::SolidLine, Qt::RoundCap));
+    p.setPen(QPen(theme::kFrame, 3, Qt::SolidLine, Qt::RoundCap));
     p.drawLine(QPointF(44, y), QPointF(width() - 44, y));
     DrawWire(p, QRectF(0, y - 16, 26, 14), 0);
     DrawWire(p, QRectF(0, y + 2, 26, 14), 3);

@@ -75,7 +75,7 @@ MapSurface::MapSurface(Session& session, QWidget* parent) : BallSurface(session,
 void MapSurface::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(QPen(theme::kLine, 1));
+    p.setPen(QPen(theme::kFrame, 1));
     p.setBrush(theme::kSunk);
     p.drawRoundedRect(Field(), 6, 6);
     const QPointF c = Field().center();

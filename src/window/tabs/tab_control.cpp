@@ -63,7 +63,7 @@ void TabButton::paintEvent(QPaintEvent*) {
     const bool open = OpenTab() == index;
     QPainterPath shape;
     shape.addRoundedRect(QRectF(0.5, 0.5, width() - 1, height() + 8), 6, 6);
-    p.setPen(QPen(theme::kLine, open ? 0 : 1));
+    p.setPen(QPen(theme::kFrame, open ? 0 : 1));
     p.setBrush(open ? theme::kPanel : underMouse() ? theme::kRaised : theme::kWindow);
     p.drawPath(shape);
     p.setFont(theme::Sans(13, open ? QFont::DemiBold : QFont::Normal));

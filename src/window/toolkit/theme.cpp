@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QPalette>
+#include <QWidget>
 #include <algorithm>
 #include <cmath>
 
@@ -50,15 +51,15 @@ QPalette DarkPalette() {
 
 constexpr const char* kSheet = R"(
 QToolTip { background: #2e3238; color: #e6e8eb; border: 1px solid #4a505a; padding: 3px 5px; }
-QComboBox { background: #2e3238; color: #e6e8eb; border: 1px solid #3a3f47; border-radius: 5px; padding: 3px 8px; }
+QComboBox { background: #2e3238; color: #e6e8eb; border: 1px solid #6c7480; border-radius: 5px; padding: 3px 8px; }
 QComboBox { combobox-popup: 0; }
 QComboBox:hover { background: #373c44; }
 QComboBox:focus { border-color: #ffc94d; }
-QComboBox:disabled { color: #a0a8b3; background: #26292f; }
+QComboBox:disabled { color: #a0a8b3; background: #26292f; border-color: #3a3f47; }
 QComboBox::drop-down { border: none; width: 22px; }
 QComboBox::down-arrow { image: url(:/marvolin/down.svg); width: 11px; height: 7px; }
 QComboBox::down-arrow:disabled { image: url(:/marvolin/down_off.svg); }
-QComboBox QAbstractItemView { background: #2e3238; color: #e6e8eb; border: 1px solid #4a505a; outline: none;
+QComboBox QAbstractItemView { background: #2e3238; color: #e6e8eb; border: 1px solid #6c7480; outline: none;
   selection-background-color: #ffc94d; selection-color: #1d1f23; padding: 3px; }
 QComboBox QAbstractItemView::item { min-height: 24px; padding: 0 6px; border-radius: 3px; }
 QComboBox QAbstractItemView::item:selected { background: #ffc94d; color: #1d1f23; }
@@ -72,40 +73,40 @@ QCheckBox::indicator:checked { background: #ffc94d; border-color: #ffc94d; image
 QRadioButton::indicator:checked { background: #ffc94d; border: 4px solid #14161a; width: 9px; height: 9px; }
 QCheckBox, QRadioButton { border: 1px solid transparent; border-radius: 4px; }
 QCheckBox:focus, QRadioButton:focus { border-color: #ffc94d; }
-QSlider::groove:horizontal { height: 6px; border-radius: 3px; background: #14161a; border: 1px solid #3a3f47; }
+QSlider::groove:horizontal { height: 6px; border-radius: 3px; background: #14161a; border: 1px solid #6c7480; }
 QSlider::sub-page:horizontal { border-radius: 3px; background: #ffc94d; border: 1px solid #ffc94d; }
 QSlider::sub-page:horizontal:disabled { background: #4a505a; border-color: #4a505a; }
 QSlider::handle:horizontal { width: 14px; height: 14px; margin: -5px 0; border-radius: 7px; background: #e6e8eb;
   border: 1px solid #14161a; }
 QSlider::handle:horizontal:focus { background: #ffffff; border: 2px solid #ffc94d; }
 QSlider::handle:horizontal:disabled { background: #6c7480; }
-QListWidget { background: #2e3238; color: #e6e8eb; border: 1px solid #4a505a; border-radius: 4px; outline: none;
+QListWidget { background: #2e3238; color: #e6e8eb; border: 1px solid #6c7480; border-radius: 4px; outline: none;
   padding: 3px; }
 QListWidget::item { padding: 2px 8px; border-radius: 3px; }
 QListWidget::item:hover { background: #414750; }
 QListWidget::item:selected { background: #ffc94d; color: #1d1f23; }
 QMessageBox { background: #26292f; }
-QPushButton { background: #2e3238; color: #e6e8eb; border: 1px solid #4a505a; border-radius: 5px; padding: 5px 18px; }
+QPushButton { background: #2e3238; color: #e6e8eb; border: 1px solid #6c7480; border-radius: 5px; padding: 5px 18px; }
 QPushButton:hover { background: #373c44; }
 QPushButton:focus { border-color: #ffc94d; }
 QPushButton:disabled { color: #a0a8b3; background: #26292f; border-color: #3a3f47; }
-QLineEdit { background: #14161a; color: #e6e8eb; border: 1px solid #4a505a; border-radius: 5px; padding: 4px 6px;
+QLineEdit { background: #14161a; color: #e6e8eb; border: 1px solid #6c7480; border-radius: 5px; padding: 4px 6px;
   selection-background-color: #ffc94d; selection-color: #1d1f23; }
 QLineEdit:focus { border-color: #ffc94d; }
-QTabBar::tab { background: #1d1f23; color: #a0a8b3; border: 1px solid #3a3f47; border-bottom: none;
+QTabBar::tab { background: #1d1f23; color: #a0a8b3; border: 1px solid #6c7480; border-bottom: none;
   border-top-left-radius: 6px; border-top-right-radius: 6px; padding: 5px 20px; margin-right: 2px; }
 QTabBar::tab:hover { background: #2e3238; }
 QTabBar::tab:selected { background: #26292f; color: #e6e8eb; font-weight: 600; }
 QTabBar::tab:focus { border-color: #ffc94d; color: #ffc94d; }
-QTreeView, QListView { border: 1px solid #3a3f47; outline: none; }
+QTreeView, QListView { border: 1px solid #6c7480; outline: none; }
 QTreeView::item, QFileDialog QListView::item { padding: 2px; }
 QTreeView::item:selected, QFileDialog QListView::item:selected { background: #ffc94d; color: #1d1f23; }
-QTextEdit, QPlainTextEdit { border: 1px solid #3a3f47; }
+QTextEdit, QPlainTextEdit { border: 1px solid #6c7480; }
 QTreeView:focus, QListView:focus, QListWidget:focus, QTextEdit:focus, QPlainTextEdit:focus {
   border: 1px solid #ffc94d; }
 QHeaderView::section { background: #2e3238; color: #e6e8eb; border: none; border-right: 1px solid #3a3f47;
   padding: 4px 6px; }
-QToolButton { background: #2e3238; border: 1px solid #4a505a; border-radius: 4px; padding: 3px; }
+QToolButton { background: #2e3238; border: 1px solid #6c7480; border-radius: 4px; padding: 3px; }
 QToolButton:hover { background: #414750; }
 QToolButton:disabled { background: #26292f; border-color: #3a3f47; }
 QToolButton:focus { border-color: #ffc94d; }
@@ -115,7 +116,7 @@ QScrollBar:horizontal { height: 10px; }
 QScrollBar::handle { background: #6c7480; border-radius: 3px; margin: 2px; }
 QScrollBar::handle:vertical { min-height: 24px; }
 QScrollBar::handle:horizontal { min-width: 24px; }
-QScrollBar::handle:hover { background: #9aa2ad; }
+QScrollBar::handle:hover { background: #a0a8b3; }
 QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
 QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
 )";
@@ -144,6 +145,8 @@ QFont Digits(int pixels, QFont::Weight weight) {
     font.setStyleHint(QFont::Monospace);
     return font;
 }
+
+void SetInk(QWidget& label, const QColor& ink) { label.setStyleSheet("color: " + ink.name() + ";"); }
 
 QColor RowColour(Row row) {
     const Colour colour = kRowColours[row];
@@ -183,7 +186,7 @@ void DrawFace(QPainter& p, const QRectF& rect, const FaceState& state, const QCo
         ground = fill.lighter(118);
     }
     p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(QPen(line, 1));
+    p.setPen(QPen(state.Enabled ? line : kLine, 1));
     p.setBrush(ground);
     p.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
     if (state.Focus) DrawFocus(p, rect, radius);

@@ -10,6 +10,7 @@
 #include "core/types.h"
 
 class QApplication;
+class QWidget;
 
 namespace marvolin::theme {
 
@@ -17,7 +18,8 @@ inline const QColor kWindow{0x1d, 0x1f, 0x23};
 inline const QColor kPanel{0x26, 0x29, 0x2f};
 inline const QColor kRaised{0x2e, 0x32, 0x38};
 inline const QColor kLifted{0x37, 0x3c, 0x44};
-inline const QColor kLine{0x3a, 0x3f, 0x47};
+inline const QColor kLine{0x3a, 0x3f, 0x47};   ///< what only separates, and frames of what is off
+inline const QColor kFrame{0x6c, 0x74, 0x80};  ///< frames that show the shape of a control
 inline const QColor kSunk{0x14, 0x16, 0x19};
 inline const QColor kText{0xe6, 0xe8, 0xeb};
 inline const QColor kQuiet{0xa0, 0xa8, 0xb3};
@@ -36,6 +38,9 @@ void Apply(QApplication& application);
 QFont Sans(int pixels, QFont::Weight weight = QFont::Normal);
 /// The same with digits of one width, for numbers that change.
 QFont Digits(int pixels, QFont::Weight weight = QFont::Normal);
+
+/// Sets the colour of a label's text.
+void SetInk(QWidget& label, const QColor& ink);
 
 /// The colour of a row, exactly as in the model.
 QColor RowColour(Row row);
@@ -58,9 +63,10 @@ struct FaceState {
     bool Down = false;
     bool Focus = false;
 };
-/// Draws a rounded face with its border: lighter under the pointer, with a ring in the accent colour when focused.
+/// Draws a rounded face with its border: lighter under the pointer, with a ring in the accent colour when focused. The
+/// border of a disabled face is quiet.
 void DrawFace(QPainter& p, const QRectF& rect, const FaceState& state, const QColor& fill = kRaised,
-              const QColor& line = kLine, double radius = 6);
+              const QColor& line = kFrame, double radius = 6);
 /// Draws the focus ring alone: accent, with a dark one inside, so that it stands out on every ground, the accent itself
 /// included.
 void DrawFocus(QPainter& p, const QRectF& rect, double radius = 6);
