@@ -8,6 +8,8 @@
 #include <functional>
 
 #include "all_forms.h"
+#include "core/routines.h"
+#include "performance/ball_hand.h"
 #include "whole_hand.h"
 #include "window/controls/control.h"
 #include "window/descriptions/described.h"
@@ -18,6 +20,7 @@ namespace {
 using test::AllForms;
 using test::WholeHand;
 using testing::Contains;
+using testing::ElementsAre;
 using testing::IsEmpty;
 
 QAccessibleInterface& Seen(QWidget& widget) { return *QAccessible::queryAccessibleInterface(&widget); }
@@ -57,24 +60,19 @@ bool IsForHands(QAccessibleInterface& object) {
     }
 }
 
-/// Parts that the toolkit makes inside its own controls and gives no names: arrows and strips of scroll bars, the list
-/// within a drop-down list, the buttons within a field.
+/// Parts that the toolkit makes inside its own controls and gives no names: arrows and strips of scroll bars, the
+/// arrows of a strip of tabs that is too narrow, the list within a drop-down list.
 bool IsPartOfAControl(QAccessibleInterface& object) {
-    for (QAccessibleInterface* above = object.parent(); above != nullptr; above = above->parent()) {
-        switch (above->role()) {
-            case QAccessible::ScrollBar:
-            case QAccessible::ComboBox:
-            case QAccessible::EditableText:
-            case QAccessible::PageTabList:
-                return true;
-            default:
-                break;
-        }
-    }
+    if (object.role() == QAccessible::ScrollBar) return true;
+    const QString name = object.object() == nullptr ? QString() : object.object()->objectName();
+    if (name == "ScrollLeftButton" || name == "ScrollRightButton") return true;
+    const QAccessibleInterface* above = object.parent();
+    if (above == nullptr) return false;
+    const bool list = object.role() == QAccessible::List && above->role() == QAccessible::ComboBox;
     // Files whose folder is still being read have no names yet.
     const bool entry = object.role() == QAccessible::ListItem || object.role() == QAccessible::TreeItem;
-    const QString list = entry && object.parent() != nullptr ? object.parent()->object()->objectName() : QString();
-    return object.role() == QAccessible::ScrollBar || list == "listView" || list == "treeView";
+    const QString within = above->object() == nullptr ? QString() : above->object()->objectName();
+    return above->role() == QAccessible::ScrollBar || list || (entry && (within == "listView" || within == "treeView"));
 }
 
 std::string Words(QAccessibleInterface& object) {
@@ -242,6 +240,132 @@ TEST(Accessible, StatesTellWhatIsTickedLitAndOpen) {
     EXPECT_FALSE(eyes.Of("Tab_0").state().selected);
     EXPECT_TRUE(eyes.Of("VolKnob_0").state().focusable);
     EXPECT_FALSE(eyes.Of("VolKnob_0").state().checkable);
+}
+
+/// The parts of a control of several values, by name.
+std::vector<std::string> PartsOf(QAccessibleInterface& control) {
+    std::vector<std::string> names;
+    for (int part = 0; part < control.childCount(); ++part) {
+        QAccessibleInterface* object = control.child(part);
+        EXPECT_EQ(control.indexOfChild(object), part);
+        EXPECT_EQ(object->parent(), &control);
+        EXPECT_EQ(control.child(part), object) << "made once";
+        names.push_back(object->text(QAccessible::Name).toStdString());
+    }
+    return names;
+}
+
+double NumberIn(QAccessibleInterface& control, int part) {
+    return control.child(part)->valueInterface()->currentValue().toDouble();
+}
+void SetIn(QAccessibleInterface& control, int part, double value) {
+    control.child(part)->valueInterface()->setCurrentValue(value);
+}
+
+TEST(AccessibleParts, EachStepOfALaneIsReadAndSet) {
+    Eyes eyes;
+    eyes.s.CurrentLoop = 0;
+    eyes.s.Set[0].NSteps = 3;
+    eyes.s.GraphColumns[0] = eyes.s.GraphColumns[1] = eyes.s.GraphColumns[2] = 4;
+    PatternBlock& vol = eyes.s.Set[0].Pattern[kVolPattern];
+    vol[1] = 300;
+    eyes.Reveal(eyes.Named("PatternGraph_0"));
+    QAccessibleInterface& lane = eyes.Of("PatternGraph_0");
+    EXPECT_THAT(PartsOf(lane), ElementsAre("step 1", "step 2", "step 3", "step 4", "random"));
+    EXPECT_EQ(NumberIn(lane, 1), 300);
+    EXPECT_EQ(lane.child(1)->role(), QAccessible::Slider);
+    EXPECT_EQ(lane.child(1)->valueInterface()->maximumValue().toDouble(), 500);
+    SetIn(lane, 1, 123);
+    EXPECT_EQ(vol[1], 123);
+    SetIn(lane, 1, 9999);
+    EXPECT_EQ(vol[1], 500);
+    SetIn(lane, 4, 70);
+    EXPECT_EQ(vol[kPatternOffset], 70);
+    lane.child(2)->actionInterface()->doAction(QAccessibleActionInterface::decreaseAction());
+    EXPECT_EQ(vol[2], 499);
+    // Each lies where it is drawn.
+    const QRect place = lane.child(2)->rect();
+    EXPECT_EQ(lane.childAt(place.center().x(), place.center().y()), lane.child(2));
+    EXPECT_EQ(lane.childAt(-50, -50), nullptr);
+    // Fewer steps: what was the fourth is gone.
+    QAccessibleInterface* last = lane.child(4);
+    eyes.s.GraphColumns[0] = 2;
+    EXPECT_EQ(lane.childCount(), 3);
+    EXPECT_FALSE(last->isValid());
+    EXPECT_EQ(last->text(QAccessible::Name), "");
+}
+
+TEST(AccessibleParts, ABallIsReadAndSetInBothDirectionsAndTheListenerTurned) {
+    Eyes eyes;
+    eyes.s.MapEnabled = true;
+    BallCentre(eyes.s, kPadBall);
+    QAccessibleInterface& pad = eyes.Of("PadBall");
+    EXPECT_THAT(PartsOf(pad), ElementsAre("to the right", "down"));
+    EXPECT_NEAR(NumberIn(pad, 0), 50, 0.5);
+    SetIn(pad, 0, 100);
+    SetIn(pad, 1, 25);
+    EXPECT_NEAR(NumberIn(pad, 0), 100, 0.5);
+    EXPECT_NEAR(NumberIn(pad, 1), 25, 0.5);
+    EXPECT_NEAR(eyes.s.PadTable[eyes.s.PadTypeIndex].X, eyes.s.Geometry.PadHalfX, 15);
+
+    eyes.Reveal(eyes.Named("PosBall_1"));
+    QAccessibleInterface& ball = eyes.Of("PosBall_1");
+    SetIn(ball, 0, -0.75);
+    SetIn(ball, 1, 0.5);
+    EXPECT_NEAR(eyes.s.Set[1].PositionX, -0.75, 0.02);
+    EXPECT_NEAR(eyes.s.Set[1].PositionY, 0.5, 0.02);
+    EXPECT_NEAR(NumberIn(ball, 0), -0.75, 0.02);
+    SetIn(ball, 0, 1000);
+    EXPECT_NEAR(eyes.s.Set[1].PositionX, eyes.s.MapRange, 0.02);
+
+    QAccessibleInterface& listener = eyes.Of("PosBall_4");
+    EXPECT_THAT(PartsOf(listener), ElementsAre("to the right", "down", "heading"));
+    SetIn(listener, 2, 90);
+    EXPECT_EQ(eyes.s.ListenerAngle, 90);
+    EXPECT_EQ(NumberIn(listener, 2), 90);
+}
+
+TEST(AccessibleParts, TheSamplesOfABinAreEntriesThatAreChosenAndLoaded) {
+    Eyes eyes;
+    eyes.s.Bins[1].Destination = 3;
+    QAccessibleInterface& bin = eyes.Of("PickFile_1");
+    const std::vector<BinRow>& rows = eyes.s.Bins[1].Rows;
+    ASSERT_EQ(bin.childCount(), static_cast<int>(rows.size()));
+    EXPECT_EQ(bin.child(2)->text(QAccessible::Name).toStdString(), rows[2].Name + " (" + rows[2].Size + "k)");
+    EXPECT_EQ(bin.child(2)->role(), QAccessible::ListItem);
+    EXPECT_EQ(bin.child(2)->valueInterface(), nullptr);
+    bin.child(2)->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    EXPECT_EQ(eyes.s.Bins[1].Selected, 2);
+    EXPECT_TRUE(bin.child(2)->state().selected);
+    EXPECT_FALSE(bin.child(0)->state().selected);
+    bin.child(0)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(eyes.s.Bins[1].Selected, 0);
+    EXPECT_EQ(eyes.s.Set[3].FileName, (eyes.Folder / rows[0].File).string());
+    const QRect place = bin.child(1)->rect();
+    EXPECT_EQ(bin.childAt(place.center().x(), place.center().y()), bin.child(1));
+}
+
+TEST(AccessibleParts, OfADisabledControlAreReadAndNotSet) {
+    Eyes eyes;
+    QWidget& ball = eyes.Named("PadBall");
+    ball.setEnabled(false);
+    QAccessibleInterface& right = *Seen(ball).child(0);
+    EXPECT_TRUE(right.state().disabled);
+    EXPECT_THAT(right.actionInterface()->actionNames(), IsEmpty());
+    const float before = static_cast<float>(eyes.s.PadTable[eyes.s.PadTypeIndex].X);
+    right.valueInterface()->setCurrentValue(99);
+    EXPECT_EQ(static_cast<float>(eyes.s.PadTable[eyes.s.PadTypeIndex].X), before);
+    ball.setEnabled(true);
+}
+
+TEST(Accessible, TheStatusLineTellsTheReadoutBehindTheHint) {
+    Eyes eyes;
+    ShowStatus(eyes.s, "drg Vol -/+");
+    ShowReadout(eyes.s, "Vol: 320");
+    EXPECT_EQ(eyes.Of("StatusBar1").text(QAccessible::Value), "drg Vol -/+; Vol: 320");
+    ShowStatus(eyes.s, "");
+    ShowReadout(eyes.s, "Vol: 321");
+    EXPECT_EQ(eyes.Of("StatusBar1").text(QAccessible::Value), "Vol: 321");
 }
 
 }  // namespace

@@ -133,6 +133,19 @@ void BinList::Activate() {
     PickFile_MouseUp(s, index, kLeftButton, s.Bins[index].Selected);
 }
 
+InnerPart BinList::Inner(int part) const {
+    const BinRow& row = s.Bins[index].Rows[static_cast<std::size_t>(part)];
+    return {.Label = row.Name + " (" + row.Size + "k)",
+            .Role = QAccessible::ListItem,
+            .Chosen = part == s.Bins[index].Selected,
+            .Place = LineOf(part).intersected(rect())};
+}
+
+void BinList::PressInner(int part) {
+    Select(part);
+    Activate();
+}
+
 void BinList::RightButton(Phase phase) {
     if (phase == Phase::Up) PickFile_MouseUp(s, index, kRightButton, s.Bins[index].Selected);
 }
@@ -164,10 +177,14 @@ void BinList::wheelEvent(QWheelEvent* event) {
     event->accept();
 }
 
+QRectF BinList::LineOf(int row) const {
+    return {1, 1.0 + (row - rows_->value()) * kRowHeight, ListWidth() - 1, kRowHeight};
+}
+
 void BinList::PaintRow(QPainter& p, int row) const {
     const BinRow& shown = s.Bins[index].Rows[static_cast<std::size_t>(row)];
-    const double y = 1 + (row - rows_->value()) * kRowHeight;
-    const QRectF line(1, y, ListWidth() - 1, kRowHeight);
+    const QRectF line = LineOf(row);
+    const double y = line.top();
     if (row == s.Bins[index].Selected) {
         p.fillRect(line, theme::kAccent);
     } else if (row == hovered_) {

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "sequencing/patterns.h"
 
@@ -61,6 +62,25 @@ std::string PatternGraphControl::CursorWords() const {
     return column == 0 ? "the random column" : "step " + std::to_string(column);
 }
 
+double PatternGraphControl::ValueOf(int column) const {
+    const PatternBlock& block = s.Set[s.CurrentLoop].Pattern[index];
+    return column == 0 ? block[kPatternOffset] : block[column - 1];
+}
+
+InnerPart PatternGraphControl::Inner(int part) const {
+    const int column = ColumnOf(part);
+    const PatternLimits& range = kPatternRange[static_cast<std::size_t>(index)];
+    return {.Label = column == 0 ? "random" : "step " + std::to_string(column),
+            .Role = QAccessible::Slider,
+            .Scale = {ValueOf(column), static_cast<double>(range.Min), static_cast<double>(range.Max), 1},
+            .Place = ColumnPlace(column)};
+}
+
+void PatternGraphControl::SetInner(int part, double value) {
+    const int column = ColumnOf(part);
+    PatternStep(s, index, column, static_cast<int>(std::lround(value - ValueOf(column))));
+}
+
 void PatternGraphControl::GoTo(int column) {
     cursor_ = std::clamp(column, 0, Columns());
     PatternShow(s, index, cursor_);
@@ -113,8 +133,7 @@ double PatternGraphControl::HeightOf(double value) const {
 
 void PatternGraphControl::DrawColumn(QPainter& p, int column) const {
     if (column > kPatternSteps) return;  // a file may lay out more columns than a pattern has steps
-    const PatternBlock& block = s.Set[s.CurrentLoop].Pattern[index];
-    const double value = column == 0 ? block[kPatternOffset] : block[column - 1];
+    const double value = ValueOf(column);
     const double foot =
         index == kPanPattern && column > 0 ? kPanFoot : kPatternRange[static_cast<std::size_t>(index)].Min;
     const QRectF place = ColumnPlace(column);

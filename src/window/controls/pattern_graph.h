@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "window/controls/control.h"
+#include "window/descriptions/inner_parts.h"
 
 namespace marvolin {
 
@@ -10,7 +11,7 @@ namespace marvolin {
 QColor PatternColour(int patternRow);
 
 /// `PatternGraph`: one pattern row of `CurrentLoop`, a random column and the columns of the steps.
-class PatternGraphControl : public Control {
+class PatternGraphControl : public Control, public HasInnerParts {
 public:
     PatternGraphControl(Session& session, QWidget* parent, int patternRow);
     /// Repaints one column: 0 the random column, 1 the first step.
@@ -18,6 +19,11 @@ public:
     QRectF ColumnPlace(int column) const;
     std::optional<DragSource> Carried(std::int16_t) override { return DragSource{drags::kPatternGraph, index, ""}; }
     std::string CursorWords() const override;
+    /// The steps, then the random column.
+    int InnerCount() const override { return Columns() + 1; }
+    InnerPart Inner(int part) const override;
+    void SetInner(int part, double value) override;
+    void ChooseInner(int part) override { GoTo(ColumnOf(part)); }
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
@@ -32,6 +38,8 @@ protected:
 private:
     /// A file may lay out more columns than a pattern has steps; the keys go to the steps.
     int Columns() const { return std::clamp<int>(s.GraphColumns[static_cast<std::size_t>(index)], 1, kPatternSteps); }
+    int ColumnOf(int part) const { return part < Columns() ? part + 1 : 0; }
+    double ValueOf(int column) const;
     void GoTo(int column);
     void DrawColumn(QPainter& p, int column) const;
     void DrawCursor(QPainter& p) const;

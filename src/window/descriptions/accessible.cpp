@@ -5,6 +5,7 @@
 
 #include "window/controls/control.h"
 #include "window/descriptions/described.h"
+#include "window/descriptions/inner_objects.h"
 #include "window/toolkit/strings.h"
 
 namespace marvolin {
@@ -14,7 +15,7 @@ namespace {
 class DrawnControl : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
     DrawnControl(QWidget& widget, const Described& described)
-        : QAccessibleWidget(&widget, described.Row().Role), described_(described) {}
+        : QAccessibleWidget(&widget, described.Row().Role), described_(described), inner_(*this, widget) {}
 
     QString text(QAccessible::Text kind) const override {
         switch (kind) {
@@ -46,6 +47,18 @@ public:
                 state.checked = on;
         }
         return state;
+    }
+
+    // A control with parts of its own has no other children that somebody could use.
+    int childCount() const override { return inner_.Count() > 0 ? inner_.Count() : QAccessibleWidget::childCount(); }
+    QAccessibleInterface* child(int number) const override {
+        return inner_.Count() > 0 ? inner_.At(number) : QAccessibleWidget::child(number);
+    }
+    int indexOfChild(const QAccessibleInterface* object) const override {
+        return inner_.Count() > 0 ? inner_.NumberOf(object) : QAccessibleWidget::indexOfChild(object);
+    }
+    QAccessibleInterface* childAt(int x, int y) const override {
+        return inner_.Count() > 0 ? inner_.AtPlace(x, y) : QAccessibleWidget::childAt(x, y);
     }
 
     void* interface_cast(QAccessible::InterfaceType type) override {
@@ -100,6 +113,7 @@ private:
     Control* Drawn() const { return dynamic_cast<Control*>(widget()); }
 
     const Described& described_;  // belongs to the widget, whose end ends this object too
+    mutable InnerObjects inner_;  // made when they are first asked for
 };
 
 QAccessibleInterface* Make(const QString& type, QObject* object) {

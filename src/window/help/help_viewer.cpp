@@ -105,6 +105,8 @@ QWidget* HelpViewer::MakeBar() {
     Describe(*find_, "HelpFind");
     find_->setPlaceholderText("Find in all pages");
     find_->setClearButtonEnabled(true);
+    // A part of the toolkit's field, which comes without a name.
+    for (auto* part : find_->findChildren<QToolButton*>()) part->setAccessibleName("Empty the search");
     row->addWidget(find_, 1);
     connect(find_, &QLineEdit::textChanged, this, [this](const QString& text) { Find(text); });
     return bar;

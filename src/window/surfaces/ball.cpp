@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QMouseEvent>
 #include <QStyleHints>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -17,6 +18,9 @@ namespace {
 // Degrees a key. The picture of the listener shows each fifth one.
 constexpr int kTurn = 15;
 constexpr int kFineTurn = 5;
+
+/// Its parts for assistive technology.
+enum BallPart { kRight, kDown, kHeading };
 
 }  // namespace
 
@@ -56,6 +60,29 @@ void Ball::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     } else {
         setCursor(Qt::BlankCursor);
     }
+}
+
+int Ball::InnerCount() const { return number_ == kListenerBall ? 3 : 2; }
+
+InnerPart Ball::Inner(int part) const {
+    if (part == kHeading) return {"heading", QAccessible::Slider, {s.ListenerAngle * 1.0, 0, 359, 1}};
+    const BallPoint place = BallPlace(s, number_);
+    const PadGeometry& g = s.Geometry;
+    // From -1 to 1; a listener that is off the map is told at its edge.
+    const double share = std::clamp(part == kRight ? (place.X + g.BallCentreX - g.PadHalfX) / g.PadHalfX
+                                                   : (place.Y + g.BallCentreY - g.PadHalfY) / g.PadHalfY,
+                                    -1.0, 1.0);
+    const char* label = part == kRight ? "to the right" : "down";
+    if (number_ == kPadBall) return {label, QAccessible::Slider, {50 + 50 * share, 0, 100, 1}};
+    return {label, QAccessible::Slider, {s.MapRange * share, -s.MapRange, s.MapRange, s.MapRange / 50}};
+}
+
+void Ball::SetInner(int part, double value) {
+    const ControlScale scale = Inner(part).Scale;
+    if (part == kHeading) return ListenerStep(s, static_cast<int>(std::lround(value - scale.Now)));
+    const double share = (value - scale.Now) / (scale.High - scale.Low);
+    const double half = part == kRight ? s.Geometry.PadHalfX : s.Geometry.PadHalfY;
+    BallStep(s, number_, part == kRight ? 1 : 0, part == kRight ? 0 : 1, share * 2 * half / kTwipsPerPixel);
 }
 
 void Ball::Activate() { BallCentre(s, number_); }

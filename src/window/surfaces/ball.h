@@ -1,12 +1,13 @@
 #pragma once
 
 #include "window/controls/control.h"
+#include "window/descriptions/inner_parts.h"
 
 namespace marvolin {
 
 /// A ball that is dragged over pad or map. The session holds its place. As the ball moves while it is held, it forwards
 /// the pointer by its place on the screen.
-class Ball : public Control {
+class Ball : public Control, public HasInnerParts {
 public:
     static constexpr int kSize = 16;   ///< of the ball, logical pixels
     static constexpr int kMargin = 4;  ///< around it, for its shadow and ring
@@ -16,6 +17,12 @@ public:
     /// Moves the ball to its place in the session.
     void Refresh() override;
     std::optional<DragSource> Carried(std::int16_t button) override;
+    /// Its way to the right and down: on the pad in percent, on the map in map units from the middle; then the heading
+    /// of the listener in degrees.
+    int InnerCount() const override;
+    InnerPart Inner(int part) const override;
+    void SetInner(int part, double value) override;
+    void ChooseInner(int) override {}  // the keys are on all of them
 
 protected:
     void Gesture(Phase phase, std::int16_t button, QPointF twips) override;
