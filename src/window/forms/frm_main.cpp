@@ -20,7 +20,7 @@
 #include "window/forms/status_bars.h"
 #include "window/forms/toolbar.h"
 #include "window/help/help_asker.h"
-#include "window/keys/key_drag.h"
+#include "window/keys/program_keys.h"
 #include "window/popups/history_list.h"
 #include "window/popups/popup_list.h"
 #include "window/popups/select_list.h"
@@ -103,7 +103,7 @@ FrmMain::FrmMain(Session& session, Events events) : s(session), events_(std::mov
     if (events_.SoundLoad) load_.start();
     qApp->installEventFilter(this);
     help_ = std::make_unique<HelpAsker>(s);
-    keys_ = std::make_unique<KeyDrag>(s);
+    keys_ = std::make_unique<ProgramKeys>(s);
     announcer_ = std::make_unique<Announcer>();
 }
 

@@ -14,10 +14,10 @@ namespace marvolin {
 
 class Announcer;
 class HelpAsker;
-class KeyDrag;
 class HistoryList;
 class LoopRow;
 class PopupList;
+class ProgramKeys;
 class SelectList;
 class SelectorStrip;
 class TabControl;
@@ -110,7 +110,7 @@ private:
     QPoint raisedPlace_;   // and where that has brought it
     bool raised_ = false;  // both are set
     std::unique_ptr<HelpAsker> help_;
-    std::unique_ptr<KeyDrag> keys_;
+    std::unique_ptr<ProgramKeys> keys_;
     std::unique_ptr<Announcer> announcer_;
     std::array<Qt::KeyboardModifiers, 26> pressed_{};  // what was held when each letter was pressed
     PopupList* quickLoad_ = nullptr;

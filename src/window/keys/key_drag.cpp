@@ -1,19 +1,16 @@
 #include "window/keys/key_drag.h"
 
-#include <QAbstractButton>
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPushButton>
 #include <QScopedValueRollback>
 #include <algorithm>
 
 #include "audio/sample_loading.h"
 #include "browser/bin_gestures.h"
 #include "core/routines.h"
-#include "window/descriptions/described.h"
 #include "window/keys/carried.h"
 #include "window/toolkit/drag.h"
 #include "window/toolkit/drag_source.h"
@@ -23,27 +20,6 @@
 namespace marvolin {
 
 namespace {
-
-bool IsWindowToWorkIn(const QWidget& window) {
-    const Qt::WindowType type = window.windowType();
-    return window.isVisible() && !window.isMinimized() && (type == Qt::Window || type == Qt::Dialog) &&
-           !window.windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus);
-}
-
-/// Activates the window `way` places behind the active one, in the order of their names.
-void GoToWindow(int way) {
-    if (QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr) return;
-    QWidgetList windows = QApplication::topLevelWidgets();
-    windows.removeIf([](const QWidget* window) { return !IsWindowToWorkIn(*window); });
-    if (windows.empty()) return;
-    std::sort(windows.begin(), windows.end(),
-              [](const QWidget* a, const QWidget* b) { return a->objectName() < b->objectName(); });
-    const auto count = windows.size();
-    const auto here = std::max<qsizetype>(0, windows.indexOf(QApplication::activeWindow()));
-    QWidget* next = windows[(here + way + count) % count];
-    next->raise();
-    next->activateWindow();
-}
 
 /// Where something can be carried: in the main window and the browser, while no list or question is open over them.
 bool IsWhereOneCarries(const QWidget& focus) {
@@ -67,18 +43,6 @@ std::string ContentOf(const Session& s, const DragSource& source) {
     return content;
 }
 
-/// Return presses a button as Space does. A button of a dialogue knows Return itself.
-bool PressByReturn(QWidget& focus, const QKeyEvent& key) {
-    if (key.key() != Qt::Key_Return && key.key() != Qt::Key_Enter) return false;
-    auto* button = qobject_cast<QAbstractButton*>(&focus);
-    const Described* described = button == nullptr ? nullptr : DescribedOf(focus);
-    if (described == nullptr || !Takes(described->Row().Taken, Keys::Press) || !button->isEnabled()) return false;
-    const auto* push = qobject_cast<QPushButton*>(button);
-    if (push != nullptr && (push->autoDefault() || push->isDefault())) return false;
-    if (!key.isAutoRepeat() && QApplication::mouseButtons() == Qt::NoButton) button->click();
-    return true;
-}
-
 bool IsCarryKey(int key) { return key == Qt::Key_Insert || key == Qt::Key_F9; }
 
 /// A list keeps its drops for what it scrolls.
@@ -96,12 +60,10 @@ bool IsTarget(QWidget& widget) {
 }  // namespace
 
 KeyDrag::KeyDrag(Session& session) : s(session) {
-    qApp->installEventFilter(this);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { ShowWhere(now); });
 }
 
 KeyDrag::~KeyDrag() {
-    qApp->removeEventFilter(this);
     if (load_) DropRing::Of(*qApp).Hide();
     delete sign_;
 }
@@ -204,11 +166,6 @@ bool KeyDrag::CarryOn(QWidget& focus, const QKeyEvent& key) {
 }
 
 bool KeyDrag::TakeKey(QWidget& focus, const QKeyEvent& key) {
-    if (key.key() == Qt::Key_F6) {
-        GoToWindow(key.modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1);
-        return true;
-    }
-    if (PressByReturn(focus, key)) return true;
     if (load_ && !IsWhereOneCarries(focus)) return false;
     if (!IsCarryKey(key.key())) return load_ && CarryOn(focus, key);
     const auto* carries = dynamic_cast<Carries*>(&focus);
@@ -226,11 +183,8 @@ bool KeyDrag::TakeKey(QWidget& focus, const QKeyEvent& key) {
     return true;
 }
 
-bool KeyDrag::eventFilter(QObject* object, QEvent* event) {
-    // The mouse has begun a drag of its own.
-    if (event->type() == QEvent::DragEnter && load_ && !asks_) LetGo();
-    if (event->type() != QEvent::KeyPress || !object->isWidgetType()) return false;
-    return TakeKey(*static_cast<QWidget*>(object), *static_cast<const QKeyEvent*>(event));
+void KeyDrag::MouseDrags() {
+    if (load_ && !asks_) LetGo();
 }
 
 }  // namespace marvolin

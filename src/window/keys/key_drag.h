@@ -14,30 +14,29 @@ class QWidget;
 
 namespace marvolin {
 
-/// Drags by key, for every control and list of the program, and the way from window to window.
+/// Drags by key, for every control and list of the program.
 ///
 /// Insert (or F9) picks up what the mouse would drag from the control with the focus, with Shift what the right button
 /// would. The focus then goes on by Tab as always, or by the arrows to the places that take it: to the next one, up and
-/// down to another row. Insert again drops it on the focus, Escape lets it go. F6 goes to the next window, Shift+F6
-/// to the one before. Return presses a button of the toolkit as Space does.
+/// down to another row. Insert again drops it on the focus, Escape lets it go.
 ///
 /// What is carried is what was picked up: where that has changed meanwhile, the drop lets go. Nothing is carried in
 /// other windows, or while a list or a question is open: there the keys have their own meaning. A drag of the mouse
 /// lets go.
 class KeyDrag : public QObject {
 public:
-    /// Filters the keys of the application while it lives.
     explicit KeyDrag(Session& session);
     ~KeyDrag() override;
 
     /// What is carried; none when nothing is.
     const std::optional<DragSource>& Load() const { return load_; }
 
-protected:
-    bool eventFilter(QObject* object, QEvent* event) override;
+    /// A key that `focus` would get; true when it is one of a drag.
+    bool TakeKey(QWidget& focus, const QKeyEvent& key);
+    /// The mouse has begun a drag of its own.
+    void MouseDrags();
 
 private:
-    bool TakeKey(QWidget& focus, const QKeyEvent& key);
     bool CarryOn(QWidget& focus, const QKeyEvent& key);
     void PickUp(QWidget& focus, std::int16_t button);
     void DropOn(QWidget& focus);
