@@ -5,33 +5,20 @@
 
 #include <QListWidget>
 
+#include "key_hand.h"
 #include "performance/drops/palette.h"
 #include "performance/selection/bands.h"
-#include "whole_hand.h"
 #include "window/toolkit/drop_ring.h"
 
 namespace marvolin {
 namespace {
 
 using test::FactsOf;
-using test::WholeHand;
+using test::KeyHand;
 using testing::IsEmpty;
 
-struct CarryHand : WholeHand {
-    CarryHand() {
-        Begin();
-        SetBand(s, 0, {});
-    }
-    void Go(const char* name) {
-        QWidget& widget = Named(name);
-        Reveal(widget);
-        QApplication::setActiveWindow(widget.window());
-        widget.setFocus(Qt::TabFocusReason);
-        EXPECT_TRUE(widget.hasFocus()) << name;
-    }
-    void Key(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier) {
-        QTest::keyClick(QApplication::focusWidget(), key, held);
-    }
+struct CarryHand : KeyHand {
+    CarryHand() { SetBand(s, 0, {}); }
     /// Carries from one control to another.
     void Carry(const char* from, const char* to, Qt::KeyboardModifiers held = Qt::NoModifier) {
         Go(from);
@@ -39,7 +26,6 @@ struct CarryHand : WholeHand {
         Go(to);
         Key(Qt::Key_Insert);
     }
-    std::string Focus() { return QApplication::focusWidget()->objectName().toStdString(); }
     QWidget* Ring() { return DropRing::Of(*qApp).Target(); }
 };
 
@@ -248,6 +234,37 @@ TEST(WindowKey, F6GoesFromWindowToWindowAndBack) {
     QTest::keyClick(&hand.Window, Qt::Key_F6, Qt::ShiftModifier);
     hand.Settle();
     EXPECT_EQ(QApplication::activeWindow(), hand.Form.get());
+}
+
+TEST(WindowKey, F6PassesAMinimisedWindowBy) {
+    CarryHand hand;
+    hand.Save.show();
+    hand.Window.showMinimized();
+    hand.Settle();
+    hand.Go("Letr_0");
+    for (int times = 0; times < 4; ++times) {
+        QTest::keyClick(QApplication::activeWindow(), Qt::Key_F6);
+        hand.Settle();
+        EXPECT_NE(QApplication::activeWindow(), &hand.Window);
+        EXPECT_TRUE(hand.Window.isMinimized());
+    }
+    EXPECT_EQ(QApplication::activeWindow(), hand.Form.get()) << "four times through main window and Save/Open";
+    hand.Save.hide();
+    QTest::keyClick(hand.Form.get(), Qt::Key_F6);
+    hand.Settle();
+    EXPECT_EQ(QApplication::activeWindow(), hand.Form.get()) << "there is no other window";
+    hand.Window.showNormal();
+}
+
+TEST(WindowKey, F6GoesNowhereWhileAListIsOpen) {
+    CarryHand hand;
+    hand.On("SelectPopUp", Qt::Key_Space);
+    QWidget& list = hand.Named("SlctGroup");
+    ASSERT_TRUE(list.isVisible());
+    QTest::keyClick(&list, Qt::Key_F6);
+    EXPECT_TRUE(list.isVisible());
+    EXPECT_NE(QApplication::activeWindow(), &hand.Window);
+    list.hide();
 }
 
 }  // namespace

@@ -3,45 +3,33 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QFileSystemModel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QSlider>
 #include <QTextEdit>
 #include <QTreeView>
+#include <filesystem>
+#include <fstream>
 
+#include "core/routines.h"
+#include "key_hand.h"
 #include "parameters/position.h"
 #include "parameters/wires.h"
 #include "performance/ball_hand.h"
 #include "performance/map/sound_map.h"
 #include "performance/selection/bands.h"
-#include "whole_hand.h"
 #include "window/controls/knob.h"
+#include "window/descriptions/described.h"
 
 namespace marvolin {
 namespace {
 
-using test::WholeHand;
-
-/// Real keys on the control that has the focus.
-struct KeyHand : WholeHand {
-    KeyHand() { Begin(); }
-    QWidget& Go(const char* name) {
-        QWidget& widget = Named(name);
-        Reveal(widget);
-        QApplication::setActiveWindow(widget.window());
-        widget.setFocus(Qt::TabFocusReason);
-        EXPECT_TRUE(widget.hasFocus()) << name;
-        return widget;
-    }
-    void Key(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier, int times = 1) {
-        for (int i = 0; i < times; ++i) QTest::keyClick(QApplication::focusWidget(), key, held);
-    }
-    void On(const char* name, Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier, int times = 1) {
-        Go(name);
-        Key(key, held, times);
-    }
-};
+using test::KeyHand;
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 TEST(ValueKeys, ArrowsTurnAKnobCoarselyWithShiftFinelyAndThePageKeysTenTimesAsFar) {
     KeyHand hand;
@@ -153,6 +141,41 @@ TEST(PressKeys, CtrlAndSpaceOnASelectionFlagLeavesNothingHeld) {
     EXPECT_EQ(hand.s.Set[1].Selected, before);
 }
 
+TEST(PressKeys, ReturnDoesWhatSpaceDoesOnEveryControlOfTheMainWindow) {
+    KeyHand hand;
+    hand.LookAway();
+    int pressed = 0;
+    int changed = 0;
+    for (QWidget* widget : hand.Controls()) {
+        const std::string name = widget->objectName().toStdString();
+        const Description& row = DescribedOf(*widget)->Row();
+        // A closed list opens at Space alone, and the lists that are open have a test of their own.
+        const bool list = row.Role == QAccessible::ComboBox || row.Role == QAccessible::List;
+        const bool other = widget->window() != hand.Form.get() || list || row.Role == QAccessible::Tree;
+        // The box of the 3D sound makes all sounds anew, and other tests press it.
+        if (!Takes(row.Taken, Keys::Press) || other || name == "Enable3d") continue;
+        SCOPED_TRACE(name);
+        const auto after = [&](Qt::Key key) {
+            hand.Begin();
+            hand.Go(*widget);
+            const test::Facts before = test::FactsOf(hand.s);
+            hand.Forms.Log.clear();
+            hand.Key(key);
+            std::vector<std::string> facts = test::Changed(before, test::FactsOf(hand.s));
+            for (const std::string& form : hand.Forms.Log) facts.push_back(form);
+            for (const std::string& shown : hand.Shown()) facts.push_back(shown);
+            return facts;
+        };
+        const std::vector<std::string> space = after(Qt::Key_Space);
+        EXPECT_EQ(after(Qt::Key_Return), space);
+        EXPECT_EQ(after(Qt::Key_Enter), space);
+        ++pressed;
+        changed += space.empty() ? 0 : 1;
+    }
+    EXPECT_GT(pressed, 60);
+    EXPECT_GT(changed, 40);
+}
+
 TEST(SoundKeys, LeftAndRightJumpUpAndDownMoveTheTargetAndSpaceFadesThere) {
     KeyHand hand;
     hand.s.Set[3].Vol = 100;
@@ -261,6 +284,52 @@ TEST(BallKeys, ArrowsMoveABallFourPixelsWithShiftOneAndPageKeysTurnTheListener) 
     EXPECT_NE(hand.s.Run[3].FadeState, kNoFade);
 }
 
+/// The events that the script has got, by number of the procedure and ball.
+std::vector<std::string> EventsOf(const KeyHand& hand) {
+    std::vector<std::string> events;
+    for (const test::FakeScripts::Event& event : hand.Scripts.Events) {
+        events.push_back(std::string(kScriptEventNames[static_cast<std::size_t>(event.Which)]) + " " +
+                         NumberText(event.Arguments[0]));
+    }
+    return events;
+}
+
+struct ScriptedHand : KeyHand {
+    ScriptedHand() {
+        s.EventWanted[ScriptEvent::OnPositionScroll] = 1;
+        s.EventWanted[ScriptEvent::OnPositionChange] = 1;
+        s.ScrollSensitivity[1] = 100;
+    }
+};
+
+TEST(BallKeys, AStepOnTheMapTellsTheScriptWhatTheEndOfADragTells) {
+    ScriptedHand hand;
+    hand.On("PosBall_2", Qt::Key_Right);
+    EXPECT_THAT(EventsOf(hand), ElementsAre("OnPositionChange 3", "OnPositionScroll 3"));
+    ASSERT_EQ(hand.Scripts.Events.size(), 2U);
+    EXPECT_NEAR(hand.Scripts.Events[0].Arguments[1], hand.s.Set[2].PositionX, 1e-6);
+    EXPECT_GT(hand.Scripts.Events[1].Arguments[3], 0) << "the way of the step";
+    hand.Scripts.Events.clear();
+    hand.On("PosBall_4", Qt::Key_Down);
+    EXPECT_THAT(EventsOf(hand), ElementsAre("OnPositionChange 5", "OnPositionScroll 5"));
+}
+
+// The events tell of places, and a turn has none: the mouse sends nothing either.
+TEST(BallKeys, ATurnOfTheListenerTellsTheScriptAsLittleAsTheMouseDoes) {
+    ScriptedHand hand;
+    hand.s.ListenerAngle = 0;
+    hand.On("PosBall_4", Qt::Key_PageDown);
+    EXPECT_EQ(hand.s.ListenerAngle, 15);
+    EXPECT_THAT(EventsOf(hand), IsEmpty());
+    QWidget& listener = hand.Named("PosBall_4");
+    const test::Spot spot = hand.SpotOn(listener);
+    hand.PressAt(spot, Qt::RightButton);
+    hand.MoveTo(spot, {0, 20});
+    hand.ReleaseAt(spot, Qt::RightButton, {0, 20});
+    EXPECT_NE(hand.s.ListenerAngle, 15);
+    EXPECT_THAT(EventsOf(hand), IsEmpty());
+}
+
 TEST(TabKeys, LeftAndRightOpenTheTabBesideAndStopAtTheEnds) {
     KeyHand hand;
     hand.s.ActiveTab = kMixPadTab;
@@ -302,6 +371,75 @@ TEST(ListKeys, SpaceTakesAnEntryAndEscapeClosesAndTheFocusComesBack) {
     EXPECT_FALSE(hand.Named("QuickLoad").isVisible());
 }
 
+/// A list that opens over the window, and the control at which it opens.
+struct OpenedList {
+    const char* Opener;
+    const char* List;
+};
+constexpr OpenedList kOpenedLists[] = {
+    {"SelectPopUp", "SlctGroup"}, {"DropDown_0", "HistoryList"}, {"QuickLoadPop", "QuickLoad"}};
+
+TEST(ListKeys, AKeyThatIsHeldOpensAListAndNeitherTakesAnEntryNorClosesIt) {
+    KeyHand hand;
+    for (const OpenedList& one : kOpenedLists) {
+        for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return}) {
+            SCOPED_TRACE(one.List);
+            hand.Begin();
+            QWidget& opener = hand.Go(one.Opener);
+            QTest::keyPress(&opener, key);
+            auto& list = dynamic_cast<QListWidget&>(hand.Named(one.List));
+            ASSERT_TRUE(list.isVisible());
+            list.setCurrentRow(1);
+            const test::Facts before = test::FactsOf(hand.s);
+            for (int repeat = 0; repeat < 5; ++repeat) KeyHand::Repeat(list, key);
+            EXPECT_TRUE(list.isVisible());
+            EXPECT_THAT(test::Changed(before, test::FactsOf(hand.s)), IsEmpty());
+            QTest::keyClick(&list, Qt::Key_Escape);
+            EXPECT_FALSE(list.isVisible());
+        }
+    }
+}
+
+TEST(ListKeys, ARepeatedArrowGoesOnThroughTheList) {
+    KeyHand hand;
+    hand.On("SelectPopUp", Qt::Key_Space);
+    auto& list = dynamic_cast<QListWidget&>(hand.Named("SlctGroup"));
+    list.setCurrentRow(0);
+    for (int repeat = 0; repeat < 3; ++repeat) KeyHand::Repeat(list, Qt::Key_Down);
+    EXPECT_EQ(list.currentRow(), 3);
+    list.hide();
+}
+
+TEST(LetterKeys, PlayWhileAListIsOpenAndTheListStaysAsItIs) {
+    KeyHand hand;
+    for (const OpenedList& one : kOpenedLists) {
+        SCOPED_TRACE(one.List);
+        hand.Begin();
+        hand.On(one.Opener, Qt::Key_Space);
+        auto& list = dynamic_cast<QListWidget&>(hand.Named(one.List));
+        ASSERT_TRUE(list.isVisible());
+        list.setCurrentRow(0);
+        hand.Keys.clear();
+        // Letters with which entries begin, among others.
+        for (const Qt::Key key : {Qt::Key_B, Qt::Key_N, Qt::Key_P}) QTest::keyClick(&list, key);
+        QTest::keyClick(&list, Qt::Key_C, Qt::ShiftModifier);
+        EXPECT_THAT(hand.Keys, ElementsAre("B", "N", "P", "C+shift"));
+        EXPECT_TRUE(list.isVisible());
+        EXPECT_EQ(list.currentRow(), 0);
+        QTest::keyClick(&list, Qt::Key_Escape);
+    }
+    QWidget& type = hand.Go("PadType");
+    auto& box = dynamic_cast<QComboBox&>(type);
+    const int before = box.currentIndex();
+    box.showPopup();
+    hand.Keys.clear();
+    QTest::keyClick(box.view(), Qt::Key_P);
+    EXPECT_THAT(hand.Keys, ElementsAre("P"));
+    EXPECT_TRUE(box.view()->isVisible());
+    box.hidePopup();
+    EXPECT_EQ(box.currentIndex(), before);
+}
+
 TEST(BinKeys, ReturnLoadsIntoTheDestinationShiftPlaysItAndTheTreeGivesAFolder) {
     KeyHand hand;
     hand.s.Bins[1].Destination = 3;
@@ -328,6 +466,34 @@ TEST(BinKeys, ReturnLoadsIntoTheDestinationShiftPlaysItAndTheTreeGivesAFolder) {
     hand.Key(Qt::Key_Return);
     EXPECT_FALSE(tree.isVisible());
     EXPECT_EQ(hand.s.Bins[2].Folder, folder);
+}
+
+TEST(BinKeys, AFolderWhoseNameIsNoUtf8IsTakenByADropAndTheTreeDoesNoHarmToIt) {
+    KeyHand hand;
+    const std::string folder = hand.Own.In("b\xe4sse");
+    std::filesystem::create_directories(folder);
+    std::ofstream(folder + "/deep.wav") << "sample";
+    auto files = std::make_unique<QMimeData>();
+    files->setData("text/uri-list",
+                   "file://" + QByteArray::fromStdString(hand.Own.Path()).toPercentEncoding("/") + "/b%E4sse\r\n");
+    ASSERT_TRUE(hand.DropOn(hand.Part("PickDir_2"), std::move(files)));
+    EXPECT_EQ(hand.s.Bins[2].Folder, folder);
+    EXPECT_EQ(hand.s.Bins[2].Rows.size(), 1U);
+    // The tree cannot show it, so nothing is chosen there, and Return gives nothing.
+    hand.On("PickDir_2", Qt::Key_Space);
+    auto& tree = dynamic_cast<QTreeView&>(hand.Named("FolderTreeview1"));
+    ASSERT_TRUE(tree.isVisible());
+    EXPECT_FALSE(tree.currentIndex().isValid());
+    hand.Key(Qt::Key_Return);
+    EXPECT_TRUE(tree.isVisible());
+    EXPECT_EQ(hand.s.Bins[2].Folder, folder);
+    // Its neighbours are there.
+    const std::string after = hand.Own.In("after");
+    std::filesystem::create_directories(after);
+    tree.setCurrentIndex(dynamic_cast<QFileSystemModel&>(*tree.model()).index(QString::fromStdString(after)));
+    hand.Key(Qt::Key_Return);
+    EXPECT_FALSE(tree.isVisible());
+    EXPECT_EQ(hand.s.Bins[2].Folder, after);
 }
 
 TEST(EscapeKey, LetsGoOfWhatTheMouseHolds) {

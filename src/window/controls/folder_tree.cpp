@@ -94,6 +94,7 @@ void FolderTree::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape) return Close();
     const bool takes = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const auto* opener = dynamic_cast<const FolderTarget*>(before_.data());
+    if (takes && !currentIndex().isValid()) return;  // the toolkit lists no names that are no UTF-8
     if (takes && opener != nullptr) {
         PickDir_DropFolder(s, opener->Bin(), folders_.filePath(currentIndex()).toStdString());
         return Close();
