@@ -43,6 +43,13 @@ whole() {
 }
 width_of() { xwininfo -id "$1" | sed -n 's/^ *Width: //p'; }
 height_of() { xwininfo -id "$1" | sed -n 's/^ *Height: //p'; }
+# over NAME: moves the pointer onto a control of the main window at the size that it has.
+over() {
+  local x y percent
+  read -r x y <<<"$(at "$1")"
+  percent=$(($(width_of "$WINDOW") * 100 / 1040))
+  xdotool mousemove --window "$WINDOW" $((x * percent / 100 - 2)) $((y * percent / 100)) sleep 0.05 mousemove_relative 2 1
+}
 # tap NAME: clicks a control of the main window at the size that it has.
 tap() {
   local x y percent
@@ -90,11 +97,20 @@ same_window() {
   local was=$NUMBER
   stage_window && [[ $WINDOW == "$was" ]]
 }
-# list_open: a window of the program is open that has no title bar to take hold of, as lists have.
+# list_open: a window of the program is open that has no title bar to take hold of, as lists have. So are tool tips.
 list_open() {
   local window
   for window in $(stage_windows); do
+    xprop -id "$window" _NET_WM_WINDOW_TYPE 2>/dev/null | grep -q TYPE_TOOLTIP && continue
     xwininfo -id "$window" | grep -q 'Override Redirect State: yes' && return 0
+  done
+  return 1
+}
+no_list_open() { ! list_open; }
+tip_open() {
+  local window
+  for window in $(stage_windows); do
+    xprop -id "$window" _NET_WM_WINDOW_TYPE 2>/dev/null | grep -q TYPE_TOOLTIP && return 0
   done
   return 1
 }
@@ -151,6 +167,11 @@ for size in 75 100 200; do
   expect "the window of scripts is open" scripts_open
   whole "scripts"
   front
+  if [[ $toured == " $percent" ]]; then
+    over Limiter
+    expect "a tool tip comes up" tip_open
+    expect "which is no list" no_list_open
+  fi
   tap QuickLoadPop
   expect "the list of sets is open" list_open
   whole "list"
@@ -221,7 +242,18 @@ if [[ $STAGE_SIZE == 1920x1080 ]]; then
   tap ToTop
   expect "Regular is back" tall_is 740
   stage_picture "$FOLDER/no manager.png"
-  xdotool windowclose "$WINDOW" 2>/dev/null || true
+  kill "$PROGRAM"
+  until_true 5 stage_gone
+  printf 'marvolin windows 1\nsize 100\n' >"$KEPT"
+  STAGE_UNMANAGED=1
+  stage_start "$FOLDER/marvolin/$(basename "$PROGRAM_FILE")"
+  expect "the splash comes up" until_true 5 stage_splash
+  stage_picture "$FOLDER/no manager, splash.png"
+  xdotool mousemove --window "$SPLASH" 20 20 click 1
+  expect "and goes at a click" until_true 2 stage_no_splash
+  expect "the main window is there" stage_window
+  tap Tab_2
+  stage_picture "$FOLDER/no manager, tab 2.png"
   [[ $FAILURES -eq 0 ]] || { echo "$FAILURES expectations failed"; exit 1; }
   exit 0
 fi

@@ -106,6 +106,51 @@ TEST(ToTop, TheWindowManagerIsAskedToKeepMiniInFrontAndRegularNoMore) {
     EXPECT_FALSE(stage.Form->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
 }
 
+/// Shows the main window, and lets something that is no window of the program have the keyboard then.
+struct Unmanaged : Forms {
+    explicit Unmanaged(bool firstActivate) {
+        Main().hide();
+        s.FirstActivate = firstActivate;
+        Main().show();
+        Settle();
+        Other.resize(50, 50);
+        Other.show();
+        Other.requestActivate();
+        Settle();
+        EXPECT_EQ(QApplication::activeWindow(), nullptr);
+    }
+    bool TakesTheKeyboard() {
+        return QTest::qWaitFor([this] { return QApplication::activeWindow() == &Main(); }, 2500);
+    }
+    QWindow Other;
+};
+
+TEST(Start, AMainWindowThatNoWindowManagerActivatesTakesTheKeyboardItself) {
+    EXPECT_TRUE(Unmanaged(true).TakesTheKeyboard());
+}
+
+TEST(Start, OnceTheStartIsDoneTheMainWindowTakesNoKeyboard) { EXPECT_FALSE(Unmanaged(false).TakesTheKeyboard()); }
+
+// The desktop of the tests has no topmost windows, as some managers have none.
+TEST(ToTop, AManagerWithoutTopmostLeavesAStripThatWorksAndComesBack) {
+    Forms program;
+    program.Windows.Show(Form::Browse);
+    QWidget& browser = *Forms::Browser();
+    browser.raise();
+    QApplication::setActiveWindow(&browser);
+    QTest::mouseClick(program.Main().findChild<QWidget*>("ToTop"), Qt::LeftButton);
+    EXPECT_TRUE(program.s.MiniMode);
+    EXPECT_LT(program.Main().height(), FrmMain::RegularSize().height());
+    program.s.Run[1].Loaded = True;
+    QTest::mouseClick(program.Main().findChild<QWidget*>("Selected_1"), Qt::LeftButton);
+    EXPECT_NE(program.s.Set[1].Selected, False);
+    EXPECT_TRUE(browser.isVisible());
+    QTest::mouseClick(program.Main().findChild<QWidget*>("ToTop"), Qt::LeftButton);
+    EXPECT_FALSE(program.s.MiniMode);
+    EXPECT_EQ(program.Main().height(), FrmMain::RegularSize().height());
+    EXPECT_EQ(QApplication::activeWindow(), &browser) << "nothing asks for the keyboard";
+}
+
 TEST(ToTop, AWindowThatIsNotShownYetComesUpTopmost) {
     Stage stage;
     FrmMain other(stage.s, {});

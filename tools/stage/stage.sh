@@ -4,7 +4,8 @@
 #   stage_open FOLDER [WIDTHxHEIGHT]   starts the display; all files of the run go to FOLDER
 #   stage_install PROGRAM FOLDER       makes a private program folder with the program and what comes with it, without the demo
 #   stage_start PROGRAM                starts the program and waits for its window: sets WINDOW. Its sound goes to the
-#                                      card, or to where STAGE_CARD says (settings of SDL in the environment)
+#                                      card, or to where STAGE_CARD says (settings of SDL in the environment). With
+#                                      STAGE_UNMANAGED nobody is asked to activate the window
 #   stage_clear                        closes the splash
 #   stage_quit                         closes the window as a player does, waits for the end and returns the exit status
 #   stage_close                        ends everything; runs by itself when the script ends
@@ -77,7 +78,7 @@ stage_start() {
   PROGRAM=$!
   STAGE_PIDS+=("$PROGRAM")
   until_true 30 stage_window || { echo "the window did not come: $(cat "$STAGE/program.log")" >&2; return 1; }
-  xdotool windowactivate --sync "$WINDOW" 2>/dev/null
+  [[ -n ${STAGE_UNMANAGED:-} ]] || xdotool windowactivate --sync "$WINDOW" 2>/dev/null
 }
 
 # stage_window: true once the main window is visible, the normal window among those of the program. Sets WINDOW.

@@ -52,8 +52,9 @@ constexpr int kRegularHeight = kTabsTop + TabControl::kHeight + 6 + kBarsHeight;
 constexpr int kMiniHeight = kStripTop + 2 + kBarsHeight;
 static_assert(kRegularHeight <= 740);
 
-constexpr int kPlacePeriod = 33;   // ms
-constexpr int kLoadPeriod = 2000;  // ms
+constexpr int kPlacePeriod = 33;      // ms
+constexpr int kLoadPeriod = 2000;     // ms
+constexpr int kUnmanagedTime = 1000;  // ms in which a window manager activates the window
 
 /// The window that a widget belongs to: that of an open list is the one it was opened from.
 const QWidget& WindowBehind(const QWidget& widget) {
@@ -221,6 +222,12 @@ void FrmMain::ShowPlaces() {
 }
 
 bool FrmMain::event(QEvent* event) {
+    // The start goes on once the window is active, and without a window manager nobody activates it.
+    if (event->type() == QEvent::Show && s.FirstActivate) {
+        QTimer::singleShot(kUnmanagedTime, this, [this] {
+            if (s.FirstActivate && QApplication::activeWindow() == nullptr) activateWindow();
+        });
+    }
     if (event->type() == QEvent::WindowActivate && events_.Activate) {
         const bool done = QWidget::event(event);
         events_.Activate();
