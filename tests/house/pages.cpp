@@ -37,7 +37,7 @@ std::set<std::string> TestsIn(const std::string& source) {
 }
 
 void ReadFolder(const fs::path& folder, TestPrograms& programs) {
-    static const std::regex kProgram(R"(marvolin_test\(\s*(\w+)([^)]*)\))");
+    static const std::regex kProgram(R"(marvolin_(?:window_)?test\(\s*(\w+)([^)]*)\))");
     static const std::regex kSource(R"([\w/]+\.cpp)");
     const std::string lists = ReadPage(folder / "CMakeLists.txt");
     for (std::sregex_iterator call(lists.begin(), lists.end(), kProgram), end; call != end; ++call) {

@@ -75,7 +75,7 @@ constexpr PressText kPressTexts[] = {
     {10019, "Return or Space: takes the entry"},
     {10020, "Space or Return: selects or deselects"},
     {10021, "Space or Return: shows its pattern; with Ctrl: opens the tab, too"},
-    {10023, "Space or Return: plays or stops; with Shift: pauses as long as the key is down"},
+    {10023, "Space or Return: plays or stops, with Ctrl, too; with Shift: pauses as long as the key is down"},
     {10024, "Shift and Space: jumps to the beginning; Ctrl and Space: the mode Loop"},
     {10026, "Space or Return: silent, or full again"},
     {10027, "Space or Return: the middle"},
@@ -83,7 +83,6 @@ constexpr PressText kPressTexts[] = {
     {10029, "Space or Return: disconnects, or connects again"},
     {10031, "Return or Space: takes the entry"},
     {10032, "Return or Space: takes the entry"},
-    {10042, "Space or Return: puts it on the centre"},
     {10126, "Return or Space: loads the sample into the destination; with Shift: plays or stops it"},
     {10127, "Return: the folder for the bin whose button has opened the tree"},
     {10090, "Space or Return: what a double click does"},
@@ -112,6 +111,9 @@ constexpr PressText kOwnKeys[] = {
      "picture of the sound left and right: the volume; up, down, Page Up, Page Down: the mark where a fade is to end; "
      "Space or Return: fades there; Escape: puts the mark back; Shift and Space: turns the fade round; Shift and an "
      "arrow: fine"},
+    {10042,
+     "arrows: a step in their direction, with Shift finely; Page Up and Page Down: ten steps up or down; Space or "
+     "Return: puts it on the centre"},
     {10072,
      "arrows: a step in their direction, with Shift finely; Space or Return: puts it on the centre; Shift and Space: "
      "turns its fade round; Insert: picks up its fade; on the listener Page Up and Page Down: turn it, with Shift "
@@ -123,6 +125,9 @@ constexpr PressText kOwnKeys[] = {
      "its value, with Shift finely; Delete: resets the step; Shift+Delete: erases the lane; Insert: picks it up for "
      "another LoopTrack"},
 };
+
+/// Where the arrows have a finer step with Shift: fade speed, knobs, the reach of the stick.
+constexpr std::int32_t kFineSteps[] = {10010, 10026, 10027, 10028, 10109};
 
 /// The keys of a page's controls, in words.
 std::string KeyWords(std::int32_t topic) {
@@ -137,8 +142,9 @@ std::string KeyWords(std::int32_t topic) {
     const Description* row = RowOf(topic);
     const bool dropDown = row != nullptr && row->Role == QAccessible::ComboBox;
     add(Keys::Press, dropDown ? "Space: opens it" : PressTextOf(topic));
-    add(Keys::Turn, "arrows: one step; Page Up and Page Down: ten; with Shift finely");
-    add(Keys::Move, "arrows: a step in their direction; with Shift finely");
+    const bool fine = std::ranges::find(kFineSteps, topic) != std::end(kFineSteps);
+    add(Keys::Turn, std::string("arrows: one step; Page Up and Page Down: ten") + (fine ? "; with Shift finely" : ""));
+    add(Keys::Move, "arrows: a step in their direction");
     add(Keys::Choose, dropDown ? "then arrows, Page Up, Page Down, Home, End: another entry; Return: takes it"
                                : "arrows, Page Up, Page Down, Home, End: another entry");
     add(Keys::Type, "letters and digits: the text");
