@@ -217,62 +217,65 @@ struct Releases : QObject {
     int Count = 0;
 };
 
+/// A loaded LoopTrack in each row, and a mouse by the desktop's window.
+struct TwoButtons : Stage {
+    TwoButtons() {
+        for (Row row = 0; row < kLoopTracks; ++row) Fill(row);
+    }
+    QPoint On(const char* name) { return InWindow(name, Middle(name)); }
+    void Down(QPoint place, Qt::MouseButton button) { QTest::mousePress(Form->windowHandle(), button, {}, place); }
+    void Up(QPoint place, Qt::MouseButton button) { QTest::mouseRelease(Form->windowHandle(), button, {}, place); }
+    void ClickOn(const char* name, Qt::MouseButton button) {
+        Down(On(name), button);
+        Up(On(name), button);
+    }
+};
+
 TEST(OneButton, WhileSomethingIsDraggedPressAndReleaseOfAnotherReachNothing) {
-    Stage stage;
-    for (Row row = 0; row < kLoopTracks; ++row) stage.Fill(row);
-    QWindow& window = *stage.Form->windowHandle();
+    TwoButtons stage;
     const QPoint ground(4, stage.Form->height() - 60);
-    const std::vector<const char*> controls{"SndDisp_0", "ChannelFlag_3", "LoopIt_2", "Tab_2"};
-    const auto press = [&](const char* name, Qt::MouseButton button) {
-        QTest::mousePress(&window, button, {}, stage.InWindow(name, stage.Middle(name)));
-        QTest::mouseRelease(&window, button, {}, stage.InWindow(name, stage.Middle(name)));
-    };
     const test::Facts before = FactsOf(stage.s);
-    QTest::mousePress(&window, Qt::LeftButton, {}, ground);
+    stage.Down(ground, Qt::LeftButton);
     {
         const OneButton only;
         QCoreApplication::processEvents();
-        for (const char* name : controls) {
-            press(name, Qt::RightButton);
-            press(name, Qt::MiddleButton);
+        for (const char* name : {"SndDisp_0", "ChannelFlag_3", "LoopIt_2", "Tab_2"}) {
+            stage.ClickOn(name, Qt::RightButton);
+            stage.ClickOn(name, Qt::MiddleButton);
         }
         EXPECT_THAT(test::Changed(before, FactsOf(stage.s)), IsEmpty());
     }
-    QTest::mouseRelease(&window, Qt::LeftButton, {}, ground);
+    stage.Up(ground, Qt::LeftButton);
     EXPECT_EQ(stage.s.Run[0].FadeState, kNoFade);
-    press("SndDisp_0", Qt::RightButton);
+    stage.ClickOn("SndDisp_0", Qt::RightButton);
     EXPECT_EQ(stage.s.Run[0].FadeState, kFalling);
 }
 
 TEST(OneButton, TheReleaseOfTheButtonThatBeganPasses) {
-    Stage stage;
-    stage.Fill(0);
-    QWindow& window = *stage.Form->windowHandle();
-    const QPoint place = stage.InWindow("Play_0", stage.Middle("Play_0"));
-    QTest::mousePress(&window, Qt::LeftButton, {}, place);
+    TwoButtons stage;
+    const QPoint play = stage.On("Play_0");
+    stage.Down(play, Qt::LeftButton);
     const OneButton only;
     QCoreApplication::processEvents();
-    QTest::mouseRelease(&window, Qt::RightButton, {}, place);
+    stage.Up(play, Qt::RightButton);
     EXPECT_EQ(stage.s.Run[0].Playing, False);
-    QTest::mouseRelease(&window, Qt::LeftButton, {}, place);
+    stage.Up(play, Qt::LeftButton);
     EXPECT_EQ(stage.s.Run[0].Playing, True);
 }
 
 TEST(OneButton, OfTwoButtonsThatAreDownOnlyTheHoldersReleasePasses) {
-    Stage stage;
-    stage.Fill(0);
-    QWindow& window = *stage.Form->windowHandle();
-    const QPoint place = stage.InWindow("Play_0", stage.Middle("Play_0"));
-    QTest::mousePress(&window, Qt::LeftButton, {}, place);
-    QTest::mousePress(&window, Qt::RightButton, {}, place);
+    TwoButtons stage;
+    const QPoint place = stage.On("Play_0");
+    stage.Down(place, Qt::LeftButton);
+    stage.Down(place, Qt::RightButton);
     Described& play = *DescribedOf(*stage.At("Play_0"));
     EXPECT_EQ(play.Holder(), Qt::LeftButton);
     Releases seen;  // of several filters the last one comes first
     const OneButton only(play.Holder());
     QCoreApplication::processEvents();
-    QTest::mouseRelease(&window, Qt::RightButton, {}, place);
+    stage.Up(place, Qt::RightButton);
     EXPECT_EQ(seen.Count, 0);
-    QTest::mouseRelease(&window, Qt::LeftButton, {}, place);
+    stage.Up(place, Qt::LeftButton);
     EXPECT_GT(seen.Count, 0);
     EXPECT_EQ(stage.s.Run[0].Playing, True);
 }
