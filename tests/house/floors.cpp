@@ -32,7 +32,7 @@ const Library kLibraries[] = {
     {"QScintilla", R"([<"]Qsci/.*[>"])", R"(window/editor/scintilla/.*)"},
     {"SDL", R"([<"](SDL.*)[>"])", R"(audio/openal/.*|performance/joystick/sdl_input\.(h|cpp))"},
     {"OpenAL", R"([<"](AL/.*|al\.h|alc\.h|alext\.h)[>"])", R"(audio/openal/.*)"},
-    {"libsndfile", R"([<"]sndfile.*[>"])", R"(audio/openal/wave_file\.(h|cpp))"},
+    {"libsndfile", R"([<"]sndfile.*[>"])", R"(audio/(openal/wave_file|output/recording_file)\.(h|cpp))"},
     {"liblnk", R"([<"]liblnk.*[>"])", R"(browser/lnk_shortcut\.(h|cpp))"},
     {"Lua", R"([<"](lua.*|lauxlib\.h)[>"])", R"(scripting/lua_library\.(h|cpp))"},
 };

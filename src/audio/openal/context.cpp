@@ -53,8 +53,12 @@ ALCcontext* CreateContext(ALCdevice* device) {
 
 }  // namespace
 
-OpenAlContext::OpenAlContext(std::shared_ptr<LoadMeter> meter)
-    : meter_(std::move(meter)), device_(alcLoopbackOpenDeviceSOFT(nullptr)), ring_(kRingCalls), sender_(ring_) {
+OpenAlContext::OpenAlContext(std::shared_ptr<LoadMeter> meter, std::shared_ptr<OutputChain> chain)
+    : meter_(std::move(meter)),
+      chain_(std::move(chain)),
+      device_(alcLoopbackOpenDeviceSOFT(nullptr)),
+      ring_(kRingCalls),
+      sender_(ring_) {
     if (!device_) throw SoundError(sound_error::kNoDriver);
     context_.reset(CreateContext(device_.get()));
     if (!context_) {
@@ -120,17 +124,19 @@ void OpenAlContext::Render_rt(std::int16_t* out, int frames, bool hasGone) noexc
     const std::lock_guard<std::mutex> applying(applying_);
     const CurrentContext current(context_.get());
     TellClock_rt(hasGone);
+    std::int16_t* end = out;
     for (int left = frames; left > 0;) {
         int piece = std::min(left, kShortestPiece);
         if (gate_.Try_rt()) {
             piece = applier_->Prepare_rt(left);
             gate_.unlock();
         }
-        alcRenderSamplesSOFT(device_.get(), out, piece);
+        alcRenderSamplesSOFT(device_.get(), end, piece);
         applier_->Rendered_rt(piece);
-        out += 2 * piece;
+        end += 2 * piece;
         left -= piece;
     }
+    if (chain_) chain_->Pass_rt(out, frames);
     if (gate_.Try_rt()) {
         applier_->Publish_rt();
         TakeErrors_rt();

@@ -21,6 +21,7 @@
 #include "audio/openal/load_meter.h"
 #include "audio/openal/owner_thread.h"
 #include "audio/openal/source_gate.h"
+#include "audio/output/output_chain.h"
 
 namespace marvolin {
 
@@ -34,7 +35,8 @@ inline constexpr int kOutputRate = 44100;  ///< Hz
 class OpenAlContext {
 public:
     /// `SoundError` `kNoDriver` when the library opens no device, `kOutOfMemory` when it has no memory for one.
-    explicit OpenAlContext(std::shared_ptr<LoadMeter> meter);
+    /// What is rendered passes `chain`; null for none.
+    explicit OpenAlContext(std::shared_ptr<LoadMeter> meter, std::shared_ptr<OutputChain> chain = nullptr);
     ~OpenAlContext();
     OpenAlContext(const OpenAlContext&) = delete;
     OpenAlContext& operator=(const OpenAlContext&) = delete;
@@ -109,6 +111,7 @@ private:
     void ApplyByHand();
 
     std::shared_ptr<LoadMeter> meter_;
+    std::shared_ptr<OutputChain> chain_;
     OwnerThread owner_;
     std::unique_ptr<ALCdevice, Close> device_;
     std::unique_ptr<ALCcontext, Close> context_;

@@ -50,7 +50,8 @@ private:
 /// A root that knows its open device.
 class MeteredRoot : public DirectX7 {
 public:
-    explicit MeteredRoot(std::shared_ptr<CardClock> clock) : clock_(std::move(clock)) {}
+    MeteredRoot(std::shared_ptr<CardClock> clock, std::shared_ptr<OutputChain> chain)
+        : clock_(std::move(clock)), chain_(std::move(chain)) {}
 
     double Load() const { return IsOpen() ? meter_->Percent() : 0; }
     bool Gone() const { return IsOpen() && device_->Gone(); }
@@ -66,7 +67,7 @@ protected:
     void AssertOwner() const { owner_.Assert(); }
     std::shared_ptr<OpenAlContext> OpenContext() {
         meter_->Reset();
-        return std::make_shared<OpenAlContext>(meter_);
+        return std::make_shared<OpenAlContext>(meter_, chain_);
     }
     /// The clock follows the new device, which asks for `period` frames at a time, into a server's buffer of
     /// `serverBuffer` milliseconds.
@@ -92,6 +93,7 @@ private:
     }
     OwnerThread owner_;
     std::shared_ptr<CardClock> clock_;
+    std::shared_ptr<OutputChain> chain_;
     std::shared_ptr<LoadMeter> meter_ = std::make_shared<LoadMeter>();
     std::weak_ptr<OpenAlContext> followed_;
     int period_ = 0;
@@ -133,15 +135,19 @@ struct LoopbackRenderer::Slot {
     std::weak_ptr<OpenAlContext> Context;
     std::shared_ptr<CardClock> Clock;
     int Period = 0;
+    std::shared_ptr<OutputChain> Chain;
 };
 
 namespace {
 
 class LoopbackRoot final : public MeteredRoot {
 public:
-    LoopbackRoot(std::shared_ptr<CardClock> clock, int period,
+    LoopbackRoot(std::shared_ptr<CardClock> clock, int period, std::shared_ptr<OutputChain> chain,
                  std::function<void(std::shared_ptr<OpenAlContext>)> opened)
-        : MeteredRoot(clock), byHand_(clock == nullptr), period_(period), opened_(std::move(opened)) {}
+        : MeteredRoot(clock, std::move(chain)),
+          byHand_(clock == nullptr),
+          period_(period),
+          opened_(std::move(opened)) {}
     std::unique_ptr<DSEnum> GetDSEnum() override {
         AssertOwner();
         return std::make_unique<DriverList>(std::vector<Driver>{kPrimaryDriver});
@@ -164,10 +170,10 @@ private:
 
 }  // namespace
 
-std::unique_ptr<DirectX7> CreateOpenAlSound(std::shared_ptr<CardClock> clock) {
+std::unique_ptr<DirectX7> CreateOpenAlSound(std::shared_ptr<CardClock> clock, std::shared_ptr<OutputChain> chain) {
     if (alcIsExtensionPresent(nullptr, "ALC_SOFT_loopback") != ALC_TRUE)
         throw RuntimeError(sound_error::kNoDriver, "OpenAL has no loopback device");
-    return std::make_unique<SdlRoot>(std::move(clock));
+    return std::make_unique<SdlRoot>(std::move(clock), std::move(chain));
 }
 
 double OpenAlSoundLoad(const DirectX7& service) {
@@ -203,15 +209,15 @@ CallCounts OpenAlCallCounts(const DirectX7& service) {
     return root == nullptr ? CallCounts{} : root->Counts();
 }
 
-LoopbackRenderer::LoopbackRenderer(std::shared_ptr<CardClock> clock, int period)
-    : slot_(std::make_shared<Slot>(Slot{{}, std::move(clock), period})) {}
+LoopbackRenderer::LoopbackRenderer(std::shared_ptr<CardClock> clock, int period, std::shared_ptr<OutputChain> chain)
+    : slot_(std::make_shared<Slot>(Slot{{}, std::move(clock), period, std::move(chain)})) {}
 LoopbackRenderer::~LoopbackRenderer() = default;
 LoopbackRenderer::LoopbackRenderer(LoopbackRenderer&&) noexcept = default;
 LoopbackRenderer& LoopbackRenderer::operator=(LoopbackRenderer&&) noexcept = default;
 
 std::unique_ptr<DirectX7> LoopbackRenderer::Root() {
     return std::make_unique<LoopbackRoot>(
-        slot_->Clock, slot_->Period,
+        slot_->Clock, slot_->Period, slot_->Chain,
         [slot = slot_](std::shared_ptr<OpenAlContext> context) { slot->Context = std::move(context); });
 }
 

@@ -13,6 +13,7 @@
 
 #include "audio/openal/call.h"
 #include "audio/openal/card_clock.h"
+#include "audio/output/output_chain.h"
 #include "core/sound_service.h"
 
 namespace marvolin {
@@ -21,8 +22,9 @@ namespace marvolin {
 /// identifier "", then SDL's devices by name; none when SDL has none.
 /// `RuntimeError` `kNoDriver` when OpenAL has no loopback device.
 /// `clock` follows the open device, and its groups are heard at one frame; one service at a time follows a clock. Null:
-/// every call is heard as soon as can be.
-std::unique_ptr<DirectX7> CreateOpenAlSound(std::shared_ptr<CardClock> clock = nullptr);
+/// every call is heard as soon as can be. What is heard passes `chain`, null for none.
+std::unique_ptr<DirectX7> CreateOpenAlSound(std::shared_ptr<CardClock> clock = nullptr,
+                                            std::shared_ptr<OutputChain> chain = nullptr);
 
 /// Share of the real time that rendering the service's open device takes, percent, smoothed over about a third of a
 /// second. 0 without a device, and for any other service.
@@ -56,7 +58,9 @@ class LoopbackRenderer {
 public:
     /// With a clock, calls are applied at their frames, exactly as in the program: the clock takes each rendering for a
     /// callback of a device with `period` frames. Without one they are applied before the next frame rendered.
-    explicit LoopbackRenderer(std::shared_ptr<CardClock> clock = nullptr, int period = 128);
+    /// What is rendered passes `chain`, null for none.
+    explicit LoopbackRenderer(std::shared_ptr<CardClock> clock = nullptr, int period = 128,
+                              std::shared_ptr<OutputChain> chain = nullptr);
     ~LoopbackRenderer();
     LoopbackRenderer(LoopbackRenderer&&) noexcept;
     LoopbackRenderer& operator=(LoopbackRenderer&&) noexcept;
