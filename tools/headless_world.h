@@ -38,6 +38,8 @@ public:
     void ShowClock() override {}
     void ShowLimit() override {}
     void ShowFadeFactor() override {}
+    void ShowSilence() override {}
+    void ShowRecording() override {}
     void ShowTitle() override {}
     void ShowSteps() override {}
     void ShowPattern(int) override {}

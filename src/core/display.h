@@ -36,6 +36,8 @@ public:
     virtual void ShowClock() = 0;       ///< clock panel of `StatusBar1`
     virtual void ShowLimit() = 0;
     virtual void ShowFadeFactor() = 0;
+    virtual void ShowSilence() = 0;    ///< everything is silent, or heard
+    virtual void ShowRecording() = 0;  ///< whether a recording runs, its time and size
     virtual void ShowTitle() = 0;  ///< caption of the main window and the session in `StatusBar2`
 
     // Tab "Ptrn".

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "core/card_output.h"
 #include "core/desktop.h"
 #include "core/display.h"
 #include "core/input_service.h"
@@ -33,6 +34,8 @@ struct Services {
     std::function<std::unique_ptr<DirectInput>()> CreateDirectInput;
     /// Full path of the file to which a shortcut leads; "" when the shortcut cannot be read or is broken.
     std::function<std::string(const std::string& path)> ResolveShortcut = nullptr;
+    /// The sound on its way to the card; null when there is nothing to silence, measure or record.
+    CardOutput* Output = nullptr;
 };
 
 }  // namespace marvolin

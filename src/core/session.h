@@ -145,6 +145,8 @@ struct Session {
     bool DSReady = false;              ///< a device is open; sound operations quietly do nothing while it is false
     bool DeviceSwapArmed = false;      ///< a change of device saves and restores the session
     float RollOffValue = 0;            ///< roll-off factor in use; 0 when 3D is off
+    std::string RecordingFile;         ///< full path of the recording that runs; "" for none
+    std::string RecordingText;         ///< its time and size, "" for none
     std::vector<std::string> Drivers;  ///< entries of `cboDrivers`; the last is "No Sound"
     std::int16_t Driver = -1;          ///< chosen entry of `cboDrivers`; -1 before the first choice
     std::int16_t OpenDriver = -1;      ///< entry of the open device; -1 while there is none

@@ -46,6 +46,8 @@ public:
     void ShowClock() override { Log.push_back("ShowClock"); }
     void ShowLimit() override { Log.push_back("ShowLimit"); }
     void ShowFadeFactor() override { Log.push_back("ShowFadeFactor"); }
+    void ShowSilence() override { Log.push_back("ShowSilence"); }
+    void ShowRecording() override { Log.push_back("ShowRecording"); }
     void ShowTitle() override { Log.push_back("ShowTitle"); }
     void ShowSteps() override { Log.push_back("ShowSteps"); }
     void ShowPattern(int patternRow) override {

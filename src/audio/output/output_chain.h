@@ -8,14 +8,9 @@
 #include <memory>
 
 #include "audio/output/frame_ring.h"
+#include "core/card_output.h"
 
 namespace marvolin {
-
-/// How loud the sound has been.
-struct OutputLevels {
-    std::array<int, 2> Peak{};  ///< left, right: the furthest from 0, 0..32768
-    bool CutOff = false;        ///< the sum did not fit full scale
-};
 
 /// The last thing that the sound of every device passes, in this order: silence, the meter, the recording. It outlives
 /// the devices, so silence and a recording go on when another one is opened. One device renders at a time.

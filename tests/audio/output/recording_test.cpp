@@ -1,0 +1,150 @@
+#include "audio/recording.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "fakes/fake_output.h"
+#include "fakes/instrument.h"
+#include "fakes/temp_folder.h"
+
+namespace marvolin::test {
+namespace {
+
+/// An instrument with an output to record.
+struct Recording : public ::testing::Test {
+    Recording() {
+        i.Desk.Folder = folder.In("program");
+        std::filesystem::create_directory(i.Desk.Folder);
+        i.s.World.Output = &output;
+        now.tm_year = 126;
+        now.tm_mon = 10;
+        now.tm_mday = 22;
+        now.tm_hour = 21;
+        now.tm_min = 5;
+        now.tm_sec = 9;
+    }
+    std::string In(const std::string& name) const { return i.Desk.Folder + "/Recordings/" + name; }
+
+    TempFolder folder;
+    FakeOutput output;
+    Instrument i;
+    std::tm now{};
+};
+
+TEST_F(Recording, TheFileIsNamedForTheSetAndTheTime) {
+    i.s.CurrentFile = "Late night.v2.mvn";
+    ToggleRecording(i.s, now);
+    EXPECT_EQ(output.Paths, std::vector<std::string>{In("Late night.v2 2026-11-22 21-05-09.wav")});
+    EXPECT_EQ(i.s.StatusText, "Recording into \"Late night.v2 2026-11-22 21-05-09.wav\"");
+}
+
+TEST_F(Recording, WithoutASetItIsNamedForTheProgram) {
+    ToggleRecording(i.s, now);
+    EXPECT_EQ(output.Paths, std::vector<std::string>{In("marvolin 2026-11-22 21-05-09.wav")});
+}
+
+TEST_F(Recording, ASecondOneInTheSameSecondHasANameOfItsOwn) {
+    for (int times = 0; times < 3; ++times) {
+        ToggleRecording(i.s, now);
+        ToggleRecording(i.s, now);
+    }
+    EXPECT_EQ(output.Paths, (std::vector<std::string>{In("marvolin 2026-11-22 21-05-09.wav"),
+                                                      In("marvolin 2026-11-22 21-05-09 (2).wav"),
+                                                      In("marvolin 2026-11-22 21-05-09 (3).wav")}));
+}
+
+TEST_F(Recording, TimeAndSizeShowWhileItRuns) {
+    ToggleRecording(i.s, now);
+    EXPECT_EQ(i.s.RecordingText, "0:00  0.0 MB");
+    EXPECT_EQ(i.Screen.Count("ShowRecording"), 1);
+    output.State.Frames = 44100 * 62 + 44099;
+    WatchRecording(i.s);
+    EXPECT_EQ(i.s.RecordingText, "1:02  11.1 MB");
+    EXPECT_EQ(i.Screen.Count("ShowRecording"), 2);
+    WatchRecording(i.s);
+    EXPECT_EQ(i.Screen.Count("ShowRecording"), 2) << "nothing has changed";
+    output.State.Frames = std::int64_t{44100} * 60 * 600;
+    WatchRecording(i.s);
+    EXPECT_EQ(i.s.RecordingText, "600:00  6350.4 MB");
+}
+
+TEST_F(Recording, TheSecondPressEndsItAndSaysHowLongItIs) {
+    ToggleRecording(i.s, now);
+    output.State.Frames = 44100 * 5;
+    ToggleRecording(i.s, now);
+    EXPECT_FALSE(output.IsRecording());
+    EXPECT_EQ(i.s.StatusText, "Recorded 0:05 into \"marvolin 2026-11-22 21-05-09.wav\"");
+    EXPECT_EQ(i.s.RecordingText, "");
+    EXPECT_EQ(i.s.RecordingFile, "");
+    EXPECT_TRUE(i.Desk.Boxes.empty());
+}
+
+TEST_F(Recording, WhatTheDiskWasTooSlowForIsTold) {
+    ToggleRecording(i.s, now);
+    output.State.Frames = 44100;
+    output.State.Missed = 882;
+    ToggleRecording(i.s, now);
+    EXPECT_EQ(i.s.StatusText,
+              "Recorded 0:01 into \"marvolin 2026-11-22 21-05-09.wav\"; the disk was too slow for 20 ms");
+}
+
+TEST_F(Recording, AFullDiskEndsItWithOneReportThatNamesWhatThereIs) {
+    ToggleRecording(i.s, now);
+    output.State.Frames = 44100 * 5;
+    output.State.Failure = "Disk full";
+    WatchRecording(i.s);
+    WatchRecording(i.s);
+    ASSERT_EQ(i.Desk.Boxes.size(), 1U);
+    EXPECT_EQ(i.Desk.Boxes[0].Text,
+              "The recording has ended: Disk full. What was recorded is in \"marvolin 2026-11-22 21-05-09.wav\".");
+    EXPECT_FALSE(i.Desk.Boxes[0].Waits);
+    EXPECT_FALSE(output.IsRecording());
+    EXPECT_EQ(i.s.RecordingText, "");
+}
+
+TEST_F(Recording, ARecordingThatCannotBeStartedIsReportedAndNothingRuns) {
+    output.Refusal = "Permission denied";
+    ToggleRecording(i.s, now);
+    EXPECT_EQ(i.Desk.LastBox(), "Error starting recording: Permission denied");
+    EXPECT_EQ(i.s.RecordingFile, "");
+    EXPECT_EQ(i.s.RecordingText, "");
+    output.Refusal.clear();
+    ToggleRecording(i.s, now);
+    EXPECT_TRUE(output.IsRecording());
+}
+
+TEST_F(Recording, AFileInPlaceOfTheFolderIsReportedAndStays) {
+    std::ofstream(i.Desk.Folder + "/Recordings") << "a file";
+    ToggleRecording(i.s, now);
+    EXPECT_EQ(i.Desk.LastBox(), "Error starting recording: Path not found");
+    EXPECT_TRUE(std::filesystem::is_regular_file(i.Desk.Folder + "/Recordings"));
+    EXPECT_TRUE(output.Paths.empty());
+}
+
+TEST_F(Recording, AFolderThatCannotBeMadeIsReported) {
+    i.Desk.Folder = folder.In("away");
+    ToggleRecording(i.s, now);
+    EXPECT_EQ(i.Desk.LastBox(), "Error starting recording: File not found");
+}
+
+TEST_F(Recording, SilenceIsAToggleAndSaysHowTheSoundComesBack) {
+    ToggleSilence(i.s);
+    EXPECT_TRUE(output.Silent);
+    EXPECT_EQ(i.s.StatusText, "Silence: F12 brings the sound back");
+    ToggleSilence(i.s);
+    EXPECT_FALSE(output.Silent);
+    EXPECT_EQ(i.s.StatusText, "The sound is back");
+    EXPECT_EQ(i.Screen.Count("ShowSilence"), 2);
+}
+
+TEST_F(Recording, WithoutAnOutputNothingHappens) {
+    i.s.World.Output = nullptr;
+    ToggleRecording(i.s, now);
+    WatchRecording(i.s);
+    ToggleSilence(i.s);
+    EXPECT_EQ(i.s.StatusText, "");
+    EXPECT_TRUE(i.Desk.Boxes.empty());
+}
+
+}  // namespace
+}  // namespace marvolin::test
