@@ -40,6 +40,7 @@ public:
     void ShowFadeFactor() override {}
     void ShowSilence() override {}
     void ShowRecording() override {}
+    void ShowUndo() override {}
     void ShowTitle() override {}
     void ShowSteps() override {}
     void ShowPattern(int) override {}

@@ -38,7 +38,8 @@ public:
     virtual void ShowFadeFactor() = 0;
     virtual void ShowSilence() = 0;    ///< everything is silent, or heard
     virtual void ShowRecording() = 0;  ///< whether a recording runs, its time and size
-    virtual void ShowTitle() = 0;  ///< caption of the main window and the session in `StatusBar2`
+    virtual void ShowUndo() = 0;       ///< what would be taken back and done again
+    virtual void ShowTitle() = 0;      ///< caption of the main window and the session in `StatusBar2`
 
     // Tab "Ptrn".
     virtual void ShowSteps() = 0;                                    ///< label of `NSteps`, and `StepReadOutTop`

@@ -26,6 +26,10 @@
 
 namespace marvolin {
 
+class DeviceWatch;
+class LastState;
+class UndoHistory;
+
 /// One shared drag of a knob-like control: only one control is dragged at a time.
 struct DragState {
     Boolean Dragging = False;
@@ -62,6 +66,8 @@ struct JoystickState {
     std::int16_t LastPadType = 0;
     std::int32_t LastMaster = 0;
     std::int32_t LastPov = 0;
+    std::int32_t LastTwist = 0;
+    bool TwistLetGo = false;  ///< the stick does not move `TwistBall`
     bool ToggleHeld = false;
     bool Refused = false;  ///< the service has refused a place of the stick, and the player knows
     /// Entries of the lists `JButton` and `JAxis`, and the chosen entry of each (-1 none).
@@ -142,14 +148,16 @@ struct Session {
     std::unique_ptr<DirectSound> DS;           ///< the open device, null when none
     std::unique_ptr<DirectSoundBuffer> PrimaryBuffer;
     std::unique_ptr<DirectSound3DListener> Listener;  ///< null when `Use3D` is off
-    bool DSReady = false;              ///< a device is open; sound operations quietly do nothing while it is false
-    bool DeviceSwapArmed = false;      ///< a change of device saves and restores the session
-    float RollOffValue = 0;            ///< roll-off factor in use; 0 when 3D is off
-    std::string RecordingFile;         ///< full path of the recording that runs; "" for none
-    std::string RecordingText;         ///< its time and size, "" for none
-    std::vector<std::string> Drivers;  ///< entries of `cboDrivers`; the last is "No Sound"
-    std::int16_t Driver = -1;          ///< chosen entry of `cboDrivers`; -1 before the first choice
-    std::int16_t OpenDriver = -1;      ///< entry of the open device; -1 while there is none
+    bool DSReady = false;                  ///< a device is open; sound operations quietly do nothing while it is false
+    bool DeviceSwapArmed = false;          ///< a change of device saves and restores the session
+    float RollOffValue = 0;                ///< roll-off factor in use; 0 when 3D is off
+    std::string RecordingFile;             ///< full path of the recording that runs; "" for none
+    std::string RecordingText;             ///< its time and size, "" for none
+    bool Headphones = false;               ///< 3D is made for headphones, by HRTF
+    std::shared_ptr<DeviceWatch> Devices;  ///< waits for outputs and joysticks that come and go; null until it runs
+    std::vector<std::string> Drivers;      ///< entries of `cboDrivers`; the last is "No Sound"
+    std::int16_t Driver = -1;              ///< chosen entry of `cboDrivers`; -1 before the first choice
+    std::int16_t OpenDriver = -1;          ///< entry of the open device; -1 while there is none
 
     // Transport and selection.
     std::string ThinList;                    ///< letters of the playing thinnable LoopTracks, oldest first
@@ -193,14 +201,15 @@ struct Session {
     std::int16_t PadTypeIndex = kVolPad;
     std::int16_t SetChannelChoice = -1;  ///< chosen entry of `SetChannel`
     std::int16_t TwistPosition = 0;
-    bool CursorFree = true;          ///< no ball is being dragged
-    Table<BallHold, 6> BallHolds;    ///< 0..3 the LoopTracks and 4 the listener on the map, 5 the ball of the pad
-    double MapRange = 1.5;           ///< half the side of the map in map units
-    double ListenerX = 0;            ///< map units
-    double ListenerY = 0;            ///< map units
-    std::int16_t ListenerAngle = 0;  ///< whole degrees, 0..359
-    Table<BallPoint, 5> BallPos;     ///< twips; 0..3 the LoopTracks, 4 the listener
-    std::int16_t PosHighlight = -1;  ///< the ball that was highlighted last; -1 none
+    bool CursorFree = true;  ///< no ball is being dragged
+    Table<BallHold, 7>
+        BallHolds;          ///< 0..3 the LoopTracks and 4 the listener on the map, 5 the pad's ball, 6 `TwistBall`
+    double MapRange = 1.5;  ///< half the side of the map in map units
+    double ListenerX = 0;   ///< map units
+    double ListenerY = 0;   ///< map units
+    std::int16_t ListenerAngle = 0;            ///< whole degrees, 0..359
+    Table<BallPoint, 5> BallPos;               ///< twips; 0..3 the LoopTracks, 4 the listener
+    std::int16_t PosHighlight = -1;            ///< the ball that was highlighted last; -1 none
     Table<bool, kLoopTracks> BallHighlighted;  ///< shows its highlighted face; two can, after the listener's turn
     std::int16_t PosMacro = 0;                 ///< chosen entry of `PosMacros`
     std::int32_t WanderElapsed = 0;            ///< ms since the last wander step
@@ -250,6 +259,10 @@ struct Session {
     bool QuickLoadEnabled = false;
     std::int16_t QuickLoadTag = 0;  ///< button that opened the QuickLoad list
     std::int16_t DemoStep = 0;      ///< 0 idle, 1..4 the steps of the start-up demo
+
+    // What is kept against mistakes.
+    std::shared_ptr<UndoHistory> Undo;  ///< what can be taken back; null until there is something
+    std::shared_ptr<LastState> Kept;    ///< the last state as it is kept by itself; null until it is
 
     // Window and start.
     std::int16_t ActiveTab = 0;

@@ -48,6 +48,7 @@ public:
     void ShowFadeFactor() override { Log.push_back("ShowFadeFactor"); }
     void ShowSilence() override { Log.push_back("ShowSilence"); }
     void ShowRecording() override { Log.push_back("ShowRecording"); }
+    void ShowUndo() override { Log.push_back("ShowUndo"); }
     void ShowTitle() override { Log.push_back("ShowTitle"); }
     void ShowSteps() override { Log.push_back("ShowSteps"); }
     void ShowPattern(int patternRow) override {

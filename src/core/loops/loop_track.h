@@ -55,6 +55,8 @@ struct HeldSample {
     std::int32_t Cursor = 0;     ///< bytes
 };
 
+struct MissingSample;
+
 /// The live state of a LoopTrack row; never saved. Row 4 uses only `Playing` and `Paused`.
 struct LoopTrackRun {
     std::unique_ptr<DirectSoundBuffer> Buffer;      ///< null when not `Loaded`; rows 4 and 5 never get one
@@ -76,6 +78,8 @@ struct LoopTrackRun {
     Boolean InBand = False;            ///< operated as a member of a band
     std::int16_t Band = 0;             ///< row of `BandTable` it belongs to
     HeldSample InHand;                 ///< while no device is open: what the row holds as soon as one is
+    /// The row as it was read, while its sample cannot be found; null when nothing is missing.
+    std::shared_ptr<const MissingSample> Missing;
 };
 
 /// A run of neighbouring LoopTracks. `First` > `Last` is an empty band: a walk over it does nothing.

@@ -126,6 +126,12 @@ void QtDisplay::ShowFadeFactor() {
     if (form_ != nullptr) Again(form_->Bar->FadeFactor);
 }
 
+void QtDisplay::ShowSilence() {}
+
+void QtDisplay::ShowRecording() {}
+
+void QtDisplay::ShowUndo() {}
+
 void QtDisplay::ShowTitle() {
     if (form_ != nullptr) form_->RefreshTitle();
 }

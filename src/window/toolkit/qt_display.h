@@ -35,6 +35,9 @@ public:
     void ShowClock() override;
     void ShowLimit() override;
     void ShowFadeFactor() override;
+    void ShowSilence() override;
+    void ShowRecording() override;
+    void ShowUndo() override;
     void ShowTitle() override;
 
     void ShowSteps() override;
