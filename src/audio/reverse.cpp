@@ -104,6 +104,7 @@ void ReverseSample(Session& s, Row row) {
         SwapFrames(bytes.get(), count, frameSize);
     }
     buffer.WriteBuffer(0, {bytes.get(), size});
+    if (const auto sample = buffer.Keep()) sample->Backwards = !sample->Backwards;
 }
 
 // Sample memory is shared, so the reversal shows in every row that holds the file.

@@ -45,6 +45,18 @@ int LoopDuplicateBuffer(Session& s, Row row, Row source) {
     }
 }
 
+int LoopKeptBuffer(Session& s, Row row, const std::shared_ptr<KeptSample>& sample) {
+    try {
+        const std::int32_t flags = s.Use3D ? buffer_flags::kSample3D : buffer_flags::kSample;
+        TakeBuffer(s, row, s.DS->CreateSoundBufferFromKept(sample, flags));
+        return 0;
+    } catch (const RuntimeError& e) {
+        ReleaseBuffer(s, row);
+        ShowDSError(s, "creating sound buffer", e.Number());
+        return 1;
+    }
+}
+
 void ReleaseBuffer(Session& s, Row row) {
     s.Run[row].Buffer3D.reset();
     s.Run[row].Buffer.reset();

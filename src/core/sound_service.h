@@ -86,6 +86,13 @@ public:
     virtual void SetOrientation(const Vector3& front, const Vector3& top) = 0;
 };
 
+/// A sample in memory, apart from the buffers that play it. It does not sound, and outlives them and their device.
+class KeptSample {
+public:
+    virtual ~KeptSample() = default;
+    bool Backwards = false;  ///< the frames stand in the reverse order of the file; kept by who turns them round
+};
+
 /// One sample at the service with its own play cursor, volume, pan and frequency.
 class DirectSoundBuffer {
 public:
@@ -117,6 +124,8 @@ public:
     virtual void ReadBuffer(std::int32_t start, std::span<std::uint8_t> data) = 0;
     /// Copies bytes into the sample from byte `start` on, for this buffer and all duplicates; state and cursors stay.
     virtual void WriteBuffer(std::int32_t start, std::span<const std::uint8_t> data) = 0;
+    /// The sample itself, the same one for a buffer and its duplicates. Null for a buffer without one.
+    virtual std::shared_ptr<KeptSample> Keep() { return nullptr; }
     /// The 3D side; `kNoInterface` on a buffer without it. Lives no longer than the buffer's sound.
     virtual std::unique_ptr<DirectSound3DBuffer> GetDirectSound3dBuffer() = 0;
     /// The listener; only of a primary buffer made with `kControl3D`, else `kNoInterface`.
@@ -137,6 +146,11 @@ public:
                                                                          std::int32_t flags) = 0;
     /// A new buffer that shares the sample memory of `source`, with its own cursor and settings.
     virtual std::unique_ptr<DirectSoundBuffer> DuplicateSoundBuffer(DirectSoundBuffer& source) = 0;
+    /// A new buffer with a sample that was kept, made with `flags`. It shares the sample's memory with the buffers that
+    /// hold it, when these belong to this device and to the same kind of sound, 3D or not; otherwise it has a copy.
+    /// No memory: `kOutOfMemory`; a sample of another service: `kInvalidCall`.
+    virtual std::unique_ptr<DirectSoundBuffer> CreateSoundBufferFromKept(const std::shared_ptr<KeptSample>& sample,
+                                                                         std::int32_t flags) = 0;
     virtual std::int32_t GetSpeakerConfig() = 0;
     virtual void SetSpeakerConfig(std::int32_t config) = 0;
 };

@@ -49,6 +49,12 @@ public:
         sound_.Note("DuplicateSoundBuffer", original.Name());
         return std::make_unique<FakeSound::Buffer>(sound_, sound_.Buffers++, original.GetCaps().Flags, original.Sample);
     }
+    std::unique_ptr<DirectSoundBuffer> CreateSoundBufferFromKept(const std::shared_ptr<KeptSample>& sample,
+                                                                 std::int32_t flags) override {
+        sound_.Note("CreateSoundBufferFromKept", "");
+        auto kept = std::dynamic_pointer_cast<FakeSample>(sample);
+        return std::make_unique<FakeSound::Buffer>(sound_, sound_.Buffers++, flags, std::move(kept));
+    }
     std::int32_t GetSpeakerConfig() override {
         sound_.Note("GetSpeakerConfig", "");
         return sound_.SpeakerConfig;

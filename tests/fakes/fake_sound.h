@@ -16,13 +16,13 @@
 namespace marvolin::test {
 
 /// Content of a sample file of the fake service.
-struct FakeSample {
+struct FakeSample : KeptSample {
     WaveFormat Format{1, 2, 44100, 16, 4, 176400, 0};
     std::vector<std::uint8_t> Bytes = std::vector<std::uint8_t>(176400, 0);
     FakeSample();
     FakeSample(const FakeSample&);
     FakeSample& operator=(const FakeSample&);
-    ~FakeSample();
+    ~FakeSample() override;
 };
 
 /// State shared by all objects of one fake service.
@@ -127,6 +127,7 @@ public:
         const std::size_t n = std::min(data.size(), Sample->Bytes.size() - from);
         std::copy_n(data.begin(), n, Sample->Bytes.begin() + static_cast<std::ptrdiff_t>(from));
     }
+    std::shared_ptr<KeptSample> Keep() override { return Sample; }
     std::unique_ptr<DirectSound3DBuffer> GetDirectSound3dBuffer() override;
     std::unique_ptr<DirectSound3DListener> GetDirectSound3dListener() override;
     std::string Name() const { return number_ < 0 ? "p" : "b" + std::to_string(number_); }

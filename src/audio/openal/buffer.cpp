@@ -18,13 +18,17 @@ void Require(bool condition, std::uint32_t number = sound_error::kInvalidArgumen
     if (!condition) throw SoundError(number);
 }
 
+void RequireSampleFlags(std::int32_t flags) {
+    Require((flags & buffer_flags::kControl3D) == 0 || (flags & buffer_flags::kControlPan) == 0);
+    Require((flags & buffer_flags::kPrimary) == 0);
+}
+
 }  // namespace
 
 OpenAlBuffer::OpenAlBuffer(const std::shared_ptr<OpenAlContext>& context, const std::string& path, std::int32_t flags)
     : flags_(flags) {
     const bool spatial = Can(buffer_flags::kControl3D);
-    Require(!spatial || !Can(buffer_flags::kControlPan));
-    Require(!Can(buffer_flags::kPrimary));
+    RequireSampleFlags(flags);
     voice_ = std::make_shared<OpenAlVoice>(context, std::make_shared<SampleMemory>(context, path, spatial), spatial);
 }
 
@@ -38,6 +42,16 @@ OpenAlBuffer::OpenAlBuffer(const std::shared_ptr<OpenAlContext>& context, const 
     if (!spatial) return;
     voice_->SetDistances(original.MinDistance(), original.MaxDistance());
     voice_->SetPosition(original.Position());
+}
+
+OpenAlBuffer::OpenAlBuffer(const std::shared_ptr<OpenAlContext>& context, const std::shared_ptr<SampleMemory>& sample,
+                           std::int32_t flags)
+    : flags_(flags) {
+    const bool spatial = Can(buffer_flags::kControl3D);
+    RequireSampleFlags(flags);
+    const auto own =
+        sample->Suits(*context, spatial) ? sample : std::make_shared<SampleMemory>(context, *sample, spatial);
+    voice_ = std::make_shared<OpenAlVoice>(context, own, spatial);
 }
 
 OpenAlVoice& OpenAlBuffer::Voice() const {
@@ -110,6 +124,8 @@ void OpenAlBuffer::ReadBuffer(std::int32_t start, std::span<std::uint8_t> data) 
 void OpenAlBuffer::WriteBuffer(std::int32_t start, std::span<const std::uint8_t> data) {
     Sample().Write(start, data.first(Share(start, data.size())));
 }
+
+std::shared_ptr<KeptSample> OpenAlBuffer::Keep() { return Voice().Sample(); }
 
 std::unique_ptr<DirectSound3DBuffer> OpenAlBuffer::GetDirectSound3dBuffer() {
     Voice();

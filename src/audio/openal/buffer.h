@@ -18,6 +18,11 @@ public:
     /// A duplicate: silent, its cursor at 0, everything else as in `source`.
     OpenAlBuffer(const std::shared_ptr<OpenAlContext>& context, const OpenAlBuffer& source);
 
+    /// A new buffer with a sample that was kept; shared when it suits the mixer and the flags, otherwise copied. Errors
+    /// are `kOutOfMemory`, and `kInvalidArgument` for flags that exclude each other.
+    OpenAlBuffer(const std::shared_ptr<OpenAlContext>& context, const std::shared_ptr<SampleMemory>& sample,
+                 std::int32_t flags);
+
     bool BelongsTo(const OpenAlContext& context) const { return &voice_->Context() == &context; }
 
     BufferCaps GetCaps() override;
@@ -34,6 +39,7 @@ public:
     void SetPan(std::int32_t hundredths) override;
     void ReadBuffer(std::int32_t start, std::span<std::uint8_t> data) override;
     void WriteBuffer(std::int32_t start, std::span<const std::uint8_t> data) override;
+    std::shared_ptr<KeptSample> Keep() override;
     std::unique_ptr<DirectSound3DBuffer> GetDirectSound3dBuffer() override;
     std::unique_ptr<DirectSound3DListener> GetDirectSound3dListener() override;
 

@@ -53,6 +53,14 @@ std::unique_ptr<DirectSoundBuffer> OpenAlDevice::DuplicateSoundBuffer(DirectSoun
     return std::make_unique<OpenAlBuffer>(context_, *original);
 }
 
+std::unique_ptr<DirectSoundBuffer> OpenAlDevice::CreateSoundBufferFromKept(const std::shared_ptr<KeptSample>& sample,
+                                                                           std::int32_t flags) {
+    context_->AssertOwner();
+    const auto kept = std::dynamic_pointer_cast<SampleMemory>(sample);
+    if (!kept) throw SoundError(sound_error::kInvalidCall);
+    return std::make_unique<OpenAlBuffer>(context_, kept, flags);
+}
+
 std::int32_t OpenAlDevice::GetSpeakerConfig() {
     context_->AssertOwner();
     return speakers_;

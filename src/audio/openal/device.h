@@ -31,6 +31,8 @@ public:
     std::unique_ptr<DirectSoundBuffer> CreateSoundBuffer(std::int32_t flags) override;
     std::unique_ptr<DirectSoundBuffer> CreateSoundBufferFromFile(const std::string& path, std::int32_t flags) override;
     std::unique_ptr<DirectSoundBuffer> DuplicateSoundBuffer(DirectSoundBuffer& source) override;
+    std::unique_ptr<DirectSoundBuffer> CreateSoundBufferFromKept(const std::shared_ptr<KeptSample>& sample,
+                                                                 std::int32_t flags) override;
     std::int32_t GetSpeakerConfig() override;
     /// Only remembered: the output is always stereo.
     void SetSpeakerConfig(std::int32_t config) override;

@@ -82,15 +82,7 @@ SampleMemory::SampleMemory(std::shared_ptr<OpenAlContext> context, const std::st
     WaveFile file(path);
     format_ = file.Format();
     bytes_ = file.Bytes();
-    std::shared_ptr<PlaneBuffers> planes;
-    // The sample that was there before gives its memory back first.
-    context_->CatchUp();
-    try {
-        data_ = std::make_unique_for_overwrite<std::uint8_t[]>(static_cast<std::size_t>(bytes_));
-        planes = NewPlanes();
-    } catch (const std::bad_alloc&) {
-        throw SoundError(sound_error::kOutOfMemory);
-    }
+    std::shared_ptr<PlaneBuffers> planes = MakeRoom();
     // Piece by piece, so that the bytes are still in the cache when the channels are taken out of them.
     for (std::int32_t at = 0; at < bytes_; at += PlaneBuffers::kPieceBytes) {
         const std::int32_t size = std::min(PlaneBuffers::kPieceBytes, bytes_ - at);
@@ -99,6 +91,34 @@ SampleMemory::SampleMemory(std::shared_ptr<OpenAlContext> context, const std::st
         planes->Put(at / format_.BlockAlign, piece);
     }
     planes_ = std::move(planes);
+}
+
+SampleMemory::SampleMemory(std::shared_ptr<OpenAlContext> context, const SampleMemory& other, bool spatial)
+    : KeptSample(other), context_(std::move(context)), format_(other.format_), bytes_(other.bytes_), spatial_(spatial) {
+    context_->Renew();
+    std::shared_ptr<PlaneBuffers> planes = MakeRoom();
+    std::copy_n(other.data_.get(), bytes_, data_.get());
+    Fill(*planes);
+    planes_ = std::move(planes);
+}
+
+std::shared_ptr<PlaneBuffers> SampleMemory::MakeRoom() {
+    // The sample that was there before gives its memory back first.
+    context_->CatchUp();
+    try {
+        data_ = std::make_unique_for_overwrite<std::uint8_t[]>(static_cast<std::size_t>(bytes_));
+        return NewPlanes();
+    } catch (const std::bad_alloc&) {
+        throw SoundError(sound_error::kOutOfMemory);
+    }
+}
+
+void SampleMemory::Fill(PlaneBuffers& planes) const {
+    for (std::int32_t at = 0; at < bytes_; at += PlaneBuffers::kPieceBytes) {
+        const std::int32_t size = std::min(PlaneBuffers::kPieceBytes, bytes_ - at);
+        planes.Put(at / format_.BlockAlign,
+                   Data().subspan(static_cast<std::size_t>(at), static_cast<std::size_t>(size)));
+    }
 }
 
 std::shared_ptr<PlaneBuffers> SampleMemory::NewPlanes() const {
@@ -118,11 +138,7 @@ void SampleMemory::Write(std::int32_t start, std::span<const std::uint8_t> data)
         throw SoundError(sound_error::kOutOfMemory);
     }
     std::copy(data.begin(), data.end(), data_.get() + start);
-    for (std::int32_t at = 0; at < bytes_; at += PlaneBuffers::kPieceBytes) {
-        const std::int32_t size = std::min(PlaneBuffers::kPieceBytes, bytes_ - at);
-        planes->Put(at / format_.BlockAlign,
-                    Data().subspan(static_cast<std::size_t>(at), static_cast<std::size_t>(size)));
-    }
+    Fill(*planes);
     const OpenAlContext::Held together(*context_);
     for (std::size_t i = 0; i < users_.size(); ++i) users_[i]->GoOnIn(std::move(sources[i]));
     planes_ = std::move(planes);

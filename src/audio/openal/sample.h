@@ -51,11 +51,18 @@ public:
 };
 
 /// The bytes of a sample as in the file, and the buffers of OpenAL made from them.
-class SampleMemory {
+class SampleMemory final : public KeptSample {
 public:
     /// Reads a file wholly; the errors are those of `WaveFile`, and `kOutOfMemory`.
     SampleMemory(std::shared_ptr<OpenAlContext> context, const std::string& path, bool spatial);
 
+    /// A copy of `other` for a mixer and a kind of sound that are not its own. Errors: `kOutOfMemory`.
+    SampleMemory(std::shared_ptr<OpenAlContext> context, const SampleMemory& other, bool spatial);
+
+    /// True when buffers of this mixer can sound it as it is.
+    bool Suits(const OpenAlContext& context, bool spatial) const {
+        return context_.get() == &context && spatial_ == spatial;
+    }
     const WaveFormat& Format() const { return format_; }
     std::int32_t Bytes() const { return bytes_; }
     std::span<const std::uint8_t> Data() const { return {data_.get(), static_cast<std::size_t>(bytes_)}; }
@@ -70,6 +77,10 @@ public:
 
 private:
     std::shared_ptr<PlaneBuffers> NewPlanes() const;
+    /// Makes room for the bytes, and the planes for them. `SoundError` `kOutOfMemory`.
+    std::shared_ptr<PlaneBuffers> MakeRoom();
+    /// Fills the planes with the bytes.
+    void Fill(PlaneBuffers& planes) const;
 
     std::shared_ptr<OpenAlContext> context_;
     WaveFormat format_;

@@ -1,0 +1,116 @@
+#include "persistence/undo/instrument_restore.h"
+
+#include "audio/thinning.h"
+#include "browser/destinations.h"
+#include "browser/sample_bins.h"
+#include "parameters/mapping.h"
+#include "parameters/position.h"
+#include "performance/map/sound_map.h"
+#include "performance/pad/pad_tables.h"
+#include "persistence/quick_load.h"
+#include "persistence/settings_section.h"
+
+namespace marvolin {
+
+namespace {
+
+bool Asks(InstrumentParts parts, InstrumentPart part) { return (parts & part) != 0; }
+
+void PutBands(Session& s, const InstrumentState& goal) {
+    s.BandTable = goal.Bands;
+    s.SelectionControlled = goal.SelectionControlled;
+    s.World.Screen.ShowBands();
+    for (int button = 0; button <= kBands; ++button) s.World.Screen.ShowSelector(button);
+}
+
+void PutNames(Session& s, const InstrumentState& goal) {
+    s.CurrentFolder = goal.Folder;
+    s.CurrentFile = goal.File;
+    s.DialogueFile = goal.DialogueFile;
+    s.Title = goal.Title;
+    s.SaveItEnabled = goal.SaveItEnabled;
+    s.SaveOpenSwitches[kWhenSaving] = goal.SavingSwitches;
+    s.World.Screen.ShowTitle();
+    s.World.Screen.ShowSaveOpen();
+    UpdateQuickLoad(s);
+}
+
+void PutBins(Session& s, const InstrumentState& goal) {
+    for (int bin = 0; bin < kBins; ++bin) {
+        const BinState& wanted = goal.Bins[bin];
+        if (s.Bins[bin].Folder != wanted.Folder) {
+            SetPickDir(s, bin, wanted.Folder);
+            UpdatePickFile(s, bin);
+        }
+        s.Bins[bin].ClickPlay = wanted.ClickPlay;
+        SetFileDestination(s, bin, wanted.Destination);
+        s.World.Screen.ShowBin(bin);
+    }
+}
+
+void PutPad(Session& s, const InstrumentState& goal) {
+    for (int type = 0; type < static_cast<int>(s.PadTable.size()); ++type) {
+        s.PadTable[type].X = goal.Pad[type].X;
+        s.PadTable[type].Y = goal.Pad[type].Y;
+    }
+    s.PadTypeIndex = goal.PadType;
+    s.TwistPosition = goal.Twist;
+    s.ChannelVol = goal.ChannelVol;
+    s.ChannelPan = goal.ChannelPan;
+    s.ChannelHz = goal.ChannelHz;
+    MapHZAll(s);
+    MapPanAll(s);
+    MapVolAll(s);
+    s.World.Screen.ShowPad();
+    s.World.Screen.ShowPadBall();
+    PadTwistShow(s, s.PadTypeIndex);
+}
+
+void PutSettings(Session& s, const InstrumentState& goal, const InstrumentState& now) {
+    KeyedTable different = DifferentSettings(goal.Settings, now.Settings);
+    if (different.Pairs().empty()) return;
+    // Without the number of drivers a stored driver means nothing.
+    if (const TaggedValue* drivers = goal.Settings.Find("NDevices")) different.Put("NDevices", *drivers);
+    ApplySettings(s, different);
+}
+
+}  // namespace
+
+void RestoreSpace(Session& s, const InstrumentState& goal, InstrumentParts parts) {
+    if (!Asks(parts, kSpacePart)) return;
+    if (s.MapSize != goal.MapSize) MapSize_Change(s, goal.MapSize);
+    if (s.Use3D && goal.Use3D && s.RollOffValue != goal.RollOff) SetRollOff(s, goal.RollOff);
+}
+
+void RestoreTables(Session& s, const InstrumentState& goal, InstrumentParts parts) {
+    if (Asks(parts, kBandsPart)) PutBands(s, goal);
+    if (Asks(parts, kHistoryPart)) s.History = goal.History;
+    if (Asks(parts, kMacroPart)) {
+        s.PosMacro = goal.PosMacro;
+        s.World.Screen.ShowMapControls();
+    }
+    if (Asks(parts, kWireChoicePart)) {
+        s.SetChannelChoice = goal.WireChoice;
+        s.World.Screen.ShowPad();
+    }
+    if (Asks(parts, kNamesPart)) PutNames(s, goal);
+}
+
+void RestoreThinList(Session& s, const std::string& goal) {
+    std::string letters;
+    for (const char letter : goal + s.ThinList) {
+        const auto row = static_cast<Row>(letter - 'A');
+        const bool takesPart = s.Set[row].Thinnable != False && CanBeThinned(s, row);
+        if (takesPart && letters.find(letter) == std::string::npos) letters += letter;
+    }
+    s.ThinList = letters;
+}
+
+void RestoreOptions(Session& s, const InstrumentState& goal, const InstrumentState& now, InstrumentParts parts) {
+    if (Asks(parts, kSettingsPart)) PutSettings(s, goal, now);
+    if (Asks(parts, kBinsPart)) PutBins(s, goal);
+    // After the settings, whose curves centre the ball.
+    if (Asks(parts, kPadPart)) PutPad(s, goal);
+}
+
+}  // namespace marvolin

@@ -1,0 +1,72 @@
+#pragma once
+/// \file
+/// What a step can change beside the rows: bands, histories, and all that a set replaces.
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "core/files/keyed_table.h"
+#include "core/session.h"
+#include "core/undo_step.h"
+
+namespace marvolin {
+
+/// The parts of an instrument that a step changes each for itself, as bits.
+using InstrumentParts = std::uint32_t;
+enum InstrumentPart : InstrumentParts {
+    kBandsPart = 1U << 0,       ///< the bands and the seven selectors
+    kHistoryPart = 1U << 1,     ///< the palettes
+    kThinListPart = 1U << 2,    ///< the order of thinning
+    kMacroPart = 1U << 3,       ///< the choice in `PosMacros`
+    kWireChoicePart = 1U << 4,  ///< the choice in `SetChannel`
+    // Only with `UndoScope::Everything`.
+    kPadPart = 1U << 5,       ///< the balls of the pad, its type, the channels
+    kSpacePart = 1U << 6,     ///< 3D sound, roll-off, size of the map
+    kNamesPart = 1U << 7,     ///< folder, file and switches of the current set
+    kSettingsPart = 1U << 8,  ///< the options
+    kBinsPart = 1U << 9,      ///< folders and destinations of the bins
+};
+
+/// What comes back of a bin.
+struct BinState {
+    std::string Folder;
+    std::int16_t Destination = 0;
+    std::int16_t ClickPlay = 0;
+    friend bool operator==(const BinState&, const BinState&) = default;
+};
+
+/// The instrument beside its rows as it was at one moment.
+struct InstrumentState {
+    Table<Band, kBands> Bands;
+    bool SelectionControlled = true;
+    Table<std::vector<std::string>, 5> History;
+    std::string ThinList;
+    std::int16_t PosMacro = 0;
+    std::int16_t WireChoice = -1;
+
+    bool Whole = false;  ///< what follows has been captured as well
+    Table<PadRecord, 5> Pad;
+    std::int16_t PadType = 0;
+    std::int16_t Twist = 0;
+    Table<std::int16_t, kChannels + 1> ChannelVol, ChannelPan, ChannelHz;
+    bool Use3D = false;
+    float RollOff = 0;
+    std::int16_t MapSize = 0;
+    std::string Folder, File, DialogueFile, Title;
+    bool SaveItEnabled = false;
+    clsSwitchRecord SavingSwitches;
+    KeyedTable Settings;
+    Table<BinState, kBins> Bins;
+};
+
+/// The instrument as it is; all of it with `UndoScope::Everything`.
+InstrumentState CaptureInstrument(const Session& s, UndoScope scope);
+/// The parts in which the two differ; of what only one of them has, none.
+InstrumentParts DifferentParts(const InstrumentState& before, const InstrumentState& after);
+/// Copies some parts.
+void CopyParts(InstrumentState& to, const InstrumentState& from, InstrumentParts parts);
+/// The settings in which the two differ, with the values of `wanted`.
+KeyedTable DifferentSettings(const KeyedTable& wanted, const KeyedTable& other);
+
+}  // namespace marvolin

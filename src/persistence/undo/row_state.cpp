@@ -1,0 +1,179 @@
+#include "persistence/undo/row_state.h"
+
+#include <array>
+
+#include "audio/play_modes.h"
+
+namespace marvolin {
+
+namespace {
+
+struct PartRow {
+    RowPart Part;
+    bool (*Same)(const RowState& a, const RowState& b);
+    void (*Copy)(RowState& to, const RowState& from);
+};
+
+template <auto Field>
+bool SameField(const RowState& a, const RowState& b) {
+    return a.*Field == b.*Field;
+}
+template <auto Field>
+void CopyField(RowState& to, const RowState& from) {
+    to.*Field = from.*Field;
+}
+template <auto Field>
+bool SameSetting(const RowState& a, const RowState& b) {
+    return a.Set.*Field == b.Set.*Field;
+}
+template <auto Field>
+void CopySetting(RowState& to, const RowState& from) {
+    to.Set.*Field = from.Set.*Field;
+}
+template <int PatternRow>
+bool SamePattern(const RowState& a, const RowState& b) {
+    return a.Set.Pattern[PatternRow] == b.Set.Pattern[PatternRow];
+}
+template <int PatternRow>
+void CopyPattern(RowState& to, const RowState& from) {
+    to.Set.Pattern[PatternRow] = from.Set.Pattern[PatternRow];
+}
+
+bool SameSample(const RowState& a, const RowState& b) {
+    return a.Loaded == b.Loaded && a.Sample == b.Sample && a.Set.FileName == b.Set.FileName &&
+           a.Set.Length == b.Set.Length && a.InHand.FileName == b.InHand.FileName && a.Missing == b.Missing;
+}
+
+void CopySample(RowState& to, const RowState& from) {
+    to.Loaded = from.Loaded;
+    to.Sample = from.Sample;
+    to.Set.FileName = from.Set.FileName;
+    to.Set.SampleRate = from.Set.SampleRate;
+    to.Set.BufferBytes = from.Set.BufferBytes;
+    to.Set.Length = from.Set.Length;
+    to.Set.AvgBytesPerSec = from.Set.AvgBytesPerSec;
+    to.Missing = from.Missing;
+}
+
+// The cursor and the step go on by themselves.
+bool SameSounding(const RowState& a, const RowState& b) {
+    return a.InHand.Playing == b.InHand.Playing && a.InHand.Paused == b.InHand.Paused;
+}
+
+void CopySounding(RowState& to, const RowState& from) {
+    to.InHand = from.InHand;
+    to.FadeState = from.FadeState;
+    to.FadeValue = from.FadeValue;
+    to.FadeTarget = from.FadeTarget;
+    to.FadeToMark = from.FadeToMark;
+    to.Step = from.Step;
+    to.StepElapsed = from.StepElapsed;
+    to.PlayRequest = from.PlayRequest;
+    to.StepDue = from.StepDue;
+}
+
+bool SameBeatStart(const RowState& a, const RowState& b) {
+    return a.Set.BeatStart == b.Set.BeatStart && a.BeatStartBytes == b.BeatStartBytes;
+}
+void CopyBeatStart(RowState& to, const RowState& from) {
+    to.Set.BeatStart = from.Set.BeatStart;
+    to.BeatStartBytes = from.BeatStartBytes;
+}
+
+bool SamePlace(const RowState& a, const RowState& b) {
+    return a.Set.PositionX == b.Set.PositionX && a.Set.PositionY == b.Set.PositionY;
+}
+void CopyPlace(RowState& to, const RowState& from) {
+    to.Set.PositionX = from.Set.PositionX;
+    to.Set.PositionY = from.Set.PositionY;
+}
+
+bool SameBand(const RowState& a, const RowState& b) { return a.InBand == b.InBand && a.Band == b.Band; }
+void CopyBand(RowState& to, const RowState& from) {
+    to.InBand = from.InBand;
+    to.Band = from.Band;
+}
+
+constexpr std::array<PartRow, 20> kParts{{
+    {kSamplePart, SameSample, CopySample},
+    {kReversedPart, SameField<&RowState::Reversed>, CopyField<&RowState::Reversed>},
+    {kSoundingPart, SameSounding, CopySounding},
+    {kVolPart, SameSetting<&LoopTrackSet::Vol>, CopySetting<&LoopTrackSet::Vol>},
+    {kPanPart, SameSetting<&LoopTrackSet::Pan>, CopySetting<&LoopTrackSet::Pan>},
+    {kHzPart, SameSetting<&LoopTrackSet::Hz>, CopySetting<&LoopTrackSet::Hz>},
+    {kModePart, SameSetting<&LoopTrackSet::PlayMode>, CopySetting<&LoopTrackSet::PlayMode>},
+    {kThinnablePart, SameSetting<&LoopTrackSet::Thinnable>, CopySetting<&LoopTrackSet::Thinnable>},
+    {kStepDurationPart, SameSetting<&LoopTrackSet::StepDuration>, CopySetting<&LoopTrackSet::StepDuration>},
+    {kSwingPart, SameSetting<&LoopTrackSet::Swing>, CopySetting<&LoopTrackSet::Swing>},
+    {kBeatStartPart, SameBeatStart, CopyBeatStart},
+    {kNStepsPart, SameSetting<&LoopTrackSet::NSteps>, CopySetting<&LoopTrackSet::NSteps>},
+    {kVolPatternPart, SamePattern<kVolPattern>, CopyPattern<kVolPattern>},
+    {kHzPatternPart, SamePattern<kHzPattern>, CopyPattern<kHzPattern>},
+    {kPanPatternPart, SamePattern<kPanPattern>, CopyPattern<kPanPattern>},
+    {kPlacePart, SamePlace, CopyPlace},
+    {kWirePart, SameSetting<&LoopTrackSet::Channel>, CopySetting<&LoopTrackSet::Channel>},
+    {kSelectedPart, SameSetting<&LoopTrackSet::Selected>, CopySetting<&LoopTrackSet::Selected>},
+    {kLinePart, SameField<&RowState::Line>, CopyField<&RowState::Line>},
+    {kBandPart, SameBand, CopyBand},
+}};
+
+void CaptureSounding(Session& s, Row row, RowState& state) {
+    const LoopTrackRun& run = s.Run[row];
+    HeldSample& sounding = state.InHand;
+    sounding = run.InHand;
+    if (run.Loaded == False || !run.Buffer) return;
+    sounding.Playing = run.Playing != False;
+    sounding.Paused = run.Paused != False;
+    try {
+        const std::int32_t status = run.Buffer->GetStatus();
+        sounding.Sounds = (status & buffer_status::kPlaying) != 0;
+        sounding.Loops = (status & buffer_status::kLooping) != 0;
+        sounding.Cursor = run.Buffer->GetCurrentPosition();
+    } catch (const RuntimeError&) {
+        sounding.Sounds = sounding.Playing && !sounding.Paused;
+        sounding.Loops = LoopPlayFlags(s.Set[row].PlayMode) != 0;
+    }
+}
+
+}  // namespace
+
+RowState CaptureRow(Session& s, Row row) {
+    const LoopTrackRun& run = s.Run[row];
+    RowState state;
+    state.Set = s.Set[row];
+    state.Loaded = run.Loaded;
+    if (run.Loaded != False && run.Buffer) state.Sample = run.Buffer->Keep();
+    state.Reversed = run.Reversed;
+    state.BeatStartBytes = run.BeatStartBytes;
+    state.Missing = run.Missing;
+    CaptureSounding(s, row, state);
+    state.FadeState = run.FadeState;
+    state.FadeValue = run.FadeValue;
+    state.FadeTarget = run.FadeTarget;
+    state.FadeToMark = run.FadeToMark;
+    state.Step = run.Step;
+    state.StepElapsed = run.StepElapsed;
+    state.PlayRequest = run.PlayRequest;
+    state.StepDue = run.StepDue;
+    if (row < static_cast<Row>(s.SndDisp.size())) state.Line = s.SndDisp[row].Line;
+    state.InBand = run.InBand;
+    state.Band = run.Band;
+    return state;
+}
+
+RowParts DifferentParts(const RowState& before, const RowState& after) {
+    RowParts parts = 0;
+    for (const PartRow& part : kParts) {
+        if (!part.Same(before, after)) parts |= part.Part;
+    }
+    if ((parts & kSamplePart) != 0) parts |= kReversedPart | kSoundingPart | kBeatStartPart;
+    return parts;
+}
+
+void CopyParts(RowState& to, const RowState& from, RowParts parts) {
+    for (const PartRow& part : kParts) {
+        if ((parts & part.Part) != 0) part.Copy(to, from);
+    }
+}
+
+}  // namespace marvolin

@@ -1,0 +1,185 @@
+#include "persistence/undo/undo_record.h"
+
+#include <algorithm>
+
+#include "audio/loop_clearing.h"
+#include "audio/transport.h"
+#include "core/files/paths.h"
+#include "core/loops/loop_views.h"
+#include "performance/map/use_3d.h"
+#include "persistence/undo/instrument_restore.h"
+#include "persistence/undo/row_restore.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr RowParts kPatternParts = kVolPatternPart | kHzPatternPart | kPanPatternPart | kNStepsPart;
+constexpr InstrumentParts kOfRows = kBandsPart | kHistoryPart | kThinListPart | kMacroPart | kWireChoicePart;
+constexpr InstrumentParts kOfSet = kPadPart | kSpacePart | kNamesPart | kSettingsPart | kBinsPart;
+
+bool WantsClips(UndoScope scope) { return scope == UndoScope::Clips || scope == UndoScope::Everything; }
+
+// A row keeps the memory of its sample only where the sample comes back with it.
+void KeepOnlyChanged(UndoRecord& step) {
+    for (Row row = 0; row < kUndoRows; ++row) {
+        if ((step.RowsChanged[row] & kSamplePart) == 0) step.Rows[row].Sample.reset();
+    }
+}
+
+bool Switches3D(const Session& s, const UndoRecord& step) {
+    return (step.RestChanged & kSpacePart) != 0 && step.Rest.Use3D != s.Use3D;
+}
+
+// A change of 3D makes all buffers anew, so all samples come back from their memory, also those of other rows.
+void TakeAlongAllRows(UndoRecord& step, const UndoSnapshot& now) {
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        if (now.Rows[row].Loaded == False && (step.RowsChanged[row] & kSamplePart) == 0) continue;
+        CopyParts(step.Rows[row], now.Rows[row], kAllRowParts & ~step.RowsChanged[row]);
+        step.RowsChanged[row] = kAllRowParts;
+    }
+}
+
+void Change3D(Session& s, bool on) {
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        if (s.Run[row].Loaded != False) LoopUnload(s, row);
+    }
+    ChangeUse3D(s, on);
+}
+
+struct Goal {
+    Table<RowState, kUndoRows> Rows;
+    Table<RowParts, kUndoRows> Changed;  ///< what really differs from what is there
+    InstrumentState Rest;
+    InstrumentParts RestChanged = 0;
+};
+
+Goal GoalOf(const UndoRecord& step, const UndoSnapshot& now, bool allAnew) {
+    Goal goal{.Rows = now.Rows, .Changed = {}, .Rest = now.Rest};
+    for (Row row = 0; row < kUndoRows; ++row) {
+        const RowParts changed = step.RowsChanged[row];
+        CopyParts(goal.Rows[row], step.Rows[row], changed);
+        const bool anew = allAnew && changed == kAllRowParts;
+        goal.Changed[row] = anew ? changed : changed & DifferentParts(now.Rows[row], goal.Rows[row]);
+    }
+    CopyParts(goal.Rest, step.Rest, step.RestChanged);
+    goal.RestChanged = step.RestChanged & DifferentParts(now.Rest, goal.Rest);
+    return goal;
+}
+
+std::vector<std::string> Restore(Session& s, const Goal& goal, const InstrumentState& now) {
+    std::vector<std::string> waiting;
+    RestoreSpace(s, goal.Rest, goal.RestChanged);
+    for (Row row = 0; row < kUndoRows; ++row) {
+        if (RestoreSample(s, row, goal.Rows[row], goal.Changed[row]) == SampleBack::Waits) {
+            waiting.push_back(SampleName(s.Run[row].InHand.FileName));
+        }
+    }
+    for (Row row = 0; row < kUndoRows; ++row) RestoreSettings(s, row, goal.Rows[row], goal.Changed[row]);
+    RestoreTables(s, goal.Rest, goal.RestChanged);
+    // All rows start at the end, so that they stay together.
+    for (Row row = 0; row < kUndoRows; ++row) RestoreSounding(s, row, goal.Rows[row], goal.Changed[row]);
+    RestoreThinList(s, goal.Rest.ThinList);
+    RestoreOptions(s, goal.Rest, now, goal.RestChanged);
+    LoopRefreshAny(s);
+    PatternsRefresh(s);
+    return waiting;
+}
+
+}  // namespace
+
+UndoLimits LimitsOf(UndoScope scope) {
+    switch (scope) {
+        case UndoScope::Rows:
+            return {kAllRowParts, kOfRows, false};
+        case UndoScope::Patterns:
+            return {kPatternParts, 0, false};
+        case UndoScope::Selection:
+            return {kSelectedPart | kBandPart, kBandsPart, false};
+        case UndoScope::Clips:
+            return {0, 0, true};
+        case UndoScope::Everything:
+            return {kAllRowParts, kOfRows | kOfSet, true};
+    }
+    return {};
+}
+
+UndoSnapshot TakeSnapshot(Session& s, UndoScope scope) {
+    UndoSnapshot snapshot;
+    for (Row row = 0; row < kUndoRows; ++row) snapshot.Rows[row] = CaptureRow(s, row);
+    snapshot.Rest = CaptureInstrument(s, scope);
+    if (WantsClips(scope)) snapshot.Clips = ClipRun{s.Clips.ClipStore, s.Clips.List};
+    return snapshot;
+}
+
+void Widen(Session& s, UndoSnapshot& snapshot, UndoScope scope) {
+    if (WantsClips(scope) && !snapshot.Clips) snapshot.Clips = ClipRun{s.Clips.ClipStore, s.Clips.List};
+    if (scope != UndoScope::Everything || snapshot.Rest.Whole) return;
+    InstrumentState whole = CaptureInstrument(s, scope);
+    CopyParts(whole, snapshot.Rest, kOfRows);
+    snapshot.Rest = std::move(whole);
+}
+
+bool UndoRecord::Empty() const {
+    const bool rows = std::any_of(RowsChanged.begin(), RowsChanged.end(), [](RowParts parts) { return parts != 0; });
+    return !rows && RestChanged == 0 && !Clips;
+}
+
+UndoRecord MakeRecord(Session& s, const UndoSnapshot& before, const UndoLimits& limits) {
+    UndoRecord step;
+    step.Rows = before.Rows;
+    step.Rest = before.Rest;
+    for (Row row = 0; row < kUndoRows; ++row) {
+        step.RowsChanged[row] = limits.Rows & DifferentParts(before.Rows[row], CaptureRow(s, row));
+    }
+    const UndoScope scope = before.Rest.Whole ? UndoScope::Everything : UndoScope::Rows;
+    step.RestChanged = limits.Rest & DifferentParts(before.Rest, CaptureInstrument(s, scope));
+    if (limits.Clips && before.Clips) {
+        const ClipSplice splice(*before.Clips, s.Clips);
+        if (!splice.Empty()) step.Clips = splice;
+    }
+    KeepOnlyChanged(step);
+    return step;
+}
+
+bool Join(UndoRecord& earlier, UndoRecord& later) {
+    if (earlier.Clips || later.Clips || ((earlier.RestChanged | later.RestChanged) & kOfSet) != 0) return false;
+    for (Row row = 0; row < kUndoRows; ++row) {
+        const RowParts added = later.RowsChanged[row] & ~earlier.RowsChanged[row];
+        CopyParts(earlier.Rows[row], later.Rows[row], added);
+        earlier.RowsChanged[row] |= added;
+    }
+    const InstrumentParts added = later.RestChanged & ~earlier.RestChanged;
+    CopyParts(earlier.Rest, later.Rest, added);
+    earlier.RestChanged |= added;
+    return true;
+}
+
+std::vector<std::string> Exchange(Session& s, UndoRecord& step) {
+    const bool set = (step.RestChanged & kOfSet) != 0;
+    UndoSnapshot now = TakeSnapshot(s, set ? UndoScope::Everything : UndoScope::Rows);
+    const bool anew = Switches3D(s, step);
+    if (anew) TakeAlongAllRows(step, now);
+    const Goal goal = GoalOf(step, now, anew);
+    if (anew) Change3D(s, goal.Rest.Use3D);
+    std::vector<std::string> waiting = Restore(s, goal, now.Rest);
+    if (step.Clips) step.Clips->Exchange(s);
+    step.Rows = std::move(now.Rows);
+    step.Rest = std::move(now.Rest);
+    KeepOnlyChanged(step);
+    return waiting;
+}
+
+std::vector<std::pair<const KeptSample*, std::size_t>> KeptBytes(const UndoRecord& step) {
+    std::vector<std::pair<const KeptSample*, std::size_t>> kept;
+    for (const RowState& row : step.Rows) {
+        if (row.Sample) kept.emplace_back(row.Sample.get(), static_cast<std::size_t>(row.Set.BufferBytes));
+    }
+    return kept;
+}
+
+void GiveUpSamples(UndoRecord& step) {
+    for (RowState& row : step.Rows) row.Sample.reset();
+}
+
+}  // namespace marvolin

@@ -1,0 +1,65 @@
+#pragma once
+/// \file
+/// One step that can be taken back: what it changed, as it was on the other side of it.
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/session.h"
+#include "core/undo_step.h"
+#include "persistence/undo/clip_splice.h"
+#include "persistence/undo/instrument_state.h"
+#include "persistence/undo/row_state.h"
+
+namespace marvolin {
+
+inline constexpr int kUndoRows = kLoopTracks + 1;  ///< the LoopTracks and the selection row
+
+/// What a step may change, as parts.
+struct UndoLimits {
+    RowParts Rows = 0;
+    InstrumentParts Rest = 0;
+    bool Clips = false;
+};
+UndoLimits LimitsOf(UndoScope scope);
+
+/// The instrument at one moment.
+struct UndoSnapshot {
+    Table<RowState, kUndoRows> Rows;
+    InstrumentState Rest;
+    std::optional<ClipRun> Clips;
+};
+/// The instrument as it is. No byte of a sample is copied.
+UndoSnapshot TakeSnapshot(Session& s, UndoScope scope);
+/// Captures what `scope` asks for beyond what `snapshot` has.
+void Widen(Session& s, UndoSnapshot& snapshot, UndoScope scope);
+
+/// A step. Its values are those of the time before it; after it has been taken back, those of the time after it.
+struct UndoRecord {
+    std::string Text;
+    UndoKind Kind = UndoKind::Single;
+    Table<RowParts, kUndoRows> RowsChanged;
+    Table<RowState, kUndoRows> Rows;
+    InstrumentParts RestChanged = 0;
+    InstrumentState Rest;
+    std::optional<ClipSplice> Clips;
+
+    bool Empty() const;
+};
+
+/// What has changed since `before`, as far as `limits` allow.
+UndoRecord MakeRecord(Session& s, const UndoSnapshot& before, const UndoLimits& limits);
+/// Makes two steps that follow each other one. False, and nothing done, when both or one of them change clips or a set.
+bool Join(UndoRecord& earlier, UndoRecord& later);
+/// Exchanges what the step changed with what is there: takes it back, or does it again. Only that is touched. Returns
+/// the names of samples that wait for a device.
+std::vector<std::string> Exchange(Session& s, UndoRecord& step);
+
+/// Bytes of samples that the step keeps, each pair a sample and its size.
+std::vector<std::pair<const KeptSample*, std::size_t>> KeptBytes(const UndoRecord& step);
+/// Gives the memory of its samples up; they come back from their files.
+void GiveUpSamples(UndoRecord& step);
+
+}  // namespace marvolin

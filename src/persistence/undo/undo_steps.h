@@ -1,0 +1,58 @@
+#pragma once
+/// \file
+/// The steps that can be taken back, newest first, and those that can be done again.
+
+#include <cstddef>
+#include <deque>
+#include <optional>
+#include <string>
+
+#include "core/undo_step.h"
+#include "persistence/undo/undo_record.h"
+
+namespace marvolin {
+
+inline constexpr std::size_t kUndoDepth = 50;  ///< steps that can be taken back
+/// Of samples that are in no row any more. The samples of the oldest steps beyond it come back from their files.
+inline constexpr std::size_t kMostUndoBytes = std::size_t{1} << 30;
+
+/// The history of a session, in memory.
+class UndoSteps final : public UndoHistory {
+public:
+    explicit UndoSteps(std::size_t mostBytes = kMostUndoBytes) : mostBytes_(mostBytes) {}
+
+    void Begin(Session& s, std::string_view text, UndoScope scope, UndoKind kind) override;
+    void End(Session& s) noexcept override;
+    void BeginDrag(Session& s, std::string_view text, UndoScope scope) override;
+    void EndDrag(Session& s) noexcept override;
+    std::string Last() const override;
+    std::string Next() const override;
+    void TakeBack(Session& s) override;
+    void DoAgain(Session& s) override;
+
+private:
+    /// A step or drag under way.
+    struct Open {
+        std::string Text;
+        UndoKind Kind = UndoKind::Single;
+        UndoLimits Limits;
+        UndoSnapshot Before;
+    };
+    using Steps = std::deque<UndoRecord>;
+
+    void Close(Session& s, Open& open);
+    void Push(Session& s, UndoRecord step);
+    void Move(Session& s, Steps& from, Steps& to, const char* words);
+    void LimitMemory(const Session& s);
+
+    std::size_t mostBytes_;
+    int depth_ = 0;
+    bool exchanging_ = false;
+    std::optional<Open> step_;
+    std::optional<Open> drag_;
+    UndoScope dragScope_ = UndoScope::Rows;
+    Steps back_;   ///< the last one is taken back next
+    Steps again_;  ///< the last one is done again next
+};
+
+}  // namespace marvolin
