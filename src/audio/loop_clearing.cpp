@@ -4,11 +4,13 @@
 #include "audio/loop_controls.h"
 #include "audio/play_modes.h"
 #include "audio/sample_buffers.h"
+#include "audio/silent_starts.h"
 #include "audio/thinning.h"
 #include "audio/transport.h"
 #include "core/loops/grouping.h"
 #include "core/loops/loop_resets.h"
 #include "core/loops/loop_views.h"
+#include "core/undo_step.h"
 #include "parameters/setters.h"
 
 namespace marvolin {
@@ -62,11 +64,14 @@ void LoopClear(Session& s, Row row) {
 }
 
 void LoopClearRows(Session& s, Row row) {
+    std::vector<Row> rows;
     if (row == kSelectionRow) {
-        ForControlled(s, [&](Row each) { LoopClear(s, each); });
+        ForControlled(s, [&](Row each) { rows.push_back(each); });
     } else {
-        LoopClear(s, row);
+        rows.push_back(row);
     }
+    const UndoStep step(s, "Clear of " + LettersOf(rows));
+    for (const Row each : rows) LoopClear(s, each);
 }
 
 }  // namespace marvolin

@@ -1,12 +1,14 @@
 #include "audio/sample_loading.h"
 
 #include <array>
+#include <optional>
 #include <vector>
 
 #include "audio/beat_start.h"
 #include "audio/loop_clearing.h"
 #include "audio/loop_controls.h"
 #include "audio/sample_buffers.h"
+#include "audio/silent_starts.h"
 #include "audio/transport.h"
 #include "core/busy_pointer.h"
 #include "core/files/paths.h"
@@ -16,6 +18,7 @@
 #include "core/loops/loop_views.h"
 #include "core/loops/sample_history.h"
 #include "core/routines.h"
+#include "core/undo_step.h"
 #include "parameters/position.h"
 #include "parameters/setters.h"
 
@@ -188,10 +191,17 @@ std::vector<Row> RowsReached(Session& s, const SampleRequest& request) {
     return rows;
 }
 
+std::string StepText(const SampleRequest& request, const std::vector<Row>& rows) {
+    return "Load of " + SampleName(request.Path) + " into " + LettersOf(rows);
+}
+
 }  // namespace
 
 void LoadSample(Session& s, const SampleRequest& request) {
     const std::vector<Row> rows = RowsReached(s, request);
+    // What a session brings belongs to the step of the session, or to none.
+    std::optional<UndoStep> step;
+    if (request.Origin != SampleOrigin::Session) step.emplace(s, StepText(request, rows));
     const bool loopTrack = request.Target >= 0 && request.Target < kLoopTracks;
     if (request.Rows == Reach::Gang && loopTrack) PosSetHighlight(s, request.Target);
     for (const Row row : rows) LoadRow(s, row, request.Path);

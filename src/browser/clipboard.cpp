@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/files/paths.h"
+#include "core/undo_step.h"
 
 namespace marvolin {
 
@@ -69,6 +70,8 @@ bool AddNewClip(Session& s) {
 
 void DeleteClip(Session& s, std::int16_t clipIndex) {
     if (!HasClip(s, clipIndex)) return;
+    const std::string name = SampleName(s.Clips.ClipStore[static_cast<std::size_t>(clipIndex)].FileName);
+    const UndoStep step(s, "Deletion of the clip " + name, UndoScope::Clips);
     s.Clips.ClipStore.erase(s.Clips.ClipStore.begin() + clipIndex);
     s.Clips.List.erase(s.Clips.List.begin() + clipIndex);
     --s.Clips.ClipTop;
@@ -112,7 +115,9 @@ void Trash_DragDrop(Session& s, const DragSource& source) {
 }
 
 void ClearClip_Click(Session& s) {
-    if (s.World.Desk.MessageBox("Clear all items from clipboard?", "Clear?", BoxStyle::Question)) InitClipBoard(s);
+    if (!s.World.Desk.MessageBox("Clear all items from clipboard?", "Clear?", BoxStyle::Question)) return;
+    const UndoStep step(s, "Clear of the clipboard", UndoScope::Clips);
+    InitClipBoard(s);
 }
 
 }  // namespace marvolin

@@ -21,9 +21,8 @@ enum class UndoScope : std::uint8_t {
 
 /// How a step follows the one before it.
 enum class UndoKind : std::uint8_t {
-    Single,    ///< a step of its own
-    Repeated,  ///< one step with those before it that have the same text, as of a key that is held
-    Script,    ///< one step with the steps of scripts before it
+    Single,  ///< a step of its own
+    Run,     ///< one step with those right before it that have the same text, as of a key that is held, or of a script
 };
 
 /// The steps that can be taken back and done again.

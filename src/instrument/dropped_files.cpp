@@ -5,6 +5,7 @@
 #include "core/busy_pointer.h"
 #include "core/files/name_order.h"
 #include "core/files/paths.h"
+#include "core/undo_step.h"
 #include "performance/drops/file_drops.h"
 #include "persistence/quick_load.h"
 #include "persistence/save_open.h"
@@ -21,6 +22,7 @@ bool IsSet(const std::string& path) {
 
 void OpenSet(Session& s, const std::string& path) {
     const BusyPointer busy(s);
+    const UndoStep step(s, "", UndoScope::Everything);
     if (!OpenBesideDialogue(s, path)) return;
     s.SaveItEnabled = true;
     s.World.Screen.ShowSaveOpen();

@@ -8,6 +8,7 @@
 #include "core/help.h"
 #include "core/routines.h"
 #include "instrument/trapped_error.h"
+#include "persistence/undo/undo_commands.h"
 #include "scripting/script_host.h"
 
 namespace marvolin {
@@ -63,7 +64,7 @@ struct Step {
     OnError onError = OnError::Report;
 };
 
-constexpr std::array<Step, 22> kShutDown{{
+constexpr std::array<Step, 23> kShutDown{{
     {"", HideWindow},
     {"", ShowUnloading},
     {"disabling loop timer", DisableLoopTimer},
@@ -79,6 +80,7 @@ constexpr std::array<Step, 22> kShutDown{{
     {"deleting script timer", StopScriptTimer},
     {"deleting script timer", DropScriptTimer},
     {"deleting script timer", StopHost},
+    {"uninitializing DSound", EndUndo},
     {"uninitializing DSound", UnInitDirectSound},
     {"uninitializing DSound", ReleaseDirectX},
     {"uninitializing DSound", UnloadSave},

@@ -12,6 +12,7 @@
 #include "instrument/trapped_error.h"
 #include "performance/joystick/joystick_setup.h"
 #include "persistence/start_up_demo.h"
+#include "persistence/undo/undo_commands.h"
 #include "sequencing/patterns.h"
 
 namespace marvolin {
@@ -116,6 +117,7 @@ void Form_Activate(Session& s) {
     OpenBrowser(s, main);
     ShowSplash(s, main);
     LoadStartUpContent(s);
+    StartUndo(s);
 }
 
 }  // namespace marvolin

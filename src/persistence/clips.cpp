@@ -7,7 +7,9 @@
 
 #include "browser/clipboard.h"
 #include "core/errors.h"
+#include "core/files/paths.h"
 #include "core/loops/loop_views.h"
+#include "core/undo_step.h"
 #include "persistence/load_saved_loop.h"
 #include "persistence/loop_record.h"
 
@@ -51,6 +53,7 @@ void CopyIt(Session& s, Row dest, std::int16_t clipIndex, bool playItNow) {
     SavedLoop staging;
     staging.Index = dest;
     staging.Set = s.Clips.ClipStore[static_cast<std::size_t>(clipIndex)];
+    const UndoStep step(s, "Clip " + SampleName(staging.Set.FileName) + " onto " + RowLetter(dest));
     // When the clip's sample cannot be loaded, the row keeps its previous sample, which is not started.
     const SavedFrom from{.NewUse3d = ToBoolean(s.Use3D), .OpenPath = "", .Origin = SampleOrigin::Clip};
     const bool loaded = LoadSavedLoop(s, staging, ComponentSwitches(s), from) && HoldsSavedSample(s, staging, from);

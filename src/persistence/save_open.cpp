@@ -2,6 +2,7 @@
 
 #include "core/files/name_order.h"
 #include "core/files/paths.h"
+#include "core/undo_step.h"
 #include "persistence/quick_load.h"
 #include "persistence/session_format.h"
 
@@ -19,6 +20,8 @@ std::string WithoutCopy(const std::string& name) {
     const std::string_view set = WithoutCopyMark(name);
     return HasSetExtension(set) ? std::string(set) : name;
 }
+
+std::string OpenText(const std::string& path) { return "Open of " + LastPathPart(path); }
 
 void ShowCurrent(Session& s) {
     s.Title = "marvolin-" + s.CurrentFile;
@@ -51,6 +54,7 @@ bool OpenAsChosen(Session& s, const std::string& path) {
 }
 
 bool OpenBesideDialogue(Session& s, const std::string& path) {
+    const UndoStep step(s, OpenText(path), UndoScope::Everything);
     if (!OpenAsChosen(s, path)) return false;
     s.DialogueFile = s.CurrentFile;
     s.World.Screen.ShowSaveOpen();
@@ -120,6 +124,7 @@ void Reload_Click(Session& s, const SaveOpenChoices& choices) {
     TakeBack(s, choices);
     CloseDialogue(s);
     const std::string path = JoinPath(s.CurrentFolder, s.DialogueFile);
+    const UndoStep step(s, OpenText(path), UndoScope::Everything);
     if (OpenAsChosen(s, path)) AfterSuccess(s);
 }
 
@@ -137,6 +142,7 @@ void SaveItAs_Chosen(Session& s, const SaveOpenChoices& choices, const std::stri
 }
 
 void OpenIt_Chosen(Session& s, const SaveOpenChoices& choices, const std::string& path) {
+    const UndoStep step(s, OpenText(path), UndoScope::Everything);
     TakeFile(s, path);
     TakeBack(s, choices);
     CloseDialogue(s);

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <exception>
+#include <optional>
 #include <tuple>
 #include <utility>
 
@@ -70,6 +71,8 @@ bool Perform(LuaContext& context, lua_State* L, const ApiFunction& function, Api
         }
         charged = !slow;
         ApiCall call(context.s, context.Engine, values, answer);
+        std::optional<UndoStep> step;
+        if (function.TakesBack) step.emplace(context.s, "Changes by a script", *function.TakesBack, UndoKind::Run);
         function.Act(call);
     } catch (const std::exception& error) {
         failure = std::string(function.Name) + ": " + WordsOf(error);

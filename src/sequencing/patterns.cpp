@@ -9,6 +9,7 @@
 #include "core/loops/loop_resets.h"
 #include "core/loops/loop_views.h"
 #include "core/routines.h"
+#include "core/undo_step.h"
 #include "parameters/setters.h"
 
 namespace marvolin {
@@ -79,7 +80,17 @@ void Draw(Session& s, int patternRow, const GraphEvent& event) {
     PatternEdit(s, patternRow, event.Button, event.At, event.Size);
 }
 
-void EndDrawing(Session& s) { s.PatternDrawRow = s.PatternRandomRow = kNoPatternRow; }
+void EndDrawing(Session& s) {
+    s.PatternDrawRow = s.PatternRandomRow = kNoPatternRow;
+    EndUndoDrag(s);
+}
+
+/// Text of a step that draws or erases the pattern of `CurrentLoop`.
+std::string StepText(const Session& s, const char* what, int patternRow) {
+    static constexpr std::array<const char*, kPatternRows> kNames{"Vol", "Freq", "Pan"};
+    return std::string(what) + " of the " + kNames.at(static_cast<std::size_t>(patternRow)) + " pattern of " +
+           RowLetter(s.CurrentLoop);
+}
 
 }  // namespace
 
@@ -99,6 +110,7 @@ void PatternGraph_Gesture(Session& s, int patternRow, const GraphEvent& event) {
         case Phase::Down:
             EndDrawing(s);
             if (event.Button != kLeftButton) return;
+            BeginUndoDrag(s, StepText(s, "Drawing", patternRow), UndoScope::Patterns);
             (event.At.X <= kRandomColumnShare * event.Size.Width ? s.PatternRandomRow : s.PatternDrawRow) =
                 static_cast<std::int16_t>(patternRow);
             return;
@@ -109,6 +121,7 @@ void PatternGraph_Gesture(Session& s, int patternRow, const GraphEvent& event) {
         case Phase::Up:
             Draw(s, patternRow, event);
             (s.PatternDrawRow != kNoPatternRow ? s.PatternDrawRow : s.PatternRandomRow) = kNoPatternRow;
+            EndUndoDrag(s);
             return;
     }
 }
@@ -147,6 +160,7 @@ void PatternShow(Session& s, int patternRow, int column) {
 
 void PatternStep(Session& s, int patternRow, int column, int units) {
     if (column < 0 || column > kPatternOffset + 1) return;
+    const UndoStep undo(s, StepText(s, "Drawing", patternRow), UndoScope::Patterns, UndoKind::Run);
     const PatternLimits& range = kPatternRange[static_cast<std::size_t>(patternRow)];
     const double value = s.Set[s.CurrentLoop].Pattern[patternRow][SlotOf(column)] + static_cast<double>(units);
     PatternStore(s, patternRow, column, ClampVar(value, range.Min, range.Max));
@@ -155,12 +169,14 @@ void PatternStep(Session& s, int patternRow, int column, int units) {
 
 void PatternStepReset(Session& s, int patternRow, int column) {
     if (column < 0 || column > kPatternOffset + 1) return;
+    const UndoStep undo(s, StepText(s, "Drawing", patternRow), UndoScope::Patterns, UndoKind::Run);
     const PatternLimits& range = kPatternRange[static_cast<std::size_t>(patternRow)];
     PatternStore(s, patternRow, column, SlotOf(column) == kPatternOffset ? range.Min : range.Default);
     PatternShow(s, patternRow, column);
 }
 
 void EraserDrop(Session& s, int patternRow) {
+    const UndoStep undo(s, StepText(s, "Erasing", patternRow), UndoScope::Patterns);
     PatternReset(s, s.CurrentLoop, patternRow);
     PatternRefresh(s, patternRow);
 }

@@ -5,6 +5,7 @@
 #include "audio/play_modes.h"
 #include "audio/thinning.h"
 #include "core/routines.h"
+#include "core/undo_step.h"
 #include "parameters/setters.h"
 
 namespace marvolin {
@@ -19,6 +20,10 @@ Row DropperFrom(Row row, const DragSource& source) {
     if (!dropper.IsDropping(source) || row == kSelectionRow) return -1;
     const Row from = dropper.DroppingTo(source);
     return from >= 0 && from <= kSelectionRow ? from : Row{-1};
+}
+
+std::string DropperText(Row from, Row row) {
+    return std::string("Dropper from ") + RowLetter(row) + " to " + RowLetter(from);
 }
 
 }  // namespace
@@ -56,6 +61,7 @@ bool DropDropperOnDisplay(Session& s, Row row, const DragSource& source) {
     const Row from = DropperFrom(row, source);
     if (from < 0) return false;
     if (from == row) return true;
+    const UndoStep step(s, DropperText(from, row));
     LoopVolChangeGang(s, from, s.Set[row].Vol, UpdateDisplay::Yes);
     return true;
 }
@@ -65,6 +71,7 @@ bool DropDropperOnLetter(Session& s, Row row, const DragSource& source) {
     if (from < 0) return false;
     // Its own settings are no change, also when it has a band that would follow.
     if (from == row) return true;
+    const UndoStep step(s, DropperText(from, row));
     LoopVolChangeGang(s, from, s.Set[row].Vol, UpdateDisplay::Yes);
     LoopPanChangeGang(s, from, s.Set[row].Pan);
     LoopHzChangeGang(s, from, s.Set[row].Hz);

@@ -4,6 +4,7 @@
 #include "core/busy_pointer.h"
 #include "core/files/sample_files.h"
 #include "core/routines.h"
+#include "core/undo_step.h"
 #include "performance/drops/row_drops.h"
 
 namespace marvolin {
@@ -68,6 +69,8 @@ void DropFilesOnRow(Session& s, Row row, const std::vector<std::string>& paths) 
     if (!text.empty()) ShowStatus(s, text);
     // Each of several has a row of its own: in a band the last one would replace all others.
     const Reach rows = row < kLoopTracks && (samples.size() > 1 || !surplus.empty()) ? Reach::Alone : Reach::Gang;
+    // A single sample gives the step its own name.
+    const UndoStep step(s, samples.size() > 1 ? "Load of " + std::to_string(samples.size()) + " samples" : "");
     Row target = row;
     for (const std::string& path : samples) {
         LoadSample(s,

@@ -4,6 +4,7 @@
 #include "audio/reverse.h"
 #include "audio/sample_loading.h"
 #include "core/files/paths.h"
+#include "core/undo_step.h"
 #include "parameters/position.h"
 
 namespace marvolin {
@@ -53,6 +54,7 @@ void HistoryList_DragDrop(Session& s) {
     if (s.HistoryChoice == kHistoryEmpty) {
         LoopClearRows(s, target);
     } else if (s.HistoryChoice == kHistoryReverse) {
+        const UndoStep step(s, std::string("Reverse of ") + RowLetter(target));
         LoopReverse(s, target);
     } else if (const std::string path = SampleAtEntry(s, s.HistoryChoice); !path.empty()) {
         LoadSample(s,

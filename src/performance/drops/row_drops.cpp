@@ -6,6 +6,7 @@
 #include "audio/sample_loading.h"
 #include "core/loops/grouping.h"
 #include "core/loops/loop_views.h"
+#include "core/undo_step.h"
 #include "parameters/fades.h"
 #include "sequencing/patterns.h"
 #include "sequencing/timing.h"
@@ -13,6 +14,11 @@
 namespace marvolin {
 
 namespace {
+
+/// Text of the step that copies `what` from `CurrentLoop` to a row.
+std::string CopyText(const Session& s, std::string_view what, Row row) {
+    return "Copy of the " + std::string(what) + " of " + RowLetter(s.CurrentLoop) + " to " + RowLetter(row);
+}
 
 bool IsRow(Row row) { return row >= 0 && row <= kSelectionRow; }
 
@@ -36,27 +42,32 @@ void DropFade(Session& s, Row row, const DragSource& source) {
 }
 
 void DropTimingElement(Session& s, Row row, const DragSource& source) {
+    const UndoStep step(s, CopyText(s, "timing", row));
     TimingCopy(s, s.CurrentLoop, row, source.Index);
     PatternsRefresh(s);
 }
 
 void DropAllTiming(Session& s, Row row, const DragSource&) {
+    const UndoStep step(s, CopyText(s, "timing", row));
     TimingCopy(s, s.CurrentLoop, row, kAllTiming);
     PatternsRefresh(s);
 }
 
 void DropPattern(Session& s, Row row, const DragSource& source) {
     if (source.Index < 0 || source.Index >= kPatternRows) return;
+    const UndoStep step(s, CopyText(s, "pattern", row));
     PatternCopy(s, s.CurrentLoop, row, source.Index);
     PatternsRefresh(s);
 }
 
 void DropPatterns(Session& s, Row row, const DragSource&) {
+    const UndoStep step(s, CopyText(s, "patterns", row));
     PatternCopyAll(s, s.CurrentLoop, row);
     PatternsRefresh(s);
 }
 
 void DropSequence(Session& s, Row row, const DragSource&) {
+    const UndoStep step(s, CopyText(s, "sequence", row));
     PatternCopyAll(s, s.CurrentLoop, row);
     TimingCopy(s, s.CurrentLoop, row, kAllTiming);
     PatternsRefresh(s);

@@ -1,6 +1,9 @@
 #include "performance/map/scatter.h"
 
+#include <optional>
+
 #include "core/routines.h"
+#include "core/undo_step.h"
 #include "parameters/fades.h"
 #include "performance/map/sound_map.h"
 
@@ -56,6 +59,10 @@ void ScatterRel(Session& s) {
 
 void PosMacros_Click(Session& s, std::int16_t entry) {
     const bool again = entry == s.PosMacro;
+    std::optional<UndoStep> step;
+    if (entry == kMacroScatterAbs || entry == kMacroScatterRel) {
+        step.emplace(s, kPosMacros[static_cast<std::size_t>(entry)]);
+    }
     if (entry == kMacroScatterAbs) {
         if (!again) ScatterAbsolute(s);
     } else if (entry == kMacroScatterRel) {

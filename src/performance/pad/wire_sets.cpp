@@ -4,6 +4,7 @@
 
 #include "core/errors.h"
 #include "core/routines.h"
+#include "core/undo_step.h"
 #include "parameters/mapping.h"
 #include "parameters/wires.h"
 
@@ -45,8 +46,10 @@ void WireSet(Session& s, std::string_view text) {
 
 void SetChannel_Click(Session& s, std::int16_t entry) {
     if (entry < 0 || static_cast<std::size_t>(entry) >= kWireSets.size()) throw SubscriptError();
+    const std::string_view set = kWireSets[static_cast<std::size_t>(entry)];
+    const UndoStep step(s, "Wire set " + std::string(set));
     s.SetChannelChoice = entry;
-    WireSet(s, kWireSets[static_cast<std::size_t>(entry)]);
+    WireSet(s, set);
 }
 
 }  // namespace marvolin

@@ -3,12 +3,14 @@
 #include <algorithm>
 
 #include "core/routines.h"
+#include "core/undo_step.h"
 
 namespace marvolin {
 
 namespace {
 
 constexpr Row kNoLane = -1;
+constexpr std::string_view kBandStep = "Change of the bands";
 
 bool IsMember(const Session& s, Row band, Row row) { return s.Run[row].InBand != False && s.Run[row].Band == band; }
 
@@ -76,6 +78,7 @@ void Bands_Gesture(Session& s, Row lane, int column, Phase phase) {
     const Row place = static_cast<Row>(std::clamp(column, 0, kLoopTracks - 1));
     switch (phase) {
         case Phase::Down:
+            BeginUndoDrag(s, kBandStep, UndoScope::Selection);
             drag = {lane, place, place};
             return;
         case Phase::Move: {
@@ -90,15 +93,21 @@ void Bands_Gesture(Session& s, Row lane, int column, Phase phase) {
             drag = {};
             // A drag that stayed in one column is a click.
             if (ended.Lane != kNoLane && ended.First == ended.Last) ClickLane(s, ended.Lane, ended.First);
+            EndUndoDrag(s);
             return;
         }
     }
 }
 
-void Bands_PointerLost(Session& s) { s.BandDrag = {}; }
+void Bands_PointerLost(Session& s) {
+    s.BandDrag = {};
+    EndUndoDrag(s);
+}
 
 void Bands_DblClick(Session& s, Row lane) {
     s.BandDrag = {};
+    EndUndoDrag(s);
+    const UndoStep step(s, kBandStep, UndoScope::Selection);
     SetBand(s, lane, {});
 }
 

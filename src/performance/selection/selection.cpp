@@ -5,6 +5,7 @@
 #include "core/errors.h"
 #include "core/loops/loop_views.h"
 #include "core/routines.h"
+#include "core/undo_step.h"
 #include "parameters/position.h"
 #include "performance/tabs.h"
 
@@ -13,6 +14,7 @@ namespace marvolin {
 namespace {
 
 constexpr Row kSelectionSelector = kBands;  // the number after those of the bands
+constexpr std::string_view kSelectorStep = "Change of what is in control";
 
 void TakeSelection(Session& s) {
     for (Row row = 0; row < kLoopTracks; ++row) s.SelectWork[row] = s.Set[row].Selected;
@@ -80,6 +82,7 @@ void SelectToggle(Session& s, Row row) {
 void SelectPopUp_Click(Session& s) { s.World.Screen.ShowSelectList(true); }
 
 void SlctGroup_Click(Session& s, std::string_view text) {
+    const UndoStep step(s, "Selection " + Trim(text), UndoScope::Selection);
     SelectGroup(s, Trim(text));
     s.World.Screen.ShowSelectList(false);
 }
@@ -89,6 +92,7 @@ void SlctGroup_LostFocus(Session& s) { s.World.Screen.ShowSelectList(false); }
 void Selected_MouseDown(Session& s, Row row, std::int16_t button) {
     if (row == kSelectionRow) return;
     s.SelectDragTag = button;
+    BeginUndoDrag(s, "Change of the selection", UndoScope::Selection);
     Selected_DragOver(s, row);
 }
 
@@ -104,6 +108,7 @@ void Selected_DragEnd(Session& s) {
     s.SelectDragTag = kNoButton;
     TakeSelection(s);
     SelectApply(s);
+    EndUndoDrag(s);
 }
 
 int SelectorButton(Row row) { return row == kSelectionSelector ? 0 : row + 1; }
@@ -119,12 +124,14 @@ void SetSelector(Session& s, Row row, bool on) {
 
 void SelectorRadio_Click(Session& s, int button) {
     const Row selector = SelectorRow(button);
+    const UndoStep step(s, kSelectorStep, UndoScope::Selection);
     SetSelector(s, selector, !IsInControl(s, selector));
     ShowReadout(s, NumberText(button));
 }
 
 void SelectorRadio_DblClick(Session& s, int button) {
     const Row pressed = SelectorRow(button);
+    const UndoStep step(s, kSelectorStep, UndoScope::Selection);
     for (Row selector = 0; selector <= kSelectionSelector; ++selector) SetSelector(s, selector, selector == pressed);
     ShowReadout(s, NumberText(button));
 }

@@ -10,17 +10,10 @@ namespace {
 
 struct PartOf {
     InstrumentPart Part;
+    void (*Take)(InstrumentState& state, const Session& s);
     bool (*Same)(const InstrumentState& a, const InstrumentState& b);
     void (*Copy)(InstrumentState& to, const InstrumentState& from);
 };
-
-bool SameBands(const InstrumentState& a, const InstrumentState& b) {
-    return a.Bands == b.Bands && a.SelectionControlled == b.SelectionControlled;
-}
-void CopyBands(InstrumentState& to, const InstrumentState& from) {
-    to.Bands = from.Bands;
-    to.SelectionControlled = from.SelectionControlled;
-}
 
 template <auto Field>
 bool SameValue(const InstrumentState& a, const InstrumentState& b) {
@@ -31,6 +24,26 @@ void CopyValue(InstrumentState& to, const InstrumentState& from) {
     to.*Field = from.*Field;
 }
 
+void TakeBands(InstrumentState& state, const Session& s) {
+    state.Bands = s.BandTable;
+    state.SelectionControlled = s.SelectionControlled;
+}
+bool SameBands(const InstrumentState& a, const InstrumentState& b) {
+    return a.Bands == b.Bands && a.SelectionControlled == b.SelectionControlled;
+}
+void CopyBands(InstrumentState& to, const InstrumentState& from) {
+    to.Bands = from.Bands;
+    to.SelectionControlled = from.SelectionControlled;
+}
+
+void TakePad(InstrumentState& state, const Session& s) {
+    state.Pad = s.PadTable;
+    state.PadType = s.PadTypeIndex;
+    state.Twist = s.TwistPosition;
+    state.ChannelVol = s.ChannelVol;
+    state.ChannelPan = s.ChannelPan;
+    state.ChannelHz = s.ChannelHz;
+}
 bool SamePad(const InstrumentState& a, const InstrumentState& b) {
     for (int type = 0; type < static_cast<int>(a.Pad.size()); ++type) {
         if (a.Pad[type].X != b.Pad[type].X || a.Pad[type].Y != b.Pad[type].Y) return false;
@@ -47,6 +60,11 @@ void CopyPad(InstrumentState& to, const InstrumentState& from) {
     to.ChannelHz = from.ChannelHz;
 }
 
+void TakeSpace(InstrumentState& state, const Session& s) {
+    state.Use3D = s.Use3D;
+    state.RollOff = s.RollOffValue;
+    state.MapSize = s.MapSize;
+}
 bool SameSpace(const InstrumentState& a, const InstrumentState& b) {
     return a.Use3D == b.Use3D && a.RollOff == b.RollOff && a.MapSize == b.MapSize;
 }
@@ -56,6 +74,14 @@ void CopySpace(InstrumentState& to, const InstrumentState& from) {
     to.MapSize = from.MapSize;
 }
 
+void TakeNames(InstrumentState& state, const Session& s) {
+    state.Folder = s.CurrentFolder;
+    state.File = s.CurrentFile;
+    state.DialogueFile = s.DialogueFile;
+    state.Title = s.Title;
+    state.SaveItEnabled = s.SaveItEnabled;
+    state.SavingSwitches = s.SaveOpenSwitches[kWhenSaving];
+}
 bool SameNames(const InstrumentState& a, const InstrumentState& b) {
     return a.Folder == b.Folder && a.File == b.File && a.DialogueFile == b.DialogueFile && a.Title == b.Title &&
            a.SaveItEnabled == b.SaveItEnabled && a.SavingSwitches == b.SavingSwitches;
@@ -69,68 +95,48 @@ void CopyNames(InstrumentState& to, const InstrumentState& from) {
     to.SavingSwitches = from.SavingSwitches;
 }
 
+void TakeSettings(InstrumentState& state, const Session& s) { state.Settings = CollectSettings(s); }
 bool SameSettings(const InstrumentState& a, const InstrumentState& b) {
     return a.Settings.Pairs() == b.Settings.Pairs();
 }
 
-constexpr InstrumentParts kOfWhole = kPadPart | kSpacePart | kNamesPart | kSettingsPart | kBinsPart;
-
-constexpr std::array<PartOf, 10> kPartsOfInstrument{{
-    {kBandsPart, SameBands, CopyBands},
-    {kHistoryPart, SameValue<&InstrumentState::History>, CopyValue<&InstrumentState::History>},
-    {kThinListPart, SameValue<&InstrumentState::ThinList>, CopyValue<&InstrumentState::ThinList>},
-    {kMacroPart, SameValue<&InstrumentState::PosMacro>, CopyValue<&InstrumentState::PosMacro>},
-    {kWireChoicePart, SameValue<&InstrumentState::WireChoice>, CopyValue<&InstrumentState::WireChoice>},
-    {kPadPart, SamePad, CopyPad},
-    {kSpacePart, SameSpace, CopySpace},
-    {kNamesPart, SameNames, CopyNames},
-    {kSettingsPart, SameSettings, CopyValue<&InstrumentState::Settings>},
-    {kBinsPart, SameValue<&InstrumentState::Bins>, CopyValue<&InstrumentState::Bins>},
-}};
-
-void CaptureWhole(const Session& s, InstrumentState& state) {
-    state.Whole = true;
-    state.Pad = s.PadTable;
-    state.PadType = s.PadTypeIndex;
-    state.Twist = s.TwistPosition;
-    state.ChannelVol = s.ChannelVol;
-    state.ChannelPan = s.ChannelPan;
-    state.ChannelHz = s.ChannelHz;
-    state.Use3D = s.Use3D;
-    state.RollOff = s.RollOffValue;
-    state.MapSize = s.MapSize;
-    state.Folder = s.CurrentFolder;
-    state.File = s.CurrentFile;
-    state.DialogueFile = s.DialogueFile;
-    state.Title = s.Title;
-    state.SaveItEnabled = s.SaveItEnabled;
-    state.SavingSwitches = s.SaveOpenSwitches[kWhenSaving];
-    state.Settings = CollectSettings(s);
+void TakeBins(InstrumentState& state, const Session& s) {
     for (int bin = 0; bin < kBins; ++bin) {
         state.Bins[bin] = {s.Bins[bin].Folder, s.Bins[bin].Destination, s.Bins[bin].ClickPlay};
     }
 }
 
+constexpr std::array<PartOf, 10> kPartsOfInstrument{{
+    {kBandsPart, TakeBands, SameBands, CopyBands},
+    {kHistoryPart, [](InstrumentState& state, const Session& s) { state.History = s.History; },
+     SameValue<&InstrumentState::History>, CopyValue<&InstrumentState::History>},
+    {kThinListPart, [](InstrumentState& state, const Session& s) { state.ThinList = s.ThinList; },
+     SameValue<&InstrumentState::ThinList>, CopyValue<&InstrumentState::ThinList>},
+    {kMacroPart, [](InstrumentState& state, const Session& s) { state.PosMacro = s.PosMacro; },
+     SameValue<&InstrumentState::PosMacro>, CopyValue<&InstrumentState::PosMacro>},
+    {kWireChoicePart, [](InstrumentState& state, const Session& s) { state.WireChoice = s.SetChannelChoice; },
+     SameValue<&InstrumentState::WireChoice>, CopyValue<&InstrumentState::WireChoice>},
+    {kPadPart, TakePad, SamePad, CopyPad},
+    {kSpacePart, TakeSpace, SameSpace, CopySpace},
+    {kNamesPart, TakeNames, SameNames, CopyNames},
+    {kSettingsPart, TakeSettings, SameSettings, CopyValue<&InstrumentState::Settings>},
+    {kBinsPart, TakeBins, SameValue<&InstrumentState::Bins>, CopyValue<&InstrumentState::Bins>},
+}};
+
 }  // namespace
 
-InstrumentState CaptureInstrument(const Session& s, UndoScope scope) {
-    InstrumentState state;
-    state.Bands = s.BandTable;
-    state.SelectionControlled = s.SelectionControlled;
-    state.History = s.History;
-    state.ThinList = s.ThinList;
-    state.PosMacro = s.PosMacro;
-    state.WireChoice = s.SetChannelChoice;
-    if (scope == UndoScope::Everything) CaptureWhole(s, state);
-    return state;
+void CaptureParts(const Session& s, InstrumentState& state, InstrumentParts parts) {
+    for (const PartOf& part : kPartsOfInstrument) {
+        if ((parts & part.Part & ~state.Captured) != 0) part.Take(state, s);
+    }
+    state.Captured |= parts;
 }
 
 InstrumentParts DifferentParts(const InstrumentState& before, const InstrumentState& after) {
-    const bool whole = before.Whole && after.Whole;
     InstrumentParts parts = 0;
     for (const PartOf& part : kPartsOfInstrument) {
-        if (!whole && (part.Part & kOfWhole) != 0) continue;
-        if (!part.Same(before, after)) parts |= part.Part;
+        const bool captured = (before.Captured & after.Captured & part.Part) != 0;
+        if (captured && !part.Same(before, after)) parts |= part.Part;
     }
     return parts;
 }
@@ -139,6 +145,7 @@ void CopyParts(InstrumentState& to, const InstrumentState& from, InstrumentParts
     for (const PartOf& part : kPartsOfInstrument) {
         if ((parts & part.Part) != 0) part.Copy(to, from);
     }
+    to.Captured |= parts;
 }
 
 KeyedTable DifferentSettings(const KeyedTable& wanted, const KeyedTable& other) {

@@ -8,7 +8,6 @@
 
 #include "core/files/keyed_table.h"
 #include "core/session.h"
-#include "core/undo_step.h"
 
 namespace marvolin {
 
@@ -20,12 +19,11 @@ enum InstrumentPart : InstrumentParts {
     kThinListPart = 1U << 2,    ///< the order of thinning
     kMacroPart = 1U << 3,       ///< the choice in `PosMacros`
     kWireChoicePart = 1U << 4,  ///< the choice in `SetChannel`
-    // Only with `UndoScope::Everything`.
-    kPadPart = 1U << 5,       ///< the balls of the pad, its type, the channels
-    kSpacePart = 1U << 6,     ///< 3D sound, roll-off, size of the map
-    kNamesPart = 1U << 7,     ///< folder, file and switches of the current set
-    kSettingsPart = 1U << 8,  ///< the options
-    kBinsPart = 1U << 9,      ///< folders and destinations of the bins
+    kPadPart = 1U << 5,         ///< the balls of the pad, its type, the channels
+    kSpacePart = 1U << 6,       ///< 3D sound, roll-off, size of the map
+    kNamesPart = 1U << 7,       ///< folder, file and switches of the current set
+    kSettingsPart = 1U << 8,    ///< the options
+    kBinsPart = 1U << 9,        ///< folders and destinations of the bins
 };
 
 /// What comes back of a bin.
@@ -38,6 +36,8 @@ struct BinState {
 
 /// The instrument beside its rows as it was at one moment.
 struct InstrumentState {
+    InstrumentParts Captured = 0;  ///< the parts that follow
+
     Table<Band, kBands> Bands;
     bool SelectionControlled = true;
     Table<std::vector<std::string>, 5> History;
@@ -45,7 +45,6 @@ struct InstrumentState {
     std::int16_t PosMacro = 0;
     std::int16_t WireChoice = -1;
 
-    bool Whole = false;  ///< what follows has been captured as well
     Table<PadRecord, 5> Pad;
     std::int16_t PadType = 0;
     std::int16_t Twist = 0;
@@ -60,9 +59,9 @@ struct InstrumentState {
     Table<BinState, kBins> Bins;
 };
 
-/// The instrument as it is; all of it with `UndoScope::Everything`.
-InstrumentState CaptureInstrument(const Session& s, UndoScope scope);
-/// The parts in which the two differ; of what only one of them has, none.
+/// Captures those parts that have not been captured yet.
+void CaptureParts(const Session& s, InstrumentState& state, InstrumentParts parts);
+/// The captured parts in which the two differ.
 InstrumentParts DifferentParts(const InstrumentState& before, const InstrumentState& after);
 /// Copies some parts.
 void CopyParts(InstrumentState& to, const InstrumentState& from, InstrumentParts parts);

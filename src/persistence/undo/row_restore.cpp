@@ -22,7 +22,7 @@ namespace {
 
 constexpr Row kNoRow = -1;
 
-bool Asks(RowParts parts, RowParts any) { return (parts & any) != 0; }
+bool AsksRow(RowParts parts, RowParts any) { return (parts & any) != 0; }
 
 void TakeOut(Session& s, Row row) {
     LoopTrackRun& run = s.Run[row];
@@ -98,7 +98,7 @@ void RestoreClock(LoopTrackRun& run, const RowState& goal) {
 
 void RestoreMode(Session& s, Row row, const RowState& goal, RowParts parts) {
     // A row that starts anew does so in its mode; any other changes it while it sounds.
-    if (!Asks(parts, kSamplePart | kSoundingPart)) return LoopSetPlayMode(s, row, goal.Set.PlayMode, false);
+    if (!AsksRow(parts, kSamplePart | kSoundingPart)) return LoopSetPlayMode(s, row, goal.Set.PlayMode, false);
     s.Set[row].PlayMode = goal.Set.PlayMode;
     s.World.Screen.ShowPlayMode(row);
     if (row == s.CurrentLoop) s.World.Screen.ShowPlayMode(kMasterRow);
@@ -107,22 +107,22 @@ void RestoreMode(Session& s, Row row, const RowState& goal, RowParts parts) {
 // What no setter has an effect of its own for.
 void RestoreRecord(Session& s, Row row, const RowState& goal, RowParts parts) {
     LoopTrackSet& set = s.Set[row];
-    if (Asks(parts, kThinnablePart)) set.Thinnable = goal.Set.Thinnable;
-    if (Asks(parts, kStepDurationPart)) set.StepDuration = goal.Set.StepDuration;
-    if (Asks(parts, kSwingPart)) set.Swing = goal.Set.Swing;
-    if (Asks(parts, kNStepsPart)) set.NSteps = goal.Set.NSteps;
-    if (Asks(parts, kVolPatternPart)) set.Pattern[kVolPattern] = goal.Set.Pattern[kVolPattern];
-    if (Asks(parts, kHzPatternPart)) set.Pattern[kHzPattern] = goal.Set.Pattern[kHzPattern];
-    if (Asks(parts, kPanPatternPart)) set.Pattern[kPanPattern] = goal.Set.Pattern[kPanPattern];
-    if (Asks(parts, kBeatStartPart)) {
+    if (AsksRow(parts, kThinnablePart)) set.Thinnable = goal.Set.Thinnable;
+    if (AsksRow(parts, kStepDurationPart)) set.StepDuration = goal.Set.StepDuration;
+    if (AsksRow(parts, kSwingPart)) set.Swing = goal.Set.Swing;
+    if (AsksRow(parts, kNStepsPart)) set.NSteps = goal.Set.NSteps;
+    if (AsksRow(parts, kVolPatternPart)) set.Pattern[kVolPattern] = goal.Set.Pattern[kVolPattern];
+    if (AsksRow(parts, kHzPatternPart)) set.Pattern[kHzPattern] = goal.Set.Pattern[kHzPattern];
+    if (AsksRow(parts, kPanPatternPart)) set.Pattern[kPanPattern] = goal.Set.Pattern[kPanPattern];
+    if (AsksRow(parts, kBeatStartPart)) {
         set.BeatStart = goal.Set.BeatStart;
         s.Run[row].BeatStartBytes = goal.BeatStartBytes;
     }
-    if (Asks(parts, kSelectedPart)) {
+    if (AsksRow(parts, kSelectedPart)) {
         set.Selected = goal.Set.Selected;
         s.World.Screen.ShowSelected(row);
     }
-    if (Asks(parts, kBandPart)) {
+    if (AsksRow(parts, kBandPart)) {
         s.Run[row].InBand = goal.InBand;
         s.Run[row].Band = goal.Band;
     }
@@ -130,24 +130,24 @@ void RestoreRecord(Session& s, Row row, const RowState& goal, RowParts parts) {
 
 void RestoreKnobs(Session& s, Row row, const RowState& goal, RowParts parts) {
     std::int16_t hz = goal.Set.Hz;
-    if (Asks(parts, kHzPart)) LoopHzChange(s, row, hz, TakeHold::Yes);
+    if (AsksRow(parts, kHzPart)) LoopHzChange(s, row, hz, TakeHold::Yes);
     std::int16_t pan = goal.Set.Pan;
-    if (Asks(parts, kPanPart)) LoopPanChange(s, row, pan, TakeHold::Yes);
+    if (AsksRow(parts, kPanPart)) LoopPanChange(s, row, pan, TakeHold::Yes);
     std::int16_t vol = goal.Set.Vol;
-    if (Asks(parts, kVolPart)) LoopVolChange(s, row, vol, TakeHold::Yes, UpdateDisplay::No);
-    if (Asks(parts, kLinePart)) {
+    if (AsksRow(parts, kVolPart)) LoopVolChange(s, row, vol, TakeHold::Yes, UpdateDisplay::No);
+    if (AsksRow(parts, kLinePart)) {
         s.SndDisp[row].Line = goal.Line;
         s.World.Screen.ShowSoundDisplay(row);
     }
     std::int16_t channel = goal.Set.Channel;
-    if (Asks(parts, kWirePart)) LoopSetChannel(s, row, channel, Apply::Yes);
+    if (AsksRow(parts, kWirePart)) LoopSetChannel(s, row, channel, Apply::Yes);
 }
 
 }  // namespace
 
 SampleBack RestoreSample(Session& s, Row row, const RowState& goal, RowParts parts) {
-    if (!Asks(parts, kSamplePart)) {
-        if (Asks(parts, kSoundingPart) && !goal.InHand.Playing) LoopStop(s, row);
+    if (!AsksRow(parts, kSamplePart)) {
+        if (AsksRow(parts, kSoundingPart) && !goal.InHand.Playing) LoopStop(s, row);
         return SampleBack::Yes;
     }
     TakeOut(s, row);
@@ -170,29 +170,29 @@ SampleBack RestoreSample(Session& s, Row row, const RowState& goal, RowParts par
 }
 
 void RestoreSettings(Session& s, Row row, const RowState& goal, RowParts parts) {
-    const bool anew = Asks(parts, kSamplePart);
+    const bool anew = AsksRow(parts, kSamplePart);
     if (anew) parts = kAllRowParts;
-    if (Asks(parts, kSoundingPart)) RestoreClock(s.Run[row], goal);
-    if (Asks(parts, kModePart)) RestoreMode(s, row, goal, parts);
+    if (AsksRow(parts, kSoundingPart)) RestoreClock(s.Run[row], goal);
+    if (AsksRow(parts, kModePart)) RestoreMode(s, row, goal, parts);
     RestoreRecord(s, row, goal, parts);
-    if (Asks(parts, kReversedPart) && s.Run[row].Loaded != False && s.Run[row].Reversed != goal.Reversed) {
+    if (AsksRow(parts, kReversedPart) && s.Run[row].Loaded != False && s.Run[row].Reversed != goal.Reversed) {
         LoopReverse(s, row);
     }
     RestoreKnobs(s, row, goal, parts);
     if (row == kSelectionRow) return;
-    if (Asks(parts, kPlacePart)) {
+    if (AsksRow(parts, kPlacePart)) {
         TryPositionSet(s, row, goal.Set.PositionX, goal.Set.PositionY, {.Apply = true, .StoreBall = true});
     }
-    if (Asks(parts, kThinnablePart | kWirePart)) s.World.Screen.ShowCaption(row);
+    if (AsksRow(parts, kThinnablePart | kWirePart)) s.World.Screen.ShowCaption(row);
     // In the colours of the step at which the row was.
-    if (!Asks(parts, kSoundingPart)) return;
+    if (!AsksRow(parts, kSoundingPart)) return;
     MapHZ(s, row);
     MapPan(s, row);
     MapVol(s, row);
 }
 
 void RestoreSounding(Session& s, Row row, const RowState& goal, RowParts parts) {
-    if (!Asks(parts, kSamplePart | kSoundingPart) || row == kSelectionRow) return;
+    if (!AsksRow(parts, kSamplePart | kSoundingPart) || row == kSelectionRow) return;
     LoopTrackRun& run = s.Run[row];
     const HeldSample& was = goal.InHand;
     if (run.Loaded == False) {

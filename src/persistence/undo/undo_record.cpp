@@ -18,8 +18,6 @@ constexpr RowParts kPatternParts = kVolPatternPart | kHzPatternPart | kPanPatter
 constexpr InstrumentParts kOfRows = kBandsPart | kHistoryPart | kThinListPart | kMacroPart | kWireChoicePart;
 constexpr InstrumentParts kOfSet = kPadPart | kSpacePart | kNamesPart | kSettingsPart | kBinsPart;
 
-bool WantsClips(UndoScope scope) { return scope == UndoScope::Clips || scope == UndoScope::Everything; }
-
 // A row keeps the memory of its sample only where the sample comes back with it.
 void KeepOnlyChanged(UndoRecord& step) {
     for (Row row = 0; row < kUndoRows; ++row) {
@@ -104,20 +102,16 @@ UndoLimits LimitsOf(UndoScope scope) {
     return {};
 }
 
-UndoSnapshot TakeSnapshot(Session& s, UndoScope scope) {
+UndoSnapshot TakeSnapshot(Session& s, const UndoLimits& limits) {
     UndoSnapshot snapshot;
     for (Row row = 0; row < kUndoRows; ++row) snapshot.Rows[row] = CaptureRow(s, row);
-    snapshot.Rest = CaptureInstrument(s, scope);
-    if (WantsClips(scope)) snapshot.Clips = ClipRun{s.Clips.ClipStore, s.Clips.List};
+    Widen(s, snapshot, limits);
     return snapshot;
 }
 
-void Widen(Session& s, UndoSnapshot& snapshot, UndoScope scope) {
-    if (WantsClips(scope) && !snapshot.Clips) snapshot.Clips = ClipRun{s.Clips.ClipStore, s.Clips.List};
-    if (scope != UndoScope::Everything || snapshot.Rest.Whole) return;
-    InstrumentState whole = CaptureInstrument(s, scope);
-    CopyParts(whole, snapshot.Rest, kOfRows);
-    snapshot.Rest = std::move(whole);
+void Widen(Session& s, UndoSnapshot& snapshot, const UndoLimits& limits) {
+    CaptureParts(s, snapshot.Rest, limits.Rest);
+    if (limits.Clips && !snapshot.Clips) snapshot.Clips = ClipRun{s.Clips.ClipStore, s.Clips.List};
 }
 
 bool UndoRecord::Empty() const {
@@ -132,8 +126,9 @@ UndoRecord MakeRecord(Session& s, const UndoSnapshot& before, const UndoLimits& 
     for (Row row = 0; row < kUndoRows; ++row) {
         step.RowsChanged[row] = limits.Rows & DifferentParts(before.Rows[row], CaptureRow(s, row));
     }
-    const UndoScope scope = before.Rest.Whole ? UndoScope::Everything : UndoScope::Rows;
-    step.RestChanged = limits.Rest & DifferentParts(before.Rest, CaptureInstrument(s, scope));
+    InstrumentState now;
+    CaptureParts(s, now, limits.Rest);
+    step.RestChanged = DifferentParts(before.Rest, now);
     if (limits.Clips && before.Clips) {
         const ClipSplice splice(*before.Clips, s.Clips);
         if (!splice.Empty()) step.Clips = splice;
@@ -156,8 +151,8 @@ bool Join(UndoRecord& earlier, UndoRecord& later) {
 }
 
 std::vector<std::string> Exchange(Session& s, UndoRecord& step) {
-    const bool set = (step.RestChanged & kOfSet) != 0;
-    UndoSnapshot now = TakeSnapshot(s, set ? UndoScope::Everything : UndoScope::Rows);
+    // The order of thinning is put in order in any case.
+    UndoSnapshot now = TakeSnapshot(s, {kAllRowParts, step.RestChanged | kThinListPart, false});
     const bool anew = Switches3D(s, step);
     if (anew) TakeAlongAllRows(step, now);
     const Goal goal = GoalOf(step, now, anew);

@@ -32,9 +32,9 @@ struct UndoSnapshot {
     std::optional<ClipRun> Clips;
 };
 /// The instrument as it is. No byte of a sample is copied.
-UndoSnapshot TakeSnapshot(Session& s, UndoScope scope);
-/// Captures what `scope` asks for beyond what `snapshot` has.
-void Widen(Session& s, UndoSnapshot& snapshot, UndoScope scope);
+UndoSnapshot TakeSnapshot(Session& s, const UndoLimits& limits);
+/// Captures what `limits` ask for beyond what `snapshot` has.
+void Widen(Session& s, UndoSnapshot& snapshot, const UndoLimits& limits);
 
 /// A step. Its values are those of the time before it; after it has been taken back, those of the time after it.
 struct UndoRecord {

@@ -23,22 +23,22 @@ UndoLimits Both(const UndoLimits& a, const UndoLimits& b) {
 
 void UndoSteps::Begin(Session& s, std::string_view text, UndoScope scope, UndoKind kind) {
     if (exchanging_) return;
-    if (depth_++ > 0) {
-        if (!step_) return;
-        Widen(s, step_->Before, scope);
+    if (step_) {
+        Widen(s, step_->Before, LimitsOf(scope));
         step_->Limits = Both(step_->Limits, LimitsOf(scope));
         if (step_->Text.empty()) step_->Text = text;
-        return;
+    } else {
+        if (drag_) Close(s, *drag_);
+        step_ = Open{std::string(text), kind, LimitsOf(scope), TakeSnapshot(s, LimitsOf(scope))};
     }
-    if (drag_) Close(s, *drag_);
-    step_ = Open{std::string(text), kind, LimitsOf(scope), TakeSnapshot(s, scope)};
+    ++depth_;
 }
 
 void UndoSteps::End(Session& s) noexcept {
     if (exchanging_ || depth_ == 0 || --depth_ > 0) return;
     try {
         if (step_) Close(s, *step_);
-        if (drag_) drag_->Before = TakeSnapshot(s, dragScope_);
+        if (drag_) drag_->Before = TakeSnapshot(s, drag_->Limits);
     } catch (const std::exception&) {
         // No memory: what happened cannot be taken back, and neither can what came before it.
         back_.clear();
@@ -50,8 +50,7 @@ void UndoSteps::End(Session& s) noexcept {
 void UndoSteps::BeginDrag(Session& s, std::string_view text, UndoScope scope) {
     if (exchanging_ || depth_ > 0) return;
     EndDrag(s);
-    dragScope_ = scope;
-    drag_ = Open{std::string(text), UndoKind::Single, LimitsOf(scope), TakeSnapshot(s, scope)};
+    drag_ = Open{std::string(text), UndoKind::Single, LimitsOf(scope), TakeSnapshot(s, LimitsOf(scope))};
 }
 
 void UndoSteps::EndDrag(Session& s) noexcept {
@@ -78,12 +77,8 @@ void UndoSteps::Push(Session& s, UndoRecord step) {
     const bool run =
         again_.empty() && !back_.empty() && step.Kind != UndoKind::Single && back_.back().Kind == step.Kind;
     again_.clear();
-    const bool same = run && back_.back().Text == step.Text;
-    if (run && (same || step.Kind == UndoKind::Script) && Join(back_.back(), step)) {
-        if (!same) back_.back().Text = "Changes by a script";
-    } else {
-        back_.push_back(std::move(step));
-    }
+    const bool joined = run && back_.back().Text == step.Text && Join(back_.back(), step);
+    if (!joined) back_.push_back(std::move(step));
     if (back_.size() > kUndoDepth) back_.pop_front();
     LimitMemory(s);
     s.World.Screen.ShowUndo();

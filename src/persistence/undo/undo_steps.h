@@ -50,7 +50,6 @@ private:
     bool exchanging_ = false;
     std::optional<Open> step_;
     std::optional<Open> drag_;
-    UndoScope dragScope_ = UndoScope::Rows;
     Steps back_;   ///< the last one is taken back next
     Steps again_;  ///< the last one is done again next
 };

@@ -6,12 +6,14 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 
 #include "core/session.h"
+#include "core/undo_step.h"
 
 namespace marvolin {
 
@@ -153,6 +155,7 @@ struct ApiFunction {
     std::string_view Example = {};  ///< a few statements of Lua, which hold on an instrument with samples in A and B
     void (*Act)(ApiCall& call) = nullptr;
     Pace Speed = Pace::Quick;
+    std::optional<UndoScope> TakesBack = std::nullopt;  ///< what of a call can be taken back
 };
 
 /// The functions of one subject.

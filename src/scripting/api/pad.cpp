@@ -95,7 +95,8 @@ constexpr ApiFunction kPadFunctions[] = {
                            "Groups of 8|All to 1|All to 0")},
      .Text = "Wires A to D by an entry of the list \"Wire sets:\".",
      .Example = "marvolin.set_wires('All to 1')  assert(marvolin.wire('D') == 1)",
-     .Act = [](ApiCall& call) { WireSet(call.s, call.TextAt(0)); }},
+     .Act = [](ApiCall& call) { WireSet(call.s, call.TextAt(0)); },
+     .TakesBack = UndoScope::Rows},
 };
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "core/routines.h"
+#include "core/undo_step.h"
 
 namespace marvolin {
 
@@ -43,6 +44,7 @@ void BandsEditor::GoTo(int lane, int column, bool draws) {
     keyLane_ = static_cast<Row>(std::clamp(lane, 0, kBands - 1));
     keyColumn_ = static_cast<Row>(std::clamp(column, 0, kLoopTracks - 1));
     if (draws) {
+        const UndoStep step(s, "Change of the bands", UndoScope::Selection, UndoKind::Run);
         SetBand(s, keyLane_, {std::min(keyFrom_, keyColumn_), std::max(keyFrom_, keyColumn_)});
     } else {
         keyFrom_ = keyColumn_;
