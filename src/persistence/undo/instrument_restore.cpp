@@ -98,10 +98,15 @@ void RestoreTables(Session& s, const InstrumentState& goal, InstrumentParts part
 
 void RestoreThinList(Session& s, const std::string& goal) {
     std::string letters;
-    for (const char letter : goal + s.ThinList) {
+    const auto add = [&](char letter) {
         const auto row = static_cast<Row>(letter - 'A');
         const bool takesPart = s.Set[row].Thinnable != False && CanBeThinned(s, row);
         if (takesPart && letters.find(letter) == std::string::npos) letters += letter;
+    };
+    for (const char letter : goal) add(letter);
+    // What the hand has started since comes last.
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        if (s.Run[row].Playing != False) add(RowLetter(row));
     }
     s.ThinList = letters;
 }

@@ -1,5 +1,6 @@
 #include "persistence/undo/row_state.h"
 
+#include <algorithm>
 #include <array>
 
 #include "audio/play_modes.h"
@@ -72,6 +73,11 @@ void CopySounding(RowState& to, const RowState& from) {
     to.StepDue = from.StepDue;
 }
 
+// A step of no length counts as the shortest one, to which the read-outs limit it.
+bool SameStepDuration(const RowState& a, const RowState& b) {
+    return std::max(a.Set.StepDuration, 1) == std::max(b.Set.StepDuration, 1);
+}
+
 bool SameBeatStart(const RowState& a, const RowState& b) {
     return a.Set.BeatStart == b.Set.BeatStart && a.BeatStartBytes == b.BeatStartBytes;
 }
@@ -103,7 +109,7 @@ constexpr std::array<PartRow, 20> kParts{{
     {kHzPart, SameSetting<&LoopTrackSet::Hz>, CopySetting<&LoopTrackSet::Hz>},
     {kModePart, SameSetting<&LoopTrackSet::PlayMode>, CopySetting<&LoopTrackSet::PlayMode>},
     {kThinnablePart, SameSetting<&LoopTrackSet::Thinnable>, CopySetting<&LoopTrackSet::Thinnable>},
-    {kStepDurationPart, SameSetting<&LoopTrackSet::StepDuration>, CopySetting<&LoopTrackSet::StepDuration>},
+    {kStepDurationPart, SameStepDuration, CopySetting<&LoopTrackSet::StepDuration>},
     {kSwingPart, SameSetting<&LoopTrackSet::Swing>, CopySetting<&LoopTrackSet::Swing>},
     {kBeatStartPart, SameBeatStart, CopyBeatStart},
     {kNStepsPart, SameSetting<&LoopTrackSet::NSteps>, CopySetting<&LoopTrackSet::NSteps>},
@@ -121,6 +127,7 @@ void CaptureSounding(Session& s, Row row, RowState& state) {
     const LoopTrackRun& run = s.Run[row];
     HeldSample& sounding = state.InHand;
     sounding = run.InHand;
+    if (row == kSelectionRow) sounding.Playing = run.Playing != False;
     if (run.Loaded == False || !run.Buffer) return;
     sounding.Playing = run.Playing != False;
     sounding.Paused = run.Paused != False;
@@ -143,7 +150,7 @@ RowState CaptureRow(Session& s, Row row) {
     state.Set = s.Set[row];
     state.Loaded = run.Loaded;
     if (run.Loaded != False && run.Buffer) state.Sample = run.Buffer->Keep();
-    state.Reversed = run.Reversed;
+    if (run.Loaded != False) state.Reversed = run.Reversed;  // an empty row keeps the mark of the sample before
     state.BeatStartBytes = run.BeatStartBytes;
     state.Missing = run.Missing;
     CaptureSounding(s, row, state);

@@ -65,7 +65,18 @@ Goal GoalOf(const UndoRecord& step, const UndoSnapshot& now, bool allAnew) {
     return goal;
 }
 
-std::vector<std::string> Restore(Session& s, const Goal& goal, const InstrumentState& now) {
+// What plays for row Z is as it was; but nothing does when the last row has fallen silent.
+void RestorePlayingOfSelection(Session& s, const Goal& goal, const UndoSnapshot& now) {
+    const auto plays = [](const RowState& row) { return row.InHand.Playing; };
+    const bool played = std::any_of(now.Rows.begin(), now.Rows.begin() + kLoopTracks, plays);
+    bool playing = false;
+    for (Row row = 0; row < kLoopTracks; ++row) playing = playing || s.Run[row].Playing != False;
+    const bool shown = plays(goal.Rows[kSelectionRow]) && (playing || !played);
+    s.Run[kSelectionRow].Playing = ToBoolean(shown);
+    s.World.Screen.ShowPlay(kSelectionRow);
+}
+
+std::vector<std::string> Restore(Session& s, const Goal& goal, const UndoSnapshot& now) {
     std::vector<std::string> waiting;
     RestoreSpace(s, goal.Rest, goal.RestChanged);
     for (Row row = 0; row < kUndoRows; ++row) {
@@ -78,8 +89,8 @@ std::vector<std::string> Restore(Session& s, const Goal& goal, const InstrumentS
     // All rows start at the end, so that they stay together.
     for (Row row = 0; row < kUndoRows; ++row) RestoreSounding(s, row, goal.Rows[row], goal.Changed[row]);
     RestoreThinList(s, goal.Rest.ThinList);
-    RestoreOptions(s, goal.Rest, now, goal.RestChanged);
-    LoopRefreshAny(s);
+    RestoreOptions(s, goal.Rest, now.Rest, goal.RestChanged);
+    RestorePlayingOfSelection(s, goal, now);
     PatternsRefresh(s);
     return waiting;
 }
@@ -124,7 +135,10 @@ UndoRecord MakeRecord(Session& s, const UndoSnapshot& before, const UndoLimits& 
     step.Rows = before.Rows;
     step.Rest = before.Rest;
     for (Row row = 0; row < kUndoRows; ++row) {
-        step.RowsChanged[row] = limits.Rows & DifferentParts(before.Rows[row], CaptureRow(s, row));
+        // What plays for row Z depends on what is selected.
+        const bool plays = row == kSelectionRow && (limits.Rows & kSelectedPart) != 0;
+        const RowParts allowed = plays ? limits.Rows | kSoundingPart : limits.Rows;
+        step.RowsChanged[row] = allowed & DifferentParts(before.Rows[row], CaptureRow(s, row));
     }
     InstrumentState now;
     CaptureParts(s, now, limits.Rest);
@@ -157,7 +171,7 @@ std::vector<std::string> Exchange(Session& s, UndoRecord& step) {
     if (anew) TakeAlongAllRows(step, now);
     const Goal goal = GoalOf(step, now, anew);
     if (anew) Change3D(s, goal.Rest.Use3D);
-    std::vector<std::string> waiting = Restore(s, goal, now.Rest);
+    std::vector<std::string> waiting = Restore(s, goal, now);
     if (step.Clips) step.Clips->Exchange(s);
     step.Rows = std::move(now.Rows);
     step.Rest = std::move(now.Rest);

@@ -1,0 +1,227 @@
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "audio/loop_clearing.h"
+#include "audio/thinning.h"
+#include "browser/clipboard.h"
+#include "performance/drops/dropper.h"
+#include "performance/drops/file_drops.h"
+#include "performance/drops/palette.h"
+#include "performance/drops/row_drops.h"
+#include "performance/map/scatter.h"
+#include "performance/map/use_3d.h"
+#include "performance/pad/wire_sets.h"
+#include "performance/selection/bands.h"
+#include "performance/selection/selection.h"
+#include "persistence/clips.h"
+#include "persistence/quick_load.h"
+#include "persistence/save_open.h"
+#include "sequencing/patterns.h"
+#include "undo/undo_rig.h"
+
+namespace marvolin::test {
+namespace {
+
+constexpr int kRuns = 200;
+constexpr int kActions = 40;  // fewer than can be taken back
+
+/// A player without a plan.
+class RandomHand {
+public:
+    RandomHand(UndoRig& rig, unsigned seed) : rig_(rig), s_(rig.s), dice_(seed) {}
+
+    int Below(int n) { return static_cast<int>(dice_() % static_cast<unsigned>(n)); }
+    void Act() {
+        s_.CurrentLoop = AnyLoop();
+        switch (Below(17)) {
+            case 0:
+            case 1:
+                return LoadSample(s_, {.Path = AnySample(), .Target = AnyRow(), .Play = Below(2) == 0});
+            case 2:
+                return LoopClearRows(s_, AnyRow());
+            case 3:
+                return Palette();
+            case 4:
+                return OpenSet();
+            case 5:
+                return Draw();
+            case 6:
+                return EraserDrop(s_, Below(kPatternRows));
+            case 7:
+                return CopyToRow();
+            case 8:
+                return Drop();
+            case 9:
+                return SetChannel_Click(s_, static_cast<std::int16_t>(Below(9)));
+            case 10:
+                return Scatter();
+            case 11:
+                return DrawBand();
+            case 12:
+                return Select();
+            case 13:
+                return Below(2) == 0 ? SelectorRadio_Click(s_, Below(7)) : SelectorRadio_DblClick(s_, Below(7));
+            case 14:
+                return Below(8) == 0 ? ClearClip_Click(s_) : DeleteClip(s_, AnyClip());
+            case 15:
+                s_.Clips.Selected = AnyClip();
+                return DropClip(s_, AnyLoop(), {drags::kClipBoardList, 0, Below(2) == 0 ? "1" : "2"});
+            default:
+                return DropFilesOnRow(s_, AnyLoop(), {AnySample(), AnySample()});
+        }
+    }
+
+private:
+    Row AnyLoop() { return static_cast<Row>(Below(kLoopTracks)); }
+    Row AnyRow() { return static_cast<Row>(Below(kLoopTracks + 1)); }
+    std::string AnySample() {
+        static constexpr const char* kNames[] = {"bells.wav", "drum.wav", "hum.wav", "rain.wav", "wind.wav"};
+        return rig_.Sample(kNames[Below(5)]);
+    }
+    std::int16_t AnyClip() {
+        return s_.Clips.ClipTop < 0 ? std::int16_t{-1} : static_cast<std::int16_t>(Below(s_.Clips.ClipTop + 1));
+    }
+    void Palette() {
+        s_.HistoryRow = s_.LoopDropTarget = AnyLoop();
+        s_.HistoryChoice = static_cast<std::int16_t>(1 + Below(4));
+        HistoryList_DragDrop(s_);
+    }
+    void OpenSet() {
+        s_.SaveOpenSwitches[kWhenOpening].SetSwitch(true);
+        if (Below(2) == 0) {
+            for (int n = 0; n < 6; ++n) s_.SaveOpenSwitches[kWhenOpening].Put(static_cast<Element>(Below(16)), false);
+        }
+        s_.EmptyBlankSetting = static_cast<std::int16_t>(Below(2));
+        if (Below(2) == 0) {
+            s_.QuickLoadTag = kLeftButton;
+            return QuickLoad_Click(s_, static_cast<std::size_t>(Below(static_cast<int>(s_.QuickLoadFiles.size()))));
+        }
+        static constexpr const char* kSets[] = {"evening.mvn", "morning.mvn", "space.mvn"};
+        OpenIt_Chosen(s_, CurrentChoices(s_), rig_.Sample(kSets[Below(3)]));
+    }
+    void Draw() {
+        const int graph = Below(kPatternRows);
+        s_.GraphColumns[static_cast<std::size_t>(graph)] = 4;
+        GraphEvent event{.What = Phase::Down, .Button = kLeftButton, .At = {}, .From = {}, .Size = {1000, 500}};
+        event.At = {Below(1000) * 1.0, Below(500) * 1.0};
+        PatternGraph_Gesture(s_, graph, event);
+        for (const Phase phase : {Phase::Move, Phase::Move, Phase::Up}) {
+            event.What = phase;
+            event.From = event.At;
+            event.At = {Below(1000) * 1.0, Below(500) * 1.0};
+            PatternGraph_Gesture(s_, graph, event);
+        }
+    }
+    void CopyToRow() {
+        switch (Below(5)) {
+            case 0:
+                return DropPattern(s_, AnyRow(), {drags::kPatternGraph, static_cast<Row>(Below(kPatternRows)), ""});
+            case 1:
+                return DropPatterns(s_, AnyRow(), {drags::kPatterns, 0, ""});
+            case 2:
+                return DropSequence(s_, AnyRow(), {drags::kTabControl, 0, ""});
+            case 3:
+                return DropAllTiming(s_, AnyRow(), {drags::kAllTiming, 0, ""});
+            default:
+                return DropTimingElement(s_, AnyRow(), {drags::kCloneTime, static_cast<Row>(Below(3)), ""});
+        }
+    }
+    void Drop() {
+        const Row from = AnyLoop();
+        const DragSource source{drags::kLetr, from, clsDropperManager().DropTo(from)};
+        if (Below(2) == 0) {
+            DropDropperOnLetter(s_, AnyLoop(), source);
+        } else {
+            DropDropperOnDisplay(s_, AnyLoop(), source);
+        }
+    }
+    // A random part of a pattern would colour what is heard, too.
+    void Scatter() {
+        rig_.Chance.Rest = Below(100) / 100.0;
+        PosMacros_Click(s_, static_cast<std::int16_t>(1 + Below(2)));
+        rig_.Chance.Rest = 0;
+    }
+    void DrawBand() {
+        const auto lane = static_cast<Row>(Below(kBands));
+        if (Below(6) == 0) return Bands_DblClick(s_, lane);
+        Bands_Gesture(s_, lane, Below(4), Phase::Down);
+        Bands_Gesture(s_, lane, Below(4), Phase::Move);
+        Bands_Gesture(s_, lane, Below(4), Phase::Up);
+    }
+    void Select() {
+        if (Below(2) == 0) return SlctGroup_Click(s_, Below(2) == 0 ? "Toggle" : "Filled");
+        Selected_MouseDown(s_, AnyLoop(), Below(2) == 0 ? kLeftButton : kRightButton);
+        Selected_DragOver(s_, AnyLoop());
+        Selected_DragEnd(s_);
+    }
+
+    UndoRig& rig_;
+    Session& s_;
+    std::mt19937 dice_;
+};
+
+/// Three sets, one of them with 3D sound, six clips, and an instrument that plays.
+void Prepare(UndoRig& rig) {
+    Session& s = rig.s;
+    const auto keepAsClips = [&] {
+        for (Row row = 0; row < 3; ++row) ClipBoardList_DragDrop(s, {drags::kDropDown, row, ""});
+    };
+    rig.Load(0, "bells.wav", true);
+    rig.Load(1, "drum.wav");
+    rig.Load(2, "bells.wav");
+    s.Set[1].PlayMode = kDrum;
+    s.Set[2].Pattern[kVolPattern][3] = 77;
+    keepAsClips();
+    rig.Save("evening.mvn");
+    rig.Load(1, "hum.wav", true);
+    LoopClearRows(s, 2);
+    s.Set[3].Vol = 120;
+    s.Limit = 2;
+    s.ActiveTab = kMixPadTab;
+    s.PadTable[kPanPad].Function = 3;
+    rig.Save("morning.mvn");
+    s.Limit = kNoLimit;
+    keepAsClips();
+    Enable3d_Click(s, true);
+    rig.Load(3, "rain.wav", true);
+    rig.Save("space.mvn");
+    Enable3d_Click(s, false);
+    s.ActiveTab = kPatternTab;
+    rig.Load(2, "wind.wav");
+    s.Run[0].Step = 2;
+    rig.Buffer(0).Position = 1200;
+    StartUndo(s);
+}
+
+TEST(Evening, OfRandomGesturesIsTakenBackToItsStartAndDoneAgainToItsEnd) {
+    for (unsigned seed = 1; seed <= kRuns; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        UndoRig rig;
+        Prepare(rig);
+        RandomHand hand(rig, seed);
+        std::vector<std::string> portraits{rig.Portrait()};
+        for (int action = 0; action < kActions; ++action) {
+            hand.Act();
+            std::string now = rig.Portrait();
+                std::cerr << action << ' ' << (now != portraits.back()) << ' ' << rig.LastText() << '\n';
+            if (now != portraits.back()) portraits.push_back(std::move(now));
+        }
+        ASSERT_GT(portraits.size(), 10U);
+        for (std::size_t left = portraits.size() - 1; left-- > 0;) {
+            const std::string text = rig.LastText();
+            Undo_Click(rig.s);
+            ASSERT_EQ(rig.Portrait(), portraits[left]) << "taken back: " << text;
+        }
+        ASSERT_EQ(rig.LastText(), "") << "no step that the instrument does not show";
+        for (std::size_t next = 1; next < portraits.size(); ++next) {
+            const std::string text = RedoText(rig.s);
+            Redo_Click(rig.s);
+            ASSERT_EQ(rig.Portrait(), portraits[next]) << "done again: " << text;
+        }
+        ASSERT_EQ(RedoText(rig.s), "");
+    }
+}
+
+}  // namespace
+}  // namespace marvolin::test
