@@ -5,6 +5,7 @@
 #include "core/drag_source.h"
 #include "parameters/fades.h"
 #include "performance/selection/bands.h"
+#include "persistence/undo/undo_commands.h"
 #include "window/descriptions/parts.h"
 
 namespace marvolin {
@@ -97,6 +98,19 @@ std::string StatusValue(const Situation& at) {
 }
 
 std::string StatusHint(const Situation& at) { return at.Part == kHelpPanel ? kHelpPanelHint : ""; }
+
+constexpr const char* kUndoHint = "clk Take back what was replaced or emptied";
+constexpr const char* kRedoHint = "clk Do again what was taken back";
+
+std::string UndoHint(const Situation& at) {
+    const std::string step = UndoText(at.State);
+    return step.empty() ? kUndoHint : "clk Take back: " + step;
+}
+
+std::string RedoHint(const Situation& at) {
+    const std::string step = RedoText(at.State);
+    return step.empty() ? kRedoHint : "clk Do again: " + step;
+}
 
 constexpr Description kMainWindowTable[] = {
     {.Name = "frmMain", .Topic = 10001, .Role = QAccessible::Window},
@@ -219,6 +233,26 @@ constexpr Description kMainWindowTable[] = {
      .Role = QAccessible::Graphic,
      .Taken = Keys::Press | Keys::Move | Keys::Delete,
      .Value = BandsValue},
+    {.Name = "Undo",
+     .Label = "Take back",
+     .Tip = kLabelAsTip,
+     .Hint = {UndoHint, kUndoHint},
+     .Off = "off until a step can be taken back",
+     .Topic = 10270,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press,
+     .Value = [](const Situation& at) { return UndoText(at.State); },
+     .Shortcut = "Backspace"},
+    {.Name = "Redo",
+     .Label = "Do again",
+     .Tip = kLabelAsTip,
+     .Hint = {RedoHint, kRedoHint},
+     .Off = "off until a step has been taken back",
+     .Topic = 10271,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press,
+     .Value = [](const Situation& at) { return RedoText(at.State); },
+     .Shortcut = "Shift+Backspace"},
     {.Name = "QuickLoad",
      .Label = "Sessions of the current folder",
      .Hint = {QuickLoadHint, "clk Load Session; clk Open Session in the Save/Open Dialogue"},

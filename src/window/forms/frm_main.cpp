@@ -1,13 +1,9 @@
 #include "window/forms/frm_main.h"
 
-#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QKeyEvent>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QTextEdit>
 #include <algorithm>
 #include <utility>
 
@@ -21,6 +17,8 @@
 #include "window/forms/toolbar.h"
 #include "window/help/help_asker.h"
 #include "window/keys/program_keys.h"
+#include "window/keys/typing.h"
+#include "window/keys/undo_keys.h"
 #include "window/popups/history_list.h"
 #include "window/popups/popup_list.h"
 #include "window/popups/select_list.h"
@@ -55,15 +53,6 @@ static_assert(kRegularHeight <= 740);
 constexpr int kPlacePeriod = 33;      // ms
 constexpr int kLoadPeriod = 2000;     // ms
 constexpr int kUnmanagedTime = 1000;  // ms in which a window manager activates the window
-
-/// The window that a widget belongs to: that of an open list is the one it was opened from.
-const QWidget& WindowBehind(const QWidget& widget) {
-    const QWidget* window = widget.window();
-    while (window->windowType() == Qt::Popup && window->parentWidget() != nullptr) {
-        window = window->parentWidget()->window();
-    }
-    return *window;
-}
 
 }  // namespace
 
@@ -105,6 +94,7 @@ FrmMain::FrmMain(Session& session, Events events) : s(session), events_(std::mov
     qApp->installEventFilter(this);
     help_ = std::make_unique<HelpAsker>(s);
     keys_ = std::make_unique<ProgramKeys>(s);
+    undoKeys_ = std::make_unique<UndoKeys>(s);
     announcer_ = std::make_unique<Announcer>();
 }
 
@@ -260,13 +250,6 @@ void FrmMain::dragEnterEvent(QDragEnterEvent* event) {
 void FrmMain::dropEvent(QDropEvent* event) {
     event->acceptProposedAction();
     DropFiles(s, -1, FilePaths(*event->mimeData()));
-}
-
-bool FrmMain::IsTyping() const {
-    QWidget* focus = QApplication::focusWidget();
-    const auto* text = dynamic_cast<QTextEdit*>(focus);
-    return dynamic_cast<QLineEdit*>(focus) != nullptr || dynamic_cast<QAbstractSpinBox*>(focus) != nullptr ||
-           dynamic_cast<QPlainTextEdit*>(focus) != nullptr || (text != nullptr && !text->isReadOnly());
 }
 
 // One reads and plays. Ctrl and a letter are keys of Help itself.

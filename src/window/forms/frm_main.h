@@ -22,6 +22,7 @@ class SelectList;
 class SelectorStrip;
 class TabControl;
 class Toolbar;
+class UndoKeys;
 
 /// The main window: toolbar, five rows, the strip of selectors, the tabs, two status bars.
 class FrmMain : public QWidget, public HintWindow {
@@ -96,7 +97,6 @@ private:
     void Form_Resize();
     void PlaceBars();
     void KeepOnScreen();
-    bool IsTyping() const;
     bool PlaysFrom(const QWidget& widget, const QKeyEvent& key) const;
     void ShowPlaces();
 
@@ -111,6 +111,7 @@ private:
     bool raised_ = false;  // both are set
     std::unique_ptr<HelpAsker> help_;
     std::unique_ptr<ProgramKeys> keys_;
+    std::unique_ptr<UndoKeys> undoKeys_;
     std::unique_ptr<Announcer> announcer_;
     std::array<Qt::KeyboardModifiers, 26> pressed_{};  // what was held when each letter was pressed
     PopupList* quickLoad_ = nullptr;

@@ -4,6 +4,7 @@
 
 #include "window/controls/bands_editor.h"
 #include "window/controls/selector_radio.h"
+#include "window/controls/undo_button.h"
 #include "window/toolkit/theme.h"
 
 namespace marvolin {
@@ -12,6 +13,8 @@ namespace {
 
 constexpr int kFirstButton = 78;
 constexpr QRect kBandsPlace{384, 2, 260, 30};
+constexpr QRect kWordsPlace{660, 0, 282, SelectorStrip::kHeight};
+constexpr QRect kUndoPlace{948, 5, 34, 24};
 
 }  // namespace
 
@@ -24,11 +27,18 @@ SelectorStrip::SelectorStrip(Session& session, QWidget* parent) : QWidget(parent
     }
     bands_ = new BandsEditor(s, this);
     bands_->setGeometry(kBandsPlace);
+    undo_ = {new UndoButton(s, this, UndoButton::Turn::Back), new UndoButton(s, this, UndoButton::Turn::On)};
+    undo_[0]->setGeometry(kUndoPlace);
+    undo_[1]->setGeometry(kUndoPlace.translated(kUndoPlace.width() + 4, 0));
 }
 
 void SelectorStrip::RefreshButton(int button) { buttons_[static_cast<std::size_t>(button)]->Refresh(); }
 
 void SelectorStrip::RefreshBands() { bands_->Refresh(); }
+
+void SelectorStrip::RefreshUndo() {
+    for (Control* button : undo_) button->Refresh();
+}
 
 void SelectorStrip::paintEvent(QPaintEvent*) {
     QPainter p(this);
@@ -40,8 +50,7 @@ void SelectorStrip::paintEvent(QPaintEvent*) {
     p.setPen(theme::kQuiet);
     p.drawText(QRect(16, 0, 60, kHeight), Qt::AlignVCenter | Qt::AlignLeft, "Control");
     p.drawText(QRect(330, 0, 50, kHeight), Qt::AlignVCenter | Qt::AlignLeft, "Bands");
-    p.drawText(QRect(660, 0, width() - 670, kHeight), Qt::AlignVCenter | Qt::AlignLeft,
-               "Row Z moves what is lit: S the selection, 0 to 5 the bands");
+    p.drawText(kWordsPlace, Qt::AlignVCenter | Qt::AlignLeft, "Row Z moves what is lit: S selection, 0 to 5 bands");
 }
 
 }  // namespace marvolin

@@ -9,7 +9,7 @@ namespace marvolin {
 
 class Control;
 
-/// The strip below the rows: `SelectorRadio` and `Bands`.
+/// The strip below the rows: `SelectorRadio`, `Bands`, and at its end `Undo` and `Redo`.
 class SelectorStrip : public QWidget {
 public:
     static constexpr int kHeight = 34;
@@ -17,6 +17,7 @@ public:
     SelectorStrip(Session& session, QWidget* parent);
     void RefreshButton(int button);
     void RefreshBands();
+    void RefreshUndo();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -25,6 +26,7 @@ private:
     Session& s;
     std::array<Control*, kBands + 1> buttons_{};
     Control* bands_ = nullptr;
+    std::array<Control*, 2> undo_{};
 };
 
 }  // namespace marvolin

@@ -130,7 +130,9 @@ void QtDisplay::ShowSilence() {}
 
 void QtDisplay::ShowRecording() {}
 
-void QtDisplay::ShowUndo() {}
+void QtDisplay::ShowUndo() {
+    if (form_ != nullptr) form_->Selectors->RefreshUndo();
+}
 
 void QtDisplay::ShowTitle() {
     if (form_ != nullptr) form_->RefreshTitle();

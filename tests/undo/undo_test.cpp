@@ -1,0 +1,546 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "audio/device.h"
+#include "audio/loop_clearing.h"
+#include "audio/play_gestures.h"
+#include "audio/reverse.h"
+#include "browser/bin_gestures.h"
+#include "browser/clipboard.h"
+#include "browser/sample_bins.h"
+#include "core/routines.h"
+#include "instrument/dropped_files.h"
+#include "parameters/setters.h"
+#include "performance/drops/dropper.h"
+#include "performance/drops/palette.h"
+#include "performance/drops/row_drops.h"
+#include "performance/map/scatter.h"
+#include "performance/map/use_3d.h"
+#include "performance/pad/mix_pad.h"
+#include "performance/pad/wire_sets.h"
+#include "performance/selection/bands.h"
+#include "performance/selection/selection.h"
+#include "persistence/clips.h"
+#include "persistence/quick_load.h"
+#include "persistence/undo/undo_steps.h"
+#include "sequencing/patterns.h"
+#include "undo/undo_rig.h"
+
+namespace marvolin::test {
+namespace {
+
+struct Undo : testing::Test, UndoRig {
+    /// Takes the one step back and does it again; each time the instrument must look as it did.
+    void GoBackAndForth(const std::string& before, const std::string& text) {
+        const std::string after = Portrait();
+        ASSERT_NE(after, before);
+        EXPECT_EQ(LastText(), text);
+        Undo_Click(s);
+        EXPECT_EQ(Portrait(), before);
+        EXPECT_EQ(s.StatusText, "Taken back: " + text);
+        EXPECT_EQ(RedoText(s), text);
+        Redo_Click(s);
+        EXPECT_EQ(Portrait(), after);
+        EXPECT_EQ(s.StatusText, "Done again: " + text);
+    }
+    void Forget() { StartUndo(s); }
+    int Reads() { return Sound.Count("CreateSoundBufferFromFile"); }
+};
+
+TEST_F(Undo, ALoadGivesTheSampleBackWithoutReadingTheFile) {
+    Load(0, "bells.wav");
+    Forget();
+    const std::string before = Portrait();
+    Load(0, "drum.wav");
+    const int reads = Reads();
+    std::filesystem::remove(Sample("bells.wav"));
+    std::filesystem::remove(Sample("drum.wav"));
+    GoBackAndForth(before, "Load of drum into A");
+    EXPECT_EQ(Reads(), reads);
+    EXPECT_TRUE(Desk.Boxes.empty());
+}
+
+TEST_F(Undo, ALoadFromABinIsAStep) {
+    SetPickDir(s, 0, Folder.Path());
+    UpdatePickFile(s, 0);
+    ASSERT_EQ(s.Bins[0].Rows.size(), 5U);
+    s.Bins[0].Destination = 2;
+    const std::string before = Portrait();
+    PickFile_MouseUp(s, 0, kLeftButton, 1);
+    GoBackAndForth(before, "Load of drum into C");
+}
+
+TEST_F(Undo, ALoadFromThePaletteIsAStep) {
+    Load(1, "bells.wav");
+    LoopClearRows(s, 1);
+    Forget();
+    const std::string before = Portrait();
+    s.HistoryRow = s.LoopDropTarget = 1;
+    s.HistoryChoice = kHistorySamples;
+    HistoryList_DragDrop(s);
+    GoBackAndForth(before, "Load of bells into B");
+}
+
+TEST_F(Undo, ADragOfALoopTrackOntoAnotherIsAStep) {
+    Load(0, "bells.wav");
+    Load(1, "drum.wav", true);
+    Forget();
+    const std::string before = Portrait();
+    DropLoopTrack(s, 1, {drags::kDropDown, 0, ""});
+    GoBackAndForth(before, "Load of bells into B");
+    EXPECT_EQ(Buffer(0).Sample, Buffer(1).Sample) << "one memory for both";
+}
+
+TEST_F(Undo, DroppedFilesAreOneStep) {
+    const std::string before = Portrait();
+    DropFiles(s, 1, {Sample("bells.wav"), Sample("drum.wav"), Sample("hum.wav")});
+    GoBackAndForth(before, "Load of 3 samples");
+}
+
+TEST_F(Undo, AClearGivesSampleSettingsAndPatternsBack) {
+    Load(2, "rain.wav", true);
+    s.Set[2].Pattern[kHzPattern][4] = 1500;
+    s.Set[2].Thinnable = False;
+    s.ThinList.clear();
+    std::int16_t vol = 321;
+    LoopVolChange(s, 2, vol, TakeHold::Yes, UpdateDisplay::Yes);
+    Forget();
+    const std::string before = Portrait();
+    LoopClearRows(s, 2);
+    GoBackAndForth(before, "Clear of C");
+}
+
+TEST_F(Undo, AReverseKeepsOnlyTheDirectionAndReachesAllThatShareTheSample) {
+    Load(0, "bells.wav");
+    Load(3, "bells.wav");
+    Forget();
+    const auto bytes = Buffer(3).Sample->Bytes;
+    const std::string before = Portrait();
+    s.LoopDropTarget = 0;
+    s.HistoryChoice = kHistoryReverse;
+    HistoryList_DragDrop(s);
+    ASSERT_NE(Buffer(3).Sample->Bytes, bytes);
+    GoBackAndForth(before, "Reverse of A");
+    Undo_Click(s);
+    EXPECT_EQ(Buffer(3).Sample->Bytes, bytes);
+}
+
+TEST_F(Undo, AReversedSampleThatWasReplacedComesBackReversed) {
+    Load(0, "bells.wav");
+    LoopReverse(s, 0);
+    const auto reversed = Buffer(0).Sample->Bytes;
+    Forget();
+    Load(0, "drum.wav");
+    Undo_Click(s);
+    EXPECT_EQ(Buffer(0).Sample->Bytes, reversed);
+    EXPECT_EQ(s.Run[0].Reversed, True);
+}
+
+TEST_F(Undo, AnOpenedSetGivesBackAllThatItReplaced) {
+    Load(0, "bells.wav", true);
+    Load(1, "drum.wav");
+    ASSERT_TRUE(Save("evening.mvn"));
+    Load(0, "hum.wav", true);
+    LoopClearRows(s, 1);
+    Load(3, "rain.wav");
+    s.Limit = 3;
+    s.ActiveTab = kOptionTab;
+    s.ResetVars = false;
+    double x = 900;
+    double y = -700;
+    PadMix(s, x, y, kVolPad, {.Absolute = true});
+    s.Bins[1].Destination = 1;
+    Forget();
+    const std::string before = Portrait();
+    ASSERT_TRUE(Open("evening.mvn"));
+    GoBackAndForth(before, "Open of evening.mvn");
+}
+
+TEST_F(Undo, ASetThatSwitches3dGivesTheSamplesBackAlsoWhenTheirFilesHaveGone) {
+    Load(0, "bells.wav", true);
+    ASSERT_TRUE(Save("flat.mvn"));
+    Enable3d_Click(s, true);
+    Load(1, "drum.wav", true);
+    ASSERT_TRUE(Save("space.mvn"));
+    Forget();
+    const std::string before = Portrait();
+    ASSERT_TRUE(Open("flat.mvn"));
+    ASSERT_FALSE(s.Use3D);
+    for (const char* name : {"bells.wav", "drum.wav"}) std::filesystem::remove(Sample(name));
+    Desk.Boxes.clear();
+    Undo_Click(s);
+    EXPECT_TRUE(s.Use3D);
+    EXPECT_EQ(Portrait(), before);
+    EXPECT_TRUE(Desk.Boxes.empty());
+}
+
+TEST_F(Undo, QuickLoadIsAStep) {
+    Load(0, "bells.wav");
+    ASSERT_TRUE(Save("evening.mvn"));
+    Load(0, "drum.wav");
+    Forget();
+    const std::string before = Portrait();
+    s.QuickLoadTag = kLeftButton;
+    QuickLoad_Click(s, 1);
+    GoBackAndForth(before, "Open of evening.mvn");
+}
+
+TEST_F(Undo, ADroppedSetIsOneStepWithWhatTheDropDoesBesides) {
+    Load(0, "bells.wav");
+    ASSERT_TRUE(Save("evening.mvn"));
+    LoopClearRows(s, 0);
+    Forget();
+    const std::string before = Portrait();
+    DropFiles(s, -1, {Sample("evening.mvn")});
+    ASSERT_TRUE(s.SaveItEnabled);
+    GoBackAndForth(before, "Open of evening.mvn");
+}
+
+TEST_F(Undo, ADrawingIsOneStepFromThePressToTheRelease) {
+    s.GraphColumns = {4, 4, 4};
+    const std::string before = Portrait();
+    GraphEvent event{.What = Phase::Down, .Button = kLeftButton, .At = {300, 100}, .From = {}, .Size = {1000, 500}};
+    PatternGraph_Gesture(s, kVolPattern, event);
+    for (const double x : {500.0, 700.0, 900.0}) {
+        event.What = Phase::Move;
+        event.From = event.At;
+        event.At = {x, x / 2};
+        PatternGraph_Gesture(s, kVolPattern, event);
+        EXPECT_EQ(LastText(), "") << "not before the release";
+    }
+    event.What = Phase::Up;
+    PatternGraph_Gesture(s, kVolPattern, event);
+    GoBackAndForth(before, "Drawing of the Vol pattern of A");
+}
+
+TEST_F(Undo, StepsOfKeysOnAGraphThatFollowEachOtherAreOneStep) {
+    const std::string before = Portrait();
+    for (int n = 0; n < 60; ++n) PatternStep(s, kPanPattern, 2, 1);
+    GoBackAndForth(before, "Drawing of the Pan pattern of A");
+}
+
+TEST_F(Undo, AnErasedPatternIsAStep) {
+    s.Set[0].Pattern[kHzPattern][2] = 700;
+    s.Set[0].NSteps = 9;
+    const std::string before = Portrait();
+    EraserDrop(s, kHzPattern);
+    GoBackAndForth(before, "Erasing of the Freq pattern of A");
+}
+
+TEST_F(Undo, CopiesOfPatternsAndTimingAreSteps) {
+    Load(0, "bells.wav");
+    Load(1, "drum.wav", true);
+    s.Set[0].Pattern[kVolPattern][1] = 40;
+    s.Set[0].Swing = 12;
+    s.Set[0].NSteps = 20;
+    Forget();
+    std::string before = Portrait();
+    DropPattern(s, 1, {drags::kPatternGraph, kVolPattern, ""});
+    GoBackAndForth(before, "Copy of the pattern of A to B");
+    before = Portrait();
+    DropTimingElement(s, 1, {drags::kCloneTime, 2, ""});
+    DropAllTiming(s, 2, {drags::kAllTiming, 0, ""});
+    EXPECT_EQ(LastText(), "Copy of the timing of A to C");
+    Undo_Click(s);
+    Undo_Click(s);
+    EXPECT_EQ(Portrait(), before);
+    DropSequence(s, 1, {drags::kTabControl, 0, ""});
+    GoBackAndForth(before, "Copy of the sequence of A to B");
+}
+
+TEST_F(Undo, TheDropperIsAStep) {
+    Load(0, "bells.wav", true);
+    std::int16_t vol = 200;
+    LoopVolChange(s, 1, vol, TakeHold::Yes, UpdateDisplay::Yes);
+    s.Set[1].PlayMode = kDrum;
+    Forget();
+    const std::string before = Portrait();
+    DropDropperOnLetter(s, 1, {drags::kLetr, 0, clsDropperManager().DropTo(0)});
+    ASSERT_EQ(s.Set[0].Vol, 200);
+    GoBackAndForth(before, "Dropper from B to A");
+}
+
+TEST_F(Undo, AWireSetIsAStep) {
+    const std::string before = Portrait();
+    SetChannel_Click(s, 7);
+    GoBackAndForth(before, "Wire set All to 1");
+}
+
+TEST_F(Undo, AScatterIsAStepAndAWanderIsNone) {
+    Chance.Rest = 0.8;
+    const std::string before = Portrait();
+    PosMacros_Click(s, kMacroScatterAbs);
+    GoBackAndForth(before, "Scatter Abs");
+    Forget();
+    PosMacros_Click(s, kMacroWander);
+    WanderStep(s, 200);
+    EXPECT_EQ(LastText(), "");
+}
+
+TEST_F(Undo, GesturesOnBandsAndSelectionAreSteps) {
+    std::string before = Portrait();
+    Bands_Gesture(s, 2, 0, Phase::Down);
+    Bands_Gesture(s, 2, 1, Phase::Move);
+    Bands_Gesture(s, 2, 2, Phase::Move);
+    Bands_Gesture(s, 2, 2, Phase::Up);
+    GoBackAndForth(before, "Change of the bands");
+    before = Portrait();
+    Selected_MouseDown(s, 0, kLeftButton);
+    Selected_DragOver(s, 1);
+    Selected_DragOver(s, 2);
+    Selected_DragEnd(s);
+    GoBackAndForth(before, "Change of the selection");
+    before = Portrait();
+    SlctGroup_Click(s, " Toggle ");
+    GoBackAndForth(before, "Selection Toggle");
+    before = Portrait();
+    SelectorRadio_DblClick(s, 3);
+    GoBackAndForth(before, "Change of what is in control");
+}
+
+TEST_F(Undo, ClipsThatWereDeletedComeBackToTheirPlace) {
+    for (const char* name : {"bells.wav", "drum.wav", "hum.wav"}) {
+        Load(0, name);
+        ClipBoardList_DragDrop(s, {drags::kDropDown, 0, ""});
+    }
+    Forget();
+    std::string before = Portrait();
+    DeleteClip(s, 1);
+    GoBackAndForth(before, "Deletion of the clip drum");
+    Undo_Click(s);
+    before = Portrait();
+    ClearClip_Click(s);
+    GoBackAndForth(before, "Clear of the clipboard");
+    ClipBoardList_DragDrop(s, {drags::kDropDown, 0, ""});
+    Undo_Click(s);
+    ASSERT_EQ(s.Clips.ClipStore.size(), 4U) << "what the hand has added since stays";
+    EXPECT_EQ(s.Clips.ClipTop, 3);
+}
+
+TEST_F(Undo, AClipOnARowIsAStep) {
+    Load(0, "bells.wav", true);
+    ClipBoardList_DragDrop(s, {drags::kDropDown, 0, ""});
+    Load(1, "drum.wav", true);
+    Forget();
+    const std::string before = Portrait();
+    s.Clips.Selected = 0;
+    DropClip(s, 1, {drags::kClipBoardList, 0, "1"});
+    GoBackAndForth(before, "Clip bells onto B");
+}
+
+TEST_F(Undo, ARowThatComesBackPlaysOnFromItsPlaceInItsModeAndStep) {
+    Load(0, "bells.wav", true);
+    LoopSetPlayModeRows(s, 0, kTrack);
+    s.Run[0].Step = 2;
+    s.Run[0].StepElapsed = 17;
+    Buffer(0).Position = 1240;
+    Load(0, "drum.wav", true);
+    Buffer(0).Position = 888;
+    Undo_Click(s);
+    EXPECT_EQ(Buffer(0).Position, 1240);
+    EXPECT_EQ(Buffer(0).Status, buffer_status::kPlaying | buffer_status::kLooping);
+    EXPECT_EQ(s.Run[0].Step, 2);
+    EXPECT_EQ(s.Run[0].StepElapsed, 17);
+    EXPECT_EQ(s.Set[0].PlayMode, kTrack);
+    Redo_Click(s);
+    EXPECT_EQ(Buffer(0).Position, 888);
+}
+
+TEST_F(Undo, ARowThatWasThinnedByTheStepPlaysAgain) {
+    s.Limit = 1;
+    Load(0, "bells.wav", true);
+    Buffer(0).Position = 400;
+    Load(1, "drum.wav", true);
+    ASSERT_EQ(s.Run[0].Playing, False);
+    Undo_Click(s);
+    EXPECT_EQ(s.Run[0].Playing, True);
+    EXPECT_EQ(Buffer(0).Position, 400);
+    EXPECT_EQ(s.ThinList, "A");
+}
+
+TEST_F(Undo, NoCallReachesTheSoundOfARowThatDidNotChange) {
+    Load(0, "bells.wav", true);
+    Load(1, "drum.wav", true);
+    Load(1, "hum.wav", true);
+    const std::string name = Buffer(0).Name() + " ";
+    Sound.Log.clear();
+    Undo_Click(s);
+    Redo_Click(s);
+    for (const std::string& call : Sound.Log) EXPECT_EQ((call + " ").find(" " + name), std::string::npos) << call;
+    EXPECT_FALSE(Sound.Log.empty());
+}
+
+TEST_F(Undo, WhatTheHandMovedOnOtherPartsStays) {
+    s.ResetVars = false;
+    Load(0, "bells.wav");
+    Forget();
+    Load(0, "drum.wav");
+    std::int16_t vol = 123;
+    LoopVolChange(s, 0, vol, TakeHold::Yes, UpdateDisplay::Yes);
+    vol = 77;
+    LoopVolChange(s, 1, vol, TakeHold::Yes, UpdateDisplay::Yes);
+    Undo_Click(s);
+    EXPECT_EQ(s.Set[0].FileName, Sample("bells.wav"));
+    EXPECT_EQ(s.Set[0].Vol, 123);
+    EXPECT_EQ(s.Set[1].Vol, 77);
+    EXPECT_NE(Buffer(0).Volume, 0) << "the knob is heard on the sample that came back";
+}
+
+TEST_F(Undo, APartThatTheStepChangedGoesToItsValueBeforeTheStepAndAgainToWhatTheHandMadeOfIt) {
+    std::int16_t vol = 200;
+    LoopVolChange(s, 0, vol, TakeHold::Yes, UpdateDisplay::Yes);
+    Load(0, "drum.wav");  // with "Reset on Load" the volume is full again
+    vol = 50;
+    LoopVolChange(s, 0, vol, TakeHold::Yes, UpdateDisplay::Yes);
+    Undo_Click(s);
+    EXPECT_EQ(s.Set[0].Vol, 200);
+    Redo_Click(s);
+    EXPECT_EQ(s.Set[0].Vol, 50);
+}
+
+TEST_F(Undo, AFadeThatRunsDuringADrawingGoesOn) {
+    s.GraphColumns = {4, 4, 4};
+    GraphEvent event{.What = Phase::Down, .Button = kLeftButton, .At = {300, 100}, .From = {}, .Size = {1000, 500}};
+    PatternGraph_Gesture(s, kVolPattern, event);
+    std::int16_t vol = 260;
+    LoopVolChange(s, 2, vol, TakeHold::Yes, UpdateDisplay::No);
+    event.What = Phase::Up;
+    event.At.Y = 300;
+    PatternGraph_Gesture(s, kVolPattern, event);
+    Undo_Click(s);
+    EXPECT_EQ(s.Set[2].Vol, 260);
+}
+
+TEST_F(Undo, FiftyStepsAreKept) {
+    for (int n = 0; n < 60; ++n) SelectorRadio_Click(s, n % 2);
+    int steps = 0;
+    for (; !LastText().empty(); ++steps) Undo_Click(s);
+    EXPECT_EQ(steps, 50);
+}
+
+TEST_F(Undo, AStepThatChangesNothingIsNone) {
+    Load(0, "bells.wav");
+    Forget();
+    Load(0, "bells.wav");
+    Bands_DblClick(s, 2);
+    LoopClearRows(s, 3);
+    SetChannel_Click(s, 0);
+    const std::string last = LastText();
+    SetChannel_Click(s, 0);
+    Undo_Click(s);
+    EXPECT_EQ(LastText(), "") << "after " << last;
+}
+
+TEST_F(Undo, ANewStepEndsWhatCouldBeDoneAgain) {
+    Load(0, "bells.wav");
+    Undo_Click(s);
+    ASSERT_EQ(RedoText(s), "Load of bells into A");
+    Load(1, "drum.wav");
+    EXPECT_EQ(RedoText(s), "");
+    Redo_Click(s);
+    EXPECT_EQ(s.StatusText, "There is nothing to do again");
+    Undo_Click(s);
+    Undo_Click(s);
+    EXPECT_EQ(s.StatusText, "There is nothing to take back");
+}
+
+TEST_F(Undo, KnobsAndPlayingAreNoSteps) {
+    Load(0, "bells.wav");
+    Forget();
+    LoopVolChangeGang(s, 0, 300, UpdateDisplay::Yes);
+    LoopHzChangeGang(s, 0, 800);
+    Play_MouseUp(s, 0, kLeftButton);
+    PadRecentre(s);
+    EXPECT_EQ(LastText(), "");
+}
+
+TEST_F(Undo, OnNoSoundTheSampleWaitsForTheNextDevice) {
+    Load(0, "bells.wav", true);
+    Forget();
+    LoopClearRows(s, 0);
+    cboDrivers_Click(s, 2);
+    ASSERT_FALSE(s.DSReady);
+    Undo_Click(s);
+    EXPECT_EQ(s.StatusText, "Taken back: Clear of A; waits for a device: bells");
+    EXPECT_EQ(s.Run[0].InHand.FileName, Sample("bells.wav"));
+    cboDrivers_Click(s, 0);
+    EXPECT_EQ(s.Set[0].FileName, Sample("bells.wav"));
+    EXPECT_TRUE(Sounds(0));
+}
+
+TEST_F(Undo, AfterAChangeOfDeviceSamplesComeBackFromMemory) {
+    Load(0, "bells.wav", true);
+    Forget();
+    LoopClearRows(s, 0);
+    cboDrivers_Click(s, 1);
+    std::filesystem::remove(Sample("bells.wav"));
+    const int reads = Reads();
+    Undo_Click(s);
+    EXPECT_EQ(Reads(), reads);
+    EXPECT_EQ(s.Set[0].FileName, Sample("bells.wav"));
+    EXPECT_TRUE(Sounds(0));
+}
+
+TEST_F(Undo, AChangeOfDeviceIsNoStep) {
+    Load(0, "bells.wav", true);
+    LoopReverse(s, 0);
+    Forget();
+    cboDrivers_Click(s, 1);
+    Enable3d_Click(s, true);
+    EXPECT_EQ(LastText(), "");
+}
+
+TEST_F(Undo, BeyondTheMemoryThatIsKeptTheOldestSamplesComeBackFromTheirFiles) {
+    s.Undo = std::make_shared<UndoSteps>(5000);
+    for (const char* name : {"bells.wav", "drum.wav", "hum.wav"}) Load(0, name);
+    LoopClearRows(s, 0);
+    int reads = Reads();
+    Undo_Click(s);
+    EXPECT_EQ(Reads(), reads) << "hum has 5200 bytes";
+    reads = Reads();
+    Undo_Click(s);
+    EXPECT_EQ(s.Set[0].FileName, Sample("drum.wav"));
+    EXPECT_EQ(Reads(), reads + 1);
+    Undo_Click(s);
+    EXPECT_EQ(s.Set[0].FileName, Sample("bells.wav"));
+}
+
+TEST_F(Undo, ASampleWhoseMemoryAndFileHaveGoneIsNamed) {
+    s.Undo = std::make_shared<UndoSteps>(0);
+    Load(0, "bells.wav");
+    Load(0, "drum.wav");
+    std::filesystem::remove(Sample("bells.wav"));
+    Undo_Click(s);
+    EXPECT_EQ(s.StatusText, "Taken back: Load of drum into A; could not come back: bells");
+    EXPECT_EQ(s.Run[0].Loaded, False);
+    Redo_Click(s);
+    EXPECT_EQ(s.Set[0].FileName, Sample("drum.wav"));
+}
+
+TEST_F(Undo, WithoutAHistoryNothingIsKept) {
+    EndUndo(s);
+    Load(0, "bells.wav");
+    Undo_Click(s);
+    EXPECT_EQ(s.Run[0].Loaded, True);
+    EXPECT_EQ(UndoText(s) + RedoText(s), "");
+}
+
+TEST_F(Undo, AStepInsideADragStandsBesideIt) {
+    Selected_MouseDown(s, 0, kLeftButton);
+    Load(3, "bells.wav");
+    Selected_DragOver(s, 1);
+    Selected_DragEnd(s);
+    EXPECT_EQ(LastText(), "Change of the selection");
+    Undo_Click(s);
+    EXPECT_EQ(s.Set[1].Selected, False);
+    EXPECT_EQ(s.Set[0].Selected, True);
+    Undo_Click(s);
+    EXPECT_EQ(s.Run[3].Loaded, False);
+    EXPECT_EQ(s.Set[0].Selected, True);
+    Undo_Click(s);
+    EXPECT_EQ(s.Set[0].Selected, False);
+}
+
+}  // namespace
+}  // namespace marvolin::test
