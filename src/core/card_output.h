@@ -19,6 +19,7 @@ struct OutputLevels {
 struct RecordingState {
     std::int64_t Frames = 0;             ///< in the file, 44100 a second, 4 bytes each
     std::uint64_t Missed = 0;            ///< frames that came faster than the disk took them
+    bool Ending = false;                 ///< nothing more is recorded; the rest goes to the disk
     std::optional<std::string> Failure;  ///< why the disk takes no more, in words
 };
 
@@ -34,12 +35,14 @@ public:
     /// The levels since this was last called.
     virtual OutputLevels TakeLevels() = 0;
 
-    /// Records into the new WAV file `path` from the next period on; a recording that runs ends first. Failures are
-    /// the errors of `RaiseFileError`, and nothing is recorded.
+    /// Records into the new WAV file `path` from the next period on; a recording that runs is finished first. Failures
+    /// are the errors of `RaiseFileError`, and nothing is recorded.
     virtual void StartRecording(const std::string& path) = 0;
-    /// The file is whole when this returns. Nothing without a recording.
+    /// Records no more. Does not wait for the disk. Nothing without a recording.
     virtual void StopRecording() = 0;
-    /// True from `StartRecording` to `StopRecording`, also when the disk takes no more.
+    /// The same; the file is whole when this returns.
+    virtual void FinishRecording() = 0;
+    /// True from `StartRecording` until the file is whole: after a stop, or when the disk takes no more.
     virtual bool IsRecording() const = 0;
     virtual RecordingState Recording() const = 0;
 };

@@ -6,6 +6,7 @@
 #include "audio/clocked_rig.h"
 #include "audio/counted_malloc.h"
 #include "audio/openal/context.h"
+#include "audio/output/output_chain.h"
 
 namespace marvolin::test {
 namespace {
@@ -87,6 +88,24 @@ TEST_F(SoundAllocation, ABufferThatCannotBeMadeIsUnknownToTheThreadThatRendersAn
     EXPECT_LT(failures, 100);
     Play(1024);
     EXPECT_NEAR(LeftAt(Rendered() - 1), kLevel, kStep);
+}
+
+TEST_F(SoundAllocation, NothingIsAllocatedWhereTheSumIsSilencedMeasuredAndRecorded) {
+    OutputChain chain;
+    chain.BeginRecording();
+    long allocations = -1;
+    std::thread([&] {
+        std::array<std::int16_t, 2 * kPeriod> frames{};
+        const long before = Mallocs();
+        for (int i = 0; i < 300; ++i) {
+            frames.fill(static_cast<std::int16_t>(i % 2 == 0 ? 32767 : 3000));
+            chain.SetSilent(i % 5 == 0);
+            chain.Pass_rt(frames.data(), kPeriod);
+            chain.TakeLevels();
+        }
+        allocations = Mallocs() - before;
+    }).join();
+    EXPECT_EQ(allocations, 0);
 }
 
 TEST_F(SoundAllocation, NothingIsAllocatedWhileEveryKindOfCallIsApplied) {

@@ -20,6 +20,7 @@ public:
     std::string Path;                ///< of the recording that runs
     std::vector<std::string> Paths;  ///< all recordings
     std::string Refusal;             ///< no recording can be started
+    bool SlowDisk = false;           ///< a recording that was stopped is not yet whole
 
     void SetSilent(bool silent) override { Silent = silent; }
     bool IsSilent() const override { return Silent; }
@@ -31,8 +32,15 @@ public:
         State = {};
         std::ofstream(path) << "a recording";
     }
-    void StopRecording() override { Path.clear(); }
-    bool IsRecording() const override { return !Path.empty(); }
+    void StopRecording() override {
+        State.Ending = SlowDisk && IsRecording();
+        if (!SlowDisk) FinishRecording();
+    }
+    void FinishRecording() override {
+        State.Ending = false;
+        Path.clear();
+    }
+    bool IsRecording() const override { return !Path.empty() && !State.Failure; }
     RecordingState Recording() const override { return State; }
 };
 

@@ -16,7 +16,8 @@ Services FakeServices::For(Display& screen, SessionStore& store) {
             .Scripts = Scripts,
             .Store = store,
             .CreateDirectX7 = [this] { return std::make_unique<FakeDirectX>(Sound); },
-            .CreateDirectInput = [this] { return std::make_unique<FakeInput>(Stick); }};
+            .CreateDirectInput = [this] { return std::make_unique<FakeInput>(Stick); },
+            .Output = &Output};
 }
 
 }  // namespace marvolin::test

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "core/session.h"
+#include "fakes/fake_output.h"
 #include "fakes/fake_sound.h"
 #include "fakes/fake_world.h"
 
@@ -13,6 +14,7 @@ struct FakeServices {
     FakeServices();
     ~FakeServices();
     FakeSound Sound;
+    FakeOutput Output;
     FakeDesktop Desk;
     FakeWindows Forms;
     FakeRandom Chance;

@@ -22,8 +22,11 @@ public:
     OutputLevels TakeLevels() override { return chain_->TakeLevels(); }
     void StartRecording(const std::string& path) override { recorder_.Start(path); }
     void StopRecording() override { recorder_.Stop(); }
+    void FinishRecording() override { recorder_.Finish(); }
     bool IsRecording() const override { return recorder_.IsRunning(); }
-    RecordingState Recording() const override { return {recorder_.Frames(), recorder_.Missed(), recorder_.Failure()}; }
+    RecordingState Recording() const override {
+        return {recorder_.Frames(), recorder_.Missed(), recorder_.IsEnding(), recorder_.Failure()};
+    }
 
 private:
     std::shared_ptr<OutputChain> chain_ = std::make_shared<OutputChain>();

@@ -18,6 +18,48 @@ std::int16_t Scaled(std::int16_t sample, double gain) {
     return static_cast<std::int16_t>(std::lround(gain * static_cast<double>(sample)));
 }
 
+/// The furthest from 0 of each channel. In lanes, so that the compiler takes several samples at once.
+std::array<int, 2> Peaks_rt(const std::int16_t* frames, int count) noexcept {
+    constexpr int kLanes = 16;
+    std::array<std::int16_t, kLanes> high{};
+    std::array<std::int16_t, kLanes> low{};
+    int i = 0;
+    for (; i + kLanes <= 2 * count; i += kLanes) {
+        for (int lane = 0; lane < kLanes; ++lane) {
+            const auto at = static_cast<std::size_t>(lane);
+            high[at] = std::max(high[at], frames[i + lane]);
+            low[at] = std::min(low[at], frames[i + lane]);
+        }
+    }
+    std::array<int, 2> peaks{};
+    for (std::size_t lane = 0; lane < kLanes; ++lane)
+        peaks[lane % 2] = std::max({peaks[lane % 2], static_cast<int>(high[lane]), -low[lane]});
+    for (; i < 2 * count; ++i) {
+        int& peak = peaks[static_cast<std::size_t>(i % 2)];
+        peak = std::max(peak, std::abs(frames[i]));
+    }
+    return peaks;
+}
+
+// A reader that takes the peak in between makes the exchange fail once; it does not come twice in a period.
+void Raise_rt(std::atomic<int>& peak, int to) noexcept {
+    int before = peak.load(std::memory_order_relaxed);
+    for (int tries = 0; tries < 2 && before < to; ++tries)
+        if (peak.compare_exchange_strong(before, to, std::memory_order_relaxed)) return;
+}
+
+/// Whether enough samples of a channel are at full scale one after the other. `inARow` counts them, from period to
+/// period.
+bool IsCutOff_rt(const std::int16_t* samples, int count, int& inARow) noexcept {
+    bool cutOff = false;
+    for (int i = 0; i < count; ++i) {
+        const int sample = samples[2 * i];
+        inARow = sample == kHighest || sample == kLowest ? std::min(inARow + 1, kCutOffFrames) : 0;
+        cutOff = cutOff || inARow == kCutOffFrames;
+    }
+    return cutOff;
+}
+
 }  // namespace
 
 void OutputChain::Pass_rt(std::int16_t* frames, int count) noexcept {
@@ -45,22 +87,15 @@ void OutputChain::Silence_rt(std::int16_t* frames, int count) noexcept {
     wasSilent_ = silent;
 }
 
+// Full scale is rare: most periods end with the peaks.
 void OutputChain::Measure_rt(const std::int16_t* frames, int count) noexcept {
-    for (std::size_t channel = 0; channel < peaks_.size(); ++channel) {
-        int peak = 0;
-        int& inARow = atFullScale_[channel];
-        bool cut = false;
-        for (int i = 0; i < count; ++i) {
-            const int sample = frames[2 * i + static_cast<int>(channel)];
-            peak = std::max(peak, std::abs(sample));
-            inARow = sample == kHighest || sample == kLowest ? std::min(inARow + 1, kCutOffFrames) : 0;
-            cut = cut || inARow == kCutOffFrames;
-        }
-        // A reader that takes the peak in between makes the exchange fail once; it does not come twice in a period.
-        int before = peaks_[channel].load(std::memory_order_relaxed);
-        for (int tries = 0; tries < 2 && before < peak; ++tries)
-            if (peaks_[channel].compare_exchange_strong(before, peak, std::memory_order_relaxed)) break;
-        if (cut) cutOff_.store(true, std::memory_order_relaxed);
+    const std::array<int, 2> peaks = Peaks_rt(frames, count);
+    for (std::size_t channel = 0; channel < peaks.size(); ++channel) {
+        Raise_rt(peaks_[channel], peaks[channel]);
+        const bool full = peaks[channel] >= kHighest;
+        if (full && IsCutOff_rt(frames + channel, count, atFullScale_[channel]))
+            cutOff_.store(true, std::memory_order_relaxed);
+        if (!full) atFullScale_[channel] = 0;
     }
 }
 

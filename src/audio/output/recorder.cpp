@@ -26,30 +26,35 @@ void RecordingWriter::WriteWhatCame() {
 
 Recorder::Recorder(std::shared_ptr<OutputChain> chain) : chain_(std::move(chain)) {}
 
-Recorder::~Recorder() { Stop(); }
+Recorder::~Recorder() { Finish(); }
 
 void Recorder::Start(const std::string& path) {
-    Stop();
+    Finish();
     file_ = std::make_unique<RecordingFile>(path);
+    stopped_ = false;
     ending_ = false;
     failure_.reset();
     frames_ = 0;
     missed_ = 0;
     chain_->BeginRecording();
+    whole_ = false;
     thread_ = std::thread([this] { Run(); });
 }
 
 void Recorder::Stop() {
     if (!IsRunning()) return;
+    stopped_ = true;
     chain_->EndRecording();
     {
         const std::lock_guard<std::mutex> guard(mutex_);
         ending_ = true;
     }
     wake_.notify_one();
-    thread_.join();
-    thread_ = {};
-    file_.reset();
+}
+
+void Recorder::Finish() {
+    Stop();
+    if (thread_.joinable()) thread_.join();
 }
 
 std::optional<std::string> Recorder::Failure() const {
@@ -68,7 +73,6 @@ bool Recorder::WriteOnce(RecordingWriter& writer) {
     missed_ = chain_->Recorded().Missed();
     if (!failure) return true;
     chain_->EndRecording();
-    file_->Settle();
     const std::lock_guard<std::mutex> guard(mutex_);
     failure_ = failure;
     return false;
@@ -81,9 +85,11 @@ void Recorder::Run() {
             std::unique_lock<std::mutex> lock(mutex_);
             last = wake_.wait_for(lock, kBetweenWrites, [this] { return ending_; });
         }
-        if (!WriteOnce(writer)) return;
+        if (!WriteOnce(writer)) break;
     }
     file_->Settle();
+    file_.reset();
+    whole_ = true;
 }
 
 }  // namespace marvolin

@@ -46,14 +46,18 @@ public:
     Recorder(const Recorder&) = delete;
     Recorder& operator=(const Recorder&) = delete;
 
-    /// Records into the new file `path` from the next period on; a recording that runs ends first. Failures are the
-    /// errors of `RaiseFileError`, and nothing is recorded.
+    /// Records into the new file `path` from the next period on; a recording that runs is finished first. Failures are
+    /// the errors of `RaiseFileError`, and nothing is recorded.
     void Start(const std::string& path);
-    /// Ends the recording when everything up to here is in the file. Nothing without one.
+    /// Records no more; what was recorded goes to the disk meanwhile. Nothing without a recording.
     void Stop();
+    /// The same, and waits until the file is whole.
+    void Finish();
 
-    /// True from `Start` to `Stop`, also when the disk takes no more.
-    bool IsRunning() const { return thread_.joinable(); }
+    /// True from `Start` until the file is whole: after `Stop`, or when the disk takes no more.
+    bool IsRunning() const { return !whole_; }
+    /// It runs, but records no more.
+    bool IsEnding() const { return IsRunning() && stopped_; }
     /// Frames in the file, of this recording or the last one.
     std::int64_t Frames() const { return frames_; }
     /// Frames that came faster than the disk took them, and are missing.
@@ -66,8 +70,10 @@ private:
     bool WriteOnce(RecordingWriter& writer);
 
     std::shared_ptr<OutputChain> chain_;
-    std::unique_ptr<RecordingFile> file_;
+    std::unique_ptr<RecordingFile> file_;  // of the thread, while it runs
     std::thread thread_;
+    bool stopped_ = false;
+    std::atomic<bool> whole_{true};
     mutable std::mutex mutex_;
     std::condition_variable wake_;
     bool ending_ = false;                 // guarded by `mutex_`

@@ -184,6 +184,7 @@ TEST_F(RecorderOfAChain, EverythingFromStartToStopIsInTheFileAndNothingElse) {
     for (int i = 0; i < 200; ++i) Pass(Numbered(100 + 128 * i, 128));
     recorder_.Stop();
     Pass(Numbered(0, 100));
+    recorder_.Finish();
     EXPECT_FALSE(recorder_.IsRunning());
     EXPECT_EQ(ReadAll(path_), Numbered(100, 200 * 128));
     EXPECT_EQ(recorder_.Frames(), 200 * 128);
@@ -191,11 +192,22 @@ TEST_F(RecorderOfAChain, EverythingFromStartToStopIsInTheFileAndNothingElse) {
     EXPECT_FALSE(recorder_.Failure());
 }
 
+TEST_F(RecorderOfAChain, AStopDoesNotWaitAndTheFileBecomesWholeByItself) {
+    recorder_.Start(path_);
+    Pass(Numbered(0, 100'000));
+    EXPECT_FALSE(recorder_.IsEnding());
+    recorder_.Stop();
+    EXPECT_EQ(recorder_.IsEnding(), recorder_.IsRunning());
+    ASSERT_TRUE(Comes([&] { return !recorder_.IsRunning(); }));
+    EXPECT_FALSE(recorder_.IsEnding());
+    EXPECT_EQ(ReadAll(path_), Numbered(0, 100'000));
+    EXPECT_EQ(recorder_.Frames(), 100'000);
+}
+
 TEST_F(RecorderOfAChain, TheTimeRunsWhileItRecords) {
     recorder_.Start(path_);
     Pass(Numbered(0, 4410));
     EXPECT_TRUE(Comes([&] { return recorder_.Frames() == 4410; }));
-    recorder_.Stop();
 }
 
 TEST_F(RecorderOfAChain, ASecondStartEndsTheFirstRecording) {
@@ -203,7 +215,7 @@ TEST_F(RecorderOfAChain, ASecondStartEndsTheFirstRecording) {
     Pass(Numbered(0, 10));
     recorder_.Start(folder_.In("second.wav"));
     Pass(Numbered(10, 20));
-    recorder_.Stop();
+    recorder_.Finish();
     EXPECT_EQ(ReadAll(path_), Numbered(0, 10));
     EXPECT_EQ(ReadAll(folder_.In("second.wav")), Numbered(10, 20));
 }
@@ -212,9 +224,9 @@ TEST_F(RecorderOfAChain, AStartThatFailsRecordsNothing) {
     EXPECT_EQ(MessageOf([&] { recorder_.Start(folder_.In("none/take.wav")); }), "File not found");
     EXPECT_FALSE(recorder_.IsRunning());
     Pass(Numbered(0, 10));
-    recorder_.Stop();
+    recorder_.Finish();
     recorder_.Start(path_);
-    recorder_.Stop();
+    recorder_.Finish();
     EXPECT_EQ(recorder_.Frames(), 0);
 }
 
@@ -222,10 +234,9 @@ TEST_F(RecorderOfAChain, ADiskThatIsFullEndsItWithItsMessageAndLeavesWhatThereIs
     const FullDisk disk(100'000);
     recorder_.Start(path_);
     Pass(Numbered(0, 50'000));
-    ASSERT_TRUE(Comes([&] { return recorder_.Failure().has_value(); }));
-    EXPECT_TRUE(recorder_.IsRunning());
+    ASSERT_TRUE(Comes([&] { return !recorder_.IsRunning(); })) << "it ends by itself";
+    EXPECT_TRUE(recorder_.Failure().has_value());
     Pass(Numbered(50'000, 100));
-    recorder_.Stop();
     const auto kept = ReadAll(path_);
     EXPECT_GT(kept.size(), 2U * 20'000);
     EXPECT_EQ(kept, Numbered(0, static_cast<int>(kept.size() / 2)));
@@ -237,12 +248,11 @@ TEST_F(RecorderOfAChain, ANewRecordingForgetsTheFailureOfTheLastOne) {
         const FullDisk disk(1000);
         recorder_.Start(path_);
         Pass(Numbered(0, 5000));
-        ASSERT_TRUE(Comes([&] { return recorder_.Failure().has_value(); }));
-        recorder_.Stop();
+        ASSERT_TRUE(Comes([&] { return !recorder_.IsRunning(); }));
     }
     recorder_.Start(folder_.In("second.wav"));
     Pass(Numbered(0, 5000));
-    recorder_.Stop();
+    recorder_.Finish();
     EXPECT_FALSE(recorder_.Failure());
     EXPECT_EQ(ReadAll(folder_.In("second.wav")), Numbered(0, 5000));
 }

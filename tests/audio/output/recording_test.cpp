@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <fstream>
 
-#include "fakes/fake_output.h"
 #include "fakes/instrument.h"
 #include "fakes/temp_folder.h"
 
@@ -15,7 +14,6 @@ struct Recording : public ::testing::Test {
     Recording() {
         i.Desk.Folder = folder.In("program");
         std::filesystem::create_directory(i.Desk.Folder);
-        i.s.World.Output = &output;
         now.tm_year = 126;
         now.tm_mon = 10;
         now.tm_mday = 22;
@@ -26,8 +24,8 @@ struct Recording : public ::testing::Test {
     std::string In(const std::string& name) const { return i.Desk.Folder + "/Recordings/" + name; }
 
     TempFolder folder;
-    FakeOutput output;
     Instrument i;
+    FakeOutput& output = i.Output;
     std::tm now{};
 };
 
@@ -105,7 +103,7 @@ TEST_F(Recording, AFullDiskEndsItWithOneReportThatNamesWhatThereIs) {
 TEST_F(Recording, ARecordingThatCannotBeStartedIsReportedAndNothingRuns) {
     output.Refusal = "Permission denied";
     ToggleRecording(i.s, now);
-    EXPECT_EQ(i.Desk.LastBox(), "Error starting recording: Permission denied");
+    EXPECT_EQ(i.Desk.LastBox(), "Error starting recording in \"" + i.Desk.Folder + "/Recordings\": Permission denied");
     EXPECT_EQ(i.s.RecordingFile, "");
     EXPECT_EQ(i.s.RecordingText, "");
     output.Refusal.clear();
@@ -116,7 +114,8 @@ TEST_F(Recording, ARecordingThatCannotBeStartedIsReportedAndNothingRuns) {
 TEST_F(Recording, AFileInPlaceOfTheFolderIsReportedAndStays) {
     std::ofstream(i.Desk.Folder + "/Recordings") << "a file";
     ToggleRecording(i.s, now);
-    EXPECT_EQ(i.Desk.LastBox(), "Error starting recording: Path not found");
+    EXPECT_EQ(i.Desk.LastBox(),
+              "Error starting recording in \"" + i.Desk.Folder + "/Recordings\": there is a file of that name");
     EXPECT_TRUE(std::filesystem::is_regular_file(i.Desk.Folder + "/Recordings"));
     EXPECT_TRUE(output.Paths.empty());
 }
@@ -124,7 +123,48 @@ TEST_F(Recording, AFileInPlaceOfTheFolderIsReportedAndStays) {
 TEST_F(Recording, AFolderThatCannotBeMadeIsReported) {
     i.Desk.Folder = folder.In("away");
     ToggleRecording(i.s, now);
-    EXPECT_EQ(i.Desk.LastBox(), "Error starting recording: File not found");
+    EXPECT_EQ(i.Desk.LastBox(), "Error starting recording in \"" + i.Desk.Folder + "/Recordings\": File not found");
+}
+
+TEST_F(Recording, AFolderThatCannotBeWrittenIsReported) {
+    // Not by its mode, which root may pass over: a name that is longer than any file's.
+    i.Desk.Folder = folder.In(std::string(300, 'x'));
+    ToggleRecording(i.s, now);
+    EXPECT_EQ(i.Desk.LastBox(),
+              "Error starting recording in \"" + i.Desk.Folder + "/Recordings\": Bad file name or number");
+}
+
+TEST_F(Recording, ALongNameOfASetIsCutBetweenTwoLetters) {
+    i.s.CurrentFile = std::string(199, 'x') + "\u00e4\u00e4.mvn";
+    ToggleRecording(i.s, now);
+    EXPECT_EQ(output.Paths, std::vector<std::string>{In(std::string(199, 'x') + " 2026-11-22 21-05-09.wav")});
+}
+
+TEST_F(Recording, ASlowDiskIsNotWaitedFor) {
+    ToggleRecording(i.s, now);
+    output.SlowDisk = true;
+    output.State.Frames = 44100;
+    ToggleRecording(i.s, now);
+    EXPECT_EQ(i.s.RecordingText, "0:01  0.2 MB") << "it is not yet whole";
+    ToggleRecording(i.s, now);
+    EXPECT_EQ(i.s.StatusText, "The disk still writes the last recording");
+    EXPECT_EQ(output.Paths.size(), 1U);
+    output.FinishRecording();
+    WatchRecording(i.s);
+    EXPECT_EQ(i.s.StatusText, "Recorded 0:01 into \"marvolin 2026-11-22 21-05-09.wav\"");
+    EXPECT_EQ(i.s.RecordingText, "");
+    ToggleRecording(i.s, now);
+    EXPECT_EQ(output.Paths.size(), 2U);
+}
+
+TEST_F(Recording, TheEndOfTheProgramWaitsForIt) {
+    FinishRecording(i.s);
+    EXPECT_EQ(i.s.StatusText, "");
+    ToggleRecording(i.s, now);
+    output.SlowDisk = true;
+    FinishRecording(i.s);
+    EXPECT_FALSE(output.IsRecording());
+    EXPECT_EQ(i.s.RecordingFile, "");
 }
 
 TEST_F(Recording, SilenceIsAToggleAndSaysHowTheSoundComesBack) {
