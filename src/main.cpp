@@ -3,6 +3,7 @@
 
 #include "audio/openal/card_clock.h"
 #include "audio/openal/sound.h"
+#include "audio/output/chained_output.h"
 #include "browser/lnk_shortcut.h"
 #include "check/check_components.h"
 #include "check/loader_libraries.h"
@@ -37,6 +38,11 @@ void GiveSoundServersABuffer() { ::setenv("PULSE_LATENCY_MSEC", "40", 0); }
 
 QString WindowFile(Desktop& desktop) { return QString::fromStdString(desktop.ProgramFolder()) + "/marvolin.windows"; }
 
+bool Check(Session& session) {
+    LoaderLibraries loader;
+    return CheckComponents(session, loader);
+}
+
 FormSizes FormsOfTheProgram() { return {FrmMain::RegularSize(), FrmBrowse::kSize.width()}; }
 
 }  // namespace
@@ -60,8 +66,10 @@ int main(int argc, char** argv) {
         {.Print = [&room](std::string_view line) { room.Print(line); }, .Ended = [&room] { room.EndedItself(); }});
     ScriptHost scripts(lua, desktop);
     SessionFileStore store;
+    ChainedOutput output;
     Session session{Services{display, desktop, windows, chance, timers, scripts, store,
-                             [clock] { return CreateOpenAlSound(clock); }, CreateSdlInput, ResolveLnkShortcut}};
+                             [&] { return CreateOpenAlSound(clock, output.Chain()); }, CreateSdlInput,
+                             ResolveLnkShortcut, &output}};
     lua.Attach(session);
     room.Attach(session, scripts);
     windows.AttachScripts(room);
@@ -71,11 +79,7 @@ int main(int argc, char** argv) {
     const auto dropForms = [](QtWindows* forms) { forms->DropForms(); };
     const std::unique_ptr<QtWindows, decltype(dropForms)> forms(&windows, dropForms);
 
-    const auto checkComponents = [&session] {
-        LoaderLibraries loader;
-        return CheckComponents(session, loader);
-    };
-    const StartUpHooks hooks{checkComponents,
+    const StartUpHooks hooks{[&session] { return Check(session); },
                              [](Session& s) { PadGeometryInit(s, TabMixPad::InnerWidth(), TabMixPad::InnerHeight()); }};
     windows.Attach(
         session,

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "audio/device.h"
+#include "audio/recording.h"
 #include "core/errors.h"
 #include "core/help.h"
 #include "core/routines.h"
@@ -64,7 +65,7 @@ struct Step {
     OnError onError = OnError::Report;
 };
 
-constexpr std::array<Step, 23> kShutDown{{
+constexpr std::array<Step, 24> kShutDown{{
     {"", HideWindow},
     {"", ShowUnloading},
     {"disabling loop timer", DisableLoopTimer},
@@ -81,6 +82,7 @@ constexpr std::array<Step, 23> kShutDown{{
     {"deleting script timer", DropScriptTimer},
     {"deleting script timer", StopHost},
     {"uninitializing DSound", EndUndo},
+    {"finishing the recording", FinishRecording},
     {"uninitializing DSound", UnInitDirectSound},
     {"uninitializing DSound", ReleaseDirectX},
     {"uninitializing DSound", UnloadSave},

@@ -114,6 +114,15 @@ TEST(ShutDown, AnErrorOfAnyKindIsReportedAndTheNextStepsRun) {
     EXPECT_EQ(i.Forms.Log.back(), "Unload StartUpQuery");
 }
 
+TEST(ShutDown, ARecordingThatRunsIsWholeAtTheEnd) {
+    Running i;
+    i.Output.SlowDisk = true;
+    i.Output.Path = i.s.RecordingFile = "/recordings/evening.wav";
+    Form_QueryUnload(i.s);
+    EXPECT_FALSE(i.Output.IsRecording());
+    EXPECT_EQ(i.s.RecordingFile, "");
+}
+
 TEST(ShutDown, SavesNothing) {
     Running i;
     i.Fill(0);

@@ -7,7 +7,9 @@
 #include "performance/pad/pad_tables.h"
 #include "performance/tabs.h"
 #include "scene.h"
+#include "window/controls/level_meter.h"
 #include "window/forms/frm_main.h"
+#include "window/forms/toolbar.h"
 #include "window/toolkit/drag.h"
 #include "window/toolkit/theme.h"
 
@@ -99,6 +101,22 @@ void PictureModes(Album& album) {
     album.Add(*scene.Form, "main-device-gone");
 }
 
+void PictureSound(Album& album) {
+    MainScene scene(true);
+    scene.Output.Levels = {{15000, 30000}, false};
+    scene.Form->Bar->Meter->Look(0);
+    album.Add(*scene.Form, "main-level");
+    scene.Output.Levels = {{26000, 32768}, true};
+    scene.Form->Bar->Meter->Look(0);
+    scene.s.RecordingFile = "/home/player/Recordings/marvolin.wav";
+    scene.s.RecordingText = "12:34  133.0 MB";
+    scene.Screen.ShowRecording();
+    album.Add(*scene.Form, "main-recording");
+    scene.Output.Silent = true;
+    scene.Screen.ShowSilence();
+    album.Add(*scene.Form, "main-silent");
+}
+
 void PicturePopups(Album& album) {
     MainScene scene(true);
     scene.Screen.ShowSelectList(true);
@@ -163,6 +181,7 @@ void PictureMainWindow(Album& album) {
     PicturePad(album);
     PictureMap(album);
     PictureModes(album);
+    PictureSound(album);
     PicturePopups(album);
     PictureDrags(album);
 }

@@ -6,6 +6,7 @@
 #include "window/controls/control.h"
 #include "window/descriptions/described.h"
 #include "window/descriptions/inner_objects.h"
+#include "window/descriptions/own_value.h"
 #include "window/toolkit/strings.h"
 
 namespace marvolin {
@@ -104,8 +105,12 @@ public:
 private:
     /// The value, and where the keys are on it.
     std::string Words() const {
-        const std::string value = described_.Value();
+        std::string value = described_.Value();
         const Control* control = Drawn();
+        if (const auto* own = dynamic_cast<const HasOwnValue*>(control)) {
+            const std::string now = own->OwnValue();
+            value += (value.empty() || now.empty() ? "" : "; ") + now;
+        }
         const std::string cursor = control == nullptr ? "" : control->CursorWords();
         return cursor.empty() ? value : value + (value.empty() ? "" : "; ") + "the keys are on " + cursor;
     }

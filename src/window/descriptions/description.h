@@ -50,7 +50,8 @@ struct ControlScale {
 /// Help topics are numbers from 10001, one for each name, in tens by place: 10001 the main window, 10020 a LoopTrack's
 /// row, 10040 the mix pad, 10060 splash, start-up question and message boxes, 10070 the sound map, 10080 patterns and
 /// timing, 10100 options, 10120 the browser, 10140 and 10240 Save/Open, 10160 the file dialogue, 10190 the window of
-/// scripts, 10220 that of Help. Letter, sound display and ground of a row share the page of the LoopTrack, 10022.
+/// scripts, 10220 that of Help, 10260 the main window again. Letter, sound display and ground of a row share the page
+/// of the LoopTrack, 10022.
 struct Description {
     std::string_view Name;  ///< the object name, in an array without "_" and the index
     Indices Range{};

@@ -14,16 +14,29 @@ namespace {
 
 std::string ToTopCaption(const Situation& at) { return at.State.MiniMode ? "Regular" : "Mini"; }
 
+constexpr const char* kSilenceHint = "Silence: Shift+clk or key F12 brings the Sound back";
+
+std::string SilenceValue(const Situation& at) {
+    const CardOutput* output = at.State.World.Output;
+    return output != nullptr && output->IsSilent() ? "everything is silent" : "";
+}
+
 std::string PlayStopHint(const Situation& at) {
     switch (static_cast<PlayStopZone>(at.Part)) {
         case PlayStopZone::Play:
             return "clk Play All Sounds";
         case PlayStopZone::Stop:
-            return "clk Stop All Sounds";
+            return SilenceValue(at).empty() ? "clk Stop All Sounds" : kSilenceHint;
         case PlayStopZone::None:
             break;
     }
     return "";
+}
+
+bool RecordOn(const Situation& at) { return !at.State.RecordingFile.empty(); }
+
+std::string RecordHint(const Situation& at) {
+    return RecordOn(at) ? "clk End the Recording; key F8" : "clk Record what is heard; key F8";
 }
 
 std::string LimitValue(const Situation& at) { return std::to_string(at.State.Limit); }
@@ -158,11 +171,12 @@ constexpr Description kMainWindowTable[] = {
      .Value = ScriptsValue},
     {.Name = "PlayStop",
      .Label = "Play all (top), stop all (bottom)",
-     .Tip = kLabelAsTip,
+     .Tip = "Play all (top), stop all (bottom); Shift and bottom: silence",
      .Hint = {PlayStopHint, "clk Play All Sounds; clk Stop All Sounds"},
      .Topic = 10008,
      .Role = QAccessible::Button,
-     .Taken = Keys::Press},
+     .Taken = Keys::Press,
+     .Value = SilenceValue},
     {.Name = "Limiter",
      .Label = "How many LoopTracks may sound; 4 is no limit",
      .Tip = kLabelAsTip,
@@ -181,6 +195,22 @@ constexpr Description kMainWindowTable[] = {
      .Taken = Keys::Turn,
      .Value = FadeSpeedValue,
      .Scale = FadeSpeedScale},
+    {.Name = "LevelMeter",
+     .Label = "Level of what is heard",
+     .Tip = kLabelAsTip,
+     .Hint = "Level of what is heard, left & right; red Light: too loud, cut off",
+     .Topic = 10260,
+     .Role = QAccessible::Indicator,
+     .Value = SilenceValue},
+    {.Name = "Record",
+     .Label = "Record what is heard",
+     .Tip = kLabelAsTip,
+     .Hint = {RecordHint, "clk Record what is heard; clk End the Recording; key F8"},
+     .Topic = 10261,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press,
+     .On = RecordOn,
+     .Shortcut = "F8"},
     {.Name = "ToTop",
      .Caption = ToTopCaption,
      .Label = "Minimize Toggle",
@@ -198,7 +228,7 @@ constexpr Description kMainWindowTable[] = {
      .Value = StatusValue},
     {.Name = "StatusBar2",
      .Label = "Session and device",
-     .Hint = "Today; Sound Driver, its Period & Delay; Session; Load of the Sound",
+     .Hint = "Today; Sound Driver, its Period & Delay; Session; Recording; Load of the Sound",
      .Topic = 10013,
      .Role = QAccessible::StatusBar,
      .Value = SessionValue},

@@ -10,7 +10,8 @@ namespace marvolin {
 
 namespace {
 
-constexpr QRect kLoadPlace{884, 0, 148, StatusBar2::kHeight};
+constexpr QRect kLoadPlace{952, 0, 80, StatusBar2::kHeight};
+constexpr QRect kRecordingPlace{796, 0, 150, StatusBar2::kHeight};
 
 void DrawPanel(QPainter& p, const QRect& place, const QString& text, const QColor& ink) {
     p.setPen(ink);
@@ -72,7 +73,10 @@ StatusBar2::StatusBar2(Session& session, QWidget* parent, std::function<double()
     Describe(s, *this, "StatusBar2");
 }
 
+bool StatusBar2::IsSilent() const { return s.World.Output != nullptr && s.World.Output->IsSilent(); }
+
 QString StatusBar2::LoadText() const {
+    if (IsSilent()) return "silent";
     if (!s.DSReady || !soundLoad_) return {};
     return QString("sound %1 %").arg(std::lround(soundLoad_() * 100));
 }
@@ -91,6 +95,13 @@ void StatusBar2::RefreshLoad() {
     if (LoadText() != shownLoad_) update(kLoadPlace);
 }
 
+// The session has its room while none runs.
+void StatusBar2::RefreshRecording() {
+    const bool shows = !s.RecordingText.empty();
+    shows == showsRecording_ ? update(kRecordingPlace) : update();
+    showsRecording_ = shows;
+}
+
 void StatusBar2::ShowGone(bool gone) {
     if (gone == gone_) return;
     gone_ = gone;
@@ -102,6 +113,17 @@ bool StatusBar2::ShowScript(const std::string& name) {
     script_ = name;
     update();
     return true;
+}
+
+void StatusBar2::DrawRecording(QPainter& p) const {
+    const QRectF place = kRecordingPlace;
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(Qt::NoPen);
+    p.setBrush(theme::kRed);
+    p.drawEllipse(QPointF(place.left() + 5, place.center().y()), 4, 4);
+    p.setFont(theme::Digits(12));
+    DrawPanel(p, kRecordingPlace.adjusted(15, 0, 0, 0), QString::fromStdString(s.RecordingText), theme::kText);
+    p.setFont(theme::Sans(12));
 }
 
 void StatusBar2::paintEvent(QPaintEvent*) {
@@ -116,8 +138,10 @@ void StatusBar2::paintEvent(QPaintEvent*) {
     if (script) {
         DrawPanel(p, QRect(462, 0, 210, kHeight), "script " + QString::fromStdString(script_), theme::kGreen);
     }
-    DrawPanel(p, QRect(684, 0, 190, kHeight), QString::fromStdString(s.CurrentFile), theme::kQuiet);
-    p.setPen(theme::kQuiet);
+    const bool recording = !s.RecordingText.empty();
+    DrawPanel(p, QRect(684, 0, recording ? 104 : 190, kHeight), QString::fromStdString(s.CurrentFile), theme::kQuiet);
+    if (recording) DrawRecording(p);
+    p.setPen(IsSilent() ? theme::kRed : theme::kQuiet);
     p.drawText(kLoadPlace, Qt::AlignVCenter | Qt::AlignRight, shownLoad_);
 }
 

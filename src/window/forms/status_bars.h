@@ -33,7 +33,8 @@ struct SoundTiming {
     double Delay = 0;  ///< milliseconds from a call of the sound service until it is heard
 };
 
-/// `StatusBar2`: today, the device, the script that runs, the session, and the load of the sound engine.
+/// `StatusBar2`: today, the device, the script that runs, the session, the recording that runs, and the load of the
+/// sound engine, or that everything is silent.
 class StatusBar2 : public QWidget {
 public:
     static constexpr int kHeight = 22;
@@ -43,6 +44,7 @@ public:
     StatusBar2(Session& session, QWidget* parent, std::function<double()> soundLoad,
                std::function<SoundTiming()> soundTiming);
     void RefreshLoad();
+    void RefreshRecording();
     /// Shows in red that the device is gone, or shows the device again.
     void ShowGone(bool gone);
     /// Shows the name of the script that runs, "" for none. False when it is shown already.
@@ -55,6 +57,8 @@ protected:
 
 private:
     QString LoadText() const;
+    bool IsSilent() const;
+    void DrawRecording(QPainter& p) const;
 
     Session& s;
     const std::function<double()> soundLoad_;
@@ -62,6 +66,7 @@ private:
     QString shownLoad_;
     std::string script_;
     bool gone_ = false;
+    bool showsRecording_ = false;
 };
 
 }  // namespace marvolin

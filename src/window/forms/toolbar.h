@@ -2,6 +2,7 @@
 
 #include <QWidget>
 #include <functional>
+#include <memory>
 
 #include "core/session.h"
 
@@ -9,6 +10,8 @@ namespace marvolin {
 
 class Control;
 class KnobControl;
+class LevelMeter;
+class StageKeys;
 class TextButton;
 
 /// The bar along the top of the window.
@@ -18,6 +21,7 @@ public:
 
     /// `toggleMode` is what `ToTop` does, `openScripts` what `Scripts` does; without it that is disabled.
     Toolbar(Session& session, QWidget* parent, std::function<void()> toggleMode, std::function<void()> openScripts);
+    ~Toolbar() override;
 
     // Owned by the toolkit.
     Control* Limiter = nullptr;
@@ -26,9 +30,15 @@ public:
     TextButton* ToTop = nullptr;
     TextButton* QuickLoadPop = nullptr;
     TextButton* Scripts = nullptr;
+    Control* PlayStop = nullptr;
+    LevelMeter* Meter = nullptr;
+    TextButton* Record = nullptr;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    std::unique_ptr<StageKeys> keys_;
 };
 
 }  // namespace marvolin

@@ -3,6 +3,8 @@
 #include "parameters/position.h"
 #include "window/controls/folder_tree.h"
 #include "window/controls/knob.h"
+#include "window/controls/level_meter.h"
+#include "window/controls/text_button.h"
 #include "window/forms/browse_bins.h"
 #include "window/forms/browse_clips.h"
 #include "window/forms/frm_browse.h"
@@ -38,6 +40,7 @@ void QtDisplay::ShowPlay(Row row) {
     if (LoopRow* shown = RowOf(form_, row)) {
         Again(shown->Play);
         form_->FollowPlaying();
+        form_->Bar->Meter->Follow();
     }
 }
 
@@ -126,9 +129,18 @@ void QtDisplay::ShowFadeFactor() {
     if (form_ != nullptr) Again(form_->Bar->FadeFactor);
 }
 
-void QtDisplay::ShowSilence() {}
+void QtDisplay::ShowSilence() {
+    if (form_ == nullptr) return;
+    Again(form_->Bar->Meter);
+    Again(form_->Bar->PlayStop);
+    form_->Status2->update();
+}
 
-void QtDisplay::ShowRecording() {}
+void QtDisplay::ShowRecording() {
+    if (form_ == nullptr) return;
+    Again(form_->Bar->Record);
+    form_->Status2->RefreshRecording();
+}
 
 void QtDisplay::ShowUndo() {
     if (form_ != nullptr) form_->Selectors->RefreshUndo();

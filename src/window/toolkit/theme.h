@@ -28,6 +28,7 @@ inline const QColor kGreen{0x5f, 0xd0, 0x7a};
 inline const QColor kGreenGround{0x1d, 0x46, 0x2a};
 inline const QColor kAmberGround{0x4a, 0x3a, 0x16};
 inline const QColor kRed{0xe5, 0x5b, 0x50};
+inline const QColor kRedGround{0x56, 0x21, 0x1e};
 inline const QColor kOff{0x7d, 0x85, 0x90};   ///< shapes that are off
 inline const QColor kPale{0xb9, 0xc4, 0xe6};  ///< edges of what is too dark for its ground
 

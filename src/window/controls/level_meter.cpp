@@ -1,0 +1,124 @@
+#include "window/controls/level_meter.h"
+
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+namespace marvolin {
+
+namespace {
+
+constexpr int kLightHeight = 5;
+constexpr int kBarTop = 7;
+constexpr int kBarGap = 2;
+
+struct Zone {
+    double From;  // decibels below full scale
+    QColor Colour;
+};
+
+/// From loud to soft; each reaches up to the one before.
+std::array<Zone, 3> Zones() {
+    return {{{-3, theme::kRed}, {-12, theme::kAccent}, {LevelHold::kLowest, theme::kGreen}}};
+}
+
+/// Where a level stands on the scale: wide near full scale, where it matters, as meters of studios are.
+struct Mark {
+    double Decibels;
+    double Share;  // of the height
+};
+constexpr std::array<Mark, 5> kScale{{{LevelHold::kLowest, 0}, {-40, 0.15}, {-30, 0.30}, {-20, 0.50}, {0, 1}}};
+
+int BarPixels(double decibels, int height) {
+    double share = 0;
+    for (std::size_t i = 1; i < kScale.size() && decibels > kScale[i - 1].Decibels; ++i) {
+        const Mark& from = kScale[i - 1];
+        const Mark& to = kScale[i];
+        const double part = std::min(1.0, (decibels - from.Decibels) / (to.Decibels - from.Decibels));
+        share = from.Share + part * (to.Share - from.Share);
+    }
+    return static_cast<int>(std::lround(height * share));
+}
+
+std::string Words(double decibels) {
+    if (decibels <= LevelHold::kLowest) return "nothing";
+    const auto whole = static_cast<int>(std::lround(decibels));
+    return (whole < 0 ? "minus " + std::to_string(-whole) : std::to_string(whole)) + " dB";
+}
+
+}  // namespace
+
+LevelMeter::LevelMeter(Session& session, QWidget* parent) : Control(session, parent, "LevelMeter") {
+    timer_.setInterval(kPeriod);
+    timer_.callOnTimeout(this, [this] { Look(static_cast<double>(since_.restart()) / 1000); });
+}
+
+void LevelMeter::Follow() {
+    if (s.World.Output == nullptr || Looks()) return;
+    since_.start();
+    timer_.start();
+}
+
+bool LevelMeter::Rests() const {
+    for (Row row = 0; row < kLoopTracks; ++row)
+        if (s.Run[row].Playing != False) return false;
+    return Now() == Shown{};
+}
+
+void LevelMeter::Look(double seconds) {
+    if (s.World.Output == nullptr) return;
+    levels_.Add(s.World.Output->TakeLevels(), seconds);
+    if (Now() != shown_) update();
+    if (Rests()) timer_.stop();
+}
+
+LevelMeter::Shown LevelMeter::Now() const {
+    const int height = this->height() - kBarTop;
+    return {{BarPixels(levels_.Shown(0), height), BarPixels(levels_.Shown(1), height)}, levels_.Light()};
+}
+
+std::string LevelMeter::OwnValue() const {
+    return "left " + Words(levels_.Shown(0)) + ", right " + Words(levels_.Shown(1)) +
+           (levels_.Light() ? ", cut off" : "");
+}
+
+void LevelMeter::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    shown_ = Now();
+    const bool silent = s.World.Output != nullptr && s.World.Output->IsSilent();
+    silent ? DrawSilence(p) : DrawBars(p);
+}
+
+void LevelMeter::DrawBars(QPainter& p) const {
+    p.fillRect(QRect(0, 0, width(), kLightHeight), shown_.Light ? theme::kRed : theme::kSunk);
+    const int bar = (width() - kBarGap) / 2;
+    const int bottom = height();
+    for (int channel = 0; channel < 2; ++channel) {
+        const int left = channel * (bar + kBarGap);
+        const int lit = shown_.Height[static_cast<std::size_t>(channel)];
+        p.fillRect(QRect(left, kBarTop, bar, bottom - kBarTop), theme::kSunk);
+        int end = bottom - kBarTop;
+        for (const Zone& zone : Zones()) {
+            const int from = BarPixels(zone.From, bottom - kBarTop);
+            const int to = std::min(end, lit);
+            if (to > from) p.fillRect(QRect(left, bottom - to, bar, to - from), zone.Colour);
+            end = from;
+        }
+    }
+}
+
+void LevelMeter::DrawSilence(QPainter& p) const {
+    p.setRenderHint(QPainter::Antialiasing);
+    p.fillRect(rect(), theme::kSunk);
+    const QPointF middle = QRectF(rect()).center();
+    const double x = middle.x();
+    const double y = middle.y();
+    p.setPen(Qt::NoPen);
+    p.setBrush(theme::kText);
+    p.drawPolygon(QPolygonF(
+        {{x - 9, y - 3.5}, {x - 4, y - 3.5}, {x + 3, y - 9}, {x + 3, y + 9}, {x - 4, y + 3.5}, {x - 9, y + 3.5}}));
+    p.setPen(QPen(theme::kRed, 3, Qt::SolidLine, Qt::RoundCap));
+    p.drawLine(QPointF(x - 11, y + 11), QPointF(x + 11, y - 11));
+}
+
+}  // namespace marvolin

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QTimer>
+
+#include "window/controls/text_button.h"
+#include "window/descriptions/own_value.h"
+
+namespace marvolin {
+
+/// `Record`: starts a recording of what is heard, or ends it. It is lit while one runs, and keeps an eye on it.
+class RecordButton : public TextButton, public HasOwnValue {
+public:
+    static constexpr int kPeriod = 250;  ///< ms between two looks at the recording
+
+    RecordButton(Session& session, QWidget* parent);
+
+    /// Starts a recording at this time of the day, or ends it.
+    static void Toggle(Session& s);
+    void Refresh() override;
+    /// Time and size of the recording.
+    std::string OwnValue() const override { return s.RecordingText; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QTimer timer_;  // runs while a recording does
+};
+
+}  // namespace marvolin
