@@ -1,0 +1,36 @@
+"""recorded.py RECORDING CAPTURE: prints how many frames the header of a recording promises, and where they stand in
+what the card got, frame by frame the same: the number of the first frame, -1 when they stand nowhere."""
+
+import struct
+import sys
+
+
+def samples(path):
+    """The data of a WAV file, as long as its header says."""
+    with open(path, "rb") as file:
+        content = file.read()
+    if content[:4] != b"RIFF" or content[8:12] != b"WAVE":
+        sys.exit(path + " is no WAV file")
+    place = 12
+    while place + 8 <= len(content):
+        size = struct.unpack_from("<I", content, place + 4)[0]
+        if content[place : place + 4] == b"data":
+            data = content[place + 8 : place + 8 + size]
+            if len(data) != size:
+                sys.exit(path + " is shorter than its header says")
+            return data
+        place += 8 + size + size % 2
+    sys.exit(path + " has no data")
+
+
+def place_of(part, whole):
+    place = whole.find(part)
+    while place > 0 and place % 4 != 0:
+        place = whole.find(part, place + 1)
+    return place // 4 if place >= 0 else -1
+
+
+recording = samples(sys.argv[1])
+with open(sys.argv[2], "rb") as card:
+    heard = card.read()[44:]
+print(len(recording) // 4, place_of(recording, heard))
