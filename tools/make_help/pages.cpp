@@ -70,7 +70,9 @@ struct PressText {
 /// Where they do something else than a click.
 constexpr PressText kPressTexts[] = {
     {10005, "Space or Return: what a click does; with Shift: what a right click does"},
-    {10008, "Space or Return: stops all if anything plays, and plays all otherwise"},
+    {10008,
+     "Space or Return: stops all if anything plays, and plays all otherwise; with Shift: silences everything, or brings it "
+     "back"},
     {10017, "Space or Return: what a click does; with Ctrl: this one alone"},
     {10019, "Return or Space: takes the entry"},
     {10020, "Space or Return: selects or deselects"},
