@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "audio/openal/sound.h"
+#include "audio/output/output_chain.h"
 #include "audio/wave_bytes.h"
 
 namespace {
@@ -192,6 +193,39 @@ void CallbackWhileAnotherThreadCalls(benchmark::State& state) {
     }
 }
 BENCHMARK(CallbackWhileAnotherThreadCalls)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+/// What meter and recording add to a callback of four loops. "share" is theirs of the time that the rendering takes,
+/// "share_of_period" of the time there is.
+void MeterAndRecording(benchmark::State& state) {
+    constexpr int kCallbacks = 100'000;
+    Bed bed(4 * kRate * 2, 2, 16);
+    std::vector<std::unique_ptr<DirectSoundBuffer>> loops;
+    for (int i = 0; i < 4; ++i) {
+        loops.push_back(i == 0 ? bed.Load() : bed.Device->DuplicateSoundBuffer(*loops[0]));
+        loops.back()->SetVolume(-1500);
+        loops.back()->Play(1);
+    }
+    OutputChain chain;
+    std::vector<std::int16_t> out(2 * kPeriod);
+    for (auto _ : state) {
+        double rendering = BusyMicroseconds();
+        for (int i = 0; i < kCallbacks; ++i) bed.Renderer.Render(out.data(), kPeriod);
+        rendering = BusyMicroseconds() - rendering;
+        double passing = BusyMicroseconds();
+        for (int i = 0; i < kCallbacks; ++i) {
+            // Before there is no room left.
+            if (i % 8000 == 0) chain.BeginRecording();
+            chain.Pass_rt(out.data(), kPeriod);
+        }
+        passing = BusyMicroseconds() - passing;
+        state.counters["rendering_us"] = rendering / kCallbacks;
+        state.counters["meter_and_recording_us"] = passing / kCallbacks;
+        state.counters["share"] = passing / rendering;
+        state.counters["share_of_period"] = passing / kCallbacks / kPeriodMicroseconds;
+        state.counters["missed_frames"] = static_cast<double>(chain.Recorded().Missed());
+    }
+}
+BENCHMARK(MeterAndRecording)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 /// The cost of one call to the user-interface thread, by hand and in a tick, with the system's clock.
 void CostOfACall(benchmark::State& state) {
