@@ -86,7 +86,8 @@ void StartRecording(Session& s, const std::tm& now) {
         s.World.Output->StartRecording(path);
         s.RecordingFile = path;
     } catch (const RuntimeError& error) {
-        s.World.Desk.Report("Error starting recording in \"" + folder + "\": " + error.what(), "", BoxStyle::Critical);
+        const std::string place = "\"" + folder + "\": ";
+        s.World.Desk.Report("Error starting recording in " + place + error.what(), "", BoxStyle::Critical);
         return;
     }
     ShowState(s, TimeText(0) + "  " + SizeText(0));
