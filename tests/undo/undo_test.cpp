@@ -5,6 +5,7 @@
 #include "audio/device.h"
 #include "audio/loop_clearing.h"
 #include "audio/play_gestures.h"
+#include "audio/play_modes.h"
 #include "audio/reverse.h"
 #include "browser/bin_gestures.h"
 #include "browser/clipboard.h"
@@ -16,6 +17,7 @@
 #include "performance/drops/palette.h"
 #include "performance/drops/row_drops.h"
 #include "performance/map/scatter.h"
+#include "performance/map/sound_map.h"
 #include "performance/map/use_3d.h"
 #include "performance/pad/mix_pad.h"
 #include "performance/pad/wire_sets.h"
@@ -492,7 +494,7 @@ TEST_F(Undo, AChangeOfDeviceIsNoStep) {
 }
 
 TEST_F(Undo, BeyondTheMemoryThatIsKeptTheOldestSamplesComeBackFromTheirFiles) {
-    s.Undo = std::make_shared<UndoSteps>(5000);
+    s.Undo = std::make_shared<UndoSteps>(5300);
     for (const char* name : {"bells.wav", "drum.wav", "hum.wav"}) Load(0, name);
     LoopClearRows(s, 0);
     int reads = Reads();

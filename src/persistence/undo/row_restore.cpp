@@ -152,6 +152,9 @@ SampleBack RestoreSample(Session& s, Row row, const RowState& goal, RowParts par
     }
     TakeOut(s, row);
     s.Run[row].Missing = goal.Missing;
+    s.Set[row].SampleRate = goal.Set.SampleRate;
+    s.Set[row].BufferBytes = goal.Set.BufferBytes;
+    s.Set[row].AvgBytesPerSec = goal.Set.AvgBytesPerSec;
     const std::string path = goal.Loaded != False ? goal.Set.FileName : goal.InHand.FileName;
     SampleBack back = SampleBack::Yes;
     if (!path.empty() && !PutIn(s, row, path, goal.Sample)) {
