@@ -115,6 +115,9 @@ std::string StatusHint(const Situation& at) { return at.Part == kHelpPanel ? kHe
 constexpr const char* kUndoHint = "clk Take back what was replaced or emptied";
 constexpr const char* kRedoHint = "clk Do again what was taken back";
 
+std::string UndoValue(const Situation& at) { return UndoText(at.State); }
+std::string RedoValue(const Situation& at) { return RedoText(at.State); }
+
 std::string UndoHint(const Situation& at) {
     const std::string step = UndoText(at.State);
     return step.empty() ? kUndoHint : "clk Take back: " + step;
@@ -270,7 +273,7 @@ constexpr Description kMainWindowTable[] = {
      .Topic = 10270,
      .Role = QAccessible::Button,
      .Taken = Keys::Press,
-     .Value = [](const Situation& at) { return UndoText(at.State); },
+     .Value = UndoValue,
      .Shortcut = "Backspace"},
     {.Name = "Redo",
      .Label = "Do again",
@@ -280,7 +283,7 @@ constexpr Description kMainWindowTable[] = {
      .Topic = 10271,
      .Role = QAccessible::Button,
      .Taken = Keys::Press,
-     .Value = [](const Situation& at) { return RedoText(at.State); },
+     .Value = RedoValue,
      .Shortcut = "Shift+Backspace"},
     {.Name = "QuickLoad",
      .Label = "Sessions of the current folder",
