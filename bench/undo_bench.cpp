@@ -4,7 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include "audio/loop_clearing.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 #include "performance/heard_rig.h"
 #include "persistence/undo/undo_commands.h"
 

@@ -10,7 +10,7 @@
 #include "core/loops/grouping.h"
 #include "core/loops/loop_resets.h"
 #include "core/loops/loop_views.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 #include "parameters/setters.h"
 
 namespace marvolin {

@@ -18,7 +18,7 @@
 #include "core/loops/loop_views.h"
 #include "core/loops/sample_history.h"
 #include "core/routines.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 #include "parameters/position.h"
 #include "parameters/setters.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "core/files/paths.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 
 namespace marvolin {
 

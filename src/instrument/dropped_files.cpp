@@ -5,7 +5,7 @@
 #include "core/busy_pointer.h"
 #include "core/files/name_order.h"
 #include "core/files/paths.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 #include "performance/drops/file_drops.h"
 #include "persistence/quick_load.h"
 #include "persistence/save_open.h"

@@ -9,7 +9,7 @@
 #include "core/errors.h"
 #include "core/files/paths.h"
 #include "core/loops/loop_views.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 #include "persistence/load_saved_loop.h"
 #include "persistence/loop_record.h"
 

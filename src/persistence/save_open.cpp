@@ -2,7 +2,7 @@
 
 #include "core/files/name_order.h"
 #include "core/files/paths.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 #include "persistence/quick_load.h"
 #include "persistence/session_format.h"
 

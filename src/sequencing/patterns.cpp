@@ -9,7 +9,7 @@
 #include "core/loops/loop_resets.h"
 #include "core/loops/loop_views.h"
 #include "core/routines.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 #include "parameters/setters.h"
 
 namespace marvolin {

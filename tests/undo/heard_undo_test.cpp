@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "audio/reverse.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 #include "performance/heard_rig.h"
 #include "performance/map/use_3d.h"
 #include "persistence/undo/undo_commands.h"

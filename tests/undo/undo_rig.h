@@ -8,7 +8,7 @@
 #include "audio/sample_loading.h"
 #include "audio/transport.h"
 #include "core/session.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 #include "fakes/fake_display.h"
 #include "fakes/fake_services.h"
 #include "fakes/temp_folder.h"

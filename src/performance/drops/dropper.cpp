@@ -5,7 +5,7 @@
 #include "audio/play_modes.h"
 #include "audio/thinning.h"
 #include "core/routines.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 #include "parameters/setters.h"
 
 namespace marvolin {

@@ -4,7 +4,7 @@
 #include "core/busy_pointer.h"
 #include "core/files/sample_files.h"
 #include "core/routines.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 #include "performance/drops/row_drops.h"
 
 namespace marvolin {

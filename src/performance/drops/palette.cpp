@@ -4,7 +4,7 @@
 #include "audio/reverse.h"
 #include "audio/sample_loading.h"
 #include "core/files/paths.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 #include "parameters/position.h"
 
 namespace marvolin {

@@ -6,7 +6,7 @@
 #include "audio/sample_loading.h"
 #include "core/loops/grouping.h"
 #include "core/loops/loop_views.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 #include "parameters/fades.h"
 #include "sequencing/patterns.h"
 #include "sequencing/timing.h"

@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "core/routines.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 #include "parameters/fades.h"
 #include "performance/map/sound_map.h"
 

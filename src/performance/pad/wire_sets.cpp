@@ -4,7 +4,7 @@
 
 #include "core/errors.h"
 #include "core/routines.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 #include "parameters/mapping.h"
 #include "parameters/wires.h"
 

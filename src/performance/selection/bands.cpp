@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/routines.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 
 namespace marvolin {
 

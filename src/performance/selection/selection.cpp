@@ -5,7 +5,7 @@
 #include "core/errors.h"
 #include "core/loops/loop_views.h"
 #include "core/routines.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 #include "parameters/position.h"
 #include "performance/tabs.h"
 

@@ -1,6 +1,6 @@
 #include "persistence/undo/undo_commands.h"
 
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 #include "persistence/undo/undo_steps.h"
 
 namespace marvolin {

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "core/session.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 #include "persistence/undo/clip_splice.h"
 #include "persistence/undo/instrument_state.h"
 #include "persistence/undo/row_state.h"

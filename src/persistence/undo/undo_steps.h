@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 #include "persistence/undo/undo_record.h"
 
 namespace marvolin {

@@ -13,7 +13,7 @@
 #include <string_view>
 
 #include "core/session.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 
 namespace marvolin {
 

@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "core/routines.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 
 namespace marvolin {
 
