@@ -7,6 +7,9 @@
 #include "browser/lnk_shortcut.h"
 #include "check/check_components.h"
 #include "check/loader_libraries.h"
+#include "core/files/own_folder.h"
+#include "core/files/paths.h"
+#include "core/help.h"
 #include "instrument/keyboard.h"
 #include "instrument/shut_down.h"
 #include "instrument/start_up.h"
@@ -45,6 +48,27 @@ bool Check(Session& session) {
 
 FormSizes FormsOfTheProgram() { return {FrmMain::RegularSize(), FrmBrowse::kSize.width()}; }
 
+/// Of an installed copy, what the program keeps lies in a folder of the player's own from here on.
+ProgramFolders FoldersOfTheStart(QtDesktop& desktop) {
+    const std::string players = PlayersFolder(std::getenv("XDG_DATA_HOME"), std::getenv("HOME"));
+    ProgramFolders folders = PrepareFolders(desktop.InstalledFolder(), players);
+    desktop.UseFolder(folders.Own);
+    return folders;
+}
+
+FrmMain::Events EventsOf(Session& session) {
+    return {[&] { Form_Activate(session); },
+            [&] { Form_QueryUnload(session); },
+            [&](char letter, bool shift, bool control, bool alt) {
+                Form_KeyUp(session, letter, (shift ? kShiftKey : 0) | (control ? kCtrlKey : 0) | (alt ? kAltKey : 0));
+            },
+            [&] { return session.DX ? OpenAlSoundLoad(*session.DX) / 100 : 0.0; },
+            [&] { return session.DX != nullptr && OpenAlSoundGone(*session.DX); },
+            [&] {
+                return session.DX ? SoundTiming{OpenAlPeriod(*session.DX), OpenAlDelay(*session.DX)} : SoundTiming{};
+            }};
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -52,6 +76,7 @@ int main(int argc, char** argv) {
     const auto clock = std::make_shared<CardClock>();
     Application application(argc, argv, *clock);
     QtDesktop desktop;
+    const ProgramFolders folders = FoldersOfTheStart(desktop);
     const SmallPainting smallPainting;
     WindowKeeper keeper(WindowFile(desktop), FormsOfTheProgram(), WindowKeeper::OfTheDesktop());
     QObject::connect(&application, &QCoreApplication::aboutToQuit, &keeper, &WindowKeeper::Keep);
@@ -70,6 +95,7 @@ int main(int argc, char** argv) {
     Session session{Services{display, desktop, windows, chance, timers, scripts, store,
                              [&] { return CreateOpenAlSound(clock, output.Chain()); }, CreateSdlInput,
                              ResolveLnkShortcut, &output}};
+    session.HelpFile = JoinPath(folders.Installed, std::string(kHelpFile));
     lua.Attach(session);
     room.Attach(session, scripts);
     windows.AttachScripts(room);
@@ -81,17 +107,8 @@ int main(int argc, char** argv) {
 
     const StartUpHooks hooks{[&session] { return Check(session); },
                              [](Session& s) { PadGeometryInit(s, TabMixPad::InnerWidth(), TabMixPad::InnerHeight()); }};
-    windows.Attach(
-        session,
-        {[&] { Form_Activate(session); }, [&] { Form_QueryUnload(session); },
-         [&](char letter, bool shift, bool control, bool alt) {
-             Form_KeyUp(session, letter, (shift ? kShiftKey : 0) | (control ? kCtrlKey : 0) | (alt ? kAltKey : 0));
-         },
-         [&] { return session.DX ? OpenAlSoundLoad(*session.DX) / 100 : 0.0; },
-         [&] { return session.DX != nullptr && OpenAlSoundGone(*session.DX); },
-         [&] {
-             return session.DX ? SoundTiming{OpenAlPeriod(*session.DX), OpenAlDelay(*session.DX)} : SoundTiming{};
-         }});
+    windows.Attach(session, EventsOf(session));
     if (!RunMain(session, hooks) || windows.Ended()) return 0;
+    if (!folders.Trouble.empty()) desktop.Report(folders.Trouble);
     return application.exec();
 }

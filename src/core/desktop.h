@@ -78,7 +78,7 @@ public:
 
     /// A new unique file in the system's temporary folder whose name starts with `prefix`; "" on failure.
     virtual std::string TempFileName(const std::string& prefix) = 0;
-    /// Folder of the executable, without a separator at its end.
+    /// The program's folder (core/files/own_folder.h), without a separator at its end.
     virtual std::string ProgramFolder() = 0;
     /// True when no other instance of the program is running. The claim holds until the process ends.
     virtual bool ClaimInstance() = 0;

@@ -109,7 +109,8 @@ bool Form_Load(Session& s, const StartUpHooks& hooks) {
 void Form_Activate(Session& s) {
     if (!s.FirstActivate) return;
     s.HelpShown = false;
-    s.HelpFile = JoinPath(s.World.Desk.ProgramFolder(), std::string(kHelpFile));
+    // An installed copy has told where it is: not in the folder of the player.
+    if (s.HelpFile.empty()) s.HelpFile = JoinPath(s.World.Desk.ProgramFolder(), std::string(kHelpFile));
     ReadWorkArea(s);
     s.FirstActivate = false;
     s.World.Forms.EnablePadBalls(true);

@@ -29,7 +29,8 @@ bool CreateDirectX(Session& s);
 /// refuses does not stop the rest. False when a step has ended the program.
 bool Form_Load(Session& s, const StartUpHooks& hooks);
 
-/// The main window is activated: the first time places the windows and loads the start-up content.
+/// The main window is activated: the first time places the windows and loads the start-up content. Unless a help file
+/// is set, it is that of the program's folder.
 void Form_Activate(Session& s);
 
 }  // namespace marvolin

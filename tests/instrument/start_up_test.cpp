@@ -533,6 +533,14 @@ TEST(FormActivate, AMissingHelpFileIsNoErrorAtTheStart) {
     EXPECT_TRUE(i.Desk.Boxes.empty());
 }
 
+TEST(FormActivate, AHelpFileThatIsSetStays) {
+    Program i;
+    i.s.HelpFile = "/usr/lib/marvolin/Help/marvolin.chm";
+    i.Start();
+    Form_Activate(i.s);
+    EXPECT_EQ(i.s.HelpFile, "/usr/lib/marvolin/Help/marvolin.chm");
+}
+
 TEST(FormActivate, BeforeTheMainWindowIsLoadedDoesNothing) {
     Program i;
     Form_Activate(i.s);

@@ -198,5 +198,14 @@ TEST(QtDesktop, KnowsTheScreen) {
               std::filesystem::path(QCoreApplication::applicationDirPath().toStdString()));
 }
 
+TEST(QtDesktop, TheProgramsFolderIsTheOneThatTheStartUsesAndTheProgramStaysWhereItIs) {
+    QtDesktop desk;
+    const std::string installed = desk.InstalledFolder();
+    EXPECT_EQ(desk.ProgramFolder(), installed);
+    desk.UseFolder("/home/player/.local/share/marvolin");
+    EXPECT_EQ(desk.ProgramFolder(), "/home/player/.local/share/marvolin");
+    EXPECT_EQ(desk.InstalledFolder(), installed);
+}
+
 }  // namespace
 }  // namespace marvolin

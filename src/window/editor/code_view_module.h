@@ -6,7 +6,7 @@ namespace marvolin {
 
 class CodeViewMaker;
 
-/// The name of the module in the program's folder.
+/// The name of the module in the folder of the executable.
 inline constexpr const char* kCodeViewModule = "marvolin-editor.so";
 
 /// Loads the module from `folder`; the next time it is there at once. Null, with what is wrong in `error`, when it

@@ -169,7 +169,9 @@ std::string QtDesktop::TempFileName(const std::string& prefix) {
     return file.open() ? QDir::toNativeSeparators(file.fileName()).toStdString() : "";
 }
 
-std::string QtDesktop::ProgramFolder() { return QCoreApplication::applicationDirPath().toStdString(); }
+std::string QtDesktop::ProgramFolder() { return folder_.empty() ? InstalledFolder() : folder_; }
+
+std::string QtDesktop::InstalledFolder() const { return QCoreApplication::applicationDirPath().toStdString(); }
 
 bool QtDesktop::ClaimInstance() {
     QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
@@ -200,7 +202,7 @@ void QtDesktop::ComeToFront(const QByteArray& token) {
 
 void QtDesktop::ShowHelpTopic(std::int32_t topic) {
     if (!help_) help_ = std::make_unique<HelpViewer>();
-    help_->Open(JoinPath(ProgramFolder(), std::string(kHelpFile)), topic, mainWindow_);
+    help_->Open(JoinPath(InstalledFolder(), std::string(kHelpFile)), topic, mainWindow_);
 }
 
 void QtDesktop::CloseWindowTitled(const std::string& title) {

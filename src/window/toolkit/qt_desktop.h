@@ -46,7 +46,12 @@ public:
     void ClipCursor(const PixelRect& rect) override;
     void ReleaseCursor() override;
     std::string TempFileName(const std::string& prefix) override;
+    /// The folder of the executable, until `UseFolder`.
     std::string ProgramFolder() override;
+    /// The folder of the executable, where Help and the modules lie, without a separator at its end.
+    std::string InstalledFolder() const;
+    /// Everything else that belongs to the program's folder is in this one from now on. For the start.
+    void UseFolder(const std::string& folder) { folder_ = folder; }
     /// The first instance comes to the front when a later one asks for the claim and does not get it.
     bool ClaimInstance() override;
     void ShowHelpTopic(std::int32_t topic) override;
@@ -64,6 +69,7 @@ private:
     QWidget* mainWindow_ = nullptr;
     QPointer<BallSurface> pad_;  // looked up once: each move of a ball asks where its surface is
     QPointer<BallSurface> map_;
+    std::string folder_;  // "" for that of the executable
     bool busy_ = false;
     std::optional<PixelRect> cage_;
     std::optional<QFontMetricsF> measure_;  // of the main window's font; made once

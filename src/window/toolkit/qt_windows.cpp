@@ -74,7 +74,7 @@ void QtWindows::AttachScripts(ScriptRoom& room) {
 void QtWindows::OpenScripts() {
     if (!scripts_) {
         std::string error;
-        CodeViewMaker* maker = LoadCodeView(session_->World.Desk.ProgramFolder(), error);
+        CodeViewMaker* maker = LoadCodeView(desktop_.InstalledFolder(), error);
         if (maker == nullptr) {
             return session_->World.Desk.Report(
                 "The window of scripts cannot be opened. It needs the package "
