@@ -27,13 +27,13 @@ struct Mark {
     double Decibels;
     double Share;  // of the height
 };
-constexpr std::array<Mark, 5> kScale{{{LevelHold::kLowest, 0}, {-40, 0.15}, {-30, 0.30}, {-20, 0.50}, {0, 1}}};
+constexpr std::array<Mark, 5> kMeterScale{{{LevelHold::kLowest, 0}, {-40, 0.15}, {-30, 0.30}, {-20, 0.50}, {0, 1}}};
 
 int BarPixels(double decibels, int height) {
     double share = 0;
-    for (std::size_t i = 1; i < kScale.size() && decibels > kScale[i - 1].Decibels; ++i) {
-        const Mark& from = kScale[i - 1];
-        const Mark& to = kScale[i];
+    for (std::size_t i = 1; i < kMeterScale.size() && decibels > kMeterScale[i - 1].Decibels; ++i) {
+        const Mark& from = kMeterScale[i - 1];
+        const Mark& to = kMeterScale[i];
         const double part = std::min(1.0, (decibels - from.Decibels) / (to.Decibels - from.Decibels));
         share = from.Share + part * (to.Share - from.Share);
     }
