@@ -128,9 +128,11 @@ int InnerObjects::NumberOf(const QAccessibleInterface* object) const {
 }
 
 QAccessibleInterface* InnerObjects::AtPlace(int x, int y) {
+    const HasInnerParts* parts = PartsOf(widget_);
+    const QPoint place = widget_.mapFromGlobal(QPoint(x, y));
+    // Objects are not made for all the parts on the way there: a list may have thousands.
     for (int part = 0; part < Count(); ++part) {
-        QAccessibleInterface* object = At(part);
-        if (object->rect().contains(x, y)) return object;
+        if (parts->Inner(part).Place.toAlignedRect().contains(place)) return At(part);
     }
     return nullptr;
 }
