@@ -12,9 +12,10 @@ namespace marvolin::help {
 namespace {
 
 /// Turns the marks of a page, which are those that `MakePages` writes and no others, into those of Markdown.
-class Converter {
+class MarkdownConverter {
 public:
-    Converter(std::int32_t topic, const std::map<std::int32_t, std::string>& fileOf) : topic_(topic), fileOf_(fileOf) {}
+    MarkdownConverter(std::int32_t topic, const std::map<std::int32_t, std::string>& fileOf)
+        : topic_(topic), fileOf_(fileOf) {}
 
     std::string Convert(std::string_view html) {
         html.remove_prefix(html.find("<h1>"));
@@ -106,7 +107,7 @@ std::string FileOfChapter(const std::string& chapter) {
 }  // namespace
 
 std::string MarkdownOf(const std::string& html, std::int32_t topic, const std::map<std::int32_t, std::string>& fileOf) {
-    return Converter(topic, fileOf).Convert(html);
+    return MarkdownConverter(topic, fileOf).Convert(html);
 }
 
 Files MakeManual(std::vector<PageText> texts) {
