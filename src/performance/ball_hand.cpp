@@ -9,6 +9,7 @@
 #include "performance/map/sound_map.h"
 #include "performance/pad/mix_pad.h"
 #include "performance/pad/pad_gesture.h"
+#include "performance/pad/pad_twist.h"
 
 namespace marvolin {
 
@@ -24,10 +25,13 @@ ScreenPoint CursorPos(const Session& s) {
     return {static_cast<double>(place.X), static_cast<double>(place.Y)};
 }
 
-/// Left and top of a ball on the screen.
+/// The two balls of the mix pad take both buttons, and hide under no other ball.
+bool IsPadBall(int ball) { return ball == kPadBall || ball == kTwistBall; }
+
+/// Left and top of a ball on the screen; of `TwistBall` as if its line were on the pad: only its way counts.
 ScreenPoint Corner(const Session& s, int ball) {
     Desktop& desk = s.World.Desk;
-    const PixelPoint origin = desk.SurfaceOrigin(ball == kPadBall ? Surface::Pad : Surface::Map);
+    const PixelPoint origin = desk.SurfaceOrigin(IsPadBall(ball) ? Surface::Pad : Surface::Map);
     const BallPoint place = BallPlace(s, ball);
     return {place.X / desk.TwipsPerPixelX() + origin.X, place.Y / desk.TwipsPerPixelY() + origin.Y};
 }
@@ -36,15 +40,19 @@ ScreenPoint Corner(const Session& s, int ball) {
 bool Forward(Session& s, int ball, Phase what, std::int16_t button, ScreenPoint place) {
     const double x = place.X * s.World.Desk.TwipsPerPixelX();
     const double y = place.Y * s.World.Desk.TwipsPerPixelY();
-    if (ball != kPadBall) return PosGesture(s, what, ball, button, x, y);
-    PadBallGesture(s, what, button, x, y);
+    if (!IsPadBall(ball)) return PosGesture(s, what, ball, button, x, y);
+    if (ball == kTwistBall) {
+        TwistBallGesture(s, what, button, x);
+    } else {
+        PadBallGesture(s, what, button, x, y);
+    }
     return false;
 }
 
 /// Whether this button holds the ball, and its double click centres it. On the map two right clicks are two fades, or
 /// two turns of the listener.
 bool TakesBall(int ball, std::int16_t button) {
-    return button == kLeftButton || (ball == kPadBall && button == kRightButton);
+    return button == kLeftButton || (IsPadBall(ball) && button == kRightButton);
 }
 
 /// Whether `press` may be the second one of a double click on this ball.
@@ -55,7 +63,7 @@ bool BeganWith(const BallHold& hold, const BallEvent& press, DoubleClickLimits l
 /// The ball that was clicked where this press comes: the first press may have put the pointer under a ball that lies
 /// above. A click may be over before the pointer is put; then the hand was not seen there, and `Put` stands.
 int ClickedBall(const Session& s, int ball, const BallEvent& press, DoubleClickLimits limits) {
-    if (ball == kPadBall) return ball;
+    if (IsPadBall(ball)) return ball;
     for (int other = 0; other <= kListenerBall; ++other) {
         const BallHold& hold = s.BallHolds[other];
         if (other == ball || !BeganWith(hold, press, limits)) continue;
@@ -141,11 +149,16 @@ std::optional<DragSource> BallGesture(Session& s, int ball, const BallEvent& eve
     return std::nullopt;
 }
 
-BallPoint BallPlace(const Session& s, int ball) { return ball == kPadBall ? PadBallPlace(s) : MapBallPlace(s, ball); }
+BallPoint BallPlace(const Session& s, int ball) {
+    if (ball == kTwistBall) return {TwistBallLeft(s), 0};
+    return ball == kPadBall ? PadBallPlace(s) : MapBallPlace(s, ball);
+}
 
 void BallCentre(Session& s, int ball) {
     if (ball == kPadBall) {
         PadBall_DblClick(s);
+    } else if (ball == kTwistBall) {
+        PadTwistCentre(s);
     } else {
         PosBall_DblClick(s, ball);
     }
@@ -156,6 +169,8 @@ void BallStep(Session& s, int ball, int right, int down, double pixels) {
     const double y = down * pixels * s.World.Desk.TwipsPerPixelY();
     if (ball == kPadBall) {
         PadMove(s, x, y, s.Geometry.PadHalfX, {.Absolute = false, .Apply = true});
+    } else if (ball == kTwistBall) {
+        PadTwist(s, x - y, s.Geometry.PadHalfX, {.Absolute = false, .Apply = true});
     } else {
         MapStep(s, ball, x, y);
     }

@@ -17,6 +17,8 @@ namespace marvolin {
 
 /// Number of the pad's ball, behind those of the map: 0..3 the LoopTracks, 4 the listener.
 inline constexpr int kPadBall = 5;
+/// Number of `TwistBall`.
+inline constexpr int kTwistBall = 6;
 
 /// A press, move or release on a ball as the window saw it.
 struct BallEvent {
@@ -45,7 +47,7 @@ void BallCentre(Session& s, int ball);
 /// A step of a ball by key, pixels; a fine one is one pixel.
 inline constexpr double kBallStep = 4;
 /// Moves the ball by steps of `pixels`, to the right and down positive, heard at once. On the map the script gets what
-/// a drag sends.
+/// a drag sends. `TwistBall` goes up to the right.
 void BallStep(Session& s, int ball, int right, int down, double pixels = kBallStep);
 /// Turns the listener by `degrees`, heard at once.
 void ListenerStep(Session& s, int degrees);

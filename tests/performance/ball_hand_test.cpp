@@ -255,5 +255,36 @@ TEST(BallHand, AStepIsFourPixels) {
     }
 }
 
+TEST(BallHand, TheTwistFollowsTheHandAlongItsLineWithoutMovingThePointer) {
+    Hand hand;
+    hand.Press(kTwistBall, {500, 600});
+    EXPECT_EQ(hand.Pointer, (PixelPoint{500, 600}));
+    hand.Move(kTwistBall, {530, 900});
+    EXPECT_EQ(hand.s.TwistPosition, 450);
+    hand.Move(kTwistBall, {10, 600});
+    EXPECT_EQ(hand.s.TwistPosition, -2130);
+    hand.Move(kTwistBall, {490, 600});
+    EXPECT_EQ(hand.s.TwistPosition, -150) << "the way counts from the press, also beyond an end";
+    hand.Release(kTwistBall, {480, 600});
+    EXPECT_EQ(hand.s.TwistPosition, -300);
+    EXPECT_TRUE(hand.s.CursorFree);
+    hand.Move(kTwistBall, {700, 600}, kNoButton, false);
+    EXPECT_EQ(hand.s.TwistPosition, -300);
+}
+
+TEST(BallHand, ADoubleClickBringsTheTwistToZeroWithEitherButton) {
+    for (const auto button : std::initializer_list<std::int16_t>{kLeftButton, kRightButton}) {
+        Hand hand;
+        BallStep(hand.s, kTwistBall, 3, 0);
+        EXPECT_EQ(hand.s.TwistPosition, 180);
+        BallStep(hand.s, kTwistBall, 0, -1, 1);
+        EXPECT_EQ(hand.s.TwistPosition, 195) << "up is to the right";
+        hand.Click(kTwistBall, {500, 600}, 1000, button);
+        EXPECT_EQ(hand.s.TwistPosition, 195);
+        hand.Click(kTwistBall, {500, 600}, 1200, button);
+        EXPECT_EQ(hand.s.TwistPosition, 0);
+    }
+}
+
 }  // namespace
 }  // namespace marvolin

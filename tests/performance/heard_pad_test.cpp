@@ -9,6 +9,7 @@
 
 #include "performance/heard_rig.h"
 #include "performance/pad/pad_gesture.h"
+#include "performance/pad/pad_twist.h"
 #include "performance/pad/wire_sets.h"
 
 namespace marvolin {
@@ -98,6 +99,21 @@ TEST(HeardPad, EachCornerPlaysItsOwnChannelAtItsLoudest) {
         i.ExpectLevels();
         EXPECT_NEAR(i.Levels()[corner], kPadLevel, kPadNear);
     }
+}
+
+TEST(HeardPad, TheTwistFadesFromOnePairOfLoopTracksToTheOther) {
+    FourSines i;
+    PadType_Click(i.s, kPitch400Pad);  // its twist moves the volume
+    for (const double place : {-1.0, -0.5, 0.0, 0.4, 1.0}) {
+        SCOPED_TRACE(place);
+        PadTwist(i.s, place, 1, {.Absolute = true, .Apply = true});
+        const std::array<double, 4> levels = i.Levels();
+        for (const std::size_t left : {0, 3}) EXPECT_NEAR(levels[left], FourSines::Expected((place + 1) / 2), kPadNear);
+        for (const std::size_t right : {1, 2}) {
+            EXPECT_NEAR(levels[right], FourSines::Expected((1 - place) / 2), kPadNear);
+        }
+    }
+    EXPECT_NEAR(i.Levels()[1], kPadLevel, kPadNear);
 }
 
 TEST(HeardPad, ThePanPadMovesEachLoopTrackBetweenTheSides) {

@@ -525,15 +525,5 @@ TEST(JoyButton, AnActionSetToNoneReadsTheNinthButton) {
     EXPECT_EQ(i.Pad().X, 0);
 }
 
-TEST(JoyButton, TwistCentreAndToggleTwistHaveNoEffect) {
-    Flown i;
-    i.Press(1, true);
-    i.Press(4, true);
-    i.Stick.State.rz = 9000;
-    i.Press(4, false);
-    EXPECT_TRUE(i.Screen.Log.empty());
-    EXPECT_EQ(i.s.TwistPosition, 0);
-}
-
 }  // namespace
 }  // namespace marvolin

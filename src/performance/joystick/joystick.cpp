@@ -8,6 +8,7 @@
 #include "parameters/scroll_events.h"
 #include "parameters/setters.h"
 #include "performance/joystick/joystick_setup.h"
+#include "performance/joystick/joystick_twist.h"
 #include "performance/map/map_events.h"
 #include "performance/map/sound_map.h"
 #include "performance/pad/mix_pad.h"
@@ -32,6 +33,7 @@ struct Snapshot {
     bool Centre = false;
     bool Toggle = false;
     std::int32_t Master = 0;
+    JoyTwistRead Twist;
 };
 
 bool IsLost(std::uint32_t number) { return number == input_error::kNotAcquired || number == input_error::kInputLost; }
@@ -86,12 +88,16 @@ std::int32_t AxisValue(const DIJOYSTATE& state, std::int16_t code) {
     }
 }
 
-Snapshot Read(const Session& s) {
+/// `twistHeld`: "ToggleTwist" was down at the previous poll.
+Snapshot Read(const Session& s, bool twistHeld) {
     Snapshot now;
     now.Move = Pressed(s, kJoyMove);
     now.Centre = Pressed(s, kJoyCentre);
     now.Toggle = Pressed(s, kJoyToggle);
     now.Master = AxisValue(s.Joy.State, s.Joy.Axis[kMasterAxis]);
+    now.Twist.Axis = AxisValue(s.Joy.State, s.Joy.Axis[kTwistAxis]);
+    now.Twist.Centre = Pressed(s, kJoyTwistCentre);
+    now.Twist.Toggled = twistHeld && !Pressed(s, kJoyToggleTwist);
     return now;
 }
 
@@ -192,9 +198,11 @@ void Toggle(Session& s, bool pressed) {
 }
 
 void Poll(Session& s) {
+    const bool twistHeld = Pressed(s, kJoyToggleTwist);
     if (!ReadState(s)) return;
-    const Snapshot now = Read(s);
+    const Snapshot now = Read(s, twistHeld);
     if (StickActs(s)) StickAndCentre(s, now.Centre);
+    JoyTwist(s, now.Twist);
     if (!now.Move) Hat(s);
     Master(s, now.Master);
     Toggle(s, now.Toggle);

@@ -143,8 +143,10 @@ void PadMix(Session& s, double& x, double& y, std::int16_t padType, PadMixFlags 
     }
     ClampR8(y, -g.PadHalfY, g.PadHalfY);
     ClampR8(x, -g.PadHalfX, g.PadHalfX);
-    pad.X = x;
-    pad.Y = y;
+    if (!flags.KeepBall) {
+        pad.X = x;
+        pad.Y = y;
+    }
     const Weights weights = flags.TwoAxes ? CornerWeights(g, x, y) : SideWeights(g, x);
     if (padType > kPanPad) return;
     for (int i = 1; i <= kChannels; ++i) {

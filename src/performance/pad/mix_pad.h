@@ -26,6 +26,7 @@ struct PadMixFlags {
     bool Apply = true;      ///< all LoopTracks take the new levels at once
     bool ReadOut = true;    ///< the status line shows the levels
     bool TwoAxes = true;    ///< false: only `x` counts, a cross-fade from the left pair of channels to the right pair
+    bool KeepBall = false;  ///< the type's ball stays where it is
 };
 
 /// Turns a position in twips into the levels of channels 1..4 under `padType`. `x`, `y` are limited in place to the
@@ -41,7 +42,7 @@ void PadRecentre(Session& s);
 /// Double click on the ball.
 void PadBall_DblClick(Session& s);
 
-/// Puts `TwistBall` at `position` on its line, twips from the middle; always 0 so far.
+/// Puts `TwistBall` at `position` on its line, twips from the middle. Nothing else: `PadTwist` is what is heard.
 void PadTwistMove(Session& s, std::int16_t position);
 
 /// Left and top of `PadBall` on the pad, twips.

@@ -1,5 +1,7 @@
 #include "performance/pad/pad_tables.h"
 
+#include "performance/pad/pad_twist.h"
+
 namespace marvolin {
 
 namespace {
@@ -19,6 +21,8 @@ void PadListInit(Session& s) { s.World.Screen.ShowPad(); }
 
 void PadTablesInit(Session& s) {
     s.PadTable = Table<PadRecord, 5>(kStartTable);
+    PadTwistLeave(s, kVolPad);
+    PadTwistMove(s, 0);
     s.PadTypeIndex = kVolPad;
     PadType_Click(s, kVolPad);
     PadTwistMove(s, 0);
@@ -27,6 +31,7 @@ void PadTablesInit(Session& s) {
 void PadType_Click(Session& s, std::int16_t entry) {
     // Still under the old type, so that its channels take their centre values.
     PadRecentre(s);
+    PadTwistLeave(s, entry);
     PadTwistMove(s, 0);
     s.PadTypeIndex = entry;
     s.World.Screen.ShowPad();

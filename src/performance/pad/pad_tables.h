@@ -31,8 +31,8 @@ void PadListInit(Session& s);
 /// have run.
 void PadTablesInit(Session& s);
 
-/// The player (or a session file) chose `entry` 0..3 of `PadType`. The ball of the old type goes to the centre first;
-/// the new type's levels do not change until the ball moves.
+/// The player (or a session file) chose `entry` 0..3 of `PadType`. The ball of the old type goes to the centre first,
+/// and `TwistBall` to 0; the new type's levels do not change until the ball moves.
 void PadType_Click(Session& s, std::int16_t entry);
 /// The player chose the curve `function` 1..3 (`PadCurveKey`) for the current type. The ball goes to the centre, also
 /// when the choice is the same as before.

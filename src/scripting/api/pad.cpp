@@ -3,6 +3,7 @@
 #include "parameters/wires.h"
 #include "performance/pad/mix_pad.h"
 #include "performance/pad/pad_tables.h"
+#include "performance/pad/pad_twist.h"
 #include "performance/pad/wire_sets.h"
 
 namespace marvolin {
@@ -72,6 +73,24 @@ constexpr ApiFunction kPadFunctions[] = {
      .Text = "Chooses it. The ball goes to the centre.",
      .Example = "marvolin.set_pad_curve(2)  assert(marvolin.pad_curve() == 2)",
      .Act = [](ApiCall& call) { PadFunction_Click(call.s, call.ShortAt(0)); }},
+    {.Name = "twist",
+     .Returns = "-1 to 1",
+     .Text = "The place of the twist under the mix pad, from left to right.",
+     .Example = "marvolin.set_twist(0.5)  assert(math.abs(marvolin.twist() - 0.5) < 0.001)",
+     .Act =
+         [](ApiCall& call) {
+             const double half = call.s.Geometry.PadHalfX;
+             call.Return(half > 0 ? call.s.TwistPosition / half : 0);
+         }},
+    {.Name = "set_twist",
+     .Parameters = {Number("x", -1, 1)},
+     .Text = "Moves it there: channels 1 and 4 come to the front on the left, 2 and 3 on the right. It moves pan under "
+             "\"Vol\", volume under \"400 Pitch\", pitch under \"Pan\" and \"300 Pitch\".",
+     .Example = "marvolin.set_pad_type('Vol')  marvolin.set_twist(1)  assert(marvolin.channel_level(1, 'pan') == 500)",
+     .Act =
+         [](ApiCall& call) {
+             PadTwist(call.s, call.NumberAt(0), 1, {.Absolute = true, .Apply = true, .Quiet = true});
+         }},
     {.Name = "channel_level",
      .Parameters = {Whole("channel", 1, 4), Choice("level", kLevels)},
      .Returns = "volume 0 to 500, frequency in percent, pan -500 to 500",
