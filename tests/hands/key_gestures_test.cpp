@@ -263,6 +263,18 @@ TEST(PatternKeys, ArrowsChooseAStepDeleteResetsItAndWithShiftTheLane) {
     EXPECT_EQ(vol[kPatternOffset], 0);
 }
 
+TEST(BallKeys, ArrowsMoveTheTwistFourPixelsWithShiftOnePageKeysTenStepsAndSpaceCentresIt) {
+    KeyHand hand;
+    hand.On("TwistBall", Qt::Key_Right);
+    EXPECT_EQ(hand.s.TwistPosition, 60);
+    hand.Key(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(hand.s.TwistPosition, 45);
+    hand.Key(Qt::Key_PageUp);
+    EXPECT_EQ(hand.s.TwistPosition, 645);
+    hand.Key(Qt::Key_Space);
+    EXPECT_EQ(hand.s.TwistPosition, 0);
+}
+
 TEST(BallKeys, ArrowsMoveABallFourPixelsWithShiftOneAndPageKeysTurnTheListener) {
     KeyHand hand;
     BallCentre(hand.s, kPadBall);

@@ -55,6 +55,25 @@ TEST(JoyTwist, TheAxisGoesFromEndToEndOfTheLine) {
     EXPECT_EQ(i.s.TwistPosition, 0);
 }
 
+TEST(JoyTwist, AnAxisThatRestsAtItsEndMovesNothingUntilItMoves) {
+    Surfaces i;
+    i.Stick.State.rz = 0;
+    InitDirectInput(i.s);
+    i.s.Joy.AxisPresent[kAxisRZ] = true;
+    i.s.Joy.Axis[kTwistAxis] = kAxisRZ;
+    JoyTimer_Timer(i.s);
+    EXPECT_EQ(i.s.TwistPosition, 0);
+    i.s.Joy.AxisPresent[kAxisRX] = true;
+    i.s.Joy.AxisNames = {"RX", "RZ", "None"};
+    i.Stick.State.rx = 10000;
+    JAxis_Click(i.s, kTwistAxis, 0);  // "RX"
+    JoyTimer_Timer(i.s);
+    EXPECT_EQ(i.s.TwistPosition, 0);
+    i.Stick.State.rx = 0;
+    JoyTimer_Timer(i.s);
+    EXPECT_EQ(i.s.TwistPosition, -2130);
+}
+
 TEST(JoyTwist, TheFactorMultipliesTheDeflection) {
     Twisted i;
     SetJoyFactor(i.s, 2, 500);

@@ -9,6 +9,7 @@
 
 #include "core/errors.h"
 #include "performance/joystick/joystick.h"
+#include "performance/joystick/joystick_plug.h"
 #include "performance/joystick/joystick_setup.h"
 #include "performance/surfaces.h"
 
@@ -245,6 +246,42 @@ TEST(SdlInput, DrivesTheInstrumentAndItsLossEndsNothing) {
     stick.Hat(0, SDL_HAT_RIGHT);
     JoyTimer_Timer(i.s);
     EXPECT_EQ(i.s.PadTypeIndex, 2);
+}
+
+TEST(SdlInput, AStickThatIsPluggedInWhileTheProgramRunsWorksWithItsAssignments) {
+    test::Surfaces i;
+    i.s.World.CreateDirectInput = [] { return CreateSdlInput(); };
+    InitDirectInput(i.s);
+    ASSERT_FALSE(i.s.JoyEnabled) << "this machine has a stick";
+    JoystickWatch watch;
+    watch.Look(i.s);
+    EXPECT_FALSE(i.s.JoyEnabled);
+
+    VirtualStick stick{4, 12, 1};
+    watch.Look(i.s);
+    ASSERT_TRUE(i.s.JoyEnabled);
+    JButton_Click(i.s, kJoyCentre, 3);
+    SetJoyRelative(i.s, 0, false);
+    stick.Axis(0, 32767);
+    JoyTimer_Timer(i.s);
+    EXPECT_EQ(i.s.PadTable[2].X, test::Surfaces::kHalf);
+    // The fourth axis is the twist.
+    stick.Axis(3, -32768);
+    JoyTimer_Timer(i.s);
+    EXPECT_EQ(i.s.TwistPosition, -2130);
+
+    stick.Detach();
+    for (int look = 0; look < JoystickWatch::kAwayLooks; ++look) watch.Look(i.s);
+    EXPECT_FALSE(i.s.JoyEnabled);
+    VirtualStick another{2, 6, 0};
+    watch.Look(i.s);
+    ASSERT_TRUE(i.s.JoyEnabled);
+    EXPECT_EQ(i.s.Joy.Button[kJoyCentre], 3);
+    PadMove(i.s, 100, 100, 500, {.Absolute = true, .Apply = true});
+    another.Button(3, true);
+    JoyTimer_Timer(i.s);
+    EXPECT_EQ(i.s.PadTable[2].X, 0);
+    EXPECT_TRUE(i.Desk.Boxes.empty());
 }
 
 }  // namespace

@@ -178,7 +178,7 @@ TEST(Descriptions, ATipFollowsWhatItDependsOn) {
     EXPECT_EQ(forms.At("DropDown_1")->toolTip(), "Sample of LoopTrack B");
     forms.Fill(1);
     EXPECT_EQ(forms.At("DropDown_1")->toolTip(), "/samples/one.WAV");
-    EXPECT_EQ(forms.At("JoyRelative_0")->toolTip(), "No joystick was found at the start");
+    EXPECT_EQ(forms.At("JoyRelative_0")->toolTip(), "There is no joystick");
     forms.s.JoyEnabled = true;
     forms.Screen.ShowJoystick();
     EXPECT_EQ(forms.At("JoyRelative_0")->toolTip(), "");

@@ -125,10 +125,12 @@ TEST(Hints, AMoveOverAControlShowsItsHint) {
 
 TEST(Hints, TheMixPadShowsItsHints) {
     Stage stage;
+    stage.s.PadTable[kVolPad].TwistTarget = kPanPad;
     Expect(stage, {{"PadType", "slct What the Ball Moves"},
                    {"PadFunction", "slct Where the Fade Begins"},
                    {"SetChannel", "slct Wires of all LoopTracks"},
-                   {"PadBall", "drg Mix Channels; dblclk Centre"}});
+                   {"PadBall", "drg Mix Channels; dblclk Centre"},
+                   {"TwistBall", "drg Fade Pan of the Channels; dblclk Centre"}});
 }
 
 TEST(Hints, TheSoundMapShowsItsHints) {

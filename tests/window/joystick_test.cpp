@@ -211,7 +211,7 @@ TEST(JoystickPage, WithoutAJoystickTheListsAreDisabledAndThePageSaysWhy) {
     }
     const auto says = [](Page& at) {
         for (const QLabel* label : at.At("JoystickPage")->findChildren<QLabel*>()) {
-            if (label->isVisible() && label->text().startsWith("No joystick")) return true;
+            if (label->isVisible() && label->text().startsWith("There is no joystick")) return true;
         }
         return false;
     };

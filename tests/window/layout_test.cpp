@@ -153,7 +153,8 @@ TEST(StatusBars, ADeviceThatIsGoneIsReportedOnceAndShownUntilItIsBack) {
     stage.s.StatusText.clear();
     stage.SoundGone = true;
     stage.Form->WatchSound();
-    EXPECT_EQ(stage.s.StatusText, "The sound device is gone. Choose one on the tab Optn.");
+    EXPECT_EQ(stage.s.StatusText,
+              "The sound device is gone. It is taken again when it is back; the tab Optn has others.");
     EXPECT_EQ(stage.Form->Status2->DeviceText(), "Primary Sound Driver is gone: choose a sound driver on the tab Optn");
     EXPECT_NE(stage.At("StatusBar2")->grab().toImage(), before);
     stage.s.StatusText = "Stopped.";
@@ -165,7 +166,8 @@ TEST(StatusBars, ADeviceThatIsGoneIsReportedOnceAndShownUntilItIsBack) {
     EXPECT_EQ(stage.At("StatusBar2")->grab().toImage(), before);
     stage.SoundGone = true;
     stage.Form->WatchSound();
-    EXPECT_EQ(stage.s.StatusText, "The sound device is gone. Choose one on the tab Optn.");
+    EXPECT_EQ(stage.s.StatusText,
+              "The sound device is gone. It is taken again when it is back; the tab Optn has others.");
     stage.s.DSReady = false;
     EXPECT_EQ(stage.Form->Status2->DeviceText(), "No Sound");
 }

@@ -4,6 +4,7 @@
 #include "performance/pad/mix_pad.h"
 #include "performance/pad/pad_tables.h"
 #include "stage.h"
+#include "window/descriptions/described.h"
 #include "window/surfaces/pad_surface.h"
 #include "window/tabs/tab_mix_pad.h"
 
@@ -378,6 +379,77 @@ TEST(MixPad, TheLevelsOfTheChannelsAreShownAsTheBallMoves) {
     EXPECT_NE(before, corner);
     pad.DoubleClick("PadBall");
     EXPECT_EQ(pad.At("MixPadPage")->grab(levels).toImage(), before);
+}
+
+struct Twist : Pad {
+    QPoint Ball() { return InWindow("TwistBall", Middle("TwistBall")); }
+    void Drag(int way, int down = 0, Qt::MouseButton button = Qt::LeftButton) {
+        const QPoint start = Ball();
+        QTest::mousePress(&Window(), button, {}, start);
+        QTest::mouseMove(&Window(), start + QPoint(way, down));
+        QTest::mouseRelease(&Window(), button, {}, start + QPoint(way, down));
+    }
+    int FromTheMiddle() { return Ball().x() - InWindow("TwistIndicator", Middle("TwistIndicator")).x(); }
+};
+
+TEST(Twist, TheBallFollowsTheHandAlongItsLineAndStopsAtTheEnds) {
+    for (Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
+        SCOPED_TRACE(button);
+        Twist twist;
+        twist.Drag(30, 90, button);
+        EXPECT_EQ(twist.s.TwistPosition, 450);
+        EXPECT_NEAR(twist.FromTheMiddle(), 30, 1);
+        twist.Drag(-kBeyond, 0, button);
+        EXPECT_EQ(twist.s.TwistPosition, -2130);
+        EXPECT_NEAR(twist.FromTheMiddle(), -142, 1);
+        EXPECT_EQ(twist.s.ChannelPan[1], 0);
+        EXPECT_EQ(twist.s.ChannelPan[2], 1000);
+        EXPECT_EQ(twist.s.StatusText, "W: -500, WB: 500, BW: 500, B: -500, ");
+        twist.Drag(kBeyond, 0, button);
+        twist.Drag(kBeyond, 0, button);
+        EXPECT_EQ(twist.s.TwistPosition, 2130);
+        EXPECT_TRUE(twist.s.CursorFree);
+        EXPECT_TRUE(
+            twist.At("TwistIndicator")->rect().contains(twist.At("TwistBall")->geometry().adjusted(2, 2, -2, -2)));
+    }
+}
+
+TEST(Twist, ADoubleClickBringsTheBallToTheMiddle) {
+    Twist twist;
+    twist.Drag(60);
+    twist.DoubleClick("TwistBall");
+    EXPECT_EQ(twist.s.TwistPosition, 0);
+    EXPECT_EQ(twist.s.ChannelPan[1], 500);
+    EXPECT_EQ(twist.FromTheMiddle(), 0);
+}
+
+TEST(Twist, TheMiddleButtonMovesNothing) {
+    Twist twist;
+    twist.Drag(60, 0, Qt::MiddleButton);
+    EXPECT_EQ(twist.s.TwistPosition, 0);
+    EXPECT_TRUE(twist.s.CursorFree);
+}
+
+TEST(Twist, AnotherPadTypeBringsTheBallToTheMiddleAndTellsWhatItMovesNow) {
+    Twist twist;
+    twist.Drag(60);
+    const std::string before = DescribedOf(*twist.At("TwistBall"))->Hint(0, false);
+    PadType_Click(twist.s, kPitch400Pad);
+    twist.Settle();
+    EXPECT_EQ(twist.FromTheMiddle(), 0);
+    EXPECT_EQ(before, "drg Fade Pan of the Channels; dblclk Centre");
+    EXPECT_EQ(DescribedOf(*twist.At("TwistBall"))->Hint(0, false), "drg Fade Vol of the Channels; dblclk Centre");
+    twist.Drag(kBeyond);
+    EXPECT_EQ(twist.s.ChannelVol[1], 500);
+    EXPECT_EQ(twist.s.ChannelVol[2], 0);
+}
+
+TEST(Twist, ATypeWithoutATwistHidesTheBall) {
+    Twist twist;
+    EXPECT_TRUE(twist.At("TwistBall")->isVisible());
+    twist.s.PadTable[kVolPad].TwistIcon = kNoTwistIcon;
+    PadTwistShow(twist.s, kVolPad);
+    EXPECT_FALSE(twist.At("TwistBall")->isVisible());
 }
 
 }  // namespace

@@ -176,7 +176,7 @@ TEST(JoystickTab, SaysThatNoJoystickWasFound) {
         stage.OpenJoystick();
         bool shown = false;
         for (const QLabel* label : stage.At("JoystickPage")->findChildren<QLabel*>()) {
-            shown = shown || (label->isVisible() && label->text().startsWith("No joystick was found"));
+            shown = shown || (label->isVisible() && label->text().startsWith("There is no joystick"));
         }
         EXPECT_NE(shown, stick);
     }

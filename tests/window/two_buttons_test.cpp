@@ -151,6 +151,7 @@ TEST(TwoButtons, TheHandReachesEveryControlThatHoldsThePointerOrStartsADrag) {
              "PosBall_0",
              "PosBall_4",
              "PadBall",
+             "TwistBall",
              "VolKnob_5",
              "PanKnob_1",
              "HzKnob_4",
@@ -259,7 +260,7 @@ TEST(TwoButtons, ASecondButtonChangesNothingOnTheBoxOfThe3dSound) {
 
 TEST(TwoButtons, ABallWhoseTabAnotherHandChangesLetsThePointerGo) {
     WholeHand hand;
-    for (const char* ball : {"PosBall_0", "PosBall_4", "PadBall"}) {
+    for (const char* ball : {"PosBall_0", "PosBall_4", "PadBall", "TwistBall"}) {
         for (const Qt::MouseButton button : kButtons) {
             SCOPED_TRACE(ball);
             hand.Begin();

@@ -210,6 +210,20 @@ void Poll(Session& s) {
 
 }  // namespace
 
+void JoyTakeAsRead(Session& s) {
+    try {
+        s.JoyDevice->Poll();
+        s.JoyDevice->GetDeviceStateJoystick(s.Joy.State);
+    } catch (const RuntimeError&) {
+        return;
+    }
+    RememberStick(s);
+    s.Joy.LastMaster = AxisValue(s.Joy.State, s.Joy.Axis[kMasterAxis]);
+    s.Joy.LastPov = s.Joy.State.POV[0];
+    s.Joy.LastTwist = kTwistUnread;
+    s.Joy.ToggleHeld = false;
+}
+
 void JoyTimer_Timer(Session& s) {
     if (!s.JoyEnabled || !s.JoyDevice) return;
     try {

@@ -13,4 +13,7 @@ namespace marvolin {
 /// service refuses is shown once; stick and centre button then do nothing on the map until both rest.
 void JoyTimer_Timer(Session& s);
 
+/// Where stick, axes, hat and buttons of the device are now counts as read: they act when they move from there.
+void JoyTakeAsRead(Session& s);
+
 }  // namespace marvolin

@@ -5,13 +5,12 @@
 #include "core/errors.h"
 #include "core/routines.h"
 #include "performance/joystick/joystick.h"
+#include "performance/joystick/joystick_twist.h"
 
 namespace marvolin {
 
 namespace {
 
-constexpr std::int32_t kJoystickClass = 4;
-constexpr std::int32_t kAttachedOnly = 1;
 constexpr std::int32_t kJoystickFormat = 3;
 constexpr std::int32_t kBackgroundNonExclusive = 10;
 constexpr std::int32_t kPollMs = 30;
@@ -123,11 +122,37 @@ void InitDirectInput(Session& s) {
     Try([&] {
         if (s.JoyDevice) s.JoyDevice->Acquire();
     });
+    s.Joy.LastTwist = kTwistUnread;
     s.JoyEnabled = true;
     StartPoll(s);
     DefaultAssignments(s);
     FillLists(s);
     JoyShowAssignments(s);
+}
+
+bool JoyPlugIn(Session& s, const std::string& guid) {
+    const bool assigned = !s.Joy.Refreshing;
+    OpenDevice(s, guid);
+    if (!s.JoyDevice) return false;
+    Try([&] { s.JoyDevice->Acquire(); });
+    if (!assigned) {
+        SetJoyRelative(s, 0, true);
+        SetJoyRelative(s, 1, true);
+        DefaultAssignments(s);
+    }
+    JoyTakeAsRead(s);
+    s.JoyEnabled = true;
+    StartPoll(s);
+    FillLists(s);
+    JoyShowAssignments(s);
+    return true;
+}
+
+void JoyUnplug(Session& s) {
+    s.JoyEnabled = false;
+    s.JoyTimer.reset();
+    s.JoyDevice.reset();
+    s.World.Screen.ShowJoystick();
 }
 
 void JoyFindAxes(Session& s, DirectInputDevice& device) {
@@ -171,6 +196,7 @@ void JAxis_Click(Session& s, int index, std::int16_t entry) {
     const auto none = static_cast<std::int16_t>(joy.AxisNames.size() - 1);
     joy.Axis[index] = JoyAxisCode(joy.AxisNames[static_cast<std::size_t>(entry)]);
     joy.AxisChoice[index] = entry;
+    joy.LastTwist = kTwistUnread;
     for (int other = 0; other < std::ssize(kJoyAssignments); ++other) {
         // "None" takes nothing away: behind it an axis can be assigned that this stick lacks.
         if (other == index || entry == none || joy.AxisChoice[other] != entry) continue;

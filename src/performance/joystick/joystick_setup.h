@@ -31,10 +31,20 @@ inline constexpr std::array<std::string_view, 3> kJoyFactors{"XY Rel:", "XY Abs:
 inline constexpr std::int16_t kJoyFactorLow = 100;
 inline constexpr std::int16_t kJoyFactorHigh = 3000;
 
+/// What the service is asked for: joysticks that are plugged in.
+inline constexpr std::int32_t kJoystickClass = 4;
+inline constexpr std::int32_t kAttachedOnly = 1;
+
 /// Finds and opens the first joystick, fills the lists and starts the poll. Without a joystick the lists show no
 /// choice and are disabled. When the service refuses, "Error initializing DirectInput." is shown and the main window
 /// unloaded. An error after a device was found is ignored, and the next step runs.
 void InitDirectInput(Session& s);
+/// Opens a joystick that has been plugged in, by its name at the service. Assignments and boxes stay as they are when
+/// anything has set them, else they become what a start sets. Where stick, axes and hat are now counts as read: nothing
+/// moves until they do. False when it cannot be opened.
+bool JoyPlugIn(Session& s, const std::string& guid);
+/// Lets the joystick go, which has been pulled out. The lists are disabled and show what is assigned.
+void JoyUnplug(Session& s);
 /// Sets `AxisPresent` for the axes that the device has. Errors of the service rise to the caller.
 void JoyFindAxes(Session& s, DirectInputDevice& device);
 /// Sets dead zone and saturation of X and Y and the range of all axes; a call that fails does not stop the next.

@@ -40,8 +40,8 @@ void JoyTwist(Session& s, const JoyTwistRead& read) {
     if (s.ActiveTab != kMixPadTab) return;
     const bool axis = HasTwist(s);
     const std::int32_t deflection = axis ? Deflection(read.Axis) : 0;
-    const bool moved = axis && deflection != joy.LastTwist;
-    joy.LastTwist = deflection;
+    const bool moved = axis && joy.LastTwist != kTwistUnread && deflection != joy.LastTwist;
+    joy.LastTwist = axis ? deflection : kTwistUnread;
     if (read.Toggled && axis) {
         joy.TwistLetGo = !joy.TwistLetGo;
         if (joy.TwistLetGo) ShowStatus(s, "Twist: the joystick has let go");

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstdint>
+#include <limits>
+
 #include "core/session.h"
 
 namespace marvolin {
@@ -10,6 +13,10 @@ struct JoyTwistRead {
     bool Centre = false;    ///< the button "Twist Centre" is down
     bool Toggled = false;   ///< the button "ToggleTwist" has been released
 };
+
+/// `JoystickState::LastTwist` before the axis has been read: the first reading only tells where it rests, as a trigger
+/// rests at its end.
+inline constexpr std::int32_t kTwistUnread = std::numeric_limits<std::int32_t>::min();
 
 /// The part of a poll that moves `TwistBall`, on the tab of the mix pad. The axis acts when it has moved; it ignores
 /// the inner tenth and is full at 95 percent, as X and Y are, times the factor "Twist:". "Twist Centre" holds the ball

@@ -4,6 +4,7 @@
 
 #include "core/routines.h"
 #include "performance/pad/mix_pad.h"
+#include "performance/pad/pad_twist.h"
 #include "window/descriptions/parts.h"
 
 namespace marvolin {
@@ -16,6 +17,21 @@ std::string PadHint(const Situation& at) {
     const bool pitch = at.State.PadTypeIndex == kPitch300Pad || at.State.PadTypeIndex == kPitch400Pad;
     const char* what = pitch ? "Freq" : at.State.PadTypeIndex == kPanPad ? "Pan" : "Vol";
     return std::string("drg Ball to mix ") + what + " of the Channels: each Corner is one, Flags wire LoopTracks to it";
+}
+
+/// What the twist moves, by the pad type in hand.
+const char* Twisted(const Session& s) {
+    const std::int16_t target = PadTwistTarget(s);
+    return target == kVolPad ? "Vol" : target == kPanPad ? "Pan" : "Freq";
+}
+
+std::string TwistHint(const Situation& at) {
+    return std::string("drg Ball to fade ") + Twisted(at.State) +
+           " of the Channels: W & B at the left, WB & BW at the right";
+}
+
+std::string TwistBallHint(const Situation& at) {
+    return at.Held ? "" : std::string("drg Fade ") + Twisted(at.State) + " of the Channels; dblclk Centre";
 }
 
 // Of a list the first text is that of the list itself, the others are those of its entries while it is open.
@@ -51,6 +67,17 @@ std::string PadBallValue(const Situation& at) {
            " down";
 }
 
+int TwistPercent(const Session& s) {
+    const double half = s.Geometry.PadHalfX;
+    return half > 0 ? static_cast<int>(std::lround(s.TwistPosition * 100 / half)) : 0;
+}
+
+std::string TwistBallValue(const Situation& at) {
+    const int percent = TwistPercent(at.State);
+    if (percent == 0) return "in the middle";
+    return std::to_string(std::abs(percent)) + (percent < 0 ? " % to the left" : " % to the right");
+}
+
 std::string LevelsValue(const Situation& at) {
     constexpr std::array<const char*, kChannels + 1> kLevelLabels{"", "W ", ", WB ", ", BW ", ", B "};
     std::string levels;
@@ -65,7 +92,7 @@ std::string LevelsValue(const Situation& at) {
     return levels;
 }
 
-std::string RelativeTip(const Situation& at) { return at.State.JoyEnabled ? "" : "No joystick was found at the start"; }
+std::string RelativeTip(const Situation& at) { return at.State.JoyEnabled ? "" : "There is no joystick"; }
 
 constexpr const char* kRelativeHint =
     "clk On: Joystick moves on from where the Ball is; Off: Ball is where the Stick is";
@@ -115,9 +142,19 @@ constexpr Description kMixPadTable[] = {
      .Value = LevelsValue},
     {.Name = "TwistIndicator",
      .Label = "Twist",
-     .Hint = "Twist: a mark for an Axis of the Joystick, which moves no sound",
+     .Hint = {TwistHint, "drg Ball to fade Pan of the Channels: W & B at the left, WB & BW at the right"},
+     .Off = "off until the start is done",
      .Topic = 10047,
-     .Role = QAccessible::Indicator},
+     .Role = QAccessible::Graphic},
+    {.Name = "TwistBall",
+     .Label = "Ball of the twist",
+     .Tip = kLabelAsTip,
+     .Hint = {TwistBallHint, "drg Fade Pan of the Channels; dblclk Centre"},
+     .Off = "off until the start is done",
+     .Topic = 10049,
+     .Role = QAccessible::Indicator,
+     .Taken = Keys::Press | Keys::Move | Keys::Turn,
+     .Value = TwistBallValue},
     {.Name = "JoyRelative",
      .Range = {0, 0},
      .Caption = "Relative JStick Movement (Pad)",

@@ -42,22 +42,22 @@ std::string SubTabHint(const Situation& at) {
 }
 
 std::string ButtonHint(const Situation& at) {
-    constexpr std::array<const char*, 5> kHints{"slct Joystick Button: while it is held, the Hat is ignored",
-                                                "slct Joystick Button that puts Ball or Listener on the Centre",
-                                                "slct Joystick Button \"Twist Centre\", which moves no sound",
-                                                "slct Joystick Button that flips Relative Movement",
-                                                "slct Joystick Button \"ToggleTwist\", which moves no sound"};
+    constexpr std::array<const char*, 5> kHints{
+        "slct Joystick Button: while it is held, the Hat is ignored",
+        "slct Joystick Button that puts Ball or Listener on the Centre",
+        "slct Joystick Button that puts the Twist on the Centre", "slct Joystick Button that flips Relative Movement",
+        "slct Joystick Button by which the Stick lets the Twist go, or takes it"};
     return kHints[static_cast<std::size_t>(at.Index)];
 }
 
 std::string AxisHint(const Situation& at) {
     return at.Index == kMasterAxis ? "slct Joystick Axis that turns the Master Volume"
-                                   : "slct Joystick Axis \"Twist\", which moves no sound";
+                                   : "slct Joystick Axis that moves the Twist";
 }
 
 std::string FactorHint(const Situation& at) {
-    constexpr std::array<const char*, 3> kHints{"drg Reach of a Relative Movement: ", "drg Reach of the whole Stick: ",
-                                                "drg Reach of the Twist, which moves no sound: "};
+    constexpr std::array<const char*, 3> kHints{
+        "drg Reach of a Relative Movement: ", "drg Reach of the whole Stick: ", "drg Reach of the Twist: "};
     return kHints[static_cast<std::size_t>(at.Index)] + NumberText(at.State.Joy.Factor[at.Index] / 1000.0) + " x";
 }
 
@@ -68,15 +68,13 @@ constexpr const char* kSubTabHints =
 constexpr const char* kButtonHints =
     "slct Joystick Button: while it is held, the Hat is ignored; "
     "slct Joystick Button that puts Ball or Listener on the Centre; "
-    "slct Joystick Button \"Twist Centre\", which moves no sound; "
+    "slct Joystick Button that puts the Twist on the Centre; "
     "slct Joystick Button that flips Relative Movement; "
-    "slct Joystick Button \"ToggleTwist\", which moves no sound";
+    "slct Joystick Button by which the Stick lets the Twist go, or takes it";
 constexpr const char* kAxisHints =
-    "slct Joystick Axis that turns the Master Volume; slct Joystick Axis \"Twist\", which moves no sound";
+    "slct Joystick Axis that turns the Master Volume; slct Joystick Axis that moves the Twist";
 constexpr const char* kFactorHints =
-    "drg Reach of a Relative Movement: 0.5 x; drg Reach of the whole Stick: 1.5 x; drg Reach of the Twist, which moves "
-    "no "
-    "sound: 1 x";
+    "drg Reach of a Relative Movement: 0.5 x; drg Reach of the whole Stick: 1.5 x; drg Reach of the Twist: 1 x";
 constexpr const char* kResolutionHint = "Timer Resolution: 10 ms";
 constexpr const char* kNoStick = "off without a Joystick";
 constexpr const char* kResetHint =

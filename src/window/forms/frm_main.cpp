@@ -29,6 +29,7 @@
 #include "window/screens/topmost.h"
 #include "window/surfaces/map_surface.h"
 #include "window/surfaces/pad_surface.h"
+#include "window/surfaces/twist_line.h"
 #include "window/tabs/tab_control.h"
 #include "window/tabs/tab_map.h"
 #include "window/tabs/tab_mix_pad.h"
@@ -165,7 +166,8 @@ void FrmMain::FollowPlaying() {
 
 void FrmMain::WatchSound() {
     const bool gone = events_.SoundGone && events_.SoundGone();
-    if (gone && !soundGone_) ShowStatus(s, "The sound device is gone. Choose one on the tab Optn.");
+    if (gone && !soundGone_)
+        ShowStatus(s, "The sound device is gone. It is taken again when it is back; the tab Optn has others.");
     soundGone_ = gone;
     Status2->ShowGone(gone);
     Status2->RefreshLoad();
@@ -188,6 +190,7 @@ void FrmMain::ShowSelectList(bool open) {
 
 void FrmMain::EnableBalls(bool enabled) {
     Tabs->MixPad->Pad->setEnabled(enabled);
+    Tabs->MixPad->Twist->setEnabled(enabled);
     Tabs->Map->Map->setEnabled(enabled);
 }
 

@@ -25,7 +25,7 @@ enum BallPart { kRight, kDown, kHeading };
 }  // namespace
 
 Ball::Ball(Session& session, QWidget* parent, const char* name, int ballNumber)
-    : Control(session, parent, name, ballNumber == kPadBall ? -1 : ballNumber), number_(ballNumber) {
+    : Control(session, parent, name, ballNumber > kListenerBall ? -1 : ballNumber), number_(ballNumber) {
     resize(kSize + 2 * kMargin, kSize + 2 * kMargin);
 }
 

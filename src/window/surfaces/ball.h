@@ -12,7 +12,7 @@ public:
     static constexpr int kSize = 16;   ///< of the ball, logical pixels
     static constexpr int kMargin = 4;  ///< around it, for its shadow and ring
 
-    /// `ballNumber`: 0..3 a LoopTrack and 4 the listener on the map, or `kPadBall`.
+    /// `ballNumber`: 0..3 a LoopTrack and 4 the listener on the map, `kPadBall` or `kTwistBall`.
     Ball(Session& session, QWidget* parent, const char* name, int ballNumber);
     /// Moves the ball to its place in the session.
     void Refresh() override;

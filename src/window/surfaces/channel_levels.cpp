@@ -5,8 +5,6 @@
 #include <array>
 
 #include "core/routines.h"
-#include "performance/pad/mix_pad.h"
-#include "performance/pad/pad_tables.h"
 #include "window/descriptions/described.h"
 #include "window/rows/channel_flag.h"
 #include "window/toolkit/theme.h"
@@ -107,36 +105,6 @@ void ChannelLevels::paintEvent(QPaintEvent*) {
         p.setPen(theme::kText);
         p.drawText(QRectF(width() - kNumber, y, kNumber, 19), Qt::AlignRight | Qt::AlignVCenter, level.Text);
     }
-}
-
-TwistLine::TwistLine(Session& session, QWidget* parent) : QWidget(parent), s(session) {
-    Describe(s, *this, "TwistIndicator");
-}
-
-void TwistLine::paintEvent(QPaintEvent*) {
-    const int face = PadTwistFace(s, s.PadTypeIndex);
-    QPainter p(this);
-    p.setRenderHint(QPainter::Antialiasing);
-    const double y = 18;
-    const double scale = width() / std::max(1.0, 2 * s.Geometry.PadHalfX + s.Geometry.BallSizeX);
-    p.setPen(QPen(theme::kFrame, 3, Qt::SolidLine, Qt::RoundCap));
-    p.drawLine(QPointF(44, y), QPointF(width() - 44, y));
-    DrawWire(p, QRectF(0, y - 16, 26, 14), 0);
-    DrawWire(p, QRectF(0, y + 2, 26, 14), 3);
-    DrawWire(p, QRectF(width() - 27, y - 16, 26, 14), 1);
-    DrawWire(p, QRectF(width() - 27, y + 2, 26, 14), 2);
-    if (face > 0) {
-        const double centre = (TwistBallLeft(s) + s.Geometry.BallCentreX + s.Geometry.BallHalfX) * scale;
-        p.setPen(QPen(theme::kQuiet, 1.5));
-        p.setBrush(theme::kRaised);
-        p.drawEllipse(QPointF(centre, y), 8, 8);
-        p.setFont(theme::Sans(10, QFont::Bold));
-        p.setPen(theme::kText);
-        p.drawText(QRectF(centre - 8, y - 8, 16, 16), Qt::AlignCenter, QString("VPF").mid(face - 1, 1));
-    }
-    p.setFont(theme::Sans(11));
-    p.setPen(theme::kQuiet);
-    p.drawText(QRectF(0, y + 14, width(), 16), Qt::AlignCenter, "Twist");
 }
 
 }  // namespace marvolin

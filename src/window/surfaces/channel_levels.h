@@ -18,16 +18,4 @@ private:
     Session& s;
 };
 
-/// `TwistIndicator` with `TwistBall` and the pictures at its ends. Takes no gesture.
-class TwistLine : public QWidget {
-public:
-    TwistLine(Session& session, QWidget* parent);
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
-private:
-    Session& s;
-};
-
 }  // namespace marvolin

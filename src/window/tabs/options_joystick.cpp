@@ -22,7 +22,7 @@ OptionsJoystick::OptionsJoystick(Session& session, QWidget* parent) : QWidget(pa
     Describe(s, *this, "JoystickPage");
     MakeLists();
     MakeSliders();
-    none_ = MakeLabel(this, "No joystick was found at the start. Plug one in and start again.",
+    none_ = MakeLabel(this, "There is no joystick. Plug one in: it works at once.",
                       {kColumn + 16, kTop + 3 * kPitch + 14, 400, 40});
     none_->setWordWrap(true);
     Refresh();

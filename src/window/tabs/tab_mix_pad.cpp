@@ -9,6 +9,7 @@
 #include "window/descriptions/described.h"
 #include "window/surfaces/channel_levels.h"
 #include "window/surfaces/pad_surface.h"
+#include "window/surfaces/twist_line.h"
 #include "window/toolkit/strings.h"
 
 namespace marvolin {
@@ -63,8 +64,8 @@ TabMixPad::TabMixPad(Session& session, QWidget* parent) : QWidget(parent), s(ses
                   {kPadRight, 184, 368, 54});
     words->setWordWrap(true);
     words->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-    twist_ = new TwistLine(s, this);
-    twist_->setGeometry(kPadMiddle, 254, 656, 54);
+    Twist = new TwistLine(s, this);
+    Twist->move(kPadRight, 256);
     Refresh();
     RefreshJoystick();
 }
@@ -86,7 +87,7 @@ void TabMixPad::RefreshBall() {
 
 void TabMixPad::RefreshWires() { levels_->update(); }
 
-void TabMixPad::RefreshTwist() { twist_->update(); }
+void TabMixPad::RefreshTwist() { Twist->Refresh(); }
 
 void TabMixPad::RefreshJoystick() {
     relative_->Show(s.Joy.Relative[0] != False);

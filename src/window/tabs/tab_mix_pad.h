@@ -28,10 +28,12 @@ public:
     void RefreshBall();
     /// Shows again which LoopTracks follow which channel.
     void RefreshWires();
+    /// Shows the twist again, its place and what it moves.
     void RefreshTwist();
     /// Shows the box "Relative JStick Movement (Pad)" again.
     void RefreshJoystick();
-    PadSurface* Pad = nullptr;  // owned by the toolkit
+    PadSurface* Pad = nullptr;   // owned by the toolkit
+    TwistLine* Twist = nullptr;  // owned by the toolkit
 
 private:
     Session& s;
@@ -40,7 +42,6 @@ private:
     ChoiceList* wires_ = nullptr;
     ChoiceBox* relative_ = nullptr;
     ChannelLevels* levels_ = nullptr;
-    TwistLine* twist_ = nullptr;
 };
 
 }  // namespace marvolin
