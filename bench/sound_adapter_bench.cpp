@@ -20,6 +20,7 @@
 #include "audio/openal/sound.h"
 #include "audio/output/output_chain.h"
 #include "audio/wave_bytes.h"
+#include "core/headphones.h"
 
 namespace {
 
@@ -72,6 +73,49 @@ void RenderFourLoops(benchmark::State& state) {
         benchmark::Counter(static_cast<double>(state.iterations()) * 256 / kRate, benchmark::Counter::kIsRate);
 }
 BENCHMARK(RenderFourLoops)->ArgNames({"pitch", "channels"})->Args({1370, 2})->Args({1370, 1})->Args({1000, 2});
+
+/// Four loops around the listener, for speakers (0) or for headphones (1).
+struct Around {
+    explicit Around(bool headphones) : Bed_(4 * kRate * 2, 1, 16) {
+        Switch().SetHeadphones(headphones);
+        for (int i = 0; i < 4; ++i) {
+            Loops.push_back(i == 0 ? Bed_.Device->CreateSoundBufferFromFile(Bed_.Path, buffer_flags::kSample3D)
+                                   : Bed_.Device->DuplicateSoundBuffer(*Loops[0]));
+            Places.push_back(Loops.back()->GetDirectSound3dBuffer());
+            Places.back()->SetPosition({i % 2 == 0 ? 1.0F : -1.0F, 0, i < 2 ? 1.0F : -1.0F});
+            Loops.back()->SetFrequency(kRate * 137 / 100);
+            Loops.back()->Play(1);
+        }
+    }
+    HeadphoneSwitch& Switch() { return dynamic_cast<HeadphoneSwitch&>(*Bed_.Device); }
+    void Render() { Bed_.Renderer.Render(Out.data(), 128); }
+    Bed Bed_;
+    std::vector<std::unique_ptr<DirectSoundBuffer>> Loops;
+    std::vector<std::unique_ptr<DirectSound3DBuffer>> Places;
+    std::vector<std::int16_t> Out = std::vector<std::int16_t>(2 * 128);
+};
+
+/// "times_real" is seconds of sound per second of one core.
+void RenderFourLoopsAround(benchmark::State& state) {
+    Around around(state.range(0) != 0);
+    for (auto _ : state) around.Render();
+    state.counters["times_real"] =
+        benchmark::Counter(static_cast<double>(state.iterations()) * 128 / kRate, benchmark::Counter::kIsRate);
+}
+BENCHMARK(RenderFourLoopsAround)->ArgName("headphones")->Arg(0)->Arg(1);
+
+/// The switch for headphones, there and back, while four loops sound. An output that asks meanwhile waits so long.
+void SwitchHeadphones(benchmark::State& state) {
+    Around around(false);
+    bool on = false;
+    for (auto _ : state) {
+        around.Switch().SetHeadphones(on = !on);
+        state.PauseTiming();
+        for (int i = 0; i < 8; ++i) around.Render();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(SwitchHeadphones)->Unit(benchmark::kMicrosecond);
 
 constexpr int kPeriod = 128;
 constexpr double kPeriodMicroseconds = 1e6 * kPeriod / kRate;

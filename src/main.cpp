@@ -79,7 +79,6 @@ int main(int argc, char** argv) {
     const ProgramFolders folders = FoldersOfTheStart(desktop);
     const SmallPainting smallPainting;
     WindowKeeper keeper(WindowFile(desktop), FormsOfTheProgram(), WindowKeeper::OfTheDesktop());
-    QObject::connect(&application, &QCoreApplication::aboutToQuit, &keeper, &WindowKeeper::Keep);
     keeper.Start();
     QtDisplay display;
     ScriptRoom room;
@@ -100,6 +99,11 @@ int main(int argc, char** argv) {
     room.Attach(session, scripts);
     windows.AttachScripts(room);
     windows.Attach(keeper);
+    session.Headphones = keeper.Headphones();
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, &keeper, [&session, &keeper] {
+        keeper.SetHeadphones(session.Headphones);
+        keeper.Keep();
+    });
 
     // Widgets refer to the session, so they go first.
     const auto dropForms = [](QtWindows* forms) { forms->DropForms(); };

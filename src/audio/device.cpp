@@ -1,7 +1,10 @@
 #include "audio/device.h"
 
+#include <utility>
+
 #include "audio/carrying.h"
 #include "audio/ds_error.h"
+#include "audio/headphones.h"
 #include "audio/loop_clearing.h"
 #include "core/loops/loop_views.h"
 #include "parameters/position.h"
@@ -20,8 +23,13 @@ constexpr WaveFormat kPrimaryFormat{1, 2, 44100, 16, kBlockAlign, kBlockAlign * 
 
 bool NoSoundChosen(const Session& s) { return s.Driver + 1 == static_cast<int>(s.Drivers.size()); }
 
-void OpenDevice(Session& s) {
-    s.DS = s.DX->DirectSoundCreate(s.DSEnum->GetGuid(static_cast<std::int16_t>(s.Driver + 1)));
+std::unique_ptr<DirectSound> CreateDevice(Session& s, std::int16_t entry) {
+    return s.DX->DirectSoundCreate(s.DSEnum->GetGuid(static_cast<std::int16_t>(entry + 1)));
+}
+
+/// `created` is null for a device that is still to be made.
+void OpenDevice(Session& s, std::unique_ptr<DirectSound> created) {
+    s.DS = created ? std::move(created) : CreateDevice(s, s.Driver);
     // The format of the primary buffer can be changed at the priority level only.
     s.DS->SetCooperativeLevel(kPriorityLevel);
     s.PrimaryBuffer =
@@ -42,13 +50,22 @@ void OpenDevice(Session& s) {
     if ((s.DS->GetSpeakerConfig() & kSpeakerBits) == kSpeakerBits) s.DS->SetSpeakerConfig(kSpeakerBits);
 }
 
-void TryToOpenDevice(Session& s) {
+void TryToOpenDevice(Session& s, std::unique_ptr<DirectSound> created) {
     try {
-        OpenDevice(s);
+        OpenDevice(s, std::move(created));
     } catch (const RuntimeError& e) {
         if (!s.DSReady) s.DS.reset();
         ShowDSError(s, "creating sound device", e.Number());
     }
+}
+
+void InitDevice(Session& s, std::unique_ptr<DirectSound> created) {
+    s.DSReady = false;
+    s.OpenDriver = -1;
+    if (!NoSoundChosen(s)) TryToOpenDevice(s, std::move(created));
+    HeadphonesRestore(s);
+    // A bar of the window shows the open device, which may differ from the previous one.
+    s.World.Screen.ShowDrivers();
 }
 
 }  // namespace
@@ -77,13 +94,23 @@ void cboDrivers_Click(Session& s, std::int16_t entry) {
     s.World.Screen.ShowDrivers();
 }
 
-void InitDirectSound(Session& s) {
-    s.DSReady = false;
-    s.OpenDriver = -1;
-    if (!NoSoundChosen(s)) TryToOpenDevice(s);
-    // A bar of the window shows the open device, which may differ from the previous one.
-    s.World.Screen.ShowDrivers();
+TakenOutput TakeOutput(Session& s, std::int16_t entry) {
+    std::unique_ptr<DirectSound> created;
+    try {
+        created = CreateDevice(s, entry);
+    } catch (const RuntimeError&) {
+        return TakenOutput::Refused;
+    }
+    const bool kept = CarryAcross(s, [&] {
+        s.Driver = entry;
+        UnInitDirectSound(s);
+        InitDevice(s, std::move(created));
+        ListenerRestore(s);
+    });
+    return kept ? TakenOutput::Taken : TakenOutput::NotKept;
 }
+
+void InitDirectSound(Session& s) { InitDevice(s, nullptr); }
 
 void UnInitDirectSound(Session& s) {
     if (s.DSReady) {

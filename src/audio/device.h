@@ -14,6 +14,17 @@ void InitAudioDriversList(Session& s);
 /// list shows its previous entry again.
 void cboDrivers_Click(Session& s, std::int16_t entry);
 
+/// How it went with an output that was to be opened again.
+enum class TakenOutput : std::uint8_t {
+    Taken,
+    Refused,  ///< the service cannot open it; nothing has changed
+    NotKept,  ///< the instrument cannot be carried across; nothing has changed, and the player knows
+};
+
+/// Changes to the device of `entry`, which has come back, and carries the instrument there. Other than a choice of the
+/// player it opens the device first, so that one that refuses costs nothing, and no box says so.
+TakenOutput TakeOutput(Session& s, std::int16_t entry);
+
 /// Opens the device that `Driver` names. "No Sound" opens none and shows nothing. A failure is shown as "creating sound
 /// device"; `DSReady` is then true if the device can be used all the same.
 void InitDirectSound(Session& s);

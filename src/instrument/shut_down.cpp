@@ -8,6 +8,7 @@
 #include "core/errors.h"
 #include "core/help.h"
 #include "core/routines.h"
+#include "instrument/device_watch.h"
 #include "instrument/trapped_error.h"
 #include "persistence/undo/undo_commands.h"
 #include "scripting/script_host.h"
@@ -32,6 +33,7 @@ void DisableJoyTimer(Session& s) {
 void DropJoyTimer(Session& s) {
     if (s.JoyEnabled) s.JoyTimer.reset();
 }
+void StopWatching(Session& s) { s.Devices.reset(); }
 void DisableDemoTimer(Session& s) { Disable(s.StartUpDemoCountDown); }
 void DropDemoTimer(Session& s) { s.StartUpDemoCountDown.reset(); }
 void StopScriptTimer(Session& s) { Disable(s.ScriptTimer); }
@@ -65,9 +67,10 @@ struct Step {
     OnError onError = OnError::Report;
 };
 
-constexpr std::array<Step, 24> kShutDown{{
+constexpr std::array<Step, 25> kShutDown{{
     {"", HideWindow},
     {"", ShowUnloading},
+    {"deleting device timer", StopWatching},
     {"disabling loop timer", DisableLoopTimer},
     {"disabling loop timer", DropLoopTimer},
     {"disabling fade timer", DisableFadeTimer},

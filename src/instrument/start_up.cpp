@@ -8,6 +8,7 @@
 #include "core/files/paths.h"
 #include "core/help.h"
 #include "core/routines.h"
+#include "instrument/device_watch.h"
 #include "instrument/init_main_form.h"
 #include "instrument/trapped_error.h"
 #include "performance/joystick/joystick_setup.h"
@@ -98,6 +99,7 @@ bool Form_Load(Session& s, const StartUpHooks& hooks) {
         InitDirectInput(s);
         // A joystick service that refuses has unloaded the main window and so shut the session down.
         if (!s.DX) return false;
+        WatchDevices(s);
         s.FirstActivate = true;
         s.World.Forms.Show(Form::Main);
     }

@@ -1,5 +1,8 @@
 #include "fakes/fake_sound.h"
 
+#include "core/headphones.h"
+#include "core/output_presence.h"
+
 namespace marvolin::test {
 
 std::string Text(const Vector3& v) {
@@ -25,7 +28,7 @@ private:
     Vector3 position_;
 };
 
-class FakeDevice : public DirectSound {
+class FakeDevice : public DirectSound, public HeadphoneSwitch, public OutputPresence {
 public:
     explicit FakeDevice(FakeSound& sound) : sound_(sound) {}
     ~FakeDevice() override { sound_.Log.push_back("Release device"); }
@@ -60,6 +63,9 @@ public:
         return sound_.SpeakerConfig;
     }
     void SetSpeakerConfig(std::int32_t config) override { sound_.Note("SetSpeakerConfig", std::to_string(config)); }
+    bool Gone() const override { return sound_.Failures.contains("Gone"); }
+    bool HasHeadphones() override { return !sound_.Failures.contains("HasHeadphones"); }
+    void SetHeadphones(bool on) override { sound_.Note("SetHeadphones", on ? "on" : "off"); }
 
 private:
     FakeSound& sound_;

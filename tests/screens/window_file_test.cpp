@@ -30,6 +30,16 @@ TEST_F(WindowFile, BringsBackWhatWasWritten) {
     EXPECT_EQ(ReadWindowFile(Path), WindowRecord{});
 }
 
+TEST_F(WindowFile, HeadphonesAreRemembered) {
+    const WindowRecord record{0, {{"frmMain", {{1, 2}, {300, 400}}}}, true};
+    ASSERT_TRUE(WriteWindowFile(Path, record));
+    EXPECT_EQ(ReadWindowFile(Path), record);
+    EXPECT_TRUE(Read("marvolin windows 1\nheadphones 1\n").Headphones);
+    for (const char* line : {"headphones 0", "headphones", "headphones on", "headphones 1 1"}) {
+        EXPECT_EQ(Read(QByteArray("marvolin windows 1\n") + line + "\n"), WindowRecord{}) << line;
+    }
+}
+
 TEST_F(WindowFile, WithoutItNothingIsKnown) { EXPECT_EQ(ReadWindowFile(Path), WindowRecord{}); }
 
 TEST_F(WindowFile, AnotherFileIsNotRead) {

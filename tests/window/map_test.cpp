@@ -1,5 +1,7 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QCheckBox>
 #include <algorithm>
 
 #include "hand.h"
@@ -9,6 +11,7 @@
 #include "performance/pad/mix_pad.h"
 #include "performance/tabs.h"
 #include "stage.h"
+#include "window/descriptions/described.h"
 #include "window/surfaces/map_surface.h"
 #include "window/tabs/tab_map.h"
 #include "window/tabs/tab_mix_pad.h"
@@ -360,6 +363,28 @@ TEST(SoundMap, FindListenerBringsTheListenerBackOntoTheMap) {
     EXPECT_EQ(map.s.ListenerX, 1.5);
     EXPECT_EQ(map.s.ListenerY, -1.5);
     EXPECT_EQ(map.At("Map")->children().last(), map.At("PosBall_4"));
+}
+
+TEST(SoundMap, TheBoxSwitchesHeadphonesAndIsOffWithAWordWhy) {
+    Map map;
+    auto& box = *dynamic_cast<QCheckBox*>(map.At("Headphones"));
+    EXPECT_TRUE(box.isEnabled());
+    map.Click("Headphones", {8, 13});
+    EXPECT_TRUE(map.s.Headphones);
+    EXPECT_TRUE(box.isChecked());
+    EXPECT_TRUE(map.Sent("SetHeadphones on"));
+    map.Click("Headphones", {8, 13});
+    EXPECT_FALSE(map.s.Headphones);
+    EXPECT_TRUE(map.Sent("SetHeadphones off"));
+
+    map.Sound.Failures["HasHeadphones"] = 1;
+    map.Screen.ShowMapControls();
+    EXPECT_FALSE(box.isEnabled());
+    EXPECT_THAT(DescribedOf(box)->Hint(0, false), testing::StartsWith("off: OpenAL has no Data of a Head here"));
+    map.s.Use3D = false;
+    map.Screen.ShowMapControls();
+    EXPECT_FALSE(box.isEnabled());
+    EXPECT_THAT(DescribedOf(box)->Hint(0, false), testing::StartsWith("off until 3D Sound is on"));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <thread>
 #include <utility>
 
 #include "audio/openal/call_applier.h"
@@ -15,6 +16,8 @@ namespace {
 
 /// A gesture makes some ten calls and a tick at most about a hundred.
 constexpr std::size_t kRingCalls = 4096;
+/// An output that has not asked for so long asks for nothing.
+constexpr std::chrono::milliseconds kLongestPeriod{100};
 
 /// While it lives, the calls of this thread go to a context.
 class CurrentContext {
@@ -33,23 +36,24 @@ private:
     ALCcontext* context_;
 };
 
-ALCcontext* CreateContext(ALCdevice* device) {
+std::array<ALCint, 13> Attributes(bool headphones) {
     // The limiter would delay the sound by its look-ahead and change the volume where the sum is loud.
-    const std::array<ALCint, 13> attributes{ALC_FREQUENCY,
-                                            kOutputRate,
-                                            ALC_FORMAT_CHANNELS_SOFT,
-                                            ALC_STEREO_SOFT,
-                                            ALC_FORMAT_TYPE_SOFT,
-                                            ALC_SHORT_SOFT,
-                                            ALC_MONO_SOURCES,
-                                            SourcePool::kMostSources,
-                                            ALC_HRTF_SOFT,
-                                            ALC_FALSE,
-                                            ALC_OUTPUT_LIMITER_SOFT,
-                                            ALC_FALSE,
-                                            0};
-    return alcCreateContext(device, attributes.data());
+    return {ALC_FREQUENCY,
+            kOutputRate,
+            ALC_FORMAT_CHANNELS_SOFT,
+            ALC_STEREO_SOFT,
+            ALC_FORMAT_TYPE_SOFT,
+            ALC_SHORT_SOFT,
+            ALC_MONO_SOURCES,
+            SourcePool::kMostSources,
+            ALC_HRTF_SOFT,
+            headphones ? ALC_TRUE : ALC_FALSE,
+            ALC_OUTPUT_LIMITER_SOFT,
+            ALC_FALSE,
+            0};
 }
+
+ALCcontext* CreateContext(ALCdevice* device) { return alcCreateContext(device, Attributes(false).data()); }
 
 }  // namespace
 
@@ -136,12 +140,14 @@ void OpenAlContext::Render_rt(std::int16_t* out, int frames, bool hasGone) noexc
         end += 2 * piece;
         left -= piece;
     }
+    seam_.Pass_rt(out, frames);
     if (chain_) chain_->Pass_rt(out, frames);
     if (gate_.Try_rt()) {
         applier_->Publish_rt();
         TakeErrors_rt();
         gate_.unlock();
     }
+    renderings_.fetch_add(1, std::memory_order_release);
     meter_->Add_rt(std::chrono::duration<double>(Clock::now() - begin).count(),
                    static_cast<double>(frames) / kOutputRate);
 }
@@ -208,6 +214,37 @@ CallCounts OpenAlContext::Counts() const {
     counts.Overflowed = sender_.Overflowed();
     counts.Refused = refused_;
     return counts;
+}
+
+bool OpenAlContext::HasHeadphones() const {
+    AssertOwner();
+    ALCint heads = 0;
+    if (alcIsExtensionPresent(device_.get(), "ALC_SOFT_HRTF") == ALC_TRUE)
+        alcGetIntegerv(device_.get(), ALC_NUM_HRTF_SPECIFIERS_SOFT, 1, &heads);
+    return heads > 0;
+}
+
+void OpenAlContext::AwaitRendering() const {
+    const std::uint64_t before = renderings_.load(std::memory_order_acquire);
+    const auto end = std::chrono::steady_clock::now() + kLongestPeriod;
+    while (renderings_.load(std::memory_order_acquire) == before && std::chrono::steady_clock::now() < end)
+        std::this_thread::sleep_for(std::chrono::microseconds(50));
+}
+
+bool OpenAlContext::Reset(bool headphones) {
+    if (alcResetDeviceSOFT(device_.get(), Attributes(headphones).data()) != ALC_TRUE) return false;
+    ALCint on = ALC_FALSE;
+    alcGetIntegerv(device_.get(), ALC_HRTF_SOFT, 1, &on);
+    return (on == ALC_TRUE) == headphones;
+}
+
+void OpenAlContext::SetHeadphones(bool on) {
+    AssertOwner();
+    const std::lock_guard<std::mutex> applying(applying_);
+    seam_.Open();
+    if (Reset(on)) return;
+    if (on) Reset(false);
+    throw SoundError(sound_error::kControlUnavailable);
 }
 
 bool OpenAlContext::TakeSources(std::span<ALuint> sources) {

@@ -22,6 +22,7 @@
 #include "audio/openal/owner_thread.h"
 #include "audio/openal/source_gate.h"
 #include "audio/output/output_chain.h"
+#include "audio/output/seam.h"
 
 namespace marvolin {
 
@@ -90,6 +91,15 @@ public:
 
     CallCounts Counts() const;
 
+    /// Whether the library has the data of a head.
+    bool HasHeadphones() const;
+    /// Makes space for headphones, or for speakers, from the next period on; see `HeadphoneSwitch`. An output that asks
+    /// meanwhile waits.
+    void SetHeadphones(bool on);
+    /// Waits until an output has been given a period, at most a tenth of a second. Right behind it there is most time
+    /// until the next one.
+    void AwaitRendering() const;
+
     /// Sources that do not sound, for the owner. False when there are not so many left.
     bool TakeSources(std::span<ALuint> sources);
     void GiveBackSources(std::span<const ALuint> sources);
@@ -103,6 +113,7 @@ private:
         void operator()(ALCcontext* context) const;
     };
     void TellClock_rt(bool hasGone) noexcept;
+    bool Reset(bool headphones);
     void LetGo();
     /// Takes and counts the error of the calls that have been applied. OpenAL keeps one by mixer, not by thread: the
     /// owner does not ask for errors, but looks at results.
@@ -121,11 +132,14 @@ private:
     std::unique_ptr<CallApplier> applier_;
     std::unique_ptr<SourcePool> pool_;
     SourceGate gate_;
-    std::mutex applying_;  ///< held while rendering; the owner takes it only by hand, and only if it is free
+    /// Held while rendering. The owner takes it only by hand, and only if it is free, and to reset the mixer.
+    std::mutex applying_;
     bool byHand_ = false;
     std::int64_t listenerLast_ = 0;
     std::vector<std::unique_ptr<Thing>> retired_;
     std::atomic<std::uint64_t> refused_{0};
+    std::atomic<std::uint64_t> renderings_{0};
+    Seam seam_;
 
     std::shared_ptr<CardClock> clock_;
     std::mutex clocking_;  ///< held while the clock is told, and to stop telling it

@@ -66,6 +66,12 @@ std::int32_t OpenAlDevice::GetSpeakerConfig() {
     return speakers_;
 }
 
+void OpenAlDevice::SetHeadphones(bool on) {
+    // So the output does not have to wait.
+    if (output_) context_->AwaitRendering();
+    context_->SetHeadphones(on);
+}
+
 void OpenAlDevice::SetSpeakerConfig(std::int32_t config) {
     context_->AssertOwner();
     speakers_ = config;

@@ -7,12 +7,14 @@
 
 #include "audio/openal/context.h"
 #include "audio/openal/sdl_output.h"
+#include "core/headphones.h"
+#include "core/output_presence.h"
 #include "core/sound_service.h"
 
 namespace marvolin {
 
 /// An open device. Its buffers may outlive it and are then no longer heard.
-class OpenAlDevice final : public DirectSound {
+class OpenAlDevice final : public DirectSound, public HeadphoneSwitch, public OutputPresence {
 public:
     /// `output` is null for a device that is rendered by hand.
     OpenAlDevice(std::shared_ptr<OpenAlContext> context, std::unique_ptr<SdlOutput> output);
@@ -23,7 +25,7 @@ public:
     /// Expires with the device.
     std::weak_ptr<const void> Life() const { return alive_; }
     /// True when its output was pulled out while it was open.
-    bool Gone() const { return output_ != nullptr && output_->Gone(); }
+    bool Gone() const override { return output_ != nullptr && output_->Gone(); }
     CallCounts Counts() const { return context_->Counts(); }
 
     /// Only decides whether the primary buffer takes a format.
@@ -36,6 +38,8 @@ public:
     std::int32_t GetSpeakerConfig() override;
     /// Only remembered: the output is always stereo.
     void SetSpeakerConfig(std::int32_t config) override;
+    bool HasHeadphones() override { return context_->HasHeadphones(); }
+    void SetHeadphones(bool on) override;
 
 private:
     std::shared_ptr<OpenAlContext> context_;

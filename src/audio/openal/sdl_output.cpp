@@ -15,13 +15,14 @@ SdlAudio::SdlAudio() {
     // SDL's own handlers would catch the terminal's interrupt, which is meant to end the program.
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     up_ = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
-    // A negative count means that the devices cannot be listed, but the default one can be opened.
-    hasOutput_ = up_ && SDL_GetNumAudioDevices(0) != 0;
 }
 
 SdlAudio::~SdlAudio() {
     if (up_) SDL_QuitSubSystem(SDL_INIT_AUDIO);
 }
+
+// A negative count means that the devices cannot be listed, but the default one can be opened.
+bool SdlAudio::HasOutput() const { return up_ && SDL_GetNumAudioDevices(0) != 0; }
 
 std::vector<std::string> SdlAudio::OutputNames() const {
     std::vector<std::string> names;

@@ -20,7 +20,7 @@ public:
     SdlAudio& operator=(const SdlAudio&) = delete;
 
     /// True when there is any output at all.
-    bool HasOutput() const { return hasOutput_; }
+    bool HasOutput() const;
     /// Names of the output devices that SDL can tell apart. They serve as identifiers too.
     std::vector<std::string> OutputNames() const;
     /// SDL's name of the driver in use, "" when there is none.
@@ -28,7 +28,6 @@ public:
 
 private:
     bool up_;
-    bool hasOutput_ = false;
 };
 
 /// An open output. Once started, it asks a mixer for each period, on a thread of its own.

@@ -1,5 +1,6 @@
 #include "scripting/api/map.h"
 
+#include "audio/headphones.h"
 #include "core/routines.h"
 #include "parameters/position.h"
 #include "performance/map/listener.h"
@@ -31,6 +32,16 @@ constexpr ApiFunction kMapFunctions[] = {
      .Text = "Whether 3D sound is in use. Without it places are kept, and not heard.",
      .Example = "assert(marvolin.use_3d() == false)",
      .Act = [](ApiCall& call) { call.ReturnFlag(call.s.Use3D); }},
+    {.Name = "headphones",
+     .Returns = "true or false",
+     .Text = "Whether 3D sound is made for headphones.",
+     .Example = "marvolin.set_headphones(false)  assert(marvolin.headphones() == false)",
+     .Act = [](ApiCall& call) { call.ReturnFlag(call.s.Headphones); }},
+    {.Name = "set_headphones",
+     .Parameters = {Flag("on")},
+     .Text = "Makes it for headphones, or for speakers. What plays goes on. Without 3D sound it is only remembered.",
+     .Example = "marvolin.set_headphones(true)  assert(marvolin.headphones())",
+     .Act = [](ApiCall& call) { Headphones_Click(call.s, call.FlagAt(0)); }},
     {.Name = "place",
      .Parameters = {LoopTrackArgument()},
      .Returns = "x and y in map units",

@@ -47,6 +47,10 @@ constexpr std::array<const char*, 6> kPosMacrosHints{"slct Scatter or Wander",
                                                      "Wander Jump: one LoopTrack after the other jumps"};
 std::string PosMacrosHint(const Situation& at) { return OfEntry(kPosMacrosHints, at.Part); }
 
+std::string NoHeadphones(const Situation& at) {
+    return at.State.Use3D ? "off: OpenAL has no Data of a Head here" : kNo3d;
+}
+
 constexpr Description kSoundMapTable[] = {
     {.Name = "MapPage", .Hint = {MapPageHint, kMapPageHint}, .Topic = 10070, .Role = QAccessible::Pane},
     {.Name = "Map",
@@ -79,6 +83,15 @@ constexpr Description kSoundMapTable[] = {
      .Tip = "Places sounds around the listener; pan rests while it is on",
      .Hint = "clk Toggle 3D Sound",
      .Topic = 10073,
+     .Role = QAccessible::CheckBox,
+     .Taken = Keys::Press},
+    {.Name = "Headphones",
+     .Caption = "Headphones",
+     .Label = "3D sound for headphones",
+     .Tip = "Places sounds around the head of whoever wears headphones",
+     .Hint = "clk On: 3D Sound is made for Headphones; Off: for Speakers",
+     .Off = {NoHeadphones, kNo3d},
+     .Topic = 10079,
      .Role = QAccessible::CheckBox,
      .Taken = Keys::Press},
     {.Name = "MapSize",

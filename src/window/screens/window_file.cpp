@@ -35,6 +35,7 @@ void ReadLine(const QString& line, WindowRecord& record) {
     const bool maximised = words.size() == 6 && words.last() == kMaximised;
     if (maximised) words.removeLast();
     const std::vector<int> numbers = Numbers(words);
+    if (words[0] == "headphones" && numbers.size() == 1) record.Headphones = numbers[0] == 1;
     if (words[0] == "size" && numbers.size() == 1 && IsProgramSize(numbers[0])) record.Size = numbers[0];
     if (words[0] == "elements" && numbers.size() == 1) record.Elements = numbers[0] == 1;
     if (numbers.size() != 4) return;
@@ -63,6 +64,7 @@ bool WriteWindowFile(const QString& path, const WindowRecord& record) {
     text << kFirstLine << '\n';
     if (record.Size != 0) text << "size " << record.Size << '\n';
     if (record.Elements) text << "elements 1\n";
+    if (record.Headphones) text << "headphones 1\n";
     for (const auto& [name, place] : record.Places) {
         text << name << ' ' << place.Corner.x() << ' ' << place.Corner.y() << ' ' << place.Size.width() << ' '
              << place.Size.height();

@@ -16,11 +16,13 @@ struct WindowPlace {
     friend bool operator==(const WindowPlace&, const WindowPlace&) = default;
 };
 
-/// What the program knows of its windows from one start to the next.
+/// What the program knows from one start to the next: its windows, and what belongs to the place where it runs rather
+/// than to a set.
 struct WindowRecord {
     int Size = 0;                           ///< that the player has chosen, percent; 0 none
     bool Elements = false;                  ///< those of Save/Open are unfolded
     std::map<QString, WindowPlace> Places;  ///< by name of the window
+    bool Headphones = false;                ///< the player wears them
     friend bool operator==(const WindowRecord&, const WindowRecord&) = default;
 };
 

@@ -52,6 +52,9 @@ public:
     /// Whether the elements of Save/Open are unfolded, from one start to the next.
     bool Unfolded() const { return record_.Elements; }
     void SetUnfolded(bool unfolded) { record_.Elements = unfolded; }
+    /// Whether the player wears headphones, as the last start has left it.
+    bool Headphones() const { return record_.Headphones; }
+    void SetHeadphones(bool on) { record_.Headphones = on; }
     /// Writes the file, if anything has changed. For the end of the program.
     void Keep();
     /// Brings the windows back after a change of the screens, smaller if they no longer fit. The desktop's changes come

@@ -77,9 +77,9 @@ void TwistLine::Refresh() {
 void TwistLine::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(QPen(theme::kLine, 3, Qt::SolidLine, Qt::RoundCap));
+    p.setPen(QPen(theme::kFrame, 3, Qt::SolidLine, Qt::RoundCap));
     p.drawLine(QPointF(kEnd + BallSurface::kInset, kLine), QPointF(width() - kEnd - BallSurface::kInset, kLine));
-    p.setPen(QPen(theme::kLine, 1.5));
+    p.setPen(QPen(theme::kFrame, 1.5));
     p.drawLine(QPointF(width() / 2.0, kLine - 6), QPointF(width() / 2.0, kLine + 6));
     DrawWire(p, QRectF(0, kLine - 16, 26, 14), 0);
     DrawWire(p, QRectF(0, kLine + 2, 26, 14), 3);

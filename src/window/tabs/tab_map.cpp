@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "audio/headphones.h"
 #include "core/routines.h"
 #include "parameters/position.h"
 #include "performance/joystick/joystick_setup.h"
@@ -37,7 +38,9 @@ TabMap::TabMap(Session& session, QWidget* parent) : QWidget(parent), s(session) 
 
 void TabMap::MakeSide() {
     enable_ = new ChoiceBox(s, this, "Enable3d", -1, [this](bool on) { Enable3d_Click(s, on); });
-    enable_->setGeometry(kMapMiddle, 14, 280, 26);
+    enable_->setGeometry(kMapMiddle, 14, 120, 26);
+    headphones_ = new ChoiceBox(s, this, "Headphones", -1, [this](bool on) { Headphones_Click(s, on); });
+    headphones_->setGeometry(kMapMiddle + 134, 14, 150, 26);
     MakeGauges();
 
     MakeLabel(this, "Positions", {kMapMiddle, 172, 200, 18});
@@ -79,6 +82,8 @@ void TabMap::MakeGauges() {
 
 void TabMap::Refresh() {
     enable_->Show(s.Use3D);
+    headphones_->Show(s.Headphones);
+    headphones_->setEnabled(HeadphonesAvailable(s));
     size_->setEnabled(s.MapEnabled);
     rollOff_->setEnabled(s.MapEnabled);
     centre_->setEnabled(s.MapEnabled);

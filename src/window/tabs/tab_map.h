@@ -35,6 +35,7 @@ private:
 
     Session& s;
     ChoiceBox* enable_ = nullptr;
+    ChoiceBox* headphones_ = nullptr;
     Gauge* size_ = nullptr;
     Gauge* rollOff_ = nullptr;
     ChoiceList* macros_ = nullptr;

@@ -33,6 +33,12 @@ QSlider* MakeSlider(QWidget* parent, int low, int high, const QRect& place) {
     return slider;
 }
 
+QStringList EntriesOf(const QComboBox& list) {
+    QStringList entries;
+    for (int i = 0; i < list.count(); ++i) entries << list.itemText(i);
+    return entries;
+}
+
 }  // namespace
 
 TabOptions::TabOptions(Session& session, QWidget* parent) : QWidget(parent), s(session) {
@@ -154,8 +160,11 @@ void TabOptions::Refresh() {
 
 void TabOptions::RefreshDrivers() {
     const QSignalBlocker quiet(drivers_);
-    drivers_->clear();
-    drivers_->addItems(ToQStrings(s.Drivers));
+    // A device that comes and goes must not close the list under the hand for nothing.
+    if (const QStringList entries = ToQStrings(s.Drivers); entries != EntriesOf(*drivers_)) {
+        drivers_->clear();
+        drivers_->addItems(entries);
+    }
     drivers_->setCurrentIndex(s.Driver);
 }
 

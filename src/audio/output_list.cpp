@@ -1,0 +1,127 @@
+#include "audio/output_list.h"
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "core/errors.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr const char* kNoSoundEntry = "No Sound";
+
+/// An output by its name, and which of those with that name it is.
+struct OutputKey {
+    std::string Name;
+    std::ptrdiff_t Which = 0;
+    friend bool operator==(const OutputKey&, const OutputKey&) = default;
+};
+
+std::string Plain(const std::string& entry) {
+    return entry.ends_with(kUnplugged) ? entry.substr(0, entry.size() - kUnplugged.size()) : entry;
+}
+
+OutputKey KeyOf(const std::vector<std::string>& entries, std::size_t at) {
+    const std::string name = Plain(entries[at]);
+    const auto end = entries.begin() + static_cast<std::ptrdiff_t>(at);
+    return {name, std::count_if(entries.begin(), end, [&](const std::string& entry) { return Plain(entry) == name; })};
+}
+
+/// What the service has, and behind it the outputs that are not there.
+class FollowedOutputs final : public DSEnum {
+public:
+    explicit FollowedOutputs(std::unique_ptr<DSEnum> present) : present_(std::move(present)) {}
+    void Add(std::string guid, std::string name) { away_.emplace_back(std::move(guid), std::move(name)); }
+
+    std::int16_t GetCount() override {
+        return static_cast<std::int16_t>(present_->GetCount() + static_cast<std::int16_t>(away_.size()));
+    }
+    std::string GetGuid(std::int16_t index) override {
+        const std::size_t away = Away(index);
+        return away < away_.size() ? away_[away].first : present_->GetGuid(index);
+    }
+    std::string GetDescription(std::int16_t index) override {
+        const std::size_t away = Away(index);
+        return away < away_.size() ? away_[away].second : present_->GetDescription(index);
+    }
+
+private:
+    // Far beyond the end for an output that is there.
+    std::size_t Away(std::int16_t index) { return static_cast<std::size_t>(index - 1 - present_->GetCount()); }
+
+    std::unique_ptr<DSEnum> present_;
+    std::vector<std::pair<std::string, std::string>> away_;
+};
+
+/// The list that is being made.
+struct Following {
+    std::unique_ptr<FollowedOutputs> Outputs;
+    std::vector<std::string> Entries;
+
+    /// The entry that stands for old entry `before`; -1 stays -1, and "No Sound" the last.
+    std::int16_t Find(Session& s, std::int16_t before) {
+        const std::vector<std::string>& old = s.Drivers;
+        if (before < 0 || static_cast<std::size_t>(before) >= old.size()) return -1;
+        if (static_cast<std::size_t>(before) + 1 == old.size()) return kLast;
+        const OutputKey key = KeyOf(old, static_cast<std::size_t>(before));
+        for (std::size_t i = 0; i < Entries.size(); ++i)
+            if (KeyOf(Entries, i) == key) return static_cast<std::int16_t>(i);
+        const std::string name = key.Name + std::string(kUnplugged);
+        Outputs->Add(s.DSEnum->GetGuid(static_cast<std::int16_t>(before + 1)), name);
+        Entries.push_back(name);
+        return static_cast<std::int16_t>(Entries.size() - 1);
+    }
+    static constexpr std::int16_t kLast = 0x7FFF;
+};
+
+Following Ask(Session& s) {
+    Following now{std::make_unique<FollowedOutputs>(s.DX->GetDSEnum()), {}};
+    const std::int16_t count = now.Outputs->GetCount();
+    for (std::int16_t index = 1; index <= count; ++index) now.Entries.push_back(now.Outputs->GetDescription(index));
+    return now;
+}
+
+std::int16_t Placed(std::int16_t entry, const std::vector<std::string>& entries) {
+    return entry == Following::kLast ? static_cast<std::int16_t>(entries.size() - 1) : entry;
+}
+
+bool Follow(Session& s) {
+    Following now = Ask(s);
+    const std::int16_t chosen = now.Find(s, s.Driver);
+    const std::int16_t open = now.Find(s, s.OpenDriver);
+    now.Entries.emplace_back(kNoSoundEntry);
+    if (now.Entries == s.Drivers) return false;
+    s.Drivers = std::move(now.Entries);
+    s.DSEnum = std::move(now.Outputs);
+    s.Driver = Placed(chosen, s.Drivers);
+    s.OpenDriver = Placed(open, s.Drivers);
+    s.World.Screen.ShowDrivers();
+    return true;
+}
+
+}  // namespace
+
+bool RefreshOutputs(Session& s) {
+    if (!s.DX || !s.DSEnum) return false;
+    try {
+        return Follow(s);
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+bool IsPlugged(const Session& s, std::int16_t entry) {
+    return entry >= 0 && static_cast<std::size_t>(entry) < s.Drivers.size() &&
+           !s.Drivers[static_cast<std::size_t>(entry)].ends_with(kUnplugged);
+}
+
+std::string OutputName(const Session& s, std::int16_t entry) {
+    return entry >= 0 && static_cast<std::size_t>(entry) < s.Drivers.size()
+               ? Plain(s.Drivers[static_cast<std::size_t>(entry)])
+               : std::string();
+}
+
+}  // namespace marvolin

@@ -1,0 +1,26 @@
+#pragma once
+/// \file
+/// The list of outputs while the program runs.
+
+#include <string>
+#include <string_view>
+
+#include "core/session.h"
+
+namespace marvolin {
+
+/// What stands behind the name of an output that is not there.
+inline constexpr std::string_view kUnplugged = " (unplugged)";
+
+/// Asks the service for its outputs again. When they have changed, `Drivers` and `DSEnum` follow, and `Driver` and
+/// `OpenDriver` go on naming the same outputs, of two with one name the same of the two. An output that is chosen or
+/// open and not there any more keeps an entry, marked, before "No Sound". A service that fails changes nothing.
+/// True when the list has changed.
+bool RefreshOutputs(Session& s);
+
+/// Whether the output of an entry is there.
+bool IsPlugged(const Session& s, std::int16_t entry);
+/// Name of an entry without the mark.
+std::string OutputName(const Session& s, std::int16_t entry);
+
+}  // namespace marvolin

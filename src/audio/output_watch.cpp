@@ -1,0 +1,63 @@
+#include "audio/output_watch.h"
+
+#include "audio/device.h"
+#include "audio/output_list.h"
+#include "core/output_presence.h"
+#include "core/routines.h"
+
+namespace marvolin {
+
+namespace {
+
+bool IsGone(const Session& s) {
+    const auto* output = s.DSReady ? dynamic_cast<const OutputPresence*>(s.DS.get()) : nullptr;
+    return output != nullptr && output->Gone();
+}
+
+/// The open output, or while none is open the one that is to be; -1 for "No Sound" and before the first choice.
+std::int16_t WantedOutput(const Session& s) {
+    const std::int16_t entry = s.DSReady ? s.OpenDriver : s.Driver;
+    return entry >= 0 && static_cast<std::size_t>(entry) + 1 < s.Drivers.size() ? entry : std::int16_t{-1};
+}
+
+}  // namespace
+
+void OutputWatch::Forget() {
+    awaited_.clear();
+    news_ = false;
+    looks_ = 0;
+}
+
+void OutputWatch::Look(Session& s) {
+    const bool changed = RefreshOutputs(s);
+    const std::int16_t entry = WantedOutput(s);
+    if (entry < 0) return Forget();
+    const std::string name = OutputName(s, entry);
+    if (!IsPlugged(s, entry)) {
+        awaited_ = name;
+        news_ = true;  // its return is one
+        looks_ = 0;
+        return;
+    }
+    if (awaited_ != name) {
+        Forget();
+        // The driver may know before the list does. The default output stays in the list when another takes its place.
+        if (IsGone(s)) awaited_ = name;
+    }
+    news_ = news_ || changed;
+    if (!awaited_.empty() && news_) Await(s, entry);
+}
+
+void OutputWatch::Await(Session& s, std::int16_t entry) {
+    if (++looks_ < kSteadyLooks) return;
+    const std::string name = awaited_;
+    const TakenOutput taken = TakeOutput(s, entry);
+    if (taken == TakenOutput::Refused) {
+        looks_ = kSteadyLooks - kRetryLooks;
+        return;
+    }
+    Forget();
+    if (taken == TakenOutput::Taken) ShowStatus(s, name + " is back, and in use again.");
+}
+
+}  // namespace marvolin

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+#include "core/session.h"
+
+namespace marvolin {
+
+/// Looks after the outputs while the program runs: the list follows them, and an output that was open when it vanished
+/// is opened again once it is back, with everything that sounds.
+class OutputWatch {
+public:
+    static constexpr int kSteadyLooks = 2;  ///< looks at which an output must be there: one that flickers waits
+    static constexpr int kRetryLooks = 5;   ///< looks until one that has refused is tried again
+
+    /// Looks once. Shows no box when an output refuses; the status line tells when one is back.
+    void Look(Session& s);
+
+private:
+    void Await(Session& s, std::int16_t entry);
+    void Forget();
+
+    std::string awaited_;  // name of the output that is away; "" none
+    bool news_ = false;    // the list has changed since it vanished
+    int looks_ = 0;        // at which it has been there again
+};
+
+}  // namespace marvolin
