@@ -99,7 +99,6 @@ bool Form_Load(Session& s, const StartUpHooks& hooks) {
         InitDirectInput(s);
         // A joystick service that refuses has unloaded the main window and so shut the session down.
         if (!s.DX) return false;
-        WatchDevices(s);
         s.FirstActivate = true;
         s.World.Forms.Show(Form::Main);
     }
@@ -116,6 +115,7 @@ void Form_Activate(Session& s) {
     ReadWorkArea(s);
     s.FirstActivate = false;
     s.World.Forms.EnablePadBalls(true);
+    WatchDevices(s);
     const TwipRect main = PlaceMainWindow(s);
     OpenBrowser(s, main);
     ShowSplash(s, main);
