@@ -17,10 +17,10 @@
 #include <utility>
 #include <vector>
 
+#include "audio/device_abilities.h"
 #include "audio/openal/sound.h"
 #include "audio/output/output_chain.h"
 #include "audio/wave_bytes.h"
-#include "core/headphones.h"
 
 namespace {
 

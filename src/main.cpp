@@ -69,6 +69,15 @@ FrmMain::Events EventsOf(Session& session) {
             }};
 }
 
+/// What is known from the last start, and is to be known at the next.
+void KeepOverTheEnd(Application& application, WindowKeeper& keeper, Session& session) {
+    session.Headphones = keeper.Headphones();
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, &keeper, [&] {
+        keeper.SetHeadphones(session.Headphones);
+        keeper.Keep();
+    });
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -99,11 +108,7 @@ int main(int argc, char** argv) {
     room.Attach(session, scripts);
     windows.AttachScripts(room);
     windows.Attach(keeper);
-    session.Headphones = keeper.Headphones();
-    QObject::connect(&application, &QCoreApplication::aboutToQuit, &keeper, [&session, &keeper] {
-        keeper.SetHeadphones(session.Headphones);
-        keeper.Keep();
-    });
+    KeepOverTheEnd(application, keeper, session);
 
     // Widgets refer to the session, so they go first.
     const auto dropForms = [](QtWindows* forms) { forms->DropForms(); };

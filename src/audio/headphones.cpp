@@ -1,8 +1,8 @@
 #include "audio/headphones.h"
 
+#include "audio/device_abilities.h"
 #include "audio/ds_error.h"
 #include "core/errors.h"
-#include "core/headphones.h"
 
 namespace marvolin {
 

@@ -1,8 +1,8 @@
 #include "audio/output_watch.h"
 
 #include "audio/device.h"
+#include "audio/device_abilities.h"
 #include "audio/output_list.h"
-#include "core/output_presence.h"
 #include "core/routines.h"
 
 namespace marvolin {

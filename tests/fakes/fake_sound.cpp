@@ -1,7 +1,6 @@
 #include "fakes/fake_sound.h"
 
-#include "core/headphones.h"
-#include "core/output_presence.h"
+#include "audio/device_abilities.h"
 
 namespace marvolin::test {
 

@@ -5,10 +5,9 @@
 #include <memory>
 #include <string>
 
+#include "audio/device_abilities.h"
 #include "audio/openal/context.h"
 #include "audio/openal/sdl_output.h"
-#include "core/headphones.h"
-#include "core/output_presence.h"
 #include "core/sound_service.h"
 
 namespace marvolin {
