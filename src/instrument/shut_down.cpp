@@ -10,6 +10,7 @@
 #include "core/routines.h"
 #include "instrument/device_watch.h"
 #include "instrument/trapped_error.h"
+#include "persistence/kept/last_state.h"
 #include "persistence/undo/undo_commands.h"
 #include "scripting/script_host.h"
 
@@ -67,7 +68,7 @@ struct Step {
     OnError onError = OnError::Report;
 };
 
-constexpr std::array<Step, 25> kShutDown{{
+constexpr std::array<Step, 26> kShutDown{{
     {"", HideWindow},
     {"", ShowUnloading},
     {"deleting device timer", StopWatching},
@@ -84,6 +85,7 @@ constexpr std::array<Step, 25> kShutDown{{
     {"deleting script timer", StopScriptTimer},
     {"deleting script timer", DropScriptTimer},
     {"deleting script timer", StopHost},
+    {"uninitializing DSound", EndKeeping},
     {"uninitializing DSound", EndUndo},
     {"finishing the recording", FinishRecording},
     {"uninitializing DSound", UnInitDirectSound},

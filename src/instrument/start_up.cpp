@@ -12,6 +12,7 @@
 #include "instrument/init_main_form.h"
 #include "instrument/trapped_error.h"
 #include "performance/joystick/joystick_setup.h"
+#include "persistence/kept/last_state.h"
 #include "persistence/start_up_demo.h"
 #include "persistence/undo/undo_commands.h"
 #include "sequencing/patterns.h"
@@ -121,6 +122,7 @@ void Form_Activate(Session& s) {
     ShowSplash(s, main);
     LoadStartUpContent(s);
     StartUndo(s);
+    StartKeeping(s);
 }
 
 }  // namespace marvolin

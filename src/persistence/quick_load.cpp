@@ -8,6 +8,7 @@
 
 #include "core/files/name_order.h"
 #include "core/files/paths.h"
+#include "persistence/kept/last_state.h"
 #include "persistence/save_open.h"
 #include "persistence/session_format.h"
 
@@ -45,6 +46,8 @@ void UpdateQuickLoad(Session& s) {
 }
 
 void QuickLoadPop_MouseUp(Session& s, std::int16_t button) {
+    // Not before: a list that stands open goes by the numbers of its rows.
+    if (LastStateIsNew(s)) UpdateQuickLoad(s);
     s.QuickLoadTag = button;
     s.World.Screen.ShowQuickLoadList(true);
 }

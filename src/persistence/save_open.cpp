@@ -3,6 +3,7 @@
 #include "core/files/name_order.h"
 #include "core/files/paths.h"
 #include "core/undo/undo_step.h"
+#include "persistence/kept/last_state.h"
 #include "persistence/quick_load.h"
 #include "persistence/session_format.h"
 
@@ -46,11 +47,16 @@ void TakeFile(Session& s, const std::string path) {
 
 bool SaveAsChosen(Session& s, const std::string& path) {
     const LoopsSaved loops = s.SelectionsOnlySetting == 1 ? LoopsSaved::SelectionsOnly : LoopsSaved::All;
-    return s.World.Store.SaveSession(s, path, loops, s.SaveOpenSwitches[kWhenSaving]);
+    if (!s.World.Store.SaveSession(s, path, loops, s.SaveOpenSwitches[kWhenSaving])) return false;
+    NoteSetOnDisk(s, path);
+    return true;
 }
 
 bool OpenAsChosen(Session& s, const std::string& path) {
-    return s.World.Store.LoadSession(s, path, SetAsCurrent::Yes, s.SaveOpenSwitches[kWhenOpening], AdoptSwitches::Yes);
+    const clsSwitchRecord& elements = s.SaveOpenSwitches[kWhenOpening];
+    if (!s.World.Store.LoadSession(s, path, SetAsCurrent::Yes, elements, AdoptSwitches::Yes)) return false;
+    NoteSetOnDisk(s, path);
+    return true;
 }
 
 bool OpenBesideDialogue(Session& s, const std::string& path) {

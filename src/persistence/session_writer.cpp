@@ -56,16 +56,13 @@ bool HoldsSample(const LoopTrackRun& run) {
 }
 bool Plays(const LoopTrackRun& run) { return run.Playing != False || run.InHand.Playing; }
 
-void WriteLoops(Session& s, SetFiles& files, const std::vector<Row>& rows, bool playState, bool isPackage) {
-    RecordWriter& file = files.Set();
+void WriteLoops(const Session& s, RecordWriter& file, const std::vector<Row>& rows, bool playState) {
     file.PutTagged(kLoopsTag);
     file.PutInteger(static_cast<std::int16_t>(rows.size()));
     file.PutBoolean(s.Use3D);
     for (const Row row : rows) {
-        const LoopTrackSet set = SavedSet(s, row);
-        if (isPackage && !set.FileName.empty() && HoldsSample(s.Run[row])) files.AddSample(set.FileName);
         file.PutInteger(row);
-        WriteLoopTrackSet(file, set);
+        WriteLoopTrackSet(file, SavedSet(s, row));
         file.PutBoolean(playState && Plays(s.Run[row]));
     }
 }
@@ -90,16 +87,19 @@ void WriteBands(const Session& s, RecordWriter& file) {
     }
 }
 
-void WriteSections(Session& s, SetFiles& files, LoopsSaved loops, const clsSwitchRecord& switches, bool isPackage) {
-    RecordWriter& file = files.Set();
+void WriteSettings(const Session& s, RecordWriter& file, SetContent content) {
+    file.PutTagged(kSettingsTag);
+    WriteDictionary(content == SetContent::Work ? CollectSettingsOfWork(s) : CollectSettings(s), file);
+}
+
+void WriteSections(Session& s, RecordWriter& file, LoopsSaved loops, const clsSwitchRecord& switches,
+                   SetContent content) {
     const std::vector<Row> rows = SavedRows(s, loops);
-    if (switches.Get(Element::General)) {
-        file.PutTagged(kSettingsTag);
-        WriteDictionary(CollectSettings(s), file);
-    }
+    const bool playState = content == SetContent::Whole && switches.Get(Element::PlayState);
+    if (switches.Get(Element::General)) WriteSettings(s, file, content);
     if (switches.Get(Element::ThreeD)) WriteThreeD(s, file);
     if (switches.Get(Element::PickLists)) WritePickLists(s, file);
-    if (switches.SaveLoopComponent()) WriteLoops(s, files, rows, switches.Get(Element::PlayState), isPackage);
+    if (switches.SaveLoopComponent()) WriteLoops(s, file, rows, playState);
     if (switches.Get(Element::HistoryLists)) WriteHistory(s, file, rows);
     if (switches.Get(Element::Bands)) WriteBands(s, file);
     if (switches.Get(Element::ClipBoard)) {
@@ -108,7 +108,22 @@ void WriteSections(Session& s, SetFiles& files, LoopsSaved loops, const clsSwitc
     }
 }
 
+void AddSamples(const Session& s, SetFiles& files, LoopsSaved loops) {
+    for (const Row row : SavedRows(s, loops)) {
+        const std::string sample = SavedSet(s, row).FileName;
+        if (!sample.empty() && HoldsSample(s.Run[row])) files.AddSample(sample);
+    }
+}
+
 }  // namespace
+
+void WriteSet(Session& s, RecordWriter& file, LoopsSaved loops, const clsSwitchRecord& switches, SetContent content) {
+    file.PutString(kHeaderText);
+    file.PutInteger(kHeaderNumber);
+    PutIt(switches, file);
+    WriteSections(s, file, loops, switches, content);
+    file.PutTagged(kEndTag);
+}
 
 bool SaveSession(Session& s, const std::string& fileName, LoopsSaved loops, const clsSwitchRecord& switches) {
     std::optional<SetFiles> files;
@@ -119,11 +134,8 @@ bool SaveSession(Session& s, const std::string& fileName, LoopsSaved loops, cons
         return false;
     }
     try {
-        files->Set().PutString(kHeaderText);
-        files->Set().PutInteger(kHeaderNumber);
-        PutIt(switches, files->Set());
-        WriteSections(s, *files, loops, switches, IsPackage(fileName));
-        files->Set().PutTagged(kEndTag);
+        if (IsPackage(fileName) && switches.SaveLoopComponent()) AddSamples(s, *files, loops);
+        WriteSet(s, files->Set(), loops, switches);
         files->PutInPlace();
         return true;
     } catch (const RuntimeError& e) {

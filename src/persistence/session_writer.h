@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
+#include "core/files/record_stream.h"
 #include "core/session.h"
 
 namespace marvolin {
@@ -17,5 +19,14 @@ namespace marvolin {
 /// kept; "Error Saving " and the description of the error for any later failure. After either all files are as they
 /// were.
 bool SaveSession(Session& s, const std::string& fileName, LoopsSaved loops, const clsSwitchRecord& switches);
+
+/// What of a set is written.
+enum class SetContent : std::uint8_t {
+    Whole,  ///< what a file holds
+    Work,   ///< without what changes while a set is only played and looked at: what sounds, the tab, the device
+};
+/// Writes the records of a set as a file holds them. Raises `OverflowError` when a path is too long for a file.
+void WriteSet(Session& s, RecordWriter& file, LoopsSaved loops, const clsSwitchRecord& switches,
+              SetContent content = SetContent::Whole);
 
 }  // namespace marvolin

@@ -171,11 +171,13 @@ void Follow(Session& s, Turn turn) {
     if (turn == Turn::Relative) PadType_Click(s, s.PadTypeIndex);
 }
 
-}  // namespace
+bool IsAny(const Setting&) { return true; }
+bool IsWork(const Setting& setting) { return setting.When != Turn::Driver && setting.Key != "TopTab"; }
 
-KeyedTable CollectSettings(const Session& s) {
+KeyedTable Collect(const Session& s, bool (*wanted)(const Setting&)) {
     KeyedTable table;
     for (const Setting& setting : kSettings) {
+        if (!wanted(setting)) continue;
         for (int index = 0; index < Values(setting); ++index) {
             std::visit([&](const auto& half) { table.Put(KeyText(setting, index), half.Get(s, index)); },
                        setting.Value);
@@ -183,6 +185,11 @@ KeyedTable CollectSettings(const Session& s) {
     }
     return table;
 }
+
+}  // namespace
+
+KeyedTable CollectSettings(const Session& s) { return Collect(s, IsAny); }
+KeyedTable CollectSettingsOfWork(const Session& s) { return Collect(s, IsWork); }
 
 void ApplySettings(Session& s, const KeyedTable& table) {
     for (int number = 0; number < kTurns; ++number) {

@@ -9,6 +9,8 @@ namespace marvolin {
 
 /// All settings, in the order of the file.
 KeyedTable CollectSettings(const Session& s);
+/// Those among them that the player works on: without the open tab and the device, which are looks and the machine's.
+KeyedTable CollectSettingsOfWork(const Session& s);
 
 /// Applies the settings that `table` holds and leaves the others unchanged. Values that their control could not show
 /// are ignored. Raises "Type mismatch" (13) or "Overflow" (6) for a value that is no number or does not fit.

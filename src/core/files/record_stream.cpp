@@ -33,15 +33,18 @@ enum TypeCode : std::int16_t {
 
 }  // namespace
 
-RecordWriter::RecordWriter(const std::string& path) : file_(path), buffer_(kBufferBytes) {}
+RecordWriter::RecordWriter(const std::string& path) : file_(std::in_place, path), buffer_(kBufferBytes) {}
+RecordWriter::RecordWriter() : buffer_(kBufferBytes) {}
 
 void RecordWriter::Flush() {
-    file_.Write({buffer_.data(), used_});
+    file_->Write({buffer_.data(), used_});
     used_ = 0;
 }
 
 void RecordWriter::MakeRoom(std::size_t bytes) {
-    if (bytes > buffer_.size() - used_) Flush();
+    if (bytes <= buffer_.size() - used_) return;
+    if (file_) return Flush();
+    buffer_.resize(buffer_.size() * 2 + bytes);
 }
 
 void RecordWriter::Put(std::uint64_t bits, std::size_t bytes) {
@@ -85,13 +88,13 @@ void RecordWriter::PutTagged(const TaggedValue& value) {
 
 void RecordWriter::Finish() {
     Flush();
-    file_.Sync();
+    file_->Sync();
 }
 
 void RecordWriter::Close() {
     Finish();
-    file_.TakeName();
-    file_.DropReplaced();
+    file_->TakeName();
+    file_->DropReplaced();
 }
 
 RecordReader::RecordReader(const std::string& path) : file_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {

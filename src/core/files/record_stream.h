@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,9 +20,12 @@ namespace marvolin {
 
 /// Writes a new file, which gets its name when it is whole. Without `Close`, or `TakeName` of its
 /// `File`, nothing is left of it, and the file that has the name stays as it is.
+///
+/// Without a path the records stay in memory.
 class RecordWriter {
 public:
     explicit RecordWriter(const std::string& path);
+    RecordWriter();
 
     void PutByte(std::uint8_t value);
     void PutInteger(std::int16_t value);
@@ -34,10 +38,17 @@ public:
     /// Type code, then the value.
     void PutTagged(const TaggedValue& value);
     void PutTagged(std::string_view text) { PutTagged(TaggedValue(std::string(text))); }
+    /// In memory: the bytes of all records since the last `Clear`, valid until the next call.
+    std::string_view Bytes() const { return {buffer_.data(), used_}; }
+    /// In memory: begins again, in the room that is there.
+    void Clear() { used_ = 0; }
+
+    // Those of a file.
+
     /// Writes what is still in memory and waits until all of it is on the disk. The file has no name yet.
     void Finish();
     /// The file under way, for those who name several files together. It lives as long as this.
-    NewFile& File() { return file_; }
+    NewFile& File() { return *file_; }
     /// `Finish`, and gives the file its name in place of the one that has it.
     void Close();
 
@@ -45,8 +56,8 @@ private:
     void Put(std::uint64_t bits, std::size_t bytes);
     void Flush();
     void MakeRoom(std::size_t bytes);
-    NewFile file_;
-    std::vector<char> buffer_;  ///< longer than any string of a file
+    std::optional<NewFile> file_;  ///< none in memory
+    std::vector<char> buffer_;     ///< longer than any string of a file
     std::size_t used_ = 0;
 };
 

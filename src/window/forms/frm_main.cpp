@@ -9,6 +9,7 @@
 
 #include "core/routines.h"
 #include "instrument/dropped_files.h"
+#include "persistence/kept/last_state.h"
 #include "persistence/quick_load.h"
 #include "window/controls/text_button.h"
 #include "window/descriptions/announcer.h"
@@ -174,7 +175,7 @@ void FrmMain::WatchSound() {
 }
 
 void FrmMain::RefreshTitle() {
-    setWindowTitle(QString::fromStdString(s.Title));
+    setWindowTitle(QString::fromStdString(SetHasChanged(s) ? s.Title + "*" : s.Title));
     Status2->update();
 }
 

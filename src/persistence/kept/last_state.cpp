@@ -1,0 +1,184 @@
+#include "persistence/kept/last_state.h"
+
+#include <algorithm>
+#include <chrono>
+#include <functional>
+#include <system_error>
+#include <utility>
+
+#include "core/errors.h"
+#include "core/files/former_file.h"
+#include "core/files/paths.h"
+#include "core/routines.h"
+#include "persistence/session_writer.h"
+#include "persistence/set_files.h"
+
+namespace marvolin {
+
+namespace {
+
+constexpr std::int16_t kLastDemoStep = 4;
+
+std::string PathInHand(const Session& s) {
+    return s.CurrentFile.empty() ? "" : JoinPath(s.CurrentFolder, s.CurrentFile);
+}
+
+/// The demo plays itself: its countdown runs, or a row still fades.
+bool DemoRuns(const Session& s) {
+    if (s.DemoStep == 0) return false;
+    if (s.DemoStep < kLastDemoStep) return true;
+    return std::any_of(s.Run.begin(), s.Run.end(), [](const LoopTrackRun& run) { return run.FadeState != kNoFade; });
+}
+
+enum class Former : std::uint8_t { Keep, Replace };
+
+/// On a thread of its own. Returns why it failed; "" when the state is on the disk.
+std::string WriteState(const std::string& path, const std::string& bytes, Former former) {
+    try {
+        if (former == Former::Keep) {
+            SetFiles files(path);
+            files.Set().File().Write(bytes);
+            files.PutInPlace();
+        } else {
+            const std::string behind = BehindLinks(path);
+            FormerFile replaced(behind);
+            NewFile file(behind);
+            file.Write(bytes);
+            file.Sync();
+            replaced.ReplaceBy(file);
+        }
+        return "";
+    } catch (const std::exception& e) {
+        return e.what();
+    }
+}
+
+}  // namespace
+
+void LastState::Start(Session& s) {
+    timer_ = s.World.Timers.Create([this, &s](std::int32_t milliseconds) { Look(s, milliseconds); });
+    timer_->SetInterval(kLookPeriod);
+    timer_->SetEnabled(true);
+    Settle(s);
+}
+
+LastState::Digest LastState::DigestOfAll(Session& s) {
+    records_.Clear();
+    WriteSet(s, records_, LoopsSaved::All, AllSwitches());
+    return std::hash<std::string_view>()(records_.Bytes());
+}
+
+// What "Save" would write.
+LastState::Digest LastState::DigestOfWork(Session& s) {
+    const LoopsSaved loops = s.SelectionsOnlySetting == 1 ? LoopsSaved::SelectionsOnly : LoopsSaved::All;
+    records_.Clear();
+    WriteSet(s, records_, loops, s.SaveOpenSwitches[kWhenSaving], SetContent::Work);
+    return std::hash<std::string_view>()(records_.Bytes());
+}
+
+void LastState::NoteOnDisk(Session& s, const std::string& path) {
+    try {
+        onDisk_[path] = DigestOfWork(s);
+    } catch (const RuntimeError&) {
+        onDisk_.erase(path);
+    }
+    RefreshMark(s);
+}
+
+bool LastState::HasChanged(Session& s) {
+    const std::string path = PathInHand(s);
+    if (path.empty()) return false;
+    const auto file = onDisk_.find(path);
+    // A set that was only half opened or not saved has the name of a file that holds something else.
+    if (file == onDisk_.end()) return true;
+    try {
+        return DigestOfWork(s) != file->second;
+    } catch (const RuntimeError&) {
+        return true;
+    }
+}
+
+void LastState::RefreshMark(Session& s) {
+    const bool differs = HasChanged(s);
+    if (std::exchange(differs_, differs) != differs) s.World.Screen.ShowTitle();
+}
+
+void LastState::Settle(Session& s) {
+    if (settled_ || DemoRuns(s)) return;
+    settled_ = true;
+    try {
+        kept_ = DigestOfAll(s);
+    } catch (const RuntimeError&) {
+        return;  // the first look that keeps says so
+    }
+}
+
+void LastState::Look(Session& s, std::int32_t milliseconds) {
+    TakeResult(s);
+    RefreshMark(s);
+    Settle(s);
+    elapsed_ += milliseconds;
+    if (elapsed_ < kKeepPeriod) return;
+    elapsed_ = 0;
+    if (settled_) Keep(s);
+}
+
+void LastState::Keep(Session& s) {
+    if (result_.valid()) return;  // a disk that has stalled
+    try {
+        if (PathInHand(s) == path_) writingWork_ = DigestOfWork(s);
+        writing_ = DigestOfAll(s);
+        if (writing_ == kept_) return;
+        result_ = std::async(std::launch::async, WriteState, path_, std::string(records_.Bytes()),
+                             first_ ? Former::Keep : Former::Replace);
+    } catch (const RuntimeError& e) {
+        TellFailure(s, e.what());
+    } catch (const std::system_error& e) {
+        TellFailure(s, e.what());
+    }
+}
+
+void LastState::TakeResult(Session& s) {
+    if (!result_.valid() || result_.wait_for(std::chrono::seconds(0)) != std::future_status::ready) return;
+    const std::string failure = result_.get();
+    if (!failure.empty()) return TellFailure(s, failure);
+    kept_ = writing_;
+    told_ = false;
+    if (std::exchange(first_, false)) new_ = true;
+    if (PathInHand(s) == path_) onDisk_[path_] = writingWork_;
+}
+
+void LastState::TellFailure(Session& s, const std::string& why) {
+    if (std::exchange(told_, true)) return;
+    ShowStatus(s, "The last state cannot be kept: " + why + ". It is tried again every 20 seconds.");
+}
+
+bool LastState::TakeNew() { return std::exchange(new_, false); }
+
+void LastState::Wait() const {
+    if (result_.valid()) result_.wait();
+}
+
+void StartKeeping(Session& s) {
+    s.Kept = std::make_shared<LastState>(JoinPath(s.World.Desk.ProgramFolder(), std::string(kLastSessionFile)));
+    try {
+        s.Kept->Start(s);
+    } catch (const RuntimeError&) {
+        s.Kept.reset();
+    }
+}
+
+void EndKeeping(Session& s) { s.Kept.reset(); }
+
+void NoteSetOnDisk(Session& s, const std::string& path) {
+    if (s.Kept) s.Kept->NoteOnDisk(s, path);
+}
+
+bool SetHasChanged(const Session& s) { return s.Kept && s.Kept->Differs(); }
+bool LastStateIsNew(Session& s) { return s.Kept && s.Kept->TakeNew(); }
+
+void WaitForLastState(Session& s) {
+    if (s.Kept) s.Kept->Wait();
+}
+
+}  // namespace marvolin

@@ -1,0 +1,84 @@
+#pragma once
+/// \file
+/// What is kept by itself: the last state of the instrument in a file, and whether the set in hand differs from its
+/// file.
+
+#include <cstddef>
+#include <cstdint>
+#include <future>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "core/files/record_stream.h"
+#include "core/session.h"
+
+namespace marvolin {
+
+/// File in the program's folder that holds the last state. The first one of a run keeps what was there, the last state
+/// of the run before, with "~" added to its name.
+inline constexpr std::string_view kLastSessionFile = "Last session.mvn";
+inline constexpr std::int32_t kLookPeriod = 1000;    ///< ms between two looks at whether the set differs from its file
+inline constexpr std::int32_t kKeepPeriod = 20'000;  ///< ms between two states that are kept
+
+/// From now on the session is kept: every 20 s, when something has changed, the whole of it as a set that "Open" and
+/// QuickLoad read. What is there now counts as kept, and so does the demo while it plays itself. The status line says
+/// once when it cannot be kept; it is tried again. Nothing is kept when the system has no timer left.
+void StartKeeping(Session& s);
+/// Ends that, and saves nothing. Waits for a file that is being written.
+void EndKeeping(Session& s);
+
+/// The set in hand is the same as the file `path` from which it was opened or to which it was saved.
+void NoteSetOnDisk(Session& s, const std::string& path);
+/// Whether the set in hand differs from its file, at the last look. What sounds, the open tab and the device do not
+/// count. False while there is no set in hand.
+bool SetHasChanged(const Session& s);
+
+/// Whether the folder has a last state that it did not have at the previous call.
+bool LastStateIsNew(Session& s);
+/// Waits until a state that is being written is on the disk, or has failed. The next look knows about it.
+void WaitForLastState(Session& s);
+
+/// The last state of one session. Belongs to the user-interface thread; another one only writes the bytes made here.
+class LastState {
+public:
+    explicit LastState(std::string path) : path_(std::move(path)) {}
+
+    /// Begins to look. Raises a `RuntimeError` when the system has no timer left.
+    void Start(Session& s);
+    void NoteOnDisk(Session& s, const std::string& path);
+    bool Differs() const { return differs_; }
+    bool TakeNew();
+    void Wait() const;
+
+private:
+    using Digest = std::size_t;  ///< of all bytes of a set
+
+    void Look(Session& s, std::int32_t milliseconds);
+    void Keep(Session& s);
+    void TakeResult(Session& s);
+    void TellFailure(Session& s, const std::string& why);
+    void Settle(Session& s);
+    void RefreshMark(Session& s);
+    bool HasChanged(Session& s);
+    Digest DigestOfAll(Session& s);
+    Digest DigestOfWork(Session& s);
+
+    std::string path_;
+    RecordWriter records_;                            ///< kept for its room
+    std::unordered_map<std::string, Digest> onDisk_;  ///< by the path of a set: what is in its file
+    bool differs_ = false;
+    bool settled_ = false;      ///< the demo has ended
+    std::int32_t elapsed_ = 0;  ///< ms since a state was last kept
+    Digest kept_ = 0;
+    Digest writing_ = 0;      ///< of the state that is being written
+    Digest writingWork_ = 0;  ///< the same without what sounds
+    bool first_ = true;       ///< no state of this run is kept yet
+    bool new_ = false;
+    bool told_ = false;                ///< the player knows that it fails
+    std::future<std::string> result_;  ///< why the file could not be written; "" when it is on the disk
+    std::unique_ptr<PeriodicTimer> timer_;
+};
+
+}  // namespace marvolin

@@ -1,0 +1,394 @@
+// The last state is kept by itself, and the title knows whether the set in hand differs from its file.
+
+#include "persistence/kept/last_state.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <filesystem>
+#include <random>
+#include <set>
+
+#include "audio/transport.h"
+#include "browser/clipboard.h"
+#include "core/files/paths.h"
+#include "fakes/file_bytes.h"
+#include "fakes/instrument.h"
+#include "instrument/shut_down.h"
+#include "instrument/start_up.h"
+#include "kept/kept_rig.h"
+#include "parameters/fades.h"
+#include "parameters/setters.h"
+#include "performance/pad/mix_pad.h"
+#include "persistence/quick_load.h"
+#include "persistence/save_open.h"
+#include "persistence/session_reader.h"
+#include "persistence/snapshot.h"
+#include "persistence/undo/undo_commands.h"
+
+namespace marvolin {
+namespace {
+
+using namespace test;
+using ::testing::Contains;
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+void Volume(Session& s, std::int16_t vol) { LoopVolChange(s, 0, vol, TakeHold::Yes, UpdateDisplay::Yes); }
+
+TEST(LastState, IsWrittenTwentySecondsAfterTheStartWhenSomethingHasChanged) {
+    KeptRig i;
+    i.Load(0, "a.wav");
+    Volume(i.s, 321);
+    i.Pass(19);
+    EXPECT_FALSE(FileExists(i.Kept()));
+    i.Pass(1);
+    EXPECT_EQ(KeptRig::VolumeIn(i.Kept()), 321);
+}
+
+TEST(LastState, IsNotWrittenWhileNothingHasChanged) {
+    KeptRig i;
+    i.Pass(100);
+    EXPECT_FALSE(FileExists(i.Kept()));
+    EXPECT_TRUE(i.s.StatusText.empty());
+}
+
+TEST(LastState, IsNotWrittenAgainWhileItIsTheSame) {
+    KeptRig i;
+    Volume(i.s, 321);
+    i.Pass(20);
+    std::filesystem::remove(i.Kept());
+    i.Pass(60);
+    EXPECT_FALSE(FileExists(i.Kept()));
+    Volume(i.s, 322);
+    i.Pass(20);
+    EXPECT_EQ(KeptRig::VolumeIn(i.Kept()), 322);
+}
+
+TEST(LastState, HasTheWholeInstrumentWhateverTheDialogueChooses) {
+    KeptRig i;
+    for (Row row = 0; row < kLoopTracks; ++row) i.Load(row, std::string(1, static_cast<char>('a' + row)) + ".wav");
+    i.s.SaveOpenSwitches[kWhenSaving].SetSwitch(false);
+    i.s.SelectionsOnlySetting = 1;
+    i.s.Clips.ClipStaging = i.s.Set[1];
+    AddNewClip(i.s);
+    LoopPlay(i.s, 2, true);
+    i.Pass(20);
+
+    Instrument reader;
+    PadGeometryInit(reader.s, 4500, 4500);
+    ASSERT_TRUE(LoadSession(reader.s, i.Kept(), SetAsCurrent::No, AllSwitches(), AdoptSwitches::No));
+    EXPECT_EQ(reader.s.Set[3].FileName, i.Folder / "d.wav");
+    EXPECT_EQ(reader.s.Clips.ClipTop, 0);
+    EXPECT_EQ(reader.s.Run[2].Playing, True);
+    EXPECT_EQ(reader.s.Run[1].Playing, False);
+    EXPECT_EQ(reader.s.History[3].size(), 1U);
+}
+
+TEST(LastState, OfTheRunBeforeStaysAsACopyUntilTheNextRun) {
+    KeptRig i;
+    Volume(i.s, 100);
+    i.Pass(20);
+    EndKeeping(i.s);
+    StartKeeping(i.s);
+    for (const std::int16_t vol : {std::int16_t{200}, std::int16_t{300}}) {
+        Volume(i.s, vol);
+        i.Pass(20);
+        EXPECT_EQ(KeptRig::VolumeIn(i.Kept()), vol);
+        EXPECT_EQ(KeptRig::VolumeIn(i.Kept() + "~"), 100);
+    }
+}
+
+TEST(LastState, IsFoundByQuickLoadOnceItIsThere) {
+    KeptRig i;
+    EXPECT_THAT(i.s.QuickLoadRows, Not(Contains("Last session")));
+    Volume(i.s, 100);
+    i.Pass(21);
+    QuickLoadPop_MouseUp(i.s, kLeftButton);
+    ASSERT_THAT(i.s.QuickLoadRows, Contains("Last session"));
+    Volume(i.s, 200);
+    const auto row = std::find(i.s.QuickLoadRows.begin(), i.s.QuickLoadRows.end(), "Last session");
+    QuickLoad_Click(i.s, static_cast<std::size_t>(row - i.s.QuickLoadRows.begin()));
+    EXPECT_EQ(i.s.Set[0].Vol, 100);
+}
+
+TEST(LastState, AnOpenListOfQuickLoadKeepsItsRows) {
+    KeptRig i;
+    Volume(i.s, 100);
+    i.Pass(21);
+    EXPECT_THAT(i.s.QuickLoadRows, Not(Contains("Last session"))) << "only a press of the button reads the folder";
+}
+
+TEST(LastState, TheEndSavesNothing) {
+    KeptRig i;
+    Volume(i.s, 100);
+    i.Pass(19);
+    Form_QueryUnload(i.s);
+    EXPECT_FALSE(FileExists(i.Kept()));
+    EXPECT_EQ(i.s.Kept, nullptr);
+    EXPECT_TRUE(i.Timers.Live.empty());
+}
+
+TEST(LastState, AFailureIsToldOnceAndTriedAgain) {
+    KeptRig i;
+    ASSERT_EQ(::mkdir(i.Kept().c_str(), 0777), 0);
+    Volume(i.s, 100);
+    i.Pass(21);
+    EXPECT_THAT(i.s.StatusText, HasSubstr("The last state cannot be kept: "));
+    i.s.StatusText.clear();
+    i.Pass(40);
+    EXPECT_TRUE(i.s.StatusText.empty());
+    ASSERT_EQ(::rmdir(i.Kept().c_str()), 0);
+    i.Pass(20);
+    EXPECT_EQ(KeptRig::VolumeIn(i.Kept()), 100);
+    EXPECT_TRUE(i.Desk.Boxes.empty());
+}
+
+TEST(LastState, AFailureAfterASuccessIsToldAgain) {
+    KeptRig i;
+    ASSERT_EQ(::mkdir(i.Kept().c_str(), 0777), 0);
+    Volume(i.s, 100);
+    i.Pass(21);
+    ASSERT_EQ(::rmdir(i.Kept().c_str()), 0);
+    i.Pass(20);
+    std::filesystem::remove(i.Kept());
+    ASSERT_EQ(::mkdir(i.Kept().c_str(), 0777), 0);
+    i.s.StatusText.clear();
+    Volume(i.s, 101);
+    i.Pass(21);
+    EXPECT_THAT(i.s.StatusText, HasSubstr("The last state cannot be kept: "));
+}
+
+TEST(LastState, APathThatNoFileHoldsIsAFailureToo) {
+    KeptRig i;
+    i.s.History[0].push_back(std::string(40000, 'x'));
+    i.Pass(20);
+    EXPECT_THAT(i.s.StatusText, HasSubstr("The last state cannot be kept: "));
+    i.s.History[0].clear();
+    i.Load(0, "a.wav");
+    i.Pass(20);
+    EXPECT_TRUE(FileExists(i.Kept()));
+}
+
+TEST(LastState, TheDemoThatPlaysItselfIsNoChange) {
+    KeptRig i;
+    EndKeeping(i.s);
+    i.s.DemoStep = 1;
+    i.Load(0, "a.wav");
+    StartKeeping(i.s);
+    Volume(i.s, 400);
+    i.Pass(25);
+    i.s.DemoStep = 4;
+    i.s.Run[0].FadeState = kFalling;
+    i.Pass(25);
+    Volume(i.s, 0);
+    i.s.Run[0].FadeState = kNoFade;
+    i.Pass(45);
+    EXPECT_FALSE(FileExists(i.Kept()));
+    Volume(i.s, 400);
+    i.Pass(20);
+    EXPECT_EQ(KeptRig::VolumeIn(i.Kept()), 400);
+}
+
+TEST(LastState, WithoutATimerNothingIsKept) {
+    KeptRig i;
+    EndKeeping(i.s);
+    i.Timers.Fail = true;
+    StartKeeping(i.s);
+    EXPECT_EQ(i.s.Kept, nullptr);
+    EXPECT_FALSE(SetHasChanged(i.s));
+}
+
+TEST(LastState, TheStartBeginsToKeepIt) {
+    KeptRig i;
+    EndKeeping(i.s);
+    i.s.FirstActivate = true;
+    Form_Activate(i.s);
+    ASSERT_NE(i.s.Kept, nullptr);
+    Volume(i.s, 77);
+    i.Pass(20);
+    EXPECT_EQ(KeptRig::VolumeIn(i.Kept()), 77);
+}
+
+// --- the mark ---
+
+/// An instrument with the set "one.mvn" in hand.
+struct InHand : KeptRig {
+    InHand() {
+        Load(0, "a.wav");
+        EXPECT_TRUE(Save("one.mvn"));
+    }
+    /// Whether the mark shows a second later.
+    bool Marked() {
+        Pass(1);
+        return SetHasChanged(s);
+    }
+};
+
+TEST(MarkOfAChangedSet, ShowsWhileTheSetDiffersFromItsFile) {
+    InHand i;
+    EXPECT_FALSE(i.Marked());
+    Volume(i.s, 123);
+    i.Screen.Log.clear();
+    EXPECT_TRUE(i.Marked());
+    EXPECT_THAT(i.Screen.Log, Contains("ShowTitle"));
+    i.Screen.Log.clear();
+    EXPECT_TRUE(i.Marked());
+    EXPECT_THAT(i.Screen.Log, Not(Contains("ShowTitle"))) << "it is shown again only when it changes";
+    Volume(i.s, kVolFull);
+    EXPECT_FALSE(i.Marked()) << "as in the file again";
+}
+
+TEST(MarkOfAChangedSet, GoesAtOnceWithASave) {
+    InHand i;
+    Volume(i.s, 123);
+    EXPECT_TRUE(i.Marked());
+    SaveIt_Click(i.s, CurrentChoices(i.s));
+    EXPECT_FALSE(SetHasChanged(i.s));
+    EXPECT_EQ(i.s.Title, "marvolin-one.mvn");
+}
+
+TEST(MarkOfAChangedSet, GoesAtOnceWithAnOpen) {
+    InHand i;
+    Volume(i.s, 123);
+    EXPECT_TRUE(i.Marked());
+    ASSERT_TRUE(i.Open("one.mvn"));
+    EXPECT_FALSE(SetHasChanged(i.s));
+    EXPECT_FALSE(i.Marked());
+}
+
+TEST(MarkOfAChangedSet, StaysWithASnapshotWhichIsAnotherFile) {
+    InHand i;
+    Volume(i.s, 123);
+    SnapShot_MouseUp(i.s);
+    EXPECT_TRUE(i.Marked());
+}
+
+TEST(MarkOfAChangedSet, StaysWhenTheSaveFails) {
+    InHand i;
+    Volume(i.s, 123);
+    std::filesystem::remove(i.Folder / "one.mvn");
+    ASSERT_EQ(::mkdir((i.Folder / "one.mvn").c_str(), 0777), 0);
+    SaveIt_Click(i.s, CurrentChoices(i.s));
+    EXPECT_TRUE(i.Marked());
+}
+
+TEST(MarkOfAChangedSet, DoesNotShowForWhatIsOnlyPlayedAndLookedAt) {
+    InHand i;
+    LoopPlay(i.s, 0, true);
+    i.s.ActiveTab = kMapTab;
+    i.s.Drivers = {"Primary Sound Driver", "One more", "No Sound"};
+    i.s.Driver = 1;
+    EXPECT_FALSE(i.Marked());
+}
+
+TEST(MarkOfAChangedSet, DoesNotShowForWhatASaveLeavesOut) {
+    InHand i;
+    i.s.SaveOpenSwitches[kWhenSaving].Put(Element::HistoryLists, false);
+    SaveIt_Click(i.s, CurrentChoices(i.s));
+    i.s.History[0].clear();
+    EXPECT_FALSE(i.Marked());
+}
+
+TEST(MarkOfAChangedSet, DoesNotShowWithoutASetInHand) {
+    KeptRig i;
+    i.Load(0, "a.wav");
+    Volume(i.s, 9);
+    i.Pass(1);
+    EXPECT_FALSE(SetHasChanged(i.s));
+    EXPECT_EQ(i.s.Title, "marvolin");
+}
+
+TEST(MarkOfAChangedSet, FollowsTheSetThatAStepTakesBack) {
+    InHand i;
+    StartUndo(i.s);
+    Volume(i.s, 50);
+    ASSERT_TRUE(i.Save("two.mvn"));
+    ASSERT_TRUE(i.Open("one.mvn"));
+    EXPECT_FALSE(i.Marked());
+    Undo_Click(i.s);
+    ASSERT_EQ(i.s.CurrentFile, "two.mvn");
+    EXPECT_FALSE(i.Marked()) << "two.mvn is in hand as it was saved";
+    Volume(i.s, 51);
+    EXPECT_TRUE(i.Marked());
+}
+
+TEST(MarkOfAChangedSet, ShowsAfterAnOpenThatFailedHalfway) {
+    InHand i;
+    std::string bytes = ReadBytes(i.Folder / "one.mvn");
+    WriteBytes(i.Folder / "half.mvn", bytes.substr(0, bytes.size() - 4));
+    OpenIt_Chosen(i.s, CurrentChoices(i.s), i.Folder / "half.mvn");
+    EXPECT_TRUE(i.Marked());
+}
+
+TEST(MarkOfAChangedSet, GoesWhenTheLastSessionItselfIsInHandAndIsKept) {
+    KeptRig i;
+    Volume(i.s, 100);
+    i.Pass(21);
+    ASSERT_TRUE(i.Open(std::string(kLastSessionFile)));
+    Volume(i.s, 90);
+    i.Pass(1);
+    EXPECT_TRUE(SetHasChanged(i.s));
+    i.Pass(20);
+    EXPECT_FALSE(SetHasChanged(i.s));
+}
+
+// --- a crash in the middle ---
+
+/// Keeps one state after the other until it is killed.
+[[noreturn]] void KeepForEver(KeptRig& i, int pipe) {
+    if (::write(pipe, "", 1) != 1) ::_exit(1);
+    for (std::int16_t vol = 1;; vol = static_cast<std::int16_t>(vol % 499 + 1)) {
+        Volume(i.s, vol);
+        i.Pass(20);
+    }
+}
+
+TEST(KilledKeeping, LeavesAWholeStateAndTheOneOfTheRunBefore) {
+    constexpr int kKills = 100;
+    std::mt19937 random(7);
+    KeptRig i;
+    Volume(i.s, 500 - 1);
+    i.Pass(21);
+    ASSERT_TRUE(KeptRig::VolumeIn(i.Kept()));
+    EndKeeping(i.s);
+    StartKeeping(i.s);
+    std::set<std::int16_t> found;
+    for (int kill = 0; kill < kKills; ++kill) {
+        SCOPED_TRACE(kill);
+        std::array<int, 2> pipe{};
+        ASSERT_EQ(::pipe(pipe.data()), 0);
+        const pid_t child = ::fork();
+        if (child == 0) KeepForEver(i, pipe[1]);
+        ::close(pipe[1]);
+        char begun = 1;
+        ASSERT_EQ(::read(pipe[0], &begun, 1), 1);
+        // From now on the pipe has nothing to read while the child lives.
+        pollfd wait{pipe[0], POLLIN, 0};
+        const timespec moment{0, std::uniform_int_distribution<long>(0, 20'000'000)(random)};
+        EXPECT_EQ(::ppoll(&wait, 1, &moment, nullptr), 0) << "the child ended by itself";
+        ::kill(child, SIGKILL);
+        ::waitpid(child, nullptr, 0);
+        ::close(pipe[0]);
+        const auto vol = KeptRig::VolumeIn(i.Kept());
+        ASSERT_TRUE(vol);
+        found.insert(*vol);
+        if (FileExists(i.Kept() + "~")) {
+            ASSERT_TRUE(KeptRig::VolumeIn(i.Kept() + "~"));
+        }
+    }
+    EXPECT_GT(found.size(), 1U) << "some were killed after a state was written";
+    Volume(i.s, 250);
+    i.Pass(20);
+    EXPECT_EQ(KeptRig::VolumeIn(i.Kept()), 250);
+}
+
+}  // namespace
+}  // namespace marvolin
