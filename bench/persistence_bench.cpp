@@ -17,6 +17,7 @@
 #include "fakes/instrument.h"
 #include "performance/pad/mix_pad.h"
 #include "performance/pad/pad_tables.h"
+#include "persistence/kept/last_state.h"
 #include "persistence/session_reader.h"
 #include "persistence/session_writer.h"
 
@@ -88,6 +89,40 @@ void WritePlainly(benchmark::State& state) {
     Count(state, b.File);
 }
 BENCHMARK(WritePlainly)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// What the user-interface thread has of a state that is kept: its bytes, their hash, and the start of the thread that
+/// writes them.
+void KeepTheLastState(benchmark::State& state) {
+    Large b;
+    b.Desk.Folder = b.Folder.Path();
+    StartKeeping(b.s);
+    const auto tick = b.Timers.Live.back()->OnTick;
+    for (auto _ : state) {
+        state.PauseTiming();
+        WaitForLastState(b.s);
+        tick(0);
+        b.s.Set[0].Vol = static_cast<std::int16_t>((b.s.Set[0].Vol + 1) % kVolFull);
+        b.Screen.Log.clear();
+        state.ResumeTiming();
+        tick(kKeepPeriod);
+    }
+    if (!b.s.StatusText.empty()) state.SkipWithError("not kept");
+}
+BENCHMARK(KeepTheLastState)->Unit(benchmark::kMillisecond);
+
+/// The look at whether the set in hand differs from its file, once a second.
+void LookAtTheSetInHand(benchmark::State& state) {
+    Large b;
+    b.s.SaveOpenSwitches[kWhenSaving] = All();
+    b.Desk.Folder = b.s.CurrentFolder = b.Folder.Path();
+    b.s.CurrentFile = "large.mvn";
+    StartKeeping(b.s);
+    NoteSetOnDisk(b.s, b.File);
+    const auto tick = b.Timers.Live.back()->OnTick;
+    for (auto _ : state) tick(0);
+    if (SetHasChanged(b.s)) state.SkipWithError("nothing has changed");
+}
+BENCHMARK(LookAtTheSetInHand)->Unit(benchmark::kMillisecond);
 
 void LoadLarge(benchmark::State& state) {
     Large b;
