@@ -9,21 +9,21 @@
 namespace marvolin {
 namespace {
 
-std::vector<std::int16_t> Frames(int count, std::int16_t left, std::int16_t right) {
+std::vector<std::int16_t> Level(int count, std::int16_t left, std::int16_t right) {
     std::vector<std::int16_t> frames;
     for (int i = 0; i < count; ++i) frames.insert(frames.end(), {left, right});
     return frames;
 }
 
-void Pass(Seam& seam, std::vector<std::int16_t>& frames) {
+void Sew(Seam& seam, std::vector<std::int16_t>& frames) {
     seam.Pass_rt(frames.data(), static_cast<int>(frames.size() / 2));
 }
 
 TEST(Seam, WithoutAResetEverythingPassesAsItIs) {
     Seam seam;
-    std::vector<std::int16_t> frames = Frames(700, 32767, -32768);
-    Pass(seam, frames);
-    EXPECT_EQ(frames, Frames(700, 32767, -32768));
+    std::vector<std::int16_t> frames = Level(700, 32767, -32768);
+    Sew(seam, frames);
+    EXPECT_EQ(frames, Level(700, 32767, -32768));
 }
 
 TEST(Seam, GoesFromWhatWasHeardToWhatIsRenderedWithoutAStep) {
@@ -31,14 +31,14 @@ TEST(Seam, GoesFromWhatWasHeardToWhatIsRenderedWithoutAStep) {
         SCOPED_TRACE(piece);
         Seam seam;
         for (int at = 0; at < 1000; at += piece) {
-            std::vector<std::int16_t> before = Frames(piece, 30000, -32768);
-            Pass(seam, before);
+            std::vector<std::int16_t> before = Level(piece, 30000, -32768);
+            Sew(seam, before);
         }
         seam.Open();
         std::vector<std::int16_t> heard;
         for (int at = 0; at < 1000; at += piece) {
-            std::vector<std::int16_t> after = Frames(piece, -30000, 32767);
-            Pass(seam, after);
+            std::vector<std::int16_t> after = Level(piece, -30000, 32767);
+            Sew(seam, after);
             heard.insert(heard.end(), after.begin(), after.end());
         }
         EXPECT_EQ(heard[0], 30000);
@@ -59,10 +59,10 @@ TEST(Seam, WhatWasHeardGoesOnBackwards) {
         const auto level = static_cast<std::int16_t>(i);
         before.insert(before.end(), {level, level});
     }
-    Pass(seam, before);
+    Sew(seam, before);
     seam.Open();
-    std::vector<std::int16_t> after = Frames(Seam::kHidden, 9999, 9999);
-    Pass(seam, after);
+    std::vector<std::int16_t> after = Level(Seam::kHidden, 9999, 9999);
+    Sew(seam, after);
     for (int i = 0; i < Seam::kHidden; ++i) EXPECT_EQ(after[static_cast<std::size_t>(2 * i)], 499 - i);
 }
 
