@@ -6,6 +6,7 @@
 
 #include "audio/loop_clearing.h"
 #include "performance/selection/selection.h"
+#include "performance/tabs.h"
 #include "persistence/undo/undo_commands.h"
 #include "stage.h"
 #include "window/descriptions/description.h"
@@ -95,8 +96,7 @@ TEST_F(UndoWindow, BackspaceActsInTheBrowserAndInNoOtherWindow) {
 }
 
 TEST_F(UndoWindow, ADrawingOnAGraphIsOneStep) {
-    s.ActiveTab = kPatternTab;
-    Screen.ShowTab();
+    SetTab(s, kPatternTab);
     Settle();
     const PatternBlock before = s.Set[0].Pattern[kVolPattern];
     Drag("PatternGraph_0", {60, 20});
