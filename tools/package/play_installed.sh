@@ -65,7 +65,8 @@ case $part in
     stage_start "$COMMAND"
     expect "the demo is heard" sounds_since "$begin"
     expect "the player's folder is filled" all_laid
-    stage_clear
+    # The demo closes the splash.
+    expect "the splash closes" stage_no_splash
     stage_picture "$player/demo.png" "$WINDOW"
     expect "the question comes" stage_named "Startup Demo"
     xdotool windowactivate --sync "$NAMED" key Tab key Return
@@ -90,6 +91,7 @@ case $part in
     xdotool windowactivate --sync "$WINDOW"
     click Scripts
     expect "the window of scripts opens" scripts_open
+    xdotool windowactivate --sync "$WINDOW" windowmove --sync "$WINDOW" 300 100
     leave
     expect "the places of the windows are kept there" grep -q frmMain "$OWN/marvolin.windows"
     echo "-- mine" >>"$OWN/Scripts/turns.mvs"
@@ -97,6 +99,7 @@ case $part in
   again)
     begin=$(now)
     stage_start "$COMMAND"
+    stage_clear
     expect "nothing is heard: no demo" silent_since "$begin"
     expect "set, snapshot and own script are there" test -s "$OWN/evening.mvn" -a -s "$OWN/Scripts/turns.mvs"
     expect "the snapshot, too" snapshot_there
@@ -132,8 +135,6 @@ case $part in
     expect "after a killed start the demo is heard" sounds_since "$begin"
     expect "and the folder is filled" all_laid
     expect "with nothing left of the killed ones" test -z "$(find "$OWN" -name '.marvolin-*')"
-    stage_clear
-    leave
     ;;
 esac
 stage_close
