@@ -26,7 +26,7 @@ root=$work/root
 mounted=()
 clean() {
   local place
-  for place in "${mounted[@]}"; do umount -l "$place"; done
+  for place in "${mounted[@]}"; do umount -l "$place" || true; done
   rm -rf --one-file-system "$work"
 }
 trap clean EXIT
