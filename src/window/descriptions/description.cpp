@@ -14,11 +14,13 @@
 #include "window/descriptions/scripts.h"
 #include "window/descriptions/sound_map.h"
 #include "window/descriptions/start_forms.h"
+#include "window/descriptions/undo.h"
 
 namespace marvolin {
 
-std::array<DescriptionTable, 13> DescriptionTables() {
+std::array<DescriptionTable, 14> DescriptionTables() {
     return {{{"frmMain", MainWindowDescriptions()},
+             {"frmMain", UndoDescriptions()},
              {"frmMain", LoopRowDescriptions()},
              {"frmMain", MixPadDescriptions()},
              {"frmMain", SoundMapDescriptions()},

@@ -79,7 +79,7 @@ struct DescriptionTable {
 };
 
 /// All rows, by form.
-std::array<DescriptionTable, 13> DescriptionTables();
+std::array<DescriptionTable, 14> DescriptionTables();
 
 /// The row of a control. Throws `std::out_of_range` for one that is not in the table.
 const Description& DescriptionOf(std::string_view name, int index = -1);
