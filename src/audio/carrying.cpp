@@ -2,6 +2,7 @@
 
 #include <array>
 #include <filesystem>
+#include <memory>
 #include <system_error>
 #include <utility>
 
@@ -41,6 +42,7 @@ clsSwitchRecord CarriedByFile() {
 /// What a file does not bring back of one LoopTrack.
 struct CarriedRow {
     HeldSample Sample;
+    std::shared_ptr<const MissingSample> Missing;
     bool Waited = false;  ///< the sample has not been loaded since the row got it
     // A file brings these back only with a sample.
     std::int16_t PlayMode = kLoop;
@@ -95,6 +97,7 @@ CarriedRow Take(Session& s, Row row) {
     const LoopTrackSet& set = s.Set[row];
     const LoopTrackRun& run = s.Run[row];
     return {.Sample = HeldBy(s, row),
+            .Missing = run.Missing,
             .Waited = run.Loaded == False,
             .PlayMode = set.PlayMode,
             .Thinnable = set.Thinnable,
@@ -211,6 +214,17 @@ void Restore(Session& s, const Carried& carried) {
     PatternsRefresh(s);
 }
 
+// A row whose sample the new device has taken misses nothing any more.
+void RestoreMissing(Session& s, const Carried& carried) {
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        const CarriedRow& was = carried.Rows[row];
+        if (!was.Missing && !s.Run[row].Missing) continue;
+        const bool taken = was.Waited && s.Run[row].Loaded != False;
+        s.Run[row].Missing = taken ? nullptr : was.Missing;
+        s.World.Screen.ShowCaption(row);
+    }
+}
+
 void Remove(const std::string& file) {
     std::error_code ignored;
     std::filesystem::remove(file, ignored);
@@ -261,11 +275,16 @@ void Load(Session& s, const std::string& file) {
 bool CarryAcross(Session& s, const std::function<void()>& change) {
     const Carried carried = Take(s);
     const std::string file = TempFileName(s);
-    if (!Save(s, file)) return false;
-    change();
-    Load(s, file);
-    Restore(s, carried);
-    return true;
+    // The file holds what is in the rows, not what is missing.
+    for (Row row = 0; row < kLoopTracks; ++row) s.Run[row].Missing.reset();
+    const bool saved = Save(s, file);
+    if (saved) {
+        change();
+        Load(s, file);
+        Restore(s, carried);
+    }
+    RestoreMissing(s, carried);
+    return saved;
 }
 
 }  // namespace marvolin

@@ -40,6 +40,7 @@ void LoopClear(Session& s, Row row) {
     run.Loaded = False;
     run.Playing = False;
     run.InHand = {};
+    run.Missing.reset();
     set.FileName = "";
     set.Length = 0;
     LoopSetPlayMode(s, row, kLoop, false);

@@ -118,6 +118,7 @@ void SetUpLoaded(Session& s, Row row, const std::string& path, Row source) {
         TakeSourceSettings(s, row, source);
     }
     s.Run[row].Loaded = True;
+    s.Run[row].Missing.reset();
     DropInHand(s, row);
     ReadSampleFacts(s, row);
     if (s.ResetVars) {
@@ -137,6 +138,13 @@ void LeaveEmpty(Session& s, Row row) {
     PatternsRefresh(s);
 }
 
+// What is loaded takes the place of what was missing, also when the row holds it already.
+void KeepLoaded(Session& s, Row row) {
+    if (!s.Run[row].Missing) return;
+    s.Run[row].Missing.reset();
+    s.World.Screen.ShowCaption(row);
+}
+
 void LoadRow(Session& s, Row row, const std::string& path) {
     if (row == kSelectionRow || row == kMasterRow) return;  // they never hold a sample
     if (!s.DSReady) return;
@@ -149,7 +157,7 @@ void LoadRow(Session& s, Row row, const std::string& path) {
         return;
     }
     if (s.Run[row].Loaded != False) {
-        if (s.Set[row].FileName == path) return;
+        if (s.Set[row].FileName == path) return KeepLoaded(s, row);
         LoopUnload(s, row);
     }
     const Row source = SourceOf(s, path);

@@ -26,20 +26,6 @@ std::string PackageFile(const std::string& folder, const std::string& name) {
     return JoinPath(folder, SampleFileName(folder, SampleName(path)));
 }
 
-/// Where the sample of a stored LoopTrack lies; "" when its path names no file.
-std::string SavedSample(const SavedLoop& saved, const SavedFrom& from) {
-    std::string folder;
-    std::string name;
-    SplitPath(saved.Set.FileName, folder, name);
-    if (name.empty()) return "";
-    if (!from.ForPackage) return saved.Set.FileName;
-    // A package holds its samples by name. A name of this system may hold "\", which separates folders on others.
-    std::string nameHere;
-    SplitFilePath(saved.Set.FileName, folder, nameHere);
-    const std::string path = PackageFile(from.OpenPath, nameHere);
-    return FileExists(path) ? path : PackageFile(from.OpenPath, name);
-}
-
 // A sample that no device has taken enters the row with the next one. It replaces one that still waited.
 void WaitForDevice(Session& s, Row row, const std::string& path) {
     if (s.Run[row].Loaded != False) return;
@@ -89,6 +75,20 @@ void RestoreTiming(Session& s, const SavedLoop& saved) {
 }
 
 }  // namespace
+
+std::string SavedSample(const SavedLoop& saved, const SavedFrom& from) {
+    if (!from.Found.empty()) return from.Found;
+    std::string folder;
+    std::string name;
+    SplitPath(saved.Set.FileName, folder, name);
+    if (name.empty()) return "";
+    if (!from.ForPackage) return saved.Set.FileName;
+    // A package holds its samples by name. A name of this system may hold "\", which separates folders on others.
+    std::string nameHere;
+    SplitFilePath(saved.Set.FileName, folder, nameHere);
+    const std::string path = PackageFile(from.OpenPath, nameHere);
+    return FileExists(path) ? path : PackageFile(from.OpenPath, name);
+}
 
 bool LoadSavedLoop(Session& s, const SavedLoop& saved, const clsSwitchRecord& loadSwitch, const SavedFrom& from) {
     if (saved.Index >= kLoopTracks) return false;

@@ -14,6 +14,7 @@ struct SavedFrom {
     bool ForPackage = false;        ///< the sample is in `OpenPath`; otherwise at its stored path
     std::string OpenPath;           ///< folder of the package, with its separator
     SampleOrigin Origin = SampleOrigin::Session;
+    std::string Found = "";  ///< whole path of a sample that was found elsewhere; "" for the place where it should be
 };
 
 /// Restores a stored LoopTrack in its slot, as far as `loadSwitch` selects, through the setters that the player's
@@ -24,6 +25,9 @@ struct SavedFrom {
 /// position that is no number are ignored. True when a sample was to be loaded, whether or not that succeeded. A slot
 /// of 4 or more is ignored.
 bool LoadSavedLoop(Session& s, const SavedLoop& saved, const clsSwitchRecord& loadSwitch, const SavedFrom& from);
+
+/// Where the sample of a stored LoopTrack lies; "" when its path names no file.
+std::string SavedSample(const SavedLoop& saved, const SavedFrom& from);
 
 /// True when the slot of `saved` (0..3) holds the sample with which it was stored. After a load that did not find it,
 /// the slot still holds the previous one. A sample that waits in `InHand`, since no device is open or the open one has

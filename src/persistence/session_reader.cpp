@@ -20,6 +20,7 @@
 #include "persistence/bin_record.h"
 #include "persistence/clips.h"
 #include "persistence/load_saved_loop.h"
+#include "persistence/missing/missing_sample.h"
 #include "persistence/session_format.h"
 #include "persistence/settings_section.h"
 #include "persistence/switch_record_file.h"
@@ -41,15 +42,6 @@ struct Loading {
 
     bool Asked(Element element) const { return Switches.Get(element); }
 };
-
-/// The name of a sample. A path that starts with "/" is one of this system, where names may hold "\\" and ":".
-std::string NameOfSample(const std::string& path) {
-    if (!path.starts_with('/')) return LastPathPart(path);
-    std::string folder;
-    std::string name;
-    SplitFilePath(path, folder, name);
-    return name;
-}
 
 /// The file is no session file of this format.
 struct FormatError {};
@@ -102,6 +94,18 @@ void ReadPickLists(Session& s, RecordReader& file, Loading& load) {
     }
 }
 
+bool WantsSample(const SavedLoop& saved, const clsSwitchRecord& elements) {
+    return elements.Get(Element::LoopTrack) && !saved.Set.FileName.empty();
+}
+
+/// Whether the file of a sample is there: where it should be, or nearby, where `from` leads then.
+bool FindSample(const Session& s, const SavedLoop& saved, SavedFrom& from) {
+    const std::string path = SavedSample(saved, from);
+    if (path.empty() || TargetExists(path) || HoldsSavedSample(s, saved, from)) return true;
+    from.Found = FindNearby(s, path, from.OpenPath);
+    return !from.Found.empty();
+}
+
 void ReadLoops(Session& s, RecordReader& file, Loading& load) {
     Table<bool, kLoopTracks> playingInFile;
     Table<bool, kLoopTracks> loadedFromFile;
@@ -109,20 +113,25 @@ void ReadLoops(Session& s, RecordReader& file, Loading& load) {
     const std::int16_t use3D = file.GetInteger();
     clsSwitchRecord effective;
     clsSwitchRecord::AndSwitch(load.Switches, load.FileSwitches, effective);
-    const SavedFrom from{.NewUse3d = use3D, .ForPackage = load.ForPackage, .OpenPath = load.Folder};
+    std::vector<MissingSample> missing;
     for (std::int32_t i = 0; i < blocks; ++i) {
         const SavedLoop saved = ReadSavedLoop(file);
         if (saved.Index >= kLoopTracks) continue;
         playingInFile[saved.Index] = saved.WasPlaying != False;
+        SavedFrom from{.NewUse3d = use3D, .ForPackage = load.ForPackage, .OpenPath = load.Folder};
+        const bool isThere = !WantsSample(saved, effective) || FindSample(s, saved, from);
         // A sample that could not be loaded does not count; the previous one is not started in its place.
         const bool asked = LoadSavedLoop(s, saved, effective, from);
         loadedFromFile[saved.Index] = asked && HoldsSavedSample(s, saved, from);
         const bool inRow = loadedFromFile[saved.Index] && s.Run[saved.Index].Loaded != False;
         if (asked && !inRow) load.NotLoaded.push_back(NameOfSample(saved.Set.FileName));
+        if (asked) s.Run[saved.Index].Missing.reset();
+        if (!isThere && !loadedFromFile[saved.Index]) missing.push_back({saved, effective, use3D});
     }
     for (Row row = 0; row < kLoopTracks; ++row) {
         if (s.EmptyBlankSetting == 1 && !loadedFromFile[row]) LoopClear(s, row);
     }
+    for (const MissingSample& sample : missing) KeepPlace(s, sample);
     if (!effective.Get(Element::PlayState)) return;
     for (Row row = 0; row < kLoopTracks; ++row) {
         if (!playingInFile[row] || !loadedFromFile[row]) continue;

@@ -11,6 +11,7 @@
 #include "persistence/bin_record.h"
 #include "persistence/clips.h"
 #include "persistence/loop_record.h"
+#include "persistence/missing/missing_sample.h"
 #include "persistence/session_format.h"
 #include "persistence/set_files.h"
 #include "persistence/settings_section.h"
@@ -40,8 +41,10 @@ void WritePickLists(const Session& s, RecordWriter& file) {
     for (int record = 0; record < kBinRecords; ++record) WriteBinRecord(file, s.Bins[std::min(record, kBins - 1)]);
 }
 
-/// The record of a row as a file keeps it: a sample that waits for a device belongs to the set.
+/// The record of a row as a file keeps it: a sample that waits for a device belongs to the set, and a row whose sample
+/// is missing stays as it was read.
 LoopTrackSet SavedSet(const Session& s, Row row) {
+    if (s.Run[row].Missing) return s.Run[row].Missing->Loop.Set;
     LoopTrackSet set = s.Set[row];
     const HeldSample& inHand = s.Run[row].InHand;
     if (inHand.FileName.empty()) return set;
@@ -52,9 +55,13 @@ LoopTrackSet SavedSet(const Session& s, Row row) {
 
 /// Whether the file of the row's sample belongs into a package. One that is not loaded may be away; its name is kept.
 bool HoldsSample(const LoopTrackRun& run) {
+    if (run.Missing) return false;
     return run.Loaded != False || (!run.InHand.FileName.empty() && FileExists(run.InHand.FileName));
 }
-bool Plays(const LoopTrackRun& run) { return run.Playing != False || run.InHand.Playing; }
+bool Plays(const LoopTrackRun& run) {
+    if (run.Missing) return run.Missing->Loop.WasPlaying != False;
+    return run.Playing != False || run.InHand.Playing;
+}
 
 void WriteLoops(const Session& s, RecordWriter& file, const std::vector<Row>& rows, bool playState) {
     file.PutTagged(kLoopsTag);

@@ -181,12 +181,17 @@ list_beside() {
   done
   return 1
 }
-# quick_load BUTTON: opens the list with that button and clicks its second row, the only session.
+# quick_load BUTTON [NAME]: opens the list with that button and clicks the row of this set; by default that of the only set
+# beside the last session, which the program keeps by itself.
 quick_load() {
-  local windows height
+  local windows height names row
+  mapfile -t names < <(cd "$HOME_FOLDER" && printf '%s\n' *.mvn | sed 's/\.mvn$//' | sort -f)
+  for row in "${!names[@]}"; do
+    [[ ${2:-} == "${names[row]}" || (-z ${2:-} && ${names[row]} != "Last session") ]] && break
+  done
   windows=" $(stage_windows | paste -sd ' ') "
   click QuickLoadPop "$1"
   expect "the list opens" list_beside "$windows"
   height=$(xwininfo -id "$LIST" | sed -n 's/^ *Height: //p')
-  xdotool mousemove --window "$LIST" 30 $((height * 3 / 4)) click 1
+  xdotool mousemove --window "$LIST" 30 $((height * (2 * row + 3) / (2 * (${#names[@]} + 1)))) click 1
 }

@@ -11,6 +11,7 @@
 #include "parameters/setters.h"
 #include "parameters/wires.h"
 #include "performance/selection/selection.h"
+#include "persistence/missing/missing_sample.h"
 #include "window/descriptions/parts.h"
 
 namespace marvolin {
@@ -30,10 +31,17 @@ std::string DropDownHint(const Situation& at) {
 
 std::string SampleTip(const Situation& at) {
     const std::string& path = at.State.Set[static_cast<Row>(at.Index)].FileName;
+    const std::shared_ptr<const MissingSample>& missing = at.State.Run[static_cast<Row>(at.Index)].Missing;
+    if (missing) return "missing: " + missing->Loop.Set.FileName + (path.empty() ? "" : "\n" + path);
     return path.empty() ? std::string(kLabelAsTip) : path;
 }
 
-std::string SampleValue(const Situation& at) { return LoopFileName(at.State, static_cast<Row>(at.Index)); }
+std::string SampleValue(const Situation& at) {
+    const std::string held = LoopFileName(at.State, static_cast<Row>(at.Index));
+    const std::string missing = MissingName(at.State, static_cast<Row>(at.Index));
+    if (missing.empty()) return held;
+    return missing + " is missing" + (held.empty() ? "" : "; " + held);
+}
 
 const LoopTrackSet& SetOf(const Situation& at) { return at.State.Set[static_cast<Row>(at.Index)]; }
 
@@ -192,6 +200,14 @@ constexpr Description kLoopRowTable[] = {
      .Role = QAccessible::ButtonDropDown,
      .Taken = Keys::Press | Keys::Carry,
      .Value = SampleValue},
+    {.Name = "FindSample",
+     .Range = kLoopTrackRows,
+     .Label = "Find the missing sample of {row}",
+     .Tip = kLabelAsTip,
+     .Hint = "clk Look for all missing samples in a folder and below",
+     .Topic = 10025,
+     .Role = QAccessible::Button,
+     .Taken = Keys::Press},
     {.Name = drags::kDropDown,
      .Range = kSelection,
      .Label = "Samples of {row}",

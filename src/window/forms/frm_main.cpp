@@ -24,7 +24,9 @@
 #include "window/popups/popup_list.h"
 #include "window/popups/select_list.h"
 #include "window/rows/drop_down.h"
+#include "window/rows/find_button.h"
 #include "window/rows/loop_row.h"
+#include "window/rows/missing_finder.h"
 #include "window/rows/sound_display.h"
 #include "window/screens/fitting.h"
 #include "window/screens/topmost.h"
@@ -69,6 +71,7 @@ FrmMain::FrmMain(Session& session, Events events) : s(session), events_(std::mov
     for (Row row = 0; row <= kSelectionRow; ++row) {
         auto* made = new LoopRow(s, this, row);
         made->setGeometry(kMainEdge, kRowsTop + row * kRowPitch, kMainWidth - 2 * kMainEdge, LoopRow::kHeight);
+        if (made->Find != nullptr) made->Find->OnClick = [this] { finder_->Ask(this); };
         Rows[static_cast<std::size_t>(row)] = made;
     }
     Selectors = new SelectorStrip(s, this);
@@ -96,6 +99,7 @@ FrmMain::FrmMain(Session& session, Events events) : s(session), events_(std::mov
     qApp->installEventFilter(this);
     help_ = std::make_unique<HelpAsker>(s);
     keys_ = std::make_unique<ProgramKeys>(s);
+    finder_ = std::make_unique<MissingFinder>(s);
     undoKeys_ = std::make_unique<UndoKeys>(s);
     announcer_ = std::make_unique<Announcer>();
 }

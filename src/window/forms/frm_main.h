@@ -23,6 +23,7 @@ class SelectorStrip;
 class TabControl;
 class Toolbar;
 class UndoKeys;
+class MissingFinder;
 
 /// The main window: toolbar, five rows, the strip of selectors, the tabs, two status bars.
 class FrmMain : public QWidget, public HintWindow {
@@ -111,6 +112,7 @@ private:
     bool raised_ = false;  // both are set
     std::unique_ptr<HelpAsker> help_;
     std::unique_ptr<ProgramKeys> keys_;
+    std::unique_ptr<MissingFinder> finder_;
     std::unique_ptr<UndoKeys> undoKeys_;
     std::unique_ptr<Announcer> announcer_;
     std::array<Qt::KeyboardModifiers, 26> pressed_{};  // what was held when each letter was pressed

@@ -3,7 +3,9 @@
 #include <QPainter>
 
 #include "audio/sample_loading.h"
+#include "core/files/paths.h"
 #include "core/loops/grouping.h"
+#include "persistence/missing/missing_sample.h"
 #include "window/descriptions/parts.h"
 
 namespace marvolin {
@@ -37,6 +39,24 @@ QString DropDownControl::Text() const {
     return controlled == 0 ? QString("none selected") : QString("%1 selected").arg(controlled);
 }
 
+// The name stands struck through above what the row holds; the button beside it is `FindSample`.
+void DropDownControl::PaintMissing(QPainter& p, const std::string& missing) const {
+    const QRectF text(9, kDropDownGrip, width() - 9 - kFindRoom, height() - kDropDownGrip - 2);
+    QFont font = theme::Sans(12);
+    const auto line = [&](Qt::Alignment where, const QString& shown) {
+        p.setFont(font);
+        p.drawText(text, where | Qt::AlignLeft,
+                   QFontMetrics(font).elidedText(shown, Qt::ElideMiddle, static_cast<int>(text.width())));
+    };
+    font.setStrikeOut(true);
+    p.setPen(theme::kText);
+    line(Qt::AlignTop, QString::fromStdString(SampleName(missing)));
+    font.setStrikeOut(false);
+    p.setPen(theme::kQuiet);
+    const QString held = Text();
+    line(Qt::AlignBottom, held.isEmpty() ? QString("missing") : "missing; " + held);
+}
+
 void DropDownControl::paintEvent(QPaintEvent*) {
     QPainter p(this);
     theme::DrawFace(p, rect(), Face());
@@ -45,6 +65,7 @@ void DropDownControl::paintEvent(QPaintEvent*) {
     for (double x = 8; x <= width() - 8; x += 4) p.drawEllipse(QPointF(x, 5), 0.8, 0.8);
 
     const QRectF text(9, kDropDownGrip, width() - 32, height() - kDropDownGrip - 2);
+    if (const std::string missing = MissingName(s, index); !missing.empty()) return PaintMissing(p, missing);
     const QString name = Text();
     p.setFont(theme::Sans(13));
     p.setPen(name.isEmpty() || index == kSelectionRow ? theme::kQuiet : theme::kText);

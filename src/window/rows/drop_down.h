@@ -5,8 +5,11 @@
 
 namespace marvolin {
 
+/// Room at the right end of a name whose sample is missing, for `FindSample`; pixels.
+inline constexpr int kFindRoom = 46;
+
 /// `DropDown`: the name of a row's sample. A drag of its top 8 pixels, the grip, copies the sample; a click below them
-/// opens the palette.
+/// opens the palette. A missing sample is struck through.
 class DropDownControl : public Control, public HasParts {
 public:
     DropDownControl(Session& session, QWidget* parent, Row row);
@@ -22,6 +25,7 @@ protected:
 
 private:
     QString Text() const;
+    void PaintMissing(QPainter& p, const std::string& missing) const;
 };
 
 }  // namespace marvolin

@@ -9,10 +9,12 @@
 #include "instrument/dropped_files.h"
 #include "instrument/loop_drops.h"
 #include "performance/selection/selection.h"
+#include "persistence/missing/missing_sample.h"
 #include "window/controls/knob.h"
 #include "window/controls/text_button.h"
 #include "window/rows/channel_flag.h"
 #include "window/rows/drop_down.h"
+#include "window/rows/find_button.h"
 #include "window/rows/letter_badge.h"
 #include "window/rows/loop_it.h"
 #include "window/rows/play_button.h"
@@ -49,7 +51,17 @@ LoopRow::LoopRow(Session& session, QWidget* parent, Row row) : QWidget(parent), 
     Hz->setGeometry(892, 0, 48, 50);
     Flag = new ChannelFlagControl(s, this, row);
     Flag->setGeometry(950, 9, 64, 32);
+    if (row != kSelectionRow) {
+        Find = new FindButton(s, this, row);
+        Find->setGeometry(303, 17, 40, 24);
+    }
     RefreshEnabled();
+    RefreshName();
+}
+
+void LoopRow::RefreshName() {
+    Name->Refresh();
+    if (Find != nullptr) Find->setVisible(!MissingName(s, row_).empty());
 }
 
 void LoopRow::MakeLeftSide() {

@@ -8,6 +8,7 @@ namespace marvolin {
 
 class Control;
 class DropDownControl;
+class FindButton;
 class KnobControl;
 class SoundDisplay;
 
@@ -21,6 +22,8 @@ public:
     KnobControl& KnobOf(Knob knob) const;
     /// Enables the pan knob, or not, as the session says.
     void RefreshEnabled();
+    /// Shows the name of the sample again, and `FindSample` when it is missing.
+    void RefreshName();
 
     // Owned by the toolkit. Null where the row has no such control.
     Control* Selected = nullptr;
@@ -29,6 +32,7 @@ public:
     Control* Play = nullptr;
     Control* LoopIt = nullptr;
     DropDownControl* Name = nullptr;
+    FindButton* Find = nullptr;
     SoundDisplay* Sound = nullptr;
     KnobControl* Vol = nullptr;
     KnobControl* Pan = nullptr;

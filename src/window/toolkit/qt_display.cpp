@@ -59,7 +59,7 @@ void QtDisplay::ShowCaption(Row row) {
     if (LoopRow* shown = RowOf(form_, row)) {
         Again(shown->Letter);
         Again(shown->Play);
-        shown->Name->Refresh();
+        shown->RefreshName();
     }
 }
 

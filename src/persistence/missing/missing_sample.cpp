@@ -1,0 +1,98 @@
+#include "persistence/missing/missing_sample.h"
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+#include "core/files/paths.h"
+#include "core/loops/loop_views.h"
+#include "core/routines.h"
+#include "core/undo_step.h"
+#include "persistence/load_saved_loop.h"
+
+namespace marvolin {
+
+namespace {
+
+/// Loads the sample of a row from `path`. True when it should play then.
+bool LoadInto(Session& s, Row row, const std::string& path) {
+    // By value: the load ends it.
+    const MissingSample missing = *s.Run[row].Missing;
+    const SavedFrom from{.NewUse3d = missing.Use3D, .ForPackage = false, .OpenPath = "", .Found = path};
+    LoadSavedLoop(s, missing.Loop, missing.Elements, from);
+    if (!HoldsSavedSample(s, missing.Loop, from)) return false;
+    s.Run[row].Missing.reset();  // one that waits for a device is not missing either
+    s.World.Screen.ShowCaption(row);
+    return missing.Elements.Get(Element::PlayState) && missing.Loop.WasPlaying != False;
+}
+
+std::string Listed(const std::vector<std::string>& names) {
+    std::string text;
+    for (const std::string& name : names) text += (text.empty() ? "" : ", ") + name;
+    return text;
+}
+
+void TellResult(Session& s, const std::vector<std::string>& wanted) {
+    const std::vector<std::string> left = MissingNames(s);
+    std::vector<std::string> found;
+    std::copy_if(wanted.begin(), wanted.end(), std::back_inserter(found),
+                 [&](const std::string& name) { return std::find(left.begin(), left.end(), name) == left.end(); });
+    std::string text = found.empty() ? "Not found: " + Listed(left) : "Found: " + Listed(found);
+    if (!found.empty() && !left.empty()) text += "; still missing: " + Listed(left);
+    ShowStatus(s, text);
+}
+
+}  // namespace
+
+std::string NameOfSample(const std::string& path) {
+    if (!path.starts_with('/')) return LastPathPart(path);
+    std::string folder;
+    std::string name;
+    SplitFilePath(path, folder, name);
+    return name;
+}
+
+std::string FindNearby(const Session& s, const std::string& path, const std::string& setFolder) {
+    const std::string name = NameOfSample(path);
+    std::vector<std::string> folders{setFolder};
+    for (const SampleBin& bin : s.Bins) folders.push_back(bin.Folder);
+    for (const std::string& folder : folders) {
+        if (!folder.empty() && TargetExists(JoinPath(folder, name))) return JoinPath(folder, name);
+    }
+    return "";
+}
+
+void KeepPlace(Session& s, MissingSample missing) {
+    const Row row = missing.Loop.Index;
+    s.Run[row].Missing = std::make_shared<const MissingSample>(std::move(missing));
+    s.World.Screen.ShowCaption(row);
+}
+
+std::string MissingName(const Session& s, Row row) {
+    if (row < 0 || row >= kLoopTracks || !s.Run[row].Missing) return "";
+    return NameOfSample(s.Run[row].Missing->Loop.Set.FileName);
+}
+
+std::vector<std::string> MissingNames(const Session& s) {
+    std::vector<std::string> names;
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        const std::string name = MissingName(s, row);
+        if (!name.empty() && std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
+    }
+    return names;
+}
+
+void LoadFound(Session& s, const FoundSamples& found) {
+    const std::vector<std::string> wanted = MissingNames(s);
+    const UndoStep step(s, "Missing samples found");
+    std::vector<Row> playing;
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        const auto path = found.find(MissingName(s, row));
+        if (path != found.end() && s.Run[row].Missing && LoadInto(s, row, path->second)) playing.push_back(row);
+    }
+    for (const Row row : playing) PlaySavedLoop(s, row);
+    PatternsRefresh(s);
+    TellResult(s, wanted);
+}
+
+}  // namespace marvolin

@@ -1,0 +1,42 @@
+#pragma once
+/// \file
+/// Samples that were not found when their set was opened. Their rows keep their place: they are saved again as they
+/// were read, until something is loaded into them or they are cleared.
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "core/session.h"
+#include "persistence/loop_record.h"
+
+namespace marvolin {
+
+/// A row as it was read from a set.
+struct MissingSample {
+    SavedLoop Loop;              ///< `Index` is the row
+    clsSwitchRecord Elements;    ///< what of it is asked for
+    std::int16_t Use3D = False;  ///< 3D state under which it was stored
+};
+
+/// The name of a sample, without its folders. A path that starts with "/" is one of this system, where names may hold
+/// "\\" and ":".
+std::string NameOfSample(const std::string& path);
+/// Where a sample lies that is not at its stored place: beside its set, or in the folder of a bin. "" when it is in
+/// none of them. `setFolder` is the folder of the set, with its separator.
+std::string FindNearby(const Session& s, const std::string& path, const std::string& setFolder);
+/// From now on the row keeps the place of a sample that was not found.
+void KeepPlace(Session& s, MissingSample missing);
+
+/// Name of the sample that is missing in a row, without its folders; "" when none is.
+std::string MissingName(const Session& s, Row row);
+/// Those of all rows, each once.
+std::vector<std::string> MissingNames(const Session& s);
+
+/// Paths of samples by their missing names.
+using FoundSamples = std::unordered_map<std::string, std::string>;
+/// Loads what was found into the rows that wait for it, with their settings, and starts what was playing, as the set
+/// would have done. One step that can be taken back. The status line names what was found and what is still missing.
+void LoadFound(Session& s, const FoundSamples& found);
+
+}  // namespace marvolin

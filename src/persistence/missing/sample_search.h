@@ -1,0 +1,36 @@
+#pragma once
+/// \file
+/// Looks for files by their names in a folder and all below it, a few entries at a time, so that nothing waits for it.
+
+#include <deque>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "persistence/missing/missing_sample.h"
+
+namespace marvolin {
+
+/// One search. Folders nearer to the first one come first. Links to folders are not followed, and a folder that cannot
+/// be read is passed over. A name that differs only in the case of its letters counts when there is none spelled alike.
+class SampleSearch {
+public:
+    SampleSearch(const std::string& folder, std::vector<std::string> names);
+
+    /// Looks at the next `entries` entries. True when all is seen or found.
+    bool Step(int entries);
+    /// What was found so far.
+    FoundSamples Found() const;
+
+private:
+    bool OpenNext();
+    void LookAt(const std::filesystem::directory_entry& entry);
+
+    std::vector<std::string> names_;
+    std::deque<std::string> folders_;  ///< still to be read
+    std::filesystem::directory_iterator at_;
+    FoundSamples found_;
+    FoundSamples alike_;  ///< but for the case of their letters
+};
+
+}  // namespace marvolin

@@ -1,0 +1,254 @@
+// A sample that is missing when a set is opened keeps its place.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "audio/carrying.h"
+#include "audio/loop_clearing.h"
+#include "audio/sample_loading.h"
+#include "audio/transport.h"
+#include "core/files/paths.h"
+#include "fakes/file_bytes.h"
+#include "kept/kept_rig.h"
+#include "parameters/setters.h"
+#include "persistence/missing/missing_sample.h"
+#include "persistence/save_open.h"
+#include "persistence/session_writer.h"
+#include "persistence/undo/undo_commands.h"
+
+namespace marvolin {
+namespace {
+
+using namespace test;
+namespace fs = std::filesystem;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+/// A set "set.mvn" whose samples of A and C have gone to the folder "moved"; B is there. D is empty.
+struct TwoMissing : KeptRig {
+    std::string Written;  ///< the bytes of the set
+    TwoMissing() {
+        Load(0, "a.wav");
+        Load(1, "b.wav");
+        Load(2, "c.wav");
+        for (Row row = 0; row < 3; ++row) {
+            std::int16_t vol = static_cast<std::int16_t>(100 + row);
+            LoopVolChange(s, row, vol, TakeHold::Yes, UpdateDisplay::Yes);
+        }
+        LoopClear(s, 3);
+        LoopPlay(s, 2, true);
+        EXPECT_TRUE(Save("set.mvn"));
+        Written = ReadBytes(Folder / "set.mvn");
+        for (Row row = 0; row < kLoopTracks; ++row) LoopClear(s, row);
+        Move("moved");
+        s.EmptyBlankSetting = 1;
+        Desk.Boxes.clear();
+    }
+    void Move(const std::string& folder) const {
+        fs::create_directories(Folder / folder);
+        for (const char* name : {"a.wav", "c.wav"}) fs::rename(Folder / name, Folder / folder + "/" + name);
+    }
+    FoundSamples Both() const { return {{"a.wav", Folder / "moved/a.wav"}, {"c.wav", Folder / "moved/c.wav"}}; }
+};
+
+TEST(MissingSamples, KeepTheirPlacesAndAreNamed) {
+    TwoMissing i;
+    ASSERT_TRUE(i.Open("set.mvn"));
+    EXPECT_THAT(MissingNames(i.s), ElementsAre("a.wav", "c.wav"));
+    EXPECT_EQ(MissingName(i.s, 0), "a.wav");
+    EXPECT_EQ(MissingName(i.s, 1), "");
+    EXPECT_EQ(i.s.StatusText, "Not loaded: a.wav, c.wav");
+    EXPECT_THAT(i.Desk.LastBox(), HasSubstr("File Doesn't Exist")) << "as told";
+    EXPECT_EQ(i.s.Run[1].Loaded, True);
+}
+
+TEST(MissingSamples, ASaveWritesTheirRowsAsTheyWereRead) {
+    TwoMissing i;
+    ASSERT_TRUE(i.Open("set.mvn"));
+    std::int16_t vol = 7;
+    LoopVolChange(i.s, 0, vol, TakeHold::Yes, UpdateDisplay::Yes);
+    i.s.History[0] = {i.Folder / "a.wav"};
+    ASSERT_TRUE(SaveSession(i.s, i.Folder / "again.mvn", LoopsSaved::All, AllSwitches()));
+    EXPECT_TRUE(ReadBytes(i.Folder / "again.mvn") == i.Written);
+}
+
+TEST(MissingSamples, WhatTheRowHeldBeforeStaysInIt) {
+    TwoMissing i;
+    i.s.EmptyBlankSetting = 0;
+    i.Load(0, "d.wav");
+    LoopPlay(i.s, 0, true);
+    ASSERT_TRUE(i.Open("set.mvn"));
+    EXPECT_EQ(i.s.Set[0].FileName, i.Folder / "d.wav");
+    EXPECT_EQ(i.s.Run[0].Playing, True);
+    EXPECT_EQ(MissingName(i.s, 0), "a.wav");
+    ASSERT_TRUE(SaveSession(i.s, i.Folder / "again.mvn", LoopsSaved::All, AllSwitches()));
+    EXPECT_EQ(ReadBytes(i.Folder / "again.mvn").find(i.Folder / "d.wav"),
+              ReadBytes(i.Folder / "again.mvn").rfind(i.Folder / "d.wav"))
+        << "only the palette knows it";
+}
+
+TEST(MissingSamples, ALoadEndsIt) {
+    TwoMissing i;
+    ASSERT_TRUE(i.Open("set.mvn"));
+    i.Load(0, "d.wav");
+    EXPECT_THAT(MissingNames(i.s), ElementsAre("c.wav"));
+}
+
+TEST(MissingSamples, ALoadOfWhatTheRowHoldsAlreadyEndsItToo) {
+    TwoMissing i;
+    i.s.EmptyBlankSetting = 0;
+    i.Load(0, "d.wav");
+    ASSERT_TRUE(i.Open("set.mvn"));
+    i.Load(0, "d.wav");
+    EXPECT_EQ(MissingName(i.s, 0), "");
+}
+
+TEST(MissingSamples, ALoadThatFailsLeavesIt) {
+    TwoMissing i;
+    ASSERT_TRUE(i.Open("set.mvn"));
+    i.Load(0, "nowhere.wav");
+    EXPECT_EQ(MissingName(i.s, 0), "a.wav");
+}
+
+TEST(MissingSamples, AClearEndsIt) {
+    TwoMissing i;
+    ASSERT_TRUE(i.Open("set.mvn"));
+    LoopClearRows(i.s, 0);
+    EXPECT_THAT(MissingNames(i.s), ElementsAre("c.wav"));
+}
+
+TEST(MissingSamples, AStepBackBringsThePlaceBack) {
+    TwoMissing i;
+    StartUndo(i.s);
+    ASSERT_TRUE(i.Open("set.mvn"));
+    LoopClearRows(i.s, 0);
+    Undo_Click(i.s);
+    EXPECT_EQ(MissingName(i.s, 0), "a.wav");
+    Undo_Click(i.s);
+    EXPECT_THAT(MissingNames(i.s), IsEmpty()) << "before the set was opened nothing was missing";
+}
+
+TEST(MissingSamples, ALaterSetTakesThePlace) {
+    TwoMissing i;
+    ASSERT_TRUE(i.Open("set.mvn"));
+    KeptRig other;
+    other.Load(0, "d.wav");
+    ASSERT_TRUE(other.Save("other.mvn"));
+    EXPECT_TRUE(OpenBesideDialogue(i.s, other.Folder / "other.mvn"));
+    EXPECT_THAT(MissingNames(i.s), IsEmpty());
+}
+
+TEST(MissingSamples, AreLookedForBesideTheSetAndThenInTheFoldersOfTheBins) {
+    TwoMissing i;
+    fs::create_directories(i.Folder / "sets");
+    fs::rename(i.Folder / "set.mvn", i.Folder / "sets/set.mvn");
+    i.s.SaveOpenSwitches[kWhenOpening].Put(Element::PickLists, false);
+    i.s.Bins[2].Folder = i.Folder / "moved";
+    WriteBytes(i.Folder / "sets/a.wav", "beside the set");
+    ASSERT_TRUE(i.Open("sets/set.mvn"));
+    EXPECT_EQ(i.s.Set[0].FileName, i.Folder / "sets/a.wav") << "beside the set first";
+    EXPECT_EQ(i.s.Set[2].FileName, i.Folder / "moved/c.wav");
+    EXPECT_EQ(i.s.Set[2].Vol, 102);
+    EXPECT_EQ(i.s.Run[2].Playing, True);
+    EXPECT_THAT(MissingNames(i.s), IsEmpty());
+    EXPECT_TRUE(i.Desk.Boxes.empty());
+}
+
+TEST(MissingSamples, AreTakenFromTheirStoredPathWhereverElseTheyAre) {
+    TwoMissing i;
+    fs::rename(i.Folder / "moved/a.wav", i.Folder / "a.wav");
+    i.s.Bins[0].Folder = i.Folder / "moved";
+    WriteBytes(i.Folder / "moved/a.wav", "another");
+    ASSERT_TRUE(i.Open("set.mvn"));
+    EXPECT_EQ(i.s.Set[0].FileName, i.Folder / "a.wav");
+}
+
+TEST(MissingSamples, ThatAreFoundAreLoadedAsTheSetTold) {
+    TwoMissing i;
+    StartUndo(i.s);
+    ASSERT_TRUE(i.Open("set.mvn"));
+    LoadFound(i.s, i.Both());
+    EXPECT_EQ(i.s.Set[0].FileName, i.Folder / "moved/a.wav");
+    EXPECT_EQ(i.s.Set[0].Vol, 100);
+    EXPECT_EQ(i.s.Run[0].Playing, False);
+    EXPECT_EQ(i.s.Set[2].FileName, i.Folder / "moved/c.wav");
+    EXPECT_EQ(i.s.Set[2].Vol, 102);
+    EXPECT_EQ(i.s.Run[2].Playing, True);
+    EXPECT_THAT(MissingNames(i.s), IsEmpty());
+    EXPECT_EQ(i.s.StatusText, "Found: a.wav, c.wav");
+    Undo_Click(i.s);
+    EXPECT_THAT(MissingNames(i.s), ElementsAre("a.wav", "c.wav")) << "one step";
+}
+
+TEST(MissingSamples, OnlyTheElementsThatWereAskedForAreGiven) {
+    TwoMissing i;
+    i.s.SaveOpenSwitches[kWhenOpening].Put(Element::Vol, false);
+    i.s.SaveOpenSwitches[kWhenOpening].Put(Element::PlayState, false);
+    ASSERT_TRUE(i.Open("set.mvn"));
+    LoadFound(i.s, i.Both());
+    EXPECT_EQ(i.s.Set[2].Vol, kVolFull);
+    EXPECT_EQ(i.s.Run[2].Playing, False);
+}
+
+TEST(MissingSamples, WhatIsStillMissingIsTold) {
+    TwoMissing i;
+    ASSERT_TRUE(i.Open("set.mvn"));
+    LoadFound(i.s, {});
+    EXPECT_EQ(i.s.StatusText, "Not found: a.wav, c.wav");
+    LoadFound(i.s, {{"c.wav", i.Folder / "moved/c.wav"}});
+    EXPECT_EQ(i.s.StatusText, "Found: c.wav; still missing: a.wav");
+    EXPECT_EQ(i.s.Run[2].Loaded, True);
+}
+
+TEST(MissingSamples, ARowThatWasFilledDuringTheSearchIsLeftAlone) {
+    TwoMissing i;
+    ASSERT_TRUE(i.Open("set.mvn"));
+    i.Load(0, "d.wav");
+    LoadFound(i.s, i.Both());
+    EXPECT_EQ(i.s.Set[0].FileName, i.Folder / "d.wav");
+}
+
+TEST(MissingSamples, APackageIsSavedWithoutThemAndNamesThem) {
+    TwoMissing i;
+    i.s.EmptyBlankSetting = 0;
+    i.Load(0, "d.wav");
+    ASSERT_TRUE(i.Open("set.mvn"));
+    fs::create_directories(i.Folder / "pack");
+    ASSERT_TRUE(SaveSession(i.s, i.Folder / "pack/set.mvp", LoopsSaved::All, AllSwitches()));
+    EXPECT_TRUE(FileExists(i.Folder / "pack/b.wav"));
+    EXPECT_FALSE(FileExists(i.Folder / "pack/d.wav"));
+    EXPECT_THAT(ReadBytes(i.Folder / "pack/set.mvp"), HasSubstr(i.Folder / "a.wav"));
+}
+
+TEST(MissingSamples, ASampleThatIsLoadedWhileItsFileIsGoneIsNotMissing) {
+    TwoMissing i;
+    i.Load(1, "b.wav");
+    fs::remove(i.Folder / "b.wav");
+    ASSERT_TRUE(i.Open("set.mvn"));
+    EXPECT_EQ(MissingName(i.s, 1), "");
+    EXPECT_EQ(i.s.Run[1].Loaded, True);
+}
+
+TEST(MissingSamples, AChangeOfDeviceKeepsTheirPlacesAndWhatIsInThem) {
+    TwoMissing i;
+    i.s.EmptyBlankSetting = 0;
+    i.Load(0, "d.wav");
+    ASSERT_TRUE(i.Open("set.mvn"));
+    i.Desk.TempFile = i.Folder / "VBN1.tmp";
+    i.Desk.Boxes.clear();
+    ASSERT_TRUE(CarryAcross(i.s, [] {}));
+    EXPECT_THAT(MissingNames(i.s), ElementsAre("a.wav", "c.wav"));
+    EXPECT_EQ(i.s.Set[0].FileName, i.Folder / "d.wav");
+    EXPECT_TRUE(i.Desk.Boxes.empty()) << "nothing is asked for again";
+}
+
+TEST(MissingSamples, APathOfAnotherSystemHasTheNameOfItsFile) {
+    EXPECT_EQ(NameOfSample("C:\\Samples\\kick.wav"), "kick.wav");
+    EXPECT_EQ(NameOfSample("/home/x/a\\b.wav"), "a\\b.wav");
+}
+
+}  // namespace
+}  // namespace marvolin

@@ -1,0 +1,108 @@
+// The search for missing samples in a folder and all below it.
+
+#include "persistence/missing/sample_search.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+
+#include "fakes/file_bytes.h"
+
+namespace marvolin {
+namespace {
+
+using namespace test;
+namespace fs = std::filesystem;
+using ::testing::IsEmpty;
+using ::testing::Pair;
+using ::testing::UnorderedElementsAre;
+
+struct Tree {
+    TempFolder Folder;
+    std::string Put(const std::string& path) const {
+        fs::create_directories(fs::path(Folder / path).parent_path());
+        WriteBytes(Folder / path, path);
+        return Folder / path;
+    }
+    FoundSamples Find(std::vector<std::string> names) const {
+        SampleSearch search(Folder.Path(), std::move(names));
+        while (!search.Step(10)) {
+        }
+        return search.Found();
+    }
+};
+
+TEST(SampleSearch, FindsAllNamesInTheFolderAndBelow) {
+    Tree t;
+    const std::string a = t.Put("a.wav");
+    const std::string b = t.Put("x/y/z/b.wav");
+    t.Put("x/c.wav");
+    EXPECT_THAT(t.Find({"a.wav", "b.wav", "d.wav"}), UnorderedElementsAre(Pair("a.wav", a), Pair("b.wav", b)));
+}
+
+TEST(SampleSearch, TheFolderNearestToTheFirstComesFirst) {
+    Tree t;
+    t.Put("aa/bb/a.wav");
+    const std::string near = t.Put("zz/a.wav");
+    t.Put("aa/other.wav");
+    EXPECT_THAT(t.Find({"a.wav"}), UnorderedElementsAre(Pair("a.wav", near)));
+}
+
+TEST(SampleSearch, ANameInOtherLettersCountsWhenThereIsNoneSpelledAlike) {
+    Tree t;
+    t.Put("A.WAV");
+    const std::string alike = t.Put("deep/er/a.wav");
+    const std::string other = t.Put("B.WAV");
+    EXPECT_THAT(t.Find({"a.wav", "b.wav"}), UnorderedElementsAre(Pair("a.wav", alike), Pair("b.wav", other)));
+}
+
+TEST(SampleSearch, AFolderOfTheNameIsNoSample) {
+    Tree t;
+    fs::create_directories(t.Folder / "a.wav");
+    EXPECT_THAT(t.Find({"a.wav"}), IsEmpty());
+}
+
+TEST(SampleSearch, LinksToFoldersAreNotFollowedSoThatNoCircleHoldsIt) {
+    Tree t;
+    t.Put("x/b.wav");
+    fs::create_directory_symlink(t.Folder.Path(), t.Folder / "x/round");
+    EXPECT_THAT(t.Find({"a.wav"}), IsEmpty());
+}
+
+TEST(SampleSearch, ALinkToASampleIsOne) {
+    Tree t;
+    TempFolder other;
+    WriteBytes(other / "real.wav", "x");
+    fs::create_symlink(other / "real.wav", t.Folder / "a.wav");
+    fs::create_symlink(other / "gone.wav", t.Folder / "b.wav");
+    EXPECT_THAT(t.Find({"a.wav", "b.wav"}), UnorderedElementsAre(Pair("a.wav", t.Folder / "a.wav")));
+}
+
+TEST(SampleSearch, AFolderThatIsNotThereHasNothing) {
+    SampleSearch search("/nowhere/at/all", {"a.wav"});
+    EXPECT_TRUE(search.Step(1));
+    EXPECT_THAT(search.Found(), IsEmpty());
+}
+
+TEST(SampleSearch, LooksAtNoMoreEntriesAtOnceThanItIsAskedTo) {
+    Tree t;
+    for (int file = 0; file < 100; ++file) t.Put("many/" + std::to_string(file) + ".wav");
+    SampleSearch search(t.Folder.Path(), {"missing.wav"});
+    int turns = 1;
+    while (!search.Step(10)) ++turns;
+    EXPECT_GE(turns, 10);
+    EXPECT_LE(turns, 12);
+}
+
+TEST(SampleSearch, EndsAsSoonAsAllIsFound) {
+    Tree t;
+    t.Put("a.wav");
+    for (int file = 0; file < 100; ++file) t.Put("many/" + std::to_string(file) + ".wav");
+    SampleSearch search(t.Folder.Path(), {"a.wav"});
+    EXPECT_TRUE(search.Step(10));
+}
+
+}  // namespace
+}  // namespace marvolin
