@@ -82,17 +82,23 @@ struct MissingStage {
     FindButton& Find() { return *Window.Form->Rows[0]->Find; }
     /// Answers the question for the folder that opens next.
     void Answer(const QString& folder) {
-        QTimer::singleShot(0, [this, folder] {
+        answer_.callOnTimeout([this, folder] {
             auto* question = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(question, nullptr);
+            if (question == nullptr) return;
+            answer_.stop();
             Asked = question->windowTitle();
             if (folder.isEmpty()) return question->reject();
-            question->findChild<QLineEdit*>("fileNameEdit")->setText(folder);
-            QTest::keyClick(question->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+            auto* edit = question->findChild<QLineEdit*>("fileNameEdit");
+            edit->setText(folder);
+            QTest::keyClick(edit, Qt::Key_Return);
         });
+        answer_.start(1);
     }
     bool Searching() const { return s.BusyPointers > 0; }
     QString Asked;
+
+private:
+    QTimer answer_;
 };
 
 TEST(MissingSampleOfARow, ShowsFindAndSaysWhatIsMissing) {
