@@ -72,7 +72,7 @@ bool Perform(LuaContext& context, lua_State* L, const ApiFunction& function, Api
         charged = !slow;
         ApiCall call(context.s, context.Engine, values, answer);
         std::optional<UndoStep> step;
-        if (function.TakesBack) step.emplace(context.s, "Changes by a script", *function.TakesBack, UndoKind::Run);
+        if (function.TakesBack) step.emplace(context.s, "", *function.TakesBack, UndoKind::Script);
         function.Act(call);
     } catch (const std::exception& error) {
         failure = std::string(function.Name) + ": " + WordsOf(error);

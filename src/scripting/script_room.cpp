@@ -1,6 +1,7 @@
 #include "scripting/script_room.h"
 
 #include "core/errors.h"
+#include "core/undo/undo_step.h"
 
 namespace marvolin {
 
@@ -24,6 +25,7 @@ bool ScriptRoom::Run(const std::string& text, const std::string& name) {
         TakeError(name, *wrong);
         return false;
     }
+    const UndoStep step(*session_, "Run of " + name);
     if (Runs()) Note(name_ + " is stopped");
     Note(name + " starts");
     name_ = name;

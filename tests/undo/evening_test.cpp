@@ -204,7 +204,6 @@ TEST(Evening, OfRandomGesturesIsTakenBackToItsStartAndDoneAgainToItsEnd) {
         for (int action = 0; action < kActions; ++action) {
             hand.Act();
             std::string now = rig.Portrait();
-            std::cerr << action << ' ' << (now != portraits.back()) << ' ' << rig.LastText() << '\n';
             if (now != portraits.back()) portraits.push_back(std::move(now));
         }
         ASSERT_GT(portraits.size(), 10U);

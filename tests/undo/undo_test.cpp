@@ -222,6 +222,65 @@ TEST_F(Undo, StepsOfKeysOnAGraphThatFollowEachOtherAreOneStep) {
     GoBackAndForth(before, "Drawing of the Pan pattern of A");
 }
 
+TEST_F(Undo, WhatAScriptChangesIsNoStepAndLeavesWhatCanBeDoneAgain) {
+    Load(0, "bells.wav");
+    Load(1, "drum.wav");
+    Undo_Click(s);
+    {
+        const UndoStep script(s, "", UndoScope::Patterns, UndoKind::Script);
+        s.Set[2].Pattern[kVolPattern][1] = 3;
+        PatternStep(s, kPanPattern, 2, 1);  // a step of its own, were it the hand's
+    }
+    EXPECT_EQ(LastText(), "Load of bells into A");
+    EXPECT_EQ(RedoText(s), "Load of drum into B");
+    Redo_Click(s);
+    EXPECT_EQ(s.Set[1].FileName, Sample("drum.wav"));
+    EXPECT_EQ(s.Set[2].Pattern[kVolPattern][1], 3);
+}
+
+TEST_F(Undo, WhatAScriptChangesDuringADrawingNeitherSplitsItNorComesBackWithIt) {
+    s.GraphColumns = {4, 4, 4};
+    const PatternBlock before = s.Set[0].Pattern[kVolPattern];
+    GraphEvent event{.What = Phase::Down, .Button = kLeftButton, .At = {300, 100}, .From = {}, .Size = {1000, 500}};
+    PatternGraph_Gesture(s, kVolPattern, event);
+    event.What = Phase::Move;
+    PatternGraph_Gesture(s, kVolPattern, event);
+    ASSERT_NE(s.Set[0].Pattern[kVolPattern], before);
+    {
+        const UndoStep script(s, "", UndoScope::Patterns, UndoKind::Script);
+        s.Set[0].Pattern[kVolPattern][3] = 1;
+        s.Set[1].Pattern[kVolPattern][1] = 3;
+        s.Set[0].Pattern[kHzPattern][1] = 1200;
+    }
+    EXPECT_EQ(LastText(), "");
+    event.What = Phase::Up;
+    event.At.Y = 300;
+    PatternGraph_Gesture(s, kVolPattern, event);
+    Undo_Click(s);
+    EXPECT_EQ(LastText(), "");
+    EXPECT_EQ(s.Set[0].Pattern[kVolPattern], before);
+    EXPECT_EQ(s.Set[1].Pattern[kVolPattern][1], 3);
+    EXPECT_EQ(s.Set[0].Pattern[kHzPattern][1], 1200);
+}
+
+TEST_F(Undo, NothingIsTakenBackWhileTheMouseDraws) {
+    s.GraphColumns = {4, 4, 4};
+    Load(0, "bells.wav");
+    GraphEvent event{.What = Phase::Down, .Button = kLeftButton, .At = {300, 100}, .From = {}, .Size = {1000, 500}};
+    PatternGraph_Gesture(s, kVolPattern, event);
+    const std::string before = Portrait();
+    Undo_Click(s);
+    Redo_Click(s);
+    EXPECT_EQ(Portrait(), before);
+    EXPECT_EQ(s.StatusText, "Nothing is taken back while the mouse draws");
+    event.What = Phase::Up;
+    PatternGraph_Gesture(s, kVolPattern, event);
+    EXPECT_EQ(LastText(), "Drawing of the Vol pattern of A");
+    Undo_Click(s);
+    Undo_Click(s);
+    EXPECT_EQ(s.Run[0].Loaded, False);
+}
+
 TEST_F(Undo, AnErasedPatternIsAStep) {
     s.Set[0].Pattern[kHzPattern][2] = 700;
     s.Set[0].NSteps = 9;

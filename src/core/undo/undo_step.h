@@ -22,7 +22,8 @@ enum class UndoScope : std::uint8_t {
 /// How a step follows the one before it.
 enum class UndoKind : std::uint8_t {
     Single,  ///< a step of its own
-    Run,     ///< one step with those right before it that have the same text, as of a key that is held, or of a script
+    Run,     ///< one step with those right before it that have the same text, as of a key that is held
+    Script,  ///< no step: what a script changes by itself. Inside a step of the hand it is part of that.
 };
 
 /// The steps that can be taken back and done again.

@@ -125,6 +125,18 @@ void Widen(Session& s, UndoSnapshot& snapshot, const UndoLimits& limits) {
     if (limits.Clips && !snapshot.Clips) snapshot.Clips = ClipRun{s.Clips.ClipStore, s.Clips.List};
 }
 
+void LeaveOut(Session& s, UndoSnapshot& before, const UndoSnapshot& since) {
+    for (Row row = 0; row < kUndoRows; ++row) {
+        const RowState now = CaptureRow(s, row);
+        const RowParts own = DifferentParts(before.Rows[row], since.Rows[row]);
+        CopyParts(before.Rows[row], now, DifferentParts(since.Rows[row], now) & ~own);
+    }
+    InstrumentState now;
+    CaptureParts(s, now, since.Rest.Captured);
+    const InstrumentParts own = DifferentParts(before.Rest, since.Rest);
+    CopyParts(before.Rest, now, DifferentParts(since.Rest, now) & ~own);
+}
+
 bool UndoRecord::Empty() const {
     const bool rows = std::any_of(RowsChanged.begin(), RowsChanged.end(), [](RowParts parts) { return parts != 0; });
     return !rows && RestChanged == 0 && !Clips;

@@ -36,6 +36,10 @@ UndoSnapshot TakeSnapshot(Session& s, const UndoLimits& limits);
 /// Captures what `limits` ask for beyond what `snapshot` has.
 void Widen(Session& s, UndoSnapshot& snapshot, const UndoLimits& limits);
 
+/// What has changed since `since` counts as it is now from the start: it is no part of what has changed since `before`.
+/// Parts that had changed from `before` to `since` keep their value.
+void LeaveOut(Session& s, UndoSnapshot& before, const UndoSnapshot& since);
+
 /// A step. Its values are those of the time before it; after it has been taken back, those of the time after it.
 struct UndoRecord {
     std::string Text;

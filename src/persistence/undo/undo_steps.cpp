@@ -9,6 +9,10 @@ namespace marvolin {
 
 namespace {
 
+constexpr const char* kNoMemory = "No memory is left to keep what can be taken back; what was kept is forgotten";
+constexpr const char* kDraws = "Nothing is taken back while the mouse draws";
+constexpr const char* kFailed = "That could not be taken back whole; what was kept is forgotten";
+
 std::string NamesOfWaiting(const std::vector<std::string>& names) {
     std::string text;
     for (const std::string& name : names) text += (text.empty() ? "" : ", ") + name;
@@ -23,34 +27,53 @@ UndoLimits Both(const UndoLimits& a, const UndoLimits& b) {
 
 void UndoSteps::Begin(Session& s, std::string_view text, UndoScope scope, UndoKind kind) {
     if (exchanging_) return;
-    if (step_) {
-        Widen(s, step_->Before, LimitsOf(scope));
-        step_->Limits = Both(step_->Limits, LimitsOf(scope));
-        if (step_->Text.empty()) step_->Text = text;
-    } else {
-        if (drag_) Close(s, *drag_);
-        step_ = Open{std::string(text), kind, LimitsOf(scope), TakeSnapshot(s, LimitsOf(scope))};
+    try {
+        if (depth_ == 0) {
+            Open(s, text, scope, kind);
+        } else if (step_) {
+            Widen(s, step_->Before, LimitsOf(scope));
+            step_->Limits = Both(step_->Limits, LimitsOf(scope));
+            if (step_->Text.empty()) step_->Text = text;
+        }
+    } catch (const std::exception&) {
+        Forget(s, kNoMemory);
     }
     ++depth_;
+}
+
+void UndoSteps::Open(Session& s, std::string_view text, UndoScope scope, UndoKind kind) {
+    if (kind == UndoKind::Script) {
+        if (drag_) aside_ = TakeSnapshot(s, drag_->Limits);
+        return;
+    }
+    if (drag_) Close(s, *drag_);
+    step_ = Gesture{std::string(text), kind, LimitsOf(scope), TakeSnapshot(s, LimitsOf(scope))};
 }
 
 void UndoSteps::End(Session& s) noexcept {
     if (exchanging_ || depth_ == 0 || --depth_ > 0) return;
     try {
-        if (step_) Close(s, *step_);
-        if (drag_) drag_->Before = TakeSnapshot(s, drag_->Limits);
+        if (step_) {
+            Close(s, *step_);
+            if (drag_) drag_->Before = TakeSnapshot(s, drag_->Limits);
+        } else if (drag_ && aside_) {
+            LeaveOut(s, drag_->Before, *aside_);
+        }
     } catch (const std::exception&) {
-        // No memory: what happened cannot be taken back, and neither can what came before it.
-        back_.clear();
-        again_.clear();
+        Forget(s, kNoMemory);
     }
     step_.reset();
+    aside_.reset();
 }
 
 void UndoSteps::BeginDrag(Session& s, std::string_view text, UndoScope scope) {
     if (exchanging_ || depth_ > 0) return;
     EndDrag(s);
-    drag_ = Open{std::string(text), UndoKind::Single, LimitsOf(scope), TakeSnapshot(s, LimitsOf(scope))};
+    try {
+        drag_ = Gesture{std::string(text), UndoKind::Single, LimitsOf(scope), TakeSnapshot(s, LimitsOf(scope))};
+    } catch (const std::exception&) {
+        Forget(s, kNoMemory);
+    }
 }
 
 void UndoSteps::EndDrag(Session& s) noexcept {
@@ -58,13 +81,26 @@ void UndoSteps::EndDrag(Session& s) noexcept {
     try {
         Close(s, *drag_);
     } catch (const std::exception&) {
-        back_.clear();
-        again_.clear();
+        Forget(s, kNoMemory);
     }
     drag_.reset();
 }
 
-void UndoSteps::Close(Session& s, Open& open) {
+void UndoSteps::Forget(Session& s, const char* why) noexcept {
+    back_.clear();
+    again_.clear();
+    step_.reset();
+    drag_.reset();
+    aside_.reset();
+    try {
+        ShowStatus(s, why);
+        s.World.Screen.ShowUndo();
+    } catch (const std::exception&) {
+        return;  // what cannot be said is forgotten all the same
+    }
+}
+
+void UndoSteps::Close(Session& s, Gesture& open) {
     UndoRecord step = MakeRecord(s, open.Before, open.Limits);
     if (step.Empty()) return;
     step.Text = open.Text;
@@ -88,15 +124,15 @@ std::string UndoSteps::Last() const { return back_.empty() ? "" : back_.back().T
 std::string UndoSteps::Next() const { return again_.empty() ? "" : again_.back().Text; }
 
 void UndoSteps::TakeBack(Session& s) {
-    EndDrag(s);
     if (depth_ > 0 || exchanging_) return;
+    if (drag_) return ShowStatus(s, kDraws);
     if (back_.empty()) return ShowStatus(s, "There is nothing to take back");
     Move(s, back_, again_, "Taken back: ");
 }
 
 void UndoSteps::DoAgain(Session& s) {
-    EndDrag(s);
     if (depth_ > 0 || exchanging_) return;
+    if (drag_) return ShowStatus(s, kDraws);
     if (again_.empty()) return ShowStatus(s, "There is nothing to do again");
     Move(s, again_, back_, "Done again: ");
 }
@@ -109,12 +145,15 @@ void UndoSteps::Move(Session& s, Steps& from, Steps& to, const char* words) {
         Exchanging& operator=(const Exchanging&) = delete;
         bool& Flag;
     };
-    to.push_back(std::move(from.back()));
-    from.pop_back();
     std::vector<std::string> waiting;
-    {
+    try {
+        to.push_back(std::move(from.back()));
+        from.pop_back();
         const Exchanging guard(exchanging_);
         waiting = Exchange(s, to.back());
+    } catch (const std::exception&) {
+        // The instrument is between two states, and no step fits it any more.
+        return Forget(s, kFailed);
     }
     LimitMemory(s);
     std::string text = words + to.back().Text;

@@ -32,7 +32,7 @@ public:
 
 private:
     /// A step or drag under way.
-    struct Open {
+    struct Gesture {
         std::string Text;
         UndoKind Kind = UndoKind::Single;
         UndoLimits Limits;
@@ -40,7 +40,10 @@ private:
     };
     using Steps = std::deque<UndoRecord>;
 
-    void Close(Session& s, Open& open);
+    void Open(Session& s, std::string_view text, UndoScope scope, UndoKind kind);
+    void Close(Session& s, Gesture& open);
+    /// Gives the whole history up, and says why.
+    void Forget(Session& s, const char* why) noexcept;
     void Push(Session& s, UndoRecord step);
     void Move(Session& s, Steps& from, Steps& to, const char* words);
     void LimitMemory(const Session& s);
@@ -48,10 +51,11 @@ private:
     std::size_t mostBytes_;
     int depth_ = 0;
     bool exchanging_ = false;
-    std::optional<Open> step_;
-    std::optional<Open> drag_;
-    Steps back_;   ///< the last one is taken back next
-    Steps again_;  ///< the last one is done again next
+    std::optional<Gesture> step_;
+    std::optional<Gesture> drag_;
+    std::optional<UndoSnapshot> aside_;  ///< what there was before a script changed something during a drag
+    Steps back_;                         ///< the last one is taken back next
+    Steps again_;                        ///< the last one is done again next
 };
 
 }  // namespace marvolin
