@@ -7,7 +7,7 @@
 #include "core/files/paths.h"
 #include "core/loops/loop_views.h"
 #include "core/routines.h"
-#include "core/undo_step.h"
+#include "core/undo/undo_step.h"
 #include "persistence/load_saved_loop.h"
 
 namespace marvolin {
