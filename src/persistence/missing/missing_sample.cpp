@@ -4,6 +4,7 @@
 #include <memory>
 #include <utility>
 
+#include "audio/sample_loading.h"
 #include "core/files/paths.h"
 #include "core/loops/loop_views.h"
 #include "core/routines.h"
@@ -80,6 +81,20 @@ std::vector<std::string> MissingNames(const Session& s) {
         if (!name.empty() && std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
     }
     return names;
+}
+
+std::string SampleTold(const Session& s, Row row) {
+    const std::string held = LoopFileName(s, row);
+    const std::string missing = MissingName(s, row);
+    if (missing.empty()) return held;
+    return missing + " is missing" + (held.empty() ? "" : "; " + held);
+}
+
+std::string SamplePaths(const Session& s, Row row) {
+    const std::string& held = s.Set[row].FileName;
+    const std::shared_ptr<const MissingSample>& missing = s.Run[row].Missing;
+    if (!missing) return held;
+    return "missing: " + missing->Loop.Set.FileName + (held.empty() ? "" : "\n" + held);
 }
 
 void LoadFound(Session& s, const FoundSamples& found) {

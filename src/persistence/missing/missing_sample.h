@@ -33,6 +33,11 @@ std::string MissingName(const Session& s, Row row);
 /// Those of all rows, each once.
 std::vector<std::string> MissingNames(const Session& s);
 
+/// What a row holds, in words: "a.wav is missing; bells", or the name alone.
+std::string SampleTold(const Session& s, Row row);
+/// The path of what a row holds, below that of what is missing; "" for neither.
+std::string SamplePaths(const Session& s, Row row);
+
 /// Paths of samples by their missing names.
 using FoundSamples = std::unordered_map<std::string, std::string>;
 /// Loads what was found into the rows that wait for it, with their settings, and starts what was playing, as the set

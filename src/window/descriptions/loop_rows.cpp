@@ -5,7 +5,6 @@
 
 #include "audio/play_gestures.h"
 #include "audio/play_modes.h"
-#include "audio/sample_loading.h"
 #include "core/drag_source.h"
 #include "instrument/loop_drops.h"
 #include "parameters/setters.h"
@@ -30,18 +29,10 @@ std::string DropDownHint(const Situation& at) {
 }
 
 std::string SampleTip(const Situation& at) {
-    const std::string& path = at.State.Set[static_cast<Row>(at.Index)].FileName;
-    const std::shared_ptr<const MissingSample>& missing = at.State.Run[static_cast<Row>(at.Index)].Missing;
-    if (missing) return "missing: " + missing->Loop.Set.FileName + (path.empty() ? "" : "\n" + path);
-    return path.empty() ? std::string(kLabelAsTip) : path;
+    const std::string paths = SamplePaths(at.State, static_cast<Row>(at.Index));
+    return paths.empty() ? std::string(kLabelAsTip) : paths;
 }
-
-std::string SampleValue(const Situation& at) {
-    const std::string held = LoopFileName(at.State, static_cast<Row>(at.Index));
-    const std::string missing = MissingName(at.State, static_cast<Row>(at.Index));
-    if (missing.empty()) return held;
-    return missing + " is missing" + (held.empty() ? "" : "; " + held);
-}
+std::string SampleValue(const Situation& at) { return SampleTold(at.State, static_cast<Row>(at.Index)); }
 
 const LoopTrackSet& SetOf(const Situation& at) { return at.State.Set[static_cast<Row>(at.Index)]; }
 

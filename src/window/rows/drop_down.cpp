@@ -50,7 +50,7 @@ void DropDownControl::PaintMissing(QPainter& p, const std::string& missing) cons
     };
     font.setStrikeOut(true);
     p.setPen(theme::kText);
-    line(Qt::AlignTop, QString::fromStdString(SampleName(missing)));
+    line(Qt::AlignTop, QString::fromStdString(SampleName("/" + missing)));
     font.setStrikeOut(false);
     p.setPen(theme::kQuiet);
     const QString held = Text();
