@@ -41,7 +41,11 @@ void CopyElement(Session& s, Row from, Row to, int what) {
     const bool all = what == kAllTiming;
     if (what == kCloneStepDuration || all) s.Set[to].StepDuration = s.Set[from].StepDuration;
     if (what == kCloneBeatStart || all) {
-        std::int32_t beatStart = s.Set[from].BeatStart;
+        // A sample that waits for a device keeps its start beside it, since its length is not known yet.
+        const HeldSample& source = s.Run[from].InHand;
+        HeldSample& target = s.Run[to].InHand;
+        std::int32_t beatStart = source.FileName.empty() ? s.Set[from].BeatStart : source.BeatStart;
+        if (!target.FileName.empty()) target.BeatStart = beatStart;
         LoopSetBeatStart(s, to, beatStart);
     }
     if (what == kCloneSwing || all) s.Set[to].Swing = s.Set[from].Swing;

@@ -81,9 +81,10 @@ std::string UndoRig::Portrait() {
         out << RowLetter(row) << ' ';
         TellSet(out, s.Set[row]);
         out << "\n  loaded " << run.Loaded << " playing " << run.Playing << " paused " << run.Paused << " reversed "
-            << (run.Loaded != False && run.Reversed != False) << " waits " << run.InHand.FileName << " start "
-            << run.BeatStartBytes << " band " << run.InBand << run.Band << " line " << s.SndDisp[row].Line << " level "
-            << s.SndDisp[row].Level;
+            << (run.Loaded != False && run.Reversed != False) << " waits " << run.InHand.FileName << ' '
+            << run.InHand.BeatStart << run.InHand.Playing << run.InHand.Paused << run.InHand.Sounds << run.InHand.Loops
+            << run.InHand.Reversed << run.InHand.Cursor << " start " << run.BeatStartBytes << " band " << run.InBand
+            << run.Band << " line " << s.SndDisp[row].Line << " level " << s.SndDisp[row].Level;
         if (run.Buffer) {
             const FakeSound::Buffer& buffer = Buffer(row);
             long weighed = 0;

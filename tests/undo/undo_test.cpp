@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "audio/beat_start.h"
 #include "audio/device.h"
 #include "audio/loop_clearing.h"
 #include "audio/play_gestures.h"
@@ -530,6 +531,128 @@ TEST_F(Undo, OnNoSoundTheSampleWaitsForTheNextDevice) {
     EXPECT_TRUE(Sounds(0));
 }
 
+TEST_F(Undo, ARowThatWaitedBeforeTheStepWaitsAgainAsItDid) {
+    Load(0, "bells.wav", true);
+    LoopSetPlayModeRows(s, 0, kDrum);
+    std::int32_t start = 1;
+    LoopSetBeatStart(s, 0, start);
+    ASSERT_EQ(start, 1);
+    LoopReverse(s, 0);
+    Buffer(0).Position = 444;
+    cboDrivers_Click(s, 2);
+    ASSERT_FALSE(s.DSReady);
+    ASSERT_EQ(s.Run[0].InHand.BeatStart, 1);
+    Forget();
+    const std::string before = Portrait();
+    LoopClearRows(s, 0);
+    Undo_Click(s);
+    EXPECT_EQ(Portrait(), before);
+    cboDrivers_Click(s, 0);
+    EXPECT_EQ(s.Set[0].BeatStart, 1);
+    EXPECT_EQ(s.Run[0].Reversed, True);
+    EXPECT_EQ(Buffer(0).Position, 444);
+}
+
+TEST_F(Undo, ARowThatWaitedBeforeTheStepComesBackWithDirectionAndBeatStartWhenThereIsADevice) {
+    Load(0, "bells.wav", true);
+    const auto forwards = Buffer(0).Sample->Bytes;
+    std::int32_t start = 1;
+    LoopSetBeatStart(s, 0, start);
+    LoopReverse(s, 0);
+    const std::int32_t bytes = s.Run[0].BeatStartBytes;
+    ASSERT_GT(bytes, 0);
+    cboDrivers_Click(s, 2);
+    LoopClearRows(s, 0);
+    cboDrivers_Click(s, 0);
+    Undo_Click(s);
+    ASSERT_EQ(s.Run[0].Loaded, True);
+    EXPECT_NE(Buffer(0).Sample->Bytes, forwards);
+    EXPECT_EQ(s.Run[0].Reversed, True);
+    EXPECT_EQ(s.Set[0].BeatStart, 1);
+    EXPECT_EQ(s.Run[0].BeatStartBytes, bytes);
+    EXPECT_TRUE(Sounds(0));
+}
+
+TEST_F(Undo, AThinningTakenBackOnNoSoundIsHeardWithTheNextDevice) {
+    s.Limit = 1;
+    Load(0, "bells.wav", true);
+    Buffer(0).Position = 400;
+    Load(1, "drum.wav", true);
+    ASSERT_EQ(s.Run[0].Playing, False);
+    cboDrivers_Click(s, 2);
+    Undo_Click(s);
+    cboDrivers_Click(s, 0);
+    EXPECT_TRUE(Sounds(0));
+    EXPECT_EQ(Buffer(0).Position, 400);
+    EXPECT_EQ(Buffer(0).Status, buffer_status::kPlaying | buffer_status::kLooping);
+}
+
+TEST_F(Undo, AReversalTakenBackOnNoSoundIsHeardWithTheNextDevice) {
+    Load(0, "bells.wav");
+    const auto forwards = Buffer(0).Sample->Bytes;
+    s.LoopDropTarget = 0;
+    s.HistoryChoice = kHistoryReverse;
+    HistoryList_DragDrop(s);
+    const auto backwards = Buffer(0).Sample->Bytes;
+    cboDrivers_Click(s, 2);
+    Undo_Click(s);
+    EXPECT_EQ(s.StatusText, "Taken back: Reverse of A");
+    cboDrivers_Click(s, 0);
+    EXPECT_EQ(Buffer(0).Sample->Bytes, forwards);
+    cboDrivers_Click(s, 2);
+    Redo_Click(s);
+    cboDrivers_Click(s, 0);
+    EXPECT_EQ(Buffer(0).Sample->Bytes, backwards);
+}
+
+TEST_F(Undo, TimingCopiedOnNoSoundReachesTheRowThatWaitsAndIsTakenBack) {
+    Load(0, "bells.wav");
+    Load(1, "drum.wav");
+    std::int32_t start = 1;
+    LoopSetBeatStart(s, 0, start);
+    cboDrivers_Click(s, 2);
+    DropAllTiming(s, 1, {drags::kAllTiming, 0, ""});
+    EXPECT_EQ(s.Run[1].InHand.BeatStart, 1);
+    Undo_Click(s);
+    EXPECT_EQ(s.Run[1].InHand.BeatStart, 0);
+    Redo_Click(s);
+    cboDrivers_Click(s, 0);
+    EXPECT_EQ(s.Set[1].BeatStart, 1);
+}
+
+TEST_F(Undo, TheMemoryOfASampleThatCouldNotComeInIsKept) {
+    Load(0, "bells.wav");
+    Forget();
+    Load(0, "drum.wav");
+    std::filesystem::remove(Sample("bells.wav"));
+    Sound.Failures["CreateSoundBufferFromKept"] = sound_error::kOutOfMemory;
+    Undo_Click(s);
+    ASSERT_EQ(s.Run[0].Loaded, False);
+    EXPECT_EQ(s.StatusText, "Taken back: Load of drum into A; could not come back: bells");
+    Sound.Failures.clear();
+    Redo_Click(s);
+    EXPECT_EQ(s.Set[0].FileName, Sample("drum.wav"));
+    Undo_Click(s);
+    EXPECT_EQ(s.Run[0].Loaded, True);
+    EXPECT_EQ(s.Set[0].FileName, Sample("bells.wav"));
+}
+
+TEST_F(Undo, APauseThatTheStepHasEndedIsAPauseAgain) {
+    Load(0, "bells.wav", true);
+    Play_MouseDown(s, 0, kRightButton);
+    ASSERT_FALSE(Sounds(0));
+    Forget();
+    {
+        const UndoStep step(s, "Resume of A");
+        LoopPlay(s, 0, true);
+    }
+    ASSERT_TRUE(Sounds(0));
+    Undo_Click(s);
+    EXPECT_EQ(s.StatusText, "Taken back: Resume of A");
+    EXPECT_FALSE(Sounds(0));
+    EXPECT_NE(s.Run[0].Paused, False);
+}
+
 TEST_F(Undo, AfterAChangeOfDeviceSamplesComeBackFromMemory) {
     Load(0, "bells.wav", true);
     Forget();
@@ -577,6 +700,39 @@ TEST_F(Undo, ASampleWhoseMemoryAndFileHaveGoneIsNamed) {
     EXPECT_EQ(s.Run[0].Loaded, False);
     Redo_Click(s);
     EXPECT_EQ(s.Set[0].FileName, Sample("drum.wav"));
+}
+
+/// A buffer for whose sample there is no memory any more.
+struct HungryBuffer : FakeSound::Buffer {
+    using FakeSound::Buffer::Buffer;
+    std::shared_ptr<KeptSample> Keep() override { throw std::bad_alloc(); }
+};
+
+TEST_F(Undo, WhenMemoryEndsBeforeAStepTheHistoryIsForgottenAndTheGestureGoesOn) {
+    Load(0, "bells.wav");
+    Load(1, "drum.wav");
+    s.Run[1].Buffer = std::make_unique<HungryBuffer>(Sound, 77, buffer_flags::kSample, Buffer(1).Sample);
+    LoopClearRows(s, 0);
+    EXPECT_EQ(s.Run[0].Loaded, False);
+    EXPECT_EQ(LastText(), "");
+    EXPECT_EQ(s.StatusText, "No memory is left to keep what can be taken back; what was kept is forgotten");
+    LoopClearRows(s, 1);
+    Load(2, "hum.wav");
+    EXPECT_EQ(LastText(), "Load of hum into C") << "later steps are kept again";
+}
+
+TEST_F(Undo, AStepThatCannotBeTakenBackWholeEndsTheHistory) {
+    Load(0, "bells.wav");
+    Load(1, "drum.wav");
+    Load(2, "hum.wav");
+    Undo_Click(s);
+    s.Run[1].Buffer = std::make_unique<HungryBuffer>(Sound, 77, buffer_flags::kSample, Buffer(1).Sample);
+    Undo_Click(s);
+    EXPECT_EQ(LastText() + RedoText(s), "");
+    EXPECT_EQ(s.StatusText, "That could not be taken back whole; what was kept is forgotten");
+    LoopClearRows(s, 1);
+    Load(3, "rain.wav");
+    EXPECT_EQ(LastText(), "Load of rain into D");
 }
 
 TEST_F(Undo, WithoutAHistoryNothingIsKept) {

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "audio/beat_start.h"
 #include "audio/ds_error.h"
 #include "audio/loop_clearing.h"
 #include "audio/loop_controls.h"
@@ -104,6 +105,24 @@ void RestoreMode(Session& s, Row row, const RowState& goal, RowParts parts) {
     if (row == s.CurrentLoop) s.World.Screen.ShowPlayMode(kMasterRow);
 }
 
+void RestoreBeatStart(Session& s, Row row, const RowState& goal) {
+    LoopTrackRun& run = s.Run[row];
+    if (run.Loaded == goal.Loaded && !Waits(run)) {
+        s.Set[row].BeatStart = goal.Set.BeatStart;
+        run.BeatStartBytes = goal.BeatStartBytes;
+        return;
+    }
+    std::int32_t start = goal.Set.BeatStart;
+    if (Waits(run)) run.InHand.BeatStart = start;
+    LoopSetBeatStart(s, row, start);
+}
+
+void RestoreDirection(Session& s, Row row, const RowState& goal) {
+    LoopTrackRun& run = s.Run[row];
+    if (Waits(run)) run.InHand.Reversed = goal.Reversed != False;
+    if (run.Loaded != False && run.Reversed != goal.Reversed) LoopReverse(s, row);
+}
+
 // What no setter has an effect of its own for.
 void RestoreRecord(Session& s, Row row, const RowState& goal, RowParts parts) {
     LoopTrackSet& set = s.Set[row];
@@ -114,10 +133,7 @@ void RestoreRecord(Session& s, Row row, const RowState& goal, RowParts parts) {
     if (AsksRow(parts, kVolPatternPart)) set.Pattern[kVolPattern] = goal.Set.Pattern[kVolPattern];
     if (AsksRow(parts, kHzPatternPart)) set.Pattern[kHzPattern] = goal.Set.Pattern[kHzPattern];
     if (AsksRow(parts, kPanPatternPart)) set.Pattern[kPanPattern] = goal.Set.Pattern[kPanPattern];
-    if (AsksRow(parts, kBeatStartPart)) {
-        set.BeatStart = goal.Set.BeatStart;
-        s.Run[row].BeatStartBytes = goal.BeatStartBytes;
-    }
+    if (AsksRow(parts, kBeatStartPart)) RestoreBeatStart(s, row, goal);
     if (AsksRow(parts, kSelectedPart)) {
         set.Selected = goal.Set.Selected;
         s.World.Screen.ShowSelected(row);
@@ -178,9 +194,7 @@ void RestoreSettings(Session& s, Row row, const RowState& goal, RowParts parts) 
     if (AsksRow(parts, kSoundingPart)) RestoreClock(s.Run[row], goal);
     if (AsksRow(parts, kModePart)) RestoreMode(s, row, goal, parts);
     RestoreRecord(s, row, goal, parts);
-    if (AsksRow(parts, kReversedPart) && s.Run[row].Loaded != False && s.Run[row].Reversed != goal.Reversed) {
-        LoopReverse(s, row);
-    }
+    if (AsksRow(parts, kReversedPart)) RestoreDirection(s, row, goal);
     RestoreKnobs(s, row, goal, parts);
     if (row == kSelectionRow) return;
     if (AsksRow(parts, kPlacePart)) {
@@ -199,8 +213,7 @@ void RestoreSounding(Session& s, Row row, const RowState& goal, RowParts parts) 
     LoopTrackRun& run = s.Run[row];
     const HeldSample& was = goal.InHand;
     if (run.Loaded == False) {
-        run.InHand.Playing = was.Playing;
-        run.InHand.Paused = was.Paused;
+        CopySounding(run.InHand, was);
         return;
     }
     run.Playing = ToBoolean(was.Playing);
@@ -208,6 +221,7 @@ void RestoreSounding(Session& s, Row row, const RowState& goal, RowParts parts) 
     try {
         DirectSoundBuffer& buffer = BufferOf(s, row);
         const std::int32_t place = was.Cursor < s.Set[row].BufferBytes ? was.Cursor : StartPosition(s, row);
+        if (!was.Sounds && (buffer.GetStatus() & buffer_status::kPlaying) != 0) buffer.Stop();
         if (place != 0) buffer.SetCurrentPosition(place);
         if (was.Sounds) buffer.Play(was.Loops ? 1 : 0);
     } catch (const RuntimeError& e) {

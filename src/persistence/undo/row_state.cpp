@@ -53,16 +53,19 @@ void CopySample(RowState& to, const RowState& from) {
     to.Set.BufferBytes = from.Set.BufferBytes;
     to.Set.Length = from.Set.Length;
     to.Set.AvgBytesPerSec = from.Set.AvgBytesPerSec;
+    to.InHand.FileName = from.InHand.FileName;
     to.Missing = from.Missing;
 }
 
-// The cursor and the step go on by themselves.
+// The cursor and the step go on by themselves, and a sample runs out by itself unless it loops. A pause that has been
+// resumed shows in the looping alone.
 bool SameSounding(const RowState& a, const RowState& b) {
-    return a.InHand.Playing == b.InHand.Playing && a.InHand.Paused == b.InHand.Paused;
+    const bool sameLooping = a.Set.PlayMode != b.Set.PlayMode || a.InHand.Loops == b.InHand.Loops;
+    return a.InHand.Playing == b.InHand.Playing && a.InHand.Paused == b.InHand.Paused && sameLooping;
 }
 
 void CopySounding(RowState& to, const RowState& from) {
-    to.InHand = from.InHand;
+    CopySounding(to.InHand, from.InHand);
     to.FadeState = from.FadeState;
     to.FadeValue = from.FadeValue;
     to.FadeTarget = from.FadeTarget;
@@ -144,6 +147,16 @@ void CaptureSounding(Session& s, Row row, RowState& state) {
 
 }  // namespace
 
+bool Waits(const LoopTrackRun& run) { return run.Loaded == False && !run.InHand.FileName.empty(); }
+
+void CopySounding(HeldSample& to, const HeldSample& from) {
+    to.Playing = from.Playing;
+    to.Paused = from.Paused;
+    to.Sounds = from.Sounds;
+    to.Loops = from.Loops;
+    to.Cursor = from.Cursor;
+}
+
 RowState CaptureRow(Session& s, Row row) {
     const LoopTrackRun& run = s.Run[row];
     RowState state;
@@ -151,6 +164,10 @@ RowState CaptureRow(Session& s, Row row) {
     state.Loaded = run.Loaded;
     if (run.Loaded != False && run.Buffer) state.Sample = run.Buffer->Keep();
     if (run.Loaded != False) state.Reversed = run.Reversed;  // an empty row keeps the mark of the sample before
+    if (Waits(run)) {
+        state.Reversed = ToBoolean(run.InHand.Reversed);
+        state.Set.BeatStart = run.InHand.BeatStart;
+    }
     state.BeatStartBytes = run.BeatStartBytes;
     state.Missing = run.Missing;
     CaptureSounding(s, row, state);

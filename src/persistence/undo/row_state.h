@@ -40,9 +40,9 @@ struct RowState {
     LoopTrackSet Set;
     std::shared_ptr<KeptSample> Sample;  ///< null without one, and when its memory has been given up
     Boolean Loaded = False;
-    Boolean Reversed = False;
+    Boolean Reversed = False;  ///< as `Set.BeatStart` of the loaded sample, or of the one that waits
     std::int32_t BeatStartBytes = 0;
-    HeldSample InHand;  ///< the sample that waits for a device; also how the loaded one sounds
+    HeldSample InHand;  ///< name of the sample that waits for a device, and how it or the loaded one sounds
     std::shared_ptr<const MissingSample> Missing;
     std::int16_t FadeState = kNoFade;
     double FadeValue = 0;
@@ -57,6 +57,10 @@ struct RowState {
     std::int16_t Band = 0;
 };
 
+/// Whether a sample of the row waits for a device.
+bool Waits(const LoopTrackRun& run);
+/// Copies how a sample sounds, not which it is.
+void CopySounding(HeldSample& to, const HeldSample& from);
 /// The row as it is. A device that no longer answers leaves the cursor at 0.
 RowState CaptureRow(Session& s, Row row);
 /// The parts in which the two differ. With the sample its sounding always does.

@@ -76,12 +76,26 @@ void RestorePlayingOfSelection(Session& s, const Goal& goal, const UndoSnapshot&
     s.World.Screen.ShowPlay(kSelectionRow);
 }
 
-std::vector<std::string> Restore(Session& s, const Goal& goal, const UndoSnapshot& now) {
-    std::vector<std::string> waiting;
+// What still waits as it did after the last exchange has its memory in the record.
+void TakeUnheard(UndoRecord& step, UndoSnapshot& now) {
+    for (Row row = 0; row < kUndoRows; ++row) {
+        UnheardSample& unheard = step.Unheard[row];
+        const RowState& is = now.Rows[row];
+        if (is.Loaded == False && is.InHand.FileName == unheard.Path) now.Rows[row].Sample = unheard.Sample;
+        unheard = {};
+    }
+}
+
+/// The samples that wait now, each in its row.
+using WaitingRows = Table<UnheardSample, kUndoRows>;
+
+WaitingRows Restore(Session& s, const Goal& goal, const UndoSnapshot& now) {
+    WaitingRows waiting;
     RestoreSpace(s, goal.Rest, goal.RestChanged);
     for (Row row = 0; row < kUndoRows; ++row) {
         if (RestoreSample(s, row, goal.Rows[row], goal.Changed[row]) == SampleBack::Waits) {
-            waiting.push_back(SampleName(s.Run[row].InHand.FileName));
+            waiting[row] = {s.Run[row].InHand.FileName, goal.Rows[row].Sample,
+                            static_cast<std::size_t>(goal.Rows[row].Set.BufferBytes)};
         }
     }
     for (Row row = 0; row < kUndoRows; ++row) RestoreSettings(s, row, goal.Rows[row], goal.Changed[row]);
@@ -183,12 +197,17 @@ std::vector<std::string> Exchange(Session& s, UndoRecord& step) {
     if (anew) TakeAlongAllRows(step, now);
     const Goal goal = GoalOf(step, now, anew);
     if (anew) Change3D(s, goal.Rest.Use3D);
-    std::vector<std::string> waiting = Restore(s, goal, now);
+    TakeUnheard(step, now);
+    step.Unheard = Restore(s, goal, now);
     if (step.Clips) step.Clips->Exchange(s);
     step.Rows = std::move(now.Rows);
     step.Rest = std::move(now.Rest);
     KeepOnlyChanged(step);
-    return waiting;
+    std::vector<std::string> names;
+    for (const UnheardSample& waits : step.Unheard) {
+        if (!waits.Path.empty()) names.push_back(SampleName(waits.Path));
+    }
+    return names;
 }
 
 std::vector<std::pair<const KeptSample*, std::size_t>> KeptBytes(const UndoRecord& step) {
@@ -196,11 +215,15 @@ std::vector<std::pair<const KeptSample*, std::size_t>> KeptBytes(const UndoRecor
     for (const RowState& row : step.Rows) {
         if (row.Sample) kept.emplace_back(row.Sample.get(), static_cast<std::size_t>(row.Set.BufferBytes));
     }
+    for (const UnheardSample& waits : step.Unheard) {
+        if (waits.Sample) kept.emplace_back(waits.Sample.get(), waits.Bytes);
+    }
     return kept;
 }
 
 void GiveUpSamples(UndoRecord& step) {
     for (RowState& row : step.Rows) row.Sample.reset();
+    for (UnheardSample& waits : step.Unheard) waits.Sample.reset();
 }
 
 }  // namespace marvolin

@@ -3,6 +3,7 @@
 /// One step that can be taken back: what it changed, as it was on the other side of it.
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -40,6 +41,13 @@ void Widen(Session& s, UndoSnapshot& snapshot, const UndoLimits& limits);
 /// Parts that had changed from `before` to `since` keep their value.
 void LeaveOut(Session& s, UndoSnapshot& before, const UndoSnapshot& since);
 
+/// The memory of a sample that could not come back into its row.
+struct UnheardSample {
+    std::string Path;
+    std::shared_ptr<KeptSample> Sample;
+    std::size_t Bytes = 0;
+};
+
 /// A step. Its values are those of the time before it; after it has been taken back, those of the time after it.
 struct UndoRecord {
     std::string Text;
@@ -49,6 +57,8 @@ struct UndoRecord {
     InstrumentParts RestChanged = 0;
     InstrumentState Rest;
     std::optional<ClipSplice> Clips;
+    /// Of what waits in the rows since the last exchange. Their memory comes with them when they come back again.
+    Table<UnheardSample, kUndoRows> Unheard;
 
     bool Empty() const;
 };
