@@ -141,7 +141,7 @@ void OpenAlContext::Render_rt(std::int16_t* out, int frames, bool hasGone) noexc
         left -= piece;
     }
     seam_.Pass_rt(out, frames);
-    if (chain_) chain_->Pass_rt(out, frames);
+    if (chain_) chain_->Pass_rt(out, frames, hasGone);
     if (gate_.Try_rt()) {
         applier_->Publish_rt();
         TakeErrors_rt();

@@ -62,9 +62,10 @@ bool IsCutOff_rt(const std::int16_t* samples, int count, int& inARow) noexcept {
 
 }  // namespace
 
-void OutputChain::Pass_rt(std::int16_t* frames, int count) noexcept {
+void OutputChain::Pass_rt(std::int16_t* frames, int count, bool hasGone) noexcept {
     if (count <= 0) return;
     Silence_rt(frames, count);
+    if (hasGone) return;
     Measure_rt(frames, count);
     if (isRecording_.load(std::memory_order_acquire)) recorded_->Write_rt(frames, static_cast<std::size_t>(count));
 }

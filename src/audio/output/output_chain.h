@@ -23,8 +23,9 @@ public:
     /// Frames of sound that wait for the disk at most: almost 24 s.
     static constexpr std::size_t kRecordedFrames = std::size_t{1} << 20;
 
-    /// Lets stereo frames pass. Allocates nothing and waits for nothing.
-    void Pass_rt(std::int16_t* frames, int count) noexcept;
+    /// Lets stereo frames pass. Allocates nothing and waits for nothing. `hasGone`: the device was pulled out, nobody
+    /// hears them and nothing sets their pace; they are neither measured nor recorded.
+    void Pass_rt(std::int16_t* frames, int count, bool hasGone = false) noexcept;
 
     /// From the next period on, everything is silent, or heard again where it would be by now.
     void SetSilent(bool silent) { silent_.store(silent, std::memory_order_relaxed); }

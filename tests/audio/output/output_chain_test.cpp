@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "audio/loopback_rig.h"
+#include "audio/openal/context.h"
 
 namespace marvolin::test {
 namespace {
@@ -183,10 +184,66 @@ TEST(OutputChain, WhatTheDiskDoesNotTakeInTimeIsCounted) {
     Passed(chain, Frames(25, 2, 2));
     EXPECT_EQ(chain.Recorded().Missed(), 15U);
     EXPECT_EQ(Recorded(chain).size(), 2 * OutputChain::kRecordedFrames);
+    EXPECT_EQ(Recorded(chain), Frames(15, 0, 0));
     Passed(chain, Frames(5, 3, 3));
     EXPECT_EQ(Recorded(chain), Frames(5, 3, 3)) << "there is room again";
     chain.BeginRecording();
     EXPECT_EQ(chain.Recorded().Missed(), 0U) << "of the former recording";
+}
+
+TEST(OutputChain, WhatTheDiskDidNotTakeInTimeIsSilenceInItsPlace) {
+    FrameRing ring(64);
+    const auto write = [&](int count, int level) {
+        const auto frames = Frames(count, level, level);
+        ring.Write_rt(frames.data(), static_cast<std::size_t>(count));
+    };
+    std::vector<std::int16_t> all;
+    const auto read = [&](std::size_t frames) {
+        std::vector<std::int16_t> piece(2 * frames);
+        piece.resize(2 * ring.Read(piece));
+        all.insert(all.end(), piece.begin(), piece.end());
+        return piece.size() / 2;
+    };
+    write(60, 1);
+    write(10, 2);  // six of them are lost
+    write(10, 3);  // and all of these
+    read(20);
+    write(30, 4);  // ten are lost
+    while (read(7) > 0) {
+    }
+    write(5, 5);
+    while (read(7) > 0) {
+    }
+    std::vector<std::int16_t> expected;
+    for (const auto& [count, level] : {std::pair{60, 1}, {4, 2}, {16, 0}, {20, 4}, {10, 0}, {5, 5}}) {
+        const auto part = Frames(count, level, level);
+        expected.insert(expected.end(), part.begin(), part.end());
+    }
+    EXPECT_EQ(all, expected);
+    EXPECT_EQ(ring.Missed(), 26U);
+}
+
+TEST(OutputChain, AGapThatGrowsWhileItIsReadIsAsLongAsItWas) {
+    FrameRing ring(16);
+    const auto write = [&](int count, int level) {
+        const auto frames = Frames(count, level, level);
+        ring.Write_rt(frames.data(), static_cast<std::size_t>(count));
+    };
+    std::vector<std::int16_t> out(2 * 64);
+    write(20, 1);
+    EXPECT_EQ(ring.Read(out), 16U);
+    EXPECT_EQ(ring.Read(std::span(out).first(4)), 2U);
+    EXPECT_EQ(ring.Read(out), 2U);
+    EXPECT_EQ(ring.Read(out), 0U);
+    write(20, 2);
+    EXPECT_EQ(ring.Read(out), 16U);
+    EXPECT_EQ(out[0], 2);
+    EXPECT_EQ(ring.Read(out), 4U);
+    EXPECT_EQ(out[0], 0);
+    write(20, 3);
+    ring.Clear();
+    write(3, 4);
+    EXPECT_EQ(ring.Read(out), 3U) << "a gap of before was not forgotten";
 }
 
 TEST(OutputChain, FramesComeOutInOrderWhileTheyAreWrittenOnAnotherThread) {
@@ -223,6 +280,23 @@ TEST(OutputChain, FramesComeOutInOrderWhileTheyAreWrittenOnAnotherThread) {
     EXPECT_EQ(ring.Missed(), 0U);
 }
 
+TEST(OutputChain, WhatADeviceThatWasPulledOutAsksForIsNeitherMeasuredNorRecorded) {
+    OutputChain chain;
+    chain.BeginRecording();
+    Passed(chain, Frames(kPeriod, 1, 2));
+    chain.TakeLevels();
+    std::vector<std::int16_t> gone = Frames(kPeriod, 32767, 32767);
+    chain.Pass_rt(gone.data(), kPeriod, true);
+    const OutputLevels levels = chain.TakeLevels();
+    EXPECT_EQ(levels.Peak, (std::array<int, 2>{0, 0}));
+    EXPECT_FALSE(levels.CutOff);
+    Passed(chain, Frames(kPeriod, 3, 4));
+    std::vector<std::int16_t> expected = Frames(kPeriod, 1, 2);
+    const auto again = Frames(kPeriod, 3, 4);
+    expected.insert(expected.end(), again.begin(), again.end());
+    EXPECT_EQ(Recorded(chain), expected) << "it goes on in the same file";
+}
+
 /// The mixer with a chain behind it.
 class OutputOfTheMixer : public LoopbackRig {
 protected:
@@ -250,6 +324,17 @@ TEST_F(OutputOfTheMixer, WhatIsRenderedIsMeasuredAndRecordedAsItIsHeard) {
     EXPECT_NEAR(levels.Peak[0], 6000, kStep);
     EXPECT_NEAR(levels.Peak[1], 3000, kStep);
     EXPECT_FALSE(levels.CutOff);
+}
+
+TEST(MixerOfAGoneDevice, RendersOnButNothingOfItIsRecorded) {
+    const auto chain = std::make_shared<OutputChain>();
+    OpenAlContext mixer(std::make_shared<LoadMeter>(), chain);
+    chain->BeginRecording();
+    std::vector<std::int16_t> out(2 * kPeriod);
+    mixer.Render_rt(out.data(), kPeriod);
+    for (int i = 0; i < 10; ++i) mixer.Render_rt(out.data(), kPeriod, true);
+    mixer.Render_rt(out.data(), kPeriod);
+    EXPECT_EQ(Recorded(*chain).size(), 4U * kPeriod);
 }
 
 TEST_F(OutputOfTheMixer, TwoLoudSamplesAreCutOffAndOneIsNot) {
