@@ -1,11 +1,17 @@
 #include "audio/recording.h"
 
+#include <strings.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <exception>
+#include <new>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "core/errors.h"
 #include "core/files/file_errors.h"
@@ -19,15 +25,22 @@ namespace {
 constexpr std::int64_t kRecordedRate = 44100;    // frames a second
 constexpr std::int64_t kRecordedFrameBytes = 4;  // 16 bits, stereo
 constexpr std::size_t kLongestSetName = 200;     // bytes; a file name has 255 at most
+constexpr std::uint32_t kFileExists = 58;
+constexpr std::uint32_t kDiskError = 57;
+constexpr int kMostTries = 10;  // for a name of a file
 
 std::string Formatted(const char* format, const std::tm& time) {
     std::array<char, 64> text{};
     return {text.data(), std::strftime(text.data(), text.size(), format, &time)};
 }
 
-std::string NameWithoutEnding(const std::string& file) {
+/// The name of a set without the ending of a set. Other dots belong to the name.
+std::string SetName(const std::string& file) {
     const std::size_t dot = file.rfind('.');
-    return dot == std::string::npos || dot == 0 ? file : file.substr(0, dot);
+    if (dot == std::string::npos || dot == 0) return file;
+    const char* ending = file.c_str() + dot;
+    const bool ofSet = ::strcasecmp(ending, ".mvn") == 0 || ::strcasecmp(ending, ".mvp") == 0;
+    return ofSet ? file.substr(0, dot) : file;
 }
 
 /// The first bytes of a name in UTF-8, no letter cut in two.
@@ -51,9 +64,23 @@ void MakeFolder(const std::string& folder) {
 std::string FreePath(const std::string& folder, const std::string& name) {
     std::string path = folder + name + ".wav";
     struct stat found {};
-    for (int number = 2; ::lstat(path.c_str(), &found) == 0; ++number)
+    for (int number = 2; ::lstat(path.c_str(), &found) == 0; ++number) {
         path = folder + name + " (" + std::to_string(number) + ").wav";
+    }
     return path;
+}
+
+/// Starts a recording in `folder`, and returns its path. A name that another program takes meanwhile is not ours.
+std::string StartIn(Session& s, const std::string& folder, const std::string& name) {
+    for (int tries = 1;; ++tries) {
+        const std::string path = FreePath(folder + "/", name);
+        try {
+            s.World.Output->StartRecording(path);
+            return path;
+        } catch (const RuntimeError& error) {
+            if (error.Number() != kFileExists || tries == kMostTries) throw;
+        }
+    }
 }
 
 std::string TimeText(std::int64_t frames) {
@@ -70,45 +97,62 @@ std::string SizeText(std::int64_t frames) {
     return text.data();
 }
 
+std::string MissingText(std::uint64_t frames) {
+    const std::uint64_t milliseconds = std::max<std::uint64_t>(1, 1000 * frames / kRecordedRate);
+    return milliseconds < 10'000 ? std::to_string(milliseconds) + " ms" : std::to_string(milliseconds / 1000) + " s";
+}
+
 void ShowState(Session& s, const std::string& text) {
     if (s.RecordingText == text) return;
     s.RecordingText = text;
     s.World.Screen.ShowRecording();
 }
 
+/// Time and size; in place of the size what is missing, once something is.
+std::string StateText(const RecordingState& state) {
+    if (state.Missed == 0) return TimeText(state.Frames) + "  " + SizeText(state.Frames);
+    return TimeText(state.Frames) + "  gap " + MissingText(state.Missed);
+}
+
 void StartRecording(Session& s, const std::tm& now) {
-    const std::string folder = s.World.Desk.ProgramFolder() + "/Recordings";
+    const std::string folder = RecordingsFolder(s);
     try {
         MakeFolder(folder);
-        const std::string set = s.CurrentFile.empty() ? "marvolin" : NameWithoutEnding(s.CurrentFile);
+        const std::string set = s.CurrentFile.empty() ? "marvolin" : SetName(s.CurrentFile);
         const std::string name = Shortened(set, kLongestSetName) + Formatted(" %Y-%m-%d %H-%M-%S", now);
-        const std::string path = FreePath(folder + "/", name);
-        s.World.Output->StartRecording(path);
-        s.RecordingFile = path;
-    } catch (const RuntimeError& error) {
+        s.RecordingFile = StartIn(s, folder, name);
+    } catch (const std::bad_alloc&) {
+        s.World.Desk.Report("Error starting recording in \"" + folder + "\": Out of memory", "", BoxStyle::Critical);
+        return;
+    } catch (const std::exception& error) {
         const std::string place = "\"" + folder + "\": ";
         s.World.Desk.Report("Error starting recording in " + place + error.what(), "", BoxStyle::Critical);
         return;
     }
-    ShowState(s, TimeText(0) + "  " + SizeText(0));
+    ShowState(s, StateText({}));
     ShowStatus(s, "Recording into \"" + LastPathPart(s.RecordingFile) + "\"");
 }
 
-/// The file is whole: says how long it is, and what has gone wrong.
+/// The file is whole: says how long it is and where, or what has gone wrong.
 void Conclude(Session& s) {
     const RecordingState state = s.World.Output->Recording();
-    const std::string name = LastPathPart(s.RecordingFile);
+    const std::string path = s.RecordingFile;
     s.RecordingFile.clear();
     ShowState(s, "");
-    const std::uint64_t missing = 1000 * state.Missed / kRecordedRate;
-    ShowStatus(s, "Recorded " + TimeText(state.Frames) + " into \"" + name + "\"" +
-                      (state.Missed == 0 ? "" : "; the disk was too slow for " + std::to_string(missing) + " ms"));
-    if (!state.Failure) return;
-    s.World.Desk.Report("The recording has ended: " + *state.Failure + ". What was recorded is in \"" + name + "\".",
-                        "", BoxStyle::Critical);
+    if (state.Failure) {
+        s.World.Desk.Report(
+            "The recording has ended: " + *state.Failure + ". What was recorded is in \"" + path + "\".", "",
+            BoxStyle::Critical);
+        return ShowStatus(s, "The recording has ended: " + *state.Failure);
+    }
+    const std::string gap =
+        state.Missed == 0 ? "" : ", " + MissingText(state.Missed) + " missing, the disk was too slow";
+    ShowStatus(s, "Recorded " + TimeText(state.Frames) + gap + ": \"" + path + "\"");
 }
 
 }  // namespace
+
+std::string RecordingsFolder(const Session& s) { return s.World.Desk.ProgramFolder() + "/Recordings"; }
 
 void ToggleRecording(Session& s, const std::tm& now) {
     if (s.World.Output == nullptr) return;
@@ -118,17 +162,25 @@ void ToggleRecording(Session& s, const std::tm& now) {
     WatchRecording(s);
 }
 
+void StopRecording(Session& s) {
+    if (!s.RecordingFile.empty()) s.World.Output->StopRecording();
+}
+
 void FinishRecording(Session& s) {
     if (s.RecordingFile.empty()) return;
     s.World.Output->FinishRecording();
-    Conclude(s);
+    std::optional<std::string> reason = s.World.Output->Recording().Failure;
+    if (s.World.Output->IsRecording()) reason = "the disk does not take it";
+    if (!reason) return Conclude(s);
+    const std::string path = std::exchange(s.RecordingFile, "");
+    ShowState(s, "");
+    throw RuntimeError(kDiskError, *reason + ". What was recorded is in \"" + path + "\"");
 }
 
 void WatchRecording(Session& s) {
     if (s.RecordingFile.empty()) return;
     if (!s.World.Output->IsRecording()) return Conclude(s);
-    const std::int64_t frames = s.World.Output->Recording().Frames;
-    ShowState(s, TimeText(frames) + "  " + SizeText(frames));
+    ShowState(s, StateText(s.World.Output->Recording()));
 }
 
 void ToggleSilence(Session& s) {

@@ -18,7 +18,7 @@ struct OutputLevels {
 /// What is known of the recording that runs, or of the last one.
 struct RecordingState {
     std::int64_t Frames = 0;             ///< in the file, 44100 a second, 4 bytes each
-    std::uint64_t Missed = 0;            ///< frames that came faster than the disk took them
+    std::uint64_t Missed = 0;            ///< frames that the disk was too slow for; they are silence in the file
     bool Ending = false;                 ///< nothing more is recorded; the rest goes to the disk
     std::optional<std::string> Failure;  ///< why the disk takes no more, in words
 };
@@ -36,11 +36,11 @@ public:
     virtual OutputLevels TakeLevels() = 0;
 
     /// Records into the new WAV file `path` from the next period on; a recording that runs is finished first. Failures
-    /// are the errors of `RaiseFileError`, and nothing is recorded.
+    /// are a `RuntimeError` with the reason in words: nothing is recorded, and there is no file.
     virtual void StartRecording(const std::string& path) = 0;
     /// Records no more. Does not wait for the disk. Nothing without a recording.
     virtual void StopRecording() = 0;
-    /// The same; the file is whole when this returns.
+    /// The same, and waits until the file is whole; when the disk hangs, for some seconds. Then `IsRecording` is true.
     virtual void FinishRecording() = 0;
     /// True from `StartRecording` until the file is whole: after a stop, or when the disk takes no more.
     virtual bool IsRecording() const = 0;

@@ -68,7 +68,7 @@ struct Step {
     OnError onError = OnError::Report;
 };
 
-constexpr std::array<Step, 26> kShutDown{{
+constexpr std::array<Step, 27> kShutDown{{
     {"", HideWindow},
     {"", ShowUnloading},
     {"deleting device timer", StopWatching},
@@ -87,7 +87,7 @@ constexpr std::array<Step, 26> kShutDown{{
     {"deleting script timer", StopHost},
     {"uninitializing DSound", EndKeeping},
     {"uninitializing DSound", EndUndo},
-    {"finishing the recording", FinishRecording},
+    {"finishing the recording", StopRecording},
     {"uninitializing DSound", UnInitDirectSound},
     {"uninitializing DSound", ReleaseDirectX},
     {"uninitializing DSound", UnloadSave},
@@ -95,6 +95,7 @@ constexpr std::array<Step, 26> kShutDown{{
     {"unloading forms", UnloadBrowser},
     {"unloading forms", UnloadSplash},
     {"unloading forms", UnloadStartUpQuery, OnError::Ignore},
+    {"finishing the recording", FinishRecording},  // a disk may hang: by now there is neither a window nor a device
 }};
 
 void ReportError(Session& s, const Step& step, const TrappedError& error) {

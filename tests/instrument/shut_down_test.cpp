@@ -123,6 +123,36 @@ TEST(ShutDown, ARecordingThatRunsIsWholeAtTheEnd) {
     EXPECT_EQ(i.s.RecordingFile, "");
 }
 
+TEST(ShutDown, ARecordingStopsBeforeTheDeviceClosesAndItsDiskIsWaitedForAfterwards) {
+    Running i;
+    i.Fill(0);
+    i.Output.SlowDisk = true;
+    i.Output.Path = i.s.RecordingFile = "/recordings/evening.wav";
+    std::vector<std::string> calls;
+    bool unloaded = false;
+    i.Output.OnCall = [&](const char* what) {
+        calls.push_back(what + std::string(i.s.DS == nullptr ? " without a device" : " with a device"));
+        unloaded = i.Forms.Log.back() == "Unload StartUpQuery";
+    };
+    Form_QueryUnload(i.s);
+    EXPECT_THAT(calls, ElementsAre("Stop with a device", "Finish without a device"));
+    EXPECT_TRUE(unloaded) << "a window was still there at the last call";
+}
+
+TEST(ShutDown, ADiskThatHangsIsReportedWhenEverythingElseHasEnded) {
+    Running i;
+    i.Fill(0);
+    i.Output.DiskHangs = true;
+    i.Output.Path = i.s.RecordingFile = "/recordings/evening.wav";
+    Form_QueryUnload(i.s);
+    ASSERT_EQ(i.Desk.Boxes.size(), 1U);
+    EXPECT_EQ(i.Desk.LastBox(),
+              "Shutdown error while finishing the recording; the disk does not take it. What was recorded is in "
+              "\"/recordings/evening.wav\" #57");
+    EXPECT_EQ(i.s.DX, nullptr);
+    EXPECT_EQ(i.Forms.Log.back(), "Unload StartUpQuery");
+}
+
 TEST(ShutDown, SavesNothing) {
     Running i;
     i.Fill(0);

@@ -4,10 +4,10 @@
 
 #include <array>
 #include <atomic>
-#include <condition_variable>
+#include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <string>
 #include <thread>
@@ -21,19 +21,23 @@ class RecordingFile;
 /// Moves what was recorded into a file. Belongs to one thread at a time.
 class RecordingWriter {
 public:
-    /// Frames between two times at which the header is brought up to date: half a second.
-    static constexpr std::int64_t kSettleFrames = 22050;
+    /// Frames between two times at which it waits until everything is on the disk: five seconds. Each time a slow disk
+    /// may take long, and what comes meanwhile is lost to a kill.
+    static constexpr std::int64_t kSyncFrames = 5 * 44100;
 
-    /// Both must outlive it.
-    RecordingWriter(FrameRing& ring, RecordingFile& file) : ring_(ring), file_(file) {}
+    /// `frames` becomes how many are in the file, after each piece. All must outlive it.
+    RecordingWriter(FrameRing& ring, RecordingFile& file, std::atomic<std::int64_t>& frames)
+        : ring_(ring), file_(file), frames_(frames) {}
 
-    /// Writes everything that has been recorded so far. Fails as `RecordingFile::Write` does.
+    /// Writes everything that has been recorded so far; the header says so after each piece. Fails as `RecordingFile`
+    /// does.
     void WriteWhatCame();
 
 private:
     FrameRing& ring_;
     RecordingFile& file_;
-    std::int64_t settled_ = 0;
+    std::atomic<std::int64_t>& frames_;
+    std::int64_t synced_ = 0;
     std::array<std::int16_t, 2 * 4096> piece_{};
 };
 
@@ -41,45 +45,49 @@ private:
 /// thread.
 class Recorder {
 public:
-    explicit Recorder(std::shared_ptr<OutputChain> chain);
+    /// Starts a thread that does `work`. Throws what `std::thread` does when there can be none.
+    using Starter = std::function<std::thread(std::function<void()> work)>;
+    /// How long `Finish` waits for a disk.
+    static constexpr std::chrono::milliseconds kPatience{5000};
+
+    explicit Recorder(std::shared_ptr<OutputChain> chain, Starter starter = PlainThread,
+                      std::chrono::milliseconds patience = kPatience);
+    /// As `Finish`. A disk that hangs keeps its thread and its file until the process ends.
     ~Recorder();
     Recorder(const Recorder&) = delete;
     Recorder& operator=(const Recorder&) = delete;
 
     /// Records into the new file `path` from the next period on; a recording that runs is finished first. Failures are
-    /// the errors of `RaiseFileError`, and nothing is recorded.
+    /// a `RuntimeError` with the reason in words: nothing is recorded, and there is no file.
     void Start(const std::string& path);
     /// Records no more; what was recorded goes to the disk meanwhile. Nothing without a recording.
     void Stop();
-    /// The same, and waits until the file is whole.
+    /// The same, and waits until the file is whole, but not longer than the patience. Then it goes on by itself.
     void Finish();
 
     /// True from `Start` until the file is whole: after `Stop`, or when the disk takes no more.
-    bool IsRunning() const { return !whole_; }
+    bool IsRunning() const;
     /// It runs, but records no more.
     bool IsEnding() const { return IsRunning() && stopped_; }
     /// Frames in the file, of this recording or the last one.
-    std::int64_t Frames() const { return frames_; }
-    /// Frames that came faster than the disk took them, and are missing.
-    std::uint64_t Missed() const { return missed_; }
+    std::int64_t Frames() const;
+    /// Frames that came faster than the disk took them, and are silence in the file.
+    std::uint64_t Missed() const;
     /// What stopped the writing, in words; nothing while all is well.
     std::optional<std::string> Failure() const;
 
+    /// The `Starter` of the program.
+    static std::thread PlainThread(std::function<void()> work);
+
 private:
-    void Run();
-    bool WriteOnce(RecordingWriter& writer);
+    class Take;
 
     std::shared_ptr<OutputChain> chain_;
-    std::unique_ptr<RecordingFile> file_;  // of the thread, while it runs
+    Starter starter_;
+    std::chrono::milliseconds patience_;
+    std::shared_ptr<Take> take_;  // the thread has it too: a disk may hang for longer than this lives
     std::thread thread_;
     bool stopped_ = false;
-    std::atomic<bool> whole_{true};
-    mutable std::mutex mutex_;
-    std::condition_variable wake_;
-    bool ending_ = false;                 // guarded by `mutex_`
-    std::optional<std::string> failure_;  // guarded by `mutex_`
-    std::atomic<std::int64_t> frames_{0};
-    std::atomic<std::uint64_t> missed_{0};
 };
 
 }  // namespace marvolin

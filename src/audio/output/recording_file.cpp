@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <utility>
 
 #include "core/files/file_errors.h"
 
@@ -19,27 +20,48 @@ int NewDescriptor(const std::string& path) {
     return descriptor;
 }
 
+/// The library does not always know what the system refused.
+[[noreturn]] void RaiseWriteError(int systemError) { RaiseFileError(systemError == 0 ? EIO : systemError); }
+
 }  // namespace
 
 RecordingFile::RecordingFile(const std::string& path) : descriptor_(NewDescriptor(path)) {
+    try {
+        Begin();
+    } catch (...) {
+        CloseAll();
+        ::unlink(path.c_str());
+        throw;
+    }
+}
+
+RecordingFile::RecordingFile(int descriptor) : descriptor_(descriptor) {
+    try {
+        Begin();
+    } catch (...) {
+        CloseAll();
+        throw;
+    }
+}
+
+RecordingFile::~RecordingFile() { CloseAll(); }
+
+void RecordingFile::Begin() {
     SF_INFO info{};
     info.samplerate = kRecordedRate;
     info.channels = 2;
     info.format = SF_FORMAT_RF64 | SF_FORMAT_PCM_16;
     errno = 0;
     file_.reset(sf_open_fd(descriptor_, SFM_WRITE, &info, SF_FALSE));
-    if (!file_) {
-        const int error = errno == 0 ? EIO : errno;
-        ::close(descriptor_);
-        RaiseFileError(error);
-    }
-    // A plain WAV file as long as it is short enough for one.
+    if (!file_) RaiseWriteError(errno);
+    // A plain WAV file as long as it is short enough for one. The library has already written the other header.
     sf_command(file_.get(), SFC_RF64_AUTO_DOWNGRADE, nullptr, SF_TRUE);
+    UpdateHeader();
 }
 
-RecordingFile::~RecordingFile() {
+void RecordingFile::CloseAll() {
     file_.reset();
-    ::close(descriptor_);
+    if (descriptor_ >= 0) ::close(std::exchange(descriptor_, -1));
 }
 
 void RecordingFile::Write(std::span<const std::int16_t> frames) {
@@ -50,9 +72,22 @@ void RecordingFile::Write(std::span<const std::int16_t> frames) {
     if (written < wanted) RaiseFileError(errno == 0 ? ENOSPC : errno);
 }
 
-void RecordingFile::Settle() {
+void RecordingFile::UpdateHeader() {
+    errno = 0;
     sf_command(file_.get(), SFC_UPDATE_HEADER_NOW, nullptr, 0);
-    ::fdatasync(descriptor_);
+    if (sf_error(file_.get()) != SF_ERR_NO_ERROR) RaiseWriteError(errno);
+}
+
+void RecordingFile::Sync() {
+    if (::fdatasync(descriptor_) != 0) RaiseFileError(errno);
+}
+
+void RecordingFile::Finish() {
+    UpdateHeader();
+    errno = 0;
+    if (sf_close(file_.release()) != SF_ERR_NO_ERROR) RaiseWriteError(errno);
+    Sync();
+    if (::close(std::exchange(descriptor_, -1)) != 0) RaiseFileError(errno);
 }
 
 }  // namespace marvolin

@@ -9,13 +9,20 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <future>
 #include <iterator>
 #include <memory>
+#include <new>
 #include <string>
+#include <system_error>
+#include <thread>
+#include <utility>
 #include <vector>
 
 #include "audio/openal/wave_file.h"
@@ -81,11 +88,12 @@ TEST_F(RecordingOfAFile, ItHoldsWhatWasWrittenAndTheInstrumentLoadsIt) {
 
 TEST_F(RecordingOfAFile, ItsHeaderIsTrueWhileItGrows) {
     RecordingFile file(path_);
+    EXPECT_TRUE(HeaderIsTrue(path_)) << "from the first moment on";
     file.Write(Numbered(0, 1000));
-    file.Settle();
+    file.UpdateHeader();
     EXPECT_EQ(ReadAll(path_), Numbered(0, 1000));
     file.Write(Numbered(1000, 1000));
-    file.Settle();
+    file.UpdateHeader();
     EXPECT_EQ(ReadAll(path_), Numbered(0, 2000));
 }
 
@@ -108,7 +116,7 @@ TEST_F(RecordingOfAFile, PastFourGibibytesItCanStillBeRead) {
         RecordingFile file(path_);
         file.Write(Numbered(0, 1000));
         std::filesystem::resize_file(path_, kBytes);
-        file.Settle();
+        file.UpdateHeader();
         SF_INFO info{};
         SNDFILE* growing = sf_open(path_.c_str(), SFM_READ, &info);
         ASSERT_NE(growing, nullptr) << sf_strerror(nullptr);
@@ -125,33 +133,16 @@ TEST_F(RecordingOfAFile, PastFourGibibytesItCanStillBeRead) {
     sf_close(whole);
 }
 
-TEST_F(RecordingOfAFile, AWriterBringsTheHeaderUpToDateEveryHalfSecondOfSound) {
-    FrameRing ring(std::size_t{1} << 16);
-    RecordingFile file(path_);
-    RecordingWriter writer(ring, file);
-    const auto half = static_cast<int>(RecordingWriter::kSettleFrames);
-    const auto first = Numbered(0, half - 1);
-    ring.Write_rt(first.data(), first.size() / 2);
-    writer.WriteWhatCame();
-    EXPECT_EQ(file.Frames(), half - 1);
-    EXPECT_FALSE(HeaderIsTrue(path_)) << "it is not yet due";
-    const auto second = Numbered(half - 1, 1);
-    ring.Write_rt(second.data(), 1);
-    writer.WriteWhatCame();
-    EXPECT_TRUE(HeaderIsTrue(path_));
-    EXPECT_EQ(ReadAll(path_), Numbered(0, half));
-}
-
-/// While it lives, a file of this process can have at most `bytes`: a disk that is full.
-class FullDisk {
+/// While it lives, a file of this process takes nothing behind `bytes`.
+class FileLimit {
 public:
-    explicit FullDisk(rlim_t bytes) {
+    explicit FileLimit(rlim_t bytes) {
         ::getrlimit(RLIMIT_FSIZE, &before_);
         before_handler_ = std::signal(SIGXFSZ, SIG_IGN);
         const rlimit limit{bytes, before_.rlim_max};
         ::setrlimit(RLIMIT_FSIZE, &limit);
     }
-    ~FullDisk() {
+    ~FileLimit() {
         ::setrlimit(RLIMIT_FSIZE, &before_);
         std::signal(SIGXFSZ, before_handler_);
     }
@@ -161,16 +152,90 @@ private:
     void (*before_handler_)(int) = nullptr;
 };
 
+/// The number under which this process has a file open, -1 for none.
+int OpenDescriptorOf(const std::string& path) {
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+        std::error_code closed;
+        if (std::filesystem::read_symlink(entry.path(), closed) == path) return std::stoi(entry.path().filename());
+    }
+    return -1;
+}
+
+TEST_F(RecordingOfAFile, AWriterBringsTheHeaderUpToDateEachTimeAndCountsEachPiece) {
+    FrameRing ring(std::size_t{1} << 16);
+    RecordingFile file(path_);
+    std::atomic<std::int64_t> frames{0};
+    RecordingWriter writer(ring, file, frames);
+    for (int turn = 0; turn < 3; ++turn) {
+        const auto came = Numbered(5000 * turn, 5000);
+        ring.Write_rt(came.data(), came.size() / 2);
+        writer.WriteWhatCame();
+        EXPECT_TRUE(HeaderIsTrue(path_)) << turn;
+        EXPECT_EQ(ReadAll(path_), Numbered(0, 5000 * (turn + 1)));
+        EXPECT_EQ(frames, 5000 * (turn + 1));
+    }
+}
+
+TEST_F(RecordingOfAFile, AnEndLeavesTheFileWholeAndClosed) {
+    RecordingFile file(path_);
+    file.Write(Numbered(0, 1000));
+    file.Finish();
+    EXPECT_TRUE(HeaderIsTrue(path_));
+    EXPECT_EQ(ReadAll(path_), Numbered(0, 1000));
+}
+
+TEST_F(RecordingOfAFile, AHeaderThatTheDiskRefusesIsAnError) {
+    RecordingFile file(path_);
+    file.Write(Numbered(0, 1000));
+    const FileLimit limit(10);
+    EXPECT_EQ(MessageOf([&] { file.UpdateHeader(); }), "File too large");
+    EXPECT_EQ(MessageOf([&] { file.Finish(); }), "File too large");
+}
+
+// What is open for reading only, and what has no disk behind it, cannot be brought to one.
+TEST_F(RecordingOfAFile, ADiskThatRefusesToTakeWhatItHasIsAnError) {
+    RecordingFile file(path_);
+    file.Write(Numbered(0, 1000));
+    const int descriptor = OpenDescriptorOf(path_);
+    ASSERT_GE(descriptor, 0);
+    const int device = ::open("/dev/null", O_RDWR | O_CLOEXEC);
+    const int kept = ::dup(descriptor);
+    ::dup2(device, descriptor);  // takes every header, but has nothing to wait for
+    EXPECT_EQ(MessageOf([&] { file.Sync(); }), "Path/File access error");
+    EXPECT_EQ(MessageOf([&] { file.Finish(); }), "Path/File access error");
+    ::close(device);
+    ::close(kept);
+}
+
+TEST_F(RecordingOfAFile, AFullDeviceIsTold) {
+    const int full = ::open("/dev/full", O_RDWR | O_CLOEXEC);
+    ASSERT_GE(full, 0);
+    EXPECT_EQ(MessageOf([&] { const RecordingFile file(full); }), "Disk full");
+    EXPECT_EQ(::fcntl(full, F_GETFD), -1) << "it was not closed";
+}
+
+TEST_F(RecordingOfAFile, AFileThatCannotBeBegunIsTakenAway) {
+    const FileLimit limit(10);
+    EXPECT_EQ(MessageOf([&] { const RecordingFile file(path_); }), "File too large");
+    EXPECT_FALSE(std::filesystem::exists(path_));
+}
+
 class RecorderOfAChain : public RecordingOfAFile {
 protected:
     void Pass(const std::vector<std::int16_t>& frames) {
         std::vector<std::int16_t> passing = frames;
         chain_->Pass_rt(passing.data(), static_cast<int>(passing.size() / 2));
     }
+    /// True when the chain has nothing for a recording.
+    bool NothingCame() {
+        std::array<std::int16_t, 2> frame{};
+        return chain_->Recorded().Read(frame) == 0;
+    }
     /// Waits for what the thread of the recorder is to do.
     template <typename Condition>
     bool Comes(Condition condition) {
-        for (long tries = 0; tries < 2'000'000'000 && !condition(); ++tries) std::this_thread::yield();
+        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+        while (!condition() && std::chrono::steady_clock::now() < end) std::this_thread::yield();
         return condition();
     }
     std::shared_ptr<OutputChain> chain_ = std::make_shared<OutputChain>();
@@ -231,11 +296,11 @@ TEST_F(RecorderOfAChain, AStartThatFailsRecordsNothing) {
 }
 
 TEST_F(RecorderOfAChain, ADiskThatIsFullEndsItWithItsMessageAndLeavesWhatThereIs) {
-    const FullDisk disk(100'000);
+    const FileLimit disk(100'000);
     recorder_.Start(path_);
     Pass(Numbered(0, 50'000));
     ASSERT_TRUE(Comes([&] { return !recorder_.IsRunning(); })) << "it ends by itself";
-    EXPECT_TRUE(recorder_.Failure().has_value());
+    EXPECT_EQ(recorder_.Failure(), "File too large");
     Pass(Numbered(50'000, 100));
     const auto kept = ReadAll(path_);
     EXPECT_GT(kept.size(), 2U * 20'000);
@@ -245,7 +310,7 @@ TEST_F(RecorderOfAChain, ADiskThatIsFullEndsItWithItsMessageAndLeavesWhatThereIs
 
 TEST_F(RecorderOfAChain, ANewRecordingForgetsTheFailureOfTheLastOne) {
     {
-        const FullDisk disk(1000);
+        const FileLimit disk(1000);
         recorder_.Start(path_);
         Pass(Numbered(0, 5000));
         ASSERT_TRUE(Comes([&] { return !recorder_.IsRunning(); }));
@@ -268,7 +333,8 @@ TEST_F(RecorderOfAChain, AKilledProgramLeavesAllButTheLastSecond) {
             auto frames = Numbered(i, 441);
             chain->Pass_rt(frames.data(), 441);
         }
-        while (recorder.Frames() < 3 * 44100) std::this_thread::yield();
+        // When it never comes the test fails for want of frames.
+        Comes([&] { return recorder.Frames() >= 3 * 44100; });
         ::raise(SIGKILL);
     }
     int status = 0;
@@ -277,6 +343,70 @@ TEST_F(RecorderOfAChain, AKilledProgramLeavesAllButTheLastSecond) {
     const auto kept = ReadAll(path_);
     EXPECT_GE(kept.size() / 2, 2U * 44100);
     EXPECT_EQ(kept, Numbered(0, static_cast<int>(kept.size() / 2)));
+}
+
+TEST_F(RecorderOfAChain, AThreadThatCannotStartIsAnErrorAndLeavesNoFile) {
+    bool refuses = true;
+    Recorder recorder(chain_, [&](std::function<void()> work) {
+        if (refuses) throw std::system_error(EAGAIN, std::generic_category());
+        return Recorder::PlainThread(std::move(work));
+    });
+    EXPECT_EQ(MessageOf([&] { recorder.Start(path_); }), "the system starts no more threads");
+    EXPECT_FALSE(recorder.IsRunning());
+    EXPECT_FALSE(std::filesystem::exists(path_));
+    Pass(Numbered(0, 10));
+    EXPECT_TRUE(NothingCame()) << "the chain still records";
+    refuses = false;
+    recorder.Start(path_);
+    Pass(Numbered(10, 10));
+    recorder.Finish();
+    EXPECT_EQ(ReadAll(path_), Numbered(10, 10));
+}
+
+TEST_F(RecorderOfAChain, WithoutMemoryItIsAnErrorToo) {
+    Recorder recorder(chain_, [](std::function<void()>) -> std::thread { throw std::bad_alloc(); });
+    EXPECT_EQ(MessageOf([&] { recorder.Start(path_); }), "Out of memory");
+    EXPECT_FALSE(std::filesystem::exists(path_));
+}
+
+TEST_F(RecorderOfAChain, ADiskThatHangsIsWaitedForNotLongerThanThePatience) {
+    std::promise<void> goesOn;
+    std::promise<void> done;
+    {
+        Recorder recorder(
+            chain_,
+            [&](std::function<void()> work) {
+                return std::thread([&, work = std::move(work), hangs = goesOn.get_future()]() mutable {
+                    hangs.wait();
+                    work();
+                    done.set_value();
+                });
+            },
+            std::chrono::milliseconds(1));
+        recorder.Start(path_);
+        Pass(Numbered(0, 100));
+        recorder.Finish();
+        EXPECT_TRUE(recorder.IsRunning());
+        EXPECT_TRUE(recorder.IsEnding());
+        EXPECT_EQ(MessageOf([&] { recorder.Start(folder_.In("second.wav")); }),
+                  "the disk still writes the last recording");
+        EXPECT_FALSE(std::filesystem::exists(folder_.In("second.wav")));
+    }
+    goesOn.set_value();
+    done.get_future().wait();
+    EXPECT_EQ(ReadAll(path_), Numbered(0, 100)) << "it is finished when the disk goes on";
+}
+
+TEST_F(RecorderOfAChain, TheLastErrorOfTheDiskIsToldAndOnlyOnce) {
+    recorder_.Start(path_);
+    Pass(Numbered(0, 1000));
+    ASSERT_TRUE(Comes([&] { return recorder_.Frames() == 1000; }));
+    {
+        const FileLimit limit(10);
+        recorder_.Finish();
+    }
+    EXPECT_FALSE(recorder_.IsRunning());
+    EXPECT_EQ(recorder_.Failure(), "File too large");
 }
 
 }  // namespace

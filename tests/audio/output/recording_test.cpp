@@ -71,7 +71,7 @@ TEST_F(Recording, TheSecondPressEndsItAndSaysHowLongItIs) {
     output.State.Frames = 44100 * 5;
     ToggleRecording(i.s, now);
     EXPECT_FALSE(output.IsRecording());
-    EXPECT_EQ(i.s.StatusText, "Recorded 0:05 into \"marvolin 2026-11-22 21-05-09.wav\"");
+    EXPECT_EQ(i.s.StatusText, "Recorded 0:05: \"" + In("marvolin 2026-11-22 21-05-09.wav") + "\"");
     EXPECT_EQ(i.s.RecordingText, "");
     EXPECT_EQ(i.s.RecordingFile, "");
     EXPECT_TRUE(i.Desk.Boxes.empty());
@@ -81,9 +81,18 @@ TEST_F(Recording, WhatTheDiskWasTooSlowForIsTold) {
     ToggleRecording(i.s, now);
     output.State.Frames = 44100;
     output.State.Missed = 882;
+    WatchRecording(i.s);
+    EXPECT_EQ(i.s.RecordingText, "0:01  gap 20 ms");
+    output.State.Missed = 10;
+    WatchRecording(i.s);
+    EXPECT_EQ(i.s.RecordingText, "0:01  gap 1 ms") << "never 0";
+    output.State.Missed = 44100 * 12;
+    WatchRecording(i.s);
+    EXPECT_EQ(i.s.RecordingText, "0:01  gap 12 s");
+    output.State.Missed = 882;
     ToggleRecording(i.s, now);
-    EXPECT_EQ(i.s.StatusText,
-              "Recorded 0:01 into \"marvolin 2026-11-22 21-05-09.wav\"; the disk was too slow for 20 ms");
+    EXPECT_EQ(i.s.StatusText, "Recorded 0:01, 20 ms missing, the disk was too slow: \"" +
+                                  In("marvolin 2026-11-22 21-05-09.wav") + "\"");
 }
 
 TEST_F(Recording, AFullDiskEndsItWithOneReportThatNamesWhatThereIs) {
@@ -93,8 +102,9 @@ TEST_F(Recording, AFullDiskEndsItWithOneReportThatNamesWhatThereIs) {
     WatchRecording(i.s);
     WatchRecording(i.s);
     ASSERT_EQ(i.Desk.Boxes.size(), 1U);
-    EXPECT_EQ(i.Desk.Boxes[0].Text,
-              "The recording has ended: Disk full. What was recorded is in \"marvolin 2026-11-22 21-05-09.wav\".");
+    EXPECT_EQ(i.Desk.Boxes[0].Text, "The recording has ended: Disk full. What was recorded is in \"" +
+                                        In("marvolin 2026-11-22 21-05-09.wav") + "\".");
+    EXPECT_EQ(i.s.StatusText, "The recording has ended: Disk full") << "not that it was recorded";
     EXPECT_FALSE(i.Desk.Boxes[0].Waits);
     EXPECT_FALSE(output.IsRecording());
     EXPECT_EQ(i.s.RecordingText, "");
@@ -126,8 +136,7 @@ TEST_F(Recording, AFolderThatCannotBeMadeIsReported) {
     EXPECT_EQ(i.Desk.LastBox(), "Error starting recording in \"" + i.Desk.Folder + "/Recordings\": File not found");
 }
 
-TEST_F(Recording, AFolderThatCannotBeWrittenIsReported) {
-    // Not by its mode, which root may pass over: a name that is longer than any file's.
+TEST_F(Recording, AFolderWhoseNameIsTooLongIsReported) {
     i.Desk.Folder = folder.In(std::string(300, 'x'));
     ToggleRecording(i.s, now);
     EXPECT_EQ(i.Desk.LastBox(),
@@ -151,10 +160,40 @@ TEST_F(Recording, ASlowDiskIsNotWaitedFor) {
     EXPECT_EQ(output.Paths.size(), 1U);
     output.FinishRecording();
     WatchRecording(i.s);
-    EXPECT_EQ(i.s.StatusText, "Recorded 0:01 into \"marvolin 2026-11-22 21-05-09.wav\"");
+    EXPECT_EQ(i.s.StatusText, "Recorded 0:01: \"" + In("marvolin 2026-11-22 21-05-09.wav") + "\"");
     EXPECT_EQ(i.s.RecordingText, "");
     ToggleRecording(i.s, now);
     EXPECT_EQ(output.Paths.size(), 2U);
+}
+
+TEST_F(Recording, WithoutMemoryItIsReportedAndNothingRuns) {
+    output.OutOfMemory = true;
+    ToggleRecording(i.s, now);
+    EXPECT_EQ(i.Desk.LastBox(), "Error starting recording in \"" + i.Desk.Folder + "/Recordings\": Out of memory");
+    EXPECT_EQ(i.s.RecordingFile, "");
+}
+
+TEST_F(Recording, OnlyTheEndingOfASetIsCutFromItsName) {
+    i.s.CurrentFile = "night v1.2";
+    ToggleRecording(i.s, now);
+    ToggleRecording(i.s, now);
+    i.s.CurrentFile = "night v1.2.MVP";
+    now.tm_sec = 10;
+    ToggleRecording(i.s, now);
+    EXPECT_EQ(output.Paths, (std::vector<std::string>{In("night v1.2 2026-11-22 21-05-09.wav"),
+                                                      In("night v1.2 2026-11-22 21-05-10.wav")}));
+}
+
+TEST_F(Recording, ANameThatIsTakenInTheLastMomentIsLeftAndTheNextOneTried) {
+    output.Taken = 1;
+    ToggleRecording(i.s, now);
+    EXPECT_EQ(output.Paths, std::vector<std::string>{In("marvolin 2026-11-22 21-05-09 (2).wav")});
+    EXPECT_EQ(i.s.RecordingFile, In("marvolin 2026-11-22 21-05-09 (2).wav"));
+    ToggleRecording(i.s, now);
+    output.Taken = 1000;
+    ToggleRecording(i.s, now);
+    EXPECT_EQ(i.Desk.LastBox(),
+              "Error starting recording in \"" + i.Desk.Folder + "/Recordings\": File already exists");
 }
 
 TEST_F(Recording, TheEndOfTheProgramWaitsForIt) {
@@ -165,6 +204,27 @@ TEST_F(Recording, TheEndOfTheProgramWaitsForIt) {
     FinishRecording(i.s);
     EXPECT_FALSE(output.IsRecording());
     EXPECT_EQ(i.s.RecordingFile, "");
+}
+
+TEST_F(Recording, TheEndOfTheProgramSaysWhatADiskHasNotTaken) {
+    const auto reason = [&] {
+        try {
+            FinishRecording(i.s);
+        } catch (const RuntimeError& error) {
+            return std::string(error.what());
+        }
+        return std::string();
+    };
+    ToggleRecording(i.s, now);
+    output.DiskHangs = true;
+    EXPECT_EQ(reason(),
+              "the disk does not take it. What was recorded is in \"" + In("marvolin 2026-11-22 21-05-09.wav") + "\"");
+    output.DiskHangs = false;
+    output.FinishRecording();
+    ToggleRecording(i.s, now);
+    output.State.Failure = "Disk full";
+    EXPECT_EQ(reason(), "Disk full. What was recorded is in \"" + In("marvolin 2026-11-22 21-05-09 (2).wav") + "\"");
+    EXPECT_TRUE(i.Desk.Boxes.empty()) << "told once";
 }
 
 TEST_F(Recording, SilenceIsAToggleAndSaysHowTheSoundComesBack) {
