@@ -1,5 +1,6 @@
-"""recorded.py RECORDING CAPTURE: prints how many frames the header of a recording promises, and where they stand in
-what the card got, frame by frame the same: the number of the first frame, -1 when they stand nowhere."""
+"""recorded.py RECORDING CAPTURE [SIZE]: prints how many frames the header of a recording promises, and where they stand
+in what the card got, frame by frame the same: the number of the first frame, -1 when they stand nowhere. With SIZE,
+which the capture had when the recording was asked for, it is looked for from there on, and counted from there."""
 
 import struct
 import sys
@@ -23,14 +24,15 @@ def samples(path):
     sys.exit(path + " has no data")
 
 
-def place_of(part, whole):
-    place = whole.find(part)
+def place_of(part, whole, begin):
+    place = whole.find(part, begin)
     while place > 0 and place % 4 != 0:
         place = whole.find(part, place + 1)
-    return place // 4 if place >= 0 else -1
+    return (place - begin) // 4 if place >= 0 else -1
 
 
 recording = samples(sys.argv[1])
 with open(sys.argv[2], "rb") as card:
     heard = card.read()[44:]
-print(len(recording) // 4, place_of(recording, heard))
+begin = max(0, int(sys.argv[3]) - 44) // 4 * 4 if len(sys.argv) > 3 else 0
+print(len(recording) // 4, place_of(recording, heard, begin))

@@ -15,6 +15,12 @@ on_the_card() {
   FRAMES=$frames
   [[ $frames -gt 0 && $place -ge 0 ]]
 }
+# begins_at_the_press FILE SIZE: the recording begins within a second of what the card got behind its first SIZE bytes.
+begins_at_the_press() {
+  local frames place
+  read -r frames place <<<"$(python3 "$(dirname "${BASH_SOURCE[0]}")/recorded.py" "$1" "$SOUND" "$2")"
+  [[ $frames -gt 0 && $place -ge 0 && $place -le 44100 ]]
+}
 # lasts WORDS LOW HIGH: of the recording that was compared last, in ms.
 lasts() { between "$1" $((FRAMES * 10 / 441)) "$2" "$3"; }
 
@@ -34,6 +40,7 @@ play_a "$empty"
 park
 expect "the meter moves" looks_unlike LevelMeter "$still"
 off=$(face Record)
+pressed=$(stat -c %s "$SOUND")
 click Record
 expect "a file is made" there_are 1
 park
@@ -45,6 +52,7 @@ park
 expect "the button is dark again" looks_like Record "$off"
 expect "every frame is what the card got" on_the_card "$(newest)"
 lasts "ms recorded" 1500 4000
+expect "it begins with the press" begins_at_the_press "$(newest)" "$pressed"
 expect "its name begins with that of the program" eval '[[ $(basename "$(newest)") == "marvolin 20"*.wav ]]'
 
 echo "By the key, with silence in it"

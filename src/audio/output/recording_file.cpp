@@ -54,8 +54,10 @@ void RecordingFile::Begin() {
     errno = 0;
     file_.reset(sf_open_fd(descriptor_, SFM_WRITE, &info, SF_FALSE));
     if (!file_) RaiseWriteError(errno);
-    // A plain WAV file as long as it is short enough for one. The library has already written the other header.
+    // A plain WAV file as long as it is short enough for one. The library has already written the other header, which
+    // is a little shorter: the first update has its length, the second the right one.
     sf_command(file_.get(), SFC_RF64_AUTO_DOWNGRADE, nullptr, SF_TRUE);
+    UpdateHeader();
     UpdateHeader();
 }
 
