@@ -13,7 +13,6 @@ holds() { grep -aq "$1" "$KEPT"; }
 echo "An evening"
 expect "the browser is open beside the main window" find_browser
 destination 0 2
-destination 1 2
 empty=$(face DropDown_0)
 begin=$(now)
 bin_click 0 1

@@ -51,6 +51,7 @@ find_in() {
   expect "the question closes" stage_not_named "Find missing samples in a folder and below"
 }
 find_in "$FOLDER/moved"
+park
 expect "A is as before" looks_like DropDown_0 "${LOOK[DropDown_0]}"
 stop_all
 compare "what was found" "${CONTROLS[@]}"
