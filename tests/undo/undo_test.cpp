@@ -8,6 +8,7 @@
 #include "audio/play_gestures.h"
 #include "audio/play_modes.h"
 #include "audio/reverse.h"
+#include "audio/thinning.h"
 #include "browser/bin_gestures.h"
 #include "browser/clipboard.h"
 #include "browser/sample_bins.h"
@@ -176,6 +177,83 @@ TEST_F(Undo, ASetThatSwitches3dGivesTheSamplesBackAlsoWhenTheirFilesHaveGone) {
     EXPECT_TRUE(s.Use3D);
     EXPECT_EQ(Portrait(), before);
     EXPECT_TRUE(Desk.Boxes.empty());
+}
+
+TEST_F(Undo, OptionsThatASetDidNotChangeStayAsTheHandHasPutThemSince) {
+    Load(0, "bells.wav");
+    s.Limit = 3;
+    ASSERT_TRUE(Save("evening.mvn"));
+    s.Limit = kNoLimit;
+    s.Bins[0].Destination = 1;
+    Forget();
+    ASSERT_TRUE(Open("evening.mvn"));
+    ASSERT_EQ(s.Limit, 3);
+    ASSERT_NE(s.Bins[0].Destination, 1);
+    cboDrivers_Click(s, 1);
+    s.DragAxis = kHorizontalDrag;
+    s.Bins[1].Destination = 3;
+    const std::int16_t size = s.MapSize == 2 ? 1 : 2;
+    MapSize_Change(s, size);
+    Undo_Click(s);
+    EXPECT_EQ(s.Limit, kNoLimit);
+    EXPECT_EQ(s.Bins[0].Destination, 1);
+    EXPECT_EQ(s.Driver, 1);
+    EXPECT_EQ(s.DragAxis, kHorizontalDrag);
+    EXPECT_EQ(s.Bins[1].Destination, 3);
+    EXPECT_EQ(s.MapSize, size);
+    s.DragAxis = kVerticalDrag;
+    Redo_Click(s);
+    EXPECT_EQ(s.Limit, 3);
+    EXPECT_EQ(s.DragAxis, kVerticalDrag);
+}
+
+TEST_F(Undo, AfterASwitchOf3dTheHandsKnobsStayWhenTheStepIsDoneAgain) {
+    Load(0, "bells.wav");
+    ASSERT_TRUE(Save("flat.mvn"));
+    Enable3d_Click(s, true);
+    Forget();
+    ASSERT_TRUE(Open("flat.mvn"));
+    ASSERT_FALSE(s.Use3D);
+    Undo_Click(s);
+    ASSERT_TRUE(s.Use3D);
+    std::int16_t vol = 123;
+    LoopVolChange(s, 0, vol, TakeHold::Yes, UpdateDisplay::Yes);
+    Redo_Click(s);
+    EXPECT_FALSE(s.Use3D);
+    EXPECT_EQ(s.Set[0].Vol, 123);
+}
+
+TEST_F(Undo, TakingBackKeepsToTheLimit) {
+    Load(0, "bells.wav", true);
+    Load(1, "drum.wav", true);
+    Forget();
+    LoopClearRows(s, 0);
+    s.Limit = 1;
+    Undo_Click(s);
+    EXPECT_EQ(s.Run[0].Loaded, True);
+    EXPECT_EQ((s.Run[0].Playing != False) + (s.Run[1].Playing != False), 1);
+    EXPECT_EQ(int{Sounds(0)} + int{Sounds(1)}, 1);
+    EXPECT_EQ(s.ThinList.size(), 1U);
+}
+
+TEST_F(Undo, TakingBackClosesTheListsThatShowWhatWas) {
+    Load(0, "bells.wav");
+    Screen.Log.clear();
+    Undo_Click(s);
+    EXPECT_EQ(Screen.Count("ShowHistoryList hide"), 1);
+    EXPECT_EQ(Screen.Count("ShowSelectList hide"), 1);
+}
+
+TEST_F(Undo, KeysThatComeBackToTheStartLeaveNoStep) {
+    Load(0, "bells.wav");
+    for (const int up : {1, 1, -1, -1}) PatternStep(s, kPanPattern, 2, up);
+    EXPECT_EQ(LastText(), "Load of bells into A");
+}
+
+TEST_F(Undo, AFlagThatAKeySwitchesIsAStep) {
+    const std::string before = Portrait();
+    SelectToggle(s, 2);
+    GoBackAndForth(before, "Change of the selection");
 }
 
 TEST_F(Undo, QuickLoadIsAStep) {

@@ -14,6 +14,7 @@ namespace marvolin {
 namespace {
 
 constexpr Row kSelectionSelector = kBands;  // the number after those of the bands
+constexpr std::string_view kSelectionStep = "Change of the selection";
 constexpr std::string_view kSelectorStep = "Change of what is in control";
 
 void TakeSelection(Session& s) {
@@ -74,6 +75,7 @@ void SelectRange(Session& s, Row from, Row to) { SetRange(s, from, to, true); }
 void DeselectRange(Session& s, Row from, Row to) { SetRange(s, from, to, false); }
 
 void SelectToggle(Session& s, Row row) {
+    const UndoStep step(s, kSelectionStep, UndoScope::Selection);
     TakeSelection(s);
     s.SelectWork[row] = ToBoolean(s.SelectWork[row] == False);
     SelectApply(s);
@@ -92,7 +94,7 @@ void SlctGroup_LostFocus(Session& s) { s.World.Screen.ShowSelectList(false); }
 void Selected_MouseDown(Session& s, Row row, std::int16_t button) {
     if (row == kSelectionRow) return;
     s.SelectDragTag = button;
-    BeginUndoDrag(s, "Change of the selection", UndoScope::Selection);
+    BeginUndoDrag(s, kSelectionStep, UndoScope::Selection);
     Selected_DragOver(s, row);
 }
 

@@ -35,8 +35,9 @@ void PutNames(Session& s, const InstrumentState& goal) {
     UpdateQuickLoad(s);
 }
 
-void PutBins(Session& s, const InstrumentState& goal) {
+void PutBins(Session& s, const InstrumentState& goal, InstrumentParts parts) {
     for (int bin = 0; bin < kBins; ++bin) {
+        if ((parts & kFirstBinPart << bin) == 0) continue;
         const BinState& wanted = goal.Bins[bin];
         if (s.Bins[bin].Folder != wanted.Folder) {
             SetPickDir(s, bin, wanted.Folder);
@@ -77,9 +78,9 @@ void PutSettings(Session& s, const InstrumentState& goal, const InstrumentState&
 }  // namespace
 
 void RestoreSpace(Session& s, const InstrumentState& goal, InstrumentParts parts) {
-    if (!Asks(parts, kSpacePart)) return;
-    if (s.MapSize != goal.MapSize) MapSize_Change(s, goal.MapSize);
-    if (s.Use3D && goal.Use3D && s.RollOffValue != goal.RollOff) SetRollOff(s, goal.RollOff);
+    if (Asks(parts, kMapSizePart) && s.MapSize != goal.MapSize) MapSize_Change(s, goal.MapSize);
+    const bool rollOff = Asks(parts, kRollOffPart) && s.Use3D && goal.Use3D;
+    if (rollOff && s.RollOffValue != goal.RollOff) SetRollOff(s, goal.RollOff);
 }
 
 void RestoreTables(Session& s, const InstrumentState& goal, InstrumentParts parts) {
@@ -113,7 +114,7 @@ void RestoreThinList(Session& s, const std::string& goal) {
 
 void RestoreOptions(Session& s, const InstrumentState& goal, const InstrumentState& now, InstrumentParts parts) {
     if (Asks(parts, kSettingsPart)) PutSettings(s, goal, now);
-    if (Asks(parts, kBinsPart)) PutBins(s, goal);
+    PutBins(s, goal, parts);
     // After the settings, whose curves centre the ball.
     if (Asks(parts, kPadPart)) PutPad(s, goal);
 }

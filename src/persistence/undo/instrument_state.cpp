@@ -9,7 +9,7 @@ namespace marvolin {
 namespace {
 
 struct PartOf {
-    InstrumentPart Part;
+    InstrumentParts Part;
     void (*Take)(InstrumentState& state, const Session& s);
     bool (*Same)(const InstrumentState& a, const InstrumentState& b);
     void (*Copy)(InstrumentState& to, const InstrumentState& from);
@@ -60,20 +60,6 @@ void CopyPad(InstrumentState& to, const InstrumentState& from) {
     to.ChannelHz = from.ChannelHz;
 }
 
-void TakeSpace(InstrumentState& state, const Session& s) {
-    state.Use3D = s.Use3D;
-    state.RollOff = s.RollOffValue;
-    state.MapSize = s.MapSize;
-}
-bool SameSpace(const InstrumentState& a, const InstrumentState& b) {
-    return a.Use3D == b.Use3D && a.RollOff == b.RollOff && a.MapSize == b.MapSize;
-}
-void CopySpace(InstrumentState& to, const InstrumentState& from) {
-    to.Use3D = from.Use3D;
-    to.RollOff = from.RollOff;
-    to.MapSize = from.MapSize;
-}
-
 void TakeNames(InstrumentState& state, const Session& s) {
     state.Folder = s.CurrentFolder;
     state.File = s.CurrentFile;
@@ -99,14 +85,21 @@ void TakeSettings(InstrumentState& state, const Session& s) { state.Settings = C
 bool SameSettings(const InstrumentState& a, const InstrumentState& b) {
     return a.Settings.Pairs() == b.Settings.Pairs();
 }
-
-void TakeBins(InstrumentState& state, const Session& s) {
-    for (int bin = 0; bin < kBins; ++bin) {
-        state.Bins[bin] = {s.Bins[bin].Folder, s.Bins[bin].Destination, s.Bins[bin].ClickPlay};
-    }
+// Settings that `from` does not have stay.
+void CopySettings(InstrumentState& to, const InstrumentState& from) {
+    for (const auto& [key, value] : from.Settings.Pairs()) to.Settings.Put(key, value);
 }
 
-constexpr std::array<PartOf, 10> kPartsOfInstrument{{
+template <int Bin>
+constexpr PartOf kPartOfBin{
+    kFirstBinPart << Bin,
+    [](InstrumentState& state, const Session& s) {
+        state.Bins[Bin] = {s.Bins[Bin].Folder, s.Bins[Bin].Destination, s.Bins[Bin].ClickPlay};
+    },
+    [](const InstrumentState& a, const InstrumentState& b) { return a.Bins[Bin] == b.Bins[Bin]; },
+    [](InstrumentState& to, const InstrumentState& from) { to.Bins[Bin] = from.Bins[Bin]; }};
+
+constexpr std::array<PartOf, 11 + kBins> kPartsOfInstrument{{
     {kBandsPart, TakeBands, SameBands, CopyBands},
     {kHistoryPart, [](InstrumentState& state, const Session& s) { state.History = s.History; },
      SameValue<&InstrumentState::History>, CopyValue<&InstrumentState::History>},
@@ -117,10 +110,17 @@ constexpr std::array<PartOf, 10> kPartsOfInstrument{{
     {kWireChoicePart, [](InstrumentState& state, const Session& s) { state.WireChoice = s.SetChannelChoice; },
      SameValue<&InstrumentState::WireChoice>, CopyValue<&InstrumentState::WireChoice>},
     {kPadPart, TakePad, SamePad, CopyPad},
-    {kSpacePart, TakeSpace, SameSpace, CopySpace},
+    {k3dPart, [](InstrumentState& state, const Session& s) { state.Use3D = s.Use3D; },
+     SameValue<&InstrumentState::Use3D>, CopyValue<&InstrumentState::Use3D>},
+    {kRollOffPart, [](InstrumentState& state, const Session& s) { state.RollOff = s.RollOffValue; },
+     SameValue<&InstrumentState::RollOff>, CopyValue<&InstrumentState::RollOff>},
+    {kMapSizePart, [](InstrumentState& state, const Session& s) { state.MapSize = s.MapSize; },
+     SameValue<&InstrumentState::MapSize>, CopyValue<&InstrumentState::MapSize>},
     {kNamesPart, TakeNames, SameNames, CopyNames},
-    {kSettingsPart, TakeSettings, SameSettings, CopyValue<&InstrumentState::Settings>},
-    {kBinsPart, TakeBins, SameValue<&InstrumentState::Bins>, CopyValue<&InstrumentState::Bins>},
+    {kSettingsPart, TakeSettings, SameSettings, CopySettings},
+    kPartOfBin<0>,
+    kPartOfBin<1>,
+    kPartOfBin<2>,
 }};
 
 }  // namespace
@@ -138,6 +138,8 @@ InstrumentParts DifferentParts(const InstrumentState& before, const InstrumentSt
         const bool captured = (before.Captured & after.Captured & part.Part) != 0;
         if (captured && !part.Same(before, after)) parts |= part.Part;
     }
+    // Switching 3D sound sets the roll-off anew.
+    if ((parts & k3dPart) != 0) parts |= kRollOffPart & before.Captured & after.Captured;
     return parts;
 }
 
@@ -155,6 +157,14 @@ KeyedTable DifferentSettings(const KeyedTable& wanted, const KeyedTable& other) 
         if (present == nullptr || *present != value) different.Put(key, value);
     }
     return different;
+}
+
+KeyedTable SettingsWithKeysOf(const KeyedTable& values, const KeyedTable& keys) {
+    KeyedTable chosen;
+    for (const auto& [key, value] : values.Pairs()) {
+        if (keys.Find(key) != nullptr) chosen.Put(key, value);
+    }
+    return chosen;
 }
 
 }  // namespace marvolin

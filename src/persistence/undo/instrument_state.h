@@ -20,10 +20,13 @@ enum InstrumentPart : InstrumentParts {
     kMacroPart = 1U << 3,       ///< the choice in `PosMacros`
     kWireChoicePart = 1U << 4,  ///< the choice in `SetChannel`
     kPadPart = 1U << 5,         ///< the balls of the pad, its type, the channels
-    kSpacePart = 1U << 6,       ///< 3D sound, roll-off, size of the map
-    kNamesPart = 1U << 7,       ///< folder, file and switches of the current set
-    kSettingsPart = 1U << 8,    ///< the options
-    kBinsPart = 1U << 9,        ///< folders and destinations of the bins
+    k3dPart = 1U << 6,
+    kRollOffPart = 1U << 7,
+    kMapSizePart = 1U << 8,
+    kNamesPart = 1U << 9,      ///< folder, file and switches of the current set
+    kSettingsPart = 1U << 10,  ///< the options, each for itself
+    kFirstBinPart = 1U << 11,  ///< folder and destination of a bin; the other bins follow
+    kBinsPart = kFirstBinPart * ((1U << kBins) - 1),
 };
 
 /// What comes back of a bin.
@@ -55,7 +58,7 @@ struct InstrumentState {
     std::string Folder, File, DialogueFile, Title;
     bool SaveItEnabled = false;
     clsSwitchRecord SavingSwitches;
-    KeyedTable Settings;
+    KeyedTable Settings;  ///< all of them, in a step those that it has changed
     Table<BinState, kBins> Bins;
 };
 
@@ -65,6 +68,8 @@ void CaptureParts(const Session& s, InstrumentState& state, InstrumentParts part
 InstrumentParts DifferentParts(const InstrumentState& before, const InstrumentState& after);
 /// Copies some parts.
 void CopyParts(InstrumentState& to, const InstrumentState& from, InstrumentParts parts);
+/// Those of `values` that have a key in `keys`.
+KeyedTable SettingsWithKeysOf(const KeyedTable& values, const KeyedTable& keys);
 /// The settings in which the two differ, with the values of `wanted`.
 KeyedTable DifferentSettings(const KeyedTable& wanted, const KeyedTable& other);
 

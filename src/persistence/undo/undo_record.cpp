@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "audio/loop_clearing.h"
+#include "audio/thinning.h"
 #include "audio/transport.h"
 #include "core/files/paths.h"
 #include "core/loops/loop_views.h"
@@ -16,7 +17,8 @@ namespace {
 
 constexpr RowParts kPatternParts = kVolPatternPart | kHzPatternPart | kPanPatternPart | kNStepsPart;
 constexpr InstrumentParts kOfRows = kBandsPart | kHistoryPart | kThinListPart | kMacroPart | kWireChoicePart;
-constexpr InstrumentParts kOfSet = kPadPart | kSpacePart | kNamesPart | kSettingsPart | kBinsPart;
+constexpr InstrumentParts kOfSet =
+    kPadPart | k3dPart | kRollOffPart | kMapSizePart | kNamesPart | kSettingsPart | kBinsPart;
 
 // A row keeps the memory of its sample only where the sample comes back with it.
 void KeepOnlyChanged(UndoRecord& step) {
@@ -26,7 +28,7 @@ void KeepOnlyChanged(UndoRecord& step) {
 }
 
 bool Switches3D(const Session& s, const UndoRecord& step) {
-    return (step.RestChanged & kSpacePart) != 0 && step.Rest.Use3D != s.Use3D;
+    return (step.RestChanged & k3dPart) != 0 && step.Rest.Use3D != s.Use3D;
 }
 
 // A change of 3D makes all buffers anew, so all samples come back from their memory, also those of other rows.
@@ -104,6 +106,8 @@ WaitingRows Restore(Session& s, const Goal& goal, const UndoSnapshot& now) {
     for (Row row = 0; row < kUndoRows; ++row) RestoreSounding(s, row, goal.Rows[row], goal.Changed[row]);
     RestoreThinList(s, goal.Rest.ThinList);
     RestoreOptions(s, goal.Rest, now.Rest, goal.RestChanged);
+    // The hand may have lowered the limit since.
+    ThinTo(s);
     RestorePlayingOfSelection(s, goal, now);
     PatternsRefresh(s);
     return waiting;
@@ -169,12 +173,23 @@ UndoRecord MakeRecord(Session& s, const UndoSnapshot& before, const UndoLimits& 
     InstrumentState now;
     CaptureParts(s, now, limits.Rest);
     step.RestChanged = DifferentParts(before.Rest, now);
+    step.Rest.Settings = DifferentSettings(before.Rest.Settings, now.Settings);
     if (limits.Clips && before.Clips) {
         const ClipSplice splice(*before.Clips, s.Clips);
         if (!splice.Empty()) step.Clips = splice;
     }
     KeepOnlyChanged(step);
     return step;
+}
+
+bool ChangesNothing(Session& s, const UndoRecord& step) {
+    if (step.Clips) return false;
+    for (Row row = 0; row < kUndoRows; ++row) {
+        if ((step.RowsChanged[row] & DifferentParts(step.Rows[row], CaptureRow(s, row))) != 0) return false;
+    }
+    InstrumentState now;
+    CaptureParts(s, now, step.RestChanged);
+    return DifferentParts(step.Rest, now) == 0;
 }
 
 bool Join(UndoRecord& earlier, UndoRecord& later) {
@@ -194,13 +209,16 @@ std::vector<std::string> Exchange(Session& s, UndoRecord& step) {
     // The order of thinning is put in order in any case.
     UndoSnapshot now = TakeSnapshot(s, {kAllRowParts, step.RestChanged | kThinListPart, false});
     const bool anew = Switches3D(s, step);
+    const Table<RowParts, kUndoRows> own = step.RowsChanged;
     if (anew) TakeAlongAllRows(step, now);
     const Goal goal = GoalOf(step, now, anew);
     if (anew) Change3D(s, goal.Rest.Use3D);
     TakeUnheard(step, now);
     step.Unheard = Restore(s, goal, now);
     if (step.Clips) step.Clips->Exchange(s);
+    step.RowsChanged = own;
     step.Rows = std::move(now.Rows);
+    now.Rest.Settings = SettingsWithKeysOf(now.Rest.Settings, step.Rest.Settings);
     step.Rest = std::move(now.Rest);
     KeepOnlyChanged(step);
     std::vector<std::string> names;

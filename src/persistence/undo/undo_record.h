@@ -65,6 +65,8 @@ struct UndoRecord {
 
 /// What has changed since `before`, as far as `limits` allow.
 UndoRecord MakeRecord(Session& s, const UndoSnapshot& before, const UndoLimits& limits);
+/// Whether the instrument is as it was before the step: nothing would be taken back.
+bool ChangesNothing(Session& s, const UndoRecord& step);
 /// Makes two steps that follow each other one. False, and nothing done, when both or one of them change clips or a set.
 bool Join(UndoRecord& earlier, UndoRecord& later);
 /// Exchanges what the step changed with what is there: takes it back, or does it again. Only that is touched. Returns

@@ -115,6 +115,7 @@ void UndoSteps::Push(Session& s, UndoRecord step) {
     again_.clear();
     const bool joined = run && back_.back().Text == step.Text && Join(back_.back(), step);
     if (!joined) back_.push_back(std::move(step));
+    if (joined && ChangesNothing(s, back_.back())) back_.pop_back();
     if (back_.size() > kUndoDepth) back_.pop_front();
     LimitMemory(s);
     s.World.Screen.ShowUndo();
@@ -145,6 +146,9 @@ void UndoSteps::Move(Session& s, Steps& from, Steps& to, const char* words) {
         Exchanging& operator=(const Exchanging&) = delete;
         bool& Flag;
     };
+    // A list that is open shows what is about to change.
+    s.World.Screen.ShowHistoryList(false);
+    s.World.Screen.ShowSelectList(false);
     std::vector<std::string> waiting;
     try {
         to.push_back(std::move(from.back()));
