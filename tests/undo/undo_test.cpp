@@ -182,6 +182,7 @@ TEST_F(Undo, ASetThatSwitches3dGivesTheSamplesBackAlsoWhenTheirFilesHaveGone) {
 TEST_F(Undo, OptionsThatASetDidNotChangeStayAsTheHandHasPutThemSince) {
     Load(0, "bells.wav");
     s.Limit = 3;
+    MapSize_Change(s, 6);
     ASSERT_TRUE(Save("evening.mvn"));
     s.Limit = kNoLimit;
     s.Bins[0].Destination = 1;
@@ -192,15 +193,15 @@ TEST_F(Undo, OptionsThatASetDidNotChangeStayAsTheHandHasPutThemSince) {
     cboDrivers_Click(s, 1);
     s.DragAxis = kHorizontalDrag;
     s.Bins[1].Destination = 3;
-    const std::int16_t size = s.MapSize == 2 ? 1 : 2;
-    MapSize_Change(s, size);
+    ASSERT_EQ(s.MapSize, 6);
+    MapSize_Change(s, 8);
     Undo_Click(s);
     EXPECT_EQ(s.Limit, kNoLimit);
     EXPECT_EQ(s.Bins[0].Destination, 1);
     EXPECT_EQ(s.Driver, 1);
     EXPECT_EQ(s.DragAxis, kHorizontalDrag);
     EXPECT_EQ(s.Bins[1].Destination, 3);
-    EXPECT_EQ(s.MapSize, size);
+    EXPECT_EQ(s.MapSize, 8);
     s.DragAxis = kVerticalDrag;
     Redo_Click(s);
     EXPECT_EQ(s.Limit, 3);
