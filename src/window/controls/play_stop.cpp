@@ -25,6 +25,12 @@ void PlayStopControl::mousePressEvent(QMouseEvent* event) {
     Control::mousePressEvent(event);
 }
 
+// The second press of a double click.
+void PlayStopControl::mouseDoubleClickEvent(QMouseEvent* event) {
+    shift_ = event->modifiers().testFlag(Qt::ShiftModifier);
+    Control::mouseDoubleClickEvent(event);
+}
+
 void PlayStopControl::Activate() { PlayStop_Activate(s); }
 
 void PlayStopControl::keyPressEvent(QKeyEvent* event) {
