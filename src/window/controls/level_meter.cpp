@@ -40,6 +40,14 @@ int BarPixels(double decibels, int height) {
     return static_cast<int>(std::lround(height * share));
 }
 
+QRect Inside(const QRect& frame) { return frame.adjusted(1, 1, -1, -1); }
+
+/// A place for a light, with its edge, so that it is seen while it is dark.
+void DrawSunk(QPainter& p, const QRect& frame) {
+    p.fillRect(frame, theme::kLine);
+    p.fillRect(Inside(frame), theme::kSunk);
+}
+
 std::string Words(double decibels) {
     if (decibels <= LevelHold::kLowest) return "nothing";
     const auto whole = static_cast<int>(std::lround(decibels));
@@ -49,14 +57,14 @@ std::string Words(double decibels) {
 }  // namespace
 
 LevelMeter::LevelMeter(Session& session, QWidget* parent) : Control(session, parent, "LevelMeter") {
-    timer_.setInterval(kPeriod);
+    timer_.setInterval(kRestPeriod);
     timer_.callOnTimeout(this, [this] { Look(static_cast<double>(since_.restart()) / 1000); });
+    since_.start();
+    if (s.World.Output != nullptr) timer_.start();
 }
 
 void LevelMeter::Follow() {
-    if (s.World.Output == nullptr || Looks()) return;
-    since_.start();
-    timer_.start();
+    if (s.World.Output != nullptr && !Looks()) timer_.start(kPeriod);
 }
 
 bool LevelMeter::Rests() const {
@@ -69,11 +77,11 @@ void LevelMeter::Look(double seconds) {
     if (s.World.Output == nullptr) return;
     levels_.Add(s.World.Output->TakeLevels(), seconds);
     if (Now() != shown_) update();
-    if (Rests()) timer_.stop();
+    if (Rests() == Looks()) timer_.start(Looks() ? kRestPeriod : kPeriod);
 }
 
 LevelMeter::Shown LevelMeter::Now() const {
-    const int height = this->height() - kBarTop;
+    const int height = this->height() - kBarTop - 2;  // without the frame
     return {{BarPixels(levels_.Shown(0), height), BarPixels(levels_.Shown(1), height)}, levels_.Light()};
 }
 
@@ -90,18 +98,20 @@ void LevelMeter::paintEvent(QPaintEvent*) {
 }
 
 void LevelMeter::DrawBars(QPainter& p) const {
-    p.fillRect(QRect(0, 0, width(), kLightHeight), shown_.Light ? theme::kRed : theme::kSunk);
+    const QRect light(0, 0, width(), kLightHeight);
+    DrawSunk(p, light);
+    if (shown_.Light) p.fillRect(Inside(light), theme::kRed);
     const int bar = (width() - kBarGap) / 2;
-    const int bottom = height();
     for (int channel = 0; channel < 2; ++channel) {
-        const int left = channel * (bar + kBarGap);
-        const int lit = shown_.Height[static_cast<std::size_t>(channel)];
-        p.fillRect(QRect(left, kBarTop, bar, bottom - kBarTop), theme::kSunk);
-        int end = bottom - kBarTop;
+        const QRect frame(channel * (bar + kBarGap), kBarTop, bar, height() - kBarTop);
+        DrawSunk(p, frame);
+        const QRect place = Inside(frame);
+        int end = place.height();
         for (const Zone& zone : Zones()) {
-            const int from = BarPixels(zone.From, bottom - kBarTop);
-            const int to = std::min(end, lit);
-            if (to > from) p.fillRect(QRect(left, bottom - to, bar, to - from), zone.Colour);
+            const int from = BarPixels(zone.From, place.height());
+            const int to = std::min(end, shown_.Height[static_cast<std::size_t>(channel)]);
+            const QRect lit(place.left(), place.bottom() + 1 - to, place.width(), to - from);
+            if (to > from) p.fillRect(lit, zone.Colour);
             end = from;
         }
     }
