@@ -99,7 +99,10 @@ std::string SizeText(std::int64_t frames) {
 
 std::string MissingText(std::uint64_t frames) {
     const std::uint64_t milliseconds = std::max<std::uint64_t>(1, 1000 * frames / kRecordedRate);
-    return milliseconds < 10'000 ? std::to_string(milliseconds) + " ms" : std::to_string(milliseconds / 1000) + " s";
+    if (milliseconds < 1000) return std::to_string(milliseconds) + " ms";
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%.1f s", static_cast<double>(milliseconds) / 1000);
+    return text.data();
 }
 
 void ShowState(Session& s, const std::string& text) {

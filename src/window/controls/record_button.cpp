@@ -1,5 +1,6 @@
 #include "window/controls/record_button.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <ctime>
 
@@ -23,8 +24,15 @@ void RecordButton::Refresh() {
     const bool runs = !s.RecordingFile.empty();
     if (runs == timer_.isActive()) return;
     runs ? timer_.start() : timer_.stop();
+    described.RefreshTip();
     update();
 }
+
+std::string RecordButton::OwnValue() const {
+    return s.RecordingText.empty() ? "" : s.RecordingText + "; into " + s.RecordingFile;
+}
+
+void RecordButton::mouseDoubleClickEvent(QMouseEvent* event) { event->accept(); }
 
 void RecordButton::paintEvent(QPaintEvent*) {
     QPainter p(this);

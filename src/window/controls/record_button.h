@@ -17,10 +17,12 @@ public:
     /// Starts a recording at this time of the day, or ends it.
     static void Toggle(Session& s);
     void Refresh() override;
-    /// Time and size of the recording.
-    std::string OwnValue() const override { return s.RecordingText; }
+    /// Time and size of the recording, and its whole path.
+    std::string OwnValue() const override;
 
 protected:
+    /// The second click of a double click does nothing: it would end what the first one began.
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

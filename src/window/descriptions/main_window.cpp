@@ -1,6 +1,7 @@
 #include "window/descriptions/main_window.h"
 
 #include "audio/play_gestures.h"
+#include "audio/recording.h"
 #include "audio/thinning.h"
 #include "core/drag_source.h"
 #include "parameters/fades.h"
@@ -13,7 +14,7 @@ namespace {
 
 std::string ToTopCaption(const Situation& at) { return at.State.MiniMode ? "Regular" : "Mini"; }
 
-constexpr const char* kSilenceHint = "Silence: Shift+clk or key F12 brings the Sound back";
+constexpr const char* kSilenceHint = "clk Stop All Sounds; Shift+clk or key F12: Sound back";
 
 std::string SilenceValue(const Situation& at) {
     const CardOutput* output = at.State.World.Output;
@@ -36,6 +37,12 @@ bool RecordOn(const Situation& at) { return !at.State.RecordingFile.empty(); }
 
 std::string RecordHint(const Situation& at) {
     return RecordOn(at) ? "clk End the Recording; key F8" : "clk Record what is heard; key F8";
+}
+
+/// Where the file is, or will be.
+std::string RecordTip(const Situation& at) {
+    const Session& s = at.State;
+    return RecordOn(at) ? "Recording into " + s.RecordingFile : "Record what is heard into " + RecordingsFolder(s);
 }
 
 std::string LimitValue(const Situation& at) { return std::to_string(at.State.Limit); }
@@ -189,7 +196,7 @@ constexpr Description kMainWindowTable[] = {
      .Value = SilenceValue},
     {.Name = "Record",
      .Label = "Record what is heard",
-     .Tip = kLabelAsTip,
+     .Tip = {RecordTip, kLabelAsTip},
      .Hint = {RecordHint, "clk Record what is heard; clk End the Recording; key F8"},
      .Topic = 10261,
      .Role = QAccessible::Button,

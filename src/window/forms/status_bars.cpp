@@ -11,7 +11,7 @@ namespace marvolin {
 namespace {
 
 constexpr QRect kLoadPlace{952, 0, 80, StatusBar2::kHeight};
-constexpr QRect kRecordingPlace{796, 0, 150, StatusBar2::kHeight};
+constexpr QRect kRecordingPlace{796, 0, 154, StatusBar2::kHeight};
 
 void DrawPanel(QPainter& p, const QRect& place, const QString& text, const QColor& ink) {
     p.setPen(ink);

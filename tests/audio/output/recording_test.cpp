@@ -88,7 +88,7 @@ TEST_F(Recording, WhatTheDiskWasTooSlowForIsTold) {
     EXPECT_EQ(i.s.RecordingText, "0:01  gap 1 ms") << "never 0";
     output.State.Missed = 44100 * 12;
     WatchRecording(i.s);
-    EXPECT_EQ(i.s.RecordingText, "0:01  gap 12 s");
+    EXPECT_EQ(i.s.RecordingText, "0:01  gap 12.0 s");
     output.State.Missed = 882;
     ToggleRecording(i.s, now);
     EXPECT_EQ(i.s.StatusText, "Recorded 0:01, 20 ms missing, the disk was too slow: \"" +
