@@ -308,6 +308,12 @@ TEST(AccessibleParts, ABallIsReadAndSetInBothDirectionsAndTheListenerTurned) {
     EXPECT_NEAR(NumberIn(pad, 1), 25, 0.5);
     EXPECT_NEAR(eyes.s.PadTable[eyes.s.PadTypeIndex].X, eyes.s.Geometry.PadHalfX, 15);
 
+    QAccessibleInterface& twist = eyes.Of("TwistBall");
+    EXPECT_THAT(PartsOf(twist), ElementsAre("to the right"));
+    SetIn(twist, 0, -40);
+    EXPECT_NEAR(NumberIn(twist, 0), -40, 1);
+    EXPECT_NEAR(eyes.s.TwistPosition, -0.4 * eyes.s.Geometry.PadHalfX, 15);
+
     eyes.Reveal(eyes.Named("PosBall_1"));
     QAccessibleInterface& ball = eyes.Of("PosBall_1");
     SetIn(ball, 0, -0.75);

@@ -234,15 +234,15 @@ TEST(InitMainForm, MakesTheTwoTimersAndEnablesThem) {
 }
 
 TEST(InitMainForm, ClearsTheGuardOfTheClockBeforeItsTimerRuns) {
-    struct Watching : TimerFactory {
+    struct GuardWatch : TimerFactory {
         struct Timer : PeriodicTimer {
-            explicit Timer(Watching& owner) : Owner(owner) {}
+            explicit Timer(GuardWatch& owner) : Owner(owner) {}
             void SetInterval(std::int32_t) override {}
             void SetResolution(std::int32_t) override {}
             void SetEnabled(bool enabled) override {
                 if (enabled) Owner.BusyAtStart.push_back(Owner.Watched->LoopTimerBusy);
             }
-            Watching& Owner;
+            GuardWatch& Owner;
         };
         std::unique_ptr<PeriodicTimer> Create(Tick) override { return std::make_unique<Timer>(*this); }
         Session* Watched = nullptr;

@@ -31,7 +31,7 @@ TEST_F(WindowFile, BringsBackWhatWasWritten) {
 }
 
 TEST_F(WindowFile, HeadphonesAreRemembered) {
-    const WindowRecord record{0, {{"frmMain", {{1, 2}, {300, 400}}}}, true};
+    const WindowRecord record{.Places = {{"frmMain", {{1, 2}, {300, 400}}}}, .Headphones = true};
     ASSERT_TRUE(WriteWindowFile(Path, record));
     EXPECT_EQ(ReadWindowFile(Path), record);
     EXPECT_TRUE(Read("marvolin windows 1\nheadphones 1\n").Headphones);

@@ -44,7 +44,7 @@ QRect Inside(const QRect& frame) { return frame.adjusted(1, 1, -1, -1); }
 
 /// A place for a light, with its edge, so that it is seen while it is dark.
 void DrawSunk(QPainter& p, const QRect& frame) {
-    p.fillRect(frame, theme::kLine);
+    p.fillRect(frame, theme::kFrame);
     p.fillRect(Inside(frame), theme::kSunk);
 }
 

@@ -62,7 +62,7 @@ void Ball::Gesture(Phase phase, std::int16_t button, QPointF twips) {
     }
 }
 
-int Ball::InnerCount() const { return number_ == kListenerBall ? 3 : 2; }
+int Ball::InnerCount() const { return number_ == kListenerBall ? 3 : number_ == kTwistBall ? 1 : 2; }
 
 InnerPart Ball::Inner(int part) const {
     if (part == kHeading) return {"heading", QAccessible::Slider, {s.ListenerAngle * 1.0, 0, 359, 1}};
@@ -73,6 +73,7 @@ InnerPart Ball::Inner(int part) const {
                                                    : (place.Y + g.BallCentreY - g.PadHalfY) / g.PadHalfY,
                                     -1.0, 1.0);
     const char* label = part == kRight ? "to the right" : "down";
+    if (number_ == kTwistBall) return {label, QAccessible::Slider, {100 * share, -100, 100, 1}};
     if (number_ == kPadBall) return {label, QAccessible::Slider, {50 + 50 * share, 0, 100, 1}};
     return {label, QAccessible::Slider, {s.MapRange * share, -s.MapRange, s.MapRange, s.MapRange / 50}};
 }

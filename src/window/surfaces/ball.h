@@ -17,8 +17,8 @@ public:
     /// Moves the ball to its place in the session.
     void Refresh() override;
     std::optional<DragSource> Carried(std::int16_t button) override;
-    /// Its way to the right and down: on the pad in percent, on the map in map units from the middle; then the heading
-    /// of the listener in degrees.
+    /// Its way to the right and down: on the pad in percent, the twist from -100 to 100 and not down, on the map in map
+    /// units from the middle; then the heading of the listener in degrees.
     int InnerCount() const override;
     InnerPart Inner(int part) const override;
     void SetInner(int part, double value) override;
