@@ -1,7 +1,6 @@
 #include "undo/undo_rig.h"
 
 #include <algorithm>
-#include <numeric>
 #include <sstream>
 
 #include "browser/sample_bins.h"
@@ -25,10 +24,8 @@ void TellSet(std::ostream& out, const LoopTrackSet& set) {
         << set.BeatStart << ' ' << set.Length << ' ' << set.PlayMode << ' ' << set.NSteps << ' ' << set.PositionX << ' '
         << set.PositionY << ' ' << int{set.Channel} << " |";
     for (const PatternBlock& block : set.Pattern) {
-        out << ' ' << std::accumulate(block.begin(), block.end(), 0L);
-        long weighed = 0;
-        for (int step = 0; step <= kPatternSteps; ++step) weighed += step * block[step];
-        out << '/' << weighed;
+        out << '/';
+        for (int step = 0; step <= kPatternSteps; ++step) out << ' ' << block[step];
     }
 }
 
@@ -78,13 +75,16 @@ std::string UndoRig::Portrait() {
     std::ostringstream out;
     for (Row row = 0; row <= kSelectionRow; ++row) {
         const LoopTrackRun& run = s.Run[row];
+        const bool runs = run.Playing != False || run.InHand.Playing;  // step and cursor go on by themselves
         out << RowLetter(row) << ' ';
         TellSet(out, s.Set[row]);
         out << "\n  loaded " << run.Loaded << " playing " << run.Playing << " paused " << run.Paused << " reversed "
             << (run.Loaded != False && run.Reversed != False) << " waits " << run.InHand.FileName << ' '
-            << run.InHand.BeatStart << run.InHand.Playing << run.InHand.Paused << run.InHand.Sounds << run.InHand.Loops
-            << run.InHand.Reversed << run.InHand.Cursor << " start " << run.BeatStartBytes << " band " << run.InBand
-            << run.Band << " line " << s.SndDisp[row].Line << " level " << s.SndDisp[row].Level;
+            << run.InHand.BeatStart << run.InHand.Playing << run.InHand.Paused << run.InHand.Sounds
+            << (run.InHand.Sounds && run.InHand.Loops) << run.InHand.Reversed << (runs ? 0 : run.InHand.Cursor)
+            << " step " << (runs ? 0 : run.Step) << ' ' << (runs ? 0 : run.StepElapsed) << " start "
+            << run.BeatStartBytes << " band " << run.InBand << run.Band << " line " << s.SndDisp[row].Line << " level "
+            << s.SndDisp[row].Level;
         if (run.Buffer) {
             const FakeSound::Buffer& buffer = Buffer(row);
             long weighed = 0;
@@ -92,9 +92,8 @@ std::string UndoRig::Portrait() {
                 weighed += static_cast<long>(i + 1) * buffer.Sample->Bytes[i];
             }
             out << " bytes " << weighed << " status " << buffer.Status;
-            // While it plays the cursor runs. The steps of a pattern colour the values, also of a row that has been
-            // stopped.
-            if (run.Playing == False) out << " at " << buffer.Position;
+            if (!runs) out << " at " << buffer.Position;
+            // The steps of a pattern colour the values, also of a row that has been stopped.
             const bool coloured = run.Playing == False || s.Set[row].PlayMode >= kTrack;
             if (!coloured) out << " vol " << buffer.Volume << " hz " << buffer.Frequency;
             if (!coloured && !s.Use3D) out << " pan " << buffer.Pan;

@@ -121,10 +121,12 @@ TEST_F(Undo, AReverseKeepsOnlyTheDirectionAndReachesAllThatShareTheSample) {
     Forget();
     const auto bytes = Buffer(3).Sample->Bytes;
     const std::string before = Portrait();
+    const long holders = Buffer(0).Sample.use_count();
     s.LoopDropTarget = 0;
     s.HistoryChoice = kHistoryReverse;
     HistoryList_DragDrop(s);
     ASSERT_NE(Buffer(3).Sample->Bytes, bytes);
+    EXPECT_EQ(Buffer(0).Sample.use_count(), holders) << "the step holds no sample";
     GoBackAndForth(before, "Reverse of A");
     Undo_Click(s);
     EXPECT_EQ(Buffer(3).Sample->Bytes, bytes);

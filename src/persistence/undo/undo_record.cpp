@@ -67,13 +67,14 @@ Goal GoalOf(const UndoRecord& step, const UndoSnapshot& now, bool allAnew) {
     return goal;
 }
 
-// What plays for row Z is as it was; but nothing does when the last row has fallen silent.
+// What plays for row Z is as it was; but nothing does when the last row has fallen silent. Rows that wait for a device
+// leave row Z alone.
 void RestorePlayingOfSelection(Session& s, const Goal& goal, const UndoSnapshot& now) {
     const auto plays = [](const RowState& row) { return row.InHand.Playing; };
     const bool played = std::any_of(now.Rows.begin(), now.Rows.begin() + kLoopTracks, plays);
     bool playing = false;
     for (Row row = 0; row < kLoopTracks; ++row) playing = playing || s.Run[row].Playing != False;
-    const bool shown = plays(goal.Rows[kSelectionRow]) && (playing || !played);
+    const bool shown = plays(goal.Rows[kSelectionRow]) && (playing || !played || !s.DSReady);
     s.Run[kSelectionRow].Playing = ToBoolean(shown);
     s.World.Screen.ShowPlay(kSelectionRow);
 }
