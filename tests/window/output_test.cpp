@@ -4,9 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QDragEnterEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QTest>
 
+#include "audio/recording.h"
 #include "fakes/temp_folder.h"
 #include "painted_texts.h"
 #include "stage.h"
@@ -57,6 +60,22 @@ TEST(Meter, LooksWhileSomethingPlaysAndRestsWhenNothingMoves) {
     stage.Meter().Look(60);
     EXPECT_FALSE(stage.Meter().Looks());
     EXPECT_EQ(stage.Meter().Levels().Shown(0), LevelHold::kLowest);
+}
+
+TEST(Meter, WhatSoundsWithoutAPlayIsSeenTooAndThenCloselyFollowed) {
+    StageOfSound stage;
+    EXPECT_FALSE(stage.Meter().Looks());
+    stage.Output.Levels = {{32768, 0}, false};
+    EXPECT_TRUE(QTest::qWaitFor([&] { return stage.Meter().Levels().Shown(0) == 0; }, 5000));
+    EXPECT_TRUE(stage.Meter().Looks());
+}
+
+TEST(Meter, ItsShapeIsSeenWhileNothingSounds) {
+    StageOfSound stage;
+    const int height = stage.Meter().height();
+    for (const QPoint edge : {QPoint{0, 2}, QPoint{10, 0}, QPoint{0, 20}, QPoint{13, 20}, QPoint{5, height - 1}}) {
+        EXPECT_EQ(stage.MeterAt(edge.x(), edge.y()), theme::kLine) << edge.x() << ", " << edge.y();
+    }
 }
 
 TEST(Meter, LooksByItself) {
@@ -141,6 +160,37 @@ TEST(SilenceKey, HeldDownItActsOnceAndWithAModifierNotAtAll) {
     EXPECT_TRUE(stage.Output.Silent);
 }
 
+TEST(SilenceKey, WithShiftItDoesTheSameAsTheClickWithShift) {
+    StageOfSound stage;
+    QTest::keyClick(stage.Form.get(), Qt::Key_F12, Qt::ShiftModifier);
+    EXPECT_TRUE(stage.Output.Silent);
+    QTest::keyClick(stage.Form->windowHandle(), Qt::Key_F12, Qt::ShiftModifier);
+    EXPECT_FALSE(stage.Output.Silent);
+}
+
+/// Takes all keys, as the toolkit's filter does during a drag.
+class KeyEater : public QObject {
+public:
+    KeyEater() { qApp->installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override { return event->type() == QEvent::KeyPress; }
+};
+
+TEST(SilenceKey, WorksWhileADragTakesAllOtherKeys) {
+    StageOfSound stage;
+    const KeyEater drag;
+    QWindow* window = stage.Form->windowHandle();
+    const QMimeData data;
+    QDragEnterEvent enter({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(window, &enter);
+    QCoreApplication::processEvents();
+    QTest::keyClick(window, Qt::Key_F12);
+    EXPECT_TRUE(stage.Output.Silent);
+    QTest::keyClick(window, Qt::Key_F12);
+    EXPECT_FALSE(stage.Output.Silent);
+}
+
 TEST(SilenceKey, WorksInEveryWindowAndInFieldsOfText) {
     StageOfSound stage;
     QWidget window;
@@ -178,6 +228,28 @@ TEST(SilenceLight, ShiftAndAClickOnTheRedSquareSilencesWithoutStopping) {
     EXPECT_FALSE(stage.Output.Silent);
 }
 
+TEST(SilenceLight, TheSecondPressOfADoubleClickHasItsOwnShift) {
+    StageOfSound stage;
+    stage.Fill(0);
+    stage.Click("Play_0");
+    const auto click = [&](QEvent::Type press, Qt::KeyboardModifiers modifiers) {
+        QWidget& control = *stage.At("PlayStop");
+        const QPointF place(20, control.height() * 0.8);
+        for (const QEvent::Type type : {press, QEvent::MouseButtonRelease}) {
+            const Qt::MouseButtons held = type == press ? Qt::LeftButton : Qt::NoButton;
+            QMouseEvent event(type, place, control.mapToGlobal(place), Qt::LeftButton, held, modifiers);
+            QCoreApplication::sendEvent(&control, &event);
+        }
+    };
+    click(QEvent::MouseButtonPress, Qt::ShiftModifier);
+    click(QEvent::MouseButtonDblClick, Qt::NoModifier);
+    EXPECT_TRUE(stage.Output.Silent) << "only the first click had Shift";
+    EXPECT_EQ(stage.s.Run[0].Playing, False);
+    click(QEvent::MouseButtonPress, Qt::NoModifier);
+    click(QEvent::MouseButtonDblClick, Qt::ShiftModifier);
+    EXPECT_FALSE(stage.Output.Silent);
+}
+
 TEST(SilenceLight, ShiftAndSpaceDoTheSame) {
     StageOfSound stage;
     stage.Fill(0);
@@ -195,7 +267,7 @@ TEST(SilenceLight, SaysHowTheSoundComesBack) {
     QTest::keyClick(stage.Form.get(), Qt::Key_F12);
     EXPECT_EQ(stage.s.StatusText, "Silence: F12 brings the sound back");
     stage.Move("PlayStop", {20, 38});
-    EXPECT_EQ(stage.s.StatusText, "Silence: Shift+clk or key F12 brings the Sound back");
+    EXPECT_EQ(stage.s.StatusText, "clk Stop All Sounds; Shift+clk or key F12: Sound back");
 }
 
 TEST(RecordControl, AClickRecordsAndAnotherEndsIt) {
@@ -212,6 +284,31 @@ TEST(RecordControl, AClickRecordsAndAnotherEndsIt) {
     EXPECT_EQ(stage.Face("Record"), before);
 }
 
+TEST(RecordControl, TheSecondClickOfADoubleClickAndTheRepeatsOfAKeyDoNothing) {
+    StageOfSound stage;
+    stage.DoubleClick("Record");
+    EXPECT_TRUE(stage.Output.IsRecording());
+    EXPECT_EQ(stage.Output.Paths.size(), 1U);
+    stage.Move("LevelMeter", {3, 3});
+    QTest::keyPress(stage.Form.get(), Qt::Key_F8);
+    EXPECT_FALSE(stage.Output.IsRecording());
+    QKeyEvent again(QEvent::KeyPress, Qt::Key_F8, Qt::NoModifier, {}, true);
+    QCoreApplication::sendEvent(stage.Form.get(), &again);
+    EXPECT_FALSE(stage.Output.IsRecording());
+}
+
+TEST(RecordControl, SaysWhereTheFileIs) {
+    StageOfSound stage;
+    const QString folder = QString::fromStdString(stage.Own.Path()) + "/Recordings";
+    stage.Click("Record");
+    const QString path = QString::fromStdString(stage.Output.Path);
+    EXPECT_TRUE(path.startsWith(folder));
+    EXPECT_EQ(stage.At("Record")->toolTip(), "Recording into " + path);
+    QTest::keyClick(stage.Form.get(), Qt::Key_F8);
+    EXPECT_EQ(stage.s.StatusText, "Recorded 0:00: \"" + path.toStdString() + "\"");
+    EXPECT_EQ(stage.At("Record")->toolTip(), "Record what is heard into " + folder);
+}
+
 TEST(RecordControl, TimeAndSizeAreShownAndFollowTheRecording) {
     StageOfSound stage;
     QTest::keyClick(stage.Form.get(), Qt::Key_F8);
@@ -219,7 +316,7 @@ TEST(RecordControl, TimeAndSizeAreShownAndFollowTheRecording) {
     stage.Output.State.Frames = 44100 * 75;
     EXPECT_TRUE(QTest::qWaitFor([&] { return stage.s.RecordingText == "1:15  13.2 MB"; }, 5000));
     EXPECT_THAT(test::PaintedTexts(*stage.Form->Status2), Contains("1:15  13.2 MB"));
-    EXPECT_EQ(stage.Spoken("Record"), "1:15  13.2 MB");
+    EXPECT_EQ(stage.Spoken("Record"), QString::fromStdString("1:15  13.2 MB; into " + stage.Output.Path));
     QTest::keyClick(stage.Form.get(), Qt::Key_F8);
     EXPECT_THAT(test::PaintedTexts(*stage.Form->Status2), Not(Contains("1:15  13.2 MB")));
 }
@@ -229,7 +326,7 @@ TEST(RecordControl, ADiskThatIsFullEndsItWithOneReport) {
     stage.Click("Record");
     stage.Output.State.Failure = "Disk full";
     EXPECT_TRUE(QTest::qWaitFor([&] { return stage.s.RecordingFile.empty(); }, 5000));
-    QTest::qWait(3 * RecordButton::kPeriod);
+    WatchRecording(stage.s);
     EXPECT_EQ(stage.Desk.Boxes.size(), 1U);
 }
 
@@ -238,6 +335,8 @@ TEST(RecordControl, ALongTimeHasItsRoomBesideTheSessionAndTheLoad) {
     stage.s.CurrentFile = "a set with a name that is much longer than its panel.mvn";
     stage.s.RecordingText = "600:00  6350.4 MB";
     EXPECT_THAT(test::PaintedTexts(*stage.Form->Status2), Contains("600:00  6350.4 MB")) << "nothing is cut";
+    stage.s.RecordingText = "600:00  gap 999 ms";
+    EXPECT_THAT(test::PaintedTexts(*stage.Form->Status2), Contains("600:00  gap 999 ms")) << "nothing is cut";
 }
 
 }  // namespace

@@ -13,12 +13,20 @@ StageKeys::StageKeys(Session& session) : s(session) { qApp->installEventFilter(t
 
 StageKeys::~StageKeys() { qApp->removeEventFilter(this); }
 
-// The widgets alone: the window of the desktop gets each key first, and passes it on to one of them.
-bool StageKeys::eventFilter(QObject* object, QEvent* event) {
-    if (event->type() != QEvent::KeyPress || !object->isWidgetType()) return false;
+// A drag of the toolkit takes all keys by a filter of its own. Of several filters the last one comes first.
+void StageKeys::ComeFirst() {
+    QMetaObject::invokeMethod(
+        this, [this] { qApp->installEventFilter(this); }, Qt::QueuedConnection);
+}
+
+// The window of the desktop gets each key first, and passes it on to a widget unless it is taken there.
+bool StageKeys::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::DragEnter) ComeFirst();
+    if (event->type() != QEvent::KeyPress) return false;
     const auto& key = static_cast<const QKeyEvent&>(*event);
     const bool record = key.key() == Qt::Key_F8;
-    if ((!record && key.key() != Qt::Key_F12) || key.modifiers() != Qt::NoModifier) return false;
+    const Qt::KeyboardModifiers most = record ? Qt::NoModifier : Qt::ShiftModifier;
+    if ((!record && key.key() != Qt::Key_F12) || (key.modifiers() & ~most) != 0) return false;
     if (!key.isAutoRepeat()) record ? RecordButton::Toggle(s) : ToggleSilence(s);
     return true;
 }
