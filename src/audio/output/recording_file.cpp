@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <utility>
 
+#include "core/errors.h"
 #include "core/files/file_errors.h"
 
 namespace marvolin {
@@ -20,8 +21,12 @@ int NewDescriptor(const std::string& path) {
     return descriptor;
 }
 
-/// The library does not always know what the system refused.
-[[noreturn]] void RaiseWriteError(int systemError) { RaiseFileError(systemError == 0 ? EIO : systemError); }
+/// The library does not always know what the system refused. A recording can reach the longest file of a disk that
+/// has room left.
+[[noreturn]] void RaiseWriteError(int systemError) {
+    if (systemError == EFBIG) throw RuntimeError(61, "File too large");
+    RaiseFileError(systemError == 0 ? EIO : systemError);
+}
 
 }  // namespace
 
@@ -71,7 +76,7 @@ void RecordingFile::Write(std::span<const std::int16_t> frames) {
     errno = 0;
     const sf_count_t written = sf_writef_short(file_.get(), frames.data(), wanted);
     frames_ += written;
-    if (written < wanted) RaiseFileError(errno == 0 ? ENOSPC : errno);
+    if (written < wanted) RaiseWriteError(errno == 0 ? ENOSPC : errno);
 }
 
 void RecordingFile::UpdateHeader() {

@@ -25,7 +25,7 @@ constexpr std::array<FileErrorText, 15> kFileErrors{{{ENOENT, 53, "File not foun
                                                      {ETXTBSY, 70, "Permission denied"},
                                                      {ENOSPC, 61, "Disk full"},
                                                      {EDQUOT, 61, "Disk full"},
-                                                     {EFBIG, 61, "File too large"},
+                                                     {EFBIG, 61, "Disk full"},
                                                      {EISDIR, 75, "Path/File access error"},
                                                      {ENAMETOOLONG, 52, "Bad file name or number"},
                                                      {EMFILE, 67, "Too many files"},
