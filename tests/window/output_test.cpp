@@ -74,7 +74,7 @@ TEST(Meter, ItsShapeIsSeenWhileNothingSounds) {
     StageOfSound stage;
     const int height = stage.Meter().height();
     for (const QPoint edge : {QPoint{0, 2}, QPoint{10, 0}, QPoint{0, 20}, QPoint{13, 20}, QPoint{5, height - 1}}) {
-        EXPECT_EQ(stage.MeterAt(edge.x(), edge.y()), theme::kLine) << edge.x() << ", " << edge.y();
+        EXPECT_EQ(stage.MeterAt(edge.x(), edge.y()), theme::kFrame) << edge.x() << ", " << edge.y();
     }
 }
 
