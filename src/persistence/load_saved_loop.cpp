@@ -13,6 +13,7 @@
 #include "parameters/position.h"
 #include "parameters/setters.h"
 #include "parameters/wires.h"
+#include "persistence/missing/missing_sample.h"
 
 namespace marvolin {
 
@@ -74,6 +75,16 @@ void RestoreTiming(Session& s, const SavedLoop& saved) {
     target.StepDuration = saved.Set.StepDuration;
 }
 
+/// What of `asked` the row was given: pan and position only under the 3D state in which they were stored.
+clsSwitchRecord Given(const Session& s, const clsSwitchRecord& asked, const SavedFrom& from) {
+    clsSwitchRecord given = asked;
+    const bool placed = (from.NewUse3d != False) == s.Use3D;
+    if (!placed || s.Use3D) given.Put(Element::Pan, false);
+    if (!placed || s.Use3D) given.Put(Element::PanPattern, false);
+    if (!placed || !s.Use3D) given.Put(Element::Position, false);
+    return given;
+}
+
 }  // namespace
 
 std::string SavedSample(const SavedLoop& saved, const SavedFrom& from) {
@@ -118,6 +129,7 @@ bool LoadSavedLoop(Session& s, const SavedLoop& saved, const clsSwitchRecord& lo
         std::int16_t channel = set.Channel;
         LoopSetChannel(s, saved.Index, channel, Apply::Yes);
     }
+    KeepRestored(s, saved, Given(s, loadSwitch, from));
     return loaded;
 }
 

@@ -42,9 +42,9 @@ void WritePickLists(const Session& s, RecordWriter& file) {
 }
 
 /// The record of a row as a file keeps it: a sample that waits for a device belongs to the set, and a row whose sample
-/// is missing stays as it was read.
+/// is missing stays as it was asked for.
 LoopTrackSet SavedSet(const Session& s, Row row) {
-    if (s.Run[row].Missing) return s.Run[row].Missing->Loop.Set;
+    if (s.Run[row].Missing) return SavedWithPlace(s, row);
     LoopTrackSet set = s.Set[row];
     const HeldSample& inHand = s.Run[row].InHand;
     if (inHand.FileName.empty()) return set;
@@ -59,7 +59,8 @@ bool HoldsSample(const LoopTrackRun& run) {
     return run.Loaded != False || (!run.InHand.FileName.empty() && FileExists(run.InHand.FileName));
 }
 bool Plays(const LoopTrackRun& run) {
-    if (run.Missing) return run.Missing->Loop.WasPlaying != False;
+    // A sample whose play state was not asked for would have been loaded and not started.
+    if (run.Missing) return run.Missing->Elements.Get(Element::PlayState) && run.Missing->Loop.WasPlaying != False;
     return run.Playing != False || run.InHand.Playing;
 }
 

@@ -3,16 +3,20 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <initializer_list>
 
 #include "audio/carrying.h"
 #include "audio/loop_clearing.h"
 #include "audio/sample_loading.h"
 #include "audio/transport.h"
+#include "browser/clipboard.h"
 #include "core/files/paths.h"
 #include "fakes/file_bytes.h"
 #include "kept/kept_rig.h"
 #include "parameters/setters.h"
+#include "persistence/clips.h"
 #include "persistence/missing/missing_sample.h"
 #include "persistence/save_open.h"
 #include "persistence/session_writer.h"
@@ -26,6 +30,12 @@ namespace fs = std::filesystem;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+
+clsSwitchRecord Only(std::initializer_list<Element> elements) {
+    clsSwitchRecord switches;
+    for (const Element element : elements) switches.Put(element, true);
+    return switches;
+}
 
 /// A set "set.mvn" whose samples of A and C have gone to the folder "moved"; B is there. D is empty.
 struct TwoMissing : KeptRig {
@@ -51,6 +61,13 @@ struct TwoMissing : KeptRig {
         fs::create_directories(Folder / folder);
         for (const char* name : {"a.wav", "c.wav"}) fs::rename(Folder / name, Folder / folder + "/" + name);
     }
+    /// LoopTrack A in what a save writes now.
+    LoopTrackSet SavedA() {
+        EXPECT_TRUE(SaveSession(s, Folder / "saved.mvn", LoopsSaved::All, AllSwitches()));
+        KeptRig reader;
+        EXPECT_TRUE(OpenBesideDialogue(reader.s, Folder / "saved.mvn"));
+        return reader.s.Run[0].Missing ? reader.s.Run[0].Missing->Loop.Set : LoopTrackSet();
+    }
     FoundSamples Both() const { return {{"a.wav", Folder / "moved/a.wav"}, {"c.wav", Folder / "moved/c.wav"}}; }
 };
 
@@ -73,6 +90,86 @@ TEST(MissingSamples, ASaveWritesTheirRowsAsTheyWereRead) {
     i.s.History[0] = {i.Folder / "a.wav"};
     ASSERT_TRUE(SaveSession(i.s, i.Folder / "again.mvn", LoopsSaved::All, AllSwitches()));
     EXPECT_TRUE(ReadBytes(i.Folder / "again.mvn") == i.Written);
+}
+
+TEST(MissingSamples, ASaveWritesThePatternsThatTheSetWasNotAskedFor) {
+    TwoMissing i;
+    i.s.EmptyBlankSetting = 0;
+    i.Load(0, "d.wav");
+    i.s.Set[0].Pattern[kVolPattern][5] = 77;
+    i.s.Set[0].NSteps = 11;
+    i.s.SaveOpenSwitches[kWhenOpening] = Only({Element::LoopTrack});
+    ASSERT_TRUE(i.Open("set.mvn"));
+    EXPECT_EQ(MissingName(i.s, 0), "a.wav");
+    i.Pass(1);
+    EXPECT_FALSE(SetHasChanged(i.s));
+    i.s.Set[0].Pattern[kVolPattern][6] = 78;
+    i.Pass(1);
+    EXPECT_TRUE(SetHasChanged(i.s)) << "they are work that a save keeps";
+    const LoopTrackSet saved = i.SavedA();
+    EXPECT_EQ(saved.Pattern[kVolPattern][5], 77);
+    EXPECT_EQ(saved.Pattern[kVolPattern][6], 78);
+    EXPECT_EQ(saved.NSteps, 11);
+    EXPECT_EQ(saved.FileName, i.Folder / "a.wav");
+    EXPECT_EQ(saved.Vol, kVolFull);
+}
+
+TEST(MissingSamples, APlayStateThatWasNotAskedForIsNotSaved) {
+    TwoMissing i;
+    i.s.SaveOpenSwitches[kWhenOpening].Put(Element::PlayState, false);
+    ASSERT_TRUE(i.Open("set.mvn"));
+    ASSERT_TRUE(SaveSession(i.s, i.Folder / "again.mvn", LoopsSaved::All, AllSwitches()));
+    i.s.SaveOpenSwitches[kWhenOpening].SetSwitch(true);
+    fs::rename(i.Folder / "moved/c.wav", i.Folder / "c.wav");
+    ASSERT_TRUE(i.Open("again.mvn"));
+    EXPECT_EQ(i.s.Run[2].Loaded, True);
+    EXPECT_EQ(i.s.Run[2].Playing, False);
+}
+
+TEST(MissingSamples, TakeThePatternsOfAnotherSetWhichASaveWrites) {
+    TwoMissing i;
+    i.s.EmptyBlankSetting = 0;
+    KeptRig other;
+    other.Load(0, "d.wav");
+    other.s.Set[0].Pattern[kHzPattern][4] = 333;
+    other.s.Set[0].Swing = 9;
+    other.s.Set[0].Vol = 55;
+    ASSERT_TRUE(other.Save("other.mvn"));
+    ASSERT_TRUE(i.Open("set.mvn"));
+    i.s.SaveOpenSwitches[kWhenOpening] = Only({Element::FreqPattern});
+    ASSERT_TRUE(OpenBesideDialogue(i.s, other.Folder / "other.mvn"));
+    const LoopTrackSet saved = i.SavedA();
+    EXPECT_EQ(saved.FileName, i.Folder / "a.wav");
+    EXPECT_EQ(saved.Pattern[kHzPattern][4], 333);
+    EXPECT_EQ(saved.Swing, 9);
+    EXPECT_EQ(saved.Vol, 100) << "not asked for";
+}
+
+TEST(MissingSamples, TakeThePatternsOfAClipAndKeepThemWhenTheyAreFound) {
+    TwoMissing i;
+    StartUndo(i.s);
+    i.s.Clips.ClipStaging.Pattern[kVolPattern][3] = 44;
+    i.s.Clips.ClipStaging.Pan = 123;
+    AddNewClip(i.s);
+    i.s.SaveOpenSwitches[kWhenOpening].Put(Element::ClipBoard, false);
+    ASSERT_TRUE(i.Open("set.mvn"));
+    const auto opened = i.SavedA();
+    std::fill(i.s.Clips.Components.begin(), i.s.Clips.Components.end(), false);
+    i.s.Clips.Components[4] = true;
+    i.Pass(1);
+    EXPECT_FALSE(SetHasChanged(i.s));
+    CopyIt(i.s, 0, i.s.Clips.ClipTop, false);
+    i.Pass(1);
+    EXPECT_TRUE(SetHasChanged(i.s));
+    EXPECT_EQ(i.SavedA().Pattern[kVolPattern][3], 44);
+    EXPECT_EQ(i.SavedA().Pan, kPanCentre) << "not asked for";
+    Undo_Click(i.s);
+    EXPECT_EQ(i.SavedA(), opened);
+    Redo_Click(i.s);
+    EXPECT_EQ(i.SavedA().Pattern[kVolPattern][3], 44);
+    LoadFound(i.s, i.Both());
+    EXPECT_EQ(i.s.Set[0].Pattern[kVolPattern][3], 44);
+    EXPECT_EQ(i.s.Set[0].Vol, 100);
 }
 
 TEST(MissingSamples, WhatTheRowHeldBeforeStaysInIt) {

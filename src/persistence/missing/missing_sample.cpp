@@ -1,6 +1,7 @@
 #include "persistence/missing/missing_sample.h"
 
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <utility>
 
@@ -14,6 +15,47 @@
 namespace marvolin {
 
 namespace {
+
+void CopySample(const LoopTrackSet& from, LoopTrackSet& to) {
+    to.FileName = from.FileName;
+    to.SampleRate = from.SampleRate;
+    to.BufferBytes = from.BufferBytes;
+    to.Length = from.Length;
+    to.AvgBytesPerSec = from.AvgBytesPerSec;
+    to.PlayMode = from.PlayMode;
+    to.Thinnable = from.Thinnable;
+}
+
+// With any pattern, as in a set that is opened.
+void CopyTiming(const LoopTrackSet& from, LoopTrackSet& to) {
+    to.NSteps = from.NSteps;
+    to.BeatStart = from.BeatStart;
+    to.Swing = from.Swing;
+    to.StepDuration = from.StepDuration;
+}
+
+void CopyPatterns(const LoopTrackSet& from, LoopTrackSet& to, const clsSwitchRecord& elements) {
+    static constexpr std::array<std::pair<Element, int>, kPatternRows> kPatterns{
+        {{Element::VolPattern, kVolPattern}, {Element::FreqPattern, kHzPattern}, {Element::PanPattern, kPanPattern}}};
+    for (const auto& [element, pattern] : kPatterns) {
+        if (!elements.Get(element)) continue;
+        to.Pattern[pattern] = from.Pattern[pattern];
+        CopyTiming(from, to);
+    }
+}
+
+void CopyElements(const LoopTrackSet& from, LoopTrackSet& to, const clsSwitchRecord& elements) {
+    if (elements.Get(Element::LoopTrack)) CopySample(from, to);
+    if (elements.Get(Element::Freq)) to.Hz = from.Hz;
+    if (elements.Get(Element::Vol)) to.Vol = from.Vol;
+    if (elements.Get(Element::Pan)) to.Pan = from.Pan;
+    if (elements.Get(Element::CrossFader)) to.Channel = from.Channel;
+    if (elements.Get(Element::Position)) {
+        to.PositionX = from.PositionX;
+        to.PositionY = from.PositionY;
+    }
+    CopyPatterns(from, to, elements);
+}
 
 /// Loads the sample of a row from `path`. True when it should play then.
 bool LoadInto(Session& s, Row row, const std::string& path) {
@@ -67,6 +109,27 @@ void KeepPlace(Session& s, MissingSample missing) {
     const Row row = missing.Loop.Index;
     s.Run[row].Missing = std::make_shared<const MissingSample>(std::move(missing));
     s.World.Screen.ShowCaption(row);
+}
+
+LoopTrackSet SavedWithPlace(const Session& s, Row row) {
+    const MissingSample& missing = *s.Run[row].Missing;
+    LoopTrackSet set = s.Set[row];
+    CopyElements(missing.Loop.Set, set, missing.Elements);
+    return set;
+}
+
+void KeepRestored(Session& s, const SavedLoop& given, const clsSwitchRecord& elements) {
+    std::shared_ptr<const MissingSample>& missing = s.Run[given.Index].Missing;
+    if (!missing) return;
+    MissingSample kept = *missing;
+    clsSwitchRecord taken = elements;
+    for (const Element other : {Element::LoopTrack, Element::PlayState}) taken.Put(other, false);
+    CopyElements(given.Set, kept.Loop.Set, taken);
+    for (int number = 0; number < kElements; ++number) {
+        const auto element = static_cast<Element>(number);
+        if (taken.Get(element)) kept.Elements.Put(element, true);
+    }
+    missing = std::make_shared<const MissingSample>(std::move(kept));
 }
 
 std::string MissingName(const Session& s, Row row) {

@@ -1,7 +1,7 @@
 #pragma once
 /// \file
-/// Samples that were not found when their set was opened. Their rows keep their place: they are saved again as they
-/// were read, until something is loaded into them or they are cleared.
+/// Samples that were not found when their set was opened. Their rows keep their place: what was asked for of them is
+/// saved again as it was read, until something is loaded into them or they are cleared.
 
 #include <string>
 #include <unordered_map>
@@ -27,6 +27,13 @@ std::string NameOfSample(const std::string& path);
 std::string FindNearby(const Session& s, const std::string& path, const std::string& setFolder);
 /// From now on the row keeps the place of a sample that was not found.
 void KeepPlace(Session& s, MissingSample missing);
+
+/// What a file keeps of a row whose sample is missing (`Run[row].Missing` is set): what was asked for as it was read,
+/// the rest as it is in the row.
+LoopTrackSet SavedWithPlace(const Session& s, Row row);
+/// `elements` of `given` were restored in a row. When its sample is missing they belong to what it keeps, so that
+/// neither a save nor a later find loses them. The sample itself is no such element.
+void KeepRestored(Session& s, const SavedLoop& given, const clsSwitchRecord& elements);
 
 /// Name of the sample that is missing in a row, without its folders; "" when none is.
 std::string MissingName(const Session& s, Row row);
