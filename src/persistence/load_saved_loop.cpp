@@ -1,6 +1,7 @@
 #include "persistence/load_saved_loop.h"
 
 #include <cmath>
+#include <utility>
 
 #include "audio/beat_start.h"
 #include "audio/play_modes.h"
@@ -31,6 +32,8 @@ std::string PackageFile(const std::string& folder, const std::string& name) {
 void WaitForDevice(Session& s, Row row, const std::string& path) {
     if (s.Run[row].Loaded != False) return;
     if (!s.DSReady || FileExists(path)) s.Run[row].InHand = {.FileName = path};
+    // It takes the place of what was missing, unless its file is away as well.
+    if (TargetExists(path) && std::exchange(s.Run[row].Missing, nullptr)) s.World.Screen.ShowCaption(row);
 }
 
 bool IsWaiting(const Session& s, Row row, const std::string& path) {

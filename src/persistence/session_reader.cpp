@@ -39,6 +39,7 @@ struct Loading {
     bool ForPackage = false;
     std::string Folder;                  ///< folder of the file, with its separator
     std::vector<std::string> NotLoaded;  ///< names of the samples that no LoopTrack got
+    bool Nearby = true;                  ///< samples are looked for also where they were not stored
 
     bool Asked(Element element) const { return Switches.Get(element); }
 };
@@ -99,9 +100,11 @@ bool WantsSample(const SavedLoop& saved, const clsSwitchRecord& elements) {
 }
 
 /// Whether the file of a sample is there: where it should be, or nearby, where `from` leads then.
-bool FindSample(const Session& s, const SavedLoop& saved, SavedFrom& from) {
+bool FindSample(const Session& s, const SavedLoop& saved, SavedFrom& from, bool nearby) {
     const std::string path = SavedSample(saved, from);
-    if (path.empty() || TargetExists(path) || HoldsSavedSample(s, saved, from)) return true;
+    if (path.empty() || TargetExists(path)) return true;
+    if (s.Run[saved.Index].Loaded != False && s.Set[saved.Index].FileName == path) return true;
+    if (!nearby) return false;
     from.Found = FindNearby(s, path, from.OpenPath);
     return !from.Found.empty();
 }
@@ -119,14 +122,15 @@ void ReadLoops(Session& s, RecordReader& file, Loading& load) {
         if (saved.Index >= kLoopTracks) continue;
         playingInFile[saved.Index] = saved.WasPlaying != False;
         SavedFrom from{.NewUse3d = use3D, .ForPackage = load.ForPackage, .OpenPath = load.Folder};
-        const bool isThere = !WantsSample(saved, effective) || FindSample(s, saved, from);
+        const bool isThere = !WantsSample(saved, effective) || FindSample(s, saved, from, load.Nearby);
         // A sample that could not be loaded does not count; the previous one is not started in its place.
         const bool asked = LoadSavedLoop(s, saved, effective, from);
         loadedFromFile[saved.Index] = asked && HoldsSavedSample(s, saved, from);
         const bool inRow = loadedFromFile[saved.Index] && s.Run[saved.Index].Loaded != False;
         if (asked && !inRow) load.NotLoaded.push_back(NameOfSample(saved.Set.FileName));
         if (asked) s.Run[saved.Index].Missing.reset();
-        if (!isThere && !loadedFromFile[saved.Index]) missing.push_back({saved, effective, use3D});
+        // One whose file is away is missing also while no device is open, for which it waits.
+        if (!isThere && !inRow) missing.push_back({saved, effective, use3D});
     }
     for (Row row = 0; row < kLoopTracks; ++row) {
         if (s.EmptyBlankSetting == 1 && !loadedFromFile[row]) LoopClear(s, row);
@@ -203,6 +207,9 @@ bool LoadSession(Session& s, const std::string& fileName, SetAsCurrent current, 
                  AdoptSwitches adopt) {
     if (!FileExists(fileName)) return false;
     Loading load{switches, {}, IsPackage(fileName), "", {}};
+    // A change of device brings its own rows back: the same file, or it waits. It alone asks for no play state by a
+    // file that gives the session no name.
+    load.Nearby = current == SetAsCurrent::Yes || switches.Get(Element::PlayState);
     std::string name;
     // The samples of a package lie beside its file, not beside a link to it.
     SplitFilePath(BehindLinks(fileName), load.Folder, name);

@@ -342,6 +342,67 @@ TEST(MissingSamples, AChangeOfDeviceKeepsTheirPlacesAndWhatIsInThem) {
     EXPECT_TRUE(i.Desk.Boxes.empty()) << "nothing is asked for again";
 }
 
+TEST(MissingSamples, AChangeOfDeviceTakesNoSampleOfTheSameNameFromABin) {
+    TwoMissing i;
+    fs::rename(i.Folder / "moved/a.wav", i.Folder / "a.wav");
+    i.Load(0, "a.wav");
+    LoopPlay(i.s, 0, true);
+    fs::rename(i.Folder / "a.wav", i.Folder / "moved/a.wav");
+    i.s.Bins[1].Folder = i.Folder / "moved";
+    i.Desk.TempFile = i.Folder / "VBN1.tmp";
+    ASSERT_TRUE(CarryAcross(i.s, [&] { LoopUnload(i.s, 0); }));
+    EXPECT_EQ(i.s.Set[0].FileName, "");
+    EXPECT_EQ(i.s.Run[0].InHand.FileName, i.Folder / "a.wav");
+    EXPECT_TRUE(i.s.Run[0].InHand.Playing);
+    fs::rename(i.Folder / "moved/a.wav", i.Folder / "a.wav");
+    ASSERT_TRUE(CarryAcross(i.s, [] {}));
+    EXPECT_EQ(i.s.Set[0].FileName, i.Folder / "a.wav");
+    EXPECT_EQ(i.s.Run[0].Playing, True);
+}
+
+TEST(MissingSamples, AreNamedAlsoWhileNoDeviceIsOpen) {
+    TwoMissing i;
+    i.s.DSReady = false;
+    for (int opening = 0; opening < 2; ++opening) {
+        ASSERT_TRUE(i.Open("set.mvn"));
+        EXPECT_THAT(MissingNames(i.s), ElementsAre("a.wav", "c.wav"));
+    }
+    EXPECT_EQ(i.SavedA().FileName, i.Folder / "a.wav");
+    LoadFound(i.s, {{"a.wav", i.Folder / "moved/a.wav"}});
+    EXPECT_THAT(MissingNames(i.s), ElementsAre("c.wav"));
+    EXPECT_EQ(i.s.Run[0].InHand.FileName, i.Folder / "moved/a.wav");
+    fs::rename(i.Folder / "moved/c.wav", i.Folder / "c.wav");
+    i.Desk.TempFile = i.Folder / "VBN1.tmp";
+    ASSERT_TRUE(CarryAcross(i.s, [&] { i.s.DSReady = true; }));
+    EXPECT_EQ(i.s.Set[2].FileName, i.Folder / "c.wav");
+    EXPECT_EQ(i.s.Run[2].Playing, True);
+    EXPECT_THAT(MissingNames(i.s), IsEmpty());
+}
+
+TEST(MissingSamples, AClipThatWaitsForADeviceTakesThePlace) {
+    TwoMissing i;
+    ASSERT_TRUE(i.Open("set.mvn"));
+    i.s.DSReady = false;
+    i.s.Clips.ClipStaging.FileName = i.Folder / "d.wav";
+    AddNewClip(i.s);
+    CopyIt(i.s, 0, i.s.Clips.ClipTop, false);
+    EXPECT_THAT(MissingNames(i.s), ElementsAre("c.wav"));
+    ASSERT_TRUE(SaveSession(i.s, i.Folder / "again.mvn", LoopsSaved::All, AllSwitches()));
+    i.s.DSReady = true;
+    ASSERT_TRUE(i.Open("again.mvn"));
+    EXPECT_EQ(i.s.Set[0].FileName, i.Folder / "d.wav");
+}
+
+TEST(MissingSamples, AClipWhoseSampleIsMissingTooLeavesThePlaceWhileNoDeviceIsOpen) {
+    TwoMissing i;
+    ASSERT_TRUE(i.Open("set.mvn"));
+    i.s.DSReady = false;
+    i.s.Clips.ClipStaging.FileName = i.Folder / "nowhere.wav";
+    AddNewClip(i.s);
+    CopyIt(i.s, 0, i.s.Clips.ClipTop, false);
+    EXPECT_EQ(MissingName(i.s, 0), "a.wav");
+}
+
 TEST(MissingSamples, APathOfAnotherSystemHasTheNameOfItsFile) {
     EXPECT_EQ(NameOfSample("C:\\Samples\\kick.wav"), "kick.wav");
     EXPECT_EQ(NameOfSample("/home/x/a\\b.wav"), "a\\b.wav");
