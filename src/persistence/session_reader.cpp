@@ -105,7 +105,7 @@ bool FindSample(const Session& s, const SavedLoop& saved, SavedFrom& from, bool 
     if (path.empty() || TargetExists(path)) return true;
     if (s.Run[saved.Index].Loaded != False && s.Set[saved.Index].FileName == path) return true;
     if (!nearby) return false;
-    from.Found = FindNearby(s, path, from.OpenPath);
+    from.Found = FindNearby(s, saved.Set.FileName, from.OpenPath);
     return !from.Found.empty();
 }
 

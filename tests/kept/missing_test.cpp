@@ -18,6 +18,8 @@
 #include "parameters/setters.h"
 #include "persistence/clips.h"
 #include "persistence/missing/missing_sample.h"
+#include "persistence/missing/sample_choice.h"
+#include "persistence/missing/sample_search.h"
 #include "persistence/save_open.h"
 #include "persistence/session_writer.h"
 #include "persistence/undo/undo_commands.h"
@@ -68,7 +70,7 @@ struct TwoMissing : KeptRig {
         EXPECT_TRUE(OpenBesideDialogue(reader.s, Folder / "saved.mvn"));
         return reader.s.Run[0].Missing ? reader.s.Run[0].Missing->Loop.Set : LoopTrackSet();
     }
-    FoundSamples Both() const { return {{"a.wav", Folder / "moved/a.wav"}, {"c.wav", Folder / "moved/c.wav"}}; }
+    FoundSamples Both() const { return {{"a.wav", {Folder / "moved/a.wav"}}, {"c.wav", {Folder / "moved/c.wav"}}}; }
 };
 
 TEST(MissingSamples, KeepTheirPlacesAndAreNamed) {
@@ -263,6 +265,67 @@ TEST(MissingSamples, AreTakenFromTheirStoredPathWhereverElseTheyAre) {
     EXPECT_EQ(i.s.Set[0].FileName, i.Folder / "a.wav");
 }
 
+/// A set whose LoopTracks A and B hold "kit1/kick.wav" and "kit2/kick.wav", which have gone to `folder`.
+struct TwoKits : KeptRig {
+    explicit TwoKits(const std::string& folder) {
+        for (const char* kit : {"kit1", "kit2"}) {
+            fs::create_directories(Folder / kit);
+            WriteBytes(Folder / kit + "/kick.wav", kit);
+        }
+        Load(0, "kit1/kick.wav");
+        Load(1, "kit2/kick.wav");
+        EXPECT_TRUE(Save("set.mvn"));
+        for (Row row = 0; row < kLoopTracks; ++row) LoopClear(s, row);
+        fs::create_directories(Folder / folder);
+        for (const char* kit : {"kit1", "kit2"}) fs::rename(Folder / kit, Folder / folder + "/" + kit);
+        s.SaveOpenSwitches[kWhenOpening].Put(Element::PickLists, false);
+    }
+};
+
+TEST(MissingSamples, OfOneNameAreEachFoundInAFolderOfTheirOwn) {
+    TwoKits i("new");
+    ASSERT_TRUE(i.Open("set.mvn"));
+    WriteBytes(i.Folder / "new/kick.wav", "near");
+    SampleSearch search(i.Folder / "new", MissingNames(i.s));
+    while (!search.Step(10)) {
+    }
+    LoadFound(i.s, search.Found());
+    EXPECT_EQ(i.s.Set[0].FileName, i.Folder / "new/kit1/kick.wav");
+    EXPECT_EQ(i.s.Set[1].FileName, i.Folder / "new/kit2/kick.wav");
+}
+
+TEST(MissingSamples, OfOneNameAreEachTakenFromTheBinOfTheirFolder) {
+    TwoKits i("new");
+    i.s.Bins[0].Folder = i.Folder / "new/kit2";
+    i.s.Bins[1].Folder = i.Folder / "new/kit1/";
+    ASSERT_TRUE(i.Open("set.mvn"));
+    EXPECT_EQ(i.s.Set[0].FileName, i.Folder / "new/kit1/kick.wav");
+    EXPECT_EQ(i.s.Set[1].FileName, i.Folder / "new/kit2/kick.wav");
+}
+
+TEST(MissingSamples, AreTakenFromABinInOtherLettersWhenNoneIsSpelledAlike) {
+    TwoMissing i;
+    i.s.SaveOpenSwitches[kWhenOpening].Put(Element::PickLists, false);
+    for (const char* bin : {"one", "two"}) fs::create_directories(i.Folder / bin);
+    i.s.Bins[0].Folder = i.Folder / "one";
+    i.s.Bins[1].Folder = i.Folder / "two";
+    WriteBytes(i.Folder / "one/A.WAV", "other");
+    WriteBytes(i.Folder / "one/C.wav", "alike");
+    WriteBytes(i.Folder / "two/a.wav", "same");
+    ASSERT_TRUE(i.Open("set.mvn"));
+    EXPECT_EQ(i.s.Set[0].FileName, i.Folder / "two/a.wav");
+    EXPECT_EQ(i.s.Set[2].FileName, i.Folder / "one/C.wav");
+}
+
+TEST(BestMatch, SharesTheLongestEndWithTheStoredPath) {
+    EXPECT_EQ(BestMatch("/old/x/kit1/kick.wav", {"/new/kit1/kick.wav", "/new/x/kit1/kick.wav"}),
+              "/new/x/kit1/kick.wav");
+    EXPECT_EQ(BestMatch("C:\\x\\KIT1\\kick.wav", {"/new/kick.wav", "/new/kit1/kick.wav"}), "/new/kit1/kick.wav");
+    EXPECT_EQ(BestMatch("/a/kick.wav", {"/b/kick.wav", "/c/kick.wav"}), "/b/kick.wav") << "the first of equals";
+    EXPECT_EQ(BestMatch("/a/kick.wav", {}), "");
+    EXPECT_EQ(BestMatch("kick.wav", {"kick.wav"}), "kick.wav");
+}
+
 TEST(MissingSamples, ThatAreFoundAreLoadedAsTheSetTold) {
     TwoMissing i;
     StartUndo(i.s);
@@ -295,7 +358,7 @@ TEST(MissingSamples, WhatIsStillMissingIsTold) {
     ASSERT_TRUE(i.Open("set.mvn"));
     LoadFound(i.s, {});
     EXPECT_EQ(i.s.StatusText, "Not found: a.wav, c.wav");
-    LoadFound(i.s, {{"c.wav", i.Folder / "moved/c.wav"}});
+    LoadFound(i.s, {{"c.wav", {i.Folder / "moved/c.wav"}}});
     EXPECT_EQ(i.s.StatusText, "Found: c.wav; still missing: a.wav");
     EXPECT_EQ(i.s.Run[2].Loaded, True);
 }
@@ -368,7 +431,7 @@ TEST(MissingSamples, AreNamedAlsoWhileNoDeviceIsOpen) {
         EXPECT_THAT(MissingNames(i.s), ElementsAre("a.wav", "c.wav"));
     }
     EXPECT_EQ(i.SavedA().FileName, i.Folder / "a.wav");
-    LoadFound(i.s, {{"a.wav", i.Folder / "moved/a.wav"}});
+    LoadFound(i.s, {{"a.wav", {i.Folder / "moved/a.wav"}}});
     EXPECT_THAT(MissingNames(i.s), ElementsAre("c.wav"));
     EXPECT_EQ(i.s.Run[0].InHand.FileName, i.Folder / "moved/a.wav");
     fs::rename(i.Folder / "moved/c.wav", i.Folder / "c.wav");

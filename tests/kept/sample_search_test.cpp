@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 
 #include <filesystem>
+#include <map>
 
 #include "fakes/file_bytes.h"
 
@@ -15,6 +16,7 @@ namespace {
 
 using namespace test;
 namespace fs = std::filesystem;
+using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Pair;
 using ::testing::UnorderedElementsAre;
@@ -26,11 +28,17 @@ struct Tree {
         WriteBytes(Folder / path, path);
         return Folder / path;
     }
-    FoundSamples Find(std::vector<std::string> names) const {
+    FoundSamples FindAll(std::vector<std::string> names) const {
         SampleSearch search(Folder.Path(), std::move(names));
         while (!search.Step(10)) {
         }
         return search.Found();
+    }
+    /// The first of each name.
+    std::map<std::string, std::string> Find(std::vector<std::string> names) const {
+        std::map<std::string, std::string> first;
+        for (const auto& [name, paths] : FindAll(std::move(names))) first[name] = paths.front();
+        return first;
     }
 };
 
@@ -96,11 +104,17 @@ TEST(SampleSearch, LooksAtNoMoreEntriesAtOnceThanItIsAskedTo) {
     EXPECT_LE(turns, 12);
 }
 
-TEST(SampleSearch, EndsAsSoonAsAllIsFound) {
+TEST(SampleSearch, ReadsOnAfterTheFirstFileOfAName) {
     Tree t;
-    t.Put("a.wav");
+    const std::string near = t.Put("a.wav");
+    const std::string deep = t.Put("kit1/a.wav");
+    EXPECT_THAT(t.FindAll({"a.wav"}), UnorderedElementsAre(Pair("a.wav", ElementsAre(near, deep))));
+}
+
+TEST(SampleSearch, ForNothingEndsAtOnce) {
+    Tree t;
     for (int file = 0; file < 100; ++file) t.Put("many/" + std::to_string(file) + ".wav");
-    SampleSearch search(t.Folder.Path(), {"a.wav"});
+    SampleSearch search(t.Folder.Path(), {});
     EXPECT_TRUE(search.Step(10));
 }
 

@@ -2,17 +2,23 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 #include "audio/sample_loading.h"
+#include "core/files/name_order.h"
 #include "core/files/paths.h"
 #include "core/loops/loop_views.h"
 #include "core/routines.h"
 #include "core/undo/undo_step.h"
 #include "persistence/load_saved_loop.h"
+#include "persistence/missing/sample_choice.h"
 
 namespace marvolin {
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -69,6 +75,15 @@ bool LoadInto(Session& s, Row row, const std::string& path) {
     return missing.Elements.Get(Element::PlayState) && missing.Loop.WasPlaying != False;
 }
 
+/// Adds the files of `folder` whose name differs from `name` only in the case of its letters.
+void AddAlike(const std::string& folder, const std::string& name, std::vector<std::string>& paths) {
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error); entry != fs::directory_iterator(); entry.increment(error)) {
+        const std::string path = JoinPath(folder, entry->path().filename().string());
+        if (SameIgnoringCase(NameOfSample(path), name) && TargetExists(path)) paths.push_back(path);
+    }
+}
+
 std::string Listed(const std::vector<std::string>& names) {
     std::string text;
     for (const std::string& name : names) text += (text.empty() ? "" : ", ") + name;
@@ -95,14 +110,19 @@ std::string NameOfSample(const std::string& path) {
     return name;
 }
 
-std::string FindNearby(const Session& s, const std::string& path, const std::string& setFolder) {
-    const std::string name = NameOfSample(path);
+std::string FindNearby(const Session& s, const std::string& stored, const std::string& setFolder) {
+    const std::string name = NameOfSample(stored);
     std::vector<std::string> folders{setFolder};
     for (const SampleBin& bin : s.Bins) folders.push_back(bin.Folder);
+    folders.erase(std::remove(folders.begin(), folders.end(), ""), folders.end());
+    std::vector<std::string> paths;
     for (const std::string& folder : folders) {
-        if (!folder.empty() && TargetExists(JoinPath(folder, name))) return JoinPath(folder, name);
+        if (TargetExists(JoinPath(folder, name))) paths.push_back(JoinPath(folder, name));
     }
-    return "";
+    if (paths.empty()) {
+        for (const std::string& folder : folders) AddAlike(folder, name, paths);
+    }
+    return BestMatch(stored, paths);
 }
 
 void KeepPlace(Session& s, MissingSample missing) {
@@ -165,8 +185,10 @@ void LoadFound(Session& s, const FoundSamples& found) {
     const UndoStep step(s, "Missing samples found");
     std::vector<Row> playing;
     for (Row row = 0; row < kLoopTracks; ++row) {
-        const auto path = found.find(MissingName(s, row));
-        if (path != found.end() && s.Run[row].Missing && LoadInto(s, row, path->second)) playing.push_back(row);
+        const auto paths = found.find(MissingName(s, row));
+        if (paths == found.end() || !s.Run[row].Missing) continue;
+        const std::string path = BestMatch(s.Run[row].Missing->Loop.Set.FileName, paths->second);
+        if (!path.empty() && LoadInto(s, row, path)) playing.push_back(row);
     }
     for (const Row row : playing) PlaySavedLoop(s, row);
     PatternsRefresh(s);

@@ -23,8 +23,9 @@ struct MissingSample {
 /// "\\" and ":".
 std::string NameOfSample(const std::string& path);
 /// Where a sample lies that is not at its stored place: beside its set, or in the folder of a bin. "" when it is in
-/// none of them. `setFolder` is the folder of the set, with its separator.
-std::string FindNearby(const Session& s, const std::string& path, const std::string& setFolder);
+/// none of them. `stored` is its path in the set, `setFolder` the folder of the set, with its separator. Of several
+/// the `BestMatch`; a name that differs only in the case of its letters counts when there is none spelled alike.
+std::string FindNearby(const Session& s, const std::string& stored, const std::string& setFolder);
 /// From now on the row keeps the place of a sample that was not found.
 void KeepPlace(Session& s, MissingSample missing);
 
@@ -45,10 +46,11 @@ std::string SampleTold(const Session& s, Row row);
 /// The path of what a row holds, below that of what is missing; "" for neither.
 std::string SamplePaths(const Session& s, Row row);
 
-/// Paths of samples by their missing names.
-using FoundSamples = std::unordered_map<std::string, std::string>;
-/// Loads what was found into the rows that wait for it, with their settings, and starts what was playing, as the set
-/// would have done. One step that can be taken back. The status line names what was found and what is still missing.
+/// Paths of samples by their missing names, the better ones first.
+using FoundSamples = std::unordered_map<std::string, std::vector<std::string>>;
+/// Loads what was found into the rows that wait for it, each row the `BestMatch` of the path it had, with their
+/// settings, and starts what was playing, as the set would have done. One step that can be taken back. The status line
+/// names what was found and what is still missing.
 void LoadFound(Session& s, const FoundSamples& found);
 
 }  // namespace marvolin

@@ -34,13 +34,13 @@ void SampleSearch::LookAt(const fs::directory_entry& entry) {
     const std::string name = entry.path().filename().string();
     for (const std::string& wanted : names_) {
         if (!SameIgnoringCase(name, wanted) || !TargetExists(entry.path().string())) continue;
-        (name == wanted ? found_ : alike_).try_emplace(wanted, entry.path().string());
+        (name == wanted ? found_ : alike_)[wanted].push_back(entry.path().string());
     }
 }
 
 bool SampleSearch::Step(int entries) {
     for (int seen = 0; seen < entries; ++seen) {
-        if (found_.size() == names_.size() || !OpenNext()) return true;
+        if (names_.empty() || !OpenNext()) return true;
         LookAt(*at_);
         std::error_code error;
         at_.increment(error);

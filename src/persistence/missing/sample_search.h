@@ -11,13 +11,14 @@
 
 namespace marvolin {
 
-/// One search. Folders nearer to the first one come first. Links to folders are not followed, and a folder that cannot
+/// One search, of all that is there: a deeper file of a name may be the one that was meant. Folders nearer to the first
+/// one come first. Links to folders are not followed, and a folder that cannot
 /// be read is passed over. A name that differs only in the case of its letters counts when there is none spelled alike.
 class SampleSearch {
 public:
     SampleSearch(const std::string& folder, std::vector<std::string> names);
 
-    /// Looks at the next `entries` entries. True when all is seen or found.
+    /// Looks at the next `entries` entries. True when all is seen.
     bool Step(int entries);
     /// What was found so far.
     FoundSamples Found() const;

@@ -1,0 +1,47 @@
+#include "persistence/missing/sample_choice.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
+#include "core/files/name_order.h"
+
+namespace marvolin {
+
+namespace {
+
+/// The folders of a path, from its end. A path that starts with "/" is one of this system, where names may hold "\\".
+std::vector<std::string_view> FoldersFromEnd(std::string_view path) {
+    const std::string_view separators = path.starts_with('/') ? "/" : "/\\";
+    std::vector<std::string_view> folders;
+    std::size_t end = path.find_last_of(separators);
+    while (end != std::string_view::npos && end > 0) {
+        const std::size_t before = path.find_last_of(separators, end - 1);
+        const std::size_t start = before == std::string_view::npos ? 0 : before + 1;
+        folders.push_back(path.substr(start, end - start));
+        end = before;
+    }
+    return folders;
+}
+
+std::ptrdiff_t FoldersInCommon(const std::string& stored, const std::string& path) {
+    const std::vector<std::string_view> a = FoldersFromEnd(stored);
+    const std::vector<std::string_view> b = FoldersFromEnd(path);
+    return std::distance(a.begin(), std::mismatch(a.begin(), a.end(), b.begin(), b.end(), SameIgnoringCase).first);
+}
+
+}  // namespace
+
+std::string BestMatch(const std::string& stored, const std::vector<std::string>& paths) {
+    std::string best;
+    std::ptrdiff_t most = -1;
+    for (const std::string& path : paths) {
+        const std::ptrdiff_t common = FoldersInCommon(stored, path);
+        if (common <= most) continue;
+        most = common;
+        best = path;
+    }
+    return best;
+}
+
+}  // namespace marvolin
