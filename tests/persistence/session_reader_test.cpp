@@ -351,12 +351,10 @@ TEST(LoadSession, APackageFromAnotherSystemFindsASampleWhoseExtensionIsSpelledOt
 
 TEST(LoadSession, OnlyLowerCaseMvpIsAPackage) {
     SetInstrument i;
-    WriteBytes(i.Folder / "set.MVP", GoldenSession("/nowhere"));
-    // Only a package would take it so.
-    std::filesystem::rename(i.Folder / "a.wav", i.Folder / "a.WAV");
+    i.s.Bins[0].Folder = "/mine";
+    WriteBytes(i.Folder / "set.MVP", GoldenSession(i.Folder.Path()));
     ASSERT_TRUE(i.Load("set.MVP"));
-    EXPECT_EQ(i.s.Run[0].Loaded, False);
-    EXPECT_EQ(i.Desk.LastBox(), "File Doesn't Exist !!");
+    EXPECT_NE(i.s.Bins[0].Folder, "/mine") << "only a package leaves it";
 }
 
 TEST(LoadSession, APackageNeverRestoresTheFoldersOfTheBins) {
