@@ -127,7 +127,9 @@ void ReadLoops(Session& s, RecordReader& file, Loading& load) {
         const bool asked = LoadSavedLoop(s, saved, effective, from);
         loadedFromFile[saved.Index] = asked && HoldsSavedSample(s, saved, from);
         const bool inRow = loadedFromFile[saved.Index] && s.Run[saved.Index].Loaded != False;
-        if (asked && !inRow) load.NotLoaded.push_back(NameOfSample(saved.Set.FileName));
+        // Without a device nothing is loaded: then only what is missing is worth a word.
+        const bool told = s.DSReady || (load.Nearby && !isThere);
+        if (asked && !inRow && told) load.NotLoaded.push_back(NameOfSample(saved.Set.FileName));
         if (asked) s.Run[saved.Index].Missing.reset();
         // One whose file is away is missing also while no device is open, for which it waits.
         if (!isThere && !inRow) missing.push_back({saved, effective, use3D});
@@ -189,7 +191,7 @@ void ReadSections(Session& s, RecordReader& file, Loading& load) {
 
 // The box of a missing sample does not say which one it is.
 void ShowNotLoaded(Session& s, const Loading& load) {
-    if (load.NotLoaded.empty() || !s.DSReady) return;
+    if (load.NotLoaded.empty()) return;
     std::string names;
     for (const std::string& name : load.NotLoaded) names += (names.empty() ? "" : ", ") + name;
     ShowStatus(s, "Not loaded: " + names);

@@ -427,8 +427,10 @@ TEST(MissingSamples, AreNamedAlsoWhileNoDeviceIsOpen) {
     TwoMissing i;
     i.s.DSReady = false;
     for (int opening = 0; opening < 2; ++opening) {
+        i.s.StatusText.clear();
         ASSERT_TRUE(i.Open("set.mvn"));
         EXPECT_THAT(MissingNames(i.s), ElementsAre("a.wav", "c.wav"));
+        EXPECT_EQ(i.s.StatusText, "Not loaded: a.wav, c.wav") << "B waits";
     }
     EXPECT_EQ(i.SavedA().FileName, i.Folder / "a.wav");
     LoadFound(i.s, {{"a.wav", {i.Folder / "moved/a.wav"}}});
