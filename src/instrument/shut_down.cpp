@@ -68,7 +68,7 @@ struct Step {
     OnError onError = OnError::Report;
 };
 
-constexpr std::array<Step, 27> kShutDown{{
+constexpr std::array<Step, 28> kShutDown{{
     {"", HideWindow},
     {"", ShowUnloading},
     {"deleting device timer", StopWatching},
@@ -85,7 +85,7 @@ constexpr std::array<Step, 27> kShutDown{{
     {"deleting script timer", StopScriptTimer},
     {"deleting script timer", DropScriptTimer},
     {"deleting script timer", StopHost},
-    {"uninitializing DSound", EndKeeping},
+    {"uninitializing DSound", StopKeeping},
     {"uninitializing DSound", EndUndo},
     {"finishing the recording", StopRecording},
     {"uninitializing DSound", UnInitDirectSound},
@@ -95,7 +95,9 @@ constexpr std::array<Step, 27> kShutDown{{
     {"unloading forms", UnloadBrowser},
     {"unloading forms", UnloadSplash},
     {"unloading forms", UnloadStartUpQuery, OnError::Ignore},
-    {"finishing the recording", FinishRecording},  // a disk may hang: by now there is neither a window nor a device
+    // Last of all: a slow disk must hold back neither the silence nor the other windows.
+    {"finishing the recording", FinishRecording},
+    {"keeping the last state", EndKeeping},
 }};
 
 void ReportError(Session& s, const Step& step, const TrappedError& error) {

@@ -1,6 +1,5 @@
 #include "persistence/start_up_demo.h"
 
-#include <array>
 #include <filesystem>
 #include <system_error>
 #include <vector>
@@ -20,7 +19,6 @@ namespace {
 constexpr const char* kDemoFile = "startup.mvp";
 constexpr const char* kDisabledDemoFile = "disabledstartup.mvp";
 constexpr const char* kPreferencesFile = "preferences.mvn";
-constexpr std::array<Row, 3> kFadingRows{1, 2, 3};  // in the order of the stages
 
 std::string InProgramFolder(Session& s, const char* name) { return JoinPath(s.World.Desk.ProgramFolder(), name); }
 
@@ -46,7 +44,7 @@ void NextStage(Session& s, Row fading, std::int32_t milliseconds) {
 void TellWhatHasFaded(Session& s) {
     std::vector<Row> faded;
     std::vector<Row> falling;
-    for (const Row row : kFadingRows) {
+    for (const Row row : kDemoFades) {
         if (s.Run[row].Loaded == False) continue;
         if (s.Set[row].Vol == 0) {
             faded.push_back(row);
@@ -98,13 +96,13 @@ void StartUpDemoCountDown_Timer(Session& s) {
         case 1:
             UnloadSplash(s);
             s.World.Forms.BringToFront(Form::Main);
-            NextStage(s, kFadingRows[0], 2000);
+            NextStage(s, kDemoFades[0], 2000);
             return;
         case 2:
-            NextStage(s, kFadingRows[1], 4000);
+            NextStage(s, kDemoFades[1], 4000);
             return;
         case 3:
-            LoopSetFade(s, kFadingRows[2], FadeCommand::Down);
+            LoopSetFade(s, kDemoFades[2], FadeCommand::Down);
             s.DemoStep = 4;
             s.StartUpDemoCountDown->SetEnabled(false);
             s.StartUpDemoCountDown.reset();

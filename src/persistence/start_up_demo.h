@@ -2,6 +2,8 @@
 /// \file
 /// What the program loads at its start: the demo, which plays itself, or the player's preferences.
 
+#include <array>
+
 #include "core/session.h"
 
 namespace marvolin {
@@ -11,6 +13,9 @@ inline constexpr const char* kStartUpQueryTitle = "Startup Demo";
 inline constexpr const char* kStartUpQueryText = "Show this startup demo next time?";
 /// Help page of `frmStartUpQuery`.
 inline constexpr std::int32_t kStartUpQueryTopic = 10063;
+
+/// The LoopTracks that the demo fades out, in the order of its stages.
+inline constexpr std::array<Row, 3> kDemoFades{1, 2, 3};
 
 /// Loads "startup.mvp" from the program's folder and starts the demo or, if that file does not exist, loads
 /// "preferences.mvn". Neither becomes the current session, so that no save overwrites it.

@@ -136,6 +136,27 @@ TEST(LastState, TheEndSavesNothing) {
     EXPECT_TRUE(i.Timers.Live.empty());
 }
 
+/// Notes what of the keeping is left when the program gives its device back.
+struct WatchfulDirectX : FakeDirectX {
+    WatchfulDirectX(KeptRig& i, std::string& left) : FakeDirectX(i.Sound), i_(i), left_(left) {}
+    ~WatchfulDirectX() override {
+        left_ = std::string(i_.Timers.Live.empty() ? "" : "timer ") + (i_.s.Kept ? "file" : "");
+    }
+
+private:
+    KeptRig& i_;
+    std::string& left_;
+};
+
+TEST(LastState, TheEndWaitsForTheDiskOnlyWhenNothingSoundsAnyMore) {
+    KeptRig i;
+    std::string left;
+    i.s.DX = std::make_unique<WatchfulDirectX>(i, left);
+    Form_QueryUnload(i.s);
+    EXPECT_EQ(left, "file");
+    EXPECT_EQ(i.s.Kept, nullptr);
+}
+
 TEST(LastState, AFailureIsToldOnceAndTriedAgain) {
     KeptRig i;
     ASSERT_EQ(::mkdir(i.Kept().c_str(), 0777), 0);
@@ -177,24 +198,58 @@ TEST(LastState, APathThatNoFileHoldsIsAFailureToo) {
     EXPECT_TRUE(FileExists(i.Kept()));
 }
 
-TEST(LastState, TheDemoThatPlaysItselfIsNoChange) {
+TEST(LastState, WhatIsNoWorkDoesNotPushOutTheOneOfTheRunBefore) {
     KeptRig i;
-    EndKeeping(i.s);
-    i.s.DemoStep = 1;
     i.Load(0, "a.wav");
+    EndKeeping(i.s);
     StartKeeping(i.s);
+    LoopPlay(i.s, 0, true);
+    i.s.ActiveTab = kMapTab;
+    i.s.Drivers = {"Primary Sound Driver", "One more", "No Sound"};
+    i.s.Driver = 1;
+    i.Pass(60);
+    EXPECT_FALSE(FileExists(i.Kept()));
     Volume(i.s, 400);
+    i.Pass(20);
+    EXPECT_EQ(KeptRig::VolumeIn(i.Kept()), 400);
+}
+
+/// The demo plays itself, and the keeping has begun.
+struct Demo : KeptRig {
+    Demo() {
+        EndKeeping(s);
+        for (Row row = 0; row < kLoopTracks; ++row) Load(row, "a.wav");
+        s.DemoStep = 1;
+        StartKeeping(s);
+        Pass(25);
+        for (Row row = 1; row < kLoopTracks; ++row) LoopSetFade(s, row, FadeCommand::Down);
+        s.DemoStep = 4;
+    }
+    void FadeOut() {
+        while (s.Run[1].FadeState != kNoFade) StepFades(s, 20);
+    }
+};
+
+TEST(LastState, TheDemoThatPlaysItselfIsNoChange) {
+    Demo i;
     i.Pass(25);
-    i.s.DemoStep = 4;
-    i.s.Run[0].FadeState = kFalling;
-    i.Pass(25);
-    Volume(i.s, 0);
-    i.s.Run[0].FadeState = kNoFade;
+    i.FadeOut();
+    EXPECT_EQ(i.s.Set[3].Vol, 0);
     i.Pass(45);
     EXPECT_FALSE(FileExists(i.Kept()));
     Volume(i.s, 400);
     i.Pass(20);
     EXPECT_EQ(KeptRig::VolumeIn(i.Kept()), 400);
+}
+
+TEST(LastState, WhatIsDoneDuringTheDemoIsAChange) {
+    Demo i;
+    Volume(i.s, 321);
+    i.Pass(25);
+    EXPECT_FALSE(FileExists(i.Kept())) << "while it fades, there would be a state every 20 s without anybody";
+    i.FadeOut();
+    i.Pass(20);
+    EXPECT_EQ(KeptRig::VolumeIn(i.Kept()), 321);
 }
 
 TEST(LastState, WithoutATimerNothingIsKept) {
@@ -326,18 +381,6 @@ TEST(MarkOfAChangedSet, ShowsAfterAnOpenThatFailedHalfway) {
     WriteBytes(i.Folder / "half.mvn", bytes.substr(0, bytes.size() - 4));
     OpenIt_Chosen(i.s, CurrentChoices(i.s), i.Folder / "half.mvn");
     EXPECT_TRUE(i.Marked());
-}
-
-TEST(MarkOfAChangedSet, GoesWhenTheLastSessionItselfIsInHandAndIsKept) {
-    KeptRig i;
-    Volume(i.s, 100);
-    i.Pass(21);
-    ASSERT_TRUE(i.Open(std::string(kLastSessionFile)));
-    Volume(i.s, 90);
-    i.Pass(1);
-    EXPECT_TRUE(SetHasChanged(i.s));
-    i.Pass(20);
-    EXPECT_FALSE(SetHasChanged(i.s));
 }
 
 // --- a crash in the middle ---

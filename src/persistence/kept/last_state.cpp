@@ -1,6 +1,7 @@
 #include "persistence/kept/last_state.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <functional>
 #include <system_error>
@@ -10,8 +11,8 @@
 #include "core/files/former_file.h"
 #include "core/files/paths.h"
 #include "core/routines.h"
-#include "persistence/session_writer.h"
 #include "persistence/set_files.h"
+#include "persistence/start_up_demo.h"
 
 namespace marvolin {
 
@@ -29,6 +30,25 @@ bool DemoRuns(const Session& s) {
     if (s.DemoStep < kLastDemoStep) return true;
     return std::any_of(s.Run.begin(), s.Run.end(), [](const LoopTrackRun& run) { return run.FadeState != kNoFade; });
 }
+
+/// While it is there, the rows that the demo fades are as the demo leaves them.
+class FadedOut {
+public:
+    explicit FadedOut(Session& s) : s_(s) {
+        for (std::size_t k = 0; k < kDemoFades.size(); ++k) volumes_[k] = std::exchange(Volume(k), std::int16_t{0});
+    }
+    ~FadedOut() {
+        for (std::size_t k = 0; k < kDemoFades.size(); ++k) Volume(k) = volumes_[k];
+    }
+    FadedOut(const FadedOut&) = delete;
+    FadedOut& operator=(const FadedOut&) = delete;
+
+private:
+    std::int16_t& Volume(std::size_t k) { return s_.Set[kDemoFades[k]].Vol; }
+
+    Session& s_;
+    std::array<std::int16_t, kDemoFades.size()> volumes_{};
+};
 
 enum class Former : std::uint8_t { Keep, Replace };
 
@@ -59,17 +79,27 @@ void LastState::Start(Session& s) {
     timer_ = s.World.Timers.Create([this, &s](std::int32_t milliseconds) { Look(s, milliseconds); });
     timer_->SetInterval(kLookPeriod);
     timer_->SetEnabled(true);
-    Settle(s);
+    kept_ = DigestOfStart(s);
 }
 
-LastState::Digest LastState::DigestOfAll(Session& s) {
+LastState::Digest LastState::DigestOfAll(Session& s, SetContent content) {
     records_.Clear();
-    WriteSet(s, records_, LoopsSaved::All, AllSwitches());
+    WriteSet(s, records_, LoopsSaved::All, AllSwitches(), content);
     return std::hash<std::string_view>()(records_.Bytes());
 }
 
-// What "Save" would write.
-LastState::Digest LastState::DigestOfWork(Session& s) {
+// Taken at once, so that what the player does during the demo is a change.
+LastState::Digest LastState::DigestOfStart(Session& s) {
+    try {
+        if (!DemoRuns(s)) return DigestOfAll(s, SetContent::Work);
+        const FadedOut faded(s);
+        return DigestOfAll(s, SetContent::Work);
+    } catch (const RuntimeError&) {
+        return 0;  // the first look that keeps says so
+    }
+}
+
+LastState::Digest LastState::DigestOfSave(Session& s) {
     const LoopsSaved loops = s.SelectionsOnlySetting == 1 ? LoopsSaved::SelectionsOnly : LoopsSaved::All;
     records_.Clear();
     WriteSet(s, records_, loops, s.SaveOpenSwitches[kWhenSaving], SetContent::Work);
@@ -78,7 +108,7 @@ LastState::Digest LastState::DigestOfWork(Session& s) {
 
 void LastState::NoteOnDisk(Session& s, const std::string& path) {
     try {
-        onDisk_[path] = DigestOfWork(s);
+        onDisk_[path] = DigestOfSave(s);
     } catch (const RuntimeError&) {
         onDisk_.erase(path);
     }
@@ -92,7 +122,7 @@ bool LastState::HasChanged(Session& s) {
     // A set that was only half opened or not saved has the name of a file that holds something else.
     if (file == onDisk_.end()) return true;
     try {
-        return DigestOfWork(s) != file->second;
+        return DigestOfSave(s) != file->second;
     } catch (const RuntimeError&) {
         return true;
     }
@@ -103,22 +133,12 @@ void LastState::RefreshMark(Session& s) {
     if (std::exchange(differs_, differs) != differs) s.World.Screen.ShowTitle();
 }
 
-void LastState::Settle(Session& s) {
-    if (settled_ || DemoRuns(s)) return;
-    settled_ = true;
-    try {
-        kept_ = DigestOfAll(s);
-    } catch (const RuntimeError&) {
-        return;  // the first look that keeps says so
-    }
-}
-
 void LastState::Look(Session& s, std::int32_t milliseconds) {
     TakeResult(s);
-    RefreshMark(s);
-    Settle(s);
+    settled_ = settled_ || !DemoRuns(s);
     elapsed_ += milliseconds;
-    if (elapsed_ < kKeepPeriod) return;
+    // Never both: each makes the bytes of the whole set.
+    if (elapsed_ < kKeepPeriod) return RefreshMark(s);
     elapsed_ = 0;
     if (settled_) Keep(s);
 }
@@ -126,9 +146,10 @@ void LastState::Look(Session& s, std::int32_t milliseconds) {
 void LastState::Keep(Session& s) {
     if (result_.valid()) return;  // a disk that has stalled
     try {
-        if (PathInHand(s) == path_) writingWork_ = DigestOfWork(s);
-        writing_ = DigestOfAll(s);
-        if (writing_ == kept_) return;
+        // The first state pushes out that of the run before, so there must be work in it.
+        if (first_ && DigestOfAll(s, SetContent::Work) == kept_) return;
+        writing_ = DigestOfAll(s, SetContent::Whole);
+        if (!first_ && writing_ == kept_) return;
         result_ = std::async(std::launch::async, WriteState, path_, std::string(records_.Bytes()),
                              first_ ? Former::Keep : Former::Replace);
     } catch (const RuntimeError& e) {
@@ -145,7 +166,6 @@ void LastState::TakeResult(Session& s) {
     kept_ = writing_;
     told_ = false;
     if (std::exchange(first_, false)) new_ = true;
-    if (PathInHand(s) == path_) onDisk_[path_] = writingWork_;
 }
 
 void LastState::TellFailure(Session& s, const std::string& why) {
@@ -166,6 +186,10 @@ void StartKeeping(Session& s) {
     } catch (const RuntimeError&) {
         s.Kept.reset();
     }
+}
+
+void StopKeeping(Session& s) {
+    if (s.Kept) s.Kept->Stop();
 }
 
 void EndKeeping(Session& s) { s.Kept.reset(); }

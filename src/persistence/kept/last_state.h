@@ -13,6 +13,7 @@
 
 #include "core/files/record_stream.h"
 #include "core/session.h"
+#include "persistence/session_writer.h"
 
 namespace marvolin {
 
@@ -23,10 +24,13 @@ inline constexpr std::int32_t kLookPeriod = 1000;    ///< ms between two looks a
 inline constexpr std::int32_t kKeepPeriod = 20'000;  ///< ms between two states that are kept
 
 /// From now on the session is kept: every 20 s, when something has changed, the whole of it as a set that "Open" and
-/// QuickLoad read. What is there now counts as kept, and so does the demo while it plays itself. The status line says
-/// once when it cannot be kept; it is tried again. Nothing is kept when the system has no timer left.
+/// QuickLoad read. What is there now counts as kept, and so does what the demo makes of it; until a state of this run
+/// is kept, what sounds, the open tab and the device are no change. The status line says once when it cannot be kept;
+/// it is tried again. Nothing is kept when the system has no timer left.
 void StartKeeping(Session& s);
-/// Ends that, and saves nothing. Waits for a file that is being written.
+/// Nothing more is looked at or kept. A file that is being written goes on.
+void StopKeeping(Session& s);
+/// Ends it, and saves nothing. Waits for a file that is being written, as long as the disk needs.
 void EndKeeping(Session& s);
 
 /// The set in hand is the same as the file `path` from which it was opened or to which it was saved.
@@ -47,6 +51,7 @@ public:
 
     /// Begins to look. Raises a `RuntimeError` when the system has no timer left.
     void Start(Session& s);
+    void Stop() { timer_.reset(); }
     void NoteOnDisk(Session& s, const std::string& path);
     bool Differs() const { return differs_; }
     bool TakeNew();
@@ -59,11 +64,11 @@ private:
     void Keep(Session& s);
     void TakeResult(Session& s);
     void TellFailure(Session& s, const std::string& why);
-    void Settle(Session& s);
     void RefreshMark(Session& s);
     bool HasChanged(Session& s);
-    Digest DigestOfAll(Session& s);
-    Digest DigestOfWork(Session& s);
+    Digest DigestOfAll(Session& s, SetContent content);
+    Digest DigestOfStart(Session& s);
+    Digest DigestOfSave(Session& s);
 
     std::string path_;
     RecordWriter records_;                            ///< kept for its room
@@ -71,10 +76,9 @@ private:
     bool differs_ = false;
     bool settled_ = false;      ///< the demo has ended
     std::int32_t elapsed_ = 0;  ///< ms since a state was last kept
-    Digest kept_ = 0;
-    Digest writing_ = 0;      ///< of the state that is being written
-    Digest writingWork_ = 0;  ///< the same without what sounds
-    bool first_ = true;       ///< no state of this run is kept yet
+    Digest kept_ = 0;           ///< of the state that was kept; before the first one, of the work at the start
+    Digest writing_ = 0;        ///< of the state that is being written
+    bool first_ = true;         ///< no state of this run is kept yet
     bool new_ = false;
     bool told_ = false;                ///< the player knows that it fails
     std::future<std::string> result_;  ///< why the file could not be written; "" when it is on the disk
