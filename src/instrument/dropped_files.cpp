@@ -24,7 +24,7 @@ void OpenSet(Session& s, const std::string& path) {
     const BusyPointer busy(s);
     const UndoStep step(s, "", UndoScope::Everything);
     if (!OpenBesideDialogue(s, path)) return;
-    s.SaveItEnabled = true;
+    s.SaveItEnabled = !s.CurrentFile.empty();
     s.World.Screen.ShowSaveOpen();
     UpdateQuickLoad(s);
 }

@@ -32,7 +32,7 @@ void ShowCurrent(Session& s) {
 void CloseDialogue(Session& s) { s.World.Forms.Hide(Form::Save); }
 
 void AfterSuccess(Session& s) {
-    s.SaveItEnabled = true;
+    s.SaveItEnabled = !s.DialogueFile.empty();
     s.World.Screen.ShowSaveOpen();
     UpdateQuickLoad(s);
 }
@@ -43,9 +43,34 @@ void TakeFile(Session& s, const std::string path) {
     s.DialogueFile = s.CurrentFile;
 }
 
+/// What is in hand has no file yet.
+void LetGoOfFile(Session& s) {
+    s.CurrentFile.clear();
+    s.DialogueFile.clear();
+    s.SaveItEnabled = false;
+    s.Title = "marvolin";
+    s.World.Screen.ShowTitle();
+}
+
+/// Whether `opened` has all of `inFile` that the next save would write.
+bool IsWhole(clsSwitchRecord opened, const clsSwitchRecord& inFile) {
+    opened.Put(Element::PlayState, true);
+    clsSwitchRecord both;
+    clsSwitchRecord::AndSwitch(opened, inFile, both);
+    return both == inFile;
+}
+
+/// Tells so when a save there would be lost.
+bool IsWrittenByItself(Session& s, const std::string& path) {
+    if (!IsLastState(s, path)) return false;
+    s.World.Desk.Report("\"" + LastPathPart(path) + "\" is written by the program itself. Choose another name.");
+    return true;
+}
+
 }  // namespace
 
 bool SaveAsChosen(Session& s, const std::string& path) {
+    if (IsWrittenByItself(s, path)) return false;
     const LoopsSaved loops = s.SelectionsOnlySetting == 1 ? LoopsSaved::SelectionsOnly : LoopsSaved::All;
     if (!s.World.Store.SaveSession(s, path, loops, s.SaveOpenSwitches[kWhenSaving])) return false;
     NoteSetOnDisk(s, path);
@@ -54,8 +79,15 @@ bool SaveAsChosen(Session& s, const std::string& path) {
 
 bool OpenAsChosen(Session& s, const std::string& path) {
     const clsSwitchRecord& elements = s.SaveOpenSwitches[kWhenOpening];
-    if (!s.World.Store.LoadSession(s, path, SetAsCurrent::Yes, elements, AdoptSwitches::Yes)) return false;
-    NoteSetOnDisk(s, path);
+    const bool last = IsLastState(s, path);
+    const SetAsCurrent current = last ? SetAsCurrent::No : SetAsCurrent::Yes;
+    if (!s.World.Store.LoadSession(s, path, current, elements, AdoptSwitches::Yes)) return false;
+    if (last) LetGoOfFile(s);
+    if (!last && IsWhole(elements, s.SaveOpenSwitches[kWhenSaving])) {
+        NoteSetOnDisk(s, path);
+    } else {
+        NoteSetDiffers(s, path);
+    }
     return true;
 }
 
@@ -139,6 +171,8 @@ void SaveItAs_Chosen(Session& s, const SaveOpenChoices& choices, const std::stri
     std::string name;
     SplitFilePath(path, folder, name);
     const std::string file = JoinPath(folder, SetFileName(name, kSessionExtension));
+    // The dialogue stays open for another name.
+    if (IsWrittenByItself(s, file)) return TakeBack(s, choices);
     TakeFile(s, file);
     TakeBack(s, choices);
     CloseDialogue(s);

@@ -26,10 +26,11 @@ struct SaveOpenChoices {
 };
 
 /// Saves to `path` the elements and LoopTracks that the player has chosen in the dialogue. Result and messages are
-/// those of `SaveSession`.
+/// those of `SaveSession`; onto the last state nothing is saved, after a message.
 bool SaveAsChosen(Session& s, const std::string& path);
 /// Opens `path` as the current session, with the elements that the player has chosen in the dialogue, and adopts its
-/// switches. Result and messages are those of `LoadSession`.
+/// switches. The last state does not become the current session: what is in hand then has no file. Result and messages
+/// are those of `LoadSession`.
 bool OpenAsChosen(Session& s, const std::string& path);
 /// The same for a set that is not opened in the dialogue. A dialogue that stands open follows, as it would save the new
 /// set under the name of the one before.
@@ -59,7 +60,8 @@ void SaveIt_Click(Session& s, const SaveOpenChoices& choices);
 /// "Reload": closes the dialogue and opens its file.
 void Reload_Click(Session& s, const SaveOpenChoices& choices);
 /// "Save As" and "Open": the player chose `path` in the file dialogue. Not called when it is cancelled. A file that is
-/// saved gets its name by `SetFileName`, and becomes the current session like one that is opened.
+/// saved gets its name by `SetFileName`, and becomes the current session like one that is opened. For the name of
+/// the last state there is a message, and the dialogue stays open.
 void SaveItAs_Chosen(Session& s, const SaveOpenChoices& choices, const std::string& path);
 void OpenIt_Chosen(Session& s, const SaveOpenChoices& choices, const std::string& path);
 

@@ -21,6 +21,7 @@
 #include "core/files/paths.h"
 #include "fakes/file_bytes.h"
 #include "fakes/instrument.h"
+#include "instrument/dropped_files.h"
 #include "instrument/shut_down.h"
 #include "instrument/start_up.h"
 #include "kept/kept_rig.h"
@@ -117,6 +118,80 @@ TEST(LastState, IsFoundByQuickLoadOnceItIsThere) {
     const auto row = std::find(i.s.QuickLoadRows.begin(), i.s.QuickLoadRows.end(), "Last session");
     QuickLoad_Click(i.s, static_cast<std::size_t>(row - i.s.QuickLoadRows.begin()));
     EXPECT_EQ(i.s.Set[0].Vol, 100);
+}
+
+/// An instrument with "one.mvn" in hand and a last state in which A has the volume 100.
+struct AfterCrash : KeptRig {
+    AfterCrash() {
+        EXPECT_TRUE(Save("one.mvn"));
+        Volume(s, 100);
+        Pass(21);
+        Volume(s, 200);
+    }
+    void ExpectContentWithoutFile() {
+        EXPECT_EQ(s.Set[0].Vol, 100);
+        EXPECT_EQ(s.CurrentFile, "");
+        EXPECT_EQ(s.Title, "marvolin");
+        EXPECT_EQ(SaveOpenTitle(s), "Save/Open");
+        EXPECT_FALSE(s.SaveItEnabled) << "only Save As, which asks for a name";
+        Pass(1);
+        EXPECT_FALSE(SetHasChanged(s));
+    }
+};
+
+TEST(LastState, IsOpenedByQuickLoadWithoutBecomingTheSetInHand) {
+    AfterCrash i;
+    ASSERT_TRUE(i.Open(std::string(kLastSessionFile)));
+    i.ExpectContentWithoutFile();
+}
+
+TEST(LastState, IsOpenedByOpenWithoutBecomingTheSetInHand) {
+    AfterCrash i;
+    OpenIt_Chosen(i.s, CurrentChoices(i.s), i.Kept());
+    i.ExpectContentWithoutFile();
+    ASSERT_TRUE(i.Save("rescued.mvn"));
+    EXPECT_EQ(i.s.CurrentFile, "rescued.mvn");
+    EXPECT_TRUE(i.s.SaveItEnabled);
+}
+
+TEST(LastState, IsOpenedByReloadWithoutBecomingTheSetInHand) {
+    AfterCrash i;
+    OpenSaveOpen(i.s, std::string(kLastSessionFile));
+    Reload_Click(i.s, CurrentChoices(i.s));
+    i.ExpectContentWithoutFile();
+}
+
+TEST(LastState, IsOpenedByADropWithoutBecomingTheSetInHand) {
+    AfterCrash i;
+    DropFiles(i.s, 0, {i.Kept()});
+    i.ExpectContentWithoutFile();
+}
+
+TEST(LastState, OfTheRunBeforeIsOpenedInTheSameWay) {
+    AfterCrash i;
+    std::filesystem::rename(i.Kept(), i.Kept() + "~");
+    OpenIt_Chosen(i.s, CurrentChoices(i.s), i.Kept() + "~");
+    i.ExpectContentWithoutFile();
+}
+
+TEST(LastState, ASetOfItsNameInAnotherFolderIsASetAsAnyOther) {
+    AfterCrash i;
+    std::filesystem::create_directory(i.Folder / "other");
+    std::filesystem::rename(i.Kept(), i.Folder / "other/Last session.mvn");
+    ASSERT_TRUE(i.Open("other/Last session.mvn"));
+    EXPECT_EQ(i.s.CurrentFile, "Last session.mvn");
+}
+
+TEST(LastState, NoSaveTakesItsName) {
+    AfterCrash i;
+    OpenSaveOpen(i.s, std::string(kLastSessionFile));
+    SaveIt_Click(i.s, CurrentChoices(i.s));
+    EXPECT_EQ(KeptRig::VolumeIn(i.Kept()), 100);
+    EXPECT_EQ(i.Desk.LastBox(), "\"Last session.mvn\" is written by the program itself. Choose another name.");
+    SaveItAs_Chosen(i.s, CurrentChoices(i.s), i.Folder / "Last session");
+    EXPECT_EQ(KeptRig::VolumeIn(i.Kept()), 100);
+    EXPECT_EQ(i.s.CurrentFile, "one.mvn");
+    EXPECT_EQ(i.Desk.Boxes.size(), 2U);
 }
 
 TEST(LastState, AnOpenListOfQuickLoadKeepsItsRows) {
@@ -373,6 +448,27 @@ TEST(MarkOfAChangedSet, FollowsTheSetThatAStepTakesBack) {
     EXPECT_FALSE(i.Marked()) << "two.mvn is in hand as it was saved";
     Volume(i.s, 51);
     EXPECT_TRUE(i.Marked());
+}
+
+TEST(MarkOfAChangedSet, ShowsAfterAnOpenOfAPart) {
+    InHand i;
+    i.s.SaveOpenSwitches[kWhenOpening].Put(Element::PlayState, false);
+    ASSERT_TRUE(i.Open("one.mvn"));
+    EXPECT_FALSE(i.Marked()) << "what sounds is not compared";
+    i.s.SaveOpenSwitches[kWhenOpening].Put(Element::Vol, false);
+    ASSERT_TRUE(i.Open("one.mvn"));
+    EXPECT_TRUE(i.Marked()) << "the next save would write the volumes of what was there before";
+    SaveIt_Click(i.s, CurrentChoices(i.s));
+    EXPECT_FALSE(i.Marked());
+}
+
+TEST(MarkOfAChangedSet, DoesNotShowAfterAnOpenOfAllThatTheFileHas) {
+    InHand i;
+    i.s.SaveOpenSwitches[kWhenSaving].Put(Element::Vol, false);
+    ASSERT_TRUE(i.Save("two.mvn"));
+    i.s.SaveOpenSwitches[kWhenOpening].Put(Element::Vol, false);
+    ASSERT_TRUE(i.Open("two.mvn"));
+    EXPECT_FALSE(i.Marked());
 }
 
 TEST(MarkOfAChangedSet, ShowsAfterAnOpenThatFailedHalfway) {

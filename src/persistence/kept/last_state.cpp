@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <filesystem>
 #include <functional>
 #include <system_error>
 #include <utility>
@@ -115,6 +116,11 @@ void LastState::NoteOnDisk(Session& s, const std::string& path) {
     RefreshMark(s);
 }
 
+void LastState::NoteDiffers(Session& s, const std::string& path) {
+    onDisk_.erase(path);
+    RefreshMark(s);
+}
+
 bool LastState::HasChanged(Session& s) {
     const std::string path = PathInHand(s);
     if (path.empty()) return false;
@@ -196,6 +202,19 @@ void EndKeeping(Session& s) { s.Kept.reset(); }
 
 void NoteSetOnDisk(Session& s, const std::string& path) {
     if (s.Kept) s.Kept->NoteOnDisk(s, path);
+}
+
+void NoteSetDiffers(Session& s, const std::string& path) {
+    if (s.Kept) s.Kept->NoteDiffers(s, path);
+}
+
+bool IsLastState(const Session& s, const std::string& path) {
+    std::string folder;
+    std::string name;
+    SplitFilePath(path, folder, name);
+    if (name != kLastSessionFile && name != CopyName(kLastSessionFile)) return false;
+    std::error_code error;
+    return std::filesystem::equivalent(FolderOf(path), s.World.Desk.ProgramFolder(), error);
 }
 
 bool SetHasChanged(const Session& s) { return s.Kept && s.Kept->Differs(); }

@@ -35,6 +35,11 @@ void EndKeeping(Session& s);
 
 /// The set in hand is the same as the file `path` from which it was opened or to which it was saved.
 void NoteSetOnDisk(Session& s, const std::string& path);
+/// The set in hand holds something else than its file `path`, of which only a part was opened.
+void NoteSetDiffers(Session& s, const std::string& path);
+/// Whether `path` is the last state or the copy of the one before. Neither is a set to be in hand, as the program
+/// writes over it by itself.
+bool IsLastState(const Session& s, const std::string& path);
 /// Whether the set in hand differs from its file, at the last look. What sounds, the open tab and the device do not
 /// count. False while there is no set in hand.
 bool SetHasChanged(const Session& s);
@@ -53,6 +58,7 @@ public:
     void Start(Session& s);
     void Stop() { timer_.reset(); }
     void NoteOnDisk(Session& s, const std::string& path);
+    void NoteDiffers(Session& s, const std::string& path);
     bool Differs() const { return differs_; }
     bool TakeNew();
     void Wait() const;
