@@ -63,7 +63,7 @@ bool IsWhole(clsSwitchRecord opened, const clsSwitchRecord& inFile) {
 /// Tells so when a save there would be lost.
 bool IsWrittenByItself(Session& s, const std::string& path) {
     if (!IsLastState(s, path)) return false;
-    s.World.Desk.Report("\"" + LastPathPart(path) + "\" is written by the program itself. Choose another name.");
+    s.World.Desk.Report("The program itself writes " + LastPathPart(path) + ". Choose another name.");
     return true;
 }
 

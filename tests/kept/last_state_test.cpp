@@ -187,7 +187,7 @@ TEST(LastState, NoSaveTakesItsName) {
     OpenSaveOpen(i.s, std::string(kLastSessionFile));
     SaveIt_Click(i.s, CurrentChoices(i.s));
     EXPECT_EQ(KeptRig::VolumeIn(i.Kept()), 100);
-    EXPECT_EQ(i.Desk.LastBox(), "\"Last session.mvn\" is written by the program itself. Choose another name.");
+    EXPECT_EQ(i.Desk.LastBox(), "The program itself writes Last session.mvn. Choose another name.");
     SaveItAs_Chosen(i.s, CurrentChoices(i.s), i.Folder / "Last session");
     EXPECT_EQ(KeptRig::VolumeIn(i.Kept()), 100);
     EXPECT_EQ(i.s.CurrentFile, "one.mvn");
