@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "audio/device.h"
 #include "fakes/instrument.h"
 #include "performance/joystick/joystick_setup.h"
@@ -60,6 +62,20 @@ TEST(DeviceWatch, ALookDuringALookDoesNothing) {
     i.Store.OnSave = [&] { i.Tick(5); };
     i.Tick();
     EXPECT_EQ(i.Sound.Count("DirectSoundCreate"), 1);
+}
+
+TEST(DeviceWatch, AnErrorEndsOneLookAndNotTheNext) {
+    Watching i;
+    i.Sound.Drivers = {"Primary Sound Driver"};
+    i.Tick();
+    i.Sound.Drivers = {"Primary Sound Driver", "Second Device"};
+    i.Tick();
+    i.Store.OnSave = [] { throw std::bad_alloc(); };
+    EXPECT_THROW(i.Tick(), std::bad_alloc);
+    i.Store.OnSave = nullptr;
+    i.Stick.Devices = {"stick"};
+    i.Tick(3);
+    EXPECT_TRUE(i.s.JoyEnabled);
 }
 
 TEST(DeviceWatch, MayBeDroppedDuringALook) {
