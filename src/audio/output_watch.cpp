@@ -1,5 +1,7 @@
 #include "audio/output_watch.h"
 
+#include <algorithm>
+
 #include "audio/device.h"
 #include "audio/device_abilities.h"
 #include "audio/output_list.h"
@@ -29,7 +31,7 @@ void OutputWatch::Forget() {
 }
 
 void OutputWatch::Look(Session& s) {
-    const bool changed = RefreshOutputs(s);
+    unchanged_ = RefreshOutputs(s) ? 0 : std::min(unchanged_ + 1, kNewsLooks);
     const std::int16_t entry = WantedOutput(s);
     if (entry < 0) return Forget();
     const std::string name = OutputName(s, entry);
@@ -44,7 +46,8 @@ void OutputWatch::Look(Session& s) {
         // The driver may know before the list does. The default output stays in the list when another takes its place.
         if (IsGone(s)) awaited_ = name;
     }
-    news_ = news_ || changed;
+    // The list may also know before the driver does.
+    news_ = news_ || unchanged_ < kNewsLooks;
     if (!awaited_.empty() && news_) Await(s, entry);
 }
 
@@ -57,6 +60,7 @@ void OutputWatch::Await(Session& s, std::int16_t entry) {
         return;
     }
     Forget();
+    unchanged_ = kNewsLooks;
     if (taken == TakenOutput::Taken) ShowStatus(s, name + " is back, and in use again.");
 }
 

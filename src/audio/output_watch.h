@@ -12,6 +12,7 @@ class OutputWatch {
 public:
     static constexpr int kSteadyLooks = 2;  ///< looks at which an output must be there: one that flickers waits
     static constexpr int kRetryLooks = 5;   ///< looks until one that has refused is tried again
+    static constexpr int kNewsLooks = 20;   ///< looks within which the driver tells what the list already knows
 
     /// Looks once. Shows no box when an output refuses; the status line tells when one is back.
     void Look(Session& s);
@@ -20,9 +21,10 @@ private:
     void Await(Session& s, std::int16_t entry);
     void Forget();
 
-    std::string awaited_;  // name of the output that is away; "" none
-    bool news_ = false;    // the list has changed since it vanished
-    int looks_ = 0;        // at which it has been there again
+    std::string awaited_;         // name of the output that is away; "" none
+    bool news_ = false;           // the list has changed since it vanished, or just before
+    int looks_ = 0;               // at which it has been there again
+    int unchanged_ = kNewsLooks;  // looks since the list has changed, so far as they count
 };
 
 }  // namespace marvolin

@@ -193,6 +193,31 @@ TEST(OutputWatch, TheDefaultOutputIsTakenAgainWhenTheListTellsOfAnother) {
     EXPECT_THAT(i.Sound.Calls("DirectSoundCreate"), ElementsAre("DirectSoundCreate guid1"));
 }
 
+TEST(OutputWatch, TheDefaultOutputIsTakenAgainWhenTheListToldOfAnotherBeforeItWasGone) {
+    Outputs i;
+    cboDrivers_Click(i.s, 0);
+    i.Clear();
+    i.Have({"Primary Sound Driver", "HDMI"});
+    i.Look(3);
+    EXPECT_EQ(i.Opened(), 0);
+    i.Sound.Failures["Gone"] = 1;
+    i.Look(OutputWatch::kSteadyLooks);
+    EXPECT_EQ(i.Opened(), 1);
+    i.Look(30);
+    EXPECT_EQ(i.Opened(), 1) << "once for each change";
+}
+
+TEST(OutputWatch, AChangeOfLongAgoIsNoNewsOfTheDefaultOutput) {
+    Outputs i;
+    cboDrivers_Click(i.s, 0);
+    i.Clear();
+    i.Have({"Primary Sound Driver", "HDMI"});
+    i.Look(1 + OutputWatch::kNewsLooks);
+    i.Sound.Failures["Gone"] = 1;
+    i.Look(10);
+    EXPECT_EQ(i.Opened(), 0);
+}
+
 TEST(OutputWatch, ADeviceThatCouldNotBeOpenedWhileItWasAwayIsOpenedWhenItIsBack) {
     Outputs i;
     i.Have({"Primary Sound Driver"});
