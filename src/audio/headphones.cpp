@@ -8,7 +8,7 @@ namespace marvolin {
 
 namespace {
 
-/// The open device, if it knows headphones; else null.
+/// The open device, if it knows headphones; else null. The first question to a device takes long.
 HeadphoneSwitch* SwitchOf(const Session& s) {
     auto* device = s.DSReady ? dynamic_cast<HeadphoneSwitch*>(s.DS.get()) : nullptr;
     return device != nullptr && device->HasHeadphones() ? device : nullptr;
@@ -20,7 +20,7 @@ bool HeadphonesAvailable(const Session& s) { return s.Use3D && (!s.DSReady || Sw
 
 void Headphones_Click(Session& s, bool on) {
     try {
-        if (HeadphoneSwitch* device = SwitchOf(s); device != nullptr && s.Use3D) device->SetHeadphones(on);
+        if (HeadphoneSwitch* device = s.Use3D ? SwitchOf(s) : nullptr) device->SetHeadphones(on);
         s.Headphones = on;
     } catch (const RuntimeError& e) {
         ShowDSError(s, "switching headphones", e.Number());
@@ -29,8 +29,9 @@ void Headphones_Click(Session& s, bool on) {
 }
 
 void HeadphonesRestore(Session& s) {
+    if (!s.Use3D || !s.Headphones) return;
     HeadphoneSwitch* device = SwitchOf(s);
-    if (device == nullptr || !s.Use3D || !s.Headphones) return;
+    if (device == nullptr) return;
     try {
         device->SetHeadphones(true);
     } catch (const RuntimeError& e) {

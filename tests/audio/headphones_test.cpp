@@ -3,7 +3,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <string>
+
 #include "audio/device.h"
+#include "audio/device_abilities.h"
 #include "fakes/instrument.h"
 
 namespace marvolin {
@@ -23,6 +27,42 @@ struct Headphones : test::Instrument {
     }
     std::vector<std::string> Switched() { return Sound.Calls("SetHeadphones"); }
 };
+
+/// A device that counts how often it is asked, which takes long.
+class AskedDevice final : public DirectSound, public HeadphoneSwitch {
+public:
+    explicit AskedDevice(int& asked) : asked_(asked) {}
+    void SetCooperativeLevel(std::int32_t) override {}
+    std::unique_ptr<DirectSoundBuffer> CreateSoundBuffer(std::int32_t) override { return nullptr; }
+    std::unique_ptr<DirectSoundBuffer> CreateSoundBufferFromFile(const std::string&, std::int32_t) override {
+        return nullptr;
+    }
+    std::unique_ptr<DirectSoundBuffer> DuplicateSoundBuffer(DirectSoundBuffer&) override { return nullptr; }
+    std::int32_t GetSpeakerConfig() override { return 0; }
+    void SetSpeakerConfig(std::int32_t) override {}
+    bool HasHeadphones() override { return ++asked_ > 0; }
+    void SetHeadphones(bool) override {}
+
+private:
+    int& asked_;
+};
+
+TEST(Headphones, ADeviceIsAskedOnlyWhereTheSwitchIsOnWith3DSound) {
+    Headphones i;
+    int asked = 0;
+    i.s.DS = std::make_unique<AskedDevice>(asked);
+    HeadphonesRestore(i.s);
+    EXPECT_EQ(asked, 0) << "the switch is off";
+    i.s.Use3D = false;
+    i.s.Headphones = true;
+    HeadphonesRestore(i.s);
+    Headphones_Click(i.s, true);
+    EXPECT_FALSE(HeadphonesAvailable(i.s));
+    EXPECT_EQ(asked, 0) << "there is no 3D sound";
+    i.s.Use3D = true;
+    HeadphonesRestore(i.s);
+    EXPECT_EQ(asked, 1);
+}
 
 TEST(Headphones, AreSwitchedAtOnceAndShown) {
     Headphones i;

@@ -124,7 +124,7 @@ void OpenAlContext::Render_rt(std::int16_t* out, int frames, bool hasGone) noexc
     if (frames <= 0) return;
     using Clock = std::chrono::steady_clock;
     const auto begin = Clock::now();
-    // Nobody else holds this while an output renders.
+    // While an output renders, the owner holds this only to reset the mixer, which the player asks for.
     const std::lock_guard<std::mutex> applying(applying_);
     const CurrentContext current(context_.get());
     TellClock_rt(hasGone);
@@ -216,12 +216,14 @@ CallCounts OpenAlContext::Counts() const {
     return counts;
 }
 
-bool OpenAlContext::HasHeadphones() const {
+bool OpenAlContext::HasHeadphones() {
     AssertOwner();
+    if (hasHeadphones_) return *hasHeadphones_;
     ALCint heads = 0;
     if (alcIsExtensionPresent(device_.get(), "ALC_SOFT_HRTF") == ALC_TRUE)
         alcGetIntegerv(device_.get(), ALC_NUM_HRTF_SPECIFIERS_SOFT, 1, &heads);
-    return heads > 0;
+    hasHeadphones_ = heads > 0;
+    return *hasHeadphones_;
 }
 
 void OpenAlContext::AwaitRendering() const {

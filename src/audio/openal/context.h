@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -91,8 +92,8 @@ public:
 
     CallCounts Counts() const;
 
-    /// Whether the library has the data of a head.
-    bool HasHeadphones() const;
+    /// Whether the library has the data of a head. It reads folders for that: asked once, and remembered.
+    bool HasHeadphones();
     /// Makes space for headphones, or for speakers, from the next period on; see `HeadphoneSwitch`. An output that asks
     /// meanwhile waits.
     void SetHeadphones(bool on);
@@ -135,6 +136,7 @@ private:
     /// Held while rendering. The owner takes it only by hand, and only if it is free, and to reset the mixer.
     std::mutex applying_;
     bool byHand_ = false;
+    std::optional<bool> hasHeadphones_;
     std::int64_t listenerLast_ = 0;
     std::vector<std::unique_ptr<Thing>> retired_;
     std::atomic<std::uint64_t> refused_{0};
