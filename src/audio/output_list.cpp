@@ -24,6 +24,15 @@ std::string Plain(const std::string& entry) {
     return entry.ends_with(kUnplugged) ? entry.substr(0, entry.size() - kUnplugged.size()) : entry;
 }
 
+/// The name without the number that the service gives the second of one name: "USB (2)" is a "USB".
+std::string Unnumbered(const std::string& name) {
+    const std::size_t open = name.rfind(" (");
+    if (open == std::string::npos || !name.ends_with(')') || open + 3 >= name.size()) return name;
+    const bool number = std::all_of(name.begin() + static_cast<std::ptrdiff_t>(open) + 2, name.end() - 1,
+                                    [](char digit) { return digit >= '0' && digit <= '9'; });
+    return number ? name.substr(0, open) : name;
+}
+
 OutputKey KeyOf(const std::vector<std::string>& entries, std::size_t at) {
     const std::string name = Plain(entries[at]);
     const auto end = entries.begin() + static_cast<std::ptrdiff_t>(at);
@@ -61,6 +70,13 @@ struct Following {
     std::unique_ptr<FollowedOutputs> Outputs;
     std::vector<std::string> Entries;
 
+    /// Whether the old list did not have an entry.
+    bool IsNew(const std::vector<std::string>& old, std::size_t entry) const {
+        for (std::size_t i = 0; i < old.size(); ++i)
+            if (KeyOf(old, i) == KeyOf(Entries, entry)) return false;
+        return true;
+    }
+
     /// The entry that stands for old entry `before`; -1 stays -1, and "No Sound" the last.
     std::int16_t Find(Session& s, std::int16_t before) {
         const std::vector<std::string>& old = s.Drivers;
@@ -69,6 +85,9 @@ struct Following {
         const OutputKey key = KeyOf(old, static_cast<std::size_t>(before));
         for (std::size_t i = 0; i < Entries.size(); ++i)
             if (KeyOf(Entries, i) == key) return static_cast<std::int16_t>(i);
+        // One that was pulled out and put back may have got another number.
+        for (std::size_t i = 0; i < Entries.size(); ++i)
+            if (Unnumbered(Entries[i]) == Unnumbered(key.Name) && IsNew(old, i)) return static_cast<std::int16_t>(i);
         const std::string name = key.Name + std::string(kUnplugged);
         Outputs->Add(s.DSEnum->GetGuid(static_cast<std::int16_t>(before + 1)), name);
         Entries.push_back(name);

@@ -13,9 +13,9 @@ namespace marvolin {
 inline constexpr std::string_view kUnplugged = " (unplugged)";
 
 /// Asks the service for its outputs again. When they have changed, `Drivers` and `DSEnum` follow, and `Driver` and
-/// `OpenDriver` go on naming the same outputs, of two with one name the same of the two. An output that is chosen or
-/// open and not there any more keeps an entry, marked, before "No Sound". A service that fails changes nothing.
-/// True when the list has changed.
+/// `OpenDriver` go on naming the same outputs, of two with one name the same of the two; one that has come
+/// back as "USB (3)" is the "USB (2)" that was there. An output that is chosen or open and not there any more keeps an
+/// entry, marked, before "No Sound". A service that fails changes nothing. True when the list has changed.
 bool RefreshOutputs(Session& s);
 
 /// Whether the output of an entry is there.

@@ -31,10 +31,12 @@ void OutputWatch::Forget() {
 }
 
 void OutputWatch::Look(Session& s) {
+    const std::string before = OutputName(s, WantedOutput(s));
     unchanged_ = RefreshOutputs(s) ? 0 : std::min(unchanged_ + 1, kNewsLooks);
     const std::int16_t entry = WantedOutput(s);
     if (entry < 0) return Forget();
     const std::string name = OutputName(s, entry);
+    if (!awaited_.empty() && awaited_ == before) awaited_ = name;  // it may come back under another number
     if (!IsPlugged(s, entry)) {
         awaited_ = name;
         news_ = true;  // its return is one

@@ -83,6 +83,25 @@ TEST(OutputList, OfTwoWithOneNameTheSameIsMeant) {
     EXPECT_EQ(i.s.Driver, 3);
 }
 
+TEST(OutputList, OneThatComesBackUnderAnotherNumberIsTheSame) {
+    Outputs i;
+    i.Have({"Primary Sound Driver", "USB", "USB (2)"});
+    RefreshOutputs(i.s);
+    i.s.Driver = i.s.OpenDriver = 2;
+    i.Have({"Primary Sound Driver", "USB"});
+    RefreshOutputs(i.s);
+    EXPECT_EQ(i.s.Drivers[2], "USB (2) (unplugged)") << "not the other one, which was there before";
+    EXPECT_EQ(i.s.Driver, 2);
+    i.Have({"Primary Sound Driver", "USB", "USB Audio (3)", "USB (x)", "USB ()"});
+    RefreshOutputs(i.s);
+    EXPECT_EQ(i.s.Drivers[5], "USB (2) (unplugged)") << "those have other names";
+    i.Have({"Primary Sound Driver", "USB", "HDMI", "USB (3)"});
+    RefreshOutputs(i.s);
+    EXPECT_THAT(i.s.Drivers, ElementsAre("Primary Sound Driver", "USB", "HDMI", "USB (3)", "No Sound"));
+    EXPECT_EQ(i.s.Driver, 3);
+    EXPECT_EQ(i.s.OpenDriver, 3);
+}
+
 TEST(OutputList, NoSoundStaysChosen) {
     Outputs i;
     cboDrivers_Click(i.s, 3);
@@ -121,6 +140,20 @@ TEST(OutputWatch, AnOutputThatIsBackIsOpenedAgainWithTheSet) {
     EXPECT_THAT(i.Store.Log, ElementsAre(testing::StartsWith("Save"), testing::StartsWith("Load")));
     EXPECT_EQ(i.s.StatusText, "USB is back, and in use again.");
     EXPECT_THAT(i.Desk.Boxes, IsEmpty());
+    i.Look(20);
+    EXPECT_EQ(i.Opened(), 1);
+}
+
+TEST(OutputWatch, AnOutputThatIsBackUnderAnotherNumberIsOpened) {
+    Outputs i;
+    i.Have({"Primary Sound Driver", "HDMI", "USB"});
+    i.Look();
+    i.Have({"Primary Sound Driver", "HDMI"});
+    i.Look();
+    i.Have({"Primary Sound Driver", "HDMI", "USB (2)"});
+    i.Look(OutputWatch::kSteadyLooks);
+    EXPECT_THAT(i.Sound.Calls("DirectSoundCreate"), ElementsAre("DirectSoundCreate guid3"));
+    EXPECT_EQ(i.s.StatusText, "USB (2) is back, and in use again.");
     i.Look(20);
     EXPECT_EQ(i.Opened(), 1);
 }
