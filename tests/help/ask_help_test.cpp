@@ -12,6 +12,7 @@
 #include "fakes/file_bytes.h"
 #include "hand.h"
 #include "performance/tabs.h"
+#include "persistence/missing/missing_sample.h"
 #include "persistence/session_writer.h"
 #include "whole_hand.h"
 #include "window/descriptions/described.h"
@@ -118,11 +119,27 @@ TEST(AskHelp, AQuestionMarkDroppedOnAnyControlAsksForItsPageAndChangesNothing) {
     stage.Begin();
     EXPECT_EQ(Whole(stage.s, stage.Own.Path()), whole);
     EXPECT_GT(asked, 190U);
+    // These show only where a sample is missing.
+    for (Row row = 0; row < kLoopTracks; ++row) covered.erase("FindSample_" + std::to_string(row));
     // Other controls lie over all of these.
     for (const char* name :
          {"frmMain", "frmBrowse", "frmSave", "BrowsePages", "MixPadPage", "PatternPage", "OptionSubPage_0"})
         covered.erase(name);
     EXPECT_THAT(covered, IsEmpty());
+}
+
+TEST(AskHelp, AQuestionMarkDroppedWhereASampleIsMissingAsksForThePageOfItsName) {
+    Asked stage;
+    MissingSample missing;
+    missing.Loop.Index = 1;
+    missing.Loop.Set.FileName = "/gone/away.wav";
+    KeepPlace(stage.s, missing);
+    stage.Form->Rows[1]->Name->Refresh();
+    QWidget* find = stage.Form->findChild<QWidget*>("FindSample_1");
+    ASSERT_TRUE(find != nullptr && find->isVisible());
+    stage.Desk.Log.clear();
+    EXPECT_TRUE(DropInWindow(*find->window(), find->mapTo(find->window(), find->rect().center()), kQuestionMark));
+    EXPECT_THAT(stage.Desk.Log, ElementsAre(Opened(10025)));
 }
 
 TEST(AskHelp, AQuestionMarkAsksInEveryOtherFormAndDialogueToo) {

@@ -49,7 +49,7 @@ constexpr Hinted kHints[] = {
     {"SlctGroup", "Freq High: clk Select those above 100 %"},
     {"HistoryList", "clk Use on this LoopTrack; drg to another LoopTrack"},
     {"QuickLoad", "clk Load Session"},
-    {"StatusBar2", "Today; Sound Driver, its Period & Delay; Session; Load of the Sound"},
+    {"StatusBar2", "Today; Sound Driver, its Period & Delay; Session; Recording; Load of the Sound"},
     {"Pad", "drg Ball to mix Vol of the Channels: each Corner is one, Flags wire LoopTracks to it"},
     {"ChannelLevels",
      "Channels by their Flags: 1 W both white, 2 WB white & black, 3 BW black & white, 4 B both black"},

@@ -284,7 +284,7 @@ TEST(HelpViewer, IsWholeOnTheScreenAndBesideTheMainWindowWhereThereIsRoom) {
 
 struct Desk : QtDesktop {
     explicit Desk(std::string folder) : Folder(std::move(folder)) {}
-    std::string ProgramFolder() override { return Folder; }
+    std::string InstalledFolder() const override { return Folder; }
     std::string Folder;
 };
 

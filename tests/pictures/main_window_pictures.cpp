@@ -108,7 +108,9 @@ void PictureSound(Album& album) {
     album.Add(*scene.Form, "main-level");
     scene.Output.Levels = {{26000, 32768}, true};
     scene.Form->Bar->Meter->Look(0);
-    scene.s.RecordingFile = "/home/player/Recordings/marvolin.wav";
+    scene.Output.Path = "/home/player/Recordings/marvolin.wav";
+    scene.Output.State.Frames = 754 * 44100;
+    scene.s.RecordingFile = scene.Output.Path;
     scene.s.RecordingText = "12:34  133.0 MB";
     scene.Screen.ShowRecording();
     album.Add(*scene.Form, "main-recording");

@@ -20,16 +20,16 @@ std::vector<std::string> Changed(const Facts& before, const Facts& after);
 
 /// The fields that a gesture may change.
 inline auto HandFields(Session& s) {
-    return std::tie(s.Set, s.BandTable, s.SelectionControlled, s.SelectWork, s.SelectDragTag, s.BandDrag, s.CurrentLoop,
-                    s.ThinList, s.Limit, s.Drag, s.DragAxis, s.FadeStep, s.SndDisp, s.PatternDrawRow,
-                    s.PatternRandomRow, s.GraphColumns, s.StepsShown, s.TimeText, s.PercentText, s.PadTable,
-                    s.PadTypeIndex, s.SetChannelChoice, s.CursorFree, s.BallHolds, s.MapRange, s.ListenerX, s.ListenerY,
-                    s.ListenerAngle, s.BallPos, s.PosHighlight, s.BallHighlighted, s.PosMacro, s.PositionUpdate,
-                    s.MapSize, s.RollOff, s.Joy, s.ScrollSensitivity, s.TimingRes, s.HistoryRow, s.HistoryChoice,
-                    s.HistoryEntries, s.LoopDropTarget, s.Bins, s.DragBin, s.TreeFolder, s.Clips, s.ActiveTab,
-                    s.ActiveSubTab, s.ResetVars, s.PlayOnLoad, s.StatusText, s.ReadoutText, s.ChannelVol, s.ChannelPan,
-                    s.ChannelHz, s.History, s.SaveOpenSwitches, s.SelectionsOnlySetting, s.EmptyBlankSetting,
-                    s.SessionName, s.CurrentFolder, s.CurrentFile, s.DialogueFile, s.SaveItEnabled, s.QuickLoadTag);
+    return std::tie(
+        s.Set, s.BandTable, s.SelectionControlled, s.SelectWork, s.SelectDragTag, s.BandDrag, s.CurrentLoop, s.ThinList,
+        s.Limit, s.Drag, s.DragAxis, s.FadeStep, s.SndDisp, s.PatternDrawRow, s.PatternRandomRow, s.GraphColumns,
+        s.StepsShown, s.TimeText, s.PercentText, s.PadTable, s.PadTypeIndex, s.SetChannelChoice, s.CursorFree,
+        s.BallHolds, s.MapRange, s.ListenerX, s.ListenerY, s.ListenerAngle, s.BallPos, s.PosHighlight,
+        s.BallHighlighted, s.PosMacro, s.PositionUpdate, s.MapSize, s.RollOff, s.Joy, s.ScrollSensitivity, s.TimingRes,
+        s.HistoryRow, s.HistoryChoice, s.HistoryEntries, s.LoopDropTarget, s.Bins, s.DragBin, s.TreeFolder, s.Clips,
+        s.ActiveTab, s.ActiveSubTab, s.ResetVars, s.PlayOnLoad, s.StatusText, s.ReadoutText, s.ChannelVol, s.ChannelPan,
+        s.ChannelHz, s.History, s.SaveOpenSwitches, s.SelectionsOnlySetting, s.EmptyBlankSetting, s.SessionName,
+        s.CurrentFolder, s.CurrentFile, s.DialogueFile, s.SaveItEnabled, s.QuickLoadTag, s.TwistPosition);
 }
 
 template <typename>

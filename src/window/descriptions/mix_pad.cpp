@@ -34,6 +34,14 @@ std::string TwistBallHint(const Situation& at) {
     return at.Held ? "" : std::string("drg Fade ") + Twisted(at.State) + " of the Channels; dblclk Centre";
 }
 
+// What the page of Help shows.
+constexpr const char* kTwistHints =
+    "drg Ball to fade Pan of the Channels: W & B at the left, WB & BW at the right; "
+    "drg Ball to fade Freq of the Channels: W & B at the left, WB & BW at the right; "
+    "drg Ball to fade Vol of the Channels: W & B at the left, WB & BW at the right";
+constexpr const char* kTwistBallHints =
+    "drg Fade Pan of the Channels; drg Fade Freq of the Channels; drg Fade Vol of the Channels; dblclk Centre";
+
 // Of a list the first text is that of the list itself, the others are those of its entries while it is open.
 constexpr std::array<const char*, 5> kPadTypeHints{
     "slct What the Ball Moves", "300 Pitch: Freq of the Channels, up to 3 times",
@@ -142,14 +150,14 @@ constexpr Description kMixPadTable[] = {
      .Value = LevelsValue},
     {.Name = "TwistIndicator",
      .Label = "Twist",
-     .Hint = {TwistHint, "drg Ball to fade Pan of the Channels: W & B at the left, WB & BW at the right"},
+     .Hint = {TwistHint, kTwistHints},
      .Off = "off until the start is done",
      .Topic = 10047,
      .Role = QAccessible::Graphic},
     {.Name = "TwistBall",
      .Label = "Ball of the twist",
      .Tip = kLabelAsTip,
-     .Hint = {TwistBallHint, "drg Fade Pan of the Channels; dblclk Centre"},
+     .Hint = {TwistBallHint, kTwistBallHints},
      .Off = "off until the start is done",
      .Topic = 10049,
      .Role = QAccessible::Indicator,

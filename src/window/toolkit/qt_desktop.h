@@ -49,7 +49,7 @@ public:
     /// The folder of the executable, until `UseFolder`.
     std::string ProgramFolder() override;
     /// The folder of the executable, where Help and the modules lie, without a separator at its end.
-    std::string InstalledFolder() const;
+    virtual std::string InstalledFolder() const;
     /// Everything else that belongs to the program's folder is in this one from now on. For the start.
     void UseFolder(const std::string& folder) { folder_ = folder; }
     /// The first instance comes to the front when a later one asks for the claim and does not get it.
