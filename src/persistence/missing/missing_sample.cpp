@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-void CopySample(const LoopTrackSet& from, LoopTrackSet& to) {
+void CopyHeldSample(const LoopTrackSet& from, LoopTrackSet& to) {
     to.FileName = from.FileName;
     to.SampleRate = from.SampleRate;
     to.BufferBytes = from.BufferBytes;
@@ -51,7 +51,7 @@ void CopyPatterns(const LoopTrackSet& from, LoopTrackSet& to, const clsSwitchRec
 }
 
 void CopyElements(const LoopTrackSet& from, LoopTrackSet& to, const clsSwitchRecord& elements) {
-    if (elements.Get(Element::LoopTrack)) CopySample(from, to);
+    if (elements.Get(Element::LoopTrack)) CopyHeldSample(from, to);
     if (elements.Get(Element::Freq)) to.Hz = from.Hz;
     if (elements.Get(Element::Vol)) to.Vol = from.Vol;
     if (elements.Get(Element::Pan)) to.Pan = from.Pan;
