@@ -47,9 +47,9 @@ void ChangeGang(Session& s, Knob knob, Row row, std::int16_t value) {
     }
 }
 
-/// Whether a joystick axis drives the knob, so that the hand cannot. One that waits for a stick drives nothing.
+/// Whether a joystick axis drives the knob, so that the hand cannot.
 bool HeldByJoystick(const Session& s, Knob knob, Row row) {
-    return knob == Knob::Vol && row == kMasterRow && s.JoyEnabled && s.Joy.Axis[0] != 0;
+    return knob == Knob::Vol && row == kMasterRow && s.Joy.Axis[0] != 0;
 }
 
 /// What every gesture does before it moves a knob.

@@ -43,7 +43,7 @@ enum class Turn : std::uint8_t {
     Reset,
     Limit,
     Factors,
-    Assignments,  ///< of the joystick; without one they wait for it
+    Assignments,  ///< of the joystick, only while one is in use
     Curves,
     Driver,  ///< only when the file comes from a machine with as many drivers
     Relative,
@@ -161,12 +161,13 @@ bool SameDrivers(const Session& s, const KeyedTable& table) {
 }
 
 bool IsDue(const Session& s, Turn turn, const KeyedTable& table) {
+    if (turn == Turn::Assignments) return s.JoyEnabled;
     return turn != Turn::Driver || SameDrivers(s, table);
 }
 
 /// What the change of a turn's settings brings with it, whether or not the file holds them.
 void Follow(Session& s, Turn turn) {
-    if (turn == Turn::Assignments) JoyAssigned(s);
+    if (turn == Turn::Assignments) JoyShowAssignments(s);
     if (turn == Turn::Relative) PadType_Click(s, s.PadTypeIndex);
 }
 

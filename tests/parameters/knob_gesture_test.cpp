@@ -177,7 +177,6 @@ TEST(KnobGesture, TheOtherKnobsAndTheMasterLeaveAFadeAlone) {
 TEST(KnobGesture, TheMasterIgnoresThePressWhileAJoystickAxisIsAssigned) {
     Instrument i;
     i.s.DragAxis = kVertical;
-    i.s.JoyEnabled = true;
     i.s.Joy.Axis[0] = 3;
     Press(i, Knob::Vol, kMasterRow);
     EXPECT_EQ(i.s.Drag.Dragging, False);
@@ -451,7 +450,6 @@ TEST(KnobStep, DoesNothingDuringADragOrOnAMasterThatAJoystickAxisDrives) {
     KnobStep(i.s, Knob::Vol, 0, -1);
     EXPECT_EQ(i.s.Set[0].Vol, 500);
     i.s.Drag.Dragging = False;
-    i.s.JoyEnabled = true;
     i.s.Joy.Axis[0] = 1;
     KnobStep(i.s, Knob::Vol, kMasterRow, -1);
     EXPECT_EQ(i.s.Set[kMasterRow].Vol, 500);
@@ -535,14 +533,6 @@ TEST(KnobGesture, TheMasterStaysTheJoysticksWhenASetNamesAnAxisThatTheStickLacks
     EXPECT_FALSE(KnobStep(i.s, Knob::Vol, kMasterRow, -1));
     i.s.Joy.Axis[0] = 0;
     EXPECT_TRUE(KnobStep(i.s, Knob::Vol, kMasterRow, -1));
-}
-
-TEST(KnobGesture, TheMasterIsTheHandsWhileItsAxisWaitsForAStick) {
-    Instrument i;
-    i.s.Joy.Axis[0] = 3;
-    EXPECT_TRUE(KnobStep(i.s, Knob::Vol, kMasterRow, -1));
-    Press(i, Knob::Vol, kMasterRow);
-    EXPECT_NE(i.s.Drag.Dragging, False);
 }
 
 }  // namespace

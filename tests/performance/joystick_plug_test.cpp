@@ -64,8 +64,7 @@ TEST(JoystickWatch, TheAssignmentsOfASetStay) {
     i.s.Joy.Axis[kMasterAxis] = kAxisNone;
     i.s.Joy.Axis[kTwistAxis] = kAxisZ;
     i.s.Joy.Relative[1] = False;
-    JoyAssigned(i.s);  // as the load of a set does
-    EXPECT_EQ(i.s.Joy.AxisChoice[kTwistAxis], -1) << "there is no list yet";
+    JoyShowAssignments(i.s);  // as the load of a set does
     i.PlugIn();
     i.Look();
     EXPECT_EQ(i.s.Joy.Button[kJoyCentre], 7);
@@ -73,34 +72,6 @@ TEST(JoystickWatch, TheAssignmentsOfASetStay) {
     EXPECT_EQ(i.s.Joy.Axis[kTwistAxis], kAxisZ);
     EXPECT_EQ(i.s.Joy.AxisChoice[kTwistAxis], 0);
     EXPECT_EQ(i.s.Joy.Relative[1], False);
-}
-
-TEST(JoystickWatch, ASetThatWasSavedWithoutAStickLeavesTheDefaults) {
-    Plugs i(false);
-    i.s.Joy.Axis[kMasterAxis] = kAxisRX;
-    JoyAssigned(i.s);
-    i.s.Joy.Axis[kMasterAxis] = kAxisNone;  // the next set
-    JoyAssigned(i.s);
-    i.PlugIn();
-    i.Look();
-    EXPECT_EQ(i.s.Joy.Axis[kMasterAxis], kAxisZ);
-    EXPECT_EQ(i.s.Joy.Axis[kTwistAxis], kAxisRZ);
-    EXPECT_NE(i.s.Joy.Relative[0], False);
-}
-
-TEST(JoystickWatch, ASetThatIsOpenedAfterTheStickWasPulledOutIsShownAndStays) {
-    Plugs i(true);
-    i.PullOut();
-    i.Look(JoystickWatch::kAwayLooks);
-    ASSERT_FALSE(i.s.JoyEnabled);
-    i.s.Joy.Button[kJoyCentre] = 5;
-    i.s.Joy.Axis = {};
-    JoyAssigned(i.s);
-    EXPECT_EQ(i.s.Joy.ButtonChoice[kJoyCentre], 5);
-    i.PlugIn();
-    i.Look();
-    EXPECT_EQ(i.s.Joy.Button[kJoyCentre], 5);
-    EXPECT_EQ(i.s.Joy.Axis[kMasterAxis], kAxisNone);
 }
 
 TEST(JoystickWatch, WhereTheStickIsWhenItIsPluggedInMovesNothing) {

@@ -12,7 +12,7 @@ namespace {
 
 using namespace test;
 
-/// An instrument with a joystick.
+/// An instrument with a joystick, whose assignments are settings only while there is one.
 struct WithJoystick : SetInstrument {
     WithJoystick() { s.JoyEnabled = true; }
 };
@@ -66,25 +66,6 @@ TEST(Settings, EachSettingAloneIsAppliedAndLeavesTheOthersUnchanged) {
         ApplySettings(other.s, one);
         EXPECT_EQ(CollectSettings(other.s).Pairs(), expected.Pairs());
     }
-}
-
-TEST(Settings, WhatASetAssignsWaitsForTheFirstJoystickAndIsKept) {
-    WithJoystick changed;
-    ChangeEverySetting(changed.s);
-    changed.s.Joy.Relative[0] = False;
-    const KeyedTable table = CollectSettings(changed.s);
-    SetInstrument other;
-    other.Stick.Devices.clear();
-    InitDirectInput(other.s);
-    ApplySettings(other.s, table);
-    EXPECT_EQ(other.s.Joy.ButtonChoice[0], -1);
-    EXPECT_EQ(CollectSettings(other.s).Pairs(), table.Pairs()) << "a save without a joystick keeps them";
-    KnobGesture(other.s, Knob::Vol, kMasterRow, Phase::Down, kLeftButton, 1000, 0);
-    EXPECT_EQ(other.s.Drag.Dragging, True) << "no joystick drives the master";
-    KnobGesture(other.s, Knob::Vol, kMasterRow, Phase::Up, kLeftButton, 1000, 0);
-    ASSERT_TRUE(JoyPlugIn(other.s, "stick"));
-    EXPECT_EQ(other.s.Joy.ButtonChoice[0], changed.s.Joy.Button[0]);
-    EXPECT_EQ(CollectSettings(other.s).Pairs(), table.Pairs());
 }
 
 TEST(Settings, TheLimitIsATextTheFadeFactorADoubleAndAllOthersAreIntegers) {

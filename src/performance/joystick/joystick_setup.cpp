@@ -25,8 +25,6 @@ struct AxisName {
 constexpr std::array<AxisName, 4> kAxisNames{{{kAxisZ, "Z"}, {kAxisRX, "RX"}, {kAxisRY, "RY"}, {kAxisRZ, "RZ"}}};
 constexpr std::string_view kNone = "None";
 
-constexpr std::array<std::int16_t, 5> kStartButtons{0, 2, 1, 5, 4};
-
 constexpr std::array<JoyPropertyRecord, 5> kProperties{{
     {JoyProperty::DeadZone, 20, 0, kByOffset, 1000, 0},
     {JoyProperty::DeadZone, 20, 4, kByOffset, 1000, 0},
@@ -72,7 +70,7 @@ void StartPoll(Session& s) {
 }
 
 void DefaultAssignments(Session& s) {
-    s.Joy.Button = Table(kStartButtons);
+    s.Joy.Button = Table<std::int16_t, 5>{{{0, 2, 1, 5, 4}}};
     s.Joy.Axis[kMasterAxis] = s.Joy.AxisPresent[kAxisZ] ? kAxisZ : kAxisNone;
     s.Joy.Axis[kTwistAxis] = s.Joy.AxisPresent[kAxisRZ] ? kAxisRZ : kAxisNone;
 }
@@ -179,13 +177,6 @@ void JoyShowAssignments(Session& s) {
     for (int i = 0; i < std::ssize(kJoyAssignments); ++i) joy.AxisChoice[i] = AxisEntry(s, JoyAxisName(joy.Axis[i]));
     joy.Refreshing = false;
     s.World.Screen.ShowJoystick();
-}
-
-void JoyAssigned(Session& s) {
-    JoystickState& joy = s.Joy;
-    if (s.JoyEnabled || !joy.ButtonNames.empty()) return JoyShowAssignments(s);
-    // The first stick sets them where `Refreshing` still is.
-    joy.Refreshing = joy.Axis == Table<std::int16_t, 2>{} && joy.Button == Table(kStartButtons);
 }
 
 void JButton_Click(Session& s, int index, std::int16_t entry) {

@@ -53,9 +53,6 @@ void JoySetProperties(Session& s);
 /// Shows the assignments in the lists and enables their clicks. A button index that no list has, as from a damaged
 /// file, becomes "None".
 void JoyShowAssignments(Session& s);
-/// Buttons and axes have been assigned, as by a set. Shows them in the lists; before the first stick they wait for it,
-/// and the lists show no choice. What a start without a stick has assigned waits for none: the first one gets defaults.
-void JoyAssigned(Session& s);
 /// The player chose `entry` of list `JButton` `index`; another action on the same button changes to "None".
 void JButton_Click(Session& s, int index, std::int16_t entry);
 /// The player chose `entry` of list `JAxis` `index`; the other use of the same axis changes to "None".
