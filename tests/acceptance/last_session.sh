@@ -42,7 +42,9 @@ expect "the browser is open beside the main window" find_browser
 park
 expect "the program starts empty" looks_like DropDown_0 "$empty"
 quick_load 1 "Last session"
-expect "the title names it" title_is "marvolin-Last session.mvn"
+is_filled() { ! looks_like DropDown_0 "$empty"; }
+expect "it is opened" is_filled
+expect "it is not the set in hand" title_is marvolin
 stop_all
 compare "the last state" "${CONTROLS[@]}"
 hear_the_same "the last state" 0 1
