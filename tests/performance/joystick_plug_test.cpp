@@ -58,13 +58,13 @@ TEST(JoystickWatch, AStickThatIsPluggedInLaterWorksAsOneAtTheStart) {
     EXPECT_EQ(i.s.PadTable[kVolPad].X, Surfaces::kHalf);
 }
 
-TEST(JoystickWatch, TheAssignmentsOfASetStay) {
+TEST(JoystickWatch, WhatWasAssignedStaysForTheNextStick) {
     Plugs i(false);
     i.s.Joy.Button[kJoyCentre] = 7;
     i.s.Joy.Axis[kMasterAxis] = kAxisNone;
     i.s.Joy.Axis[kTwistAxis] = kAxisZ;
     i.s.Joy.Relative[1] = False;
-    JoyShowAssignments(i.s);  // as the load of a set does
+    JoyShowAssignments(i.s);  // as the lists do
     i.PlugIn();
     i.Look();
     EXPECT_EQ(i.s.Joy.Button[kJoyCentre], 7);
