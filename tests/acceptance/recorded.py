@@ -1,6 +1,7 @@
-"""recorded.py RECORDING CAPTURE [SIZE]: prints how many frames the header of a recording promises, and where they stand
+"""recorded.py RECORDING CAPTURE [SIZE [BUT]]: prints how many frames the header of a recording promises, and where they stand
 in what the card got, frame by frame the same: the number of the first frame, -1 when they stand nowhere. With SIZE,
-which the capture had when the recording was asked for, it is looked for from there on, and counted from there."""
+which the capture had when the recording was asked for, it is looked for from there on, and counted from there. The last
+BUT frames are not compared: a program that is killed takes with it what the card's file had not yet got."""
 
 import struct
 import sys
@@ -35,4 +36,5 @@ recording = samples(sys.argv[1])
 with open(sys.argv[2], "rb") as card:
     heard = card.read()[44:]
 begin = max(0, int(sys.argv[3]) - 44) // 4 * 4 if len(sys.argv) > 3 else 0
-print(len(recording) // 4, place_of(recording, heard, begin))
+but = int(sys.argv[4]) if len(sys.argv) > 4 else 0
+print(len(recording) // 4, place_of(recording[: len(recording) - 4 * but], heard, begin))

@@ -8,12 +8,13 @@ RECORDINGS=$FOLDER/marvolin/Recordings
 recordings() { find "$RECORDINGS" -name '*.wav' 2>/dev/null | wc -l; }
 there_are() { [[ $(recordings) -eq $1 ]]; }
 newest() { find "$RECORDINGS" -name '*.wav' -printf '%T@ %p\n' | sort -n | tail -1 | cut -d ' ' -f 2-; }
-# on_the_card FILE: the recording has frames, and the card has got the same; what it gets last takes a moment.
+# on_the_card FILE [BUT]: the recording has frames, and the card has got the same, but for the last BUT frames; what it gets
+# last takes a moment.
 on_the_card() {
   local frames place
-  read -r frames place <<<"$(python3 "$(dirname "${BASH_SOURCE[0]}")/recorded.py" "$1" "$SOUND")"
+  read -r frames place <<<"$(python3 "$(dirname "${BASH_SOURCE[0]}")/recorded.py" "$1" "$SOUND" 0 "${2:-0}")"
   FRAMES=$frames
-  [[ $frames -gt 0 && $place -ge 0 ]]
+  [[ $frames -gt ${2:-0} && $place -ge 0 ]]
 }
 # begins_at_the_press FILE SIZE: the recording begins within a second of what the card got behind its first SIZE bytes.
 begins_at_the_press() {
@@ -97,7 +98,7 @@ wait_ms 3000
 kill -9 "$PROGRAM"
 length=$(($(now) - begin))
 wait "$PROGRAM" 2>/dev/null || true
-expect "the file can be read, and is what the card got" on_the_card "$(newest)"
+expect "the file can be read, and is what the card got" on_the_card "$(newest)" 4410
 lasts "ms recorded of $length" $((length - 1000)) $((length + 500))
 
 echo "The end of the program"
