@@ -38,6 +38,10 @@ public:
         return nullptr;
     }
     std::unique_ptr<DirectSoundBuffer> DuplicateSoundBuffer(DirectSoundBuffer&) override { return nullptr; }
+    std::unique_ptr<DirectSoundBuffer> CreateSoundBufferFromKept(const std::shared_ptr<KeptSample>&,
+                                                                 std::int32_t) override {
+        return nullptr;
+    }
     std::int32_t GetSpeakerConfig() override { return 0; }
     void SetSpeakerConfig(std::int32_t) override {}
     bool HasHeadphones() override { return ++asked_ > 0; }

@@ -17,6 +17,7 @@
 #include "whole_hand.h"
 #include "window/descriptions/described.h"
 #include "window/help/help_asker.h"
+#include "window/rows/loop_row.h"
 #include "window/toolkit/drag.h"
 #include "window/toolkit/one_button.h"
 
