@@ -17,7 +17,6 @@
 #include "whole_hand.h"
 #include "window/descriptions/described.h"
 #include "window/help/help_asker.h"
-#include "window/rows/loop_row.h"
 #include "window/toolkit/drag.h"
 #include "window/toolkit/one_button.h"
 
@@ -135,7 +134,7 @@ TEST(AskHelp, AQuestionMarkDroppedWhereASampleIsMissingAsksForThePageOfItsName) 
     missing.Loop.Index = 1;
     missing.Loop.Set.FileName = "/gone/away.wav";
     KeepPlace(stage.s, missing);
-    stage.Form->Rows[1]->Name->Refresh();
+    stage.Screen.ShowCaption(1);
     QWidget* find = stage.Form->findChild<QWidget*>("FindSample_1");
     ASSERT_TRUE(find != nullptr && find->isVisible());
     stage.Desk.Log.clear();
