@@ -26,6 +26,12 @@ using test::ScriptRig;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
+/// A desktop whose program lies in a folder of the test's choice.
+struct InstalledDesktop : QtDesktop {
+    std::string InstalledFolder() const override { return Folder; }
+    std::string Folder = MARVOLIN_FOLDER;
+};
+
 /// The program's windows, with the folder of the build as the program's.
 struct Program : ScriptRig {
     Program() {
@@ -69,7 +75,7 @@ struct Program : ScriptRig {
     }
     int Unloads = 0;
     QtDisplay Shown;
-    QtDesktop Desktop;
+    InstalledDesktop Desktop;
     QtWindows Windows{Shown, Desktop};
 };
 
@@ -93,7 +99,7 @@ TEST(Scripts, AClickOpensTheWindowAndAnotherBringsItBack) {
 TEST(Scripts, WithoutTheModuleThePlayerIsToldAndMayTryAgain) {
     Program program;
     const test::TempFolder folder;
-    program.Desk.Folder = folder.Path();
+    program.Desk.Folder = program.Desktop.Folder = folder.Path();
     program.ClickScripts();
     EXPECT_EQ(program.Windows.Scripts(), nullptr);
     ASSERT_EQ(program.Desk.Boxes.size(), 1U);

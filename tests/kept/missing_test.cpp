@@ -103,11 +103,7 @@ TEST(MissingSamples, ASaveWritesThePatternsThatTheSetWasNotAskedFor) {
     i.s.SaveOpenSwitches[kWhenOpening] = Only({Element::LoopTrack});
     ASSERT_TRUE(i.Open("set.mvn"));
     EXPECT_EQ(MissingName(i.s, 0), "a.wav");
-    i.Pass(1);
-    EXPECT_FALSE(SetHasChanged(i.s));
     i.s.Set[0].Pattern[kVolPattern][6] = 78;
-    i.Pass(1);
-    EXPECT_TRUE(SetHasChanged(i.s)) << "they are work that a save keeps";
     const LoopTrackSet saved = i.SavedA();
     EXPECT_EQ(saved.Pattern[kVolPattern][5], 77);
     EXPECT_EQ(saved.Pattern[kVolPattern][6], 78);
@@ -158,11 +154,7 @@ TEST(MissingSamples, TakeThePatternsOfAClipAndKeepThemWhenTheyAreFound) {
     const auto opened = i.SavedA();
     std::fill(i.s.Clips.Components.begin(), i.s.Clips.Components.end(), false);
     i.s.Clips.Components[4] = true;
-    i.Pass(1);
-    EXPECT_FALSE(SetHasChanged(i.s));
     CopyIt(i.s, 0, i.s.Clips.ClipTop, false);
-    i.Pass(1);
-    EXPECT_TRUE(SetHasChanged(i.s));
     EXPECT_EQ(i.SavedA().Pattern[kVolPattern][3], 44);
     EXPECT_EQ(i.SavedA().Pan, kPanCentre) << "not asked for";
     Undo_Click(i.s);
