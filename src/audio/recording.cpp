@@ -119,16 +119,16 @@ std::string StateText(const RecordingState& state) {
 
 void StartRecording(Session& s, const std::tm& now) {
     const std::string folder = RecordingsFolder(s);
+    const std::string place = "\"" + folder + "\": ";
     try {
         MakeFolder(folder);
         const std::string set = s.CurrentFile.empty() ? "marvolin" : SetName(s.CurrentFile);
         const std::string name = Shortened(set, kLongestSetName) + Formatted(" %Y-%m-%d %H-%M-%S", now);
         s.RecordingFile = StartIn(s, folder, name);
     } catch (const std::bad_alloc&) {
-        s.World.Desk.Report("Error starting recording in \"" + folder + "\": Out of memory", "", BoxStyle::Critical);
+        s.World.Desk.Report("Error starting recording in " + place + "Out of memory", "", BoxStyle::Critical);
         return;
     } catch (const std::exception& error) {
-        const std::string place = "\"" + folder + "\": ";
         s.World.Desk.Report("Error starting recording in " + place + error.what(), "", BoxStyle::Critical);
         return;
     }

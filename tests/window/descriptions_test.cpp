@@ -141,7 +141,7 @@ TEST(Descriptions, NoControlHasTwoRows) {
     });
 }
 
-TEST(Descriptions, EachNameHasAHelpTopicOfItsOwnButTheLoopTrackSharesOne) {
+TEST(Descriptions, EachNameHasAHelpTopicOfItsOwnButALoopTrackAndItsSamplesShareOne) {
     std::map<std::int32_t, std::set<std::string_view>> names;
     EachRow([&](const std::string&, const Description& row, int) {
         EXPECT_GT(row.Topic, 10000);
@@ -150,6 +150,8 @@ TEST(Descriptions, EachNameHasAHelpTopicOfItsOwnButTheLoopTrackSharesOne) {
     });
     EXPECT_THAT(names[kLoopTrackTopic], testing::ElementsAre("Letr", "LoopRow", "SndDisp"));
     names.erase(kLoopTrackTopic);
+    EXPECT_THAT(names[10025], testing::ElementsAre("DropDown", "FindSample"));
+    names.erase(10025);
     for (const auto& [topic, sharing] : names) EXPECT_EQ(sharing.size(), 1U) << topic;
 }
 

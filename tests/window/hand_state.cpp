@@ -89,6 +89,7 @@ void WindowFacts(const Session& s, Facts& facts) {
     put("PosMacro", s.PosMacro);
     put("MapSize", s.MapSize);
     put("RollOff", s.RollOff);
+    put("TwistPosition", s.TwistPosition);
     put("TimingRes", s.TimingRes);
     put("DragAxis", s.DragAxis);
     put("ActiveTab", s.ActiveTab);

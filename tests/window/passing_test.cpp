@@ -248,6 +248,7 @@ constexpr Turned kTurned[] = {{"VolKnob_2", "C.Vol"},
                               {"MapSize", "MapSize"},
                               {"RollOff", "RollOff"},
                               {"PadBall", "Pad0.Y"},
+                              {"TwistBall", "TwistPosition"},
                               {"ResSlider", "TimingRes"},
                               {"ScrollSensitivity_1", "ScrollSensitivity1"},
                               {"JoyFactor_0", "JoyFactor0"}};
