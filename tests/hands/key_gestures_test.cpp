@@ -326,7 +326,7 @@ TEST(BallKeys, AStepOnTheMapTellsTheScriptWhatTheEndOfADragTells) {
     EXPECT_THAT(EventsOf(hand), ElementsAre("OnPositionChange 5", "OnPositionScroll 5"));
 }
 
-// The events tell of places, and a turn has none: the mouse sends nothing either.
+// The map's events report positions, and a turn changes none; turning by mouse sends nothing either.
 TEST(BallKeys, ATurnOfTheListenerTellsTheScriptAsLittleAsTheMouseDoes) {
     ScriptedHand hand;
     hand.s.ListenerAngle = 0;
