@@ -27,6 +27,13 @@ struct Watching : test::Instrument {
     void Tick(int times = 1) {
         for (int i = 0; i < times; ++i) Timers.Live.back()->OnTick(DeviceWatch::kInterval);
     }
+    /// It is taken again at the look after this.
+    void PullAndPutBackTheOpenOutput() {
+        Sound.Drivers = {"Primary Sound Driver"};
+        Tick();
+        Sound.Drivers = {"Primary Sound Driver", "Second Device"};
+        Tick();
+    }
 };
 
 TEST(DeviceWatch, LooksAtOutputsAndJoysticksSeveralTimesASecond) {
@@ -54,10 +61,7 @@ TEST(DeviceWatch, WithoutATimerNothingIsWatched) {
 
 TEST(DeviceWatch, ALookDuringALookDoesNothing) {
     Watching i;
-    i.Sound.Drivers = {"Primary Sound Driver"};
-    i.Tick();
-    i.Sound.Drivers = {"Primary Sound Driver", "Second Device"};
-    i.Tick();
+    i.PullAndPutBackTheOpenOutput();
     i.Sound.Log.clear();
     i.Store.OnSave = [&] { i.Tick(5); };
     i.Tick();
@@ -66,10 +70,7 @@ TEST(DeviceWatch, ALookDuringALookDoesNothing) {
 
 TEST(DeviceWatch, AnErrorEndsOneLookAndNotTheNext) {
     Watching i;
-    i.Sound.Drivers = {"Primary Sound Driver"};
-    i.Tick();
-    i.Sound.Drivers = {"Primary Sound Driver", "Second Device"};
-    i.Tick();
+    i.PullAndPutBackTheOpenOutput();
     i.Store.OnSave = [] { throw std::bad_alloc(); };
     EXPECT_THROW(i.Tick(), std::bad_alloc);
     i.Store.OnSave = nullptr;
@@ -80,10 +81,7 @@ TEST(DeviceWatch, AnErrorEndsOneLookAndNotTheNext) {
 
 TEST(DeviceWatch, MayBeDroppedDuringALook) {
     Watching i;
-    i.Sound.Drivers = {"Primary Sound Driver"};
-    i.Tick();
-    i.Sound.Drivers = {"Primary Sound Driver", "Second Device"};
-    i.Tick();
+    i.PullAndPutBackTheOpenOutput();
     i.Store.OnSave = [&] { i.s.Devices.reset(); };
     const auto tick = i.Timers.Live.back()->OnTick;
     tick(DeviceWatch::kInterval);
