@@ -8,6 +8,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -54,11 +55,18 @@ struct SoundDisplayState {
     std::int16_t Current = 0;       ///< the needle that is being dragged
 };
 
+/// What a set has assigned to a joystick that has not come yet; none where it has said nothing.
+struct WaitingAssignments {
+    Table<std::optional<std::int16_t>, 5> Button;
+    Table<std::optional<std::int16_t>, 2> Axis;
+};
+
 /// Settings and memory of the joystick.
 struct JoystickState {
     bool Refreshing = true;                            ///< the lists are being filled; their clicks do nothing
     Table<std::int16_t, 5> Button{{0, 2, 1, 5, 4}};    ///< `JoyButton`: index of each action's button, 8 "None"
     Table<std::int16_t, 2> Axis;                       ///< `JoyAxis`: code of each assignable axis, 0 none
+    WaitingAssignments Waiting;                        ///< of the next joystick; empty while there is one
     Table<bool, 9> AxisPresent;                        ///< entries 1..8
     Table<std::int16_t, 3> Factor{{500, 1500, 1000}};  ///< `JoyFactor`: "XY Rel:", "XY Abs:", "Twist:", 100..3000
     Table<Boolean, 2> Relative;                        ///< `JoyRelative`: 0 the pad, 1 the map

@@ -13,6 +13,7 @@
 #include "core/routines.h"
 #include "parameters/fades.h"
 #include "performance/joystick/joystick_setup.h"
+#include "performance/joystick/joystick_waiting.h"
 #include "performance/pad/pad_tables.h"
 #include "performance/tabs.h"
 #include "sequencing/loop_clock.h"
@@ -43,7 +44,7 @@ enum class Turn : std::uint8_t {
     Reset,
     Limit,
     Factors,
-    Assignments,  ///< of the joystick, only while one is in use
+    Assignments,  ///< of the joystick; without one they wait for it
     Curves,
     Driver,  ///< only when the file comes from a machine with as many drivers
     Relative,
@@ -79,11 +80,11 @@ void ApplyDriver(Session& s, int, std::int16_t driver) {
 }
 
 void ApplyButton(Session& s, int index, std::int16_t button) {
-    if (button >= 0 && button <= kNoButtonEntry) s.Joy.Button[index] = button;
+    if (button >= 0 && button <= kNoButtonEntry) JoyAssignButton(s, index, button);
 }
 
 void ApplyAxis(Session& s, int index, std::int16_t code) {
-    if (code == kAxisNone || !JoyAxisName(code).empty()) s.Joy.Axis[index] = code;
+    if (code == kAxisNone || !JoyAxisName(code).empty()) JoyAssignAxis(s, index, code);
 }
 
 void ApplyCurve(Session& s, int index, std::int16_t function) {
@@ -113,8 +114,8 @@ constexpr std::array<Setting, 14> kSettings{{
     {"JoyRelative", 2, Turn::Relative,
      Integers{[](const Session& s, int i) { return Box(s.Joy.Relative[i] != False); },
               [](Session& s, int i, std::int16_t value) { SetJoyRelative(s, i, value != 0); }}},
-    {"Button", 5, Turn::Assignments, Integers{[](const Session& s, int i) { return s.Joy.Button[i]; }, ApplyButton}},
-    {"Axis", 2, Turn::Assignments, Integers{[](const Session& s, int i) { return s.Joy.Axis[i]; }, ApplyAxis}},
+    {"Button", 5, Turn::Assignments, Integers{JoyButtonToKeep, ApplyButton}},
+    {"Axis", 2, Turn::Assignments, Integers{JoyAxisToKeep, ApplyAxis}},
     {"FadeFunc", 4, Turn::Curves, Integers{[](const Session& s, int i) { return s.PadTable[i].Function; }, ApplyCurve}},
     {"FadeFactor", 0, Turn::FadeSpeed, Doubles{[](const Session& s, int) { return s.FadeStep; }, ApplyFadeStep}},
     {"TopTab", 0, Turn::View,
@@ -161,13 +162,12 @@ bool SameDrivers(const Session& s, const KeyedTable& table) {
 }
 
 bool IsDue(const Session& s, Turn turn, const KeyedTable& table) {
-    if (turn == Turn::Assignments) return s.JoyEnabled;
     return turn != Turn::Driver || SameDrivers(s, table);
 }
 
 /// What the change of a turn's settings brings with it, whether or not the file holds them.
 void Follow(Session& s, Turn turn) {
-    if (turn == Turn::Assignments) JoyShowAssignments(s);
+    if (turn == Turn::Assignments && s.JoyEnabled) JoyShowAssignments(s);
     if (turn == Turn::Relative) PadType_Click(s, s.PadTypeIndex);
 }
 

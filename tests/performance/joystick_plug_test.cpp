@@ -3,8 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "parameters/knob_gesture.h"
 #include "performance/joystick/joystick.h"
 #include "performance/joystick/joystick_setup.h"
+#include "performance/joystick/joystick_waiting.h"
 #include "performance/surfaces.h"
 
 namespace marvolin {
@@ -72,6 +74,93 @@ TEST(JoystickWatch, WhatWasAssignedStaysForTheNextStick) {
     EXPECT_EQ(i.s.Joy.Axis[kTwistAxis], kAxisZ);
     EXPECT_EQ(i.s.Joy.AxisChoice[kTwistAxis], 0);
     EXPECT_EQ(i.s.Joy.Relative[1], False);
+}
+
+/// As a set does.
+void Assign(Session& s, std::int16_t centre, std::int16_t master, std::int16_t twist) {
+    for (int action = 0; action < std::ssize(kJoyActions); ++action) {
+        JoyAssignButton(s, action, action == kJoyCentre ? centre : kJoyStartButtons[static_cast<std::size_t>(action)]);
+    }
+    JoyAssignAxis(s, kMasterAxis, master);
+    JoyAssignAxis(s, kTwistAxis, twist);
+}
+
+TEST(JoystickWatch, WhatASetAssignsWaitsForTheFirstStick) {
+    Plugs i(false);
+    SetJoyRelative(i.s, 1, false);
+    Assign(i.s, 7, kAxisNone, kAxisZ);
+    EXPECT_EQ(i.s.Joy.Button[kJoyCentre], 2) << "it is assigned only while there is a stick";
+    EXPECT_EQ(i.s.Joy.ButtonChoice[kJoyCentre], -1);
+    i.PlugIn();
+    i.Look();
+    EXPECT_EQ(i.s.Joy.Button[kJoyCentre], 7);
+    EXPECT_EQ(i.s.Joy.ButtonChoice[kJoyCentre], 7);
+    EXPECT_EQ(i.s.Joy.Axis[kMasterAxis], kAxisNone);
+    EXPECT_EQ(i.s.Joy.Axis[kTwistAxis], kAxisZ);
+    EXPECT_EQ(i.s.Joy.Relative[1], False) << "the boxes of the set stay, too";
+    JButton_Click(i.s, kJoyCentre, 3);
+    EXPECT_EQ(JoyButtonToKeep(i.s, kJoyCentre), 3) << "nothing waits any more";
+}
+
+TEST(JoystickWatch, WhatASetLeavesOpenIsTheDefaultOfTheFirstStick) {
+    Plugs i(false);
+    JoyAssignButton(i.s, kJoyToggle, 6);
+    i.PlugIn();
+    i.Look();
+    EXPECT_EQ(i.s.Joy.Button[kJoyToggle], 6);
+    EXPECT_EQ(i.s.Joy.Button[kJoyCentre], 2);
+    EXPECT_EQ(i.s.Joy.Axis[kMasterAxis], kAxisZ);
+    EXPECT_EQ(i.s.Joy.Axis[kTwistAxis], kAxisRZ);
+}
+
+TEST(JoystickWatch, ASetThatWasSavedWithoutAStickLeavesTheDefaults) {
+    Plugs i(false);
+    Assign(i.s, 7, kAxisRX, kAxisNone);
+    Assign(i.s, 2, kAxisNone, kAxisNone);  // the next set
+    i.PlugIn();
+    i.Look();
+    EXPECT_EQ(i.s.Joy.Button[kJoyCentre], 2);
+    EXPECT_EQ(i.s.Joy.Axis[kMasterAxis], kAxisZ);
+    EXPECT_EQ(i.s.Joy.Axis[kTwistAxis], kAxisRZ);
+    EXPECT_NE(i.s.Joy.Relative[0], False);
+}
+
+TEST(JoystickWatch, ASetThatIsOpenedAfterTheStickWasPulledOutAssignsAsIfItWereThere) {
+    Plugs i(true);
+    i.PullOut();
+    i.Look(JoystickWatch::kAwayLooks);
+    ASSERT_FALSE(i.s.JoyEnabled);
+    Assign(i.s, 2, kAxisNone, kAxisNone);
+    i.PlugIn();
+    i.Look();
+    EXPECT_EQ(i.s.Joy.Axis[kMasterAxis], kAxisNone);
+    EXPECT_EQ(i.s.Joy.Axis[kTwistAxis], kAxisNone);
+}
+
+TEST(JoystickWatch, WhatWaitsWaitsOnWhileTheStickCannotBeOpened) {
+    Plugs i(false);
+    Assign(i.s, 7, kAxisRX, kAxisNone);
+    i.PlugIn();
+    i.Stick.Failures["CreateDevice"] = 5;
+    i.Look();
+    EXPECT_EQ(JoyButtonToKeep(i.s, kJoyCentre), 7);
+    i.Stick.Failures.clear();
+    i.Look();
+    EXPECT_EQ(i.s.Joy.Button[kJoyCentre], 7);
+}
+
+TEST(JoystickWatch, AStickThatIsPulledOutGivesTheMasterBackToTheHandAndIsKeptInASave) {
+    Plugs i(true);
+    EXPECT_FALSE(KnobStep(i.s, Knob::Vol, kMasterRow, -1)) << "its axis holds the master";
+    i.PullOut();
+    i.Look(JoystickWatch::kAwayLooks);
+    EXPECT_TRUE(KnobStep(i.s, Knob::Vol, kMasterRow, -1));
+    EXPECT_EQ(JoyAxisToKeep(i.s, kMasterAxis), kAxisZ);
+    EXPECT_EQ(i.s.Joy.AxisChoice[kMasterAxis], -1);
+    i.PlugIn();
+    i.Look();
+    EXPECT_EQ(i.s.Joy.Axis[kMasterAxis], kAxisZ);
+    EXPECT_EQ(i.s.Joy.AxisChoice[kMasterAxis], 0);
 }
 
 TEST(JoystickWatch, WhereTheStickIsWhenItIsPluggedInMovesNothing) {

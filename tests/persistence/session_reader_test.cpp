@@ -53,6 +53,7 @@ TEST(LoadSession, AGoldenSessionWrittenByteByByteIsRead) {
     EXPECT_EQ(i.s.Joy.Relative[0], True);
     EXPECT_EQ(i.s.Joy.Relative[1], False);
     EXPECT_EQ(i.s.Joy.Button[0], 0) << "without a joystick its assignments stay";
+    EXPECT_EQ(i.s.Joy.Waiting.Button[0], 1) << "and those of the set wait for one";
     EXPECT_EQ(i.s.PadTable[1].Function, 2);
     EXPECT_EQ(i.s.FadeStep, 0.5);
     EXPECT_EQ(i.s.ActiveTab, kPatternTab);

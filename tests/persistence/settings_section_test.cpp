@@ -12,7 +12,7 @@ namespace {
 
 using namespace test;
 
-/// An instrument with a joystick, whose assignments are settings only while there is one.
+/// An instrument with a joystick. Without one its assignments wait.
 struct WithJoystick : SetInstrument {
     WithJoystick() { s.JoyEnabled = true; }
 };
@@ -66,6 +66,23 @@ TEST(Settings, EachSettingAloneIsAppliedAndLeavesTheOthersUnchanged) {
         ApplySettings(other.s, one);
         EXPECT_EQ(CollectSettings(other.s).Pairs(), expected.Pairs());
     }
+}
+
+TEST(Settings, WhatASetAssignsWaitsForTheFirstJoystickAndIsKeptAsItWasRead) {
+    WithJoystick changed;
+    ChangeEverySetting(changed.s);
+    const KeyedTable table = CollectSettings(changed.s);
+    SetInstrument other;
+    other.Stick.Devices.clear();
+    InitDirectInput(other.s);
+    ApplySettings(other.s, table);
+    EXPECT_EQ(other.s.Joy.Axis[kMasterAxis], kAxisNone) << "no axis holds the master";
+    EXPECT_EQ(other.s.Joy.ButtonChoice[0], -1);
+    EXPECT_EQ(CollectSettings(other.s).Pairs(), table.Pairs()) << "a save without a joystick keeps them";
+    ASSERT_TRUE(JoyPlugIn(other.s, "stick"));
+    EXPECT_EQ(other.s.Joy.Button, changed.s.Joy.Button);
+    EXPECT_EQ(other.s.Joy.Axis, changed.s.Joy.Axis);
+    EXPECT_EQ(CollectSettings(other.s).Pairs(), table.Pairs());
 }
 
 TEST(Settings, TheLimitIsATextTheFadeFactorADoubleAndAllOthersAreIntegers) {

@@ -6,6 +6,7 @@
 #include "core/routines.h"
 #include "performance/joystick/joystick.h"
 #include "performance/joystick/joystick_twist.h"
+#include "performance/joystick/joystick_waiting.h"
 
 namespace marvolin {
 
@@ -70,7 +71,7 @@ void StartPoll(Session& s) {
 }
 
 void DefaultAssignments(Session& s) {
-    s.Joy.Button = Table<std::int16_t, 5>{{{0, 2, 1, 5, 4}}};
+    s.Joy.Button = Table<std::int16_t, 5>{kJoyStartButtons};
     s.Joy.Axis[kMasterAxis] = s.Joy.AxisPresent[kAxisZ] ? kAxisZ : kAxisNone;
     s.Joy.Axis[kTwistAxis] = s.Joy.AxisPresent[kAxisRZ] ? kAxisRZ : kAxisNone;
 }
@@ -131,15 +132,19 @@ void InitDirectInput(Session& s) {
 }
 
 bool JoyPlugIn(Session& s, const std::string& guid) {
+    const bool waits = JoyAnythingWaits(s);
     const bool assigned = !s.Joy.Refreshing;
     OpenDevice(s, guid);
     if (!s.JoyDevice) return false;
     Try([&] { s.JoyDevice->Acquire(); });
-    if (!assigned) {
+    if (!assigned) DefaultAssignments(s);
+    if (!assigned && !waits) {
         SetJoyRelative(s, 0, true);
         SetJoyRelative(s, 1, true);
-        DefaultAssignments(s);
+    } else {
+        JoyAssignWhatWaits(s);
     }
+    s.Joy.Waiting = {};
     JoyTakeAsRead(s);
     s.JoyEnabled = true;
     StartPoll(s);
@@ -152,7 +157,8 @@ void JoyUnplug(Session& s) {
     s.JoyEnabled = false;
     s.JoyTimer.reset();
     s.JoyDevice.reset();
-    s.World.Screen.ShowJoystick();
+    JoyLetWait(s);
+    NoJoystick(s);
 }
 
 void JoyFindAxes(Session& s, DirectInputDevice& device) {

@@ -15,6 +15,8 @@ enum JoyAction : int { kJoyMove, kJoyCentre, kJoyTwistCentre, kJoyToggle, kJoyTo
 /// Captions of the five lists `JButton`.
 inline constexpr std::array<std::string_view, 5> kJoyActions{"Move", "Centre", "Twist Centre", "Toggle Rel/Abs",
                                                              "ToggleTwist"};
+/// `JoyButton` at the start.
+inline constexpr std::array<std::int16_t, 5> kJoyStartButtons{0, 2, 1, 5, 4};
 /// Entry "None" of the button lists: it reads the ninth button of the state record.
 inline constexpr std::int16_t kNoButtonEntry = 8;
 
@@ -39,11 +41,13 @@ inline constexpr std::int32_t kAttachedOnly = 1;
 /// choice and are disabled. When the service refuses, "Error initializing DirectInput." is shown and the main window
 /// unloaded. An error after a device was found is ignored, and the next step runs.
 void InitDirectInput(Session& s);
-/// Opens a joystick that has been plugged in, by its name at the service. Assignments and boxes stay as they are when
-/// anything has set them, else they become what a start sets. Where stick, axes and hat are now counts as read: nothing
-/// moves until they do. False when it cannot be opened.
+/// Opens a joystick that has been plugged in, by its name at the service. What waits for it is assigned. Assignments
+/// and boxes stay as they are when anything has set them, else they become what a start sets. Where stick, axes and hat
+/// are now counts as read: nothing moves until they do. False when it cannot be opened; what waits then goes on
+/// waiting.
 bool JoyPlugIn(Session& s, const std::string& guid);
-/// Lets the joystick go, which has been pulled out. The lists are disabled and show what is assigned.
+/// Lets the joystick go, which has been pulled out. What was assigned waits for the next one. The lists are disabled
+/// and show no choice, and no axis holds the master, as at a start without a joystick.
 void JoyUnplug(Session& s);
 /// Sets `AxisPresent` for the axes that the device has. Errors of the service rise to the caller.
 void JoyFindAxes(Session& s, DirectInputDevice& device);
