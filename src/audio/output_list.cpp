@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "audio/device_abilities.h"
 #include "core/errors.h"
 
 namespace marvolin {
@@ -37,6 +38,11 @@ OutputKey KeyOf(const std::vector<std::string>& entries, std::size_t at) {
     const std::string name = Plain(entries[at]);
     const auto end = entries.begin() + static_cast<std::ptrdiff_t>(at);
     return {name, std::count_if(entries.begin(), end, [&](const std::string& entry) { return Plain(entry) == name; })};
+}
+
+std::ptrdiff_t CountOf(const std::vector<std::string>& entries, const std::string& name) {
+    return std::count_if(entries.begin(), entries.end(),
+                         [&](const std::string& entry) { return Plain(entry) == name; });
 }
 
 /// What the service has, and behind it the outputs that are not there.
@@ -82,7 +88,11 @@ struct Following {
         const std::vector<std::string>& old = s.Drivers;
         if (before < 0 || static_cast<std::size_t>(before) >= old.size()) return -1;
         if (static_cast<std::size_t>(before) + 1 == old.size()) return kLast;
-        const OutputKey key = KeyOf(old, static_cast<std::size_t>(before));
+        OutputKey key = KeyOf(old, static_cast<std::size_t>(before));
+        // Of several with one name the list does not say which has gone; the driver of the open one does.
+        const std::ptrdiff_t left = CountOf(Entries, key.Name);
+        const bool fewer = before == s.OpenDriver && s.DSReady && left > 0 && left < CountOf(old, key.Name);
+        if (fewer) key.Which = OpenOutputIsGone(s) ? left : std::min(key.Which, left - 1);
         for (std::size_t i = 0; i < Entries.size(); ++i)
             if (KeyOf(Entries, i) == key) return static_cast<std::int16_t>(i);
         // One that was pulled out and put back may have got another number.
@@ -110,7 +120,7 @@ std::int16_t Placed(std::int16_t entry, const std::vector<std::string>& entries)
 bool Follow(Session& s) {
     Following now = Ask(s);
     const std::int16_t chosen = now.Find(s, s.Driver);
-    const std::int16_t open = now.Find(s, s.OpenDriver);
+    const std::int16_t open = s.OpenDriver == s.Driver ? chosen : now.Find(s, s.OpenDriver);
     now.Entries.emplace_back(kNoSoundEntry);
     if (now.Entries == s.Drivers) return false;
     s.Drivers = std::move(now.Entries);
@@ -130,6 +140,11 @@ bool RefreshOutputs(Session& s) {
     } catch (const RuntimeError&) {
         return false;
     }
+}
+
+bool OpenOutputIsGone(const Session& s) {
+    const auto* output = s.DSReady ? dynamic_cast<const OutputPresence*>(s.DS.get()) : nullptr;
+    return output != nullptr && output->Gone();
 }
 
 bool IsPlugged(const Session& s, std::int16_t entry) {

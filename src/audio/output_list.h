@@ -13,11 +13,14 @@ namespace marvolin {
 inline constexpr std::string_view kUnplugged = " (unplugged)";
 
 /// Asks the service for its outputs again. When they have changed, `Drivers` and `DSEnum` follow, and `Driver` and
-/// `OpenDriver` go on naming the same outputs, of two with one name the same of the two; one that has come
-/// back as "USB (3)" is the "USB (2)" that was there. An output that is chosen or open and not there any more keeps an
-/// entry, marked, before "No Sound". A service that fails changes nothing. True when the list has changed.
+/// `OpenDriver` go on naming the same outputs, of two with one name the same of the two; when one of these has gone,
+/// its driver knows whether it is the open one. One that has come back as "USB (3)" is the "USB (2)" that was there. An
+/// output that is chosen or open and not there any more keeps an entry, marked, before "No Sound". A service that fails
+/// changes nothing. True when the list has changed.
 bool RefreshOutputs(Session& s);
 
+/// Whether the driver has released the open output.
+bool OpenOutputIsGone(const Session& s);
 /// Whether the output of an entry is there.
 bool IsPlugged(const Session& s, std::int16_t entry);
 /// Name of an entry without the mark.

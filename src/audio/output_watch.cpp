@@ -3,18 +3,12 @@
 #include <algorithm>
 
 #include "audio/device.h"
-#include "audio/device_abilities.h"
 #include "audio/output_list.h"
 #include "core/routines.h"
 
 namespace marvolin {
 
 namespace {
-
-bool IsGone(const Session& s) {
-    const auto* output = s.DSReady ? dynamic_cast<const OutputPresence*>(s.DS.get()) : nullptr;
-    return output != nullptr && output->Gone();
-}
 
 /// The open output, or while none is open the one that is to be; -1 for "No Sound" and before the first choice.
 std::int16_t WantedOutput(const Session& s) {
@@ -46,7 +40,7 @@ void OutputWatch::Look(Session& s) {
     if (awaited_ != name) {
         Forget();
         // The driver may know before the list does. The default output stays in the list when another takes its place.
-        if (IsGone(s)) awaited_ = name;
+        if (OpenOutputIsGone(s)) awaited_ = name;
     }
     // The list may also know before the driver does.
     news_ = news_ || unchanged_ < kNewsLooks;

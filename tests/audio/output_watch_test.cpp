@@ -78,9 +78,46 @@ TEST(OutputList, OfTwoWithOneNameTheSameIsMeant) {
     RefreshOutputs(i.s);
     EXPECT_EQ(i.s.Driver, 3);
     i.Have({"HDMI", "USB", "Primary Sound Driver"});
+    i.Sound.Failures["Gone"] = 1;
     RefreshOutputs(i.s);
     EXPECT_THAT(i.s.Drivers, ElementsAre("HDMI", "USB", "Primary Sound Driver", "USB (unplugged)", "No Sound"));
     EXPECT_EQ(i.s.Driver, 3);
+}
+
+TEST(OutputList, WhenTheOtherOfTwoWithOneNameGoesTheOpenOneStaysOpen) {
+    Outputs i;
+    i.Have({"Primary Sound Driver", "USB", "USB"});
+    RefreshOutputs(i.s);
+    i.s.Driver = i.s.OpenDriver = 2;
+    i.Have({"Primary Sound Driver", "USB"});
+    RefreshOutputs(i.s);
+    EXPECT_THAT(i.s.Drivers, ElementsAre("Primary Sound Driver", "USB", "No Sound"));
+    EXPECT_EQ(i.s.Driver, 1);
+    EXPECT_EQ(i.s.OpenDriver, 1);
+}
+
+TEST(OutputList, TheFirstOfTwoWithOneNameThatGoesIsNotTakenForTheOther) {
+    Outputs i;
+    i.Have({"Primary Sound Driver", "USB", "USB"});
+    RefreshOutputs(i.s);
+    ASSERT_EQ(i.s.OpenDriver, 1);
+    i.Have({"Primary Sound Driver", "USB"});
+    i.Sound.Failures["Gone"] = 1;
+    for (int look = 0; look < 3; ++look) RefreshOutputs(i.s);
+    EXPECT_THAT(i.s.Drivers, ElementsAre("Primary Sound Driver", "USB", "USB (unplugged)", "No Sound"));
+    EXPECT_EQ(i.s.OpenDriver, 2);
+}
+
+TEST(OutputList, OneThatIsOnlyChosenIsTheSameOfTheTwoAsBefore) {
+    Outputs i;
+    i.Have({"Primary Sound Driver", "USB", "HDMI", "HDMI"});
+    RefreshOutputs(i.s);
+    i.s.Driver = 3;
+    i.Have({"Primary Sound Driver", "USB", "HDMI"});
+    RefreshOutputs(i.s);
+    EXPECT_EQ(i.s.Drivers[3], "HDMI (unplugged)");
+    EXPECT_EQ(i.s.Driver, 3);
+    EXPECT_EQ(i.s.OpenDriver, 1);
 }
 
 TEST(OutputList, OneThatComesBackUnderAnotherNumberIsTheSame) {
@@ -156,6 +193,53 @@ TEST(OutputWatch, AnOutputThatIsBackUnderAnotherNumberIsOpened) {
     EXPECT_EQ(i.s.StatusText, "USB (2) is back, and in use again.");
     i.Look(20);
     EXPECT_EQ(i.Opened(), 1);
+}
+
+TEST(OutputWatch, TheOpenOneOfTwoWithOneNameIsTakenAgainWhenItIsBackAndNotTheOther) {
+    Outputs i;
+    i.Have({"Primary Sound Driver", "USB", "USB"});
+    i.Look();
+    i.Have({"Primary Sound Driver", "USB"});
+    i.Sound.Failures["Gone"] = 1;
+    i.Look(30);
+    EXPECT_EQ(i.Opened(), 0) << "the other one is no place for the set";
+    i.Have({"Primary Sound Driver", "USB", "USB"});
+    i.Look(OutputWatch::kSteadyLooks);
+    EXPECT_THAT(i.Sound.Calls("DirectSoundCreate"), ElementsAre("DirectSoundCreate guid3"));
+    EXPECT_EQ(i.s.StatusText, "USB is back, and in use again.");
+}
+
+TEST(OutputWatch, WhenTheOtherOfTwoWithOneNameComesAndGoesNothingIsOpened) {
+    Outputs i;
+    for (int n = 0; n < 3; ++n) {
+        i.Have({"Primary Sound Driver", "USB", "USB"});
+        i.Look(5);
+        i.Have({"Primary Sound Driver", "USB"});
+        i.Look(5);
+    }
+    EXPECT_EQ(i.Opened(), 0);
+    EXPECT_THAT(i.s.Drivers, ElementsAre("Primary Sound Driver", "USB", "No Sound"));
+}
+
+TEST(OutputWatch, OneThatHasLeftTheListWhileItsDriverPlaysOnIsTakenAgainWhenItIsBack) {
+    Outputs i;
+    i.Have({"Primary Sound Driver"});
+    i.Look(OutputWatch::kNewsLooks + 5);
+    EXPECT_THAT(i.s.Drivers, ElementsAre("Primary Sound Driver", "USB (unplugged)", "No Sound"));
+    EXPECT_EQ(i.Opened(), 0);
+    i.Have({"Primary Sound Driver", "USB"});
+    i.Look(OutputWatch::kSteadyLooks);
+    EXPECT_EQ(i.Opened(), 1);
+}
+
+TEST(OutputWatch, OneThatIsListedAndWhoseDriverPlaysIsLeftAloneWhateverElseComesAndGoes) {
+    Outputs i;
+    for (int n = 0; n < 20; ++n) {
+        i.Have({"Primary Sound Driver", "USB", "HDMI " + std::to_string(n)});
+        i.Look(n % 4);
+    }
+    EXPECT_EQ(i.Opened(), 0);
+    EXPECT_THAT(i.Store.Log, IsEmpty());
 }
 
 TEST(OutputWatch, OneThatComesAndGoesTenTimesASecondIsLeftAloneUntilItRests) {
