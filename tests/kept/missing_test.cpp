@@ -355,6 +355,41 @@ TEST(MissingSamples, WhatIsStillMissingIsTold) {
     EXPECT_EQ(i.s.Run[2].Loaded, True);
 }
 
+TEST(ShareOut, GivesEachStoredPathTheFileThatMatchesItBestAndNoFileToTwo) {
+    const std::vector<std::string> wanted{"/x/kick/1.wav", "/y/snare/1.wav"};
+    EXPECT_THAT(ShareOut(wanted, {"/new/snare/1.wav", "/new/kick/1.wav"}),
+                ElementsAre("/new/kick/1.wav", "/new/snare/1.wav"));
+    EXPECT_THAT(ShareOut(wanted, {"/new/snare/1.wav"}), ElementsAre("", "/new/snare/1.wav"));
+    EXPECT_THAT(ShareOut(wanted, {"/new/1.wav"}), ElementsAre("/new/1.wav", "")) << "the first of equals";
+    EXPECT_THAT(ShareOut(wanted, {"/new/snare/1.wav", "/new/1.wav"}), ElementsAre("/new/1.wav", "/new/snare/1.wav"));
+    EXPECT_THAT(ShareOut(wanted, {}), ElementsAre("", ""));
+    EXPECT_THAT(ShareOut({"/x/1.wav", "/y/1.wav", "/x/1.wav"}, {"/new/1.wav"}),
+                ElementsAre("/new/1.wav", "", "/new/1.wav"))
+        << "those that want the same get the same";
+}
+
+TEST(MissingSamples, OneFileIsNotGivenToRowsThatWantTwo) {
+    KeptRig i;
+    for (const char* folder : {"kick", "snare", "new"}) {
+        fs::create_directories(i.Folder / folder);
+        WriteBytes(i.Folder / folder + "/1.wav", folder);
+    }
+    i.Load(0, "kick/1.wav");
+    i.Load(1, "snare/1.wav");
+    i.Load(2, "kick/1.wav");
+    ASSERT_TRUE(i.Save("set.mvn"));
+    for (Row row = 0; row < kLoopTracks; ++row) LoopClear(i.s, row);
+    for (const char* folder : {"kick", "snare"}) fs::remove_all(i.Folder / folder);
+    i.s.EmptyBlankSetting = 1;
+    ASSERT_TRUE(i.Open("set.mvn"));
+    LoadFound(i.s, {{"1.wav", {i.Folder / "new/1.wav"}}});
+    EXPECT_EQ(i.s.Set[0].FileName, i.Folder / "new/1.wav");
+    EXPECT_EQ(i.s.Set[2].FileName, i.Folder / "new/1.wav");
+    EXPECT_EQ(i.s.Run[1].Loaded, False);
+    EXPECT_EQ(MissingName(i.s, 1), "1.wav");
+    EXPECT_EQ(i.s.StatusText, "Found: 1.wav; still missing: 1.wav of B");
+}
+
 TEST(MissingSamples, ARowThatWasFilledDuringTheSearchIsLeftAlone) {
     TwoMissing i;
     ASSERT_TRUE(i.Open("set.mvn"));

@@ -4,6 +4,7 @@
 #include <array>
 #include <filesystem>
 #include <memory>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -79,8 +80,11 @@ bool LoadInto(Session& s, Row row, const std::string& path) {
 void AddAlike(const std::string& folder, const std::string& name, std::vector<std::string>& paths) {
     std::error_code error;
     for (fs::directory_iterator entry(folder, error); entry != fs::directory_iterator(); entry.increment(error)) {
+        // A folder may hold a hundred thousand files: nothing is made of the name of one that is not meant.
+        const std::string_view whole = entry->path().native();
+        if (!SameIgnoringCase(whole.substr(whole.rfind('/') + 1), name)) continue;
         const std::string path = JoinPath(folder, entry->path().filename().string());
-        if (SameIgnoringCase(NameOfSample(path), name) && TargetExists(path)) paths.push_back(path);
+        if (TargetExists(path)) paths.push_back(path);
     }
 }
 
@@ -90,14 +94,58 @@ std::string Listed(const std::vector<std::string>& names) {
     return text;
 }
 
-void TellResult(Session& s, const std::vector<std::string>& wanted) {
-    const std::vector<std::string> left = MissingNames(s);
+using NamesByRow = Table<std::string, kLoopTracks>;
+
+NamesByRow NamesOfRows(const Session& s) {
+    NamesByRow names;
+    for (Row row = 0; row < kLoopTracks; ++row) names[row] = MissingName(s, row);
+    return names;
+}
+
+void AddOnce(std::vector<std::string>& names, const std::string& name) {
+    if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
+}
+
+void TellResult(Session& s, const NamesByRow& wanted) {
     std::vector<std::string> found;
-    std::copy_if(wanted.begin(), wanted.end(), std::back_inserter(found),
-                 [&](const std::string& name) { return std::find(left.begin(), left.end(), name) == left.end(); });
+    std::vector<std::string> left;
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        if (!wanted[row].empty() && !s.Run[row].Missing) AddOnce(found, wanted[row]);
+    }
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        if (!s.Run[row].Missing) continue;
+        const bool alsoFound = std::find(found.begin(), found.end(), wanted[row]) != found.end();
+        AddOnce(left, alsoFound ? wanted[row] + " of " + RowLetter(row) : wanted[row]);
+    }
     std::string text = found.empty() ? "Not found: " + Listed(left) : "Found: " + Listed(found);
     if (!found.empty() && !left.empty()) text += "; still missing: " + Listed(left);
     ShowStatus(s, text);
+}
+
+/// The rows that miss a sample of this name, and the path that each of them has stored.
+struct Wanting {
+    std::vector<Row> Rows;
+    std::vector<std::string> Stored;
+};
+Wanting RowsThatMiss(const Session& s, const std::string& name) {
+    Wanting wanting;
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        if (!s.Run[row].Missing || MissingName(s, row) != name) continue;
+        wanting.Rows.push_back(row);
+        wanting.Stored.push_back(s.Run[row].Missing->Loop.Set.FileName);
+    }
+    return wanting;
+}
+
+/// The file for each row that misses one; "" for none.
+NamesByRow FilesForRows(const Session& s, const FoundSamples& found) {
+    NamesByRow files;
+    for (const auto& [name, paths] : found) {
+        const Wanting wanting = RowsThatMiss(s, name);
+        const std::vector<std::string> shares = ShareOut(wanting.Stored, paths);
+        for (std::size_t i = 0; i < shares.size(); ++i) files[wanting.Rows[i]] = shares[i];
+    }
+    return files;
 }
 
 }  // namespace
@@ -181,14 +229,12 @@ std::string SamplePaths(const Session& s, Row row) {
 }
 
 void LoadFound(Session& s, const FoundSamples& found) {
-    const std::vector<std::string> wanted = MissingNames(s);
+    const NamesByRow wanted = NamesOfRows(s);
+    const NamesByRow files = FilesForRows(s, found);
     const UndoStep step(s, "Missing samples found");
     std::vector<Row> playing;
     for (Row row = 0; row < kLoopTracks; ++row) {
-        const auto paths = found.find(MissingName(s, row));
-        if (paths == found.end() || !s.Run[row].Missing) continue;
-        const std::string path = BestMatch(s.Run[row].Missing->Loop.Set.FileName, paths->second);
-        if (!path.empty() && LoadInto(s, row, path)) playing.push_back(row);
+        if (!files[row].empty() && LoadInto(s, row, files[row])) playing.push_back(row);
     }
     for (const Row row : playing) PlaySavedLoop(s, row);
     PatternsRefresh(s);

@@ -44,4 +44,30 @@ std::string BestMatch(const std::string& stored, const std::vector<std::string>&
     return best;
 }
 
+std::vector<std::string> ShareOut(const std::vector<std::string>& stored, const std::vector<std::string>& paths) {
+    struct Match {
+        std::ptrdiff_t Common;
+        std::size_t Wanted;
+        std::size_t Path;
+    };
+    std::vector<Match> matches;
+    for (std::size_t wanted = 0; wanted < stored.size(); ++wanted) {
+        for (std::size_t path = 0; path < paths.size(); ++path) {
+            matches.push_back({FoldersInCommon(stored[wanted], paths[path]), wanted, path});
+        }
+    }
+    std::stable_sort(matches.begin(), matches.end(),
+                     [](const Match& a, const Match& b) { return a.Common > b.Common; });
+    std::vector<std::string> shares(stored.size());
+    std::vector<const std::string*> takers(paths.size(), nullptr);
+    for (const Match& match : matches) {
+        const std::string*& taker = takers[match.Path];
+        const bool free = taker == nullptr || *taker == stored[match.Wanted];
+        if (!shares[match.Wanted].empty() || !free) continue;
+        shares[match.Wanted] = paths[match.Path];
+        taker = &stored[match.Wanted];
+    }
+    return shares;
+}
+
 }  // namespace marvolin

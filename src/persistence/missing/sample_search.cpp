@@ -1,5 +1,6 @@
 #include "persistence/missing/sample_search.h"
 
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -31,9 +32,10 @@ void SampleSearch::LookAt(const fs::directory_entry& entry) {
         folders_.push_back(entry.path().string());
         return;
     }
-    const std::string name = entry.path().filename().string();
+    const std::string_view whole = entry.path().native();
+    const std::string_view name = whole.substr(whole.rfind('/') + 1);
     for (const std::string& wanted : names_) {
-        if (!SameIgnoringCase(name, wanted) || !TargetExists(entry.path().string())) continue;
+        if (!SameIgnoringCase(name, wanted) || !TargetExists(entry.path().native())) continue;
         (name == wanted ? found_ : alike_)[wanted].push_back(entry.path().string());
     }
 }
