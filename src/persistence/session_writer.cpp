@@ -110,10 +110,6 @@ void WriteSections(Session& s, RecordWriter& file, LoopsSaved loops, const clsSw
     if (switches.SaveLoopComponent()) WriteLoops(s, file, rows, playState);
     if (switches.Get(Element::HistoryLists)) WriteHistory(s, file, rows);
     if (switches.Get(Element::Bands)) WriteBands(s, file);
-    if (switches.Get(Element::ClipBoard)) {
-        file.PutTagged(kClipBoardTag);
-        WriteClipBoard(s, file);
-    }
 }
 
 void AddSamples(const Session& s, SetFiles& files, LoopsSaved loops) {
@@ -126,10 +122,27 @@ void AddSamples(const Session& s, SetFiles& files, LoopsSaved loops) {
 }  // namespace
 
 void WriteSet(Session& s, RecordWriter& file, LoopsSaved loops, const clsSwitchRecord& switches, SetContent content) {
+    WriteSetBeforeClips(s, file, loops, switches, content);
+    if (switches.Get(Element::ClipBoard)) {
+        file.PutTagged(kClipBoardTag);
+        WriteClipBoard(s, file);
+    }
+    file.PutTagged(kEndTag);
+}
+
+void WriteSetBeforeClips(Session& s, RecordWriter& file, LoopsSaved loops, const clsSwitchRecord& switches,
+                         SetContent content) {
     file.PutString(kHeaderText);
     file.PutInteger(kHeaderNumber);
     PutIt(switches, file);
     WriteSections(s, file, loops, switches, content);
+}
+
+void WriteSetFromClipsOn(RecordWriter& file, const clsSwitchRecord& switches, std::string_view clips) {
+    if (switches.Get(Element::ClipBoard)) {
+        file.PutTagged(kClipBoardTag);
+        file.PutBytes(clips);
+    }
     file.PutTagged(kEndTag);
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "core/files/record_stream.h"
 #include "core/session.h"
@@ -28,5 +29,11 @@ enum class SetContent : std::uint8_t {
 /// Writes the records of a set as a file holds them. Raises `OverflowError` when a path is too long for a file.
 void WriteSet(Session& s, RecordWriter& file, LoopsSaved loops, const clsSwitchRecord& switches,
               SetContent content = SetContent::Whole);
+
+/// The same in two parts, for who has the clipboard's records at hand: all before the clipboard, and the rest. `clips`
+/// are the records that `WriteClipBoard` writes; they are left out when `switches` do not select them.
+void WriteSetBeforeClips(Session& s, RecordWriter& file, LoopsSaved loops, const clsSwitchRecord& switches,
+                         SetContent content);
+void WriteSetFromClipsOn(RecordWriter& file, const clsSwitchRecord& switches, std::string_view clips);
 
 }  // namespace marvolin

@@ -28,6 +28,8 @@
 #include "parameters/fades.h"
 #include "parameters/setters.h"
 #include "performance/pad/mix_pad.h"
+#include "persistence/clips.h"
+#include "persistence/kept/clip_records.h"
 #include "persistence/quick_load.h"
 #include "persistence/save_open.h"
 #include "persistence/session_reader.h"
@@ -91,6 +93,17 @@ TEST(LastState, HasTheWholeInstrumentWhateverTheDialogueChooses) {
     EXPECT_EQ(reader.s.Run[2].Playing, True);
     EXPECT_EQ(reader.s.Run[1].Playing, False);
     EXPECT_EQ(reader.s.History[3].size(), 1U);
+}
+
+TEST(LastState, HasTheSameBytesAsASave) {
+    KeptRig i;
+    i.Load(0, "a.wav");
+    for (int clip = 0; clip < 400; ++clip) ClipBoardList_DragDrop(i.s, {drags::kDropDown, 0, ""});
+    i.Pass(20);
+    i.s.Clips.ClipStore[7].Vol = 3;
+    i.Pass(20);
+    ASSERT_TRUE(SaveSession(i.s, i.Folder / "set.mvn", LoopsSaved::All, AllSwitches()));
+    EXPECT_EQ(ReadBytes(i.Kept()), ReadBytes(i.Folder / "set.mvn"));
 }
 
 TEST(LastState, OfTheRunBeforeStaysAsACopyUntilTheNextRun) {
@@ -417,6 +430,47 @@ TEST(MarkOfAChangedSet, DoesNotShowForWhatIsOnlyPlayedAndLookedAt) {
     i.s.Drivers = {"Primary Sound Driver", "One more", "No Sound"};
     i.s.Driver = 1;
     EXPECT_FALSE(i.Marked());
+}
+
+TEST(MarkOfAChangedSet, ShowsForAClipThatHasChangedAndGoesWhenItIsAsItWas) {
+    KeptRig i;
+    i.Load(0, "a.wav");
+    ClipBoardList_DragDrop(i.s, {drags::kDropDown, 0, ""});
+    ASSERT_TRUE(i.Save("set.mvn"));
+    i.Pass(1);
+    ASSERT_FALSE(SetHasChanged(i.s));
+    const LoopTrackSet was = i.s.Clips.ClipStore[0];
+    i.s.Clips.ClipStore[0].Pattern[kPanPattern][3] += 1;
+    i.Pass(1);
+    EXPECT_TRUE(SetHasChanged(i.s));
+    i.s.Clips.ClipStore[0] = was;
+    i.Pass(1);
+    EXPECT_FALSE(SetHasChanged(i.s));
+    ClipBoardList_DragDrop(i.s, {drags::kDropDown, 0, ""});
+    i.Pass(1);
+    EXPECT_TRUE(SetHasChanged(i.s));
+}
+
+TEST(ClipRecords, AreMadeAnewOnlyWhenAClipHasChanged) {
+    KeptRig i;
+    i.Load(0, "a.wav");
+    ClipBoardList_DragDrop(i.s, {drags::kDropDown, 0, ""});
+    ClipRecords records;
+    for (int look = 0; look < 3; ++look) records.Follow(i.s);
+    EXPECT_EQ(records.Made(), 1);
+    const std::size_t digest = records.Digest();
+    i.s.Clips.ClipStore[0].FileName = std::string(40000, 'x');
+    EXPECT_THROW(records.Follow(i.s), OverflowError);
+    i.s.Clips.ClipStore[0].FileName = "b";
+    records.Follow(i.s);
+    EXPECT_NE(records.Digest(), digest);
+    RecordWriter whole;
+    WriteClipBoard(i.s, whole);
+    EXPECT_EQ(records.Bytes(), whole.Bytes());
+    DeleteClip(i.s, 0);
+    records.Follow(i.s);
+    EXPECT_EQ(records.Made(), 3);
+    EXPECT_EQ(records.Bytes(), std::string_view("\0\0", 2));
 }
 
 TEST(MarkOfAChangedSet, DoesNotShowForWhatASaveLeavesOut) {

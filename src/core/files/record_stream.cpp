@@ -62,9 +62,18 @@ void RecordWriter::PutDouble(double value) { Put(std::bit_cast<std::uint64_t>(va
 void RecordWriter::PutString(std::string_view text) {
     if (text.size() > static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max())) throw OverflowError();
     PutInteger(static_cast<std::int16_t>(text.size()));
-    MakeRoom(text.size());
-    std::copy(text.begin(), text.end(), buffer_.begin() + static_cast<std::ptrdiff_t>(used_));
-    used_ += text.size();
+    PutBytes(text);
+}
+
+void RecordWriter::PutBytes(std::string_view bytes) {
+    // A file takes them in pieces that fit.
+    for (std::size_t at = 0; at < bytes.size();) {
+        const std::string_view piece = bytes.substr(at, file_ ? kBufferBytes / 2 : bytes.npos);
+        MakeRoom(piece.size());
+        std::copy(piece.begin(), piece.end(), buffer_.begin() + static_cast<std::ptrdiff_t>(used_));
+        used_ += piece.size();
+        at += piece.size();
+    }
 }
 
 void RecordWriter::PutTagged(const TaggedValue& value) {

@@ -35,6 +35,8 @@ public:
     void PutBoolean(bool value) { PutInteger(ToBoolean(value)); }
     /// Integer with the number of bytes, then the bytes. More than 32767 raise `OverflowError`.
     void PutString(std::string_view text);
+    /// Records that were written before, in memory.
+    void PutBytes(std::string_view bytes);
     /// Type code, then the value.
     void PutTagged(const TaggedValue& value);
     void PutTagged(std::string_view text) { PutTagged(TaggedValue(std::string(text))); }

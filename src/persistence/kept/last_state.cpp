@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <chrono>
 #include <filesystem>
 #include <functional>
@@ -83,10 +84,18 @@ void LastState::Start(Session& s) {
     kept_ = DigestOfStart(s);
 }
 
-LastState::Digest LastState::DigestOfAll(Session& s, SetContent content) {
+LastState::Digest LastState::DigestOf(Session& s, LoopsSaved loops, const clsSwitchRecord& switches,
+                                      SetContent content) {
     records_.Clear();
-    WriteSet(s, records_, LoopsSaved::All, AllSwitches(), content);
-    return std::hash<std::string_view>()(records_.Bytes());
+    WriteSetBeforeClips(s, records_, loops, switches, content);
+    const Digest digest = std::hash<std::string_view>()(records_.Bytes());
+    if (!switches.Get(Element::ClipBoard)) return digest;
+    clips_.Follow(s);
+    return std::rotl(digest, 1) ^ clips_.Digest();
+}
+
+LastState::Digest LastState::DigestOfAll(Session& s, SetContent content) {
+    return DigestOf(s, LoopsSaved::All, AllSwitches(), content);
 }
 
 // Taken at once, so that what the player does during the demo is a change.
@@ -102,9 +111,7 @@ LastState::Digest LastState::DigestOfStart(Session& s) {
 
 LastState::Digest LastState::DigestOfSave(Session& s) {
     const LoopsSaved loops = s.SelectionsOnlySetting == 1 ? LoopsSaved::SelectionsOnly : LoopsSaved::All;
-    records_.Clear();
-    WriteSet(s, records_, loops, s.SaveOpenSwitches[kWhenSaving], SetContent::Work);
-    return std::hash<std::string_view>()(records_.Bytes());
+    return DigestOf(s, loops, s.SaveOpenSwitches[kWhenSaving], SetContent::Work);
 }
 
 void LastState::NoteOnDisk(Session& s, const std::string& path) {
@@ -143,7 +150,7 @@ void LastState::Look(Session& s, std::int32_t milliseconds) {
     TakeResult(s);
     settled_ = settled_ || !DemoRuns(s);
     elapsed_ += milliseconds;
-    // Never both: each makes the bytes of the whole set.
+    // Never both: each makes the bytes of the set.
     if (elapsed_ < kKeepPeriod) return RefreshMark(s);
     elapsed_ = 0;
     if (settled_) Keep(s);
@@ -156,6 +163,7 @@ void LastState::Keep(Session& s) {
         if (first_ && DigestOfAll(s, SetContent::Work) == kept_) return;
         writing_ = DigestOfAll(s, SetContent::Whole);
         if (!first_ && writing_ == kept_) return;
+        WriteSetFromClipsOn(records_, AllSwitches(), clips_.Bytes());
         result_ = std::async(std::launch::async, WriteState, path_, std::string(records_.Bytes()),
                              first_ ? Former::Keep : Former::Replace);
     } catch (const RuntimeError& e) {

@@ -13,6 +13,7 @@
 
 #include "core/files/record_stream.h"
 #include "core/session.h"
+#include "persistence/kept/clip_records.h"
 #include "persistence/session_writer.h"
 
 namespace marvolin {
@@ -72,12 +73,14 @@ private:
     void TellFailure(Session& s, const std::string& why);
     void RefreshMark(Session& s);
     bool HasChanged(Session& s);
+    Digest DigestOf(Session& s, LoopsSaved loops, const clsSwitchRecord& switches, SetContent content);
     Digest DigestOfAll(Session& s, SetContent content);
     Digest DigestOfStart(Session& s);
     Digest DigestOfSave(Session& s);
 
     std::string path_;
-    RecordWriter records_;                            ///< kept for its room
+    RecordWriter records_;  ///< kept for its room
+    ClipRecords clips_;
     std::unordered_map<std::string, Digest> onDisk_;  ///< by the path of a set: what is in its file
     bool differs_ = false;
     bool settled_ = false;      ///< the demo has ended
