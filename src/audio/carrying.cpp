@@ -15,6 +15,7 @@
 #include "core/errors.h"
 #include "core/files/paths.h"
 #include "core/loops/loop_views.h"
+#include "core/loops/row_clock.h"
 #include "core/loops/sample_history.h"
 #include "core/routines.h"
 #include "parameters/mapping.h"
@@ -52,15 +53,7 @@ struct CarriedRow {
     float X = 0;
     float Y = 0;
     std::int16_t Line = kVolFull;  ///< of `SndDisp`
-    // The running fade and the step clock.
-    std::int16_t FadeState = kNoFade;
-    double FadeValue = 0;
-    std::int16_t FadeTarget = 0;
-    Boolean FadeToMark = False;
-    std::int16_t Step = 0;
-    std::int32_t StepElapsed = 0;
-    std::int16_t PlayRequest = 0;
-    Boolean StepDue = False;
+    RowClock Clock;
 };
 
 /// What a file does not bring back.
@@ -106,14 +99,7 @@ CarriedRow Take(Session& s, Row row) {
             .X = set.PositionX,
             .Y = set.PositionY,
             .Line = s.SndDisp[row].Line,
-            .FadeState = run.FadeState,
-            .FadeValue = run.FadeValue,
-            .FadeTarget = run.FadeTarget,
-            .FadeToMark = run.FadeToMark,
-            .Step = run.Step,
-            .StepElapsed = run.StepElapsed,
-            .PlayRequest = run.PlayRequest,
-            .StepDue = run.StepDue};
+            .Clock = ClockOf(run)};
 }
 
 Carried Take(Session& s) {
@@ -131,14 +117,7 @@ void RestoreSettings(Session& s, Row row, const CarriedRow& was) {
     s.SndDisp[row].Line = was.Line;
     s.World.Screen.ShowSoundDisplay(row);
     LoopTrackRun& run = s.Run[row];
-    run.FadeState = was.FadeState;
-    run.FadeValue = was.FadeValue;
-    run.FadeTarget = was.FadeTarget;
-    run.FadeToMark = was.FadeToMark;
-    run.Step = was.Step;
-    run.StepElapsed = was.StepElapsed;
-    run.PlayRequest = was.PlayRequest;
-    run.StepDue = was.StepDue;
+    SetClock(run, was.Clock);
     if (was.Sample.Reversed && run.Reversed == False) LoopReverse(s, row);
     // The patterns of the step that is being played.
     MapHZ(s, row);

@@ -85,18 +85,6 @@ bool PutIn(Session& s, Row row, const std::string& path, const std::shared_ptr<K
     }
 }
 
-void RestoreClock(LoopTrackRun& run, const RowState& goal) {
-    run.FadeState = goal.FadeState;
-    run.FadeValue = goal.FadeValue;
-    run.FadeTarget = goal.FadeTarget;
-    run.FadeToMark = goal.FadeToMark;
-    run.Step = goal.Step;
-    run.StepElapsed = goal.StepElapsed;
-    run.PlayRequest = goal.PlayRequest;
-    run.StepDue = goal.StepDue;
-    run.MapError = {};
-}
-
 void RestoreMode(Session& s, Row row, const RowState& goal, RowParts parts) {
     // A row that starts anew does so in its mode; any other changes it while it sounds.
     if (!AsksRow(parts, kSamplePart | kSoundingPart)) return LoopSetPlayMode(s, row, goal.Set.PlayMode, false);
@@ -191,7 +179,10 @@ SampleBack RestoreSample(Session& s, Row row, const RowState& goal, RowParts par
 void RestoreSettings(Session& s, Row row, const RowState& goal, RowParts parts) {
     const bool anew = AsksRow(parts, kSamplePart);
     if (anew) parts = kAllRowParts;
-    if (AsksRow(parts, kSoundingPart)) RestoreClock(s.Run[row], goal);
+    if (AsksRow(parts, kSoundingPart)) {
+        SetClock(s.Run[row], goal.Clock);
+        s.Run[row].MapError = {};
+    }
     if (AsksRow(parts, kModePart)) RestoreMode(s, row, goal, parts);
     RestoreRecord(s, row, goal, parts);
     if (AsksRow(parts, kReversedPart)) RestoreDirection(s, row, goal);

@@ -66,14 +66,7 @@ bool SameSounding(const RowState& a, const RowState& b) {
 
 void CopySounding(RowState& to, const RowState& from) {
     CopySounding(to.InHand, from.InHand);
-    to.FadeState = from.FadeState;
-    to.FadeValue = from.FadeValue;
-    to.FadeTarget = from.FadeTarget;
-    to.FadeToMark = from.FadeToMark;
-    to.Step = from.Step;
-    to.StepElapsed = from.StepElapsed;
-    to.PlayRequest = from.PlayRequest;
-    to.StepDue = from.StepDue;
+    to.Clock = from.Clock;
 }
 
 // A step of no length counts as the shortest one, to which the read-outs limit it.
@@ -171,14 +164,7 @@ RowState CaptureRow(Session& s, Row row) {
     state.BeatStartBytes = run.BeatStartBytes;
     state.Missing = run.Missing;
     CaptureSounding(s, row, state);
-    state.FadeState = run.FadeState;
-    state.FadeValue = run.FadeValue;
-    state.FadeTarget = run.FadeTarget;
-    state.FadeToMark = run.FadeToMark;
-    state.Step = run.Step;
-    state.StepElapsed = run.StepElapsed;
-    state.PlayRequest = run.PlayRequest;
-    state.StepDue = run.StepDue;
+    state.Clock = ClockOf(run);
     if (row < static_cast<Row>(s.SndDisp.size())) state.Line = s.SndDisp[row].Line;
     state.InBand = run.InBand;
     state.Band = run.Band;

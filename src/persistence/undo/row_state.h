@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "core/loops/row_clock.h"
 #include "core/session.h"
 
 namespace marvolin {
@@ -44,14 +45,7 @@ struct RowState {
     std::int32_t BeatStartBytes = 0;
     HeldSample InHand;  ///< name of the sample that waits for a device, and how it or the loaded one sounds
     std::shared_ptr<const MissingSample> Missing;
-    std::int16_t FadeState = kNoFade;
-    double FadeValue = 0;
-    std::int16_t FadeTarget = 0;
-    Boolean FadeToMark = False;
-    std::int16_t Step = 0;
-    std::int32_t StepElapsed = 0;
-    std::int16_t PlayRequest = 0;
-    Boolean StepDue = False;
+    RowClock Clock;
     std::int16_t Line = 0;
     Boolean InBand = False;
     std::int16_t Band = 0;
