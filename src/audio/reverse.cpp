@@ -10,6 +10,7 @@
 #include "audio/scratch_bytes.h"
 #include "core/busy_pointer.h"
 #include "core/routines.h"
+#include "core/undo/memory_room.h"
 
 namespace marvolin {
 
@@ -93,7 +94,7 @@ void ReverseSample(Session& s, Row row) {
     DirectSoundBuffer& buffer = BufferOf(s, row);
     const std::int32_t count = s.Set[row].BufferBytes;
     const auto size = static_cast<std::size_t>(count);
-    const auto bytes = MakeScratchBytes(size + 1);
+    const auto bytes = WithRoom(s, [&] { return MakeScratchBytes(size + 1); });
     const WaveFormat format = buffer.GetFormat();
     const std::int32_t frameSize = ToI4(Int(format.Channels * format.BitsPerSample / 8.0));
     const FrameCopier copy = CopierFor(frameSize);
@@ -103,7 +104,7 @@ void ReverseSample(Session& s, Row row) {
         buffer.ReadBuffer(0, {bytes.get(), size});
         SwapFrames(bytes.get(), count, frameSize);
     }
-    buffer.WriteBuffer(0, {bytes.get(), size});
+    WithRoom(s, [&] { buffer.WriteBuffer(0, {bytes.get(), size}); });
     if (const auto sample = buffer.Keep()) sample->Backwards = !sample->Backwards;
 }
 

@@ -1,6 +1,7 @@
 #include "audio/sample_buffers.h"
 
 #include "audio/ds_error.h"
+#include "core/undo/memory_room.h"
 
 namespace marvolin {
 
@@ -25,7 +26,7 @@ int LoopCreateBuffer(Session& s, Row row, const std::string& path) {
     if (path.empty()) return 1;
     try {
         const std::int32_t flags = s.Use3D ? buffer_flags::kSample3D : buffer_flags::kSample;
-        TakeBuffer(s, row, s.DS->CreateSoundBufferFromFile(path, flags));
+        TakeBuffer(s, row, WithRoom(s, [&] { return s.DS->CreateSoundBufferFromFile(path, flags); }));
         return 0;
     } catch (const RuntimeError& e) {
         ReleaseBuffer(s, row);
@@ -36,7 +37,7 @@ int LoopCreateBuffer(Session& s, Row row, const std::string& path) {
 
 int LoopDuplicateBuffer(Session& s, Row row, Row source) {
     try {
-        TakeBuffer(s, row, s.DS->DuplicateSoundBuffer(BufferOf(s, source)));
+        TakeBuffer(s, row, WithRoom(s, [&] { return s.DS->DuplicateSoundBuffer(BufferOf(s, source)); }));
         return 0;
     } catch (const RuntimeError& e) {
         ReleaseBuffer(s, row);
@@ -48,7 +49,7 @@ int LoopDuplicateBuffer(Session& s, Row row, Row source) {
 int LoopKeptBuffer(Session& s, Row row, const std::shared_ptr<KeptSample>& sample) {
     try {
         const std::int32_t flags = s.Use3D ? buffer_flags::kSample3D : buffer_flags::kSample;
-        TakeBuffer(s, row, s.DS->CreateSoundBufferFromKept(sample, flags));
+        TakeBuffer(s, row, WithRoom(s, [&] { return s.DS->CreateSoundBufferFromKept(sample, flags); }));
         return 0;
     } catch (const RuntimeError& e) {
         ReleaseBuffer(s, row);

@@ -1,6 +1,7 @@
 #pragma once
 /// \file
-/// Making the buffer of a row: from a file, or as a duplicate of another row's.
+/// Making the buffer of a row: from a file, or as a duplicate of another row's. When memory ends, samples that only
+/// Backspace would bring back give way.
 
 #include <memory>
 #include <string>

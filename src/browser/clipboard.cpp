@@ -11,8 +11,6 @@ namespace marvolin {
 
 namespace {
 
-constexpr std::int16_t kLastClip = 2000;
-
 std::string ClipText(const LoopTrackSet& clip, std::ptrdiff_t others) {
     std::string text;
     if (others > 0) text.append(1, '(').append(std::to_string(others + 1)).append(") ");
@@ -46,7 +44,7 @@ bool HasClip(const Session& s, std::int16_t clip) { return clip >= 0 && clip <= 
 
 bool AddStagedClip(Session& s, std::ptrdiff_t others) {
     ClipBoardState& clips = s.Clips;
-    if (clips.ClipTop >= kLastClip) {
+    if (clips.ClipTop + 1 >= kMostClips) {
         s.World.Desk.Report("Too many LoopTracks on ClipBoard.");
         return false;
     }

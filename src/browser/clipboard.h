@@ -11,6 +11,8 @@
 
 namespace marvolin {
 
+inline constexpr std::int16_t kMostClips = 2001;  ///< on the clipboard
+
 /// Captions of `Components`.
 inline constexpr std::array<std::string_view, 7> kComponentTexts{"Sample",   "Vol",      "Pitch", "Pan",
                                                                  "Patterns", "Position", "Wire"};

@@ -90,6 +90,8 @@ public:
 class KeptSample {
 public:
     virtual ~KeptSample() = default;
+    /// Bytes of memory that it takes, with what the service has made of it to play it.
+    virtual std::size_t Memory() const = 0;
     bool Backwards = false;  ///< the frames stand in the reverse order of the file; kept by who turns them round
 };
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -23,15 +24,17 @@ struct FakeSample : KeptSample {
     FakeSample(const FakeSample&);
     FakeSample& operator=(const FakeSample&);
     ~FakeSample() override;
+    std::size_t Memory() const override { return Bytes.size(); }
 };
 
 /// State shared by all objects of one fake service.
 struct FakeSound {
     FakeSound();
     ~FakeSound();
-    std::vector<std::string> Log;                   ///< "SetVolume b0 -600", "Play b1 1", ... in order
-    std::map<std::string, std::uint32_t> Failures;  ///< operation name -> number that every such call raises
-    std::map<std::string, FakeSample> Samples;      ///< by path; any other path gets the default sample
+    std::vector<std::string> Log;                              ///< "SetVolume b0 -600", "Play b1 1", ... in order
+    std::map<std::string, std::uint32_t> Failures;             ///< operation name -> number that every such call raises
+    std::function<void(const std::string& operation)> OnCall;  ///< sees each call of the log, and may raise an error
+    std::map<std::string, FakeSample> Samples;                 ///< by path; any other path gets the default sample
     std::vector<std::string> Drivers{"Primary Sound Driver", "Second Device"};
     std::int32_t SpeakerConfig = 4;
     std::int32_t CreateFlags = 0;  ///< of the last sample
@@ -42,6 +45,7 @@ struct FakeSound {
 
     void Note(const std::string& operation, const std::string& rest) {
         Log.push_back(rest.empty() ? operation : operation + " " + rest);
+        if (OnCall) OnCall(operation);
         Check(operation);
     }
     void Check(const std::string& operation) const {

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
+#include <utility>
 
 #include "audio/beat_start.h"
 #include "audio/device.h"
@@ -18,6 +20,8 @@
 #include "performance/drops/dropper.h"
 #include "performance/drops/palette.h"
 #include "performance/drops/row_drops.h"
+#include "performance/joystick/joystick_setup.h"
+#include "performance/joystick/joystick_waiting.h"
 #include "performance/map/scatter.h"
 #include "performance/map/sound_map.h"
 #include "performance/map/use_3d.h"
@@ -163,6 +167,21 @@ TEST_F(Undo, AnOpenedSetGivesBackAllThatItReplaced) {
     GoBackAndForth(before, "Open of evening.mvn");
 }
 
+TEST_F(Undo, WhatAnOpenedSetAssignsToAJoystickThatHasNotComeIsTakenBack) {
+    ASSERT_TRUE(Save("before.mvn"));
+    JoyAssignButton(s, kJoyCentre, 7);
+    JoyAssignAxis(s, kMasterAxis, kAxisRX);
+    ASSERT_TRUE(Save("set.mvn"));
+    ASSERT_TRUE(Open("before.mvn"));
+    ASSERT_EQ(JoyButtonToKeep(s, kJoyCentre), 2);
+    Forget();
+    const std::string before = Portrait();
+    ASSERT_TRUE(Open("set.mvn"));
+    ASSERT_EQ(JoyButtonToKeep(s, kJoyCentre), 7);
+    ASSERT_EQ(JoyAxisToKeep(s, kMasterAxis), kAxisRX);
+    GoBackAndForth(before, LastText());
+}
+
 TEST_F(Undo, ASetThatSwitches3dGivesTheSamplesBackAlsoWhenTheirFilesHaveGone) {
     Load(0, "bells.wav", true);
     ASSERT_TRUE(Save("flat.mvn"));
@@ -302,6 +321,28 @@ TEST_F(Undo, StepsOfKeysOnAGraphThatFollowEachOtherAreOneStep) {
     const std::string before = Portrait();
     for (int n = 0; n < 60; ++n) PatternStep(s, kPanPattern, 2, 1);
     GoBackAndForth(before, "Drawing of the Pan pattern of A");
+}
+
+TEST_F(Undo, KeysOnAGraphAfterAPauseAreAStepOfTheirOwn) {
+    std::chrono::steady_clock::time_point now;
+    s.Undo = std::make_shared<UndoSteps>(kMostUndoBytes, [&] { return now; });
+    const auto steps = [&] {
+        int count = 0;
+        for (; !LastText().empty(); ++count) Undo_Click(s);
+        return count;
+    };
+    const auto draw = [&](std::chrono::milliseconds after) {
+        now += after;
+        PatternStep(s, kVolPattern, 2, -5);
+    };
+    using std::chrono::milliseconds;
+    for (int n = 0; n < 4; ++n) draw(kUndoRunPause - milliseconds(1));
+    EXPECT_EQ(steps(), 1) << "each key renews the time";
+    draw(milliseconds(10));
+    draw(milliseconds(10));
+    draw(kUndoRunPause);
+    draw(milliseconds(10));
+    EXPECT_EQ(steps(), 2);
 }
 
 TEST_F(Undo, WhatAScriptChangesIsNoStepAndLeavesWhatCanBeDoneAgain) {
@@ -459,6 +500,38 @@ TEST_F(Undo, ClipsThatWereDeletedComeBackToTheirPlace) {
     Undo_Click(s);
     ASSERT_EQ(s.Clips.ClipStore.size(), 4U) << "what the hand has added since stays";
     EXPECT_EQ(s.Clips.ClipTop, 3);
+}
+
+TEST_F(Undo, ClipsForWhichThereIsNoRoomAnyMoreWaitForTheNextTime) {
+    Load(0, "bells.wav");
+    for (int n = 0; n < kMostClips; ++n) {
+        ClipBoardList_DragDrop(s, {drags::kDropDown, 0, ""});
+        s.Clips.ClipStore.back().Vol = static_cast<std::int16_t>(n % 500);
+    }
+    Forget();
+    const std::vector<LoopTrackSet> all = s.Clips.ClipStore;
+    ClearClip_Click(s);
+    Load(1, "drum.wav");
+    ClipBoardList_DragDrop(s, {drags::kDropDown, 1, ""});
+    Undo_Click(s);
+    Undo_Click(s);
+    EXPECT_EQ(s.Clips.ClipStore.size(), static_cast<std::size_t>(kMostClips));
+    EXPECT_EQ(s.Clips.List.size(), s.Clips.ClipStore.size());
+    EXPECT_EQ(s.Clips.ClipTop, kMostClips - 1);
+    EXPECT_EQ(s.Clips.ClipStore[1999], all[1999]);
+    EXPECT_EQ(s.Clips.ClipStore[2000].FileName, Sample("drum.wav")) << "what the hand has added stays";
+    Redo_Click(s);
+    EXPECT_EQ(s.Clips.ClipStore.size(), 1U);
+    DeleteClip(s, 0);
+    Undo_Click(s);
+    Undo_Click(s);
+    EXPECT_EQ(s.Clips.ClipStore.size(), static_cast<std::size_t>(kMostClips)) << "one is the hand's again";
+    Redo_Click(s);
+    s.Clips.ClipStore.clear();
+    s.Clips.List.clear();
+    s.Clips.ClipTop = -1;
+    Undo_Click(s);
+    EXPECT_EQ(s.Clips.ClipStore, all) << "the last one has waited";
 }
 
 TEST_F(Undo, AClipOnARowIsAStep) {
@@ -781,6 +854,114 @@ TEST_F(Undo, ASampleWhoseMemoryAndFileHaveGoneIsNamed) {
     EXPECT_EQ(s.Run[0].Loaded, False);
     Redo_Click(s);
     EXPECT_EQ(s.Set[0].FileName, Sample("drum.wav"));
+}
+
+TEST_F(Undo, TheMemoryOfASampleCountsWithWhatTheServiceHasMadeOfIt) {
+    struct Planes : FakeSample {
+        std::size_t Memory() const override { return 2 * Bytes.size(); }
+    };
+    s.Undo = std::make_shared<UndoSteps>(5300);
+    Load(0, "hum.wav");
+    auto heavy = std::make_shared<Planes>();
+    heavy->Bytes.resize(5200);
+    Buffer(0).Sample = heavy;
+    std::weak_ptr<FakeSample> kept = heavy;
+    heavy.reset();
+    Load(0, "drum.wav");
+    EXPECT_TRUE(kept.expired()) << "its 5200 bytes take 10400";
+}
+
+TEST_F(Undo, ALoadForWhichMemoryEndsTakesThatOfTheOldestSamples) {
+    for (const char* name : {"bells.wav", "drum.wav", "hum.wav"}) Load(0, name);
+    std::weak_ptr<KeptSample> bells;
+    std::weak_ptr<KeptSample> drum;
+    Undo_Click(s);
+    drum = Buffer(0).Keep();
+    Undo_Click(s);
+    bells = Buffer(0).Keep();
+    Redo_Click(s);
+    Redo_Click(s);
+    int tries = 0;
+    Sound.OnCall = [&](const std::string& call) {
+        if (call != "CreateSoundBufferFromFile") return;
+        ++tries;
+        if (!bells.expired()) throw SoundError(sound_error::kOutOfMemory);
+    };
+    Load(1, "rain.wav");
+    EXPECT_EQ(tries, 2);
+    EXPECT_EQ(s.Set[1].FileName, Sample("rain.wav"));
+    EXPECT_FALSE(drum.expired()) << "one is enough";
+    EXPECT_TRUE(Desk.Boxes.empty());
+    Sound.OnCall = nullptr;
+    Undo_Click(s);
+    Undo_Click(s);
+    Undo_Click(s);
+    EXPECT_EQ(s.Set[0].FileName, Sample("bells.wav")) << "it comes back from its file";
+}
+
+TEST_F(Undo, ALoadForWhichNoMemoryCanBeMadeFailsAsEver) {
+    for (const char* name : {"bells.wav", "drum.wav"}) Load(0, name);
+    Load(2, "hum.wav");
+    std::weak_ptr<KeptSample> held = Buffer(2).Keep();
+    Sound.Failures["CreateSoundBufferFromFile"] = sound_error::kOutOfMemory;
+    Load(0, "rain.wav");
+    Sound.Failures.clear();
+    EXPECT_EQ(s.Run[0].Loaded, False);
+    EXPECT_EQ(Desk.Boxes.size(), 1U);
+    EXPECT_EQ(Buffer(2).Keep(), held.lock()) << "what is in a row is not given up";
+    const int reads = Reads();
+    Undo_Click(s);
+    EXPECT_EQ(s.Set[0].FileName, Sample("drum.wav"));
+    EXPECT_EQ(Reads(), reads + 1) << "its memory had to go, too";
+}
+
+TEST_F(Undo, AReversalForWhichMemoryEndsTakesThatOfTheOldestSamples) {
+    for (const char* name : {"bells.wav", "drum.wav"}) Load(0, name);
+    Undo_Click(s);
+    std::weak_ptr<KeptSample> bells = Buffer(0).Keep();
+    Redo_Click(s);
+    Sound.OnCall = [&](const std::string& call) {
+        if (call == "WriteBuffer" && !bells.expired()) throw SoundError(sound_error::kOutOfMemory);
+    };
+    LoopReverse(s, 0);
+    EXPECT_EQ(s.Run[0].Reversed, True);
+    EXPECT_TRUE(Desk.Boxes.empty());
+}
+
+/// A buffer for whose sample there is no memory once.
+struct OnceHungryBuffer : FakeSound::Buffer {
+    using FakeSound::Buffer::Buffer;
+    std::shared_ptr<KeptSample> Keep() override {
+        if (std::exchange(Hungry, false)) throw std::bad_alloc();
+        return FakeSound::Buffer::Keep();
+    }
+    bool Hungry = true;
+};
+
+TEST_F(Undo, WhenMemoryEndsBeforeAStepTheOldestSampleGivesWayToIt) {
+    for (const char* name : {"bells.wav", "hum.wav"}) Load(0, name);
+    Load(1, "drum.wav");
+    s.Run[1].Buffer = std::make_unique<OnceHungryBuffer>(Sound, 77, buffer_flags::kSample, Buffer(1).Sample);
+    LoopClearRows(s, 0);
+    EXPECT_EQ(LastText(), "Clear of A");
+    Undo_Click(s);
+    EXPECT_EQ(s.Set[0].FileName, Sample("hum.wav"));
+    Undo_Click(s);
+    const int reads = Reads();
+    Undo_Click(s);
+    EXPECT_EQ(s.Set[0].FileName, Sample("bells.wav"));
+    EXPECT_EQ(Reads(), reads + 1);
+}
+
+TEST_F(Undo, WhenMemoryEndsWithoutSamplesTheOldestStepGivesWay) {
+    SelectorRadio_Click(s, 0);
+    SelectorRadio_Click(s, 1);
+    Load(1, "drum.wav");
+    s.Run[1].Buffer = std::make_unique<OnceHungryBuffer>(Sound, 77, buffer_flags::kSample, Buffer(1).Sample);
+    SelectorRadio_Click(s, 2);
+    int steps = 0;
+    for (; !LastText().empty(); ++steps) Undo_Click(s);
+    EXPECT_EQ(steps, 3) << "four, but for the oldest";
 }
 
 /// A buffer for whose sample there is no memory any more.

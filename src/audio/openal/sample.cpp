@@ -46,6 +46,7 @@ PlaneBuffers::PlaneBuffers(OpenAlContext& context, const WaveFormat& format, std
     if (frames > std::numeric_limits<ALsizei>::max() / bytes) throw SoundError(sound_error::kOutOfMemory);
     plane_.resize(static_cast<std::size_t>(kPieceBytes / format_.BlockAlign * bytes));
     names_.resize(format_.Channels == 2 && !spatial_ ? 2 : 1);
+    memory_ = names_.size() * static_cast<std::size_t>(frames) * static_cast<std::size_t>(bytes);
     const OpenAlSetting setting(context_);
     alGenBuffers(static_cast<ALsizei>(names_.size()), names_.data());
     for (std::size_t i = 0; i < names_.size(); ++i) {

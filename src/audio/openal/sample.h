@@ -24,6 +24,8 @@ public:
 
     /// Stores whole frames, at most `kPieceBytes` bytes, from frame `first` on.
     void Put(std::int32_t first, std::span<const std::uint8_t> frames);
+    /// Bytes of all its channels.
+    std::size_t Memory() const { return memory_; }
     ALuint Left() const { return names_.front(); }
     ALuint Right() const { return names_.back(); }
 
@@ -35,6 +37,7 @@ private:
     WaveFormat format_;
     bool spatial_;
     std::vector<ALuint> names_;
+    std::size_t memory_ = 0;
     std::vector<std::uint8_t> plane_;  ///< scratch for one piece of one channel
 };
 
@@ -63,6 +66,7 @@ public:
     bool Suits(const OpenAlContext& context, bool spatial) const {
         return context_.get() == &context && spatial_ == spatial;
     }
+    std::size_t Memory() const override { return static_cast<std::size_t>(bytes_) + planes_->Memory(); }
     const WaveFormat& Format() const { return format_; }
     std::int32_t Bytes() const { return bytes_; }
     std::span<const std::uint8_t> Data() const { return {data_.get(), static_cast<std::size_t>(bytes_)}; }

@@ -22,7 +22,7 @@ enum class UndoScope : std::uint8_t {
 /// How a step follows the one before it.
 enum class UndoKind : std::uint8_t {
     Single,  ///< a step of its own
-    Run,     ///< one step with those right before it that have the same text, as of a key that is held
+    Run,     ///< one step with the one right before it if that has the same text, as of a key that is held
     Script,  ///< no step: what a script changes by itself. Inside a step of the hand it is part of that.
 };
 
@@ -49,6 +49,10 @@ public:
     virtual void TakeBack(Session& s) = 0;
     /// Does the step again that was taken back last.
     virtual void DoAgain(Session& s) = 0;
+
+    /// Gives up the memory of the oldest sample that is only here and in no row; it comes back from its file. False
+    /// when there is none.
+    virtual bool GiveUpOldest(Session& s) = 0;
 };
 
 /// A step, for as long as it lives. Does nothing while the session keeps no history.

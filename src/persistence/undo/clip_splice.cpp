@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "browser/clipboard.h"
+
 namespace marvolin {
 
 namespace {
@@ -21,6 +23,20 @@ void ExchangeIn(std::vector<Value>& values, std::size_t first, std::size_t count
     values.insert(values.erase(at, at + static_cast<std::ptrdiff_t>(count)), std::make_move_iterator(put.begin()),
                   std::make_move_iterator(put.end()));
     put = std::move(taken);
+}
+
+template <typename Value>
+void Append(std::vector<Value>& to, std::vector<Value>& from) {
+    to.insert(to.end(), std::make_move_iterator(from.begin()), std::make_move_iterator(from.end()));
+    from.clear();
+}
+
+/// Takes what is beyond the first `count` values away.
+template <typename Value>
+std::vector<Value> CutOff(std::vector<Value>& values, std::size_t count) {
+    std::vector<Value> end = Part(values, count, values.size() - count);
+    values.resize(count);
+    return end;
 }
 
 }  // namespace
@@ -44,9 +60,15 @@ void ClipSplice::Exchange(Session& s) {
     ClipBoardState& clips = s.Clips;
     first_ = std::min(first_, clips.ClipStore.size());
     count_ = std::min(count_, clips.ClipStore.size() - first_);
-    const std::size_t coming = other_.Clips.size();
+    constexpr std::size_t kMost = kMostClips;
+    const std::size_t room = kMost - std::min(kMost, clips.ClipStore.size() - count_);
+    const std::size_t coming = std::min(other_.Clips.size(), room);
+    ClipRun noRoom{CutOff(other_.Clips, coming), CutOff(other_.Texts, coming)};
     ExchangeIn(clips.ClipStore, first_, count_, other_.Clips);
     ExchangeIn(clips.List, first_, count_, other_.Texts);
+    Append(other_.Clips, noRoom_.Clips);
+    Append(other_.Texts, noRoom_.Texts);
+    noRoom_ = std::move(noRoom);
     count_ = coming;
     clips.ClipTop = static_cast<std::int16_t>(static_cast<int>(clips.ClipStore.size()) - 1);
     clips.Selected = -1;

@@ -16,7 +16,8 @@ struct ClipRun {
     std::vector<std::string> Texts;
 };
 
-/// Puts clips in the place of others. Clips that the hand has added behind them since stay.
+/// Puts clips in the place of others. Clips that the hand has added behind them since stay; those for which they leave
+/// no room on the clipboard, the last ones of the run, wait for the time when the step is taken back again.
 class ClipSplice {
 public:
     /// What turns the clipboard as it is now back into `before`.
@@ -30,6 +31,7 @@ private:
     std::size_t first_ = 0;  ///< of the clips that are replaced
     std::size_t count_ = 0;
     ClipRun other_;
+    ClipRun noRoom_;  ///< the end of the run that is there
 };
 
 }  // namespace marvolin

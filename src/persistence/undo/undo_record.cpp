@@ -97,8 +97,7 @@ WaitingRows Restore(Session& s, const Goal& goal, const UndoSnapshot& now) {
     RestoreSpace(s, goal.Rest, goal.RestChanged);
     for (Row row = 0; row < kUndoRows; ++row) {
         if (RestoreSample(s, row, goal.Rows[row], goal.Changed[row]) == SampleBack::Waits) {
-            waiting[row] = {s.Run[row].InHand.FileName, goal.Rows[row].Sample,
-                            static_cast<std::size_t>(goal.Rows[row].Set.BufferBytes)};
+            waiting[row] = {s.Run[row].InHand.FileName, goal.Rows[row].Sample};
         }
     }
     for (Row row = 0; row < kUndoRows; ++row) RestoreSettings(s, row, goal.Rows[row], goal.Changed[row]);
@@ -229,13 +228,13 @@ std::vector<std::string> Exchange(Session& s, UndoRecord& step) {
     return names;
 }
 
-std::vector<std::pair<const KeptSample*, std::size_t>> KeptBytes(const UndoRecord& step) {
-    std::vector<std::pair<const KeptSample*, std::size_t>> kept;
+std::vector<const KeptSample*> KeptBy(const UndoRecord& step) {
+    std::vector<const KeptSample*> kept;
     for (const RowState& row : step.Rows) {
-        if (row.Sample) kept.emplace_back(row.Sample.get(), static_cast<std::size_t>(row.Set.BufferBytes));
+        if (row.Sample) kept.push_back(row.Sample.get());
     }
     for (const UnheardSample& waits : step.Unheard) {
-        if (waits.Sample) kept.emplace_back(waits.Sample.get(), waits.Bytes);
+        if (waits.Sample) kept.push_back(waits.Sample.get());
     }
     return kept;
 }
@@ -243,6 +242,21 @@ std::vector<std::pair<const KeptSample*, std::size_t>> KeptBytes(const UndoRecor
 void GiveUpSamples(UndoRecord& step) {
     for (RowState& row : step.Rows) row.Sample.reset();
     for (UnheardSample& waits : step.Unheard) waits.Sample.reset();
+}
+
+void GiveUp(UndoRecord& step, const KeptSample* sample) {
+    for (RowState& row : step.Rows) {
+        if (row.Sample.get() == sample) row.Sample.reset();
+    }
+    for (UnheardSample& waits : step.Unheard) {
+        if (waits.Sample.get() == sample) waits.Sample.reset();
+    }
+}
+
+void GiveUp(UndoSnapshot& snapshot, const KeptSample* sample) {
+    for (RowState& row : snapshot.Rows) {
+        if (row.Sample.get() == sample) row.Sample.reset();
+    }
 }
 
 }  // namespace marvolin

@@ -45,7 +45,6 @@ void LeaveOut(Session& s, UndoSnapshot& before, const UndoSnapshot& since);
 struct UnheardSample {
     std::string Path;
     std::shared_ptr<KeptSample> Sample;
-    std::size_t Bytes = 0;
 };
 
 /// A step. Its values are those of the time before it; after it has been taken back, those of the time after it.
@@ -73,9 +72,12 @@ bool Join(UndoRecord& earlier, UndoRecord& later);
 /// the names of samples that wait for a device.
 std::vector<std::string> Exchange(Session& s, UndoRecord& step);
 
-/// Bytes of samples that the step keeps, each pair a sample and its size.
-std::vector<std::pair<const KeptSample*, std::size_t>> KeptBytes(const UndoRecord& step);
+/// The samples that the step keeps in memory.
+std::vector<const KeptSample*> KeptBy(const UndoRecord& step);
 /// Gives the memory of its samples up; they come back from their files.
 void GiveUpSamples(UndoRecord& step);
+/// Gives the memory of one sample up, in any row.
+void GiveUp(UndoRecord& step, const KeptSample* sample);
+void GiveUp(UndoSnapshot& snapshot, const KeptSample* sample);
 
 }  // namespace marvolin

@@ -1,5 +1,7 @@
 #include "persistence/undo/undo_steps.h"
 
+#include <algorithm>
+#include <new>
 #include <set>
 #include <utility>
 
@@ -23,15 +25,31 @@ UndoLimits Both(const UndoLimits& a, const UndoLimits& b) {
     return {a.Rows | b.Rows, a.Rest | b.Rest, a.Clips || b.Clips};
 }
 
+bool IsInARow(const Session& s, const KeptSample* sample) {
+    return std::any_of(s.Run.begin(), s.Run.end(),
+                       [&](const LoopTrackRun& run) { return run.Buffer && run.Buffer->Keep().get() == sample; });
+}
+
 }  // namespace
 
+template <typename Make>
+auto UndoSteps::MakeRoomFor(Session& s, Make make) {
+    for (;;) {
+        try {
+            return make();
+        } catch (const std::bad_alloc&) {
+            if (!GiveUpOldest(s) && !DropOldest()) throw;
+        }
+    }
+}
+
 void UndoSteps::Begin(Session& s, std::string_view text, UndoScope scope, UndoKind kind) {
-    if (exchanging_) return;
+    if (exchanged_ != nullptr) return;
     try {
         if (depth_ == 0) {
             Open(s, text, scope, kind);
         } else if (step_) {
-            Widen(s, step_->Before, LimitsOf(scope));
+            MakeRoomFor(s, [&] { Widen(s, step_->Before, LimitsOf(scope)); });
             step_->Limits = Both(step_->Limits, LimitsOf(scope));
             if (step_->Text.empty()) step_->Text = text;
         }
@@ -43,19 +61,19 @@ void UndoSteps::Begin(Session& s, std::string_view text, UndoScope scope, UndoKi
 
 void UndoSteps::Open(Session& s, std::string_view text, UndoScope scope, UndoKind kind) {
     if (kind == UndoKind::Script) {
-        if (drag_) aside_ = TakeSnapshot(s, drag_->Limits);
+        if (drag_) aside_ = NewSnapshot(s, drag_->Limits);
         return;
     }
     if (drag_) Close(s, *drag_);
-    step_ = Gesture{std::string(text), kind, LimitsOf(scope), TakeSnapshot(s, LimitsOf(scope))};
+    step_ = Gesture{std::string(text), kind, LimitsOf(scope), NewSnapshot(s, LimitsOf(scope))};
 }
 
 void UndoSteps::End(Session& s) noexcept {
-    if (exchanging_ || depth_ == 0 || --depth_ > 0) return;
+    if (exchanged_ != nullptr || depth_ == 0 || --depth_ > 0) return;
     try {
         if (step_) {
             Close(s, *step_);
-            if (drag_) drag_->Before = TakeSnapshot(s, drag_->Limits);
+            if (drag_) drag_->Before = NewSnapshot(s, drag_->Limits);
         } else if (drag_ && aside_) {
             LeaveOut(s, drag_->Before, *aside_);
         }
@@ -67,17 +85,17 @@ void UndoSteps::End(Session& s) noexcept {
 }
 
 void UndoSteps::BeginDrag(Session& s, std::string_view text, UndoScope scope) {
-    if (exchanging_ || depth_ > 0) return;
+    if (exchanged_ != nullptr || depth_ > 0) return;
     EndDrag(s);
     try {
-        drag_ = Gesture{std::string(text), UndoKind::Single, LimitsOf(scope), TakeSnapshot(s, LimitsOf(scope))};
+        drag_ = Gesture{std::string(text), UndoKind::Single, LimitsOf(scope), NewSnapshot(s, LimitsOf(scope))};
     } catch (const std::exception&) {
         Forget(s, kNoMemory);
     }
 }
 
 void UndoSteps::EndDrag(Session& s) noexcept {
-    if (exchanging_ || !drag_) return;
+    if (exchanged_ != nullptr || !drag_) return;
     try {
         Close(s, *drag_);
     } catch (const std::exception&) {
@@ -101,7 +119,7 @@ void UndoSteps::Forget(Session& s, const char* why) noexcept {
 }
 
 void UndoSteps::Close(Session& s, Gesture& open) {
-    UndoRecord step = MakeRecord(s, open.Before, open.Limits);
+    UndoRecord step = MakeRoomFor(s, [&] { return MakeRecord(s, open.Before, open.Limits); });
     if (step.Empty()) return;
     step.Text = open.Text;
     step.Kind = open.Kind;
@@ -110,8 +128,10 @@ void UndoSteps::Close(Session& s, Gesture& open) {
 
 void UndoSteps::Push(Session& s, UndoRecord step) {
     // What has been taken back before is no part of the run.
+    const auto now = clock_();
+    const bool soon = now - std::exchange(pushed_, now) < kUndoRunPause;
     const bool run =
-        again_.empty() && !back_.empty() && step.Kind != UndoKind::Single && back_.back().Kind == step.Kind;
+        soon && again_.empty() && !back_.empty() && step.Kind != UndoKind::Single && back_.back().Kind == step.Kind;
     again_.clear();
     const bool joined = run && back_.back().Text == step.Text && Join(back_.back(), step);
     if (!joined) back_.push_back(std::move(step));
@@ -125,14 +145,14 @@ std::string UndoSteps::Last() const { return back_.empty() ? "" : back_.back().T
 std::string UndoSteps::Next() const { return again_.empty() ? "" : again_.back().Text; }
 
 void UndoSteps::TakeBack(Session& s) {
-    if (depth_ > 0 || exchanging_) return;
+    if (depth_ > 0 || exchanged_ != nullptr) return;
     if (drag_) return ShowStatus(s, kDraws);
     if (back_.empty()) return ShowStatus(s, "There is nothing to take back");
     Move(s, back_, again_, "Taken back: ");
 }
 
 void UndoSteps::DoAgain(Session& s) {
-    if (depth_ > 0 || exchanging_) return;
+    if (depth_ > 0 || exchanged_ != nullptr) return;
     if (drag_) return ShowStatus(s, kDraws);
     if (again_.empty()) return ShowStatus(s, "There is nothing to do again");
     Move(s, again_, back_, "Done again: ");
@@ -140,11 +160,11 @@ void UndoSteps::DoAgain(Session& s) {
 
 void UndoSteps::Move(Session& s, Steps& from, Steps& to, const char* words) {
     struct Exchanging {
-        explicit Exchanging(bool& flag) : Flag(flag) { Flag = true; }
-        ~Exchanging() { Flag = false; }
+        Exchanging(UndoRecord*& place, UndoRecord& step) : Place(place) { Place = &step; }
+        ~Exchanging() { Place = nullptr; }
         Exchanging(const Exchanging&) = delete;
         Exchanging& operator=(const Exchanging&) = delete;
-        bool& Flag;
+        UndoRecord*& Place;
     };
     // A list that is open shows what is about to change.
     s.World.Screen.ShowHistoryList(false);
@@ -153,7 +173,7 @@ void UndoSteps::Move(Session& s, Steps& from, Steps& to, const char* words) {
     try {
         to.push_back(std::move(from.back()));
         from.pop_back();
-        const Exchanging guard(exchanging_);
+        const Exchanging guard(exchanged_, to.back());
         waiting = Exchange(s, to.back());
     } catch (const std::exception&) {
         // The instrument is between two states, and no step fits it any more.
@@ -176,14 +196,52 @@ void UndoSteps::LimitMemory(const Session& s) {
     std::size_t bytes = 0;
     const auto count = [&](UndoRecord& step) {
         std::size_t own = 0;
-        for (const auto& [sample, size] : KeptBytes(step)) {
-            if (counted.insert(sample).second) own += size;
+        for (const KeptSample* sample : KeptBy(step)) {
+            if (counted.insert(sample).second) own += sample->Memory();
         }
         bytes += own;
         if (bytes > mostBytes_ && own > 0) GiveUpSamples(step);
     };
     for (auto step = back_.rbegin(); step != back_.rend(); ++step) count(*step);
     for (auto step = again_.rbegin(); step != again_.rend(); ++step) count(*step);
+}
+
+bool UndoSteps::GiveUpOldest(Session& s) {
+    const KeptSample* oldest = nullptr;
+    const auto consider = [&](const std::shared_ptr<KeptSample>& sample) {
+        if (oldest == nullptr && sample && !IsInARow(s, sample.get())) oldest = sample.get();
+    };
+    const auto considerStep = [&](const UndoRecord& step) {
+        if (&step == exchanged_) return;
+        for (const RowState& row : step.Rows) consider(row.Sample);
+        for (const UnheardSample& waits : step.Unheard) consider(waits.Sample);
+    };
+    for (const UndoRecord& step : back_) considerStep(step);
+    for (const UndoRecord& step : again_) considerStep(step);
+    // At last what the gesture under way replaces.
+    for (const std::optional<Gesture>* open : {&drag_, &step_}) {
+        if (!*open) continue;
+        for (const RowState& row : (*open)->Before.Rows) consider(row.Sample);
+    }
+    if (oldest == nullptr) return false;
+    for (Steps* steps : {&back_, &again_}) {
+        for (UndoRecord& step : *steps) GiveUp(step, oldest);
+    }
+    for (std::optional<Gesture>* open : {&drag_, &step_}) {
+        if (*open) GiveUp((*open)->Before, oldest);
+    }
+    return true;
+}
+
+bool UndoSteps::DropOldest() {
+    Steps& steps = back_.empty() ? again_ : back_;
+    if (steps.empty()) return false;
+    steps.pop_front();
+    return true;
+}
+
+UndoSnapshot UndoSteps::NewSnapshot(Session& s, const UndoLimits& limits) {
+    return MakeRoomFor(s, [&] { return TakeSnapshot(s, limits); });
 }
 
 }  // namespace marvolin
