@@ -5,26 +5,15 @@
 #include <optional>
 #include <string>
 
-#include "core/session.h"
-#include "fakes/fake_display.h"
-#include "fakes/fake_services.h"
-#include "fakes/temp_folder.h"
 #include "persistence/kept/last_state.h"
-#include "persistence/session_file_store.h"
+#include "persistence/stored_instrument.h"
 
 namespace marvolin::test {
 
-struct KeptRig : FakeServices {
-    TempFolder Folder;
-    FakeDisplay Screen;
-    SessionFileStore Files;
-    Session s{For(Screen, Files)};
-
+struct KeptRig : StoredInstrument {
     /// Samples "a.wav" to "d.wav" lie in the folder.
     KeptRig();
 
-    void Load(Row row, const std::string& name);
-    bool Open(const std::string& name);
     bool Save(const std::string& name);
     /// Lets time pass, a second at a time; what is written then is on the disk.
     void Pass(int seconds);

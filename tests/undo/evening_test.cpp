@@ -6,6 +6,7 @@
 #include "audio/loop_clearing.h"
 #include "audio/thinning.h"
 #include "browser/clipboard.h"
+#include "parameters/setters.h"
 #include "performance/drops/dropper.h"
 #include "performance/drops/file_drops.h"
 #include "performance/drops/palette.h"
@@ -18,6 +19,7 @@
 #include "persistence/clips.h"
 #include "persistence/quick_load.h"
 #include "persistence/save_open.h"
+#include "sequencing/loop_clock.h"
 #include "sequencing/patterns.h"
 #include "undo/undo_rig.h"
 
@@ -25,6 +27,7 @@ namespace marvolin::test {
 namespace {
 
 constexpr int kRuns = 200;
+constexpr int kTimedRuns = 80;
 constexpr int kSilentRuns = 40;
 constexpr int kActions = 40;  // fewer than can be taken back
 
@@ -219,6 +222,63 @@ void PlayAnEvening(UndoRig& rig, unsigned seed) {
         ASSERT_EQ(rig.Portrait(), portraits[next]) << "done again: " << text;
     }
     ASSERT_EQ(RedoText(rig.s), "");
+}
+
+/// Between two steps time passes, and the hand moves knobs.
+void PassTime(UndoRig& rig, RandomHand& hand) {
+    Session& s = rig.s;
+    for (int tick = hand.Below(20); tick > 0; --tick) LoopTimer_Timer(s, 1 + hand.Below(40));
+    if (hand.Below(2) == 0) return;
+    const auto row = static_cast<Row>(hand.Below(kRows));
+    switch (hand.Below(3)) {
+        case 0:
+            return LoopVolChangeGang(s, row, static_cast<std::int16_t>(hand.Below(kVolFull + 1)), UpdateDisplay::Yes);
+        case 1:
+            return LoopPanChangeGang(s, row, static_cast<std::int16_t>(hand.Below(1001)));
+        default:
+            return LoopHzChangeGang(s, row, static_cast<std::int16_t>(hand.Below(1001)));
+    }
+}
+
+/// The clock goes on while steps are taken back, and shows on row Z whether anything plays.
+std::string PortraitAfterATick(UndoRig& rig, Knobs knobs = Knobs::Told) {
+    LoopTimer_Timer(rig.s, 1);
+    return rig.Portrait(knobs);
+}
+
+/// What a knob has moved stays where no step has changed it, so the way back does not end at the start. But each step
+/// done again must lead to what was there before it was taken back, and all that no knob moves comes back to its start.
+void PlayAnEveningInTime(UndoRig& rig, unsigned seed) {
+    RandomHand hand(rig, seed);
+    const std::string start = PortraitAfterATick(rig, Knobs::LeftOut);
+    for (int action = 0; action < kActions; ++action) {
+        hand.Act();
+        PassTime(rig, hand);
+    }
+    std::vector<std::string> portraits{PortraitAfterATick(rig)};
+    std::vector<std::string> texts;
+    while (!rig.LastText().empty()) {
+        texts.push_back(rig.LastText());
+        Undo_Click(rig.s);
+        portraits.push_back(PortraitAfterATick(rig));
+    }
+    ASSERT_GT(texts.size(), 10U);
+    ASSERT_EQ(PortraitAfterATick(rig, Knobs::LeftOut), start);
+    for (std::size_t left = texts.size(); left-- > 0;) {
+        Redo_Click(rig.s);
+        ASSERT_EQ(PortraitAfterATick(rig), portraits[left]) << "done again: " << texts[left];
+    }
+    ASSERT_EQ(RedoText(rig.s), "");
+}
+
+TEST(Evening, WithTicksAndKnobsBetweenItsStepsIsTakenBackAndDoneAgain) {
+    for (unsigned seed = 1; seed <= kTimedRuns; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        UndoRig rig;
+        Prepare(rig);
+        PlayAnEveningInTime(rig, seed);
+        if (testing::Test::HasFatalFailure()) return;
+    }
 }
 
 TEST(Evening, OfRandomGesturesIsTakenBackToItsStartAndDoneAgainToItsEnd) {

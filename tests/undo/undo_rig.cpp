@@ -3,13 +3,9 @@
 #include <algorithm>
 #include <sstream>
 
-#include "browser/sample_bins.h"
 #include "core/files/tagged_value.h"
 #include "fakes/file_bytes.h"
-#include "performance/pad/mix_pad.h"
-#include "performance/pad/pad_tables.h"
 #include "persistence/quick_load.h"
-#include "persistence/save_open.h"
 #include "persistence/session_writer.h"
 #include "persistence/settings_section.h"
 
@@ -31,7 +27,7 @@ void TellSet(std::ostream& out, const LoopTrackSet& set) {
 
 }  // namespace
 
-UndoRig::UndoRig() {
+UndoRig::UndoRig() : StoredInstrument({"Primary Sound Driver", "Second Device", "No Sound"}) {
     std::uint8_t first = 1;
     for (const char* name : {"bells.wav", "drum.wav", "hum.wav", "rain.wav", "wind.wav"}) {
         WriteBytes(Folder / name, name);
@@ -42,25 +38,9 @@ UndoRig::UndoRig() {
         Sound.Samples[Folder / name] = sample;
         ++first;
     }
-    Desk.Folder = Folder.Path();
     Desk.TempFile = Folder / "VBN1.tmp";
-    s.DX = std::make_unique<FakeDirectX>(Sound);
-    s.DSEnum = s.DX->GetDSEnum();
-    s.Drivers = {"Primary Sound Driver", "Second Device", "No Sound"};
-    s.Driver = s.OpenDriver = 0;
-    s.DS = s.DX->DirectSoundCreate("guid1");
-    s.DSReady = s.DeviceSwapArmed = s.GangReady = true;
-    s.CurrentFolder = Folder.Path() + "/";
-    for (clsSwitchRecord& switches : s.SaveOpenSwitches) switches.SetSwitch(true);
-    PadGeometryInit(s, 4500, 4500);
-    PadTablesInit(s);
-    InitPicks(s);
     s.ActiveTab = kPatternTab;
     StartUndo(s);
-}
-
-void UndoRig::Load(Row row, const std::string& name, bool play) {
-    LoadSample(s, {.Path = Folder / name, .Target = row, .Play = play});
 }
 
 bool UndoRig::Save(const std::string& name) {
@@ -69,22 +49,23 @@ bool UndoRig::Save(const std::string& name) {
     return saved;
 }
 
-bool UndoRig::Open(const std::string& name) { return OpenBesideDialogue(s, Folder / name); }
-
-std::string UndoRig::Portrait() {
+std::string UndoRig::Portrait(Knobs knobs) {
     std::ostringstream out;
+    const bool told = knobs == Knobs::Told;
     for (Row row = 0; row <= kSelectionRow; ++row) {
         const LoopTrackRun& run = s.Run[row];
+        LoopTrackSet set = s.Set[row];
+        if (!told) set.Vol = set.Pan = set.Hz = 0;
         const bool runs = run.Playing != False || run.InHand.Playing;  // step and cursor go on by themselves
         out << RowLetter(row) << ' ';
-        TellSet(out, s.Set[row]);
+        TellSet(out, set);
         out << "\n  loaded " << run.Loaded << " playing " << run.Playing << " paused " << run.Paused << " reversed "
             << (run.Loaded != False && run.Reversed != False) << " waits " << run.InHand.FileName << ' '
             << run.InHand.BeatStart << run.InHand.Playing << run.InHand.Paused << run.InHand.Sounds
             << (run.InHand.Sounds && run.InHand.Loops) << run.InHand.Reversed << (runs ? 0 : run.InHand.Cursor)
             << " step " << (runs ? 0 : run.Step) << ' ' << (runs ? 0 : run.StepElapsed) << " start "
-            << run.BeatStartBytes << " band " << run.InBand << run.Band << " line " << s.SndDisp[row].Line << " level "
-            << s.SndDisp[row].Level;
+            << run.BeatStartBytes << " band " << run.InBand << run.Band << " line " << (told ? s.SndDisp[row].Line : 0)
+            << " level " << (told ? s.SndDisp[row].Level : 0);
         if (run.Buffer) {
             const FakeSound::Buffer& buffer = Buffer(row);
             long weighed = 0;
@@ -94,7 +75,7 @@ std::string UndoRig::Portrait() {
             out << " bytes " << weighed << " status " << buffer.Status;
             if (!runs) out << " at " << buffer.Position;
             // The steps of a pattern colour the values, also of a row that has been stopped.
-            const bool coloured = run.Playing == False || s.Set[row].PlayMode >= kTrack;
+            const bool coloured = !told || run.Playing == False || s.Set[row].PlayMode >= kTrack;
             if (!coloured) out << " vol " << buffer.Volume << " hz " << buffer.Frequency;
             if (!coloured && !s.Use3D) out << " pan " << buffer.Pan;
         }
