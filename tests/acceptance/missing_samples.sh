@@ -6,15 +6,7 @@ CONTROLS=(DropDown_0 DropDown_1 DropDown_2 VolKnob_0 VolKnob_1 VolKnob_2 PanKnob
 names() { grep -aq "$2" "$1"; }
 
 echo "A set"
-expect "the browser is open beside the main window" find_browser
-# Row 7 of the destinations: bins 1 to 3 feed A to C.
-destination 0 2
-begin=$(now)
-bin_click 0 1
-expect "a click loads and plays" sounds_since "$begin"
-bin_click 1 2
-bin_click 2 0
-stop_all
+load_three
 drag VolKnob_1 -12 0
 drag PanKnob_1 10 0
 remember "${CONTROLS[@]}"

@@ -42,14 +42,7 @@ side() {
 }
 
 echo "Places on the map"
-expect "the browser is open beside the main window" find_browser
-destination 0 2
-begin=$(now)
-bin_click 0 1
-expect "a click loads and plays" sounds_since "$begin"
-bin_click 1 2
-bin_click 2 0
-stop_all
+load_three
 click Tab_1
 park
 off=$(face Map)

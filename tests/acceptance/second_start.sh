@@ -22,11 +22,7 @@ second_start() {
 }
 
 echo "A second start"
-expect "the browser is open beside the main window" find_browser
-destination 0 2
-begin=$(now)
-bin_click 0 1
-expect "a click loads and plays" sounds_since "$begin"
+load_a
 xdotool windowactivate --sync "$BROWSER"
 expect "the browser has the keyboard" is_active "$BROWSER"
 second_start

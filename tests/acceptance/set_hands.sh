@@ -28,6 +28,24 @@ destination() {
   xdotool key "${keys[@]}" Return
 }
 
+# load_a: a click on the second sample of the first bin loads it into A and plays it. Row 7 of the destinations: bins 1 to 3
+# feed A to C.
+load_a() {
+  local begin
+  expect "the browser is open beside the main window" find_browser
+  destination 0 2
+  begin=$(now)
+  bin_click 0 1
+  expect "a click loads and plays" sounds_since "$begin"
+}
+# load_three: fills A, B and C from the bins and stops them.
+load_three() {
+  load_a
+  bin_click 1 2
+  bin_click 2 0
+  stop_all
+}
+
 # on_screen NAME [X Y]: prints the screen position of a position in a control of the main window or the browser.
 on_screen() {
   local corner place
