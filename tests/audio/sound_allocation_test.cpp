@@ -46,6 +46,17 @@ TEST_F(SoundAllocation, TheCounterSeesWhatTheLibraryAllocatesOnTheThreadThatRend
     EXPECT_GT(allocations, 0);
 }
 
+TEST_F(SoundAllocation, WhetherAMixerHasHeadphonesIsAskedOfTheLibraryOnce) {
+    device_.reset();
+    OpenAlContext mixer(std::make_shared<LoadMeter>());
+    long before = Mallocs();
+    const bool has = mixer.HasHeadphones();
+    EXPECT_GT(Mallocs(), before) << "the library looks for the data of heads";
+    before = Mallocs();
+    EXPECT_EQ(mixer.HasHeadphones(), has);
+    EXPECT_EQ(Mallocs(), before) << "the answer is remembered: the map asks each time it is shown";
+}
+
 TEST_F(SoundAllocation, AMixerThatCannotBeMadeReleasesEverything) {
     device_.reset();
     const auto meter = std::make_shared<LoadMeter>();
