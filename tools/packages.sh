@@ -8,7 +8,7 @@ packages_program=(g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev libs
 packages_stage=(xvfb openbox xdotool imagemagick x11-utils)
 # Needed in addition by the tests.
 packages_tests=("${packages_stage[@]}" libgtest-dev libgmock-dev ccache mold alsa-utils locales at-spi2-core dbus
-  python3-pyatspi)
+  python3-pyatspi pulseaudio pulseaudio-utils)
 
 # Needed in addition by ./package, which also checks what it has made.
 packages_package=(dpkg-dev lintian desktop-file-utils appstream gzip)
