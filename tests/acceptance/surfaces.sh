@@ -125,6 +125,45 @@ for button in 1 3; do
 done
 picture "mix pad, centred"
 
+echo "The twist"
+# Under "400 Pitch" it fades volumes: at an end of its line the two LoopTracks of that end are silent.
+click PadType
+xdotool key Up Return
+park
+read -r x y <<<"$(at TwistIndicator 184 18)"
+# twist_to FROM TO: drags the ball of the twist, in pixels from the centre of its line.
+twist_to() {
+  local i moves=()
+  for i in 1 2 3 4; do moves+=(mousemove --window "$WINDOW" $((x + $1 + ($2 - $1) * i / 4)) "$y" sleep 0.01); done
+  xdotool mousemove --window "$WINDOW" $((x + $1)) "$y" mousedown 1 "${moves[@]}" mouseup 1
+  park
+}
+# ends WORDS SILENT...: these are silent, the others as at the centre.
+ends() {
+  local row words=$1
+  shift
+  hear "$words"
+  for row in 0 1 2 3; do
+    if [[ " $* " == *" $row "* ]]; then
+      between "$words: tone $row is silent" "${LEVELS[row]}" -10000 -8000
+    else
+      level "$words" "$row" 0
+    fi
+  done
+}
+ends "another type"
+twist_to 0 170
+ends "twisted to the right" 0 3
+picture "twisted"
+twist_to 142 -170
+ends "twisted to the left" 1 2
+xdotool mousemove --window "$WINDOW" $((x - 142)) "$y" click --repeat 2 --delay 40 1
+park
+ends "a double click on its ball"
+click PadType
+xdotool key Down Return
+park
+
 echo "Selection"
 off=()
 for row in 0 1 2 3; do off+=("$(face "Selected_$row")"); done
