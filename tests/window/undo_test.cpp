@@ -49,6 +49,25 @@ TEST_F(UndoWindow, AClickTakesBackAndTheHintNamesTheStep) {
     EXPECT_TRUE(Cleared());
 }
 
+TEST_F(UndoWindow, AButtonThatHasNoStepLeftHandsTheFocusToTheOther) {
+    Form->activateWindow();
+    At("Undo")->setFocus();
+    ASSERT_TRUE(At("Undo")->hasFocus());
+    QTest::keyClick(At("Undo"), Qt::Key_Space);
+    ASSERT_FALSE(At("Undo")->isEnabled());
+    EXPECT_TRUE(At("Redo")->hasFocus());
+    QTest::keyClick(At("Redo"), Qt::Key_Space);
+    ASSERT_FALSE(At("Redo")->isEnabled());
+    EXPECT_TRUE(At("Undo")->hasFocus());
+}
+
+TEST_F(UndoWindow, AButtonThatHasAnotherStepKeepsTheFocus) {
+    SelectorRadio_Click(s, 0);
+    At("Undo")->setFocus();
+    QTest::keyClick(At("Undo"), Qt::Key_Space);
+    EXPECT_TRUE(At("Undo")->hasFocus());
+}
+
 TEST_F(UndoWindow, BackspaceActsWhicheverControlHasTheFocus) {
     for (const char* name : {"Play_0", "VolKnob_2", "ToTop", "Tab_1", "frmMain"}) {
         SCOPED_TRACE(name);

@@ -32,9 +32,11 @@ UndoButton::UndoButton(Session& session, QWidget* parent, Turn turn)
 }
 
 void UndoButton::Refresh() {
-    setEnabled(!(turn_ == Turn::Back ? UndoText(s) : RedoText(s)).empty());
+    setEnabled(HasStep());
     update();
 }
+
+bool UndoButton::HasStep() const { return !(turn_ == Turn::Back ? UndoText(s) : RedoText(s)).empty(); }
 
 void UndoButton::paintEvent(QPaintEvent*) {
     QPainter p(this);

@@ -11,6 +11,8 @@ public:
 
     UndoButton(Session& session, QWidget* parent, Turn turn);
     void Refresh() override;
+    /// Whether there is a step for it.
+    bool HasStep() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -37,7 +37,15 @@ void SelectorStrip::RefreshButton(int button) { buttons_[static_cast<std::size_t
 void SelectorStrip::RefreshBands() { bands_->Refresh(); }
 
 void SelectorStrip::RefreshUndo() {
-    for (Control* button : undo_) button->Refresh();
+    // A button that is done hands the focus to its twin; the toolkit would take it away to the next control.
+    for (std::size_t i = 0; i < undo_.size(); ++i) {
+        UndoButton* other = undo_[1 - i];
+        if (!undo_[i]->hasFocus() || undo_[i]->HasStep() || !other->HasStep()) continue;
+        other->Refresh();
+        other->setFocus();
+        break;
+    }
+    for (UndoButton* button : undo_) button->Refresh();
 }
 
 void SelectorStrip::paintEvent(QPaintEvent*) {

@@ -8,6 +8,7 @@
 namespace marvolin {
 
 class Control;
+class UndoButton;
 
 /// The strip below the rows: `SelectorRadio`, `Bands`, and at its end `Undo` and `Redo`.
 class SelectorStrip : public QWidget {
@@ -26,7 +27,7 @@ private:
     Session& s;
     std::array<Control*, kBands + 1> buttons_{};
     Control* bands_ = nullptr;
-    std::array<Control*, 2> undo_{};
+    std::array<UndoButton*, 2> undo_{};
 };
 
 }  // namespace marvolin
