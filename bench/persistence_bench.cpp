@@ -6,8 +6,10 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
+#include <memory>
 #include <vector>
 
 #include "browser/clipboard.h"
@@ -18,6 +20,8 @@
 #include "performance/pad/mix_pad.h"
 #include "performance/pad/pad_tables.h"
 #include "persistence/kept/last_state.h"
+#include "persistence/missing/missing_sample.h"
+#include "persistence/missing/sample_search.h"
 #include "persistence/session_reader.h"
 #include "persistence/session_writer.h"
 
@@ -26,6 +30,7 @@ namespace {
 
 constexpr int kFullClipBoard = 2001;
 constexpr int kManyFiles = 10000;
+constexpr int kMostFiles = 100000;
 
 clsSwitchRecord All() {
     clsSwitchRecord switches;
@@ -132,6 +137,55 @@ void LookAtTheSetInHand(benchmark::State& state) {
     if (SetHasChanged(b.s)) state.SkipWithError("nothing has changed");
 }
 BENCHMARK(LookAtTheSetInHand)->Unit(benchmark::kMillisecond);
+
+/// The same with a clip that has changed, whose records are made anew.
+void LookAtTheSetInHandAfterAClip(benchmark::State& state) {
+    Large b;
+    b.s.SaveOpenSwitches[kWhenSaving] = All();
+    b.Desk.Folder = b.s.CurrentFolder = b.Folder.Path();
+    b.s.CurrentFile = "large.mvn";
+    StartKeeping(b.s);
+    NoteSetOnDisk(b.s, b.File);
+    const auto tick = b.Timers.Live.back()->OnTick;
+    for (auto _ : state) {
+        b.s.Clips.ClipStore.back().Vol = static_cast<std::int16_t>((b.s.Clips.ClipStore.back().Vol + 1) % kVolFull);
+        tick(0);
+    }
+}
+BENCHMARK(LookAtTheSetInHandAfterAClip)->Unit(benchmark::kMillisecond);
+
+/// A folder of a hundred thousand files, as "Find" may be sent to.
+struct FullFolder {
+    test::TempFolder Folder;
+    FullFolder() {
+        for (int k = 0; k < kMostFiles; ++k) test::WriteBytes(Folder / ("Sample " + std::to_string(k) + ".wav"), "");
+    }
+};
+
+/// One turn of "Find": what the window waits for. The first turn of a search reads the folder's first entries.
+void LookAtFiveHundredOfAHundredThousandFiles(benchmark::State& state) {
+    const FullFolder b;
+    const std::vector<std::string> names{"kick.wav", "snare.wav", "hat.wav", "bell.wav"};
+    auto search = std::make_unique<SampleSearch>(b.Folder.Path(), names);
+    double longest = 0;
+    for (auto _ : state) {
+        const auto begin = std::chrono::steady_clock::now();
+        if (search->Step(500)) search = std::make_unique<SampleSearch>(b.Folder.Path(), names);
+        const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - begin;
+        longest = std::max(longest, took.count());
+    }
+    state.counters["longest_ms"] = longest;
+}
+BENCHMARK(LookAtFiveHundredOfAHundredThousandFiles)->Unit(benchmark::kMicrosecond)->Iterations(1000);
+
+/// What an opened set waits for, for each sample that is missing, when its folder and three bins are such a folder.
+void LookBesideTheSetInAHundredThousandFiles(benchmark::State& state) {
+    const FullFolder b;
+    Large set;
+    for (SampleBin& bin : set.s.Bins) bin.Folder = b.Folder.Path();
+    for (auto _ : state) benchmark::DoNotOptimize(FindNearby(set.s, "/music/kick.wav", b.Folder.Path()));
+}
+BENCHMARK(LookBesideTheSetInAHundredThousandFiles)->Unit(benchmark::kMillisecond);
 
 void LoadLarge(benchmark::State& state) {
     Large b;

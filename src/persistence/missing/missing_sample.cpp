@@ -163,6 +163,10 @@ std::string FindNearby(const Session& s, const std::string& stored, const std::s
     std::vector<std::string> folders{setFolder};
     for (const SampleBin& bin : s.Bins) folders.push_back(bin.Folder);
     folders.erase(std::remove(folders.begin(), folders.end(), ""), folders.end());
+    for (auto folder = folders.begin(); folder != folders.end(); ++folder) {
+        // Bins often show one folder.
+        folders.erase(std::remove(folder + 1, folders.end(), *folder), folders.end());
+    }
     std::vector<std::string> paths;
     for (const std::string& folder : folders) {
         if (TargetExists(JoinPath(folder, name))) paths.push_back(JoinPath(folder, name));
