@@ -142,12 +142,12 @@ private:
             });
         }
         std::set<std::string> laid;
-        for (auto& [file, copy] : files) {
+        for (const auto& entry : files) {
             Try([&] {
-                copy->Sync();
-                copy->TakeName();
-                laid.insert(file.Name);
-                now_.Files.push_back(file);
+                entry.second->Sync();
+                entry.second->TakeName();
+                laid.insert(entry.first.Name);
+                now_.Files.push_back(entry.first);
             });
         }
         // Of a file that could not be renewed the player still has the former one.
