@@ -2,9 +2,6 @@
 /// Any bytes as a script, with the whole instrument behind it: the text is run, hears each event, and its delayed calls
 /// come.
 
-#include <sys/time.h>
-
-#include <csignal>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -17,6 +14,7 @@
 #include "scripting/lua_rig.h"
 #include "scripting/script_host.h"
 #include "sequencing/loop_clock.h"
+#include "time_limit.h"
 
 namespace {
 
@@ -26,27 +24,6 @@ using namespace marvolin;
 /// look, so its budgets end an input after a thousand looks. A loop that repeats a long text takes six seconds for
 /// those; what takes much longer stands still where nobody asks for the time.
 constexpr int kMostSeconds = 20;
-
-[[noreturn]] void StandsStill(int) { std::abort(); }
-
-/// Aborts when an input takes longer.
-class TimeLimit {
-public:
-    TimeLimit() {
-        std::signal(SIGPROF, StandsStill);
-        Set(kMostSeconds);
-    }
-    ~TimeLimit() { Set(0); }
-    TimeLimit(const TimeLimit&) = delete;
-    TimeLimit& operator=(const TimeLimit&) = delete;
-
-private:
-    static void Set(int seconds) {
-        itimerval timer{};
-        timer.it_value.tv_sec = seconds;
-        ::setitimer(ITIMER_PROF, &timer, nullptr);
-    }
-};
 
 /// A sample that is quickly made anew for each input.
 test::FakeSample BriefSample() {
@@ -70,7 +47,7 @@ void Check(const Session& s) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const test::FakeSample brief = BriefSample();
-    const TimeLimit limit;
+    const fuzz::TimeLimit limit(kMostSeconds);
     test::LuaRig i({.Sample = &brief});
     i.Look = 1'000'000;  // an event ends after twenty looks
     i.s.CurrentFolder = "/nowhere/";

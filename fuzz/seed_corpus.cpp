@@ -1,10 +1,11 @@
 /// \file
-/// Writes the first inputs of the fuzz targets: `seed_corpus session FOLDER`, and so with `shortcut` and
+/// Writes the first inputs of the fuzz targets: `seed_corpus session FOLDER`, and so with `wav`, `shortcut` and
 /// `script`.
 
 #include <filesystem>
 #include <string>
 
+#include "audio/wave_bytes.h"
 #include "fakes/file_bytes.h"
 #include "fakes/lnk_bytes.h"
 #include "persistence/golden.h"
@@ -14,7 +15,7 @@ namespace {
 using namespace marvolin::test;
 
 void SeedSessions(const std::string& folder) {
-    const std::string whole = GoldenSession("/tmp");
+    const std::string whole = GoldenSession("/srv");
     WriteBytes(folder + "/whole.mvn", whole);
     for (const std::size_t part : {20U, 50U, 400U, 1000U, 2000U, 3000U}) {
         WriteBytes(folder + "/cut" + std::to_string(part), whole.substr(0, part));
@@ -32,6 +33,36 @@ void SeedSessions(const std::string& folder) {
         PutLoops(b, {loop, loop}, on);
         WriteBytes(folder + (on ? "/wild3d" : "/wild"), b.TagText("END").Str());
     }
+}
+
+void SeedWaves(const std::string& folder) {
+    const auto write = [&](const std::string& name, const Wave& wave) {
+        const ByteList bytes = WaveBytes(wave);
+        WriteBytes(folder + "/" + name, std::string(bytes.begin(), bytes.end()));
+    };
+    for (const int bits : {8, 16, 24, 32}) {
+        for (const int channels : {1, 2}) {
+            Wave wave;
+            wave.Bits = bits;
+            wave.Channels = channels;
+            wave.Data = Pcm({0, 90, -90, 127, -128, 1, -1, 30, 60, 90, 120, 90, 60, 30, 0, -30}, bits);
+            const std::string name = std::to_string(bits) + "bits" + std::to_string(channels);
+            write(name, wave);
+            wave.Extensible = true;
+            wave.Rate = bits == 8 ? 100 : 1'000'000;
+            write(name + "extensible", wave);
+        }
+    }
+    Wave wave;
+    wave.Data = Pcm({1, 2, 3, 4}, 16);
+    wave.DataSize = 4000;
+    write("long", wave);
+    wave.DataSize = {};
+    wave.Tag = 3;
+    write("float", wave);
+    wave.Tag = 1;
+    wave.Container = "RIFX";
+    write("swapped", wave);
 }
 
 void SeedShortcuts(const std::string& folder) {
@@ -71,6 +102,8 @@ int main(int argc, char** argv) {
     std::filesystem::create_directories(argv[2]);
     if (what == "session") {
         SeedSessions(argv[2]);
+    } else if (what == "wav") {
+        SeedWaves(argv[2]);
     } else if (what == "shortcut") {
         SeedShortcuts(argv[2]);
     } else if (what == "script") {

@@ -1,66 +1,35 @@
 /// \file
 /// Any bytes as a session file, and as a package.
 
-#include <stdlib.h>
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <filesystem>
 #include <string>
-#include <system_error>
 
 #include "fakes/instrument.h"
+#include "memory_file.h"
 #include "performance/pad/mix_pad.h"
 #include "performance/pad/pad_tables.h"
 #include "persistence/session_reader.h"
 #include "sequencing/loop_clock.h"
+#include "time_limit.h"
 
 namespace {
 
-/// A folder of this process, removed at its end.
-struct OwnFolder {
-    std::filesystem::path Path;
-    OwnFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "marvolin-fuzz-XXXXXX").string();
-        if (::mkdtemp(name.data()) == nullptr) std::abort();
-        Path = name;
-    }
-    ~OwnFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(Path, ignored);
-    }
-    OwnFolder(const OwnFolder&) = delete;
-    OwnFolder& operator=(const OwnFolder&) = delete;
-};
+/// Of the processor, sanitizers included.
+constexpr int kMostSeconds = 10;
 
-/// A plain file in memory with the input, under a given name.
-class MemoryFile {
-public:
-    MemoryFile(const std::uint8_t* data, std::size_t size, const std::string& name) : file_(::memfd_create("fuzz", 0)) {
-        static const OwnFolder folder;
-        if (file_ < 0 || ::write(file_, data, size) != static_cast<ssize_t>(size)) std::abort();
-        link_ = folder.Path / name;
-        std::filesystem::create_symlink("/proc/self/fd/" + std::to_string(file_), link_);
-    }
-    ~MemoryFile() {
-        std::error_code ignored;
-        std::filesystem::remove(link_, ignored);
-        ::close(file_);
-    }
-    MemoryFile(const MemoryFile&) = delete;
-    MemoryFile& operator=(const MemoryFile&) = delete;
-    std::string Path() const { return link_.string(); }
-
-private:
-    int file_;
-    std::filesystem::path link_;
-};
+/// The sample that each LoopTrack gets, quickly made anew for each input.
+marvolin::test::FakeSample BriefSample() {
+    marvolin::test::FakeSample sample;
+    sample.Bytes.resize(4096);
+    return sample;
+}
 
 void LoadAndPlay(const std::string& path) {
+    static const marvolin::test::FakeSample brief = BriefSample();
     marvolin::test::Instrument i;
+    i.Sound.Samples.emplace("/samples/one.WAV", brief);
     i.s.DSEnum = i.s.DX->GetDSEnum();
     i.s.Drivers = {"Primary Sound Driver", "Second Device", "No Sound"};
     i.s.Driver = 0;
@@ -84,8 +53,9 @@ void LoadAndPlay(const std::string& path) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const marvolin::fuzz::TimeLimit limit(kMostSeconds);
     for (const char* name : {"fuzz.mvn", "fuzz.mvp"}) {
-        const MemoryFile file(data, size, name);
+        const marvolin::fuzz::MemoryFile file(data, size, name);
         LoadAndPlay(file.Path());
     }
     return 0;

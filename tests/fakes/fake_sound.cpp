@@ -43,7 +43,8 @@ public:
         sound_.Note("CreateSoundBufferFromFile", path);
         sound_.CreateFlags = flags;
         const auto found = sound_.Samples.find(path);
-        auto sample = std::make_shared<FakeSample>(found == sound_.Samples.end() ? FakeSample{} : found->second);
+        auto sample = found == sound_.Samples.end() ? std::make_shared<FakeSample>()
+                                                    : std::make_shared<FakeSample>(found->second);
         return std::make_unique<FakeSound::Buffer>(sound_, sound_.Buffers++, flags, std::move(sample));
     }
     std::unique_ptr<DirectSoundBuffer> DuplicateSoundBuffer(DirectSoundBuffer& source) override {
