@@ -47,7 +47,7 @@ void LoadAndPlay(const std::string& path) {
         i.s.Run[row].Playing = marvolin::True;
         i.s.Set[row].PlayMode = marvolin::kDrum;
     }
-    for (int tick = 0; tick < 40; ++tick) marvolin::LoopTimer_Timer(i.s, 1000);
+    for (int tick = 0; tick < 16; ++tick) marvolin::LoopTimer_Timer(i.s, 1000);
 }
 
 }  // namespace
