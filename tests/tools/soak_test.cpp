@@ -1,0 +1,72 @@
+// A short evening is well, and each fault that the soak looks for is seen when it is there.
+
+#include "soak/soak.h"
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+namespace marvolin::soak {
+namespace {
+
+using ::testing::Contains;
+using ::testing::IsEmpty;
+
+/// A soak of some minutes with a fault from its second look on.
+std::vector<std::string> FaultsWith(std::function<void(Evening&)> fault) {
+    SoakOptions options;
+    options.Minutes = 11;
+    options.AfterEachLook = [fault = std::move(fault)](Evening& evening, std::int64_t) { fault(evening); };
+    return RunSoak(options).Faults;
+}
+
+TEST(Soak, OfSomeMinutesFindsNothing) {
+    SoakOptions options;
+    options.Minutes = 6;
+    options.Scripts = {"function OnClock() marvolin.set_volume('A', 300) end"};
+    int lines = 0;
+    options.Tell = [&](const std::string&) { ++lines; };
+    const SoakResult result = RunSoak(options);
+    EXPECT_THAT(result.Faults, IsEmpty());
+    EXPECT_GE(result.Minutes, 6);
+    EXPECT_GT(result.Gestures, 400U);
+    EXPECT_GT(result.Found.Ticks, 30'000U);
+    EXPECT_GT(result.Found.Clicks, 20U);
+    EXPECT_EQ(lines, 2);
+}
+
+TEST(Soak, SeesMemoryThatIsNotGivenBack) {
+    std::vector<std::unique_ptr<std::vector<char>>> leak;
+    EXPECT_THAT(FaultsWith([&](Evening&) { leak.push_back(std::make_unique<std::vector<char>>(700'000, 'x')); }),
+                Contains("the heap has grown"));
+}
+
+TEST(Soak, SeesAFileThatStaysOpen) {
+    std::vector<int> open;
+    EXPECT_THAT(FaultsWith([&](Evening&) { open.push_back(::open("/dev/null", O_RDONLY | O_CLOEXEC)); }),
+                Contains("open files have become more"));
+    std::for_each(open.begin(), open.end(), ::close);
+}
+
+TEST(Soak, SeesATurnOfTheEventLoopThatMakesStepsLate) {
+    const auto faults = FaultsWith([](Evening& evening) { evening.Stall = 40; });
+    EXPECT_THAT(faults, Contains("the clock was wrong"));
+}
+
+TEST(Soak, SeesAClockThatIsAMillisecondOff) {
+    EXPECT_THAT(FaultsWith([](Evening& evening) { evening.s.Clock.ClockMs += 1; }), Contains("the clock was wrong"));
+}
+
+TEST(Soak, SeesABoxThatNobodyExpects) {
+    EXPECT_THAT(
+        FaultsWith([](Evening& evening) { evening.Gesture([&] { evening.s.World.Desk.Report("out of order"); }); }),
+        Contains("a box: out of order"));
+}
+
+}  // namespace
+}  // namespace marvolin::soak

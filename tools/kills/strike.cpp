@@ -1,0 +1,218 @@
+#include "kills/strike.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sched.h>
+#include <sys/mman.h>
+#include <sys/mount.h>
+#include <sys/statvfs.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <chrono>
+#include <cmath>
+#include <csignal>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <stdexcept>
+#include <vector>
+
+#include "kills/recording.h"
+
+namespace marvolin::kills {
+
+namespace {
+
+constexpr std::int64_t kFramesOfATake = 40 * 44100;
+
+/// What a child tells, in memory that outlives it.
+struct Told {
+    std::atomic<int> Begun = 0;
+    std::atomic<int> Saved = 0;
+    std::atomic<std::int64_t> Frames = 0;
+};
+
+class SharedTold {
+public:
+    SharedTold() {
+        void* memory = ::mmap(nullptr, sizeof(Told), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+        if (memory == MAP_FAILED) throw std::runtime_error("no memory");
+        told_ = new (memory) Told;
+    }
+    ~SharedTold() { ::munmap(told_, sizeof(Told)); }
+    SharedTold(const SharedTold&) = delete;
+    SharedTold& operator=(const SharedTold&) = delete;
+    Told* operator->() { return told_; }
+
+private:
+    Told* told_;
+};
+
+/// Runs `act` in a child process and kills it `micros` after it has begun, unless it has ended by then.
+void RunUntilKilled(const std::function<void()>& act, long micros) {
+    std::array<int, 2> pipe{};
+    if (::pipe(pipe.data()) != 0) throw std::runtime_error("no pipe");
+    const pid_t child = ::fork();
+    if (child < 0) throw std::runtime_error("no process");
+    if (child == 0) {
+        ::close(pipe[0]);
+        if (::write(pipe[1], "", 1) != 1) ::_exit(1);
+        act();
+        ::_exit(0);
+    }
+    ::close(pipe[1]);
+    char begun = 0;
+    const bool isThere = ::read(pipe[0], &begun, 1) == 1;
+    // From now on the pipe has nothing to read while the child lives.
+    pollfd wait{pipe[0], POLLIN, 0};
+    const timespec moment{micros / 1'000'000, micros % 1'000'000 * 1000};
+    if (isThere) ::ppoll(&wait, 1, &moment, nullptr);
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+    ::close(pipe[0]);
+}
+
+/// Microseconds that the first saves of a child take.
+long TimeOf(const std::function<void()>& act) {
+    const auto before = std::chrono::steady_clock::now();
+    RunUntilKilled(act, 60'000'000);
+    const auto taken = std::chrono::steady_clock::now() - before;
+    return static_cast<long>(std::chrono::duration_cast<std::chrono::microseconds>(taken).count());
+}
+
+long AnyMoment(long most, std::mt19937& random) { return std::uniform_int_distribution<long>(0, most)(random); }
+
+void Judge(Counts& counts, bool hit, bool whole) {
+    ++counts.Strikes;
+    counts.Hit += hit ? 1 : 0;
+    ++(whole ? counts.Whole : counts.Lost);
+}
+
+/// A file that leaves `left` bytes free on its disk, and is gone with this object.
+class Ballast {
+public:
+    Ballast(const std::string& disk, std::uint64_t left) : path_(disk + "/ballast") {
+        struct statvfs status {};
+        if (::statvfs(disk.c_str(), &status) != 0) throw std::runtime_error("no disk");
+        const std::uint64_t room = status.f_bavail * status.f_frsize;
+        const int file = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+        if (file < 0) throw std::runtime_error("no ballast");
+        const int failure = room > left ? ::posix_fallocate(file, 0, static_cast<off_t>(room - left)) : 0;
+        ::close(file);
+        if (failure != 0) throw std::runtime_error("no ballast");
+    }
+    ~Ballast() { ::unlink(path_.c_str()); }
+    Ballast(const Ballast&) = delete;
+    Ballast& operator=(const Ballast&) = delete;
+
+private:
+    std::string path_;
+};
+
+/// Bytes of all files of a folder.
+std::uint64_t SizeOf(const std::string& folder) {
+    std::uint64_t size = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+        if (entry.is_regular_file()) size += entry.file_size();
+    }
+    return size;
+}
+
+}  // namespace
+
+Counts KillSaves(const Kind& kind, const std::string& folder, int kills, std::mt19937& random) {
+    const std::unique_ptr<Saver> saver = kind.Make(folder);
+    SharedTold told;
+    // The first one is saved by a child too: of the last state a thread writes, which no child inherits.
+    const auto saveFrom = [&](int first, int count) {
+        for (int number = first; number < first + count; ++number) {
+            told->Begun = number;
+            if (!saver->Save(number)) ::_exit(1);
+            told->Saved = number;
+        }
+    };
+    const long longest = 2 * TimeOf([&] { saveFrom(1, 2); });
+    Counts counts;
+    for (int kill = 0; kill < kills; ++kill) {
+        const int next = std::max(told->Begun.load(), told->Saved.load()) + 1;
+        RunUntilKilled([&] { saveFrom(next, 1'000'000); }, AnyMoment(longest, random));
+        const std::optional<int> newest = saver->Newest();
+        const bool whole = newest && *newest >= told->Saved && *newest <= told->Begun;
+        Judge(counts, told->Begun > told->Saved, whole);
+        if (newest) told->Saved = *newest;
+    }
+    return counts;
+}
+
+Counts KillRecordings(const std::string& folder, int kills, std::mt19937& random) {
+    const std::string path = folder + "/take.wav";
+    SharedTold told;
+    const auto record = [&] { RecordNumbered(path, kFramesOfATake, told->Frames); };
+    const long longest = TimeOf(record);
+    Counts counts;
+    for (int kill = 0; kill < kills; ++kill) {
+        std::filesystem::remove(path);
+        told->Frames = 0;
+        RunUntilKilled(record, AnyMoment(longest, random));
+        const std::int64_t atLeast = told->Frames;
+        const std::optional<std::int64_t> frames = NumberedFramesIn(path);
+        // Before anything has been recorded there may be no file, or one without a frame, which is no sample.
+        const bool whole = frames ? *frames >= atLeast : atLeast == 0;
+        Judge(counts, atLeast < kFramesOfATake, whole);
+    }
+    return counts;
+}
+
+Counts FillForSaves(const Kind& kind, const std::string& disk, int disks, std::mt19937& random) {
+    const std::unique_ptr<Saver> saver = kind.Make(disk);
+    Counts counts;
+    int saved = 1;
+    const std::uint64_t before = SizeOf(disk);
+    if (!saver->Save(saved)) throw std::runtime_error("nothing can be saved");
+    // From almost nothing to more than all of it, and oftener little than much: a later save may need less.
+    const double most = std::log(2.0 * static_cast<double>(std::max<std::uint64_t>(SizeOf(disk) - before, 4096)));
+    for (int number = 2; number < disks + 2; ++number) {
+        bool told = false;
+        {
+            const double room = std::exp(std::uniform_real_distribution<double>(0, most)(random));
+            const Ballast ballast(disk, static_cast<std::uint64_t>(room));
+            told = saver->Save(number);
+        }
+        const std::optional<int> newest = saver->Newest();
+        // A refused save leaves the former state, or the new one when the failure came after it had its name.
+        Judge(counts, !told, newest && (told ? *newest == number : *newest == saved || *newest == number));
+        if (newest) saved = *newest;
+    }
+    return counts;
+}
+
+Counts FillForRecordings(const std::string& disk, int disks, std::mt19937& random) {
+    const std::string path = disk + "/take.wav";
+    Counts counts;
+    for (int i = 0; i < disks; ++i) {
+        std::filesystem::remove(path);
+        std::atomic<std::int64_t> told = 0;
+        std::string failure;
+        {
+            const Ballast ballast(disk, std::uniform_int_distribution<std::uint64_t>(0, 3'000'000)(random));
+            failure = RecordNumbered(path, kFramesOfATake, told);
+        }
+        const std::optional<std::int64_t> frames = NumberedFramesIn(path);
+        const bool whole = frames ? *frames == told : told == 0;
+        Judge(counts, !failure.empty(), whole && failure == "Disk full");
+    }
+    return counts;
+}
+
+bool MountSmallDisk(const std::string& folder, int kilobytes) {
+    if (::unshare(CLONE_NEWNS) != 0 && ::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) return false;
+    if (::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) return false;
+    const std::string options = "size=" + std::to_string(kilobytes) + "k";
+    return ::mount("tmpfs", folder.c_str(), "tmpfs", 0, options.c_str()) == 0;
+}
+
+}  // namespace marvolin::kills
