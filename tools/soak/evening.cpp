@@ -124,7 +124,11 @@ void Evening::Gesture(const std::function<void()>& gesture) {
         const CallGroup group(time_);
         gesture();
     }
-    if (s.DS.get() != before) counted_ = {};
+    if (s.DS.get() != before) {
+        counted_ = {};
+        settling_ = 0;
+        ticksOfDevice_ = 0;
+    }
     for (std::string& box : desk_.Boxes) Found.Boxes.push_back(std::move(box));
     desk_.Boxes.clear();
 }
@@ -141,7 +145,11 @@ void Evening::AskCard() {
 // The evening goes by faster than a disk may write it.
 void Evening::WaitForTheRecorder() {
     const bool recording = output_.IsRecording();
-    if (recording && !recording_) recordedFrom_ = card_.Given;
+    if (recording && !recording_) {
+        recordedFrom_ = card_.Given;
+        ++Found.Recordings;
+    }
+    if (!recording && recording_) Found.MissedFrames += output_.Recording().Missed;
     recording_ = recording;
     while (output_.IsRecording() && !output_.Recording().Ending &&
            card_.Given - recordedFrom_ - output_.Recording().Frames > kMostBehind)
@@ -155,11 +163,17 @@ void Evening::CompareClocks() {
     ++Found.Ticks;
     const double since = (clock_->Now() - static_cast<double>(time_.Tick)) * 1000 / kFramesASecond;
     const double error = clockShown_ + since - card_.Played(card_.Steady);
-    if (Found.Ticks <= kTicksToSettle) {
-        offset_ += error / kTicksToSettle;
+    if (ticksOfDevice_ < kTicksToSettle) {
+        settling_ += error / kTicksToSettle;
+        if (++ticksOfDevice_ == kTicksToSettle) Settled();
     } else {
         Found.ClockError = std::max(Found.ClockError, std::abs(error - offset_));
     }
+}
+
+void Evening::Settled() {
+    if (Found.Devices++ > 0) Found.DeviceShift = std::max(Found.DeviceShift, std::abs(settling_ - offset_));
+    offset_ = settling_;
 }
 
 void Evening::Look() {
@@ -181,11 +195,7 @@ void Evening::Count() {
 
 void Evening::Rest() {
     Gesture([&] {
-        if (!s.RecordingFile.empty()) {
-            FinishRecording(s);
-            ++Found.Recordings;
-            Found.MissedFrames += output_.Recording().Missed;
-        }
+        FinishRecording(s);
         room_.Stop();
         StopAll(s);
         for (Row row = 0; row < kLoopTracks; ++row) LoopClear(s, row);

@@ -55,9 +55,13 @@ struct Measured {
     std::uint64_t LateCalls = 0;    ///< calls of the sound service that were applied after their frame
     std::int64_t LongestLate = 0;   ///< frames
     std::uint64_t OtherFaults = 0;  ///< calls that found no room, or were refused
-    double ClockError = 0;          ///< ms: the largest error of the instrument's clock against the card
-    std::uint64_t Clicks = 0;       ///< steps whose place in the sound was measured
-    std::int64_t ClickError = 0;    ///< frames: how far the worst of them was from its place
+    /// ms: the largest error of the instrument's clock against what the card has played. Each device is a card of its
+    /// own, which is compared from its first seconds on.
+    double ClockError = 0;
+    int Devices = 0;              ///< that have been open for longer
+    double DeviceShift = 0;       ///< ms: how far a change of device has moved the clock at the most; not judged
+    std::uint64_t Clicks = 0;     ///< steps whose place in the sound was measured
+    std::int64_t ClickError = 0;  ///< frames: how far the worst of them was from its place
     std::uint64_t Recordings = 0;
     std::uint64_t MissedFrames = 0;  ///< of the recordings
     std::vector<std::string> Boxes;  ///< what the instrument reported; nobody expects anything
@@ -115,6 +119,7 @@ private:
     void Look();
     void Count();
     void CompareClocks();
+    void Settled();
     void WaitForTheRecorder();
 
     std::string folder_;
@@ -142,7 +147,9 @@ private:
     std::int64_t recordedFrom_ = 0;  // frames of the card before the recording that runs
     bool recording_ = false;
     std::int32_t clockShown_ = 0;  // ms
-    double offset_ = 0;            // ms: the mean error while it settled
+    double offset_ = 0;            // ms: the mean error while the open device settled
+    double settling_ = 0;          // ms: that of a device that settles
+    int ticksOfDevice_ = 0;        // at the most those in which it settles
     CallCounts counted_;
     std::vector<std::int16_t> period_;
     std::vector<std::int16_t>* heard_ = nullptr;

@@ -49,6 +49,7 @@ int Report(const SoakResult& result, double seconds) {
         "late calls %llu (longest %lld frames), steps off by %lld frames at most, clock off by %.3f ms at most\n",
         static_cast<unsigned long long>(found.LateCalls), static_cast<long long>(found.LongestLate),
         static_cast<long long>(found.ClickError), found.ClockError);
+    std::printf("%d devices, a change moved the clock by %.3f ms at most\n", found.Devices, found.DeviceShift);
     for (const std::string& fault : result.Faults) std::printf("FAULT: %s\n", fault.c_str());
     return result.Faults.empty() ? 0 : 1;
 }

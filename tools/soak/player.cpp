@@ -121,7 +121,8 @@ void Player::Mix() {
 void Player::Map() {
     switch (Any(8)) {
         case 0:
-            return ChangeUse3D(s_, !s_.Use3D);
+            if (ChangesDevice) ChangeUse3D(s_, !s_.Use3D);
+            return;
         case 1:
             return ScatterAbsolute(s_);
         case 2:
@@ -162,7 +163,9 @@ void Player::Undo() {
 }
 
 void Player::Files() {
-    const std::string set = folder_ + "set" + std::to_string(Any(kSets)) + (Any(4) == 0 ? ".mvp" : ".mvn");
+    // A set that was saved under the other kind of sound would change the device.
+    const std::string set =
+        folder_ + (s_.Use3D ? "space" : "set") + std::to_string(Any(kSets)) + (Any(4) == 0 ? ".mvp" : ".mvn");
     const bool isThere = std::filesystem::exists(set);
     switch (Any(4)) {
         case 0:

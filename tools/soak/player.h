@@ -18,6 +18,8 @@ public:
 
     /// One gesture of any kind.
     void Act();
+    /// Whether it switches 3D sound, which changes the device.
+    bool ChangesDevice = true;
     std::uint64_t Gestures() const { return gestures_; }
     /// Takes away the files that it has made, but for its sets.
     void TidyUp();

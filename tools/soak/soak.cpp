@@ -100,6 +100,7 @@ SoakResult RunSoak(const SoakOptions& options) {
     for (std::int64_t minute = 1; minute < options.Minutes;) {
         const std::int64_t next =
             std::min({(minute / kMinutesBetweenLooks + 1) * kMinutesBetweenLooks, options.Minutes});
+        player.ChangesDevice = minute % kMinutesBetweenLines < kMinutesBetweenLooks;
         play(next * kMinute - 10'000, kPause);
         minute = next;
         if (options.AfterEachLook) options.AfterEachLook(evening, minute);
