@@ -10,6 +10,8 @@ packages_stage=(xvfb openbox xdotool imagemagick x11-utils)
 packages_tests=("${packages_stage[@]}" libgtest-dev libgmock-dev ccache mold alsa-utils locales at-spi2-core dbus
   python3-pyatspi pulseaudio pulseaudio-utils)
 
+# Needed in addition by ./prove, which fuzzes.
+packages_fuzz=(clang libgtest-dev libgmock-dev)
 # Needed in addition by ./package, which also checks what it has made.
 packages_package=(dpkg-dev lintian desktop-file-utils appstream gzip)
 # Needed in addition by tools/package/try_installed.sh.

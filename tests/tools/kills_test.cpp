@@ -21,7 +21,7 @@ TEST(Kills, OfEachKindOfSaveLoseNothing) {
         SCOPED_TRACE(kind.Name);
         const test::TempFolder folder;
         std::mt19937 random(1);
-        const Counts counts = KillSaves(kind, folder.Path(), 10, random);
+        const Counts counts = KillSaves(kind, folder.Path(), UpTo(10), random);
         EXPECT_EQ(counts.Strikes, 10);
         EXPECT_EQ(counts.Whole, 10);
         EXPECT_EQ(counts.Lost, 0);
@@ -31,7 +31,7 @@ TEST(Kills, OfEachKindOfSaveLoseNothing) {
 TEST(Kills, OfRecordingsLoseNoFrameThatWasTold) {
     const test::TempFolder folder;
     std::mt19937 random(1);
-    const Counts counts = KillRecordings(folder.Path(), 10, random);
+    const Counts counts = KillRecordings(folder.Path(), UpTo(10), random);
     EXPECT_EQ(counts.Whole, 10);
     EXPECT_EQ(counts.Lost, 0);
 }
@@ -63,7 +63,7 @@ const Kind kCareless{"careless",
 TEST(Kills, OfACarelessSaveAreCountedAsLost) {
     const test::TempFolder folder;
     std::mt19937 random(1);
-    EXPECT_GT(KillSaves(kCareless, folder.Path(), 20, random).Lost, 0);
+    EXPECT_GT(KillSaves(kCareless, folder.Path(), UpTo(20), random).Lost, 0);
 }
 
 TEST(Kills, ARecordingWithAFrameInTheWrongPlaceIsNotWhole) {
@@ -101,7 +101,7 @@ TEST(FullDisks, LeaveEachKindOfSaveWhole) {
     EXPECT_TRUE(OnASmallDisk([](const std::string& disk) {
         for (const Kind& kind : Kinds()) {
             std::mt19937 random(1);
-            const Counts counts = FillForSaves(kind, disk, 6, random);
+            const Counts counts = FillForSaves(kind, disk, UpTo(6), random);
             if (counts.Whole != 6 || counts.Lost != 0) return false;
             for (const auto& entry : std::filesystem::directory_iterator(disk))
                 std::filesystem::remove_all(entry.path());
@@ -113,7 +113,7 @@ TEST(FullDisks, LeaveEachKindOfSaveWhole) {
 TEST(FullDisks, EndARecordingWithAllThatFitted) {
     EXPECT_TRUE(OnASmallDisk([](const std::string& disk) {
         std::mt19937 random(1);
-        const Counts counts = FillForRecordings(disk, 6, random);
+        const Counts counts = FillForRecordings(disk, UpTo(6), random);
         return counts.Whole == 6 && counts.Hit == 6;
     }));
 }

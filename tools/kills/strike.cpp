@@ -124,7 +124,11 @@ std::uint64_t SizeOf(const std::string& folder) {
 
 }  // namespace
 
-Counts KillSaves(const Kind& kind, const std::string& folder, int kills, std::mt19937& random) {
+More UpTo(int count) {
+    return [count](int done) { return done < count; };
+}
+
+Counts KillSaves(const Kind& kind, const std::string& folder, const More& more, std::mt19937& random) {
     const std::unique_ptr<Saver> saver = kind.Make(folder);
     SharedTold told;
     // The first one is saved by a child too: of the last state a thread writes, which no child inherits.
@@ -137,7 +141,7 @@ Counts KillSaves(const Kind& kind, const std::string& folder, int kills, std::mt
     };
     const long longest = 2 * TimeOf([&] { saveFrom(1, 2); });
     Counts counts;
-    for (int kill = 0; kill < kills; ++kill) {
+    while (more(counts.Strikes)) {
         const int next = std::max(told->Begun.load(), told->Saved.load()) + 1;
         RunUntilKilled([&] { saveFrom(next, 1'000'000); }, AnyMoment(longest, random));
         const std::optional<int> newest = saver->Newest();
@@ -148,13 +152,13 @@ Counts KillSaves(const Kind& kind, const std::string& folder, int kills, std::mt
     return counts;
 }
 
-Counts KillRecordings(const std::string& folder, int kills, std::mt19937& random) {
+Counts KillRecordings(const std::string& folder, const More& more, std::mt19937& random) {
     const std::string path = folder + "/take.wav";
     SharedTold told;
     const auto record = [&] { RecordNumbered(path, kFramesOfATake, told->Frames); };
     const long longest = TimeOf(record);
     Counts counts;
-    for (int kill = 0; kill < kills; ++kill) {
+    while (more(counts.Strikes)) {
         std::filesystem::remove(path);
         told->Frames = 0;
         RunUntilKilled(record, AnyMoment(longest, random));
@@ -167,7 +171,7 @@ Counts KillRecordings(const std::string& folder, int kills, std::mt19937& random
     return counts;
 }
 
-Counts FillForSaves(const Kind& kind, const std::string& disk, int disks, std::mt19937& random) {
+Counts FillForSaves(const Kind& kind, const std::string& disk, const More& more, std::mt19937& random) {
     const std::unique_ptr<Saver> saver = kind.Make(disk);
     Counts counts;
     int saved = 1;
@@ -175,7 +179,7 @@ Counts FillForSaves(const Kind& kind, const std::string& disk, int disks, std::m
     if (!saver->Save(saved)) throw std::runtime_error("nothing can be saved");
     // From almost nothing to more than all of it, and oftener little than much: a later save may need less.
     const double most = std::log(2.0 * static_cast<double>(std::max<std::uint64_t>(SizeOf(disk) - before, 4096)));
-    for (int number = 2; number < disks + 2; ++number) {
+    for (int number = 2; more(counts.Strikes); ++number) {
         bool told = false;
         {
             const double room = std::exp(std::uniform_real_distribution<double>(0, most)(random));
@@ -190,10 +194,10 @@ Counts FillForSaves(const Kind& kind, const std::string& disk, int disks, std::m
     return counts;
 }
 
-Counts FillForRecordings(const std::string& disk, int disks, std::mt19937& random) {
+Counts FillForRecordings(const std::string& disk, const More& more, std::mt19937& random) {
     const std::string path = disk + "/take.wav";
     Counts counts;
-    for (int i = 0; i < disks; ++i) {
+    while (more(counts.Strikes)) {
         std::filesystem::remove(path);
         std::atomic<std::int64_t> told = 0;
         std::string failure;

@@ -3,6 +3,7 @@
 /// Kills and full disks at random moments, and what they leave.
 
 #include <cstdint>
+#include <functional>
 #include <random>
 #include <string>
 
@@ -17,15 +18,20 @@ struct Counts {
     int Lost = 0;     ///< the others
 };
 
+/// Whether one more is wanted after so many.
+using More = std::function<bool(int done)>;
+/// So many, and no more.
+More UpTo(int count);
+
 /// Saves again and again in a child process, and kills it. `folder` is empty.
-Counts KillSaves(const Kind& kind, const std::string& folder, int kills, std::mt19937& random);
+Counts KillSaves(const Kind& kind, const std::string& folder, const More& more, std::mt19937& random);
 /// Records in a child process, and kills it.
-Counts KillRecordings(const std::string& folder, int kills, std::mt19937& random);
+Counts KillRecordings(const std::string& folder, const More& more, std::mt19937& random);
 
 /// Saves on a disk on which a random room is left. `disk` is a small file system of its own, empty.
-Counts FillForSaves(const Kind& kind, const std::string& disk, int disks, std::mt19937& random);
+Counts FillForSaves(const Kind& kind, const std::string& disk, const More& more, std::mt19937& random);
 /// Records until such a disk is full.
-Counts FillForRecordings(const std::string& disk, int disks, std::mt19937& random);
+Counts FillForRecordings(const std::string& disk, const More& more, std::mt19937& random);
 
 /// A small file system in memory at `folder`, for this process alone. False when the machine does not allow it.
 bool MountSmallDisk(const std::string& folder, int kilobytes);

@@ -159,8 +159,12 @@ void Evening::WaitForTheRecorder() {
 // The clock stands where its last tick stood, and has gone on since.
 void Evening::CompareClocks() {
     if (s.Clock.ClockMs == clockShown_) return;
-    clockShown_ = s.Clock.ClockMs;
+    const std::int32_t passed = s.Clock.ClockMs - std::exchange(clockShown_, s.Clock.ClockMs);
     ++Found.Ticks;
+    if (passed > s.TimingRes) {
+        ++Found.LateTicks;
+        return;  // its place is that of the moment
+    }
     const double since = (clock_->Now() - static_cast<double>(time_.Tick)) * 1000 / kFramesASecond;
     const double error = clockShown_ + since - card_.Played(card_.Steady);
     if (ticksOfDevice_ < kTicksToSettle) {
@@ -197,6 +201,7 @@ void Evening::Rest() {
     Gesture([&] {
         FinishRecording(s);
         room_.Stop();
+        room_.Console.Clear();
         StopAll(s);
         for (Row row = 0; row < kLoopTracks; ++row) LoopClear(s, row);
         while (s.Clips.ClipTop >= 0) DeleteClip(s, 0);

@@ -52,6 +52,7 @@ private:
 /// What has been measured since the start.
 struct Measured {
     std::uint64_t Ticks = 0;        ///< of the loop timer
+    std::uint64_t LateTicks = 0;    ///< of these: stood for several, because the event loop came round too late
     std::uint64_t LateCalls = 0;    ///< calls of the sound service that were applied after their frame
     std::int64_t LongestLate = 0;   ///< frames
     std::uint64_t OtherFaults = 0;  ///< calls that found no room, or were refused

@@ -1,4 +1,5 @@
-// A simulated evening, as fast as it goes: soak [--hours H] [--minutes M] [--seed N]
+// A simulated evening, as fast as it goes: soak [--hours H] [--minutes M] [--seconds S] [--seed N]
+// It ends after S seconds of the real time, if it has not ended by then.
 
 #include <algorithm>
 #include <chrono>
@@ -18,7 +19,7 @@ namespace {
 using namespace marvolin::soak;
 
 int Usage() {
-    std::fprintf(stderr, "usage: soak [--hours H] [--minutes M] [--seed N]\n");
+    std::fprintf(stderr, "usage: soak [--hours H] [--minutes M] [--seconds S] [--seed N]\n");
     return 2;
 }
 
@@ -46,9 +47,10 @@ int Report(const SoakResult& result, double seconds) {
                 static_cast<double>(result.Most.Own - result.First.Own) / 1024,
                 result.Most.Handles - result.First.Handles, result.Most.Threads - result.First.Threads);
     std::printf(
-        "late calls %llu (longest %lld frames), steps off by %lld frames at most, clock off by %.3f ms at most\n",
-        static_cast<unsigned long long>(found.LateCalls), static_cast<long long>(found.LongestLate),
-        static_cast<long long>(found.ClickError), found.ClockError);
+        "late ticks %llu, late calls %llu (longest %lld frames), steps off by %lld frames at most, clock off by %.3f "
+        "ms at most\n",
+        static_cast<unsigned long long>(found.LateTicks), static_cast<unsigned long long>(found.LateCalls),
+        static_cast<long long>(found.LongestLate), static_cast<long long>(found.ClickError), found.ClockError);
     std::printf("%d devices, a change moved the clock by %.3f ms at most\n", found.Devices, found.DeviceShift);
     for (const std::string& fault : result.Faults) std::printf("FAULT: %s\n", fault.c_str());
     return result.Faults.empty() ? 0 : 1;
@@ -57,6 +59,7 @@ int Report(const SoakResult& result, double seconds) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    const auto begin = std::chrono::steady_clock::now();
     SoakOptions options;
     for (int i = 1; i < argc; i += 2) {
         const std::string_view name = argv[i];
@@ -66,6 +69,10 @@ int main(int argc, char** argv) {
             options.Minutes = static_cast<std::int64_t>(value * 60);
         } else if (name == "--minutes") {
             options.Minutes = static_cast<std::int64_t>(value);
+        } else if (name == "--seconds") {
+            options.Enough = [end = begin + std::chrono::duration<double>(value)] {
+                return std::chrono::steady_clock::now() >= end;
+            };
         } else if (name == "--seed") {
             options.Seed = static_cast<unsigned>(value);
         } else {
@@ -78,7 +85,6 @@ int main(int argc, char** argv) {
         std::puts(line.c_str());
         std::fflush(stdout);
     };
-    const auto begin = std::chrono::steady_clock::now();
     try {
         const SoakResult result = RunSoak(options);
         return Report(result, std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());

@@ -18,7 +18,7 @@ namespace {
 constexpr std::int64_t kMinute = 60'000;   // ms
 constexpr std::int64_t kFirstPause = 150;  // ms between two gestures of the first minute, which fills what has a limit
 constexpr std::int64_t kPause = 1500;      // ms between two gestures later
-constexpr std::int64_t kMinutesBetweenLooks = 5;
+constexpr std::int64_t kMinutesOfOtherDevices = 5;  // at the beginning of each hour
 constexpr std::int64_t kMinutesBetweenLines = 60;
 constexpr double kMegabyte = 1 << 20;
 
@@ -66,6 +66,7 @@ void Judge(SoakResult& result) {
     fault(result.Most.Own - result.First.Own > SoakLimits::kOwnGrowth, "memory has grown");
     fault(result.Most.Handles > result.First.Handles, "open files have become more");
     fault(result.Most.Threads > result.First.Threads, "threads have become more");
+    fault(found.LateTicks > 0, "steps were late");
     fault(found.LateCalls > 0, "calls of the sound service were late");
     fault(found.OtherFaults > 0, "calls of the sound service found no room or were refused");
     fault(found.Clicks == 0 || found.ClickError > 0, "steps were not at their place");
@@ -84,30 +85,33 @@ SoakResult RunSoak(const SoakOptions& options) {
     Evening evening(folder.Path, options.Seed);
     if (!evening.Started) throw std::runtime_error("the instrument does not start");
     Player player(evening, samples, options.Scripts, folder.Path + "/", options.Seed + 1);
-    const auto look = [&] {
+    const auto look = [&](std::int64_t minute) {
         evening.Rest();
         evening.MeasureClicks(click);
         evening.Rest();
         player.TidyUp();
+        evening.Pass(minute * kMinute - evening.Milliseconds());
         return SizeOfThisProcess();
     };
     const auto play = [&](std::int64_t until, std::int64_t pause) {
         for (; evening.Milliseconds() < until; evening.Pass(pause)) player.Act();
     };
     play(kMinute - 10'000, kFirstPause);
-    result.First = look();
+    result.First = look(1);
     if (options.Tell) options.Tell(Line(1, result.First, evening.Found));
-    for (std::int64_t minute = 1; minute < options.Minutes;) {
-        const std::int64_t next =
-            std::min({(minute / kMinutesBetweenLooks + 1) * kMinutesBetweenLooks, options.Minutes});
-        player.ChangesDevice = minute % kMinutesBetweenLines < kMinutesBetweenLooks;
+    for (std::int64_t minute = 1;;) {
+        const std::int64_t every = options.MinutesBetweenLooks;
+        const std::int64_t next = std::min((minute / every + 1) * every, options.Minutes);
+        player.ChangesDevice = minute % kMinutesBetweenLines < kMinutesOfOtherDevices;
         play(next * kMinute - 10'000, kPause);
         minute = next;
         if (options.AfterEachLook) options.AfterEachLook(evening, minute);
-        const ProcessSize size = look();
+        const ProcessSize size = look(minute);
         TakeMost(result.Most, size);
-        if (options.Tell && (minute % kMinutesBetweenLines == 0 || minute == options.Minutes))
+        const bool ends = minute == options.Minutes || (options.Enough && options.Enough());
+        if (options.Tell && (minute % kMinutesBetweenLines == 0 || ends))
             options.Tell(Line(minute, size, evening.Found));
+        if (ends) break;
     }
     result.Gestures = player.Gestures();
     result.Minutes = evening.Milliseconds() / kMinute;

@@ -14,8 +14,10 @@ namespace marvolin::soak {
 
 struct SoakOptions {
     std::int64_t Minutes = 24 * 60;  ///< at least 2
+    std::int64_t MinutesBetweenLooks = 5;
     unsigned Seed = 1;
-    std::vector<std::string> Scripts;  ///< texts of scripts that may run
+    std::vector<std::string> Scripts;   ///< texts of scripts that may run
+    std::function<bool()> Enough = {};  ///< true ends it before its time, at a look
     /// Runs after each look but the first, for tests that plant a fault.
     std::function<void(Evening&, std::int64_t minute)> AfterEachLook = {};
     /// Gets a line for each look that is told: the first, those of whole hours, the last.
@@ -24,7 +26,7 @@ struct SoakOptions {
 
 /// What may be more at the end than after the first minute, and what is wrong at all.
 struct SoakLimits {
-    static constexpr std::int64_t kGrowth = 512 * 1024;  ///< bytes of the heap in use
+    static constexpr std::int64_t kGrowth = 1 << 20;     ///< bytes of the heap in use
     static constexpr std::int64_t kOwnGrowth = 8 << 20;  ///< bytes of memory, with what is free between others
     static constexpr double kClockError = 1;             ///< ms
 };
