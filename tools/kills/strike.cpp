@@ -96,20 +96,29 @@ void Judge(Counts& counts, bool hit, bool whole) {
 class Ballast {
 public:
     Ballast(const std::string& disk, std::uint64_t left) : path_(disk + "/ballast") {
-        struct statvfs status {};
-        if (::statvfs(disk.c_str(), &status) != 0) throw std::runtime_error("no disk");
-        const std::uint64_t room = status.f_bavail * status.f_frsize;
-        const int file = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-        if (file < 0) throw std::runtime_error("no ballast");
-        const int failure = room > left ? ::posix_fallocate(file, 0, static_cast<off_t>(room - left)) : 0;
-        ::close(file);
-        if (failure != 0) throw std::runtime_error("no ballast");
+        // The last state may take some of the room meanwhile.
+        for (int trial = 0; trial < 100; ++trial) {
+            if (Fill(disk, left)) return;
+        }
+        ::unlink(path_.c_str());
+        throw std::runtime_error("no ballast");
     }
     ~Ballast() { ::unlink(path_.c_str()); }
     Ballast(const Ballast&) = delete;
     Ballast& operator=(const Ballast&) = delete;
 
 private:
+    bool Fill(const std::string& disk, std::uint64_t left) const {
+        ::unlink(path_.c_str());
+        struct statvfs status {};
+        if (::statvfs(disk.c_str(), &status) != 0) return false;
+        const std::uint64_t room = status.f_bavail * status.f_frsize;
+        const int file = ::open(path_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+        if (file < 0) return false;
+        const int failure = room > left ? ::posix_fallocate(file, 0, static_cast<off_t>(room - left)) : 0;
+        ::close(file);
+        return failure == 0;
+    }
     std::string path_;
 };
 
@@ -187,8 +196,9 @@ Counts FillForSaves(const Kind& kind, const std::string& disk, const More& more,
             told = saver->Save(number);
         }
         const std::optional<int> newest = saver->Newest();
-        // A refused save leaves the former state, or the new one when the failure came after it had its name.
-        Judge(counts, !told, newest && (told ? *newest == number : *newest == saved || *newest == number));
+        // A refused save leaves the former state. The new one is there when the failure came after it had its name, and
+        // the last state is tried again by itself, so that one that was refused may come when there is room.
+        Judge(counts, !told, newest && *newest >= (told ? number : saved) && *newest <= number);
         if (newest) saved = *newest;
     }
     return counts;

@@ -33,7 +33,8 @@ constexpr double kLateTurn = 3;                                  // ms, at the m
 constexpr std::int64_t kMostBehind = 300'000;                    // frames that the recorder may be behind
 constexpr std::int32_t kClickStep = 25;                          // 1/100 s
 constexpr std::int64_t kClickFramesApart = kClickStep * 441;
-constexpr int kTicksToSettle = 3000;             // of the first half minute, whose mean the clock is compared with
+constexpr int kTicksToFollow = 500;              // of a new device, until the clock has come to its line
+constexpr int kTicksToSettle = 2000;             // after these, whose mean the later ones are compared with
 constexpr std::int16_t kTick = 10;               // ms
 constexpr std::time_t kEvening = 1'800'000'000;  // when it begins
 
@@ -167,9 +168,11 @@ void Evening::CompareClocks() {
     }
     const double since = (clock_->Now() - static_cast<double>(time_.Tick)) * 1000 / kFramesASecond;
     const double error = clockShown_ + since - card_.Played(card_.Steady);
-    if (ticksOfDevice_ < kTicksToSettle) {
+    if (ticksOfDevice_ < kTicksToFollow) {
+        ++ticksOfDevice_;
+    } else if (ticksOfDevice_ < kTicksToFollow + kTicksToSettle) {
         settling_ += error / kTicksToSettle;
-        if (++ticksOfDevice_ == kTicksToSettle) Settled();
+        if (++ticksOfDevice_ == kTicksToFollow + kTicksToSettle) Settled();
     } else {
         Found.ClockError = std::max(Found.ClockError, std::abs(error - offset_));
     }
