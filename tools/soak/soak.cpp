@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <stdexcept>
 
+#include "persistence/kept/last_state.h"
 #include "soak/player.h"
 #include "soak/samples.h"
 
@@ -91,6 +92,7 @@ SoakResult RunSoak(const SoakOptions& options) {
         evening.Rest();
         player.TidyUp();
         evening.Pass(minute * kMinute - evening.Milliseconds());
+        WaitForLastState(evening.s);  // whose thread may have begun meanwhile
         return SizeOfThisProcess();
     };
     const auto play = [&](std::int64_t until, std::int64_t pause) {
