@@ -42,9 +42,9 @@ int Report(const SoakResult& result, double seconds) {
                 static_cast<long long>(result.Minutes), seconds, static_cast<unsigned long long>(result.Gestures),
                 static_cast<unsigned long long>(found.Ticks), static_cast<unsigned long long>(found.Clicks),
                 static_cast<unsigned long long>(found.Recordings));
-    std::printf("since the first minute: heap %+.1f KB, memory %+.1f KB, handles %+d, threads %+d\n",
+    std::printf("since the first minute: heap %+.1f KB, RSS %+.1f KB, handles %+d, threads %+d\n",
                 static_cast<double>(result.Most.InUse - result.First.InUse) / 1024,
-                static_cast<double>(result.Most.Own - result.First.Own) / 1024,
+                static_cast<double>(result.Most.Resident - result.First.Resident) / 1024,
                 result.Most.Handles - result.First.Handles, result.Most.Threads - result.First.Threads);
     std::printf(
         "late ticks %llu, late calls %llu (longest %lld frames), steps off by %lld frames at most, clock off by %.3f "

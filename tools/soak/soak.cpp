@@ -64,7 +64,7 @@ void Judge(SoakResult& result) {
     };
     const Measured& found = result.Found;
     fault(result.Most.InUse - result.First.InUse > SoakLimits::kGrowth, "the heap has grown");
-    fault(result.Most.Own - result.First.Own > SoakLimits::kOwnGrowth, "memory has grown");
+    fault(result.Most.Resident - result.First.Resident > SoakLimits::kResidentGrowth, "memory has grown");
     fault(result.Most.Handles > result.First.Handles, "open files have become more");
     fault(result.Most.Threads > result.First.Threads, "threads have become more");
     fault(found.LateTicks > 0, "steps were late");
