@@ -1,0 +1,121 @@
+// The hostile hand: it finds nothing in the program, and it finds what is put in.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <set>
+
+#include "gestures.h"
+#include "run.h"
+
+namespace marvolin::hand {
+namespace {
+
+using testing::HasSubstr;
+
+/// The words of all gestures of a run.
+std::vector<std::string> WordsOf(std::uint64_t seed, int gestures) {
+    std::vector<std::string> words;
+    RunOptions options;
+    options.Seed = seed;
+    options.Gestures = gestures;
+    options.OnGesture = [&](int number, const std::string& said) {
+        words.resize(static_cast<std::size_t>(number));
+        words.back() = said;
+    };
+    const RunResult result = Run(options);
+    EXPECT_FALSE(result.Found) << result.Found->What << "\n" << result.Found->Words;
+    return words;
+}
+
+TEST(HostileHand, FindsNothingInTheFirstGesturesOfTwoSeeds) {
+    for (const std::uint64_t seed : {1U, 8U}) {
+        RunOptions options;
+        options.Seed = seed;
+        options.Gestures = 260;
+        options.CheckAll = true;
+        options.Paint = seed == 8;
+        const RunResult result = Run(options);
+        ASSERT_FALSE(result.Found) << "seed " << seed << ", gesture " << result.Found->Gesture << ": "
+                                   << result.Found->What << "\n"
+                                   << result.Found->Words;
+        EXPECT_EQ(result.Gestures, 260);
+        EXPECT_GT(result.Checks, 1000);
+    }
+}
+
+TEST(HostileHand, MakesTheSameGesturesForTheSameSeedAndOthersForAnother) {
+    const std::vector<std::string> first = WordsOf(3, 120);
+    EXPECT_EQ(WordsOf(3, 120), first);
+    EXPECT_NE(WordsOf(4, 120), first);
+}
+
+TEST(HostileHand, MakesEveryGestureOfItsTable) {
+    std::set<std::string> made;
+    for (int gesture = 1; gesture <= 20'000; ++gesture) {
+        Dice dice(1, gesture);
+        made.insert(SomeGesture(dice).Name);
+    }
+    EXPECT_EQ(made.size(), Gestures().size());
+}
+
+/// A fault that is put in after a gesture, and what the hand has to say of it.
+struct Planted {
+    const char* Fault;
+    void (*Plant)(World& world);
+    const char* Found;
+};
+
+constexpr Planted kPlanted[] = {
+    {"a value beyond its range", [](World& world) { world.s.Set[kMasterRow].Vol = 501; }, "Vol 5 is 501"},
+    {"a step of a pattern beyond its range", [](World& world) { world.s.Set[1].Pattern[kHzPattern][31] = 0; },
+     "a step of the pattern 1 is 0"},
+    {"a letter twice in the order of thinning", [](World& world) { world.s.ThinList = "CC"; }, "a letter twice"},
+    {"more clips in the list than there are", [](World& world) { world.s.Clips.List.emplace_back("a clip"); },
+     "clips and their list differ"},
+    {"a row that plays without a sample",
+     [](World& world) {
+         world.s.DSReady = true;
+         world.s.Run[2].Buffer.reset();
+         world.s.Run[2].Loaded = False;
+         world.s.Run[2].Playing = True;
+     },
+     "plays without a sample, 2"},
+    {"a drag that does not end", [](World& world) { world.s.Drag.Dragging = True; }, "a drag of a knob is open"},
+    {"a caged pointer", [](World& world) { world.Desk.Caged = true; }, "the pointer is kept"},
+    {"a list that shows another choice",
+     [](World& world) {
+         auto& list = *world.Main().findChild<QComboBox*>("DragAxisSelect");
+         const QSignalBlocker quiet(&list);
+         list.setCurrentIndex(1 - world.s.DragAxis);
+     },
+     "DragAxisSelect shows"},
+    {"a tab that is not the open one", [](World& world) { world.s.ActiveTab = (world.s.ActiveTab + 1) % kTabs; },
+     "is open, the session has tab"},
+    {"a pointer that stays busy", [](World& world) { ++world.s.BusyPointers; }, "the busy one"},
+    {"a box with a fault of the program", [](World& world) { world.s.World.Desk.Report("Error: Overflow"); },
+     "a box said: Error: Overflow"},
+};
+
+TEST(HostileHand, FindsWhatIsPutInRightAfterTheGesture) {
+    constexpr int kAfter = 6;
+    for (const Planted& planted : kPlanted) {
+        SCOPED_TRACE(planted.Fault);
+        RunOptions options;
+        options.Seed = 5;
+        options.Gestures = kAfter + 1;
+        options.CheckAll = true;
+        options.SpoilAfter = kAfter;
+        options.Spoil = [&](World& world) { planted.Plant(world); };
+        const RunResult result = Run(options);
+        ASSERT_TRUE(result.Found);
+        EXPECT_EQ(result.Found->Seed, 5U);
+        EXPECT_EQ(result.Found->Gesture, kAfter);
+        EXPECT_THAT(result.Found->What, HasSubstr(planted.Found));
+        EXPECT_THAT(result.Found->Words, HasSubstr("  6 "));
+    }
+}
+
+}  // namespace
+}  // namespace marvolin::hand

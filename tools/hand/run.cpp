@@ -1,0 +1,142 @@
+#include "run.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QTimer>
+#include <cstdio>
+#include <deque>
+#include <exception>
+
+#include "answers.h"
+#include "gestures.h"
+#include "invariants.h"
+
+namespace marvolin::hand {
+
+namespace {
+
+constexpr std::size_t kWordsKept = 12;
+constexpr int kWindowPeriod = 10;  // gestures between two looks at what the controls show
+constexpr int kFilePeriod = 250;   // gestures between two saved sets
+constexpr std::uint64_t kAnswerSalt = 0x5bd1e995;
+
+/// One run, inside the event loop.
+class Evening {
+public:
+    explicit Evening(const RunOptions& options) : options_(options), world_(options.Seed), answers_(world_, mouse_) {}
+
+    RunResult Play() {
+        if (!world_.Started()) {
+            Find(0, "the instrument does not start");
+            return result_;
+        }
+        LookAway();
+        for (int gesture = 1; gesture <= options_.Gestures && !Over(); ++gesture) {
+            Act(gesture);
+            if (gesture == options_.SpoilAfter) options_.Spoil(world_);
+            Check(gesture);
+        }
+        End();
+        result_.Answers = answers_.Count();
+        return result_;
+    }
+
+private:
+    bool Over() const { return result_.Found.has_value() || world_.Closed(); }
+
+    // Painting takes most of the time, so most runs paint nothing.
+    void LookAway() {
+        if (options_.Paint) return;
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->updatesEnabled()) window->setUpdatesEnabled(false);
+        }
+    }
+
+    void Act(int number) {
+        Dice dice(options_.Seed, number);
+        const Gesture& gesture = SomeGesture(dice);
+        if (options_.OnGesture) options_.OnGesture(number, gesture.Name);
+        answers_.Begin(Dice(options_.Seed ^ kAnswerSalt, number));
+        std::string words;
+        Turn turn{world_, dice, mouse_, keys_, words};
+        gesture.Do(turn);
+        world_.Sound.Log.clear();
+        world_.Stick.Log.clear();
+        ++result_.Gestures;
+        Say(number, std::string(gesture.Name) + ": " + words + answers_.TakeWords());
+    }
+
+    void Say(int number, const std::string& said) {
+        if (options_.OnGesture) options_.OnGesture(number, said);
+        std::string words = std::to_string(number) + " " + said;
+        if (options_.Print) std::printf("%s\n", words.c_str());
+        words_.push_back(std::move(words));
+        if (words_.size() > kWordsKept) words_.pop_front();
+    }
+
+    void Find(int gesture, const std::string& what) {
+        Finding found{options_.Seed, gesture, what, ""};
+        for (const std::string& words : words_) found.Words += "  " + words + "\n";
+        result_.Found = std::move(found);
+    }
+
+    void Expect(int gesture, const std::string& wrong) {
+        ++result_.Checks;
+        if (!wrong.empty() && !result_.Found) Find(gesture, wrong);
+    }
+
+    void Check(int gesture) {
+        if (world_.Closed()) return;
+        Expect(gesture, WrongBox(world_, answers_));
+        Expect(gesture, WrongRange(world_.s));
+        Expect(gesture, WrongSum(world_.s));
+        if (world_.TakeTicked()) Expect(gesture, WrongAfterTick(world_.s));
+        const bool idle = !mouse_.Holds() && !keys_.Holds();
+        if (idle) Expect(gesture, OpenGesture(world_));
+        if (options_.CheckAll || gesture % kWindowPeriod == 0) Expect(gesture, WrongShown(world_));
+        if (gesture % kFilePeriod == 0) CheckFiles(gesture);
+    }
+
+    void CheckFiles(int gesture) {
+        mouse_.LetGo();
+        keys_.LetGo();
+        if (options_.Paint) Expect(gesture, WrongPicture(world_));
+        Expect(gesture, WrongUndo(world_));
+        Expect(gesture, WrongSet(world_));
+        LookAway();
+    }
+
+    void End() {
+        answers_.Begin(Dice(options_.Seed ^ kAnswerSalt, 0));
+        mouse_.LetGo();
+        keys_.LetGo();
+        const int number = options_.Gestures + 1;
+        if (!Over()) Expect(number, OpenGesture(world_));
+        world_.Close();
+        if (!world_.Closed()) Expect(number, "the main window does not close");
+    }
+
+    const RunOptions& options_;
+    World world_;
+    Pointer mouse_;
+    Keyboard keys_;
+    Answers answers_;
+    RunResult result_;
+    std::deque<std::string> words_;
+};
+
+}  // namespace
+
+RunResult Run(const RunOptions& options) {
+    RunResult result;
+    // In an event loop, as the program runs: without one a box that waits would end at once after a main window was
+    // closed.
+    QTimer::singleShot(0, qApp, [&] {
+        result = Evening(options).Play();
+        QCoreApplication::exit();
+    });
+    QApplication::exec();
+    return result;
+}
+
+}  // namespace marvolin::hand
