@@ -111,6 +111,7 @@ void RefuseSound(Turn& turn) {
         const char* operation = turn.D.Of(kRefusals);
         turn.Words += operation;
         turn.W.Sound.Failures[operation] = kRefused;
+        turn.W.Refused = true;
         return;
     }
     turn.Words += "nothing";

@@ -24,6 +24,8 @@ void DropOn(Turn& turn, const Place& place, const QMimeData& data) {
     QApplication::sendEvent(window, &enter);
     if (window.isNull()) return;
     QDragMoveEvent move(at, Qt::CopyAction, &data, Qt::LeftButton, {});
+    move.setDropAction(Qt::CopyAction);
+    move.setAccepted(enter.isAccepted());  // as the toolkit passes it on
     QApplication::sendEvent(window, &move);
     if (window.isNull()) return;
     if (!move.isAccepted() || turn.D.OneIn(10)) {

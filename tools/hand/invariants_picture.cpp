@@ -42,6 +42,8 @@ std::string WrongPictureOf(QWidget& window) {
 }  // namespace
 
 std::string WrongPicture(World& world) {
+    // The toolkit leaves the mark of the pointer on a control that has refused a drag of another program.
+    for (QWidget* widget : QApplication::allWidgets()) widget->setAttribute(Qt::WA_UnderMouse, false);
     std::string wrong;
     for (int i = 0; i < kTries; ++i) {
         QTest::qWait(kTimersOfLooks);

@@ -88,6 +88,8 @@ std::string OpenGesture(World& world) {
     if (s.BandDrag.Lane != -1) return "a drag of a band is open";
     if (s.PatternDrawRow != -1 || s.PatternRandomRow != -1) return "a drawing of a pattern is open";
     if (!s.CursorFree) return "a ball is held";
+    // At the end of a drag of the limit, not before.
+    if (s.Limit < 4 && static_cast<int>(s.ThinList.size()) > s.Limit) return "more rows sound than the limit allows";
     if (world.Desk.Caged) return "the pointer is kept in a rectangle";
     if (QApplication::mouseButtons() != Qt::NoButton) return "the toolkit knows of a button that is down";
     if (QWidget::mouseGrabber() != nullptr)

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QTimer>
+#include <QtTest/QTest>
 #include <cstdio>
 #include <deque>
 #include <exception>
@@ -10,6 +11,8 @@
 #include "answers.h"
 #include "gestures.h"
 #include "invariants.h"
+#include "persistence/undo/undo_commands.h"
+#include "places.h"
 
 namespace marvolin::hand {
 
@@ -18,6 +21,8 @@ namespace {
 constexpr std::size_t kWordsKept = 12;
 constexpr int kWindowPeriod = 10;  // gestures between two looks at what the controls show
 constexpr int kFilePeriod = 250;   // gestures between two saved sets
+constexpr int kTicks = 3;
+constexpr int kSearchTime = 10'000;  // ms, of a few folders
 constexpr std::uint64_t kAnswerSalt = 0x5bd1e995;
 
 /// One run, inside the event loop.
@@ -60,6 +65,8 @@ private:
         std::string words;
         Turn turn{world_, dice, mouse_, keys_, words};
         gesture.Do(turn);
+        // A search for samples goes on in the background, with the busy pointer.
+        [[maybe_unused]] const bool found = QTest::qWaitFor([&] { return world_.s.BusyPointers == 0; }, kSearchTime);
         world_.Sound.Log.clear();
         world_.Stick.Log.clear();
         ++result_.Gestures;
@@ -69,9 +76,22 @@ private:
     void Say(int number, const std::string& said) {
         if (options_.OnGesture) options_.OnGesture(number, said);
         std::string words = std::to_string(number) + " " + said;
-        if (options_.Print) std::printf("%s\n", words.c_str());
+        if (options_.Print) std::printf("%s  %s\n", words.c_str(), State().c_str());
         words_.push_back(std::move(words));
         if (words_.size() > kWordsKept) words_.pop_front();
+    }
+
+    /// The rows in letters: "-" empty, small for loaded, a capital for one that plays; then the last step.
+    std::string State() const {
+        const Session& s = world_.s;
+        std::string state = "(";
+        for (Row row = 0; row <= kSelectionRow; ++row) {
+            const bool plays = s.Run[row].Playing != False;
+            const bool there = row == kSelectionRow || s.Run[row].Loaded != False;
+            const auto letter = static_cast<char>(RowLetter(row) - 'A' + (plays ? 'A' : 'a'));
+            state += there ? letter : plays ? '!' : '-';
+        }
+        return state + " " + UndoText(s) + ")";
     }
 
     void Find(int gesture, const std::string& what) {
@@ -90,18 +110,28 @@ private:
         Expect(gesture, WrongBox(world_, answers_));
         Expect(gesture, WrongRange(world_.s));
         Expect(gesture, WrongSum(world_.s));
-        if (world_.TakeTicked()) Expect(gesture, WrongAfterTick(world_.s));
+        if (world_.TakeTicked()) CheckTick(gesture);
         const bool idle = !mouse_.Holds() && !keys_.Holds();
         if (idle) Expect(gesture, OpenGesture(world_));
         if (options_.CheckAll || gesture % kWindowPeriod == 0) Expect(gesture, WrongShown(world_));
         if (gesture % kFilePeriod == 0) CheckFiles(gesture);
     }
 
+    // A stick or a script may have played something after the tick, so the next ticks count, too.
+    void CheckTick(int gesture) {
+        for (int tick = 0; tick < kTicks && !WrongAfterTick(world_.s).empty(); ++tick) world_.Pass(world_.s.TimingRes);
+        Expect(gesture, WrongAfterTick(world_.s));
+    }
+
     void CheckFiles(int gesture) {
         mouse_.LetGo();
         keys_.LetGo();
-        if (options_.Paint) Expect(gesture, WrongPicture(world_));
-        Expect(gesture, WrongUndo(world_));
+        if (options_.Paint) {
+            // Over no control: what lies under the pointer is painted otherwise.
+            mouse_.MoveTo(PlaceIn(world_.Main(), QPointF(4, world_.Main().height() - 4)));
+            Expect(gesture, WrongPicture(world_));
+        }
+        if (!world_.Refused) Expect(gesture, WrongUndo(world_));
         Expect(gesture, WrongSet(world_));
         LookAway();
     }

@@ -8,6 +8,7 @@
 #include <QCursor>
 #include <QLineEdit>
 #include <QTabBar>
+#include <algorithm>
 #include <filesystem>
 
 #include "browser/lnk_shortcut.h"

@@ -68,6 +68,7 @@ public:
     test::FakeSound Sound;
     test::FakeOutput Output;
     test::FakeJoystick Stick;
+    bool Refused = false;  ///< the sound has refused something: what was to come back may wait for it
     RunDesktop Desk{Folder.Path()};
     ScriptRoom Room;
 
