@@ -43,7 +43,11 @@ std::string WrongPictureOf(QWidget& window) {
 
 std::string WrongPicture(World& world) {
     // The toolkit leaves the mark of the pointer on a control that has refused a drag of another program.
-    for (QWidget* widget : QApplication::allWidgets()) widget->setAttribute(Qt::WA_UnderMouse, false);
+    for (QWidget* widget : QApplication::allWidgets()) {
+        if (!widget->testAttribute(Qt::WA_UnderMouse)) continue;
+        widget->setAttribute(Qt::WA_UnderMouse, false);
+        widget->update();
+    }
     std::string wrong;
     for (int i = 0; i < kTries; ++i) {
         QTest::qWait(kTimersOfLooks);
