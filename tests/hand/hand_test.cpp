@@ -24,8 +24,8 @@ std::vector<std::string> WordsOf(std::uint64_t seed, int gestures) {
         words.resize(static_cast<std::size_t>(number));
         words.back() = said;
     };
-    const RunResult result = Run(options);
-    EXPECT_FALSE(result.Found) << result.Found->What << "\n" << result.Found->Words;
+    const RunResult result = PlayRun(options);
+    EXPECT_FALSE(result.Found.has_value()) << result.Found->What << "\n" << result.Found->Words;
     return words;
 }
 
@@ -36,10 +36,10 @@ TEST(HostileHand, FindsNothingInTheFirstGesturesOfTwoSeeds) {
         options.Gestures = 260;
         options.CheckAll = true;
         options.Paint = seed == 8;
-        const RunResult result = Run(options);
-        ASSERT_FALSE(result.Found) << "seed " << seed << ", gesture " << result.Found->Gesture << ": "
-                                   << result.Found->What << "\n"
-                                   << result.Found->Words;
+        const RunResult result = PlayRun(options);
+        ASSERT_FALSE(result.Found.has_value())
+            << "seed " << seed << ", gesture " << result.Found->Gesture << ": " << result.Found->What << "\n"
+            << result.Found->Words;
         EXPECT_EQ(result.Gestures, 260);
         EXPECT_GT(result.Checks, 1000);
     }
@@ -91,7 +91,8 @@ constexpr Planted kPlanted[] = {
          list.setCurrentIndex(1 - world.s.DragAxis);
      },
      "DragAxisSelect shows"},
-    {"a tab that is not the open one", [](World& world) { world.s.ActiveTab = (world.s.ActiveTab + 1) % kTabs; },
+    {"a tab that is not the open one",
+     [](World& world) { world.s.ActiveTab = static_cast<std::int16_t>((world.s.ActiveTab + 1) % kTabs); },
      "is open, the session has tab"},
     {"a pointer that stays busy", [](World& world) { ++world.s.BusyPointers; }, "the busy one"},
     {"a box with a fault of the program", [](World& world) { world.s.World.Desk.Report("Error: Overflow"); },
@@ -108,8 +109,8 @@ TEST(HostileHand, FindsWhatIsPutInRightAfterTheGesture) {
         options.CheckAll = true;
         options.SpoilAfter = kAfter;
         options.Spoil = [&](World& world) { planted.Plant(world); };
-        const RunResult result = Run(options);
-        ASSERT_TRUE(result.Found);
+        const RunResult result = PlayRun(options);
+        ASSERT_TRUE(result.Found.has_value());
         EXPECT_EQ(result.Found->Seed, 5U);
         EXPECT_EQ(result.Found->Gesture, kAfter);
         EXPECT_THAT(result.Found->What, HasSubstr(planted.Found));

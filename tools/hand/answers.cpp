@@ -19,10 +19,11 @@ namespace {
 
 constexpr int kPatience = 6;  // answers to one question until it is called off
 
-/// What is typed into a file dialogue.
+/// What is typed into a file dialogue. Nothing beyond the folder of the run: a search of the whole disk takes its time.
 std::string SomeFile(Dice& dice) {
-    static constexpr const char* kOthers[] = {"new set", "broken.mvn", "notes.txt", "",        "no such folder/one.mvn",
-                                              "..",      "/",          "one.mvn~",  "Samples", "Last session.mvn"};
+    static constexpr const char* kOthers[] = {"new set",  "broken.mvn",       "notes.txt",
+                                              "",         "no such folder/a", "Samples",
+                                              "one.mvn~", "empty folder",     "Last session.mvn"};
     return dice.OneIn(3) ? std::string(dice.Of(kOthers)) : dice.Of(World::Sets());
 }
 

@@ -71,7 +71,8 @@ std::string Notes::LastWords() const {
     std::string words;
     for (std::size_t back = kLines; back-- > 0;) {
         const int gesture = Gesture - static_cast<int>(back);
-        if (gesture > 0) words += std::string("  ") + Last[static_cast<std::size_t>(gesture) % kLines].data() + "\n";
+        const char* line = Last[static_cast<std::size_t>(std::max(gesture, 0)) % kLines].data();
+        if (gesture > 0 && *line != 0) words += std::string("  ") + line + "\n";
     }
     return words;
 }

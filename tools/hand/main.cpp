@@ -90,7 +90,7 @@ void PlayRuns(const Orders& orders, Notes& notes) {
         options.Print = orders.Print;
         options.Paint = orders.Paint || options.Seed % 8 == 0;
         options.OnGesture = [&](int number, const std::string& words) { notes.Say(number, words); };
-        notes.EndRun(Run(options));
+        notes.EndRun(PlayRun(options));
     }
 }
 

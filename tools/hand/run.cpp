@@ -157,7 +157,7 @@ private:
 
 }  // namespace
 
-RunResult Run(const RunOptions& options) {
+RunResult PlayRun(const RunOptions& options) {
     RunResult result;
     // In an event loop, as the program runs: without one a box that waits would end at once after a main window was
     // closed.

@@ -42,6 +42,6 @@ struct RunResult {
 };
 
 /// Runs one seed in the application's event loop, which it starts and ends.
-RunResult Run(const RunOptions& options);
+RunResult PlayRun(const RunOptions& options);
 
 }  // namespace marvolin::hand
