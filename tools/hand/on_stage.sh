@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The hostile hand on the real program: on the stage, random clicks, drags, turns of the wheel, keys and drops go to its
-# windows by way of the display, as a player's do. After each gesture the program must live and answer within two seconds; at
-# the end it must sound when it is asked to, and close as a player closes it. The same seed makes the same gestures; what
+# windows by way of the display, as a player's do. After each gesture the program must live; at the end the
+# card must have got its sound all the time, and the program must close as a player closes it. The same seed makes the same gestures; what
 # they meet depends on the time, too. Prints one line; exit status 1 with a finding.
 #
 #   tools/hand/on_stage.sh [SECONDS] [SEED] [BUILD]     default: 60 s, seed 1, build/release
@@ -15,7 +15,6 @@ source "$HERE/../stage/stage.sh"
 
 KEYS=(a b c d z a b c d z space Return Escape Tab Tab shift+Tab Up Down Left Right Prior Next Home End Insert Delete BackSpace
   shift+BackSpace shift+space ctrl+space shift+a ctrl+b alt+c F1 F5 F6 F7 F8 F9 F10 F11 F12)
-SLOWEST=0
 GESTURES=0
 LAST=()
 
@@ -109,14 +108,6 @@ gesture() {
   [[ ${#LAST[@]} -le 12 ]] || LAST=("${LAST[@]:1}")
 }
 
-# answers: the program lives, and its event loop answers.
-answers() {
-  local ms
-  stage_runs "$PROGRAM" || found "the program has ended"
-  ms=$("$STAGE_TOOLS/ping_window" "$WINDOW") || found "the program does not answer"
-  [[ $ms -le $SLOWEST ]] || SLOWEST=$ms
-}
-
 sound_length() { stat -c %s "$SOUND"; }
 
 BEGIN_OF_SOUND=$(sound_length)
@@ -124,7 +115,7 @@ END=$((SECONDS + SECONDS_OF_PLAY))
 while [[ $SECONDS -lt $END ]]; do
   GESTURES=$((GESTURES + 1))
   gesture
-  answers
+  stage_runs "$PROGRAM" || found "the program has ended"
 done
 
 # What was left open closes by Escape, and the main window has the keyboard.
@@ -134,4 +125,4 @@ GREW=$((($(sound_length) - BEGIN_OF_SOUND) / 176400))
 [[ $GREW -ge $((SECONDS_OF_PLAY * 9 / 10 - 1)) ]] || found "of $SECONDS_OF_PLAY s only $GREW s came to the card"
 stage_quit || found "the program does not close, or not with status 0"
 ! grep -q "the program ends" "$PLAY/stage/program.log" || found "the program has ended itself"
-echo "$GESTURES gestures on the stage, seed $SEED, $SECONDS_OF_PLAY s: the slowest answer $SLOWEST ms, $GREW s of sound, no finding"
+echo "$GESTURES gestures on the stage, seed $SEED, $SECONDS_OF_PLAY s: $GREW s of sound, no finding"
