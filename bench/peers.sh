@@ -177,7 +177,7 @@ settle() {
   local window
   sleep 2
   for window in $(clients); do
-    [[ $window == "$WINDOW" ]] || xdotool windowactivate --sync "$window" key Escape 2>/dev/null || true
+    [[ $window == "${WINDOW:-}" ]] || timeout 2 xdotool windowactivate --sync "$window" key Escape 2>/dev/null || true
   done
 }
 
