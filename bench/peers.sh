@@ -104,7 +104,8 @@ main_window() {
 large() {
   local WIDTH=0 HEIGHT=0
   eval "$(xdotool getwindowgeometry --shell "$1" 2>/dev/null | grep -E '^(WIDTH|HEIGHT)=')"
-  [[ $WIDTH -ge 300 && $HEIGHT -ge 150 ]] && xprop -id "$1" _NET_WM_WINDOW_TYPE 2>/dev/null | grep -q 'TYPE_NORMAL$'
+  [[ $WIDTH -ge 300 && $HEIGHT -ge 150 ]] &&
+    ! xprop -id "$1" _NET_WM_WINDOW_TYPE 2>/dev/null | grep -qE 'TYPE_(SPLASH|DIALOG)'
 }
 
 # painted: the picture of the window is not of one colour, which would be packed to less than a hundredth.
