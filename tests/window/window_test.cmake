@@ -1,10 +1,10 @@
-# A test program that plays on the windows of the program: the stage and the hand of tests/window and their `main`, with a
-# precompiled header of its own. INCLUDES are further folders that its sources include from.
+# A test program that plays on the windows of the program: the stage and the hand of tests/window and their `main`.
+# INCLUDES are further folders that its sources include from.
 find_package(Qt6 REQUIRED COMPONENTS Test)
 
 function(marvolin_window_test name)
   cmake_parse_arguments(T "" "" "SOURCES;LINKS;INCLUDES" ${ARGN})
-  marvolin_test(${name} OWN_PCH SOURCES
+  marvolin_test(${name} WINDOW_PCH SOURCES
     ../window/hand_state.cpp
     ../window/main.cpp
     ../window/stage.cpp
@@ -18,5 +18,4 @@ function(marvolin_window_test name)
   )
   target_include_directories(${name}_test PRIVATE
     ${PROJECT_SOURCE_DIR}/tests ${PROJECT_SOURCE_DIR}/tests/window ${T_INCLUDES})
-  target_precompile_headers(${name}_test PRIVATE <QApplication> <QMouseEvent> <QTest> <QWidget>)
 endfunction()

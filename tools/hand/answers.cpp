@@ -17,7 +17,7 @@ namespace marvolin::hand {
 
 namespace {
 
-constexpr int kPatience = 6;  // answers to one question until it is called off
+constexpr int kMostAnswers = 6;  // answers to one question until it is called off
 
 /// What is typed into a file dialogue. Nothing beyond the folder of the run: a search of the whole disk takes its time.
 std::string SomeFile(Dice& dice) {
@@ -74,7 +74,7 @@ void Answers::AnswerBox(QMessageBox& box) {
 void Answers::AnswerFiles(QFileDialog& dialogue) {
     auto* edit = dialogue.findChild<QLineEdit*>("fileNameEdit");
     const auto* buttons = dialogue.findChild<QDialogButtonBox*>();
-    if (tries_ >= kPatience || dice_.OneIn(4) || edit == nullptr || buttons == nullptr) {
+    if (tries_ >= kMostAnswers || dice_.OneIn(4) || edit == nullptr || buttons == nullptr) {
         words_ += " [files: cancelled]";
         return dialogue.reject();
     }
@@ -89,7 +89,7 @@ void Answers::AnswerFiles(QFileDialog& dialogue) {
 
 // A drag that hangs on the pointer: over something else, and let go.
 void Answers::Drop() {
-    if (tries_ >= kPatience || !pointer_.Holds() || dice_.OneIn(8)) {
+    if (tries_ >= kMostAnswers || !pointer_.Holds() || dice_.OneIn(8)) {
         words_ += " [the drag: called off]";
         return QDrag::cancel();
     }

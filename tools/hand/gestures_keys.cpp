@@ -28,7 +28,7 @@ Qt::Key SomeKey(Dice& dice) {
     return dice.Of(kKeys);
 }
 
-void Say(Turn& turn, Qt::Key key, Qt::KeyboardModifiers held) {
+void SayKey(Turn& turn, Qt::Key key, Qt::KeyboardModifiers held) {
     turn.Words += QKeySequence(QKeyCombination(held, key)).toString(QKeySequence::PortableText).toStdString();
     const QWidget* focus = QApplication::focusWidget();
     if (focus != nullptr) turn.Words += " at " + focus->objectName().toStdString();
@@ -41,14 +41,14 @@ void PlayKey(Turn& turn) {
                                           : turn.D.OneIn(4) ? int{Qt::Key_Z}
                                                             : turn.D.Between(Qt::Key_A, Qt::Key_D));
     const Qt::KeyboardModifiers held = SomeModifiers(turn.D);
-    Say(turn, key, held);
+    SayKey(turn, key, held);
     turn.Keys.Click(key, held);
 }
 
 void ControlKey(Turn& turn) {
     const Qt::Key key = SomeKey(turn.D);
     const Qt::KeyboardModifiers held = SomeModifiers(turn.D);
-    Say(turn, key, held);
+    SayKey(turn, key, held);
     turn.Keys.Click(key, held);
 }
 
@@ -82,7 +82,7 @@ void HeldKey(Turn& turn) {
     }
     const Qt::Key key = turn.D.OneIn(3) ? SomeKey(turn.D) : Qt::Key_Space;
     const Qt::KeyboardModifiers held = turn.D.OneIn(2) ? Qt::ShiftModifier : Qt::NoModifier;
-    Say(turn, key, held);
+    SayKey(turn, key, held);
     turn.Keys.Press(key, held);
 }
 

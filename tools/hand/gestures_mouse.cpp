@@ -19,7 +19,7 @@ Qt::MouseButton SomeButton(Dice& dice) {
     return n < 9 ? Qt::RightButton : Qt::MiddleButton;
 }
 
-const char* NameOf(Qt::MouseButton button) {
+const char* ButtonName(Qt::MouseButton button) {
     if (button == Qt::LeftButton) return "left";
     return button == Qt::RightButton ? "right" : "middle";
 }
@@ -35,8 +35,8 @@ QPointF SomeWay(Dice& dice) {
     return {static_cast<double>(dice.Between(-reach, reach)), static_cast<double>(dice.Between(-reach, reach))};
 }
 
-void Say(Turn& turn, Qt::MouseButton button, const Place& place) {
-    turn.Words += std::string(NameOf(button)) + " on " + place.Name;
+void SayMouse(Turn& turn, Qt::MouseButton button, const Place& place) {
+    turn.Words += std::string(ButtonName(button)) + " on " + place.Name;
 }
 
 }  // namespace
@@ -45,7 +45,7 @@ void ClickControl(Turn& turn) {
     turn.Mouse.LetGo();
     const Place place = SomePlace(turn.W, turn.D);
     const Qt::MouseButton button = SomeButton(turn.D);
-    Say(turn, button, place);
+    SayMouse(turn, button, place);
     turn.Mouse.Press(place, button, ModifiersOfMouse(turn.D), turn.D.OneIn(4) ? Pointer::kQuick : Pointer::kSlow);
     turn.Mouse.Release(button);
 }
@@ -54,7 +54,7 @@ void DoubleClickControl(Turn& turn) {
     turn.Mouse.LetGo();
     const Place place = SomePlace(turn.W, turn.D);
     const Qt::MouseButton button = SomeButton(turn.D);
-    Say(turn, button, place);
+    SayMouse(turn, button, place);
     turn.Mouse.Press(place, button);
     turn.Mouse.Release(button);
     turn.Mouse.Press(turn.Mouse.Where(), button, {}, Pointer::kQuick);
@@ -65,7 +65,7 @@ void DragControl(Turn& turn) {
     turn.Mouse.LetGo();
     const Place place = SomePlace(turn.W, turn.D);
     const Qt::MouseButton button = SomeButton(turn.D);
-    Say(turn, button, place);
+    SayMouse(turn, button, place);
     turn.Mouse.Press(place, button, ModifiersOfMouse(turn.D));
     const int moves = turn.D.Between(1, 5);
     for (int i = 0; i < moves && turn.Mouse.Holds(); ++i) turn.Mouse.MoveBy(SomeWay(turn.D));
@@ -79,7 +79,7 @@ void PressOrMove(Turn& turn) {
     }
     const Place place = SomePlace(turn.W, turn.D);
     const Qt::MouseButton button = SomeButton(turn.D);
-    Say(turn, button, place);
+    SayMouse(turn, button, place);
     turn.Mouse.Press(place, button, ModifiersOfMouse(turn.D));
 }
 
@@ -87,7 +87,7 @@ void ReleaseButton(Turn& turn) { turn.Mouse.LetGo(); }
 
 void SecondButton(Turn& turn) {
     const Qt::MouseButton button = SomeButton(turn.D);
-    Say(turn, button, turn.Mouse.Where());
+    SayMouse(turn, button, turn.Mouse.Where());
     if (turn.Mouse.Down().testFlag(button)) return turn.Mouse.Release(button);
     turn.Mouse.Press(turn.Mouse.Where(), button, {}, Pointer::kQuick);
     if (turn.D.OneIn(2) && turn.Mouse.Holds()) turn.Mouse.Release(button);

@@ -13,10 +13,10 @@ namespace {
 
 // What moves while something plays is painted again that often by timers of the toolkit.
 constexpr int kTimersOfLooks = 120;  // ms
-constexpr int kTries = 3;
+constexpr int kFreshPaints = 3;
 
 /// The first pixel in which two pictures of the same size differ; (-1, -1) for none.
-QPoint FirstDifference(const QImage& a, const QImage& b) {
+QPoint FirstDifferingPoint(const QImage& a, const QImage& b) {
     for (int y = 0; y < a.height(); ++y) {
         if (std::memcmp(a.constScanLine(y), b.constScanLine(y), static_cast<std::size_t>(a.width()) * 4) == 0) continue;
         for (int x = 0; x < a.width(); ++x) {
@@ -31,7 +31,7 @@ std::string WrongPictureOf(QWidget& window) {
     const QImage shown = window.screen()->grabWindow(window.winId()).toImage().convertToFormat(format);
     const QImage fresh = window.grab().toImage().convertToFormat(format);
     if (shown.size() != fresh.size()) return "";  // not yet painted in its new size
-    const QPoint place = FirstDifference(shown, fresh);
+    const QPoint place = FirstDifferingPoint(shown, fresh);
     if (place.x() < 0) return "";
     const QWidget* child = window.childAt(place);
     return "what is shown is not what would be painted, in " + window.objectName().toStdString() + " at " +
@@ -49,7 +49,7 @@ std::string WrongPicture(World& world) {
         widget->update();
     }
     std::string wrong;
-    for (int i = 0; i < kTries; ++i) {
+    for (int i = 0; i < kFreshPaints; ++i) {
         QTest::qWait(kTimersOfLooks);
         wrong.clear();
         for (QWidget* window : world.Windows()) {

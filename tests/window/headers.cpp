@@ -1,0 +1,1 @@
+// Nothing but the headers that the tests of windows share, precompiled.
