@@ -231,7 +231,7 @@ spread() {
     awk '$1 >= 20 { printf "%.3f (%.2f to %.2f, %d steps)", $3/1000, $4/1000, $5/1000, $1; ok = 1 } END { exit !ok }'
 }
 
-# Ours plays a click every quarter of a second as a Drum LoopTrack. The others play no pattern by themselves here.
+# Ours plays a click every quarter of a second as a Drum LoopTrack. This script does not make the others play a pattern yet.
 steps_marvolin() {
   local click loop play_button x y
   [[ -x $PRINT_PLACES ]] || return 1

@@ -252,6 +252,36 @@ TEST(TwoButtons, ABallWhoseTabAnotherHandChangesLetsThePointerGo) {
     }
 }
 
+TEST(TwoButtons, AButtonThatComesDownWhileAnotherHasClosedAListHoldsNothing) {
+    WholeHand hand;
+    hand.LookAway();
+    for (const char* name : {"Limiter", "HzKnob_1", "Play_2"}) {
+        SCOPED_TRACE(name);
+        hand.Begin();
+        QWidget& widget = hand.Named(name);
+        QWidget& list = hand.Named("SetChannel");
+        hand.Reveal(widget);
+        if (!list.isVisible()) continue;
+        const Spot spot = hand.SpotOn(widget);
+        hand.ClickAt(hand.SpotOn(list));
+        ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+        const Facts before = FactsOf(hand.s);
+        hand.PressAt(spot, Qt::LeftButton);
+        ASSERT_EQ(QApplication::activePopupWidget(), nullptr);
+        hand.PressAt(spot, Qt::MiddleButton);
+        hand.ReleaseAt(spot, Qt::LeftButton);
+        hand.ReleaseAt(spot, Qt::MiddleButton);
+        ExpectNoGesture(hand, widget);
+        EXPECT_THAT(Changed(before, FactsOf(hand.s)), IsEmpty());
+        // The next press is one like any other.
+        if (widget.objectName() != "Limiter") continue;
+        hand.PressAt(spot, Qt::LeftButton);
+        EXPECT_EQ(hand.s.Drag.Dragging, True);
+        hand.ReleaseAt(spot, Qt::LeftButton);
+        ExpectNoGesture(hand, widget);
+    }
+}
+
 TEST(TwoButtons, InThePaletteTheButtonThatPressedAnEntryChoosesIt) {
     WholeHand hand;
     hand.Begin();

@@ -210,6 +210,11 @@ bool Described::Refuses(const QEvent& event) const {
 bool Described::TakesFromHolder(QObject& pointed, const QMouseEvent& event) {
     const QEvent::Type type = event.type();
     if (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick) {
+        // A button that came down elsewhere, as on a list that it closed, keeps the releases of all others from here.
+        pressedHere_ &= event.buttons();
+        const Qt::MouseButtons down = event.buttons() & ~Qt::MouseButtons(event.button());
+        if ((down & ~pressedHere_) != Qt::NoButton) return true;
+        pressedHere_ |= event.button();
         // A holder whose release went to a drag is no longer down.
         const bool held = holder_ != Qt::NoButton && event.buttons().testFlag(holder_);
         if (!IsOfTheHand(event.button()) || (held && event.button() != holder_)) return true;

@@ -82,6 +82,7 @@ private:
     const Description& row_;
     const int index_;
     Qt::MouseButton holder_ = Qt::NoButton;  // the button that holds the control
+    Qt::MouseButtons pressedHere_;           // the buttons that are down since they came down on the control
     bool resending_ = false;
     std::string shown_;  // the hint that this control showed last
 };
