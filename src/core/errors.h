@@ -62,4 +62,11 @@ inline constexpr std::uint32_t kOtherHasPriority = 0x887800A0;
 inline constexpr std::uint32_t kUninitialised = 0x887800AA;
 }  // namespace sound_error
 
+/// What no amount of memory would mend: more than a position or a buffer of the service can count. Told as
+/// `kOutOfMemory`.
+class SoundTooLong : public SoundError {
+public:
+    SoundTooLong() : SoundError(sound_error::kOutOfMemory) {}
+};
+
 }  // namespace marvolin

@@ -40,6 +40,7 @@ struct Loading {
     std::string Folder;                  ///< folder of the file, with its separator
     std::vector<std::string> NotLoaded;  ///< names of the samples that no LoopTrack got
     bool Nearby = true;                  ///< samples are looked for also where they were not stored
+    TakenFiles Taken;                    ///< those that were found there
 
     bool Asked(Element element) const { return Switches.Get(element); }
 };
@@ -100,12 +101,12 @@ bool WantsSample(const SavedLoop& saved, const clsSwitchRecord& elements) {
 }
 
 /// Whether the file of a sample is there: where it should be, or nearby, where `from` leads then.
-bool FindSample(const Session& s, const SavedLoop& saved, SavedFrom& from, bool nearby) {
+bool FindSample(const Session& s, const SavedLoop& saved, SavedFrom& from, Loading& load) {
     const std::string path = SavedSample(saved, from);
     if (path.empty() || TargetExists(path)) return true;
     if (s.Run[saved.Index].Loaded != False && s.Set[saved.Index].FileName == path) return true;
-    if (!nearby) return false;
-    from.Found = FindNearby(s, saved.Set.FileName, from.OpenPath);
+    if (!load.Nearby) return false;
+    from.Found = FindNearby(s, saved.Set.FileName, from.OpenPath, load.Taken);
     return !from.Found.empty();
 }
 
@@ -122,7 +123,7 @@ void ReadLoops(Session& s, RecordReader& file, Loading& load) {
         if (saved.Index >= kLoopTracks) continue;
         playingInFile[saved.Index] = saved.WasPlaying != False;
         SavedFrom from{.NewUse3d = use3D, .ForPackage = load.ForPackage, .OpenPath = load.Folder};
-        const bool isThere = !WantsSample(saved, effective) || FindSample(s, saved, from, load.Nearby);
+        const bool isThere = !WantsSample(saved, effective) || FindSample(s, saved, from, load);
         // A sample that could not be loaded does not count; the previous one is not started in its place.
         const bool asked = LoadSavedLoop(s, saved, effective, from);
         loadedFromFile[saved.Index] = asked && HoldsSavedSample(s, saved, from);
@@ -208,7 +209,7 @@ void MakeCurrent(Session& s, const std::string& fileName) {
 bool LoadSession(Session& s, const std::string& fileName, SetAsCurrent current, const clsSwitchRecord& switches,
                  AdoptSwitches adopt) {
     if (!FileExists(fileName)) return false;
-    Loading load{switches, {}, IsPackage(fileName), "", {}};
+    Loading load{switches, {}, IsPackage(fileName), "", {}, true, {}};
     // A change of device brings its own rows back: the same file, or it waits. It alone asks for no play state by a
     // file that gives the session no name.
     load.Nearby = current == SetAsCurrent::Yes || switches.Get(Element::PlayState);

@@ -368,19 +368,36 @@ TEST(ShareOut, GivesEachStoredPathTheFileThatMatchesItBestAndNoFileToTwo) {
         << "those that want the same get the same";
 }
 
-TEST(MissingSamples, OneFileIsNotGivenToRowsThatWantTwo) {
-    KeptRig i;
-    for (const char* folder : {"kick", "snare", "new"}) {
-        fs::create_directories(i.Folder / folder);
-        WriteBytes(i.Folder / folder + "/1.wav", folder);
+/// A and C want "kick/1.wav", B "snare/1.wav"; both are gone, and "new/1.wav" is there.
+struct OneForTwo : KeptRig {
+    OneForTwo() {
+        for (const char* folder : {"kick", "snare", "new"}) {
+            fs::create_directories(Folder / folder);
+            WriteBytes(Folder / folder + "/1.wav", folder);
+        }
+        Load(0, "kick/1.wav");
+        Load(1, "snare/1.wav");
+        Load(2, "kick/1.wav");
+        EXPECT_TRUE(Save("set.mvn"));
+        for (Row row = 0; row < kLoopTracks; ++row) LoopClear(s, row);
+        for (const char* folder : {"kick", "snare"}) fs::remove_all(Folder / folder);
+        s.EmptyBlankSetting = 1;
+        s.SaveOpenSwitches[kWhenOpening].Put(Element::PickLists, false);
     }
-    i.Load(0, "kick/1.wav");
-    i.Load(1, "snare/1.wav");
-    i.Load(2, "kick/1.wav");
-    ASSERT_TRUE(i.Save("set.mvn"));
-    for (Row row = 0; row < kLoopTracks; ++row) LoopClear(i.s, row);
-    for (const char* folder : {"kick", "snare"}) fs::remove_all(i.Folder / folder);
-    i.s.EmptyBlankSetting = 1;
+};
+
+TEST(MissingSamples, OneFileNearbyIsNotGivenToRowsThatWantTwo) {
+    OneForTwo i;
+    i.s.Bins[0].Folder = i.Folder / "new";
+    ASSERT_TRUE(i.Open("set.mvn"));
+    EXPECT_EQ(i.s.Set[0].FileName, i.Folder / "new/1.wav");
+    EXPECT_EQ(i.s.Set[2].FileName, i.Folder / "new/1.wav");
+    EXPECT_EQ(i.s.Run[1].Loaded, False);
+    EXPECT_EQ(MissingName(i.s, 1), "1.wav");
+}
+
+TEST(MissingSamples, OneFileIsNotGivenToRowsThatWantTwo) {
+    OneForTwo i;
     ASSERT_TRUE(i.Open("set.mvn"));
     LoadFound(i.s, {{"1.wav", {i.Folder / "new/1.wav"}}});
     EXPECT_EQ(i.s.Set[0].FileName, i.Folder / "new/1.wav");

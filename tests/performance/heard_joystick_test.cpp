@@ -47,7 +47,7 @@ struct OnAStage : HeardInstrument {
     double Plain = 0;
 };
 
-TEST(HeardJoystick, AStickThatIsPluggedInWhileLoopTracksSoundMovesThemAndLeavesNoGap) {
+TEST(HeardJoystick, AStickThatIsPluggedInWhileLoopTracksSoundMovesThemAndSilencesNone) {
     OnAStage i;
     ASSERT_GT(i.Plain, 4000);
     ASSERT_FALSE(i.s.JoyEnabled) << "no stick may be plugged into the machine of this test";

@@ -899,6 +899,22 @@ TEST_F(Undo, ALoadForWhichMemoryEndsTakesThatOfTheOldestSamples) {
     EXPECT_EQ(s.Set[0].FileName, Sample("bells.wav")) << "it comes back from its file";
 }
 
+TEST_F(Undo, ASampleThatIsTooLongForAnyMemoryTakesThatOfNoOther) {
+    for (const char* name : {"bells.wav", "drum.wav"}) Load(0, name);
+    std::weak_ptr<KeptSample> drum = Buffer(0).Keep();
+    Sound.OnCall = [](const std::string& call) {
+        if (call == "CreateSoundBufferFromFile") throw SoundTooLong();
+    };
+    Load(0, "rain.wav");
+    Sound.OnCall = nullptr;
+    EXPECT_EQ(Desk.Boxes.size(), 1U);
+    EXPECT_FALSE(drum.expired());
+    const int reads = Reads();
+    Undo_Click(s);
+    EXPECT_EQ(s.Set[0].FileName, Sample("drum.wav"));
+    EXPECT_EQ(Reads(), reads) << "it comes back from memory";
+}
+
 TEST_F(Undo, ALoadForWhichNoMemoryCanBeMadeFailsAsEver) {
     for (const char* name : {"bells.wav", "drum.wav"}) Load(0, name);
     Load(2, "hum.wav");

@@ -43,7 +43,7 @@ bool Holds(ALuint buffer, std::int32_t bytes) {
 PlaneBuffers::PlaneBuffers(OpenAlContext& context, const WaveFormat& format, std::int32_t frames, bool spatial)
     : context_(context), format_(format), spatial_(spatial) {
     const std::int32_t bytes = PlaneNumberBytes(PlaneNumberOf(format_, PlaneAt(0, spatial_)));
-    if (frames > std::numeric_limits<ALsizei>::max() / bytes) throw SoundError(sound_error::kOutOfMemory);
+    if (frames > std::numeric_limits<ALsizei>::max() / bytes) throw SoundTooLong();
     plane_.resize(static_cast<std::size_t>(kPieceBytes / format_.BlockAlign * bytes));
     names_.resize(format_.Channels == 2 && !spatial_ ? 2 : 1);
     memory_ = names_.size() * static_cast<std::size_t>(frames) * static_cast<std::size_t>(bytes);

@@ -133,7 +133,7 @@ WaveFile::WaveFile(const std::string& path) {
     if (!file_ || !SameWave(info, format_)) Refuse(sound_error::kBadFormat);
     const std::int64_t most = std::numeric_limits<std::int32_t>::max();
     if (info.frames > status.st_size / format_.BlockAlign) Refuse(sound_error::kBadFormat);
-    if (info.frames > most / format_.BlockAlign) Refuse(sound_error::kOutOfMemory);
+    if (info.frames > most / format_.BlockAlign) throw SoundTooLong();
     std::int64_t frames = info.frames;
     if (const std::int32_t factor = RateReducer::FactorFor(format_.SamplesPerSec); factor > 1) {
         reducer_ = std::make_unique<RateReducer>(format_, frames, factor);

@@ -14,12 +14,15 @@ namespace marvolin {
 inline bool GiveUpOldestSample(Session& s) { return s.Undo && s.Undo->GiveUpOldest(s); }
 
 /// The result of `work`. When its memory ends it is done again with one sample less to be taken back, until it has
-/// enough or there is none left; it must leave everything unchanged when it fails.
+/// enough or there is none left, but not for a sample that is too long for any memory; it must leave everything
+/// unchanged when it fails.
 template <typename Work>
 auto WithRoom(Session& s, Work work) {
     for (;;) {
         try {
             return work();
+        } catch (const SoundTooLong&) {
+            throw;
         } catch (const SoundError& e) {
             if (e.Number() != sound_error::kOutOfMemory || !GiveUpOldestSample(s)) throw;
         } catch (const std::bad_alloc&) {

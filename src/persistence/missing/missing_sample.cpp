@@ -158,7 +158,7 @@ std::string NameOfSample(const std::string& path) {
     return name;
 }
 
-std::string FindNearby(const Session& s, const std::string& stored, const std::string& setFolder) {
+std::string FindNearby(const Session& s, const std::string& stored, const std::string& setFolder, TakenFiles& taken) {
     const std::string name = NameOfSample(stored);
     std::vector<std::string> folders{setFolder};
     for (const SampleBin& bin : s.Bins) folders.push_back(bin.Folder);
@@ -174,7 +174,14 @@ std::string FindNearby(const Session& s, const std::string& stored, const std::s
     if (paths.empty()) {
         for (const std::string& folder : folders) AddAlike(folder, name, paths);
     }
-    return BestMatch(stored, paths);
+    const auto ofAnother = [&](const std::string& path) {
+        const auto taker = taken.find(path);
+        return taker != taken.end() && !SameIgnoringCase(taker->second, stored);
+    };
+    paths.erase(std::remove_if(paths.begin(), paths.end(), ofAnother), paths.end());
+    const std::string best = BestMatch(stored, paths);
+    if (!best.empty()) taken.emplace(best, stored);
+    return best;
 }
 
 void KeepPlace(Session& s, MissingSample missing) {

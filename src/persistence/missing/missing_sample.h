@@ -3,6 +3,7 @@
 /// Samples that were not found when their set was opened. Their rows keep their place: what was asked for of them is
 /// saved again as it was read, until something is loaded into them or they are cleared.
 
+#include <map>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -19,13 +20,17 @@ struct MissingSample {
     std::int16_t Use3D = False;  ///< 3D state under which it was stored
 };
 
+/// Files that were found while one set is opened, and the stored path for which each was.
+using TakenFiles = std::map<std::string, std::string>;
+
 /// The name of a sample, without its folders. A path that starts with "/" is one of this system, where names may hold
 /// "\\" and ":".
 std::string NameOfSample(const std::string& path);
 /// Where a sample lies that is not at its stored place: beside its set, or in the folder of a bin. "" when it is in
 /// none of them. `stored` is its path in the set, `setFolder` the folder of the set, with its separator. Of several
-/// the `BestMatch`; a name that differs only in the case of its letters counts when there is none spelled alike.
-std::string FindNearby(const Session& s, const std::string& stored, const std::string& setFolder);
+/// the `BestMatch`; a name that differs only in the case of its letters counts when there is none spelled alike. A file
+/// that `taken` has given to another stored path is left out; what is found is added there.
+std::string FindNearby(const Session& s, const std::string& stored, const std::string& setFolder, TakenFiles& taken);
 /// From now on the row keeps the place of a sample that was not found.
 void KeepPlace(Session& s, MissingSample missing);
 

@@ -62,7 +62,7 @@ std::vector<std::string> ShareOut(const std::vector<std::string>& stored, const 
     std::vector<const std::string*> takers(paths.size(), nullptr);
     for (const Match& match : matches) {
         const std::string*& taker = takers[match.Path];
-        const bool free = taker == nullptr || *taker == stored[match.Wanted];
+        const bool free = taker == nullptr || SameIgnoringCase(*taker, stored[match.Wanted]);
         if (!shares[match.Wanted].empty() || !free) continue;
         shares[match.Wanted] = paths[match.Path];
         taker = &stored[match.Wanted];
