@@ -124,14 +124,20 @@ void KeepTheLastState(benchmark::State& state) {
 }
 BENCHMARK(KeepTheLastState)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
+/// The large set, kept, in hand and as its file has it.
+struct LargeInHand : Large {
+    LargeInHand() {
+        s.SaveOpenSwitches[kWhenSaving] = All();
+        Desk.Folder = s.CurrentFolder = Folder.Path();
+        s.CurrentFile = "large.mvn";
+        StartKeeping(s);
+        NoteSetOnDisk(s, File);
+    }
+};
+
 /// The look at whether the set in hand differs from its file, once a second.
 void LookAtTheSetInHand(benchmark::State& state) {
-    Large b;
-    b.s.SaveOpenSwitches[kWhenSaving] = All();
-    b.Desk.Folder = b.s.CurrentFolder = b.Folder.Path();
-    b.s.CurrentFile = "large.mvn";
-    StartKeeping(b.s);
-    NoteSetOnDisk(b.s, b.File);
+    LargeInHand b;
     const auto tick = b.Timers.Live.back()->OnTick;
     for (auto _ : state) tick(0);
     if (SetHasChanged(b.s)) state.SkipWithError("nothing has changed");
@@ -140,12 +146,7 @@ BENCHMARK(LookAtTheSetInHand)->Unit(benchmark::kMillisecond);
 
 /// The same with a clip that has changed, whose records are made anew.
 void LookAtTheSetInHandAfterAClip(benchmark::State& state) {
-    Large b;
-    b.s.SaveOpenSwitches[kWhenSaving] = All();
-    b.Desk.Folder = b.s.CurrentFolder = b.Folder.Path();
-    b.s.CurrentFile = "large.mvn";
-    StartKeeping(b.s);
-    NoteSetOnDisk(b.s, b.File);
+    LargeInHand b;
     const auto tick = b.Timers.Live.back()->OnTick;
     for (auto _ : state) {
         b.s.Clips.ClipStore.back().Vol = static_cast<std::int16_t>((b.s.Clips.ClipStore.back().Vol + 1) % kVolFull);
@@ -183,7 +184,10 @@ void LookBesideTheSetInAHundredThousandFiles(benchmark::State& state) {
     const FullFolder b;
     Large set;
     for (SampleBin& bin : set.s.Bins) bin.Folder = b.Folder.Path();
-    for (auto _ : state) benchmark::DoNotOptimize(FindNearby(set.s, "/music/kick.wav", b.Folder.Path()));
+    for (auto _ : state) {
+        TakenFiles taken;
+        benchmark::DoNotOptimize(FindNearby(set.s, "/music/kick.wav", b.Folder.Path(), taken));
+    }
 }
 BENCHMARK(LookBesideTheSetInAHundredThousandFiles)->Unit(benchmark::kMillisecond);
 

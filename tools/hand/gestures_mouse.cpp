@@ -39,22 +39,31 @@ void SayMouse(Turn& turn, Qt::MouseButton button, const Place& place) {
     turn.Words += std::string(ButtonName(button)) + " on " + place.Name;
 }
 
+/// Where a button goes down, and which.
+struct Aim {
+    Place Where;
+    Qt::MouseButton Button;
+};
+
+Aim SomeAim(Turn& turn) {
+    const Place place = SomePlace(turn.W, turn.D);
+    const Qt::MouseButton button = SomeButton(turn.D);
+    SayMouse(turn, button, place);
+    return {place, button};
+}
+
 }  // namespace
 
 void ClickControl(Turn& turn) {
     turn.Mouse.LetGo();
-    const Place place = SomePlace(turn.W, turn.D);
-    const Qt::MouseButton button = SomeButton(turn.D);
-    SayMouse(turn, button, place);
+    const auto [place, button] = SomeAim(turn);
     turn.Mouse.Press(place, button, ModifiersOfMouse(turn.D), turn.D.OneIn(4) ? Pointer::kQuick : Pointer::kSlow);
     turn.Mouse.Release(button);
 }
 
 void DoubleClickControl(Turn& turn) {
     turn.Mouse.LetGo();
-    const Place place = SomePlace(turn.W, turn.D);
-    const Qt::MouseButton button = SomeButton(turn.D);
-    SayMouse(turn, button, place);
+    const auto [place, button] = SomeAim(turn);
     turn.Mouse.Press(place, button);
     turn.Mouse.Release(button);
     turn.Mouse.Press(turn.Mouse.Where(), button, {}, Pointer::kQuick);
@@ -63,9 +72,7 @@ void DoubleClickControl(Turn& turn) {
 
 void DragControl(Turn& turn) {
     turn.Mouse.LetGo();
-    const Place place = SomePlace(turn.W, turn.D);
-    const Qt::MouseButton button = SomeButton(turn.D);
-    SayMouse(turn, button, place);
+    const auto [place, button] = SomeAim(turn);
     turn.Mouse.Press(place, button, ModifiersOfMouse(turn.D));
     const int moves = turn.D.Between(1, 5);
     for (int i = 0; i < moves && turn.Mouse.Holds(); ++i) turn.Mouse.MoveBy(SomeWay(turn.D));
@@ -77,9 +84,7 @@ void PressOrMove(Turn& turn) {
         turn.Words += "move";
         return turn.Mouse.MoveBy(SomeWay(turn.D));
     }
-    const Place place = SomePlace(turn.W, turn.D);
-    const Qt::MouseButton button = SomeButton(turn.D);
-    SayMouse(turn, button, place);
+    const auto [place, button] = SomeAim(turn);
     turn.Mouse.Press(place, button, ModifiersOfMouse(turn.D));
 }
 
