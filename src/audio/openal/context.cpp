@@ -53,25 +53,35 @@ std::array<ALCint, 13> Attributes(bool headphones) {
             0};
 }
 
-ALCcontext* CreateContext(ALCdevice* device) { return alcCreateContext(device, Attributes(false).data()); }
-
 }  // namespace
 
-OpenAlContext::OpenAlContext(std::shared_ptr<LoadMeter> meter, std::shared_ptr<OutputChain> chain)
-    : meter_(std::move(meter)),
-      chain_(std::move(chain)),
-      device_(alcLoopbackOpenDeviceSOFT(nullptr)),
-      ring_(kRingCalls),
-      sender_(ring_) {
+OpenAlMixer::OpenAlMixer() : device_(alcLoopbackOpenDeviceSOFT(nullptr)) {
     if (!device_) throw SoundError(sound_error::kNoDriver);
-    context_.reset(CreateContext(device_.get()));
-    if (!context_) {
-        const bool memory = alcGetError(device_.get()) == ALC_OUT_OF_MEMORY;
-        throw SoundError(memory ? sound_error::kOutOfMemory : sound_error::kNoDriver);
-    }
+    context_.reset(alcCreateContext(device_.get(), Attributes(false).data()));
+    if (context_) return;
+    const bool memory = alcGetError(device_.get()) == ALC_OUT_OF_MEMORY;
+    throw SoundError(memory ? sound_error::kOutOfMemory : sound_error::kNoDriver);
+}
+
+void OpenAlMixer::Close::operator()(ALCdevice* device) const { alcCloseDevice(device); }
+
+void OpenAlMixer::Close::operator()(ALCcontext* context) const {
+    if (alcGetThreadContext() == context) alcSetThreadContext(nullptr);
+    alcDestroyContext(context);
+}
+
+bool OpenAlMixer::Reset(bool headphones) {
+    if (alcResetDeviceSOFT(device_.get(), Attributes(headphones).data()) != ALC_TRUE) return false;
+    ALCint on = ALC_FALSE;
+    alcGetIntegerv(device_.get(), ALC_HRTF_SOFT, 1, &on);
+    return (on == ALC_TRUE) == headphones;
+}
+
+OpenAlContext::OpenAlContext(std::shared_ptr<LoadMeter> meter, std::shared_ptr<OutputChain> chain, OpenAlMixer mixer)
+    : meter_(std::move(meter)), chain_(std::move(chain)), mixer_(std::move(mixer)), ring_(kRingCalls), sender_(ring_) {
     const OpenAlSetting setting(*this);
     alDistanceModel(AL_INVERSE_DISTANCE_CLAMPED);
-    pool_ = std::make_unique<SourcePool>(device_.get());
+    pool_ = std::make_unique<SourcePool>(mixer_.Device());
     applier_ = std::make_unique<CallApplier>(ring_, SourcePool::kMostSources / 2);
 }
 
@@ -79,13 +89,6 @@ OpenAlContext::~OpenAlContext() {
     AssertOwner();
     LeaveClock();
     retired_.clear();
-}
-
-void OpenAlContext::Close::operator()(ALCdevice* device) const { alcCloseDevice(device); }
-
-void OpenAlContext::Close::operator()(ALCcontext* context) const {
-    if (alcGetThreadContext() == context) alcSetThreadContext(nullptr);
-    alcDestroyContext(context);
 }
 
 void OpenAlContext::JoinClock(std::shared_ptr<CardClock> clock, int period) {
@@ -126,7 +129,7 @@ void OpenAlContext::Render_rt(std::int16_t* out, int frames, bool hasGone) noexc
     const auto begin = Clock::now();
     // While an output renders, the owner holds this only to reset the mixer, which the player asks for.
     const std::lock_guard<std::mutex> applying(applying_);
-    const CurrentContext current(context_.get());
+    const CurrentContext current(mixer_.Context());
     TellClock_rt(hasGone);
     std::int16_t* end = out;
     for (int left = frames; left > 0;) {
@@ -135,7 +138,7 @@ void OpenAlContext::Render_rt(std::int16_t* out, int frames, bool hasGone) noexc
             piece = applier_->Prepare_rt(left);
             gate_.unlock();
         }
-        alcRenderSamplesSOFT(device_.get(), end, piece);
+        alcRenderSamplesSOFT(mixer_.Device(), end, piece);
         applier_->Rendered_rt(piece);
         end += 2 * piece;
         left -= piece;
@@ -220,8 +223,8 @@ bool OpenAlContext::HasHeadphones() {
     AssertOwner();
     if (hasHeadphones_) return *hasHeadphones_;
     ALCint heads = 0;
-    if (alcIsExtensionPresent(device_.get(), "ALC_SOFT_HRTF") == ALC_TRUE)
-        alcGetIntegerv(device_.get(), ALC_NUM_HRTF_SPECIFIERS_SOFT, 1, &heads);
+    if (alcIsExtensionPresent(mixer_.Device(), "ALC_SOFT_HRTF") == ALC_TRUE)
+        alcGetIntegerv(mixer_.Device(), ALC_NUM_HRTF_SPECIFIERS_SOFT, 1, &heads);
     hasHeadphones_ = heads > 0;
     return *hasHeadphones_;
 }
@@ -233,19 +236,12 @@ void OpenAlContext::AwaitRendering() const {
         std::this_thread::sleep_for(std::chrono::microseconds(50));
 }
 
-bool OpenAlContext::Reset(bool headphones) {
-    if (alcResetDeviceSOFT(device_.get(), Attributes(headphones).data()) != ALC_TRUE) return false;
-    ALCint on = ALC_FALSE;
-    alcGetIntegerv(device_.get(), ALC_HRTF_SOFT, 1, &on);
-    return (on == ALC_TRUE) == headphones;
-}
-
 void OpenAlContext::SetHeadphones(bool on) {
     AssertOwner();
     const std::lock_guard<std::mutex> applying(applying_);
     seam_.Open();
-    if (Reset(on)) return;
-    if (on) Reset(false);
+    if (mixer_.Reset(on)) return;
+    if (on) mixer_.Reset(false);
     throw SoundError(sound_error::kControlUnavailable);
 }
 
@@ -267,7 +263,7 @@ bool OpenAlContext::Bind(ALuint source, ALuint buffer) {
 
 OpenAlSetting::OpenAlSetting(OpenAlContext& context) {
     context.AssertOwner();
-    ALCcontext* mixer = context.context_.get();
+    ALCcontext* mixer = context.mixer_.Context();
     if (alcGetThreadContext() != mixer) alcSetThreadContext(mixer);
 }
 

@@ -32,13 +32,35 @@ class SourcePool;
 
 inline constexpr int kOutputRate = 44100;  ///< Hz
 
+/// What the library holds of a mixer: a loopback device and its context, which is current in no thread yet. Any thread
+/// may make one.
+class OpenAlMixer {
+public:
+    /// `SoundError` `kNoDriver` when the library opens no device, `kOutOfMemory` when it has no memory for one.
+    OpenAlMixer();
+
+    ALCdevice* Device() const { return device_.get(); }
+    ALCcontext* Context() const { return context_.get(); }
+
+    /// Makes space for headphones, or for speakers, while nothing renders. False when the library does not do it.
+    bool Reset(bool headphones);
+
+private:
+    struct Close {
+        void operator()(ALCdevice* device) const;
+        void operator()(ALCcontext* context) const;
+    };
+    std::unique_ptr<ALCdevice, Close> device_;
+    std::unique_ptr<ALCcontext, Close> context_;
+};
+
 /// One mixer. It belongs to the thread that makes it; only `Render_rt` may be called from another one. What changes the
 /// sound is posted as a `Call` and applied by the thread that renders.
 class OpenAlContext {
 public:
-    /// `SoundError` `kNoDriver` when the library opens no device, `kOutOfMemory` when it has no memory for one.
-    /// What is rendered passes `chain`; null for none.
-    explicit OpenAlContext(std::shared_ptr<LoadMeter> meter, std::shared_ptr<OutputChain> chain = nullptr);
+    /// What is rendered passes `chain`; null for none. Without a `mixer` it makes one; see there for errors.
+    explicit OpenAlContext(std::shared_ptr<LoadMeter> meter, std::shared_ptr<OutputChain> chain = nullptr,
+                           OpenAlMixer mixer = OpenAlMixer());
     ~OpenAlContext();
     OpenAlContext(const OpenAlContext&) = delete;
     OpenAlContext& operator=(const OpenAlContext&) = delete;
@@ -109,12 +131,7 @@ public:
 
 private:
     friend class OpenAlSetting;
-    struct Close {
-        void operator()(ALCdevice* device) const;
-        void operator()(ALCcontext* context) const;
-    };
     void TellClock_rt(bool hasGone) noexcept;
-    bool Reset(bool headphones);
     void LetGo();
     /// Takes and counts the error of the calls that have been applied. OpenAL keeps one by mixer, not by thread: the
     /// owner does not ask for errors, but looks at results.
@@ -125,8 +142,7 @@ private:
     std::shared_ptr<LoadMeter> meter_;
     std::shared_ptr<OutputChain> chain_;
     OwnerThread owner_;
-    std::unique_ptr<ALCdevice, Close> device_;
-    std::unique_ptr<ALCcontext, Close> context_;
+    OpenAlMixer mixer_;
 
     CallRing ring_;
     CallSender sender_;

@@ -4,7 +4,10 @@
 #include <charconv>
 #include <cstdlib>
 #include <functional>
+#include <future>
+#include <optional>
 #include <string>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -65,9 +68,9 @@ public:
 
 protected:
     void AssertOwner() const { owner_.Assert(); }
-    std::shared_ptr<OpenAlContext> OpenContext() {
+    std::shared_ptr<OpenAlContext> OpenContext(OpenAlMixer mixer = OpenAlMixer()) {
         meter_->Reset();
-        return std::make_shared<OpenAlContext>(meter_, chain_);
+        return std::make_shared<OpenAlContext>(meter_, chain_, std::move(mixer));
     }
     /// The clock follows the new device, which asks for `period` frames at a time, into a server's buffer of
     /// `serverBuffer` milliseconds.
@@ -102,9 +105,29 @@ private:
     std::weak_ptr<const void> open_;
 };
 
+/// A mixer takes a good part of the start, and so do the windows: it is made beside them, on a thread of its own.
+class MixerAhead {
+public:
+    MixerAhead() {
+        try {
+            mixer_ = std::async(std::launch::async, [] { return OpenAlMixer(); });
+        } catch (const std::system_error&) {
+            // Without a thread it is made when it is asked for.
+        }
+    }
+    /// The mixer that was made ahead, or its error, the first time; then a new one each time.
+    OpenAlMixer Take() { return mixer_.valid() ? mixer_.get() : OpenAlMixer(); }
+
+private:
+    std::future<OpenAlMixer> mixer_;
+};
+
 class SdlRoot final : public MeteredRoot {
 public:
-    using MeteredRoot::MeteredRoot;
+    SdlRoot(std::shared_ptr<CardClock> clock, std::shared_ptr<OutputChain> chain)
+        : MeteredRoot(std::move(clock), std::move(chain)) {
+        if (audio_.HasOutput()) ahead_.emplace();
+    }
     std::unique_ptr<DSEnum> GetDSEnum() override {
         AssertOwner();
         std::vector<Driver> drivers;
@@ -117,7 +140,7 @@ public:
     std::unique_ptr<DirectSound> DirectSoundCreate(const std::string& guid) override {
         AssertOwner();
         if (!audio_.HasOutput()) throw SoundError(sound_error::kNoDriver);
-        auto context = OpenContext();
+        auto context = OpenContext(ahead_ ? ahead_->Take() : OpenAlMixer());
         auto output = std::make_unique<SdlOutput>(guid, *context);
         Follow(context, output->Period(), ServerBuffer(audio_.Driver(), std::getenv("PULSE_LATENCY_MSEC")));
         output->Start();
@@ -126,6 +149,7 @@ public:
 
 private:
     SdlAudio audio_;
+    std::optional<MixerAhead> ahead_;
 };
 
 }  // namespace
