@@ -145,6 +145,21 @@ TEST_F(SoundAdapterDevice, ARealDeviceOpensAndClosesAndOpensAgain) {
     EXPECT_EQ(NumberOf([&] { root->DirectSoundCreate("no such output"); }), sound_error::kNoDriver);
 }
 
+TEST_F(SoundAdapterDevice, AnOutputThatIsMissingCostsTheNextOneNothing) {
+    ChooseOutputs("dummy");
+    auto root = CreateOpenAlSound();
+    EXPECT_EQ(NumberOf([&] { root->DirectSoundCreate("no such output"); }), sound_error::kNoDriver);
+    auto first = root->DirectSoundCreate("");
+    auto second = root->DirectSoundCreate("");
+    EXPECT_NE(first->CreateSoundBuffer(1), nullptr);
+    EXPECT_NE(second->CreateSoundBuffer(1), nullptr);
+}
+
+TEST_F(SoundAdapterDevice, AServiceThatIsAskedForNoDeviceEndsWithTheMixerItHasMadeAhead) {
+    ChooseOutputs("dummy");
+    EXPECT_EQ(CreateOpenAlSound()->GetDSEnum()->GetDescription(1), "Primary Sound Driver");
+}
+
 TEST_F(SoundAdapterDevice, TheOutputsThreadMovesTheCursorWhileCallsPourIn) {
     ChooseOutputs("dummy");
     auto root = CreateOpenAlSound(std::make_shared<CardClock>());

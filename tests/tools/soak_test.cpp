@@ -8,8 +8,12 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
+#include <utility>
 #include <vector>
+
+#include "audio/recording.h"
 
 namespace marvolin::soak {
 namespace {
@@ -38,7 +42,7 @@ TEST(Soak, OfSomeMinutesFindsNothing) {
     EXPECT_EQ(result.Minutes, 4);
     EXPECT_GT(result.Gestures, 400U);
     EXPECT_GT(result.Found.Ticks, 20'000U);
-    EXPECT_GT(result.Found.Clicks, 20U);
+    EXPECT_EQ(result.Found.Clicks, 3U * 18) << "18 at each of three looks";
     EXPECT_EQ(lines, 2);
 }
 
@@ -53,6 +57,29 @@ TEST(Soak, SeesAFileThatStaysOpen) {
     EXPECT_THAT(FaultsWith([&](Evening&) { open.push_back(::open("/dev/null", O_RDONLY | O_CLOEXEC)); }),
                 Contains("open files have become more"));
     std::for_each(open.begin(), open.end(), ::close);
+}
+
+TEST(Soak, MeasuresStepsAlsoWhenTheHandHasLeftEverythingSilent) {
+    int looks = 0;
+    const auto silence = [&](Evening& evening) {
+        if (!evening.s.World.Output->IsSilent()) evening.Gesture([&] { ToggleSilence(evening.s); });
+        ++looks;
+    };
+    EXPECT_THAT(FaultsWith(silence), IsEmpty());
+    EXPECT_EQ(looks, 2);
+}
+
+TEST(Soak, SeesStepsThatAreNotHeard) {
+    const auto withoutClick = [](Evening& evening) {
+        const std::filesystem::path folder = evening.s.World.Desk.ProgramFolder();
+        ASSERT_TRUE(std::filesystem::remove(folder / "click.wav"));
+        ASSERT_TRUE(std::filesystem::create_directory(folder / "click.wav"));
+    };
+    bool once = false;
+    EXPECT_THAT(FaultsWith([&](Evening& evening) {
+                    if (!std::exchange(once, true)) withoutClick(evening);
+                }),
+                Contains("steps were not heard"));
 }
 
 TEST(Soak, SeesATurnOfTheEventLoopThatMakesStepsLate) {

@@ -33,6 +33,8 @@ constexpr double kLateTurn = 3;                                  // ms, at the m
 constexpr std::int64_t kMostBehind = 300'000;                    // frames that the recorder may be behind
 constexpr std::int32_t kClickStep = 25;                          // 1/100 s
 constexpr std::int64_t kClickFramesApart = kClickStep * 441;
+constexpr std::int64_t kMeasured = 5000;         // ms
+constexpr std::uint64_t kClicksMeasured = 18;    // distances in it, whose first and last may lie over its ends
 constexpr int kTicksToFollow = 500;              // of a new device, until the clock has come to its line
 constexpr int kTicksToSettle = 2000;             // after these, whose mean the later ones are compared with
 constexpr std::int16_t kTick = 10;               // ms
@@ -203,6 +205,7 @@ void Evening::Count() {
 void Evening::Rest() {
     Gesture([&] {
         FinishRecording(s);
+        if (output_.IsSilent()) ToggleSilence(s);
         room_.Stop();
         room_.Console.Clear();
         StopAll(s);
@@ -227,9 +230,10 @@ void Evening::MeasureClicks(const std::string& click) {
     Pass(400);
     std::vector<std::int16_t> heard;
     heard_ = &heard;
-    Pass(5000);
+    Pass(kMeasured);
     heard_ = nullptr;
     Gesture([&] { LoopClear(s, 0); });
+    const std::uint64_t clicksBefore = Found.Clicks;
     std::int64_t last = -1;
     std::int64_t before = 0;
     for (std::size_t i = 0; i < heard.size(); i += 2) {
@@ -244,6 +248,8 @@ void Evening::MeasureClicks(const std::string& click) {
         }
         last = frame;
     }
+    const std::uint64_t clicks = Found.Clicks - clicksBefore;
+    if (clicks < kClicksMeasured) Found.MissingClicks += kClicksMeasured - clicks;
 }
 
 }  // namespace marvolin::soak

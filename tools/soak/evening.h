@@ -59,10 +59,11 @@ struct Measured {
     /// ms: the largest error of the instrument's clock against what the card has played. Each device is a card of its
     /// own, which is compared from its first seconds on.
     double ClockError = 0;
-    int Devices = 0;              ///< that have been open for longer
-    double DeviceShift = 0;       ///< ms: how far a change of device has moved the clock at the most; not judged
-    std::uint64_t Clicks = 0;     ///< steps whose place in the sound was measured
-    std::int64_t ClickError = 0;  ///< frames: how far the worst of them was from its place
+    int Devices = 0;                  ///< that have been open for longer
+    double DeviceShift = 0;           ///< ms: how far a change of device has moved the clock at the most; not judged
+    std::uint64_t Clicks = 0;         ///< distances of steps that were measured in the sound
+    std::uint64_t MissingClicks = 0;  ///< that should have been there besides
+    std::int64_t ClickError = 0;      ///< frames: how far the worst of them was from its place
     std::uint64_t Recordings = 0;
     std::uint64_t MissedFrames = 0;  ///< of the recordings
     std::vector<std::string> Boxes;  ///< what the instrument reported; nobody expects anything

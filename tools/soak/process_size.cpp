@@ -5,20 +5,22 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <stdexcept>
 #include <string>
 
 namespace marvolin::soak {
 
 namespace {
 
-/// The number behind `key` in a file of lines, in kilobytes or plain.
+/// The number behind `key` in a file of lines, in kilobytes or plain. `std::runtime_error` when there is none: 0 would
+/// pass for memory that does not grow.
 std::int64_t NumberBehind(const char* path, const std::string& key) {
     std::ifstream file(path);
     for (std::string word; file >> word;) {
         std::int64_t number = 0;
         if (word == key && file >> number) return number;
     }
-    return 0;
+    throw std::runtime_error(std::string(path) + " has no " + key);
 }
 
 int EntriesOf(const char* folder) {

@@ -39,14 +39,15 @@ struct Folder {
 std::string Line(std::int64_t minute, const ProcessSize& size, const Measured& found) {
     std::array<char, 256> line{};
     std::snprintf(line.data(), line.size(),
-                  "%3d:%02d  heap %6.2f MB  RSS %6.2f MB  PSS %6.2f MB  handles %2d  threads %d  late calls %llu  "
+                  "%3d:%02d  heap %6.2f MB  RSS %6.2f MB  PSS %6.2f MB  handles %2d  threads %d  late ticks %llu  "
+                  "late calls %llu  "
                   "click off by %lld "
                   "frames  clock off by %.3f ms",
                   static_cast<int>(minute / 60), static_cast<int>(minute % 60),
                   static_cast<double>(size.InUse) / kMegabyte, static_cast<double>(size.Resident) / kMegabyte,
                   static_cast<double>(size.Own) / kMegabyte, size.Handles, size.Threads,
-                  static_cast<unsigned long long>(found.LateCalls), static_cast<long long>(found.ClickError),
-                  found.ClockError);
+                  static_cast<unsigned long long>(found.LateTicks), static_cast<unsigned long long>(found.LateCalls),
+                  static_cast<long long>(found.ClickError), found.ClockError);
     return line.data();
 }
 
@@ -70,7 +71,8 @@ void Judge(SoakResult& result) {
     fault(found.LateTicks > 0, "steps were late");
     fault(found.LateCalls > 0, "calls of the sound service were late");
     fault(found.OtherFaults > 0, "calls of the sound service found no room or were refused");
-    fault(found.Clicks == 0 || found.ClickError > 0, "steps were not at their place");
+    fault(found.MissingClicks > 0, "steps were not heard");
+    fault(found.ClickError > 0, "steps were not at their place");
     fault(found.Ticks == 0 || found.ClockError >= SoakLimits::kClockError, "the clock was wrong");
     fault(found.MissedFrames > 0, "recordings have gaps");
     for (const std::string& box : found.Boxes) fault(true, "a box: " + box);
