@@ -149,10 +149,7 @@ TEST_F(SoundAdapterDevice, AnOutputThatIsMissingCostsTheNextOneNothing) {
     ChooseOutputs("dummy");
     auto root = CreateOpenAlSound();
     EXPECT_EQ(NumberOf([&] { root->DirectSoundCreate("no such output"); }), sound_error::kNoDriver);
-    auto first = root->DirectSoundCreate("");
-    auto second = root->DirectSoundCreate("");
-    EXPECT_NE(first->CreateSoundBuffer(1), nullptr);
-    EXPECT_NE(second->CreateSoundBuffer(1), nullptr);
+    for (int i = 0; i < 2; ++i) EXPECT_NE(root->DirectSoundCreate("")->CreateSoundBuffer(17), nullptr);
 }
 
 TEST_F(SoundAdapterDevice, AServiceThatIsAskedForNoDeviceEndsWithTheMixerItHasMadeAhead) {
