@@ -257,9 +257,16 @@ int Draw(const std::string& texts, const std::string& folder) {
     return 0;
 }
 
+/// A build has no screen and often no folder of a session, and need not say so at each picture.
+void LeaveOutThePlatform(QtMsgType, const QMessageLogContext&, const QString& text) {
+    if (text.startsWith("This plugin does not support") || text.startsWith("QStandardPaths")) return;
+    std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    qInstallMessageHandler(LeaveOutThePlatform);
     QApplication application(argc, argv);
     QApplication::setApplicationVersion("");
     theme::Apply(application);

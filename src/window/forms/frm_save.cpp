@@ -210,7 +210,7 @@ void FrmSave::AskFile(bool save) {
     FilePictures pictures;  // must outlive the dialogue
     // Only a name that the lists of sets show.
     FileDialogue dialogue(s, this, save, save ? "Save As" : "Open", [&dialogue](const std::string& typed) {
-        return SetFileName(typed, "." + dialogue.defaultSuffix().toStdString());
+        return SetFileName(typed, ("." + dialogue.defaultSuffix()).toStdString());
     });
     dialogue.setIconProvider(&pictures);
     const QStringList filters = save ? NameFilters(kFileFilter) : NameFilters(kFileFilter) + NameFilters(kCopyFilter);
