@@ -44,6 +44,40 @@ box_open() {
 }
 scripts_open() { xdotool search --onlyvisible --pid "$PROGRAM" --name "[Ss]cript" >/dev/null 2>&1; }
 snapshot_there() { compgen -G "$OWN/*001.mvn" >/dev/null; }
+# Sets RECORDING, the only one.
+recording_there() {
+  local files=("$OWN"/Recordings/*.wav)
+  RECORDING=${files[0]}
+  [[ ${#files[@]} -eq 1 && -s $RECORDING ]]
+}
+# recorded BYTES: the recording has grown beyond that.
+recorded() { [[ $(stat -c %s "$RECORDING") -gt $1 ]]; }
+# recording_ended: it does not grow for longer than its head may be late, and its head names all of its bytes.
+recording_ended() {
+  local size
+  size=$(stat -c %s "$RECORDING")
+  sleep 1.2
+  [[ $size -eq $(stat -c %s "$RECORDING") && $(od -An -tu4 -j4 -N4 "$RECORDING") -eq $((size - 8)) ]]
+}
+made_there() { (cd "$OWN" && sha256sum --check --quiet "$player/made"); }
+title_is() { [[ $(xdotool getwindowname "$WINDOW") == "$1" ]]; }
+is_heard_in() { [[ -n $("$LISTEN" sounding "$1" 0 3600000) ]]; }
+# list_beside WINDOWS: true when there is a window that is not among WINDOWS. Sets LIST.
+list_beside() {
+  for LIST in $(stage_windows); do [[ $1 == *" $LIST "* ]] || return 0; done
+  return 1
+}
+# quick_load NAME: opens the list, whose first row closes it, and clicks the row of this set.
+quick_load() {
+  local windows height names row
+  mapfile -t names < <(cd "$OWN" && printf '%s\n' *.mvn | sed 's/\.mvn$//' | sort -f)
+  for row in "${!names[@]}"; do [[ ${names[row]} != "$1" ]] || break; done
+  windows=" $(stage_windows | paste -sd ' ') "
+  click QuickLoadPop
+  expect "the list of QuickLoad opens" list_beside "$windows"
+  height=$(xwininfo -id "$LIST" | sed -n 's/^ *Height: //p')
+  xdotool mousemove --window "$LIST" 30 $((height * (2 * row + 3) / (2 * (${#names[@]} + 1)))) click 1
+}
 # Every file of the list is in the player's folder as it was installed, or has been renamed by the player.
 all_laid() {
   local name
@@ -85,6 +119,13 @@ case $part in
     xdotool windowactivate --sync "$WINDOW"
     click SnapShot
     expect "the snapshot is in the player's folder" snapshot_there
+    xdotool key F8
+    expect "F8: a recording is in the player's folder" recording_there
+    expect "two seconds are in it" recorded $((2 * 44100 * 4))
+    xdotool key F8
+    expect "F8 ends it" recording_ended
+    expect "the beat is heard in it" is_heard_in "$RECORDING"
+    (cd "$OWN" && sha256sum evening.mvn ./*001.mvn Recordings/*) >"$player/made"
     xdotool key F1
     expect "Help opens" stage_named "Marvolin Help"
     xdotool windowactivate --sync "$NAMED" key Escape
@@ -102,7 +143,12 @@ case $part in
     stage_clear
     expect "nothing is heard: no demo" silent_since "$begin"
     expect "set, snapshot and own script are there" test -s "$OWN/evening.mvn" -a -s "$OWN/Scripts/turns.mvs"
-    expect "the snapshot, too" snapshot_there
+    expect "set, snapshot and recording are as they were left" made_there
+    quick_load evening
+    expect "QuickLoad opens the set" title_is "marvolin-evening.mvn"
+    begin=$(now)
+    xdotool windowactivate --sync "$WINDOW" key a
+    expect "and it is heard" sounds_since "$begin"
     expect "the demo has not come back" test ! -e "$OWN/startup.mvp"
     stage_picture "$player/again.png" "$WINDOW"
     leave

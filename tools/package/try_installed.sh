@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Tries the package on a clean Debian 12 in a folder of its own: apt installs it, an ordinary user plays, saves and comes back, a
-# second one has a folder of their own, first starts are killed, an upgrade and a purge leave what the players have. Nothing may be
-# written outside the players' folders. Needs root and the network.
+# Tries the package on a clean Debian 12 in a folder of its own: apt installs it, an ordinary user plays, saves, records and comes
+# back, a second one has a folder of their own, first starts are killed, an upgrade and a purge leave what the players have. Nothing
+# may be written outside the players' folders. Needs root and the network.
 #
 #   tools/package/try_installed.sh [DEB] [BUILD] [BASE]
 #
