@@ -84,6 +84,23 @@ TEST(Repaint, WhatIsRepaintedInPartLooksAsIfAllWereRepainted) {
     EXPECT_EQ(PaintedAgain(Whole(row), row, stage.At("VolKnob_1")->geometry()), Whole(row));
 }
 
+TEST(Repaint, ThePlayingPlaceIsPaintedWhereItWasAskedForThoughTheSoundHasGoneOn) {
+    Stage stage;
+    auto& buffer = stage.Fill(1);
+    stage.Click("Play_1");
+    stage.Settle();
+    QWidget& display = *stage.At("SndDisp_1");
+    const QImage before = Whole(display);
+    PaintWatch watch;
+    buffer.SetCurrentPosition(88200);
+    stage.Form->Rows[1]->Sound->RefreshPlace();
+    buffer.SetCurrentPosition(120000);
+    stage.Settle();
+    const QImage after = PaintedAgain(before, display, watch.Painted["SndDisp_1"]);
+    buffer.SetCurrentPosition(88200);
+    EXPECT_EQ(after, Whole(display));
+}
+
 TEST(Repaint, AKnobWhosePictureDoesNotChangeIsNotRepainted) {
     Stage stage;
     stage.s.Set[2].Vol = 300;

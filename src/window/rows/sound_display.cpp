@@ -117,6 +117,7 @@ void SoundDisplay::RefreshPlace() {
     for (const double at : {shownX_, x}) {
         if (at >= 0) update(QRect(static_cast<int>(at) - 2, 0, 5, height()));
     }
+    shownX_ = x;
 }
 
 QColor SoundDisplay::Ground() const { return peaks_.empty() ? theme::kSunk : theme::WaveGround(index); }
@@ -210,7 +211,8 @@ void SoundDisplay::paintEvent(QPaintEvent* event) {
     const SoundDisplayState& state = s.SndDisp[index];
     DrawNeedle(p, state.Line, false);
     DrawNeedle(p, state.Level, true);
-    shownX_ = PlaceX();
+    // By the time of the painting the sound is further on, and its place there would lie outside what is painted.
+    if (event->region() == QRegion(rect())) shownX_ = PlaceX();
     if (shownX_ >= 0) {
         p.setPen(QPen(theme::InkOn(Ground()), 1.6));
         p.drawLine(QPointF(shownX_, 2), QPointF(shownX_, height() - 2));

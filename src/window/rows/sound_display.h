@@ -52,7 +52,7 @@ private:
     bool waveStale_ = true;              // columns of the wave are missing
     std::vector<WaveformColumn> peaks_;  // the columns of the wave that are known
     QPixmap picture_;                    // ground and wave; null before it is needed
-    double shownX_ = -1;                 // x of the line that was painted last; -1 none
+    double shownX_ = -1;                 // x of the line that is painted, or about to be; -1 none
 };
 
 }  // namespace marvolin
