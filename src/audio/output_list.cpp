@@ -75,6 +75,7 @@ private:
 struct Following {
     std::unique_ptr<FollowedOutputs> Outputs;
     std::vector<std::string> Entries;
+    std::ptrdiff_t LostFrom = -1;  ///< how many of its name stayed when the open one went; -1 when that is not known
 
     /// Whether the old list did not have an entry.
     bool IsNew(const std::vector<std::string>& old, std::size_t entry) const {
@@ -93,6 +94,8 @@ struct Following {
         const std::ptrdiff_t left = CountOf(Entries, key.Name);
         const bool fewer = before == s.OpenDriver && s.DSReady && left > 0 && left < CountOf(old, key.Name);
         if (fewer) key.Which = OpenOutputIsGone(s) ? left : std::min(key.Which, left - 1);
+        // One that comes back is the last of its name.
+        if (before == s.OpenDriver && LostFrom >= 0) key.Which = LostFrom;
         for (std::size_t i = 0; i < Entries.size(); ++i)
             if (KeyOf(Entries, i) == key) return static_cast<std::int16_t>(i);
         // One that was pulled out and put back may have got another number.
@@ -107,7 +110,7 @@ struct Following {
 };
 
 Following Ask(Session& s) {
-    Following now{std::make_unique<FollowedOutputs>(s.DX->GetDSEnum()), {}};
+    Following now{.Outputs = std::make_unique<FollowedOutputs>(s.DX->GetDSEnum()), .Entries = {}};
     const std::int16_t count = now.Outputs->GetCount();
     for (std::int16_t index = 1; index <= count; ++index) now.Entries.push_back(now.Outputs->GetDescription(index));
     return now;
@@ -117,29 +120,41 @@ std::int16_t Placed(std::int16_t entry, const std::vector<std::string>& entries)
     return entry == Following::kLast ? static_cast<std::int16_t>(entries.size() - 1) : entry;
 }
 
-bool Follow(Session& s) {
+bool Follow(Session& s, std::ptrdiff_t lostFrom) {
     Following now = Ask(s);
-    const std::int16_t chosen = now.Find(s, s.Driver);
-    const std::int16_t open = s.OpenDriver == s.Driver ? chosen : now.Find(s, s.OpenDriver);
+    now.LostFrom = lostFrom;
+    std::int16_t chosen = now.Find(s, s.Driver);
+    std::int16_t open = s.OpenDriver == s.Driver ? chosen : now.Find(s, s.OpenDriver);
     now.Entries.emplace_back(kNoSoundEntry);
-    if (now.Entries == s.Drivers) return false;
+    chosen = Placed(chosen, now.Entries);
+    open = Placed(open, now.Entries);
+    if (now.Entries == s.Drivers && chosen == s.Driver && open == s.OpenDriver) return false;
     s.Drivers = std::move(now.Entries);
     s.DSEnum = std::move(now.Outputs);
-    s.Driver = Placed(chosen, s.Drivers);
-    s.OpenDriver = Placed(open, s.Drivers);
+    s.Driver = chosen;
+    s.OpenDriver = open;
     s.World.Screen.ShowDrivers();
     return true;
 }
 
-}  // namespace
-
-bool RefreshOutputs(Session& s) {
+/// A service that fails changes nothing.
+bool TryFollow(Session& s, std::ptrdiff_t lostFrom) {
     if (!s.DX || !s.DSEnum) return false;
     try {
-        return Follow(s);
+        return Follow(s, lostFrom);
     } catch (const RuntimeError&) {
         return false;
     }
+}
+
+}  // namespace
+
+bool RefreshOutputs(Session& s) { return TryFollow(s, -1); }
+
+void PartFromLostOutput(Session& s, std::ptrdiff_t left) { TryFollow(s, left); }
+
+std::ptrdiff_t PluggedOutputs(const Session& s, const std::string& name) {
+    return std::count(s.Drivers.begin(), s.Drivers.end(), name);
 }
 
 bool OpenOutputIsGone(const Session& s) {

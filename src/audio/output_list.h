@@ -2,6 +2,7 @@
 /// \file
 /// The list of outputs while the program runs.
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,12 @@ inline constexpr std::string_view kUnplugged = " (unplugged)";
 /// changes nothing. True when the list has changed.
 bool RefreshOutputs(Session& s);
 
+/// The driver has told late that it was the open output which went when the list kept `left` others of its name: it is
+/// none of those. It is the next of the name, which may have come since, or keeps a marked entry of its own.
+void PartFromLostOutput(Session& s, std::ptrdiff_t left);
+
+/// How many outputs of a name are there.
+std::ptrdiff_t PluggedOutputs(const Session& s, const std::string& name);
 /// Whether the driver has released the open output.
 bool OpenOutputIsGone(const Session& s);
 /// Whether the output of an entry is there.

@@ -1,6 +1,7 @@
 #include "audio/output_watch.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "audio/device.h"
 #include "audio/output_list.h"
@@ -24,9 +25,24 @@ void OutputWatch::Forget() {
     looks_ = 0;
 }
 
+void OutputWatch::NoteLost(const Session& s, const std::string& name, std::ptrdiff_t before) {
+    const std::ptrdiff_t left = PluggedOutputs(s, name);
+    if (left < before) {
+        shrunk_ = name;
+        left_ = left;
+        doubted_ = 0;
+    } else if (shrunk_ != name || ++doubted_ > kNewsLooks) {
+        left_ = 0;  // it was another
+    }
+}
+
 void OutputWatch::Look(Session& s) {
     const std::string before = OutputName(s, WantedOutput(s));
+    const std::ptrdiff_t plugged = PluggedOutputs(s, before);
     unchanged_ = RefreshOutputs(s) ? 0 : std::min(unchanged_ + 1, kNewsLooks);
+    NoteLost(s, before, plugged);
+    // The driver of the open output tells after the list which of several with one name has gone.
+    if (left_ > 0 && OpenOutputIsGone(s)) PartFromLostOutput(s, std::exchange(left_, 0));
     const std::int16_t entry = WantedOutput(s);
     if (entry < 0) return Forget();
     const std::string name = OutputName(s, entry);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "core/session.h"
@@ -20,11 +21,15 @@ public:
 private:
     void Await(Session& s, std::int16_t entry);
     void Forget();
+    void NoteLost(const Session& s, const std::string& name, std::ptrdiff_t before);
 
     std::string awaited_;         // name of the output that is away; "" none
     bool news_ = false;           // the list has changed since it vanished, or just before
     int looks_ = 0;               // at which it has been there again
     int unchanged_ = kNewsLooks;  // looks since the list has changed, so far as they count
+    std::string shrunk_;          // name of the open output when the list lost one of the name
+    std::ptrdiff_t left_ = 0;     // how many the list had left then; 0 when nothing is in doubt
+    int doubted_ = 0;             // looks since then
 };
 
 }  // namespace marvolin

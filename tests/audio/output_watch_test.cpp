@@ -221,6 +221,61 @@ TEST(OutputWatch, WhenTheOtherOfTwoWithOneNameComesAndGoesNothingIsOpened) {
     EXPECT_THAT(i.s.Drivers, ElementsAre("Primary Sound Driver", "USB", "No Sound"));
 }
 
+TEST(OutputWatch, WhenTheListKnowsBeforeTheDriverWhichOfTwoWithOneNameHasGoneTheOtherIsNotTaken) {
+    Outputs i;
+    i.Have({"Primary Sound Driver", "USB", "USB"});
+    i.Look();
+    i.Have({"Primary Sound Driver", "USB"});
+    i.Look();
+    EXPECT_EQ(i.s.OpenDriver, 1) << "so far it may be the one that stays";
+    i.Sound.Failures["Gone"] = 1;
+    i.Look(30);
+    EXPECT_EQ(i.Opened(), 0) << "the other one is no place for the set";
+    EXPECT_THAT(i.s.Drivers, ElementsAre("Primary Sound Driver", "USB", "USB (unplugged)", "No Sound"));
+    EXPECT_EQ(i.s.Driver, 2);
+    i.Have({"Primary Sound Driver", "USB", "USB"});
+    i.Look(OutputWatch::kSteadyLooks);
+    EXPECT_THAT(i.Sound.Calls("DirectSoundCreate"), ElementsAre("DirectSoundCreate guid3"));
+    EXPECT_EQ(i.s.StatusText, "USB is back, and in use again.");
+}
+
+TEST(OutputWatch, OneOfTwoThatIsBackBeforeItsDriverKnowsIsTakenAndNotTheOther) {
+    Outputs i;
+    i.Have({"Primary Sound Driver", "USB", "USB"});
+    i.Look();
+    i.Have({"Primary Sound Driver", "USB"});
+    i.Look();
+    i.Have({"Primary Sound Driver", "USB", "USB"});
+    i.Look();
+    i.Sound.Failures["Gone"] = 1;
+    i.Look(OutputWatch::kSteadyLooks);
+    EXPECT_THAT(i.Sound.Calls("DirectSoundCreate"), ElementsAre("DirectSoundCreate guid3"));
+}
+
+TEST(OutputWatch, LongAfterTheOtherOfTwoWithOneNameHasGoneItIsTheOpenOneThatFails) {
+    Outputs i;
+    i.Have({"Primary Sound Driver", "USB", "USB"});
+    i.Look();
+    i.Have({"Primary Sound Driver", "USB"});
+    i.Look(OutputWatch::kNewsLooks + 5);
+    i.Sound.Failures["Gone"] = 1;
+    i.Look(5);
+    EXPECT_THAT(i.s.Drivers, ElementsAre("Primary Sound Driver", "USB", "No Sound"));
+    EXPECT_EQ(i.Opened(), 0);
+}
+
+TEST(OutputWatch, AnotherOutputThatIsChosenMeanwhileIsNoneOfThem) {
+    Outputs i;
+    i.Have({"Primary Sound Driver", "USB", "USB", "HDMI"});
+    i.Look();
+    i.Have({"Primary Sound Driver", "USB", "HDMI"});
+    i.Look();
+    cboDrivers_Click(i.s, 2);
+    i.Sound.Failures["Gone"] = 1;
+    i.Look(3);
+    EXPECT_THAT(i.s.Drivers, ElementsAre("Primary Sound Driver", "USB", "HDMI", "No Sound"));
+}
+
 TEST(OutputWatch, OneThatHasLeftTheListWhileItsDriverPlaysOnIsTakenAgainWhenItIsBack) {
     Outputs i;
     i.Have({"Primary Sound Driver"});
