@@ -21,6 +21,7 @@
 #include "performance/pad/pad_tables.h"
 #include "persistence/kept/last_state.h"
 #include "persistence/missing/missing_sample.h"
+#include "persistence/missing/nearby_samples.h"
 #include "persistence/missing/sample_search.h"
 #include "persistence/session_reader.h"
 #include "persistence/session_writer.h"
@@ -185,8 +186,7 @@ void LookBesideTheSetInAHundredThousandFiles(benchmark::State& state) {
     Large set;
     for (SampleBin& bin : set.s.Bins) bin.Folder = b.Folder.Path();
     for (auto _ : state) {
-        TakenFiles taken;
-        benchmark::DoNotOptimize(FindNearby(set.s, "/music/kick.wav", b.Folder.Path(), taken));
+        benchmark::DoNotOptimize(FindNearby(set.s, {"/music/kick.wav"}, {}, b.Folder.Path()));
     }
 }
 BENCHMARK(LookBesideTheSetInAHundredThousandFiles)->Unit(benchmark::kMillisecond);

@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "audio/loop_clearing.h"
 #include "browser/destinations.h"
 #include "browser/sample_bins.h"
 #include "core/errors.h"
@@ -19,8 +18,7 @@
 #include "performance/map/use_3d.h"
 #include "persistence/bin_record.h"
 #include "persistence/clips.h"
-#include "persistence/load_saved_loop.h"
-#include "persistence/missing/missing_sample.h"
+#include "persistence/loops_section.h"
 #include "persistence/session_format.h"
 #include "persistence/settings_section.h"
 #include "persistence/switch_record_file.h"
@@ -40,7 +38,6 @@ struct Loading {
     std::string Folder;                  ///< folder of the file, with its separator
     std::vector<std::string> NotLoaded;  ///< names of the samples that no LoopTrack got
     bool Nearby = true;                  ///< samples are looked for also where they were not stored
-    TakenFiles Taken;                    ///< those that were found there
 
     bool Asked(Element element) const { return Switches.Get(element); }
 };
@@ -96,54 +93,10 @@ void ReadPickLists(Session& s, RecordReader& file, Loading& load) {
     }
 }
 
-bool WantsSample(const SavedLoop& saved, const clsSwitchRecord& elements) {
-    return elements.Get(Element::LoopTrack) && !saved.Set.FileName.empty();
-}
-
-/// Whether the file of a sample is there: where it should be, or nearby, where `from` leads then.
-bool FindSample(const Session& s, const SavedLoop& saved, SavedFrom& from, Loading& load) {
-    const std::string path = SavedSample(saved, from);
-    if (path.empty() || TargetExists(path)) return true;
-    if (s.Run[saved.Index].Loaded != False && s.Set[saved.Index].FileName == path) return true;
-    if (!load.Nearby) return false;
-    from.Found = FindNearby(s, saved.Set.FileName, from.OpenPath, load.Taken);
-    return !from.Found.empty();
-}
-
 void ReadLoops(Session& s, RecordReader& file, Loading& load) {
-    Table<bool, kLoopTracks> playingInFile;
-    Table<bool, kLoopTracks> loadedFromFile;
-    const std::int32_t blocks = Count(file);
-    const std::int16_t use3D = file.GetInteger();
-    clsSwitchRecord effective;
-    clsSwitchRecord::AndSwitch(load.Switches, load.FileSwitches, effective);
-    std::vector<MissingSample> missing;
-    for (std::int32_t i = 0; i < blocks; ++i) {
-        const SavedLoop saved = ReadSavedLoop(file);
-        if (saved.Index >= kLoopTracks) continue;
-        playingInFile[saved.Index] = saved.WasPlaying != False;
-        SavedFrom from{.NewUse3d = use3D, .ForPackage = load.ForPackage, .OpenPath = load.Folder};
-        const bool isThere = !WantsSample(saved, effective) || FindSample(s, saved, from, load);
-        // A sample that could not be loaded does not count; the previous one is not started in its place.
-        const bool asked = LoadSavedLoop(s, saved, effective, from);
-        loadedFromFile[saved.Index] = asked && HoldsSavedSample(s, saved, from);
-        const bool inRow = loadedFromFile[saved.Index] && s.Run[saved.Index].Loaded != False;
-        // Without a device nothing is loaded: then only what is missing is worth a word.
-        const bool told = s.DSReady || (load.Nearby && !isThere);
-        if (asked && !inRow && told) load.NotLoaded.push_back(NameOfSample(saved.Set.FileName));
-        if (asked) s.Run[saved.Index].Missing.reset();
-        // One whose file is away is missing also while no device is open, for which it waits.
-        if (!isThere && !inRow) missing.push_back({saved, effective, use3D});
-    }
-    for (Row row = 0; row < kLoopTracks; ++row) {
-        if (s.EmptyBlankSetting == 1 && !loadedFromFile[row]) LoopClear(s, row);
-    }
-    for (const MissingSample& sample : missing) KeepPlace(s, sample);
-    if (!effective.Get(Element::PlayState)) return;
-    for (Row row = 0; row < kLoopTracks; ++row) {
-        if (!playingInFile[row] || !loadedFromFile[row]) continue;
-        PlaySavedLoop(s, row);
-    }
+    LoopsAsked asked{.Elements = {}, .ForPackage = load.ForPackage, .Folder = load.Folder, .Nearby = load.Nearby};
+    clsSwitchRecord::AndSwitch(load.Switches, load.FileSwitches, asked.Elements);
+    ReadLoopTracks(s, file, asked, load.NotLoaded);
 }
 
 void ReadHistory(Session& s, RecordReader& file, Loading& load) {
@@ -209,7 +162,7 @@ void MakeCurrent(Session& s, const std::string& fileName) {
 bool LoadSession(Session& s, const std::string& fileName, SetAsCurrent current, const clsSwitchRecord& switches,
                  AdoptSwitches adopt) {
     if (!FileExists(fileName)) return false;
-    Loading load{switches, {}, IsPackage(fileName), "", {}, true, {}};
+    Loading load{switches, {}, IsPackage(fileName), "", {}, true};
     // A change of device brings its own rows back: the same file, or it waits. It alone asks for no play state by a
     // file that gives the session no name.
     load.Nearby = current == SetAsCurrent::Yes || switches.Get(Element::PlayState);

@@ -355,17 +355,29 @@ TEST(MissingSamples, WhatIsStillMissingIsTold) {
     EXPECT_EQ(i.s.Run[2].Loaded, True);
 }
 
+/// Each of the stored paths may get each of the files.
+std::vector<std::string> Shares(const std::vector<std::string>& stored, const std::vector<std::string>& paths) {
+    std::vector<WantedFile> wanted;
+    for (const std::string& path : stored) wanted.push_back({path, paths});
+    return ShareOut(wanted);
+}
+
 TEST(ShareOut, GivesEachStoredPathTheFileThatMatchesItBestAndNoFileToTwo) {
     const std::vector<std::string> wanted{"/x/kick/1.wav", "/y/snare/1.wav"};
-    EXPECT_THAT(ShareOut(wanted, {"/new/snare/1.wav", "/new/kick/1.wav"}),
+    EXPECT_THAT(Shares(wanted, {"/new/snare/1.wav", "/new/kick/1.wav"}),
                 ElementsAre("/new/kick/1.wav", "/new/snare/1.wav"));
-    EXPECT_THAT(ShareOut(wanted, {"/new/snare/1.wav"}), ElementsAre("", "/new/snare/1.wav"));
-    EXPECT_THAT(ShareOut(wanted, {"/new/1.wav"}), ElementsAre("/new/1.wav", "")) << "the first of equals";
-    EXPECT_THAT(ShareOut(wanted, {"/new/snare/1.wav", "/new/1.wav"}), ElementsAre("/new/1.wav", "/new/snare/1.wav"));
-    EXPECT_THAT(ShareOut(wanted, {}), ElementsAre("", ""));
-    EXPECT_THAT(ShareOut({"/x/1.wav", "/y/1.wav", "/x/1.wav"}, {"/new/1.wav"}),
+    EXPECT_THAT(Shares(wanted, {"/new/snare/1.wav"}), ElementsAre("", "/new/snare/1.wav"));
+    EXPECT_THAT(Shares(wanted, {"/new/1.wav"}), ElementsAre("/new/1.wav", "")) << "the first of equals";
+    EXPECT_THAT(Shares(wanted, {"/new/snare/1.wav", "/new/1.wav"}), ElementsAre("/new/1.wav", "/new/snare/1.wav"));
+    EXPECT_THAT(Shares(wanted, {}), ElementsAre("", ""));
+    EXPECT_THAT(Shares({"/x/1.wav", "/y/1.wav", "/x/1.wav"}, {"/new/1.wav"}),
                 ElementsAre("/new/1.wav", "", "/new/1.wav"))
         << "those that want the same get the same";
+}
+
+TEST(ShareOut, GivesAFileToOneAlsoWhenTwoAskForItByOtherLetters) {
+    EXPECT_THAT(ShareOut({{"/x/Kick.wav", {"/new/KICK.wav"}}, {"/y/kick.wav", {"/new/KICK.wav"}}}),
+                ElementsAre("/new/KICK.wav", ""));
 }
 
 /// A and C want "kick/1.wav", B "snare/1.wav"; both are gone, and "new/1.wav" is there.
@@ -405,6 +417,76 @@ TEST(MissingSamples, OneFileIsNotGivenToRowsThatWantTwo) {
     EXPECT_EQ(i.s.Run[1].Loaded, False);
     EXPECT_EQ(MissingName(i.s, 1), "1.wav");
     EXPECT_EQ(i.s.StatusText, "Found: 1.wav; still missing: 1.wav of B");
+}
+
+TEST(MissingSamples, AFileThatOneFindHasWithheldIsWithheldByTheNextInTheSameFolder) {
+    OneForTwo i;
+    StartUndo(i.s);
+    ASSERT_TRUE(i.Open("set.mvn"));
+    const FoundSamples found{{"1.wav", {i.Folder / "new/1.wav"}}};
+    LoadFound(i.s, found);
+    LoadFound(i.s, found);
+    EXPECT_EQ(MissingName(i.s, 1), "1.wav");
+    EXPECT_EQ(i.s.StatusText, "Not found: 1.wav");
+    Undo_Click(i.s);
+    EXPECT_THAT(i.s.Run[0].Missing, testing::NotNull());
+    LoadFound(i.s, found);
+    EXPECT_EQ(i.s.Set[0].FileName, i.Folder / "new/1.wav") << "after a step back it is as it was";
+    EXPECT_EQ(MissingName(i.s, 1), "1.wav");
+}
+
+TEST(MissingSamples, AFileThatWasWithheldIsGivenOnceNoRowHoldsIt) {
+    OneForTwo i;
+    ASSERT_TRUE(i.Open("set.mvn"));
+    const FoundSamples found{{"1.wav", {i.Folder / "new/1.wav"}}};
+    LoadFound(i.s, found);
+    LoopClearRows(i.s, 0);
+    LoopClearRows(i.s, 2);
+    LoadFound(i.s, found);
+    EXPECT_EQ(i.s.Set[1].FileName, i.Folder / "new/1.wav");
+    EXPECT_THAT(MissingNames(i.s), IsEmpty());
+}
+
+TEST(MissingSamples, AFileThatTheOpeningHasWithheldIsWithheldByAFind) {
+    OneForTwo i;
+    i.s.Bins[0].Folder = i.Folder / "new";
+    ASSERT_TRUE(i.Open("set.mvn"));
+    LoadFound(i.s, {{"1.wav", {i.Folder / "new/1.wav"}}});
+    EXPECT_EQ(MissingName(i.s, 1), "1.wav");
+}
+
+TEST(MissingSamples, AnotherFileIsFoundForTheRowFromWhichOneWasWithheld) {
+    OneForTwo i;
+    fs::create_directories(i.Folder / "new/snare");
+    WriteBytes(i.Folder / "new/snare/1.wav", "snare");
+    i.s.Bins[0].Folder = i.Folder / "new";
+    ASSERT_TRUE(i.Open("set.mvn"));
+    ASSERT_EQ(MissingName(i.s, 1), "1.wav");
+    LoadFound(i.s, {{"1.wav", {i.Folder / "new/1.wav", i.Folder / "new/snare/1.wav"}}});
+    EXPECT_EQ(i.s.Set[1].FileName, i.Folder / "new/snare/1.wav");
+}
+
+TEST(MissingSamples, OfTwoOfOneNameTheOneThatMatchesBetterGetsTheFileNearby) {
+    OneForTwo i;
+    fs::create_directories(i.Folder / "new/snare");
+    fs::rename(i.Folder / "new/1.wav", i.Folder / "new/snare/1.wav");
+    i.s.Bins[0].Folder = i.Folder / "new/snare";
+    ASSERT_TRUE(i.Open("set.mvn"));
+    EXPECT_EQ(i.s.Set[1].FileName, i.Folder / "new/snare/1.wav") << "though A comes first";
+    EXPECT_EQ(MissingName(i.s, 0), "1.wav");
+    EXPECT_EQ(MissingName(i.s, 2), "1.wav");
+}
+
+TEST(MissingSamples, TheSampleOfARowThatIsInItsPlaceIsGivenToNoOtherAtOpening) {
+    OneForTwo i;
+    i.s.Bins[0].Folder = i.Folder / "new";
+    ASSERT_TRUE(i.Open("set.mvn"));
+    ASSERT_EQ(i.s.Set[0].FileName, i.Folder / "new/1.wav");
+    ASSERT_TRUE(i.Save("again.mvn"));
+    ASSERT_TRUE(i.Open("again.mvn"));
+    EXPECT_EQ(i.s.Set[0].FileName, i.Folder / "new/1.wav");
+    EXPECT_EQ(i.s.Run[1].Loaded, False);
+    EXPECT_EQ(MissingName(i.s, 1), "1.wav");
 }
 
 TEST(MissingSamples, ARowThatWasFilledDuringTheSearchIsLeftAlone) {

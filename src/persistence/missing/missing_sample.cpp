@@ -2,10 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <memory>
-#include <string_view>
-#include <system_error>
 #include <utility>
 
 #include "audio/sample_loading.h"
@@ -18,8 +15,6 @@
 #include "persistence/missing/sample_choice.h"
 
 namespace marvolin {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -76,18 +71,6 @@ bool LoadInto(Session& s, Row row, const std::string& path) {
     return missing.Elements.Get(Element::PlayState) && missing.Loop.WasPlaying != False;
 }
 
-/// Adds the files of `folder` whose name differs from `name` only in the case of its letters.
-void AddAlike(const std::string& folder, const std::string& name, std::vector<std::string>& paths) {
-    std::error_code error;
-    for (fs::directory_iterator entry(folder, error); entry != fs::directory_iterator(); entry.increment(error)) {
-        // A folder may hold a hundred thousand files: nothing is made of the name of one that is not meant.
-        const std::string_view whole = entry->path().native();
-        if (!SameIgnoringCase(whole.substr(whole.rfind('/') + 1), name)) continue;
-        const std::string path = JoinPath(folder, entry->path().filename().string());
-        if (TargetExists(path)) paths.push_back(path);
-    }
-}
-
 std::string Listed(const std::vector<std::string>& names) {
     std::string text;
     for (const std::string& name : names) text += (text.empty() ? "" : ", ") + name;
@@ -122,30 +105,53 @@ void TellResult(Session& s, const NamesByRow& wanted) {
     ShowStatus(s, text);
 }
 
-/// The rows that miss a sample of this name, and the path that each of them has stored.
-struct Wanting {
-    std::vector<Row> Rows;
-    std::vector<std::string> Stored;
-};
-Wanting RowsThatMiss(const Session& s, const std::string& name) {
-    Wanting wanting;
+bool IsHeld(const Session& s, const std::string& path) {
     for (Row row = 0; row < kLoopTracks; ++row) {
-        if (!s.Run[row].Missing || MissingName(s, row) != name) continue;
-        wanting.Rows.push_back(row);
-        wanting.Stored.push_back(s.Run[row].Missing->Loop.Set.FileName);
+        const bool holds = s.Run[row].Loaded != False && s.Set[row].FileName == path;
+        if (holds || s.Run[row].InHand.FileName == path) return true;
     }
-    return wanting;
+    return false;
+}
+
+/// What was found for a row, without what another row holds in its place.
+std::vector<std::string> FilesFor(const Session& s, Row row, const FoundSamples& found) {
+    const auto named = found.find(MissingName(s, row));
+    if (named == found.end()) return {};
+    std::vector<std::string> paths = named->second;
+    const std::vector<std::string>& others = s.Run[row].Missing->OfOthers;
+    std::erase_if(paths, [&](const std::string& path) {
+        return std::find(others.begin(), others.end(), path) != others.end() && IsHeld(s, path);
+    });
+    return paths;
 }
 
 /// The file for each row that misses one; "" for none.
 NamesByRow FilesForRows(const Session& s, const FoundSamples& found) {
-    NamesByRow files;
-    for (const auto& [name, paths] : found) {
-        const Wanting wanting = RowsThatMiss(s, name);
-        const std::vector<std::string> shares = ShareOut(wanting.Stored, paths);
-        for (std::size_t i = 0; i < shares.size(); ++i) files[wanting.Rows[i]] = shares[i];
+    std::vector<Row> rows;
+    std::vector<WantedFile> wanted;
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        if (!s.Run[row].Missing) continue;
+        rows.push_back(row);
+        wanted.push_back({s.Run[row].Missing->Loop.Set.FileName, FilesFor(s, row, found)});
     }
+    NamesByRow files;
+    const std::vector<std::string> shares = ShareOut(wanted);
+    for (std::size_t i = 0; i < rows.size(); ++i) files[rows[i]] = shares[i];
     return files;
+}
+
+/// The rows that are still missing remember what the others got.
+void RememberOthers(Session& s, const NamesByRow& files) {
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        if (!s.Run[row].Missing) continue;
+        MissingSample missing = *s.Run[row].Missing;
+        const std::size_t before = missing.OfOthers.size();
+        for (const std::string& file : files) {
+            if (SameIgnoringCase(NameOfSample(file), MissingName(s, row))) AddOnce(missing.OfOthers, file);
+        }
+        if (missing.OfOthers.size() == before) continue;
+        s.Run[row].Missing = std::make_shared<const MissingSample>(std::move(missing));
+    }
 }
 
 }  // namespace
@@ -156,32 +162,6 @@ std::string NameOfSample(const std::string& path) {
     std::string name;
     SplitFilePath(path, folder, name);
     return name;
-}
-
-std::string FindNearby(const Session& s, const std::string& stored, const std::string& setFolder, TakenFiles& taken) {
-    const std::string name = NameOfSample(stored);
-    std::vector<std::string> folders{setFolder};
-    for (const SampleBin& bin : s.Bins) folders.push_back(bin.Folder);
-    folders.erase(std::remove(folders.begin(), folders.end(), ""), folders.end());
-    for (auto folder = folders.begin(); folder != folders.end(); ++folder) {
-        // Bins often show one folder.
-        folders.erase(std::remove(folder + 1, folders.end(), *folder), folders.end());
-    }
-    std::vector<std::string> paths;
-    for (const std::string& folder : folders) {
-        if (TargetExists(JoinPath(folder, name))) paths.push_back(JoinPath(folder, name));
-    }
-    if (paths.empty()) {
-        for (const std::string& folder : folders) AddAlike(folder, name, paths);
-    }
-    const auto ofAnother = [&](const std::string& path) {
-        const auto taker = taken.find(path);
-        return taker != taken.end() && !SameIgnoringCase(taker->second, stored);
-    };
-    paths.erase(std::remove_if(paths.begin(), paths.end(), ofAnother), paths.end());
-    const std::string best = BestMatch(stored, paths);
-    if (!best.empty()) taken.emplace(best, stored);
-    return best;
 }
 
 void KeepPlace(Session& s, MissingSample missing) {
@@ -247,6 +227,7 @@ void LoadFound(Session& s, const FoundSamples& found) {
     for (Row row = 0; row < kLoopTracks; ++row) {
         if (!files[row].empty() && LoadInto(s, row, files[row])) playing.push_back(row);
     }
+    RememberOthers(s, files);
     for (const Row row : playing) PlaySavedLoop(s, row);
     PatternsRefresh(s);
     TellResult(s, wanted);

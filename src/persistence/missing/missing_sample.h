@@ -3,7 +3,6 @@
 /// Samples that were not found when their set was opened. Their rows keep their place: what was asked for of them is
 /// saved again as it was read, until something is loaded into them or they are cleared.
 
-#include <map>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -18,19 +17,13 @@ struct MissingSample {
     SavedLoop Loop;              ///< `Index` is the row
     clsSwitchRecord Elements;    ///< what of it is asked for
     std::int16_t Use3D = False;  ///< 3D state under which it was stored
+    /// Files of its name that other rows got, as they had asked for another sample.
+    std::vector<std::string> OfOthers = {};
 };
-
-/// Files that were found while one set is opened, and the stored path for which each was.
-using TakenFiles = std::map<std::string, std::string>;
 
 /// The name of a sample, without its folders. A path that starts with "/" is one of this system, where names may hold
 /// "\\" and ":".
 std::string NameOfSample(const std::string& path);
-/// Where a sample lies that is not at its stored place: beside its set, or in the folder of a bin. "" when it is in
-/// none of them. `stored` is its path in the set, `setFolder` the folder of the set, with its separator. Of several
-/// the `BestMatch`; a name that differs only in the case of its letters counts when there is none spelled alike. A file
-/// that `taken` has given to another stored path is left out; what is found is added there.
-std::string FindNearby(const Session& s, const std::string& stored, const std::string& setFolder, TakenFiles& taken);
 /// From now on the row keeps the place of a sample that was not found.
 void KeepPlace(Session& s, MissingSample missing);
 
@@ -55,7 +48,8 @@ std::string SamplePaths(const Session& s, Row row);
 using FoundSamples = std::unordered_map<std::string, std::vector<std::string>>;
 /// Loads what was found into the rows that wait for it, each row the `BestMatch` of the path it had, with their
 /// settings, and starts what was playing, as the set would have done. One step that can be taken back. The status line
-/// names what was found and what is still missing.
+/// names what was found and what is still missing. A file that a row got instead of another that asked for it too is
+/// not given to that one later either, as long as the row holds it.
 void LoadFound(Session& s, const FoundSamples& found);
 
 }  // namespace marvolin

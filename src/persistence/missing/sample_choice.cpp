@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 #include <string_view>
 
 #include "core/files/name_order.h"
@@ -44,28 +45,27 @@ std::string BestMatch(const std::string& stored, const std::vector<std::string>&
     return best;
 }
 
-std::vector<std::string> ShareOut(const std::vector<std::string>& stored, const std::vector<std::string>& paths) {
+std::vector<std::string> ShareOut(const std::vector<WantedFile>& wanted) {
     struct Match {
         std::ptrdiff_t Common;
         std::size_t Wanted;
-        std::size_t Path;
+        const std::string* Path;
     };
     std::vector<Match> matches;
-    for (std::size_t wanted = 0; wanted < stored.size(); ++wanted) {
-        for (std::size_t path = 0; path < paths.size(); ++path) {
-            matches.push_back({FoldersInCommon(stored[wanted], paths[path]), wanted, path});
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+        for (const std::string& path : wanted[i].Paths) {
+            matches.push_back({FoldersInCommon(wanted[i].Stored, path), i, &path});
         }
     }
     std::stable_sort(matches.begin(), matches.end(),
                      [](const Match& a, const Match& b) { return a.Common > b.Common; });
-    std::vector<std::string> shares(stored.size());
-    std::vector<const std::string*> takers(paths.size(), nullptr);
+    std::vector<std::string> shares(wanted.size());
+    std::map<std::string_view, std::string_view> takers;
     for (const Match& match : matches) {
-        const std::string*& taker = takers[match.Path];
-        const bool free = taker == nullptr || SameIgnoringCase(*taker, stored[match.Wanted]);
-        if (!shares[match.Wanted].empty() || !free) continue;
-        shares[match.Wanted] = paths[match.Path];
-        taker = &stored[match.Wanted];
+        if (!shares[match.Wanted].empty()) continue;
+        const std::string& stored = wanted[match.Wanted].Stored;
+        const auto taker = takers.try_emplace(*match.Path, stored).first;
+        if (SameIgnoringCase(taker->second, stored)) shares[match.Wanted] = *match.Path;
     }
     return shares;
 }
