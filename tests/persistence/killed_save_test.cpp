@@ -2,17 +2,13 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <poll.h>
-#include <sys/mman.h>
 #include <sys/ptrace.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
 #include <atomic>
 #include <cerrno>
-#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -23,6 +19,7 @@
 
 #include "fakes/file_bytes.h"
 #include "fakes/limits.h"
+#include "kills/killed_child.h"
 #include "persistence/session_file_store.h"
 #include "persistence/set_instrument.h"
 #include "persistence/snapshot.h"
@@ -32,6 +29,7 @@ namespace marvolin {
 namespace {
 
 using namespace test;
+using kills::Ending;
 
 constexpr std::int16_t kOld = 700;
 constexpr std::int16_t kNew = 800;
@@ -50,9 +48,6 @@ void Restrict(Abilities abilities) {
     }
     if (!refused.empty()) RefuseCalls(refused);
 }
-
-/// How a child process ended.
-enum class Ending : std::uint8_t { Killed, Finished, Failed };
 
 /// Runs `act` in a child process. `entering` sees the number of each system call that it enters, and kills it by true.
 Ending Trace(const std::function<bool()>& act, const std::function<bool(std::uint64_t)>& entering) {
@@ -301,86 +296,29 @@ struct Counts {
     std::atomic<int> Finished = 0;
 };
 
-/// `Counts` in memory that this process and its children share.
-class SharedCounts {
-public:
-    SharedCounts() {
-        void* memory = ::mmap(nullptr, sizeof(Counts), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-        if (memory == MAP_FAILED) throw std::runtime_error("no memory");
-        counts_ = new (memory) Counts;
+/// Saves again and again.
+bool SaveOnAndOn(Sets& sets, std::int16_t pitch, kills::Shared<Counts>& counts) {
+    for (std::int16_t next = pitch;; next = static_cast<std::int16_t>(next % 4000 + 1)) {
+        ++counts->Begun;
+        if (!sets.Save("x.mvn", next)) return false;
+        ++counts->Finished;
     }
-    ~SharedCounts() { ::munmap(counts_, sizeof(Counts)); }
-    SharedCounts(const SharedCounts&) = delete;
-    SharedCounts& operator=(const SharedCounts&) = delete;
-    Counts* operator->() { return counts_; }
-
-private:
-    Counts* counts_;
-};
-
-/// Saves again and again in a child process, which is killed `micros` after it has begun.
-void SaveUntilKilled(Sets& sets, std::int16_t pitch, long micros, SharedCounts& counts) {
-    std::array<int, 2> pipe{};
-    ASSERT_EQ(::pipe(pipe.data()), 0);
-    const pid_t child = ::fork();
-    if (child == 0) {
-        ::close(pipe[0]);
-        if (::write(pipe[1], "", 1) != 1) ::_exit(1);
-        for (std::int16_t next = pitch;; next = static_cast<std::int16_t>(next % 4000 + 1)) {
-            ++counts->Begun;
-            if (!sets.Save("x.mvn", next)) ::_exit(1);
-            ++counts->Finished;
-        }
-    }
-    ::close(pipe[1]);
-    char begun = 1;
-    EXPECT_EQ(::read(pipe[0], &begun, 1), 1);
-    // From now on the pipe has nothing to read while the child lives.
-    pollfd wait{pipe[0], POLLIN, 0};
-    const timespec moment{micros / 1000000, micros % 1000000 * 1000};
-    EXPECT_EQ(::ppoll(&wait, 1, &moment, nullptr), 0) << "the child ended by itself";
-    ::kill(child, SIGKILL);
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    ::close(pipe[0]);
-}
-
-/// Microseconds that the first save of a child process takes here. It can be many times slower than one of this
-/// process, whose memory the child first has to copy.
-long OneSave(Sets& sets) {
-    std::array<int, 2> pipe{};
-    EXPECT_EQ(::pipe(pipe.data()), 0);
-    const pid_t child = ::fork();
-    if (child == 0) {
-        ::close(pipe[0]);
-        if (::write(pipe[1], "", 1) != 1) ::_exit(1);
-        ::_exit(sets.Save("x.mvn", 1) ? 0 : 1);
-    }
-    ::close(pipe[1]);
-    char begun = 1;
-    EXPECT_EQ(::read(pipe[0], &begun, 1), 1);
-    const auto before = std::chrono::steady_clock::now();
-    int status = 1;
-    ::waitpid(child, &status, 0);
-    EXPECT_EQ(status, 0);
-    ::close(pipe[0]);
-    const auto taken = std::chrono::steady_clock::now() - before;
-    return static_cast<long>(std::chrono::duration_cast<std::chrono::microseconds>(taken).count());
 }
 
 TEST(KilledSaves, AThousandAtRandomMomentsLeaveAWholeSetEachTime) {
     constexpr int kKills = 1000;
     std::mt19937 random(1);
     Sets sets;
-    SharedCounts counts;
+    kills::Shared<Counts> counts;
     ASSERT_TRUE(sets.Save("x.mvn", 1));
-    const long longest = 2 * OneSave(sets);
+    const long longest = 2 * kills::TimeInChild([&] { return sets.Save("x.mvn", 1); });
     int interrupted = 0;
     for (int kill = 0; kill < kKills; ++kill) {
         SCOPED_TRACE(kill);
         const auto pitch = sets.Pitch("x.mvn");
         ASSERT_TRUE(pitch);
-        SaveUntilKilled(sets, *pitch, std::uniform_int_distribution<long>(0, longest)(random), counts);
+        const long moment = std::uniform_int_distribution<long>(0, longest)(random);
+        ASSERT_EQ(kills::RunUntilKilled([&] { return SaveOnAndOn(sets, *pitch, counts); }, moment), Ending::Killed);
         interrupted += counts->Begun > counts->Finished ? 1 : 0;
         counts->Begun = counts->Finished.load();
         if (sets.Has("x.mvn~")) {

@@ -1,26 +1,20 @@
 #include "kills/strike.h"
 
 #include <fcntl.h>
-#include <poll.h>
 #include <sched.h>
-#include <sys/mman.h>
 #include <sys/mount.h>
 #include <sys/statvfs.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <atomic>
-#include <chrono>
 #include <cmath>
-#include <csignal>
 #include <filesystem>
-#include <functional>
 #include <optional>
 #include <stdexcept>
 #include <vector>
 
+#include "kills/killed_child.h"
 #include "kills/recording.h"
 
 namespace marvolin::kills {
@@ -29,60 +23,12 @@ namespace {
 
 constexpr std::int64_t kFramesOfATake = 40 * 44100;
 
-/// What a child tells, in memory that outlives it.
+/// What a child tells.
 struct Told {
     std::atomic<int> Begun = 0;
     std::atomic<int> Saved = 0;
     std::atomic<std::int64_t> Frames = 0;
 };
-
-class SharedTold {
-public:
-    SharedTold() {
-        void* memory = ::mmap(nullptr, sizeof(Told), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-        if (memory == MAP_FAILED) throw std::runtime_error("no memory");
-        told_ = new (memory) Told;
-    }
-    ~SharedTold() { ::munmap(told_, sizeof(Told)); }
-    SharedTold(const SharedTold&) = delete;
-    SharedTold& operator=(const SharedTold&) = delete;
-    Told* operator->() { return told_; }
-
-private:
-    Told* told_;
-};
-
-/// Runs `act` in a child process and kills it `micros` after it has begun, unless it has ended by then.
-void RunUntilKilled(const std::function<void()>& act, long micros) {
-    std::array<int, 2> pipe{};
-    if (::pipe(pipe.data()) != 0) throw std::runtime_error("no pipe");
-    const pid_t child = ::fork();
-    if (child < 0) throw std::runtime_error("no process");
-    if (child == 0) {
-        ::close(pipe[0]);
-        if (::write(pipe[1], "", 1) != 1) ::_exit(1);
-        act();
-        ::_exit(0);
-    }
-    ::close(pipe[1]);
-    char begun = 0;
-    const bool isThere = ::read(pipe[0], &begun, 1) == 1;
-    // From now on the pipe has nothing to read while the child lives.
-    pollfd wait{pipe[0], POLLIN, 0};
-    const timespec moment{micros / 1'000'000, micros % 1'000'000 * 1000};
-    if (isThere) ::ppoll(&wait, 1, &moment, nullptr);
-    ::kill(child, SIGKILL);
-    ::waitpid(child, nullptr, 0);
-    ::close(pipe[0]);
-}
-
-/// Microseconds that the first saves of a child take.
-long TimeOf(const std::function<void()>& act) {
-    const auto before = std::chrono::steady_clock::now();
-    RunUntilKilled(act, 60'000'000);
-    const auto taken = std::chrono::steady_clock::now() - before;
-    return static_cast<long>(std::chrono::duration_cast<std::chrono::microseconds>(taken).count());
-}
 
 long AnyMoment(long most, std::mt19937& random) { return std::uniform_int_distribution<long>(0, most)(random); }
 
@@ -139,20 +85,21 @@ More UpTo(int count) {
 
 Counts KillSaves(const Kind& kind, const std::string& folder, const More& more, std::mt19937& random) {
     const std::unique_ptr<Saver> saver = kind.Make(folder);
-    SharedTold told;
+    Shared<Told> told;
     // The first one is saved by a child too: of the last state a thread writes, which no child inherits.
     const auto saveFrom = [&](int first, int count) {
         for (int number = first; number < first + count; ++number) {
             told->Begun = number;
-            if (!saver->Save(number)) ::_exit(1);
+            if (!saver->Save(number)) return false;
             told->Saved = number;
         }
+        return true;
     };
-    const long longest = 2 * TimeOf([&] { saveFrom(1, 2); });
+    const long longest = 2 * TimeInChild([&] { return saveFrom(1, 2); });
     Counts counts;
     while (more(counts.Strikes)) {
         const int next = std::max(told->Begun.load(), told->Saved.load()) + 1;
-        RunUntilKilled([&] { saveFrom(next, 1'000'000); }, AnyMoment(longest, random));
+        RunUntilKilled([&] { return saveFrom(next, 1'000'000); }, AnyMoment(longest, random));
         const std::optional<int> newest = saver->Newest();
         const bool whole = newest && *newest >= told->Saved && *newest <= told->Begun;
         Judge(counts, told->Begun > told->Saved, whole);
@@ -163,9 +110,9 @@ Counts KillSaves(const Kind& kind, const std::string& folder, const More& more, 
 
 Counts KillRecordings(const std::string& folder, const More& more, std::mt19937& random) {
     const std::string path = folder + "/take.wav";
-    SharedTold told;
-    const auto record = [&] { RecordNumbered(path, kFramesOfATake, told->Frames); };
-    const long longest = TimeOf(record);
+    Shared<Told> told;
+    const auto record = [&] { return RecordNumbered(path, kFramesOfATake, told->Frames).empty(); };
+    const long longest = TimeInChild(record);
     Counts counts;
     while (more(counts.Strikes)) {
         std::filesystem::remove(path);
