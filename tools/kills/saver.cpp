@@ -130,9 +130,16 @@ public:
         }
     }
     std::optional<int> Newest() override {
-        const std::string text = ReadScript(path_);
+        std::string text;
+        try {
+            text = ReadScript(path_);
+        } catch (const RuntimeError&) {
+            return {};
+        }
+        constexpr std::size_t kBefore = 3;  // "-- "
+        if (text.size() < kBefore) return {};
         int number = 0;
-        std::from_chars(text.data() + 3, text.data() + text.size(), number);
+        std::from_chars(text.data() + kBefore, text.data() + text.size(), number);
         if (text != TextOf(number)) return {};
         return number;
     }

@@ -13,9 +13,11 @@ namespace marvolin::kills {
 
 struct Counts {
     int Strikes = 0;  ///< kills, or disks that were nearly full
-    int Hit = 0;      ///< of them those that came while a save or a recording was under way
-    int Whole = 0;    ///< left everything whole, and nothing older than what had been told to be saved
-    int Lost = 0;     ///< the others
+    /// Of them those that came between the beginning of a save and its end, which for the last state contains the time
+    /// until it is due, or while a recording was under way.
+    int Hit = 0;
+    int Whole = 0;  ///< left everything whole, and nothing older than what had been told to be saved
+    int Lost = 0;   ///< the others, also those in which nothing could be saved though nothing was in the way
 };
 
 /// Whether one more is wanted after so many.
