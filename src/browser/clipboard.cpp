@@ -42,10 +42,12 @@ void InitClipBoard(Session& s) {
 
 bool HasClip(const Session& s, std::int16_t clip) { return clip >= 0 && clip <= s.Clips.ClipTop; }
 
+void ReportFullClipBoard(Session& s) { s.World.Desk.Report("Too many LoopTracks on ClipBoard."); }
+
 bool AddStagedClip(Session& s, std::ptrdiff_t others) {
     ClipBoardState& clips = s.Clips;
     if (clips.ClipTop + 1 >= kMostClips) {
-        s.World.Desk.Report("Too many LoopTracks on ClipBoard.");
+        ReportFullClipBoard(s);
         return false;
     }
     try {

@@ -513,8 +513,12 @@ TEST_F(Undo, ClipsForWhichThereIsNoRoomAnyMoreWaitForTheNextTime) {
     ClearClip_Click(s);
     Load(1, "drum.wav");
     ClipBoardList_DragDrop(s, {drags::kDropDown, 1, ""});
+    Desk.Boxes.clear();
     Undo_Click(s);
+    EXPECT_EQ(Desk.Boxes.size(), 0U);
     Undo_Click(s);
+    ASSERT_EQ(Desk.Boxes.size(), 1U);
+    EXPECT_EQ(Desk.LastBox(), "Too many LoopTracks on ClipBoard.");
     EXPECT_EQ(s.Clips.ClipStore.size(), static_cast<std::size_t>(kMostClips));
     EXPECT_EQ(s.Clips.List.size(), s.Clips.ClipStore.size());
     EXPECT_EQ(s.Clips.ClipTop, kMostClips - 1);
@@ -530,8 +534,10 @@ TEST_F(Undo, ClipsForWhichThereIsNoRoomAnyMoreWaitForTheNextTime) {
     s.Clips.ClipStore.clear();
     s.Clips.List.clear();
     s.Clips.ClipTop = -1;
+    Desk.Boxes.clear();
     Undo_Click(s);
     EXPECT_EQ(s.Clips.ClipStore, all) << "the last one has waited";
+    EXPECT_EQ(Desk.Boxes.size(), 0U) << "all have come back";
 }
 
 TEST_F(Undo, AClipOnARowIsAStep) {

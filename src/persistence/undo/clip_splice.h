@@ -26,6 +26,8 @@ public:
     bool Empty() const { return other_.Clips.empty() && count_ == 0; }
     /// Exchanges the clips; the splice then turns the clipboard into what it was.
     void Exchange(Session& s);
+    /// Whether clips wait, as the last exchange found no room for them.
+    bool LacksRoom() const { return !noRoom_.Clips.empty(); }
 
 private:
     std::size_t first_ = 0;  ///< of the clips that are replaced

@@ -5,6 +5,7 @@
 #include <set>
 #include <utility>
 
+#include "browser/clipboard.h"
 #include "core/routines.h"
 
 namespace marvolin {
@@ -184,8 +185,10 @@ void UndoSteps::Move(Session& s, Steps& from, Steps& to, const char* words) {
     if (!waiting.empty()) {
         text += (s.DSReady ? "; could not come back: " : "; waits for a device: ") + NamesOfWaiting(waiting);
     }
+    const bool lacksRoom = to.back().Clips && to.back().Clips->LacksRoom();
     ShowStatus(s, text);
     s.World.Screen.ShowUndo();
+    if (lacksRoom) ReportFullClipBoard(s);
 }
 
 void UndoSteps::LimitMemory(const Session& s) {
