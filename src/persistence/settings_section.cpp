@@ -101,6 +101,9 @@ void ApplyDragAxis(Session& s, int, std::int16_t axis) {
     if (axis == kVerticalDrag || axis == kHorizontalDrag) s.DragAxis = axis;
 }
 
+constexpr std::string_view kRelativeKey = "JoyRelative";
+constexpr std::string_view kAxisKey = "Axis";
+
 // Every key once, in the order of the file.
 constexpr std::array<Setting, 14> kSettings{{
     {"Limit", 0, Turn::Limit, Texts{[](const Session& s, int) { return std::to_string(s.Limit); }, ApplyLimit}},
@@ -111,11 +114,11 @@ constexpr std::array<Setting, 14> kSettings{{
      Integers{[](const Session& s, int) { return static_cast<std::int16_t>(s.Drivers.size()); }, KeepDriverCount}},
     {"DeviceNum", 0, Turn::Driver, Integers{[](const Session& s, int) { return s.Driver; }, ApplyDriver}},
     {"JoyFactor", 3, Turn::Factors, Integers{[](const Session& s, int i) { return s.Joy.Factor[i]; }, SetJoyFactor}},
-    {"JoyRelative", 2, Turn::Relative,
+    {kRelativeKey, 2, Turn::Relative,
      Integers{[](const Session& s, int i) { return Box(s.Joy.Relative[i] != False); },
               [](Session& s, int i, std::int16_t value) { SetJoyRelative(s, i, value != 0); }}},
     {"Button", 5, Turn::Assignments, Integers{JoyButtonToKeep, ApplyButton}},
-    {"Axis", 2, Turn::Assignments, Integers{JoyAxisToKeep, ApplyAxis}},
+    {kAxisKey, 2, Turn::Assignments, Integers{JoyAxisToKeep, ApplyAxis}},
     {"FadeFunc", 4, Turn::Curves, Integers{[](const Session& s, int i) { return s.PadTable[i].Function; }, ApplyCurve}},
     {"FadeFactor", 0, Turn::FadeSpeed, Doubles{[](const Session& s, int) { return s.FadeStep; }, ApplyFadeStep}},
     {"TopTab", 0, Turn::View,
@@ -189,7 +192,29 @@ KeyedTable Collect(const Session& s, bool (*wanted)(const Setting&)) {
 }  // namespace
 
 KeyedTable CollectSettings(const Session& s) { return Collect(s, IsAny); }
-KeyedTable CollectSettingsOfWork(const Session& s) { return Collect(s, IsWork); }
+KeyedTable CollectSettingsOfWork(const Session& s) {
+    KeyedTable table = Collect(s, IsWork);
+    const Table<Boolean, 2> relative = JoyRelativeOfNext(s);
+    for (int i = 0; i < 2; ++i) {
+        table.Put(IndexedKey(kAxisKey, i), JoyAxisAsWork(s, i));
+        table.Put(IndexedKey(kRelativeKey, i), Box(relative[i] != False));
+    }
+    return table;
+}
+
+void PutStartOfStick(const Session& s, KeyedTable& settings) {
+    bool set = false;
+    for (int i = 0; i < 2; ++i) {
+        const std::string axis = IndexedKey(kAxisKey, i);
+        if (settings.Find(axis) != nullptr) settings.Put(axis, JoyStartAxis(s, i));
+        const TaggedValue* relative = settings.Find(IndexedKey(kRelativeKey, i));
+        set = set || (relative != nullptr ? AsInteger(*relative) != 0 : s.Joy.Relative[i] != False);
+    }
+    for (int i = 0; i < 2; ++i) {
+        const std::string relative = IndexedKey(kRelativeKey, i);
+        if (!set && settings.Find(relative) != nullptr) settings.Put(relative, Box(true));
+    }
+}
 
 void ApplySettings(Session& s, const KeyedTable& table) {
     for (int number = 0; number < kTurns; ++number) {

@@ -27,6 +27,9 @@
 #include "kept/kept_rig.h"
 #include "parameters/fades.h"
 #include "parameters/setters.h"
+#include "performance/joystick/joystick_plug.h"
+#include "performance/joystick/joystick_setup.h"
+#include "performance/joystick/joystick_waiting.h"
 #include "performance/pad/mix_pad.h"
 #include "persistence/clips.h"
 #include "persistence/kept/clip_records.h"
@@ -340,6 +343,35 @@ TEST(LastState, WhatIsDoneDuringTheDemoIsAChange) {
     EXPECT_EQ(KeptRig::VolumeIn(i.Kept()), 321);
 }
 
+/// The program has started without a joystick.
+void StartWithoutStick(KeptRig& rig) {
+    rig.Stick.Devices.clear();
+    InitDirectInput(rig.s);
+}
+
+/// The first one, with these axes.
+void PlugIn(KeptRig& rig, std::vector<std::int32_t> axes) {
+    rig.Stick.Devices = {"stick"};
+    rig.Stick.Axes = std::move(axes);
+    JoystickWatch().Look(rig.s);
+    ASSERT_TRUE(rig.s.JoyEnabled);
+}
+
+const std::vector<std::int32_t> kAllAxes{0, 4, 8, 20};
+const std::vector<std::int32_t> kOnlyXAndY{0, 4};
+
+TEST(LastState, IsNotWrittenForAFirstStickThatIsPluggedIn) {
+    KeptRig i;
+    StartWithoutStick(i);
+    PlugIn(i, kAllAxes);
+    ASSERT_EQ(i.s.Joy.Axis[kTwistAxis], kAxisRZ);
+    i.Pass(40);
+    EXPECT_FALSE(FileExists(i.Kept())) << "the last state of the run before is worth more";
+    JButton_Click(i.s, kJoyCentre, 6);
+    i.Pass(20);
+    EXPECT_TRUE(FileExists(i.Kept())) << "that is work";
+}
+
 TEST(LastState, WithoutATimerNothingIsKept) {
     KeptRig i;
     EndKeeping(i.s);
@@ -430,6 +462,58 @@ TEST(MarkOfAChangedSet, DoesNotShowForWhatIsOnlyPlayedAndLookedAt) {
     i.s.Drivers = {"Primary Sound Driver", "One more", "No Sound"};
     i.s.Driver = 1;
     EXPECT_FALSE(i.Marked());
+}
+
+TEST(MarkOfAChangedSet, DoesNotShowForAFirstStickThatIsPluggedInAndPulledOut) {
+    for (const auto& axes : {kAllAxes, kOnlyXAndY}) {
+        InHand i;
+        StartWithoutStick(i);
+        ASSERT_FALSE(i.Marked());
+        PlugIn(i, axes);
+        EXPECT_FALSE(i.Marked());
+        SetJoyRelative(i.s, 0, false);
+        EXPECT_TRUE(i.Marked()) << "that is work";
+        SetJoyRelative(i.s, 0, true);
+        EXPECT_FALSE(i.Marked());
+        JoyUnplug(i.s);
+        EXPECT_FALSE(i.Marked());
+        PlugIn(i, axes);
+        EXPECT_FALSE(i.Marked());
+    }
+}
+
+TEST(MarkOfAChangedSet, ShowsForAnAxisThatIsChosen) {
+    InHand i;
+    StartWithoutStick(i);
+    PlugIn(i, kAllAxes);
+    const auto none = static_cast<std::int16_t>(i.s.Joy.AxisNames.size() - 1);
+    JAxis_Click(i.s, kMasterAxis, none);
+    EXPECT_TRUE(i.Marked());
+    JAxis_Click(i.s, kMasterAxis, 0);
+    EXPECT_FALSE(i.Marked()) << "as at a start again";
+}
+
+TEST(MarkOfAChangedSet, DoesNotShowWhenTheFirstStickIsAssignedWhatTheSetSays) {
+    InHand i;
+    StartWithoutStick(i);
+    JoyAssignAxis(i.s, kMasterAxis, kAxisRZ);
+    JoyAssignButton(i.s, kJoyCentre, 7);
+    ASSERT_TRUE(i.Save("one.mvn"));
+    ASSERT_FALSE(i.Marked());
+    PlugIn(i, kAllAxes);
+    ASSERT_EQ(i.s.Joy.Axis[kMasterAxis], kAxisRZ);
+    EXPECT_FALSE(i.Marked());
+    ASSERT_TRUE(i.Open("one.mvn"));
+    EXPECT_FALSE(i.Marked());
+}
+
+TEST(MarkOfAChangedSet, ShowsForBoxesThatAreSetBeforeTheFirstStick) {
+    InHand i;
+    StartWithoutStick(i);
+    SetJoyRelative(i.s, 1, true);
+    EXPECT_TRUE(i.Marked());
+    PlugIn(i, kAllAxes);
+    EXPECT_TRUE(i.Marked());
 }
 
 TEST(MarkOfAChangedSet, ShowsForAClipThatHasChangedAndGoesWhenItIsAsItWas) {

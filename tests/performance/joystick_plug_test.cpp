@@ -113,6 +113,16 @@ TEST(JoystickWatch, WhatASetLeavesOpenIsTheDefaultOfTheFirstStick) {
     EXPECT_EQ(i.s.Joy.Axis[kTwistAxis], kAxisRZ);
 }
 
+TEST(JoystickWatch, BoxesThatWereSetBeforeTheFirstStickStay) {
+    Plugs i(false);
+    SetJoyRelative(i.s, 1, true);
+    i.PlugIn();
+    i.Look();
+    EXPECT_EQ(i.s.Joy.Relative[0], False);
+    EXPECT_NE(i.s.Joy.Relative[1], False);
+    EXPECT_EQ(i.s.Joy.Axis[kMasterAxis], kAxisZ) << "the rest is the default";
+}
+
 TEST(JoystickWatch, ASetThatWasSavedWithoutAStickLeavesTheDefaults) {
     Plugs i(false);
     Assign(i.s, 7, kAxisRX, kAxisNone);

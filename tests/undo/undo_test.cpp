@@ -20,6 +20,7 @@
 #include "performance/drops/dropper.h"
 #include "performance/drops/palette.h"
 #include "performance/drops/row_drops.h"
+#include "performance/joystick/joystick_plug.h"
 #include "performance/joystick/joystick_setup.h"
 #include "performance/joystick/joystick_waiting.h"
 #include "performance/map/scatter.h"
@@ -180,6 +181,78 @@ TEST_F(Undo, WhatAnOpenedSetAssignsToAJoystickThatHasNotComeIsTakenBack) {
     ASSERT_EQ(JoyButtonToKeep(s, kJoyCentre), 7);
     ASSERT_EQ(JoyAxisToKeep(s, kMasterAxis), kAxisRX);
     GoBackAndForth(before, LastText());
+}
+
+/// The first stick is plugged in after "set.mvn", which assigns much of it, was opened.
+struct UndoBeforeTheStick : Undo {
+    UndoBeforeTheStick() {
+        Stick.Devices.clear();
+        InitDirectInput(s);
+        JoyAssignButton(s, kJoyCentre, 7);
+        JoyAssignAxis(s, kMasterAxis, kAxisRX);
+        JoyAssignAxis(s, kTwistAxis, kAxisZ);
+        SetJoyRelative(s, 0, true);
+        EXPECT_TRUE(Save("set.mvn"));
+        s.Joy.Waiting = {};
+        SetJoyRelative(s, 0, false);
+        Forget();
+    }
+    void PlugIn() {
+        Stick.Devices = {"stick"};
+        JoystickWatch().Look(s);
+        ASSERT_TRUE(s.JoyEnabled);
+    }
+};
+
+TEST_F(UndoBeforeTheStick, AStepBackGivesItWhatAStartSets) {
+    ASSERT_TRUE(Open("set.mvn"));
+    PlugIn();
+    ASSERT_EQ(s.Joy.Axis[kMasterAxis], kAxisRX);
+    Undo_Click(s);
+    EXPECT_EQ(s.Joy.Button[kJoyCentre], 2);
+    EXPECT_EQ(s.Joy.Axis[kMasterAxis], kAxisZ) << "as if the set had not been opened";
+    EXPECT_EQ(s.Joy.Axis[kTwistAxis], kAxisRZ);
+    EXPECT_NE(s.Joy.Relative[0], False);
+    EXPECT_EQ(s.Joy.Relative[1], False) << "the set has not changed it";
+    EXPECT_EQ(s.Joy.AxisChoice[kMasterAxis], 0) << "the lists show it";
+    Redo_Click(s);
+    EXPECT_EQ(s.Joy.Button[kJoyCentre], 7);
+    EXPECT_EQ(s.Joy.Axis[kMasterAxis], kAxisRX);
+    EXPECT_EQ(s.Joy.Axis[kTwistAxis], kAxisZ);
+    EXPECT_NE(s.Joy.Relative[0], False);
+    EXPECT_EQ(s.Joy.Relative[1], False);
+}
+
+TEST_F(UndoBeforeTheStick, AStepBackAfterItWasPulledOutLetsThatWait) {
+    ASSERT_TRUE(Open("set.mvn"));
+    PlugIn();
+    Stick.Devices.clear();
+    JoyUnplug(s);
+    Undo_Click(s);
+    EXPECT_EQ(JoyAxisToKeep(s, kMasterAxis), kAxisZ);
+    EXPECT_EQ(JoyAxisToKeep(s, kTwistAxis), kAxisRZ);
+    EXPECT_EQ(s.Joy.Axis[kMasterAxis], kAxisNone) << "no stick holds the master";
+}
+
+TEST_F(UndoBeforeTheStick, AStepBackToAnotherSetGivesItWhatThatAssigned) {
+    ASSERT_TRUE(Open("set.mvn"));
+    JoyAssignAxis(s, kMasterAxis, kAxisRY);
+    ASSERT_TRUE(Save("other.mvn"));
+    ASSERT_TRUE(Open("set.mvn"));
+    ASSERT_TRUE(Open("other.mvn"));
+    PlugIn();
+    ASSERT_EQ(s.Joy.Axis[kMasterAxis], kAxisRY);
+    Undo_Click(s);
+    EXPECT_EQ(s.Joy.Axis[kMasterAxis], kAxisRX);
+    EXPECT_EQ(s.Joy.Axis[kTwistAxis], kAxisZ);
+}
+
+TEST_F(UndoBeforeTheStick, AStepThatDidNotConcernItLeavesWhatTheHandHasAssigned) {
+    Load(0, "bells.wav");
+    PlugIn();
+    JAxis_Click(s, kMasterAxis, 1);
+    Undo_Click(s);
+    EXPECT_EQ(s.Joy.Axis[kMasterAxis], kAxisRZ);
 }
 
 TEST_F(Undo, ASetThatSwitches3dGivesTheSamplesBackAlsoWhenTheirFilesHaveGone) {

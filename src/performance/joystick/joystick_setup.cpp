@@ -72,8 +72,7 @@ void StartPoll(Session& s) {
 
 void DefaultAssignments(Session& s) {
     s.Joy.Button = Table<std::int16_t, 5>{kJoyStartButtons};
-    s.Joy.Axis[kMasterAxis] = s.Joy.AxisPresent[kAxisZ] ? kAxisZ : kAxisNone;
-    s.Joy.Axis[kTwistAxis] = s.Joy.AxisPresent[kAxisRZ] ? kAxisRZ : kAxisNone;
+    for (int use = 0; use < std::ssize(kJoyAssignments); ++use) s.Joy.Axis[use] = JoyStartAxis(s, use);
 }
 
 void FillLists(Session& s) {
@@ -131,19 +130,21 @@ void InitDirectInput(Session& s) {
     JoyShowAssignments(s);
 }
 
+std::int16_t JoyStartAxis(const Session& s, int index) {
+    const std::int16_t axis = kJoyStartAxes[static_cast<std::size_t>(index)];
+    return s.Joy.AxisPresent[axis] ? axis : std::int16_t{kAxisNone};
+}
+
 bool JoyPlugIn(Session& s, const std::string& guid) {
-    const bool waits = JoyAnythingWaits(s);
+    const bool open = JoyIsOpen(s);
     const bool assigned = !s.Joy.Refreshing;
+    const Table<Boolean, 2> relative = JoyRelativeOfNext(s);
     OpenDevice(s, guid);
     if (!s.JoyDevice) return false;
     Try([&] { s.JoyDevice->Acquire(); });
     if (!assigned) DefaultAssignments(s);
-    if (!assigned && !waits) {
-        SetJoyRelative(s, 0, true);
-        SetJoyRelative(s, 1, true);
-    } else {
-        JoyAssignWhatWaits(s);
-    }
+    if (!open) JoyAssignWhatWaits(s);
+    for (int box = 0; box < static_cast<int>(relative.size()); ++box) SetJoyRelative(s, box, relative[box] != False);
     s.Joy.Waiting = {};
     JoyTakeAsRead(s);
     s.JoyEnabled = true;

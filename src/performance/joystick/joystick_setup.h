@@ -27,6 +27,8 @@ inline constexpr std::array<std::string_view, 2> kJoyAssignments{"Master Vol", "
 
 /// Codes of the device axes that can be assigned.
 enum JoyAxisCodes : std::int16_t { kAxisNone = 0, kAxisZ = 3, kAxisRX = 4, kAxisRY = 5, kAxisRZ = 6 };
+/// `JoyAxis` at a start, as far as the stick has these axes.
+inline constexpr std::array<std::int16_t, 2> kJoyStartAxes{kAxisZ, kAxisRZ};
 
 /// Captions of the three sliders `JoyFactor`, and their range.
 inline constexpr std::array<std::string_view, 3> kJoyFactors{"XY Rel:", "XY Abs:", "Twist:"};
@@ -41,8 +43,11 @@ inline constexpr std::int32_t kAttachedOnly = 1;
 /// choice and are disabled. When the service refuses, "Error initializing DirectInput." is shown and the main window
 /// unloaded. An error after a device was found is ignored, and the next step runs.
 void InitDirectInput(Session& s);
+/// The axis that a start assigns to use `index` 0..1 of the stick that is there, or was last; 0 when that lacks it.
+std::int16_t JoyStartAxis(const Session& s, int index);
 /// Opens a joystick that has been plugged in, by its name at the service. What waits for it is assigned. Assignments
-/// and boxes stay as they are when anything has set them, else they become what a start sets. Where stick, axes and hat
+/// and boxes stay as they are when anything has set them, else they become what a start sets. Boxes that are both off
+/// before the first stick count as not set. Where stick, axes and hat
 /// are now counts as read: nothing moves until they do. False when it cannot be opened; what waits then goes on
 /// waiting.
 bool JoyPlugIn(Session& s, const std::string& guid);

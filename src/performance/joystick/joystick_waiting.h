@@ -21,6 +21,14 @@ std::int16_t JoyAxisToKeep(const Session& s, int index);
 /// Whether what waits says more than a set that was saved where there has been no joystick: that has the buttons of a
 /// start and no axis.
 bool JoyAnythingWaits(const Session& s);
+/// There has been no joystick, and nothing waits for one: the first sets what a start sets.
+bool JoyIsOpen(const Session& s);
+/// The boxes `JoyRelative` once the next joystick has come: as they are, or as a start sets them when nothing has set
+/// them, so that both are off.
+Table<Boolean, 2> JoyRelativeOfNext(const Session& s);
+/// The axis of use `index` as work: the same before and after a first joystick has come and nothing else has happened.
+std::int16_t JoyAxisAsWork(const Session& s, int index);
+
 /// All that is assigned waits for the next joystick.
 void JoyLetWait(Session& s);
 /// What waits is assigned, to whatever joystick is there. It then no longer waits.

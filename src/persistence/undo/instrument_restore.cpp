@@ -70,6 +70,8 @@ void PutPad(Session& s, const InstrumentState& goal) {
 void PutSettings(Session& s, const InstrumentState& goal, const InstrumentState& now) {
     KeyedTable different = DifferentSettings(goal.Settings, now.Settings);
     if (different.Pairs().empty()) return;
+    // The first joystick has come since, and goes on as if the step had not been.
+    if (goal.JoyOpen && !s.Joy.Refreshing) PutStartOfStick(s, different);
     // Without the number of drivers a stored driver means nothing.
     if (const TaggedValue* drivers = goal.Settings.Find("NDevices")) different.Put("NDevices", *drivers);
     ApplySettings(s, different);

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "performance/joystick/joystick_waiting.h"
 #include "persistence/settings_section.h"
 
 namespace marvolin {
@@ -81,13 +82,17 @@ void CopyNames(InstrumentState& to, const InstrumentState& from) {
     to.SavingSwitches = from.SavingSwitches;
 }
 
-void TakeSettings(InstrumentState& state, const Session& s) { state.Settings = CollectSettings(s); }
+void TakeSettings(InstrumentState& state, const Session& s) {
+    state.Settings = CollectSettings(s);
+    state.JoyOpen = JoyIsOpen(s);
+}
 bool SameSettings(const InstrumentState& a, const InstrumentState& b) {
     return a.Settings.Pairs() == b.Settings.Pairs();
 }
 // Settings that `from` does not have stay.
 void CopySettings(InstrumentState& to, const InstrumentState& from) {
     for (const auto& [key, value] : from.Settings.Pairs()) to.Settings.Put(key, value);
+    to.JoyOpen = from.JoyOpen;
 }
 
 template <int Bin>

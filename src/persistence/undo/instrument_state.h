@@ -58,7 +58,8 @@ struct InstrumentState {
     std::string Folder, File, DialogueFile, Title;
     bool SaveItEnabled = false;
     clsSwitchRecord SavingSwitches;
-    KeyedTable Settings;  ///< all of them, in a step those that it has changed
+    KeyedTable Settings;   ///< all of them, in a step those that it has changed
+    bool JoyOpen = false;  ///< belongs to the settings: nothing was assigned to any joystick, and none had come
     Table<BinState, kBins> Bins;
 };
 
