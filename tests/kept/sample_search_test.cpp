@@ -8,6 +8,7 @@
 
 #include <filesystem>
 #include <map>
+#include <utility>
 
 #include "fakes/file_bytes.h"
 
@@ -64,6 +65,31 @@ TEST(SampleSearch, ANameInOtherLettersCountsWhenThereIsNoneSpelledAlike) {
     const std::string alike = t.Put("deep/er/a.wav");
     const std::string other = t.Put("B.WAV");
     EXPECT_THAT(t.Find({"a.wav", "b.wav"}), UnorderedElementsAre(Pair("a.wav", alike), Pair("b.wav", other)));
+}
+
+TEST(SampleSearch, ATurnEndsSoonAfterItsTimeHoweverSlowTheDiskIs) {
+    Tree t;
+    for (int n = 0; n < 200; ++n) t.Put(std::to_string(n) + ".wav");
+    SampleSearch search(t.Folder.Path(), {"a.wav"});
+    std::int64_t now = 0;
+    int asked = 0;
+    const auto slow = [&] {
+        ++asked;
+        return std::exchange(now, now + 600'000);
+    };
+    EXPECT_FALSE(search.StepFor(1'000'000, slow));
+    EXPECT_EQ(asked, 3) << "at the begin, and between a few entries each";
+    const auto quick = [] { return std::int64_t{0}; };
+    EXPECT_TRUE(search.StepFor(1, quick)) << "all in one turn while no time passes";
+}
+
+TEST(SampleSearch, ATurnWhoseTimeIsOverAlreadyLooksAtSome) {
+    Tree t;
+    const std::string a = t.Put("a.wav");
+    SampleSearch search(t.Folder.Path(), {"a.wav"});
+    std::int64_t now = 0;
+    EXPECT_TRUE(search.StepFor(0, [&] { return ++now; }));
+    EXPECT_THAT(search.Found().at("a.wav"), ElementsAre(a));
 }
 
 TEST(SampleSearch, AFolderOfTheNameIsNoSample) {

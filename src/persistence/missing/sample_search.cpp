@@ -11,6 +11,12 @@ namespace marvolin {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+constexpr int kEntriesBetweenLooks = 16;  // at the clock
+
+}  // namespace
+
 SampleSearch::SampleSearch(const std::string& folder, std::vector<std::string> names)
     : names_(std::move(names)), folders_{folder} {}
 
@@ -48,6 +54,14 @@ bool SampleSearch::Step(int entries) {
         at_.increment(error);
         if (error) at_ = {};
     }
+    return false;
+}
+
+bool SampleSearch::StepFor(std::int64_t most, const std::function<std::int64_t()>& clock) {
+    const std::int64_t end = clock() + most;
+    do {
+        if (Step(kEntriesBetweenLooks)) return true;
+    } while (clock() < end);
     return false;
 }
 

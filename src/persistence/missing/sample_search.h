@@ -2,8 +2,10 @@
 /// \file
 /// Looks for files by their names in a folder and all below it, a few entries at a time, so that nothing waits for it.
 
+#include <cstdint>
 #include <deque>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -20,6 +22,9 @@ public:
 
     /// Looks at the next `entries` entries. True when all is seen.
     bool Step(int entries);
+    /// Looks on until `clock` says that `most` have passed since the call, both in nanoseconds, and a few entries
+    /// longer. True when all is seen.
+    bool StepFor(std::int64_t most, const std::function<std::int64_t()>& clock);
     /// What was found so far.
     FoundSamples Found() const;
 

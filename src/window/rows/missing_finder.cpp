@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <chrono>
+#include <cstdint>
 
 #include "core/routines.h"
 #include "window/toolkit/file_dialogue.h"
@@ -10,8 +12,12 @@ namespace marvolin {
 
 namespace {
 
-constexpr int kTurnEntries = 500;  // about a millisecond, which no tick misses
-constexpr int kTurnPeriod = 5;     // ms
+constexpr std::int64_t kTurn = 1'000'000;  // ns, which no tick misses
+constexpr int kTurnPeriod = 5;             // ms
+
+std::int64_t SteadyTime() {
+    return std::chrono::nanoseconds(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
 
 }  // namespace
 
@@ -41,7 +47,7 @@ void MissingFinder::Look(const std::string& folder) {
 }
 
 void MissingFinder::LookOn() {
-    if (!search_->Step(kTurnEntries)) return;
+    if (!search_->StepFor(kTurn, SteadyTime)) return;
     const FoundSamples found = search_->Found();
     Stop();
     LoadFound(s, found);
