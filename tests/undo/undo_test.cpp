@@ -302,6 +302,24 @@ TEST_F(Undo, OptionsThatASetDidNotChangeStayAsTheHandHasPutThemSince) {
     EXPECT_EQ(s.DragAxis, kVerticalDrag);
 }
 
+TEST_F(Undo, ABallThatACurveHasCentredIsWhereTheHandHadPutItWhenTheSetIsOpenedAgain) {
+    s.PadTable[kPanPad].Function = 3;
+    ASSERT_TRUE(Save("evening.mvn"));
+    s.PadTable[kPanPad].Function = 1;
+    Forget();
+    ASSERT_TRUE(Open("evening.mvn"));
+    ASSERT_EQ(s.PadTable[kPanPad].Function, 3);
+    s.PadTable[kPanPad].X = 150;
+    Undo_Click(s);
+    ASSERT_EQ(s.PadTable[kPanPad].Function, 1);
+    s.PadTable[kPanPad].X = 40;
+    Redo_Click(s);
+    EXPECT_EQ(s.PadTable[kPanPad].Function, 3);
+    EXPECT_EQ(s.PadTable[kPanPad].X, 150);
+    Undo_Click(s);
+    EXPECT_EQ(s.PadTable[kPanPad].X, 40);
+}
+
 TEST_F(Undo, AfterASwitchOf3dTheHandsKnobsStayWhenTheStepIsDoneAgain) {
     Load(0, "bells.wav");
     ASSERT_TRUE(Save("flat.mvn"));
@@ -652,6 +670,41 @@ TEST_F(Undo, ARowThatWasThinnedByTheStepPlaysAgain) {
     EXPECT_EQ(s.Run[0].Playing, True);
     EXPECT_EQ(Buffer(0).Position, 400);
     EXPECT_EQ(s.ThinList, "A");
+}
+
+TEST_F(Undo, WhatTheLimitStopsWhileAStepIsTakenBackPlaysOnWhenItIsDoneAgain) {
+    Load(0, "bells.wav", true);
+    Load(1, "drum.wav", true);
+    Forget();
+    LoopClearRows(s, 1);
+    s.Limit = 1;
+    Buffer(0).Position = 400;
+    Undo_Click(s);
+    ASSERT_EQ(s.Run[0].Playing, False);
+    ASSERT_EQ(s.Run[1].Playing, True);
+    Redo_Click(s);
+    EXPECT_EQ(s.Run[0].Playing, True);
+    EXPECT_TRUE(Sounds(0));
+    EXPECT_EQ(Buffer(0).Position, 400);
+    EXPECT_EQ(s.ThinList, "A");
+}
+
+TEST_F(Undo, WhatTheHandStartsAfterTheLimitHasStoppedItIsLeftAloneWhenTheStepIsDoneAgain) {
+    Load(0, "bells.wav", true);
+    Load(1, "drum.wav", true);
+    Forget();
+    LoopClearRows(s, 1);
+    s.Limit = 1;
+    Buffer(0).Position = 400;
+    Undo_Click(s);
+    LoopPlay(s, 0, true);
+    Buffer(0).Position = 800;
+    const std::string name = Buffer(0).Name() + " ";
+    Sound.Log.clear();
+    Redo_Click(s);
+    EXPECT_EQ(s.Run[0].Playing, True);
+    EXPECT_EQ(Buffer(0).Position, 800);
+    for (const std::string& call : Sound.Log) EXPECT_EQ((call + " ").find(" " + name), std::string::npos) << call;
 }
 
 TEST_F(Undo, NoCallReachesTheSoundOfARowThatDidNotChange) {

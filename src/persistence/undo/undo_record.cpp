@@ -47,6 +47,30 @@ void Change3D(Session& s, bool on) {
     ChangeUse3D(s, on);
 }
 
+// What the limit stopped at the last exchange plays again after this one, unless the hand has started it meanwhile.
+void TakeAlongThinned(UndoRecord& step, const UndoSnapshot& now) {
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        const RowState& is = now.Rows[row];
+        if (step.Thinned[row] && is.Loaded != False && !is.InHand.Playing) step.RowsChanged[row] |= kSoundingPart;
+    }
+}
+
+// Those that were to play on, and do not.
+Table<bool, kUndoRows> StoppedByLimit(const Session& s, const UndoSnapshot& now,
+                                      const Table<RowState, kUndoRows>& goal) {
+    Table<bool, kUndoRows> stopped;
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        stopped[row] = now.Rows[row].InHand.Playing && goal[row].InHand.Playing && s.Run[row].Playing == False;
+    }
+    return stopped;
+}
+
+InstrumentState RestOf(Session& s, InstrumentParts parts) {
+    InstrumentState rest;
+    CaptureParts(s, rest, parts);
+    return rest;
+}
+
 struct Goal {
     Table<RowState, kUndoRows> Rows;
     Table<RowParts, kUndoRows> Changed;  ///< what really differs from what is there
@@ -149,8 +173,7 @@ void LeaveOut(Session& s, UndoSnapshot& before, const UndoSnapshot& since) {
         const RowParts own = DifferentParts(before.Rows[row], since.Rows[row]);
         CopyParts(before.Rows[row], now, DifferentParts(since.Rows[row], now) & ~own);
     }
-    InstrumentState now;
-    CaptureParts(s, now, since.Rest.Captured);
+    const InstrumentState now = RestOf(s, since.Rest.Captured);
     const InstrumentParts own = DifferentParts(before.Rest, since.Rest);
     CopyParts(before.Rest, now, DifferentParts(since.Rest, now) & ~own);
 }
@@ -170,8 +193,7 @@ UndoRecord MakeRecord(Session& s, const UndoSnapshot& before, const UndoLimits& 
         const RowParts allowed = plays ? limits.Rows | kSoundingPart : limits.Rows;
         step.RowsChanged[row] = allowed & DifferentParts(before.Rows[row], CaptureRow(s, row));
     }
-    InstrumentState now;
-    CaptureParts(s, now, limits.Rest);
+    const InstrumentState now = RestOf(s, limits.Rest);
     step.RestChanged = DifferentParts(before.Rest, now);
     step.Rest.Settings = DifferentSettings(before.Rest.Settings, now.Settings);
     if (limits.Clips && before.Clips) {
@@ -187,9 +209,7 @@ bool ChangesNothing(Session& s, const UndoRecord& step) {
     for (Row row = 0; row < kUndoRows; ++row) {
         if ((step.RowsChanged[row] & DifferentParts(step.Rows[row], CaptureRow(s, row))) != 0) return false;
     }
-    InstrumentState now;
-    CaptureParts(s, now, step.RestChanged);
-    return DifferentParts(step.Rest, now) == 0;
+    return DifferentParts(step.Rest, RestOf(s, step.RestChanged)) == 0;
 }
 
 bool Join(UndoRecord& earlier, UndoRecord& later) {
@@ -206,10 +226,12 @@ bool Join(UndoRecord& earlier, UndoRecord& later) {
 }
 
 std::vector<std::string> Exchange(Session& s, UndoRecord& step) {
-    // The order of thinning is put in order in any case.
-    UndoSnapshot now = TakeSnapshot(s, {kAllRowParts, step.RestChanged | kThinListPart, false});
+    // The order of thinning is put in order in any case, and a curve that comes back centres the ball of its pad.
+    const InstrumentParts touched = (step.RestChanged & kSettingsPart) != 0 ? kThinListPart | kPadPart : kThinListPart;
+    UndoSnapshot now = TakeSnapshot(s, {kAllRowParts, step.RestChanged | touched, false});
     const bool anew = Switches3D(s, step);
     const Table<RowParts, kUndoRows> own = step.RowsChanged;
+    TakeAlongThinned(step, now);
     if (anew) TakeAlongAllRows(step, now);
     const Goal goal = GoalOf(step, now, anew);
     if (anew) Change3D(s, goal.Rest.Use3D);
@@ -217,7 +239,9 @@ std::vector<std::string> Exchange(Session& s, UndoRecord& step) {
     step.Unheard = Restore(s, goal, now);
     if (step.Clips) step.Clips->Exchange(s);
     step.RowsChanged = own;
+    step.Thinned = StoppedByLimit(s, now, goal.Rows);
     step.Rows = std::move(now.Rows);
+    if ((touched & kPadPart) != 0) step.RestChanged |= kPadPart & DifferentParts(now.Rest, RestOf(s, kPadPart));
     now.Rest.Settings = SettingsWithKeysOf(now.Rest.Settings, step.Rest.Settings);
     step.Rest = std::move(now.Rest);
     KeepOnlyChanged(step);

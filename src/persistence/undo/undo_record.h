@@ -58,6 +58,8 @@ struct UndoRecord {
     std::optional<ClipSplice> Clips;
     /// Of what waits in the rows since the last exchange. Their memory comes with them when they come back again.
     Table<UnheardSample, kUndoRows> Unheard;
+    /// Rows that the step has not touched, but that the limit stopped at the last exchange.
+    Table<bool, kUndoRows> Thinned;
 
     bool Empty() const;
 };
