@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QListWidget>
+#include <QMessageBox>
 #include <array>
 #include <functional>
 #include <set>
@@ -165,6 +166,31 @@ TEST(LostPointer, ADragEndsWithWhatItHasReached) {
         EXPECT_EQ(hand.s.Set[2].Channel, 3);
         EXPECT_EQ(hand.Sound.Count("SetVolume"), 1) << "it is heard";
     }
+}
+
+TEST(LostPointer, ABoxThatComesWhileAnotherWindowIsActiveEndsADrag) {
+    WholeHand hand;
+    hand.s.DragAxis = 0;
+    QWidget& knob = *hand.At("VolKnob_2");
+    hand.Reveal(knob);
+    const Spot spot = hand.SpotOn(knob);
+    hand.Window.activateWindow();
+    hand.Settle();
+    hand.PressAt(spot, Qt::LeftButton);
+    hand.MoveTo(spot, {0, -5});
+    hand.MoveTo(spot, {0, -10});
+    ASSERT_TRUE(hand.Window.isActiveWindow());
+    ASSERT_NE(hand.s.Drag.Dragging, False);
+    QMessageBox box;
+    box.setModal(true);
+    box.show();
+    hand.Settle();
+    EXPECT_EQ(hand.s.Drag.Dragging, False);
+    EXPECT_EQ(hand.s.Set[2].Vol, 102 + 150);
+    box.close();
+    hand.Settle();
+    hand.ReleaseAt(spot, Qt::LeftButton, {0, -10});
+    EXPECT_EQ(hand.s.Set[2].Vol, 102 + 150);
 }
 
 TEST(LostPointer, AMoveWithoutAButtonTurnsDrawsAndClicksNothing) {

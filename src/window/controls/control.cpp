@@ -121,8 +121,10 @@ void Control::BeginDrag() {
     update();
 }
 
+// A box keeps the release from a window that it covers, also while another one is active.
 bool Control::event(QEvent* event) {
     const bool lost = event->type() == QEvent::UngrabMouse || event->type() == QEvent::Hide ||
+                      event->type() == QEvent::WindowBlocked ||
                       (event->type() == QEvent::WindowDeactivate && !ReportHasCome()) ||
                       (event->type() == QEvent::EnabledChange && !isEnabled());
     if (lost && Held()) EndHold();
