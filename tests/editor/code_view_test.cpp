@@ -227,6 +227,20 @@ TEST(CodeView, EscapeClosesTheListAndKeepsTheText) {
     EXPECT_EQ(page.Text(), "marvolin.");
 }
 
+TEST(CodeView, WhereTheCaretIsOnNoScreenNothingIsListedAndTheTextGoesOn) {
+    Page page;
+    page.Window.move(-5000, -5000);
+    page.Settle();
+    page.Type("marvolin.set_pan(");
+    EXPECT_FALSE(page.Lists());
+    EXPECT_EQ(page.Text(), "marvolin.set_pan(");
+    page.Window.move(20, 20);
+    page.Settle();
+    page.Write("");
+    page.Type("marvolin.");
+    EXPECT_TRUE(page.Lists());
+}
+
 TEST(CodeView, AMarkedLineIsShownAndLosesItsMarkWhenItIsMended) {
     Page page;
     page.Write(std::string(300, '\n') + "wrong");

@@ -2,6 +2,7 @@
 
 #include <Qsci/qsciscintilla.h>
 
+#include <QGuiApplication>
 #include <algorithm>
 
 #include "window/editor/scintilla/call_text.h"
@@ -73,6 +74,16 @@ void Completion::Close() {
     shown_ = nullptr;
 }
 
+// The library puts the list on the screen that the caret is on, and ends the program where there is none: a window can
+// lie half outside of all.
+bool Completion::CaretIsOnAScreen() const {
+    using S = QsciScintillaBase;
+    const long at = view_.SendScintilla(S::SCI_GETCURRENTPOS);
+    const QPoint place(static_cast<int>(view_.SendScintilla(S::SCI_POINTXFROMPOSITION, 0UL, at)),
+                       static_cast<int>(view_.SendScintilla(S::SCI_POINTYFROMPOSITION, 0UL, at)));
+    return QGuiApplication::screenAt(view_.viewport()->mapToGlobal(place)) != nullptr;
+}
+
 // A list that is open follows what is typed by itself.
 void Completion::List(const std::string& line) {
     if (view_.SendScintilla(QsciScintillaBase::SCI_AUTOCACTIVE) != 0) return;
@@ -80,7 +91,7 @@ void Completion::List(const std::string& line) {
     const bool events = !word.empty() && EndsInDefinition(line);
     if (!events && !word.starts_with(kTable)) return;
     const std::string list = Following(words_, word, events);
-    if (list.empty()) return;
+    if (list.empty() || !CaretIsOnAScreen()) return;
     const std::size_t entered = events ? word.size() : word.size() - kTable.size();
     view_.SendScintilla(QsciScintillaBase::SCI_AUTOCSHOW, static_cast<unsigned long>(entered), list.c_str());
 }

@@ -24,6 +24,7 @@ public:
 
 private:
     std::string LineToCaret() const;
+    bool CaretIsOnAScreen() const;
     void List(const std::string& line);
     void Tip(const std::string& line);
     const ScriptWord* Named(const std::string& name, bool isEvent) const;
