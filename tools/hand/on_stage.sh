@@ -1,21 +1,24 @@
 #!/usr/bin/env bash
 # The hostile hand on the real program: on the stage, random clicks, drags, turns of the wheel, keys and drops go to its
-# windows by way of the display, as a player's do. After each gesture the program must live; at the end the
-# card must have got its sound all the time, and the program must close as a player closes it. The same seed makes the same gestures; what
-# they meet depends on the time, too. Prints one line; exit status 1 with a finding.
+# windows by way of the display, as a player's do. After each gesture the program must live and, within a second, answer
+# from its event loop what a window manager asks of a window; at the end the card must have got its sound all the time, and
+# the program must close as a player closes it. The same seed makes the same gestures; what they meet depends on the time,
+# too. Prints one line; exit status 1 with a finding.
 #
-#   tools/hand/on_stage.sh [SECONDS] [SEED] [BUILD]     default: 60 s, seed 1, build/release
+#   tools/hand/on_stage.sh [SECONDS] [SEED] [BUILD] [ANSWER]     default: 60 s, seed 1, build/release, 1000 ms
 set -euo pipefail
 HERE=$(dirname "$(readlink -f "$0")")
 SECONDS_OF_PLAY=${1:-60}
 SEED=${2:-1}
 BUILD=$(readlink -f "${3:-$HERE/../../build/release}")
+ANSWER=${4:-1000}
 STAGE_TOOLS=$BUILD/tools/stage
 source "$HERE/../stage/stage.sh"
 
 KEYS=(a b c d z a b c d z space Return Escape Tab Tab shift+Tab Up Down Left Right Prior Next Home End Insert Delete BackSpace
   shift+BackSpace shift+space ctrl+space shift+a ctrl+b alt+c F1 F5 F6 F7 F8 F9 F10 F11 F12)
 GESTURES=0
+LONGEST=0
 LAST=()
 
 PLAY=$(mktemp -d)
@@ -60,6 +63,13 @@ some_place() {
   X=$DICE
   below "${height:-700}"
   Y=$DICE
+}
+
+# answers: the program answers in time. Keeps the longest time it has taken, in LONGEST.
+answers() {
+  local took
+  took=$("$STAGE_TOOLS/ping_window" "$WINDOW" "$ANSWER" 2>/dev/null) || return 1
+  [[ $took -le $LONGEST ]] || LONGEST=$took
 }
 
 some_button() { one_of 1 1 1 1 3 3 2; }
@@ -116,6 +126,8 @@ while [[ $SECONDS -lt $END ]]; do
   GESTURES=$((GESTURES + 1))
   gesture
   stage_runs "$PROGRAM" || found "the program has ended"
+  # The main window is another one after a change of the size.
+  answers || { stage_window && answers; } || found "the program does not answer within $ANSWER ms"
 done
 
 # What was left open closes by Escape, and the main window has the keyboard.
@@ -125,4 +137,4 @@ GREW=$((($(sound_length) - BEGIN_OF_SOUND) / 176400))
 [[ $GREW -ge $((SECONDS_OF_PLAY * 9 / 10 - 1)) ]] || found "of $SECONDS_OF_PLAY s only $GREW s came to the card"
 stage_quit || found "the program does not close, or not with status 0"
 ! grep -q "the program ends" "$PLAY/stage/program.log" || found "the program has ended itself"
-echo "$GESTURES gestures on the stage, seed $SEED, $SECONDS_OF_PLAY s: $GREW s of sound, no finding"
+echo "$GESTURES gestures on the stage, seed $SEED, $SECONDS_OF_PLAY s: $GREW s of sound, longest answer $LONGEST ms, no finding"
