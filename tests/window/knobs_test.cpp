@@ -19,6 +19,28 @@ TEST(VolKnob, ALeftDragToTheLeftLowersTheVolumeByOneUnitPerTwip) {
     EXPECT_EQ(stage.s.ReadoutText, "Vol: 350");
 }
 
+TEST(VolKnob, TheValueIsReadUntilThePointerOrTheFocusComesToAnotherControl) {
+    Stage stage;
+    stage.Drag("VolKnob_1", {-10, 0});
+    stage.Move("VolKnob_1", stage.Middle("VolKnob_1"));
+    EXPECT_EQ(stage.s.ReadoutText, "Vol: 350");
+    const auto leave = [&](const char* name) {
+        QEvent left(QEvent::Leave);
+        QApplication::sendEvent(stage.At(name), &left);
+    };
+    leave("VolKnob_1");
+    EXPECT_EQ(stage.s.ReadoutText, "Vol: 350");
+    stage.Move("Browse", stage.Middle("Browse"));
+    EXPECT_EQ(stage.s.ReadoutText, "");
+    stage.Drag("VolKnob_1", {-10, 0});
+    leave("VolKnob_1");
+    stage.Move("VolKnob_2", stage.Middle("VolKnob_2"));
+    EXPECT_EQ(stage.s.ReadoutText, "Vol: 500");
+    stage.Form->activateWindow();
+    stage.At("Record")->setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(stage.s.ReadoutText, "");
+}
+
 TEST(VolKnob, ARightDragIsFine) {
     Stage stage;
     stage.Drag("VolKnob_1", {-10, 0}, Qt::RightButton);

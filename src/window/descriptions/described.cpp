@@ -30,6 +30,11 @@ HintWindow* MainWindow() {
     return nullptr;
 }
 
+/// The value in the readout panel belongs to the control that the pointer or the focus has left.
+void TakeReadoutAway(Session* session) {
+    if (session != nullptr) ShowReadout(*session, "");
+}
+
 /// Whether the focus came by the keyboard.
 bool CameByKey(const QEvent& event) {
     const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
@@ -173,6 +178,7 @@ void Described::HintAt(QPointF place, bool held) {
     const auto* parts = dynamic_cast<const HasParts*>(&widget_);
     const int part = parts == nullptr ? 0 : parts->PartAt(place);
     const std::string hint = Hint(part, held);
+    if (shown_.empty() && !held) TakeReadoutAway(session_);
     // What a click has reported is read while the pointer still lies on the control.
     if (hint.empty() || hint != shown_ || NothingIsShown()) ShowHint(part, held);
 }
@@ -248,6 +254,7 @@ bool Described::eventFilter(QObject* object, QEvent* event) {
     }
     if (object == &widget_ && event->type() == QEvent::FocusIn && CameByKey(*event)) {
         ForgetHints();
+        TakeReadoutAway(session_);
         ShowHint(0, false);
     }
     if (object != &PointedAt(widget_)) return false;
