@@ -11,6 +11,7 @@
 #include "performance/tabs.h"
 #include "window/controls/clip_list.h"
 #include "window/toolkit/drag.h"
+#include "window/toolkit/drop_words.h"
 
 namespace marvolin {
 namespace {
@@ -64,6 +65,43 @@ TEST(DragStart, ALetterDraggedWithTheRightButtonAndDroppedFadesTheTwoLoopTracks)
     stage.DropControl("Letr_2", *source);
     EXPECT_EQ(stage.s.Run[0].FadeState, kFalling);
     EXPECT_EQ(stage.s.Run[2].FadeState, kRising);
+}
+
+/// Keeps what the status line says of drops.
+struct DropReader : QObject {
+    explicit DropReader(const Session& session) : s(session) { qApp->installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent*) override {
+        if (s.StatusText.starts_with("drop on ")) Words = s.StatusText;
+        return false;
+    }
+    const Session& s;
+    std::string Words;
+};
+
+TEST(DragStart, MeanwhileTheStatusLineSaysWhatADropDoes) {
+    Stage stage;
+    const DropReader reader(stage.s);
+    ASSERT_TRUE(DragFrom(stage, "Letr_1"));
+    EXPECT_EQ(reader.Words, "drop on a Letter: B takes its Vol, Pan, Freq & Mode; on a Sound: B takes its Vol");
+    EXPECT_FALSE(stage.s.StatusText.starts_with("drop on "));
+}
+
+TEST(DragStart, TheWordsOfADropAreThoseOfWhatIsDragged) {
+    EXPECT_EQ(DropWords({"Letr", 3, kFadeTag}),
+              "drop on another LoopTrack: cross-fades D with it; on D: fades D in or out");
+    EXPECT_EQ(DropWords({"PosBall", 0, kFadeTag}),
+              "drop on another LoopTrack: cross-fades A with it; on A: fades A in or out");
+    EXPECT_EQ(DropWords({"StatusBar1", 0, std::string(kHelpDragName)}), "drop on a Control: opens its Page of Help");
+    EXPECT_EQ(DropWords({"Eraser", 0, ""}), "drop on a Pattern: resets it");
+    EXPECT_EQ(DropWords({"Browse", 0, ""}), "");
+    std::set<std::string> words;
+    for (const char* name : {"PickFile", "PickDir", "ClipBoardList", "HistoryList", "DropDown", "Eraser", "Patterns",
+                             "AllTiming", "CloneTime", "PatternGraph", "TabControl"}) {
+        const std::string one = DropWords({name, 0, ""});
+        EXPECT_TRUE(one.starts_with("drop on ")) << name;
+        words.insert(one);
+    }
+    EXPECT_EQ(words.size(), 7U);  // what copies patterns and timing has one text
 }
 
 TEST(DragStart, FramesLabelsAndEraserOfThePatternTabAreDraggedWithAnyButton) {

@@ -75,7 +75,7 @@ void FolderTree::mouseMoveEvent(QMouseEvent* event) {
     if (moved.manhattanLength() < QApplication::startDragDistance()) return;
     pressed_.reset();
     const QModelIndex folder = indexAt(event->position().toPoint() - moved);
-    if (folder.isValid()) RunFolderDrag(*this, folders_.filePath(folder));
+    if (folder.isValid()) RunFolderDrag(*this, s, folders_.filePath(folder));
 }
 
 void FolderTree::mouseReleaseEvent(QMouseEvent* event) {

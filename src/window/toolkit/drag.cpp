@@ -14,6 +14,7 @@
 #include "performance/drops/dropper.h"
 #include "window/descriptions/described.h"
 #include "window/toolkit/drag_source.h"
+#include "window/toolkit/drop_words.h"
 #include "window/toolkit/one_button.h"
 #include "window/toolkit/theme.h"
 
@@ -132,11 +133,14 @@ QPixmap LabelPicture(const QString& text, double ratio) {
     });
 }
 
-/// Runs a drag that has all it carries. Only the button that holds `from` ends it.
-void RunAlone(QWidget& from, QDrag& drag) {
+/// Runs a drag that has all it carries. Only the button that holds `from` ends it. Meanwhile no control shows a hint:
+/// the status line has `words`, unless something is reported.
+void RunAlone(QWidget& from, Session& s, QDrag& drag, const std::string& words) {
     const Described* described = DescribedOf(from);
     const OneButton only(described == nullptr ? Qt::NoButton : described->Holder());
+    ShowStatus(s, words);
     drag.exec(Qt::CopyAction);
+    if (s.StatusText == words) ShowStatus(s, "");
 }
 
 }  // namespace
@@ -167,24 +171,24 @@ QPixmap DragPicture(const Session& s, const DragSource& source, double ratio) {
     return LabelPicture(QString::fromStdString(DragName(s, source)), ratio);
 }
 
-void RunDrag(QWidget& from, const Session& s, const DragSource& source) {
+void RunDrag(QWidget& from, Session& s, const DragSource& source) {
     auto* drag = new QDrag(&from);  // the toolkit deletes it after the drop
     drag->setMimeData(ToMimeData(source).release());
     drag->setPixmap(DragPicture(s, source, from.devicePixelRatioF()));
     drag->setHotSpot(HotSpot(source));
     // The help pointer is the pointer itself; beside it the usual one would be a second arrow.
     if (IsHelpDrag(source)) drag->setDragCursor(Painted({1, 1}, 1, [](QPainter&) {}), Qt::CopyAction);
-    RunAlone(from, *drag);
+    RunAlone(from, s, *drag, DropWords(source));
 }
 
-void RunFolderDrag(QWidget& from, const QString& path) {
+void RunFolderDrag(QWidget& from, Session& s, const QString& path) {
     auto* drag = new QDrag(&from);  // the toolkit deletes it after the drop
     auto* data = new QMimeData;     // belongs to the drag
     data->setUrls({QUrl::fromLocalFile(path)});
     drag->setMimeData(data);
     drag->setPixmap(LabelPicture(QFileInfo(path).fileName(), from.devicePixelRatioF()));
     drag->setHotSpot(kBeside);
-    RunAlone(from, *drag);
+    RunAlone(from, s, *drag, kFolderDropWords);
 }
 
 }  // namespace marvolin

@@ -22,10 +22,10 @@ std::string DragName(const Session& s, const DragSource& source);
 QPixmap DragPicture(const Session& s, const DragSource& source, double ratio = 1);
 
 /// Drags `source`, which begins on `from`, with its picture. Returns when the drag has ended. Meanwhile no other button
-/// and no key reaches anything; Escape ends the drag without a drop.
-void RunDrag(QWidget& from, const Session& s, const DragSource& source);
+/// and no key reaches anything, and the status line says what drops do; Escape ends the drag without a drop.
+void RunDrag(QWidget& from, Session& s, const DragSource& source);
 
 /// Drags the folder at `path` in the same way, as a file manager would.
-void RunFolderDrag(QWidget& from, const QString& path);
+void RunFolderDrag(QWidget& from, Session& s, const QString& path);
 
 }  // namespace marvolin

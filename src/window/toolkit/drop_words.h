@@ -1,0 +1,18 @@
+#pragma once
+/// \file
+/// What the status line says while something is dragged.
+
+#include <string>
+
+#include "core/drag_source.h"
+
+namespace marvolin {
+
+/// Where `source` can be dropped and what the drop does there, in the words of the hints. "" for a control that cannot
+/// be dragged.
+std::string DropWords(const DragSource& source);
+
+/// The same for a folder of the tree.
+inline constexpr char kFolderDropWords[] = "drop on the Name of a Bin: it shows this Folder";
+
+}  // namespace marvolin
