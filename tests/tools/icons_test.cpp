@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <set>
 #include <string>
 
@@ -47,6 +49,12 @@ TEST(Icons, EachIsAPictureOfItsOwnAtEverySize) {
             }
         }
     }
+}
+
+TEST(Icons, TheOneOfTheWindowsIsThatOfTheProgram) {
+    std::ifstream file(MARVOLIN_ROOT "/assets/pictures/marvolin.svg");
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    EXPECT_EQ(text, Draw(Subject::Program));
 }
 
 TEST(Icons, AreNamedForTheProgramAndForTheTypesOfItsFiles) {

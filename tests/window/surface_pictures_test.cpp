@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QStandardItemModel>
+#include <QTreeView>
+#include <algorithm>
 #include <functional>
 
 #include "hand.h"
@@ -16,6 +19,42 @@
 
 namespace marvolin {
 namespace {
+
+TEST(Theme, EveryWindowHasTheIconOfTheProgram) {
+    const QImage icon = QApplication::windowIcon().pixmap(64).toImage();
+    ASSERT_EQ(icon.size(), QSize(64, 64));
+    EXPECT_EQ(icon.pixelColor(32, 32), QColor(0xe6, 0xe8, 0xeb));  // the ball
+    EXPECT_EQ(icon.pixelColor(18, 18), QColor(0xff, 0x00, 0x00));  // the arc of A
+    const QWidget window;
+    EXPECT_FALSE(window.windowIcon().isNull());
+}
+
+TEST(Theme, TheArrowOfAChosenRowOfATreeIsSeenOnItsGround) {
+    QStandardItemModel rows;
+    rows.appendRow(new QStandardItem);  // the model owns its rows
+    rows.item(0)->appendRow(new QStandardItem);
+    QTreeView tree;
+    tree.setModel(&rows);
+    tree.setHeaderHidden(true);
+    tree.resize(200, 100);
+    const auto contrast = [&](const QColor& ground) {
+        const QRect row = tree.visualRect(rows.index(0, 0));
+        const QImage picture = tree.viewport()->grab(QRect(0, row.top(), row.left(), row.height())).toImage();
+        double most = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                most = std::max(most, theme::Contrast(picture.pixelColor(x, y), ground));
+            }
+        }
+        return most;
+    };
+    tree.clearSelection();
+    EXPECT_GE(contrast(theme::kSunk), 3);
+    tree.setCurrentIndex(rows.index(0, 0));
+    EXPECT_GE(contrast(theme::kAccent), 3);
+    tree.expand(rows.index(0, 0));
+    EXPECT_GE(contrast(theme::kAccent), 3);
+}
 
 using test::Settings;
 

@@ -4,6 +4,8 @@
 #include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
+#include <QStyleOption>
+#include <QTreeView>
 #include <optional>
 
 #include "window/toolkit/theme.h"
@@ -136,6 +138,23 @@ int DialogueStyle::styleHint(StyleHint hint, const QStyleOption* option, const Q
                              QStyleHintReturn* data) const {
     if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
     return QProxyStyle::styleHint(hint, option, widget, data);
+}
+
+void DialogueStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                                  const QWidget* widget) const {
+    if (element != PE_IndicatorBranch) return QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (!option->state.testFlag(State_Children)) return;
+    const auto* tree = qobject_cast<const QTreeView*>(widget);
+    const QPoint middle = option->rect.center();
+    const bool chosen = tree != nullptr && tree->selectionModel()->isSelected(tree->indexAt(middle));
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->translate(middle);
+    if (option->state.testFlag(State_Open)) painter->rotate(90);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(chosen ? theme::kWindow : theme::kQuiet);
+    painter->drawPolygon(QPolygonF{{-2.5, -4}, {3, 0}, {-2.5, 4}});
+    painter->restore();
 }
 
 QIcon DialogueStyle::standardIcon(StandardPixmap picture, const QStyleOption* option, const QWidget* widget) const {

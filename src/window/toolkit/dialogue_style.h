@@ -1,7 +1,7 @@
 #pragma once
 /// \file
 /// Gives the toolkit's own dialogues the look of the window: icons are drawn, so that they are sharp at every scale,
-/// and buttons have no icons.
+/// buttons have no icons, and the arrow of a chosen row of a tree is as dark as its text.
 
 #include <QAbstractFileIconProvider>
 #include <QProxyStyle>
@@ -13,6 +13,8 @@ public:
     DialogueStyle();
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* data) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
     QIcon standardIcon(StandardPixmap picture, const QStyleOption* option, const QWidget* widget) const override;
 };
 

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <QIcon>
 #include <QPalette>
 #include <QWidget>
 #include <algorithm>
@@ -126,6 +127,7 @@ QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
 void Apply(QApplication& application) {
     RegisterPictures();
     application.setStyle(new DialogueStyle);  // owned by the toolkit
+    application.setWindowIcon(QIcon(":/marvolin/marvolin.svg"));
     application.setPalette(DarkPalette());
     application.setFont(QFont(Family()));  // looks the font up once
     application.setFont(Sans(13));

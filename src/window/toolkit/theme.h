@@ -32,7 +32,7 @@ inline const QColor kRedGround{0x56, 0x21, 0x1e};
 inline const QColor kOff{0x7d, 0x85, 0x90};   ///< shapes that are off
 inline const QColor kPale{0xb9, 0xc4, 0xe6};  ///< edges of what is too dark for its ground
 
-/// Sets style, palette, font and stylesheet of the whole program.
+/// Sets style, palette, icon, font and stylesheet of the whole program.
 void Apply(QApplication& application);
 
 /// The interface font, `pixels` logical pixels high.
