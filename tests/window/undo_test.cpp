@@ -40,11 +40,11 @@ TEST_F(UndoWindow, TheButtonsAreEnabledWhileThereIsSomethingForThem) {
 }
 
 TEST_F(UndoWindow, AClickTakesBackAndTheHintNamesTheStep) {
-    EXPECT_EQ(DescriptionOf("Undo").Hint.At({s}), "clk Take back: Clear of A");
+    EXPECT_EQ(DescriptionOf("Undo").Hint.At({s}), "clk Take back: Clear of A; key Backspace");
     Click("Undo");
     EXPECT_FALSE(Cleared());
     EXPECT_EQ(s.StatusText, "Taken back: Clear of A");
-    EXPECT_EQ(DescriptionOf("Redo").Hint.At({s}), "clk Do again: Clear of A");
+    EXPECT_EQ(DescriptionOf("Redo").Hint.At({s}), "clk Do again: Clear of A; key Shift+Backspace");
     Click("Redo");
     EXPECT_TRUE(Cleared());
 }

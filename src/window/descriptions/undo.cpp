@@ -7,20 +7,20 @@ namespace marvolin {
 
 namespace {
 
-constexpr const char* kUndoHint = "clk Take back what was replaced or emptied";
-constexpr const char* kRedoHint = "clk Do again what was taken back";
+constexpr const char* kUndoHint = "clk Take back what was replaced or emptied; key Backspace";
+constexpr const char* kRedoHint = "clk Do again what was taken back; key Shift+Backspace";
 
 std::string UndoValue(const Situation& at) { return UndoText(at.State); }
 std::string RedoValue(const Situation& at) { return RedoText(at.State); }
 
 std::string UndoHint(const Situation& at) {
     const std::string step = UndoText(at.State);
-    return step.empty() ? kUndoHint : "clk Take back: " + step;
+    return step.empty() ? kUndoHint : "clk Take back: " + step + "; key Backspace";
 }
 
 std::string RedoHint(const Situation& at) {
     const std::string step = RedoText(at.State);
-    return step.empty() ? kRedoHint : "clk Do again: " + step;
+    return step.empty() ? kRedoHint : "clk Do again: " + step + "; key Shift+Backspace";
 }
 
 constexpr Description kUndoTable[] = {
