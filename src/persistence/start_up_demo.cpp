@@ -42,28 +42,25 @@ void NextStage(Session& s, Row fading, std::int32_t milliseconds) {
 
 /// The demo leaves LoopTracks at volume 0, whose keys then seem silent: the status line says how they come back.
 void TellWhatHasFaded(Session& s) {
+    std::vector<Row> rows;
     std::vector<Row> faded;
-    std::vector<Row> falling;
     for (const Row row : kDemoFades) {
         if (s.Run[row].Loaded == False) continue;
-        if (s.Set[row].Vol == 0) {
-            faded.push_back(row);
-        } else if (s.Run[row].FadeState == kFalling && s.Run[row].FadeTarget == 0) {
-            falling.push_back(row);
-        }
+        const bool silent = s.Set[row].Vol == 0;
+        if (silent) faded.push_back(row);
+        if (silent || (s.Run[row].FadeState == kFalling && s.Run[row].FadeTarget == 0)) rows.push_back(row);
     }
-    if (faded.empty() && falling.empty()) return;
-    std::string text;
-    if (!faded.empty()) text = LettersOf(faded) + (faded.size() == 1 ? " has" : " have") + " faded out";
-    if (!falling.empty()) {
-        text +=
-            (text.empty() ? "" : ", ") + LettersOf(falling) + (falling.size() == 1 ? " is" : " are") + " fading out";
-    }
-    ShowStatus(s, text + ": " + HowItFadesIn(faded.empty() ? falling.front() : faded.front()));
+    if (rows.empty()) return;
+    // Of those that still fall, too, the text is true as long as it is read.
+    std::string verb = rows.size() == 1 ? " fades out: " : " fade out: ";
+    if (faded.size() == rows.size()) verb = rows.size() == 1 ? " has faded out: " : " have faded out: ";
+    ShowStatus(s, LettersOf(rows) + verb + HowItFadesIn(faded.empty() ? rows.front() : faded.front()));
 }
 
+/// Without this the keyboard would stay with Help, or with no window at all.
 void CloseQuestion(Session& s) {
     s.World.Forms.Unload(Form::StartUpQuery);
+    s.World.Forms.BringToFront(Form::Main);
     TellWhatHasFaded(s);
 }
 

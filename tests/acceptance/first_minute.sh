@@ -26,7 +26,7 @@ status_is() {
 }
 # tells_what_has_faded: D may still fall when the question is answered.
 tells_what_has_faded() {
-  status_is "B & C have faded out, D is fading out: Shift+B fades B in" ||
+  status_is "B, C & D fade out: Shift+B fades B in" ||
     status_is "B, C & D have faded out: Shift+B fades B in"
 }
 # reads NAME TEXT: puts the pointer on a control, and reads the text in the status line.

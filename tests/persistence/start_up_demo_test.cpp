@@ -89,7 +89,7 @@ TEST(StartUpDemo, AtItsEndAndBehindTheQuestionTheStatusLineSaysHowTheFadedComeBa
         Tick(i);
         EXPECT_EQ(i.s.Run[stage + 1].FadeState, kFalling);
         if (stage == 2) {
-            EXPECT_EQ(i.s.StatusText, "B & C have faded out, D is fading out: Shift+B fades B in");
+            EXPECT_EQ(i.s.StatusText, "B, C & D fade out: Shift+B fades B in");
         }
         StepFades(i.s, 2500);
     }
@@ -129,7 +129,14 @@ TEST(StartUpQuery, NoRenamesTheDemoAndShowsHowToReenableIt) {
     EXPECT_EQ(i.Desk.LastBox(),
               "To re-enable the startup demo, change the name disabledstartup.mvp in your marvolin directory to "
               "startup.mvp");
-    EXPECT_EQ(i.Forms.Log.back(), "Unload StartUpQuery");
+    EXPECT_EQ(i.Forms.Log, (std::vector<std::string>{"Unload StartUpQuery", "BringToFront Main"}));
+}
+
+TEST(StartUpQuery, YesHandsTheKeyboardToTheMainWindow) {
+    SetInstrument i;
+    i.Forms.Loaded.insert(Form::StartUpQuery);
+    cmdYes_Click(i.s);
+    EXPECT_EQ(i.Forms.Log, (std::vector<std::string>{"Unload StartUpQuery", "BringToFront Main"}));
 }
 
 TEST(StartUpQuery, NoWithoutADemoIgnoresTheErrors) {
@@ -154,7 +161,7 @@ TEST(StartUpQuery, NoDoesNotSayThatItHasRenamedADemoThatItCouldNotRename) {
     EXPECT_EQ(ReadBytes(i.Folder / "disabledstartup.mvp"), "older");
     ASSERT_EQ(i.Desk.Boxes.size(), 1U);
     EXPECT_EQ(i.Desk.LastBox(), "The startup demo could not be renamed, so it will be shown again: Permission denied");
-    EXPECT_EQ(i.Forms.Log.back(), "Unload StartUpQuery");
+    EXPECT_EQ(i.Forms.Log, (std::vector<std::string>{"Unload StartUpQuery", "BringToFront Main"}));
 }
 
 TEST(StartUpQuery, NoKeepsAnOlderDisabledDemoWhenTheDemoCannotTakeItsName) {

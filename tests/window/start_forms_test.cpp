@@ -57,7 +57,7 @@ TEST(StartUpQueryForm, TheReturnKeyPressesTheFocusedButtonAtFirstYes) {
     query.show();
     stage.Forms.Loaded.insert(Form::StartUpQuery);
     QTest::keyClick(&query, Qt::Key_Return);
-    EXPECT_EQ(stage.Forms.Log.back(), "Unload StartUpQuery");
+    EXPECT_EQ(stage.Forms.Log.back(), "BringToFront Main");
     EXPECT_TRUE(stage.Desk.Boxes.empty());
 
     stage.Forms.Loaded.insert(Form::StartUpQuery);
