@@ -64,6 +64,12 @@ TEST(Report, ReturnsAtOnceAndShowsTitleTextAndOneButton) {
     EXPECT_EQ(stage.Box()->windowTitle(), "marvolin");
 }
 
+TEST(Report, IsWideEnoughForItsTitle) {
+    Reported stage;
+    stage.Report("!");
+    EXPECT_GE(stage.Box()->width(), 240);
+}
+
 TEST(Report, TakesNoFocusAndLeavesTheInstrumentToThePlayer) {
     Reported stage;
     stage.Fill(1);

@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -20,6 +21,7 @@ constexpr int kBoxGap = 12;  // pixels between the box and what it keeps clear
 QPoint CentredIn(const QRect& area, QSize box) { return area.center() - QPoint(box.width() / 2, box.height() / 2); }
 
 constexpr qsizetype kMostTexts = 4;
+constexpr int kLeastText = 220;  // pixels: with the buttons of its frame the title is read
 
 /// Says that there have been more messages than are shown; "" when there have not.
 QString CountText(int count, qsizetype shown) {
@@ -70,6 +72,7 @@ void ReportBox::Show(const QString& text, const QString& title, Icon icon, QWidg
     // The toolkit makes the line's label hidden, and would leave it out of the size of an open box.
     if (auto* line = findChild<QLabel*>("qt_msgbox_informativelabel")) line->show();
     setIcon(icon);
+    LeaveRoomForTitle();
     winId();  // makes the window that gets an owner
     windowHandle()->setTransientParent(owner == nullptr ? nullptr : owner->window()->windowHandle());
     if (!isVisible()) return show();
@@ -77,6 +80,19 @@ void ReportBox::Show(const QString& text, const QString& title, Icon icon, QWidg
     raise();
     QAccessibleEvent alert(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
+}
+
+// The toolkit makes a box as narrow as its text, and lays it out anew for each.
+void ReportBox::LeaveRoomForTitle() {
+    auto* grid = qobject_cast<QGridLayout*>(layout());
+    auto* text = findChild<QLabel*>("qt_msgbox_label");
+    if (grid == nullptr || text == nullptr) return;
+    int row = 0;
+    int column = 0;
+    int rows = 0;
+    int columns = 0;
+    grid->getItemPosition(grid->indexOf(text), &row, &column, &rows, &columns);
+    grid->setColumnMinimumWidth(column, kLeastText);
 }
 
 // The size is known only now.

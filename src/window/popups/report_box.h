@@ -36,6 +36,7 @@ private:
     bool TakesKeys() const;
     bool KeyEvent(QEvent& event);
     QRect Rows() const;
+    void LeaveRoomForTitle();
     void Place();
 
     QPointer<QWidget> main_;
