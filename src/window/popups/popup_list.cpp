@@ -41,11 +41,11 @@ void PopupList::Open(const QStringList& rows, const QRect& at, int mostWidth) {
     clear();
     addItems(rows);
     setCurrentRow(0);
-    const int wide = qBound(kLeastWidth, sizeHintForColumn(0) + 40, mostWidth);
-    const int high = qMin(count(), kMostPopupRows) * sizeHintForRow(0) + 12;
-    resize(wide, high);
     // Its own native window may be left from another screen.
     const QRect area = parentWidget()->screen()->availableGeometry();
+    const int wide = qMin(qBound(kLeastWidth, sizeHintForColumn(0) + 40, mostWidth), area.width() - 1);
+    const int high = qMin(count(), kMostPopupRows) * sizeHintForRow(0) + 12;
+    resize(wide, high);
     const int top = at.bottom() + high > area.bottom() ? at.top() - high : at.bottom() + 1;
     move(qBound(area.left(), at.left(), area.right() - wide), qMax(area.top(), top));
     show();

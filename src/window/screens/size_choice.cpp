@@ -22,6 +22,7 @@ SizeChoice::SizeChoice(Session& session, QWidget* parent)
                  }),
       s(session) {
     for (const int percent : kProgramSizes) addItem(QString("%1 %").arg(percent));
+    setMaxVisibleItems(count());
     Show(EntryOf(100));
 }
 
