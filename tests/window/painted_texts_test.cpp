@@ -46,6 +46,11 @@ TEST(StatusBars, HintAndReadoutStandInPanelsOfTheirOwn) {
     EXPECT_THAT(PaintedTexts(*stage.At("StatusBar1")), ElementsAre("Ready.", "Vol: 12", "00:00:00", "?"));
 }
 
+TEST(PatternPage, TheRandomColumnOfTheLanesIsNamedAboveThem) {
+    Settings stage;
+    EXPECT_THAT(PaintedTexts(*stage.At("StepReadOut")), ElementsAre("Rnd"));
+}
+
 TEST(MixPadPage, TheLevelsAreNamedAsInTheStatusLine) {
     Settings stage;
     for (Row row = 0; row < kLoopTracks; ++row) stage.s.Set[row].Channel = static_cast<std::uint8_t>(row + 1);

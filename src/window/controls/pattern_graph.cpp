@@ -207,6 +207,9 @@ void StepReadOutControl::Refresh() {
 void StepReadOutControl::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
+    p.setFont(theme::Sans(10));
+    p.setPen(theme::kQuiet);
+    p.drawText(QRectF(0, 0, kRandomColumnShare * width(), height()), Qt::AlignCenter, "Rnd");  // of the lanes below
     p.setPen(QPen(theme::kFrame, 1));
     p.setBrush(theme::kSunk);
     p.drawRoundedRect(QRectF(kRandomColumnShare * width(), 0.5, (1 - kRandomColumnShare) * width(), height() - 1.0), 3,
