@@ -39,7 +39,7 @@ ConsoleView::ConsoleView(Session& session, const ScriptConsole& console, QWidget
     setMaximumBlockCount(static_cast<int>(ScriptConsole::kMostLines));
     setFont(theme::Digits(12));
     setFrameShape(QFrame::NoFrame);
-    setPlaceholderText("What a script prints stands here, and so do its errors.");
+    setPlaceholderText("What a script prints stands here, and so do its errors. To begin with: Examples, then Run.");
     Pause.setSingleShot(true);
     Pause.setInterval(kConsolePause);
     Pause.callOnTimeout(this, [this] { Refresh(); });

@@ -21,7 +21,7 @@ constexpr int kBarHeight = 26;
 constexpr int kHelpWidth = 32;
 constexpr std::size_t kFilesATurn = 16;  // of the check, in one turn of the event loop: the step clock must not wait
 
-constexpr const char* kNoBins = "Kept for more sample bins. The three that there are stand on the tab 1-3.";
+constexpr const char* kNoBins = "No bins here yet: the three sample bins are on the tab 1-3.";
 
 QWidget* EmptyPage(const char* text) {
     auto* page = new QLabel(text);

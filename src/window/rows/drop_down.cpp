@@ -54,7 +54,7 @@ void DropDownControl::PaintMissing(QPainter& p, const std::string& missing) cons
     font.setStrikeOut(false);
     p.setPen(theme::kQuiet);
     const QString held = Text();
-    line(Qt::AlignBottom, held.isEmpty() ? QString("missing") : "missing; " + held);
+    line(Qt::AlignBottom, held.isEmpty() ? QString("missing") : held);
 }
 
 void DropDownControl::paintEvent(QPaintEvent*) {
