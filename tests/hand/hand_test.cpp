@@ -3,7 +3,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QComboBox>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QTimer>
 #include <set>
 
 #include "gestures.h"
@@ -58,6 +62,30 @@ TEST(HostileHand, MakesEveryGestureOfItsTable) {
         made.insert(SomeGesture(dice).Name);
     }
     EXPECT_EQ(made.size(), Gestures().size());
+}
+
+TEST(HandOnTheKeys, AKeyGoesToTheNextWindowWhenItsModifierHasTakenTheOneThatHadTheKeys) {
+    struct Writer : QWidget {
+        QString Keys;
+        void keyPressEvent(QKeyEvent* event) override { Keys += event->text(); }
+    } below;
+    below.show();
+    below.activateWindow();
+    QCoreApplication::processEvents();
+    struct Passing : QWidget {
+        Passing() : QWidget(nullptr, Qt::Popup) {}
+        void keyPressEvent(QKeyEvent*) override {
+            QTimer::singleShot(0, [this] { delete this; });
+        }
+    };
+    QPointer<QWidget> above = new Passing;  // deletes itself
+    above->show();
+    QCoreApplication::processEvents();
+    ASSERT_EQ(QApplication::activePopupWidget(), above);
+    Keyboard keys;
+    keys.Click(Qt::Key_Z, Qt::ShiftModifier);
+    EXPECT_TRUE(above.isNull());
+    EXPECT_EQ(below.Keys.toLower(), "z");
 }
 
 /// A fault that is put in after a gesture, and what the hand has to say of it.

@@ -4,8 +4,40 @@
 #include <QWheelEvent>
 #include <QWidget>
 #include <QtTest/QTest>
+#include <array>
+#include <ranges>
 
 namespace marvolin::hand {
+
+namespace {
+
+struct ModifierKey {
+    Qt::Key Key;
+    Qt::KeyboardModifier Flag;
+};
+/// In the order in which they go down.
+constexpr std::array<ModifierKey, 3> kModifierKeys{{
+    {Qt::Key_Shift, Qt::ShiftModifier},
+    {Qt::Key_Control, Qt::ControlModifier},
+    {Qt::Key_Alt, Qt::AltModifier},
+}};
+
+// Where a window has gone under the pointer, its next event goes to the one below.
+QWindow* AnyWindow() {
+    const QWidget* active = QApplication::activeWindow();
+    if (active != nullptr && active->windowHandle() != nullptr) return active->windowHandle();
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window->objectName() == "frmMain") return window->windowHandle();
+    }
+    return nullptr;
+}
+
+QString TextOf(Qt::Key key) {
+    const char letter = QTest::keyToAscii(key);
+    return letter == 0 ? QString() : QString(QChar::fromLatin1(letter));
+}
+
+}  // namespace
 
 int Pointer::time_ = 100'000;
 
@@ -20,6 +52,7 @@ void Pointer::Follow(const Place& place) {
 }
 
 void Pointer::Send(QEvent::Type type, Qt::MouseButton button, Qt::KeyboardModifiers held) {
+    if (!where_.Exists()) where_ = {AnyWindow(), {1, 1}, "the window below"};
     if (!where_.Exists()) return;
     QWindow* window = where_.Window;
     qt_handleMouseEvent(window, where_.At, window->mapToGlobal(where_.At), down_, button, type, held, time_);
@@ -77,14 +110,40 @@ QWindow* Keyboard::Target() {
     return nullptr;
 }
 
+void Keyboard::Send(QEvent::Type type, Qt::Key key, Qt::KeyboardModifiers held, const QString& text) {
+    QWindow* target = Target();
+    if (target == nullptr) return;
+    qt_handleKeyEvent(target, type, key, held, text);
+    QCoreApplication::processEvents();
+}
+
+void Keyboard::PressModifiers(Qt::KeyboardModifiers held) {
+    Qt::KeyboardModifiers down;
+    for (const auto& [key, flag] : kModifierKeys) {
+        if (!held.testFlag(flag)) continue;
+        Send(QEvent::KeyPress, key, down);
+        down |= flag;
+    }
+}
+
+void Keyboard::ReleaseModifiers(Qt::KeyboardModifiers held) {
+    for (const auto& [key, flag] : std::views::reverse(kModifierKeys)) {
+        if (!held.testFlag(flag)) continue;
+        Send(QEvent::KeyRelease, key, held);
+        held.setFlag(flag, false);
+    }
+}
+
 void Keyboard::Press(Qt::Key key, Qt::KeyboardModifiers held) {
     down_.insert(key);
-    if (QWindow* target = Target()) QTest::keyPress(target, key, held);
+    PressModifiers(held);
+    Send(QEvent::KeyPress, key, held, TextOf(key));
 }
 
 void Keyboard::Release(Qt::Key key, Qt::KeyboardModifiers held) {
     down_.erase(key);
-    if (QWindow* target = Target()) QTest::keyRelease(target, key, held);
+    Send(QEvent::KeyRelease, key, held, TextOf(key));
+    ReleaseModifiers(held);
 }
 
 void Keyboard::Click(Qt::Key key, Qt::KeyboardModifiers held) {
@@ -94,7 +153,10 @@ void Keyboard::Click(Qt::Key key, Qt::KeyboardModifiers held) {
 
 void Keyboard::Type(const std::string& text) {
     for (const char letter : text) {
-        if (QWindow* target = Target()) QTest::keyClick(target, letter);
+        const Qt::Key key = QTest::asciiToKey(letter);
+        const QString written(QChar::fromLatin1(letter));
+        Send(QEvent::KeyPress, key, {}, written);
+        Send(QEvent::KeyRelease, key, {}, written);
     }
 }
 

@@ -2,6 +2,7 @@
 /// \file
 /// The mouse and the keys of the hand, as the window system passes them on.
 
+#include <QEvent>
 #include <QPointer>
 #include <QWindow>
 #include <set>
@@ -51,7 +52,8 @@ private:
     static int time_;  // of the last event, ms: the toolkit's clock never goes back
 };
 
-/// Keys to the window that has them.
+/// Keys to the window that has them. Each goes to the one that has them at its time, a modifier too: a key may close
+/// the window that had the one before.
 class Keyboard {
 public:
     void Press(Qt::Key key, Qt::KeyboardModifiers held);
@@ -64,6 +66,9 @@ public:
 
 private:
     static QWindow* Target();
+    static void Send(QEvent::Type type, Qt::Key key, Qt::KeyboardModifiers held, const QString& text = {});
+    static void PressModifiers(Qt::KeyboardModifiers held);
+    static void ReleaseModifiers(Qt::KeyboardModifiers held);
     std::set<Qt::Key> down_;
 };
 
