@@ -20,10 +20,12 @@ namespace {
 constexpr int kMostAnswers = 6;  // answers to one question until it is called off
 
 /// What is typed into a file dialogue. Nothing beyond the folder of the run: a search of the whole disk takes its time.
-std::string SomeFile(Dice& dice) {
+std::string SomeFile(Dice& dice, bool script) {
     static constexpr const char* kOthers[] = {"new set",  "broken.mvn",       "notes.txt",
                                               "",         "no such folder/a", "Samples",
                                               "one.mvn~", "empty folder",     "Last session.mvn"};
+    static constexpr const char* kScripts[] = {"own", "own.mvs", "Scripts/ducking.mvs"};
+    if (script) return dice.Of(kScripts);
     return dice.OneIn(3) ? std::string(dice.Of(kOthers)) : dice.Of(World::Sets());
 }
 
@@ -78,7 +80,7 @@ void Answers::AnswerFiles(QFileDialog& dialogue) {
         words_ += " [files: cancelled]";
         return dialogue.reject();
     }
-    const std::string file = SomeFile(dice_);
+    const std::string file = SomeFile(dice_, dialogue.windowTitle().contains("Script") && dice_.OneIn(2));
     edit->setText(QString::fromStdString(file));
     words_ += " [files: " + file + "]";
     for (QAbstractButton* button : buttons->buttons()) {

@@ -27,6 +27,9 @@ struct Gesture {
     void (*Do)(Turn& turn);
 };
 
+/// A key as it is written, with what is held beside it.
+std::string KeyName(Qt::Key key, Qt::KeyboardModifiers held);
+
 /// All gestures.
 std::span<const Gesture> Gestures();
 /// One of them, by the dice.
@@ -57,6 +60,14 @@ void DropSamples(Turn& turn);
 void DropAnything(Turn& turn);
 void DropSet(Turn& turn);
 void DropCarried(Turn& turn);
+
+// Of the window of scripts.
+void OpenScriptWindow(Turn& turn);
+void WriteScriptText(Turn& turn);
+
+// Of sizes and screens.
+void ChooseSize(Turn& turn);
+void ChangeScreens(Turn& turn);
 
 // Of time and of what is plugged in.
 void PassMoment(Turn& turn);

@@ -29,12 +29,16 @@ Qt::Key SomeKey(Dice& dice) {
 }
 
 void SayKey(Turn& turn, Qt::Key key, Qt::KeyboardModifiers held) {
-    turn.Words += QKeySequence(QKeyCombination(held, key)).toString(QKeySequence::PortableText).toStdString();
+    turn.Words += KeyName(key, held);
     const QWidget* focus = QApplication::focusWidget();
     if (focus != nullptr) turn.Words += " at " + focus->objectName().toStdString();
 }
 
 }  // namespace
+
+std::string KeyName(Qt::Key key, Qt::KeyboardModifiers held) {
+    return QKeySequence(QKeyCombination(held, key)).toString(QKeySequence::PortableText).toStdString();
+}
 
 void PlayKey(Turn& turn) {
     const auto key = static_cast<Qt::Key>(turn.D.OneIn(8)   ? turn.D.Between(Qt::Key_A, Qt::Key_Z)

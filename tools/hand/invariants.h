@@ -24,6 +24,8 @@ std::string WrongBox(World& world, const Answers& answers);
 std::string WrongShown(World& world);
 /// Windows whose picture is another one than they would paint now. Waits until what moves has been painted.
 std::string WrongPicture(World& world);
+/// A window that cannot be reached on any screen.
+std::string WrongPlace(const World& world);
 /// Whether the set is the same after it was saved and opened again in an instrument of its own.
 std::string WrongSet(World& world);
 /// Whether a step that is taken back and done again leaves what it has left.

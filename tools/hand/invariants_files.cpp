@@ -107,6 +107,14 @@ std::string FirstDifference(const std::string& before, const std::string& after)
            std::to_string(after.size()) + " on, behind \"" + around + "\"";
 }
 
+// A step of no length, as a file may have it, becomes the shortest one when the read-outs show it.
+bool OnlyStepsWereLimited(const test::Facts& before, const test::Facts& after) {
+    return std::all_of(before.begin(), before.end(), [&](const auto& fact) {
+        const auto& [name, value] = fact;
+        return after.at(name) == value || (name.ends_with(".StepDuration") && value == "0" && after.at(name) == "1");
+    });
+}
+
 }  // namespace
 
 // A set does not hold all of the instrument: the flags of the selection, for one, are in the file and do not come back.
@@ -132,17 +140,20 @@ std::string WrongSet(World& world) {
 
 std::string WrongUndo(World& world) {
     Session& s = world.s;
-    // Under a limit, what comes back stops what has started since, and the other way round.
-    if (UndoText(s).empty() || s.Limit < kNoLimit) return "";
+    if (UndoText(s).empty()) return "";
     const std::string step = UndoText(s);
-    const std::string before = BytesOf(s);
-    const test::Facts facts = test::FactsOf(s);
-    Undo_Click(s);
-    Redo_Click(s);
-    const std::string after = BytesOf(s);
-    if (before == after) return "";
-    return "taken back and done again, \"" + step + "\" leaves another set, " + FirstDifference(before, after) +
-           Differences(facts, test::FactsOf(s));
+    for (bool again = false;; again = true) {
+        const std::string before = BytesOf(s);
+        const test::Facts facts = test::FactsOf(s);
+        Undo_Click(s);
+        Redo_Click(s);
+        const std::string after = BytesOf(s);
+        if (before == after) return "";
+        const test::Facts now = test::FactsOf(s);
+        if (!again && OnlyStepsWereLimited(facts, now)) continue;
+        return "taken back and done again, \"" + step + "\" leaves another set, " + FirstDifference(before, after) +
+               Differences(facts, now);
+    }
 }
 
 }  // namespace marvolin::hand

@@ -3,10 +3,13 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QListWidget>
+#include <algorithm>
 
 #include "invariants.h"
 #include "window/descriptions/described.h"
 #include "window/forms/frm_main.h"
+#include "window/screens/kept_windows.h"
+#include "window/screens/program_size.h"
 
 namespace marvolin::hand {
 
@@ -29,6 +32,8 @@ std::string WrongChoice(const World& world, const QComboBox& list) {
     if (name == "PadType") return differs(s.PadTypeIndex);
     if (name == "SetChannel") return differs(s.SetChannelChoice);
     if (name == "PosMacros") return differs(s.PosMacro);
+    if (name == "ProgramSize")
+        return differs(static_cast<int>(std::ranges::find(kProgramSizes, world.Keeper.Size()) - kProgramSizes.begin()));
     for (int bin = 0; bin < kBins; ++bin) {
         if (name == QString("FileDestination_%1").arg(bin)) return differs(s.Bins[bin].Destination);
     }
@@ -78,6 +83,18 @@ std::string WrongShown(World& world) {
         if (!wrong.empty()) return wrong;
     }
     return WrongPage(world);
+}
+
+// By its title bar, as a player gets hold of it.
+std::string WrongPlace(const World& world) {
+    for (const QWidget* window : world.Windows()) {
+        if (!IsKept(*window) || window->isMinimized() || window->isMaximized()) continue;
+        const QRect title(window->frameGeometry().topLeft(), QSize(window->width(), kTitleRoom));
+        const auto onIt = [&](const ScreenArea& screen) { return screen.Free.intersects(title); };
+        if (std::none_of(world.Screens.begin(), world.Screens.end(), onIt))
+            return window->objectName().toStdString() + " is on none of the screens";
+    }
+    return "";
 }
 
 std::string OpenGesture(World& world) {

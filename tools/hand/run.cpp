@@ -67,6 +67,7 @@ private:
         gesture.Do(turn);
         // A search for samples goes on in the background, with the busy pointer.
         [[maybe_unused]] const bool found = QTest::qWaitFor([&] { return world_.s.BusyPointers == 0; }, kSearchTime);
+        world_.HurryKeeper();
         world_.Sound.Log.clear();
         world_.Stick.Log.clear();
         ++result_.Gestures;
@@ -110,6 +111,7 @@ private:
         Expect(gesture, WrongBox(world_, answers_));
         Expect(gesture, WrongRange(world_.s));
         Expect(gesture, WrongSum(world_.s));
+        if (std::exchange(world_.ScreensMoved, false)) Expect(gesture, WrongPlace(world_));
         if (world_.TakeTicked()) CheckTick(gesture);
         const bool idle = !mouse_.Holds() && !keys_.Holds();
         if (idle) Expect(gesture, OpenGesture(world_));

@@ -1,13 +1,15 @@
 #include "world.h"
 
 #include <QAbstractButton>
-#include <QAbstractItemView>
+#include <QAbstractScrollArea>
 #include <QAbstractSlider>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QCursor>
 #include <QLineEdit>
 #include <QTabBar>
+#include <QTimer>
 #include <algorithm>
 #include <filesystem>
 
@@ -21,6 +23,9 @@
 #include "persistence/kept/last_state.h"
 #include "window/controls/control.h"
 #include "window/descriptions/described.h"
+#include "window/editor/code_view_module.h"
+#include "window/forms/frm_browse.h"
+#include "window/screens/toolkit_scale.h"
 #include "window/tabs/tab_mix_pad.h"
 
 namespace marvolin::hand {
@@ -29,13 +34,15 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr int kMostCloses = 200;             // the player may be asked about a script, and cancel
+constexpr int kMostLooks = 12;               // until the frame of a window would be known
 constexpr std::int64_t kScriptTick = 2'000;  // ns that a look at the clock of the scripts takes
 
 bool IsControl(const QWidget& widget) {
     if (DescribedOf(widget) == nullptr) return false;
     return dynamic_cast<const Control*>(&widget) != nullptr || qobject_cast<const QAbstractButton*>(&widget) ||
            qobject_cast<const QComboBox*>(&widget) || qobject_cast<const QAbstractSlider*>(&widget) ||
-           qobject_cast<const QAbstractItemView*>(&widget) || qobject_cast<const QTabBar*>(&widget) ||
+           qobject_cast<const QAbstractScrollArea*>(&widget) || qobject_cast<const QTabBar*>(&widget) ||
            qobject_cast<const QLineEdit*>(&widget);
 }
 
@@ -47,7 +54,9 @@ bool IsForm(const QWidget& window) {
 }  // namespace
 
 World::World(std::uint64_t seed)
-    : chance_(seed),
+    : Keeper(QString::fromStdString(In("marvolin.windows")), {FrmMain::RegularSize(), FrmBrowse::kSize.width()},
+             {[this] { return Screens; }, ScaleToolkit, CanScale()}),
+      chance_(seed),
       lua_({.Clock = [this] { return scriptTime_ += kScriptTick; },
             .Print = [this](std::string_view line) { Room.Print(line); },
             .Ended = [this] { Room.EndedItself(); }}),
@@ -56,6 +65,9 @@ World::World(std::uint64_t seed)
                  [this] { return std::make_unique<test::FakeInput>(Stick); }, ResolveLnkShortcut, &Output}) {
     WriteFolder();
     QCursor::setPos(1, 1);
+    QGuiApplication::clipboard()->clear();
+    Keeper.Start();
+    windows_.Attach(Keeper);
     lua_.Attach(s);
     Room.Attach(s, host_);
     windows_.AttachScripts(Room);
@@ -69,7 +81,8 @@ World::World(std::uint64_t seed)
                             return SoundTiming{128, 9.8};
                         }});
     const StartUpHooks hooks{
-        nullptr, [](Session& made) { PadGeometryInit(made, TabMixPad::InnerWidth(), TabMixPad::InnerHeight()); }};
+        [this] { return s.ScriptAvailable = true; },
+        [](Session& made) { PadGeometryInit(made, TabMixPad::InnerWidth(), TabMixPad::InnerHeight()); }};
     started_ = RunMain(s, hooks);
     if (!started_) return;
     Settle();
@@ -83,11 +96,26 @@ World::World(std::uint64_t seed)
 World::~World() {
     if (started_) Close();
     windows_.DropForms();
+    ScaleToolkit(1);
 }
 
 void World::Close() {
-    if (!Closed()) Main().close();
+    for (int i = 0; i < kMostCloses && !Closed(); ++i) Main().close();
     Settle();
+}
+
+void World::HurryKeeper() {
+    const QList<QTimer*> timers = Keeper.findChildren<QTimer*>();
+    for (int i = 0; i < kMostLooks; ++i) {
+        bool waits = false;
+        for (QTimer* timer : timers) {
+            if (!timer->isActive()) continue;
+            timer->start(0);
+            waits = true;
+        }
+        if (!waits) return;
+        Settle();
+    }
 }
 
 void World::WriteFolder() const {
@@ -99,7 +127,9 @@ void World::WriteFolder() const {
     test::WriteBytes(Folder / "broken.mvn", "no set");
     fs::create_directories(Folder / "empty folder");
     fs::create_directory_symlink(fs::path(MARVOLIN_ASSETS) / "Help", Folder / "Help");
-    fs::create_directory_symlink(fs::path(MARVOLIN_ASSETS) / "Scripts", Folder / "Scripts");
+    // A copy: the hand may save its own script over one.
+    fs::copy(fs::path(MARVOLIN_ASSETS) / "Scripts", Folder / "Scripts", fs::copy_options::recursive);
+    fs::create_symlink(MARVOLIN_EDITOR, Folder / kCodeViewModule);
 }
 
 const std::vector<std::string>& World::Samples() {

@@ -20,6 +20,8 @@
 #include "scripting/script_host.h"
 #include "scripting/script_room.h"
 #include "services.h"
+#include "window/editor/frm_scripts.h"
+#include "window/screens/window_keeper.h"
 #include "window/toolkit/qt_display.h"
 #include "window/toolkit/qt_windows.h"
 
@@ -51,6 +53,11 @@ public:
 
     /// The visible windows of the program, without lists that are open over them.
     std::vector<QWidget*> Windows() const;
+    /// The window of scripts; null until it is first opened.
+    FrmScripts* ScriptWindow() const { return windows_.Scripts(); }
+    /// Lets what looks after the windows look at once where it would wait for a window manager: the run is the same at
+    /// any speed of the machine.
+    void HurryKeeper();
     /// Every control of the forms that exist, in the order in which the forms have them. Made anew when a form comes or
     /// goes.
     const std::vector<QPointer<QWidget>>& Controls();
@@ -70,6 +77,9 @@ public:
     test::FakeJoystick Stick;
     bool Refused = false;  ///< the sound has refused something: what was to come back may wait for it
     RunDesktop Desk{Folder.Path()};
+    std::vector<ScreenArea> Screens{{QRect(0, 0, 1920, 1080), QRect(0, 0, 1920, 1040)}};
+    bool ScreensMoved = false;  ///< the screens have changed since the windows were last looked at
+    WindowKeeper Keeper;
     ScriptRoom Room;
 
 private:

@@ -99,9 +99,9 @@ private:
     bool told_ = false;                        // that the file cannot be written
     int size_ = 100;
     std::vector<QPointer<QWidget>> shown_;  // whose frames are not known yet
-    QTimer settle_;                         // until they are
+    QTimer settle_{this};                   // until they are
     int settles_ = 0;                       // times it has looked for them
-    QTimer apply_;
+    QTimer apply_{this};
     const ScreenWatch screensWatch_;
 };
 
