@@ -302,24 +302,6 @@ TEST_F(Undo, OptionsThatASetDidNotChangeStayAsTheHandHasPutThemSince) {
     EXPECT_EQ(s.DragAxis, kVerticalDrag);
 }
 
-TEST_F(Undo, ABallThatACurveHasCentredIsWhereTheHandHadPutItWhenTheSetIsOpenedAgain) {
-    s.PadTable[kPanPad].Function = 3;
-    ASSERT_TRUE(Save("evening.mvn"));
-    s.PadTable[kPanPad].Function = 1;
-    Forget();
-    ASSERT_TRUE(Open("evening.mvn"));
-    ASSERT_EQ(s.PadTable[kPanPad].Function, 3);
-    s.PadTable[kPanPad].X = 150;
-    Undo_Click(s);
-    ASSERT_EQ(s.PadTable[kPanPad].Function, 1);
-    s.PadTable[kPanPad].X = 40;
-    Redo_Click(s);
-    EXPECT_EQ(s.PadTable[kPanPad].Function, 3);
-    EXPECT_EQ(s.PadTable[kPanPad].X, 150);
-    Undo_Click(s);
-    EXPECT_EQ(s.PadTable[kPanPad].X, 40);
-}
-
 TEST_F(Undo, AfterASwitchOf3dTheHandsKnobsStayWhenTheStepIsDoneAgain) {
     Load(0, "bells.wav");
     ASSERT_TRUE(Save("flat.mvn"));

@@ -226,9 +226,8 @@ bool Join(UndoRecord& earlier, UndoRecord& later) {
 }
 
 std::vector<std::string> Exchange(Session& s, UndoRecord& step) {
-    // The order of thinning is put in order in any case, and a curve that comes back centres the ball of its pad.
-    const InstrumentParts touched = (step.RestChanged & kSettingsPart) != 0 ? kThinListPart | kPadPart : kThinListPart;
-    UndoSnapshot now = TakeSnapshot(s, {kAllRowParts, step.RestChanged | touched, false});
+    // The order of thinning is put in order in any case.
+    UndoSnapshot now = TakeSnapshot(s, {kAllRowParts, step.RestChanged | kThinListPart, false});
     const bool anew = Switches3D(s, step);
     const Table<RowParts, kUndoRows> own = step.RowsChanged;
     TakeAlongThinned(step, now);
@@ -241,7 +240,6 @@ std::vector<std::string> Exchange(Session& s, UndoRecord& step) {
     step.RowsChanged = own;
     step.Thinned = StoppedByLimit(s, now, goal.Rows);
     step.Rows = std::move(now.Rows);
-    if ((touched & kPadPart) != 0) step.RestChanged |= kPadPart & DifferentParts(now.Rest, RestOf(s, kPadPart));
     now.Rest.Settings = SettingsWithKeysOf(now.Rest.Settings, step.Rest.Settings);
     step.Rest = std::move(now.Rest);
     KeepOnlyChanged(step);
