@@ -12,7 +12,7 @@ namespace marvolin {
 
 namespace {
 
-constexpr std::int64_t kTurn = 1'000'000;  // ns, which no tick misses
+constexpr std::int64_t kSearchTurn = 1'000'000;  // ns, which no tick misses
 constexpr int kTurnPeriod = 5;             // ms
 
 std::int64_t SteadyTime() {
@@ -47,7 +47,7 @@ void MissingFinder::Look(const std::string& folder) {
 }
 
 void MissingFinder::LookOn() {
-    if (!search_->StepFor(kTurn, SteadyTime)) return;
+    if (!search_->StepFor(kSearchTurn, SteadyTime)) return;
     const FoundSamples found = search_->Found();
     Stop();
     LoadFound(s, found);
