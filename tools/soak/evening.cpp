@@ -16,8 +16,10 @@
 #include "core/errors.h"
 #include "instrument/shut_down.h"
 #include "instrument/start_up.h"
+#include "parameters/setters.h"
 #include "performance/map/use_3d.h"
 #include "performance/pad/mix_pad.h"
+#include "performance/pad/pad_tables.h"
 #include "persistence/kept/last_state.h"
 #include "persistence/undo/undo_commands.h"
 #include "sequencing/loop_clock.h"
@@ -222,8 +224,12 @@ void Evening::MeasureClicks(const std::string& click) {
     Gesture([&] {
         ChangeUse3D(s, false);
         SetTimingRes(s, kTick);
+        // In the middle of the pad no channel is silent.
+        PadType_Click(s, kVolPad);
+        PadMove(s, 0, 0, 1, {});
         LoadSample(s, {.Path = click, .Target = 0, .Rows = Reach::Alone});
         LoopSetPlayMode(s, 0, kDrum, false);
+        LoopVolChangeGang(s, 0, kVolFull, UpdateDisplay::No);
         s.Set[0].StepDuration = kClickStep;
         LoopPlay(s, 0, true);
     });
@@ -233,12 +239,14 @@ void Evening::MeasureClicks(const std::string& click) {
     Pass(kMeasured);
     heard_ = nullptr;
     Gesture([&] { LoopClear(s, 0); });
+    int loudest = 0;
+    for (const std::int16_t sample : heard) loudest = std::max(loudest, std::abs(int{sample}));
     const std::uint64_t clicksBefore = Found.Clicks;
     std::int64_t last = -1;
     std::int64_t before = 0;
     for (std::size_t i = 0; i < heard.size(); i += 2) {
         const auto frame = static_cast<std::int64_t>(i / 2);
-        if (std::abs(heard[i]) < 5000) continue;
+        if (std::max(std::abs(int{heard[i]}), std::abs(int{heard[i + 1]})) <= loudest / 2) continue;
         if (last >= 0 && frame - last > 2000) {
             if (before > 0) {
                 ++Found.Clicks;
