@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QPainter>
+#include <QPointer>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTabBar>
@@ -128,10 +129,11 @@ private:
         bool done = false;
         QTimer hand;
         hand.callOnTimeout([&] {
-            auto* dialogue = dynamic_cast<QDialog*>(QApplication::activeModalWidget());
+            const QPointer dialogue = dynamic_cast<QDialog*>(QApplication::activeModalWidget());
             if (dialogue == nullptr) return;
             hand.stop();
             Settle();
+            if (dialogue == nullptr) return;  // it has ended by itself
             QWidget* found = dialogue->objectName() == name ? dialogue : dialogue->findChild<QWidget*>(name);
             if (found != nullptr) picture(*found);
             done = found != nullptr;
