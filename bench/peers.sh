@@ -31,6 +31,8 @@ pulseaudio -n --daemonize=no --exit-idle-time=-1 --use-pid-file=no --disable-shm
 STAGE_PIDS+=($!)
 export PULSE_SERVER=unix:$SERVER SDL_AUDIODRIVER=pulseaudio JACK_NO_START_SERVER=1
 until_true 10 pactl info >/dev/null 2>&1 || { echo "no server: $(cat "$play/pulse.log")" >&2; exit 1; }
+# Nothing that asks a server or a window may wait for ever.
+for tool in xdotool xwd xwininfo pactl jack_lsp import; do eval "$tool() { timeout 5 $tool \"\$@\"; }"; done
 ms() { echo $((${EPOCHREALTIME/[.,]/} / 1000)); }
 # The window manager reports each new window: lines of "time windows".
 xprop -root -spy _NET_CLIENT_LIST | while read -r line; do echo "$(ms) $line"; done >"$play/windows" &
@@ -39,23 +41,17 @@ STAGE_PIDS+=($!)
 # --- the programs: command, and the title of the main window ---
 
 stage_install "$BUILD/marvolin/marvolin" "$play/marvolin"
-declare -A COMMAND=(
-  [marvolin]="$play/marvolin/marvolin"
-  [hydrogen]="hydrogen -d pulseaudio"
-  [giada]="giada"
-  [lmms]="lmms --allowroot"
-  [sooperlooper]="slgui"
-  [mixxx]="mixxx"
-)
-declare -A TITLE=(
-  [marvolin]='^marvolin'
-  [hydrogen]='Hydrogen'
-  [giada]='^Giada'
-  [lmms]='LMMS [0-9.]+'
-  [sooperlooper]='SooperLooper'
-  [mixxx]='^Mixxx$|\| Mixxx|Mixxx '
-)
-declare -A NAME=([marvolin]=Marvolin [hydrogen]=Hydrogen [giada]=Giada [lmms]=LMMS [sooperlooper]=SooperLooper [mixxx]=Mixxx)
+# One line a program: key, name, title of the main window (a regular expression), command.
+TABLE='marvolin|Marvolin|^marvolin|$play/marvolin/marvolin
+hydrogen|Hydrogen|Hydrogen|hydrogen -d pulseaudio
+giada|Giada|^Giada|giada
+lmms|LMMS|LMMS [0-9.]+|lmms --allowroot
+sooperlooper|SooperLooper|SooperLooper|slgui
+mixxx|Mixxx|Mixxx|mixxx'
+declare -A COMMAND TITLE NAME
+while IFS='|' read -r key name title command; do
+  NAME[$key]=$name TITLE[$key]=$title COMMAND[$key]=${command/\$play/$play}
+done <<<"$TABLE"
 
 version() {
   case $1 in
@@ -70,7 +66,20 @@ home() {
   mkdir -p "$HOME/Music" "$HOME/lmms"
   export HOME XDG_CONFIG_HOME=$HOME/.config XDG_CACHE_HOME=$HOME/.cache XDG_DATA_HOME=$HOME/.local/share
   printf 'pcm.!default { type pulse }\nctl.!default { type pulse }\n' >"$HOME/.asoundrc"
-  [[ $1 != lmms || -e $HOME/.lmmsrc.xml ]] || cat >"$HOME/.lmmsrc.xml" <<XML
+  if declare -F "settings_$1" >/dev/null; then "settings_$1"; fi
+}
+settings_hydrogen() {
+  [[ ! -e $HOME/.hydrogen/hydrogen.conf ]] || return 0
+  mkdir -p "$HOME/.hydrogen"
+  sed 's/<showDevelWarning>true/<showDevelWarning>false/' /usr/share/hydrogen/data/hydrogen.default.conf >"$HOME/.hydrogen/hydrogen.conf"
+}
+settings_giada() { # output by PulseAudio, its first device
+  mkdir -p "$HOME/.giada"
+  printf '{"header":"GIADACFG","sound_system":2,"sound_device_out":0,"sound_device_in":-1,"samplerate":44100,"buffer_size":1024,%s}' \
+    '"channels_out_count":2,"channels_out_start":0' >"$HOME/.giada/giada.conf"
+}
+settings_lmms() {
+  cat >"$HOME/.lmmsrc.xml" <<XML
 <?xml version="1.0"?>
 <!DOCTYPE lmms-config-file>
 <lmms configversion="2" version="1.2.2">
@@ -78,6 +87,17 @@ home() {
   <mixer audiodev="PulseAudio" mididev="Dummy" framesperaudiobuffer="256"/>
   <paths workingdir="$HOME/lmms/"/>
 </lmms>
+XML
+}
+settings_mixxx() {
+  mkdir -p "$HOME/.mixxx"
+  cat >"$HOME/.mixxx/soundconfig.xml" <<XML
+<!DOCTYPE SoundManagerConfig>
+<SoundManagerConfig force_network_clock="0" api="ALSA" latency="5" samplerate="44100" sync_buffers="2" deck_count="4">
+ <SoundDevice name="pulse" alsaHwDevice="" portAudioIndex="0">
+  <output channel="0" channel_count="2" index="0" type="Master"/>
+ </SoundDevice>
+</SoundManagerConfig>
 XML
 }
 
@@ -111,6 +131,7 @@ large() {
 # painted: the picture of the window is not of one colour, which would be packed to less than a hundredth.
 painted() {
   xwd -silent -id "$WINDOW" >"$play/picture" 2>/dev/null || return 1
+  PAINTED_AT=$(ms)
   [[ $(($(gzip -1 <"$play/picture" | wc -c) * 130)) -gt $(stat -c %s "$play/picture") ]]
 }
 
@@ -126,7 +147,7 @@ begin() {
   PROGRAM=$!
   STAGE_PIDS+=("$PROGRAM")
   until_true 25 main_window "${TITLE[$name]}" && until_true 10 painted || return 1
-  MAIN=$(($(ms) - start))
+  MAIN=$((PAINTED_AT - start))
   FIRST=$(awk -v start="$start" '$1 >= start && /0x/ { print $1 - start; exit }' "$play/windows")
 }
 
@@ -197,7 +218,6 @@ measure() { # NAME: sets the fields of its row
   begin "$1" || true
   settle
   end
-  [[ ! -e $HOME/.hydrogen/hydrogen.conf ]] || sed -i 's/<showDevelWarning>true/<showDevelWarning>false/' "$HOME/.hydrogen/hydrogen.conf"
   for ((run = 1; run <= STARTS; ++run)); do
     begin "$1" || { NOTES+=("${NAME[$1]}: its main window did not come"); end; return 0; }
     echo "$FIRST" >>"$play/first"
@@ -231,7 +251,71 @@ spread() {
     awk '$1 >= 20 { printf "%.3f (%.2f to %.2f, %d steps)", $3/1000, $4/1000, $5/1000, $1; ok = 1 } END { exit !ok }'
 }
 
-# Ours plays a click every quarter of a second as a Drum LoopTrack. This script does not make the others play a pattern yet.
+# A song of its own format for those that take one: a note of the click on each eighth at 120 beats a minute.
+hydrogen_song() { # FILE CLICK: a note of the click on each eighth at 120 beats a minute
+  local position
+  {
+    cat <<XML
+<?xml version="1.0" encoding="UTF-8"?>
+<song>
+ <version>1.2.0</version><bpm>120</bpm><volume>0.8</volume><name>click</name><loopEnabled>true</loopEnabled>
+ <patternModeMode>true</patternModeMode><mode>song</mode>
+ <humanize_time>0</humanize_time><humanize_velocity>0</humanize_velocity><swing_factor>0</swing_factor>
+ <componentList><drumkitComponent><id>0</id><name>Main</name><volume>1</volume></drumkitComponent></componentList>
+ <instrumentList><instrument><id>0</id><name>click</name><volume>1</volume><gain>1</gain><isMuted>false</isMuted>
+  <isSoloed>false</isSoloed><pan>0</pan><applyVelocity>true</applyVelocity><filterActive>false</filterActive>
+  <Attack>0</Attack><Decay>0</Decay><Sustain>1</Sustain><Release>1000</Release><muteGroup>-1</muteGroup>
+  <instrumentComponent><component_id>0</component_id><gain>1</gain><layer><filename>$2</filename><min>0</min><max>1</max>
+   <gain>1</gain><pitch>0</pitch></layer></instrumentComponent></instrument></instrumentList>
+ <patternList><pattern><name>eighths</name><size>192</size><denominator>4</denominator><noteList>
+XML
+    for ((position = 0; position < 192; position += 24)); do
+      echo "<note><position>$position</position><leadlag>0</leadlag><velocity>0.8</velocity><pan>0</pan><pitch>0</pitch>" \
+        "<probability>1</probability><key>C0</key><length>-1</length><instrument>0</instrument><note_off>false</note_off></note>"
+    done
+    echo '</noteList></pattern></patternList>'
+    echo '<patternSequence><group><patternID>eighths</patternID></group></patternSequence></song>'
+  } >"$1"
+}
+lmms_song() { # FILE CLICK: a note of the click on each eighth at 120 beats a minute, for 64 bars
+  local position
+  {
+    cat <<XML
+<?xml version="1.0"?>
+<!DOCTYPE lmms-project>
+<lmms-project creator="LMMS" version="1.0" type="song" creatorversion="1.2.2">
+ <head timesig_numerator="4" timesig_denominator="4" bpm="120" mastervol="100" masterpitch="0"/>
+ <song><trackcontainer type="song" visible="1" x="5" y="5" width="600" height="300">
+  <track name="click" type="0" muted="0" solo="0"><instrumenttrack vol="100" pan="0" basenote="57" fxch="0" pitch="0">
+   <instrument name="audiofileprocessor"><audiofileprocessor src="$2" amp="100" sframe="0" lframe="0" eframe="1" looped="0"
+    stutter="0" reversed="0" interp="0"/></instrument></instrumenttrack>
+   <pattern type="1" name="click" pos="0" len="12288" steps="16" muted="0">
+XML
+    for ((position = 0; position < 12288; position += 24)); do
+      echo "<note pos=\"$position\" len=\"12\" key=\"57\" vol=\"100\" pan=\"0\"/>"
+    done
+    echo '</pattern></track></trackcontainer></song></lmms-project>'
+  } >"$1"
+}
+
+# The window is in front and takes the space bar, which plays.
+space() {
+  sleep 2
+  xdotool windowactivate --sync "$WINDOW" 2>/dev/null || true
+  xdotool key space
+  sleep 2
+  record
+}
+steps_hydrogen() {
+  hydrogen_song "$play/click.h2song" "$play/click.wav"
+  begin hydrogen -n -s "$play/click.h2song" && space
+}
+steps_lmms() {
+  lmms_song "$play/click.mmp" "$play/click.wav"
+  begin lmms "$play/click.mmp" && space
+}
+
+# Ours plays a click every quarter of a second as a Drum LoopTrack.
 steps_marvolin() {
   local click loop play_button x y
   [[ -x $PRINT_PLACES ]] || return 1
@@ -252,7 +336,12 @@ place() { QT_QPA_PLATFORM=offscreen "$PRINT_PLACES" 2>/dev/null | awk -v name="$
 
 # --- the table ---
 
-NOTES=()
+NOTES=("The time of the main window is that of its first picture that is not of one colour; pictures are taken one after the other, some 50 ms apart")
+declare -A WHY=(
+  [giada]="this script does not write a project of it yet"
+  [sooperlooper]="this script does not record from JACK yet"
+  [mixxx]="it plays tracks, and this script does not start one in it yet"
+)
 ROWS=()
 for name in $ONLY; do
   echo "$name" >&2
@@ -264,12 +353,18 @@ for name in $ONLY; do
     end
     rm -f "$play/sound.wav"
   fi
-  [[ $name != mixxx ]] || steps=-
+  [[ $name != sooperlooper ]] || ! grep -q snd_seq "$play/sooperlooper.log" ||
+    NOTES+=("SooperLooper's engine ends at once on a machine without an ALSA sequencer (/dev/snd/seq), so that only its window is measured: no sound, no steps")
+  [[ $steps != "not measured" ]] || NOTES+=("${NAME[$name]}: steps not measured: ${WHY[$name]:-fewer than twenty clicks were heard in the recording}")
   ROWS+=("| ${NAME[$name]} | $(version "$name") | $first | $main | $pss | $idle | $sound | $steps |")
   echo "${ROWS[-1]}" >&2
 done
 
 {
+  echo "# Beside other programs"
+  echo
+  echo "\`bench/peers.sh OUT.md\` measures this program beside others that players use, from outside, each with a home of its own. It writes this page."
+  echo
   echo "Machine: $(nproc) cores, $(sed -n 's/^model name[^:]*: //p' /proc/cpuinfo | head -n 1), $(free -g | awk '/^Mem/ { print $2 }') GiB," \
     "Linux $(uname -r), Debian $(cat /etc/debian_version); load at the end $(cut -d ' ' -f 1 /proc/loadavg). Medians of $STARTS starts after a first one;" \
     "idle over $IDLE s; steps over $SOUND_SECONDS s."
