@@ -61,8 +61,12 @@ void FindSamples(const Session& s, std::vector<StoredRow>& rows, const LoopsAske
     for (StoredRow& row : rows) {
         if (!WantsSample(row.Saved, asked.Elements)) continue;
         row.IsThere = IsInPlace(s, row);
-        (row.IsThere ? inPlace : missing).push_back(row.Saved.Set.FileName);
-        if (!row.IsThere) away.push_back(&row);
+        if (row.IsThere) {
+            inPlace.push_back(SavedSample(row.Saved, row.From));
+        } else {
+            missing.push_back(row.Saved.Set.FileName);
+            away.push_back(&row);
+        }
     }
     if (!asked.Nearby || away.empty()) return;
     const std::vector<std::string> found = FindNearby(s, missing, inPlace, asked.Folder);

@@ -16,11 +16,16 @@ std::size_t base = 0;
 
 }  // namespace
 
-void* operator new(std::size_t size) {
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     void* memory = std::malloc(size);
-    if (memory == nullptr) throw std::bad_alloc();
+    if (memory == nullptr) return nullptr;
     held += ::malloc_usable_size(memory);
     peak = std::max(peak, held);
+    return memory;
+}
+void* operator new(std::size_t size) {
+    void* memory = operator new(size, std::nothrow);
+    if (memory == nullptr) throw std::bad_alloc();
     return memory;
 }
 void operator delete(void* memory) noexcept {

@@ -80,7 +80,7 @@ struct DropReader : QObject {
 
 TEST(DragStart, MeanwhileTheStatusLineSaysWhatADropDoes) {
     Stage stage;
-    const DropReader reader(stage.s);
+    DropReader reader(stage.s);
     ASSERT_TRUE(DragFrom(stage, "Letr_1"));
     EXPECT_EQ(reader.Words, "drop on a Letter: B takes its Vol, Pan, Freq & Mode; on a Sound: B takes its Vol");
     EXPECT_FALSE(stage.s.StatusText.starts_with("drop on "));

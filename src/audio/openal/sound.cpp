@@ -115,8 +115,15 @@ public:
             // Without a thread it is made when it is asked for.
         }
     }
-    /// The mixer that was made ahead, or its error, the first time; then a new one each time.
-    OpenAlMixer Take() { return mixer_.valid() ? mixer_.get() : OpenAlMixer(); }
+    /// The mixer that was made ahead, the first time; then, and when there was none to be had, a new one or its error.
+    OpenAlMixer Take() {
+        if (!mixer_.valid()) return {};
+        try {
+            return mixer_.get();
+        } catch (const SoundError&) {
+            return {};
+        }
+    }
 
 private:
     std::future<OpenAlMixer> mixer_;

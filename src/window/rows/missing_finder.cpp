@@ -13,7 +13,7 @@ namespace marvolin {
 namespace {
 
 constexpr std::int64_t kSearchTurn = 1'000'000;  // ns, which no tick misses
-constexpr int kTurnPeriod = 5;             // ms
+constexpr int kTurnPeriod = 5;                   // ms
 
 std::int64_t SteadyTime() {
     return std::chrono::nanoseconds(std::chrono::steady_clock::now().time_since_epoch()).count();
