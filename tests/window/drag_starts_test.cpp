@@ -7,6 +7,7 @@
 #include <set>
 
 #include "browser_stage.h"
+#include "core/routines.h"
 #include "hand.h"
 #include "performance/tabs.h"
 #include "window/controls/clip_list.h"
@@ -67,28 +68,27 @@ TEST(DragStart, ALetterDraggedWithTheRightButtonAndDroppedFadesTheTwoLoopTracks)
     EXPECT_EQ(stage.s.Run[2].FadeState, kRising);
 }
 
-/// Keeps what the status line says of drops.
-struct DropReader : QObject {
-    explicit DropReader(const Session& session) : s(session) { qApp->installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent*) override {
-        if (s.StatusText.starts_with("drop on ")) Words = s.StatusText;
-        return false;
-    }
-    const Session& s;
-    std::string Words;
-};
-
 TEST(DragStart, MeanwhileTheStatusLineSaysWhatADropDoes) {
     Stage stage;
-    DropReader reader(stage.s);
+    {
+        const DropWordsShown shown(stage.s, "drop on a Letter");
+        EXPECT_EQ(stage.s.StatusText, "drop on a Letter");
+    }
+    EXPECT_EQ(stage.s.StatusText, "");
+    {
+        const DropWordsShown shown(stage.s, "drop on a Letter");
+        ShowStatus(stage.s, "a report");
+    }
+    EXPECT_EQ(stage.s.StatusText, "a report");
     ASSERT_TRUE(DragFrom(stage, "Letr_1"));
-    EXPECT_EQ(reader.Words, "drop on a Letter: B takes its Vol, Pan, Freq & Mode; on a Sound: B takes its Vol");
     EXPECT_FALSE(stage.s.StatusText.starts_with("drop on "));
 }
 
 TEST(DragStart, TheWordsOfADropAreThoseOfWhatIsDragged) {
     EXPECT_EQ(DropWords({"Letr", 3, kFadeTag}),
               "drop on another LoopTrack: cross-fades D with it; on D: fades D in or out");
+    EXPECT_EQ(DropWords({"Letr", 1, "Dropper~~1"}),
+              "drop on a Letter: B takes its Vol, Pan, Freq & Mode; on a Sound: B takes its Vol");
     EXPECT_EQ(DropWords({"PosBall", 0, kFadeTag}),
               "drop on another LoopTrack: cross-fades A with it; on A: fades A in or out");
     EXPECT_EQ(DropWords({"StatusBar1", 0, std::string(kHelpDragName)}), "drop on a Control: opens its Page of Help");

@@ -138,9 +138,8 @@ QPixmap LabelPicture(const QString& text, double ratio) {
 void RunAlone(QWidget& from, Session& s, QDrag& drag, const std::string& words) {
     const Described* described = DescribedOf(from);
     const OneButton only(described == nullptr ? Qt::NoButton : described->Holder());
-    ShowStatus(s, words);
+    const DropWordsShown shown(s, words);
     drag.exec(Qt::CopyAction);
-    if (s.StatusText == words) ShowStatus(s, "");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <array>
 #include <string_view>
 
+#include "core/routines.h"
 #include "performance/drops/dropper.h"
 
 namespace marvolin {
@@ -47,6 +48,14 @@ std::string DropWords(const DragSource& source) {
     const auto row =
         std::find_if(kWords.begin(), kWords.end(), [&](const Words& one) { return one.Name == source.Name; });
     return row == kWords.end() ? "" : std::string(row->Text);
+}
+
+DropWordsShown::DropWordsShown(Session& session, const std::string& words) : session_(session), words_(words) {
+    ShowStatus(session_, words_);
+}
+
+DropWordsShown::~DropWordsShown() {
+    if (session_.StatusText == words_) ShowStatus(session_, "");
 }
 
 }  // namespace marvolin

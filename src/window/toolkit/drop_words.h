@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/drag_source.h"
+#include "core/session.h"
 
 namespace marvolin {
 
@@ -14,5 +15,18 @@ std::string DropWords(const DragSource& source);
 
 /// The same for a folder of the tree.
 inline constexpr char kFolderDropWords[] = "drop on the Name of a Bin: it shows this Folder";
+
+/// While it lives the status line has `words`, unless something is reported meanwhile.
+class DropWordsShown {
+public:
+    DropWordsShown(Session& session, const std::string& words);
+    ~DropWordsShown();
+    DropWordsShown(const DropWordsShown&) = delete;
+    DropWordsShown& operator=(const DropWordsShown&) = delete;
+
+private:
+    Session& session_;
+    std::string words_;
+};
 
 }  // namespace marvolin
