@@ -110,11 +110,14 @@ descendants() {
 }
 clients() { xprop -root _NET_CLIENT_LIST | grep -o '0x[0-9a-f]*' || true; }
 
-# main_window TITLE: true once a window of this title is managed. Sets WINDOW.
+# main_window TITLE: true once a large window of this title, no splash and no dialog, is managed. Sets WINDOW. Asks with few
+# processes, because each of them delays the program that starts.
 main_window() {
-  local window
+  local window about
   for window in $(clients); do
-    if [[ $(xdotool getwindowname "$window" 2>/dev/null) =~ $1 ]] && large "$window"; then
+    about=$(timeout 5 xprop -id "$window" -f WM_NAME 8s WM_NAME _NET_WM_WINDOW_TYPE 2>/dev/null) || continue
+    if [[ ${about,,} =~ type_(splash|dialog) ]]; then continue; fi
+    if [[ $(sed -n 's/^WM_NAME[^"]*"\(.*\)"$/\1/p' <<<"$about") =~ $1 ]] && large "$window"; then
       WINDOW=$window
       return 0
     fi
@@ -124,15 +127,34 @@ main_window() {
 large() {
   local WIDTH=0 HEIGHT=0
   eval "$(xdotool getwindowgeometry --shell "$1" 2>/dev/null | grep -E '^(WIDTH|HEIGHT)=')"
-  [[ $WIDTH -ge 300 && $HEIGHT -ge 150 ]] &&
-    ! xprop -id "$1" _NET_WM_WINDOW_TYPE 2>/dev/null | grep -qE 'TYPE_(SPLASH|DIALOG)'
+  [[ $WIDTH -ge 300 && $HEIGHT -ge 150 ]]
 }
 
-# painted: the picture of the window is not of one colour, which would be packed to less than a hundredth.
+# packed: prints how many bytes the picture of the window takes, packed: a measure of its detail.
+packed() {
+  xwd -silent -id "$WINDOW" >"$play/picture" 2>/dev/null || { echo 0; return; }
+  ms >"$play/pictured"
+  gzip -1 <"$play/picture" | wc -c
+}
+# painted: the picture has at least half the detail that it has at rest (DETAIL, from the first start), and is not of one
+# colour, which would be packed to less than a hundredth. Sets PAINTED_AT.
+DETAIL=0
 painted() {
-  xwd -silent -id "$WINDOW" >"$play/picture" 2>/dev/null || return 1
-  PAINTED_AT=$(ms)
-  [[ $(($(gzip -1 <"$play/picture" | wc -c) * 130)) -gt $(stat -c %s "$play/picture") ]]
+  local size
+  size=$(packed)
+  [[ $size -gt 0 ]] || return 1
+  PAINTED_AT=$(<"$play/pictured")
+  [[ $((size * 130)) -gt $(stat -c %s "$play/picture") && $((size * 2)) -ge $DETAIL ]]
+}
+# rest: waits until the picture changes no more, twelve seconds at most. Sets DETAIL.
+rest() {
+  local before=0 try
+  for ((try = 0; try < 12; ++try)); do
+    DETAIL=$(packed)
+    [[ $try -lt 3 || $((DETAIL - before)) -gt $((DETAIL / 50)) || $((before - DETAIL)) -gt $((DETAIL / 50)) ]] || return 0
+    before=$DETAIL
+    sleep 1
+  done
 }
 
 # begin NAME [ARGUMENT...]: starts it and waits for its painted window. Sets PROGRAM, WINDOW, FIRST and MAIN (ms).
@@ -194,12 +216,18 @@ cost() { # nanoseconds of a core, of the whole tree
     awk '{ sum += $1 } END { printf "%.0f", sum }'
 }
 
-# The dialogs of a first start are answered with Escape, and do not come again.
+# The dialogs of a first start are answered with Escape, and that for a folder of music with one: they do not come again.
 settle() {
   local window
   sleep 2
   for window in $(clients); do
-    [[ $window == "${WINDOW:-}" ]] || timeout 2 xdotool windowactivate --sync "$window" key Escape 2>/dev/null || true
+    [[ $window != "${WINDOW:-}" ]] || continue
+    if [[ $(xdotool getwindowname "$window" 2>/dev/null) == "Choose music"* ]]; then
+      xdotool windowactivate --sync "$window" type "$HOME/Music" 2>/dev/null || true
+      xdotool key Return
+    else
+      xdotool windowactivate --sync "$window" key Escape 2>/dev/null || true
+    fi
   done
 }
 
@@ -215,11 +243,13 @@ measure() { # NAME: sets the fields of its row
   local run before
   : >"$play/first" && : >"$play/main"
   first='not measured' main='not measured' pss='not measured' idle='not measured' sound=no
+  DETAIL=0
   begin "$1" || true
   settle
+  rest
   end
   for ((run = 1; run <= STARTS; ++run)); do
-    begin "$1" || { NOTES+=("${NAME[$1]}: its main window did not come"); end; return 0; }
+    begin "$1" || { NOTES+=("${NAME[$1]}: its main window did not come within 35 s."); end; return 0; }
     echo "$FIRST" >>"$play/first"
     echo "$MAIN" >>"$play/main"
     if [[ $run -lt $STARTS ]]; then end; fi
@@ -251,7 +281,6 @@ spread() {
     awk '$1 >= 20 { printf "%.3f (%.2f to %.2f, %d steps)", $3/1000, $4/1000, $5/1000, $1; ok = 1 } END { exit !ok }'
 }
 
-# A song of its own format for those that take one: a note of the click on each eighth at 120 beats a minute.
 hydrogen_song() { # FILE CLICK: a note of the click on each eighth at 120 beats a minute
   local position
   {
@@ -298,21 +327,38 @@ XML
   } >"$1"
 }
 
-# The window is in front and takes the space bar, which plays.
-space() {
-  sleep 2
+# click_track FILE: a mono WAV file with a click each 11025 frames, exactly a quarter of a second, longer than the recording.
+click_track() {
+  local count=$((4 * SOUND_SECONDS + 120)) i one
+  one=$play/one_click
+  { for ((i = 0; i < 44; ++i)); do printf '\0\x40'; done; head -c $((2 * (11025 - 44))) /dev/zero; } >"$one"
+  {
+    printf 'RIFF' && le32 $((36 + count * 22050)) && printf 'WAVEfmt \x10\0\0\0\1\0\1\0\x44\xac\0\0\x88\x58\1\0\2\0\x10\0data'
+    le32 $((count * 22050))
+    for ((i = 0; i < count; ++i)); do cat "$one"; done
+  } >"$1"
+}
+le32() { printf "$(printf '\\x%02x\\x%02x\\x%02x\\x%02x' $(($1 & 255)) $(($1 >> 8 & 255)) $(($1 >> 16 & 255)) $(($1 >> 24 & 255)))"; }
+
+# play_key KEY: puts the window in front, presses the key that plays, and records.
+play_key() {
+  sleep 4
   xdotool windowactivate --sync "$WINDOW" 2>/dev/null || true
-  xdotool key space
+  xdotool key "$1"
   sleep 2
   record
 }
 steps_hydrogen() {
   hydrogen_song "$play/click.h2song" "$play/click.wav"
-  begin hydrogen -n -s "$play/click.h2song" && space
+  begin hydrogen -n -s "$play/click.h2song" && play_key space
 }
 steps_lmms() {
   lmms_song "$play/click.mmp" "$play/click.wav"
-  begin lmms "$play/click.mmp" && space
+  begin lmms "$play/click.mmp" && play_key space
+}
+steps_mixxx() {
+  click_track "$play/click track.wav"
+  begin mixxx "$play/click track.wav" && play_key d
 }
 
 # Ours plays a click every quarter of a second as a Drum LoopTrack.
@@ -336,11 +382,13 @@ place() { QT_QPA_PLATFORM=offscreen "$PRINT_PLACES" 2>/dev/null | awk -v name="$
 
 # --- the table ---
 
-NOTES=("The time of the main window is that of its first picture that is not of one colour; pictures are taken one after the other, some 50 ms apart")
+NOTES=(
+  "Main window painted: its first picture with at least half the detail of the window at rest. The pictures are taken one after the other, some 50 ms apart; looking for the window takes about as long."
+  "Steps: a click each quarter of a second, recorded from the monitor of the null sink. Marvolin plays a sample as a Drum LoopTrack, Hydrogen and LMMS a song with a note on each eighth, Mixxx a track that contains the clicks, so that its figure is that of playing a file. A longest distance of a multiple of 250 ms is a click that was not heard."
+)
 declare -A WHY=(
-  [giada]="this script does not write a project of it yet"
-  [sooperlooper]="this script does not record from JACK yet"
-  [mixxx]="it plays tracks, and this script does not start one in it yet"
+  [giada]="it plays a pattern only from a project of its own format, which this script does not write"
+  [sooperlooper]="this script does not record from JACK"
 )
 ROWS=()
 for name in $ONLY; do
@@ -354,8 +402,9 @@ for name in $ONLY; do
     rm -f "$play/sound.wav"
   fi
   [[ $name != sooperlooper ]] || ! grep -q snd_seq "$play/sooperlooper.log" ||
-    NOTES+=("SooperLooper's engine ends at once on a machine without an ALSA sequencer (/dev/snd/seq), so that only its window is measured: no sound, no steps")
-  [[ $steps != "not measured" ]] || NOTES+=("${NAME[$name]}: steps not measured: ${WHY[$name]:-fewer than twenty clicks were heard in the recording}")
+    NOTES+=("SooperLooper's engine ends at once on a machine without an ALSA sequencer (/dev/snd/seq), so that only its window (slgui) is measured here, without sound.")
+  [[ $steps != "not measured" ]] ||
+    NOTES+=("${NAME[$name]}: steps not measured: ${WHY[$name]:-fewer than twenty-one clicks were heard in the recording}.")
   ROWS+=("| ${NAME[$name]} | $(version "$name") | $first | $main | $pss | $idle | $sound | $steps |")
   echo "${ROWS[-1]}" >&2
 done
