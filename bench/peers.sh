@@ -31,7 +31,7 @@ pulseaudio -n --daemonize=no --exit-idle-time=-1 --use-pid-file=no --disable-shm
 STAGE_PIDS+=($!)
 export PULSE_SERVER=unix:$SERVER SDL_AUDIODRIVER=pulseaudio JACK_NO_START_SERVER=1
 until_true 10 pactl info >/dev/null 2>&1 || { echo "no server: $(cat "$play/pulse.log")" >&2; exit 1; }
-# Nothing that asks a server or a window may wait for ever.
+# No question to a server or a window may wait forever.
 for tool in xdotool xwd xwininfo pactl jack_lsp import; do eval "$tool() { timeout 5 $tool \"\$@\"; }"; done
 ms() { echo $((${EPOCHREALTIME/[.,]/} / 1000)); }
 # The window manager reports each new window: lines of "time windows".

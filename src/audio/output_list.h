@@ -20,8 +20,9 @@ inline constexpr std::string_view kUnplugged = " (unplugged)";
 /// changes nothing. True when the list has changed.
 bool RefreshOutputs(Session& s);
 
-/// The driver has told late that it was the open output which went when the list kept `left` others of its name: it is
-/// none of those. It is the next of the name, which may have come since, or keeps a marked entry of its own.
+/// The driver has reported only now that it was the open output that went, when the list kept `left` others of its
+/// name: it is none of those. It is the next of the name, which may have come since, or keeps a marked entry of its
+/// own.
 void PartFromLostOutput(Session& s, std::ptrdiff_t left);
 
 /// How many outputs of a name are there.

@@ -41,7 +41,7 @@ void OutputWatch::Look(Session& s) {
     const std::ptrdiff_t plugged = PluggedOutputs(s, before);
     unchanged_ = RefreshOutputs(s) ? 0 : std::min(unchanged_ + 1, kNewsLooks);
     NoteLost(s, before, plugged);
-    // The driver of the open output tells after the list which of several with one name has gone.
+    // Which of several with one name has gone, the driver of the open output reports after the list has changed.
     if (left_ > 0 && OpenOutputIsGone(s)) PartFromLostOutput(s, std::exchange(left_, 0));
     const std::int16_t entry = WantedOutput(s);
     if (entry < 0) return Forget();

@@ -13,9 +13,9 @@ class OutputWatch {
 public:
     static constexpr int kSteadyLooks = 2;  ///< looks at which an output must be there: one that flickers waits
     static constexpr int kRetryLooks = 5;   ///< looks until one that has refused is tried again
-    static constexpr int kNewsLooks = 20;   ///< looks within which the driver tells what the list already knows
+    static constexpr int kNewsLooks = 20;   ///< looks within which the driver reports what the list already knows
 
-    /// Looks once. Shows no box when an output refuses; the status line tells when one is back.
+    /// Looks once. Shows no box when an output refuses; the status line says when one is back.
     void Look(Session& s);
 
 private:

@@ -20,7 +20,7 @@ inline constexpr std::array<std::string_view, 7> kComponentTexts{"Sample",   "Vo
 /// Empties store and list.
 void InitClipBoard(Session& s);
 
-/// Tells that the clipboard is full: "Too many LoopTracks on ClipBoard."
+/// Reports in a box that the clipboard is full: "Too many LoopTracks on ClipBoard."
 void ReportFullClipBoard(Session& s);
 /// Adds `ClipStaging` as a new clip. With 2001 clips: "Too many LoopTracks on ClipBoard."; without memory: "Out of
 /// memory for ClipBoard". Nothing is added then, and the result is false.

@@ -52,7 +52,7 @@ bool IsInPlace(const Session& s, const StoredRow& row) {
     return s.Run[row.Saved.Index].Loaded != False && s.Set[row.Saved.Index].FileName == path;
 }
 
-/// Sees which samples are there, and where those are that are not in their places. All at once, so that of two with one
+/// Checks which samples are in their places and looks for the others, for all rows at once, so that of two with one
 /// name each gets its own.
 void FindSamples(const Session& s, std::vector<StoredRow>& rows, const LoopsAsked& asked) {
     std::vector<StoredRow*> away;
@@ -76,7 +76,7 @@ void FindSamples(const Session& s, std::vector<StoredRow>& rows, const LoopsAske
     }
 }
 
-/// What the rows of a file have come to.
+/// What has become of the rows of a file.
 struct LoadedRows {
     Table<bool, kLoopTracks> Loaded;
     Table<bool, kLoopTracks> Playing;
@@ -92,10 +92,10 @@ void LoadRow(Session& s, const StoredRow& row, const LoopsAsked& asked, LoadedRo
     rows.Loaded[saved.Index] = wanted && HoldsSavedSample(s, saved, row.From);
     const bool inRow = rows.Loaded[saved.Index] && s.Run[saved.Index].Loaded != False;
     // Without a device nothing is loaded: then only what is missing is worth a word.
-    const bool told = s.DSReady || (asked.Nearby && !row.IsThere);
-    if (wanted && !inRow && told) rows.NotLoaded.push_back(NameOfSample(saved.Set.FileName));
+    const bool reported = s.DSReady || (asked.Nearby && !row.IsThere);
+    if (wanted && !inRow && reported) rows.NotLoaded.push_back(NameOfSample(saved.Set.FileName));
     if (wanted) s.Run[saved.Index].Missing.reset();
-    // One whose file is away is missing also while no device is open, for which it waits.
+    // A row whose file is not there is also missing while it waits for a device.
     if (!row.IsThere && !inRow) rows.Missing.push_back({saved, asked.Elements, row.From.NewUse3d});
 }
 

@@ -51,7 +51,7 @@ void TellWhatHasFaded(Session& s) {
         if (silent || (s.Run[row].FadeState == kFalling && s.Run[row].FadeTarget == 0)) rows.push_back(row);
     }
     if (rows.empty()) return;
-    // Of those that still fall, too, the text is true as long as it is read.
+    // Some may still be falling; the text stays true after they have faded out.
     std::string verb = rows.size() == 1 ? " fades out: " : " fade out: ";
     if (faded.size() == rows.size()) verb = rows.size() == 1 ? " has faded out: " : " have faded out: ";
     ShowStatus(s, LettersOf(rows) + verb + HowItFadesIn(faded.empty() ? rows.front() : faded.front()));

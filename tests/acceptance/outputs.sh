@@ -35,22 +35,22 @@ plays_in() {
   [[ -n $output && $(pactl list short sink-inputs | cut -f 2 | sort -u) == "$output" ]]
 }
 sends_nothing() { [[ -z $(pactl list short sink-inputs) ]]; }
-# watch_server: from now on writes what the server tells to EVENTS, each line with the clock in microseconds before it.
+# watch_server: records the events of the server in EVENTS from now on, each line behind the time in microseconds.
 EVENTS=$FOLDER/events
 watch_server() {
   : >"$EVENTS"
   LC_ALL=C pactl subscribe > >(while read -r line; do echo "${EPOCHREALTIME/[.,]/} $line"; done >"$EVENTS") 2>>"$FOLDER/server.log" &
   WATCH=$!
   STAGE_PIDS+=("$WATCH")
-  # What is told before the watch is there is lost, so a change that harms nobody is made until one comes.
+  # Events before the server knows of this client are lost, so a harmless change is repeated until its event arrives.
   until_true 5 watch_hears
 }
 watch_hears() {
   pactl set-sink-volume hall 100% && sleep 0.05 && [[ -s $EVENTS ]]
 }
-# told_at WHAT: prints when the server first told of something new of this kind.
-told_at() { awk -v what="$1" '$3 == "\x27new\x27" && $5 == what { print $1; exit }' "$EVENTS"; }
-has_told() { [[ -n $(told_at "$1") ]]; }
+# reported_at WHAT: prints when the server first reported something new of this kind.
+reported_at() { awk -v what="$1" '$3 == "\x27new\x27" && $5 == what { print $1; exit }' "$EVENTS"; }
+has_reported() { [[ -n $(reported_at "$1") ]]; }
 
 put
 listen_to_desk
@@ -84,14 +84,14 @@ expect "A counts as playing" looks_like Play_0 "$plays"
 picture "pulled out"
 
 echo "It is put back"
-# The server's own events tell the time from the new output to the program's stream there; the list of streams, asked for again
-# and again, would add its own.
+# Timed by the server's own events, from the new output to the program's stream there. Polling the list of streams would add its
+# own time.
 expect "the server is watched" watch_server
 put
-expect "the server tells of the output" has_told sink
-expect "and of A's sound there" has_told sink-input
+expect "the server reports the output" has_reported sink
+expect "the server reports A's sound there" has_reported sink-input
 kill "$WATCH"
-between "ms from the one to the other" $((($(told_at sink-input) - $(told_at sink)) / 1000)) 0 1000
+between "ms from the output to the sound" $((($(reported_at sink-input) - $(reported_at sink)) / 1000)) 0 1000
 expect "it goes to that output" plays_in desk
 begin=$(now)
 listen_to_desk

@@ -16,7 +16,7 @@ using testing::IsEmpty;
 
 const fs::path kProject = fs::path(MARVOLIN_SOURCES).parent_path();
 
-// Of the changes each version is told, and a figure belongs to the version it was measured with.
+// The change log names every version, and a measured figure belongs to its own.
 TEST(Version, StandsInTheBuildFileAlone) {
     EXPECT_THAT(TextsThatName(kProject, MARVOLIN_VERSION, {"CHANGELOG.md", "bench/peers.md"}),
                 ElementsAre("CMakeLists.txt"));

@@ -100,9 +100,9 @@ TEST(Kills, AScriptThatIsGoneOrCutIsNotWhole) {
 TEST(Kills, ARecordingWithAFrameInTheWrongPlaceIsNotWhole) {
     const test::TempFolder folder;
     const std::string path = folder.Path() + "/take.wav";
-    std::atomic<std::int64_t> told = 0;
-    EXPECT_EQ(RecordNumbered(path, 4410, told), "");
-    EXPECT_EQ(told, 4410);
+    std::atomic<std::int64_t> recorded = 0;
+    EXPECT_EQ(RecordNumbered(path, 4410, recorded), "");
+    EXPECT_EQ(recorded, 4410);
     EXPECT_EQ(NumberedFramesIn(path), 4410);
     std::fstream file(path, std::ios::in | std::ios::out | std::ios::binary);
     file.seekp(-400, std::ios::end);

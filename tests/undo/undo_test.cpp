@@ -54,6 +54,16 @@ struct Undo : testing::Test, UndoRig {
         EXPECT_EQ(s.StatusText, "Done again: " + text);
     }
     void Forget() { StartUndo(s); }
+    /// Takes back the clearing of B, when the limit has become 1 meanwhile: that stops A, at byte 400.
+    void TakeBackOverTheLimit() {
+        Load(0, "bells.wav", true);
+        Load(1, "drum.wav", true);
+        Forget();
+        LoopClearRows(s, 1);
+        s.Limit = 1;
+        Buffer(0).Position = 400;
+        Undo_Click(s);
+    }
     int Reads() { return Sound.Count("CreateSoundBufferFromFile"); }
 };
 
@@ -655,13 +665,7 @@ TEST_F(Undo, ARowThatWasThinnedByTheStepPlaysAgain) {
 }
 
 TEST_F(Undo, WhatTheLimitStopsWhileAStepIsTakenBackPlaysOnWhenItIsDoneAgain) {
-    Load(0, "bells.wav", true);
-    Load(1, "drum.wav", true);
-    Forget();
-    LoopClearRows(s, 1);
-    s.Limit = 1;
-    Buffer(0).Position = 400;
-    Undo_Click(s);
+    TakeBackOverTheLimit();
     ASSERT_EQ(s.Run[0].Playing, False);
     ASSERT_EQ(s.Run[1].Playing, True);
     Redo_Click(s);
@@ -672,13 +676,7 @@ TEST_F(Undo, WhatTheLimitStopsWhileAStepIsTakenBackPlaysOnWhenItIsDoneAgain) {
 }
 
 TEST_F(Undo, WhatTheHandStartsAfterTheLimitHasStoppedItIsLeftAloneWhenTheStepIsDoneAgain) {
-    Load(0, "bells.wav", true);
-    Load(1, "drum.wav", true);
-    Forget();
-    LoopClearRows(s, 1);
-    s.Limit = 1;
-    Buffer(0).Position = 400;
-    Undo_Click(s);
+    TakeBackOverTheLimit();
     LoopPlay(s, 0, true);
     Buffer(0).Position = 800;
     const std::string name = Buffer(0).Name() + " ";

@@ -1,6 +1,6 @@
 #pragma once
 /// \file
-/// A child process that is killed at some moment, and what it has told until then.
+/// A child process that is killed at some moment, and what it has reported by then.
 
 #include <sys/mman.h>
 
@@ -33,7 +33,7 @@ private:
 enum class Ending : std::uint8_t { Killed, Finished, Failed };
 
 /// Runs `act` in a child process and kills it `micros` microseconds after it has begun, unless it has ended by then.
-/// By false `act` tells that it has failed.
+/// `act` returns false when it has failed.
 Ending RunUntilKilled(const std::function<bool()>& act, long micros);
 
 /// Microseconds that `act` takes in a child process. It can be many times slower than in this one, whose memory the

@@ -22,7 +22,7 @@ std::int16_t NumberOf(std::int64_t frame) { return static_cast<std::int16_t>(fra
 
 }  // namespace
 
-std::string RecordNumbered(const std::string& path, std::int64_t frames, std::atomic<std::int64_t>& told) {
+std::string RecordNumbered(const std::string& path, std::int64_t frames, std::atomic<std::int64_t>& recorded) {
     const auto chain = std::make_shared<OutputChain>();
     Recorder recorder(chain);
     try {
@@ -35,12 +35,12 @@ std::string RecordNumbered(const std::string& path, std::int64_t frames, std::at
         for (std::size_t i = 0; i < std::size_t{kPeriod}; ++i)
             period[2 * i] = period[2 * i + 1] = NumberOf(passed + static_cast<std::int64_t>(i));
         chain->Pass_rt(period.data(), kPeriod);
-        told = recorder.Frames();
+        recorded = recorder.Frames();
         while (recorder.IsRunning() && passed - recorder.Frames() > kMostBehind)
             std::this_thread::sleep_for(std::chrono::microseconds(200));
     }
     recorder.Finish();
-    told = recorder.Frames();
+    recorded = recorder.Frames();
     return recorder.Failure().value_or("");
 }
 

@@ -13,7 +13,7 @@ namespace marvolin::kills {
 class Saver {
 public:
     virtual ~Saver() = default;
-    /// Saves state `number`, 1 or more. False when the save tells that it has failed.
+    /// Saves state `number`, 1 or more. False when the save reports that it has failed.
     virtual bool Save(int number) = 0;
     /// The number of the newest saved state, read by another instrument; nothing when what there is is not whole.
     virtual std::optional<int> Newest() = 0;

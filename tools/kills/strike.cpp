@@ -23,8 +23,8 @@ namespace {
 
 constexpr std::int64_t kFramesOfATake = 40 * 44100;
 
-/// What a child tells.
-struct Told {
+/// What a child reports.
+struct Reported {
     std::atomic<int> Begun = 0;
     std::atomic<int> Saved = 0;
     std::atomic<std::int64_t> Frames = 0;
@@ -101,42 +101,42 @@ More UpTo(int count) {
 
 Counts KillSaves(const Kind& kind, const std::string& folder, const More& more, std::mt19937& random) {
     const std::unique_ptr<Saver> saver = kind.Make(folder);
-    Shared<Told> told;
+    Shared<Reported> reported;
     // The first one is saved by a child too: of the last state a thread writes, which no child inherits.
     const auto saveFrom = [&](int first, int count) {
         for (int number = first; number < first + count; ++number) {
-            told->Begun = number;
+            reported->Begun = number;
             if (!saver->Save(number)) return false;
-            told->Saved = number;
+            reported->Saved = number;
         }
         return true;
     };
     const long longest = 2 * TimeInChild([&] { return saveFrom(1, 2); });
     Counts counts;
     while (more(counts.Strikes)) {
-        const int next = std::max(told->Begun.load(), told->Saved.load()) + 1;
-        told->Begun = told->Saved.load();  // so that a kill before the child has begun to save hits nothing
+        const int next = std::max(reported->Begun.load(), reported->Saved.load()) + 1;
+        reported->Begun = reported->Saved.load();  // so that a kill before the child has begun to save hits nothing
         const Ending ending = RunUntilKilled([&] { return saveFrom(next, 1'000'000); }, AnyMoment(longest, random));
         const std::optional<int> newest = saver->Newest();
-        const bool whole = newest && *newest >= told->Saved && *newest <= told->Begun;
+        const bool whole = newest && *newest >= reported->Saved && *newest <= reported->Begun;
         // A child that ends by itself could not save.
-        Judge(counts, told->Begun > told->Saved, whole && ending == Ending::Killed);
-        if (newest) told->Saved = *newest;
+        Judge(counts, reported->Begun > reported->Saved, whole && ending == Ending::Killed);
+        if (newest) reported->Saved = *newest;
     }
     return counts;
 }
 
 Counts KillRecordings(const std::string& folder, const More& more, std::mt19937& random) {
     const std::string path = folder + "/take.wav";
-    Shared<Told> told;
-    const auto record = [&] { return RecordNumbered(path, kFramesOfATake, told->Frames).empty(); };
+    Shared<Reported> reported;
+    const auto record = [&] { return RecordNumbered(path, kFramesOfATake, reported->Frames).empty(); };
     const long longest = TimeInChild(record);
     Counts counts;
     while (more(counts.Strikes)) {
         std::filesystem::remove(path);
-        told->Frames = 0;
+        reported->Frames = 0;
         const Ending ending = RunUntilKilled(record, AnyMoment(longest, random));
-        const std::int64_t atLeast = told->Frames;
+        const std::int64_t atLeast = reported->Frames;
         const std::optional<std::int64_t> frames = NumberedFramesIn(path);
         // Before anything has been recorded there may be no file, or one without a frame, which is no sample.
         const bool whole = frames ? *frames >= atLeast : atLeast == 0;
@@ -151,19 +151,19 @@ Counts FillForSaves(const Kind& kind, const std::string& disk, const More& more,
     int saved = 1;
     const std::uint64_t before = SizeOf(disk);
     if (!saver->Save(saved)) throw std::runtime_error("nothing can be saved");
-    // From almost nothing to more than all of it, and oftener little than much: a later save may need less.
+    // From almost nothing to more than all of it, and more often little than much: a later save may need less.
     const double most = std::log(2.0 * static_cast<double>(std::max<std::uint64_t>(SizeOf(disk) - before, 4096)));
     for (int number = 2; more(counts.Strikes); ++number) {
-        bool told = false;
+        bool accepted = false;
         {
             const double room = std::exp(std::uniform_real_distribution<double>(0, most)(random));
             const Ballast ballast(disk, static_cast<std::uint64_t>(room));
-            told = saver->Save(number);
+            accepted = saver->Save(number);
         }
         const std::optional<int> newest = saver->Newest();
         // A refused save leaves the former state. The new one is there when the failure came after it had its name, and
         // the last state is tried again by itself, so that one that was refused may come when there is room.
-        Judge(counts, !told, newest && *newest >= (told ? number : saved) && *newest <= number);
+        Judge(counts, !accepted, newest && *newest >= (accepted ? number : saved) && *newest <= number);
         if (newest) saved = *newest;
     }
     return counts;
@@ -174,14 +174,14 @@ Counts FillForRecordings(const std::string& disk, const More& more, std::mt19937
     Counts counts;
     while (more(counts.Strikes)) {
         std::filesystem::remove(path);
-        std::atomic<std::int64_t> told = 0;
+        std::atomic<std::int64_t> recorded = 0;
         std::string failure;
         {
             const Ballast ballast(disk, std::uniform_int_distribution<std::uint64_t>(0, 3'000'000)(random));
-            failure = RecordNumbered(path, kFramesOfATake, told);
+            failure = RecordNumbered(path, kFramesOfATake, recorded);
         }
         const std::optional<std::int64_t> frames = NumberedFramesIn(path);
-        const bool whole = frames ? *frames == told : told == 0;
+        const bool whole = frames ? *frames == recorded : recorded == 0;
         Judge(counts, !failure.empty(), whole && failure == "Disk full");
     }
     return counts;

@@ -13,11 +13,11 @@ namespace marvolin::kills {
 
 struct Counts {
     int Strikes = 0;  ///< kills, or disks that were nearly full
-    /// Of them those that came between the beginning of a save and its end, which for the last state contains the time
-    /// until it is due, or while a recording was under way.
+    /// Those of them that came during a save or a recording. A save of the last state includes the wait until it is
+    /// due.
     int Hit = 0;
-    int Whole = 0;  ///< left everything whole, and nothing older than what had been told to be saved
-    int Lost = 0;   ///< the others, also those in which nothing could be saved though nothing was in the way
+    int Whole = 0;  ///< left everything whole, and nothing older than what had been reported as saved
+    int Lost = 0;   ///< the others, including saves that failed for no reason
 };
 
 /// Whether one more is wanted after so many.

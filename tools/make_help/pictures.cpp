@@ -259,7 +259,7 @@ int Draw(const std::string& texts, const std::string& folder) {
     return 0;
 }
 
-/// A build has no screen and often no folder of a session, and need not say so at each picture.
+/// A build has no screen and often no session folder; it need not say so for every picture.
 void LeaveOutThePlatform(QtMsgType, const QMessageLogContext&, const QString& text) {
     if (text.startsWith("This plugin does not support") || text.startsWith("QStandardPaths")) return;
     std::fprintf(stderr, "%s\n", qPrintable(text));

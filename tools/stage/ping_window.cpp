@@ -47,7 +47,7 @@ int main(int argc, char** argv) {
     const Window root = DefaultRootWindow(display);
     XSelectInput(display, root, SubstructureNotifyMask);
     const auto begin = Clock::now();
-    // No other question has this number: the answer to one of before is not taken for its own.
+    // Each question has its own number, so the answer to an earlier one is not mistaken for its own.
     const long number = static_cast<long>(begin.time_since_epoch().count() & 0x7fffffff);
     XEvent question{};
     question.xclient.type = ClientMessage;

@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <functional>
 #include <future>
-#include <optional>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -108,7 +107,7 @@ private:
 /// A mixer takes a good part of the start, and so do the windows: it is made beside them, on a thread of its own.
 class MixerAhead {
 public:
-    MixerAhead() {
+    void Begin() {
         try {
             mixer_ = std::async(std::launch::async, [] { return OpenAlMixer(); });
         } catch (const std::system_error&) {
@@ -133,7 +132,7 @@ class SdlRoot final : public MeteredRoot {
 public:
     SdlRoot(std::shared_ptr<CardClock> clock, std::shared_ptr<OutputChain> chain)
         : MeteredRoot(std::move(clock), std::move(chain)) {
-        if (audio_.HasOutput()) ahead_.emplace();
+        if (audio_.HasOutput()) ahead_.Begin();
     }
     std::unique_ptr<DSEnum> GetDSEnum() override {
         AssertOwner();
@@ -147,7 +146,7 @@ public:
     std::unique_ptr<DirectSound> DirectSoundCreate(const std::string& guid) override {
         AssertOwner();
         if (!audio_.HasOutput()) throw SoundError(sound_error::kNoDriver);
-        auto context = OpenContext(ahead_ ? ahead_->Take() : OpenAlMixer());
+        auto context = OpenContext(ahead_.Take());
         auto output = std::make_unique<SdlOutput>(guid, *context);
         Follow(context, output->Period(), ServerBuffer(audio_.Driver(), std::getenv("PULSE_LATENCY_MSEC")));
         output->Start();
@@ -156,7 +155,7 @@ public:
 
 private:
     SdlAudio audio_;
-    std::optional<MixerAhead> ahead_;
+    MixerAhead ahead_;
 };
 
 }  // namespace

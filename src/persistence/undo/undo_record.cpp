@@ -55,7 +55,7 @@ void TakeAlongThinned(UndoRecord& step, const UndoSnapshot& now) {
     }
 }
 
-// Those that were to play on, and do not.
+// Rows that should have played on, and do not.
 Table<bool, kUndoRows> StoppedByLimit(const Session& s, const UndoSnapshot& now,
                                       const Table<RowState, kUndoRows>& goal) {
     Table<bool, kUndoRows> stopped;

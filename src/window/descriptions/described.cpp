@@ -178,7 +178,7 @@ void Described::HintAt(QPointF place, bool held) {
     const auto* parts = dynamic_cast<const HasParts*>(&widget_);
     const int part = parts == nullptr ? 0 : parts->PartAt(place);
     const std::string hint = Hint(part, held);
-    // Once, when the pointer comes; what is turned otherwise while it lies here stays to be read.
+    // Only when the pointer arrives: a value that is turned in another way while it rests here can still be read.
     if (shown_.empty() && !hint.empty() && !held) TakeReadoutAway(session_);
     // What a click has reported is read while the pointer still lies on the control.
     if (hint.empty() || hint != shown_ || NothingIsShown()) ShowHint(part, held);

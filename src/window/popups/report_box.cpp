@@ -21,7 +21,7 @@ constexpr int kBoxGap = 12;  // pixels between the box and what it keeps clear
 QPoint CentredIn(const QRect& area, QSize box) { return area.center() - QPoint(box.width() / 2, box.height() / 2); }
 
 constexpr qsizetype kMostTexts = 4;
-constexpr int kLeastText = 220;  // pixels: with the buttons of its frame the title is read
+constexpr int kLeastText = 220;  // pixels: the whole title fits beside the buttons of the frame
 
 /// Says that there have been more messages than are shown; "" when there have not.
 QString CountText(int count, qsizetype shown) {
@@ -82,7 +82,7 @@ void ReportBox::Show(const QString& text, const QString& title, Icon icon, QWidg
     QAccessible::updateAccessibility(&alert);
 }
 
-// The toolkit makes a box as narrow as its text, and lays it out anew for each.
+// The toolkit makes a box as narrow as its text, and lays it out again for each.
 void ReportBox::LeaveRoomForTitle() {
     auto* grid = qobject_cast<QGridLayout*>(layout());
     auto* text = findChild<QLabel*>("qt_msgbox_label");
