@@ -35,7 +35,7 @@ until_true 10 pactl info >/dev/null 2>&1 || { echo "no server: $(cat "$play/puls
 for tool in xdotool xwd xwininfo pactl jack_lsp import; do eval "$tool() { timeout 5 $tool \"\$@\"; }"; done
 ms() { echo $((${EPOCHREALTIME/[.,]/} / 1000)); }
 # The window manager reports each new window: lines of "time windows".
-xprop -root -spy _NET_CLIENT_LIST | while read -r line; do echo "$(ms) $line"; done >"$play/windows" &
+while read -r line; do echo "$(ms) $line"; done < <(exec xprop -root -spy _NET_CLIENT_LIST) >"$play/windows" &
 STAGE_PIDS+=($!)
 
 # --- the programs: command, and the title of the main window ---

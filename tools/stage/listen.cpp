@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 #include <string>
 #include <thread>
 
@@ -24,7 +25,8 @@ constexpr const char* kUsage =
     "       listen onsets FILE FROM TO [APART]  times at which a sound starts, one per line\n"
     "       listen steps FILE FROM TO           distances between clicks: count, then mean, standard deviation,\n"
     "                                           shortest and longest in microseconds\n"
-    "       listen until FILE MS TIMEOUT        waits until the file is that long\n";
+    "       listen until FILE MS TIMEOUT        waits until the file is that long\n"
+    "       listen heard FILE FROM TIMEOUT      waits until a sound begins; the time then, since the epoch\n";
 
 constexpr int kThreshold = -5000;  // quieter sound counts as silence
 constexpr int kGap = 120;          // ms; a shorter silence is part of the sound
@@ -59,6 +61,22 @@ bool Until(const char* file, long ms, long timeout) {
     return true;
 }
 
+/// Waits until a sound begins, at least 20 ms behind `from`: what is before may be the rest of another. The milliseconds since
+/// the epoch then; none when it takes longer than `timeout`. Looks each 5 ms, in one process, so that what it waits for is
+/// hardly slower for it.
+std::optional<std::int64_t> Heard(const char* file, long from, long timeout) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeout);
+    while (std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        const auto stretches = Sounding(Part(file, from, LengthMs(file)), kThreshold, kGap);
+        const auto begins = [](const Stretch& stretch) { return stretch.from >= 20; };
+        if (std::none_of(stretches.begin(), stretches.end(), begins)) continue;
+        const auto now = std::chrono::system_clock::now().time_since_epoch();
+        return std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
+    }
+    return {};
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -69,6 +87,11 @@ int main(int argc, char** argv) {
         return 0;
     }
     if (task == "until" && argc == 5) return Until(argv[2], number(3), number(4)) ? 0 : 1;
+    if (task == "heard" && argc == 5) {
+        const auto heard = Heard(argv[2], number(3), number(4));
+        if (heard) std::printf("%lld\n", static_cast<long long>(*heard));
+        return heard ? 0 : 1;
+    }
     if (argc < 5) {
         std::fputs(kUsage, stderr);
         return 2;

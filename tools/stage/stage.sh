@@ -5,7 +5,9 @@
 #   stage_install PROGRAM FOLDER       makes a private program folder with the program and what comes with it, without the demo
 #   stage_start PROGRAM                starts the program and waits for its window: sets WINDOW. Its sound goes to the
 #                                      card, or to where STAGE_CARD says (settings of SDL in the environment). With
-#                                      STAGE_UNMANAGED nobody is asked to activate the window
+#                                      STAGE_UNMANAGED nobody is asked to activate the window. With STAGE_LATER it does
+#                                      not wait
+#   stage_shown                        waits for the window of a program that was started with STAGE_LATER
 #   stage_clear                        closes the splash
 #   stage_quit                         closes the window as a player does, waits for the end and returns the exit status
 #   stage_close                        ends everything; runs by itself when the script ends
@@ -77,6 +79,10 @@ stage_start() {
   env "${card[@]}" "$1" >"$STAGE/program.log" 2>&1 &
   PROGRAM=$!
   STAGE_PIDS+=("$PROGRAM")
+  [[ -n ${STAGE_LATER:-} ]] || stage_shown
+}
+
+stage_shown() {
   until_true 30 stage_window || { echo "the window did not come: $(cat "$STAGE/program.log")" >&2; return 1; }
   [[ -n ${STAGE_UNMANAGED:-} ]] || xdotool windowactivate --sync "$WINDOW" 2>/dev/null
 }
