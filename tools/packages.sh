@@ -10,8 +10,8 @@ packages_stage=(xvfb openbox xdotool imagemagick x11-utils)
 packages_tests=("${packages_stage[@]}" libgtest-dev libgmock-dev ccache mold alsa-utils locales at-spi2-core dbus
   python3-pyatspi pulseaudio pulseaudio-utils)
 
-# Needed in addition by ./prove, which fuzzes.
-packages_fuzz=(clang libgtest-dev libgmock-dev)
+# Needed in addition for the sanitizers of addresses and undefined behaviour and for fuzzing, with install_clang_runtime.
+packages_clang=(clang libgtest-dev libgmock-dev)
 # Needed in addition by ./package, which also checks what it has made.
 packages_package=(dpkg-dev lintian desktop-file-utils appstream gzip)
 # Needed in addition by tools/package/try_installed.sh.
@@ -21,6 +21,7 @@ package_missing() {
   ! dpkg-query -W -f '${db:Status-Status}\n' "$1" 2>/dev/null | grep -qx installed
 }
 
+packages_updated=
 # install_packages NAME...: installs the missing ones, as root or through sudo. On a system without apt it prints the names
 # and exits.
 install_packages() {
@@ -44,6 +45,15 @@ install_packages() {
     as_root=(sudo)
   fi
   echo "Installing: ${missing[*]}"
-  "${as_root[@]}" apt-get update -qq
+  if [[ -z $packages_updated ]]; then "${as_root[@]}" apt-get update -qq; fi
+  packages_updated=1
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# Clang's runtime of the sanitizers is a package of its own on some systems: clang only recommends it, and its name contains the
+# release. To be called when clang is installed.
+install_clang_runtime() {
+  local runtime
+  runtime=libclang-rt-$(clang -dumpversion | cut -d . -f 1)-dev
+  if package_missing "$runtime" && apt-cache show "$runtime" >/dev/null 2>&1; then install_packages "$runtime"; fi
 }

@@ -5,7 +5,6 @@
 #include <QWidget>
 #include <QtTest/QTest>
 #include <array>
-#include <ranges>
 
 namespace marvolin::hand {
 
@@ -127,10 +126,10 @@ void Keyboard::PressModifiers(Qt::KeyboardModifiers held) {
 }
 
 void Keyboard::ReleaseModifiers(Qt::KeyboardModifiers held) {
-    for (const auto& [key, flag] : std::views::reverse(kModifierKeys)) {
-        if (!held.testFlag(flag)) continue;
-        Send(QEvent::KeyRelease, key, held);
-        held.setFlag(flag, false);
+    for (auto modifier = kModifierKeys.rbegin(); modifier != kModifierKeys.rend(); ++modifier) {
+        if (!held.testFlag(modifier->Flag)) continue;
+        Send(QEvent::KeyRelease, modifier->Key, held);
+        held.setFlag(modifier->Flag, false);
     }
 }
 

@@ -45,7 +45,7 @@ void DropDownControl::PaintMissing(QPainter& p, const std::string& missing) cons
     QFont font = theme::Sans(12);
     const auto line = [&](Qt::Alignment where, const QString& shown) {
         p.setFont(font);
-        p.drawText(text, where | Qt::AlignLeft,
+        p.drawText(text, static_cast<int>(where | Qt::AlignLeft),
                    QFontMetrics(font).elidedText(shown, Qt::ElideMiddle, static_cast<int>(text.width())));
     };
     font.setStrikeOut(true);

@@ -176,7 +176,7 @@ bool ScintillaView::FindFrom(const std::string& words, long from, long to) {
     SendScintilla(SCI_SETSEARCHFLAGS, 0L);
     if (SendScintilla(SCI_SEARCHINTARGET, static_cast<unsigned long>(words.size()), words.data()) < 0) return false;
     const long begin = SendScintilla(SCI_GETTARGETSTART);
-    SendScintilla(SCI_SETSEL, begin, SendScintilla(SCI_GETTARGETEND));
+    SendScintilla(SCI_SETSEL, static_cast<unsigned long>(begin), SendScintilla(SCI_GETTARGETEND));
     ShowLine(static_cast<int>(SendScintilla(SCI_LINEFROMPOSITION, begin)) + 1);
     return true;
 }
