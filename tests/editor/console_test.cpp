@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAbstractEventDispatcher>
 #include <QScrollBar>
 #include <QtTest/QTest>
 
@@ -12,6 +13,7 @@ namespace {
 
 using test::EditorStage;
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 std::vector<std::string> Kept(const ScriptConsole& console) {
     std::vector<std::string> texts;
@@ -136,6 +138,52 @@ TEST(ConsoleView, CannotBeTypedInto) {
     EditorStage stage;
     QTest::keyClicks(stage.Window.Console, "text");
     EXPECT_EQ(stage.Window.Console->toPlainText(), "");
+}
+
+/// The timers that send their events to the view: the one that scrolls while a text is selected beyond the edge.
+std::vector<int> TimersOf(QObject& view) {
+    std::vector<int> timers;
+    for (const auto& timer : QAbstractEventDispatcher::instance()->registeredTimers(&view))
+        timers.push_back(timer.timerId);
+    return timers;
+}
+
+void PassTimers(QObject& view) {
+    for (const int timer : TimersOf(view)) {
+        QTimerEvent event(timer);
+        QCoreApplication::sendEvent(&view, &event);
+    }
+}
+
+TEST(ConsoleView, ASelectionBeyondTheEdgeScrollsUntilTheButtonIsUp) {
+    EditorStage stage;
+    for (int i = 0; i < 20; ++i) stage.Room.Print("a line to select");
+    stage.Settle();
+    ConsoleView& view = *stage.Window.Console;
+    QWindow* window = stage.Window.windowHandle();
+    const QPoint inside = view.viewport()->mapTo(&stage.Window, QPoint(5, 5));
+    QTest::mousePress(window, Qt::LeftButton, {}, inside);
+    QTest::mouseMove(window, inside + QPoint(0, -60));
+    PassTimers(view);
+    EXPECT_EQ(TimersOf(view).size(), 1U);
+    QTest::mouseRelease(window, Qt::LeftButton, {}, inside + QPoint(0, -60));
+    EXPECT_THAT(TimersOf(view), IsEmpty());
+}
+
+TEST(ConsoleView, ATextThatWasDraggedAwayNeitherSelectsNorDragsAgain) {
+    EditorStage stage;
+    for (int i = 0; i < 20; ++i) stage.Room.Print("a line to select");
+    stage.Settle();
+    ConsoleView& view = *stage.Window.Console;
+    view.selectAll();
+    QWindow* window = stage.Window.windowHandle();
+    const QPoint inside = view.viewport()->mapTo(&stage.Window, QPoint(20, 5));
+    QTest::mousePress(window, Qt::LeftButton, {}, inside);
+    QTest::mouseMove(window, inside + QPoint(0, -60));  // the drag begins and ends, and the release was its own
+    QTest::mouseRelease(window, Qt::LeftButton, {}, inside + QPoint(0, -60));
+    ASSERT_EQ(TimersOf(view).size(), 1U);
+    PassTimers(view);
+    EXPECT_THAT(TimersOf(view), IsEmpty());
 }
 
 }  // namespace

@@ -6,8 +6,10 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
+#include <QDrag>
 #include <QListWidget>
 #include <QMessageBox>
+#include <QMimeData>
 #include <array>
 #include <functional>
 #include <set>
@@ -216,6 +218,58 @@ TEST(LostPointer, AMoveWithoutAButtonTurnsDrawsAndClicksNothing) {
         ExpectNothingHeld(hand.s, widget);
         hand.ReleaseAt(spot, Qt::LeftButton);
         EXPECT_THAT(Changed(ended, Settings(hand.s)), IsEmpty());
+    }
+}
+
+/// A drag that something else begins, as the text of a window does. It ends at once, and the toolkit no longer knows
+/// which control has the mouse.
+void TakeTheMouseAway(QWidget& other) {
+    auto* drag = new QDrag(&other);
+    drag->setMimeData(new QMimeData);
+    drag->exec();
+}
+
+TEST(LostPointer, AReleaseThatOnlyTheWindowGetsEndsWhatIsHeld) {
+    for (const char* name : {"VolKnob_2", "LoopIt_2", "Limiter", "ChannelFlag_2", "PatternGraph_0", "TwistBall"}) {
+        for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
+            SCOPED_TRACE(name);
+            WholeHand hand;
+            hand.s.DragAxis = 0;
+            QWidget& widget = *hand.At(name);
+            hand.Reveal(widget);
+            const Spot spot = hand.SpotOn(widget);
+            hand.PressAt(spot, button);
+            hand.MoveTo(spot, {0, -3});
+            TakeTheMouseAway(hand.Window);
+            hand.MoveTo(spot, {0, -6});
+            hand.ReleaseAt(spot, button, {0, -6});
+            hand.Settle();
+            ExpectNothingHeld(hand.s, widget);
+            const Facts ended = Settings(hand.s);
+            hand.MoveTo(spot, {0, -30});
+            EXPECT_THAT(Changed(ended, Settings(hand.s)), IsEmpty());
+        }
+    }
+}
+
+TEST(LostPointer, AMoveOrAPressInAnotherWindowWithoutTheButtonEndsWhatIsHeld) {
+    for (const bool press : {false, true}) {
+        SCOPED_TRACE(press);
+        WholeHand hand;
+        QWidget& knob = *hand.At("VolKnob_2");
+        hand.Reveal(knob);
+        hand.PressAt(hand.SpotOn(knob), Qt::LeftButton);
+        const auto send = [&](Qt::MouseButtons others) {
+            QMouseEvent event(press ? QEvent::MouseButtonPress : QEvent::MouseMove, {3, 3},
+                              hand.Window.mapToGlobal(QPointF(3, 3)), press ? Qt::RightButton : Qt::NoButton,
+                              others | Qt::RightButton, {});
+            QApplication::sendEvent(hand.Window.windowHandle(), &event);
+        };
+        send(Qt::LeftButton);
+        EXPECT_NE(hand.s.Drag.Dragging, False) << "the button is still down";
+        send(Qt::NoButton);
+        EXPECT_EQ(hand.s.Drag.Dragging, False);
+        hand.ReleaseAt(hand.SpotOn(knob), Qt::LeftButton);
     }
 }
 

@@ -23,6 +23,12 @@ QPointF Twips(QPointF pixels) { return pixels * kTwipsPerPixel; }
 
 constexpr int kPage = 10;  // steps
 
+// Whether the button that holds a control is no longer among those that are down.
+bool IsUp(std::int16_t holder, Qt::MouseButtons down) {
+    constexpr Qt::MouseButton kButtons[] = {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton};
+    return std::ranges::none_of(kButtons, [&](auto b) { return ButtonNumber(b) == holder && down.testFlag(b); });
+}
+
 // Some desktops activate every new window, also one that takes no focus and gives the activation back.
 bool ReportHasCome() {
     const QWidget* active = QApplication::activeWindow();
@@ -133,11 +139,19 @@ bool Control::event(QEvent* event) {
 }
 
 // Escape lets go of what the mouse holds. One hand at a time: a press of the mouse ends what a key holds.
-bool Control::eventFilter(QObject*, QEvent* event) {
+bool Control::eventFilter(QObject* object, QEvent* event) {
     const bool press = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
     if (press) ReleaseKey(true);
-    if (!Held()) return false;
-    if (event->type() != QEvent::KeyPress || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) return false;
+    // What only a window gets tells of a release, too: a drag of something else takes the mouse from its holder.
+    if (Held() && object->isWindowType() && event->type() == QEvent::MouseButtonRelease) {
+        const auto look = [this] { return Held() && IsUp(held_, QApplication::mouseButtons()) ? EndHold() : void(); };
+        QMetaObject::invokeMethod(this, look, Qt::QueuedConnection);
+    } else if (Held() && object->isWindowType() && (press || event->type() == QEvent::MouseMove)) {
+        const auto& of = static_cast<const QMouseEvent&>(*event);
+        if (IsUp(held_, of.buttons() & ~Qt::MouseButtons(of.button()))) EndHold();
+    }
+    const bool key = Held() && event->type() == QEvent::KeyPress;
+    if (!key || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape) return false;
     EndHold();
     return true;
 }
@@ -201,18 +215,14 @@ void Control::mouseDoubleClickEvent(QMouseEvent* event) {
     if (!BeginHold(*event)) return;
     const QPointF place = Twips(event->position());
     // Two clicks of another button are two clicks.
-    if (held_ == kLeftButton) {
-        DoubleClick(held_, place);
-    } else {
-        Gesture(Phase::Down, held_, place);
-    }
+    held_ == kLeftButton ? DoubleClick(held_, place) : Gesture(Phase::Down, held_, place);
     update();
 }
 
 void Control::wheelEvent(QWheelEvent* event) {
     wheelRest_ += event->angleDelta().y();
     const int notches = wheelRest_ / QWheelEvent::DefaultDeltasPerStep;
-    wheelRest_ -= notches * QWheelEvent::DefaultDeltasPerStep;
+    wheelRest_ %= QWheelEvent::DefaultDeltasPerStep;
     if (notches != 0) Step(notches);
     event->accept();
 }
@@ -274,9 +284,8 @@ void Control::focusOutEvent(QFocusEvent* event) {
 
 void Control::dragEnterEvent(QDragEnterEvent* event) {
     const auto source = FromMimeData(*event->mimeData());
-    const bool takes = source ? TakesDrop(*source)
-                              : dropRow_ >= 0 && WhyDropIsRefused(s, dropRow_, FilePaths(*event->mimeData())).empty();
-    event->setAccepted(takes);
+    event->setAccepted(source ? TakesDrop(*source)
+                              : dropRow_ >= 0 && WhyDropIsRefused(s, dropRow_, FilePaths(*event->mimeData())).empty());
 }
 
 void Control::dropEvent(QDropEvent* event) {

@@ -5,6 +5,7 @@
 
 #include "window/descriptions/described.h"
 #include "window/toolkit/strings.h"
+#include "window/toolkit/text_hold.h"
 #include "window/toolkit/theme.h"
 
 namespace marvolin {
@@ -40,6 +41,7 @@ ConsoleView::ConsoleView(Session& session, const ScriptConsole& console, QWidget
     setFont(theme::Digits(12));
     setFrameShape(QFrame::NoFrame);
     setPlaceholderText("What a script prints stands here, and so do its errors. To begin with: Examples, then Run.");
+    LetGoWithoutButton(*this);
     Pause.setSingleShot(true);
     Pause.setInterval(kConsolePause);
     Pause.callOnTimeout(this, [this] { Refresh(); });

@@ -17,6 +17,7 @@
 #include "window/descriptions/described.h"
 #include "window/popups/report_box.h"
 #include "window/toolkit/strings.h"
+#include "window/toolkit/text_hold.h"
 #include "window/toolkit/theme.h"
 
 namespace marvolin {
@@ -55,6 +56,7 @@ HelpViewer::HelpViewer() {
     text_ = new HelpText;
     Describe(*text_, "HelpText");
     text_->setOpenLinks(false);
+    LetGoWithoutButton(*text_);
     text_->document()->setDefaultStyleSheet(kPageSheet);
     text_->document()->setDocumentMargin(14);
     halves->addWidget(tree_);
