@@ -11,6 +11,7 @@
 #include <set>
 
 #include "gestures.h"
+#include "invariants.h"
 #include "run.h"
 
 namespace marvolin::hand {
@@ -144,6 +145,56 @@ TEST(HostileHand, FindsWhatIsPutInRightAfterTheGesture) {
         EXPECT_THAT(result.Found->What, HasSubstr(planted.Found));
         EXPECT_THAT(result.Found->Words, HasSubstr("  6 "));
     }
+}
+
+/// What the hand says of the instrument after a tick, once `change` has been made to it.
+std::string AfterTick(void (*change)(World& world)) {
+    std::string wrong;
+    RunOptions options;
+    options.Gestures = options.SpoilAfter = 1;
+    options.Spoil = [&](World& world) {
+        for (Row row = 0; row < kLoopTracks; ++row) world.s.Run[row].Playing = False;
+        world.s.Run[kSelectionRow].Playing = True;  // as something that plays has just left it
+        change(world);
+        wrong = WrongAfterTick(world);
+        world.s.LoopTimerBusy = false;
+    };
+    [[maybe_unused]] const RunResult result = PlayRun(options);
+    return wrong;
+}
+
+TEST(HandAfterATick, ASelectionThatPlaysWithoutItsRowsIsFoundWhenNoTickPutsItRight) {
+    EXPECT_EQ(AfterTick([](World&) {}), "");
+    EXPECT_THAT(AfterTick([](World& world) { world.s.LoopTimer->SetEnabled(false); }),
+                HasSubstr("the selection plays"));
+}
+
+TEST(HandAfterATick, AFadeThatRisesOnAnEmptyRowPlaysTheSelectionBetweenTicks) {
+    static constexpr auto kRise = [](World& world) {
+        world.s.Run[1].Loaded = False;
+        world.s.Set[1].Selected = True;
+        world.s.Run[1].FadeState = kRising;
+        world.s.LoopTimer->SetEnabled(false);
+    };
+    EXPECT_EQ(AfterTick(kRise), "");
+    EXPECT_THAT(AfterTick([](World& world) {
+                    kRise(world);
+                    world.s.Set[1].Selected = False;
+                }),
+                HasSubstr("the selection plays"));
+}
+
+TEST(HandAfterATick, AScriptThatRunsHidesNoTickThatDoesNotWork) {
+    static constexpr auto kRun = [](World& world) {
+        ASSERT_TRUE(world.Room.Run("function OnClock() end", "idle"));
+        world.s.LoopTimer->SetEnabled(false);
+    };
+    EXPECT_EQ(AfterTick(kRun), "");
+    EXPECT_THAT(AfterTick([](World& world) {
+                    kRun(world);
+                    world.s.LoopTimerBusy = true;
+                }),
+                HasSubstr("the selection plays"));
 }
 
 }  // namespace

@@ -14,8 +14,8 @@ namespace marvolin::hand {
 std::string WrongRange(const Session& s);
 /// The sums of the rules: who sounds, who is thinned, who belongs to which band, what is there of each sample.
 std::string WrongSum(const Session& s);
-/// The same for what a tick of the step clock brings about.
-std::string WrongAfterTick(const Session& s);
+/// The same for what a tick of the step clock brings about. Lets time pass where something was started after the tick.
+std::string WrongAfterTick(World& world);
 /// What is left of a gesture although no button and no key is down any more.
 std::string OpenGesture(World& world);
 /// Something that waits, or a box that spoke of a fault.

@@ -5,11 +5,13 @@
 #include "invariants.h"
 #include "parameters/scroll_events.h"
 #include "performance/selection/bands.h"
+#include "sequencing/loop_clock.h"
 
 namespace marvolin::hand {
 
 namespace {
 
+constexpr int kTicks = 3;
 constexpr std::int32_t kLongestTime = 99'999;  // 1/100 s: five digits
 
 /// Collects the first thing that is out of its range.
@@ -132,6 +134,25 @@ void ThinSums(Ranges& r, const Session& s) {
     }
 }
 
+// Between two ticks the button of the selection may say something else, by the rules.
+std::string WrongPlayOfSelection(const Session& s) {
+    bool plays = false;
+    for (Row row = 0; row < kLoopTracks; ++row) plays = plays || (IsControlled(s, row) && s.Run[row].Playing == True);
+    if ((s.Run[kSelectionRow].Playing != False) == plays) return "";
+    return plays ? "a controlled row plays, the selection does not" : "the selection plays, none of its rows does";
+}
+
+/// Whether something plays at each tick of a clock of its own: a script, or a fade that rises on an empty row, which
+/// plays the selection with each of its ticks.
+bool StartsAtTicks(const World& world) {
+    bool starts = world.Room.Runs();
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        const LoopTrackRun& run = world.s.Run[row];
+        starts = starts || (run.FadeState == kRising && run.Loaded == False && world.s.Set[row].Selected != False);
+    }
+    return starts;
+}
+
 }  // namespace
 
 std::string WrongRange(const Session& s) {
@@ -151,12 +172,13 @@ std::string WrongSum(const Session& s) {
     return sums.Wrong();
 }
 
-// Between two ticks the button of the selection may say something else, by the rules.
-std::string WrongAfterTick(const Session& s) {
-    bool plays = false;
-    for (Row row = 0; row < kLoopTracks; ++row) plays = plays || (IsControlled(s, row) && s.Run[row].Playing == True);
-    if ((s.Run[kSelectionRow].Playing != False) == plays) return "";
-    return plays ? "a controlled row plays, the selection does not" : "the selection plays, none of its rows does";
+std::string WrongAfterTick(World& world) {
+    Session& s = world.s;
+    // What starts at each tick of its own may have done so since: a tick of the step clock alone puts it right.
+    if (StartsAtTicks(world) && !WrongPlayOfSelection(s).empty()) LoopTimer_Timer(s, 0);
+    // A stick may have played something after the tick, so the next ticks count, too.
+    for (int tick = 0; tick < kTicks && !WrongPlayOfSelection(s).empty(); ++tick) world.Pass(s.TimingRes);
+    return WrongPlayOfSelection(s);
 }
 
 }  // namespace marvolin::hand

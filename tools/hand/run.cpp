@@ -19,9 +19,8 @@ namespace marvolin::hand {
 namespace {
 
 constexpr std::size_t kWordsKept = 12;
-constexpr int kWindowPeriod = 10;  // gestures between two looks at what the controls show
-constexpr int kFilePeriod = 250;   // gestures between two saved sets
-constexpr int kTicks = 3;
+constexpr int kWindowPeriod = 10;    // gestures between two looks at what the controls show
+constexpr int kFilePeriod = 250;     // gestures between two saved sets
 constexpr int kSearchTime = 10'000;  // ms, of a few folders
 constexpr std::uint64_t kAnswerSalt = 0x5bd1e995;
 
@@ -112,19 +111,11 @@ private:
         Expect(gesture, WrongRange(world_.s));
         Expect(gesture, WrongSum(world_.s));
         if (std::exchange(world_.ScreensMoved, false)) Expect(gesture, WrongPlace(world_));
-        if (world_.TakeTicked()) CheckTick(gesture);
+        if (world_.TakeTicked()) Expect(gesture, WrongAfterTick(world_));
         const bool idle = !mouse_.Holds() && !keys_.Holds();
         if (idle) Expect(gesture, OpenGesture(world_));
         if (options_.CheckAll || gesture % kWindowPeriod == 0) Expect(gesture, WrongShown(world_));
         if (gesture % kFilePeriod == 0) CheckFiles(gesture);
-    }
-
-    // A stick may have played something after the tick, so the next ticks count, too; a script that runs may do so in
-    // each.
-    void CheckTick(int gesture) {
-        if (world_.Room.Runs()) return;
-        for (int tick = 0; tick < kTicks && !WrongAfterTick(world_.s).empty(); ++tick) world_.Pass(world_.s.TimingRes);
-        Expect(gesture, WrongAfterTick(world_.s));
     }
 
     void CheckFiles(int gesture) {
