@@ -19,10 +19,17 @@ std::int16_t WantedOutput(const Session& s) {
 
 }  // namespace
 
-void OutputWatch::Forget() {
+void OutputWatch::EndWait() {
     awaited_.clear();
     news_ = false;
     looks_ = 0;
+}
+
+void OutputWatch::Forget() {
+    EndWait();
+    shrunk_.clear();
+    left_ = 0;
+    doubted_ = 0;
 }
 
 void OutputWatch::NoteLost(const Session& s, const std::string& name, std::ptrdiff_t before) {
@@ -54,7 +61,7 @@ void OutputWatch::Look(Session& s) {
         return;
     }
     if (awaited_ != name) {
-        Forget();
+        EndWait();
         // The driver may know before the list does. The default output stays in the list when another takes its place.
         if (OpenOutputIsGone(s)) awaited_ = name;
     }

@@ -20,7 +20,8 @@ public:
 
 private:
     void Await(Session& s, std::int16_t entry);
-    void Forget();
+    void EndWait();
+    void Forget();  // also whether another of its name has gone
     void NoteLost(const Session& s, const std::string& name, std::ptrdiff_t before);
 
     std::string awaited_;         // name of the output that is away; "" none

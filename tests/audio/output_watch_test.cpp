@@ -264,6 +264,23 @@ TEST(OutputWatch, LongAfterTheOtherOfTwoWithOneNameHasGoneItIsTheOpenOneThatFail
     EXPECT_EQ(i.Opened(), 0);
 }
 
+TEST(OutputWatch, AnOutputThatHasJustBeenTakenAgainIsTheOneWhoseDriverFails) {
+    Outputs i;
+    i.Have({"Primary Sound Driver"});
+    i.Look();
+    i.Have({"Primary Sound Driver", "USB", "USB"});
+    i.Sound.Failures["DirectSoundCreate"] = sound_error::kNoDriver;
+    i.Look(OutputWatch::kSteadyLooks);
+    i.Have({"Primary Sound Driver", "USB"});
+    i.Look();
+    i.Sound.Failures.clear();
+    i.Look(OutputWatch::kRetryLooks);
+    ASSERT_EQ(i.s.StatusText, "USB is back, and in use again.");
+    i.Sound.Failures["Gone"] = 1;
+    i.Look();
+    EXPECT_THAT(i.s.Drivers, ElementsAre("Primary Sound Driver", "USB", "No Sound")) << "the other went before";
+}
+
 TEST(OutputWatch, AnotherOutputThatIsChosenMeanwhileIsNoneOfThem) {
     Outputs i;
     i.Have({"Primary Sound Driver", "USB", "USB", "HDMI"});
