@@ -99,15 +99,17 @@ void LoadRow(Session& s, const StoredRow& row, const LoopsAsked& asked, LoadedRo
     if (!row.IsThere && !inRow) rows.Missing.push_back({saved, asked.Elements, row.From.NewUse3d});
 }
 
-/// Where the sample of each row was found that was not in its place; "" for the others.
-Table<std::string, kLoopTracks> FoundForRows(const std::vector<StoredRow>& stored) {
-    Table<std::string, kLoopTracks> found;
-    for (const StoredRow& row : stored) found[row.Saved.Index] = row.From.Found;
+/// Where the samples were found that were not in their places. A damaged file may ask for two in one row.
+std::vector<std::string> FoundFiles(const std::vector<StoredRow>& stored) {
+    std::vector<std::string> found;
+    for (const StoredRow& row : stored) {
+        if (!row.From.Found.empty()) found.push_back(row.From.Found);
+    }
     return found;
 }
 
 /// Rows whose sample is missing remember the files of its name that other rows got.
-void KeepPlaces(Session& s, const Table<std::string, kLoopTracks>& found, std::vector<MissingSample>& missing) {
+void KeepPlaces(Session& s, const std::vector<std::string>& found, std::vector<MissingSample>& missing) {
     for (MissingSample& sample : missing) {
         const std::string name = NameOfSample(sample.Loop.Set.FileName);
         for (const std::string& file : found) {
@@ -129,7 +131,7 @@ void ReadLoopTracks(Session& s, RecordReader& file, const LoopsAsked& asked, std
     for (Row row = 0; row < kLoopTracks; ++row) {
         if (s.EmptyBlankSetting == 1 && !rows.Loaded[row]) LoopClear(s, row);
     }
-    KeepPlaces(s, FoundForRows(stored), rows.Missing);
+    KeepPlaces(s, FoundFiles(stored), rows.Missing);
     if (!asked.Elements.Get(Element::PlayState)) return;
     for (Row row = 0; row < kLoopTracks; ++row) {
         if (rows.Playing[row] && rows.Loaded[row]) PlaySavedLoop(s, row);

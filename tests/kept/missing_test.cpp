@@ -455,6 +455,38 @@ TEST(MissingSamples, AFileThatTheOpeningHasWithheldIsWithheldByAFind) {
     EXPECT_EQ(MissingName(i.s, 1), "1.wav");
 }
 
+/// Gives the block of LoopTrack `from` in a set to LoopTrack `to`, as damage does; `sample` is its path.
+void GiveBlock(const std::string& set, const std::string& sample, char from, char to) {
+    std::string bytes = ReadBytes(set);
+    const std::string length{static_cast<char>(sample.size()), 0};
+    const std::size_t at = bytes.find(std::string{from, 0} + length + sample);
+    ASSERT_NE(at, std::string::npos);
+    bytes[at] = to;
+    WriteBytes(set, bytes);
+}
+
+TEST(MissingSamples, AFileThatTheFirstOfTwoBlocksOfARowGotIsWithheldByAFind) {
+    OneForTwo i;
+    i.s.EmptyBlankSetting = 0;
+    for (const char* folder : {"kick", "snare"}) fs::create_directories(i.Folder / folder);
+    WriteBytes(i.Folder / "kick/1.wav", "kick");
+    WriteBytes(i.Folder / "snare/1.wav", "snare");
+    i.Load(0, "kick/1.wav");
+    i.Load(1, "snare/1.wav");
+    i.Load(2, "d.wav");
+    ASSERT_TRUE(i.Save("set.mvn"));
+    GiveBlock(i.Folder / "set.mvn", i.Folder / "d.wav", 2, 0);
+    for (Row row = 0; row < kLoopTracks; ++row) LoopClear(i.s, row);
+    for (const char* gone : {"kick", "snare", "d.wav"}) fs::remove_all(i.Folder / gone);
+    i.s.Bins[0].Folder = i.Folder / "new";
+    ASSERT_TRUE(i.Open("set.mvn"));
+    ASSERT_EQ(i.s.Set[0].FileName, i.Folder / "new/1.wav") << "of its first block";
+    ASSERT_EQ(MissingName(i.s, 0), "d.wav") << "of its second";
+    ASSERT_EQ(MissingName(i.s, 1), "1.wav");
+    LoadFound(i.s, {{"1.wav", {i.Folder / "new/1.wav"}}});
+    EXPECT_EQ(MissingName(i.s, 1), "1.wav");
+}
+
 TEST(MissingSamples, AnotherFileIsFoundForTheRowFromWhichOneWasWithheld) {
     OneForTwo i;
     fs::create_directories(i.Folder / "new/snare");
