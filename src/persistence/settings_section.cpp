@@ -192,15 +192,7 @@ KeyedTable Collect(const Session& s, bool (*wanted)(const Setting&)) {
 }  // namespace
 
 KeyedTable CollectSettings(const Session& s) { return Collect(s, IsAny); }
-KeyedTable CollectSettingsOfWork(const Session& s) {
-    KeyedTable table = Collect(s, IsWork);
-    const Table<Boolean, 2> relative = JoyRelativeOfNext(s);
-    for (int i = 0; i < 2; ++i) {
-        table.Put(IndexedKey(kAxisKey, i), JoyAxisAsWork(s, i));
-        table.Put(IndexedKey(kRelativeKey, i), Box(relative[i] != False));
-    }
-    return table;
-}
+KeyedTable CollectSettingsOfWork(const Session& s) { return Collect(s, IsWork); }
 
 void PutStartOfStick(const Session& s, KeyedTable& settings) {
     bool set = false;

@@ -9,8 +9,7 @@ namespace marvolin {
 
 /// All settings, in the order of the file.
 KeyedTable CollectSettings(const Session& s);
-/// Those among them that the player works on: without the open tab and the device, which are looks and the machine's,
-/// and as they are also once a first joystick has come.
+/// Those among them that the player works on: without the open tab and the device, which are looks and the machine's.
 KeyedTable CollectSettingsOfWork(const Session& s);
 
 /// `settings` were collected when no joystick had come and nothing waited for one (`JoyIsOpen`). What they say of its

@@ -507,6 +507,65 @@ TEST(MarkOfAChangedSet, DoesNotShowWhenTheFirstStickIsAssignedWhatTheSetSays) {
     EXPECT_FALSE(i.Marked());
 }
 
+TEST(MarkOfAChangedSet, DoesNotShowWhenTheFirstStickLacksAnAxisForWhichTheSetNamesNone) {
+    InHand i;
+    StartWithoutStick(i);
+    JoyAssignAxis(i.s, kMasterAxis, kAxisNone);
+    JoyAssignAxis(i.s, kTwistAxis, kAxisRZ);
+    ASSERT_TRUE(i.Save("one.mvn"));
+    ASSERT_FALSE(i.Marked());
+    PlugIn(i, kOnlyXAndY);
+    EXPECT_FALSE(i.Marked());
+    JoyUnplug(i.s);
+    PlugIn(i, kAllAxes);
+    EXPECT_FALSE(i.Marked());
+    JAxis_Click(i.s, kMasterAxis, 0);
+    EXPECT_TRUE(i.Marked()) << "that is work";
+}
+
+TEST(MarkOfAChangedSet, DoesNotShowWhenASecondStickHasAnAxisThatTheFirstLacked) {
+    InHand i;
+    StartWithoutStick(i);
+    PlugIn(i, kOnlyXAndY);
+    EXPECT_FALSE(i.Marked());
+    JoyUnplug(i.s);
+    EXPECT_FALSE(i.Marked());
+    PlugIn(i, kAllAxes);
+    EXPECT_FALSE(i.Marked());
+    JAxis_Click(i.s, kMasterAxis, 0);
+    EXPECT_TRUE(i.Marked()) << "that is work";
+}
+
+TEST(MarkOfAChangedSet, ShowsForBothBoxesThatAreSetBeforeTheFirstStick) {
+    InHand i;
+    StartWithoutStick(i);
+    for (const int box : {0, 1}) SetJoyRelative(i.s, box, true);
+    EXPECT_TRUE(i.Marked());
+    PlugIn(i, kAllAxes);
+    EXPECT_FALSE(i.Marked()) << "it would have set them by itself";
+    for (const int box : {0, 1}) SetJoyRelative(i.s, box, false);
+    EXPECT_TRUE(i.Marked());
+}
+
+TEST(MarkOfAChangedSet, OfASetThatAStepBringsBackTheFirstStickIsNoWorkEither) {
+    InHand i;
+    StartWithoutStick(i);
+    StartUndo(i.s);
+    JoyAssignAxis(i.s, kMasterAxis, kAxisZ);
+    JoyAssignAxis(i.s, kTwistAxis, kAxisRZ);
+    for (const int box : {0, 1}) SetJoyRelative(i.s, box, true);
+    ASSERT_TRUE(i.Save("stick.mvn"));
+    ASSERT_TRUE(i.Open("one.mvn"));
+    ASSERT_FALSE(i.Marked());
+    PlugIn(i, kAllAxes);
+    EXPECT_FALSE(i.Marked());
+    Undo_Click(i.s);
+    ASSERT_EQ(i.s.CurrentFile, "stick.mvn");
+    EXPECT_FALSE(i.Marked());
+    Redo_Click(i.s);
+    EXPECT_FALSE(i.Marked());
+}
+
 TEST(MarkOfAChangedSet, ShowsForBoxesThatAreSetBeforeTheFirstStick) {
     InHand i;
     StartWithoutStick(i);

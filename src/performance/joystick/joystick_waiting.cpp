@@ -50,15 +50,6 @@ Table<Boolean, 2> JoyRelativeOfNext(const Session& s) {
     return JoyIsOpen(s) && !set ? Table<Boolean, 2>({True, True}) : now;
 }
 
-std::int16_t JoyAxisAsWork(const Session& s, int index) {
-    const std::int16_t start = kJoyStartAxes[static_cast<std::size_t>(index)];
-    if (JoyIsOpen(s)) return start;
-    if (s.Joy.Refreshing) return s.Joy.Waiting.Axis[index].value_or(start);
-    // A stick without the axis has been given none, and nobody has chosen that.
-    const std::int16_t axis = JoyAxisToKeep(s, index);
-    return axis == kAxisNone && JoyStartAxis(s, index) == kAxisNone ? start : axis;
-}
-
 void JoyLetWait(Session& s) {
     for (int action = 0; action < std::ssize(kJoyActions); ++action) {
         s.Joy.Waiting.Button[action] = s.Joy.Button[action];

@@ -26,8 +26,6 @@ bool JoyIsOpen(const Session& s);
 /// The boxes `JoyRelative` once the next joystick has come: as they are, or as a start sets them when nothing has set
 /// them, so that both are off.
 Table<Boolean, 2> JoyRelativeOfNext(const Session& s);
-/// The axis of use `index` as work: the same before and after a first joystick has come and nothing else has happened.
-std::int16_t JoyAxisAsWork(const Session& s, int index);
 
 /// All that is assigned waits for the next joystick.
 void JoyLetWait(Session& s);

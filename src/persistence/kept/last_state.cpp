@@ -81,7 +81,7 @@ void LastState::Start(Session& s) {
     timer_ = s.World.Timers.Create([this, &s](std::int32_t milliseconds) { Look(s, milliseconds); });
     timer_->SetInterval(kLookPeriod);
     timer_->SetEnabled(true);
-    kept_ = DigestOfStart(s);
+    start_ = {DigestOfStart(s), FirstStick(s)};
 }
 
 LastState::Digest LastState::DigestOf(Session& s, LoopsSaved loops, const clsSwitchRecord& switches,
@@ -116,7 +116,7 @@ LastState::Digest LastState::DigestOfSave(Session& s) {
 
 void LastState::NoteOnDisk(Session& s, const std::string& path) {
     try {
-        onDisk_[path] = DigestOfSave(s);
+        onDisk_[path] = {DigestOfSave(s), FirstStick(s)};
     } catch (const RuntimeError&) {
         onDisk_.erase(path);
     }
@@ -135,7 +135,8 @@ bool LastState::HasChanged(Session& s) {
     // A set that was only half opened or not saved has the name of a file that holds something else.
     if (file == onDisk_.end()) return true;
     try {
-        return DigestOfSave(s) != file->second;
+        const AsBeforeStick as(s, file->second.Stick);
+        return DigestOfSave(s) != file->second.Bytes;
     } catch (const RuntimeError&) {
         return true;
     }
@@ -146,8 +147,14 @@ void LastState::RefreshMark(Session& s) {
     if (std::exchange(differs_, differs) != differs) s.World.Screen.ShowTitle();
 }
 
+void LastState::FollowStick(const Session& s) {
+    start_.Stick.Follow(s);
+    for (auto& [path, work] : onDisk_) work.Stick.Follow(s);
+}
+
 void LastState::Look(Session& s, std::int32_t milliseconds) {
     TakeResult(s);
+    FollowStick(s);
     settled_ = settled_ || !DemoRuns(s);
     elapsed_ += milliseconds;
     // Never both: each makes the bytes of the set.
@@ -156,11 +163,16 @@ void LastState::Look(Session& s, std::int32_t milliseconds) {
     if (settled_) Keep(s);
 }
 
+bool LastState::IsAsAtStart(Session& s) {
+    const AsBeforeStick as(s, start_.Stick);
+    return DigestOfAll(s, SetContent::Work) == start_.Bytes;
+}
+
 void LastState::Keep(Session& s) {
     if (result_.valid()) return;  // a disk that has stalled
     try {
         // The first state pushes out that of the run before, so there must be work in it.
-        if (first_ && DigestOfAll(s, SetContent::Work) == kept_) return;
+        if (first_ && IsAsAtStart(s)) return;
         writing_ = DigestOfAll(s, SetContent::Whole);
         if (!first_ && writing_ == kept_) return;
         WriteSetFromClipsOn(records_, AllSwitches(), clips_.Bytes());

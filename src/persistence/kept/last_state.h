@@ -14,6 +14,7 @@
 #include "core/files/record_stream.h"
 #include "core/session.h"
 #include "persistence/kept/clip_records.h"
+#include "persistence/kept/first_stick.h"
 #include "persistence/session_writer.h"
 
 namespace marvolin {
@@ -66,6 +67,11 @@ public:
 
 private:
     using Digest = std::size_t;  ///< of all bytes of a set
+    /// What was in a set at one moment, as far as it is work.
+    struct Work {
+        Digest Bytes = 0;
+        FirstStick Stick;
+    };
 
     void Look(Session& s, std::int32_t milliseconds);
     void Keep(Session& s);
@@ -73,6 +79,8 @@ private:
     void TellFailure(Session& s, const std::string& why);
     void RefreshMark(Session& s);
     bool HasChanged(Session& s);
+    bool IsAsAtStart(Session& s);
+    void FollowStick(const Session& s);
     Digest DigestOf(Session& s, LoopsSaved loops, const clsSwitchRecord& switches, SetContent content);
     Digest DigestOfAll(Session& s, SetContent content);
     Digest DigestOfStart(Session& s);
@@ -81,11 +89,12 @@ private:
     std::string path_;
     RecordWriter records_;  ///< kept for its room
     ClipRecords clips_;
-    std::unordered_map<std::string, Digest> onDisk_;  ///< by the path of a set: what is in its file
+    std::unordered_map<std::string, Work> onDisk_;  ///< by the path of a set: what is in its file
     bool differs_ = false;
     bool settled_ = false;      ///< the demo has ended
     std::int32_t elapsed_ = 0;  ///< ms since a state was last kept
-    Digest kept_ = 0;           ///< of the state that was kept; before the first one, of the work at the start
+    Digest kept_ = 0;           ///< of the state that was kept
+    Work start_;                ///< the work at the start of the run
     Digest writing_ = 0;        ///< of the state that is being written
     bool first_ = true;         ///< no state of this run is kept yet
     bool new_ = false;
