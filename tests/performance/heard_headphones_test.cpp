@@ -21,12 +21,12 @@ constexpr int kWave = 100;  // frames of a period of the tone
 
 /// A tone at the right of the listener, with 3D sound.
 struct Tone : HeardInstrument {
-    Tone() {
+    explicit Tone(double hz = 44100.0 / kWave) {
         SetUse3D(s, true);
         std::vector<std::int32_t> numbers;
         for (int n = 0; n < 44100; ++n)
             numbers.push_back(
-                static_cast<std::int32_t>(std::lround(8000 * std::sin(2 * std::numbers::pi * n / kWave))));
+                static_cast<std::int32_t>(std::lround(8000 * std::sin(2 * std::numbers::pi * n * hz / 44100))));
         Sound(0, numbers, 1);
         Place(0, 1, 0);
         Render(2048);
@@ -103,6 +103,35 @@ TEST(HeardHeadphones, SwitchingLeavesNoGapAndMovesNoCursor) {
     EXPECT_GT(Quietest(all), least);
     EXPECT_LT(LargestStep(all), most);
     EXPECT_TRUE(i.Desk.Boxes.empty());
+}
+
+/// The least of all milliseconds, in dB.
+double QuietestMillisecond(const std::vector<std::int16_t>& out) {
+    constexpr std::size_t kFrames = 44;
+    double least = 1e30;
+    for (std::size_t begin = 0; begin + 2 * kFrames <= out.size(); begin += 2) {
+        double sum = 1e-3;
+        for (std::size_t i = begin; i < begin + 2 * kFrames; ++i) sum += static_cast<double>(out[i]) * out[i];
+        least = std::min(least, sum);
+    }
+    return 10 * std::log10(least);
+}
+
+TEST(HeardHeadphones, SwitchingMakesNoMillisecondQuieterThanWhatIsBeforeAndBehind) {
+    for (const double hz : {100.0, 260.0, 441.0, 700.0, 1000.0, 1300.0, 2200.0, 3000.0, 6000.0}) {
+        SCOPED_TRACE(hz);
+        Tone i(hz);
+        double before = QuietestMillisecond(i.Render(4099));
+        for (int turn = 0; turn < 10; ++turn) {
+            SCOPED_TRACE(turn);
+            Headphones_Click(i.s, turn % 2 == 0);
+            const double seam = QuietestMillisecond(i.Render(700));
+            i.Render(1024);
+            const double behind = QuietestMillisecond(i.Render(4099));
+            EXPECT_GT(seam, std::min(before, behind) - 3);
+            before = behind;
+        }
+    }
 }
 
 TEST(HeardHeadphones, SwitchingWhileAnotherThreadRendersLeavesNoGap) {

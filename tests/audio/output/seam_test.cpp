@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <numbers>
 #include <vector>
 
 namespace marvolin {
@@ -52,18 +53,55 @@ TEST(Seam, GoesFromWhatWasHeardToWhatIsRenderedWithoutAStep) {
     }
 }
 
-TEST(Seam, WhatWasHeardGoesOnBackwards) {
+/// Of a tone with this period, as loud as can be.
+std::int16_t Tone(int frame, double period) {
+    return static_cast<std::int16_t>(std::lround(32767 * std::sin(2 * std::numbers::pi * frame / period)));
+}
+
+TEST(Seam, ATonePlaysOnUntilItFades) {
+    for (const double period : {33.0, 100.0, 441.0, 1000.0}) {
+        SCOPED_TRACE(period);
+        Seam seam;
+        constexpr int kBefore = 2111;
+        std::vector<std::int16_t> before;
+        for (int i = 0; i < kBefore; ++i) {
+            before.insert(before.end(), {Tone(i, period), static_cast<std::int16_t>(Tone(i, period) / 2)});
+        }
+        Sew(seam, before);
+        seam.Open();
+        std::vector<std::int16_t> after = Level(Seam::kHidden, 9999, 9999);
+        Sew(seam, after);
+        for (int i = 0; i < Seam::kHidden; ++i) {
+            EXPECT_NEAR(after[static_cast<std::size_t>(2 * i)], Tone(kBefore + i, period), 2) << i;
+            EXPECT_NEAR(after[static_cast<std::size_t>(2 * i + 1)], Tone(kBefore + i, period) / 2, 2) << i;
+        }
+    }
+}
+
+TEST(Seam, WhatHasNoPeriodGoesOnWithoutAStep) {
     Seam seam;
     std::vector<std::int16_t> before;
-    for (int i = 0; i < 500; ++i) {
-        const auto level = static_cast<std::int16_t>(i);
-        before.insert(before.end(), {level, level});
+    for (int i = 0; i < 2000; ++i) {
+        const auto level = static_cast<std::int16_t>(16 * i);
+        before.insert(before.end(), {level, static_cast<std::int16_t>(-level)});
     }
+    Sew(seam, before);
+    seam.Open();
+    std::vector<std::int16_t> all(before.end() - 2, before.end());
+    std::vector<std::int16_t> after = Level(Seam::kHidden, 9999, 9999);
+    Sew(seam, after);
+    all.insert(all.end(), after.begin(), after.end());
+    for (std::size_t i = 2; i < all.size(); ++i) EXPECT_LE(std::abs(all[i] - all[i - 2]), 600) << i;
+}
+
+TEST(Seam, FromSilenceItIsSilentAtFirst) {
+    Seam seam;
+    std::vector<std::int16_t> before = Level(2000, 0, 0);
     Sew(seam, before);
     seam.Open();
     std::vector<std::int16_t> after = Level(Seam::kHidden, 9999, 9999);
     Sew(seam, after);
-    for (int i = 0; i < Seam::kHidden; ++i) EXPECT_EQ(after[static_cast<std::size_t>(2 * i)], 499 - i);
+    EXPECT_EQ(after, Level(Seam::kHidden, 0, 0));
 }
 
 }  // namespace
