@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <ctime>
 #include <filesystem>
 #include <memory>
 #include <vector>
@@ -164,6 +165,13 @@ struct FullFolder {
     }
 };
 
+/// What the machine has given this thread so far, in ms: without the time that other programs have taken.
+double ThreadTime() {
+    timespec time{};
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+}
+
 /// One turn of "Find": what the window waits for. The first turn of a search reads the folder's first entries.
 void OneTurnOfFindInAHundredThousandFiles(benchmark::State& state) {
     const FullFolder b;
@@ -173,13 +181,17 @@ void OneTurnOfFindInAHundredThousandFiles(benchmark::State& state) {
         return std::chrono::nanoseconds(std::chrono::steady_clock::now().time_since_epoch()).count();
     };
     double longest = 0;
+    double longestOwn = 0;
     for (auto _ : state) {
+        const double ownBegin = ThreadTime();
         const auto begin = std::chrono::steady_clock::now();
-        if (search->StepFor(1'000'000, now)) search = std::make_unique<SampleSearch>(b.Folder.Path(), names);
+        if (search->StepFor(SampleSearch::kTurn, now)) search = std::make_unique<SampleSearch>(b.Folder.Path(), names);
         const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - begin;
         longest = std::max(longest, took.count());
+        longestOwn = std::max(longestOwn, ThreadTime() - ownBegin);
     }
     state.counters["longest_ms"] = longest;
+    state.counters["longest_own_ms"] = longestOwn;
 }
 BENCHMARK(OneTurnOfFindInAHundredThousandFiles)->Unit(benchmark::kMicrosecond)->Iterations(1000);
 

@@ -18,6 +18,9 @@ namespace marvolin {
 /// be read is passed over. A name that differs only in the case of its letters counts when there is none spelled alike.
 class SampleSearch {
 public:
+    /// How long one turn looks, in nanoseconds: with a call of the system that takes long, still less than a tick.
+    static constexpr std::int64_t kTurn = 500'000;
+
     SampleSearch(const std::string& folder, std::vector<std::string> names);
 
     /// Looks at the next `entries` entries. True when all is seen.

@@ -12,8 +12,7 @@ namespace marvolin {
 
 namespace {
 
-constexpr std::int64_t kSearchTurn = 1'000'000;  // ns, which no tick misses
-constexpr int kTurnPeriod = 5;                   // ms
+constexpr int kTurnPeriod = 5;  // ms
 
 std::int64_t SteadyTime() {
     return std::chrono::nanoseconds(std::chrono::steady_clock::now().time_since_epoch()).count();
@@ -47,7 +46,7 @@ void MissingFinder::Look(const std::string& folder) {
 }
 
 void MissingFinder::LookOn() {
-    if (!search_->StepFor(kSearchTurn, SteadyTime)) return;
+    if (!search_->StepFor(SampleSearch::kTurn, SteadyTime)) return;
     const FoundSamples found = search_->Found();
     Stop();
     LoadFound(s, found);
