@@ -153,6 +153,7 @@ void LoadRow(Session& s, Row row, const std::string& path) {
         return;
     }
     if (!TargetExists(path)) {
+        ShowStatus(s, "Not loaded: " + FileNameOf(path));  // the box does not say which
         s.World.Desk.Report("File Doesn't Exist !!");
         return;
     }

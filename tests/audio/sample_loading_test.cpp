@@ -45,12 +45,13 @@ TEST(LoopLoad, AMissingFileShowsAMessageAndTheOldSampleStays) {
     Loader i;
     i.Fill(0, "/old.WAV");
     std::filesystem::create_symlink("/nowhere/at/all.WAV", i.Folder / "link.WAV");
-    for (const std::string& name : {std::string("none.WAV"), std::string(4000, 'x'),
-                                    std::string("deep/") + "none.WAV", std::string("link.WAV")}) {
+    for (const std::string& name : {std::string("none.WAV"), std::string(4000, 'x'), std::string("deep/") + "none.WAV",
+                                    std::string("link.WAV")}) {
         SCOPED_TRACE(name.substr(0, 20));
         i.Desk.Boxes.clear();
         i.Load(0, name);
         EXPECT_EQ(i.Desk.LastBox(), "File Doesn't Exist !!");
+        EXPECT_EQ(i.s.StatusText, "Not loaded: " + name.substr(name.rfind('/') + 1)) << "the box does not say which";
         EXPECT_EQ(i.s.Set[0].FileName, "/old.WAV");
         EXPECT_EQ(i.s.Run[0].Loaded, True);
     }
@@ -194,7 +195,7 @@ TEST(LoopLoad, AnErrorOfAnyKindWhileSettingUpIsShownInTheStatusLine) {
     s.DS = s.DX->DirectSoundCreate("guid1");
     s.DSReady = true;
     LoopLoad(s, 0, i.Folder.Path(), "a.WAV");
-    EXPECT_EQ(s.StatusText, "");
+    EXPECT_EQ(s.StatusText, "Not loaded: a.WAV") << "there is no such file";
     i.Make("a.WAV");
     LoopLoad(s, 0, i.Folder.Path(), "a.WAV");
     EXPECT_EQ(s.StatusText, "Error setting up loaded loop");
