@@ -38,6 +38,7 @@ struct Loading {
     std::string Folder;                  ///< folder of the file, with its separator
     std::vector<std::string> NotLoaded;  ///< names of the samples that no LoopTrack got
     bool Nearby = true;                  ///< samples are looked for also where they were not stored
+    std::string Readout;                 ///< what the status line had before, or has of a control that was set
 
     bool Asked(Element element) const { return Switches.Get(element); }
 };
@@ -56,7 +57,9 @@ std::int32_t Count(RecordReader& file) { return file.CheckedCount(file.GetIntege
 
 void ReadSettings(Session& s, RecordReader& file, Loading& load) {
     const KeyedTable table = ReadDictionary(file);
-    if (load.Asked(Element::General)) ApplySettings(s, table);
+    if (!load.Asked(Element::General)) return;
+    ApplySettings(s, table);
+    load.Readout = s.StatusText;
 }
 
 // Bands are saved and not loaded.
@@ -151,6 +154,11 @@ void ShowNotLoaded(Session& s, const Loading& load) {
     ShowStatus(s, "Not loaded: " + names);
 }
 
+// The readout of the pad, which a set moves, means nothing to whoever has opened it. A report stays.
+void ShowOpened(Session& s, const Loading& load, const std::string& fileName) {
+    if (s.StatusText == load.Readout) ShowStatus(s, "Opened " + LastPathPart(fileName));
+}
+
 void MakeCurrent(Session& s, const std::string& fileName) {
     SplitFilePath(fileName, s.CurrentFolder, s.CurrentFile);
     s.Title = "marvolin-" + s.CurrentFile;
@@ -162,7 +170,7 @@ void MakeCurrent(Session& s, const std::string& fileName) {
 bool LoadSession(Session& s, const std::string& fileName, SetAsCurrent current, const clsSwitchRecord& switches,
                  AdoptSwitches adopt) {
     if (!FileExists(fileName)) return false;
-    Loading load{switches, {}, IsPackage(fileName), "", {}, true};
+    Loading load{switches, {}, IsPackage(fileName), "", {}, true, s.StatusText};
     // A change of device brings its own rows back: the same file, or it waits. It alone asks for no play state by a
     // file that gives the session no name.
     load.Nearby = current == SetAsCurrent::Yes || switches.Get(Element::PlayState);
@@ -185,6 +193,7 @@ bool LoadSession(Session& s, const std::string& fileName, SetAsCurrent current, 
     if (adopt == AdoptSwitches::Yes) s.SaveOpenSwitches[kWhenSaving] = load.FileSwitches;
     if (current == SetAsCurrent::Yes) MakeCurrent(s, fileName);
     PatternsRefresh(s);
+    if (adopt == AdoptSwitches::Yes) ShowOpened(s, load, fileName);
     ShowNotLoaded(s, load);
     return true;
 }

@@ -8,7 +8,7 @@ namespace marvolin {
 
 /// Reads a session file and applies what `switches` select, section by section. A load that fails halfway leaves
 /// applied what it has read, down to the single LoopTrack, list entry and clip. The status line names the samples that
-/// could not be loaded.
+/// could not be loaded; else, when the file's switches are adopted, the file.
 ///
 /// `current` says whether the file becomes the current session of the window title, `adopt` whether its switches become
 /// those of the next save; both happen only at the end. True when the file was read to its end. A file that does not

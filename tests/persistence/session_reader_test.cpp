@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "core/routines.h"
 #include "parameters/position.h"
 #include "persistence/golden.h"
 #include "persistence/set_instrument.h"
@@ -180,6 +181,27 @@ TEST(LoadSession, AMissingSampleIsNoFailureOfTheSession) {
     EXPECT_EQ(i.Desk.LastBox(), "File Doesn't Exist !!");
     EXPECT_EQ(i.s.Run[0].Loaded, False);
     EXPECT_NE(i.s.Run[3].Loaded, False);
+}
+
+TEST(LoadSession, TheStatusLineNamesTheSetThatWasOpenedUnlessThereIsMoreToSay) {
+    SetInstrument i;
+    const std::string file = i.Folder / "night.mvn";
+    WriteBytes(file, GoldenSession(i.Folder.Path()));
+    ShowStatus(i.s, "a readout of before");
+    ASSERT_TRUE(LoadSession(i.s, file, SetAsCurrent::Yes, AllSwitches(), AdoptSwitches::Yes));
+    EXPECT_EQ(i.s.StatusText, "Opened night.mvn") << "not the levels of the pad, which the settings centre";
+    ShowStatus(i.s, "a readout of before");
+    clsSwitchRecord volumes;
+    volumes.Put(Element::Vol, true);
+    ASSERT_TRUE(LoadSession(i.s, file, SetAsCurrent::Yes, volumes, AdoptSwitches::Yes));
+    EXPECT_EQ(i.s.StatusText, "Opened night.mvn") << "of which a part counts, too";
+    ShowStatus(i.s, "a report");
+    ASSERT_TRUE(LoadSession(i.s, file, SetAsCurrent::No, volumes, AdoptSwitches::No));
+    EXPECT_EQ(i.s.StatusText, "a report") << "a change of device opens nothing";
+    std::filesystem::remove(i.Folder / "a.wav");
+    SetInstrument missing;
+    ASSERT_TRUE(LoadSession(missing.s, file, SetAsCurrent::Yes, AllSwitches(), AdoptSwitches::Yes));
+    EXPECT_EQ(missing.s.StatusText, "Not loaded: a.wav");
 }
 
 TEST(LoadSession, TheStatusLineNamesTheSamplesThatCouldNotBeLoaded) {
