@@ -5,6 +5,7 @@
 
 #include <QListWidget>
 
+#include "core/routines.h"
 #include "key_hand.h"
 #include "performance/drops/palette.h"
 #include "performance/selection/bands.h"
@@ -133,6 +134,16 @@ TEST(KeyDrag, EscapeLetsGoAndNothingHasChanged) {
     EXPECT_EQ(hand.Ring(), nullptr);
     auto after = FactsOf(hand.s);
     EXPECT_THAT(test::Changed(before, after), IsEmpty());
+}
+
+TEST(KeyDrag, WhatStoodInTheStatusLineComesBackWhenItIsLetGo) {
+    CarryHand hand;
+    hand.Go("Letr_0");
+    ShowStatus(hand.s, "a report");
+    hand.Key(Qt::Key_Insert);
+    ASSERT_NE(hand.s.StatusText, "a report");
+    hand.Key(Qt::Key_Escape);
+    EXPECT_EQ(hand.s.StatusText, "a report");
 }
 
 TEST(KeyDrag, ADropThatWouldDoNothingIsRefusedAndTheLoadIsKept) {

@@ -138,6 +138,18 @@ TEST(DroppedFiles, WhyTheyAreRefusedGoesWhenTheyLeaveTheWindow) {
     EXPECT_EQ(stage.s.StatusText, "");
 }
 
+TEST(DroppedFiles, WhatStoodInTheStatusLineBeforeTheyWereRefusedComesBack) {
+    Stage stage;
+    test::TempFolder folder;
+    const std::string text = folder.Touch("readme.txt");
+    ShowStatus(stage.s, "a report");
+    for (const char* name : {"Browse", "Letr_1"}) EXPECT_FALSE(stage.DropFiles(name, {text}));
+    ASSERT_NE(stage.s.StatusText, "a report");
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(stage.Form->windowHandle(), &leave);
+    EXPECT_EQ(stage.s.StatusText, "a report");
+}
+
 TEST(DroppedFiles, WhatIsShownInPlaceOfTheRefusalStays) {
     Refused stage;
     ShowStatus(stage.s, "A report");

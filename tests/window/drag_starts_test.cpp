@@ -11,6 +11,7 @@
 #include "hand.h"
 #include "performance/tabs.h"
 #include "window/controls/clip_list.h"
+#include "window/descriptions/described.h"
 #include "window/toolkit/drag.h"
 #include "window/toolkit/drop_words.h"
 
@@ -70,18 +71,39 @@ TEST(DragStart, ALetterDraggedWithTheRightButtonAndDroppedFadesTheTwoLoopTracks)
 
 TEST(DragStart, MeanwhileTheStatusLineSaysWhatADropDoes) {
     Stage stage;
+    QWidget& letter = *stage.Form->findChild<QWidget*>("Letr_1");
+    ShowStatus(stage.s, "");
     {
-        const DropWordsShown shown(stage.s, "drop on a Letter");
+        const DropWordsShown shown(stage.s, letter, "drop on a Letter");
         EXPECT_EQ(stage.s.StatusText, "drop on a Letter");
     }
     EXPECT_EQ(stage.s.StatusText, "");
     {
-        const DropWordsShown shown(stage.s, "drop on a Letter");
+        const DropWordsShown shown(stage.s, letter, "drop on a Letter");
         ShowStatus(stage.s, "a report");
     }
     EXPECT_EQ(stage.s.StatusText, "a report");
     ASSERT_TRUE(DragFrom(stage, "Letr_1"));
     EXPECT_FALSE(stage.s.StatusText.starts_with("drop on "));
+}
+
+TEST(DragStart, WhatStoodInTheStatusLineComesBackAfterIt) {
+    Stage stage;
+    QWidget& letter = *stage.Form->findChild<QWidget*>("Letr_1");
+    ShowStatus(stage.s, "a report");
+    { const DropWordsShown shown(stage.s, letter, "drop on a Letter"); }
+    EXPECT_EQ(stage.s.StatusText, "a report");
+    DescribedOf(letter)->ShowHint(0, false);
+    const std::string hint = stage.s.StatusText;
+    ASSERT_NE(hint, "a report");
+    { const DropWordsShown shown(stage.s, letter, "drop on a Letter"); }
+    EXPECT_EQ(stage.s.StatusText, "") << "the pointer is elsewhere";
+    letter.setAttribute(Qt::WA_UnderMouse);
+    DescribedOf(letter)->ShowHint(0, false);
+    { const DropWordsShown shown(stage.s, letter, "drop on a Letter"); }
+    EXPECT_EQ(stage.s.StatusText, hint);
+    DescribedOf(letter)->TakeHintAway();
+    EXPECT_EQ(stage.s.StatusText, "") << "it goes with the pointer";
 }
 
 TEST(DragStart, TheWordsOfADropAreThoseOfWhatIsDragged) {

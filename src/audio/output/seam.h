@@ -14,7 +14,7 @@ public:
     static constexpr int kFade = 256;            ///< frames of the fade after them
     static constexpr int kLongestPeriod = 1024;  ///< frames; 43 Hz
 
-    /// The next frame is the first of the reset mixer. Takes about a tenth of a millisecond.
+    /// The next frame is the first of the reset mixer. Takes about 0.2 ms.
     void Open() noexcept;
     /// What has been rendered passes here, `frames` stereo frames at a time.
     void Pass_rt(std::int16_t* frames, int count) noexcept;

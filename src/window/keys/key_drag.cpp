@@ -113,6 +113,7 @@ void KeyDrag::PickUp(QWidget& focus, std::int16_t button) {
     if (from != nullptr && focus.isEnabled()) load_ = from->Carried(button);
     if (!load_) return ShowStatus(s, "Nothing can be picked up here");
     carried_ = DragName(s, *load_);
+    former_.emplace(s, focus);
     content_ = ContentOf(s, *load_);
     ShowSign(focus);
     ShowStatus(s, carried_ + ": key Arrows Choose where; key Insert Drop; key Esc Let go");
@@ -134,7 +135,8 @@ void KeyDrag::LetGo() {
     load_.reset();
     delete sign_;
     DropRing::Of(*qApp).Hide();
-    ShowStatus(s, "");
+    if (former_) former_->BringBack();
+    former_.reset();
 }
 
 void KeyDrag::GoToTarget(QWidget& focus, bool forward, bool otherRow) {

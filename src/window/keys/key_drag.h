@@ -7,6 +7,7 @@
 
 #include "core/drag_source.h"
 #include "core/session.h"
+#include "window/toolkit/former_status.h"
 
 class QKeyEvent;
 class QLabel;
@@ -48,7 +49,8 @@ private:
 
     Session& s;
     std::optional<DragSource> load_;
-    std::string carried_;    // its name
+    std::string carried_;  // its name
+    std::optional<FormerStatus> former_;
     std::string content_;    // what it stood for at the pick-up
     bool asks_ = false;      // a control is asked whether it takes it
     QPointer<QLabel> sign_;  // shows what is carried

@@ -138,7 +138,7 @@ QPixmap LabelPicture(const QString& text, double ratio) {
 void RunAlone(QWidget& from, Session& s, QDrag& drag, const std::string& words) {
     const Described* described = DescribedOf(from);
     const OneButton only(described == nullptr ? Qt::NoButton : described->Holder());
-    const DropWordsShown shown(s, words);
+    const DropWordsShown shown(s, from, words);
     drag.exec(Qt::CopyAction);
 }
 

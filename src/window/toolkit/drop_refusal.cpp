@@ -21,6 +21,7 @@ DropRefusal& DropRefusal::Of(QWidget& window, Session& session) {
 }
 
 void DropRefusal::Tell(const std::string& text) {
+    if (s.StatusText != told_ || told_.empty()) before_ = s.StatusText;
     told_ = text;
     ShowStatus(s, text);
 }
@@ -30,7 +31,7 @@ bool DropRefusal::eventFilter(QObject* object, QEvent* event) {
     const bool taken = event->type() == QEvent::DragMove || event->type() == QEvent::Drop;
     const bool left = event->type() == QEvent::DragLeave && object->isWindowType();
     if (told_.empty() || !(left || (taken && object->isWidgetType()))) return false;
-    if (std::exchange(told_, {}) == s.StatusText) ShowStatus(s, "");
+    if (std::exchange(told_, {}) == s.StatusText) ShowStatus(s, before_);
     return false;
 }
 

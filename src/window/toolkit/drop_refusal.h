@@ -9,8 +9,9 @@ class QWidget;
 
 namespace marvolin {
 
-/// What the status line says while a drag lies where a drop would do nothing. It goes when a control takes the drag, at
-/// the drop, and when the drag leaves the window, unless something else is shown by then.
+/// What the status line says while a drag lies where a drop would do nothing. When a control takes the drag, at the
+/// drop, and when the drag leaves the window, the line has again what stood there before, unless something else is
+/// shown by then.
 class DropRefusal : public QObject {
 public:
     /// That of `window`, which owns it; made when it is asked for the first time. `session` must outlive it.
@@ -25,6 +26,7 @@ private:
 
     Session& s;
     std::string told_;
+    std::string before_;  // what the status line had
 };
 
 }  // namespace marvolin

@@ -50,12 +50,13 @@ std::string DropWords(const DragSource& source) {
     return row == kWords.end() ? "" : std::string(row->Text);
 }
 
-DropWordsShown::DropWordsShown(Session& session, const std::string& words) : session_(session), words_(words) {
+DropWordsShown::DropWordsShown(Session& session, QWidget& control, const std::string& words)
+    : session_(session), former_(session, control), words_(words) {
     ShowStatus(session_, words_);
 }
 
 DropWordsShown::~DropWordsShown() {
-    if (session_.StatusText == words_) ShowStatus(session_, "");
+    if (session_.StatusText == words_) former_.BringBack();
 }
 
 }  // namespace marvolin

@@ -6,6 +6,7 @@
 
 #include "core/drag_source.h"
 #include "core/session.h"
+#include "window/toolkit/former_status.h"
 
 namespace marvolin {
 
@@ -16,16 +17,18 @@ std::string DropWords(const DragSource& source);
 /// The same for a folder of the tree.
 inline constexpr char kFolderDropWords[] = "drop on the Name of a Bin: it shows this Folder";
 
-/// While it lives the status line has `words`, unless something is reported meanwhile.
+/// While it lives the status line has `words`, unless something is reported meanwhile. Then it has again what stood
+/// there before the drag of `control`; see `FormerStatus`.
 class DropWordsShown {
 public:
-    DropWordsShown(Session& session, const std::string& words);
+    DropWordsShown(Session& session, QWidget& control, const std::string& words);
     ~DropWordsShown();
     DropWordsShown(const DropWordsShown&) = delete;
     DropWordsShown& operator=(const DropWordsShown&) = delete;
 
 private:
     Session& session_;
+    FormerStatus former_;
     std::string words_;
 };
 

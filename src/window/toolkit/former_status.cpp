@@ -1,0 +1,25 @@
+#include "window/toolkit/former_status.h"
+
+#include <QCursor>
+
+#include "core/routines.h"
+#include "window/descriptions/described.h"
+
+namespace marvolin {
+
+FormerStatus::FormerStatus(Session& session, QWidget& control)
+    : session_(session), control_(&control), text_(session.StatusText) {
+    if (Described* described = DescribedOf(control)) described->TakeHintAway();
+    wasHint_ = session.StatusText != text_;
+}
+
+void FormerStatus::BringBack() const {
+    if (!wasHint_) return ShowStatus(session_, text_);
+    ShowStatus(session_, "");
+    if (control_.isNull() || !(control_->underMouse() || control_->hasFocus())) return;
+    const auto* parts = dynamic_cast<const HasParts*>(control_.data());
+    const int part = parts == nullptr ? 0 : parts->PartAt(control_->mapFromGlobal(QCursor::pos()));
+    if (Described* described = DescribedOf(*control_)) described->ShowHint(part, false);
+}
+
+}  // namespace marvolin

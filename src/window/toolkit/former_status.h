@@ -1,0 +1,28 @@
+#pragma once
+/// \file
+/// What the status line had before a drag.
+
+#include <QPointer>
+#include <QWidget>
+#include <string>
+
+#include "core/session.h"
+
+namespace marvolin {
+
+/// Remembers what the status line has when a drag of `control` begins. A hint of the control is taken away, as no hint
+/// is shown during a drag.
+class FormerStatus {
+public:
+    FormerStatus(Session& session, QWidget& control);
+    /// Shows it again; the hint of the control only where the control still has the pointer or the focus.
+    void BringBack() const;
+
+private:
+    Session& session_;
+    QPointer<QWidget> control_;
+    std::string text_;
+    bool wasHint_ = false;
+};
+
+}  // namespace marvolin
