@@ -3,6 +3,8 @@
 
 #include "fakes/fake_world.h"
 #include "forms.h"
+#include "performance/joystick/joystick_setup.h"
+#include "performance/joystick/joystick_waiting.h"
 #include "performance/map/use_3d.h"
 #include "performance/pad/pad_tables.h"
 #include "performance/tabs.h"
@@ -82,6 +84,17 @@ void PictureMap(Album& album) {
     MapEnable(scene.s, true);
     album.Add(*scene.Form, "main-map-on");
     PictureControls(album, scene);
+}
+
+/// What a set assigns waits, as no joystick is there.
+void PictureJoystickAway(Album& album) {
+    MainScene scene(true);
+    SetTab(scene.s, kOptionTab);
+    scene.s.ActiveSubTab = 0;
+    scene.Screen.ShowTab();
+    JoyUnplug(scene.s);
+    JoyAssignAxis(scene.s, kMasterAxis, kAxisRX);
+    album.Add(*scene.Form, "main-joystick-away");
 }
 
 void PictureModes(Album& album) {
@@ -182,6 +195,7 @@ void PictureMainWindow(Album& album) {
     }
     PicturePad(album);
     PictureMap(album);
+    PictureJoystickAway(album);
     PictureModes(album);
     PictureSound(album);
     PicturePopups(album);
