@@ -17,6 +17,7 @@
 #include "compare.h"
 #include "forms.h"
 #include "scene.h"
+#include "window/screens/small_painting.h"
 #include "window/toolkit/theme.h"
 
 using namespace marvolin::test;
@@ -36,6 +37,7 @@ int ShowAtScale(int argc, char** argv, const char* folder, const char* scale) {
     QApplication::setCursorFlashTime(0);
     QApplication::setEffectEnabled(Qt::UI_AnimateCombo, false);
     QLocale::setDefault(QLocale::c());
+    const marvolin::SmallPainting smallPainting;
     marvolin::theme::Apply(application);
     Album album(folder, std::string("@") + scale);
     PictureMainWindow(album);
