@@ -45,6 +45,28 @@ TEST(EditorFiles, NewBeginsWithAnExampleThatIsChosen) {
     }
 }
 
+/// Counts how often a widget is painted.
+struct PaintCount : QObject {
+    int Paints = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) ++Paints;
+        return false;
+    }
+};
+
+TEST(EditorFiles, TheButtonOfTheListIsPaintedAnewWhenTheListHasGoneAndThePointerIsElsewhere) {
+    EditorStage stage;
+    QCursor::setPos(stage.Window.mapToGlobal(QPoint(5, stage.Window.height() - 5)));
+    stage.Click("Examples");
+    stage.Settle();
+    PaintCount count;
+    stage.At("Examples")->installEventFilter(&count);
+    stage.Window.findChild<QListWidget*>("ExampleList")->hide();
+    stage.Settle();
+    EXPECT_FALSE(stage.At("Examples")->underMouse());
+    EXPECT_GT(count.Paints, 0) << "it was lit as under the pointer";
+}
+
 TEST(EditorFiles, AnExampleThatIsGoneIsToldAndTheTextStays) {
     EditorStage stage;
     stage.Desk.Folder = "/nowhere";

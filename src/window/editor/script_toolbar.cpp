@@ -63,9 +63,10 @@ void ScriptToolbar::MakeList() {
     list_ = new PopupList(s, window(), "ExampleList");
     list_->OnHide = [this] {
         // The list has had the pointer: the button has not seen it go.
+        if (examples_->rect().contains(examples_->mapFromGlobal(QCursor::pos()))) return;
         QEvent left(QEvent::Leave);
-        if (!examples_->rect().contains(examples_->mapFromGlobal(QCursor::pos())))
-            QApplication::sendEvent(examples_, &left);
+        QApplication::sendEvent(examples_, &left);
+        examples_->update();  // the toolkit does so only for its own event
     };
     list_->OnChoose = [this](int row) {
         list_->hide();
