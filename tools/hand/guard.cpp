@@ -17,6 +17,7 @@ namespace marvolin::hand {
 
 namespace {
 
+constexpr int kWorkDone = 77;  // exit status that the program itself never has
 constexpr std::chrono::milliseconds kLook{50};
 constexpr std::chrono::seconds kPatience{120};  // longer than any gesture takes, also under a sanitizer
 
@@ -97,7 +98,7 @@ bool SharedNotes::InChild(const std::function<void()>& work) {
     if (child < 0) throw std::runtime_error("no further process");
     if (child == 0) {
         work();
-        std::exit(EXIT_SUCCESS);
+        std::exit(kWorkDone);
     }
     int status = 0;
     std::int64_t begun = -1;
@@ -114,7 +115,7 @@ bool SharedNotes::InChild(const std::function<void()>& work) {
         return false;
     }
     if (WIFSIGNALED(status)) FindEnd("the program died of signal " + std::to_string(WTERMSIG(status)));
-    if (WIFEXITED(status) && WEXITSTATUS(status) != EXIT_SUCCESS)
+    if (WIFEXITED(status) && WEXITSTATUS(status) != kWorkDone)
         FindEnd("the program ended with status " + std::to_string(WEXITSTATUS(status)));
     return !notes_->Found;
 }
