@@ -147,6 +147,20 @@ TEST(HostileHand, FindsWhatIsPutInRightAfterTheGesture) {
     }
 }
 
+TEST(HostileHand, NamesTheLastGestureForWhatIsWrongAtTheEnd) {
+    struct Staying : QObject {
+        using QObject::QObject;
+        bool eventFilter(QObject*, QEvent* event) override { return event->type() == QEvent::Close; }
+    };
+    RunOptions options;
+    options.Gestures = options.SpoilAfter = 3;
+    options.Spoil = [](World& world) { world.Main().installEventFilter(new Staying(&world.Main())); };
+    const RunResult result = PlayRun(options);
+    ASSERT_TRUE(result.Found.has_value());
+    EXPECT_THAT(result.Found->What, HasSubstr("does not close"));
+    EXPECT_EQ(result.Found->Gesture, 3) << "a run of three gestures finds it again";
+}
+
 /// What the hand says of the instrument after a tick, once `change` has been made to it.
 std::string AfterTick(void (*change)(World& world)) {
     std::string wrong;

@@ -16,7 +16,7 @@ inline constexpr int kGesturesARun = 2000;
 /// Something that does not hold.
 struct Finding {
     std::uint64_t Seed = 0;
-    int Gesture = 0;    ///< its number in the run, from 1; `kGesturesARun` + 1 for the end of the instrument
+    int Gesture = 0;    ///< its number in the run, from 1; that of the last one for the end of the instrument
     std::string What;   ///< what does not hold
     std::string Words;  ///< the last gestures, a line each
 };
