@@ -8,8 +8,8 @@ namespace marvolin {
 namespace {
 
 constexpr int kShortestPeriod = 32;
-constexpr int kCompareEvery = 2;  // frames: enough to find a period by, at half the time
-constexpr int kJoin = 32;         // frames in which a step to the repeated period is smoothed out
+constexpr int kCompareEvery = 4;  // frames: enough to find a period by, in a quarter of the time
+constexpr int kJoin = 32;         // frames in which a step to the next repetition is smoothed out
 
 std::int16_t Between_rt(std::int16_t from, std::int16_t to, int step, int steps) noexcept {
     return static_cast<std::int16_t>(from + (to - from) * step / steps);
@@ -46,7 +46,8 @@ void Seam::Open() noexcept {
     for (int i = 0; i < kLength; ++i) {
         for (int side = 0; side < 2; ++side) {
             const int step = heard(kHistory - 1, side) - heard(kHistory - 1 - period, side);
-            const int value = heard(kHistory - period + i % period, side) + step * std::max(kJoin - i, 0) / (kJoin + 1);
+            const int value =
+                heard(kHistory - period + i % period, side) + step * std::max(kJoin - i % period, 0) / (kJoin + 1);
             before_[static_cast<std::size_t>(2 * i + side)] =
                 static_cast<std::int16_t>(std::clamp(value, INT16_MIN, INT16_MAX));
         }

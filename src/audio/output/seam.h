@@ -12,7 +12,7 @@ class Seam {
 public:
     static constexpr int kHidden = 64;           ///< frames in which nothing of the reset mixer is heard
     static constexpr int kFade = 256;            ///< frames of the fade after them
-    static constexpr int kLongestPeriod = 1024;  ///< frames; 43 Hz
+    static constexpr int kLongestPeriod = 2048;  ///< frames; 22 Hz
 
     /// The next frame is the first of the reset mixer. Takes about 0.2 ms.
     void Open() noexcept;
