@@ -241,6 +241,24 @@ TEST(CodeView, WhereTheCaretIsOnNoScreenNothingIsListedAndTheTextGoesOn) {
     EXPECT_TRUE(page.Lists());
 }
 
+TEST(CodeView, WhereTheBeginningOfTheWordIsOnNoScreenNothingIsListedAndTheTextGoesOn) {
+    Page page;
+    page.Type("marvolin.se");
+    page.Key(Qt::Key_Escape);
+    ASSERT_FALSE(page.Lists());
+    const auto x = [&](long at) {
+        return static_cast<int>(page.Code().SendScintilla(S::SCI_POINTXFROMPOSITION, 0UL, at));
+    };
+    QWidget& text = *page.Code().viewport();
+    const QPoint caret = text.mapTo(&page.Window, QPoint(x(11), 0));
+    page.Window.move(1 - caret.x(), 20);
+    page.Settle();
+    ASSERT_LT(text.mapToGlobal(QPoint(x(9), 0)).x(), 0);
+    page.Type("t");
+    EXPECT_FALSE(page.Lists());
+    EXPECT_EQ(page.Text(), "marvolin.set");
+}
+
 TEST(CodeView, AMarkedLineIsShownAndLosesItsMarkWhenItIsMended) {
     Page page;
     page.Write(std::string(300, '\n') + "wrong");

@@ -74,14 +74,18 @@ void Completion::Close() {
     shown_ = nullptr;
 }
 
-// The library puts the list on the screen that the caret is on, and ends the program where there is none: a window can
-// lie half outside of all.
-bool Completion::CaretIsOnAScreen() const {
+// The library puts the list on the screen that the beginning of the word is on, or the caret where it has scrolled the text to
+// make room, and ends the program where there is none: a window can lie half outside of all.
+bool Completion::ListIsOnAScreen(std::size_t entered) const {
     using S = QsciScintillaBase;
-    const long at = view_.SendScintilla(S::SCI_GETCURRENTPOS);
-    const QPoint place(static_cast<int>(view_.SendScintilla(S::SCI_POINTXFROMPOSITION, 0UL, at)),
-                       static_cast<int>(view_.SendScintilla(S::SCI_POINTYFROMPOSITION, 0UL, at)));
-    return QGuiApplication::screenAt(view_.viewport()->mapToGlobal(place)) != nullptr;
+    const long caret = view_.SendScintilla(S::SCI_GETCURRENTPOS);
+    const auto x = [&](long at) { return static_cast<int>(view_.SendScintilla(S::SCI_POINTXFROMPOSITION, 0UL, at)); };
+    const int y = static_cast<int>(view_.SendScintilla(S::SCI_POINTYFROMPOSITION, 0UL, caret));
+    const auto there = [&](int place) {
+        return QGuiApplication::screenAt(view_.viewport()->mapToGlobal(QPoint(place, y))) != nullptr;
+    };
+    // A list is narrower than half of the view, so it is not scrolled further than to the middle.
+    return there(x(caret)) && there(std::min(x(caret - static_cast<long>(entered)), view_.viewport()->width() / 2));
 }
 
 // A list that is open follows what is typed by itself.
@@ -91,8 +95,8 @@ void Completion::List(const std::string& line) {
     const bool events = !word.empty() && EndsInDefinition(line);
     if (!events && !word.starts_with(kTable)) return;
     const std::string list = Following(words_, word, events);
-    if (list.empty() || !CaretIsOnAScreen()) return;
     const std::size_t entered = events ? word.size() : word.size() - kTable.size();
+    if (list.empty() || !ListIsOnAScreen(entered)) return;
     view_.SendScintilla(QsciScintillaBase::SCI_AUTOCSHOW, static_cast<unsigned long>(entered), list.c_str());
 }
 

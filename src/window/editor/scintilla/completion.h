@@ -24,7 +24,7 @@ public:
 
 private:
     std::string LineToCaret() const;
-    bool CaretIsOnAScreen() const;
+    bool ListIsOnAScreen(std::size_t entered) const;
     void List(const std::string& line);
     void Tip(const std::string& line);
     const ScriptWord* Named(const std::string& name, bool isEvent) const;
