@@ -80,7 +80,7 @@ TEST(MissingSamples, KeepTheirPlacesAndAreNamed) {
     EXPECT_EQ(MissingName(i.s, 0), "a.wav");
     EXPECT_EQ(MissingName(i.s, 1), "");
     EXPECT_EQ(i.s.StatusText, "Not loaded: a.wav, c.wav");
-    EXPECT_THAT(i.Desk.LastBox(), HasSubstr("File Doesn't Exist")) << "as told";
+    EXPECT_THAT(i.Desk.LastBox(), HasSubstr("File Doesn't Exist"));
     EXPECT_EQ(i.s.Run[1].Loaded, True);
 }
 
