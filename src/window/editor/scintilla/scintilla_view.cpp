@@ -158,6 +158,7 @@ void ScintillaView::ShowLine(int line) {
 
 void ScintillaView::Mark(int line) {
     markerDeleteAll();
+    viewport()->update();  // the library does not always paint the margin again
     if (line <= 0) return;
     const int wrong = std::min(line, lines());
     markerAdd(wrong - 1, kWrongLine);
