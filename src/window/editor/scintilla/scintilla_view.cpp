@@ -121,7 +121,7 @@ std::string ScintillaView::Text() const {
 
 void ScintillaView::SetText(const std::string& text) {
     completion_.Close();
-    markerDeleteAll();
+    TakeMarksAway();
     SendScintilla(SCI_SETUNDOCOLLECTION, 0);
     SendScintilla(SCI_CLEARALL);
     SendScintilla(SCI_APPENDTEXT, static_cast<unsigned long>(text.size()), text.data());
@@ -156,9 +156,13 @@ void ScintillaView::ShowLine(int line) {
     SendScintilla(SCI_SETFIRSTVISIBLELINE, std::max(0L, line - 1 - shown / 2));
 }
 
-void ScintillaView::Mark(int line) {
+void ScintillaView::TakeMarksAway() {
     markerDeleteAll();
     viewport()->update();  // the library does not always paint the margin again
+}
+
+void ScintillaView::Mark(int line) {
+    TakeMarksAway();
     if (line <= 0) return;
     const int wrong = std::min(line, lines());
     markerAdd(wrong - 1, kWrongLine);
