@@ -9,6 +9,7 @@
 #include "key_hand.h"
 #include "performance/drops/palette.h"
 #include "performance/selection/bands.h"
+#include "window/descriptions/described.h"
 #include "window/toolkit/drop_ring.h"
 
 namespace marvolin {
@@ -144,6 +145,29 @@ TEST(KeyDrag, WhatStoodInTheStatusLineComesBackWhenItIsLetGo) {
     ASSERT_NE(hand.s.StatusText, "a report");
     hand.Key(Qt::Key_Escape);
     EXPECT_EQ(hand.s.StatusText, "a report");
+}
+
+TEST(KeyDrag, AReportOfTheMeantimeStaysWhenItIsLetGo) {
+    CarryHand hand;
+    hand.Go("Letr_0");
+    ShowStatus(hand.s, "a report");
+    hand.Key(Qt::Key_Insert);
+    ShowStatus(hand.s, "another report");
+    hand.Key(Qt::Key_Escape);
+    EXPECT_EQ(hand.s.StatusText, "another report");
+}
+
+TEST(KeyDrag, TheHintOfAnotherControlDoesNotComeBack) {
+    CarryHand hand;
+    hand.Go("Letr_0");
+    Described* other = DescribedOf(hand.Named("Play_2"));
+    ASSERT_NE(other, nullptr);
+    other->ShowHint(0, false);
+    const std::string hint = hand.s.StatusText;
+    ASSERT_NE(hint, "");
+    hand.Key(Qt::Key_Insert);
+    hand.Key(Qt::Key_Escape);
+    EXPECT_NE(hand.s.StatusText, hint);
 }
 
 TEST(KeyDrag, ADropThatWouldDoNothingIsRefusedAndTheLoadIsKept) {

@@ -116,14 +116,14 @@ void KeyDrag::PickUp(QWidget& focus, std::int16_t button) {
     former_.emplace(s, focus);
     content_ = ContentOf(s, *load_);
     ShowSign(focus);
-    ShowStatus(s, carried_ + ": key Arrows Choose where; key Insert Drop; key Esc Let go");
+    Say(carried_ + ": key Arrows Choose where; key Insert Drop; key Esc Let go");
     // The browser's samples and clips go to the rows.
     const bool toRows = load_->Name == drags::kPickFile || load_->Name == drags::kClipBoardList;
     if (toRows) s.World.Forms.BringToFront(Form::Main);
 }
 
 void KeyDrag::DropOn(QWidget& focus) {
-    if (!TakenBy(focus)) return ShowStatus(s, carried_ + " cannot be dropped here; key Esc Let go");
+    if (!TakenBy(focus)) return Say(carried_ + " cannot be dropped here; key Esc Let go");
     const auto data = ToMimeData(*load_);
     LetGo();
     QWidget& at = DroppedAt(focus);
@@ -135,8 +135,14 @@ void KeyDrag::LetGo() {
     load_.reset();
     delete sign_;
     DropRing::Of(*qApp).Hide();
-    if (former_) former_->BringBack();
+    // A report of the meantime stays.
+    if (former_ && s.StatusText == said_) former_->BringBack();
     former_.reset();
+}
+
+void KeyDrag::Say(const std::string& text) {
+    said_ = text;
+    ShowStatus(s, text);
 }
 
 void KeyDrag::GoToTarget(QWidget& focus, bool forward, bool otherRow) {

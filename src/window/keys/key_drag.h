@@ -42,6 +42,7 @@ private:
     void PickUp(QWidget& focus, std::int16_t button);
     void DropOn(QWidget& focus);
     void LetGo();
+    void Say(const std::string& text);
     void GoToTarget(QWidget& focus, bool forward, bool otherRow);
     bool TakenBy(QWidget& widget);
     void ShowSign(const QWidget& focus);
@@ -50,6 +51,7 @@ private:
     Session& s;
     std::optional<DragSource> load_;
     std::string carried_;  // its name
+    std::string said_;     // in the status line
     std::optional<FormerStatus> former_;
     std::string content_;    // what it stood for at the pick-up
     bool asks_ = false;      // a control is asked whether it takes it

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/routines.h"
+#include "window/toolkit/former_status.h"
 
 namespace marvolin {
 
@@ -21,7 +22,10 @@ DropRefusal& DropRefusal::Of(QWidget& window, Session& session) {
 }
 
 void DropRefusal::Tell(const std::string& text) {
-    if (s.StatusText != told_ || told_.empty()) before_ = s.StatusText;
+    if (s.StatusText != told_ || told_.empty()) {
+        TakeHintsAway();
+        before_ = s.StatusText;
+    }
     told_ = text;
     ShowStatus(s, text);
 }

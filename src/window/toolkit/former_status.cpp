@@ -1,5 +1,6 @@
 #include "window/toolkit/former_status.h"
 
+#include <QApplication>
 #include <QCursor>
 
 #include "core/routines.h"
@@ -7,9 +8,15 @@
 
 namespace marvolin {
 
+void TakeHintsAway() {
+    for (QWidget* widget : QApplication::allWidgets()) {
+        if (Described* described = DescribedOf(*widget)) described->TakeHintAway();
+    }
+}
+
 FormerStatus::FormerStatus(Session& session, QWidget& control)
     : session_(session), control_(&control), text_(session.StatusText) {
-    if (Described* described = DescribedOf(control)) described->TakeHintAway();
+    TakeHintsAway();
     wasHint_ = session.StatusText != text_;
 }
 

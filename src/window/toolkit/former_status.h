@@ -10,8 +10,11 @@
 
 namespace marvolin {
 
-/// Remembers what the status line has when a drag of `control` begins. A hint of the control is taken away, as no hint
-/// is shown during a drag.
+/// Takes the hints of all controls away, as no hint is shown during a drag: one that came back afterwards would stay when the
+/// pointer leaves.
+void TakeHintsAway();
+
+/// Remembers what the status line has when a drag of `control` begins, without its hints.
 class FormerStatus {
 public:
     FormerStatus(Session& session, QWidget& control);
