@@ -61,9 +61,9 @@ bool Until(const char* file, long ms, long timeout) {
     return true;
 }
 
-/// Waits until a sound begins, at least 20 ms behind `from`: what is before may be the rest of another. The milliseconds since
-/// the epoch then; none when it takes longer than `timeout`. Looks each 5 ms, in one process, so that what it waits for is
-/// hardly slower for it.
+/// Waits until a sound begins, at least 20 ms behind `from`: what is before may be the rest of another. The
+/// milliseconds since the epoch then; none when it takes longer than `timeout`. Looks each 5 ms, in one process, so
+/// that what it waits for is hardly slower for it.
 std::optional<std::int64_t> Heard(const char* file, long from, long timeout) {
     const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeout);
     while (std::chrono::steady_clock::now() < end) {

@@ -1,6 +1,6 @@
 /// \file
-/// Prints a line for each window that is shown on the display, until it is killed: the milliseconds since the epoch, and the
-/// window's number. A window with a frame shows as its frame, when the window manager shows that.
+/// Prints a line for each window that is shown on the display, until it is killed: the milliseconds since the epoch,
+/// and the window's number. A window with a frame shows as its frame, when the window manager shows that.
 
 #include <X11/Xlib.h>
 

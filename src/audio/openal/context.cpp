@@ -37,8 +37,8 @@ private:
 };
 
 std::array<ALCint, 15> Attributes(bool headphones) {
-    // The limiter would delay the sound by its look-ahead and change the volume where the sum is loud. Nothing is sent to an
-    // effect, and room for sends costs the library 0.8 MB.
+    // The limiter would delay the sound by its look-ahead and change the volume where the sum is loud. Nothing is sent
+    // to an effect, and room for sends costs the library 0.8 MB.
     return {ALC_FREQUENCY,
             kOutputRate,
             ALC_FORMAT_CHANNELS_SOFT,

@@ -10,8 +10,8 @@
 
 namespace marvolin {
 
-/// Takes the hints of all controls away, as no hint is shown during a drag: one that came back afterwards would stay when the
-/// pointer leaves.
+/// Takes the hints of all controls away, as no hint is shown during a drag: one that came back afterwards would stay
+/// when the pointer leaves.
 void TakeHintsAway();
 
 /// Remembers what the status line has when a drag of `control` begins, without its hints.

@@ -74,8 +74,8 @@ void Completion::Close() {
     shown_ = nullptr;
 }
 
-// The library puts the list on the screen that the beginning of the word is on, or the caret where it has scrolled the text to
-// make room, and ends the program where there is none: a window can lie half outside of all.
+// The library puts the list on the screen that the beginning of the word is on, or the caret where it has scrolled the
+// text to make room, and ends the program where there is none: a window can lie half outside of all.
 bool Completion::ListIsOnAScreen(std::size_t entered) const {
     using S = QsciScintillaBase;
     const long caret = view_.SendScintilla(S::SCI_GETCURRENTPOS);
