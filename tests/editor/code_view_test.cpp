@@ -259,6 +259,32 @@ TEST(CodeView, WhereTheBeginningOfTheWordIsOnNoScreenNothingIsListedAndTheTextGo
     EXPECT_EQ(page.Text(), "marvolin.set");
 }
 
+/// Whether the red dot of a wrong line is on the screen.
+bool DotShown(Page& page) {
+    QTest::qWait(20);  // what is to be painted is
+    const QImage shown = page.Window.screen()->grabWindow(page.Window.winId()).toImage();
+    const QPoint margin = page.Code().viewport()->mapTo(&page.Window, QPoint(0, 0));
+    for (int x = margin.x(); x < margin.x() + 60; ++x) {
+        for (int y = margin.y(); y < margin.y() + 30; ++y) {
+            const QColor ink = shown.pixelColor(x, y);
+            if (ink.red() > 200 && ink.green() < 120) return true;
+        }
+    }
+    return false;
+}
+
+TEST(CodeView, AMarkThatGoesWithItsLineIsPaintedAway) {
+    Page page;
+    page.Type("wrong");
+    page.Window.View->Mark(1);
+    ASSERT_TRUE(DotShown(page));
+    page.Key(Qt::Key_A, Qt::ControlModifier);
+    ASSERT_TRUE(DotShown(page));
+    page.Key(Qt::Key_Delete);
+    ASSERT_EQ(page.Window.View->Marked(), 0);
+    EXPECT_FALSE(DotShown(page));
+}
+
 TEST(CodeView, AMarkedLineIsShownAndLosesItsMarkWhenItIsMended) {
     Page page;
     page.Write(std::string(300, '\n') + "wrong");

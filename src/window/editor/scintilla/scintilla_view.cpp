@@ -99,8 +99,9 @@ void ScintillaView::WidenNumbers() {
 void ScintillaView::Connect() {
     connect(this, &QsciScintilla::linesChanged, this, [this] { WidenNumbers(); });
     connect(this, &QsciScintilla::textChanged, this, [this] {
-        // What was wrong is being mended.
+        // What was wrong is being mended. The library does not paint away a mark that goes with all text.
         if (Marked() == Caret().Line) Mark(0);
+        viewport()->update(0, 0, marginWidth(kNumbers) + marginWidth(kMarks), viewport()->height());
         if (OnEdit) OnEdit();
         Tell();
     });
@@ -121,7 +122,7 @@ std::string ScintillaView::Text() const {
 
 void ScintillaView::SetText(const std::string& text) {
     completion_.Close();
-    TakeMarksAway();
+    markerDeleteAll();
     SendScintilla(SCI_SETUNDOCOLLECTION, 0);
     SendScintilla(SCI_CLEARALL);
     SendScintilla(SCI_APPENDTEXT, static_cast<unsigned long>(text.size()), text.data());
@@ -156,13 +157,8 @@ void ScintillaView::ShowLine(int line) {
     SendScintilla(SCI_SETFIRSTVISIBLELINE, std::max(0L, line - 1 - shown / 2));
 }
 
-void ScintillaView::TakeMarksAway() {
-    markerDeleteAll();
-    viewport()->update();  // the library does not always paint the margin again
-}
-
 void ScintillaView::Mark(int line) {
-    TakeMarksAway();
+    markerDeleteAll();
     if (line <= 0) return;
     const int wrong = std::min(line, lines());
     markerAdd(wrong - 1, kWrongLine);

@@ -43,7 +43,6 @@ private:
     void WidenNumbers();
     void ShowLine(int line);
     bool FindFrom(const std::string& words, long from, long to);
-    void TakeMarksAway();
     void Tell() const;
 
     Completion completion_;
