@@ -142,7 +142,7 @@ bool Control::event(QEvent* event) {
 bool Control::eventFilter(QObject* object, QEvent* event) {
     const bool press = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
     if (press) ReleaseKey(true);
-    // What only a window gets tells of a release, too: a drag of something else takes the mouse from its holder.
+    // When another drag has taken the mouse, only the window gets these events: they also show that the button is up.
     if (Held() && object->isWindowType() && event->type() == QEvent::MouseButtonRelease) {
         const auto look = [this] { return Held() && IsUp(held_, QApplication::mouseButtons()) ? EndHold() : void(); };
         QMetaObject::invokeMethod(this, look, Qt::QueuedConnection);
