@@ -195,16 +195,22 @@ TEST(LostPointer, ABoxThatComesWhileAnotherWindowIsActiveEndsADrag) {
     EXPECT_EQ(hand.s.Set[2].Vol, 102 + 150);
 }
 
+/// Presses a button on a control and moves a little.
+Spot BeginHoldOn(WholeHand& hand, QWidget& widget, Qt::MouseButton button) {
+    hand.s.DragAxis = 0;
+    hand.Reveal(widget);
+    const Spot spot = hand.SpotOn(widget);
+    hand.PressAt(spot, button);
+    hand.MoveTo(spot, {0, -3});
+    return spot;
+}
+
 TEST(LostPointer, AMoveWithoutAButtonTurnsDrawsAndClicksNothing) {
     for (const char* name : {"VolKnob_2", "LoopIt_2", "Limiter", "ChannelFlag_2", "PatternGraph_0", "Play_0"}) {
         SCOPED_TRACE(name);
         WholeHand hand;
-        hand.s.DragAxis = 0;
         QWidget& widget = *hand.At(name);
-        hand.Reveal(widget);
-        const Spot spot = hand.SpotOn(widget);
-        hand.PressAt(spot, Qt::LeftButton);
-        hand.MoveTo(spot, {0, -3});
+        const Spot spot = BeginHoldOn(hand, widget, Qt::LeftButton);
         const auto hover = [&](QPointF way) {
             const QPointF place = QRectF(widget.rect()).center() + way;
             QMouseEvent move(QEvent::MouseMove, place, widget.mapToGlobal(place), Qt::NoButton, Qt::NoButton, {});
@@ -234,12 +240,8 @@ TEST(LostPointer, AReleaseThatOnlyTheWindowGetsEndsWhatIsHeld) {
         for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
             SCOPED_TRACE(name);
             WholeHand hand;
-            hand.s.DragAxis = 0;
             QWidget& widget = *hand.At(name);
-            hand.Reveal(widget);
-            const Spot spot = hand.SpotOn(widget);
-            hand.PressAt(spot, button);
-            hand.MoveTo(spot, {0, -3});
+            const Spot spot = BeginHoldOn(hand, widget, button);
             TakeTheMouseAway(hand.Window);
             hand.MoveTo(spot, {0, -6});
             hand.ReleaseAt(spot, button, {0, -6});
