@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <random>
+#include <set>
+#include <string>
 
 #include "audio/device.h"
 #include "audio/loop_clearing.h"
@@ -31,6 +34,35 @@ constexpr int kTimedRuns = 80;
 constexpr int kSilentRuns = 40;
 constexpr int kActions = 40;  // fewer than can be taken back
 
+/// How the texts of the steps begin.
+constexpr std::array kKindsOfStep{"Load of bells",
+                                  "Load of 2 samples",
+                                  "Clear of A",
+                                  "Reverse of ",
+                                  "Open of evening",
+                                  "Open of morning",
+                                  "Open of space",
+                                  "Drawing of ",
+                                  "Erasing of ",
+                                  "Copy of the pattern of ",
+                                  "Copy of the patterns of ",
+                                  "Copy of the sequence of ",
+                                  "Copy of the timing of ",
+                                  "Dropper from ",
+                                  "Wire set ",
+                                  "Scatter Abs",
+                                  "Scatter Rel",
+                                  "Change of the bands",
+                                  "Change of the selection",
+                                  "Change of what is in control",
+                                  "Selection ",
+                                  "Clip ",
+                                  "Deletion of the clip ",
+                                  "Clear of the clipboard"};
+
+/// The ways to open a set, whose steps have one text.
+enum class Opening : std::uint8_t { Set, PartOfASet, QuickLoad, QuickLoadOfAPart };
+
 /// A player without a plan.
 class RandomHand {
 public:
@@ -38,6 +70,14 @@ public:
 
     int Below(int n) { return static_cast<int>(dice_() % static_cast<unsigned>(n)); }
     void Act() {
+        ActAtRandom();
+        steps_.insert(rig_.LastText());
+    }
+    const std::set<std::string>& Steps() const { return steps_; }
+    const std::set<Opening>& Openings() const { return openings_; }
+
+private:
+    void ActAtRandom() {
         s_.CurrentLoop = AnyLoop();
         switch (Below(17)) {
             case 0:
@@ -76,8 +116,6 @@ public:
                 return DropFilesOnRow(s_, AnyLoop(), {AnySample(), AnySample()});
         }
     }
-
-private:
     Row AnyLoop() { return static_cast<Row>(Below(kLoopTracks)); }
     Row AnyRow() { return static_cast<Row>(Below(kLoopTracks + 1)); }
     std::string AnySample() {
@@ -89,12 +127,14 @@ private:
     }
     void Palette() {
         s_.HistoryRow = s_.LoopDropTarget = AnyLoop();
-        s_.HistoryChoice = static_cast<std::int16_t>(1 + Below(4));
-        HistoryList_DragDrop(s_);
+        s_.HistoryChoice = static_cast<std::int16_t>(kHistoryEmpty + Below(4));
+        if (Below(2) == 0) return HistoryList_DragDrop(s_);
+        DropHistory(s_, AnyRow(), {drags::kHistoryList, s_.HistoryRow, ""});
     }
     void OpenSet() {
         s_.SaveOpenSwitches[kWhenOpening].SetSwitch(true);
-        if (Below(2) == 0) {
+        const bool whole = Below(2) == 0;
+        if (!whole) {
             for (int n = 0; n < 6; ++n) s_.SaveOpenSwitches[kWhenOpening].Put(static_cast<Element>(Below(16)), false);
         }
         s_.EmptyBlankSetting = static_cast<std::int16_t>(Below(2));
@@ -102,8 +142,10 @@ private:
         const bool silent = !s_.DSReady;
         if (Below(2) == 0 && !silent) {
             s_.QuickLoadTag = kLeftButton;
+            openings_.insert(whole ? Opening::QuickLoad : Opening::QuickLoadOfAPart);
             return QuickLoad_Click(s_, static_cast<std::size_t>(Below(static_cast<int>(s_.QuickLoadFiles.size()))));
         }
+        openings_.insert(whole ? Opening::Set : Opening::PartOfASet);
         static constexpr const char* kSets[] = {"evening.mvn", "morning.mvn", "space.mvn"};
         OpenIt_Chosen(s_, CurrentChoices(s_), rig_.Sample(kSets[Below(silent ? 2 : 3)]));
     }
@@ -166,6 +208,8 @@ private:
     UndoRig& rig_;
     Session& s_;
     std::mt19937 dice_;
+    std::set<std::string> steps_;
+    std::set<Opening> openings_;
 };
 
 /// Three sets, one of them with 3D sound, six clips, and an instrument that plays.
@@ -201,8 +245,7 @@ void Prepare(UndoRig& rig) {
     StartUndo(s);
 }
 
-void PlayAnEvening(UndoRig& rig, unsigned seed) {
-    RandomHand hand(rig, seed);
+void PlayAnEvening(UndoRig& rig, RandomHand& hand) {
     std::vector<std::string> portraits{rig.Portrait()};
     for (int action = 0; action < kActions; ++action) {
         hand.Act();
@@ -282,13 +325,23 @@ TEST(Evening, WithTicksAndKnobsBetweenItsStepsIsTakenBackAndDoneAgain) {
 }
 
 TEST(Evening, OfRandomGesturesIsTakenBackToItsStartAndDoneAgainToItsEnd) {
+    std::set<std::string> steps;
+    std::set<Opening> openings;
     for (unsigned seed = 1; seed <= kRuns; ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         UndoRig rig;
         Prepare(rig);
-        PlayAnEvening(rig, seed);
+        RandomHand hand(rig, seed);
+        PlayAnEvening(rig, hand);
         if (testing::Test::HasFatalFailure()) return;
+        steps.insert(hand.Steps().begin(), hand.Steps().end());
+        openings.insert(hand.Openings().begin(), hand.Openings().end());
     }
+    for (const std::string kind : kKindsOfStep) {
+        const auto first = steps.lower_bound(kind);
+        EXPECT_TRUE(first != steps.end() && first->starts_with(kind)) << "never taken back: " << kind;
+    }
+    EXPECT_EQ(openings.size(), 4U) << "a way to open a set was never tried";
 }
 
 TEST(Evening, OnNoSoundIsTakenBackToItsStartAndDoneAgainToItsEnd) {
@@ -299,7 +352,8 @@ TEST(Evening, OnNoSoundIsTakenBackToItsStartAndDoneAgainToItsEnd) {
         cboDrivers_Click(rig.s, 2);
         ASSERT_FALSE(rig.s.DSReady);
         StartUndo(rig.s);
-        PlayAnEvening(rig, seed);
+        RandomHand hand(rig, seed);
+        PlayAnEvening(rig, hand);
         if (testing::Test::HasFatalFailure()) return;
     }
 }
