@@ -773,6 +773,23 @@ TEST_F(Undo, ANewStepEndsWhatCouldBeDoneAgain) {
     EXPECT_EQ(s.StatusText, "There is nothing to take back");
 }
 
+TEST_F(Undo, AStepThatIsDoneAgainBringsTheBallOfThePadBackToWhereTheHandHadPutIt) {
+    PadRecentre(s);
+    s.PadTable[s.PadTypeIndex].Function = kFadeAfterCentre;
+    ASSERT_TRUE(Save("curve.mvn"));
+    s.PadTable[s.PadTypeIndex].Function = kFadeDiagonal;
+    Forget();
+    ASSERT_TRUE(Open("curve.mvn"));
+    ASSERT_EQ(s.PadTable[s.PadTypeIndex].Function, kFadeAfterCentre);
+    PadMove(s, 0.25, -0.125, 1, {.Apply = true});
+    ASSERT_GT(s.PadTable[s.PadTypeIndex].X, 0);
+    const std::string moved = Portrait();
+    Undo_Click(s);
+    EXPECT_EQ(s.PadTable[s.PadTypeIndex].X, 0) << "the curve of before centres the ball";
+    Redo_Click(s);
+    EXPECT_EQ(Portrait(), moved);
+}
+
 TEST_F(Undo, KnobsAndPlayingAreNoSteps) {
     Load(0, "bells.wav");
     Forget();

@@ -143,8 +143,10 @@ InstrumentParts DifferentParts(const InstrumentState& before, const InstrumentSt
         const bool captured = (before.Captured & after.Captured & part.Part) != 0;
         if (captured && !part.Same(before, after)) parts |= part.Part;
     }
-    // Switching 3D sound sets the roll-off anew.
-    if ((parts & k3dPart) != 0) parts |= kRollOffPart & before.Captured & after.Captured;
+    const InstrumentParts both = before.Captured & after.Captured;
+    // Switching 3D sound sets the roll-off anew, and options that are applied centre the ball of the pad.
+    if ((parts & k3dPart) != 0) parts |= kRollOffPart & both;
+    if ((parts & kSettingsPart) != 0) parts |= kPadPart & both;
     return parts;
 }
 
