@@ -38,7 +38,7 @@ struct Loading {
     std::string Folder;                  ///< folder of the file, with its separator
     std::vector<std::string> NotLoaded;  ///< names of the samples that no LoopTrack got
     bool Nearby = true;                  ///< samples are looked for also where they were not stored
-    std::string Readout;                 ///< what the status line had before, or has of a control that was set
+    std::string Readout;                 ///< what the status line has of a control that was set
 
     bool Asked(Element element) const { return Switches.Get(element); }
 };
@@ -170,7 +170,7 @@ void MakeCurrent(Session& s, const std::string& fileName) {
 bool LoadSession(Session& s, const std::string& fileName, SetAsCurrent current, const clsSwitchRecord& switches,
                  AdoptSwitches adopt) {
     if (!FileExists(fileName)) return false;
-    Loading load{switches, {}, IsPackage(fileName), "", {}, true, s.StatusText};
+    Loading load{switches, {}, IsPackage(fileName), "", {}, true, ""};
     // A change of device brings its own rows back: the same file, or it waits. It alone asks for no play state by a
     // file that gives the session no name.
     load.Nearby = current == SetAsCurrent::Yes || switches.Get(Element::PlayState);
@@ -181,6 +181,8 @@ bool LoadSession(Session& s, const std::string& fileName, SetAsCurrent current, 
         RecordReader file(fileName);
         ReadHeader(file);
         GetIt(load.FileSwitches, file);
+        // So that a report of this load counts also when the line has the same one of before.
+        if (adopt == AdoptSwitches::Yes) ShowStatus(s, "");
         ReadSections(s, file, load);
     } catch (const FormatError&) {
         s.World.Desk.Report("File Format Error on Open in " + fileName, "", BoxStyle::Critical);

@@ -202,6 +202,15 @@ TEST(LoadSession, TheStatusLineNamesTheSetThatWasOpenedUnlessThereIsMoreToSay) {
     SetInstrument missing;
     ASSERT_TRUE(LoadSession(missing.s, file, SetAsCurrent::Yes, AllSwitches(), AdoptSwitches::Yes));
     EXPECT_EQ(missing.s.StatusText, "Not loaded: a.wav");
+    for (const char* before : {"a readout of before", "Error setting up loaded loop"}) {
+        SetInstrument failing;
+        WriteBytes(failing.Folder / "night.mvn", GoldenSession(failing.Folder.Path()));
+        failing.Sound.Failures["GetCaps"] = sound_error::kGeneric;
+        ShowStatus(failing.s, before);
+        ASSERT_TRUE(LoadSession(failing.s, failing.Folder / "night.mvn", SetAsCurrent::Yes, Only(Element::LoopTrack),
+                                AdoptSwitches::Yes));
+        EXPECT_EQ(failing.s.StatusText, "Error setting up loaded loop") << "also when the line had it before";
+    }
 }
 
 TEST(LoadSession, TheStatusLineNamesTheSamplesThatCouldNotBeLoaded) {
