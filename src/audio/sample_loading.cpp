@@ -145,20 +145,24 @@ void KeepLoaded(Session& s, Row row) {
     s.World.Screen.ShowCaption(row);
 }
 
-void LoadRow(Session& s, Row row, const std::string& path) {
-    if (row == kSelectionRow || row == kMasterRow) return;  // they never hold a sample
-    if (!s.DSReady) return;
+/// Whether the file could be read, as far as it was asked for.
+bool LoadRow(Session& s, Row row, const std::string& path) {
+    if (row == kSelectionRow || row == kMasterRow) return true;  // they never hold a sample
+    if (!s.DSReady) return true;
     if (path.empty()) {
         s.World.Desk.Report("No File Name!!");
-        return;
+        return true;
     }
     if (!TargetExists(path)) {
-        ShowStatus(s, "Not loaded: " + FileNameOf(path));  // the box does not say which
+        ShowStatus(s, NotLoadedText({FileNameOf(path)}));  // the box does not say which
         s.World.Desk.Report("File Doesn't Exist !!");
-        return;
+        return false;
     }
     if (s.Run[row].Loaded != False) {
-        if (s.Set[row].FileName == path) return KeepLoaded(s, row);
+        if (s.Set[row].FileName == path) {
+            KeepLoaded(s, row);
+            return true;
+        }
         LoopUnload(s, row);
     }
     const Row source = SourceOf(s, path);
@@ -169,18 +173,19 @@ void LoadRow(Session& s, Row row, const std::string& path) {
     }
     if (failed != 0) {
         LeaveEmpty(s, row);
-        ShowStatus(s, "Not loaded: " + FileNameOf(path));
-        return;
+        ShowStatus(s, NotLoadedText({FileNameOf(path)}));
+        return false;
     }
     try {
         SetUpLoaded(s, row, path, source);
     } catch (const std::exception&) {
         ShowStatus(s, "Error setting up loaded loop");
-        return;
+        return true;
     }
     HistoryAdd(s, row, path);
     HistoryAdd(s, kSelectionRow, path);
     PatternsRefresh(s);
+    return true;
 }
 
 std::vector<Row> RowsReached(Session& s, const SampleRequest& request) {
@@ -206,16 +211,24 @@ std::string StepText(const SampleRequest& request, const std::vector<Row>& rows)
 
 }  // namespace
 
-void LoadSample(Session& s, const SampleRequest& request) {
+std::string NotLoadedText(const std::vector<std::string>& names) {
+    std::string text = "Not loaded: ";
+    for (std::size_t i = 0; i < names.size(); ++i) text += (i == 0 ? "" : ", ") + names[i];
+    return text;
+}
+
+bool LoadSample(Session& s, const SampleRequest& request) {
     const std::vector<Row> rows = RowsReached(s, request);
     // What a session brings belongs to the step of the session, or to none.
     std::optional<UndoStep> step;
     if (request.Origin != SampleOrigin::Session) step.emplace(s, StepText(request, rows));
     const bool loopTrack = request.Target >= 0 && request.Target < kLoopTracks;
     if (request.Rows == Reach::Gang && loopTrack) PosSetHighlight(s, request.Target);
-    for (const Row row : rows) LoadRow(s, row, request.Path);
-    if (!request.Play) return;
+    bool read = true;
+    for (const Row row : rows) read = LoadRow(s, row, request.Path) && read;
+    if (!request.Play) return read;
     for (const Row row : rows) LoopPlay(s, row, true);
+    return read;
 }
 
 void LoopLoad(Session& s, Row row, const std::string& folder, const std::string& fileName) {

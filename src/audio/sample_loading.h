@@ -3,6 +3,7 @@
 /// Putting samples into LoopTracks.
 
 #include <string>
+#include <vector>
 
 #include "core/session.h"
 
@@ -37,10 +38,13 @@ struct SampleRequest {
 /// Loads a sample into its rows, and then plays them if asked. The only way by which a sample enters a LoopTrack. With
 /// `Reach::Gang` the ball of a target 0..3 is highlighted on the sound map first.
 /// For each row: an empty path shows "No File Name!!", a missing file "File Doesn't Exist !!", and nothing changes; a
-/// file that the service refuses leaves the row empty, and the status line names it; a failure while setting up shows
-/// "Error setting up loaded loop" in the status line. Without a device nothing is loaded and nothing shown. Rows 4 and
-/// 5 hold no sample.
-void LoadSample(Session& s, const SampleRequest& request);
+/// file that the service refuses leaves the row empty; the status line names a file that is missing or refused. A
+/// failure while setting up shows "Error setting up loaded loop" in the status line. Without a device nothing is loaded
+/// and nothing shown. Rows 4 and 5 hold no sample. False when the file was missing or refused.
+bool LoadSample(Session& s, const SampleRequest& request);
+
+/// What the status line says when the files of these names were missing or refused: all of them.
+std::string NotLoadedText(const std::vector<std::string>& names);
 
 /// `LoadSample` of the file `folder`/`fileName` into `row` alone.
 void LoopLoad(Session& s, Row row, const std::string& folder, const std::string& fileName);

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "audio/sample_loading.h"
 #include "browser/destinations.h"
 #include "browser/sample_bins.h"
 #include "core/errors.h"
@@ -148,10 +149,7 @@ void ReadSections(Session& s, RecordReader& file, Loading& load) {
 
 // The box of a missing sample does not say which one it is.
 void ShowNotLoaded(Session& s, const Loading& load) {
-    if (load.NotLoaded.empty()) return;
-    std::string names;
-    for (const std::string& name : load.NotLoaded) names += (names.empty() ? "" : ", ") + name;
-    ShowStatus(s, "Not loaded: " + names);
+    if (!load.NotLoaded.empty()) ShowStatus(s, NotLoadedText(load.NotLoaded));
 }
 
 // The readout of the pad, which a set moves, means nothing to whoever has opened it. A report stays.

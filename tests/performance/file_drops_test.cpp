@@ -220,6 +220,19 @@ TEST(FileDrops, AWavFileThatIsRubbishEmptiesTheRowAndIsNamed) {
     EXPECT_EQ(d.Desk.Boxes.size(), 1U);
 }
 
+TEST(FileDrops, AllSamplesThatAreMissingOrRefusedAreNamedAndWhatElseThereIsToSay) {
+    FileDrops d;
+    const std::string gone = d.Folder / "gone.wav";
+    const std::string lost = d.Folder / "lost.wav";
+    DropFilesOnRow(d.s, 0, {gone, d.Put("a.wav"), lost});
+    EXPECT_EQ(d.s.StatusText, "Not loaded: gone.wav, lost.wav");
+    EXPECT_EQ(d.s.Set[1].FileName, d.Folder / "a.wav");
+    d.Sound.Failures["CreateSoundBufferFromFile"] = sound_error::kBadFormat;
+    WriteBytes(d.Folder / "notes.txt", "notes");
+    DropFilesOnRow(d.s, 2, {d.Put("b.wav"), gone, lost, d.Folder / "notes.txt"});
+    EXPECT_EQ(d.s.StatusText, "Not loaded: b.wav, gone.wav; no row left for: lost.wav; not a sample: notes.txt");
+}
+
 TEST(FileDrops, APipeIsNotReadToFindOutWhatItIs) {
     FileDrops d;
     ASSERT_EQ(mkfifo((d.Folder / "pipe").c_str(), 0600), 0);

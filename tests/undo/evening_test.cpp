@@ -82,7 +82,8 @@ private:
         switch (Below(17)) {
             case 0:
             case 1:
-                return LoadSample(s_, {.Path = AnySample(), .Target = AnyRow(), .Play = Below(2) == 0});
+                LoadSample(s_, {.Path = AnySample(), .Target = AnyRow(), .Play = Below(2) == 0});
+                return;
             case 2:
                 return LoopClearRows(s_, AnyRow());
             case 3:

@@ -1,5 +1,7 @@
 #include "performance/drops/file_drops.h"
 
+#include <cctype>
+
 #include "audio/sample_loading.h"
 #include "core/busy_pointer.h"
 #include "core/files/sample_files.h"
@@ -30,6 +32,13 @@ std::string TextOf(const Paths& refused, const Paths& surplus) {
     if (surplus.empty()) return refused.empty() ? "" : "Not a sample: " + NamesOf(refused);
     const std::string left = "No row left for: " + NamesOf(surplus);
     return refused.empty() ? left : left + "; not a sample: " + NamesOf(refused);
+}
+
+/// One report of two; `more` may be "".
+std::string Joined(const std::string& report, std::string more) {
+    if (more.empty()) return report;
+    more.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(more.front())));
+    return report + "; " + more;
 }
 
 }  // namespace
@@ -72,11 +81,15 @@ void DropFilesOnRow(Session& s, Row row, const std::vector<std::string>& paths) 
     // A single sample gives the step its own name.
     const UndoStep step(s, samples.size() > 1 ? "Load of " + std::to_string(samples.size()) + " samples" : "");
     Row target = row;
+    Paths notLoaded;
     for (const std::string& path : samples) {
-        LoadSample(s,
-                   {.Path = path, .Target = target, .Rows = rows, .Play = s.PlayOnLoad, .Origin = SampleOrigin::File});
+        const bool read = LoadSample(
+            s, {.Path = path, .Target = target, .Rows = rows, .Play = s.PlayOnLoad, .Origin = SampleOrigin::File});
+        if (!read) notLoaded.push_back(FileNameOf(path));
         ++target;
     }
+    // Each has shown its own name over what stood there.
+    if (!notLoaded.empty()) ShowStatus(s, Joined(NotLoadedText(notLoaded), text));
 }
 
 }  // namespace marvolin

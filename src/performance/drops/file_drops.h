@@ -14,7 +14,8 @@ std::string WhyFilesAreRefused(const Session& s, Row row, const std::vector<std:
 /// Files dropped from a file manager on `row` (0..4), played with `PlayOnLoad`. One sample loads into the row and its
 /// gang; of several each loads into one row alone, `row` and those below, as far as there are rows. On the selection
 /// the first loads into the controlled rows. What is no sample (`IsNoSample`) is named in the status line, changes
-/// nothing and takes no row; samples for which no row is left are named there, too.
+/// nothing and takes no row; samples for which no row is left, and all that are missing or refused, are named there,
+/// too.
 void DropFilesOnRow(Session& s, Row row, const std::vector<std::string>& paths);
 
 }  // namespace marvolin
