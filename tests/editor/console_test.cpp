@@ -1,17 +1,19 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QAbstractEventDispatcher>
 #include <QScrollBar>
 #include <QtTest/QTest>
 
 #include "editor_stage.h"
 #include "window/editor/console_view.h"
+#include "window/view_timers.h"
 
 namespace marvolin {
 namespace {
 
 using test::EditorStage;
+using test::PassTimers;
+using test::TimersOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -138,21 +140,6 @@ TEST(ConsoleView, CannotBeTypedInto) {
     EditorStage stage;
     QTest::keyClicks(stage.Window.Console, "text");
     EXPECT_EQ(stage.Window.Console->toPlainText(), "");
-}
-
-/// The timers that send their events to the view: the one that scrolls while a text is selected beyond the edge.
-std::vector<int> TimersOf(QObject& view) {
-    std::vector<int> timers;
-    for (const auto& timer : QAbstractEventDispatcher::instance()->registeredTimers(&view))
-        timers.push_back(timer.timerId);
-    return timers;
-}
-
-void PassTimers(QObject& view) {
-    for (const int timer : TimersOf(view)) {
-        QTimerEvent event(timer);
-        QCoreApplication::sendEvent(&view, &event);
-    }
 }
 
 TEST(ConsoleView, ASelectionBeyondTheEdgeScrollsUntilTheButtonIsUp) {

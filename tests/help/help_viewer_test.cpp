@@ -5,13 +5,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAbstractScrollArea>
 #include <QDialog>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QTextBlock>
 #include <QToolButton>
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 
@@ -19,6 +22,7 @@
 #include "core/help.h"
 #include "fakes/temp_folder.h"
 #include "window/toolkit/qt_desktop.h"
+#include "window/view_timers.h"
 
 namespace marvolin {
 namespace {
@@ -344,6 +348,51 @@ TEST(HelpOnTheDesktop, EveryPageOfTheProgramOpens) {
         EXPECT_EQ(viewer.Text().verticalScrollBar()->value(), 0) << page.Title.toStdString();
         EXPECT_NE(viewer.Text().document()->toPlainText().indexOf(page.Chapter), -1) << page.Title.toStdString();
     }
+}
+
+void SendLeft(QWidget& view, QEvent::Type type, QPointF place) {
+    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, place, view.mapToGlobal(place), button, held, Qt::NoModifier);
+    QCoreApplication::sendEvent(&view, &event);
+}
+
+/// Counts what a text gets.
+struct ReleasesOf : QObject {
+    explicit ReleasesOf(QObject& view) { view.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::MouseButtonRelease) ++Count;
+        return false;
+    }
+    int Count = 0;
+};
+
+TEST(HelpText, ASelectionBeyondTheEdgeWhoseReleaseIsLostEndsWithTheNextTurnOfItsTimer) {
+    Viewed view;
+    view.Open(10025);
+    auto& text = *view.Viewer.findChild<QAbstractScrollArea*>("HelpText");
+    ReleasesOf releases(*text.viewport());
+    SendLeft(*text.viewport(), QEvent::MouseButtonPress, {5, 5});
+    SendLeft(*text.viewport(), QEvent::MouseMove, {5, -60});
+    ASSERT_EQ(test::TimersOf(text).size(), 1U);
+    test::PassTimers(text);  // no button is down
+    EXPECT_EQ(releases.Count, 1);
+    EXPECT_TRUE(test::TimersOf(text).empty());
+}
+
+TEST(HelpText, ATimerThatIsNotOfAHoldGetsNoRelease) {
+    Viewed view;
+    view.Open(10025);
+    auto& text = *view.Viewer.findChild<QAbstractScrollArea*>("HelpText");
+    ReleasesOf releases(*text.viewport());
+    const int other = text.startTimer(std::chrono::hours(1));
+    test::PassTimers(text);
+    EXPECT_EQ(releases.Count, 0) << "nothing has been pressed";
+    SendLeft(*text.viewport(), QEvent::MouseButtonPress, {5, 5});
+    SendLeft(*text.viewport(), QEvent::MouseButtonRelease, {5, 5});
+    test::PassTimers(text);
+    EXPECT_EQ(releases.Count, 1) << "its own release alone";
+    text.killTimer(other);
 }
 
 }  // namespace

@@ -8,25 +8,42 @@ namespace marvolin {
 
 namespace {
 
-/// Gives the text its release before its timer acts on a button that is up.
+/// Gives the text its release before its timer acts on a button that is up. Timers that run while the text waits for no
+/// release are not its concern.
 class TextHold : public QObject {
 public:
-    explicit TextHold(QAbstractScrollArea& text) : QObject(&text), text_(text) { text.installEventFilter(this); }
+    explicit TextHold(QAbstractScrollArea& text) : QObject(&text), text_(text) {
+        text.installEventFilter(this);
+        text.viewport()->installEventFilter(this);
+    }
 
 protected:
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() != QEvent::Timer || QApplication::mouseButtons().testFlag(Qt::LeftButton)) return false;
+    bool eventFilter(QObject* object, QEvent* event) override {
+        if (object == text_.viewport()) {
+            NoteButton(*event);
+        } else if (held_ && event->type() == QEvent::Timer && !QApplication::mouseButtons().testFlag(Qt::LeftButton)) {
+            Release();
+        }
+        return false;
+    }
+
+private:
+    void NoteButton(const QEvent& event) {
+        const bool down = event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick;
+        if (!down && event.type() != QEvent::MouseButtonRelease) return;
+        if (static_cast<const QMouseEvent&>(event).button() == Qt::LeftButton) held_ = down;
+    }
+    void Release() {
         // Beside the text, so that it is no click on a link.
         QWidget& view = *text_.viewport();
         const QPointF place(-1, -1);
         QMouseEvent release(QEvent::MouseButtonRelease, place, view.mapToGlobal(place), Qt::LeftButton, Qt::NoButton,
                             Qt::NoModifier);
         QCoreApplication::sendEvent(&view, &release);
-        return false;
     }
 
-private:
     QAbstractScrollArea& text_;
+    bool held_ = false;  ///< the text has had a press, and not yet its release
 };
 
 }  // namespace
