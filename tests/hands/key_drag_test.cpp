@@ -147,6 +147,14 @@ TEST(KeyDrag, WhatStoodInTheStatusLineComesBackWhenItIsLetGo) {
     EXPECT_EQ(hand.s.StatusText, "a report");
 }
 
+TEST(KeyDrag, AReportOfBeforeDoesNotStandAgainAfterADropThatReportsNothing) {
+    CarryHand hand;
+    hand.Go("PickDir_0");
+    ShowStatus(hand.s, "a report");
+    hand.Carry("PickDir_0", "PickDir_2");
+    EXPECT_NE(hand.s.StatusText, "a report");
+}
+
 TEST(KeyDrag, AReportOfTheMeantimeStaysWhenItIsLetGo) {
     CarryHand hand;
     hand.Go("Letr_0");

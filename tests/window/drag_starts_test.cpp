@@ -106,6 +106,26 @@ TEST(DragStart, WhatStoodInTheStatusLineComesBackAfterIt) {
     EXPECT_EQ(stage.s.StatusText, "") << "it goes with the pointer";
 }
 
+TEST(DragStart, AReportOfBeforeDoesNotComeBackAfterADropButAHintDoes) {
+    Stage stage;
+    QWidget& letter = *stage.Form->findChild<QWidget*>("Letr_1");
+    ShowStatus(stage.s, "a report");
+    {
+        DropWordsShown shown(stage.s, letter, "drop on a Letter");
+        shown.Dropped();
+    }
+    EXPECT_EQ(stage.s.StatusText, "");
+    letter.setAttribute(Qt::WA_UnderMouse);
+    DescribedOf(letter)->ShowHint(0, false);
+    const std::string hint = stage.s.StatusText;
+    ASSERT_NE(hint, "");
+    {
+        DropWordsShown shown(stage.s, letter, "drop on a Letter");
+        shown.Dropped();
+    }
+    EXPECT_EQ(stage.s.StatusText, hint);
+}
+
 TEST(DragStart, TheWordsOfADropAreThoseOfWhatIsDragged) {
     EXPECT_EQ(DropWords({"Letr", 3, kFadeTag}),
               "drop on another LoopTrack: cross-fades D with it; on D: fades D in or out");

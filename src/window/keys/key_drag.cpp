@@ -125,6 +125,7 @@ void KeyDrag::PickUp(QWidget& focus, std::int16_t button) {
 void KeyDrag::DropOn(QWidget& focus) {
     if (!TakenBy(focus)) return Say(carried_ + " cannot be dropped here; key Esc Let go");
     const auto data = ToMimeData(*load_);
+    if (former_) former_->ForgetReport();
     LetGo();
     QWidget& at = DroppedAt(focus);
     QDropEvent drop(QRectF(at.rect()).center(), Qt::CopyAction, data.get(), Qt::LeftButton, {});

@@ -138,8 +138,8 @@ QPixmap LabelPicture(const QString& text, double ratio) {
 void RunAlone(QWidget& from, Session& s, QDrag& drag, const std::string& words) {
     const Described* described = DescribedOf(from);
     const OneButton only(described == nullptr ? Qt::NoButton : described->Holder());
-    const DropWordsShown shown(s, from, words);
-    drag.exec(Qt::CopyAction);
+    DropWordsShown shown(s, from, words);
+    if (drag.exec(Qt::CopyAction) != Qt::IgnoreAction) shown.Dropped();
 }
 
 }  // namespace

@@ -18,11 +18,13 @@ std::string DropWords(const DragSource& source);
 inline constexpr char kFolderDropWords[] = "drop on the Name of a Bin: it shows this Folder";
 
 /// While it lives the status line has `words`, unless something is reported meanwhile. Then it has again what stood
-/// there before the drag of `control`; see `FormerStatus`.
+/// there before the drag of `control`, a report only when nothing was dropped; see `FormerStatus`.
 class DropWordsShown {
 public:
     DropWordsShown(Session& session, QWidget& control, const std::string& words);
     ~DropWordsShown();
+    /// A control has taken the drop.
+    void Dropped() { former_.ForgetReport(); }
     DropWordsShown(const DropWordsShown&) = delete;
     DropWordsShown& operator=(const DropWordsShown&) = delete;
 

@@ -20,6 +20,8 @@ FormerStatus::FormerStatus(Session& session, QWidget& control)
     wasHint_ = session.StatusText != text_;
 }
 
+void FormerStatus::ForgetReport() { text_.clear(); }
+
 void FormerStatus::BringBack() const {
     if (!wasHint_) return ShowStatus(session_, text_);
     ShowStatus(session_, "");

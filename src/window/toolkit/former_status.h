@@ -20,6 +20,8 @@ public:
     FormerStatus(Session& session, QWidget& control);
     /// Shows it again; the hint of the control only where the control still has the pointer or the focus.
     void BringBack() const;
+    /// A report does not come back: something has been done since. A hint does.
+    void ForgetReport();
 
 private:
     Session& session_;
