@@ -64,6 +64,25 @@ QImage Picture(Settings& stage, const char* name) {
     return stage.Form->grab({stage.InWindow(name, {}), stage.At(name)->size()}).toImage();
 }
 
+// Where a ball was, a part of the field is painted again.
+TEST(PadPictures, APartOfAFieldIsPaintedAsInTheWhole) {
+    Settings stage;
+    stage.OpenMap();
+    for (const char* name : {"Pad", "Map"}) {
+        SCOPED_TRACE(name);
+        QWidget& field = *stage.At(name);
+        for (auto* ball : field.findChildren<QWidget*>()) ball->hide();
+        const QImage whole = field.grab().toImage();
+        constexpr int kPart = 24;
+        for (int y = 0; y + kPart <= field.height(); y += kPart) {
+            for (int x = 0; x + kPart <= field.width(); x += kPart) {
+                const QRect part(x, y, kPart, kPart);
+                EXPECT_EQ(field.grab(part).toImage(), whole.copy(part)) << x << ", " << y;
+            }
+        }
+    }
+}
+
 TEST(PadPictures, EachTypeHasItsColourItsBallAndItsTwist) {
     Settings stage;
     std::vector<QImage> balls;

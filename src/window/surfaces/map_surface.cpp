@@ -72,8 +72,9 @@ MapSurface::MapSurface(Session& session, QWidget* parent) : BallSurface(session,
     }
 }
 
-void MapSurface::paintEvent(QPaintEvent*) {
-    QPainter p(this);
+QString MapSurface::FieldMark() const { return QString::fromStdString(NumberText(Round(s.MapRange, 2))); }
+
+void MapSurface::PaintField(QPainter& p) const {
     p.setRenderHint(QPainter::Antialiasing);
     p.setPen(QPen(theme::kFrame, 1));
     p.setBrush(theme::kSunk);
@@ -92,7 +93,7 @@ void MapSurface::paintEvent(QPaintEvent*) {
     p.setFont(theme::Sans(11));
     p.setPen(theme::kQuiet);
     p.drawText(QRectF(0, kSide - 23, kSide - 13, 16), Qt::AlignRight | Qt::AlignVCenter,
-               QString("edge %1").arg(QString::fromStdString(NumberText(Round(s.MapRange, 2)))));
+               QString("edge %1").arg(FieldMark()));
 }
 
 }  // namespace marvolin

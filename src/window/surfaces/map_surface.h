@@ -27,7 +27,8 @@ public:
     PosBall& BallOf(int ball) const { return *balls_[static_cast<std::size_t>(ball)]; }
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void PaintField(QPainter& p) const override;
+    QString FieldMark() const override;
 
 private:
     std::array<PosBall*, 5> balls_{};  // owned by the toolkit

@@ -64,8 +64,11 @@ void PadBall::paintEvent(QPaintEvent*) {
 PadSurface::PadSurface(Session& session, QWidget* parent)
     : BallSurface(session, parent, "Pad"), Ball(new PadBall(session, this)) {}
 
-void PadSurface::paintEvent(QPaintEvent*) {
-    QPainter p(this);
+QString PadSurface::FieldMark() const {
+    return QString("%1 %2").arg(FieldColour(s).name()).arg(s.PadTable[s.PadTypeIndex].Function);
+}
+
+void PadSurface::PaintField(QPainter& p) const {
     p.setRenderHint(QPainter::Antialiasing);
     const QColor field = FieldColour(s);
     p.setPen(Qt::NoPen);

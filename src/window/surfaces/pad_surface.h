@@ -22,7 +22,8 @@ public:
     PadBall* const Ball;  // owned by the toolkit
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void PaintField(QPainter& p) const override;
+    QString FieldMark() const override;
 };
 
 }  // namespace marvolin

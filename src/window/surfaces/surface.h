@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPixmap>
 #include <QWidget>
 
 #include "core/session.h"
@@ -21,8 +22,17 @@ public:
 
 protected:
     Session& s;
+    void paintEvent(QPaintEvent* event) override;
+    /// Paints what lies below the balls.
+    virtual void PaintField(QPainter& p) const = 0;
+    /// Two fields with the same mark look the same.
+    virtual QString FieldMark() const = 0;
     /// The field that is painted.
     QRectF Field() const { return QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5); }
+
+private:
+    QPixmap field_;  // as painted last
+    QString mark_;   // of field_
 };
 
 }  // namespace marvolin
