@@ -32,7 +32,8 @@ std::string WrongChoice(const World& world, const QComboBox& list) {
     if (name == "PadType") return differs(s.PadTypeIndex);
     if (name == "SetChannel") return differs(s.SetChannelChoice);
     if (name == "PosMacros") return differs(s.PosMacro);
-    if (name == "ProgramSize")
+    // It shows what was chosen, also while that waits.
+    if (name == "ProgramSize" && !world.Keeper.Waits())
         return differs(static_cast<int>(std::ranges::find(kProgramSizes, world.Keeper.Size()) - kProgramSizes.begin()));
     for (int bin = 0; bin < kBins; ++bin) {
         if (name == QString("FileDestination_%1").arg(bin)) return differs(s.Bins[bin].Destination);

@@ -121,6 +121,8 @@ private:
     void CheckFiles(int gesture) {
         mouse_.LetGo();
         keys_.LetGo();
+        if (QApplication::activePopupWidget() == nullptr)
+            Expect(gesture, QTest::qWaitFor([&] { return !world_.Keeper.Waits(); }) ? "" : "a chosen size still waits");
         if (options_.Paint) {
             // Over no control: what lies under the pointer is painted otherwise.
             mouse_.MoveTo(PlaceIn(world_.Main(), QPointF(4, world_.Main().height() - 4)));

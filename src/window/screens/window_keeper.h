@@ -44,8 +44,10 @@ public:
     /// Whether the main window would be whole on its screen.
     bool Fits(int percent) const;
     /// Takes a size of `kProgramSizes`. All windows are drawn anew once the event that is under way has ended, and no
-    /// dialogue or list is open.
+    /// dialogue or list is open and no button of the mouse is down.
     void Choose(int percent);
+    /// Whether a chosen size still waits for that.
+    bool Waits() const { return apply_.isActive(); }
     /// A form has been moved to where it comes up: it is taken to where the player left it, or else onto the screen,
     /// the browser beside `main` where there is room; the splash onto the middle of `main`. `main` may be null.
     void Arrange(QWidget& form, QWidget* main);
