@@ -31,13 +31,18 @@ struct OwnFolder {
     OwnFolder& operator=(const OwnFolder&) = delete;
 };
 
+/// The one of this run.
+inline const std::filesystem::path& FolderOfTheRun() {
+    static const OwnFolder folder;
+    return folder.Path;
+}
+
 /// A plain file in memory with the input, under a given name.
 class MemoryFile {
 public:
     MemoryFile(const std::uint8_t* data, std::size_t size, const std::string& name) : file_(::memfd_create("fuzz", 0)) {
-        static const OwnFolder folder;
         if (file_ < 0 || ::write(file_, data, size) != static_cast<ssize_t>(size)) std::abort();
-        link_ = folder.Path / name;
+        link_ = FolderOfTheRun() / name;
         std::filesystem::create_symlink("/proc/self/fd/" + std::to_string(file_), link_);
     }
     ~MemoryFile() {
