@@ -83,8 +83,8 @@ void LoadAndPlay(const std::string& path, bool save) {
         const LoopTrackRun& run = i.s.Run[row];
         if (i.s.Set[row].NSteps < 0 || i.s.Set[row].NSteps >= kPatternSteps) std::abort();
         if ((run.Loaded != False) != (run.Buffer != nullptr)) std::abort();
-        if (run.Loaded == False) i.Fill(row);
-        i.s.Run[row].Playing = True;
+        if (run.Loaded == False && i.s.DSReady) i.Fill(row);  // a set may have chosen "No Sound"
+        i.s.Run[row].Playing = run.Loaded;
         i.s.Set[row].PlayMode = kDrum;
     }
     for (int tick = 0; tick < 16; ++tick) LoopTimer_Timer(i.s, 1000);

@@ -69,11 +69,22 @@ std::string Differences(const test::Facts& before, const test::Facts& after) {
 /// What a set brings back of the rows that hold a sample in `world`, and beside them. Without `sound` the rows wait: a
 /// set may choose "No Sound", which counts as soon as it opens the output again for its 3D state.
 test::Facts KeptFacts(const Session& s, const World& world, bool sound) {
-    static constexpr const char* kOfRows[] = {"FileName", "Vol",       "Hz",      "Thinnable", "Swing",
-                                              "PlayMode", "NSteps",    "Channel", "Pattern0",  "Pattern1",
-                                              "Loaded",   "BeatStart", "Pan",     "Pattern2",  "Playing"};
-    static constexpr const char* kOthers[] = {"Limit",     "FadeStep", "TimingRes",  "DragAxis",   "Use3D",
-                                              "ActiveTab", "Clips",    "JoyFactor0", "JoyFactor1", "JoyFactor2"};
+    static constexpr const char* kOfRows[] = {
+        "FileName", "Vol",      "Hz",       "Thinnable", "StepDuration", "Swing",     "PlayMode",  "NSteps", "Channel",
+        "Pattern0", "Pattern1", "Pattern2", "Loaded",    "BeatStart",    "PositionX", "PositionY", "Pan",    "Playing"};
+    static constexpr const char* kOthers[] = {
+        "Limit",          "FadeStep",         "TimingRes",        "DragAxis",        "Use3D",          "ActiveTab",
+        "Clips",          "ResetVars",        "MapSize",          "RollOff",         "Pad0.Function",  "Pad1.Function",
+        "Pad2.Function",  "Pad3.Function",    "JoyFactor0",       "JoyFactor1",      "JoyFactor2",     "JoyRelative0",
+        "JoyRelative1",   "PositionUpdate0",  "PositionUpdate1",  "PositionUpdate2", "Bin0.ClickPlay", "Bin1.ClickPlay",
+        "Bin2.ClickPlay", "Bin0.Destination", "Bin1.Destination", "Bin2.Destination"};
+    // With 3D sound the pan is no part of a set, without it the map is none.
+    static constexpr std::string_view kWithout3D[] = {"Pan", "Pattern2"};
+    static constexpr std::string_view kWith3D[] = {"PositionX", "PositionY", "MapSize", "RollOff"};
+    const auto isOut = [&](std::string_view field) {
+        return world.s.Use3D ? std::ranges::find(kWithout3D, field) != std::end(kWithout3D)
+                             : std::ranges::find(kWith3D, field) != std::end(kWith3D);
+    };
     const test::Facts all = test::FactsOf(s);
     test::Facts kept;
     for (Row row = 0; row < kLoopTracks; ++row) {
@@ -81,16 +92,16 @@ test::Facts KeptFacts(const Session& s, const World& world, bool sound) {
         const LoopTrackRun& run = world.s.Run[row];
         if (!sound || run.Loaded == False || run.Missing || !FileExists(world.s.Set[row].FileName)) continue;
         for (const char* field : kOfRows) {
-            // With 3D sound the pan is no part of a set.
-            const bool pan = std::string_view(field) == "Pan" || std::string_view(field) == "Pattern2";
-            if (pan && world.s.Use3D) continue;
-            // Nor does all come to play that a limit has let play before.
-            if (std::string_view(field) == "Playing" && world.s.Limit < kNoLimit) continue;
+            // Not all comes to play that a limit has let play before.
+            const bool limited = std::string_view(field) == "Playing" && world.s.Limit < kNoLimit;
+            if (limited || isOut(field)) continue;
             const std::string name = std::string(1, RowLetter(row)) + "." + field;
             kept[name] = all.at(name);
         }
     }
-    for (const char* name : kOthers) kept[name] = all.at(name);
+    for (const char* name : kOthers) {
+        if (!isOut(name)) kept[name] = all.at(name);
+    }
     return kept;
 }
 
