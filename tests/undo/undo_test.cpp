@@ -283,6 +283,33 @@ TEST_F(Undo, ASetThatSwitches3dGivesTheSamplesBackAlsoWhenTheirFilesHaveGone) {
     EXPECT_TRUE(Desk.Boxes.empty());
 }
 
+TEST_F(Undo, ASetThatSwitches3dIsTakenBackAndDoneAgainOnTheOpenOutput) {
+    Load(0, "bells.wav");
+    ASSERT_TRUE(Save("flat.mvn"));
+    Enable3d_Click(s, true);
+    Load(0, "bells.wav", true);
+    // A set may show another output in the list than the open one.
+    const auto noSound = static_cast<std::int16_t>(static_cast<int>(s.Drivers.size()) - 1);
+    const std::int16_t open = s.OpenDriver;
+    s.Driver = noSound;
+    Forget();
+    ASSERT_TRUE(Open("flat.mvn"));
+    ASSERT_EQ(s.Driver, open);
+    Undo_Click(s);
+    EXPECT_TRUE(s.Use3D);
+    EXPECT_TRUE(s.DSReady);
+    EXPECT_EQ(s.Driver, noSound);
+    Redo_Click(s);
+    EXPECT_FALSE(s.Use3D);
+    EXPECT_TRUE(s.DSReady);
+    EXPECT_EQ(s.OpenDriver, open);
+    EXPECT_EQ(s.Driver, open);
+    EXPECT_NE(s.Run[0].Loaded, False);
+    Undo_Click(s);
+    EXPECT_TRUE(s.DSReady);
+    EXPECT_NE(s.Run[0].Loaded, False);
+}
+
 TEST_F(Undo, OptionsThatASetDidNotChangeStayAsTheHandHasPutThemSince) {
     Load(0, "bells.wav");
     s.Limit = 3;

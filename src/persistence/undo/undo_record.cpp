@@ -40,11 +40,16 @@ void TakeAlongAllRows(UndoRecord& step, const UndoSnapshot& now) {
     }
 }
 
+// The open output stays in use: a set may have chosen another one, which counts from the hand's next change on.
 void Change3D(Session& s, bool on) {
     for (Row row = 0; row < kLoopTracks; ++row) {
         if (s.Run[row].Loaded != False) LoopUnload(s, row);
     }
+    const std::int16_t chosen = s.Driver;
+    if (s.DSReady) s.Driver = s.OpenDriver;
     ChangeUse3D(s, on);
+    s.Driver = chosen;
+    s.World.Screen.ShowDrivers();
 }
 
 // What the limit stopped at the last exchange plays again after this one, unless the hand has started it meanwhile.
