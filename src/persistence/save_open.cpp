@@ -43,6 +43,9 @@ void TakeFile(Session& s, const std::string path) {
     s.DialogueFile = s.CurrentFile;
 }
 
+// The title stays, but the status bar has the name that was chosen.
+void ShowFailed(Session& s) { s.World.Screen.ShowTitle(); }
+
 /// What is in hand has no file yet.
 void LetGoOfFile(Session& s) {
     s.CurrentFile.clear();
@@ -176,7 +179,7 @@ void SaveItAs_Chosen(Session& s, const SaveOpenChoices& choices, const std::stri
     TakeFile(s, file);
     TakeBack(s, choices);
     CloseDialogue(s);
-    if (!SaveAsChosen(s, file)) return;
+    if (!SaveAsChosen(s, file)) return ShowFailed(s);
     ShowCurrent(s);
     AfterSuccess(s);
 }
@@ -187,6 +190,7 @@ void OpenIt_Chosen(Session& s, const SaveOpenChoices& choices, const std::string
     TakeBack(s, choices);
     CloseDialogue(s);
     if (OpenAsChosen(s, path)) return AfterSuccess(s);
+    ShowFailed(s);
     // "Save" would write what is loaded over a file of which something could still be read.
     s.SaveItEnabled = false;
     s.World.Screen.ShowSaveOpen();

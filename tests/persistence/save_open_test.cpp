@@ -224,6 +224,17 @@ TEST(SaveOpen, ASaveAsThatFailsEnablesNothingAndKeepsTheTitle) {
     EXPECT_EQ(i.Forms.Log.back(), "Hide Save");
 }
 
+TEST(SaveOpen, TheNameOfAFileThatCouldNotBeSavedOrOpenedIsShown) {
+    SetInstrument i;
+    i.Store.Answer = false;
+    SaveItAs_Chosen(i.s, {}, "/other/new.mvn");
+    EXPECT_EQ(i.s.CurrentFile, "new.mvn");
+    EXPECT_EQ(i.Screen.Count("ShowTitle"), 1);
+    OpenIt_Chosen(i.s, {}, "/other/old.mvn");
+    EXPECT_EQ(i.s.CurrentFile, "old.mvn");
+    EXPECT_EQ(i.Screen.Count("ShowTitle"), 2);
+}
+
 TEST(SaveOpen, OpenStoresTheChoicesClosesAndThenLoads) {
     SetInstrument i;
     OpenSaveOpen(i.s, "");
