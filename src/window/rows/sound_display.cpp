@@ -211,8 +211,6 @@ void SoundDisplay::paintEvent(QPaintEvent* event) {
     const SoundDisplayState& state = s.SndDisp[index];
     DrawNeedle(p, state.Line, false);
     DrawNeedle(p, state.Level, true);
-    // By now the sound has moved on, and its place would lie outside the part that is painted.
-    if (event->region() == QRegion(rect())) shownX_ = PlaceX();
     if (shownX_ >= 0) {
         p.setPen(QPen(theme::InkOn(Ground()), 1.6));
         p.drawLine(QPointF(shownX_, 2), QPointF(shownX_, height() - 2));
