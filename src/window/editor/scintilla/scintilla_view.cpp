@@ -99,9 +99,10 @@ void ScintillaView::WidenNumbers() {
 void ScintillaView::Connect() {
     connect(this, &QsciScintilla::linesChanged, this, [this] { WidenNumbers(); });
     connect(this, &QsciScintilla::textChanged, this, [this] {
-        // What was wrong is being mended. The library does not paint away a mark that goes with all text.
+        // What was wrong is being mended. The library does not paint away a mark that goes with all text, nor a bracket
+        // that has stood beside the caret.
         if (Marked() == Caret().Line) Mark(0);
-        viewport()->update(0, 0, marginWidth(kNumbers) + marginWidth(kMarks), viewport()->height());
+        viewport()->update();
         if (OnEdit) OnEdit();
         Tell();
     });
