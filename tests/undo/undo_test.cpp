@@ -702,6 +702,26 @@ TEST_F(Undo, WhatTheLimitStopsWhileAStepIsTakenBackPlaysOnWhenItIsDoneAgain) {
     EXPECT_EQ(s.ThinList, "A");
 }
 
+TEST_F(Undo, ARowThatOnlyTheTakenBackStateHasPlayedStopsNoOtherWhenTheStepBringsALimit) {
+    Load(1, "drum.wav");
+    Load(3, "bells.wav");
+    s.Limit = 1;
+    ASSERT_TRUE(Save("one.mvn"));
+    s.Limit = kNoLimit;
+    LoopPlay(s, 3, true);
+    Forget();
+    ASSERT_TRUE(Open("one.mvn"));
+    ASSERT_EQ(s.Run[3].Playing, False);
+    LoopPlay(s, 1, true);
+    Undo_Click(s);
+    ASSERT_EQ(s.Run[3].Playing, True);
+    Redo_Click(s);
+    EXPECT_EQ(s.Limit, 1);
+    EXPECT_EQ(s.Run[3].Playing, False);
+    EXPECT_EQ(s.Run[1].Playing, True);
+    EXPECT_EQ(s.ThinList, "B");
+}
+
 TEST_F(Undo, WhatTheHandStartsAfterTheLimitHasStoppedItIsLeftAloneWhenTheStepIsDoneAgain) {
     TakeBackOverTheLimit();
     LoopPlay(s, 0, true);

@@ -243,6 +243,8 @@ std::vector<std::string> Exchange(Session& s, UndoRecord& step) {
     step.Unheard = Restore(s, goal, now);
     if (step.Clips) step.Clips->Exchange(s);
     step.RowsChanged = own;
+    // What the hand has started since the step, or stopped, may have put the rows in another order.
+    if (s.ThinList != now.Rest.ThinList) step.RestChanged |= kThinListPart;
     step.Thinned = StoppedByLimit(s, now, goal.Rows);
     step.Rows = std::move(now.Rows);
     now.Rest.Settings = SettingsWithKeysOf(now.Rest.Settings, step.Rest.Settings);
