@@ -42,10 +42,11 @@ TEST(GuardedRuns, AProgramThatEndsItselfIsAFinding) {
 TEST(GuardedRuns, WhatHasNoFindingCountsAndLeavesThePlaceOfTheNextSeed) {
     SharedNotes notes(1);
     EXPECT_TRUE(notes.InChild([&] {
-        notes->EndRun({.Gestures = 2000, .Checks = 9000, .Answers = 3, .Found = {}});
-        notes->EndRun({.Gestures = 500, .Checks = 100, .Answers = 0, .Found = {}});
+        notes->EndRun({.Gestures = 2000, .Checks = 9000, .Answers = 3, .Early = false, .Found = {}});
+        notes->EndRun({.Gestures = 500, .Checks = 100, .Answers = 0, .Early = true, .Found = {}});
     }));
     EXPECT_EQ(notes->Seed, 3U);
+    EXPECT_EQ(notes->Early, 1);
     EXPECT_EQ(notes->Gestures, 2500);
     EXPECT_TRUE(notes->Over(2500, 0));
     EXPECT_FALSE(notes->Over(2501, 0));

@@ -6,12 +6,17 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QPointer>
 #include <QTimer>
 #include <set>
+#include <stdexcept>
 
+#include "core/undo/undo_step.h"
 #include "gestures.h"
 #include "invariants.h"
+#include "parameters/setters.h"
+#include "persistence/undo/undo_commands.h"
 #include "run.h"
 
 namespace marvolin::hand {
@@ -145,6 +150,97 @@ TEST(HostileHand, FindsWhatIsPutInRightAfterTheGesture) {
         EXPECT_THAT(result.Found->What, HasSubstr(planted.Found));
         EXPECT_THAT(result.Found->Words, HasSubstr("  6 "));
     }
+}
+
+/// A row with a sample.
+Row LoadedRow(const World& world) {
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        if (world.s.Run[row].Loaded != False) return row;
+    }
+    throw std::logic_error("no sample is loaded");
+}
+
+constexpr Planted kPlantedForLater[] = {
+    {"a control that paints itself otherwise each time",
+     [](World& world) {
+         struct Painter : QObject {
+             using QObject::QObject;
+             int Times = 0;
+             bool eventFilter(QObject* object, QEvent* event) override {
+                 if (event->type() != QEvent::Paint) return false;
+                 auto& widget = dynamic_cast<QWidget&>(*object);
+                 QPainter(&widget).fillRect(widget.rect(), QColor(++Times % 256, 0, 0));
+                 return true;
+             }
+         };
+         auto& display = *world.Main().findChild<QWidget*>("SndDisp_1");
+         display.installEventFilter(new Painter(&display));
+     },
+     "what is shown is not what would be painted, in frmMain at "},
+    {"a setting that a set does not bring back", [](World& world) { world.s.Set[LoadedRow(world)].Thinnable = 7; },
+     "of a saved set something does not come back:"},
+    {"a step that does not come back whole",
+     [](World& world) {
+         Session& s = world.s;
+         const Row row = LoadedRow(world);
+         {
+             const UndoStep step(s, "Test");
+             std::int16_t vol = s.Set[row].Vol == 100 ? 200 : 100;
+             LoopVolChange(s, row, vol, TakeHold::Yes, UpdateDisplay::Yes);
+         }
+         const std::int16_t other = s.Set[row].NSteps == 9 ? 10 : 9;
+         world.Sound.OnCall = [&s, row, other](const std::string&) { s.Set[row].NSteps = other; };
+     },
+     "taken back and done again, \"Test\" leaves another set"},
+};
+
+TEST(HostileHand, FindsWhatIsPutInWhenItPaintsAndSavesAndTakesBack) {
+    constexpr int kLook = 250;  // gestures
+    for (const Planted& planted : kPlantedForLater) {
+        SCOPED_TRACE(planted.Fault);
+        RunOptions options;
+        options.Seed = 8;
+        options.Gestures = options.SpoilAfter = kLook;
+        options.Paint = true;
+        options.Spoil = [&](World& world) { planted.Plant(world); };
+        const RunResult result = PlayRun(options);
+        ASSERT_TRUE(result.Found.has_value());
+        EXPECT_EQ(result.Found->Gesture, kLook);
+        EXPECT_THAT(result.Found->What, HasSubstr(planted.Found));
+    }
+}
+
+TEST(HostileHand, FindsAnErrorThatComesOutOfTheInstrument) {
+    RunOptions options;
+    options.Gestures = options.SpoilAfter = 2;
+    options.Spoil = [](World&) { throw std::out_of_range("a table"); };
+    const RunResult result = PlayRun(options);
+    ASSERT_TRUE(result.Found.has_value());
+    EXPECT_EQ(result.Found->What, "an error came out: a table");
+    EXPECT_EQ(result.Found->Gesture, 2);
+}
+
+TEST(HostileHand, FindsAWindowThatLiesOnNoScreenOnceTheScreensHaveChanged) {
+    RunOptions options;
+    options.Gestures = options.SpoilAfter = 3;
+    options.Spoil = [](World& world) {
+        world.Screens = {{QRect(9000, 0, 1920, 1080), QRect(9000, 0, 1920, 1040)}};
+        world.ScreensMoved = true;
+    };
+    const RunResult result = PlayRun(options);
+    ASSERT_TRUE(result.Found.has_value());
+    EXPECT_THAT(result.Found->What, HasSubstr("is on none of the screens"));
+}
+
+TEST(HostileHand, TellsOfARunWhoseWindowWasClosedEarly) {
+    RunOptions options;
+    options.Gestures = 5;
+    EXPECT_FALSE(PlayRun(options).Early);
+    options.SpoilAfter = 3;
+    options.Spoil = [](World& world) { world.Close(); };
+    const RunResult result = PlayRun(options);
+    EXPECT_TRUE(result.Early);
+    EXPECT_EQ(result.Gestures, 3);
 }
 
 TEST(HostileHand, NamesTheLastGestureForWhatIsWrongAtTheEnd) {

@@ -50,6 +50,7 @@ void Notes::Say(int gesture, const std::string& words) {
 
 void Notes::EndRun(const RunResult& result) {
     ++Runs;
+    if (result.Early) ++Early;
     Gestures += result.Gestures;
     Checks += result.Checks;
     Answers += result.Answers;
@@ -126,8 +127,9 @@ int SharedNotes::Report() const {
     if (notes.Found) std::printf("found: %s\n", notes.Finding.data());
     const double seconds = std::max(notes.Seconds(), 1e-3);
     std::printf(
-        "%lld gestures in %lld runs from seed %llu on, %.0f s, %.0f gestures a second, %lld checks, %lld answers: %s\n",
-        static_cast<long long>(notes.Gestures), static_cast<long long>(notes.Runs),
+        "%lld gestures in %lld runs (%lld closed the window early) from seed %llu on, %.0f s, %.0f gestures a second, "
+        "%lld checks, %lld answers: %s\n",
+        static_cast<long long>(notes.Gestures), static_cast<long long>(notes.Runs), static_cast<long long>(notes.Early),
         static_cast<unsigned long long>(notes.FirstSeed), seconds, static_cast<double>(notes.Gestures) / seconds,
         static_cast<long long>(notes.Checks), static_cast<long long>(notes.Answers),
         notes.Found ? "a finding" : "no finding");

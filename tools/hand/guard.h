@@ -20,6 +20,7 @@ struct Notes {
     std::uint64_t FirstSeed = 1;
     std::uint64_t Seed = 1;  ///< of the run under way, or of the next one
     std::int64_t Runs = 0;   ///< that have ended
+    std::int64_t Early = 0;  ///< of them, that ended before their last gesture, as the main window was closed
     std::int64_t Gestures = 0;
     std::int64_t Checks = 0;
     std::int64_t Answers = 0;

@@ -35,11 +35,8 @@ public:
             return result_;
         }
         LookAway();
-        for (int gesture = 1; gesture <= options_.Gestures && !Over(); ++gesture) {
-            Act(gesture);
-            if (gesture == options_.SpoilAfter) options_.Spoil(world_);
-            Check(gesture);
-        }
+        for (int gesture = 1; gesture <= options_.Gestures && !Over(); ++gesture) MakeTurn(gesture);
+        result_.Early = !result_.Found && result_.Gestures < options_.Gestures;
         End();
         result_.Answers = answers_.Count();
         return result_;
@@ -47,6 +44,17 @@ public:
 
 private:
     bool Over() const { return result_.Found.has_value() || world_.Closed(); }
+
+    // What comes out of the instrument here would leave it without answers to its last questions.
+    void MakeTurn(int gesture) {
+        try {
+            Act(gesture);
+            if (gesture == options_.SpoilAfter) options_.Spoil(world_);
+            Check(gesture);
+        } catch (const std::exception& e) {
+            Expect(gesture, std::string("an error came out: ") + e.what());
+        }
+    }
 
     // Painting takes most of the time, so most runs paint nothing.
     void LookAway() {

@@ -38,6 +38,7 @@ struct RunResult {
     int Gestures = 0;          ///< made
     std::int64_t Checks = 0;   ///< checks made
     std::int64_t Answers = 0;  ///< boxes, dialogues and drags that were answered
+    bool Early = false;        ///< a gesture has closed the main window before the last one
     std::optional<Finding> Found;
 };
 
