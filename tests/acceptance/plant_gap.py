@@ -1,6 +1,8 @@
-"""plant_gap.py CAPTURE AT MS: makes the capture of the card silent for so many ms from AT ms on, as a card does that misses
-something. The capture is 16 bit stereo at 44100 Hz, its header the shortest there is."""
+"""plant_gap.py CAPTURE AT MS [DIVISOR]: makes the capture of the card silent for so many ms from AT ms on, as a card does that
+misses something; with DIVISOR only so many times quieter. The capture is 16 bit stereo at 44100 Hz, its header the
+shortest there is."""
 
+import array
 import sys
 
 HEADER = 44
@@ -12,6 +14,10 @@ def frames(ms):
 
 
 path, at, length = sys.argv[1], int(sys.argv[2]), int(sys.argv[3])
+divisor = int(sys.argv[4]) if len(sys.argv) > 4 else 0
 with open(path, "r+b") as file:
-    file.seek(HEADER + FRAME * frames(at))
-    file.write(bytes(FRAME * frames(length)))
+    place = HEADER + FRAME * frames(at)
+    file.seek(place)
+    samples = array.array("h", file.read(FRAME * frames(length)))
+    file.seek(place)
+    file.write(array.array("h", [int(sample / divisor) if divisor else 0 for sample in samples]).tobytes())
