@@ -49,4 +49,18 @@ stop_all
 compare "what was found" "${CONTROLS[@]}"
 hear_the_same "what was found" 0 1
 picture "found"
+
+echo "The set that was saved without them"
+stop_all
+quick_load 1 "again"
+expect "the title names it" title_is "marvolin-again.mvn"
+park
+for row in "${rows[@]}"; do
+  expect "row $row keeps its place, and misses its sample" looks_unlike "DropDown_$row" "${LOOK[DropDown_$row]}"
+done
+find_in "$FOLDER/moved"
+park
+for row in "${rows[@]}"; do
+  expect "row $row is as before" looks_like "DropDown_$row" "${LOOK[DropDown_$row]}"
+done
 finish

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # What is heard is recorded: by the button and by the key, in any window, frame by frame as the card gets it, also when the
-# program is killed or closed meanwhile. The key of silence silences everything and brings it back.
+# program is killed or closed meanwhile. The key of silence silences everything and brings it back. A light tells of sound
+# that is cut off.
 source "$(dirname "${BASH_SOURCE[0]}")/set_hands.sh"
 
 RECORDINGS=$FOLDER/marvolin/Recordings
@@ -89,6 +90,29 @@ expect "what is played meanwhile is not heard" silent_since "$begin"
 xdotool key F12
 begin=$(now)
 expect "and F12 brings it back" sounds_since "$begin"
+
+echo "Too loud"
+read -r left top width _ <<<"${PLACE[LevelMeter]}"
+PLACE[Light]="$((left + 1)) $((top + 1)) $((width - 2)) 3"
+stop_all
+park
+wait_ms 2500
+dark=$(face Light)
+"$(dirname "$PRINT_PLACES")/make_tone" "$FOLDER/loud.wav" 440 100
+for row in 1 2; do drop "SndDisp_$row" "$FOLDER/loud.wav"; done
+key b
+wait_ms 300
+expect "one at full scale is not too loud" looks_like Light "$dark"
+key c
+expect "the light of the meter comes on" looks_unlike Light "$dark"
+picture "too loud"
+begin=$(now)
+stop_all
+wait_ms 500
+expect "it stays for a while" looks_unlike Light "$dark"
+expect "and goes out" looks_like Light "$dark"
+between "ms that it stayed" $(($(now) - begin)) 1800 4000
+key a
 
 echo "A kill"
 click Record
