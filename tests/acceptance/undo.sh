@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # A sample that was replaced, and a row that was emptied, come back by Backspace without their files, while another LoopTrack
-# sounds on without a gap. Shift+Backspace and the two buttons do the same.
-source "$(dirname "${BASH_SOURCE[0]}")/hands.sh"
+# sounds on without a gap. Shift+Backspace and the two buttons do the same. A set that was opened is taken back whole.
+source "$(dirname "${BASH_SOURCE[0]}")/set_hands.sh"
 
 HELD=$FOLDER/held
 mkdir -p "$HELD"
@@ -51,5 +51,26 @@ expect "A goes with its load" silent_since "$silent"
 back=$(now)
 key BackSpace shift
 expect "and plays on when that is done again" sounds_since "$back"
+
+echo "A set that was opened"
+CONTROLS=(DropDown_0 DropDown_1 SndDisp_1 VolKnob_0 PanKnob_0 VolKnob_1)
+stop_all
+drop SndDisp_0 "$SAMPLES/Noise.wav"
+drop SndDisp_1 "$SAMPLES/Rear_Left.wav"
+save_as "evening.mvn"
+drop SndDisp_1 "$SAMPLES/Rear_Right.wav"
+drag VolKnob_0 -12 0
+drag PanKnob_0 10 0
+remember "${CONTROLS[@]}"
+hear_before 0 1
+quick_load 1 "evening"
+expect "the title names it" title_is "marvolin-evening.mvn"
+for name in DropDown_1 VolKnob_0 PanKnob_0; do
+  expect "$name is that of the set" looks_unlike "$name" "${LOOK[$name]}"
+done
+xdotool windowactivate --sync "$WINDOW" key BackSpace
+compare "taken back" "${CONTROLS[@]}"
+hear_the_same "taken back" 0 1
+picture "set taken back"
 
 finish
