@@ -1,0 +1,62 @@
+#!/usr/bin/env bash
+# The disk is full while a recording runs: one box tells of it, what has been recorded can be read, and the play goes on. The disk
+# is full for the program as soon as a file of it is longer than 700 KB.
+NOT_STARTED=1
+source "$(dirname "${BASH_SOURCE[0]}")/set_hands.sh"
+
+LIMIT=700
+limited=$FOLDER/marvolin/limited
+cat >"$limited" <<EOF
+#!/usr/bin/env bash
+trap '' XFSZ
+ulimit -f $LIMIT
+exec "$FOLDER/marvolin/$(basename "$PROGRAM_FILE")"
+EOF
+chmod +x "$limited"
+stage_start "$limited"
+stage_clear
+park
+expect "the browser is open beside the main window" find_browser
+
+echo "A recording"
+drop SndDisp_0 "$SAMPLES/Noise.wav"
+begin=$(now)
+key a
+expect "A plays" sounds_since "$begin"
+park
+dark=$(face Record)
+from=$(now)
+windows=" $(stage_windows | paste -sd ' ') "
+click Record
+expect "a box tells of its end" list_beside "$windows"
+BOX=$LIST
+import -window "$BOX" "$FOLDER/box.png"
+wait_ms 500
+to=$(now)
+expect "A has no gap meanwhile" sounds_throughout "$from" "$to"
+xdotool windowactivate --sync "$BOX" key Return
+no_box() { ! list_beside "$windows"; }
+expect "the box closes" no_box
+wait_ms 1000
+expect "no other one comes" no_box
+park
+expect "the button is dark again" looks_like Record "$dark"
+
+echo "What there is"
+mapfile -t files < <(find "$FOLDER/marvolin/Recordings" -name '*.wav')
+between "recordings" ${#files[@]} 1 1
+read -r frames place <<<"$(python3 "$(dirname "${BASH_SOURCE[0]}")/recorded.py" "${files[0]}" "$SOUND")"
+between "KB of sound that can be read" $((frames * 4 / 1024)) $((LIMIT - 100)) $LIMIT
+expect "every frame is what the card got" eval '[[ $place -ge 0 ]]'
+
+echo "Another one"
+rm "${files[0]}"
+click Record
+wait_ms 1000
+click Record
+park
+expect "the button is dark again" looks_like Record "$dark"
+between "recordings" "$(find "$FOLDER/marvolin/Recordings" -name '*.wav' | wc -l)" 1 1
+to=$(now)
+expect "A has played all the time" sounds_throughout "$from" "$to"
+finish
