@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The disk is full while a recording runs: one box tells of it, what has been recorded can be read, and the play goes on. The disk
-# is full for the program as soon as a file of it is longer than 700 KB.
+# The disk takes no more while a recording runs: one box tells of it, what has been recorded can be read, and the play goes on.
+# Here it is a limit for the length of a file, as a full disk can be made by root alone.
 NOT_STARTED=1
 source "$(dirname "${BASH_SOURCE[0]}")/set_hands.sh"
 
