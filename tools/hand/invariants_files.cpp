@@ -138,6 +138,14 @@ bool AStepWasLimited(const test::Facts& before, const test::Facts& after) {
     });
 }
 
+// A fade does not go on, row Z plays when a row does, and the places of the balls are rounded.
+test::Facts WithoutMoving(test::Facts facts) {
+    std::erase_if(facts, [](const auto& fact) {
+        return fact.first.ends_with(".FadeState") || fact.first == "Z.Playing" || fact.first.starts_with("Ball");
+    });
+    return facts;
+}
+
 }  // namespace
 
 // A set does not hold all of the instrument: the flags of the selection, for one, are in the file and do not come back.
@@ -174,8 +182,8 @@ std::string WrongUndo(World& world) {
         const std::string said = s.StatusText;
         Redo_Click(s);
         const std::string after = BytesOf(s);
-        if (before == after) return "";
         const test::Facts now = test::FactsOf(s);
+        if (before == after && WithoutMoving(facts) == WithoutMoving(now)) return "";
         if (!again && AStepWasLimited(facts, now)) continue;
         return "taken back and done again, \"" + step + "\" leaves another set, " + FirstDifference(before, after) +
                Differences(facts, now) + "\n  " + said + "\n  " + s.StatusText;
