@@ -4,7 +4,7 @@
 NOT_STARTED=1
 source "$(dirname "${BASH_SOURCE[0]}")/set_hands.sh"
 
-LIMIT=700
+LIMIT=300
 limited=$FOLDER/marvolin/limited
 cat >"$limited" <<EOF
 #!/usr/bin/env bash
