@@ -722,6 +722,26 @@ TEST_F(Undo, ARowThatOnlyTheTakenBackStateHasPlayedStopsNoOtherWhenTheStepBrings
     EXPECT_EQ(s.ThinList, "B");
 }
 
+TEST_F(Undo, ARowThatTheHandHasStoppedSinceDoesNotComeBackIntoTheOrderOfThinning) {
+    Load(0, "bells.wav", true);
+    Load(1, "drum.wav", true);
+    Load(2, "hum.wav");
+    Load(3, "drum.wav");
+    s.Set[3].Thinnable = False;
+    LoopSetThinnable(s, 3, true);  // silent, but in the order by its flag
+    Forget();
+    LoopClearRows(s, 1);
+    ASSERT_EQ(s.ThinList, "AD");
+    Undo_Click(s);
+    ASSERT_EQ(s.ThinList, "ABD");
+    LoopStop(s, 0);
+    Redo_Click(s);
+    EXPECT_EQ(s.ThinList, "D");
+    s.Limit = 2;
+    LoopPlay(s, 2, true);
+    EXPECT_EQ(s.ThinList, "DC") << "nothing had to stop";
+}
+
 TEST_F(Undo, WhatTheHandStartsAfterTheLimitHasStoppedItIsLeftAloneWhenTheStepIsDoneAgain) {
     TakeBackOverTheLimit();
     LoopPlay(s, 0, true);

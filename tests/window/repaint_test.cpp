@@ -101,6 +101,35 @@ TEST(Repaint, ThePlayingPlaceIsPaintedWhereItWasAskedForThoughTheSoundHasGoneOn)
     EXPECT_EQ(after, Whole(display));
 }
 
+TEST(Repaint, ThePlayingPlaceIsThereWithTheStartOfItsLoopTrack) {
+    Stage stage;
+    auto& buffer = stage.Fill(1);
+    stage.Fill(2);
+    QWidget& display = *stage.At("SndDisp_1");
+    for (const bool anotherPlays : {false, true}) {
+        if (anotherPlays) stage.Click("Play_2");
+        buffer.SetCurrentPosition(88200);
+        stage.Click("Play_1");
+        const QImage atOnce = Whole(display);
+        stage.Form->Rows[1]->Sound->RefreshPlace();
+        EXPECT_EQ(atOnce, Whole(display));
+        stage.Click("Play_1");
+        EXPECT_NE(atOnce, Whole(display));
+    }
+}
+
+TEST(Repaint, ThePlayingPlaceMovesWithTheWidthOfItsDisplay) {
+    Stage stage;
+    stage.Fill(1).SetCurrentPosition(88200);
+    stage.Click("Play_1");
+    stage.Settle();
+    QWidget& display = *stage.At("SndDisp_1");
+    display.resize(display.width() / 2, display.height());
+    const QImage resized = Whole(display);
+    stage.Form->Rows[1]->Sound->RefreshPlace();
+    EXPECT_EQ(resized, Whole(display));
+}
+
 TEST(Repaint, AKnobWhosePictureDoesNotChangeIsNotRepainted) {
     Stage stage;
     stage.s.Set[2].Vol = 300;

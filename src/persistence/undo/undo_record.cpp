@@ -10,6 +10,7 @@
 #include "performance/map/use_3d.h"
 #include "persistence/undo/instrument_restore.h"
 #include "persistence/undo/row_restore.h"
+#include "persistence/undo/undo_goal.h"
 
 namespace marvolin {
 
@@ -76,29 +77,9 @@ InstrumentState RestOf(Session& s, InstrumentParts parts) {
     return rest;
 }
 
-struct Goal {
-    Table<RowState, kUndoRows> Rows;
-    Table<RowParts, kUndoRows> Changed;  ///< what really differs from what is there
-    InstrumentState Rest;
-    InstrumentParts RestChanged = 0;
-};
-
-Goal GoalOf(const UndoRecord& step, const UndoSnapshot& now, bool allAnew) {
-    Goal goal{.Rows = now.Rows, .Changed = {}, .Rest = now.Rest};
-    for (Row row = 0; row < kUndoRows; ++row) {
-        const RowParts changed = step.RowsChanged[row];
-        CopyParts(goal.Rows[row], step.Rows[row], changed);
-        const bool anew = allAnew && changed == kAllRowParts;
-        goal.Changed[row] = anew ? changed : changed & DifferentParts(now.Rows[row], goal.Rows[row]);
-    }
-    CopyParts(goal.Rest, step.Rest, step.RestChanged);
-    goal.RestChanged = step.RestChanged & DifferentParts(now.Rest, goal.Rest);
-    return goal;
-}
-
 // What plays for row Z is as it was; but nothing does when the last row has fallen silent. Rows that wait for a device
 // leave row Z alone.
-void RestorePlayingOfSelection(Session& s, const Goal& goal, const UndoSnapshot& now) {
+void RestorePlayingOfSelection(Session& s, const UndoGoal& goal, const UndoSnapshot& now) {
     const auto plays = [](const RowState& row) { return row.InHand.Playing; };
     const bool played = std::any_of(now.Rows.begin(), now.Rows.begin() + kLoopTracks, plays);
     bool playing = false;
@@ -121,7 +102,7 @@ void TakeUnheard(UndoRecord& step, UndoSnapshot& now) {
 /// The samples that wait now, each in its row.
 using WaitingRows = Table<UnheardSample, kUndoRows>;
 
-WaitingRows Restore(Session& s, const Goal& goal, const UndoSnapshot& now) {
+WaitingRows Restore(Session& s, const UndoGoal& goal, const UndoSnapshot& now) {
     WaitingRows waiting;
     RestoreSpace(s, goal.Rest, goal.RestChanged);
     for (Row row = 0; row < kUndoRows; ++row) {
@@ -237,7 +218,7 @@ std::vector<std::string> Exchange(Session& s, UndoRecord& step) {
     const Table<RowParts, kUndoRows> own = step.RowsChanged;
     TakeAlongThinned(step, now);
     if (anew) TakeAlongAllRows(step, now);
-    const Goal goal = GoalOf(step, now, anew);
+    const UndoGoal goal = GoalOf(step, now, anew);
     if (anew) Change3D(s, goal.Rest.Use3D);
     TakeUnheard(step, now);
     step.Unheard = Restore(s, goal, now);

@@ -162,11 +162,12 @@ void FrmMain::changeEvent(QEvent* event) {
 void FrmMain::FollowPlaying() {
     bool playing = false;
     for (Row row = 0; row < kLoopTracks; ++row) playing = playing || s.Run[row].Playing != False;
-    if (playing && !places_.isActive()) places_.start();
     if (!playing) {
         places_.stop();
-        ShowPlaces();
+    } else if (!places_.isActive()) {
+        places_.start();
     }
+    ShowPlaces();
 }
 
 void FrmMain::WatchSound() {

@@ -96,7 +96,10 @@ void SoundDisplay::RefreshWaveform() {
     update();
 }
 
-void SoundDisplay::resizeEvent(QResizeEvent*) { RefreshWaveform(); }
+void SoundDisplay::resizeEvent(QResizeEvent*) {
+    RefreshWaveform();
+    RefreshPlace();
+}
 
 double SoundDisplay::PlaceX() const {
     if (index >= kLoopTracks) return -1;
