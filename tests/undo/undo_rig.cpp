@@ -57,15 +57,13 @@ std::string UndoRig::Portrait(Knobs knobs) {
         LoopTrackSet set = s.Set[row];
         if (!told) set.Vol = set.Pan = set.Hz = 0;
         const bool runs = run.Playing != False || run.InHand.Playing;  // step and cursor go on by themselves
-        // Nor is the step of a sample that waits heard: a set that has the same one begins at its first.
-        const bool still = !runs && run.InHand.FileName.empty();
         out << RowLetter(row) << ' ';
         TellSet(out, set);
         out << "\n  loaded " << run.Loaded << " playing " << run.Playing << " paused " << run.Paused << " reversed "
             << (run.Loaded != False && run.Reversed != False) << " waits " << run.InHand.FileName << ' '
             << run.InHand.BeatStart << run.InHand.Playing << run.InHand.Paused << run.InHand.Sounds
             << (run.InHand.Sounds && run.InHand.Loops) << run.InHand.Reversed << (runs ? 0 : run.InHand.Cursor)
-            << " step " << (still ? run.Step : 0) << ' ' << (still ? run.StepElapsed : 0) << " start "
+            << " step " << (runs ? 0 : run.Step) << ' ' << (runs ? 0 : run.StepElapsed) << " start "
             << run.BeatStartBytes << " band " << run.InBand << run.Band << " line " << (told ? s.SndDisp[row].Line : 0)
             << " level " << (told ? s.SndDisp[row].Level : 0);
         if (run.Buffer) {

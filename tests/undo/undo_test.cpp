@@ -16,6 +16,7 @@
 #include "browser/sample_bins.h"
 #include "core/routines.h"
 #include "instrument/dropped_files.h"
+#include "parameters/fades.h"
 #include "parameters/setters.h"
 #include "performance/drops/dropper.h"
 #include "performance/drops/palette.h"
@@ -32,6 +33,7 @@
 #include "performance/selection/selection.h"
 #include "persistence/clips.h"
 #include "persistence/quick_load.h"
+#include "persistence/undo/row_state.h"
 #include "persistence/undo/undo_steps.h"
 #include "sequencing/patterns.h"
 #include "undo/undo_rig.h"
@@ -807,6 +809,27 @@ TEST_F(Undo, AFadeThatRunsDuringADrawingGoesOn) {
     EXPECT_EQ(s.Set[2].Vol, 260);
 }
 
+TEST_F(Undo, AFadeThatRanGoesOnWhenItsRowComesBack) {
+    Load(0, "bells.wav", true);
+    LoopFadeTo(s, 0, 100, kOwnBand);
+    StepFades(s, 100);
+    const std::int16_t vol = s.Set[0].Vol;
+    ASSERT_EQ(s.Run[0].FadeState, kFalling);
+    Forget();
+    for (int times = 0; times < 2; ++times) {
+        times == 0 ? LoopClearRows(s, 0) : Redo_Click(s);
+        StepFades(s, 100);
+        Undo_Click(s);
+        EXPECT_EQ(s.Set[0].Vol, vol);
+        EXPECT_EQ(s.Run[0].FadeState, kFalling);
+    }
+    StepFades(s, 10);
+    EXPECT_LT(s.Set[0].Vol, vol);
+    StepFades(s, 60000);
+    EXPECT_EQ(s.Set[0].Vol, 100);
+    EXPECT_EQ(s.Run[0].FadeState, kNoFade);
+}
+
 TEST_F(Undo, FiftyStepsAreKept) {
     for (int n = 0; n < 60; ++n) SelectorRadio_Click(s, n % 2);
     int steps = 0;
@@ -921,6 +944,17 @@ TEST_F(Undo, ARowThatWaitedBeforeTheStepComesBackWithDirectionAndBeatStartWhenTh
     EXPECT_EQ(s.Set[0].BeatStart, 1);
     EXPECT_EQ(s.Run[0].BeatStartBytes, bytes);
     EXPECT_TRUE(Sounds(0));
+}
+
+TEST(UndoParts, WhetherASilentSampleWouldLoopIsNoDifference) {
+    RowState looping;
+    looping.InHand.FileName = "bells.wav";
+    looping.InHand.Loops = true;
+    RowState once = looping;
+    once.InHand.Loops = false;
+    EXPECT_EQ(DifferentParts(looping, once), 0U);
+    looping.InHand.Sounds = once.InHand.Sounds = true;
+    EXPECT_EQ(DifferentParts(looping, once), kSoundingPart);
 }
 
 TEST_F(Undo, AThinningTakenBackOnNoSoundIsHeardWithTheNextDevice) {

@@ -58,9 +58,10 @@ void CopySample(RowState& to, const RowState& from) {
 }
 
 // The cursor and the step go on by themselves, and a sample runs out by itself unless it loops. A pause that has been
-// resumed shows in the looping alone.
+// resumed shows in the looping alone. What would loop if it sounded counts with the mode.
 bool SameSounding(const RowState& a, const RowState& b) {
-    const bool sameLooping = a.Set.PlayMode != b.Set.PlayMode || a.InHand.Loops == b.InHand.Loops;
+    const bool silent = !a.InHand.Sounds && !b.InHand.Sounds;
+    const bool sameLooping = silent || a.Set.PlayMode != b.Set.PlayMode || a.InHand.Loops == b.InHand.Loops;
     return a.InHand.Playing == b.InHand.Playing && a.InHand.Paused == b.InHand.Paused && sameLooping;
 }
 
