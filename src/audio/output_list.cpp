@@ -173,4 +173,15 @@ std::string OutputName(const Session& s, std::int16_t entry) {
                : std::string();
 }
 
+std::vector<std::string> ShownOutputs(const Session& s) {
+    std::vector<std::string> names;
+    for (const std::string& entry : s.Drivers) names.push_back(Unnumbered(Plain(entry)));
+    std::vector<std::string> shown = s.Drivers;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (std::count(names.begin(), names.end(), names[i]) > 1) continue;
+        shown[i].replace(0, Plain(shown[i]).size(), names[i]);
+    }
+    return shown;
+}
+
 }  // namespace marvolin

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/session.h"
 
@@ -33,5 +34,8 @@ bool OpenOutputIsGone(const Session& s);
 bool IsPlugged(const Session& s, std::int16_t entry);
 /// Name of an entry without the mark.
 std::string OutputName(const Session& s, std::int16_t entry);
+/// The entries as the player reads them. The service numbers outputs of one name, also those that come one after the
+/// other: "USB (3)" reads "USB" where it is the only one of that name.
+std::vector<std::string> ShownOutputs(const Session& s);
 
 }  // namespace marvolin

@@ -120,6 +120,19 @@ TEST(OutputList, OneThatIsOnlyChosenIsTheSameOfTheTwoAsBefore) {
     EXPECT_EQ(i.s.OpenDriver, 1);
 }
 
+TEST(OutputList, TheOnlyOneOfItsNameIsShownWithoutTheNumberOfTheService) {
+    Outputs i;
+    i.Have({"Primary Sound Driver", "USB (3)", "HDMI", "HDMI (2)", "Hall (left)", "Room (x2)"});
+    RefreshOutputs(i.s);
+    EXPECT_THAT(ShownOutputs(i.s), ElementsAre("Primary Sound Driver", "USB", "HDMI", "HDMI (2)", "Hall (left)",
+                                               "Room (x2)", "No Sound"));
+    i.s.Driver = i.s.OpenDriver = 1;
+    i.Have({"Primary Sound Driver"});
+    RefreshOutputs(i.s);
+    EXPECT_THAT(i.s.Drivers, ElementsAre("Primary Sound Driver", "USB (3) (unplugged)", "No Sound"));
+    EXPECT_THAT(ShownOutputs(i.s), ElementsAre("Primary Sound Driver", "USB (unplugged)", "No Sound"));
+}
+
 TEST(OutputList, OneThatComesBackUnderAnotherNumberIsTheSame) {
     Outputs i;
     i.Have({"Primary Sound Driver", "USB", "USB (2)"});

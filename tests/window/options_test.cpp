@@ -36,6 +36,16 @@ TEST(Options, ListTheDriversAndOpenTheChosenOne) {
     EXPECT_FALSE(stage.s.DSReady);
 }
 
+TEST(Options, TheOnlyOutputOfItsNameHasNoNumberInTheListAndTheBar) {
+    OptionStage stage;
+    stage.s.Drivers = {"Primary Sound Driver", "USB (3)", "No Sound"};
+    stage.s.DSReady = true;
+    stage.s.OpenDriver = 1;
+    stage.Screen.ShowDrivers();
+    EXPECT_EQ(stage.Find<QComboBox>("cboDrivers").itemText(1), "USB");
+    EXPECT_EQ(stage.Form->Status2->DeviceText().section(',', 0, 0), "USB");
+}
+
 TEST(Options, ResetOnLoadIsTheSessionsFlag) {
     OptionStage stage;
     stage.Click("ResetVars", {8, 12});

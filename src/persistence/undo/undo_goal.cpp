@@ -8,8 +8,9 @@ namespace marvolin {
 
 namespace {
 
-// What played then, and was stopped by the hand since, does not come back into the order: silent, it would count as one of
-// those that sound, and the next start would stop another one too early. A silent row that was there by its flag does.
+// What played then, and was stopped by the hand since, does not come back into the order: silent, it would count as one
+// of those that sound, and the next start would stop another one too early. A silent row that was there by its flag
+// does.
 void LeaveOutStopped(std::string& order, const UndoRecord& step, const UndoSnapshot& now, const UndoGoal& goal) {
     std::erase_if(order, [&](char letter) {
         const auto row = static_cast<Row>(letter - 'A');

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <cmath>
 
+#include "audio/output_list.h"
 #include "window/descriptions/described.h"
 #include "window/toolkit/theme.h"
 
@@ -84,7 +85,7 @@ QString StatusBar2::LoadText() const {
 QString StatusBar2::DeviceText() const {
     if (!s.DSReady || s.OpenDriver < 0 || s.OpenDriver >= static_cast<std::int16_t>(s.Drivers.size()))
         return "No Sound";
-    const QString name = QString::fromStdString(s.Drivers[static_cast<std::size_t>(s.OpenDriver)]);
+    const QString name = QString::fromStdString(ShownOutputs(s)[static_cast<std::size_t>(s.OpenDriver)]);
     if (gone_) return name + " is gone: choose a sound driver on the tab Optn";
     const SoundTiming timing = soundTiming_ ? soundTiming_() : SoundTiming{};
     if (timing.Period == 0) return name + ", 44100 Hz";

@@ -7,6 +7,7 @@
 #include <QSlider>
 
 #include "audio/device.h"
+#include "audio/output_list.h"
 #include "core/help.h"
 #include "parameters/knob_gesture.h"
 #include "parameters/scroll_events.h"
@@ -161,7 +162,7 @@ void TabOptions::Refresh() {
 void TabOptions::RefreshDrivers() {
     const QSignalBlocker quiet(drivers_);
     // A device that comes and goes must not close the list under the hand for nothing.
-    if (const QStringList entries = ToQStrings(s.Drivers); entries != EntriesOf(*drivers_)) {
+    if (const QStringList entries = ToQStrings(ShownOutputs(s)); entries != EntriesOf(*drivers_)) {
         drivers_->clear();
         drivers_->addItems(entries);
     }

@@ -12,14 +12,14 @@ namespace {
 /// release are not its concern.
 class TextHold : public QObject {
 public:
-    explicit TextHold(QAbstractScrollArea& text) : QObject(&text), text_(text) {
+    explicit TextHold(QAbstractScrollArea& text) : QObject(&text), view_(*text.viewport()) {
         text.installEventFilter(this);
-        text.viewport()->installEventFilter(this);
+        view_.installEventFilter(this);
     }
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override {
-        if (object == text_.viewport()) {
+        if (object == &view_) {
             NoteButton(*event);
         } else if (held_ && event->type() == QEvent::Timer && !QApplication::mouseButtons().testFlag(Qt::LeftButton)) {
             Release();
@@ -35,14 +35,13 @@ private:
     }
     void Release() {
         // Beside the text, so that it is no click on a link.
-        QWidget& view = *text_.viewport();
         const QPointF place(-1, -1);
-        QMouseEvent release(QEvent::MouseButtonRelease, place, view.mapToGlobal(place), Qt::LeftButton, Qt::NoButton,
+        QMouseEvent release(QEvent::MouseButtonRelease, place, view_.mapToGlobal(place), Qt::LeftButton, Qt::NoButton,
                             Qt::NoModifier);
-        QCoreApplication::sendEvent(&view, &release);
+        QCoreApplication::sendEvent(&view_, &release);
     }
 
-    QAbstractScrollArea& text_;
+    QWidget& view_;      ///< the text's, which may be asked for no more while the text goes
     bool held_ = false;  ///< the text has had a press, and not yet its release
 };
 
