@@ -109,9 +109,14 @@ quieter=$(level_now)
 between "what A plays is heard at another level" $((loudest - quieter)) 300 9999
 reads Bands "drg Band over LoopTracks; clk Add/Remove; dblclk Empty"
 park
+drag VolKnob_1 -60 0 # down: wherever its fade has come to, it is not what A will be turned to
+park
 one=$(face VolKnob_0)
 other=$(face VolKnob_1)
+lane=$(face Bands)
 drag Bands 190 0 1 35 3
+park
+expect "a band is drawn" looks_unlike Bands "$lane"
 drag VolKnob_0 -3 0
 park
 expect "the knob of A turns" looks_unlike VolKnob_0 "$one"

@@ -45,9 +45,13 @@ expect "the button is dark again" looks_like Record "$dark"
 echo "What there is"
 mapfile -t files < <(find "$FOLDER/marvolin/Recordings" -name '*.wav')
 between "recordings" ${#files[@]} 1 1
-read -r frames place <<<"$(python3 "$(dirname "${BASH_SOURCE[0]}")/recorded.py" "${files[0]}" "$SOUND")"
-between "KB of sound that can be read" $((frames * 4 / 1024)) $((LIMIT - 100)) $LIMIT
-expect "every frame is what the card got" eval '[[ $place -ge 0 ]]'
+# compare_with_card FILE: sets FRAMES, and PLACE to where the card has got the same, -1 nowhere.
+compare_with_card() {
+  read -r FRAMES PLACE <<<"$(python3 "$(dirname "${BASH_SOURCE[0]}")/recorded.py" "$1" "$SOUND")"
+}
+compare_with_card "${files[0]}"
+between "KB of sound that can be read" $((FRAMES * 4 / 1024)) $((LIMIT - 100)) $LIMIT
+expect "every frame is what the card got" eval '[[ $PLACE -ge 0 ]]'
 
 echo "Another one"
 rm "${files[0]}"
@@ -56,7 +60,11 @@ wait_ms 1000
 click Record
 park
 expect "the button is dark again" looks_like Record "$dark"
-between "recordings" "$(find "$FOLDER/marvolin/Recordings" -name '*.wav' | wc -l)" 1 1
+mapfile -t files < <(find "$FOLDER/marvolin/Recordings" -name '*.wav')
+between "recordings" ${#files[@]} 1 1
+compare_with_card "${files[0]}"
+between "ms recorded" $((FRAMES * 10 / 441)) 500 3000
+expect "every frame is what the card got" eval '[[ $PLACE -ge 0 ]]'
 to=$(now)
 expect "A has played all the time" sounds_throughout "$from" "$to"
 finish

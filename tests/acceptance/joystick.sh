@@ -8,7 +8,8 @@ source "$(dirname "${BASH_SOURCE[0]}")/set_hands.sh"
 orders=$FOLDER/stick
 mkfifo "$orders"
 # The pipe has no reader once the program has gone.
-stick() { timeout 5 bash -c "echo $* >\"$orders\"" || echo "        nobody takes the order $*"; }
+takes() { timeout 5 bash -c "echo $* >\"$orders\""; }
+stick() { takes "$@" || expect "somebody takes the order $*" false; }
 # moved_by AXIS VALUE: the stick goes to this place of the axis, and the ball of the mix pad is elsewhere then.
 moved_by() {
   local before

@@ -52,6 +52,9 @@ picture "found"
 
 echo "The set that was saved without them"
 stop_all
+quick_load 1 "evening"
+expect "the title names the other set" title_is "marvolin-evening.mvn"
+stop_all
 quick_load 1 "again"
 expect "the title names it" title_is "marvolin-again.mvn"
 park

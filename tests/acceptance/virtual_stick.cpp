@@ -32,12 +32,9 @@ void Obey(const std::string& order, std::unique_ptr<VirtualStick>& stick) {
 void ListenTo(const std::string& pipe) {
     std::unique_ptr<VirtualStick> stick;
     try {
-        // Each writer closes the pipe behind its order.
-        while (true) {
-            std::ifstream orders(pipe);
-            if (!orders) return;
-            for (std::string order; std::getline(orders, order);) Obey(order, stick);
-        }
+        // Held for writing, too: each writer closes the pipe behind its order, and this goes on to wait for the next.
+        std::fstream orders(pipe, std::ios::in | std::ios::out);
+        for (std::string order; std::getline(orders, order);) Obey(order, stick);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "no virtual stick: %s\n", error.what());
     }
@@ -46,7 +43,11 @@ void ListenTo(const std::string& pipe) {
 struct Start {
     Start() {
         const char* pipe = std::getenv("STAGE_STICK");
-        if (pipe != nullptr) std::thread(ListenTo, std::string(pipe)).detach();
+        if (pipe == nullptr) return;
+        std::thread(ListenTo, std::string(pipe)).detach();
+        // Programs that this one starts get no stick.
+        unsetenv("LD_PRELOAD");
+        unsetenv("STAGE_STICK");
     }
 };
 const Start kStart;
