@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The disk takes no more while a recording runs: one box tells of it, what has been recorded can be read, and the play goes on.
+# The disk takes no more while a recording runs: one box reports it, what has been recorded can be read, and the play goes on.
 # Here it is a limit for the length of a file, as a full disk can be made by root alone.
 NOT_STARTED=1
 source "$(dirname "${BASH_SOURCE[0]}")/set_hands.sh"
@@ -28,7 +28,7 @@ dark=$(face Record)
 from=$(now)
 windows=" $(stage_windows | paste -sd ' ') "
 click Record
-expect "a box tells of its end" list_beside "$windows"
+expect "a box reports its end" list_beside "$windows"
 BOX=$LIST
 import -window "$BOX" "$FOLDER/box.png"
 wait_ms 500

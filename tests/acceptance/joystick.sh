@@ -55,7 +55,7 @@ park
 before=$(face StatusBar1)
 stick pull
 expect "its lists close" looks_unlike JoystickPage "$with"
-expect "the status line tells" looks_unlike StatusBar1 "$before"
+expect "the status line says so" looks_unlike StatusBar1 "$before"
 picture "pulled out"
 
 echo "Plugged in again"

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # What is heard is recorded: by the button and by the key, in any window, frame by frame as the card gets it, also when the
-# program is killed or closed meanwhile. The key of silence silences everything and brings it back. A light tells of sound
-# that is cut off.
+# program is killed or closed meanwhile. The key of silence silences everything and brings it back. A light shows when sound
+# is cut off.
 source "$(dirname "${BASH_SOURCE[0]}")/set_hands.sh"
 
 RECORDINGS=$FOLDER/marvolin/Recordings

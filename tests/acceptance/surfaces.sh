@@ -46,7 +46,7 @@ echo "Mix pad"
 # The centre of the pad, and how far the ball is pulled: past the corners, where it stops.
 read -r CENTRE_X CENTRE_Y <<<"$(at Pad)"
 REACH=165
-# pull DX DY: moves the held ball there in steps.
+# pull DX DY: moves the held ball there in steps, and waits until it rests.
 BALL=(0 0)
 pull() {
   local i moves=()
@@ -55,6 +55,7 @@ pull() {
       $((CENTRE_Y + BALL[1] + ($2 - BALL[1]) * i / 8)) sleep 0.01)
   done
   xdotool "${moves[@]}"
+  face Pad >"$FOLDER/rests"
   BALL=("$1" "$2")
 }
 # corner N: at a corner its own LoopTrack has its plain level and that of the opposite corner is silent. The other two are

@@ -232,7 +232,7 @@ TEST(HostileHand, FindsAWindowThatLiesOnNoScreenOnceTheScreensHaveChanged) {
     EXPECT_THAT(result.Found->What, HasSubstr("is on none of the screens"));
 }
 
-TEST(HostileHand, TellsOfARunWhoseWindowWasClosedEarly) {
+TEST(HostileHand, ReportsARunWhoseWindowWasClosedEarly) {
     RunOptions options;
     options.Gestures = 5;
     EXPECT_FALSE(PlayRun(options).Early);
