@@ -101,7 +101,7 @@ park
 expect "and back" looks_like ChannelFlag_0 "$wire"
 reads Pad "drg Mix Channels; dblclk Centre"
 loudest=$(level_now)
-drag Pad 90 90
+drag_ball Pad 90 90
 park
 expect "the ball changes the levels of the channels" looks_unlike ChannelLevels "$levels"
 picture "pad"

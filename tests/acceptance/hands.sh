@@ -69,6 +69,21 @@ drag() {
   xdotool mousemove --window "$WINDOW" "$x" "$y" mousedown "${4:-1}" "${moves[@]}" mouseup "${4:-1}"
 }
 
+# The program puts the pointer on a ball that is pressed. This hand moves to places and not by distances, so on a busy machine
+# that may come after its moves and undo them. It waits until the surface rests: rests NAME.
+rests() { face "$1" >"$FOLDER/rests"; }
+# drag_ball NAME DX DY: drags the ball in the middle of a surface.
+drag_ball() {
+  local x y i moves=()
+  read -r x y <<<"$(at "$1")"
+  for i in 1 2 3 4; do moves+=(mousemove --window "$WINDOW" $((x + $2 * i / 4)) $((y + $3 * i / 4)) sleep 0.01); done
+  press "$1" 1
+  rests "$1"
+  xdotool "${moves[@]}"
+  rests "$1"
+  release 1
+}
+
 # key LETTER [MODIFIER]: the modifier is held until the letter is released.
 key() {
   if [[ $# -eq 1 ]]; then

@@ -139,7 +139,7 @@ between "level at the end compared with the plain level" $(($(loud $((end - 300)
 echo "Wires"
 # The ball goes to the corner of channel W; a LoopTrack wired to the opposite channel is silent there.
 click Tab_0
-drag Pad -135 -135
+drag_ball Pad -135 -135
 park
 picture "ball at W"
 wire=$(face ChannelFlag_2)

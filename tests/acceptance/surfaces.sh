@@ -55,7 +55,7 @@ pull() {
       $((CENTRE_Y + BALL[1] + ($2 - BALL[1]) * i / 8)) sleep 0.01)
   done
   xdotool "${moves[@]}"
-  face Pad >"$FOLDER/rests"
+  rests Pad
   BALL=("$1" "$2")
 }
 # corner N: at a corner its own LoopTrack has its plain level and that of the opposite corner is silent. The other two are
@@ -69,6 +69,7 @@ corner() {
   picture "mix pad, corner $1"
 }
 press Pad 1
+rests Pad
 pull -$REACH -$REACH
 corner 0
 pull $REACH -$REACH
@@ -114,6 +115,7 @@ twice() {
 # The ball is near the centre; from there it is pulled into corner 0 and centred.
 for button in 1 3; do
   press Pad 1
+  rests Pad
   pull -$REACH -$REACH
   release 1
   park
@@ -136,7 +138,11 @@ read -r x y <<<"$(at TwistIndicator 184 18)"
 twist_to() {
   local i moves=()
   for i in 1 2 3 4; do moves+=(mousemove --window "$WINDOW" $((x + $1 + ($2 - $1) * i / 4)) "$y" sleep 0.01); done
-  xdotool mousemove --window "$WINDOW" $((x + $1)) "$y" mousedown 1 "${moves[@]}" mouseup 1
+  xdotool mousemove --window "$WINDOW" $((x + $1)) "$y" mousedown 1
+  rests TwistIndicator
+  xdotool "${moves[@]}"
+  rests TwistIndicator
+  release 1
   park
 }
 # ends WORDS SILENT...: these are silent, the others as at the centre.
@@ -260,7 +266,7 @@ for ball in 0 4; do
   park
   picture "3d map, ball $ball"
   centred=$(face Map)
-  drag Map 68 -52
+  drag_ball Map 68 -52
   park
   expect "ball $ball is dragged" looks_unlike Map "$centred"
   picture "3d map, ball $ball dragged"
