@@ -29,6 +29,11 @@ FolderTree::FolderTree(Session& session, QWidget* parent) : QTreeView(parent), s
     connect(&folders_, &QFileSystemModel::directoryLoaded, this, settle, Qt::QueuedConnection);
     connect(&folders_, &QFileSystemModel::rowsInserted, this, settle, Qt::QueuedConnection);
     connect(&folders_, &QFileSystemModel::layoutChanged, this, settle, Qt::QueuedConnection);
+    // The toolkit does not paint anew that an open folder has got its first folder or lost its last.
+    const auto repaint = [this] { viewport()->update(); };
+    connect(&folders_, &QFileSystemModel::directoryLoaded, this, repaint, Qt::QueuedConnection);
+    connect(&folders_, &QFileSystemModel::rowsInserted, this, repaint, Qt::QueuedConnection);
+    connect(&folders_, &QFileSystemModel::rowsRemoved, this, repaint, Qt::QueuedConnection);
     hide();
 }
 
