@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <QFileSystemModel>
+#include <QImage>
 #include <QLabel>
+#include <QScreen>
 #include <QScrollBar>
 #include <algorithm>
 #include <array>
@@ -367,6 +369,38 @@ TEST(Browser, AFolderOfTheTreeDroppedOnAButtonBecomesTheBins) {
     ASSERT_EQ(browser.s.Bins[2].Rows.size(), 1U);
     EXPECT_EQ(browser.s.Bins[2].Rows[0].Name, "deep");
     EXPECT_EQ(browser.s.Bins[0].Folder, browser.Folder.string());
+}
+
+TEST(Browser, TheTreePaintsTheArrowOfAnOpenFolderAnewWhenSomethingHasComeIntoItOrGone) {
+    Browser browser;
+    const auto outer = browser.Folder / "open";
+    fs::create_directories(outer);
+    browser.s.TreeFolder = outer.string();
+    FolderTree& tree = *browser.Window.Bins->Tree;
+    tree.Open(true);
+    const auto& folders = dynamic_cast<const QFileSystemModel&>(*tree.model());
+    const auto isCurrent = [&] { return tree.currentIndex() == folders.index(QString::fromStdString(outer.string())); };
+    ASSERT_TRUE(QTest::qWaitFor(isCurrent, 5000));
+    QTest::keyClick(&tree, Qt::Key_Plus);
+    const auto look = [&](const char* step) {
+        QTest::qWait(200);  // the toolkit reads folders in a thread, and paints by timers
+        QWidget& window = *tree.window();
+        const QImage shown = tree.screen()->grabWindow(window.winId()).toImage().convertToFormat(QImage::Format_RGB32);
+        EXPECT_EQ(shown, window.grab().toImage().convertToFormat(QImage::Format_RGB32)) << step;
+    };
+    for (int times = 0; times < 2; ++times) {
+        fs::create_directories(outer / "first");
+        look("its first folder");
+        fs::remove(outer / "first");
+        look("no folder");
+        tree.Open(false);
+        tree.Open(true);
+        look("closed and opened again");
+        for (const fs::path& folder : {browser.Folder, outer}) std::ofstream(folder / "new.wav") << "sample";
+        look("a file");
+        for (const fs::path& folder : {browser.Folder, outer}) fs::remove(folder / "new.wav");
+        look("no file");
+    }
 }
 
 TEST(Browser, TheTreeKnowsTypesByTheNameAloneAndOpensNoFile) {

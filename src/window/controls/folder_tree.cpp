@@ -29,7 +29,7 @@ FolderTree::FolderTree(Session& session, QWidget* parent) : QTreeView(parent), s
     connect(&folders_, &QFileSystemModel::directoryLoaded, this, settle, Qt::QueuedConnection);
     connect(&folders_, &QFileSystemModel::rowsInserted, this, settle, Qt::QueuedConnection);
     connect(&folders_, &QFileSystemModel::layoutChanged, this, settle, Qt::QueuedConnection);
-    // The toolkit does not paint anew that an open folder has got its first folder or lost its last.
+    // The toolkit does not always paint the arrow of a folder anew when it has read the folder again.
     const auto repaint = [this] { viewport()->update(); };
     connect(&folders_, &QFileSystemModel::directoryLoaded, this, repaint, Qt::QueuedConnection);
     connect(&folders_, &QFileSystemModel::rowsInserted, this, repaint, Qt::QueuedConnection);
