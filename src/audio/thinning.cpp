@@ -28,7 +28,7 @@ void ThinAdd(Session& s, Row row) {
     if (s.ThinList.find(ThinLetter(row)) != std::string::npos) return;
     s.ThinList += ThinLetter(row);
     if (s.Limit == kNoLimit) return;
-    if (s.Limit < static_cast<int>(s.ThinList.size())) LoopStop(s, static_cast<Row>(s.ThinList.front() - 'A'));
+    if (s.Limit < static_cast<int>(s.ThinList.size())) LoopStop(s, ThinnedRow(s.ThinList.front()));
 }
 
 void ThinRemove(Session& s, Row row) {
@@ -40,7 +40,7 @@ void ThinTo(Session& s) {
     if (s.Limit == kNoLimit) return;
     while (!s.ThinList.empty() && s.Limit < static_cast<std::int64_t>(s.ThinList.size())) {
         const std::string before = s.ThinList;
-        LoopStop(s, static_cast<Row>(before.front() - 'A'));
+        LoopStop(s, ThinnedRow(before.front()));
         // A stop that failed has left its letter in the list: another try would fail as well.
         if (s.ThinList == before) return;
     }

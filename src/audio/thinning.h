@@ -9,6 +9,9 @@ namespace marvolin {
 /// The highest `Limit`, which means that there is none.
 inline constexpr std::int16_t kNoLimit = 4;
 
+/// The row of a letter of `ThinList`.
+constexpr Row ThinnedRow(char letter) { return static_cast<Row>(letter - 'A'); }
+
 /// Whether the row holds a sample; without a device, whether one waits for it.
 bool CanBeThinned(const Session& s, Row row);
 /// Lets the row take part in thinning, or not.

@@ -61,25 +61,49 @@ double_click() {
   xdotool mousemove --window "$WINDOW" $(at "$1") click --repeat 2 --delay 40 1
 }
 
+# way X Y DX DY [STEPS]: sets WAY to the moves of xdotool from a position in the window on, in four steps.
+way() {
+  local i steps=${5:-4}
+  WAY=()
+  for ((i = 1; i <= steps; ++i)); do
+    WAY+=(mousemove --window "$WINDOW" $(($1 + $3 * i / steps)) $(($2 + $4 * i / steps)) sleep 0.01)
+  done
+}
 # drag NAME DX DY [BUTTON [X Y]]: presses, moves by DX DY in four steps, releases.
 drag() {
-  local x y i moves=()
+  local x y
   read -r x y <<<"$(at "$1" ${5:+"$5" "$6"})"
-  for i in 1 2 3 4; do moves+=(mousemove --window "$WINDOW" $((x + $2 * i / 4)) $((y + $3 * i / 4)) sleep 0.01); done
-  xdotool mousemove --window "$WINDOW" "$x" "$y" mousedown "${4:-1}" "${moves[@]}" mouseup "${4:-1}"
+  way "$x" "$y" "$2" "$3"
+  xdotool mousemove --window "$WINDOW" "$x" "$y" mousedown "${4:-1}" "${WAY[@]}" mouseup "${4:-1}"
 }
 
 # The program puts the pointer on a ball that is pressed. This hand moves to places and not by distances, so on a busy machine
-# that may come after its moves and undo them. It waits until the surface rests: rests NAME.
-rests() { face "$1" >"$FOLDER/rests"; }
-# drag_ball NAME DX DY: drags the ball in the middle of a surface.
-drag_ball() {
-  local x y i moves=()
-  read -r x y <<<"$(at "$1")"
-  for i in 1 2 3 4; do moves+=(mousemove --window "$WINDOW" $((x + $2 * i / 4)) $((y + $3 * i / 4)) sleep 0.01); done
-  press "$1" 1
+# that may come after its moves and undo them: it waits for that.
+pointer_place() {
+  local place
+  place=$(xdotool getmouselocation)
+  echo "${place% window:*}"
+}
+was_put() { [[ $(pointer_place) != "$1" ]]; }
+# press_ball NAME [BUTTON [X Y]]: presses the ball that is there, by default in the middle of its surface.
+press_ball() {
+  local place
+  # shellcheck disable=SC2046
+  pointer $(at "$1" ${3:+"$3" "$4"})
+  place=$(pointer_place)
+  xdotool mousedown "${2:-1}"
+  until_true 2 was_put "$place" || true # it may be there already
   rests "$1"
-  xdotool "${moves[@]}"
+}
+# rests NAME: waits until the picture of a control rests.
+rests() { face "$1" >/dev/null; }
+# drag_ball NAME DX DY [X Y]: drags the ball that is there, by default that in the middle of its surface.
+drag_ball() {
+  local x y
+  read -r x y <<<"$(at "$1" ${4:+"$4" "$5"})"
+  way "$x" "$y" "$2" "$3"
+  press_ball "$1" 1 ${4:+"$4" "$5"}
+  xdotool "${WAY[@]}"
   rests "$1"
   release 1
 }
@@ -141,6 +165,12 @@ sounding_ms() {
   local from to sum=0
   while read -r from to; do sum=$((sum + to - from)); done < <("$LISTEN" sounding "$SOUND" "$1" "$2")
   echo "$sum"
+}
+
+# compare_with_card FILE [SIZE [BUT]]: sets FRAMES, the frames of a recording, and PLACE, where the card has got the same, -1
+# nowhere; see recorded.py.
+compare_with_card() {
+  read -r FRAMES PLACE <<<"$(python3 "$(dirname "${BASH_SOURCE[0]}")/recorded.py" "$1" "$SOUND" "${@:2}")"
 }
 
 # --- eyes ---

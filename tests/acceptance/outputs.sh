@@ -34,7 +34,10 @@ plays_in() {
   output=$(pactl list short sinks | awk -v name="$1" '$2 == name { print $1 }')
   [[ -n $output && $(pactl list short sink-inputs | cut -f 2 | sort -u) == "$output" ]]
 }
-sends_nothing() { [[ -z $(pactl list short sink-inputs) ]]; }
+sends_nothing() {
+  local all
+  all=$(pactl list short sink-inputs) && [[ -z $all ]]
+}
 # watch_server: records the events of the server in EVENTS from now on, each line behind the time in microseconds.
 EVENTS=$FOLDER/events
 watch_server() {

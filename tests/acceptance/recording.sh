@@ -12,16 +12,13 @@ newest() { find "$RECORDINGS" -name '*.wav' -printf '%T@ %p\n' | sort -n | tail 
 # on_the_card FILE [BUT]: the recording has frames, and the card has got the same, but for the last BUT frames; what it gets
 # last takes a moment.
 on_the_card() {
-  local frames place
-  read -r frames place <<<"$(python3 "$(dirname "${BASH_SOURCE[0]}")/recorded.py" "$1" "$SOUND" 0 "${2:-0}")"
-  FRAMES=$frames
-  [[ $frames -gt ${2:-0} && $place -ge 0 ]]
+  compare_with_card "$1" 0 "${2:-0}"
+  [[ $FRAMES -gt ${2:-0} && $PLACE -ge 0 ]]
 }
 # begins_at_the_press FILE SIZE: the recording begins within a second of what the card got behind its first SIZE bytes.
 begins_at_the_press() {
-  local frames place
-  read -r frames place <<<"$(python3 "$(dirname "${BASH_SOURCE[0]}")/recorded.py" "$1" "$SOUND" "$2")"
-  [[ $frames -gt 0 && $place -ge 0 && $place -le 44100 ]]
+  compare_with_card "$1" "$2"
+  [[ $FRAMES -gt 0 && $PLACE -ge 0 && $PLACE -le 44100 ]]
 }
 # lasts WORDS LOW HIGH: of the recording that was compared last, in ms.
 lasts() { between "$1" $((FRAMES * 10 / 441)) "$2" "$3"; }

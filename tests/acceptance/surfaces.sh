@@ -49,12 +49,8 @@ REACH=165
 # pull DX DY: moves the held ball there in steps, and waits until it rests.
 BALL=(0 0)
 pull() {
-  local i moves=()
-  for i in 1 2 3 4 5 6 7 8; do
-    moves+=(mousemove --window "$WINDOW" $((CENTRE_X + BALL[0] + ($1 - BALL[0]) * i / 8))
-      $((CENTRE_Y + BALL[1] + ($2 - BALL[1]) * i / 8)) sleep 0.01)
-  done
-  xdotool "${moves[@]}"
+  way $((CENTRE_X + BALL[0])) $((CENTRE_Y + BALL[1])) $(($1 - BALL[0])) $(($2 - BALL[1])) 8
+  xdotool "${WAY[@]}"
   rests Pad
   BALL=("$1" "$2")
 }
@@ -68,8 +64,7 @@ corner() {
   between "corner $1: tone $((($1 + 2) % 4)) is silent" "${LEVELS[($1 + 2) % 4]}" -10000 -8000
   picture "mix pad, corner $1"
 }
-press Pad 1
-rests Pad
+press_ball Pad
 pull -$REACH -$REACH
 corner 0
 pull $REACH -$REACH
@@ -114,8 +109,7 @@ twice() {
 }
 # The ball is near the centre; from there it is pulled into corner 0 and centred.
 for button in 1 3; do
-  press Pad 1
-  rests Pad
+  press_ball Pad
   pull -$REACH -$REACH
   release 1
   park
@@ -136,13 +130,7 @@ park
 read -r x y <<<"$(at TwistIndicator 184 18)"
 # twist_to FROM TO: drags the ball of the twist, in pixels from the centre of its line.
 twist_to() {
-  local i moves=()
-  for i in 1 2 3 4; do moves+=(mousemove --window "$WINDOW" $((x + $1 + ($2 - $1) * i / 4)) "$y" sleep 0.01); done
-  xdotool mousemove --window "$WINDOW" $((x + $1)) "$y" mousedown 1
-  rests TwistIndicator
-  xdotool "${moves[@]}"
-  rests TwistIndicator
-  release 1
+  drag_ball TwistIndicator $(($2 - $1)) 0 $((184 + $1)) 18
   park
 }
 # ends WORDS SILENT...: these are silent, the others as at the centre.

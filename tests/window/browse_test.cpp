@@ -382,11 +382,14 @@ TEST(Browser, TheTreePaintsTheArrowOfAnOpenFolderAnewWhenSomethingHasComeIntoItO
     const auto isCurrent = [&] { return tree.currentIndex() == folders.index(QString::fromStdString(outer.string())); };
     ASSERT_TRUE(QTest::qWaitFor(isCurrent, 5000));
     QTest::keyClick(&tree, Qt::Key_Plus);
-    const auto look = [&](const char* step) {
-        QTest::qWait(200);  // the toolkit reads folders in a thread, and paints by timers
+    const auto isPainted = [&] {
         QWidget& window = *tree.window();
         const QImage shown = tree.screen()->grabWindow(window.winId()).toImage().convertToFormat(QImage::Format_RGB32);
-        EXPECT_EQ(shown, window.grab().toImage().convertToFormat(QImage::Format_RGB32)) << step;
+        return shown == window.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    };
+    const auto look = [&](const char* step) {
+        QTest::qWait(200);  // the toolkit reads folders in a thread, and paints by timers
+        EXPECT_TRUE(QTest::qWaitFor(isPainted, 2000)) << step;
     };
     for (int times = 0; times < 2; ++times) {
         fs::create_directories(outer / "first");

@@ -102,12 +102,12 @@ void RestoreTables(Session& s, const InstrumentState& goal, InstrumentParts part
 void RestoreThinList(Session& s, const std::string& goal) {
     std::string letters;
     const auto add = [&](char letter) {
-        const auto row = static_cast<Row>(letter - 'A');
+        const Row row = ThinnedRow(letter);
         const bool takesPart = s.Set[row].Thinnable != False && CanBeThinned(s, row);
         if (takesPart && letters.find(letter) == std::string::npos) letters += letter;
     };
     for (const char letter : goal) add(letter);
-    // What the hand has started since comes last.
+    // What plays and is not in that order, as the hand has started it since, comes last.
     for (Row row = 0; row < kLoopTracks; ++row) {
         if (s.Run[row].Playing != False) add(RowLetter(row));
     }

@@ -2,18 +2,18 @@
 
 #include <string>
 
-#include "core/loops/loop_views.h"
+#include "audio/thinning.h"
 
 namespace marvolin {
 
 namespace {
 
 // What played then, and was stopped by the hand since, does not come back into the order: silent, it would count as one
-// of those that sound, and the next start would stop another one too early. A silent row that was there by its flag
-// does.
+// of those that sound, and the next start would stop another one too early. A row that was silent there already, by its
+// flag or as a One shot that had ended, does come back.
 void LeaveOutStopped(std::string& order, const UndoRecord& step, const UndoSnapshot& now, const UndoGoal& goal) {
     std::erase_if(order, [&](char letter) {
-        const auto row = static_cast<Row>(letter - 'A');
+        const Row row = ThinnedRow(letter);
         const bool stopped = step.Rows[row].InHand.Playing && !goal.Rows[row].InHand.Playing;
         return stopped && now.Rest.ThinList.find(letter) == std::string::npos;
     });

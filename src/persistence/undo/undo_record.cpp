@@ -53,7 +53,7 @@ void Change3D(Session& s, bool on) {
     s.World.Screen.ShowDrivers();
 }
 
-// What the limit stopped at the last exchange plays again after this one, unless the hand has started it meanwhile.
+// What the limit stopped at the last exchange plays again after this one, unless it plays already.
 void TakeAlongThinned(UndoRecord& step, const UndoSnapshot& now) {
     for (Row row = 0; row < kLoopTracks; ++row) {
         const RowState& is = now.Rows[row];

@@ -32,8 +32,6 @@ FolderTree::FolderTree(Session& session, QWidget* parent) : QTreeView(parent), s
     // The toolkit does not always paint the arrow of a folder anew when it has read the folder again.
     const auto repaint = [this] { viewport()->update(); };
     connect(&folders_, &QFileSystemModel::directoryLoaded, this, repaint, Qt::QueuedConnection);
-    connect(&folders_, &QFileSystemModel::rowsInserted, this, repaint, Qt::QueuedConnection);
-    connect(&folders_, &QFileSystemModel::rowsRemoved, this, repaint, Qt::QueuedConnection);
     hide();
 }
 
