@@ -2,7 +2,9 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QImage>
 #include <QLabel>
+#include <QScreen>
 #include <QSlider>
 #include <QTest>
 
@@ -44,6 +46,26 @@ TEST(Options, TheOnlyOutputOfItsNameHasNoNumberInTheListAndTheBar) {
     stage.Screen.ShowDrivers();
     EXPECT_EQ(stage.Find<QComboBox>("cboDrivers").itemText(1), "USB");
     EXPECT_EQ(stage.Form->Status2->DeviceText().section(',', 0, 0), "USB");
+}
+
+TEST(Options, AListIsPaintedWithoutThePointerThatHasLeftItWhileItsEntriesAreOpen) {
+    OptionStage stage;
+    auto& drivers = stage.Find<QComboBox>("cboDrivers");
+    const auto isPaintedAsItIs = [&] {
+        stage.Settle();
+        QWidget& window = *stage.Form;
+        const QImage shown = window.screen()->grabWindow(window.winId()).toImage();
+        return shown.convertToFormat(QImage::Format_RGB32) ==
+               window.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    };
+    stage.Move("cboDrivers", stage.Middle("cboDrivers"));
+    ASSERT_TRUE(drivers.underMouse());
+    EXPECT_TRUE(isPaintedAsItIs());
+    // The toolkit sends the event that repaints a control under the pointer only to those of the open entries then.
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&drivers, &leave);
+    ASSERT_FALSE(drivers.underMouse());
+    EXPECT_TRUE(isPaintedAsItIs());
 }
 
 TEST(Options, ResetOnLoadIsTheSessionsFlag) {

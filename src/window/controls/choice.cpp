@@ -27,6 +27,12 @@ void ChoiceList::hidePopup() {
     if (Described* described = DescribedOf(*this)) described->TakeHintAway();
 }
 
+bool ChoiceList::event(QEvent* event) {
+    // The pointer that goes from the list's field into its open entries leaves the field without a repaint.
+    if (event->type() == QEvent::Leave) update();
+    return QComboBox::event(event);
+}
+
 void ChoiceList::SetEntries(const QStringList& entries) {
     QStringList shown;
     for (int i = 0; i < count(); ++i) shown << itemText(i);

@@ -24,6 +24,9 @@ public:
     void SetEntries(const QStringList& entries);
     /// Closes the list. The hint of the entry goes with it.
     void hidePopup() override;
+
+protected:
+    bool event(QEvent* event) override;
 };
 
 /// A tick box. `choose` gets its new state.

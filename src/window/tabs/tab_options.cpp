@@ -1,6 +1,5 @@
 #include "window/tabs/tab_options.h"
 
-#include <QComboBox>
 #include <QLabel>
 #include <QPainter>
 #include <QSignalBlocker>
@@ -34,12 +33,6 @@ QSlider* MakeSlider(QWidget* parent, int low, int high, const QRect& place) {
     return slider;
 }
 
-QStringList EntriesOf(const QComboBox& list) {
-    QStringList entries;
-    for (int i = 0; i < list.count(); ++i) entries << list.itemText(i);
-    return entries;
-}
-
 }  // namespace
 
 TabOptions::TabOptions(Session& session, QWidget* parent) : QWidget(parent), s(session) {
@@ -52,11 +45,9 @@ TabOptions::TabOptions(Session& session, QWidget* parent) : QWidget(parent), s(s
 
 void TabOptions::MakeLeftSide() {
     MakeLabel(this, "Sound driver", {20, 14, 200, 18});
-    drivers_ = new QComboBox(this);
-    Describe(s, *drivers_, "cboDrivers");
+    drivers_ = new ChoiceList(s, this, "cboDrivers", -1,
+                              [this](int entry) { cboDrivers_Click(s, static_cast<std::int16_t>(entry)); });
     drivers_->setGeometry(20, 36, 266, 30);
-    connect(drivers_, &QComboBox::activated, this,
-            [this](int entry) { cboDrivers_Click(s, static_cast<std::int16_t>(entry)); });
     reset_ = new ChoiceBox(s, this, "ResetVars", -1, [this](bool on) { s.ResetVars = on; });
     reset_->setGeometry(20, 84, 266, 26);
     play_ = new ChoiceBox(s, this, "PlayOnLoad", -1, [this](bool on) { s.PlayOnLoad = on; });
@@ -160,13 +151,9 @@ void TabOptions::Refresh() {
 }
 
 void TabOptions::RefreshDrivers() {
-    const QSignalBlocker quiet(drivers_);
-    // A device that comes and goes must not close the list under the hand for nothing.
-    if (const QStringList entries = ToQStrings(ShownOutputs(s)); entries != EntriesOf(*drivers_)) {
-        drivers_->clear();
-        drivers_->addItems(entries);
-    }
-    drivers_->setCurrentIndex(s.Driver);
+    // A device that comes and goes does not close the list under the hand for nothing.
+    drivers_->SetEntries(ToQStrings(ShownOutputs(s)));
+    drivers_->Show(s.Driver);
 }
 
 void TabOptions::paintEvent(QPaintEvent*) {

@@ -6,7 +6,6 @@
 
 #include "core/session.h"
 
-class QComboBox;
 class QLabel;
 class QSlider;
 
@@ -43,7 +42,7 @@ private:
 
     Session& s;
     // Owned by the toolkit.
-    QComboBox* drivers_ = nullptr;
+    ChoiceList* drivers_ = nullptr;
     ChoiceBox* reset_ = nullptr;
     ChoiceBox* play_ = nullptr;
     ChoiceList* axis_ = nullptr;
