@@ -72,7 +72,7 @@ void OutputWatch::Look(Session& s) {
 
 void OutputWatch::Await(Session& s, std::int16_t entry) {
     if (++looks_ < kSteadyLooks) return;
-    const std::string name = awaited_;
+    const std::string name = ShownOutputs(s)[static_cast<std::size_t>(entry)];
     const TakenOutput taken = TakeOutput(s, entry);
     if (taken == TakenOutput::Refused) {
         looks_ = kSteadyLooks - kRetryLooks;

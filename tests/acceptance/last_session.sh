@@ -57,10 +57,22 @@ expect "a changed one has" title_is "marvolin-evening.mvn*"
 picture "changed"
 double_click VolKnob_0
 double_click VolKnob_0
+expect "the saved value takes it away" title_is "marvolin-evening.mvn"
+drag VolKnob_0 -12 0
+expect "changed again, it has one again" title_is "marvolin-evening.mvn*"
 quick_load 1 "evening"
 expect "an opened one has none" title_is "marvolin-evening.mvn"
 stop_all
 expect "what is only played has none" title_is "marvolin-evening.mvn"
-sum=$(md5sum <"$KEPT")
+
+echo "The end of the program"
+changed=$(($(date +%s) + 1))
+until_true 3 is_past "$changed"
+drag VolKnob_1 -12 0
+expect "a change comes to the last state" until_true 45 kept_since "$changed"
+kept=$(md5sum <"$KEPT")
+drag VolKnob_0 -12 0
+expect "the next one has not been kept yet" title_is "marvolin-evening.mvn*"
 finish
-expect "the end keeps nothing" test "$sum" == "$(md5sum <"$KEPT")"
+expect "the end keeps nothing" test "$kept" == "$(md5sum <"$KEPT")"
+[[ $FAILURES -eq 0 ]]

@@ -203,7 +203,7 @@ TEST(OutputWatch, AnOutputThatIsBackUnderAnotherNumberIsOpened) {
     i.Have({"Primary Sound Driver", "HDMI", "USB (2)"});
     i.Look(OutputWatch::kSteadyLooks);
     EXPECT_THAT(i.Sound.Calls("DirectSoundCreate"), ElementsAre("DirectSoundCreate guid3"));
-    EXPECT_EQ(i.s.StatusText, "USB (2) is back, and in use again.");
+    EXPECT_EQ(i.s.StatusText, "USB is back, and in use again.") << "as list and bar name it";
     i.Look(20);
     EXPECT_EQ(i.Opened(), 1);
 }

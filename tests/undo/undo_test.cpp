@@ -744,6 +744,113 @@ TEST_F(Undo, ARowThatTheHandHasStoppedSinceDoesNotComeBackIntoTheOrderOfThinning
     EXPECT_EQ(s.ThinList, "DC") << "nothing had to stop";
 }
 
+TEST_F(Undo, ASilentRowThatTheHandHasTakenOutOfTheOrderOfThinningSinceDoesNotComeBackIntoIt) {
+    Load(1, "drum.wav", true);
+    Load(3, "drum.wav");
+    s.Set[3].Thinnable = False;
+    LoopSetThinnable(s, 3, true);
+    Forget();
+    LoopClearRows(s, 1);
+    Undo_Click(s);
+    ASSERT_EQ(s.ThinList, "BD");
+    LoopStop(s, 3);
+    Redo_Click(s);
+    EXPECT_EQ(s.ThinList, "");
+    Undo_Click(s);
+    EXPECT_EQ(s.ThinList, "B");
+}
+
+TEST_F(Undo, ASilentRowThatTheStepHasPushedOutOfTheOrderOfThinningComesBackIntoIt) {
+    Load(3, "drum.wav");
+    s.Set[3].Thinnable = False;
+    LoopSetThinnable(s, 3, true);
+    s.Limit = 1;
+    Load(0, "bells.wav", true);
+    ASSERT_EQ(s.ThinList, "A");
+    Undo_Click(s);
+    EXPECT_EQ(s.ThinList, "D");
+    Redo_Click(s);
+    EXPECT_EQ(s.ThinList, "A");
+}
+
+TEST_F(Undo, ARowThatTheHandHasStartedAnewSinceIsTheYoungestInTheOrderOfThinning) {
+    Load(0, "bells.wav", true);
+    Load(1, "drum.wav", true);
+    Load(2, "hum.wav", true);
+    Forget();
+    LoopClearRows(s, 2);
+    LoopStop(s, 0);
+    LoopPlay(s, 0, true);
+    ASSERT_EQ(s.ThinList, "BA");
+    Undo_Click(s);
+    EXPECT_EQ(s.ThinList, "BCA");
+    Redo_Click(s);
+    EXPECT_EQ(s.ThinList, "BA");
+}
+
+TEST_F(Undo, ARowThatFallsSilentWithTheStepLeavesTheOrderOfThinning) {
+    Load(0, "bells.wav");
+    Forget();
+    Load(0, "drum.wav");
+    LoopPlay(s, 0, true);
+    Undo_Click(s);
+    EXPECT_EQ(s.Run[0].Playing, False);
+    EXPECT_EQ(s.ThinList, "");
+    Redo_Click(s);
+    EXPECT_EQ(s.Run[0].Playing, True);
+    EXPECT_EQ(s.ThinList, "A");
+}
+
+TEST_F(Undo, WhatComesBackInPlaceOfWhatTheLimitStopsGivesWayToItAgain) {
+    Load(0, "bells.wav");
+    Load(1, "drum.wav", true);
+    Forget();
+    Load(0, "hum.wav", true);
+    Undo_Click(s);
+    s.Limit = 1;
+    Redo_Click(s);
+    ASSERT_EQ(s.ThinList, "A") << "the older one has been stopped";
+    const std::string after = Portrait();
+    for (int times = 0; times < 3; ++times) {
+        Undo_Click(s);
+        EXPECT_EQ(s.ThinList, "B");
+        EXPECT_EQ(s.Run[0].Playing, False);
+        EXPECT_TRUE(Sounds(1));
+        Redo_Click(s);
+        EXPECT_EQ(Portrait(), after);
+    }
+}
+
+TEST_F(Undo, WhatTheHandStartsAndStopsAfterTheLimitHasStoppedItStaysSilentWhenTheStepIsDoneAgain) {
+    TakeBackOverTheLimit();
+    LoopPlay(s, 0, true);
+    LoopStop(s, 0);
+    Redo_Click(s);
+    EXPECT_EQ(s.Run[0].Playing, False);
+    EXPECT_FALSE(Sounds(0));
+    EXPECT_EQ(s.ThinList, "");
+}
+
+TEST_F(Undo, AFadeThatComesBackDoesNotMoveTheLevelOfTheSampleThatWasLoadedOverIt) {
+    s.ResetVars = False;
+    Load(0, "bells.wav", true);
+    s.Set[0].Vol = 400;
+    LoopFadeTo(s, 0, 0, kOwnBand);
+    ASSERT_EQ(s.Run[0].FadeState, kFalling);
+    Forget();
+    Load(0, "drum.wav", true);
+    ASSERT_EQ(s.Run[0].FadeState, kNoFade);
+    Undo_Click(s);
+    ASSERT_EQ(s.Run[0].FadeState, kFalling);
+    StepFades(s, 1000);
+    const std::int16_t faded = s.Set[0].Vol;
+    ASSERT_LT(faded, 400);
+    Redo_Click(s);
+    EXPECT_EQ(s.Set[0].Vol, 400);
+    Undo_Click(s);
+    EXPECT_EQ(s.Set[0].Vol, faded) << "the fade goes on from where it was";
+}
+
 TEST_F(Undo, WhatTheHandStartsAfterTheLimitHasStoppedItIsLeftAloneWhenTheStepIsDoneAgain) {
     TakeBackOverTheLimit();
     LoopPlay(s, 0, true);

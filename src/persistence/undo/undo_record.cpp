@@ -53,22 +53,24 @@ void Change3D(Session& s, bool on) {
     s.World.Screen.ShowDrivers();
 }
 
-// What the limit stopped at the last exchange plays again after this one, unless it plays already.
+// What the limit stopped at the last exchange plays again after this one, and what came back then is stopped. What the
+// hand starts and stops is its own.
 void TakeAlongThinned(UndoRecord& step, const UndoSnapshot& now) {
+    const bool asLeft = now.Rest.ThinList == step.OrderAfter;
     for (Row row = 0; row < kLoopTracks; ++row) {
-        const RowState& is = now.Rows[row];
-        if (step.Thinned[row] && is.Loaded != False && !is.InHand.Playing) step.RowsChanged[row] |= kSoundingPart;
+        step.Thinned[row] = step.Thinned[row] && asLeft && now.Rows[row].Loaded != False;
+        if (step.Thinned[row]) step.RowsChanged[row] |= kSoundingPart;
     }
 }
 
-// Rows that should have played on, and do not.
-Table<bool, kUndoRows> StoppedByLimit(const Session& s, const UndoSnapshot& now,
-                                      const Table<RowState, kUndoRows>& goal) {
-    Table<bool, kUndoRows> stopped;
-    for (Row row = 0; row < kLoopTracks; ++row) {
-        stopped[row] = now.Rows[row].InHand.Playing && goal[row].InHand.Playing && s.Run[row].Playing == False;
-    }
-    return stopped;
+bool StoppedByLimit(const Session& s, Row row, const UndoSnapshot& now, const UndoGoal& goal) {
+    return now.Rows[row].InHand.Playing && goal.Rows[row].InHand.Playing && s.Run[row].Playing == False;
+}
+
+// A fade that comes back with its sample moves the level on, so the other sample must keep its own.
+RowParts LevelOfFade(const RowState& before, const RowState& after) {
+    const bool fades = before.Clock.FadeState != kNoFade || after.Clock.FadeState != kNoFade;
+    return fades ? kVolPart | kLinePart : 0;
 }
 
 InstrumentState RestOf(Session& s, InstrumentParts parts) {
@@ -177,15 +179,19 @@ UndoRecord MakeRecord(Session& s, const UndoSnapshot& before, const UndoLimits& 
         // What plays for row Z depends on what is selected.
         const bool plays = row == kSelectionRow && (limits.Rows & kSelectedPart) != 0;
         const RowParts allowed = plays ? limits.Rows | kSoundingPart : limits.Rows;
-        step.RowsChanged[row] = allowed & DifferentParts(before.Rows[row], CaptureRow(s, row));
+        const RowState now = CaptureRow(s, row);
+        RowParts different = DifferentParts(before.Rows[row], now);
+        if ((different & kSamplePart) != 0) different |= LevelOfFade(before.Rows[row], now);
+        step.RowsChanged[row] = allowed & different;
     }
-    const InstrumentState now = RestOf(s, limits.Rest);
-    step.RestChanged = DifferentParts(before.Rest, now);
-    step.Rest.Settings = DifferentSettings(before.Rest.Settings, now.Settings);
+    const InstrumentState rest = RestOf(s, limits.Rest);
+    step.RestChanged = DifferentParts(before.Rest, rest);
+    step.Rest.Settings = DifferentSettings(before.Rest.Settings, rest.Settings);
     if (limits.Clips && before.Clips) {
         const ClipSplice splice(*before.Clips, s.Clips);
         if (!splice.Empty()) step.Clips = splice;
     }
+    step.OrderAfter = s.ThinList;
     KeepOnlyChanged(step);
     return step;
 }
@@ -208,6 +214,7 @@ bool Join(UndoRecord& earlier, UndoRecord& later) {
     const InstrumentParts added = later.RestChanged & ~earlier.RestChanged;
     CopyParts(earlier.Rest, later.Rest, added);
     earlier.RestChanged |= added;
+    earlier.OrderAfter = std::move(later.OrderAfter);
     return true;
 }
 
@@ -226,7 +233,10 @@ std::vector<std::string> Exchange(Session& s, UndoRecord& step) {
     step.RowsChanged = own;
     // What the hand has started since the step, or stopped, may have put the rows in another order.
     if (s.ThinList != now.Rest.ThinList) step.RestChanged |= kThinListPart;
-    step.Thinned = StoppedByLimit(s, now, goal.Rows);
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        step.Thinned[row] = step.Thinned[row] || StoppedByLimit(s, row, now, goal);
+    }
+    step.OrderAfter = s.ThinList;
     step.Rows = std::move(now.Rows);
     now.Rest.Settings = SettingsWithKeysOf(now.Rest.Settings, step.Rest.Settings);
     step.Rest = std::move(now.Rest);

@@ -58,7 +58,10 @@ struct UndoRecord {
     std::optional<ClipSplice> Clips;
     /// Of what waits in the rows since the last exchange. Their memory comes with them when they come back again.
     Table<UnheardSample, kUndoRows> Unheard;
-    /// Rows that the step has not touched, but that the limit stopped at the last exchange.
+    /// The order of thinning right after the step, or after its last exchange.
+    std::string OrderAfter;
+    /// Rows that the step has not touched, but that the limit stopped at the last exchange, or that came back with it.
+    /// While the hand leaves the order as it is, the next one exchanges how they sound, too.
     Table<bool, kUndoRows> Thinned;
 
     bool Empty() const;
