@@ -3,7 +3,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QDragEnterEvent>
 #include <QListWidget>
+#include <QMimeData>
+#include <QWindow>
+#include <vector>
 
 #include "core/routines.h"
 #include "key_hand.h"
@@ -308,6 +312,55 @@ TEST(WindowKey, F6GoesNowhereWhileAListIsOpen) {
     EXPECT_TRUE(list.isVisible());
     EXPECT_NE(QApplication::activeWindow(), &hand.Window);
     list.hide();
+}
+
+/// The controls that moves of drags come to while it lives.
+struct MoveWatch : QObject {
+    MoveWatch() { qApp->installEventFilter(this); }
+    ~MoveWatch() override { qApp->removeEventFilter(this); }
+    bool eventFilter(QObject* object, QEvent* event) override {
+        if (event->type() == QEvent::DragMove && object->isWidgetType()) Names.push_back(object->objectName());
+        return false;
+    }
+    std::vector<QString> Names;
+};
+
+TEST(KeyDrag, TheNextDragOfTheMouseMovesOverNothingThatWasAskedForTheKeys) {
+    CarryHand hand;
+    hand.Go("Letr_0");
+    hand.Key(Qt::Key_Insert);
+    hand.Key(Qt::Key_Right);
+    ASSERT_NE(hand.Ring(), nullptr);
+    hand.Key(Qt::Key_Escape);
+    QMimeData words;
+    words.setText("no file");
+    QWidget& knob = hand.Named("VolKnob_2");
+    QWindow& window = *knob.window()->windowHandle();
+    const QPoint place = knob.mapTo(knob.window(), knob.rect().center());
+    const MoveWatch watch;
+    QDragEnterEvent enter(place, Qt::CopyAction, &words, Qt::LeftButton, {});
+    QApplication::sendEvent(&window, &enter);
+    EXPECT_FALSE(enter.isAccepted());
+    QDragMoveEvent move(place, Qt::CopyAction, &words, Qt::LeftButton, {});
+    QApplication::sendEvent(&window, &move);
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(&window, &leave);
+    EXPECT_THAT(watch.Names, IsEmpty());
+}
+
+TEST(KeyDrag, TheRingStaysWhereTheFocusStaysAsNothingElseTakesTheDrop) {
+    CarryHand hand;
+    hand.Go("Letr_0");
+    hand.Key(Qt::Key_Insert);
+    hand.Key(Qt::Key_Right);
+    QWidget* const ring = hand.Ring();
+    ASSERT_NE(ring, nullptr);
+    for (QWidget* other : ring->window()->findChildren<QWidget*>()) {
+        if (other != ring) other->setFocusPolicy(Qt::NoFocus);
+    }
+    hand.Key(Qt::Key_Right);
+    EXPECT_TRUE(ring->hasFocus());
+    EXPECT_EQ(hand.Ring(), ring);
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <QAbstractScrollArea>
 #include <QApplication>
+#include <QDragEnterEvent>
+#include <QDragLeaveEvent>
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QLabel>
@@ -68,13 +70,21 @@ KeyDrag::~KeyDrag() {
     delete sign_;
 }
 
-bool KeyDrag::TakenBy(QWidget& widget) {
+bool KeyDrag::Enters(QWidget& at, const QMimeData& data) {
     const QScopedValueRollback asking(asks_, true);
-    const auto data = ToMimeData(*load_);
-    QWidget& at = DroppedAt(widget);
-    QDragEnterEvent enter(at.rect().center(), Qt::CopyAction, data.get(), Qt::LeftButton, {});
+    QDragEnterEvent enter(at.rect().center(), Qt::CopyAction, &data, Qt::LeftButton, {});
     QCoreApplication::sendEvent(&at, &enter);
     return enter.isAccepted();
+}
+
+bool KeyDrag::TakenBy(QWidget& widget) {
+    const auto data = ToMimeData(*load_);
+    QWidget& at = DroppedAt(widget);
+    if (!Enters(at, *data)) return false;
+    // The toolkit would pass the moves of the next drag on to what was entered last, also when that is gone.
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(&at, &leave);
+    return true;
 }
 
 // What is carried stands below the focus as long as it is carried, whatever the status line says meanwhile.
@@ -123,11 +133,11 @@ void KeyDrag::PickUp(QWidget& focus, std::int16_t button) {
 }
 
 void KeyDrag::DropOn(QWidget& focus) {
-    if (!TakenBy(focus)) return Say(carried_ + " cannot be dropped here; key Esc Let go");
     const auto data = ToMimeData(*load_);
+    QWidget& at = DroppedAt(focus);
+    if (!Enters(at, *data)) return Say(carried_ + " cannot be dropped here; key Esc Let go");
     if (former_) former_->ForgetReport();
     LetGo();
-    QWidget& at = DroppedAt(focus);
     QDropEvent drop(QRectF(at.rect()).center(), Qt::CopyAction, data.get(), Qt::LeftButton, {});
     QCoreApplication::sendEvent(&at, &drop);
 }
@@ -152,8 +162,10 @@ void KeyDrag::GoToTarget(QWidget& focus, bool forward, bool otherRow) {
         at = forward ? at->nextInFocusChain() : at->previousInFocusChain();
         const bool same = otherRow && at->parentWidget() == focus.parentWidget();
         if (same || at->window() != focus.window() || !IsTarget(*at) || !TakenBy(*at)) continue;
-        return at->setFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        at->setFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        break;
     } while (at != &focus);
+    ShowWhere(QApplication::focusWidget());
 }
 
 bool KeyDrag::CarryOn(QWidget& focus, const QKeyEvent& key) {

@@ -11,6 +11,7 @@
 
 class QKeyEvent;
 class QLabel;
+class QMimeData;
 class QWidget;
 
 namespace marvolin {
@@ -44,6 +45,8 @@ private:
     void LetGo();
     void Say(const std::string& text);
     void GoToTarget(QWidget& focus, bool forward, bool otherRow);
+    /// A drag of `data` comes to a control, which is left or dropped on next.
+    bool Enters(QWidget& at, const QMimeData& data);
     bool TakenBy(QWidget& widget);
     void ShowSign(const QWidget& focus);
     void ShowWhere(QWidget* focus);
