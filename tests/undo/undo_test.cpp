@@ -819,6 +819,11 @@ TEST_F(Undo, WhatComesBackInPlaceOfWhatTheLimitStopsGivesWayToItAgain) {
         Redo_Click(s);
         EXPECT_EQ(Portrait(), after);
     }
+    Undo_Click(s);
+    s.Limit = kNoLimit;
+    Redo_Click(s);
+    EXPECT_EQ(s.ThinList, "BA") << "nothing has to stop any more";
+    EXPECT_TRUE(Sounds(1));
 }
 
 TEST_F(Undo, WhatTheHandStartsAndStopsAfterTheLimitHasStoppedItStaysSilentWhenTheStepIsDoneAgain) {

@@ -53,13 +53,13 @@ void Change3D(Session& s, bool on) {
     s.World.Screen.ShowDrivers();
 }
 
-// What the limit stopped at the last exchange plays again after this one, and what came back then is stopped. What the
-// hand starts and stops is its own.
+// What the limit stopped at the last exchange plays again after this one. What the hand starts and stops is its own.
 void TakeAlongThinned(UndoRecord& step, const UndoSnapshot& now) {
     const bool asLeft = now.Rest.ThinList == step.OrderAfter;
     for (Row row = 0; row < kLoopTracks; ++row) {
-        step.Thinned[row] = step.Thinned[row] && asLeft && now.Rows[row].Loaded != False;
-        if (step.Thinned[row]) step.RowsChanged[row] |= kSoundingPart;
+        const RowState& is = now.Rows[row];
+        step.Thinned[row] = step.Thinned[row] && asLeft && is.Loaded != False;
+        if (step.Thinned[row] && !is.InHand.Playing) step.RowsChanged[row] |= kSoundingPart;
     }
 }
 
