@@ -365,9 +365,11 @@ TEST_F(Undo, TakingBackKeepsToTheLimit) {
     s.Limit = 1;
     Undo_Click(s);
     EXPECT_EQ(s.Run[0].Loaded, True);
-    EXPECT_EQ((s.Run[0].Playing != False) + (s.Run[1].Playing != False), 1);
-    EXPECT_EQ(int{Sounds(0)} + int{Sounds(1)}, 1);
-    EXPECT_EQ(s.ThinList.size(), 1U);
+    EXPECT_EQ(s.Run[0].Playing, False) << "the oldest";
+    EXPECT_FALSE(Sounds(0));
+    EXPECT_EQ(s.Run[1].Playing, True);
+    EXPECT_TRUE(Sounds(1));
+    EXPECT_EQ(s.ThinList, "B");
 }
 
 TEST_F(Undo, TakingBackClosesTheListsThatShowWhatWas) {
@@ -786,6 +788,80 @@ TEST_F(Undo, ARowThatTheHandHasStartedAnewSinceIsTheYoungestInTheOrderOfThinning
     EXPECT_EQ(s.ThinList, "BCA");
     Redo_Click(s);
     EXPECT_EQ(s.ThinList, "BA");
+}
+
+TEST_F(Undo, ARowThatTheStepHasStoppedAndTheHandStartedIsTheYoungestInTheOrderOfThinning) {
+    s.Limit = 2;
+    Load(0, "bells.wav", true);
+    Load(1, "drum.wav", true);
+    Load(2, "hum.wav", true);
+    ASSERT_EQ(s.ThinList, "BC");
+    LoopStop(s, 2);
+    LoopPlay(s, 0, true);
+    Undo_Click(s);
+    EXPECT_EQ(s.ThinList, "BA");
+}
+
+TEST_F(Undo, ARowThatTheHandHasStoppedStaysOutOfTheOrderOfThinningWhenOnlyItsFlagComesBack) {
+    Load(0, "bells.wav", true);
+    s.Set[0].Thinnable = False;
+    ASSERT_TRUE(Save("one.mvn"));
+    s.Set[0].Thinnable = True;
+    ASSERT_EQ(s.ThinList, "A");
+    ASSERT_TRUE(Open("one.mvn"));
+    LoopPlay(s, 0, true);
+    LoopStop(s, 0);
+    Undo_Click(s);
+    EXPECT_EQ(s.Set[0].Thinnable, True);
+    ASSERT_EQ(s.Run[0].Playing, False);
+    EXPECT_EQ(s.ThinList, "");
+}
+
+TEST_F(Undo, WhatWaitsForADeviceIsNotStoppedByTheLimit) {
+    Load(0, "bells.wav", true);
+    Load(1, "drum.wav", true);
+    Load(2, "hum.wav", true);
+    s.ThinList = "CAB";
+    Forget();
+    LoopClearRows(s, 2);
+    cboDrivers_Click(s, 2);
+    ASSERT_FALSE(s.DSReady);
+    Undo_Click(s);
+    EXPECT_EQ(s.ThinList, "CAB");
+    cboDrivers_Click(s, 0);
+    Redo_Click(s);
+    EXPECT_EQ(s.ThinList, "AB");
+    Undo_Click(s);
+    EXPECT_EQ(s.ThinList, "CAB");
+}
+
+TEST_F(Undo, ARowThatHasRunOutSinceTheLimitLetItBeDoesNotStart) {
+    TakeBackOverTheLimit();
+    Redo_Click(s);
+    ASSERT_TRUE(Sounds(0));
+    s.Limit = kNoLimit;
+    Undo_Click(s);
+    ASSERT_TRUE(Sounds(0));
+    s.Run[0].Playing = False;  // as a One shot that has ended, which stays in the order
+    Buffer(0).Status = 0;
+    Redo_Click(s);
+    EXPECT_EQ(s.Run[0].Playing, False);
+    EXPECT_FALSE(Sounds(0));
+}
+
+TEST_F(Undo, AFadeThatComesBackDoesNotMoveTheLevelAtWhichTheLimitHasStoppedIt) {
+    s.Limit = 1;
+    Load(0, "bells.wav", true);
+    s.Set[0].Vol = 300;
+    LoopFadeTo(s, 0, 0, kOwnBand);
+    Load(1, "drum.wav", true);
+    ASSERT_EQ(s.Run[0].FadeState, kNoFade);
+    Undo_Click(s);
+    StepFades(s, 1000);
+    ASSERT_LT(s.Set[0].Vol, 300);
+    Redo_Click(s);
+    EXPECT_EQ(s.Run[0].Playing, False);
+    EXPECT_EQ(s.Set[0].Vol, 300);
 }
 
 TEST_F(Undo, ARowThatFallsSilentWithTheStepLeavesTheOrderOfThinning) {

@@ -27,8 +27,8 @@ std::string NotStartedSince(const std::string& after, const std::string& now) {
 
 // The order of thinning: what the step did to it is undone, what the hand has done since stays. So a row that was
 // stopped since does not come back into it: silent, it would count as one of those that sound, and the next start would
-// stop another one too early. One that was started anew since is the youngest. What has only come back in place of what
-// the limit stops gives way first.
+// stop another one too early. One that was started since is the youngest, unless the step starts it again as it was.
+// What has only come back in place of what the limit stops gives way first.
 std::string OrderOf(const UndoRecord& step, const UndoSnapshot& there, const UndoGoal& goal) {
     const std::string& now = there.Rest.ThinList;
     const std::string& before = (step.RestChanged & kThinListPart) != 0 ? step.Rest.ThinList : step.OrderAfter;
@@ -48,8 +48,8 @@ std::string OrderOf(const UndoRecord& step, const UndoSnapshot& there, const Und
         const Row row = ThinnedRow(letter);
         // One that played there and is not started again has been left to the hand.
         const bool silenced = step.Rows[row].InHand.Playing && !goal.Rows[row].InHand.Playing;
-        const bool leftByStep = !Has(step.OrderAfter, letter) && !silenced;
-        if (leftByStep || Has(stayed, letter) || comesBack(letter)) order += letter;
+        const bool leftByStep = !Has(step.OrderAfter, letter) && !Has(now, letter);
+        if (Has(stayed, letter) || (!silenced && (leftByStep || comesBack(letter)))) order += letter;
     }
     for (const char letter : now) {
         const bool staysSilent = comesBack(letter) && !goal.Rows[ThinnedRow(letter)].InHand.Playing;

@@ -63,11 +63,22 @@ void TakeAlongThinned(UndoRecord& step, const UndoSnapshot& now) {
     }
 }
 
-bool StoppedByLimit(const Session& s, Row row, const UndoSnapshot& now, const UndoGoal& goal) {
-    return now.Rows[row].InHand.Playing && goal.Rows[row].InHand.Playing && s.Run[row].Playing == False;
+bool Plays(const LoopTrackRun& run) { return run.Loaded != False ? run.Playing != False : run.InHand.Playing; }
+
+// Rows that should have played on and do not, and those that play again after they did not for that reason.
+Table<bool, kUndoRows> ThinnedBy(const Session& s, const UndoRecord& step, const UndoSnapshot& now,
+                                 const UndoGoal& goal) {
+    Table<bool, kUndoRows> thinned;
+    for (Row row = 0; row < kLoopTracks; ++row) {
+        const bool played = now.Rows[row].InHand.Playing;
+        const bool plays = Plays(s.Run[row]);
+        const bool stopped = played && goal.Rows[row].InHand.Playing && !plays;
+        thinned[row] = stopped || (step.Thinned[row] && !played && plays);
+    }
+    return thinned;
 }
 
-// A fade that comes back with its sample moves the level on, so the other sample must keep its own.
+// A fade that comes back moves the level on, so what stands in its place on the other side must keep its own.
 RowParts LevelOfFade(const RowState& before, const RowState& after) {
     const bool fades = before.Clock.FadeState != kNoFade || after.Clock.FadeState != kNoFade;
     return fades ? kVolPart | kLinePart : 0;
@@ -181,7 +192,7 @@ UndoRecord MakeRecord(Session& s, const UndoSnapshot& before, const UndoLimits& 
         const RowParts allowed = plays ? limits.Rows | kSoundingPart : limits.Rows;
         const RowState now = CaptureRow(s, row);
         RowParts different = DifferentParts(before.Rows[row], now);
-        if ((different & kSamplePart) != 0) different |= LevelOfFade(before.Rows[row], now);
+        if ((different & kSoundingPart) != 0) different |= LevelOfFade(before.Rows[row], now);
         step.RowsChanged[row] = allowed & different;
     }
     const InstrumentState rest = RestOf(s, limits.Rest);
@@ -233,9 +244,7 @@ std::vector<std::string> Exchange(Session& s, UndoRecord& step) {
     step.RowsChanged = own;
     // What the hand has started since the step, or stopped, may have put the rows in another order.
     if (s.ThinList != now.Rest.ThinList) step.RestChanged |= kThinListPart;
-    for (Row row = 0; row < kLoopTracks; ++row) {
-        step.Thinned[row] = step.Thinned[row] || StoppedByLimit(s, row, now, goal);
-    }
+    step.Thinned = ThinnedBy(s, step, now, goal);
     step.OrderAfter = s.ThinList;
     step.Rows = std::move(now.Rows);
     now.Rest.Settings = SettingsWithKeysOf(now.Rest.Settings, step.Rest.Settings);

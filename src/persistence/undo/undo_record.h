@@ -60,9 +60,9 @@ struct UndoRecord {
     Table<UnheardSample, kUndoRows> Unheard;
     /// The order of thinning right after the step, or after its last exchange.
     std::string OrderAfter;
-    /// Rows that the step has not touched, but that the limit has stopped in an exchange. While the hand leaves the
-    /// order as it is, the next one starts them again, and the one after it lets them be the first that the limit
-    /// stops.
+    /// Rows that the limit stopped at the last exchange, though they should have played on, and those that came back
+    /// with it. While the hand leaves the order as it is, the next one starts the former again, and the latter are the
+    /// first that the limit stops.
     Table<bool, kUndoRows> Thinned;
 
     bool Empty() const;
