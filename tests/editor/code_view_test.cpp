@@ -308,6 +308,22 @@ TEST(CodeView, AMarkedLineIsShownAndLosesItsMarkWhenItIsMended) {
     EXPECT_EQ(view.Marked(), 0);
 }
 
+TEST(CodeView, ARectangleThatIsSelectedIsGivenWhole) {
+    Page page;
+    const std::string line(60, 'a');
+    std::string all;
+    for (int i = 0; i < 40; ++i) all += line + "\n";
+    page.Write(all);
+    page.Window.View->GoTo({1, 1});
+    for (int i = 0; i < 39; ++i) page.Key(Qt::Key_Down, Qt::AltModifier | Qt::ShiftModifier);
+    for (int i = 0; i < 2; ++i) page.Key(Qt::Key_Right, Qt::AltModifier | Qt::ShiftModifier);
+    std::string selected;
+    for (int i = 0; i < 40; ++i) selected += "aa\n";
+    EXPECT_EQ(page.Window.View->Selected(), selected);
+    page.Key(Qt::Key_Right, Qt::NoModifier);
+    EXPECT_EQ(page.Window.View->Selected(), "");
+}
+
 TEST(CodeView, WordsAreFoundInAnyCaseRoundTheEnd) {
     Page page;
     page.Write("One two one\nTWO");

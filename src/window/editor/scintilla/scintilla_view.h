@@ -27,7 +27,7 @@ public:
     void GoTo(TextPlace place) override;
     void Mark(int line) override;
     int Marked() const override;
-    std::string Selected() const override { return selectedText().toStdString(); }
+    std::string Selected() const override;
     bool Find(const std::string& words, Search search) override;
 
 protected:
