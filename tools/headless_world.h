@@ -51,6 +51,7 @@ public:
     void ShowPadBall() override {}
     void ShowTwist() override {}
     void ShowMapBall(int) override {}
+    void ShowMapPlaces() override {}
     void RaiseMapBall(int) override {}
     void ShowMapHighlight(int) override {}
     void ShowListenerFace() override {}

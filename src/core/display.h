@@ -53,6 +53,7 @@ public:
     virtual void ShowPadBall() = 0;  ///< its place, and the levels of the channels
     virtual void ShowTwist() = 0;    ///< place and face of `TwistBall`
     virtual void ShowMapBall(int ball) = 0;
+    virtual void ShowMapPlaces() = 0;             ///< the places that are written beside the map
     virtual void RaiseMapBall(int ball) = 0;      ///< brings it to the front
     virtual void ShowMapHighlight(int ball) = 0;  ///< its normal or highlighted face
     virtual void ShowListenerFace() = 0;

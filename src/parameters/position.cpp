@@ -68,7 +68,12 @@ void ListenerRestore(Session& s) {
 }
 
 void PositionRefresh(Session& s, int ball) {
-    if (s.Use3D) s.World.Screen.ShowMapBall(ball);
+    // Without 3D sound the balls rest, but their places are written all the same.
+    if (s.Use3D) {
+        s.World.Screen.ShowMapBall(ball);
+    } else {
+        s.World.Screen.ShowMapPlaces();
+    }
 }
 
 BallPoint MapUnits(const Session& s, int ball) {

@@ -28,7 +28,8 @@ bool TryPositionSet(Session& s, int ball, float x, float y, PositionFlags flags)
 void SendHeading(Session& s, std::int32_t degrees);
 /// Sends the listener's position and heading to a newly opened device. Errors: "placing sound", "turning listener".
 void ListenerRestore(Session& s);
-/// Places the ball from its map units; only while the 3D state is on.
+/// Places the ball from its map units, only while the 3D state is on; what is written beside the map follows in any
+/// case.
 void PositionRefresh(Session& s, int ball);
 /// Place of a ball in map units.
 BallPoint MapUnits(const Session& s, int ball);

@@ -63,6 +63,7 @@ public:
     void ShowPad() override { Log.push_back("ShowPad"); }
     void ShowPadBall() override { Log.push_back("ShowPadBall"); }
     void ShowTwist() override { Log.push_back("ShowTwist"); }
+    void ShowMapPlaces() override { Log.emplace_back("ShowMapPlaces"); }
     void ShowMapBall(int ball) override { Log.push_back(std::string("ShowMapBall") + (" " + std::to_string(ball))); }
     void RaiseMapBall(int ball) override { Log.push_back(std::string("RaiseMapBall") + (" " + std::to_string(ball))); }
     void ShowMapHighlight(int ball) override {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
+#include <QImage>
 #include <algorithm>
 
 #include "hand.h"
@@ -385,6 +386,19 @@ TEST(SoundMap, TheBoxSwitchesHeadphonesAndIsOffWithAWordWhy) {
     map.Screen.ShowMapControls();
     EXPECT_FALSE(box.isEnabled());
     EXPECT_THAT(DescribedOf(box)->Hint(0, false), testing::StartsWith("off until 3D Sound is on"));
+}
+
+TEST(SoundMap, ThePlacesAreWrittenAnewWhileTheBallsRestWithout3D) {
+    Map map;
+    map.s.Use3D = false;
+    MapEnable(map.s, false);
+    map.Settle();
+    const QImage before = map.At("MapPage")->grab().toImage();
+    test::PaintWatch watch;
+    PositionSet(map.s, 2, 1.5F, -1.0F, {.Apply = true, .StoreBall = true});
+    map.Settle();
+    EXPECT_TRUE(watch.Painted.contains("MapPage"));
+    EXPECT_NE(map.At("MapPage")->grab().toImage(), before);
 }
 
 }  // namespace

@@ -14,6 +14,7 @@
 #include "persistence/session_file_store.h"
 #include "persistence/session_reader.h"
 #include "persistence/session_writer.h"
+#include "persistence/undo/row_state.h"
 #include "persistence/undo/undo_commands.h"
 #include "sequencing/patterns.h"
 #include "window/hand_state.h"
@@ -138,6 +139,12 @@ bool AStepWasLimited(const test::Facts& before, const test::Facts& after) {
     });
 }
 
+// A sample that has not come into its row, though there is a device, comes in from memory with the next step that has
+// it.
+bool SomeSampleWaits(const Session& s) {
+    return s.DSReady && std::any_of(s.Run.begin(), s.Run.end(), [](const LoopTrackRun& run) { return Waits(run); });
+}
+
 // A fade does not go on, row Z plays when a row does, the places of the balls are rounded, and the number of steps is
 // shown anew when the tab of patterns opens.
 test::Facts WithoutMoving(test::Facts facts) {
@@ -175,7 +182,7 @@ std::string WrongSet(World& world) {
 
 std::string WrongUndo(World& world) {
     Session& s = world.s;
-    if (UndoText(s).empty()) return "";
+    if (UndoText(s).empty() || SomeSampleWaits(s)) return "";
     const std::string step = UndoText(s);
     for (bool again = false;; again = true) {
         const std::string before = BytesOf(s);

@@ -100,8 +100,10 @@ void TabMap::Refresh() {
 void TabMap::RefreshBall(int ball) {
     Map->BallOf(ball).Refresh();
     Map->BallOf(ball).update();
-    update(kMapRight, 0, width() - kMapRight, height());
+    RefreshPlaces();
 }
+
+void TabMap::RefreshPlaces() { update(kMapRight, 0, width() - kMapRight, height()); }
 
 void TabMap::RaiseBall(int ball) { Map->BallOf(ball).raise(); }
 

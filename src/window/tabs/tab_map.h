@@ -19,6 +19,8 @@ public:
     /// Shows all of the page again.
     void Refresh();
     void RefreshBall(int ball);
+    /// The places that are written beside the map.
+    void RefreshPlaces();
     void RaiseBall(int ball);
     void RefreshSize();
     void RefreshRollOff();

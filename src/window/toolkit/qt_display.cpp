@@ -182,6 +182,10 @@ void QtDisplay::ShowTwist() {
     if (form_ != nullptr) form_->Tabs->MixPad->RefreshTwist();
 }
 
+void QtDisplay::ShowMapPlaces() {
+    if (form_ != nullptr) form_->Tabs->Map->RefreshPlaces();
+}
+
 void QtDisplay::ShowMapBall(int ball) {
     if (form_ != nullptr) form_->Tabs->Map->RefreshBall(ball);
 }

@@ -50,6 +50,7 @@ public:
     void ShowPadBall() override;
     void ShowTwist() override;
     void ShowMapBall(int ball) override;
+    void ShowMapPlaces() override;
     void RaiseMapBall(int ball) override;
     void ShowMapHighlight(int ball) override;
     void ShowListenerFace() override;
