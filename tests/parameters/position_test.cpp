@@ -59,7 +59,8 @@ TEST(PositionSet, WithoutApplyOrWithoutASampleOrWithThreeDimensionsOffOnlyStores
     PositionSet(off.s, 0, 1, 1, {.Apply = true});
     PositionSet(off.s, kListenerBall, 1, 1, {.Apply = true});
     EXPECT_THAT(off.Sound.Log, IsEmpty());
-    EXPECT_THAT(off.Screen.Log, IsEmpty());
+    EXPECT_EQ(off.Screen.Count("ShowMapBall 0"), 0);
+    EXPECT_EQ(off.Screen.Count("ShowMapBall 4"), 0);
     EXPECT_EQ(on.s.Set[0].PositionX, 1);
     EXPECT_EQ(on.s.Set[1].PositionX, 1);
     EXPECT_EQ(on.s.ListenerX, 1);
