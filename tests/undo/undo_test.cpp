@@ -66,6 +66,18 @@ struct Undo : testing::Test, UndoRig {
         Buffer(0).Position = 400;
         Undo_Click(s);
     }
+    /// A row that is silent, but in the order of thinning by its flag.
+    void LoadSilentInTheOrder(Row row) {
+        Load(row, "drum.wav");
+        s.Set[row].Thinnable = False;
+        LoopSetThinnable(s, row, true);
+    }
+    /// A, B and C play.
+    void LoadThree() {
+        Load(0, "bells.wav", true);
+        Load(1, "drum.wav", true);
+        Load(2, "hum.wav", true);
+    }
     int Reads() { return Sound.Count("CreateSoundBufferFromFile"); }
 };
 
@@ -730,9 +742,7 @@ TEST_F(Undo, ARowThatTheHandHasStoppedSinceDoesNotComeBackIntoTheOrderOfThinning
     Load(0, "bells.wav", true);
     Load(1, "drum.wav", true);
     Load(2, "hum.wav");
-    Load(3, "drum.wav");
-    s.Set[3].Thinnable = False;
-    LoopSetThinnable(s, 3, true);  // silent, but in the order by its flag
+    LoadSilentInTheOrder(3);
     Forget();
     LoopClearRows(s, 1);
     ASSERT_EQ(s.ThinList, "AD");
@@ -748,9 +758,7 @@ TEST_F(Undo, ARowThatTheHandHasStoppedSinceDoesNotComeBackIntoTheOrderOfThinning
 
 TEST_F(Undo, ASilentRowThatTheHandHasTakenOutOfTheOrderOfThinningSinceDoesNotComeBackIntoIt) {
     Load(1, "drum.wav", true);
-    Load(3, "drum.wav");
-    s.Set[3].Thinnable = False;
-    LoopSetThinnable(s, 3, true);
+    LoadSilentInTheOrder(3);
     Forget();
     LoopClearRows(s, 1);
     Undo_Click(s);
@@ -763,9 +771,7 @@ TEST_F(Undo, ASilentRowThatTheHandHasTakenOutOfTheOrderOfThinningSinceDoesNotCom
 }
 
 TEST_F(Undo, ASilentRowThatTheStepHasPushedOutOfTheOrderOfThinningComesBackIntoIt) {
-    Load(3, "drum.wav");
-    s.Set[3].Thinnable = False;
-    LoopSetThinnable(s, 3, true);
+    LoadSilentInTheOrder(3);
     s.Limit = 1;
     Load(0, "bells.wav", true);
     ASSERT_EQ(s.ThinList, "A");
@@ -776,9 +782,7 @@ TEST_F(Undo, ASilentRowThatTheStepHasPushedOutOfTheOrderOfThinningComesBackIntoI
 }
 
 TEST_F(Undo, ARowThatTheHandHasStartedAnewSinceIsTheYoungestInTheOrderOfThinning) {
-    Load(0, "bells.wav", true);
-    Load(1, "drum.wav", true);
-    Load(2, "hum.wav", true);
+    LoadThree();
     Forget();
     LoopClearRows(s, 2);
     LoopStop(s, 0);
@@ -792,9 +796,7 @@ TEST_F(Undo, ARowThatTheHandHasStartedAnewSinceIsTheYoungestInTheOrderOfThinning
 
 TEST_F(Undo, ARowThatTheStepHasStoppedAndTheHandStartedIsTheYoungestInTheOrderOfThinning) {
     s.Limit = 2;
-    Load(0, "bells.wav", true);
-    Load(1, "drum.wav", true);
-    Load(2, "hum.wav", true);
+    LoadThree();
     ASSERT_EQ(s.ThinList, "BC");
     LoopStop(s, 2);
     LoopPlay(s, 0, true);
@@ -817,20 +819,18 @@ TEST_F(Undo, ARowThatTheHandHasStoppedStaysOutOfTheOrderOfThinningWhenOnlyItsFla
     EXPECT_EQ(s.ThinList, "");
 }
 
-TEST_F(Undo, WhatWaitsForADeviceIsNotStoppedByTheLimit) {
-    Load(0, "bells.wav", true);
-    Load(1, "drum.wav", true);
-    Load(2, "hum.wav", true);
+TEST_F(Undo, WhatWaitsForADeviceIsNotTakenForStoppedByTheLimit) {
+    LoadThree();
     s.ThinList = "CAB";
     Forget();
     LoopClearRows(s, 2);
-    cboDrivers_Click(s, 2);
-    ASSERT_FALSE(s.DSReady);
     Undo_Click(s);
     EXPECT_EQ(s.ThinList, "CAB");
-    cboDrivers_Click(s, 0);
+    cboDrivers_Click(s, 2);
+    ASSERT_FALSE(s.DSReady);
     Redo_Click(s);
     EXPECT_EQ(s.ThinList, "AB");
+    cboDrivers_Click(s, 0);
     Undo_Click(s);
     EXPECT_EQ(s.ThinList, "CAB");
 }

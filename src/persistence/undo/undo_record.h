@@ -61,8 +61,8 @@ struct UndoRecord {
     /// The order of thinning right after the step, or after its last exchange.
     std::string OrderAfter;
     /// Rows that the limit stopped at the last exchange, though they should have played on, and those that came back
-    /// with it. While the hand leaves the order as it is, the next one starts the former again, and the latter are the
-    /// first that the limit stops.
+    /// with it. While the order is as it was left, the next one starts the former again, and the latter are the first
+    /// that the limit stops.
     Table<bool, kUndoRows> Thinned;
 
     bool Empty() const;

@@ -162,10 +162,9 @@ void KeyDrag::GoToTarget(QWidget& focus, bool forward, bool otherRow) {
         at = forward ? at->nextInFocusChain() : at->previousInFocusChain();
         const bool same = otherRow && at->parentWidget() == focus.parentWidget();
         if (same || at->window() != focus.window() || !IsTarget(*at) || !TakenBy(*at)) continue;
-        at->setFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-        break;
+        if (at != &focus) return at->setFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
     } while (at != &focus);
-    ShowWhere(QApplication::focusWidget());
+    ShowWhere(&focus);  // the ring went with the asking
 }
 
 bool KeyDrag::CarryOn(QWidget& focus, const QKeyEvent& key) {
