@@ -864,6 +864,46 @@ TEST_F(Undo, AFadeThatComesBackDoesNotMoveTheLevelAtWhichTheLimitHasStoppedIt) {
     EXPECT_EQ(s.Set[0].Vol, 300);
 }
 
+TEST_F(Undo, ARowThatTheLimitStopsAgainWhileItFadesIsAsLoudAsWhenItWasStoppedBefore) {
+    Load(0, "bells.wav", true);
+    s.Set[0].Vol = 300;
+    LoopFadeTo(s, 0, 0, kOwnBand);
+    Load(1, "drum.wav", true);
+    Forget();
+    LoopClearRows(s, 1);
+    s.Limit = 1;
+    Undo_Click(s);
+    ASSERT_EQ(s.Run[0].Playing, False);
+    ASSERT_EQ(s.Set[0].Vol, 300);
+    std::int16_t louder = 500;
+    LoopVolChange(s, 0, louder, TakeHold::Yes, UpdateDisplay::No);
+    Redo_Click(s);
+    EXPECT_EQ(s.Set[0].Vol, 300) << "the fade goes on from where it was";
+    StepFades(s, 1000);
+    const std::int16_t faded = s.Set[0].Vol;
+    ASSERT_LT(faded, 300);
+    Undo_Click(s);
+    EXPECT_EQ(s.Run[0].Playing, False);
+    EXPECT_EQ(s.Set[0].Vol, 500) << "as it was when it stood still";
+    Redo_Click(s);
+    EXPECT_EQ(s.Set[0].Vol, faded);
+    s.Limit = kNoLimit;
+    Undo_Click(s);
+    EXPECT_EQ(s.Run[0].Playing, True);
+    EXPECT_EQ(s.Set[0].Vol, faded) << "it fades on, for nothing stops it";
+}
+
+TEST_F(Undo, WhatTheLimitHasStoppedPlaysOnWithoutADeviceToo) {
+    TakeBackOverTheLimit();
+    cboDrivers_Click(s, 2);
+    ASSERT_FALSE(s.DSReady);
+    Redo_Click(s);
+    cboDrivers_Click(s, 0);
+    EXPECT_EQ(s.Run[0].Playing, True);
+    EXPECT_TRUE(Sounds(0));
+    EXPECT_EQ(s.ThinList, "A");
+}
+
 TEST_F(Undo, ARowThatFallsSilentWithTheStepLeavesTheOrderOfThinning) {
     Load(0, "bells.wav");
     Forget();

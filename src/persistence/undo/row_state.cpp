@@ -181,6 +181,11 @@ RowParts DifferentParts(const RowState& before, const RowState& after) {
     return parts;
 }
 
+RowParts LevelOfFade(const RowState& before, const RowState& after) {
+    const bool fades = before.Clock.FadeState != kNoFade || after.Clock.FadeState != kNoFade;
+    return fades ? kVolPart | kLinePart : 0;
+}
+
 void CopyParts(RowState& to, const RowState& from, RowParts parts) {
     for (const PartRow& part : kParts) {
         if ((parts & part.Part) != 0) part.Copy(to, from);

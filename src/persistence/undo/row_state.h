@@ -59,6 +59,9 @@ void CopySounding(HeldSample& to, const HeldSample& from);
 RowState CaptureRow(Session& s, Row row);
 /// The parts in which the two differ. With the sample its sounding always does.
 RowParts DifferentParts(const RowState& before, const RowState& after);
+/// Its level and line, when it fades in one of the two. A fade that comes back moves the level on, so what stands in
+/// its place on the other side must keep its own.
+RowParts LevelOfFade(const RowState& before, const RowState& after);
 /// Copies some parts.
 void CopyParts(RowState& to, const RowState& from, RowParts parts);
 

@@ -11,6 +11,7 @@
 #include "persistence/undo/instrument_restore.h"
 #include "persistence/undo/row_restore.h"
 #include "persistence/undo/undo_goal.h"
+#include "persistence/undo/undo_thinned.h"
 
 namespace marvolin {
 
@@ -51,37 +52,6 @@ void Change3D(Session& s, bool on) {
     ChangeUse3D(s, on);
     s.Driver = chosen;
     s.World.Screen.ShowDrivers();
-}
-
-// What the limit stopped at the last exchange plays again after this one. What the hand starts and stops is its own.
-void TakeAlongThinned(UndoRecord& step, const UndoSnapshot& now) {
-    const bool asLeft = now.Rest.ThinList == step.OrderAfter;
-    for (Row row = 0; row < kLoopTracks; ++row) {
-        const RowState& is = now.Rows[row];
-        step.Thinned[row] = step.Thinned[row] && asLeft && is.Loaded != False;
-        if (step.Thinned[row] && !is.InHand.Playing) step.RowsChanged[row] |= kSoundingPart;
-    }
-}
-
-bool Plays(const LoopTrackRun& run) { return run.Loaded != False ? run.Playing != False : run.InHand.Playing; }
-
-// Rows that should have played on and do not, and those that play again after they did not for that reason.
-Table<bool, kUndoRows> ThinnedBy(const Session& s, const UndoRecord& step, const UndoSnapshot& now,
-                                 const UndoGoal& goal) {
-    Table<bool, kUndoRows> thinned;
-    for (Row row = 0; row < kLoopTracks; ++row) {
-        const bool played = now.Rows[row].InHand.Playing;
-        const bool plays = Plays(s.Run[row]);
-        const bool stopped = played && goal.Rows[row].InHand.Playing && !plays;
-        thinned[row] = stopped || (step.Thinned[row] && !played && plays);
-    }
-    return thinned;
-}
-
-// A fade that comes back moves the level on, so what stands in its place on the other side must keep its own.
-RowParts LevelOfFade(const RowState& before, const RowState& after) {
-    const bool fades = before.Clock.FadeState != kNoFade || after.Clock.FadeState != kNoFade;
-    return fades ? kVolPart | kLinePart : 0;
 }
 
 InstrumentState RestOf(Session& s, InstrumentParts parts) {
@@ -234,12 +204,13 @@ std::vector<std::string> Exchange(Session& s, UndoRecord& step) {
     UndoSnapshot now = TakeSnapshot(s, {kAllRowParts, step.RestChanged | kThinListPart, false});
     const bool anew = Switches3D(s, step);
     const Table<RowParts, kUndoRows> own = step.RowsChanged;
-    TakeAlongThinned(step, now);
+    TakeAlongThinned(s, step, now);
     if (anew) TakeAlongAllRows(step, now);
     const UndoGoal goal = GoalOf(step, now, anew);
     if (anew) Change3D(s, goal.Rest.Use3D);
     TakeUnheard(step, now);
     step.Unheard = Restore(s, goal, now);
+    KeepLevelOfThinned(s, step, now);
     if (step.Clips) step.Clips->Exchange(s);
     step.RowsChanged = own;
     // What the hand has started since the step, or stopped, may have put the rows in another order.
