@@ -3,7 +3,6 @@
 #include <QFileSystemModel>
 #include <QImage>
 #include <QLabel>
-#include <QScreen>
 #include <QScrollBar>
 #include <algorithm>
 #include <array>
@@ -13,6 +12,7 @@
 
 #include "browser/destinations.h"
 #include "browser_stage.h"
+#include "shown_picture.h"
 #include "window/controls/folder_tree.h"
 #include "window/toolkit/dialogue_style.h"
 
@@ -382,11 +382,7 @@ TEST(Browser, TheTreePaintsTheArrowOfAnOpenFolderAnewWhenSomethingHasComeIntoItO
     const auto isCurrent = [&] { return tree.currentIndex() == folders.index(QString::fromStdString(outer.string())); };
     ASSERT_TRUE(QTest::qWaitFor(isCurrent, 5000));
     QTest::keyClick(&tree, Qt::Key_Plus);
-    const auto isPainted = [&] {
-        QWidget& window = *tree.window();
-        const QImage shown = tree.screen()->grabWindow(window.winId()).toImage().convertToFormat(QImage::Format_RGB32);
-        return shown == window.grab().toImage().convertToFormat(QImage::Format_RGB32);
-    };
+    const auto isPainted = [&] { return test::IsShownAsPainted(*tree.window()); };
     const auto look = [&](const char* step) {
         QTest::qWait(200);  // the toolkit reads folders in a thread, and paints by timers
         EXPECT_TRUE(QTest::qWaitFor(isPainted, 2000)) << step;

@@ -2,13 +2,12 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QImage>
 #include <QLabel>
-#include <QScreen>
 #include <QSlider>
 #include <QTest>
 
 #include "hand.h"
+#include "shown_picture.h"
 #include "stage.h"
 
 namespace marvolin {
@@ -53,10 +52,7 @@ TEST(Options, AListIsPaintedWithoutThePointerThatHasLeftItWhileItsEntriesAreOpen
     auto& drivers = stage.Find<QComboBox>("cboDrivers");
     const auto isPaintedAsItIs = [&] {
         stage.Settle();
-        QWidget& window = *stage.Form;
-        const QImage shown = window.screen()->grabWindow(window.winId()).toImage();
-        return shown.convertToFormat(QImage::Format_RGB32) ==
-               window.grab().toImage().convertToFormat(QImage::Format_RGB32);
+        return test::IsShownAsPainted(*stage.Form);
     };
     stage.Move("cboDrivers", stage.Middle("cboDrivers"));
     ASSERT_TRUE(drivers.underMouse());
