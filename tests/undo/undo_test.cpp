@@ -66,6 +66,23 @@ struct Undo : testing::Test, UndoRig {
         Buffer(0).Position = 400;
         Undo_Click(s);
     }
+    /// The same while A fades from 300 to 200; then the hand gives it 500.
+    void ThinWhileItFades() {
+        Load(0, "bells.wav", true);
+        s.Set[0].Vol = 300;
+        LoopFadeTo(s, 0, 200, kOwnBand);
+        ASSERT_EQ(s.Run[0].FadeState, kFalling);
+        Load(1, "drum.wav", true);
+        Forget();
+        LoopClearRows(s, 1);
+        s.Limit = 1;
+        Undo_Click(s);
+        ASSERT_EQ(s.Run[0].Playing, False);
+        ASSERT_EQ(s.Set[0].Vol, 300);
+        std::int16_t louder = 500;
+        LoopVolChange(s, 0, louder, TakeHold::Yes, UpdateDisplay::Yes);
+        LineOfA = s.SndDisp[0].Line;
+    }
     /// A row that is silent, but in the order of thinning by its flag.
     void LoadSilentInTheOrder(Row row) {
         Load(row, "drum.wav");
@@ -79,6 +96,8 @@ struct Undo : testing::Test, UndoRig {
         Load(2, "hum.wav", true);
     }
     int Reads() { return Sound.Count("CreateSoundBufferFromFile"); }
+
+    std::int16_t LineOfA = 0;  // of A while it stands still
 };
 
 TEST_F(Undo, ALoadGivesTheSampleBackWithoutReadingTheFile) {
@@ -864,19 +883,8 @@ TEST_F(Undo, AFadeThatComesBackDoesNotMoveTheLevelAtWhichTheLimitHasStoppedIt) {
     EXPECT_EQ(s.Set[0].Vol, 300);
 }
 
-TEST_F(Undo, ARowThatTheLimitStopsAgainWhileItFadesIsAsLoudAsWhenItWasStoppedBefore) {
-    Load(0, "bells.wav", true);
-    s.Set[0].Vol = 300;
-    LoopFadeTo(s, 0, 0, kOwnBand);
-    Load(1, "drum.wav", true);
-    Forget();
-    LoopClearRows(s, 1);
-    s.Limit = 1;
-    Undo_Click(s);
-    ASSERT_EQ(s.Run[0].Playing, False);
-    ASSERT_EQ(s.Set[0].Vol, 300);
-    std::int16_t louder = 500;
-    LoopVolChange(s, 0, louder, TakeHold::Yes, UpdateDisplay::No);
+TEST_F(Undo, ARowThatTheLimitStopsAgainWhileItFadesIsAsLoudAsWhenItStoodStill) {
+    ThinWhileItFades();
     Redo_Click(s);
     EXPECT_EQ(s.Set[0].Vol, 300) << "the fade goes on from where it was";
     StepFades(s, 1000);
@@ -884,7 +892,8 @@ TEST_F(Undo, ARowThatTheLimitStopsAgainWhileItFadesIsAsLoudAsWhenItWasStoppedBef
     ASSERT_LT(faded, 300);
     Undo_Click(s);
     EXPECT_EQ(s.Run[0].Playing, False);
-    EXPECT_EQ(s.Set[0].Vol, 500) << "as it was when it stood still";
+    EXPECT_EQ(s.Set[0].Vol, 500);
+    EXPECT_EQ(s.SndDisp[0].Line, LineOfA);
     Redo_Click(s);
     EXPECT_EQ(s.Set[0].Vol, faded);
     s.Limit = kNoLimit;
@@ -893,14 +902,59 @@ TEST_F(Undo, ARowThatTheLimitStopsAgainWhileItFadesIsAsLoudAsWhenItWasStoppedBef
     EXPECT_EQ(s.Set[0].Vol, faded) << "it fades on, for nothing stops it";
 }
 
+TEST_F(Undo, ARowThatTheLimitStopsAgainAfterItsFadeHasEndedIsAsLoudAsWhenItStoodStill) {
+    ThinWhileItFades();
+    Redo_Click(s);
+    for (int ticks = 0; ticks < 100 && s.Run[0].FadeState != kNoFade; ++ticks) StepFades(s, 1000);
+    ASSERT_EQ(s.Run[0].FadeState, kNoFade);
+    ASSERT_EQ(s.Run[0].Playing, True);
+    ASSERT_EQ(s.Set[0].Vol, 200);
+    Undo_Click(s);
+    EXPECT_EQ(s.Run[0].Playing, False);
+    EXPECT_EQ(s.Set[0].Vol, 500);
+    Redo_Click(s);
+    EXPECT_EQ(s.Run[0].Playing, True);
+    EXPECT_EQ(s.Set[0].Vol, 200);
+}
+
+TEST_F(Undo, AFadeOfTheHandStaysWhereItWasWhenTheLimitStopsItsRowAgain) {
+    TakeBackOverTheLimit();
+    Redo_Click(s);
+    LoopFadeTo(s, 0, 0, kOwnBand);
+    StepFades(s, 1000);
+    const std::int16_t faded = s.Set[0].Vol;
+    ASSERT_EQ(s.Run[0].FadeState, kFalling);
+    ASSERT_LT(faded, 500);
+    Undo_Click(s);
+    ASSERT_EQ(s.Run[0].Playing, False);
+    EXPECT_EQ(s.Set[0].Vol, faded);
+    Redo_Click(s);
+    EXPECT_EQ(s.Run[0].FadeState, kFalling);
+    EXPECT_EQ(s.Set[0].Vol, faded);
+}
+
+TEST_F(Undo, AFadeOfTheHandStaysWhereItWasWhenARowPlaysOnThatTheLimitHadStopped) {
+    TakeBackOverTheLimit();
+    LoopFadeTo(s, 0, 0, kOwnBand);
+    StepFades(s, 1000);
+    const std::int16_t faded = s.Set[0].Vol;
+    ASSERT_LT(faded, 500);
+    ASSERT_EQ(s.ThinList, "B");
+    Redo_Click(s);
+    EXPECT_EQ(s.Run[0].Playing, True);
+    EXPECT_EQ(s.Set[0].Vol, faded);
+}
+
 TEST_F(Undo, WhatTheLimitHasStoppedPlaysOnWithoutADeviceToo) {
     TakeBackOverTheLimit();
     cboDrivers_Click(s, 2);
     ASSERT_FALSE(s.DSReady);
     Redo_Click(s);
+    EXPECT_EQ(s.ThinList, "A");
     cboDrivers_Click(s, 0);
     EXPECT_EQ(s.Run[0].Playing, True);
     EXPECT_TRUE(Sounds(0));
+    EXPECT_EQ(Buffer(0).Position, 400);
     EXPECT_EQ(s.ThinList, "A");
 }
 

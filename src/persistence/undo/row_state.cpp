@@ -181,10 +181,7 @@ RowParts DifferentParts(const RowState& before, const RowState& after) {
     return parts;
 }
 
-RowParts LevelOfFade(const RowState& before, const RowState& after) {
-    const bool fades = before.Clock.FadeState != kNoFade || after.Clock.FadeState != kNoFade;
-    return fades ? kVolPart | kLinePart : 0;
-}
+bool Fades(const RowState& row) { return row.Clock.FadeState != kNoFade; }
 
 void CopyParts(RowState& to, const RowState& from, RowParts parts) {
     for (const PartRow& part : kParts) {

@@ -34,6 +34,7 @@ enum RowPart : RowParts {
     kLinePart = 1U << 18,  ///< the lower needle of `SndDisp`
     kBandPart = 1U << 19,  ///< its membership in a band
     kAllRowParts = (1U << 20) - 1,
+    kFadedParts = kVolPart | kLinePart,  ///< what a fade moves
 };
 
 /// A row 0..4 as it was at one moment. The bytes of its sample are shared, not copied.
@@ -59,9 +60,8 @@ void CopySounding(HeldSample& to, const HeldSample& from);
 RowState CaptureRow(Session& s, Row row);
 /// The parts in which the two differ. With the sample its sounding always does.
 RowParts DifferentParts(const RowState& before, const RowState& after);
-/// Its level and line, when it fades in one of the two. A fade that comes back moves the level on, so what stands in
-/// its place on the other side must keep its own.
-RowParts LevelOfFade(const RowState& before, const RowState& after);
+/// Whether a fade runs in it.
+bool Fades(const RowState& row);
 /// Copies some parts.
 void CopyParts(RowState& to, const RowState& from, RowParts parts);
 

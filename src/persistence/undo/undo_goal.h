@@ -8,7 +8,7 @@ namespace marvolin {
 
 /// The instrument as it shall be after the exchange, and what of it really differs from what is there.
 struct UndoGoal {
-    Table<RowState, kUndoRows> Rows;
+    RowStates Rows;
     Table<RowParts, kUndoRows> Changed;
     InstrumentState Rest;
     InstrumentParts RestChanged = 0;

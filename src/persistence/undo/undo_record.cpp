@@ -162,7 +162,8 @@ UndoRecord MakeRecord(Session& s, const UndoSnapshot& before, const UndoLimits& 
         const RowParts allowed = plays ? limits.Rows | kSoundingPart : limits.Rows;
         const RowState now = CaptureRow(s, row);
         RowParts different = DifferentParts(before.Rows[row], now);
-        if ((different & kSoundingPart) != 0) different |= LevelOfFade(before.Rows[row], now);
+        // A fade that comes back moves the level on, so what stands in its place on the other side must keep its own.
+        if ((different & kSoundingPart) != 0 && (Fades(before.Rows[row]) || Fades(now))) different |= kFadedParts;
         step.RowsChanged[row] = allowed & different;
     }
     const InstrumentState rest = RestOf(s, limits.Rest);
@@ -204,13 +205,14 @@ std::vector<std::string> Exchange(Session& s, UndoRecord& step) {
     UndoSnapshot now = TakeSnapshot(s, {kAllRowParts, step.RestChanged | kThinListPart, false});
     const bool anew = Switches3D(s, step);
     const Table<RowParts, kUndoRows> own = step.RowsChanged;
-    TakeAlongThinned(s, step, now);
+    TakeAlongThinned(step, now);
+    const RowStates other = step.Rows;
     if (anew) TakeAlongAllRows(step, now);
     const UndoGoal goal = GoalOf(step, now, anew);
     if (anew) Change3D(s, goal.Rest.Use3D);
     TakeUnheard(step, now);
     step.Unheard = Restore(s, goal, now);
-    KeepLevelOfThinned(s, step, now);
+    RestoreLevelOfThinned(s, step, now, other);
     if (step.Clips) step.Clips->Exchange(s);
     step.RowsChanged = own;
     // What the hand has started since the step, or stopped, may have put the rows in another order.

@@ -17,6 +17,7 @@
 namespace marvolin {
 
 inline constexpr int kUndoRows = kLoopTracks + 1;  ///< the LoopTracks and the selection row
+using RowStates = Table<RowState, kUndoRows>;
 
 /// What a step may change, as parts.
 struct UndoLimits {
@@ -28,7 +29,7 @@ UndoLimits LimitsOf(UndoScope scope);
 
 /// The instrument at one moment.
 struct UndoSnapshot {
-    Table<RowState, kUndoRows> Rows;
+    RowStates Rows;
     InstrumentState Rest;
     std::optional<ClipRun> Clips;
 };
@@ -52,7 +53,7 @@ struct UndoRecord {
     std::string Text;
     UndoKind Kind = UndoKind::Single;
     Table<RowParts, kUndoRows> RowsChanged;
-    Table<RowState, kUndoRows> Rows;
+    RowStates Rows;
     InstrumentParts RestChanged = 0;
     InstrumentState Rest;
     std::optional<ClipSplice> Clips;
@@ -64,6 +65,8 @@ struct UndoRecord {
     /// with it. While the order is as it was left, the next one starts the former again, and the latter are the first
     /// that the limit stops.
     Table<bool, kUndoRows> Thinned;
+    /// Those of them whose fade came back with them: their level is exchanged, too.
+    Table<bool, kUndoRows> FadeThinned;
 
     bool Empty() const;
 };

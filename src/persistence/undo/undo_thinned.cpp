@@ -1,6 +1,5 @@
 #include "persistence/undo/undo_thinned.h"
 
-#include "audio/thinning.h"
 #include "persistence/undo/row_restore.h"
 
 namespace marvolin {
@@ -11,21 +10,23 @@ bool Plays(const LoopTrackRun& run) { return run.Loaded != False ? run.Playing !
 
 }  // namespace
 
-void TakeAlongThinned(const Session& s, UndoRecord& step, const UndoSnapshot& now) {
+void TakeAlongThinned(UndoRecord& step, const UndoSnapshot& now) {
     const bool asLeft = now.Rest.ThinList == step.OrderAfter;
     for (Row row = 0; row < kLoopTracks; ++row) {
         const RowState& is = now.Rows[row];
-        step.Thinned[row] = step.Thinned[row] && asLeft && CanBeThinned(s, row);
-        if (!step.Thinned[row] || is.InHand.Playing) continue;
-        step.RowsChanged[row] |= kSoundingPart | LevelOfFade(step.Rows[row], is);
+        const bool holdsSample = is.Loaded != False || !is.InHand.FileName.empty();
+        step.Thinned[row] = step.Thinned[row] && asLeft && holdsSample;
+        const bool startsAgain = step.Thinned[row] && !is.InHand.Playing;
+        step.FadeThinned[row] = step.Thinned[row] && (step.FadeThinned[row] || (startsAgain && Fades(step.Rows[row])));
+        if (startsAgain) step.RowsChanged[row] |= kSoundingPart;
+        if (startsAgain && step.FadeThinned[row]) step.RowsChanged[row] |= kFadedParts;
     }
 }
 
-void KeepLevelOfThinned(Session& s, const UndoRecord& step, const UndoSnapshot& now) {
+void RestoreLevelOfThinned(Session& s, const UndoRecord& step, const UndoSnapshot& now, const RowStates& other) {
     for (Row row = 0; row < kLoopTracks; ++row) {
-        const RowState& is = now.Rows[row];
-        if (!step.Thinned[row] || !is.InHand.Playing || Plays(s.Run[row])) continue;
-        RestoreSettings(s, row, step.Rows[row], LevelOfFade(step.Rows[row], is));
+        if (!step.FadeThinned[row] || !now.Rows[row].InHand.Playing || Plays(s.Run[row])) continue;
+        RestoreSettings(s, row, other[row], kFadedParts);
     }
 }
 
