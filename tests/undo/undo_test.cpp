@@ -83,6 +83,16 @@ struct Undo : testing::Test, UndoRig {
         LoopVolChange(s, 0, louder, TakeHold::Yes, UpdateDisplay::Yes);
         LineOfA = s.SndDisp[0].Line;
     }
+    /// The hand fades A out for a while. Returns the level that it has come to.
+    std::int16_t FadeOutAWhile() {
+        LoopFadeTo(s, 0, 0, kOwnBand);
+        StepFades(s, 1000);
+        return s.Set[0].Vol;
+    }
+    void ExpectA(bool playing, std::int16_t level) {
+        EXPECT_EQ(s.Run[0].Playing, ToBoolean(playing));
+        EXPECT_EQ(s.Set[0].Vol, level);
+    }
     /// A row that is silent, but in the order of thinning by its flag.
     void LoadSilentInTheOrder(Row row) {
         Load(row, "drum.wav");
@@ -891,8 +901,7 @@ TEST_F(Undo, ARowThatTheLimitStopsAgainWhileItFadesIsAsLoudAsWhenItStoodStill) {
     const std::int16_t faded = s.Set[0].Vol;
     ASSERT_LT(faded, 300);
     Undo_Click(s);
-    EXPECT_EQ(s.Run[0].Playing, False);
-    EXPECT_EQ(s.Set[0].Vol, 500);
+    ExpectA(false, 500);
     EXPECT_EQ(s.SndDisp[0].Line, LineOfA);
     Redo_Click(s);
     EXPECT_EQ(s.Set[0].Vol, faded);
@@ -910,19 +919,15 @@ TEST_F(Undo, ARowThatTheLimitStopsAgainAfterItsFadeHasEndedIsAsLoudAsWhenItStood
     ASSERT_EQ(s.Run[0].Playing, True);
     ASSERT_EQ(s.Set[0].Vol, 200);
     Undo_Click(s);
-    EXPECT_EQ(s.Run[0].Playing, False);
-    EXPECT_EQ(s.Set[0].Vol, 500);
+    ExpectA(false, 500);
     Redo_Click(s);
-    EXPECT_EQ(s.Run[0].Playing, True);
-    EXPECT_EQ(s.Set[0].Vol, 200);
+    ExpectA(true, 200);
 }
 
 TEST_F(Undo, AFadeOfTheHandStaysWhereItWasWhenTheLimitStopsItsRowAgain) {
     TakeBackOverTheLimit();
     Redo_Click(s);
-    LoopFadeTo(s, 0, 0, kOwnBand);
-    StepFades(s, 1000);
-    const std::int16_t faded = s.Set[0].Vol;
+    const std::int16_t faded = FadeOutAWhile();
     ASSERT_EQ(s.Run[0].FadeState, kFalling);
     ASSERT_LT(faded, 500);
     Undo_Click(s);
@@ -935,14 +940,11 @@ TEST_F(Undo, AFadeOfTheHandStaysWhereItWasWhenTheLimitStopsItsRowAgain) {
 
 TEST_F(Undo, AFadeOfTheHandStaysWhereItWasWhenARowPlaysOnThatTheLimitHadStopped) {
     TakeBackOverTheLimit();
-    LoopFadeTo(s, 0, 0, kOwnBand);
-    StepFades(s, 1000);
-    const std::int16_t faded = s.Set[0].Vol;
+    const std::int16_t faded = FadeOutAWhile();
     ASSERT_LT(faded, 500);
     ASSERT_EQ(s.ThinList, "B");
     Redo_Click(s);
-    EXPECT_EQ(s.Run[0].Playing, True);
-    EXPECT_EQ(s.Set[0].Vol, faded);
+    ExpectA(true, faded);
 }
 
 TEST_F(Undo, WhatTheLimitHasStoppedPlaysOnWithoutADeviceToo) {
